@@ -1,0 +1,46 @@
+# The project's targets. A target's include root is its own folder and nothing else, so that an include which points
+# upwards in the order of layers is "No such file".
+
+find_package(Threads REQUIRED)
+
+add_library(qvm_flags INTERFACE)
+target_compile_features(qvm_flags INTERFACE cxx_std_20)
+target_compile_options(qvm_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
+if(QVM_SANITIZE)
+  target_compile_options(qvm_flags INTERFACE -fsanitize=${QVM_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(qvm_flags INTERFACE -fsanitize=${QVM_SANITIZE})
+endif()
+
+# qvm_library(<name> [DIR <folder>] [DEPS <target>...] [PRIVATE_DEPS <target>...])
+# All .cpp files of the folder (not of its sub-folders) as one static library.
+function(qvm_library name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "DIR" "DEPS;PRIVATE_DEPS")
+  if(NOT arg_DIR)
+    set(arg_DIR "${CMAKE_CURRENT_SOURCE_DIR}/${name}")
+  endif()
+  file(GLOB sources CONFIGURE_DEPENDS "${arg_DIR}/*.cpp")
+  if(sources)
+    add_library(${name} STATIC ${sources})
+    target_include_directories(${name} PUBLIC "${arg_DIR}")
+    target_link_libraries(${name} PUBLIC qvm_flags ${arg_DEPS} PRIVATE ${arg_PRIVATE_DEPS})
+  else()
+    add_library(${name} INTERFACE)
+    target_include_directories(${name} INTERFACE "${arg_DIR}")
+    target_link_libraries(${name} INTERFACE qvm_flags ${arg_DEPS} ${arg_PRIVATE_DEPS})
+  endif()
+endfunction()
+
+# qvm_test(<folder> [DEPS <target>...])
+# The tests of tests/<folder> as one program test_<folder>, linked to what that folder may use and no more.
+function(qvm_test folder)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "DEPS")
+  file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp")
+  if(NOT sources)
+    return()
+  endif()
+  add_executable(test_${folder} ${sources})
+  target_link_libraries(test_${folder} PRIVATE ${arg_DEPS} test_support GTest::gtest_main GTest::gmock)
+  target_compile_definitions(test_${folder} PRIVATE
+    QVM_SOURCE_DIR="${PROJECT_SOURCE_DIR}" QVM_BINARY_DIR="${PROJECT_BINARY_DIR}")
+  gtest_discover_tests(test_${folder} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 300)
+endfunction()

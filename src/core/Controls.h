@@ -1,0 +1,105 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+/// Control models: what a window shows, without a widget. A front end binds to the `Changed` hooks.
+namespace qvm {
+
+/// A value that tells its view when it changes.
+template <class T>
+class Observed {
+public:
+    Observed() = default;
+    Observed(T value) : value_(std::move(value)) {}
+    Observed(const Observed&) = delete;
+    Observed& operator=(const Observed&) = delete;
+
+    Observed& operator=(T value) {
+        if (!(value_ == value)) {
+            value_ = std::move(value);
+            if (Changed) {
+                Changed();
+            }
+        }
+        return *this;
+    }
+    operator const T&() const { return value_; }
+    const T& operator()() const { return value_; }
+
+    std::function<void()> Changed;
+
+private:
+    T value_{};
+};
+
+/// 0xBBGGRR, as the described colours are written.
+using Colour = std::uint32_t;
+inline constexpr Colour Black = 0x000000, White = 0xFFFFFF;
+
+struct Label {
+    Observed<std::string> Text;
+    Observed<Colour> ForeColor{Black};
+    Observed<bool> Visible{true};
+    Observed<bool> Enabled{true};
+};
+
+struct TextBox {
+    Observed<std::string> Text;
+    Observed<bool> Visible{true};
+    Observed<bool> Enabled{true};
+    Observed<int> Caret{0}; ///< position before which the next character goes, from 0
+    int MaxLength = 0;      ///< 0: no limit
+    std::function<void()> SetFocus;
+};
+
+struct Button {
+    Observed<std::string> Text;
+    Observed<bool> Visible{true};
+    Observed<bool> Enabled{true};
+};
+
+struct CheckBox {
+    Observed<std::string> Text;
+    Observed<bool> Checked{false};
+    Observed<bool> Visible{true};
+    Observed<bool> Enabled{true};
+};
+
+struct ProgressBar {
+    Observed<int> Minimum{0};
+    Observed<int> Maximum{100};
+    Observed<int> Value{0};
+    Observed<bool> Visible{true};
+};
+
+/// A list box or the list of a combo box.
+struct ListBox {
+    Observed<std::vector<std::string>> Entries;
+    Observed<int> Selected{-1}; ///< index of the selected entry, -1: none
+    Observed<bool> Visible{true};
+    Observed<bool> Enabled{true};
+};
+
+struct Picture {
+    Observed<int> Id{0}; ///< which picture; 0: none
+    Observed<bool> Visible{true};
+};
+
+/// What every window has. Geometry is the front end's affair.
+struct Window {
+    Observed<std::string> Title;
+    Observed<bool> Visible{false};
+    Observed<bool> Enabled{true};
+};
+
+/// Key codes as the windows' handlers take them: characters by their code page 1252 value, the rest as here.
+namespace Key {
+inline constexpr int Backspace = 8, Tab = 9, Enter = 13, Escape = 27, Delete = 127;
+}
+
+} // namespace qvm

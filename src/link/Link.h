@@ -1,0 +1,103 @@
+#pragma once
+
+#include "Frame.h"
+#include "Kern.h"
+#include "LinkHooks.h"
+#include "RunState.h"
+#include "Timer.h"
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <span>
+#include <string>
+
+namespace qvm {
+
+/// One frame as the protocol trace sees it: unstuffed, from the start byte to the checksum.
+struct TraceFrame {
+    enum class Direction { Sent, SentRaw, Received, Dropped } Way;
+    std::span<const std::uint8_t> Bytes;
+    RxResult Result = RxResult::Frame; ///< why a frame was dropped
+};
+
+/// The device that answered a login.
+struct AnsweringDevice {
+    Address DeviceAddress{};
+    Address Serial{};
+    std::uint8_t Status = 0; ///< 4: fully registered
+};
+
+/// The serial link: buffers, addresses, run flags. One of it exists, made by the program and passed by reference.
+struct Link {
+    explicit Link(Kern& kernel);
+    Link(const Link&) = delete;
+    Link& operator=(const Link&) = delete;
+
+    Kern& kern;
+    Empfaenger Rx;
+    std::array<std::uint16_t, BufferSize> TxBuffer{}; ///< one byte value a word; index n is byte n of the frame
+    std::uint8_t UsbArmed = 0;                        ///< 0xA5 selects the network automaton
+    std::uint8_t UsbDone = 0;                         ///< 0x5A when the network automaton holds a frame
+    std::uint8_t ReplySeen = 0;                       ///< set by the dispatcher for replies that a wait looks at
+    Address TargetAddress{};
+    std::uint8_t TargetChannel = 1; ///< 1 to 12
+    std::uint8_t DeviceClassByte = 0x11;
+    std::uint8_t AddressMode = 0;
+    std::uint8_t TelegrammParam1 = 0;
+    std::uint8_t TelegrammParam2 = 0;
+    int PortNummer = 0; ///< the port the link works on
+
+    RunState Lauf;
+    AnsweringDevice Device;
+    LinkHooks Hooks;
+    /// Sees every frame sent and received. May be empty.
+    std::function<void(const TraceFrame&)> Protokoll;
+    /// A frame of the network automaton is complete (UsbDone 0x5A). May be empty.
+    std::function<void()> Netzwerk_Antwort;
+
+    Timer Timer10; ///< tick source of Warte_Ticks
+    int TickSum = 0;
+
+    std::span<const std::uint8_t> RxFrame() const;
+    /// Byte `index` of the received frame, or 0 when the frame is shorter.
+    std::uint8_t RxByte(int index) const;
+};
+
+/// Runs the armed automaton for one received byte; a good serial frame runs Antwort_Verteilen inside this call, with
+/// the automaton already back in state 0, as the dispatcher may wait and let further bytes in.
+void Empfang_Byte(Link& link, std::uint8_t byte);
+
+/// Closes the port if it is open and opens `number`. False when that fails.
+bool Port_Oeffnen(Link& link, int number);
+/// Closes and opens the present port.
+bool Port_Neu(Link& link);
+
+/// Addressed transmit of TxBuffer: port, request-to-send, progress, header 3 to 10, checksum, bytes. Sends nothing, and
+/// says nothing, when the port cannot be opened; returns false then.
+bool Telegramm_Senden(Link& link);
+/// Raw transmit: only the checksum is written.
+bool Telegramm_Roh_Senden(Link& link);
+
+/// Indexes 0, 1, 2 and the header words 1 to 3..6, 2 to 7..10, 1 to 11, 0 to 12; index 13 stays as it was.
+void Telegramm_Kopf(Link& link, std::uint8_t length, std::uint8_t code);
+/// Indexes 0, 1, 2, then 1, 0, 0 to 11..13, both parameter words to 14 and 15; transmits at once.
+void Telegramm_Kopf2(Link& link, std::uint8_t length, std::uint8_t code);
+
+/// Checksum over TxBuffer indexes 0 to TxBuffer[1].
+std::uint8_t Frame_Pruefsumme_Tx(const Link& link);
+/// Checksum over RxBuffer indexes 0 to `count`.
+std::uint8_t Frame_Pruefsumme_Rx(const Link& link, int count);
+/// The same over indexes start to start + count, both included. Indexes beyond the buffer count as nothing.
+std::uint8_t Bereich_Pruefsumme_Tx(const Link& link, int count, int start);
+std::uint8_t Bereich_Pruefsumme_Rx(const Link& link, int count, int start);
+
+/// Lets events go on until the tick sum exceeds `limit` milliseconds, in ticks of `interval`: (1000, 5000) takes 6000 ms.
+void Warte_Ticks(Link& link, int interval, int limit);
+/// Lets events go on for more than `seconds`, or until ReplySeen is set. Midnight is stepped over.
+void Warte_Antwort(Link& link, double seconds);
+
+/// The reply dispatcher: acts on the frame in RxBuffer.
+void Antwort_Verteilen(Link& link);
+
+} // namespace qvm

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+namespace qvm {
+
+using AdminCodeBytes = std::array<std::uint8_t, 3>;
+using Address = std::array<std::uint8_t, 4>;
+
+/// Text values of RunState::TimerMode.
+inline constexpr const char* TimerPB_UT = "TimerPB_UT";
+inline constexpr const char* Timer_A_B = "Timer_A_B";
+inline constexpr const char* Timer_ERROR = "Timer_ERROR";
+
+/// The flags of a run. Windows write them before the run, the reply chain during it.
+struct RunState {
+    std::uint8_t AbbruchWunsch = 0;     ///< set by cancel buttons, honoured at the next frame
+    std::string LaufZiel;               ///< "", "UNIT", "F20" or "F22": who asked for the login
+    std::uint8_t UnitModus = 0;         ///< 0 normal, 0xFA unit opening, 0xFD unit block transfer
+    std::uint8_t HistoryOnly = 0;       ///< 1 while only history is read
+    std::uint8_t ReadHistoryFirst = 0;  ///< 1 when history is read before the lock is programmed
+    std::uint8_t NetMode = 0;           ///< 0 program only, 0xFF history and program, 0x80 history only
+    std::uint8_t KanalSuche = 0;        ///< non-zero while the login walks the channels
+    std::uint8_t KanalIndex = 0;        ///< channel step of such a search, 0 to 12
+    std::uint8_t SuchLauf = 0;          ///< non-zero while a unit search by logins runs
+    std::uint8_t SuchMarke = 0;         ///< 0xAD while the unit-list scan runs
+    std::uint8_t CodeChangePending = 0; ///< 0xFF while the code change waits for its login
+    std::uint8_t CodeChangeRefused = 0; ///< set beside it when the login was refused
+    std::uint8_t FlagSetClock = 0;      ///< 1: date and time go out after the login
+    std::uint8_t KeyMode = 0;           ///< what an E-Key read is for: 0 learn, 1 synchronise, 2 search
+    std::string TimerMode = TimerPB_UT; ///< set by dataset assembly
+    std::uint32_t SerialValue = 0;      ///< the lock's serial as one number
+    Address LockAddress{};              ///< the lock's four serial bytes; TargetAddress is the unit's in a unit session
+    std::uint8_t TwoPassFlag = 0;       ///< the run must log in again after its first 0x05
+    int SlotCursor = 0;                 ///< current row of the user list
+    std::uint8_t TimerPart = 0;         ///< step of the table telegrams, 0xFF when done
+    std::uint8_t HolidayPart = 0;
+    int WiederholZaehler = 0;           ///< counts reason 0x67
+    int UnitVersuche = 0;               ///< repeats of TelDatenStart in a unit session
+    int UnitTry = 0;                    ///< 0x38 while a type 2 unit is being opened
+    int EintragFertig = 0;              ///< channel tries of a unit's opening
+    int RunRow = 0;                     ///< current and total rows of the list run; RunRows 0: no list
+    int RunRows = 0;
+    int UnitIndex = 0xFF;               ///< current wireless unit, 0 to 4; 0xFF before the first
+    std::uint8_t HistoryStop = 0;       ///< 0xFF when a record older than the cut-off has come
+    std::uint8_t HistoryFileOpen = 0;
+    std::string HistoryCutoff;          ///< "dd.mm.yyyy", or empty
+    std::string HistoryFileName;        ///< full path of the run's .HST file
+    std::string IdMarke;                ///< "P" while a long transponder identification is pending
+    std::uint16_t UserSlot = 0;         ///< the slot that the lock gave for the current user
+    bool AnswerSeen = false;            ///< a reply 0x06 or 0x08 came since TelLebenszeichen
+    int AnswerTicks = 0;                ///< ticks of Timer7 without an answer
+
+    // Values that telegrams carry, set before the first telegram of a session.
+    AdminCodeBytes AdminCode{};
+    std::uint8_t FlagLockTimer = 0;
+    std::uint8_t FlagCalendar = 0;
+    std::uint8_t PriorityCode = 2;
+    std::uint8_t LockMode = 0xFF; ///< 0xFF: TelSchlossModus is not sent
+    std::uint8_t EraseOption = 0;
+    std::array<std::uint8_t, 16> SitzungsSchluessel{};
+
+    // Progress.
+    int TelegramCounter = 0;
+    int ProgressMaximum = 1500; ///< maximum of the first bar
+    int ProgressValue = 0;
+    int SecondProgress = 0;     ///< running indicator, 0 to 27
+};
+
+/// Firmware ranges, by the serial value.
+constexpr bool BereichN(std::uint32_t serial) {
+    return (serial >= 0x1500C06 && serial <= 0x1600000) || (serial >= 0x1C000AE && serial <= 0x1D00000);
+}
+constexpr bool BereichZ(std::uint32_t serial) { return serial >= 0x1000001 && serial <= 0x2000000; }
+/// Locks of this range log in twice when a user has a transponder. Both ends are excluded.
+constexpr bool BereichZweiDurchgaenge(std::uint32_t serial) { return serial > 0xE6E9000 && serial < 0xFDFF59C; }
+
+} // namespace qvm

@@ -1,0 +1,95 @@
+#pragma once
+
+#include "MemoryFiles.h"
+#include "Platform.h"
+
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <map>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace qvm::test {
+
+/// A message box that a test expects, in order, with the answer given.
+struct ScriptedAnswer {
+    std::string Text; ///< whole text, code page 1252; "*": any
+    Answer Reply = Answer::Ok;
+    int AfterMs = 0;  ///< virtual time that the box stays open, events going on meanwhile
+};
+
+/// The world in virtual time: the clock jumps to the next planned event. A message that nobody scripted, a script that
+/// nobody asked for (checked in the destructor) and a wait that nothing can end are failures of the test; a wait without
+/// an end throws StuckWait after recording the failure, so that the test does not hang.
+class VirtualPlatform {
+public:
+    explicit VirtualPlatform(DateTime start = {.Year = 2026, .Month = 3, .Day = 5, .Hour = 10, .Minute = 30});
+    ~VirtualPlatform();
+    VirtualPlatform(const VirtualPlatform&) = delete;
+    VirtualPlatform& operator=(const VirtualPlatform&) = delete;
+
+    struct StuckWait {};
+
+    Platform World;   ///< filled with everything below
+    MemoryFiles Disk;
+
+    // Messages.
+    std::deque<ScriptedAnswer> Answers;
+    std::vector<Message> Shown;
+
+    // The port. Bytes written by the program reach OnWrite at once; bytes for the program are delivered as events.
+    bool PortCanOpen = true;
+    bool PortOpen = false;
+    int PortNumber = 0;
+    bool Rts = false;
+    int Opens = 0;
+    int Closes = 0;
+    std::vector<std::uint8_t> Written; ///< all bytes the program sent
+    std::function<void(std::span<const std::uint8_t>)> OnWrite;
+    std::vector<int> AdapterPortNumbers{1};
+    /// Bytes that reach the program `delayMs` from now, one event a byte. Dropped if the port is closed by then.
+    void Deliver(std::vector<std::uint8_t> bytes, int delayMs = 0);
+
+    /// Runs `action` `delayMs` from now, as an event.
+    void At(int delayMs, std::function<void()> action);
+    /// Virtual milliseconds since the start.
+    std::int64_t Elapsed() const { return now_; }
+    /// Handles events until `done` is true. False when no event is left or `limitMs` of virtual time have passed.
+    bool RunUntil(const std::function<bool()>& done, std::int64_t limitMs = 600000);
+    /// Handles all events of the next `ms` milliseconds.
+    void RunFor(std::int64_t ms);
+
+    /// Random fractions, in turn; a fixed linear congruential sequence when empty.
+    std::deque<double> RandomValues;
+
+private:
+    struct Event {
+        std::uint64_t Order;
+        std::function<void()> Action;
+        TimerId Timer = 0;
+    };
+    struct RunningTimer {
+        int Interval;
+        std::function<void()> Tick;
+        bool InTick = false;
+        std::uint64_t Generation = 0;
+    };
+
+    bool Step();
+    void Plan(std::int64_t when, std::function<void()> action, TimerId timer = 0);
+    void PlanTick(TimerId timer);
+    DateTime ClockTime() const;
+
+    DateTime start_;
+    std::int64_t now_ = 0;
+    std::uint64_t order_ = 0;
+    TimerId nextTimer_ = 1;
+    std::multimap<std::int64_t, Event> events_;
+    std::map<TimerId, RunningTimer> timers_;
+    std::function<void(std::uint8_t)> receiver_;
+    std::uint32_t random_ = 12345;
+};
+
+} // namespace qvm::test
