@@ -49,9 +49,14 @@ struct RunState {
     std::string HistoryCutoff;          ///< "dd.mm.yyyy", or empty
     std::string HistoryFileName;        ///< full path of the run's .HST file
     std::string IdMarke;                ///< "P" while a long transponder identification is pending
+    bool IdSecondPart = false;          ///< and its second telegram is still to go
+    bool ListenWindow = false;          ///< the lock's unit mode is "3": TelZeitfenster goes out
+    int UnitRow = 0;                    ///< template row and its piece in a unit block transfer, from 0
+    int UnitPiece = 0;
     std::uint16_t UserSlot = 0;         ///< the slot that the lock gave for the current user
     bool AnswerSeen = false;            ///< a reply 0x06 or 0x08 came since TelLebenszeichen
     int AnswerTicks = 0;                ///< ticks of Timer7 without an answer
+    std::int64_t LastAnswer = 0;        ///< Platform::Milliseconds of the last frame, or of the end of an ordered wait
 
     // Values that telegrams carry, set before the first telegram of a session.
     AdminCodeBytes AdminCode{};

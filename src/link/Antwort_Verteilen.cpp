@@ -1,0 +1,487 @@
+#include "Antwort_Verteilen.h"
+
+#include "SeriellesProtokoll.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace qvm {
+namespace {
+
+constexpr int StatusIndex = 14;
+constexpr std::uint8_t LoginAccepted = 4;
+constexpr std::uint8_t StepDone = 0xFF;
+constexpr std::uint8_t CodePending = 0xFF;
+constexpr std::uint8_t CodeChanged = 4;
+/// Index of a history record's event byte, and the value that ends the reading.
+constexpr int HistoryEventIndex = 35;
+constexpr std::uint8_t HistoryEndMark = 0xFF;
+
+void Geraet_Merken(Link& link) {
+    std::copy_n(link.Rx.RxBuffer.begin() + 3, 4, link.Device.DeviceAddress.begin());
+    std::copy_n(link.Rx.RxBuffer.begin() + 7, 4, link.Device.Serial.begin());
+    link.Device.Status = link.RxByte(StatusIndex);
+}
+
+/// Dispatcher branches that clear the receive buffer clear this much of it.
+void RxBuffer_Leeren(Link& link, int last) {
+    std::fill_n(link.Rx.RxBuffer.begin(), last + 1, std::uint8_t{0});
+}
+
+int Systemkanal(const Link& link) {
+    return link.kern.Config.Funkkanal();
+}
+
+// Conditions.
+
+bool Code_Erwartet(const Link& l) {
+    return l.Lauf.CodeChangePending == CodePending;
+}
+bool Blocktransfer(const Link& l) {
+    return l.Lauf.UnitModus == 0xFD;
+}
+bool Unit_Oeffnung(const Link& l) {
+    return l.Lauf.UnitModus == 0xFA;
+}
+bool Unit_Angenommen(const Link& l) {
+    return l.Lauf.LaufZiel == "UNIT" && Anmeldung_Angenommen(l);
+}
+bool Unit_Sitzung(const Link& l) {
+    return l.Lauf.LaufZiel == "UNIT";
+}
+bool Kanalwechsel(const Link& l) {
+    return l.Lauf.LaufZiel == "F22";
+}
+bool Suchlauf(const Link& l) {
+    return l.Lauf.SuchLauf != 0;
+}
+bool Suche_Angenommen(const Link& l) {
+    return l.Lauf.KanalSuche != 0 && Anmeldung_Angenommen(l);
+}
+bool Suche(const Link& l) {
+    return l.Lauf.KanalSuche != 0;
+}
+bool Zweimal(const Link& l) {
+    return l.Lauf.TwoPassFlag != 0 && BereichZweiDurchgaenge(l.Lauf.SerialValue);
+}
+bool Id_Anstehend(const Link& l) {
+    return BereichN(l.Lauf.SerialValue) && l.Lauf.IdMarke == "P";
+}
+bool Id_Zweiter_Teil(const Link& l) {
+    return BereichN(l.Lauf.SerialValue) && l.Lauf.IdSecondPart;
+}
+bool Modus_PB(const Link& l) {
+    return l.Lauf.TimerMode == TimerPB_UT;
+}
+bool Modus_Nicht_PB(const Link& l) {
+    return !Modus_PB(l);
+}
+bool Timer_Fertig(const Link& l) {
+    return l.Lauf.TimerPart == StepDone;
+}
+bool Nicht_PB_Oder_Fertig(const Link& l) {
+    return Modus_Nicht_PB(l) || Timer_Fertig(l);
+}
+bool Feiertage_Fertig(const Link& l) {
+    return l.Lauf.HolidayPart == StepDone;
+}
+bool Ohne_Schlossmodus(const Link& l) {
+    return l.Lauf.LockMode == 0xFF;
+}
+bool Hoerfenster(const Link& l) {
+    return l.Lauf.ListenWindow;
+}
+bool Leser(const Link& l) {
+    return BereichN(l.Lauf.SerialValue);
+}
+bool Wird_Abgefragt(const Link& l) {
+    return Datenstart_Antwort_Wartet(l.Lauf.SerialValue);
+}
+bool Code_Fertig_Kanalwechsel(const Link& l) {
+    return Kanalwechsel(l) && l.RxByte(StatusIndex) == CodeChanged;
+}
+bool Kennung_Vollstaendig(const Link& l) {
+    return l.Rx.RxLength >= 0x0F;
+}
+
+bool Historie_Satz(const Link& l) {
+    return l.Rx.RxLength + 1 >= HistoryEventIndex && l.RxByte(HistoryEventIndex) != HistoryEndMark &&
+           l.Lauf.HistoryStop == 0;
+}
+bool Nur_Historie(const Link& l) {
+    return l.Lauf.HistoryOnly != 0;
+}
+
+bool Zuletzt(const Link& l, std::uint8_t code) {
+    return l.TxBuffer[2] == code;
+}
+bool Grund(const Link& l, std::uint8_t reason) {
+    return l.RxByte(3) == reason;
+}
+
+// Actions.
+
+void Nichts(Link& /*link*/) {}
+
+void Codeaenderung_Verbunden(Link& l) {
+    l.Lauf.CodeChangePending = 0;
+    l.Lauf.KanalSuche = 0;
+    Geraet_Merken(l);
+}
+void Unit_Datenstart(Link& l) {
+    l.Lauf.UnitVersuche = 0;
+    l.Lauf.UnitRow = 0;
+    l.Lauf.UnitPiece = 0;
+    TelDatenStart_Senden(l, 0);
+}
+void Suche_Erfolgreich(Link& l) {
+    l.Lauf.KanalSuche = 0;
+    Geraet_Merken(l);
+    TelKanalLesen_Senden(l, Systemkanal(l));
+}
+void Angemeldet(Link& l) {
+    Geraet_Merken(l);
+    Nach_Verbunden(l);
+}
+void Anmeldung_Verweigert(Link& l) {
+    Geraet_Merken(l);
+    Rufen(l.Hooks.Anmeldung_Abgelehnt);
+}
+void Suche_Verweigert(Link& l) {
+    l.Lauf.KanalSuche = 0;
+    Geraet_Merken(l);
+    Rufen(l.Hooks.Suche_Abgelehnt);
+}
+void Unit_Getrennt(Link& l) {
+    RxBuffer_Leeren(l, 64);
+    Rufen(l.Hooks.Unit_Getrennt);
+}
+void Kanalwechsel_Fertig(Link& l) {
+    l.Lauf.LaufZiel.clear();
+    Rufen(l.Hooks.Kanalwechsel_Ende);
+}
+void Lebenszeichen_Beantwortet(Link& l) {
+    l.Lauf.AnswerSeen = true;
+}
+
+void Historie_Lesen(Link& l) {
+    l.Lauf.HistoryStop = 0;
+    l.Lauf.HistoryFileOpen = 0;
+    Rufen(l.Hooks.Historie_Anzeigen);
+    TelHistorie_Senden(l, 0);
+}
+void Historie_Weiter(Link& l) {
+    Rufen(l.Hooks.Historie_Eintrag);
+    TelHistorie_Senden(l, 2);
+}
+void Historie_Beendet(Link& l) {
+    Rufen(l.Hooks.Historie_Fertig);
+    TelTrennen_Senden(l);
+}
+
+void Id_Zweiter(Link& l) {
+    l.Lauf.IdSecondPart = false;
+    l.DeviceClassByte = 0xC3;
+    Rufen(l.Hooks.Id_Daten2);
+}
+void Id_Abschliessen(Link& l) {
+    l.DeviceClassByte = 0x11;
+    l.Lauf.IdMarke.clear();
+    l.Lauf.IdSecondPart = false;
+}
+void Naechster_Benutzer(Link& l) {
+    ++l.Lauf.SlotCursor;
+    Rufen(l.Hooks.Benutzer_Beginnen);
+}
+
+void Schaltuhr_B_Beginnen(Link& l) {
+    l.Lauf.TimerPart = 0;
+    Rufen(l.Hooks.Schaltuhr_B);
+}
+void EinzelFeiertage_Beginnen(Link& l) {
+    l.Lauf.TimerPart = 0;
+    l.Lauf.HolidayPart = 0;
+    Rufen(l.Hooks.EinzelFeiertage);
+}
+void PermFeiertage_Beginnen(Link& l) {
+    l.Lauf.HolidayPart = 0;
+    Rufen(l.Hooks.PermFeiertage);
+}
+void Benutzer_Anfangen(Link& l) {
+    l.Lauf.HolidayPart = 0;
+    l.Lauf.SlotCursor = 0;
+    Rufen(l.Hooks.Benutzer_Beginnen);
+}
+
+void Datenstart_Beantwortet(Link& l) {
+    Rufen(l.Hooks.Abfrage_Stoppen);
+    TelKalenderFlag_Senden(l);
+}
+void Kanal_Gelesen(Link& l) {
+    const auto channel = static_cast<std::uint8_t>(Systemkanal(l) - 1);
+    TelEKeyAktion_Senden(l, channel, channel);
+    Rufen(l.Hooks.Kanal_Setzen_Planen);
+}
+void Unit_Offen(Link& l) {
+    l.Lauf.UnitModus = 0xFD;
+    l.Lauf.UnitTry = 0;
+    TelUnitOeffnen_Senden(l, l.Lauf.LockAddress);
+}
+void Kanal_Gesetzt(Link& l) {
+    l.Lauf.KanalSuche = 0;
+    // From this reply on the lock listens on the system's channel; every later login of the run goes out on it.
+    l.TargetChannel = static_cast<std::uint8_t>(Systemkanal(l));
+    Rufen(l.Hooks.Kanal_Gesetzt);
+    Nach_Verbunden(l);
+}
+void Unit_Schluessel(Link& l) {
+    l.Lauf.SitzungsSchluessel = SitzungsSchluessel_Neu(l.kern.Welt);
+    TelUnitSchluessel_Senden(l);
+}
+void Trennen(Link& l) {
+    l.Lauf.WiederholZaehler = 0;
+    TelTrennen_Senden(l);
+}
+void Antwort_Gesehen(Link& l) {
+    l.ReplySeen = 1;
+}
+void Adapter_Erkannt(Link& l) {
+    l.ReplySeen = 1;
+    Rufen(l.Hooks.Adapter_Erkannt);
+}
+void Adapter_Daten(Link& l) {
+    l.ReplySeen = 1;
+    Rufen(l.Hooks.Adapter_Daten);
+}
+void Schloss_Ende(Link& l) {
+    Rufen(l.Hooks.Abfrage_Stoppen);
+    Rufen(l.Hooks.Schloss_Ende);
+}
+
+void Ablehnung(Link& l) {
+    for (const ReplyRow& row : Ablehnung_Tabelle()) {
+        if (row.Condition(l)) {
+            row.Action(l);
+            return;
+        }
+    }
+}
+
+void Noch_Einmal_Trennen(Link& l) {
+    if (++l.Lauf.WiederholZaehler < 40) {
+        TelTrennen_Senden(l);
+    } else {
+        Rufen(l.Hooks.Trennen_Aufgegeben);
+    }
+}
+
+/// A cancel does not cut a session off: it is closed at the next frame, which is discarded.
+void Abbruch_Ausfuehren(Link& link) {
+    Rufen(link.Hooks.Abbruch);
+    RxBuffer_Leeren(link, 65);
+    Port_Neu(link);
+    link.Lauf.AbbruchWunsch = 0;
+    TelTrennen_Senden(link);
+}
+
+constexpr ReplyRow Replies[] = {
+    {0x03, "unit block transfer", Blocktransfer, Unit_Getrennt},
+    {0x03, "otherwise", Immer, [](Link& l) { RxBuffer_Leeren(l, 64); }},
+
+    {0x04, "a code change waits for its login", Code_Erwartet, Codeaenderung_Verbunden},
+    {0x04, "unit block transfer", Blocktransfer, Unit_Datenstart},
+    {0x04, "unit session, accepted", Unit_Angenommen,
+     [](Link& l) { TelUnitEinstellung_Senden(l, l.Lauf.LockAddress); }},
+    {0x04, "unit session, refused", Unit_Sitzung, [](Link& l) { Rufen(l.Hooks.Unit_Abgelehnt); }},
+    {0x04, "units are searched by logins", Suchlauf, [](Link& l) { Rufen(l.Hooks.Suchlauf_Schritt); }},
+    {0x04, "channel search, accepted", Suche_Angenommen, Suche_Erfolgreich},
+    {0x04, "channel search, refused", Suche, Suche_Verweigert},
+    {0x04, "accepted", Anmeldung_Angenommen, Angemeldet},
+    {0x04, "refused", Immer, Anmeldung_Verweigert},
+
+    {0x05, "unit block transfer", Blocktransfer, [](Link& l) { TelUnitTrennen_Senden(l); }},
+    {0x05, "channel change", Kanalwechsel, Kanalwechsel_Fertig},
+    {0x05, "unit session", Unit_Sitzung, [](Link& l) { Rufen(l.Hooks.Unit_Fertig); }},
+    {0x05, "first of two passes", Zweimal, [](Link& l) { Rufen(l.Hooks.Zweiter_Durchgang); }},
+    {0x05, "otherwise", Immer, Schloss_Ende},
+
+    {0x06, "always", Immer, Lebenszeichen_Beantwortet},
+    {0x08, "always", Immer, Lebenszeichen_Beantwortet},
+
+    {0x07, "always", Immer, [](Link& l) { TelUhrzeit_Senden(l); }},
+    {0x09, "history wanted", Historie_Gewuenscht, Historie_Lesen},
+    {0x09, "otherwise", Immer, [](Link& l) { TelPrioritaet_Senden(l); }},
+
+    {0x0A, "always", Immer, [](Link& l) { Rufen(l.Hooks.Benutzer_Slot); }},
+    {0x0B, "always", Immer, [](Link& l) { Rufen(l.Hooks.Benutzer_Name2); }},
+    {0x0D, "always", Immer, [](Link& l) { Rufen(l.Hooks.Benutzer_Daten); }},
+    {0x0E, "range N, identification pending", Id_Anstehend, [](Link& l) { Rufen(l.Hooks.Id_Daten1); }},
+    {0x0E, "timers by user", Modus_PB, [](Link& l) { Rufen(l.Hooks.Benutzer_Zeitgruppen); }},
+    {0x0E, "otherwise", Immer, Naechster_Benutzer},
+    {0x43, "range N, second part pending", Id_Zweiter_Teil, Id_Zweiter},
+    {0x43, "timers by user", Modus_PB, [](Link& l) { Id_Abschliessen(l), Rufen(l.Hooks.Benutzer_Zeitgruppen); }},
+    {0x43, "otherwise", Immer, [](Link& l) { Id_Abschliessen(l), Naechster_Benutzer(l); }},
+    {0x40, "always", Immer, [](Link& l) { Rufen(l.Hooks.Benutzer_Zeitgruppen); }},
+    {0x37, "always", Immer, Naechster_Benutzer},
+
+    {0x12, "done, channel change", Code_Fertig_Kanalwechsel, [](Link& l) { TelKanalLesen_Senden(l, Systemkanal(l)); }},
+    {0x12, "otherwise", Immer, [](Link& l) { Rufen(l.Hooks.Code_Ergebnis); }},
+
+    {0x15, "always", Immer, Trennen},
+
+    {0x17, "a record", Historie_Satz, Historie_Weiter},
+    {0x17, "end, history only", Nur_Historie, Historie_Beendet},
+    {0x17, "end, programming follows", Immer, [](Link& l) { TelPrioritaet_Senden(l); }},
+
+    {0x19, "short tables", Modus_Nicht_PB, [](Link& l) { Rufen(l.Hooks.Schaltuhr_B_Kurz); }},
+    {0x19, "last part", Timer_Fertig, Schaltuhr_B_Beginnen},
+    {0x19, "otherwise", Immer, [](Link& l) { Rufen(l.Hooks.Schaltuhr_A); }},
+    {0x1B, "short tables or last part", Nicht_PB_Oder_Fertig, EinzelFeiertage_Beginnen},
+    {0x1B, "otherwise", Immer, [](Link& l) { Rufen(l.Hooks.Schaltuhr_B); }},
+    {0x1F, "last part", Feiertage_Fertig, PermFeiertage_Beginnen},
+    {0x1F, "otherwise", Immer, [](Link& l) { Rufen(l.Hooks.EinzelFeiertage); }},
+    {0x21, "last part", Feiertage_Fertig, Benutzer_Anfangen},
+    {0x21, "otherwise", Immer, [](Link& l) { Rufen(l.Hooks.PermFeiertage); }},
+
+    {0x23, "no lock mode", Ohne_Schlossmodus, [](Link& l) { Rufen(l.Hooks.Daten_Schluss); }},
+    {0x23, "otherwise", Immer, [](Link& l) { TelSchlossModus_Senden(l); }},
+    {0x32, "always", Immer, [](Link& l) { Rufen(l.Hooks.Daten_Schluss); }},
+
+    {0x25, "listen window", Hoerfenster, [](Link& l) { Rufen(l.Hooks.Zeitfenster); }},
+    {0x25, "range N", Leser, [](Link& l) { Rufen(l.Hooks.ReaderEinstellung); }},
+    {0x25, "otherwise", Immer, Zeit_Tabellen_Start},
+    {0x33, "always", Immer, Zeit_Tabellen_Start},
+    {0x3B, "always", Immer, Zeit_Tabellen_Start},
+
+    {0x27, "unit block transfer", Blocktransfer, [](Link& l) { Rufen(l.Hooks.Unit_Bloecke_Start); }},
+    {0x27, "the lock is polled", Wird_Abgefragt, Nichts},
+    {0x27, "otherwise", Immer, Datenstart_Beantwortet},
+    {0x2F, "always", Immer, Datenstart_Senden},
+
+    {0x28, "always", Immer, Kanal_Gelesen},
+    {0x29, "unit opening", Unit_Oeffnung, Unit_Offen},
+    {0x29, "channel change", Kanalwechsel, [](Link& l) { TelTrennen_Senden(l); }},
+    {0x29, "otherwise", Immer, Kanal_Gesetzt},
+
+    {0x3D, "always", Immer, [](Link& l) { TelTrennen_Senden(l); }},
+    {0x48, "always", Immer, [](Link& l) { TelUnitVerbinden_Senden(l); }},
+    {0x49, "always", Immer, Unit_Schluessel},
+    {0x4A, "always", Immer, [](Link& l) { Rufen(l.Hooks.Unit_Block_Quittung); }},
+    {0x4B, "always", Immer, [](Link& l) { Rufen(l.Hooks.Unit_Gefunden); }},
+
+    {0x68, "whole identification", Kennung_Vollstaendig, Adapter_Erkannt},
+    {0x6A, "whole identification", Kennung_Vollstaendig, Adapter_Erkannt},
+    {0x6C, "always", Immer, Adapter_Daten},
+    {0x6D, "always", Immer, Antwort_Gesehen},
+    {0x69, "always", Immer, Ablehnung},
+
+    {0x6F, "always", Immer, [](Link& l) { Rufen(l.Hooks.Karte_Quittung); }},
+    {0x72, "always", Immer, [](Link& l) { Rufen(l.Hooks.Karte_Start); }},
+    {0x73, "always", Immer, [](Link& l) { Rufen(l.Hooks.Karte_Block); }},
+    {0x81, "always", Immer, [](Link& l) { Rufen(l.Hooks.EKey_Ergebnis); }},
+    {0xA1, "always", Immer, [](Link& l) { Rufen(l.Hooks.Finger_Schritt); }},
+    {0xA2, "always", Immer, [](Link& l) { Rufen(l.Hooks.Finger_Daten); }},
+    {0xA3, "always", Immer, [](Link& l) { Rufen(l.Hooks.Finger_Kennung); }},
+};
+
+constexpr int UnitChannels = 12;
+
+constexpr ReplyRow Refusals[] = {
+    {0x69, "TelDatenStart in a unit session", [](const Link& l) { return Zuletzt(l, 0x27) && Blocktransfer(l); },
+     [](Link& l) { Rufen(l.Hooks.Unit_Datenstart_Wiederholen); }},
+    {0x69, "unit opening, channels left",
+     [](const Link& l) { return l.Lauf.UnitTry == 0x38 && l.Lauf.EintragFertig < UnitChannels; },
+     [](Link& l) { Rufen(l.Hooks.Unit_Naechster_Kanal); }},
+    {0x69, "unit session otherwise", [](const Link& l) { return Unit_Oeffnung(l) || Blocktransfer(l); },
+     [](Link& l) { Rufen(l.Hooks.Unit_Fehlgeschlagen); }},
+    {0x69, "TelLebenszeichen", [](const Link& l) { return Zuletzt(l, 0x08); }, Nichts},
+    {0x69, "unit-list scan", [](const Link& l) { return l.Lauf.SuchMarke == 0xAD; },
+     [](Link& l) { Rufen(l.Hooks.Unit_Kanal_Leer); }},
+    {0x69, "units are searched by logins", Suchlauf, [](Link& l) { Rufen(l.Hooks.Suchlauf_Schritt); }},
+    {0x69, "no contact, channel search",
+     [](const Link& l) { return Grund(l, 0x64) && (Suche(l) || l.Lauf.LaufZiel == "F20"); },
+     [](Link& l) { Rufen(l.Hooks.Kanal_Weiter); }},
+    {0x69, "no contact, unit session", [](const Link& l) { return Grund(l, 0x64) && Unit_Sitzung(l); },
+     [](Link& l) { Rufen(l.Hooks.Unit_Kein_Kontakt); }},
+    {0x69, "no contact", [](const Link& l) { return Grund(l, 0x64); }, [](Link& l) { Rufen(l.Hooks.Kein_Kontakt); }},
+    {0x69, "refused", [](const Link& l) { return Grund(l, 0x65); }, [](Link& l) { Rufen(l.Hooks.Abgelehnt); }},
+    {0x69, "key refused", [](const Link& l) { return Grund(l, 0x66); }, [](Link& l) { Rufen(l.Hooks.Key_Abgelehnt); }},
+    {0x69, "busy", [](const Link& l) { return Grund(l, 0x67); }, Noch_Einmal_Trennen},
+    {0x69, "card refused", [](const Link& l) { return Grund(l, 0x6A); },
+     [](Link& l) { Rufen(l.Hooks.Karte_Abgelehnt); }},
+    {0x69, "any other reason", Immer, Nichts},
+};
+
+} // namespace
+
+bool Immer(const Link& /*link*/) {
+    return true;
+}
+
+std::span<const ReplyRow> Antwort_Tabelle() {
+    return Replies;
+}
+std::span<const ReplyRow> Ablehnung_Tabelle() {
+    return Refusals;
+}
+
+bool Anmeldung_Angenommen(const Link& link) {
+    return link.Rx.RxLength + 1 >= StatusIndex && link.RxByte(StatusIndex) == LoginAccepted;
+}
+
+bool Historie_Gewuenscht(const Link& link) {
+    return link.Lauf.HistoryOnly != 0 || link.Lauf.ReadHistoryFirst != 0;
+}
+
+bool Datenstart_Antwort_Wartet(std::uint32_t serial) {
+    return BereichZ(serial) && serial != 0x2000000;
+}
+
+void Nach_Verbunden(Link& link) {
+    if (link.Lauf.FlagSetClock == 1) {
+        TelDatum_Senden(link);
+    } else if (Historie_Gewuenscht(link)) {
+        Historie_Lesen(link);
+    } else {
+        // Without clock and history the priority telegram is not sent: the erase telegram follows the login at once.
+        Datenstart_Senden(link);
+    }
+}
+
+void Datenstart_Senden(Link& link) {
+    if (BereichZ(link.Lauf.SerialValue) && link.Lauf.UnitModus != 0xFD) {
+        link.Lauf.AnswerSeen = false;
+        link.Lauf.AnswerTicks = 0;
+        Rufen(link.Hooks.Abfrage_Starten);
+    }
+    TelDatenStart_Senden(link, link.Lauf.EraseOption);
+}
+
+void Zeit_Tabellen_Start(Link& link) {
+    link.Lauf.TimerPart = 0;
+    link.Lauf.HolidayPart = 0;
+    if (link.Lauf.TimerMode == TimerPB_UT) {
+        Rufen(link.Hooks.Schaltuhr_A);
+    } else if (link.Lauf.TimerMode == Timer_ERROR) {
+        Rufen(link.Hooks.EinzelFeiertage);
+    } else {
+        Rufen(link.Hooks.Schaltuhr_A_Kurz);
+    }
+}
+
+void Antwort_Verteilen(Link& link) {
+    link.Lauf.LastAnswer = link.kern.Welt.Milliseconds();
+    if (link.Lauf.AbbruchWunsch != 0) {
+        Abbruch_Ausfuehren(link);
+        return;
+    }
+    const std::uint8_t code = link.Rx.RxBuffer[2];
+    for (const ReplyRow& row : Antwort_Tabelle()) {
+        if (row.Code == code && row.Condition(link)) {
+            row.Action(link);
+            return;
+        }
+    }
+}
+
+} // namespace qvm

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "Link.h"
+
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+namespace qvm {
+
+/// A row of the reply chain. Rows are tried in order; the first whose code and condition match acts, and no other.
+struct ReplyRow {
+    std::uint8_t Code;
+    std::string_view When;          ///< the condition in words
+    bool (*Condition)(const Link&); ///< only reads
+    void (*Action)(Link&);          ///< sends at most one telegram, or calls one hook
+};
+
+/// The condition of a row that always matches; no row of the same code may stand behind it.
+bool Immer(const Link& link);
+
+/// The whole reply chain.
+std::span<const ReplyRow> Antwort_Tabelle();
+/// The rows of reply 0x69, by what went before and by the reason the device gave.
+std::span<const ReplyRow> Ablehnung_Tabelle();
+
+/// True when a login was accepted: the status byte lies inside the frame and is 4.
+bool Anmeldung_Angenommen(const Link& link);
+/// History is read in this run, first or only.
+bool Historie_Gewuenscht(const Link& link);
+/// What follows a login: the clock, else the history, else the erase telegram.
+void Nach_Verbunden(Link& link);
+/// TelDatenStart to a lock; starts the polling where the lock wants it.
+void Datenstart_Senden(Link& link);
+/// True for a lock whose erase reply starts nothing, because its polling goes on until it answers.
+///
+/// Up to 0x1000000 and above 0x2000000 the reply to TelDatenStart leads on; between them the lock is polled, and only
+/// the last number of that range goes on at the reply as well. Whether a polled lock acknowledges TelDatenStart at all
+/// is not known.
+bool Datenstart_Antwort_Wartet(std::uint32_t serial);
+/// The timer tables, or the calendars for a lock without them.
+void Zeit_Tabellen_Start(Link& link);
+
+} // namespace qvm
