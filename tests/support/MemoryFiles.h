@@ -14,8 +14,8 @@ public:
     std::map<std::string, std::string> Files;
     std::vector<std::string> Directories;
 
-    int Operations = 0;      ///< ReadAll, Replace, WriteAt, Append, Remove and MakeDirectory done so far
-    int FailAt = 0;          ///< the operation of this number fails (1: the next after Operations was 0); 0: none
+    int Operations = 0;         ///< ReadAll, Replace, WriteAt, Append, Remove and MakeDirectory done so far
+    int FailAt = 0;             ///< the operation of this number fails (1: the next after Operations was 0); 0: none
     bool FailFromThere = false; ///< and all after it
 
     /// The record of functions over this object, which must outlive it.

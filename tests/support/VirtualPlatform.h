@@ -7,6 +7,7 @@
 #include <deque>
 #include <functional>
 #include <map>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -17,12 +18,12 @@ namespace qvm::test {
 struct ScriptedAnswer {
     std::string Text; ///< whole text, code page 1252; "*": any
     Answer Reply = Answer::Ok;
-    int AfterMs = 0;  ///< virtual time that the box stays open, events going on meanwhile
+    int AfterMs = 0; ///< virtual time that the box stays open, events going on meanwhile
 };
 
 /// The world in virtual time: the clock jumps to the next planned event. A message that nobody scripted, a script that
-/// nobody asked for (checked in the destructor) and a wait that nothing can end are failures of the test; a wait without
-/// an end throws StuckWait after recording the failure, so that the test does not hang.
+/// nobody asked for (checked in the destructor) and a wait that nothing can end are failures of the test; a wait
+/// without an end throws StuckWait after recording the failure, so that the test does not hang.
 class VirtualPlatform {
 public:
     explicit VirtualPlatform(DateTime start = {.Year = 2026, .Month = 3, .Day = 5, .Hour = 10, .Minute = 30});
@@ -32,12 +33,19 @@ public:
 
     struct StuckWait {};
 
-    Platform World;   ///< filled with everything below
+    Platform World; ///< filled with everything below
     MemoryFiles Disk;
 
     // Messages.
     std::deque<ScriptedAnswer> Answers;
     std::vector<Message> Shown;
+
+    // File dialogs: what each in turn gives (nothing: cancelled), and what was asked. One that nobody scripted is a
+    // failure and counts as cancelled.
+    std::deque<std::optional<std::string>> DialogAnswers;
+    std::vector<FileDialog> Dialogs;
+    std::vector<std::string> ShellOpened; ///< targets given to ShellOpen
+    bool OnlyInstance = true;             ///< what ClaimInstance says
 
     // The port. Bytes written by the program reach OnWrite at once; bytes for the program are delivered as events.
     bool PortCanOpen = true;
@@ -66,27 +74,33 @@ public:
 
 private:
     struct Event {
-        std::uint64_t Order;
         std::function<void()> Action;
-        TimerId Timer = 0;
+        TimerId Timer = 0; ///< not 0: a tick of this timer
     };
     struct RunningTimer {
         int Interval;
         std::function<void()> Tick;
+        std::int64_t Due = 0;
         bool InTick = false;
-        std::uint64_t Generation = 0;
+        bool Missed = false; ///< was due while its tick was on the stack
     };
 
-    bool Step();
-    void Plan(std::int64_t when, std::function<void()> action, TimerId timer = 0);
+    void FillWorld();
+    void FillPort();
+    /// Handles the next event that is due at `until` or before. False when there is none.
+    bool Step(std::int64_t until);
+    void Wait();
+    void Plan(std::int64_t when, std::function<void()> action);
     void PlanTick(TimerId timer);
+    void Tick(TimerId timer);
+    Answer Show(const Message& message);
     DateTime ClockTime() const;
 
     DateTime start_;
     std::int64_t now_ = 0;
-    std::uint64_t order_ = 0;
+    std::int64_t handled_ = 0;
     TimerId nextTimer_ = 1;
-    std::multimap<std::int64_t, Event> events_;
+    std::multimap<std::int64_t, Event> events_; ///< those of one moment in the order of planning
     std::map<TimerId, RunningTimer> timers_;
     std::function<void(std::uint8_t)> receiver_;
     std::uint32_t random_ = 12345;

@@ -1,0 +1,67 @@
+#include "Catalogue.h"
+
+#include "Kern.h"
+#include "Text.h"
+#include "Zeilen.h"
+
+#include <algorithm>
+#include <string_view>
+#include <vector>
+
+namespace qvm {
+
+namespace {
+
+constexpr std::array<int, 11> TagZeilen{2, 95, 96, 97, 98, 99, 100, 101, 102, 103, 104};
+constexpr std::array<int, 2> FeiertagsZeilen{3, 4};
+
+/// The name becomes part of a path: it must not lead elsewhere.
+bool Sprachname_Gueltig(std::string_view name) {
+    return !name.empty() && std::none_of(name.begin(), name.end(), [](char c) {
+        return c == '/' || c == '\\' || c == ':' || static_cast<unsigned char>(c) < 0x20;
+    });
+}
+
+/// A label whose line is empty keeps its default: eleven equal day texts would all be saved as the same day.
+template <std::size_t N>
+void Beschriften(std::array<std::string, N>& labels, const std::array<int, N>& lines, const Sprachkatalog& katalog) {
+    for (std::size_t n = 0; n < N; ++n) {
+        const std::string& text = katalog.Zeile(lines[n]);
+        if (!text.empty()) {
+            labels[n] = text;
+        }
+    }
+}
+
+} // namespace
+
+const std::string& Sprachkatalog::Zeile(int n) const {
+    return n < 1 || n >= Zeilen ? LanguageText[0] : LanguageText[static_cast<std::size_t>(n)];
+}
+
+void Sprache_Defaults(Sprachkatalog& katalog) {
+    katalog.TagTexte = {"OFF",     "Montag",  "Dienstag",         "Mittwoch",          "Donnerstag",      "Freitag",
+                        "Samstag", "Sonntag", "Montag - Freitag", "Samstag - Sonntag", "Montag - Sonntag"};
+    katalog.FeiertagsTexte = {"Einzelfeiertage", "Perm. Feiertage"};
+}
+
+SprachdateiStatus Sprachdatei_Laden(Kern& kern) {
+    const std::string name(Trim(kern.Config.Sprache));
+    std::string bytes;
+    if (!Sprachname_Gueltig(name) ||
+        kern.Welt.Files.ReadAll(kern.AppPath + "QVM_" + name + ".DAT", bytes) != ReadStatus::Ok) {
+        return SprachdateiStatus::Fehlt;
+    }
+    Sprachkatalog& katalog = kern.Sprache;
+    const std::vector<std::string> lines = Zeilen_Lesen(bytes);
+    const std::size_t used = std::min<std::size_t>(lines.size(), Sprachkatalog::Zeilen - 1);
+    katalog.LanguageText.fill({});
+    std::copy_n(lines.begin(), used, katalog.LanguageText.begin() + 1);
+
+    Sprache_Defaults(katalog);
+    Beschriften(katalog.TagTexte, TagZeilen, katalog);
+    Beschriften(katalog.FeiertagsTexte, FeiertagsZeilen, katalog);
+    return used < lines.size() ? SprachdateiStatus::ZuLang : SprachdateiStatus::Geladen;
+}
+
+} // namespace qvm

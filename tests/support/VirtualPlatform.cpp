@@ -1,0 +1,278 @@
+#include "VirtualPlatform.h"
+
+#include "Oem.h"
+#include "Zeit.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <limits>
+#include <utility>
+
+namespace qvm::test {
+
+namespace {
+
+constexpr std::int64_t Day = 86400000;
+constexpr std::int64_t EndOfTime = std::numeric_limits<std::int64_t>::max();
+
+/// Events after which a test is taken to wait for something that never comes while timers tick on.
+constexpr std::int64_t MostEvents = 10'000'000;
+
+bool Angeboten(Buttons choice, Answer answer) {
+    switch (choice) {
+    case Buttons::Ok:
+        return answer == Answer::Ok;
+    case Buttons::OkCancel:
+        return answer == Answer::Ok || answer == Answer::Cancel;
+    case Buttons::YesNo:
+        return answer == Answer::Yes || answer == Answer::No;
+    case Buttons::YesNoCancel:
+        return answer != Answer::Ok;
+    }
+    return false;
+}
+
+Answer Mildeste(Buttons choice) {
+    for (const Answer answer : {Answer::Cancel, Answer::No}) {
+        if (Angeboten(choice, answer)) {
+            return answer;
+        }
+    }
+    return Answer::Ok;
+}
+
+/// Stands in for the cipher: each byte plus the key's byte, then one place round. Depends on every byte of block and
+/// key and can be undone, which is all that a test needs of it.
+void Mischen(std::span<std::uint8_t, 16> block, std::span<const std::uint8_t, 16> key) {
+    for (std::size_t n = 0; n < block.size(); ++n) {
+        block[n] = static_cast<std::uint8_t>(block[n] + key[n]);
+    }
+    std::rotate(block.begin(), block.begin() + 1, block.end());
+}
+
+} // namespace
+
+VirtualPlatform::VirtualPlatform(DateTime start) : start_(start) {
+    FillWorld();
+    FillPort();
+}
+
+VirtualPlatform::~VirtualPlatform() {
+    for (const ScriptedAnswer& answer : Answers) {
+        ADD_FAILURE() << "a message never came: " << answer.Text;
+    }
+    if (!DialogAnswers.empty()) {
+        ADD_FAILURE() << DialogAnswers.size() << " scripted file dialogs never came";
+    }
+}
+
+void VirtualPlatform::FillWorld() {
+    World.Now = [this] { return ClockTime(); };
+    World.Milliseconds = [this] { return now_; };
+    World.StartTimer = [this](int interval, std::function<void()> tick) {
+        const TimerId id = nextTimer_++;
+        timers_[id] = {.Interval = std::max(interval, 1), .Tick = std::move(tick), .Due = now_};
+        PlanTick(id);
+        return id;
+    };
+    World.StopTimer = [this](TimerId timer) {
+        timers_.erase(timer);
+        std::erase_if(events_, [timer](const auto& event) { return event.second.Timer == timer; });
+    };
+    World.ProcessEvents = [this] { Wait(); };
+    World.ShowMessage = [this](const Message& message) { return Show(message); };
+    World.OpenFile = World.SaveFile = [this](const FileDialog& dialog) -> std::optional<std::string> {
+        Dialogs.push_back(dialog);
+        if (DialogAnswers.empty()) {
+            ADD_FAILURE() << "unscripted file dialog: " << dialog.Title;
+            return std::nullopt;
+        }
+        const std::optional<std::string> answer = DialogAnswers.front();
+        DialogAnswers.pop_front();
+        return answer;
+    };
+    World.ShellOpen = [this](const std::string& target, const std::string&) {
+        ShellOpened.push_back(target);
+        return true;
+    };
+    World.AdapterPorts = [this] { return AdapterPortNumbers; };
+    World.Files = Disk.Store();
+    World.encryptData = Mischen;
+    World.CharToOem = Nach_Oem;
+    World.OemToChar = Von_Oem;
+    World.Random = [this] {
+        if (!RandomValues.empty()) {
+            const double value = RandomValues.front();
+            RandomValues.pop_front();
+            return value;
+        }
+        random_ = random_ * 1664525U + 1013904223U;
+        return static_cast<double>(random_) / 4294967296.0;
+    };
+    World.ClaimInstance = [this] { return OnlyInstance; };
+}
+
+void VirtualPlatform::FillPort() {
+    World.Port.Open = [this](int number) {
+        ++Opens;
+        PortNumber = number;
+        PortOpen = PortCanOpen;
+        return PortOpen;
+    };
+    World.Port.Close = [this] {
+        if (PortOpen) {
+            ++Closes;
+        }
+        PortOpen = false;
+    };
+    World.Port.IsOpen = [this] { return PortOpen; };
+    World.Port.SetRts = [this](bool on) { Rts = on; };
+    World.Port.Write = [this](std::span<const std::uint8_t> bytes) {
+        if (!PortOpen) {
+            return;
+        }
+        Written.insert(Written.end(), bytes.begin(), bytes.end());
+        if (OnWrite) {
+            OnWrite(bytes);
+        }
+    };
+    World.Port.OnByte = [this](std::function<void(std::uint8_t)> receiver) { receiver_ = std::move(receiver); };
+    World.Port.LastError = [this] {
+        return PortCanOpen ? std::string() : std::string("The virtual port cannot be opened.");
+    };
+}
+
+void VirtualPlatform::Deliver(std::vector<std::uint8_t> bytes, int delayMs) {
+    for (const std::uint8_t byte : bytes) {
+        At(delayMs, [this, byte] {
+            const std::function<void(std::uint8_t)> receiver = receiver_; // it may be exchanged while it runs
+            if (PortOpen && receiver) {
+                receiver(byte);
+            }
+        });
+    }
+}
+
+void VirtualPlatform::At(int delayMs, std::function<void()> action) {
+    Plan(now_ + std::max(delayMs, 0), std::move(action));
+}
+
+void VirtualPlatform::Plan(std::int64_t when, std::function<void()> action) {
+    events_.emplace(when, Event{.Action = std::move(action)});
+}
+
+void VirtualPlatform::PlanTick(TimerId timer) {
+    RunningTimer& running = timers_.at(timer);
+    while (running.Due <= now_) {
+        running.Due += running.Interval;
+    }
+    events_.emplace(running.Due, Event{.Action = {}, .Timer = timer});
+}
+
+void VirtualPlatform::Tick(TimerId timer) {
+    RunningTimer& running = timers_.at(timer);
+    if (running.InTick) {
+        running.Missed = true;
+        return;
+    }
+    PlanTick(timer);
+    running.InTick = true;
+    const std::function<void()> tick = running.Tick; // the timer may be stopped while it runs
+    struct Ende {
+        VirtualPlatform& platform;
+        TimerId timer;
+        ~Ende() {
+            const auto found = platform.timers_.find(timer);
+            if (found == platform.timers_.end()) {
+                return;
+            }
+            found->second.InTick = false;
+            if (std::exchange(found->second.Missed, false)) {
+                platform.PlanTick(timer);
+            }
+        }
+    } const ende{*this, timer};
+    tick();
+}
+
+bool VirtualPlatform::Step(std::int64_t until) {
+    const auto next = events_.begin();
+    if (next == events_.end() || next->first > until) {
+        return false;
+    }
+    if (++handled_ > MostEvents) {
+        ADD_FAILURE() << "nothing but timers for " << MostEvents << " events";
+        throw StuckWait{};
+    }
+    now_ = std::max(now_, next->first);
+    const Event event = std::move(next->second);
+    events_.erase(next);
+    if (event.Timer != 0) {
+        Tick(event.Timer);
+    } else {
+        event.Action();
+    }
+    return true;
+}
+
+void VirtualPlatform::Wait() {
+    if (!Step(EndOfTime)) {
+        ADD_FAILURE() << "a wait that nothing can end, " << now_ << " ms after the start";
+        throw StuckWait{};
+    }
+}
+
+bool VirtualPlatform::RunUntil(const std::function<bool()>& done, std::int64_t limitMs) {
+    const std::int64_t end = now_ + limitMs;
+    while (!done()) {
+        if (!Step(end)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+void VirtualPlatform::RunFor(std::int64_t ms) {
+    const std::int64_t end = now_ + ms;
+    while (Step(end)) {
+    }
+    now_ = std::max(now_, end);
+}
+
+Answer VirtualPlatform::Show(const Message& message) {
+    Shown.push_back(message);
+    if (Answers.empty()) {
+        ADD_FAILURE() << "unscripted message: " << message.Text;
+        return Mildeste(message.Choice);
+    }
+    const ScriptedAnswer answer = Answers.front();
+    if (answer.Text != "*" && answer.Text != message.Text) {
+        ADD_FAILURE() << "unscripted message: " << message.Text << "\n  expected: " << answer.Text;
+        return Mildeste(message.Choice);
+    }
+    Answers.pop_front();
+    if (!Angeboten(message.Choice, answer.Reply)) {
+        ADD_FAILURE() << "the scripted answer is not offered by: " << message.Text;
+        return Mildeste(message.Choice);
+    }
+    if (answer.AfterMs > 0) {
+        RunFor(answer.AfterMs);
+    }
+    return answer.Reply;
+}
+
+DateTime VirtualPlatform::ClockTime() const {
+    const std::int64_t ofDay =
+        ((std::int64_t{start_.Hour} * 60 + start_.Minute) * 60 + start_.Second) * 1000 + start_.Millisecond + now_;
+    const Datum date = Datum_Plus(Heute(start_), static_cast<int>(ofDay / Day));
+    const auto rest = static_cast<int>(ofDay % Day);
+    return {.Year = date.Year,
+            .Month = date.Month,
+            .Day = date.Day,
+            .Hour = rest / 3600000,
+            .Minute = rest / 60000 % 60,
+            .Second = rest / 1000 % 60,
+            .Millisecond = rest % 1000};
+}
+
+} // namespace qvm::test
