@@ -45,6 +45,8 @@ struct Empfaenger {
     std::int16_t RxIndex = 0;  ///< next write position
     int RxLength = 0;          ///< serial: index of the last summed byte; network: N
     std::uint8_t RxLastByte = 0;
+    int FrameSize = 0;      ///< bytes of the last good frame: serial 0 to L + 1, network 0 to N
+    std::uint8_t RxSum = 0; ///< checksum that the last finished frame came with; its place in RxBuffer is cleared
 
     void Ruecksetzen() { RxState = RxIndex = 0; }
 };
@@ -54,11 +56,13 @@ struct Empfaenger {
 std::uint8_t Rx_Entstopfen(Empfaenger& rx, std::uint8_t previous, std::uint8_t current);
 
 /// One step of the serial automaton. On Frame, RxState and RxIndex are 0 again and the frame is RxBuffer[0..RxLength],
-/// with RxBuffer[RxLength + 1] outside the checksum; what the device puts there is not known.
+/// with RxBuffer[RxLength + 1] outside the checksum; what the device puts there is not known. A frame of length 2 that
+/// comes without a 0x00 behind the length byte is lost; no reply is known to be that short.
 RxResult Empfang_Seriell(Empfaenger& rx, std::uint8_t byte);
 
 /// One step of the network automaton. A reply 0x90 with code 0x0C, 0x0D or 0xFF at index 27 is taken without a checksum
-/// test. On Frame the bytes are RxBuffer[0..RxLength].
+/// test. On Frame the bytes are RxBuffer[0..RxLength]. Length words above the buffer's last index give TooLong, those
+/// that leave no room for a checksum behind the header give BadChecksum with the frame's closing byte.
 RxResult Empfang_Netzwerk(Empfaenger& rx, std::uint8_t byte);
 
 /// Appends the frame `bytes` (checksum included) to `wire` as it goes over the line: indexes 2 and up stuffed.

@@ -10,9 +10,14 @@
 #include <cstdint>
 #include <functional>
 #include <span>
-#include <string>
+#include <vector>
 
 namespace qvm {
+
+/// Value of Link::UsbArmed that selects the network automaton.
+inline constexpr std::uint8_t UsbArmedMark = 0xA5;
+/// Value of Link::UsbDone once a network frame stands in RxBuffer.
+inline constexpr std::uint8_t UsbDoneMark = 0x5A;
 
 /// One frame as the protocol trace sees it: unstuffed, from the start byte to the checksum.
 struct TraceFrame {
@@ -30,7 +35,9 @@ struct AnsweringDevice {
 
 /// The serial link: buffers, addresses, run flags. One of it exists, made by the program and passed by reference.
 struct Link {
+    /// Takes the port's received bytes for itself.
     explicit Link(Kern& kernel);
+    ~Link();
     Link(const Link&) = delete;
     Link& operator=(const Link&) = delete;
 
@@ -48,6 +55,8 @@ struct Link {
     std::uint8_t TelegrammParam2 = 0;
     int PortNummer = 0; ///< the port the link works on
 
+    std::vector<std::uint8_t> TxWire; ///< the last telegram as it went over the line
+
     RunState Lauf;
     AnsweringDevice Device;
     LinkHooks Hooks;
@@ -59,6 +68,7 @@ struct Link {
     Timer Timer10; ///< tick source of Warte_Ticks
     int TickSum = 0;
 
+    /// The last good frame, without its checksum.
     std::span<const std::uint8_t> RxFrame() const;
     /// Byte `index` of the received frame, or 0 when the frame is shorter.
     std::uint8_t RxByte(int index) const;
@@ -81,8 +91,9 @@ bool Telegramm_Roh_Senden(Link& link);
 
 /// Indexes 0, 1, 2 and the header words 1 to 3..6, 2 to 7..10, 1 to 11, 0 to 12; index 13 stays as it was.
 void Telegramm_Kopf(Link& link, std::uint8_t length, std::uint8_t code);
-/// Indexes 0, 1, 2, then 1, 0, 0 to 11..13, both parameter words to 14 and 15; transmits at once.
-void Telegramm_Kopf2(Link& link, std::uint8_t length, std::uint8_t code);
+/// Indexes 0, 1, 2, then 1, 0, 0 to 11..13, both parameter words to 14 and 15; transmits at once. With a length of 14
+/// the checksum takes the place of the second parameter, with 13 neither goes out.
+bool Telegramm_Kopf2(Link& link, std::uint8_t length, std::uint8_t code);
 
 /// Checksum over TxBuffer indexes 0 to TxBuffer[1].
 std::uint8_t Frame_Pruefsumme_Tx(const Link& link);
@@ -93,8 +104,10 @@ std::uint8_t Bereich_Pruefsumme_Tx(const Link& link, int count, int start);
 std::uint8_t Bereich_Pruefsumme_Rx(const Link& link, int count, int start);
 
 /// Lets events go on until the tick sum exceeds `limit` milliseconds, in ticks of `interval`: (1000, 5000) takes 6000 ms.
+/// `interval` 1 to 30000; the sum goes up to 30000, a larger limit is held at the last tick before that. A wait begun
+/// inside another one counts for both.
 void Warte_Ticks(Link& link, int interval, int limit);
-/// Lets events go on for more than `seconds`, or until ReplySeen is set. Midnight is stepped over.
+/// Lets events go on for more than `seconds`, or until ReplySeen is set. Midnight makes no difference.
 void Warte_Antwort(Link& link, double seconds);
 
 /// The reply dispatcher: acts on the frame in RxBuffer.
