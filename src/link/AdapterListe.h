@@ -1,0 +1,47 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace qvm {
+
+/// An adapter that answered the search.
+struct AdapterSatz {
+    std::string Adresse; ///< four decimal bytes, each preceded by "/"
+    std::string Name;    ///< begins "PROGSTATION" or "ENROLLMENT1"
+    std::string Port;    ///< port number as text
+    std::array<std::uint8_t, 16> TransferKey{};
+};
+
+/// Port of an adapter that is not there.
+inline constexpr int KeinPort = 0xFF;
+
+/// The adapters found, at most 21, in the order in which they were found.
+struct AdapterListe {
+    std::vector<AdapterSatz> Saetze;
+    int ProgStationPort = 0; ///< 0 unknown, KeinPort none
+    int EnrollmentPort = 0;
+};
+
+/// The adapter of that address, or else of that name; nullptr when there is none. An empty text finds nothing.
+inline const AdapterSatz* Adapter_Finden(const AdapterListe& list, std::string_view addressOrName) {
+    if (addressOrName.empty()) {
+        return nullptr;
+    }
+    for (const AdapterSatz& adapter : list.Saetze) {
+        if (adapter.Adresse == addressOrName) {
+            return &adapter;
+        }
+    }
+    for (const AdapterSatz& adapter : list.Saetze) {
+        if (adapter.Name == addressOrName) {
+            return &adapter;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace qvm

@@ -1,0 +1,109 @@
+#include "Programm.h"
+
+#include "Migration.h"
+
+namespace qvm {
+
+Programm::Programm(Platform& world, const std::string& directory)
+    : kern(world), link(kern), Lauf(link), F9(Lauf), F18(Lauf), F11(Lauf, F9, F18, Adapter), F13(Lauf, F11, Adapter) {
+    kern.AppPath = directory;
+    if (kern.AppPath.empty() || kern.AppPath.back() != '/') {
+        kern.AppPath += '/';
+    }
+    Ansicht_Verbinden();
+    Fenster_Verbinden();
+    Haken_Verbinden();
+}
+
+void Programm::Ansicht_Verbinden() {
+    Lauf.Ansicht = RunView{
+        .Fortschritt = [this] { F9.Fortschritt(); },
+        .F9_Zeigen = [this] { F9.F9_Zeigen(); },
+        .Status = [this](int line) { F9.StatusLabel.Text = kern.Zeile(line); },
+        .Fertig = [this](int line) { F9.Fertig(line); },
+        .F9_Schliessen_Freigeben = [this] { F9.Command2.Enabled = true; },
+        .Historie_Beschriften = [this] { F9.StatusLabel.Text = kern.Zeile(264); },
+        .Zustand = [this](std::uint8_t state, const std::string& text) { F9.Zustand_Zeigen(state, text); },
+        .Kaestchen = [this](int box) { F9.Ankreuzen(box); },
+        .Wartebox_Zeigen = [this] { F18.F18_Zeigen(); },
+        .Wartebox_Schliessen = [this] { F18.F18_Schliessen(); },
+        .Wartebox_Balken = [this](int value) { F18.Balken.Value = value; },
+        .Wartebox_Text =
+            [this](int line) {
+                F18.Text.Text = kern.Zeile(line);
+                F9.StatusLabel.Text = kern.Zeile(line);
+            },
+        .Zum_Schlossgitter =
+            [this] {
+                F9.Stille.Stop();
+                F9.Fenster.Visible = false;
+                F18.F18_Schliessen();
+                F13.Fenster.Enabled = true;
+            },
+        .Schlossgitter_Freigeben = [this] { F13.Fenster.Enabled = true; },
+        .Historie_Oeffnen =
+            [this](const std::string& path) {
+                if (F7_Oeffnen) {
+                    F7_Oeffnen(path);
+                }
+            },
+        .Hauptfenster_Freigeben = [this] { Rufen(F2_Zeigen); },
+    };
+}
+
+void Programm::Fenster_Verbinden() {
+    F9.F13_Freigeben = [this] {
+        F13.RFk_IconLoad();
+        F13.Fenster.Enabled = true;
+    };
+    F11.Zurueck = [this] { F13.Fenster.Enabled = true; };
+    F11.F13_Verbergen = [this] { F13.Fenster.Visible = false; };
+    F11.Marke_Loeschen = [this](int row) { F13.FGK13.SetText(row, F13Column::Mark, ""); };
+    F13.Hauptfenster_Zeigen = [this] { Rufen(F2_Zeigen); };
+}
+
+void Programm::Haken_Verbinden() {
+    Lauf_Haken_Setzen(Lauf, link.Hooks);
+    LinkHooks& hooks = link.Hooks;
+    hooks.Suchlauf_Schritt = [this] { Rufen(Fensterhaken.Suchlauf_Schritt); };
+    hooks.Unit_Gefunden = [this] { Rufen(Fensterhaken.Unit_Gefunden); };
+    hooks.Unit_Kanal_Leer = [this] { Rufen(Fensterhaken.Unit_Kanal_Leer); };
+    hooks.Adapter_Erkannt = [this] { Rufen(Fensterhaken.Adapter_Erkannt); };
+    hooks.Adapter_Daten = [this] { Rufen(Fensterhaken.Adapter_Daten); };
+    hooks.Karte_Quittung = [this] { Rufen(Fensterhaken.Karte_Quittung); };
+    hooks.Karte_Start = [this] { Rufen(Fensterhaken.Karte_Start); };
+    hooks.Karte_Block = [this] { Rufen(Fensterhaken.Karte_Block); };
+    hooks.EKey_Ergebnis = [this] { Rufen(Fensterhaken.EKey_Ergebnis); };
+    hooks.Finger_Schritt = [this] { Rufen(Fensterhaken.Finger_Schritt); };
+    hooks.Finger_Daten = [this] { Rufen(Fensterhaken.Finger_Daten); };
+    hooks.Finger_Kennung = [this] { Rufen(Fensterhaken.Finger_Kennung); };
+}
+
+StartResult Programm_Start(Programm& programm, bool claimInstance) {
+    Kern& kern = programm.kern;
+    if (claimInstance && !kern.Welt.ClaimInstance()) {
+        return StartResult::AlreadyRunning;
+    }
+    kern.Globals = GlobaleVariablen{};
+    if (!kern.Welt.Files.MakeDirectory(kern.AppPath + "DAT") || !kern.Welt.Files.MakeDirectory(kern.AppPath + "HIST")) {
+        return StartResult::NoDirectory;
+    }
+    Konfiguration_Laden(kern);
+    programm.link.PortNummer = kern.Config.PortNummer;
+    Sprache_Defaults(kern.Sprache);
+    Sprachdatei_Laden(kern);
+    Dateien_Umstellen(kern);
+    return StartResult::Started;
+}
+
+bool Programm_Ende(Programm& programm) {
+    Platform& world = programm.kern.Welt;
+    const bool saved = Konfiguration_Speichern(programm.kern);
+    if (world.Port.IsOpen()) {
+        world.Port.SetRts(false);
+        world.Port.Close();
+    }
+    return saved;
+}
+
+} // namespace qvm

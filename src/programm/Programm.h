@@ -1,0 +1,57 @@
+#pragma once
+
+#include "AdapterListe.h"
+#include "F11.h"
+#include "F13.h"
+#include "F18.h"
+#include "F9.h"
+#include "Kern.h"
+#include "Link.h"
+#include "Programmierlauf.h"
+
+#include <functional>
+#include <string>
+
+namespace qvm {
+
+/// One of everything, with all hooks filled; still no widget. A front end (or a test) makes one over its Platform.
+struct Programm {
+    /// `directory`: the program's directory; a trailing separator is added when it has none.
+    Programm(Platform& world, const std::string& directory);
+    Programm(const Programm&) = delete;
+    Programm& operator=(const Programm&) = delete;
+
+    Kern kern;
+    Link link;
+    AdapterListe Adapter;
+    Programmierlauf Lauf;
+    struct F9 F9;
+    struct F18 F18;
+    struct F11 F11;
+    struct F13 F13;
+
+    // Rows of the reply chain, and ends of a run, that lead to windows of the front end. May be empty.
+    LinkHooks Fensterhaken;
+    std::function<void()> F2_Zeigen;                         ///< the main window comes back
+    std::function<void(const std::string& path)> F7_Oeffnen; ///< shows a history file
+
+private:
+    void Ansicht_Verbinden();
+    void Fenster_Verbinden();
+    void Haken_Verbinden();
+};
+
+enum class StartResult {
+    Started,
+    AlreadyRunning, ///< another instance was brought to the foreground; end at once, without a message
+    NoDirectory,    ///< DAT or HIST cannot be made
+};
+
+/// The start sequence up to showing the main window: one instance, defaults, directories, configuration, language,
+/// conversion of older files. `claimInstance` false leaves the first step out.
+StartResult Programm_Start(Programm& programm, bool claimInstance);
+
+/// Shut-down: configuration saved, port closed, request-to-send off. False when the configuration was not saved.
+bool Programm_Ende(Programm& programm);
+
+} // namespace qvm

@@ -1,0 +1,101 @@
+#include "Kanal.h"
+#include "Laufschritte.h"
+
+#include <algorithm>
+#include <array>
+
+namespace qvm {
+namespace {
+
+constexpr int SearchSteps = 12;
+
+/// Beyond the last channel of a search.
+void Suche_Gescheitert(Programmierlauf& run) {
+    run.link.Lauf.KanalSuche = 0;
+    const std::string text = run.kern.Zeile(66);
+    if (Zeile_Fehlgeschlagen(run, text)) {
+        return;
+    }
+    if (run.Ansicht.Wartebox_Text) {
+        run.Ansicht.Wartebox_Text(82);
+    }
+    Kanal_Offen(run.kern, run.LockNumber);
+    Rufen(run.Ansicht.Wartebox_Schliessen);
+    Lauf_Beenden(run, RunOutcome::NotReached, run.kern.Zeile(67));
+    run.kern.Meldung(run.kern.Zeile(67));
+    Rufen(run.Ansicht.Zum_Schlossgitter);
+}
+
+} // namespace
+
+int Anmeldung_Zeile(std::uint8_t status) {
+    constexpr std::array<int, 4> lines{0, 70, 71, 111};
+    return status < lines.size() ? lines[status] : 0;
+}
+
+void Schritt_Anmeldung_Abgelehnt(Programmierlauf& run) {
+    const Kern& kern = run.kern;
+    const int line = Anmeldung_Zeile(run.link.Device.Status);
+    const std::string failed = kern.Zeile(66);
+    Timer_Anhalten(run);
+    Rufen(run.Ansicht.Wartebox_Schliessen);
+    if (Zeile_Fehlgeschlagen(run, (line != 0 ? kern.Zeile(line) + "  /  " : std::string()) + failed)) {
+        return;
+    }
+    Rufen(run.Ansicht.Schlossgitter_Freigeben);
+    Lauf_Beenden(run, RunOutcome::Refused, line != 0 ? kern.Zeile(line) : failed);
+    std::fill_n(run.link.Rx.RxBuffer.begin(), 66, std::uint8_t{0});
+    if (line != 0) {
+        kern.Meldung(kern.Zeile(line));
+    }
+    kern.Meldung(failed);
+    if (run.Ansicht.Fertig) {
+        run.Ansicht.Fertig(78);
+    }
+    Port_Neu(run.link);
+}
+
+void Schritt_Unit_Abgelehnt(Programmierlauf& run) {
+    // The unit's box stays unticked; the units behind it are tried.
+    run.UnitGood = false;
+    const int line = Anmeldung_Zeile(run.link.RxByte(14));
+    const int index = run.link.Lauf.UnitIndex;
+    if (index >= 0 && index < static_cast<int>(run.Bericht.Units.size())) {
+        UnitReport& unit = run.Bericht.Units[static_cast<std::size_t>(index)];
+        unit.End = UnitReport::State::Failed;
+        unit.Note = run.kern.Zeile(line != 0 ? line : 66);
+    }
+    run.Timer9.Start(600);
+    if (line != 0 && run.link.Lauf.RunRows == 0) {
+        run.kern.Meldung(run.kern.Zeile(line));
+    }
+}
+
+void Schritt_Kanal_Weiter(Programmierlauf& run) {
+    RunState& lauf = run.link.Lauf;
+    if (lauf.KanalIndex >= SearchSteps) {
+        Suche_Gescheitert(run);
+        return;
+    }
+    run.link.TargetChannel = static_cast<std::uint8_t>(lauf.KanalIndex + 1);
+    ++lauf.KanalIndex;
+    if (run.Ansicht.Wartebox_Balken) {
+        run.Ansicht.Wartebox_Balken(100 + 6 * lauf.KanalIndex);
+    }
+    TelVerbinden_Senden(run.link);
+}
+
+void Schritt_Kanal_Gesetzt(Programmierlauf& run) {
+    Kanal_Ausgefuehrt(run.kern, run.LockNumber);
+    Rufen(run.Ansicht.Wartebox_Schliessen);
+    Rufen(run.Ansicht.F9_Zeigen);
+}
+
+void Schritt_Zweiter_Durchgang(Programmierlauf& run) {
+    RunState& lauf = run.link.Lauf;
+    run.Timer6.Stop();
+    lauf.HistoryOnly = lauf.ReadHistoryFirst = lauf.TwoPassFlag = 0;
+    TelVerbinden_Senden(run.link);
+}
+
+} // namespace qvm

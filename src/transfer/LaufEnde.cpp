@@ -1,0 +1,184 @@
+#include "Kanal.h"
+#include "Laufschritte.h"
+
+namespace qvm {
+namespace {
+
+constexpr int NoUnitLeft = 4;
+
+/// Title of the code change's messages.
+constexpr std::string_view CodeTitle = "QVM 5508 Businnes";
+
+/// Direct end with a message: the progress window closes and the lock grid comes back.
+void Mit_Meldung_Enden(Programmierlauf& run, RunOutcome outcome, int line) {
+    const std::string text = run.kern.Zeile(line);
+    Rufen(run.Ansicht.Wartebox_Schliessen);
+    Lauf_Beenden(run, outcome, text);
+    run.kern.Meldung(text);
+    Rufen(run.Ansicht.Zum_Schlossgitter);
+}
+
+} // namespace
+
+void Lauf_Beenden(Programmierlauf& run, RunOutcome outcome, std::string_view text) {
+    if (!run.Gesamtende) {
+        run.Gesamtende = true;
+        run.Bericht.End = outcome;
+        run.Bericht.Text = text;
+    }
+}
+
+void Timer_Anhalten(Programmierlauf& run) {
+    run.Timer6.Stop();
+    run.Timer7.Stop();
+    run.Timer8.Stop();
+    run.Timer9.Stop();
+    run.Timer11.Stop();
+}
+
+void Zum_Schloss_Zurueck(Programmierlauf& run) {
+    run.link.TargetAddress = run.link.Lauf.LockAddress;
+    run.link.AddressMode = 0;
+    run.link.DeviceClassByte = 0x11;
+    run.link.Lauf.LaufZiel.clear();
+    run.link.Lauf.UnitTry = 0;
+}
+
+bool Zeile_Fehlgeschlagen(Programmierlauf& run, std::string_view text) {
+    if (run.link.Lauf.RunRows == 0) {
+        return false;
+    }
+    Lauf_Beenden(run, RunOutcome::Refused, text);
+    if (run.Liste.Zeile_Markieren) {
+        run.Liste.Zeile_Markieren("#", std::string(text));
+    }
+    Rufen(run.Liste.Naechste_Zeile);
+    return true;
+}
+
+void Schloss_Fertig(Programmierlauf& run) {
+    RunState& lauf = run.link.Lauf;
+    Zum_Schloss_Zurueck(run);
+    lauf.UnitModus = 0;
+    Lauf_Beenden(run, run.Cancelled ? RunOutcome::Cancelled : RunOutcome::Done,
+                 run.kern.Zeile(run.Cancelled ? 82 : 110));
+    if (lauf.RunRows != 0) {
+        const std::string note = Unit_Notiz(run);
+        const bool history = lauf.HistoryOnly != 0;
+        if (run.Liste.Zeile_Markieren) {
+            run.Liste.Zeile_Markieren(history ? "<<" : ">>",
+                                      run.kern.Zeile(history ? 263 : 266) + (note.empty() ? "" : " - " + note));
+        }
+        Rufen(run.Liste.Naechste_Zeile);
+        return;
+    }
+    if (run.Ansicht.Fertig) {
+        run.Ansicht.Fertig(110);
+    }
+    if (lauf.HistoryOnly != 0 && lauf.HistoryFileOpen != 0 && run.Ansicht.Historie_Oeffnen) {
+        run.Ansicht.Historie_Oeffnen(lauf.HistoryFileName);
+    }
+}
+
+void Schritt_Schloss_Ende(Programmierlauf& run) {
+    if (run.link.Lauf.HistoryOnly == 0 && !run.Cancelled && Units_Uebrig(run)) {
+        if (run.Ansicht.Kaestchen) {
+            run.Ansicht.Kaestchen(1);
+        }
+        run.Timer9.Start(1200);
+        return;
+    }
+    Schloss_Fertig(run);
+}
+
+void Schritt_Historie_Fertig(Programmierlauf& run) {
+    if (run.link.Lauf.RunRows == 0 && run.Ansicht.Fertig) {
+        run.Ansicht.Fertig(110);
+    }
+}
+
+void Schritt_Abbruch(Programmierlauf& run) {
+    RunState& lauf = run.link.Lauf;
+    Timer_Anhalten(run);
+    run.Cancelled = true;
+    lauf.TwoPassFlag = lauf.KanalSuche = lauf.ReadHistoryFirst = 0;
+    lauf.CodeChangePending = 0;
+    lauf.LaufZiel.clear();
+    lauf.UnitIndex = NoUnitLeft;
+    lauf.UnitTry = 0;
+    lauf.IdMarke.clear();
+    lauf.IdSecondPart = false;
+    run.link.DeviceClassByte = 0x11;
+    if (lauf.UnitModus == 0xFA) {
+        // The unit was not open yet; what is open is the lock. A block transfer stays, so that its end closes the unit.
+        lauf.UnitModus = 0;
+        Zum_Schloss_Zurueck(run);
+    }
+    if (lauf.RunRows != 0) {
+        Rufen(run.Liste.Stoppen);
+        lauf.RunRow = lauf.RunRows = 0;
+    }
+}
+
+void Schritt_Kein_Kontakt(Programmierlauf& run) {
+    Timer_Anhalten(run);
+    RunState& lauf = run.link.Lauf;
+    if (lauf.CodeChangePending != 0) {
+        lauf.CodeChangePending = 0;
+        lauf.CodeChangeRefused = 1;
+    }
+    if (Zeile_Fehlgeschlagen(run, run.kern.Zeile(66))) {
+        return;
+    }
+    Kanal_Offen(run.kern, run.LockNumber);
+    Mit_Meldung_Enden(run, RunOutcome::NotReached, 67);
+}
+
+void Schritt_Abgelehnt(Programmierlauf& run) {
+    Timer_Anhalten(run);
+    if (!Zeile_Fehlgeschlagen(run, run.kern.Zeile(68))) {
+        Mit_Meldung_Enden(run, RunOutcome::Refused, 68);
+    }
+}
+
+void Schritt_Key_Abgelehnt(Programmierlauf& run) {
+    constexpr int lines[] = {69, 145, 144};
+    const auto mode = run.link.Lauf.KeyMode;
+    const int line = lines[mode < 3 ? mode : 0];
+    if (run.link.Lauf.RunRows == 0) {
+        run.kern.Meldung(run.kern.Zeile(line), Buttons::Ok, Icon::Information);
+        Rufen(run.Ansicht.Hauptfenster_Freigeben);
+    }
+}
+
+void Schritt_Trennen_Aufgegeben(Programmierlauf& run) {
+    Timer_Anhalten(run);
+    if (Zeile_Fehlgeschlagen(run, run.kern.Zeile(66))) {
+        return;
+    }
+    Zum_Schloss_Zurueck(run);
+    run.link.Lauf.UnitModus = 0;
+    Lauf_Beenden(run, run.Cancelled ? RunOutcome::Cancelled : RunOutcome::GivenUp, run.kern.Zeile(110));
+    if (run.Ansicht.Fertig) {
+        run.Ansicht.Fertig(110);
+    }
+}
+
+void Schritt_Code_Ergebnis(Programmierlauf& run) {
+    const Kern& kern = run.kern;
+    const std::uint8_t status = run.link.RxByte(14);
+    if (status == 4) {
+        kern.Meldung(kern.Zeile(204), Buttons::Ok, Icon::Information, CodeTitle);
+        return;
+    }
+    const int line = Anmeldung_Zeile(status);
+    std::string text = kern.Zeile(line != 0 ? line : 70);
+    if (line != 0) {
+        text += "  -  Codechange_Error_0x0" + std::to_string(status);
+    }
+    Rufen(run.Ansicht.Wartebox_Schliessen);
+    Rufen(run.Ansicht.Schlossgitter_Freigeben);
+    kern.Meldung(text, Buttons::Ok, Icon::Exclamation, CodeTitle);
+}
+
+} // namespace qvm

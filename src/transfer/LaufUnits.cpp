@@ -1,0 +1,295 @@
+#include "Laufschritte.h"
+
+#include <algorithm>
+
+namespace qvm {
+namespace {
+
+constexpr int Units = 5;
+constexpr int NotBegun = 0xFF;
+constexpr int OpeningMark = 0x38;
+constexpr std::size_t PieceLength = 32;
+constexpr int DatenstartRepeats = 20;
+constexpr int UnitChannels = 12;
+
+int Naechste_Unit(const Programmierlauf& run) {
+    const int present = run.link.Lauf.UnitIndex;
+    for (int u = present == NotBegun ? 0 : present + 1; u < Units; ++u) {
+        if (run.Daten.Units[static_cast<std::size_t>(u)].Present) {
+            return u;
+        }
+    }
+    return Units;
+}
+
+UnitReport* Aktuelle(Programmierlauf& run) {
+    const int u = run.link.Lauf.UnitIndex;
+    return u >= 0 && u < Units ? &run.Bericht.Units[static_cast<std::size_t>(u)] : nullptr;
+}
+
+/// An ordered wait inside a step. The lock's silence is not counted meanwhile.
+void Warten(Programmierlauf& run, int interval, int limit) {
+    run.Waiting = true;
+    Warte_Ticks(run.link, interval, limit);
+    run.Waiting = false;
+    run.link.Lauf.LastAnswer = run.kern.Welt.Milliseconds();
+}
+
+/// What the unit sessions send: every slot that holds a template is a row.
+std::vector<const ProgSlot*> Zeilen(const Programmierlauf& run) {
+    std::vector<const ProgSlot*> rows;
+    for (const ProgSlot& slot : run.Daten.Slots) {
+        if (!slot.Template.empty()) {
+            rows.push_back(&slot);
+        }
+    }
+    return rows;
+}
+
+void Stueck_Senden(Programmierlauf& run, const std::vector<const ProgSlot*>& rows) {
+    const RunState& lauf = run.link.Lauf;
+    const ProgSlot& row = *rows[static_cast<std::size_t>(lauf.UnitRow)];
+    UnitBlock block;
+    block.Rows = static_cast<std::uint16_t>(rows.size());
+    block.Row = static_cast<std::uint16_t>(lauf.UnitRow + 1);
+    block.Piece = static_cast<std::uint8_t>(lauf.UnitPiece);
+    block.Type = row.PrFlag;
+    block.RowAddress = row.FingerNumber;
+    const std::size_t start = static_cast<std::size_t>(lauf.UnitPiece) * PieceLength;
+    for (std::size_t n = 0; n < PieceLength && start + n < row.Template.size(); ++n) {
+        block.Data[n] = row.Template[start + n];
+    }
+    TelUnitBlock_Senden(run.link, block);
+}
+
+/// Raw telegram that turns the adapter to the unit, then the opening.
+void Unit_Ansprechen(Programmierlauf& run) {
+    TelAdapterZiel_Senden(run.link, run.link.AddressMode);
+    Warten(run, 100, 80);
+    if (run.link.Lauf.UnitModus == 0xFA) {
+        TelKanalLesen_Senden(run.link, run.kern.Config.Funkkanal());
+    }
+}
+
+void Typ1_Beginnen(Programmierlauf& run) {
+    RunState& lauf = run.link.Lauf;
+    run.link.AddressMode = 0;
+    lauf.UnitModus = 0;
+    lauf.LaufZiel = "UNIT";
+    TelVerbindenKurz_Senden(run.link);
+}
+
+void Typ2_Beginnen(Programmierlauf& run) {
+    RunState& lauf = run.link.Lauf;
+    run.Daten.UnitCount = std::max(0, run.Daten.UnitCount - 1);
+    run.link.AddressMode = 1;
+    lauf.LaufZiel.clear();
+    lauf.UnitModus = 0xFA;
+    lauf.UnitTry = OpeningMark;
+    lauf.EintragFertig = 0;
+    Unit_Ansprechen(run);
+}
+
+/// A unit's session has ended badly and takes the units behind it along.
+void Units_Abbrechen(Programmierlauf& run, RunOutcome outcome, int messageLine) {
+    Timer_Anhalten(run);
+    run.link.Lauf.UnitModus = 0;
+    Zum_Schloss_Zurueck(run);
+    if (UnitReport* unit = Aktuelle(run)) {
+        unit->End = UnitReport::State::Failed;
+        unit->Note = run.kern.Zeile(66);
+    }
+    if (Zeile_Fehlgeschlagen(run, run.kern.Zeile(66))) {
+        return;
+    }
+    Lauf_Beenden(run, outcome, run.kern.Zeile(messageLine));
+}
+
+std::string Block_Notiz(std::uint8_t status) {
+    switch (status) {
+    case 0:
+        return {};
+    case 2:
+        return "FS-Memory Full";
+    case 10:
+    case 11:
+        return "FS-Prem. Error";
+    default:
+        return "FS-ERROR";
+    }
+}
+
+} // namespace
+
+bool Units_Uebrig(const Programmierlauf& run) {
+    return Naechste_Unit(run) < Units;
+}
+
+std::string Unit_Notiz(const Programmierlauf& run) {
+    for (auto unit = run.Bericht.Units.rbegin(); unit != run.Bericht.Units.rend(); ++unit) {
+        if (!unit->Note.empty()) {
+            return unit->Note;
+        }
+    }
+    return {};
+}
+
+void Tick_Timer9(Programmierlauf& run) {
+    RunState& lauf = run.link.Lauf;
+    run.Timer9.Stop();
+    lauf.LastAnswer = run.kern.Welt.Milliseconds();
+    if (UnitReport* last = Aktuelle(run); last != nullptr && run.UnitGood) {
+        last->End = UnitReport::State::Done;
+        if (run.Ansicht.Kaestchen) {
+            run.Ansicht.Kaestchen(lauf.UnitIndex + 2);
+        }
+    }
+    run.UnitGood = run.UnitRepeated = false;
+    const int next = Naechste_Unit(run);
+    if (next >= Units) {
+        Schloss_Fertig(run);
+        return;
+    }
+    lauf.UnitIndex = next;
+    const ProgUnit& unit = run.Daten.Units[static_cast<std::size_t>(next)];
+    run.link.TargetAddress = unit.Serial;
+    run.link.TargetChannel = static_cast<std::uint8_t>(run.kern.Config.Funkkanal());
+    if (unit.Type == '1') {
+        Typ1_Beginnen(run);
+    } else if (unit.Type == '2') {
+        Typ2_Beginnen(run);
+    } else {
+        Aktuelle(run)->End = UnitReport::State::Failed;
+        run.Timer9.Start(600);
+    }
+}
+
+void Schritt_Unit_Fertig(Programmierlauf& run) {
+    run.UnitGood = true;
+    run.Timer9.Start(600);
+}
+
+void Schritt_Unit_Kein_Kontakt(Programmierlauf& run) {
+    if (!run.UnitRepeated) {
+        run.UnitRepeated = true;
+        TelVerbindenKurz_Senden(run.link);
+        return;
+    }
+    const bool list = run.link.Lauf.RunRows != 0;
+    Units_Abbrechen(run, RunOutcome::NotReached, 67);
+    if (!list) {
+        run.kern.Meldung(run.kern.Zeile(67));
+        Rufen(run.Ansicht.Zum_Schlossgitter);
+    }
+}
+
+void Schritt_Unit_Naechster_Kanal(Programmierlauf& run) {
+    run.Timer11.Start(500);
+}
+
+void Tick_Timer11(Programmierlauf& run) {
+    RunState& lauf = run.link.Lauf;
+    run.Timer11.Stop();
+    lauf.LastAnswer = run.kern.Welt.Milliseconds();
+    if (lauf.UnitModus != 0xFA || lauf.EintragFertig >= UnitChannels) {
+        return;
+    }
+    ++lauf.EintragFertig;
+    run.link.TargetChannel = static_cast<std::uint8_t>(lauf.EintragFertig);
+    Unit_Ansprechen(run);
+}
+
+void Schritt_Unit_Fehlgeschlagen(Programmierlauf& run) {
+    const bool list = run.link.Lauf.RunRows != 0;
+    Units_Abbrechen(run, RunOutcome::NotReached, 66);
+    if (!list && run.Ansicht.Fertig) {
+        run.Ansicht.Fertig(110);
+    }
+}
+
+void Schritt_Unit_Datenstart_Wiederholen(Programmierlauf& run) {
+    if (run.Waiting) {
+        return;
+    }
+    if (++run.link.Lauf.UnitVersuche > DatenstartRepeats) {
+        if (UnitReport* unit = Aktuelle(run)) {
+            unit->End = UnitReport::State::Failed;
+            unit->Note = run.kern.Zeile(66);
+        }
+        TelTrennen_Senden(run.link);
+        return;
+    }
+    Warten(run, 100, 80);
+    if (run.link.Lauf.UnitModus == 0xFD) {
+        TelDatenStart_Senden(run.link, 0);
+    }
+}
+
+void Schritt_Unit_Bloecke_Start(Programmierlauf& run) {
+    if (run.Waiting) {
+        return;
+    }
+    // The unit erases its memory after the acknowledge and hears nothing meanwhile.
+    Warten(run, 1000, 5000);
+    if (run.link.Lauf.UnitModus != 0xFD) {
+        return;
+    }
+    const auto rows = Zeilen(run);
+    if (rows.empty()) {
+        TelTrennen_Senden(run.link);
+        return;
+    }
+    run.link.Lauf.UnitRow = 0;
+    run.link.Lauf.UnitPiece = 0;
+    Stueck_Senden(run, rows);
+}
+
+void Schritt_Unit_Block_Quittung(Programmierlauf& run) {
+    RunState& lauf = run.link.Lauf;
+    const auto rows = Zeilen(run);
+    if (run.Waiting || lauf.UnitRow < 0 || lauf.UnitRow >= static_cast<int>(rows.size())) {
+        return;
+    }
+    if (std::string note = Block_Notiz(run.link.RxByte(14)); !note.empty()) {
+        if (UnitReport* unit = Aktuelle(run)) {
+            unit->Note = std::move(note);
+        }
+    }
+    const ProgSlot& row = *rows[static_cast<std::size_t>(lauf.UnitRow)];
+    ++lauf.UnitPiece;
+    if (static_cast<std::size_t>(lauf.UnitPiece) * PieceLength < row.Template.size()) {
+        Stueck_Senden(run, rows);
+        return;
+    }
+    lauf.UnitPiece = 0;
+    ++lauf.UnitRow;
+    if (lauf.UnitRow >= static_cast<int>(rows.size())) {
+        TelTrennen_Senden(run.link);
+        return;
+    }
+    Warten(run, 100, row.PrFlag == 1 ? 1800 : 400);
+    if (lauf.UnitModus == 0xFD) {
+        Stueck_Senden(run, rows);
+    }
+}
+
+void Schritt_Unit_Getrennt(Programmierlauf& run) {
+    RunState& lauf = run.link.Lauf;
+    lauf.UnitModus = 0;
+    Zum_Schloss_Zurueck(run);
+    UnitReport* unit = Aktuelle(run);
+    run.UnitGood = unit != nullptr && unit->End != UnitReport::State::Failed && !run.Cancelled;
+    if (!run.Cancelled && Units_Uebrig(run)) {
+        run.Timer9.Start(1200);
+        return;
+    }
+    if (unit != nullptr && run.UnitGood) {
+        unit->End = UnitReport::State::Done;
+        if (run.Ansicht.Kaestchen) {
+            run.Ansicht.Kaestchen(lauf.UnitIndex + 2);
+        }
+    }
+    Schloss_Fertig(run);
+}
+
+} // namespace qvm

@@ -1,0 +1,151 @@
+#include "Programmierlauf.h"
+
+#include "Laufschritte.h"
+
+namespace qvm {
+
+Programmierlauf::Programmierlauf(Link& serialLink)
+    : link(serialLink), kern(serialLink.kern), Timer6(kern.Welt, 500), Timer7(kern.Welt, 1000), Timer8(kern.Welt, 20),
+      Timer9(kern.Welt, 900), Timer11(kern.Welt, 500) {
+    Timer6.Ticked = [this] {
+        int& second = link.Lauf.SecondProgress;
+        second = second + 4 > 27 ? 0 : second + 4;
+        Rufen(Ansicht.Fortschritt);
+    };
+    Timer7.Ticked = [this] { Tick_Timer7(*this); };
+    Timer8.Ticked = [this] {
+        Timer8.Stop();
+        TelKanalSetzen_Senden(link, kern.Config.Funkkanal());
+    };
+    Timer9.Ticked = [this] { Tick_Timer9(*this); };
+    Timer11.Ticked = [this] { Tick_Timer11(*this); };
+}
+
+void Lauf_Ruecksetzen(Programmierlauf& run) {
+    RunState& lauf = run.link.Lauf;
+    lauf.HistoryOnly = lauf.ReadHistoryFirst = lauf.NetMode = 0;
+    lauf.KanalSuche = lauf.KanalIndex = 0;
+    lauf.LaufZiel.clear();
+    lauf.UnitModus = 0;
+    lauf.AbbruchWunsch = 0;
+    lauf.TwoPassFlag = 0;
+    lauf.SuchLauf = lauf.SuchMarke = 0;
+    lauf.CodeChangePending = lauf.CodeChangeRefused = 0;
+    lauf.WiederholZaehler = 0;
+    lauf.HistoryFileOpen = lauf.HistoryStop = 0;
+    lauf.HistoryFileName.clear();
+    lauf.IdMarke.clear();
+    lauf.IdSecondPart = false;
+    lauf.UnitIndex = 0xFF;
+    lauf.UnitTry = lauf.EintragFertig = lauf.UnitVersuche = 0;
+    lauf.RunRow = lauf.RunRows = 0;
+    lauf.SlotCursor = 0;
+    lauf.TimerPart = lauf.HolidayPart = 0;
+    run.link.DeviceClassByte = 0x11;
+    run.link.AddressMode = 0;
+    run.Bericht = {};
+    run.Cancelled = false;
+    run.Gesamtende = true;
+}
+
+void Lauf_Werte_Uebernehmen(Programmierlauf& run) { run.link.Lauf.ListenWindow = run.Daten.UnitMode == "3"; }
+
+void Lauf_Beginnen(Programmierlauf& run) {
+    run.Bericht = {};
+    run.Cancelled = false;
+    run.Gesamtende = false;
+    run.UnitGood = run.UnitRepeated = run.Waiting = false;
+    RunState& lauf = run.link.Lauf;
+    lauf.AbbruchWunsch = 0;
+    lauf.UnitIndex = 0xFF;
+    lauf.LastAnswer = run.kern.Welt.Milliseconds();
+    run.link.TargetAddress = lauf.LockAddress;
+    run.link.AddressMode = 0;
+    run.link.Rx.Ruecksetzen();
+    if (!TelVerbinden_Senden(run.link)) {
+        Lauf_Beenden(run, RunOutcome::NoPort, run.kern.Welt.Port.LastError());
+        Rufen(run.Ansicht.Wartebox_Schliessen);
+        if (run.Ansicht.Fertig) {
+            run.Ansicht.Fertig(110);
+        }
+    }
+}
+
+void Lauf_Abbrechen(Programmierlauf& run) { run.link.Lauf.AbbruchWunsch = 1; }
+
+void Lauf_Aufgeben(Programmierlauf& run, RunOutcome outcome) {
+    Schritt_Abbruch(run);
+    run.link.Lauf.AbbruchWunsch = 0;
+    run.kern.Welt.Port.Close();
+    Zum_Schloss_Zurueck(run);
+    run.link.Lauf.UnitModus = 0;
+    Lauf_Beenden(run, outcome, run.kern.Zeile(82));
+}
+
+std::int64_t Lauf_Stille(const Programmierlauf& run) {
+    const bool own = run.Waiting || run.Timer9.Running() || run.Timer11.Running() || run.Timer8.Running();
+    return run.Gesamtende || own ? 0 : run.kern.Welt.Milliseconds() - run.link.Lauf.LastAnswer;
+}
+
+void Lauf_Haken_Setzen(Programmierlauf& run, LinkHooks& hooks) {
+    const auto schritt = [&run](void (*step)(Programmierlauf&)) { return [&run, step] { step(run); }; };
+
+    hooks.Anmeldung_Abgelehnt = schritt(Schritt_Anmeldung_Abgelehnt);
+    hooks.Suche_Abgelehnt = schritt(Schritt_Anmeldung_Abgelehnt);
+    hooks.Unit_Abgelehnt = schritt(Schritt_Unit_Abgelehnt);
+    hooks.Kanal_Setzen_Planen = [&run] { run.Timer8.Start(10); };
+    hooks.Kanal_Gesetzt = schritt(Schritt_Kanal_Gesetzt);
+
+    hooks.Historie_Anzeigen = [&run] { Rufen(run.Ansicht.Historie_Beschriften); };
+    hooks.Historie_Eintrag = [&run] { Historie_Eintrag(run.link, run.LockName, run.Ansicht.Zustand); };
+    hooks.Historie_Fertig = schritt(Schritt_Historie_Fertig);
+    hooks.Abfrage_Starten = [&run] { run.Timer7.Start(2000); };
+    hooks.Abfrage_Stoppen = [&run] { run.Timer7.Stop(); };
+
+    hooks.Zeitfenster = schritt(Schritt_Zeitfenster);
+    hooks.ReaderEinstellung = schritt(Schritt_ReaderEinstellung);
+    hooks.Schaltuhr_A = schritt(Schritt_Schaltuhr_A);
+    hooks.Schaltuhr_A_Kurz = [&run] { TelSchaltuhrAKurz_Senden(run.link, run.Daten.TimerTableA); };
+    hooks.Schaltuhr_B = schritt(Schritt_Schaltuhr_B);
+    hooks.Schaltuhr_B_Kurz = [&run] { TelSchaltuhrBKurz_Senden(run.link, run.Daten.TimerTableB); };
+    hooks.EinzelFeiertage = schritt(Schritt_EinzelFeiertage);
+    hooks.PermFeiertage = schritt(Schritt_PermFeiertage);
+
+    hooks.Benutzer_Beginnen = schritt(Schritt_Benutzer_Beginnen);
+    hooks.Benutzer_Slot = schritt(Schritt_Benutzer_Slot);
+    hooks.Benutzer_Name2 = schritt(Schritt_Benutzer_Name2);
+    hooks.Benutzer_Daten = schritt(Schritt_Benutzer_Daten);
+    hooks.Id_Daten1 = schritt(Schritt_Id_Daten1);
+    hooks.Id_Daten2 = schritt(Schritt_Id_Daten2);
+    hooks.Benutzer_Zeitgruppen = schritt(Schritt_Benutzer_Zeitgruppen);
+
+    hooks.Daten_Schluss = schritt(Schritt_Daten_Schluss);
+    hooks.Zweiter_Durchgang = schritt(Schritt_Zweiter_Durchgang);
+    hooks.Schloss_Ende = schritt(Schritt_Schloss_Ende);
+    hooks.Kanalwechsel_Ende = [&run] { run.kern.Meldung(run.kern.Zeile(204)); };
+    hooks.Abbruch = schritt(Schritt_Abbruch);
+
+    hooks.Unit_Fertig = schritt(Schritt_Unit_Fertig);
+    hooks.Unit_Getrennt = schritt(Schritt_Unit_Getrennt);
+    hooks.Unit_Bloecke_Start = schritt(Schritt_Unit_Bloecke_Start);
+    hooks.Unit_Block_Quittung = schritt(Schritt_Unit_Block_Quittung);
+
+    hooks.Code_Ergebnis = schritt(Schritt_Code_Ergebnis);
+
+    hooks.Unit_Datenstart_Wiederholen = schritt(Schritt_Unit_Datenstart_Wiederholen);
+    hooks.Unit_Naechster_Kanal = schritt(Schritt_Unit_Naechster_Kanal);
+    hooks.Unit_Fehlgeschlagen = schritt(Schritt_Unit_Fehlgeschlagen);
+    hooks.Unit_Kein_Kontakt = schritt(Schritt_Unit_Kein_Kontakt);
+    hooks.Kanal_Weiter = schritt(Schritt_Kanal_Weiter);
+    hooks.Kein_Kontakt = schritt(Schritt_Kein_Kontakt);
+    hooks.Abgelehnt = schritt(Schritt_Abgelehnt);
+    hooks.Key_Abgelehnt = schritt(Schritt_Key_Abgelehnt);
+    hooks.Trennen_Aufgegeben = schritt(Schritt_Trennen_Aufgegeben);
+    hooks.Karte_Abgelehnt = [&run] {
+        run.kern.Meldung("Karte nicht erkannt!", Buttons::Ok, Icon::None, "");
+        Rufen(run.Ansicht.Hauptfenster_Freigeben);
+    };
+    hooks.Fortschritt = [&run] { Rufen(run.Ansicht.Fortschritt); };
+}
+
+} // namespace qvm

@@ -1,0 +1,109 @@
+#pragma once
+
+#include "Dataset.h"
+#include "Historie.h"
+#include "Link.h"
+#include "Timer.h"
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace qvm {
+
+/// What became of a lock's run.
+enum class RunOutcome {
+    Open,       ///< still running, or never begun
+    Done,       ///< went through to its end
+    Refused,    ///< the lock refused: wrong code, no free slot, a refusal reason
+    NotReached, ///< no contact
+    Cancelled,  ///< by the operator
+    GivenUp,    ///< the lock stayed busy
+    NoPort,     ///< the port could not be opened; nothing was sent
+};
+
+struct UnitReport {
+    enum class State { Untried, Done, Failed } End = State::Untried;
+    std::string Note; ///< last text that the unit's blocks gave
+};
+
+struct RunReport {
+    RunOutcome End = RunOutcome::Open;
+    std::string Text; ///< the message or status text of the end
+    std::array<UnitReport, 5> Units;
+};
+
+/// Where a run shows itself. Filled once, with designated initialisers; the windows stand behind it.
+struct RunView {
+    std::function<void()> Fortschritt;                          ///< the two bars; values stand in RunState
+    std::function<void()> F9_Zeigen;                            ///< progress window, for the present lock
+    std::function<void(int line)> Status;                       ///< status label of the progress window, catalogue line
+    std::function<void(int line)> Fertig;                       ///< finished state with that status line
+    std::function<void()> F9_Schliessen_Freigeben;              ///< only the close button becomes live
+    std::function<void()> Historie_Beschriften;                 ///< the reading of events begins
+    std::function<void(std::uint8_t highNibble, const std::string& text)> Zustand; ///< first state report of a run
+    std::function<void(int box)> Kaestchen;                     ///< ticks check box 1 (lock) or unit + 2
+    std::function<void()> Wartebox_Zeigen;                      ///< F18
+    std::function<void()> Wartebox_Schliessen;
+    std::function<void(int value)> Wartebox_Balken;             ///< 100 to 200
+    std::function<void(int line)> Wartebox_Text;
+    std::function<void()> Zum_Schlossgitter;                    ///< F9 closes, F13 comes back
+    std::function<void()> Schlossgitter_Freigeben;              ///< F13 is enabled
+    std::function<void(const std::string& path)> Historie_Oeffnen; ///< a history run made this file
+    std::function<void()> Hauptfenster_Freigeben;
+};
+
+/// The list run's part at the end of a lock. Used only while RunState::RunRows is not 0.
+struct ListView {
+    std::function<void(const std::string& mark, const std::string& text)> Zeile_Markieren; ///< the present row
+    std::function<void()> Naechste_Zeile; ///< the row is done: raises RunRow and plans the next one
+    std::function<void()> Stoppen;
+};
+
+/// A direct run of one lock: the reply chain's steps, its timers, and what became of it. The dispatcher drives it
+/// through the link's hooks; nothing in here waits for a reply.
+struct Programmierlauf {
+    explicit Programmierlauf(Link& serialLink);
+
+    Link& link;
+    Kern& kern;
+    Dataset Daten;
+    RunView Ansicht;
+    ListView Liste;
+    RunReport Bericht;
+
+    int LockNumber = 0;   ///< lock number of the run, 1 to 200
+    std::string LockName;
+    bool Cancelled = false;
+    bool UnitGood = false;     ///< the present unit's session went well
+    bool UnitRepeated = false; ///< its login was repeated once
+    bool Waiting = false;      ///< an ordered wait inside a reply step is on
+    bool Gesamtende = true;    ///< the run has ended, one way or the other
+
+    Timer Timer6;  ///< second bar during the end of a run
+    Timer Timer7;  ///< polling of a lock that is erasing
+    Timer Timer8;  ///< one shot: TelKanalSetzen
+    Timer Timer9;  ///< step to the next unit
+    Timer Timer11; ///< one shot: next radio channel of a unit's opening
+};
+
+/// All flags of a run back to their start, before a lock or a list is begun. Dataset and erase option stay.
+void Lauf_Ruecksetzen(Programmierlauf& run);
+/// Starts the chain with the login telegram; everything else stands in RunState. Clears the report. Without a port the
+/// run ends at once (NoPort) in the finished state.
+void Lauf_Beginnen(Programmierlauf& run);
+/// The operator's cancel: honoured at the next frame.
+void Lauf_Abbrechen(Programmierlauf& run);
+/// Gives up a run that nobody answers: stops the timers, closes the port and ends with `outcome`.
+void Lauf_Aufgeben(Programmierlauf& run, RunOutcome outcome);
+/// Milliseconds since the lock last answered; 0 while the run is in a wait of its own or has ended.
+std::int64_t Lauf_Stille(const Programmierlauf& run);
+/// The address, serial and reception values that the chain needs of a dataset.
+void Lauf_Werte_Uebernehmen(Programmierlauf& run);
+
+/// The run's half of the link's hooks. The rest (scan, cards, credentials) is the caller's.
+void Lauf_Haken_Setzen(Programmierlauf& run, LinkHooks& hooks);
+
+} // namespace qvm

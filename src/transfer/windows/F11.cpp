@@ -1,0 +1,207 @@
+#include "F11.h"
+
+#include "Filter.h"
+#include "Text.h"
+
+#include <algorithm>
+
+namespace qvm {
+namespace {
+
+constexpr int CutoffDays = 20;
+constexpr std::string_view NoCutoff = "-- -- . -- -- . -- --";
+constexpr std::string_view Enrollment = "ENROLLMENT1", ProgStation = "PROGSTATION";
+
+bool Beginnt(std::string_view text, std::string_view start) {
+    return text.substr(0, start.size()) == start;
+}
+
+} // namespace
+
+F11::F11(Programmierlauf& programmierlauf, F9& progress, F18& wait, const AdapterListe& adapters)
+    : run(programmierlauf), kern(programmierlauf.kern), f9(progress), f18(wait), Adapter(adapters),
+      Fokus(programmierlauf.kern.Welt, 500) {
+    Fokus.Ticked = [this] {
+        Fokus.Stop();
+        Rufen(Text1.SetFocus);
+    };
+}
+
+void F11::F11_Laden(F11Opener opener, const std::string& adapterName) {
+    RunState& lauf = run.link.Lauf;
+    Eingabe_Leeren();
+    Fenster.Title = kern.Zeile(88);
+    OK.Text = kern.Zeile(84);
+    Cancel.Text = kern.Zeile(83);
+    Prompt.Text = kern.Zeile(85);
+    CutoffText.Text = kern.Zeile(179);
+    Check1.Text = kern.Zeile(268);
+    Check1.Checked = true;
+
+    const bool history = lauf.HistoryOnly != 0 || lauf.ReadHistoryFirst != 0 || lauf.NetMode != 0;
+    lauf.HistoryCutoff = history ? Datum_Text(Datum_Plus(Heute(kern.Welt.Now()), -CutoffDays)) : std::string();
+    CutoffDate.Text = history ? lauf.HistoryCutoff : std::string(NoCutoff);
+
+    const bool fromGrid = opener == F11Opener::F13;
+    Check1.Enabled = fromGrid;
+    CutoffText.Enabled = fromGrid && history;
+    CutoffDate.Enabled = fromGrid && history;
+    Adapter_Fuellen(opener, adapterName);
+    Fenster.Visible = true;
+    Fokus.Start(500);
+}
+
+void F11::Adapter_Fuellen(F11Opener opener, const std::string& adapterName) {
+    Combo1.Visible = kern.Config.AdapterModus();
+    std::vector<std::string> entries;
+    int remembered = -1;
+    int station = -1;
+    for (const AdapterSatz& adapter : Adapter.Saetze) {
+        const bool wanted =
+            opener == F11Opener::F13 ? !Beginnt(adapter.Name, Enrollment) : Beginnt(adapter.Name, ProgStation);
+        if (!wanted) {
+            continue;
+        }
+        const int index = static_cast<int>(entries.size());
+        if (!adapterName.empty() && remembered < 0 && (adapter.Adresse == adapterName || adapter.Name == adapterName)) {
+            remembered = index;
+        }
+        if (Beginnt(adapter.Name, ProgStation)) {
+            station = index;
+        }
+        entries.push_back(adapter.Name + " [" + adapter.Adresse + "]");
+    }
+    Combo1.Entries = entries;
+    Combo1.Selected = remembered >= 0 ? remembered : station;
+}
+
+const AdapterSatz* F11::Gewaehlter_Adapter() const {
+    const int selected = Combo1.Selected;
+    const auto& entries = Combo1.Entries();
+    if (selected < 0 || selected >= static_cast<int>(entries.size())) {
+        return nullptr;
+    }
+    const std::string& entry = entries[static_cast<std::size_t>(selected)];
+    const auto open = entry.rfind('[');
+    const auto close = entry.rfind(']');
+    if (open == std::string::npos || close == std::string::npos || close < open) {
+        return nullptr;
+    }
+    return Adapter_Finden(Adapter, entry.substr(open + 1, close - open - 1));
+}
+
+void F11::Text1_KeyPress(int key) {
+    if (key == Key::Enter) {
+        if (count_ == CodeLength) {
+            OK_Click();
+        }
+        return;
+    }
+    if (key == Key::Backspace) {
+        count_ = std::max(0, count_ - 1);
+    } else if (key == Key::Escape || key == Key::Delete || key == Key::Tab || key < 0x20 || count_ >= CodeLength) {
+        return;
+    } else {
+        const char digit = F13_ASCII_FILTER(static_cast<char>(key));
+        codeDigits_[static_cast<std::size_t>(count_++)] = static_cast<std::uint8_t>(digit - '0');
+    }
+    Text1.Text = std::string(static_cast<std::size_t>(count_), '*');
+    Text1.Caret = count_;
+    Anzahl.Text = Ziffern(count_);
+}
+
+void F11::Eingabe_Leeren() {
+    codeDigits_.fill(0);
+    count_ = 0;
+    Text1.Text = std::string();
+    Text1.Caret = 0;
+    Anzahl.Text = std::string("0");
+}
+
+void F11::Datum_Waehlen(const Datum& date) {
+    if (CutoffDate.Enabled && Datum_Gueltig(date) && date <= Heute(kern.Welt.Now())) {
+        run.link.Lauf.HistoryCutoff = Datum_Text(date);
+        CutoffDate.Text = run.link.Lauf.HistoryCutoff;
+    }
+}
+
+void F11::Port_Bereitmachen(bool& network) {
+    Link& link = run.link;
+    network = false;
+    int number = link.PortNummer;
+    if (kern.Config.AdapterModus()) {
+        if (const AdapterSatz* adapter = Gewaehlter_Adapter()) {
+            number = static_cast<int>(Zahlwert(adapter->Port));
+            network = Adapter_Test && Adapter_Test(*adapter);
+        }
+    }
+    // A port that cannot be opened shows at the first telegram.
+    Port_Oeffnen(link, number);
+}
+
+void F11::OK_Click() {
+    RunState& lauf = run.link.Lauf;
+    lauf.EraseOption = Check1.Checked ? 0 : 1;
+    f9.StatusLabel.Text = std::string();
+    if (lauf.RunRows > 0) {
+        if (Code_Uebernehmen()) {
+            Fenster.Visible = false;
+            Rufen(F13_Verbergen);
+            Rufen(Liste_Starten);
+        }
+        return;
+    }
+    bool network = false;
+    Port_Bereitmachen(network);
+    if (!network) {
+        Direkt_Starten();
+    } else if (Code_Uebernehmen()) {
+        if (lauf.HistoryOnly != 0) {
+            lauf.NetMode = 0x80;
+        }
+        Fenster.Visible = false;
+        Rufen(Netzlauf_Starten);
+    }
+}
+
+bool F11::Code_Uebernehmen() {
+    const bool complete = count_ == CodeLength;
+    if (complete) {
+        std::array<std::uint8_t, CodeLength> digits{};
+        std::copy_n(codeDigits_.begin(), CodeLength, digits.begin());
+        run.link.Lauf.AdminCode = AdminCode_Packen(digits);
+    } else {
+        kern.Meldung(kern.Zeile(61));
+    }
+    Eingabe_Leeren();
+    return complete;
+}
+
+void F11::Direkt_Starten() {
+    const RunState& lauf = run.link.Lauf;
+    if (Marke_Loeschen) {
+        Marke_Loeschen(LockRowOfGrid);
+    }
+    Rufen(Antworttabelle_Leeren);
+    // Assembly resets its total to 4000 at its end; the dataset's own value was stored aside.
+    f9.F9_Vorbereiten(lauf.HistoryOnly != 0 ? run.Daten.ProgressTotal : run.Daten.ProgressStored);
+    if (!Code_Uebernehmen()) {
+        return;
+    }
+    Fenster.Visible = false;
+    if (lauf.KanalSuche != 0) {
+        f18.F18_Zeigen();
+    } else {
+        f9.F9_Zeigen();
+    }
+    Lauf_Beginnen(run);
+}
+
+void F11::Cancel_Click() {
+    Eingabe_Leeren();
+    Fokus.Stop();
+    Fenster.Visible = false;
+    Rufen(Zurueck);
+}
+
+} // namespace qvm

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "AdapterListe.h"
+#include "Controls.h"
+#include "F18.h"
+#include "F9.h"
+#include "Programmierlauf.h"
+#include "Timer.h"
+#include "Zeit.h"
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <string>
+
+namespace qvm {
+
+/// Which window opened the start dialog.
+enum class F11Opener { F13, F12, F20 };
+
+/// Window F11: administrator code, cut-off date, adapter; starts a run.
+struct F11 {
+    F11(Programmierlauf& programmierlauf, F9& progress, F18& wait, const AdapterListe& adapters);
+
+    static constexpr int CodeLength = 6;
+
+    Programmierlauf& run;
+    Kern& kern;
+    F9& f9;
+    F18& f18;
+    const AdapterListe& Adapter;
+
+    Window Fenster;
+    Label Prompt;
+    TextBox Text1;    ///< one "*" for each character typed
+    Label Anzahl;     ///< how many stand
+    Label CutoffText; ///< line 179
+    Label CutoffDate; ///< "dd.mm.yyyy", or dashes when no history is read
+    CheckBox Check1;  ///< checked: option 0 of the erase telegram
+    ListBox Combo1;   ///< adapters; hidden unless the adapter mode is on
+    Button OK, Cancel;
+    Timer Fokus; ///< gives the code box the focus, 500 ms after opening
+
+    int LockRowOfGrid = 0;         ///< row of F13 that the run belongs to
+    std::function<void()> Zurueck; ///< cancel: back to the window that opened the dialog
+    std::function<void()> F13_Verbergen;
+    std::function<void(int row)> Marke_Loeschen;          ///< clears the "X" of the lock's row
+    std::function<void()> Antworttabelle_Leeren;          ///< the unit answer table
+    std::function<void()> Liste_Starten;                  ///< the list run takes over
+    std::function<bool(const AdapterSatz&)> Adapter_Test; ///< true: a network adapter
+    std::function<void()> Netzlauf_Starten;               ///< the network route for one lock
+
+    /// `adapterName`: the adapter remembered for the lock, to be preselected.
+    void F11_Laden(F11Opener opener, const std::string& adapterName);
+    /// One key in the code box.
+    void Text1_KeyPress(int key);
+    void OK_Click();
+    void Cancel_Click();
+    /// A date picked in the month view; only up to today.
+    void Datum_Waehlen(const Datum& date);
+    int Stellen() const { return count_; }
+
+private:
+    void Eingabe_Leeren();
+    void Adapter_Fuellen(F11Opener opener, const std::string& adapterName);
+    const AdapterSatz* Gewaehlter_Adapter() const;
+    void Port_Bereitmachen(bool& network);
+    /// Packs the code and clears the entry. With fewer than six characters only a message is shown, and false.
+    bool Code_Uebernehmen();
+    void Direkt_Starten();
+
+    std::array<std::uint8_t, 8> codeDigits_{};
+    int count_ = 0;
+};
+
+} // namespace qvm

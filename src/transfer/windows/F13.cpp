@@ -1,0 +1,259 @@
+#include "F13.h"
+
+#include "Antwort_Verteilen.h"
+#include "Text.h"
+
+namespace qvm {
+namespace {
+
+namespace Col = F13Column;
+
+constexpr int HighestPort = 15;
+
+std::string_view Schalter(const std::string& cell) {
+    return Trim(cell);
+}
+
+} // namespace
+
+F13::F13(Programmierlauf& programmierlauf, F11& start, const AdapterListe& adapters)
+    : run(programmierlauf), kern(programmierlauf.kern), f11(start), Adapter(adapters), Timer1(kern.Welt, 10),
+      Timer2(kern.Welt, 800) {
+    Timer1.Ticked = [this] { Maus_Verfolgen(); };
+    Timer2.Ticked = [this] {
+        Timer2.SetInterval(20);
+        Maus_Verfolgen();
+    };
+}
+
+LockRow F13::Zeilendaten(int row) const {
+    return {.Number = row,
+            .Name = FGK13.Text(row, Col::Name),
+            .Serial = FGK13.Text(row, Col::Serial),
+            .PersonTimers = FGK13.Text(row, Col::PersonTimers),
+            .Calendars = FGK13.Text(row, Col::Calendars),
+            .LockTimer = FGK13.Text(row, Col::LockTimer),
+            .CalendarFlag = FGK13.Text(row, Col::CalendarFlag),
+            .SetClock = FGK13.Text(row, Col::SetClock)};
+}
+
+void F13::Datum_Uhrzeit_akt(int row) {
+    run.link.Lauf.FlagSetClock = Schalter(FGK13.Text(row, Col::SetClock)).empty() ? 0 : 1;
+}
+
+int F13::Adapter_Port(int row, bool& stop) {
+    stop = false;
+    if (!kern.Config.AdapterModus()) {
+        return run.link.PortNummer;
+    }
+    if (FGK13.Text(row, Col::AdapterId).empty()) {
+        kern.Meldung(kern.Zeile(198));
+        stop = true;
+        return KeinPort;
+    }
+    const AdapterSatz* adapter = Adapter_Finden(Adapter, FGK13.Text(row, Col::AdapterId));
+    if (adapter == nullptr) {
+        adapter = Adapter_Finden(Adapter, FGK13.Text(row, Col::AdapterName));
+    }
+    return adapter == nullptr ? KeinPort : static_cast<int>(Zahlwert(adapter->Port));
+}
+
+bool F13::Port_Vorbereiten(int row) {
+    bool stop = false;
+    const int port = Adapter_Port(row, stop);
+    if (stop) {
+        return false;
+    }
+    if (port == KeinPort) {
+        kern.Meldung(kern.Zeile(192) + "\r\n" + kern.Zeile(193));
+        return false;
+    }
+    if (port > HighestPort) {
+        kern.Meldung(kern.Zeile(194));
+        return false;
+    }
+    // A port that cannot be opened shows at the first telegram.
+    Port_Oeffnen(run.link, port);
+    return true;
+}
+
+void F13::FGK13_Click(int row, int column) {
+    if (row < 1 || !Fenster.Enabled || !FGK13.Holds(row, column) || FGK13.At(row, column).BackColor == White) {
+        return;
+    }
+    Lauf_Ruecksetzen(run);
+    FGK13.Row = row;
+    FGK13.Column = column;
+    f11.LockRowOfGrid = row;
+    if (!Port_Vorbereiten(row)) {
+        return;
+    }
+    run.LockName = FGK13.Text(row, Col::Name);
+    run.LockNumber = row;
+    switch (column) {
+    case Col::Program:
+        Programmieren(row);
+        break;
+    case Col::History:
+        Historie(row);
+        break;
+    case Col::Code:
+        Code_Aendern(row);
+        break;
+    case Col::Mark:
+        Marke_Umschalten(row);
+        break;
+    default:
+        break;
+    }
+}
+
+bool F13::Ziel_Setzen(int row) {
+    Address address{};
+    const std::string hex = Einstellung_AEsn(FGK13.Text(row, Col::Serial), address);
+    if (hex == "FEHLER") {
+        return false;
+    }
+    run.link.TargetAddress = address;
+    run.link.Lauf.LockAddress = address;
+    run.link.Lauf.SerialValue = static_cast<std::uint32_t>(HexWert(hex));
+    return true;
+}
+
+bool F13::Historie_Fragen(bool& first) {
+    const Answer answer = kern.Meldung(kern.Zeile(63), Buttons::YesNoCancel, Icon::Question, kern.Zeile(90), 2);
+    first = answer == Answer::Yes;
+    return answer != Answer::Cancel;
+}
+
+bool F13::Datensatz(int row) {
+    RunState& lauf = run.link.Lauf;
+    if (Datensatz_Laden(run.link, run.Daten, Zeilendaten(row), DatasetVariant::Direct) != DatasetStatus::Good) {
+        Fenster.Enabled = true;
+        return false;
+    }
+    Lauf_Werte_Uebernehmen(run);
+    ProgressTotal = run.Daten.ProgressTotal;
+    lauf.TwoPassFlag = BereichZweiDurchgaenge(lauf.SerialValue) && run.Daten.AnyTransponder ? 1 : 0;
+    return true;
+}
+
+void F13::F11_Oeffnen(int row) {
+    Fenster.Enabled = false;
+    const std::string& id = FGK13.Text(row, Col::AdapterId);
+    f11.F11_Laden(F11Opener::F13, id.empty() ? FGK13.Text(row, Col::AdapterName) : id);
+}
+
+void F13::Programmieren(int row) {
+    Marke_Umschalten(row);
+    RunState& lauf = run.link.Lauf;
+    const LockChannel channel = Schloss_Kanal(kern, row);
+    const bool settled = !channel.ChangePending && channel.Channel == channel.Target;
+    bool first = false;
+    // A lock that stays on its channel is asked for before its dataset is gathered, the others after it.
+    if (settled && !Historie_Fragen(first)) {
+        return;
+    }
+    if (!Ziel_Setzen(row) || !Datensatz(row)) {
+        return;
+    }
+    if (!settled && !Historie_Fragen(first)) {
+        return;
+    }
+    lauf.HistoryOnly = 0;
+    lauf.ReadHistoryFirst = first ? 1 : 0;
+    lauf.NetMode = first ? 0xFF : 0;
+    run.link.TargetChannel = static_cast<std::uint8_t>(settled ? kern.Config.Funkkanal() : channel.Channel);
+    lauf.KanalSuche = settled ? 0 : 1;
+    lauf.KanalIndex = 0;
+    F11_Oeffnen(row);
+}
+
+void F13::Historie(int row) {
+    if (!Ziel_Setzen(row)) {
+        return;
+    }
+    if (kern.Meldung(kern.Zeile(65), Buttons::OkCancel) != Answer::Ok) {
+        return;
+    }
+    RunState& lauf = run.link.Lauf;
+    const LockChannel channel = Schloss_Kanal(kern, row);
+    lauf.KanalSuche = channel.ChangePending || channel.Channel != channel.Target ? 1 : 0;
+    Marke_Umschalten(row);
+    Datum_Uhrzeit_akt(row);
+    lauf.HistoryOnly = 1;
+    run.link.TargetChannel = static_cast<std::uint8_t>(kern.Config.Funkkanal());
+    ProgressTotal = run.Daten.ProgressTotal = 4000;
+    F11_Oeffnen(row);
+}
+
+void F13::Code_Aendern(int row) {
+    if (!Ziel_Setzen(row)) {
+        return;
+    }
+    RunState& lauf = run.link.Lauf;
+    const LockChannel channel = Schloss_Kanal(kern, row);
+    lauf.KanalSuche = channel.ChangePending || channel.Channel != channel.Target ? 1 : 0;
+    lauf.HistoryOnly = 0;
+    ProgressTotal = 400;
+    run.link.TargetChannel = static_cast<std::uint8_t>(kern.Config.Funkkanal());
+    if (run.link.AddressMode != 1) {
+        TelAdapterKanal_Senden(run.link);
+    }
+    Fenster.Enabled = false;
+    Rufen(F17_Oeffnen);
+}
+
+void F13::Marke_Umschalten(int row) {
+    if (FGK13.Text(row, Col::Name).empty() || FGK13.Text(row, Col::Serial).empty()) {
+        return;
+    }
+    FGK13.SetText(row, Col::Mark, FGK13.Text(row, Col::Mark) == "X" ? "" : "X");
+    FGK13.SetFontSize(row, Col::Mark, 16);
+    FGK13.SetForeColor(row, Col::Mark, 0x808080);
+}
+
+void F13::Toolbar1_ButtonClick(std::string_view key) {
+    if (key == u8"Zurück"_w) {
+        Timer1.Stop();
+        Timer2.Stop();
+        Aufrufer = 0;
+        Fenster.Visible = false;
+        Rufen(Hauptfenster_Zeigen);
+    } else if (key == "Prog.") {
+        Liste(false);
+    } else if (key == "SaveHistory") {
+        Liste(true);
+    }
+}
+
+void F13::Liste(bool historyOnly) {
+    Lauf_Ruecksetzen(run);
+    RunState& lauf = run.link.Lauf;
+    if (historyOnly) {
+        lauf.NetMode = 0x80;
+        lauf.HistoryOnly = 1;
+    } else {
+        bool first = false;
+        Historie_Fragen(first);
+        lauf.NetMode = first ? 0xFF : 0;
+    }
+    Rufen(Liste_Leeren);
+    DelayedStart =
+        kern.Meldung(kern.Zeile(269), Buttons::YesNoCancel, Icon::Question, kern.Zeile(90), 2) == Answer::Yes;
+    for (int row = 1; row < FGK13.Rows(); ++row) {
+        if (FGK13.Text(row, Col::Mark) != "X") {
+            continue;
+        }
+        FGK13.SetText(row, Col::Mark, "");
+        ++lauf.RunRows;
+        if (Listenzeile_Uebernehmen) {
+            Listenzeile_Uebernehmen(row, lauf.RunRows);
+        }
+    }
+    if (lauf.RunRows > 0) {
+        F11_Oeffnen(FGK13.Row);
+    }
+}
+
+} // namespace qvm

@@ -1,0 +1,118 @@
+#include "F13.h"
+#include "Kanal.h"
+#include "LockRecords.h"
+#include "Text.h"
+
+namespace qvm {
+namespace {
+
+namespace Col = F13Column;
+
+constexpr int RowFontSize = 12;
+
+} // namespace
+
+void F13::F13_FormLaden() {
+    Fenster.Title = std::string(SystemTitle);
+    Fenster.Visible = true;
+    Fenster.Enabled = true;
+    Timer1.Start(10);
+    Timer2.Start(800);
+    Aufrufer = CallerCode;
+    run.link.Lauf.RunRow = run.link.Lauf.RunRows = 0;
+    TuerInfo_laden();
+    Adapter_Spalten_Laden();
+    RFk_IconLoad();
+}
+
+void F13::Del_FGK13_ICON(int row, int column) {
+    for (int c = column; c < column + 4; ++c) {
+        FGK13.Set(row, c, Cell{});
+    }
+}
+
+void F13::Zeile_Fuellen(int row) {
+    for (int c = Col::Program; c <= Col::Status; ++c) {
+        FGK13.SetBackColor(row, c, ActionColour);
+    }
+    FGK13.SetBackColor(row, Col::Mark, ActionColour);
+}
+
+void F13::TuerInfo_laden() {
+    FGK13.ClearRows(0);
+    FGK13.SetText(0, Col::Number, kern.Zeile(37));
+    FGK13.SetText(0, Col::Name, kern.Zeile(9));
+    FGK13.SetText(0, Col::Serial, kern.Zeile(10));
+    FGK13.SetText(0, Col::Program, kern.Zeile(137));
+    FGK13.SetText(0, Col::History, kern.Zeile(12));
+    FGK13.SetText(0, Col::Code, kern.Zeile(138));
+    FGK13.SetText(0, Col::Status, kern.Zeile(35));
+    FGK13.SetText(0, Col::Mark, "Prg.");
+    RecordFile locks(LockRecord::Record);
+    locks.Laden(kern.Welt.Files, kern.DatPfad());
+    for (int row = 1; row < FGK13.Rows(); ++row) {
+        const LockInfo lock = Schloss_Lesen(locks, row);
+        FGK13.SetText(row, Col::Number, Ziffern(row));
+        FGK13.SetText(row, Col::Name, lock.Name);
+        FGK13.SetText(row, Col::Serial, lock.Serial);
+        FGK13.SetText(row, Col::Offset, lock.OffsetId);
+        for (int n = 0; n < 5; ++n) {
+            FGK13.SetText(row, Col::PersonTimers + n, lock.Switches[static_cast<std::size_t>(n)]);
+        }
+        for (int c = 0; c < Col::Count; ++c) {
+            FGK13.SetFontSize(row, c, RowFontSize);
+        }
+        if (lock.Serial.empty()) {
+            Del_FGK13_ICON(row, Col::Program);
+        } else {
+            Zeile_Fuellen(row);
+        }
+    }
+}
+
+void F13::Adapter_Spalten_Laden() {
+    RecordFile adapters(LockAdapterRecord::Record);
+    const bool one = Adapter.Saetze.size() == 1;
+    if (Adapter.Saetze.size() > 1) {
+        adapters.Laden(kern.Welt.Files, kern.DatPfad());
+    }
+    for (int row = 1; row < FGK13.Rows(); ++row) {
+        if (FGK13.Text(row, Col::Serial).empty()) {
+            continue;
+        }
+        FGK13.SetText(row, Col::AdapterId,
+                      one ? Adapter.Saetze.front().Adresse : adapters.Text(row, LockAdapterRecord::AdapterId));
+        FGK13.SetText(row, Col::AdapterName,
+                      one ? Adapter.Saetze.front().Name : adapters.Text(row, LockAdapterRecord::AdapterName));
+    }
+}
+
+void F13::RFk_IconLoad() {
+    const auto channels = Kanaele_Laden(kern);
+    for (int row = 1; row < FGK13.Rows(); ++row) {
+        if (!FGK13.Text(row, Col::Serial).empty()) {
+            const bool pending = channels.Text(row, ChannelRecord::LockChange) == "1";
+            FGK13.SetPicture(row, Col::Status, pending ? ChannelPicture::Image7 : ChannelPicture::Image8);
+        }
+    }
+}
+
+void F13::Maus_Verfolgen() {
+    int row = -1;
+    int column = -1;
+    if (!Maus_Zelle || !Maus_Zelle(row, column) || (row == hoverRow_ && column == hoverColumn_)) {
+        return;
+    }
+    if (hoverRow_ > 0 && FGK13.At(hoverRow_, hoverColumn_).BackColor == HoverColour) {
+        FGK13.SetBackColor(hoverRow_, hoverColumn_, ActionColour);
+    }
+    hoverRow_ = hoverColumn_ = -1;
+    // Only cells that can be clicked light up; a white cell must stay white, as that is what makes it dead.
+    if (row > 0 && FGK13.At(row, column).BackColor == ActionColour) {
+        FGK13.SetBackColor(row, column, HoverColour);
+        hoverRow_ = row;
+        hoverColumn_ = column;
+    }
+}
+
+} // namespace qvm

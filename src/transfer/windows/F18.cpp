@@ -1,0 +1,19 @@
+#include "F18.h"
+
+namespace qvm {
+
+void F18::F18_Zeigen() {
+    Balken.Value = 100;
+    Text.Text = run.kern.Zeile(81);
+    Command1.Text = run.kern.Zeile(83);
+    Command1.Enabled = true;
+    Fenster.Title = run.LockName;
+    Fenster.Visible = true;
+}
+
+void F18::Command1_Click() {
+    run.link.Lauf.KanalIndex = 12;
+    F18_Schliessen();
+}
+
+} // namespace qvm

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "Controls.h"
+#include "Programmierlauf.h"
+
+namespace qvm {
+
+/// Window F18: the wait box of a channel search.
+struct F18 {
+    explicit F18(Programmierlauf& programmierlauf) : run(programmierlauf) {
+        Balken.Minimum = 100;
+        Balken.Maximum = 200;
+        Balken.Value = 100;
+    }
+
+    Programmierlauf& run;
+    Window Fenster;
+    Label Text;
+    ProgressBar Balken; ///< 100 to 200
+    Button Command1;    ///< ends the search at its next reply
+
+    void F18_Zeigen();
+    void F18_Schliessen() { Fenster.Visible = false; }
+    void Command1_Click();
+};
+
+} // namespace qvm

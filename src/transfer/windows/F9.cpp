@@ -1,0 +1,125 @@
+#include "F9.h"
+
+#include "Text.h"
+#include "Zeit.h"
+
+namespace qvm {
+namespace {
+
+constexpr int SilenceShownAfterMs = 5000;
+
+} // namespace
+
+F9::F9(Programmierlauf& programmierlauf)
+    : run(programmierlauf), kern(programmierlauf.kern), Stille(programmierlauf.kern.Welt, 1000) {
+    Balken1.Maximum = 1500;
+    Balken2.Maximum = 30;
+    Command2.Enabled = false;
+    Label15.Visible = false;
+    StilleLabel.Visible = false;
+    Stille.Ticked = [this] { Stille_Zeigen(); };
+}
+
+void F9::F9_Vorbereiten(int progressTotal) {
+    RunState& lauf = run.link.Lauf;
+    lauf.ProgressMaximum = progressTotal > 30 ? progressTotal + 20 : 160;
+    lauf.TelegramCounter = lauf.ProgressValue = lauf.SecondProgress = 0;
+    Balken1.Maximum = lauf.ProgressMaximum;
+    Balken1.Value = 0;
+    Balken1.Visible = true;
+    Balken2.Value = 0;
+    Balken2.Visible = true;
+    NameLabel.Text = run.LockName;
+    StatusLabel.Text = std::string();
+    StilleLabel.Visible = false;
+    Label15.Visible = false;
+    Zustandsbild.Id = StatePicture::None;
+    Command1.Enabled = true;
+    Command2.Enabled = false;
+    Uhr_Beschriften();
+    DeviceParameterSetup();
+}
+
+void F9::DeviceParameterSetup() {
+    const bool programming = run.link.Lauf.HistoryOnly == 0;
+    for (std::size_t n = 0; n < Check.size(); ++n) {
+        Check[n].Checked = false;
+        const std::string name = n == 0 ? run.LockName : programming ? run.Daten.Units[n - 1].Name : std::string();
+        Check[n].Text = name;
+        Check[n].Enabled = !name.empty();
+    }
+}
+
+void F9::F9_Zeigen() {
+    Fenster.Title = run.LockName;
+    Fenster.Visible = true;
+    Stille.Start(1000);
+}
+
+void F9::Uhr_Beschriften() {
+    const bool clock = run.link.Lauf.FlagSetClock == 1;
+    const DateTime now = kern.Welt.Now();
+    DatumLabel.Text = kern.Zeile(55) + " : " + (clock ? Datum_Text(Heute(now)) : "--.--.----");
+    ZeitLabel.Text =
+        kern.Zeile(56) + " : " +
+        (clock ? Ziffern(now.Hour, 2) + ":" + Ziffern(now.Minute, 2) + ":" + Ziffern(now.Second, 2) : "--:--:--");
+}
+
+void F9::Fortschritt() {
+    const RunState& lauf = run.link.Lauf;
+    Balken1.Value = lauf.ProgressValue;
+    Balken2.Value = lauf.SecondProgress;
+}
+
+void F9::Fertig(int line) {
+    StatusLabel.Text = kern.Zeile(line);
+    Command1.Enabled = false;
+    Command2.Enabled = true;
+    Balken1.Visible = false;
+    Balken2.Visible = false;
+    StilleLabel.Visible = false;
+    Stille.Stop();
+}
+
+void F9::Zustand_Zeigen(std::uint8_t highNibble, const std::string& text) {
+    // 0x10 shows the fifth picture, 0x50 the first.
+    const int step = highNibble >> 4;
+    Zustandsbild.Id = step >= 1 && step <= 5 ? 6 - step : StatePicture::None;
+    Label15.Text = text;
+    Label15.Visible = true;
+}
+
+void F9::Ankreuzen(int box) {
+    if (box >= 1 && box <= static_cast<int>(Check.size())) {
+        Check[static_cast<std::size_t>(box - 1)].Checked = true;
+    }
+}
+
+void F9::Command1_Click() {
+    Lauf_Abbrechen(run);
+    Label15.Visible = false;
+    StatusLabel.Text = kern.Zeile(82);
+    // A silent lock would never let the run end by itself.
+    Command2.Enabled = true;
+}
+
+void F9::Command2_Click() {
+    Stille.Stop();
+    if (!run.Gesamtende) {
+        Lauf_Aufgeben(run, RunOutcome::Cancelled);
+    }
+    Fenster.Visible = false;
+    Rufen(F13_Freigeben);
+}
+
+void F9::Stille_Zeigen() {
+    const auto silence = Lauf_Stille(run);
+    if (silence > SilenceShownAfterMs) {
+        StilleLabel.Text = kern.Zeile(274) + " " + Ziffern(silence / 1000) + " s";
+        StilleLabel.Visible = true;
+    } else {
+        StilleLabel.Visible = false;
+    }
+}
+
+} // namespace qvm

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "Controls.h"
+#include "Programmierlauf.h"
+#include "Timer.h"
+
+#include <array>
+#include <functional>
+#include <string>
+
+namespace qvm {
+
+/// Picture ids of the five state reports, in the order of the images.
+namespace StatePicture {
+inline constexpr int None = 0, Image1 = 1, Image2 = 2, Image3 = 3, Image4 = 4, Image5 = 5;
+}
+
+/// Window F9: progress of one lock's run.
+struct F9 {
+    explicit F9(Programmierlauf& programmierlauf);
+
+    Programmierlauf& run;
+    Kern& kern;
+
+    Window Fenster;
+    Label NameLabel; ///< the lock's name
+    Label StatusLabel;
+    Label DatumLabel; ///< "Datum : dd.mm.yyyy", or dashes when the clock is not sent
+    Label ZeitLabel;
+    Label StilleLabel; ///< how long the lock has been silent, once that is more than 5 seconds
+    Label Label15;     ///< first state report of a history
+    Picture Zustandsbild;
+    ProgressBar Balken1;           ///< telegrams, up to the dataset's total
+    ProgressBar Balken2;           ///< running indicator, 0 to 30
+    std::array<CheckBox, 6> Check; ///< the lock and its five units, ticked when done
+    Button Command1;               ///< cancel
+    Button Command2;               ///< close
+    Timer Stille;                  ///< looks at the silence once a second
+
+    std::function<void()> F13_Freigeben; ///< the close button gives the grid back
+
+    void F9_Zeigen();
+    /// Bars, check boxes and labels at the start of a run. The first bar's maximum is the dataset's total plus 20 when
+    /// that is above 30, else 160.
+    void F9_Vorbereiten(int progressTotal);
+    void DeviceParameterSetup();
+    void Fortschritt();
+    /// Finished state: status line, cancel disabled, close enabled, bars stopped.
+    void Fertig(int line);
+    /// First state report of a history: its text and one of five pictures.
+    void Zustand_Zeigen(std::uint8_t highNibble, const std::string& text);
+    /// Ticks check box 1 (the lock) to 6.
+    void Ankreuzen(int box);
+    void Command1_Click();
+    void Command2_Click();
+
+private:
+    void Uhr_Beschriften();
+    void Stille_Zeigen();
+};
+
+} // namespace qvm
