@@ -11,6 +11,10 @@ if(QVM_SANITIZE)
   target_link_options(qvm_flags INTERFACE -fsanitize=${QVM_SANITIZE})
 endif()
 
+if(QVM_FUZZ)
+  target_compile_options(qvm_flags INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
 # qvm_library(<name> [DIR <folder>] [DEPS <target>...] [PRIVATE_DEPS <target>...])
 # All .cpp files of the folder (not of its sub-folders) as one static library.
 function(qvm_library name)
@@ -39,7 +43,7 @@ function(qvm_test folder)
     return()
   endif()
   add_executable(test_${folder} ${sources})
-  target_link_libraries(test_${folder} PRIVATE ${arg_DEPS} test_support GTest::gtest_main GTest::gmock)
+  target_link_libraries(test_${folder} PRIVATE ${arg_DEPS} test_support GTest::gtest_main GTest::gmock rapidcheck)
   target_compile_definitions(test_${folder} PRIVATE
     QVM_SOURCE_DIR="${PROJECT_SOURCE_DIR}" QVM_BINARY_DIR="${PROJECT_BINARY_DIR}")
   gtest_discover_tests(test_${folder} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 300)
