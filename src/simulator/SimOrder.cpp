@@ -1,0 +1,288 @@
+#include "SimOrder.h"
+
+#include <algorithm>
+#include <array>
+#include <initializer_list>
+
+namespace qvm {
+
+namespace {
+
+using enum Step;
+
+/// A step and the steps that it may follow.
+struct Due {
+    Step Next;
+    std::array<Step, 5> Behind; ///< the rest is None
+};
+
+constexpr std::array LockSteps{
+    Due{Date, {Login, ChannelSet}},
+    Due{Time, {Date}},
+    Due{HistoryFirst, {Login, ChannelSet, Time}},
+    Due{HistoryNext, {HistoryFirst, HistoryNext}},
+    Due{Priority, {Time, HistoryFirst, HistoryNext}},
+    Due{Erase, {Login, ChannelSet, Priority}},
+    Due{Alive, {Erase, Alive}},
+    Due{Calendar, {Erase, Alive}},
+    Due{Listen, {Calendar}},
+    Due{Reader, {Calendar}},
+    Due{A0, {Calendar, Listen, Reader}},
+    Due{A1, {A0}},
+    Due{A2, {A1}},
+    Due{AShort, {Calendar, Listen, Reader}},
+    Due{B0, {A2}},
+    Due{B1, {B0}},
+    Due{BShort, {AShort}},
+    Due{Single0, {B1, BShort, Calendar, Listen, Reader}},
+    Due{Single1, {Single0}},
+    Due{Single2, {Single1}},
+    Due{Perm0, {Single2}},
+    Due{Perm1, {Perm0}},
+    Due{Perm2, {Perm1}},
+    Due{UserBegin, {Perm2, UserData, Id2, Groups}},
+    Due{Name1, {UserBegin}},
+    Due{Name2, {Name1}},
+    Due{UserData, {Name2}},
+    Due{Finger, {UserBegin}},
+    Due{Id1, {UserData}},
+    Due{Id2, {Id1}},
+    Due{Groups, {UserData, Id2, Finger}},
+    Due{LockTimer, {Perm2, UserData, Id2, Groups}},
+    Due{Step::LockMode, {LockTimer}},
+    Due{DataEnd, {LockTimer, Step::LockMode}},
+    Due{ChannelRead, {Login, CodeChange}},
+    Due{ChannelAct, {ChannelRead}},
+    Due{ChannelSet, {ChannelAct}},
+    Due{CodeChange, {Login}},
+};
+
+constexpr std::array Unit1Steps{
+    Due{UnitSetting, {Login}},      Due{CodeChange, {Login}},      Due{ChannelRead, {Login, CodeChange}},
+    Due{ChannelAct, {ChannelRead}}, Due{ChannelSet, {ChannelAct}},
+};
+
+constexpr std::array Unit2Steps{
+    Due{ChannelAct, {ChannelRead}},     Due{ChannelSet, {ChannelAct}}, Due{UnitOpen, {ChannelSet}},
+    Due{UnitKey, {UnitOpen}},           Due{UnitConnect, {UnitKey}},   Due{Erase, {UnitConnect}},
+    Due{UnitBlock, {Erase, UnitBlock}}, Due{UnitDisconnect, {Close}},
+};
+
+std::string NotDue(Step next, Step last) {
+    return std::string{StepName(next)} + " behind " + StepName(last);
+}
+
+std::string TableFault(std::span<const Due> table, Step next, Step last) {
+    for (const Due& due : table) {
+        if (due.Next == next) {
+            const bool good = last != None && std::find(due.Behind.begin(), due.Behind.end(), last) != due.Behind.end();
+            return good ? std::string{} : NotDue(next, last);
+        }
+    }
+    return std::string{StepName(next)} + " is nothing for this device";
+}
+
+/// What the serial decides. Above 0xB49FFFF a lock takes its timer tables in parts (all zero) or not at all, below in
+/// the short form unless it polls through the erase.
+std::string ClassFault(const Session& session, Step next, std::uint32_t serial) {
+    constexpr std::uint32_t lastWithShortTables = 0xB49FFFF, firstWithModeAgain = 0xDFFB9EF;
+    const bool afterTables = session.Last == Calendar || session.Last == Listen || session.Last == Reader;
+    const char* fault = nullptr;
+    if (next == Alive && !ErasesInBackground(serial)) {
+        fault = "this lock does not erase in the background";
+    } else if (next == Reader && !HasReaderSetting(serial)) {
+        fault = "this lock has no reader setting";
+    } else if ((next == A0 || next == AShort || next == Single0) && session.Last == Calendar &&
+               HasReaderSetting(serial)) {
+        fault = "the reader setting is missing";
+    } else if (next == Id1 && !HasReaderSetting(serial)) {
+        fault = "this lock takes no identification in two parts";
+    } else if (next == AShort && serial > lastWithShortTables) {
+        fault = "this lock takes no short timer tables";
+    } else if (next == A0 && !ErasesInBackground(serial) && serial <= lastWithShortTables) {
+        fault = "this lock takes no timer tables in parts";
+    } else if (next == Single0 && afterTables && serial <= lastWithShortTables) {
+        fault = "the timer tables are missing";
+    } else if (next == Step::LockMode && serial > lastWithShortTables && serial < firstWithModeAgain) {
+        fault = "this lock has no mode";
+    }
+    return fault == nullptr ? std::string{} : std::string{StepName(next)} + ": " + fault;
+}
+
+/// Time groups follow a code user only when the timer tables came in parts, and then always.
+std::string GroupsFault(const Session& session, Step next) {
+    const bool userDone = session.Last == UserData || session.Last == Id2;
+    const bool parts = session.Tables == TimerTables::Parts;
+    if (next == Groups && userDone && !parts) {
+        return "user time groups, but the timer tables did not come in parts";
+    }
+    if ((next == UserBegin || next == LockTimer) && userDone && parts) {
+        return "the user's time groups are missing";
+    }
+    return {};
+}
+
+} // namespace
+
+Step StepOf(std::span<const std::uint8_t> frame) {
+    const auto part = [&frame](std::size_t index, Step first) {
+        const int number = index < frame.size() ? std::min<int>(frame[index], 2) : 0;
+        return static_cast<Step>(static_cast<int>(first) + number);
+    };
+    const std::uint8_t length = frame[1];
+    switch (frame[2]) {
+    case 0x03:
+        return UnitDisconnect;
+    case 0x04:
+        return Login;
+    case 0x05:
+        return Close;
+    case 0x07:
+        return Date;
+    case 0x08:
+        return Alive;
+    case 0x09:
+        return Time;
+    case 0x0A:
+        return UserBegin;
+    case 0x0B:
+        return Name1;
+    case 0x0D:
+        return Name2;
+    case 0x0E:
+        return UserData;
+    case 0x12:
+        return CodeChange;
+    case 0x15:
+        return DataEnd;
+    case 0x17:
+        return frame[14] == 0 ? HistoryFirst : HistoryNext;
+    case 0x19:
+        return length == 0x35 ? AShort : part(54, A0);
+    case 0x1B:
+        return length == 0x35 ? BShort : frame[54] == 0 ? B0 : B1;
+    case 0x1F:
+        return part(14, Single0);
+    case 0x21:
+        return part(14, Perm0);
+    case 0x23:
+        return LockTimer;
+    case 0x25:
+        return Calendar;
+    case 0x27:
+        return Erase;
+    case 0x28:
+        return ChannelRead;
+    case 0x29:
+        return ChannelSet;
+    case 0x2F:
+        return Priority;
+    case 0x32:
+        return Step::LockMode;
+    case 0x33:
+        return Listen;
+    case 0x37:
+        return Groups;
+    case 0x3B:
+        return Reader;
+    case 0x3D:
+        return UnitSetting;
+    case 0x40:
+        return Finger;
+    case 0x43:
+        return length == 0x20 ? Id1 : Id2;
+    case 0x48:
+        return UnitKey;
+    case 0x49:
+        return UnitOpen;
+    case 0x4A:
+        return UnitBlock;
+    case 0x66:
+        return ChannelAct;
+    case 0xFE:
+        return UnitConnect;
+    default:
+        return None;
+    }
+}
+
+const char* StepName(Step step) {
+    constexpr std::array names{
+        "nothing",
+        "login",
+        "date",
+        "time",
+        "history, first record",
+        "history, next record",
+        "priority",
+        "data start",
+        "sign of life",
+        "calendar flag",
+        "listen time",
+        "reader setting",
+        "timer table A, part 0",
+        "timer table A, part 1",
+        "timer table A, part 2",
+        "timer table A, short",
+        "timer table B, part 0",
+        "timer table B, part 1",
+        "timer table B, short",
+        "single holidays, part 0",
+        "single holidays, part 1",
+        "single holidays, part 2",
+        "permanent holidays, part 0",
+        "permanent holidays, part 1",
+        "permanent holidays, part 2",
+        "user begin",
+        "user name 1",
+        "user name 2",
+        "user data",
+        "fingerprint user",
+        "identification, part 1",
+        "identification, part 2",
+        "user time groups",
+        "lock timer flag",
+        "lock mode",
+        "data end",
+        "disconnect",
+        "channel read",
+        "channel action",
+        "channel set",
+        "code change",
+        "unit setting",
+        "unit open",
+        "unit key",
+        "unit connect",
+        "unit block",
+        "unit disconnect",
+    };
+    static_assert(names.size() == static_cast<std::size_t>(UnitDisconnect) + 1);
+    return names[static_cast<std::size_t>(step)];
+}
+
+std::string LockOrderFault(const Session& session, Step next, std::uint32_t serial) {
+    if (next == Login || next == Close) {
+        return {};
+    }
+    std::string fault = TableFault(LockSteps, next, session.Last);
+    if (fault.empty()) {
+        fault = ClassFault(session, next, serial);
+    }
+    return fault.empty() ? GroupsFault(session, next) : fault;
+}
+
+std::string UnitOrderFault(const Session& session, Step next, int type) {
+    if (type == 1) {
+        return next == Login || next == Close ? std::string{} : TableFault(Unit1Steps, next, session.Last);
+    }
+    // A unit of type 2 is opened by its channel, on which it is looked for.
+    return next == ChannelRead || next == Close ? std::string{} : TableFault(Unit2Steps, next, session.Last);
+}
+
+bool MayCloseBehind(Step last) {
+    constexpr std::array good{None,       Login,        ChannelRead, ChannelAct, ChannelSet,
+                              CodeChange, HistoryFirst, HistoryNext, DataEnd,    Close};
+    return std::find(good.begin(), good.end(), last) != good.end();
+}
+
+} // namespace qvm

@@ -1,0 +1,90 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+
+/// What may follow what in a session, as a device sees it.
+namespace qvm {
+
+enum class Step : std::uint8_t {
+    None, // no session yet
+    Login,
+    Date,
+    Time,
+    HistoryFirst,
+    HistoryNext,
+    Priority,
+    Erase,
+    Alive,
+    Calendar,
+    Listen,
+    Reader,
+    A0,
+    A1,
+    A2,
+    AShort,
+    B0,
+    B1,
+    BShort,
+    Single0,
+    Single1,
+    Single2,
+    Perm0,
+    Perm1,
+    Perm2,
+    UserBegin,
+    Name1,
+    Name2,
+    UserData,
+    Finger,
+    Id1,
+    Id2,
+    Groups,
+    LockTimer,
+    LockMode,
+    DataEnd,
+    Close,
+    ChannelRead,
+    ChannelAct,
+    ChannelSet,
+    CodeChange,
+    UnitSetting,
+    UnitOpen,
+    UnitKey,
+    UnitConnect,
+    UnitBlock,
+    UnitDisconnect,
+};
+
+/// How the lock's timer tables came, which decides whether user time groups follow.
+enum class TimerTables : std::uint8_t { Unknown, None, Short, Parts };
+
+/// A session with one device.
+struct Session {
+    bool Open = false;
+    Step Last = Step::None;
+    TimerTables Tables = TimerTables::Unknown;
+};
+
+/// The step that a telegram with a known form is. None for those to the adapter itself.
+Step StepOf(std::span<const std::uint8_t> frame);
+const char* StepName(Step step);
+
+/// Why this step is not due in a lock's session; empty when it is. `serial`: the lock's serial as a number.
+std::string LockOrderFault(const Session& session, Step next, std::uint32_t serial);
+/// The same for units of type 1 and 2.
+std::string UnitOrderFault(const Session& session, Step next, int type);
+/// True when a lock's session may be closed behind this step without leaving data half sent.
+bool MayCloseBehind(Step last);
+
+/// Locks of these serials poll through the erase; those of the second range have a reader setting and take long
+/// identifications in two parts.
+constexpr bool ErasesInBackground(std::uint32_t serial) {
+    return serial >= 0x1000001 && serial <= 0x2000000;
+}
+constexpr bool HasReaderSetting(std::uint32_t serial) {
+    return (serial >= 0x1500C06 && serial <= 0x1600000) || (serial >= 0x1C000AE && serial <= 0x1D00000);
+}
+
+} // namespace qvm
