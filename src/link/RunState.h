@@ -46,6 +46,7 @@ struct RunState {
     int UnitIndex = 0xFF;               ///< current wireless unit, 0 to 4; 0xFF before the first
     std::uint8_t HistoryStop = 0;       ///< 0xFF when a record older than the cut-off has come
     std::uint8_t HistoryFileOpen = 0;
+    std::uint8_t HistoryStateShown = 0; ///< 1 when the run's first record with a state was shown
     std::string HistoryCutoff;          ///< "dd.mm.yyyy", or empty
     std::string HistoryFileName;        ///< full path of the run's .HST file
     std::string IdMarke;                ///< "P" while a long transponder identification is pending

@@ -13,23 +13,23 @@ namespace qvm {
 
 /// One user slot of a lock's dataset.
 struct ProgSlot {
-    std::string Name;          ///< OEM code page
-    std::string TimerName;     ///< the timer group's PbId, "-" for none
-    std::string Funktion;      ///< the user's right
-    std::string CodeDigits;    ///< digits, or "EEEEEE" for a fingerprint user
-    std::string TransponderA;  ///< identification text of the key
-    std::string TransponderB;  ///< its sixteen data bytes
+    std::string Name;                   ///< OEM code page
+    std::string TimerName;              ///< the timer group's PbId, "-" for none
+    std::string Funktion;               ///< the user's right
+    std::string CodeDigits;             ///< digits, or "EEEEEE" for a fingerprint user
+    std::string TransponderA;           ///< identification text of the key
+    std::string TransponderB;           ///< its sixteen data bytes
     std::vector<std::uint8_t> Template; ///< bytes from the first value on, length bytes included; empty: none
     std::uint16_t FingerNumber = 0;
-    std::uint8_t PrFlag = 0;   ///< 1: premium template
-    std::uint8_t Kind = 0;     ///< 0 code user, 0xB4 fingerprint user
+    std::uint8_t PrFlag = 0;                 ///< 1: premium template
+    std::uint8_t Kind = 0;                   ///< 0 code user, 0xB4 fingerprint user
     std::array<std::uint8_t, 3> TimerBits{}; ///< group masks of slots 1 to 8, 9 to 16, 17 to 24
 };
 
 /// A wireless unit as the run needs it.
 struct ProgUnit {
     bool Present = false;
-    char Type = ' ';  ///< module class "1" or "2"
+    char Type = ' '; ///< module class "1" or "2"
     std::string UnitNo;
     std::string Name;
     Address Serial{};
@@ -44,11 +44,11 @@ struct Dataset {
     std::array<HolidayRow, 22> HolidayTableB{};
     int MaxUser = 16;
     int FingerCount = 0;
-    int TemplateBytes = 0;     ///< sum of template length + 3
-    int ProgressTotal = 0;     ///< 4000 once the dataset stands
-    int ProgressStored = 20;   ///< the bar's maximum of the dataset: 20, plus 8 a slot
+    int TemplateBytes = 0;   ///< sum of template length + 3
+    int ProgressTotal = 0;   ///< 4000 once the dataset stands
+    int ProgressStored = 20; ///< the bar's maximum of the dataset: 20, plus 8 a slot
     bool AnyTransponder = false;
-    bool AnyFinger = false;    ///< a fingerprint user forces EraseOption to 0
+    bool AnyFinger = false; ///< a fingerprint user forces EraseOption to 0
 
     std::array<ProgUnit, 5> Units;
     int UnitCount = 0;
@@ -59,7 +59,7 @@ struct Dataset {
 
 /// The cells of a lock's row that the assembly looks at, as F13 or F91 show them.
 struct LockRow {
-    int Number = 0;           ///< lock number = record number of all per-lock files
+    int Number = 0; ///< lock number = record number of all per-lock files
     std::string Name;
     std::string Serial;       ///< "aa.bb.cc.dd"
     std::string PersonTimers; ///< column 4
@@ -78,13 +78,17 @@ inline constexpr int Good = 0, Stopped = 13, TooManyUsers = 92, TooManyPremium =
 
 /// Gathers the dataset of a lock from the data files, into `dataset` and into the values of link.Lauf (SerialValue,
 /// TimerMode, FlagLockTimer, FlagCalendar, FlagSetClock, PriorityCode, LockMode; EraseOption is forced to 0 by a
-/// fingerprint user). Each file is read once. Shows the messages of the limits. A missing file leaves its tables cleared.
+/// fingerprint user). Each file is read once. Shows the messages of the limits. A missing file leaves its tables
+/// cleared.
 int Datensatz_Laden(Link& link, Dataset& dataset, const LockRow& row, DatasetVariant variant);
 
 /// Maximum of users of a lock.
 int MaxUserAnz(std::uint32_t serial);
 
-/// The serial text as eight hexadecimal digits, with the four bytes in `address`; "FEHLER" when the text is empty or
+/// What Einstellung_AEsn gives for a text that is no serial.
+inline constexpr std::string_view SerialError = "FEHLER";
+
+/// The serial text as eight hexadecimal digits, with the four bytes in `address`; SerialError when the text is empty or
 /// not four hexadecimal bytes joined by points (`address` is untouched then).
 std::string Einstellung_AEsn(std::string_view serialText, Address& address);
 
@@ -94,8 +98,8 @@ int Template_Laenge(std::string_view templateText);
 /// A key identification, taken apart.
 struct KeyForm {
     enum class Form { None, Plain, Long } Kind = Form::None;
-    std::uint8_t GroupDigit = 0;              ///< long form: the character 2 as a number
-    std::array<std::uint8_t, 11> Values{};    ///< plain: four; long: up to eleven, missing ones 0
+    std::uint8_t GroupDigit = 0;           ///< long form: the character 2 as a number
+    std::array<std::uint8_t, 11> Values{}; ///< plain: four; long: up to eleven, missing ones 0
 };
 KeyForm Schluessel_Zerlegen(std::string_view keyId);
 /// Up to `count` decimal values separated by ":" (blanks around them allowed); missing or wrong ones are 0.

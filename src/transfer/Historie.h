@@ -14,7 +14,7 @@ namespace qvm {
 struct HistoryRecord {
     int Day = 0, Month = 0, Year = 0; ///< year: two digits
     int Hour = 0, Minute = 0;
-    std::string Name;                 ///< code page 1252; bytes below 0x20 read as blanks
+    std::string Name; ///< code page 1252; bytes below 0x20 read as blanks
     std::uint8_t Event = 0;
 };
 

@@ -1,0 +1,87 @@
+#include "Dataset.h"
+
+#include "DatensatzStand.h"
+#include "Text.h"
+
+namespace qvm {
+namespace {
+
+constexpr int ProgressWhileEmpty = 20;
+constexpr int ProgressOfRun = 4000;
+
+std::uint8_t Schalter(std::string_view cell) {
+    return Trim(cell).empty() ? 0 : 1;
+}
+
+int Status(DatasetEnd end, DatasetVariant variant) {
+    if (end == DatasetEnd::Good) {
+        return DatasetStatus::Good;
+    }
+    if (variant == DatasetVariant::Direct) {
+        return DatasetStatus::Stopped;
+    }
+    switch (end) {
+    case DatasetEnd::TooManyUsers:
+        return DatasetStatus::TooManyUsers;
+    case DatasetEnd::TooManyPremium:
+        return DatasetStatus::TooManyPremium;
+    case DatasetEnd::NoTemplate:
+        return DatasetStatus::NoTemplate;
+    case DatasetEnd::Good:
+    case DatasetEnd::Other:
+        break;
+    }
+    return DatasetStatus::Other;
+}
+
+void Schalter_Setzen(const LockRow& row, RunState& lauf) {
+    lauf.FlagLockTimer = Schalter(row.LockTimer);
+    lauf.FlagCalendar = Schalter(row.CalendarFlag);
+    lauf.FlagSetClock = Schalter(row.SetClock);
+}
+
+DatasetEnd Schritte(DatasetStand& stand) {
+    std::string selection;
+    if (!Sperrgruppe_Laden(stand, selection)) {
+        return DatasetEnd::Other;
+    }
+    stand.link.Lauf.TimerMode = TimerPB_UT;
+    if (!Schaltuhr_Laden(stand, selection)) {
+        return DatasetEnd::Other;
+    }
+    Schalter_Setzen(stand.row, stand.link.Lauf);
+    stand.dataset.ProgressTotal = ProgressWhileEmpty;
+    if (const DatasetEnd end = Benutzer_Laden(stand); end != DatasetEnd::Good) {
+        return end;
+    }
+    if (!Vorgaben_Laden(stand) || !DeviceParameter_Laden(stand) || !Kalender_Laden(stand)) {
+        return DatasetEnd::Other;
+    }
+    stand.dataset.ProgressStored = stand.dataset.ProgressTotal;
+    stand.dataset.ProgressTotal = ProgressOfRun;
+    return DatasetEnd::Good;
+}
+
+} // namespace
+
+bool Datei_Lesen(const DatasetStand& stand, RecordFile& file) {
+    const Kern& kern = stand.Kernteil();
+    return file.Laden(kern.Welt.Files, kern.DatPfad()) != ReadStatus::Error;
+}
+
+int Datensatz_Laden(Link& link, Dataset& dataset, const LockRow& row, DatasetVariant variant) {
+    dataset = Dataset{};
+    Address address{};
+    const std::string serialText = Einstellung_AEsn(row.Serial, address);
+    const bool inTable = row.Number >= 1 && row.Number <= link.kern.Globals.LockCount;
+    if (serialText == SerialError || !inTable) {
+        return Status(DatasetEnd::Other, variant);
+    }
+    const auto serial = static_cast<std::uint32_t>(HexWert(serialText));
+    link.Lauf.SerialValue = serial;
+    dataset.MaxUser = MaxUserAnz(serial);
+    DatasetStand stand{link, dataset, row, variant, serial};
+    return Status(Schritte(stand), variant);
+}
+
+} // namespace qvm

@@ -1,0 +1,199 @@
+#include "Historie.h"
+
+#include "Text.h"
+#include "Zeit.h"
+
+#include <array>
+
+namespace qvm {
+namespace {
+
+constexpr std::size_t NameAt = 5, NameLength = 16, EventAt = 21;
+constexpr int FirstRecordByte = 14; // of a reply 0x17
+constexpr int FirstSerialByte = 7, LastSerialByte = 10;
+
+constexpr std::uint8_t LowNibble = 0x0F, HighNibble = 0xF0;
+
+std::string Seriennummer(const Link& link) {
+    std::string text;
+    for (int n = FirstSerialByte; n <= LastSerialByte; ++n) {
+        text += HexText(link.RxByte(n), 2);
+        text += n < LastSerialByte ? "." : "";
+    }
+    return text;
+}
+
+HistoryRecord Aus_Empfang(const Link& link) {
+    std::array<std::uint8_t, HistoryRecordLength> bytes{};
+    for (int n = 0; n < HistoryRecordLength; ++n) {
+        bytes[static_cast<std::size_t>(n)] = link.RxByte(FirstRecordByte + n);
+    }
+    return Historie_Zerlegen(link.kern.Welt, bytes);
+}
+
+std::optional<std::string> Datum_Des_Satzes(const HistoryRecord& record) {
+    return Uhr_Textdatum(record.Day, record.Month, Jahr_Text(record.Year));
+}
+
+/// A record older than the cut-off is the last one wanted. Without a cut-off it is today.
+void Grenze_Pruefen(const Kern& kern, RunState& lauf, const std::optional<std::string>& date) {
+    if (!Datum_Lesen(lauf.HistoryCutoff)) {
+        lauf.HistoryCutoff = Datum_Text(Heute(kern.Welt.Now()));
+    }
+    if (date && *Datum_Lesen(*date) < *Datum_Lesen(lauf.HistoryCutoff)) {
+        lauf.HistoryStop = 0xFF;
+    }
+}
+
+/// Makes the run's file with its first line. A file that could not be made is tried again with the next record.
+bool Datei_Beginnen(Link& link, std::string_view lockName, std::string_view serial) {
+    RunState& lauf = link.Lauf;
+    if (lauf.HistoryFileOpen != 0) {
+        return true;
+    }
+    const Kern& kern = link.kern;
+    lauf.HistoryStateShown = 0;
+    lauf.HistoryFileName = kern.HistPfad() + Historie_Dateiname(kern.Welt.Now(), lockName);
+    if (!Datei_Zeile_Anhaengen(kern.Welt.Files, lauf.HistoryFileName, serial)) {
+        return false;
+    }
+    lauf.HistoryFileOpen = 1;
+    return true;
+}
+
+std::string Satzzeile(const Kern& kern, const HistoryRecord& record, const std::optional<std::string>& date) {
+    return record.Name + "\t" + date.value_or("") + "\t" + Ziffern(record.Hour, 2) + ":" + Ziffern(record.Minute, 2) +
+           "\t" + Ereignis_Text(kern, record.Event);
+}
+
+bool Zeilen_Schreiben(Link& link, const std::string& line, const std::string& state) {
+    const FileStore& files = link.kern.Welt.Files;
+    const std::string& path = link.Lauf.HistoryFileName;
+    return Datei_Zeile_Anhaengen(files, path, line) &&
+           (state.empty() || Datei_Zeile_Anhaengen(files, path, "\t\t\t" + state));
+}
+
+void Zustand_Zeigen(RunState& lauf, std::uint8_t event, const std::string& state, const ZustandAnzeige& show) {
+    if (state.empty() || lauf.HistoryStateShown != 0) {
+        return;
+    }
+    lauf.HistoryStateShown = 1;
+    if (show) {
+        show(event & HighNibble, state);
+    }
+}
+
+/// What a device means by a date that does not exist is not known. Its record is kept, without the date.
+void Datum_Melden(const Kern& kern, const HistoryRecord& record) {
+    kern.Meldung(std::string(u8"Ungültiges Datum: "_w) + Ziffern(record.Day, 2) + "." + Ziffern(record.Month, 2) + "." +
+                 Jahr_Text(record.Year));
+}
+
+} // namespace
+
+HistoryRecord Historie_Zerlegen(const Platform& platform, std::span<const std::uint8_t, HistoryRecordLength> bytes) {
+    std::string name;
+    for (const std::uint8_t byte : bytes.subspan(NameAt, NameLength)) {
+        name += byte < 0x20 ? ' ' : static_cast<char>(byte);
+    }
+    return {.Day = bytes[0],
+            .Month = bytes[1],
+            .Year = bytes[2],
+            .Hour = bytes[3],
+            .Minute = bytes[4],
+            .Name = platform.OemToChar(name),
+            .Event = bytes[EventAt]};
+}
+
+std::string Ereignis_Text(const Kern& kern, std::uint8_t event) {
+    switch (event & LowNibble) {
+    case 1:
+        return kern.Zeile(15);
+    case 2:
+        return "E-Key";
+    case 3:
+        return kern.Zeile(16);
+    case 4:
+        return kern.Zeile(17);
+    case 5:
+        return "Fingerscan";
+    case 6:
+        return kern.Zeile(18);
+    case 7:
+        return kern.Zeile(19);
+    case 8:
+        return kern.Zeile(20);
+    case 9:
+        return kern.Zeile(196);
+    case 10:
+        return "Transponder";
+    case 11:
+        return "Guest card";
+    default:
+        return {};
+    }
+}
+
+std::string Zustand_Text(const Kern& kern, std::uint8_t event) {
+    switch (event & HighNibble) {
+    case 0x10:
+        return kern.Zeile(13);
+    case 0x20:
+        return kern.Zeile(14);
+    case 0x30:
+        return kern.Zeile(112);
+    case 0x40:
+        return kern.Zeile(113);
+    case 0x50:
+        return kern.Zeile(114);
+    default:
+        return {};
+    }
+}
+
+std::string Jahr_Text(int year) {
+    return (year < 10 ? "200" : "20") + Ziffern(year);
+}
+
+std::optional<std::string> Uhr_Textdatum(int day, int month, const std::string& year) {
+    const Datum date{.Year = Zahlwert(year), .Month = month, .Day = day};
+    return Datum_Gueltig(date) ? std::optional(Datum_Text(date)) : std::nullopt;
+}
+
+std::string Historie_Dateiname(const DateTime& now, std::string_view lockName) {
+    std::string lock(lockName);
+    for (char& character : lock) {
+        constexpr std::string_view Forbidden = "/\\:*?\"<>|";
+        if (static_cast<unsigned char>(character) < 0x20 || Forbidden.find(character) != std::string_view::npos) {
+            character = '_';
+        }
+    }
+    return "H_" + Ziffern(now.Year, 4) + Ziffern(now.Month, 2) + Ziffern(now.Day, 2) + "_" + Ziffern(now.Hour, 2) +
+           Ziffern(now.Minute, 2) + Ziffern(now.Second, 2) + "_" + lock + ".HST";
+}
+
+bool Datei_Zeile_Anhaengen(const FileStore& files, const std::string& path, std::string_view text) {
+    return files.Append(path, std::string(text) + "\r\n");
+}
+
+bool Historie_Eintrag(Link& link, std::string_view lockName, const ZustandAnzeige& show) {
+    // Everything is taken out of the buffer first: a message box lets further frames in.
+    const HistoryRecord record = Aus_Empfang(link);
+    const std::string serial = Seriennummer(link);
+    const Kern& kern = link.kern;
+    const auto date = Datum_Des_Satzes(record);
+    const std::string state = Zustand_Text(kern, record.Event);
+
+    Grenze_Pruefen(kern, link.Lauf, date);
+    const bool written =
+        Datei_Beginnen(link, lockName, serial) && Zeilen_Schreiben(link, Satzzeile(kern, record, date), state);
+    if (written) {
+        Zustand_Zeigen(link.Lauf, record.Event, state, show);
+    }
+    if (!date) {
+        Datum_Melden(kern, record);
+    }
+    return written;
+}
+
+} // namespace qvm
