@@ -1,0 +1,39 @@
+#pragma once
+
+#include "Grid.h"
+
+namespace qvm {
+
+struct Kern;
+
+/// Radio channels of locks and E-Keys, RFCHANDIF12.RFX. Record r serves lock r and the E-Key of user r. Every change
+/// takes effect on the disk at once. A missing file reads as blanks. A routine gives false when the number is out of
+/// range or the file could not be read or written; the file is then as it was.
+
+/// What a run asks about a lock.
+struct KanalStand {
+    int Channel = 1;           ///< on which the lock was last programmed; 1 when blank
+    int Target = 1;            ///< to which the system is set; RadioChannel when blank
+    bool ChangePending = true; ///< the lock must still change channel; true when blank
+
+    bool operator==(const KanalStand&) const = default;
+};
+
+/// State of lock 1 to 200; that of a blank record for other numbers and on a file error.
+KanalStand Kanal_Stand(const Kern& kern, int lock);
+
+/// The lock was programmed: lock channel and target channel become RadioChannel, no change pending.
+bool Kanal_Ausgefuehrt(const Kern& kern, int lock);
+
+/// The lock must still change channel. Touches nothing but the flag.
+bool Kanal_Offen(const Kern& kern, int lock);
+
+/// The E-Key of the user in this row (2 to 251) of the user table now has the target channel: EKold takes it, no change
+/// pending, the key's cell becomes black. A blank target goes over as it is.
+bool Key_Kanal_Bestaetigen(const Kern& kern, Grid& users, int row);
+
+/// The system was set to a new channel, 1 to 12: the target of records 1 to 201, and of further ones up to 250 that the
+/// file holds. Blank channels become 1; a change is pending where a channel differs from the target.
+bool Kanal_Umstellen(const Kern& kern, int channel);
+
+} // namespace qvm

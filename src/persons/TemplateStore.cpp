@@ -1,0 +1,62 @@
+#include "TemplateStore.h"
+
+#include "Kern.h"
+#include "Text.h"
+
+#include <algorithm>
+
+namespace qvm {
+
+namespace {
+
+/// Records that the search looks at: the number of users and 250.
+constexpr int ScannedRecords = 500;
+constexpr int SlotOffset = 249, LastSlot = 251;
+constexpr std::size_t IdentifierLength = 21;
+
+/// The digits that the identifier begins with. A deletion record ("F-...") has none.
+std::string_view Kennziffern(std::string_view identifier) {
+    return identifier.substr(0, std::min(identifier.find_first_not_of("0123456789"), identifier.size()));
+}
+
+} // namespace
+
+ReadStatus TemplateStore::Laden(const Kern& kern) {
+    recordOf_.clear();
+    const ReadStatus status = file_.Laden(kern.Welt.Files, kern.DatPfad());
+    const int last = std::min(file_.Count(), ScannedRecords);
+    for (int n = 1; n <= last; ++n) {
+        const std::string identifier = file_.Text(n, TemplateRecord::Identifier);
+        const std::string_view digits = Kennziffern(identifier);
+        if (!digits.empty()) {
+            recordOf_.emplace(digits, n); // the first of equals stays
+        }
+    }
+    return status;
+}
+
+std::optional<std::string> TemplateStore::Suchen(std::string_view fingerId) const {
+    std::string_view wanted = Trim(fingerId).substr(0, IdentifierLength);
+    if (wanted.starts_with("PR")) {
+        wanted.remove_prefix(2);
+    }
+    const auto found = recordOf_.find(std::string(Kennziffern(wanted)));
+    if (found == recordOf_.end()) {
+        return std::nullopt;
+    }
+    return file_.Text(found->second, TemplateRecord::Template);
+}
+
+bool Template_Schreiben(const Kern& kern, int slot, int ownerRow, std::string_view identifier, std::string_view text) {
+    if (slot < 1 || slot > LastSlot) {
+        return false;
+    }
+    std::string record;
+    Feld_Schreiben(record, TemplateRecord::Owner, Ziffern(ownerRow));
+    Feld_Schreiben(record, TemplateRecord::Identifier, LTrim(identifier));
+    Feld_Schreiben(record, TemplateRecord::Template, LTrim(text));
+    Feld_Schreiben(record, TemplateRecord::Spare, "0");
+    return Satz_Schreiben(kern.Welt.Files, kern.DatPfad(), TemplateRecord::Record, slot + SlotOffset, record);
+}
+
+} // namespace qvm
