@@ -1,0 +1,110 @@
+#include "DispatcherFixture.h"
+#include "SeriellesProtokoll.h"
+
+#include <gmock/gmock.h>
+
+namespace qvm::test {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+struct Antwort_Verteilen_Refusal : DispatcherFixture {
+    void Refuse(std::uint8_t reason) { Reply(0x69, {reason}); }
+};
+
+TEST_F(Antwort_Verteilen_Refusal, a_refused_erase_of_a_unit_is_repeated) {
+    link.Lauf.UnitModus = 0xFD;
+    TelDatenStart_Senden(link, 0);
+    Refuse(0x64);
+    EXPECT_THAT(Called, ElementsAre("Unit_Datenstart_Wiederholen"));
+}
+
+TEST_F(Antwort_Verteilen_Refusal, a_unit_that_is_being_opened_is_tried_on_the_next_channel_until_all_twelve_are_used) {
+    link.Lauf.UnitModus = 0xFA;
+    link.Lauf.UnitTry = 0x38;
+    TelKanalLesen_Senden(link, 1);
+    link.Lauf.EintragFertig = 11;
+    Refuse(0x64);
+    EXPECT_THAT(Called, ElementsAre("Unit_Naechster_Kanal"));
+    link.Lauf.EintragFertig = 12;
+    Refuse(0x64);
+    EXPECT_THAT(Called, ElementsAre("Unit_Fehlgeschlagen"));
+}
+
+TEST_F(Antwort_Verteilen_Refusal, any_other_refusal_in_a_unit_session_ends_it) {
+    link.Lauf.UnitModus = 0xFD;
+    TelUnitOeffnen_Senden(link, {});
+    Refuse(0x65);
+    EXPECT_THAT(Called, ElementsAre("Unit_Fehlgeschlagen"));
+}
+
+TEST_F(Antwort_Verteilen_Refusal, a_refused_sign_of_life_changes_nothing) {
+    TelLebenszeichen_Senden(link);
+    for (const int reason : {0x64, 0x65, 0x67}) {
+        Refuse(static_cast<std::uint8_t>(reason));
+        EXPECT_THAT(Called, IsEmpty());
+        EXPECT_THAT(Sent(), IsEmpty());
+        EXPECT_FALSE(link.Lauf.AnswerSeen);
+    }
+}
+
+TEST_F(Antwort_Verteilen_Refusal, an_empty_channel_of_a_scan_is_counted_and_the_scan_goes_on) {
+    link.Lauf.SuchMarke = 0xAD;
+    Refuse(0x64);
+    EXPECT_THAT(Called, ElementsAre("Unit_Kanal_Leer"));
+    link.Lauf.SuchMarke = 0;
+    link.Lauf.SuchLauf = 1;
+    Refuse(0x64);
+    EXPECT_THAT(Called, ElementsAre("Suchlauf_Schritt"));
+}
+
+TEST_F(Antwort_Verteilen_Refusal, no_contact_goes_to_the_search_the_unit_or_the_end) {
+    Refuse(0x64);
+    EXPECT_THAT(Called, ElementsAre("Kein_Kontakt"));
+    link.Lauf.LaufZiel = "UNIT";
+    Refuse(0x64);
+    EXPECT_THAT(Called, ElementsAre("Unit_Kein_Kontakt"));
+    link.Lauf.LaufZiel = "F20";
+    Refuse(0x64);
+    EXPECT_THAT(Called, ElementsAre("Kanal_Weiter"));
+    link.Lauf.LaufZiel.clear();
+    link.Lauf.KanalSuche = 1;
+    Refuse(0x64);
+    EXPECT_THAT(Called, ElementsAre("Kanal_Weiter"));
+    EXPECT_THAT(Sent(), IsEmpty());
+}
+
+TEST_F(Antwort_Verteilen_Refusal, reasons_65_66_and_6a_have_their_own_ends) {
+    Refuse(0x65);
+    EXPECT_THAT(Called, ElementsAre("Abgelehnt"));
+    Refuse(0x66);
+    EXPECT_THAT(Called, ElementsAre("Key_Abgelehnt"));
+    Refuse(0x6A);
+    EXPECT_THAT(Called, ElementsAre("Karte_Abgelehnt"));
+    EXPECT_THAT(Sent(), IsEmpty());
+}
+
+TEST_F(Antwort_Verteilen_Refusal, reasons_68_69_unknown_ones_and_none_do_nothing) {
+    for (const int reason : {0x68, 0x69, 0x00, 0x63, 0x6B, 0xFF}) {
+        Refuse(static_cast<std::uint8_t>(reason));
+        EXPECT_THAT(Called, IsEmpty()) << reason;
+        EXPECT_THAT(Sent(), IsEmpty()) << reason;
+    }
+    Reply(0x69);
+    EXPECT_THAT(Called, IsEmpty());
+}
+
+TEST_F(Antwort_Verteilen_Refusal, a_busy_lock_is_asked_39_times_to_disconnect_and_then_given_up) {
+    for (int n = 1; n <= 39; ++n) {
+        Refuse(0x67);
+        ASSERT_THAT(Sent(), ElementsAre(0x05)) << n;
+        ASSERT_THAT(Called, IsEmpty()) << n;
+    }
+    Refuse(0x67);
+    EXPECT_THAT(Sent(), IsEmpty());
+    EXPECT_THAT(Called, ElementsAre("Trennen_Aufgegeben"));
+}
+
+} // namespace
+} // namespace qvm::test

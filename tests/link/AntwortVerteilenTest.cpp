@@ -1,0 +1,511 @@
+#include "DispatcherFixture.h"
+
+#include <gmock/gmock.h>
+#include <map>
+#include <set>
+#include <string_view>
+
+namespace qvm::test {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+constexpr std::uint32_t SerialS = 0x000A1001, SerialZ = 0x01200000, SerialN = 0x01C00100, SerialT = 0x0A000001,
+                        SerialTwoPass = 0x0E700000;
+
+using Antwort_Verteilen_Reply = DispatcherFixture;
+
+TEST(Antwort_Tabelle, no_row_stands_behind_an_unconditional_row_of_its_code) {
+    std::set<int> closed;
+    for (const ReplyRow& row : Antwort_Tabelle()) {
+        EXPECT_FALSE(closed.contains(row.Code)) << std::hex << int{row.Code} << " " << row.When;
+        if (row.Condition == &Immer) {
+            closed.insert(row.Code);
+        }
+    }
+    bool end = false;
+    for (const ReplyRow& row : Ablehnung_Tabelle()) {
+        EXPECT_FALSE(end) << row.When;
+        end = row.Condition == &Immer;
+    }
+    EXPECT_TRUE(end);
+}
+
+TEST(Antwort_Tabelle, every_reply_code_of_the_chain_has_a_row) {
+    const std::set<int> wanted{0x03, 0x04, 0x05, 0x06, 0x07, 0x08, 0x09, 0x0A, 0x0B, 0x0D, 0x0E, 0x12,
+                               0x15, 0x17, 0x19, 0x1B, 0x1F, 0x21, 0x23, 0x25, 0x27, 0x28, 0x29, 0x2F,
+                               0x32, 0x33, 0x37, 0x3B, 0x3D, 0x40, 0x43, 0x48, 0x49, 0x4A, 0x4B, 0x68,
+                               0x69, 0x6A, 0x6C, 0x6D, 0x6F, 0x72, 0x73, 0x81, 0xA1, 0xA2, 0xA3};
+    std::set<int> present;
+    for (const ReplyRow& row : Antwort_Tabelle()) {
+        present.insert(row.Code);
+    }
+    EXPECT_EQ(present, wanted);
+}
+
+TEST_F(Antwort_Verteilen_Reply, an_unknown_code_does_nothing) {
+    for (const int code : {0x00, 0x01, 0x02, 0x10, 0x7F, 0x90, 0xFF}) {
+        Reply(static_cast<std::uint8_t>(code));
+        EXPECT_THAT(Sent(), IsEmpty()) << code;
+        EXPECT_THAT(Called, IsEmpty()) << code;
+    }
+}
+
+// Login.
+
+TEST_F(Antwort_Verteilen_Reply, an_accepted_login_with_the_clock_switch_sends_the_date) {
+    link.Lauf.FlagSetClock = 1;
+    link.Lauf.ReadHistoryFirst = 1;
+    ReplyStatus(0x04, 4);
+    EXPECT_THAT(Sent(), ElementsAre(0x07));
+    EXPECT_EQ(link.Device.Serial, (Address{0x0A, 0x0B, 0x0C, 0x0D}));
+}
+
+TEST_F(Antwort_Verteilen_Reply, an_accepted_login_without_clock_begins_the_history_when_it_is_wanted) {
+    link.Lauf.ReadHistoryFirst = 1;
+    link.Lauf.HistoryStop = 0xFF;
+    link.Lauf.HistoryFileOpen = 1;
+    ReplyStatus(0x04, 4);
+    EXPECT_THAT(Sent(), ElementsAre(0x17));
+    EXPECT_EQ(SentByte(14), 0);
+    EXPECT_EQ(link.Lauf.HistoryStop, 0);
+    EXPECT_EQ(link.Lauf.HistoryFileOpen, 0);
+    EXPECT_THAT(Called, ElementsAre("Historie_Anzeigen"));
+}
+
+TEST_F(Antwort_Verteilen_Reply, an_accepted_login_without_clock_and_history_sends_the_erase_telegram_at_once) {
+    link.Lauf.SerialValue = SerialS;
+    link.Lauf.EraseOption = 1;
+    ReplyStatus(0x04, 4);
+    EXPECT_THAT(Sent(), ElementsAre(0x27));
+    EXPECT_EQ(SentByte(14), 1);
+    EXPECT_THAT(Called, IsEmpty());
+}
+
+TEST_F(Antwort_Verteilen_Reply, a_login_is_refused_by_any_other_status_and_by_a_reply_too_short_to_hold_one) {
+    for (const int status : {0, 1, 2, 3, 5, 0xFF}) {
+        ReplyStatus(0x04, static_cast<std::uint8_t>(status));
+        EXPECT_THAT(Sent(), IsEmpty()) << status;
+        EXPECT_THAT(Called, ElementsAre("Anmeldung_Abgelehnt")) << status;
+    }
+    link.Rx.RxBuffer[14] = 4;
+    Reply(0x04, {1, 1, 1, 1});
+    EXPECT_THAT(Called, ElementsAre("Anmeldung_Abgelehnt"));
+}
+
+TEST_F(Antwort_Verteilen_Reply, a_login_for_a_code_change_sends_nothing_and_ends_its_wait) {
+    link.Lauf.CodeChangePending = 0xFF;
+    link.Lauf.KanalSuche = 1;
+    ReplyStatus(0x04, 4);
+    EXPECT_THAT(Sent(), IsEmpty());
+    EXPECT_THAT(Called, IsEmpty());
+    EXPECT_EQ(link.Lauf.CodeChangePending, 0);
+    EXPECT_EQ(link.Lauf.KanalSuche, 0);
+}
+
+TEST_F(Antwort_Verteilen_Reply, a_login_found_by_the_channel_search_moves_the_lock_to_the_systems_channel) {
+    link.Lauf.KanalSuche = 1;
+    ReplyStatus(0x04, 4);
+    EXPECT_THAT(Sent(), ElementsAre(0x28));
+    EXPECT_EQ(SentByte(14), 6);
+    EXPECT_EQ(link.Lauf.KanalSuche, 0);
+}
+
+TEST_F(Antwort_Verteilen_Reply, a_login_refused_during_the_channel_search_goes_to_the_search) {
+    link.Lauf.KanalSuche = 1;
+    ReplyStatus(0x04, 1);
+    EXPECT_THAT(Sent(), IsEmpty());
+    EXPECT_THAT(Called, ElementsAre("Suche_Abgelehnt"));
+}
+
+TEST_F(Antwort_Verteilen_Reply, a_unit_of_type_1_gets_the_locks_serial_after_its_login_only_when_it_accepts) {
+    link.Lauf.LaufZiel = "UNIT";
+    link.Lauf.LockAddress = {0x0A, 0x0B, 0x0C, 0x0D};
+    ReplyStatus(0x04, 4);
+    EXPECT_THAT(Sent(), ElementsAre(0x3D));
+    EXPECT_EQ(SentByte(14), 0x0A);
+    EXPECT_EQ(SentByte(17), 0x0D);
+    ReplyStatus(0x04, 1);
+    EXPECT_THAT(Sent(), IsEmpty());
+    EXPECT_THAT(Called, ElementsAre("Unit_Abgelehnt"));
+}
+
+TEST_F(Antwort_Verteilen_Reply, a_unit_in_block_transfer_is_erased_with_option_0_after_its_login_whatever_the_status) {
+    link.Lauf.UnitModus = 0xFD;
+    link.Lauf.EraseOption = 1;
+    link.Lauf.SerialValue = SerialZ;
+    link.Lauf.UnitRow = 3;
+    ReplyStatus(0x04, 0);
+    EXPECT_THAT(Sent(), ElementsAre(0x27));
+    EXPECT_EQ(SentByte(14), 0);
+    EXPECT_EQ(link.Lauf.UnitRow, 0);
+    EXPECT_THAT(Called, IsEmpty()) << "no polling in a unit session";
+}
+
+TEST_F(Antwort_Verteilen_Reply, a_login_of_a_unit_search_goes_to_the_search) {
+    link.Lauf.SuchLauf = 1;
+    ReplyStatus(0x04, 4);
+    EXPECT_THAT(Called, ElementsAre("Suchlauf_Schritt"));
+}
+
+// Clock, history, erase.
+
+TEST_F(Antwort_Verteilen_Reply, the_date_is_followed_by_the_time_and_that_by_history_or_priority) {
+    Reply(0x07);
+    EXPECT_THAT(Sent(), ElementsAre(0x09));
+    Reply(0x09);
+    EXPECT_THAT(Sent(), ElementsAre(0x2F));
+    link.Lauf.HistoryOnly = 1;
+    Reply(0x09);
+    EXPECT_THAT(Sent(), ElementsAre(0x17));
+}
+
+std::vector<std::uint8_t> HistoryReply(std::uint8_t event) {
+    std::vector<std::uint8_t> bytes(33, 0x20);
+    bytes[32] = event; // index 35
+    return bytes;
+}
+
+TEST_F(Antwort_Verteilen_Reply, a_history_record_is_written_before_the_next_one_is_asked_for) {
+    Reply(0x17, HistoryReply(0x13));
+    EXPECT_THAT(Called, ElementsAre("Historie_Eintrag"));
+    EXPECT_THAT(Sent(), ElementsAre(0x17));
+    EXPECT_EQ(SentByte(13), 0);
+}
+
+TEST_F(Antwort_Verteilen_Reply, the_end_of_a_history_run_disconnects_and_before_programming_it_leads_to_the_priority) {
+    link.Lauf.HistoryOnly = 1;
+    Reply(0x17, HistoryReply(0xFF));
+    EXPECT_THAT(Called, ElementsAre("Historie_Fertig"));
+    EXPECT_THAT(Sent(), ElementsAre(0x05));
+    link.Lauf.HistoryOnly = 0;
+    link.Lauf.ReadHistoryFirst = 1;
+    Reply(0x17, HistoryReply(0xFF));
+    EXPECT_THAT(Called, IsEmpty());
+    EXPECT_THAT(Sent(), ElementsAre(0x2F));
+}
+
+TEST_F(Antwort_Verteilen_Reply, the_record_behind_the_cut_off_and_a_record_too_short_end_the_reading) {
+    link.Lauf.HistoryStop = 0xFF;
+    Reply(0x17, HistoryReply(0x13));
+    EXPECT_THAT(Sent(), ElementsAre(0x2F));
+    link.Lauf.HistoryStop = 0;
+    Reply(0x17, {1, 2, 3});
+    EXPECT_THAT(Sent(), ElementsAre(0x2F));
+    EXPECT_THAT(Called, IsEmpty());
+}
+
+TEST_F(Antwort_Verteilen_Reply, the_priority_is_followed_by_the_erase_telegram_and_polling_only_in_range_z) {
+    for (const std::uint32_t serial : {SerialS, SerialT, 0x01000000U, 0x02000001U}) {
+        link.Lauf.SerialValue = serial;
+        Reply(0x2F);
+        EXPECT_THAT(Sent(), ElementsAre(0x27)) << serial;
+        EXPECT_THAT(Called, IsEmpty()) << serial;
+    }
+    for (const std::uint32_t serial : {0x01000001U, SerialZ, 0x02000000U}) {
+        link.Lauf.SerialValue = serial;
+        link.Lauf.AnswerSeen = true;
+        link.Lauf.AnswerTicks = 7;
+        Reply(0x2F);
+        EXPECT_THAT(Sent(), ElementsAre(0x27)) << serial;
+        EXPECT_THAT(Called, ElementsAre("Abfrage_Starten")) << serial;
+        EXPECT_FALSE(link.Lauf.AnswerSeen);
+        EXPECT_EQ(link.Lauf.AnswerTicks, 0);
+    }
+}
+
+TEST_F(Antwort_Verteilen_Reply, the_erase_reply_leads_on_except_for_a_polled_lock) {
+    for (const std::uint32_t serial : {SerialS, 0x01000000U, 0x02000000U, 0x02000001U, SerialT}) {
+        link.Lauf.SerialValue = serial;
+        Reply(0x27);
+        EXPECT_THAT(Sent(), ElementsAre(0x25)) << serial;
+        EXPECT_THAT(Called, ElementsAre("Abfrage_Stoppen")) << serial;
+    }
+    for (const std::uint32_t serial : {0x01000001U, SerialZ, 0x01FFFFFFU}) {
+        link.Lauf.SerialValue = serial;
+        Reply(0x27);
+        EXPECT_THAT(Sent(), IsEmpty()) << serial;
+        EXPECT_THAT(Called, IsEmpty()) << serial;
+    }
+}
+
+TEST_F(Antwort_Verteilen_Reply, a_sign_of_life_is_remembered_and_answers_nothing) {
+    for (const int code : {0x06, 0x08}) {
+        link.Lauf.AnswerSeen = false;
+        Reply(static_cast<std::uint8_t>(code));
+        EXPECT_TRUE(link.Lauf.AnswerSeen);
+        EXPECT_THAT(Sent(), IsEmpty());
+    }
+}
+
+// Settings and tables.
+
+TEST_F(Antwort_Verteilen_Reply, the_calendar_flag_leads_to_listen_window_reader_setting_or_tables_in_this_order) {
+    link.Lauf.SerialValue = SerialN;
+    link.Lauf.ListenWindow = true;
+    Reply(0x25);
+    EXPECT_THAT(Called, ElementsAre("Zeitfenster"));
+    link.Lauf.ListenWindow = false;
+    Reply(0x25);
+    EXPECT_THAT(Called, ElementsAre("ReaderEinstellung"));
+    link.Lauf.SerialValue = SerialZ;
+    Reply(0x25);
+    EXPECT_THAT(Called, ElementsAre("Schaltuhr_A"));
+}
+
+TEST_F(Antwort_Verteilen_Reply, the_tables_begin_by_the_timer_mode_with_both_step_marks_cleared) {
+    const std::map<std::string, std::string> first{
+        {TimerPB_UT, "Schaltuhr_A"}, {Timer_A_B, "Schaltuhr_A_Kurz"}, {Timer_ERROR, "EinzelFeiertage"}};
+    for (const int code : {0x33, 0x3B}) {
+        for (const auto& [mode, hook] : first) {
+            link.Lauf.TimerMode = mode;
+            link.Lauf.TimerPart = link.Lauf.HolidayPart = 0xFF;
+            Reply(static_cast<std::uint8_t>(code));
+            EXPECT_THAT(Called, ElementsAre(hook));
+            EXPECT_EQ(link.Lauf.TimerPart, 0);
+            EXPECT_EQ(link.Lauf.HolidayPart, 0);
+        }
+    }
+}
+
+TEST_F(Antwort_Verteilen_Reply, table_parts_follow_one_another_until_their_mark) {
+    link.Lauf.TimerPart = 1;
+    Reply(0x19);
+    EXPECT_THAT(Called, ElementsAre("Schaltuhr_A"));
+    link.Lauf.TimerPart = 0xFF;
+    Reply(0x19);
+    EXPECT_THAT(Called, ElementsAre("Schaltuhr_B"));
+    EXPECT_EQ(link.Lauf.TimerPart, 0);
+    link.Lauf.TimerPart = 1;
+    Reply(0x1B);
+    EXPECT_THAT(Called, ElementsAre("Schaltuhr_B"));
+    link.Lauf.TimerPart = 0xFF;
+    Reply(0x1B);
+    EXPECT_THAT(Called, ElementsAre("EinzelFeiertage"));
+    link.Lauf.HolidayPart = 2;
+    Reply(0x1F);
+    EXPECT_THAT(Called, ElementsAre("EinzelFeiertage"));
+    link.Lauf.HolidayPart = 0xFF;
+    Reply(0x1F);
+    EXPECT_THAT(Called, ElementsAre("PermFeiertage"));
+    EXPECT_EQ(link.Lauf.HolidayPart, 0);
+    link.Lauf.HolidayPart = 1;
+    Reply(0x21);
+    EXPECT_THAT(Called, ElementsAre("PermFeiertage"));
+    link.Lauf.HolidayPart = 0xFF;
+    link.Lauf.SlotCursor = 9;
+    Reply(0x21);
+    EXPECT_THAT(Called, ElementsAre("Benutzer_Beginnen"));
+    EXPECT_EQ(link.Lauf.SlotCursor, 0);
+}
+
+TEST_F(Antwort_Verteilen_Reply, short_tables_go_out_once_each) {
+    link.Lauf.TimerMode = Timer_A_B;
+    Reply(0x19);
+    EXPECT_THAT(Called, ElementsAre("Schaltuhr_B_Kurz"));
+    Reply(0x1B);
+    EXPECT_THAT(Called, ElementsAre("EinzelFeiertage"));
+}
+
+// Users.
+
+TEST_F(Antwort_Verteilen_Reply, a_user_is_led_from_slot_to_data) {
+    Reply(0x0A, std::vector<std::uint8_t>(12));
+    EXPECT_THAT(Called, ElementsAre("Benutzer_Slot"));
+    Reply(0x0B);
+    EXPECT_THAT(Called, ElementsAre("Benutzer_Name2"));
+    Reply(0x0D);
+    EXPECT_THAT(Called, ElementsAre("Benutzer_Daten"));
+    Reply(0x40);
+    EXPECT_THAT(Called, ElementsAre("Benutzer_Zeitgruppen"));
+}
+
+TEST_F(Antwort_Verteilen_Reply, user_data_are_followed_by_group_masks_or_by_the_next_user) {
+    Reply(0x0E);
+    EXPECT_THAT(Called, ElementsAre("Benutzer_Zeitgruppen"));
+    link.Lauf.TimerMode = Timer_A_B;
+    link.Lauf.SlotCursor = 4;
+    Reply(0x0E);
+    EXPECT_THAT(Called, ElementsAre("Benutzer_Beginnen"));
+    EXPECT_EQ(link.Lauf.SlotCursor, 5);
+    Reply(0x37);
+    EXPECT_EQ(link.Lauf.SlotCursor, 6);
+}
+
+TEST_F(Antwort_Verteilen_Reply, a_long_identification_takes_two_telegrams_the_second_under_another_class) {
+    link.Lauf.SerialValue = SerialN;
+    link.Lauf.IdMarke = "P";
+    link.Lauf.IdSecondPart = true;
+    Reply(0x0E);
+    EXPECT_THAT(Called, ElementsAre("Id_Daten1"));
+    EXPECT_EQ(link.DeviceClassByte, 0x11);
+    Reply(0x43);
+    EXPECT_THAT(Called, ElementsAre("Id_Daten2"));
+    EXPECT_EQ(link.DeviceClassByte, 0xC3);
+    Reply(0x43);
+    EXPECT_THAT(Called, ElementsAre("Benutzer_Zeitgruppen"));
+    EXPECT_EQ(link.DeviceClassByte, 0x11);
+    EXPECT_EQ(link.Lauf.IdMarke, "");
+}
+
+TEST_F(Antwort_Verteilen_Reply, an_identification_reply_outside_range_n_goes_on_as_user_data_do) {
+    link.Lauf.SerialValue = SerialT;
+    link.Lauf.TimerMode = Timer_A_B;
+    link.DeviceClassByte = 0xC3;
+    link.Lauf.SlotCursor = 0;
+    Reply(0x43);
+    EXPECT_THAT(Called, ElementsAre("Benutzer_Beginnen"));
+    EXPECT_EQ(link.DeviceClassByte, 0x11);
+    EXPECT_EQ(link.Lauf.SlotCursor, 1);
+}
+
+// Closing.
+
+TEST_F(Antwort_Verteilen_Reply, the_lock_mode_goes_out_unless_there_is_none) {
+    link.Lauf.LockMode = 0x14;
+    Reply(0x23);
+    EXPECT_THAT(Sent(), ElementsAre(0x32));
+    EXPECT_EQ(SentByte(14), 0x14);
+    link.Lauf.LockMode = 0xFF;
+    Reply(0x23);
+    EXPECT_THAT(Called, ElementsAre("Daten_Schluss"));
+    Reply(0x32);
+    EXPECT_THAT(Called, ElementsAre("Daten_Schluss"));
+}
+
+TEST_F(Antwort_Verteilen_Reply, the_end_of_data_disconnects_and_clears_the_repeat_count) {
+    link.Lauf.WiederholZaehler = 12;
+    Reply(0x15);
+    EXPECT_THAT(Sent(), ElementsAre(0x05));
+    EXPECT_EQ(link.Lauf.WiederholZaehler, 0);
+}
+
+TEST_F(Antwort_Verteilen_Reply, a_disconnect_ends_the_lock_or_what_was_under_way) {
+    Reply(0x05);
+    EXPECT_THAT(Called, ElementsAre("Abfrage_Stoppen", "Schloss_Ende"));
+    link.Lauf.LaufZiel = "UNIT";
+    Reply(0x05);
+    EXPECT_THAT(Called, ElementsAre("Unit_Fertig"));
+    link.Lauf.LaufZiel = "F22";
+    Reply(0x05);
+    EXPECT_THAT(Called, ElementsAre("Kanalwechsel_Ende"));
+    EXPECT_EQ(link.Lauf.LaufZiel, "");
+    link.Lauf.UnitModus = 0xFD;
+    Reply(0x05);
+    EXPECT_THAT(Sent(), ElementsAre(0x03));
+}
+
+TEST_F(Antwort_Verteilen_Reply, a_two_pass_lock_logs_in_again_only_inside_its_range) {
+    link.Lauf.TwoPassFlag = 1;
+    link.Lauf.SerialValue = SerialTwoPass;
+    Reply(0x05);
+    EXPECT_THAT(Called, ElementsAre("Zweiter_Durchgang"));
+    for (const std::uint32_t serial : {0x0E6E9000U, 0x0FDFF59CU}) {
+        link.Lauf.SerialValue = serial;
+        Reply(0x05);
+        EXPECT_THAT(Called, ElementsAre("Abfrage_Stoppen", "Schloss_Ende")) << serial;
+    }
+}
+
+// Channel and units.
+
+TEST_F(Antwort_Verteilen_Reply, reading_the_channel_is_answered_with_the_key_action_and_plans_the_setting) {
+    Reply(0x28);
+    EXPECT_THAT(Sent(), ElementsAre(0x66));
+    EXPECT_EQ(SentByte(14), 6);
+    EXPECT_THAT(Called, ElementsAre("Kanal_Setzen_Planen"));
+}
+
+TEST_F(Antwort_Verteilen_Reply, a_channel_set_goes_on_as_after_a_login_and_later_logins_use_the_systems_channel) {
+    link.TargetChannel = 3;
+    link.Lauf.KanalSuche = 1;
+    Reply(0x29);
+    EXPECT_THAT(Called, ElementsAre("Kanal_Gesetzt"));
+    EXPECT_THAT(Sent(), ElementsAre(0x27));
+    EXPECT_EQ(link.TargetChannel, 7);
+    EXPECT_EQ(link.Lauf.KanalSuche, 0);
+    link.Lauf.LaufZiel = "F22";
+    Reply(0x29);
+    EXPECT_THAT(Sent(), ElementsAre(0x05));
+}
+
+TEST_F(Antwort_Verteilen_Reply, a_unit_of_type_2_is_opened_keyed_joined_and_filled) {
+    link.Lauf.UnitModus = 0xFA;
+    link.Lauf.UnitTry = 0x38;
+    Reply(0x29);
+    EXPECT_THAT(Sent(), ElementsAre(0x49));
+    EXPECT_EQ(link.Lauf.UnitModus, 0xFD);
+    EXPECT_EQ(link.Lauf.UnitTry, 0);
+    world.RandomValues = {0.0, 1.0 - 1e-9};
+    Reply(0x49);
+    EXPECT_THAT(Sent(), ElementsAre(0x48));
+    EXPECT_EQ(link.Lauf.SitzungsSchluessel[0], 1);
+    EXPECT_EQ(link.Lauf.SitzungsSchluessel[1], 255);
+    Reply(0x48);
+    EXPECT_THAT(Sent(), ElementsAre(0xFE));
+    Reply(0x27);
+    EXPECT_THAT(Called, ElementsAre("Unit_Bloecke_Start"));
+    Reply(0x4A);
+    EXPECT_THAT(Called, ElementsAre("Unit_Block_Quittung"));
+    Reply(0x03);
+    EXPECT_THAT(Called, ElementsAre("Unit_Getrennt"));
+    link.Lauf.UnitModus = 0;
+    Reply(0x03);
+    EXPECT_THAT(Called, IsEmpty());
+    Reply(0x3D);
+    EXPECT_THAT(Sent(), ElementsAre(0x05));
+    Reply(0x4B);
+    EXPECT_THAT(Called, ElementsAre("Unit_Gefunden"));
+}
+
+TEST_F(Antwort_Verteilen_Reply, a_code_change_goes_to_its_window_or_on_to_the_channel_of_a_unit) {
+    ReplyStatus(0x12, 4);
+    EXPECT_THAT(Called, ElementsAre("Code_Ergebnis"));
+    link.Lauf.LaufZiel = "F22";
+    ReplyStatus(0x12, 4);
+    EXPECT_THAT(Sent(), ElementsAre(0x28));
+    ReplyStatus(0x12, 2);
+    EXPECT_THAT(Called, ElementsAre("Code_Ergebnis"));
+}
+
+// Adapters, cards, credentials.
+
+TEST_F(Antwort_Verteilen_Reply, an_identification_of_the_adapter_counts_only_when_it_is_whole) {
+    Reply(0x68, std::vector<std::uint8_t>(12)); // L 0x0E
+    EXPECT_EQ(link.ReplySeen, 0);
+    Reply(0x68, std::vector<std::uint8_t>(13)); // L 0x0F
+    EXPECT_EQ(link.ReplySeen, 1);
+    EXPECT_THAT(Called, ElementsAre("Adapter_Erkannt"));
+}
+
+TEST_F(Antwort_Verteilen_Reply, replies_that_lead_to_windows_call_their_hooks) {
+    const std::map<int, std::string> hooks{
+        {0x6A, "Adapter_Erkannt"}, {0x6C, "Adapter_Daten"}, {0x6F, "Karte_Quittung"},
+        {0x72, "Karte_Start"},     {0x73, "Karte_Block"},   {0x81, "EKey_Ergebnis"},
+        {0xA1, "Finger_Schritt"},  {0xA2, "Finger_Daten"},  {0xA3, "Finger_Kennung"}};
+    for (const auto& [code, hook] : hooks) {
+        Reply(static_cast<std::uint8_t>(code), std::vector<std::uint8_t>(20));
+        EXPECT_THAT(Called, ElementsAre(hook)) << code;
+        EXPECT_THAT(Sent(), IsEmpty()) << code;
+    }
+    link.ReplySeen = 0;
+    Reply(0x6D);
+    EXPECT_EQ(link.ReplySeen, 1);
+}
+
+// Cancel.
+
+TEST_F(Antwort_Verteilen_Reply, a_cancel_discards_the_frame_reopens_the_port_and_disconnects) {
+    link.Lauf.AbbruchWunsch = 1;
+    const int opens = world.Opens;
+    Reply(0x0A, std::vector<std::uint8_t>(12, 0x55));
+    EXPECT_THAT(Called, ElementsAre("Abbruch"));
+    EXPECT_THAT(Sent(), ElementsAre(0x05));
+    EXPECT_EQ(world.Opens, opens + 1);
+    EXPECT_EQ(link.Lauf.AbbruchWunsch, 0);
+    EXPECT_EQ(link.Rx.RxBuffer[14], 0);
+}
+
+} // namespace
+} // namespace qvm::test
