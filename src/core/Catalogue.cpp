@@ -40,9 +40,9 @@ const std::string& Sprachkatalog::Zeile(int n) const {
 }
 
 void Sprache_Defaults(Sprachkatalog& katalog) {
-    katalog.TagTexte = {"OFF",     "Montag",  "Dienstag",         "Mittwoch",          "Donnerstag",      "Freitag",
-                        "Samstag", "Sonntag", "Montag - Freitag", "Samstag - Sonntag", "Montag - Sonntag"};
-    katalog.FeiertagsTexte = {"Einzelfeiertage", "Perm. Feiertage"};
+    const Sprachkatalog defaults;
+    katalog.TagTexte = defaults.TagTexte;
+    katalog.FeiertagsTexte = defaults.FeiertagsTexte;
 }
 
 SprachdateiStatus Sprachdatei_Laden(Kern& kern) {

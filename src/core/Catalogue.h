@@ -13,9 +13,12 @@ struct Sprachkatalog {
     static constexpr int Zeilen = 301;
     std::array<std::string, Zeilen> LanguageText;
     /// The eleven day selectors and the two holiday kinds; German until a language file is loaded.
-    std::array<std::string, 11> TagTexte;
-    std::array<std::string, 2> FeiertagsTexte;
+    std::array<std::string, 11> TagTexte{
+        "OFF",     "Montag",  "Dienstag",         "Mittwoch",          "Donnerstag",      "Freitag",
+        "Samstag", "Sonntag", "Montag - Freitag", "Samstag - Sonntag", "Montag - Sonntag"};
+    std::array<std::string, 2> FeiertagsTexte{"Einzelfeiertage", "Perm. Feiertage"};
 
+    /// Line n; empty for line 0 and outside.
     const std::string& Zeile(int n) const;
 };
 
@@ -24,8 +27,10 @@ void Sprache_Defaults(Sprachkatalog& katalog);
 
 enum class SprachdateiStatus { Geladen, Fehlt, ZuLang };
 
-/// Reads AppPath/QVM_<Sprache>.DAT when it exists and fills the labels from it. Lines end in LF or CR LF. A missing file
-/// leaves every line empty and the labels as they are. Lines beyond number 300 are dropped and reported as ZuLang.
+/// Reads AppPath/QVM_<Sprache>.DAT when it exists and fills all lines and the labels from it. Lines end in LF or CR LF;
+/// those that the file lacks become empty. A label whose line is empty takes its default. Lines beyond number 300 are
+/// dropped and reported as ZuLang. A file that is missing or cannot be read, or a language name that would lead to
+/// another directory, changes nothing: at the start all lines are empty and the labels stand at their defaults.
 SprachdateiStatus Sprachdatei_Laden(Kern& kern);
 
 } // namespace qvm

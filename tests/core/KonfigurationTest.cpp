@@ -1,0 +1,255 @@
+#include "Konfiguration.h"
+
+#include "Kern.h"
+#include "VirtualPlatform.h"
+
+#include <array>
+#include <gtest/gtest.h>
+#include <string>
+#include <utility>
+
+namespace qvm {
+namespace {
+
+using namespace std::string_literals;
+
+constexpr char Settings[] = "/qvm/DAT/EST7CSB29A.I_1";
+constexpr char Adapter[] = "/qvm/DAT/CHEUSB25C.I_2";
+
+struct KonfigurationDateien : testing::Test {
+    test::VirtualPlatform welt;
+    Kern kern{welt.World};
+    std::map<std::string, std::string>& files = welt.Disk.Files;
+
+    KonfigurationDateien() { kern.AppPath = "/qvm/"; }
+
+    int Port_Bei(const std::string& portName) {
+        files[Settings] = "Deutsch\r\n1\r\n" + portName + "\r\n1\r\n";
+        Konfiguration_Laden(kern);
+        return kern.Config.PortNummer;
+    }
+
+    void Nicht_Standard() {
+        kern.Config.Sprache = "English";
+        kern.Config.Sprachnummer = "2";
+        kern.Config.PortName = "USB-Port7";
+        kern.Config.RadioChannel = "12";
+        kern.Config.PortAutomatik = "RESET";
+        kern.Config.AdapterFeld = {"a", "", "ccccc", "dddddd", " e"};
+    }
+};
+
+TEST_F(KonfigurationDateien, without_files_the_defaults_stand) {
+    Nicht_Standard();
+    Konfiguration_Laden(kern);
+    EXPECT_EQ(kern.Config.Sprache, "Deutsch");
+    EXPECT_EQ(kern.Config.Sprachnummer, "1");
+    EXPECT_EQ(kern.Config.PortName, "USB-PORT");
+    EXPECT_EQ(kern.Config.RadioChannel, "");
+    EXPECT_EQ(kern.Config.PortAutomatik, "SET");
+    EXPECT_EQ(kern.Config.AdapterFeld, (std::array<std::string, 5>{}));
+    EXPECT_EQ(kern.Config.PortNummer, 1);
+    EXPECT_EQ(kern.Config.Funkkanal(), 1);
+    EXPECT_TRUE(kern.Config.AdapterModus());
+    EXPECT_TRUE(files.empty());
+}
+
+TEST_F(KonfigurationDateien, the_defaults_are_written_as_four_and_as_six_lines) {
+    EXPECT_TRUE(Konfiguration_Speichern(kern));
+    EXPECT_EQ(files[Settings], "Deutsch\r\n1\r\nUSB-PORT\r\n\r\n");
+    EXPECT_EQ(files[Adapter], "SET       \r\n     \r\n     \r\n     \r\n     \r\n     \r\n");
+}
+
+TEST_F(KonfigurationDateien, adapter_values_are_cut_or_padded_to_their_width) {
+    Nicht_Standard();
+    kern.Config.PortAutomatik = "RESETRESETRESET";
+    EXPECT_TRUE(Konfiguration_Speichern(kern));
+    EXPECT_EQ(files[Settings], "English\r\n2\r\nUSB-Port7\r\n12\r\n");
+    EXPECT_EQ(files[Adapter], "RESETRESET\r\na    \r\n     \r\nccccc\r\nddddd\r\n e   \r\n");
+}
+
+TEST_F(KonfigurationDateien, all_values_are_read_from_both_files) {
+    files[Settings] = "Francais\r\n3\r\nUSB-Port16\r\n7\r\n";
+    files[Adapter] = "RESET     \r\none  \r\ntwo  \r\nthree\r\n4    \r\n5    \r\n";
+    Konfiguration_Laden(kern);
+    EXPECT_EQ(kern.Config.Sprache, "Francais");
+    EXPECT_EQ(kern.Config.Sprachnummer, "3");
+    EXPECT_EQ(kern.Config.PortName, "USB-Port16");
+    EXPECT_EQ(kern.Config.PortNummer, 16);
+    EXPECT_EQ(kern.Config.RadioChannel, "7");
+    EXPECT_EQ(kern.Config.Funkkanal(), 7);
+    EXPECT_FALSE(kern.Config.AdapterModus());
+    EXPECT_EQ(kern.Config.AdapterFeld, (std::array<std::string, 5>{"one", "two", "three", "4", "5"}));
+}
+
+TEST_F(KonfigurationDateien, what_was_read_is_written_back_byte_for_byte) {
+    const std::string settings = "Nederlands\r\n4\r\nUSB-Port3\r\n11\r\n";
+    const std::string adapter = "SET       \r\nA1   \r\nB2   \r\n     \r\nD4444\r\n E5  \r\n";
+    files[Settings] = settings;
+    files[Adapter] = adapter;
+    Konfiguration_Laden(kern);
+    EXPECT_TRUE(Konfiguration_Speichern(kern));
+    EXPECT_EQ(files[Settings], settings);
+    EXPECT_EQ(files[Adapter], adapter);
+}
+
+TEST_F(KonfigurationDateien, lines_may_end_in_a_line_feed_alone) {
+    files[Settings] = "English\n2\nUSB-Port5\n9";
+    files[Adapter] = "RESET\nx\n";
+    Konfiguration_Laden(kern);
+    EXPECT_EQ(kern.Config.Sprache, "English");
+    EXPECT_EQ(kern.Config.PortNummer, 5);
+    EXPECT_EQ(kern.Config.RadioChannel, "9");
+    EXPECT_FALSE(kern.Config.AdapterModus());
+    EXPECT_EQ(kern.Config.AdapterFeld[0], "x");
+}
+
+TEST_F(KonfigurationDateien, port_17_falls_back_to_1) {
+    EXPECT_EQ(Port_Bei("USB-Port17"), 1);
+}
+
+TEST_F(KonfigurationDateien, the_port_is_the_number_behind_the_eighth_character) {
+    EXPECT_EQ(Port_Bei("USB-Port1"), 1);
+    EXPECT_EQ(Port_Bei("USB-Port16"), 16);
+    EXPECT_EQ(Port_Bei("12345678 4"), 4);
+    EXPECT_EQ(Port_Bei("COM12"), 1);
+}
+
+TEST_F(KonfigurationDateien, a_port_that_is_no_number_from_1_to_16_becomes_1) {
+    EXPECT_EQ(Port_Bei("USB-Port0"), 1);
+    EXPECT_EQ(Port_Bei("USB-Port-3"), 1);
+    EXPECT_EQ(Port_Bei("USB-Port99999999999"), 1);
+    EXPECT_EQ(Port_Bei("USB-Portx"), 1);
+    EXPECT_EQ(Port_Bei(""), 1);
+}
+
+TEST_F(KonfigurationDateien, the_repair_of_the_port_leaves_its_name_as_it_stands) {
+    Port_Bei("USB-Port17");
+    EXPECT_EQ(kern.Config.PortName, "USB-Port17");
+}
+
+TEST_F(KonfigurationDateien, an_empty_radio_channel_line_is_taken_as_1_and_stored_so_at_the_next_save) {
+    files[Settings] = "Deutsch\r\n1\r\nUSB-Port2\r\n\r\n";
+    Konfiguration_Laden(kern);
+    EXPECT_EQ(kern.Config.RadioChannel, "1");
+    EXPECT_TRUE(Konfiguration_Speichern(kern));
+    EXPECT_EQ(files[Settings], "Deutsch\r\n1\r\nUSB-Port2\r\n1\r\n");
+}
+
+TEST_F(KonfigurationDateien, lines_that_a_short_file_lacks_keep_their_defaults) {
+    files[Settings] = "English\r\n";
+    files[Adapter] = "RESET     \r\nab";
+    Konfiguration_Laden(kern);
+    EXPECT_EQ(kern.Config.Sprache, "English");
+    EXPECT_EQ(kern.Config.Sprachnummer, "1");
+    EXPECT_EQ(kern.Config.PortName, "USB-PORT");
+    EXPECT_EQ(kern.Config.RadioChannel, "");
+    EXPECT_EQ(kern.Config.PortNummer, 1);
+    EXPECT_EQ(kern.Config.PortAutomatik, "RESET");
+    EXPECT_EQ(kern.Config.AdapterFeld, (std::array<std::string, 5>{"ab"}));
+}
+
+TEST_F(KonfigurationDateien, empty_files_leave_the_defaults) {
+    files[Settings] = "";
+    files[Adapter] = "";
+    Konfiguration_Laden(kern);
+    EXPECT_EQ(kern.Config.Sprache, "Deutsch");
+    EXPECT_EQ(kern.Config.RadioChannel, "");
+    EXPECT_TRUE(kern.Config.AdapterModus());
+}
+
+TEST_F(KonfigurationDateien, lines_beyond_the_last_are_not_read) {
+    files[Settings] = "English\r\n2\r\nUSB-Port5\r\n9\r\nmore\r\nand more\r\n";
+    files[Adapter] = "SET       \r\n1    \r\n2    \r\n3    \r\n4    \r\n5    \r\n6    \r\n7    \r\n";
+    Konfiguration_Laden(kern);
+    EXPECT_EQ(kern.Config.RadioChannel, "9");
+    EXPECT_EQ(kern.Config.AdapterFeld[4], "5");
+}
+
+TEST_F(KonfigurationDateien, damaged_bytes_are_taken_as_text_and_the_port_is_repaired) {
+    files[Settings] = "\0\xFF\r\r\n\x01\n\0\0\0\0\0\0\0\0\0"s;
+    Konfiguration_Laden(kern);
+    EXPECT_EQ(kern.Config.Sprache, "\0\xFF\r"s);
+    EXPECT_EQ(kern.Config.PortNummer, 1);
+    EXPECT_EQ(kern.Config.RadioChannel, "");
+}
+
+TEST_F(KonfigurationDateien, a_file_that_cannot_be_read_counts_as_missing) {
+    files[Settings] = "English\r\n2\r\nUSB-Port5\r\n9\r\n";
+    files[Adapter] = "RESET     \r\n";
+    welt.Disk.FailAt = 1;
+    Konfiguration_Laden(kern);
+    EXPECT_EQ(kern.Config.Sprache, "Deutsch");
+    EXPECT_EQ(kern.Config.PortNummer, 1);
+    EXPECT_EQ(kern.Config.PortAutomatik, "RESET");
+}
+
+TEST_F(KonfigurationDateien, whichever_write_fails_each_file_is_the_old_or_the_new_one) {
+    for (int failing = 1; failing <= 2; ++failing) {
+        files[Settings] = "old settings";
+        files[Adapter] = "old adapter";
+        Nicht_Standard();
+        welt.Disk.Operations = 0;
+        welt.Disk.FailAt = failing;
+        EXPECT_FALSE(Konfiguration_Speichern(kern));
+        EXPECT_EQ(files[Settings], failing == 1 ? "old settings" : "English\r\n2\r\nUSB-Port7\r\n12\r\n");
+        EXPECT_EQ(files[Adapter],
+                  failing == 2 ? "old adapter" : "RESET     \r\na    \r\n     \r\nccccc\r\nddddd\r\n e   \r\n");
+    }
+}
+
+TEST_F(KonfigurationDateien, when_the_disk_has_died_both_old_files_stay) {
+    files[Settings] = "old settings";
+    files[Adapter] = "old adapter";
+    welt.Disk.FailAt = 1;
+    welt.Disk.FailFromThere = true;
+    EXPECT_FALSE(Konfiguration_Speichern(kern));
+    EXPECT_EQ(files[Settings], "old settings");
+    EXPECT_EQ(files[Adapter], "old adapter");
+}
+
+TEST(Funkkanal, is_1_to_12_and_1_for_anything_else) {
+    Konfiguration config;
+    for (const auto& [text, channel] : std::initializer_list<std::pair<const char*, int>>{{"1", 1},
+                                                                                          {"12", 12},
+                                                                                          {" 7 ", 7},
+                                                                                          {"05", 5},
+                                                                                          {"0", 1},
+                                                                                          {"13", 1},
+                                                                                          {"-2", 1},
+                                                                                          {"", 1},
+                                                                                          {"  ", 1},
+                                                                                          {"3x", 1},
+                                                                                          {"x", 1},
+                                                                                          {"99999999999", 1}}) {
+        config.RadioChannel = text;
+        EXPECT_EQ(config.Funkkanal(), channel) << text;
+    }
+}
+
+TEST(AdapterModus, compares_without_the_padding_of_the_file) {
+    Konfiguration config;
+    config.PortAutomatik = "SET       ";
+    EXPECT_TRUE(config.AdapterModus());
+    config.PortAutomatik = "RESET     ";
+    EXPECT_FALSE(config.AdapterModus());
+    config.PortAutomatik = "";
+    EXPECT_FALSE(config.AdapterModus());
+    config.PortAutomatik = "SETUP";
+    EXPECT_FALSE(config.AdapterModus());
+}
+
+TEST(GlobaleVariablen, stand_at_their_defaults) {
+    const GlobaleVariablen globals;
+    EXPECT_EQ(globals.UserRows, 251);
+    EXPECT_EQ(globals.LockRows, 201);
+    EXPECT_EQ(globals.MaxAdapter, 21);
+    EXPECT_EQ(globals.UserCount, 250);
+    EXPECT_EQ(globals.LockCount, 200);
+    for (const std::string& version : globals.Versions) {
+        EXPECT_EQ(version, "0");
+    }
+}
+
+} // namespace
+} // namespace qvm
