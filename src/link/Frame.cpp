@@ -6,7 +6,6 @@ namespace {
 /// Length of the header that the network automaton reads before it knows the frame's length.
 constexpr int NetworkHeader = 6;
 constexpr int NetworkCodeIndex = 2;
-constexpr std::uint8_t NetworkCode = 0x90;
 constexpr int NetworkStepIndex = 27;
 
 std::size_t At(int index) {

@@ -12,6 +12,8 @@ namespace qvm {
 
 inline constexpr int BufferSize = 1401;
 inline constexpr std::uint8_t StartByte = 0x02;
+/// Index 2 of every frame of the network path.
+inline constexpr std::uint8_t NetworkCode = 0x90;
 
 /// Frame checksum: doubling with end-around carry modulo 255. 255 stays 255 and is never folded to 0.
 constexpr std::uint8_t Pruefsumme(std::span<const std::uint8_t> bytes) {

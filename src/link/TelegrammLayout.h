@@ -45,6 +45,12 @@ enum class Build : std::uint8_t {
 inline constexpr int PayloadIndex = 14;
 inline constexpr int RawPayloadIndex = 3;
 
+/// What the header of an addressed telegram tells; indexes 9 to 13 are the same in all of them.
+namespace Adresskopf {
+inline constexpr Field DeviceAddress{"address", 3, 4, Kind::Bytes}, DeviceClass{"device class", 7};
+inline constexpr Field Mode{"mode", 8};
+} // namespace Adresskopf
+
 struct Layout {
     std::string_view Name;
     std::uint8_t Code; ///< index 2

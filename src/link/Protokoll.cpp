@@ -1,0 +1,293 @@
+#include "Protokoll.h"
+
+#include "Telegramme.h"
+#include "Text.h"
+
+#include <algorithm>
+
+namespace qvm {
+namespace {
+
+using Way = TraceFrame::Direction;
+using Bytes = std::span<const std::uint8_t>;
+
+bool Gesendet(Way way) {
+    return way == Way::Sent || way == Way::SentRaw;
+}
+
+std::string Hex(Bytes bytes) {
+    std::string text;
+    for (const std::uint8_t byte : bytes) {
+        text += (text.empty() ? "" : " ") + HexText(byte, 2);
+    }
+    return text;
+}
+
+/// How many bytes a layout's frame of this length lacks against the full one.
+int Kuerzung(const Layout& layout, Bytes frame) {
+    return layout.Shortest != 0 && frame.size() > 1 ? std::max(0, layout.L - frame[1]) : 0;
+}
+
+/// The field as it stands in this frame: rows are fewer, and fields behind them move forward.
+Field Feld_Im_Rahmen(const Layout& layout, Field field, int shorter) {
+    const Field* rows = Zeilenfeld(layout);
+    if (shorter == 0 || rows == nullptr) {
+        return field;
+    }
+    if (field.Offset == rows->Offset) {
+        field.Width = static_cast<std::uint8_t>(field.Width - shorter);
+    } else if (field.Offset > rows->Offset) {
+        field.Offset = static_cast<std::uint8_t>(field.Offset - shorter);
+    }
+    return field;
+}
+
+bool Festwerte_Passen(const Layout& layout, Bytes frame) {
+    const int shorter = Kuerzung(layout, frame);
+    return std::all_of(layout.Fields.begin(), layout.Fields.end(), [&](const Field& declared) {
+        const Field field = Feld_Im_Rahmen(layout, declared, shorter);
+        if (field.Is != Kind::Fixed || static_cast<std::size_t>(field.End()) > frame.size()) {
+            return true;
+        }
+        const Bytes bytes = frame.subspan(field.Offset, field.Width);
+        return std::all_of(bytes.begin(), bytes.end(), [&](std::uint8_t byte) { return byte == field.Detail; });
+    });
+}
+
+/// The layout of a frame, the first one whose constant bytes stand in it or else the first one of its length. Nothing
+/// when the code or the length is not known.
+const Layout* Layout_Suchen(Way way, Bytes frame) {
+    if (frame.size() < 3) {
+        return nullptr;
+    }
+    const Layout* found = nullptr;
+    for (const Layout& layout : Gesendet(way) ? Telegramme() : Antworten()) {
+        if (layout.Code != frame[2] || !LaengePasst(layout, frame[1])) {
+            continue;
+        }
+        if (Festwerte_Passen(layout, frame)) {
+            return &layout;
+        }
+        found = found == nullptr ? &layout : found;
+    }
+    return found;
+}
+
+/// Marks the secret fields of every telegram with the frame's code. A device may echo a telegram, so replies are
+/// looked at with the same eyes; what the program reads from a reply is not a code.
+void Felder_Verbergen(Bytes frame, const Layout* reply, std::vector<bool>& hidden) {
+    const auto read = [&](std::size_t index) {
+        return reply != nullptr && std::any_of(reply->Fields.begin(), reply->Fields.end(), [&](const Field& field) {
+                   return index >= field.Offset && index < static_cast<std::size_t>(field.End());
+               });
+    };
+    for (const Layout& layout : Telegramme()) {
+        for (const Field& field : layout.Fields) {
+            if (layout.Code != frame[2] || !Geheim(field.Is)) {
+                continue;
+            }
+            for (std::size_t n = field.Offset; n < static_cast<std::size_t>(field.End()) && n < frame.size(); ++n) {
+                hidden[n] = hidden[n] || !read(n);
+            }
+        }
+    }
+}
+
+std::vector<bool> Verborgene(const Mitschnitt& frame, Geheimnis secrets) {
+    const Bytes bytes = frame.Bytes;
+    std::vector<bool> hidden(bytes.size());
+    std::copy_n(frame.Hidden.begin(), std::min(frame.Hidden.size(), hidden.size()), hidden.begin());
+    if (secrets == Geheimnis::Zeigen || bytes.size() < 3) {
+        return hidden;
+    }
+    const Layout* layout = Layout_Suchen(frame.Way, bytes);
+    if (!Gesendet(frame.Way)) {
+        // The last byte is the checksum, no payload.
+        Felder_Verbergen(bytes.first(bytes.size() - 1), layout, hidden);
+    } else if (layout == nullptr) {
+        std::fill(hidden.begin() + std::min<std::ptrdiff_t>(PayloadIndex, std::ssize(hidden)), hidden.end(), true);
+    } else {
+        Felder_Verbergen(bytes, nullptr, hidden);
+    }
+    if (std::find(hidden.begin(), hidden.end(), true) != hidden.end()) {
+        hidden.back() = true;
+    }
+    return hidden;
+}
+
+std::string Textwert(Bytes bytes) {
+    std::size_t size = bytes.size();
+    while (size > 0 && bytes[size - 1] == 0) {
+        --size;
+    }
+    std::string text = "\"";
+    for (const std::uint8_t byte : bytes.first(size)) {
+        const bool plain = byte >= 0x20 && byte < 0x7F && byte != '"' && byte != '\\' && byte != '|';
+        text += plain ? std::string(1, static_cast<char>(byte)) : "\\x" + HexText(byte, 2);
+    }
+    return text + "\"";
+}
+
+std::string Zeilenwert(Bytes bytes, std::size_t width) {
+    std::string text;
+    for (std::size_t n = 0; n < bytes.size(); n += width) {
+        text += (text.empty() ? "" : " / ") + Hex(bytes.subspan(n, std::min(width, bytes.size() - n)));
+    }
+    return text;
+}
+
+/// A code's digits: nibble 0xA is the digit 0, anything beyond it no digit.
+std::string Codewert(Bytes bytes) {
+    std::string text;
+    for (const std::uint8_t byte : bytes) {
+        for (const int nibble : {byte >> 4, byte & 0xF}) {
+            text += nibble == 0xA ? '0' : nibble >= 1 && nibble <= 9 ? static_cast<char>('0' + nibble) : '-';
+        }
+    }
+    return text;
+}
+
+std::string Feldwert(const Field& field, Bytes bytes) {
+    switch (field.Is) {
+    case Kind::Byte:
+        return Ziffern(bytes[0]);
+    case Kind::Word:
+        return Ziffern(256 * bytes[0] + bytes[1]);
+    case Kind::Text:
+        return Textwert(bytes);
+    case Kind::Rows:
+        return Zeilenwert(bytes, field.Detail);
+    case Kind::UserCode:
+    case Kind::AdminCode:
+        return Codewert(bytes);
+    case Kind::Bytes:
+    case Kind::Fixed:
+        break;
+    }
+    return Hex(bytes);
+}
+
+void Feld_Dekodieren(const Field& field, Bytes frame, const std::vector<bool>& hidden, DecodedTelegram& out) {
+    const auto first = static_cast<std::size_t>(field.Offset);
+    if (field.Width == 0 || first + field.Width > frame.size()) {
+        return;
+    }
+    const Bytes bytes = frame.subspan(first, field.Width);
+    const auto from = hidden.begin() + field.Offset;
+    DecodedField decoded{.Name = std::string(field.Name), .Bytes = {}, .Text = "hidden"};
+    if (std::find(from, from + field.Width, true) == from + field.Width) {
+        decoded.Bytes.assign(bytes.begin(), bytes.end());
+        decoded.Text = Feldwert(field, bytes);
+        decoded.Constant = field.Is == Kind::Fixed && std::all_of(bytes.begin(), bytes.end(), [&](std::uint8_t byte) {
+                               return byte == field.Detail;
+                           });
+    }
+    out.Fields.push_back(std::move(decoded));
+}
+
+/// Index 1, the size and the checksum against each other. In the PC's frames the sum stands at L + 1, in replies at
+/// L + 2, over indexes 0 to L in both. Network frames have other lengths and are not looked at.
+void Rahmen_Pruefen(const Mitschnitt& frame, const std::vector<bool>& hidden, DecodedTelegram& out) {
+    if (frame.Bytes[2] == NetworkCode) {
+        return;
+    }
+    const std::size_t length = frame.Bytes[1];
+    const std::size_t sumIndex = length + (Gesendet(frame.Way) ? 1 : 2);
+    if (frame.Bytes.size() != sumIndex + 1) {
+        out.Remarks.push_back("the length byte calls for " + Ziffern(static_cast<std::int64_t>(sumIndex) + 1) +
+                              " bytes, there are " + Ziffern(std::ssize(frame.Bytes)));
+        return;
+    }
+    const bool known = std::find(hidden.begin(), hidden.end(), true) == hidden.end();
+    if (known && Pruefsumme(Bytes(frame.Bytes).first(length + 1)) != frame.Bytes[sumIndex]) {
+        out.Remarks.emplace_back("wrong checksum");
+    }
+}
+
+const char* Verlustgrund(RxResult result) {
+    switch (result) {
+    case RxResult::BadChecksum:
+        return "dropped, wrong checksum";
+    case RxResult::BadStuffing:
+        return "dropped, broken stuffing";
+    case RxResult::TooLong:
+        return "dropped, too long";
+    case RxResult::Pending:
+    case RxResult::Frame:
+        break;
+    }
+    return "dropped";
+}
+
+} // namespace
+
+Mitschnitt Festhalten(const TraceFrame& frame) {
+    return {.Way = frame.Way,
+            .Bytes = {frame.Bytes.begin(), frame.Bytes.end()},
+            .Hidden = {},
+            .Result = frame.Result,
+            .Line = 0};
+}
+
+DecodedTelegram Dekodieren(const Mitschnitt& frame, Geheimnis secrets) {
+    DecodedTelegram out;
+    const Bytes bytes = frame.Bytes;
+    if (bytes.size() < 3) {
+        out.Remarks.emplace_back("too short for a telegram");
+        return out;
+    }
+    const std::vector<bool> hidden = Verborgene(frame, secrets);
+    out.Code = bytes[2];
+    if (frame.Way == Way::Dropped) {
+        out.Remarks.emplace_back(Verlustgrund(frame.Result));
+    } else {
+        Rahmen_Pruefen(frame, frame.Hidden, out);
+    }
+    const Layout* layout = Layout_Suchen(frame.Way, bytes);
+    if (layout == nullptr) {
+        return out;
+    }
+    out.Name = std::string(layout->Name);
+    // The checksum is no field of any layout; a frame that ends early must not pass it off as one.
+    const Bytes body = bytes.first(bytes.size() - 1);
+    if (Gesendet(frame.Way) && layout->How != Build::Raw) {
+        for (const Field& field : {Adresskopf::DeviceAddress, Adresskopf::DeviceClass, Adresskopf::Mode}) {
+            Feld_Dekodieren(field, body, hidden, out);
+        }
+    }
+    const int shorter = Gesendet(frame.Way) ? Kuerzung(*layout, bytes) : 0;
+    for (const Field& field : layout->Fields) {
+        Feld_Dekodieren(Feld_Im_Rahmen(*layout, field, shorter), body, hidden, out);
+    }
+    return out;
+}
+
+std::string Telegramm_Text(const DecodedTelegram& telegram) {
+    std::string text = telegram.Name;
+    char separator = ':';
+    for (const DecodedField& field : telegram.Fields) {
+        if (!field.Constant) {
+            text += separator + std::string(" ") + field.Name + " " + field.Text;
+            separator = ',';
+        }
+    }
+    for (const std::string& remark : telegram.Remarks) {
+        text += " [" + remark + "]";
+    }
+    return text;
+}
+
+std::string Protokoll_Zeile(const TraceFrame& frame, Geheimnis secrets) {
+    return Protokoll_Zeile(Festhalten(frame), secrets);
+}
+
+std::string Protokoll_Zeile(const Mitschnitt& frame, Geheimnis secrets) {
+    const std::vector<bool> hidden = Verborgene(frame, secrets);
+    std::string line = Gesendet(frame.Way) ? ">" : "<";
+    for (std::size_t n = 0; n < frame.Bytes.size(); ++n) {
+        line += hidden[n] ? " **" : " " + HexText(frame.Bytes[n], 2);
+    }
+    return line + " | " + Telegramm_Text(Dekodieren(frame, secrets));
+}
+
+} // namespace qvm

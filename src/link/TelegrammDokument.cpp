@@ -1,0 +1,120 @@
+#include "TelegrammDokument.h"
+
+#include "Telegramme.h"
+#include "Text.h"
+
+namespace qvm {
+namespace {
+
+constexpr std::string_view Intro = R"(# Telegrams
+
+This file is generated from the layouts in `src/link` and compared with them in a test. Set `QVM_WRITE_DOCS=1` and run
+`test_link` to write it anew.
+
+All numbers at a field are frame indexes: 0 is the start byte 0x02, 1 the length L, 2 the code. L is the index of the last
+payload byte. On the line every 0x02 from index 2 on is followed by one 0x00, the checksum included; the checksum is taken
+before that.
+
+- From the PC the checksum stands at L + 1 and covers 0 to L.
+- From the device it stands at L + 2 and covers 0 to L; the byte at L + 1 lies outside the sum.
+- The checksum doubles with end-around carry, modulo 255, before it adds a byte; 255 stays 255.
+
+Header of an addressed telegram: 3..6 address, 7 device class (0x11), 8 address mode (0, 1 or 2), 9 = 0x33, 10 = 0x88,
+11 = 1, 12 = 0, 13 = 0.
+
+How a telegram is made: *Kopf* and *direct* are addressed telegrams, *Kopf2* is one whose payload is at most two
+parameters, *raw* goes to the adapter itself and has no address header. "hidden" fields hold codes; the trace shows
+neither them nor the checksum of their frame unless it is asked to.
+)";
+
+std::string Hex2(unsigned value) {
+    return "0x" + HexText(value, 2);
+}
+
+std::string Stellen(const Field& field) {
+    const std::string first = Ziffern(field.Offset);
+    return field.Width == 1 ? first : first + ".." + Ziffern(field.End() - 1);
+}
+
+std::string Feldtext(const Field& field) {
+    std::string text = Stellen(field);
+    switch (field.Is) {
+    case Kind::Fixed:
+        return text + " = " + Hex2(field.Detail);
+    case Kind::Word:
+        return text + " " + std::string(field.Name) + ", high byte first";
+    case Kind::Rows: {
+        const int rows = (field.Width + field.Detail - 1) / field.Detail;
+        return text + " " + Ziffern(rows) + " " + std::string(field.Name) + " of " + Ziffern(field.Detail) + " bytes";
+    }
+    case Kind::UserCode:
+    case Kind::AdminCode:
+        return text + " " + std::string(field.Name) + " (hidden)";
+    case Kind::Byte:
+    case Kind::Text:
+    case Kind::Bytes:
+        break;
+    }
+    return text + " " + std::string(field.Name);
+}
+
+std::string Felderliste(const Layout& layout) {
+    std::string text;
+    for (const Field& field : layout.Fields) {
+        text += (text.empty() ? "" : "; ") + Feldtext(field);
+    }
+    return text.empty() ? "none" : text;
+}
+
+std::string_view Machart(Build how) {
+    switch (how) {
+    case Build::Kopf:
+        return "Kopf";
+    case Build::Kopf2:
+        return "Kopf2";
+    case Build::Direct:
+        return "direct";
+    case Build::Raw:
+        return "raw";
+    case Build::Reply:
+        break;
+    }
+    return "";
+}
+
+std::string Laengentext(const Layout& layout) {
+    if (layout.Shortest == 0) {
+        return Hex2(layout.L);
+    }
+    return Hex2(layout.Shortest) + " to " + Hex2(layout.L) + ", a row each " + Ziffern(Zeilenfeld(layout)->Detail);
+}
+
+std::string Sendezeile(const Layout& layout) {
+    return "| " + Hex2(layout.Code) + " | `" + std::string(layout.Name) + "` | " + Laengentext(layout) + " | " +
+           std::string(Machart(layout.How)) + " | " + Felderliste(layout) + " | " + std::string(layout.Note) + " |\n";
+}
+
+std::string Antwortzeile(const Layout& layout) {
+    return "| " + Hex2(layout.Code) + " | `" + std::string(layout.Name) + "` | " +
+           (layout.Fields.empty() ? std::string("any") : Hex2(layout.L)) + " | " + Felderliste(layout) + " | " +
+           std::string(layout.Note) + " |\n";
+}
+
+} // namespace
+
+std::string Telegramm_Dokument() {
+    std::string text(Intro);
+    text += "\n## From the PC\n\n| Code | Name | L | Made | Payload | Note |\n|---|---|---|---|---|---|\n";
+    for (const Layout& layout : Telegramme()) {
+        text += Sendezeile(layout);
+    }
+    text +=
+        "\n## From the device\n\nOnly the bytes that the program reads. L is the smallest with which all of them lie "
+        "inside the frame.\n\n| Code | Name | L | Fields | Note |\n|---|---|---|---|---|\n";
+    for (const Layout& layout : Antworten()) {
+        text += Antwortzeile(layout);
+    }
+    return text;
+}
+
+} // namespace qvm
