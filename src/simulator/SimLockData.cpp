@@ -139,6 +139,7 @@ void StoreUser(VirtualLock& lock, LockUser& pending, Step step, Frame frame, Jud
         return StoreFingerUser(lock, pending, frame);
     case Step::Id1:
         if (stored != nullptr) {
+            stored->HasLongId = true;
             stored->GroupDigit = frame[16];
             Take(frame, 17, stored->LongIdData);
         }
@@ -149,7 +150,6 @@ void StoreUser(VirtualLock& lock, LockUser& pending, Step step, Frame frame, Jud
             if (stored->GroupDigit != frame[16]) {
                 judge.Note(Wrong::Range, frame[2], "another group digit than in the first part");
             }
-            stored->HasLongId = true;
             Take(frame, 19, stored->LongId);
         }
         return;

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace qvm {
+
+/// The whole file; nothing with a sentence in `fault` when it cannot be read.
+std::optional<std::string> FileText_Read(const std::string& path, std::string& fault);
+
+/// Puts the text in the file's place: all of it or nothing.
+bool FileText_Replace(const std::string& path, std::string_view text, std::string& fault);
+
+} // namespace qvm

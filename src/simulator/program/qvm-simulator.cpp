@@ -1,0 +1,102 @@
+#include "FileText.h"
+#include "SimulatorLoop.h"
+#include "WorldFile.h"
+
+#include <CLI/CLI.hpp>
+#include <csignal>
+#include <cstdio>
+#include <string>
+#include <sys/signalfd.h>
+#include <unistd.h>
+#include <vector>
+
+namespace {
+
+constexpr int LocalFault = 1, Findings = 2;
+
+/// A handle that can be read from once the program was asked to end. The signals do nothing else from here on.
+int StopHandle() {
+    sigset_t signals;
+    sigemptyset(&signals);
+    for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
+        sigaddset(&signals, number);
+    }
+    sigprocmask(SIG_BLOCK, &signals, nullptr);
+    return signalfd(-1, &signals, SFD_CLOEXEC);
+}
+
+int Fail(const std::string& fault) {
+    std::fprintf(stderr, "qvm-simulator: %s\n", fault.c_str());
+    return LocalFault;
+}
+
+bool LoadWorld(const std::string& path, qvm::VirtualWorld& world, std::string& fault) {
+    if (path.empty()) {
+        return true;
+    }
+    const auto text = qvm::FileText_Read(path, fault);
+    if (!text) {
+        return false;
+    }
+    if (!qvm::World_FromJson(*text, world, fault)) {
+        fault = path + ": " + fault;
+        return false;
+    }
+    return true;
+}
+
+int Simulate(qvm::SimulatorOptions options) {
+    qvm::VirtualWorld world;
+    std::string fault;
+    if (!LoadWorld(options.World, world, fault)) {
+        return Fail(fault);
+    }
+    const int stop = StopHandle();
+    qvm::SimulatorLoop loop(std::move(options), std::move(world));
+    if (!loop.Start(fault)) {
+        return Fail(fault);
+    }
+    std::printf("%s\n", loop.DeviceName().c_str());
+    std::fflush(stdout);
+    loop.Run(stop);
+    close(stop);
+    if (!loop.WriteState(fault)) {
+        return Fail(fault);
+    }
+    const std::string findings = loop.System().JudgementLines();
+    std::fputs(findings.c_str(), stderr);
+    return findings.empty() ? 0 : Findings;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    CLI::App app{"A virtual lock system behind a pseudo-terminal: a programming adapter, locks and wireless units.\n"
+                 "Prints the terminal's name, then serves clients until it is ended by a signal.\n"
+                 "Exit code: 0 all telegrams were good, 1 wrong use or local fault, 2 faulty telegrams came."};
+    qvm::SimulatorOptions options;
+    std::vector<std::string> faults;
+    app.add_option("--world", options.World, "JSON file with the adapter, the locks and the units");
+    app.add_option("--state", options.State, "JSON file for what they hold, written after each session and at the end");
+    app.add_option("--link", options.Link, "symbolic link to the terminal, as DIR/com1; removed at the end");
+    app.add_flag("--pace", options.Pace, "bytes take the time that they take at 19200 baud, each way");
+    app.add_option("--fault", faults,
+                   "KIND@[#]N[+][=VALUE], more than once if wanted. KIND: silent, badsum, half, garbage, "
+                   "refuse, late, doubled, unplug. N: telegram from 0; #: the adapter's own count "
+                   "as well; +: and all behind. VALUE: reason, milliseconds, garbage in hexadecimal");
+    app.add_flag("--trace", options.Trace, "every frame on standard error");
+    app.add_flag("--once", options.Once, "end when a client that has had a session closes the line");
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? 0 : LocalFault;
+    }
+    for (const std::string& text : faults) {
+        const auto fault = qvm::FaultFromText(text);
+        if (!fault) {
+            return Fail("--fault " + text + ": must be KIND@N, see --help");
+        }
+        options.Faults.push_back(*fault);
+    }
+    return Simulate(std::move(options));
+}
