@@ -1,6 +1,6 @@
 #include "F13.h"
 
-#include "Antwort_Verteilen.h"
+#include "Kanal.h"
 #include "Text.h"
 
 namespace qvm {
@@ -147,7 +147,7 @@ void F13::F11_Oeffnen(int row) {
 void F13::Programmieren(int row) {
     Marke_Umschalten(row);
     RunState& lauf = run.link.Lauf;
-    const LockChannel channel = Schloss_Kanal(kern, row);
+    const KanalStand channel = Kanal_Stand(kern, row);
     const bool settled = !channel.ChangePending && channel.Channel == channel.Target;
     bool first = false;
     // A lock that stays on its channel is asked for before its dataset is gathered, the others after it.
@@ -177,7 +177,7 @@ void F13::Historie(int row) {
         return;
     }
     RunState& lauf = run.link.Lauf;
-    const LockChannel channel = Schloss_Kanal(kern, row);
+    const KanalStand channel = Kanal_Stand(kern, row);
     lauf.KanalSuche = channel.ChangePending || channel.Channel != channel.Target ? 1 : 0;
     Marke_Umschalten(row);
     Datum_Uhrzeit_akt(row);
@@ -192,7 +192,7 @@ void F13::Code_Aendern(int row) {
         return;
     }
     RunState& lauf = run.link.Lauf;
-    const LockChannel channel = Schloss_Kanal(kern, row);
+    const KanalStand channel = Kanal_Stand(kern, row);
     lauf.KanalSuche = channel.ChangePending || channel.Channel != channel.Target ? 1 : 0;
     lauf.HistoryOnly = 0;
     ProgressTotal = 400;

@@ -1,7 +1,7 @@
 #include "F13.h"
-#include "Kanal.h"
-#include "LockRecords.h"
+#include "Schloss.h"
 #include "Text.h"
+#include "UserRecords.h"
 
 namespace qvm {
 namespace {
@@ -88,7 +88,8 @@ void F13::Adapter_Spalten_Laden() {
 }
 
 void F13::RFk_IconLoad() {
-    const auto channels = Kanaele_Laden(kern);
+    RecordFile channels(ChannelRecord::Record);
+    channels.Laden(kern.Welt.Files, kern.DatPfad());
     for (int row = 1; row < FGK13.Rows(); ++row) {
         if (!FGK13.Text(row, Col::Serial).empty()) {
             const bool pending = channels.Text(row, ChannelRecord::LockChange) == "1";
