@@ -1,5 +1,6 @@
 #include "F13.h"
-#include "Schloss.h"
+#include "LockRecords.h"
+#include "Schloss_Lesen.h"
 #include "Text.h"
 #include "UserRecords.h"
 
