@@ -20,7 +20,6 @@ namespace Probe {
 constexpr RecordField Flag{"Flag", 0, 1, Fill::Byte}, Plain{"Plain", 1, 4}, Zeroed{"Zeroed", 5, 4, Fill::Null},
     Mixed{"Mixed", 9, 21, Fill::NullTo20};
 constexpr std::array Fields{Flag, Plain, Zeroed, Mixed};
-constexpr RecordLayout Record{"Probe", "PROBE.DAT", 30, 1, 3, Fields};
 static_assert(sizeof(GapAtField<RecordError(Fields, 30)>) == 1);
 } // namespace Probe
 

@@ -17,7 +17,8 @@ namespace {
 
 /// The standard library's calendar, as a second opinion.
 std::chrono::sys_days Tage(const Datum& datum) {
-    return std::chrono::year(datum.Year) / static_cast<unsigned>(datum.Month) / static_cast<unsigned>(datum.Day);
+    using namespace std::chrono;
+    return year(datum.Year) / month(static_cast<unsigned>(datum.Month)) / day(static_cast<unsigned>(datum.Day));
 }
 
 Datum Beliebiges_Datum() {
