@@ -1,6 +1,6 @@
 #include "F13.h"
 #include "LockRecords.h"
-#include "Schloss_Lesen.h"
+#include "Schloss.h"
 #include "Text.h"
 #include "UserRecords.h"
 
