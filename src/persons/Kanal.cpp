@@ -22,12 +22,12 @@ std::string Vorgabe(const std::string& text, std::string_view whenBlank) {
     return text.empty() ? std::string(whenBlank) : text;
 }
 
-/// The record as it stands, but with blank fields filled with blanks instead of 0x00.
+/// The record as it stands, but with fields that hold a 0x00, as in a gap of the file, padded with blanks.
 std::string Satz(const RecordFile& channels, int n) {
     std::string record = channels.Record(n);
     for (const RecordField& field : channels.Layout().Fields) {
-        if (Feld_Lesen(record, field).empty()) {
-            Feld_Schreiben(record, field, {});
+        if (Feld_Roh(record, field).find('\0') != std::string::npos) {
+            Feld_Schreiben(record, field, Feld_Lesen(record, field));
         }
     }
     return record;

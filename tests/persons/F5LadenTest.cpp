@@ -1,5 +1,4 @@
 #include "PersonsFixture.h"
-
 #include "Text.h"
 
 namespace qvm {
@@ -14,16 +13,16 @@ struct F5_Laden : test::Persons {};
 
 /// User 1 with every field filled: marks "X" at lock 1, "F" at lock 2, "X" at lock 200.
 std::string FullUser() {
-    return "Anna Berg" + Nulls(7) +                            // UserName
-           "PB_2008TimB" + Blanks(4) +                         // UserGroupId
-           "1/2 " +                                            // UserRight
-           "1A3B56" + Blanks(4) +                              // UserCode
-           "Slot_Nr: 007" + Nulls(4) +                         // KeyLabel
-           "12 : 34 : 56 : 78" + Nulls(24) +                   // KeyId
-           "1 : 2 : 3" + Nulls(84) +                           // KeyData
-           "FS" +                                              // FingerFlag
-           "PR812345678" + Nulls(9) + " " +                    // FingerId
-           "XF" + Dashes(197) + "X" + " ";                     // LockMask
+    return "Anna Berg" + Nulls(7) +          // UserName
+           "PB_2008TimB" + Blanks(4) +       // UserGroupId
+           "1/2 " +                          // UserRight
+           "1A3B56" + Blanks(4) +            // UserCode
+           "Slot_Nr: 007" + Nulls(4) +       // KeyLabel
+           "12 : 34 : 56 : 78" + Nulls(24) + // KeyId
+           "1 : 2 : 3" + Nulls(84) +         // KeyData
+           "FS" +                            // FingerFlag
+           "PR812345678" + Nulls(9) + " " +  // FingerId
+           "XF" + Dashes(197) + "X" + " ";   // LockMask
 }
 
 TEST_F(F5_Laden, fills_every_column_of_a_user) {

@@ -1,5 +1,4 @@
 #include "PersonsFixture.h"
-
 #include "Text.h"
 
 namespace qvm {
@@ -35,17 +34,17 @@ TEST_F(F5_Speichern, the_record_of_a_full_row_byte_for_byte) {
 
     ASSERT_TRUE(qvm::F5_Speichern(kern, table, groups));
 
-    const std::string expected = "J\xF6rg Wei\xDF" + Nulls(7) +         //   0 UserName
-                                 "PB_2008TimA" + Blanks(4) +            //  16 UserGroupId
-                                 "ADMI" +                               //  31 UserRight
-                                 "1A3B56" + Blanks(4) +                 //  35 UserCode
-                                 "Bund 7" + Nulls(10) +                 //  45 KeyLabel
-                                 "12 : 34 : 56 : 78" + Nulls(24) +      //  61 KeyId
-                                 "1 : 2 : 3 : 4 : 5 : 6 : 7 : 8 : 9"    // 102 KeyData
-                                 " : 10 : 11 : 12 : 13 : 14 : 15 : 16" + Nulls(25) +
-                                 "FS" +                                 // 195 FingerFlag
-                                 "826543210" + Nulls(11) + " " +        // 197 FingerId
-                                 "X-F" + Dashes(196) + "X" + " ";       // 218 LockMask
+    const std::string expected = "J\xF6rg Wei\xDF" + Nulls(7) +      //   0 UserName
+                                 "PB_2008TimA" + Blanks(4) +         //  16 UserGroupId
+                                 "ADMI" +                            //  31 UserRight
+                                 "1A3B56" + Blanks(4) +              //  35 UserCode
+                                 "Bund 7" + Nulls(10) +              //  45 KeyLabel
+                                 "12 : 34 : 56 : 78" + Nulls(24) +   //  61 KeyId
+                                 "1 : 2 : 3 : 4 : 5 : 6 : 7 : 8 : 9" // 102 KeyData
+                                 " : 10 : 11 : 12 : 13 : 14 : 15 : 16" +
+                                 Nulls(25) + "FS" +               // 195 FingerFlag
+                                 "826543210" + Nulls(11) + " " +  // 197 FingerId
+                                 "X-F" + Dashes(196) + "X" + " "; // 218 LockMask
     ASSERT_EQ(expected.size(), 419U);
     EXPECT_EQ(File(UserFile).substr(0, 419), expected);
 }

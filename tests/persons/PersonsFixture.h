@@ -12,9 +12,15 @@
 
 namespace qvm::test {
 
-inline std::string Nulls(std::size_t n) { return std::string(n, '\0'); }
-inline std::string Blanks(std::size_t n) { return std::string(n, ' '); }
-inline std::string Dashes(std::size_t n) { return std::string(n, '-'); }
+inline std::string Nulls(std::size_t n) {
+    return std::string(n, '\0');
+}
+inline std::string Blanks(std::size_t n) {
+    return std::string(n, ' ');
+}
+inline std::string Dashes(std::size_t n) {
+    return std::string(n, '-');
+}
 
 /// An installation with a user table, in memory.
 struct Persons : testing::Test {
