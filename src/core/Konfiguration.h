@@ -12,7 +12,7 @@ struct Konfiguration {
     std::string Sprache = "Deutsch";
     std::string Sprachnummer = "1"; ///< stored and written back; nothing reads it
     std::string PortName = "USB-PORT";
-    std::string RadioChannel;       ///< "1" to "12"; anything else counts as 1
+    std::string RadioChannel;          ///< "1" to "12"; anything else counts as 1
     std::string PortAutomatik = "SET"; ///< "SET": find the adapter's port; "RESET": use PortNummer. Compared trimmed
     std::array<std::string, 5> AdapterFeld; ///< stored and written back
 

@@ -14,10 +14,10 @@ namespace qvm {
 
 /// How a field's unused room is filled.
 enum class Fill : std::uint8_t {
-    Blank,       ///< with 0x20
-    Null,        ///< with 0x00; an empty text is all blanks
-    NullTo20,    ///< with 0x00 to 20 characters, blanks behind; an empty text is all blanks
-    Byte         ///< one raw byte, not text
+    Blank,    ///< with 0x20
+    Null,     ///< with 0x00; an empty text is all blanks
+    NullTo20, ///< with 0x00 to 20 characters, blanks behind; an empty text is all blanks
+    Byte      ///< one raw byte, not text
 };
 
 struct RecordField {
@@ -28,11 +28,11 @@ struct RecordField {
 };
 
 struct RecordLayout {
-    std::string_view Name;    ///< of the record
-    std::string_view File;    ///< file name in the data directory
-    std::uint16_t Length;     ///< bytes a record
-    std::uint16_t First;      ///< first record number that the program reads or writes
-    std::uint16_t Last;       ///< last record number that the program reads or writes
+    std::string_view Name; ///< of the record
+    std::string_view File; ///< file name in the data directory
+    std::uint16_t Length;  ///< bytes a record
+    std::uint16_t First;   ///< first record number that the program reads or writes
+    std::uint16_t Last;    ///< last record number that the program reads or writes
     std::span<const RecordField> Fields;
 };
 
@@ -57,7 +57,8 @@ struct GapAtField;
 template <>
 struct GapAtField<-1> {};
 
-/// The field's text: stops at the first 0x00, blanks stripped on both sides. A record that is too short gives what it has.
+/// The field's text: stops at the first 0x00, blanks stripped on both sides. A record that is too short gives what it
+/// has.
 std::string Feld_Lesen(std::string_view record, const RecordField& field);
 /// The field's bytes as they stand, missing ones as 0x00.
 std::string Feld_Roh(std::string_view record, const RecordField& field);

@@ -13,10 +13,10 @@ namespace qvm {
 /// Unicode code point of each code page 1252 byte 0x80 to 0x9F. The five bytes that the code page leaves undefined
 /// stand for the control characters of the same number, so that every byte survives the way there and back.
 /// Source: unicode.org, MAPPINGS/VENDORS/MICSFT/WINDOWS/CP1252.TXT; WHATWG Encoding Standard, windows-1252.
-inline constexpr std::array<char16_t, 32> Cp1252_80_9F{
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+inline constexpr std::array<char16_t, 32> Cp1252_80_9F{0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                                       0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
+                                                       0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                                       0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
 /// The code page 1252 byte of a code point, or -1 when the code page has none.
 constexpr int Cp1252_Byte(char32_t codePoint) {
@@ -90,7 +90,8 @@ consteval auto Umsetzen() {
         const int more = lead < 0x80 ? 0 : lead < 0xE0 ? 1 : lead < 0xF0 ? 2 : 3;
         char32_t codePoint = more == 0 ? lead : lead & (0x3FU >> more);
         for (int k = 1; k <= more; ++k) {
-            codePoint = (codePoint << 6) | (static_cast<unsigned>(Literal.data[n + static_cast<std::size_t>(k)]) & 0x3F);
+            codePoint =
+                (codePoint << 6) | (static_cast<unsigned>(Literal.data[n + static_cast<std::size_t>(k)]) & 0x3F);
         }
         const int byte = Cp1252_Byte(codePoint);
         if (byte < 0) {
