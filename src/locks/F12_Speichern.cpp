@@ -1,0 +1,166 @@
+#include "F12_Speichern.h"
+
+#include "Kern.h"
+#include "LockRecords.h"
+#include "Schlossregeln.h"
+#include "Schlossserie.h"
+#include "Text.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <vector>
+
+namespace qvm {
+
+namespace {
+
+namespace Col = LockColumn;
+
+std::string Schloss_Satz(const Kern&, const LockTable& table, int row) {
+    namespace Rec = LockRecord;
+    constexpr const RecordField* Switches[] = {&Rec::Switch1, &Rec::Switch2, &Rec::Switch3, &Rec::Switch4,
+                                               &Rec::Switch5};
+    const Grid& grid = table.FGK12;
+    std::string record;
+    Feld_Schreiben(record, Rec::Name, RTrim(grid.Text(row, Col::Name)));
+    Feld_Schreiben(record, Rec::OffsetId, grid.Text(row, Col::OffsetId));
+    Serie_Schreiben(record, {Rec::Sn1, Rec::Sn2, Rec::Sn3, Rec::Sn4}, grid.Text(row, Col::Serial));
+    for (int n = 0; n < 5; ++n) {
+        Feld_Schreiben(record, *Switches[n], grid.At(row, Col::FirstSwitch + n).Picture == LockPicture::On ? "X" : "");
+    }
+    return record;
+}
+
+std::string Prio_Satz(const Kern&, const LockTable& table, int row) {
+    const std::string_view text = Trim(table.FGK12.Text(row, Col::Priority));
+    std::string record;
+    Feld_Schreiben(record, LockPrioRecord::Prio, text.empty() ? "3" : text);
+    for (const RecordField* spare : {&LockPrioRecord::Spare1, &LockPrioRecord::Spare2, &LockPrioRecord::Spare3}) {
+        Feld_Schreiben(record, *spare, "3");
+    }
+    return record;
+}
+
+std::string Emi_Satz(const Kern&, const LockTable& table, int row) {
+    const int picture = table.FGK12.At(row, Col::Emi).Picture;
+    std::string record;
+    Feld_Schreiben(record, LockEmiRecord::Emi,
+                   picture == LockPicture::On    ? "X"
+                   : picture == LockPicture::Off ? "Y"
+                                                 : "");
+    return record;
+}
+
+std::string Gruppenkennung(const GroupTable& groups, std::string_view name) {
+    if (name.empty() || name == "-") { // the name of an unused entry is empty, too
+        return "-";
+    }
+    const auto entry = std::find_if(groups.begin() + 1, groups.end(),
+                                    [&](const GroupEntry& group) { return Trim(group.Name) == name; });
+    return entry == groups.end() || entry->PbId.empty() ? "-" : entry->PbId;
+}
+
+std::string Gruppe_Satz(const Kern&, const LockTable& table, int row) {
+    const std::string& text = table.FGK12.Text(row, Col::Group);
+    std::string record;
+    Feld_Schreiben(record, LockGroupRecord::GroupId, Gruppenkennung(table.GroupTableLock, Trim(text)));
+    Feld_Schreiben(record, LockGroupRecord::GroupName, text);
+    return record;
+}
+
+std::string Adapter_Satz(const Kern&, const LockTable& table, int row) {
+    namespace Rec = LockAdapterRecord;
+    const Grid& grid = table.FGK12;
+    const std::string_view serial = Trim(grid.Text(row, Col::Serial));
+    const bool used = !serial.empty();
+    std::string record;
+    Feld_Schreiben(record, Rec::AdapterId, used ? std::string_view(grid.Text(row, Col::AdapterId)) : "");
+    Feld_Schreiben(record, Rec::AdapterName, used ? std::string_view(grid.Text(row, Col::AdapterName)) : "");
+    Serie_Schreiben(record, {Rec::Sn1, Rec::Sn2, Rec::Sn3, Rec::Sn4}, serial);
+    return record;
+}
+
+std::string Tuermodus_Satz(const Kern& kern, const LockTable& table, int row) {
+    namespace Rec = DoorModeRecord;
+    const Grid& grid = table.FGK12;
+    std::string record;
+    Feld_Schreiben(record, Rec::Mode, Tuermodus_Kennung(kern, grid.Text(row, Col::DoorMode)));
+    Serie_Schreiben(record, {Rec::Sn1, Rec::Sn2, Rec::Sn3, Rec::Sn4}, grid.Text(row, Col::Serial));
+    Feld_Schreiben(record, Rec::Days, Trim(grid.Text(row, Col::DoorDays)));
+    return record;
+}
+
+/// A file of the table and what writes its records.
+struct Ziel {
+    const RecordLayout& Layout;
+    std::string (*Satz)(const Kern& kern, const LockTable& table, int row);
+};
+
+constexpr Ziel Einstellung{LockRecord::Record, Schloss_Satz}, Prioritaet{LockPrioRecord::Record, Prio_Satz},
+    Emi{LockEmiRecord::Record, Emi_Satz}, ZeitGruppe{LockGroupRecord::Record, Gruppe_Satz},
+    Adapter{LockAdapterRecord::Record, Adapter_Satz}, Tuermodus{DoorModeRecord::Record, Tuermodus_Satz};
+
+/// The file as it is to be written. Nothing when it cannot be read.
+std::optional<RecordFile> Vorbereiten(Kern& kern, const LockTable& table, const Ziel& target) {
+    RecordFile file(target.Layout);
+    if (table.LoadFailed || file.Laden(kern.Welt.Files, kern.DatPfad()) == ReadStatus::Error) {
+        return std::nullopt;
+    }
+    for (int row = LockGrid::FirstRow; row <= LockGrid::LastRow; ++row) {
+        file.SetRecord(row, target.Satz(kern, table, row));
+    }
+    return file;
+}
+
+bool Datei_Speichern(Kern& kern, const LockTable& table, const Ziel& target) {
+    const auto file = Vorbereiten(kern, table, target);
+    return file && file->Speichern(kern.Welt.Files, kern.DatPfad());
+}
+
+} // namespace
+
+bool Tuereinstellung_Speichern(Kern& kern, const LockTable& table) {
+    return Datei_Speichern(kern, table, Einstellung);
+}
+
+bool Prioritaet_Speichern(Kern& kern, const LockTable& table) {
+    return Datei_Speichern(kern, table, Prioritaet);
+}
+
+bool Emi_Speichern(Kern& kern, const LockTable& table) {
+    return Datei_Speichern(kern, table, Emi);
+}
+
+bool SchlossZeitGruppe_Speichern(Kern& kern, const LockTable& table) {
+    return Datei_Speichern(kern, table, ZeitGruppe);
+}
+
+bool SchlossAdapter_Speichern(Kern& kern, const LockTable& table) {
+    return Datei_Speichern(kern, table, Adapter);
+}
+
+bool Tuermodus_Speichern(Kern& kern, const LockTable& table) {
+    return Datei_Speichern(kern, table, Tuermodus);
+}
+
+bool F12_Speichern(Kern& kern, LockTable& table) {
+    constexpr const Ziel* Order[] = {&Einstellung, &Prioritaet, &Emi, &ZeitGruppe, &Adapter, &Tuermodus};
+    std::vector<RecordFile> files;
+    for (const Ziel* target : Order) {
+        auto file = Vorbereiten(kern, table, *target);
+        if (!file) {
+            return false;
+        }
+        files.push_back(std::move(*file));
+    }
+    for (const RecordFile& file : files) {
+        if (!file.Speichern(kern.Welt.Files, kern.DatPfad())) {
+            return false;
+        }
+    }
+    table.LockDirty = false;
+    return true;
+}
+
+} // namespace qvm

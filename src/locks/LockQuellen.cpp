@@ -1,0 +1,107 @@
+#include "LockQuellen.h"
+
+#include "F12_Laden.h"
+#include "Kern.h"
+#include "Text.h"
+
+#include <utility>
+
+namespace qvm {
+
+namespace {
+
+namespace Col = LockColumn;
+
+constexpr std::string_view NoUnit = " - ";
+constexpr std::string_view NoAdapter = " - ";
+constexpr std::string_view EnrolmentDevice = "ENROLLMENT1";
+
+std::string Unit_Kuerzel(const Kern& kern, std::string_view mode) {
+    constexpr int FirstLine = 157; // "1", "2", "3": lines 157, 158, 159
+    if (mode.size() != 1 || mode[0] < '1' || mode[0] > '3') {
+        return std::string(NoUnit);
+    }
+    return std::string(Mid(kern.Zeile(FirstLine + mode[0] - '1'), 1, 3));
+}
+
+LockAdapter Adapter_Eintrag(const RecordFile& adapters, int record) {
+    LockAdapter entry;
+    entry.Record = record;
+    entry.Adresse = adapters.Text(record, AdapterView::Adresse);
+    entry.Name = adapters.Text(record, AdapterView::Name);
+    entry.Text = entry.Name.starts_with(EnrolmentDevice) ? std::string(NoAdapter)
+                                                         : std::string(Trim(entry.Name + " [" + entry.Adresse + "]"));
+    return entry;
+}
+
+} // namespace
+
+bool Offsetnamen_Laden(Kern& kern, LockTable& table) {
+    RecordFile offsets(OffsetView::Record);
+    if (offsets.Laden(kern.Welt.Files, kern.DatPfad()) == ReadStatus::Error) {
+        table.LoadFailed = true; // else a save would drop every lock's offset group
+        return false;
+    }
+    table.Offsets = {};
+    for (int n = OffsetView::Record.First; n <= OffsetView::Record.Last; ++n) {
+        OffsetEntry& entry = table.Offsets[static_cast<std::size_t>(n)];
+        entry.Name = offsets.Text(n, OffsetView::Name);
+        entry.Id = offsets.Text(n, OffsetView::OffsetId);
+        if (entry.Id.empty()) { // the identifiers never change, but a first save of the offsets has left them blank
+            entry.Id = "OFST0x0" + Ziffern(n);
+        }
+    }
+    return true;
+}
+
+bool Schlossgruppen_Laden(Kern& kern, LockTable& table) {
+    RecordFile groups(LockGroupView::Record);
+    if (groups.Laden(kern.Welt.Files, kern.DatPfad()) == ReadStatus::Error) {
+        table.LoadFailed = true; // else a save would drop every lock's group
+        return false;
+    }
+    table.GroupTableLock = {};
+    for (int n = LockGroupView::Record.First; n <= LockGroupView::Record.Last; ++n) {
+        table.GroupTableLock[static_cast<std::size_t>(n)] = {
+            groups.Text(n, LockGroupView::Num), groups.Text(n, LockGroupView::Name),
+            groups.Text(n, LockGroupView::Days), groups.Text(n, LockGroupView::Count),
+            groups.Text(n, LockGroupView::PbId)};
+    }
+    return true;
+}
+
+bool UnitTypen_Laden(Kern& kern, LockTable& table) {
+    RecordFile units(UnitModeView::Record);
+    const bool good = units.Laden(kern.Welt.Files, kern.DatPfad()) != ReadStatus::Error;
+    for (int row = LockGrid::FirstRow; row <= LockGrid::LastRow; ++row) {
+        const bool serial = !Trim(table.FGK12.Text(row, Col::Serial)).empty();
+        Cell cell = table.FGK12.At(row, Col::UnitType);
+        cell.Text = serial ? Unit_Kuerzel(kern, units.Text(row, UnitModeView::UnitMode)) : std::string(NoUnit);
+        cell.ForeColor = LockLook::Set;
+        cell.FontSize = LockLook::UnitTypeSize;
+        cell.Bold = true;
+        table.FGK12.Set(row, Col::UnitType, cell);
+    }
+    return good;
+}
+
+bool AdapterAuswahl_Laden(Kern& kern, LockTable& table) {
+    RecordFile adapters(AdapterView::Record);
+    const bool good = adapters.Laden(kern.Welt.Files, kern.DatPfad()) != ReadStatus::Error;
+    table.Adapters.clear();
+    bool offersNone = false;
+    for (int n = AdapterView::Record.First; n <= AdapterView::Record.Last; ++n) {
+        LockAdapter entry = Adapter_Eintrag(adapters, n);
+        if (entry.Name.empty() && entry.Adresse.empty()) {
+            continue;
+        }
+        offersNone = offersNone || entry.Text == NoAdapter;
+        table.Adapters.push_back(std::move(entry));
+    }
+    if (!offersNone) {
+        table.Adapters.insert(table.Adapters.begin(), LockAdapter{std::string(NoAdapter), 0, {}, {}});
+    }
+    return good;
+}
+
+} // namespace qvm

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+/// Rules of single settings of a lock.
+namespace qvm {
+
+struct Kern;
+
+/// Picture of column 10 for a serial that has just been entered: not applicable for a lock without an EMI setting,
+/// whose serial lies between 0x0B49FFFF and 0x0DFFB9EF, both ends excluded, and for an empty text; off for any other.
+int Emi_Bild(std::string_view serial);
+
+/// The priority as a lock takes it: "1" to "5" give 0 to 4, any other text the middle, 2.
+std::uint8_t Prioritaet_Code(std::string_view text);
+
+/// Text of column 17 for a stored door mode: "AA" gives catalogue line 218, "BB" line 219, any other nothing. Without a
+/// language file the mode shows as it is stored, so that a save keeps it.
+std::string Tuermodus_Text(const Kern& kern, std::string_view mode);
+/// The stored mode, "AA", "BB" or nothing, for a text of column 17.
+std::string Tuermodus_Kennung(const Kern& kern, std::string_view text);
+
+} // namespace qvm
