@@ -1,0 +1,49 @@
+#include "InfoPbS.h"
+
+#include "Kern.h"
+#include "Text.h"
+#include "Zeitfenster.h"
+
+namespace qvm {
+
+namespace {
+
+namespace Col = SlotColumn;
+
+void Kopf_Schreiben(const Kern& kern, Grid& grid) {
+    grid.Resize(1, Col::Count);
+    grid.SetText(0, Col::Number, kern.Zeile(37));
+    grid.SetText(0, Col::Day, kern.Zeile(92));
+    grid.SetText(0, Col::From, kern.Zeile(93));
+    grid.SetText(0, Col::To, kern.Zeile(94));
+}
+
+} // namespace
+
+int InfoPbS_Anzeigen(const Kern& kern, const Grid& slots, const GroupTable& groups, bool editorOpen, int row,
+                     InfoPbS& info) {
+    if (row < 1 || static_cast<std::size_t>(row) >= groups.size() || editorOpen) {
+        return -1;
+    }
+    const GroupEntry& group = groups[static_cast<std::size_t>(row)];
+    info.Name.Text = std::string(LTrim(group.Name));
+    info.Name.Visible = true;
+    Grid& grid = info.FGK3i;
+    Kopf_Schreiben(kern, grid);
+    int shown = 0;
+    for (int slot = 1; slot < slots.Rows(); ++slot) {
+        if (Mid(group.Days, static_cast<std::size_t>(slot), 1) != "X") {
+            continue;
+        }
+        ++shown;
+        grid.Resize(shown + 1, Col::Count);
+        grid.SetText(shown, Col::Number, Ziffern(shown));
+        for (int column = Col::Day; column <= Col::To; ++column) {
+            grid.SetText(shown, column, slots.Text(slot, column));
+        }
+    }
+    grid.Visible = true;
+    return shown;
+}
+
+} // namespace qvm
