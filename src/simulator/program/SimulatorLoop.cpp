@@ -19,6 +19,8 @@ constexpr Nanoseconds Millisecond = 1000000;
 /// How often a line that hung up is looked at again. poll cannot wait for the next client: it reports the hang-up at
 /// once, over and over.
 constexpr Nanoseconds HungUpLook = 10 * Millisecond;
+/// A client may close the line for a moment between two sessions.
+constexpr Nanoseconds OnceRest = 2000 * Millisecond;
 constexpr Nanoseconds Forever = 3600 * 1000 * Millisecond;
 
 } // namespace
@@ -106,8 +108,9 @@ bool SimulatorLoop::Wait(Nanoseconds duration, int stop) {
 void SimulatorLoop::ReadLine() {
     const auto bytes = terminal_.Read();
     if (!bytes) {
-        finished_ = finished_ || (options_.Once && hadSession_ && !hungUp_ && fromPc_.Idle());
+        hungUpSince_ = hungUp_ ? hungUpSince_ : Now();
         hungUp_ = true;
+        finished_ = options_.Once && hadSession_ && Now() - hungUpSince_ > OnceRest;
         toPc_.Clear();
         unsent_.clear();
         return;

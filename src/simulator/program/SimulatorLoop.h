@@ -18,7 +18,7 @@ struct SimulatorOptions {
     std::vector<SimFault> Faults; ///< besides those of the world
     bool Pace = false;
     bool Trace = false;
-    bool Once = false; ///< ends when a client that has had a session closes the line
+    bool Once = false; ///< ends when the line stays closed for two seconds after a session
 };
 
 /// The virtual system behind a pseudo-terminal, in real time, until a signal or its end.
@@ -58,6 +58,7 @@ private:
     std::multimap<Nanoseconds, std::function<void()>> planned_;
     Nanoseconds eventTime_ = -1; ///< the due time of the event being handled; -1 between events
     bool hungUp_ = true;
+    Nanoseconds hungUpSince_ = 0;
     bool unplugged_ = false;
     bool hadSession_ = false;
     bool finished_ = false;

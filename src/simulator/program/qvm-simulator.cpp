@@ -85,7 +85,7 @@ int main(int argc, char** argv) {
                    "refuse, late, doubled, unplug. N: telegram from 0; #: the adapter's own count "
                    "as well; +: and all behind. VALUE: reason, milliseconds, garbage in hexadecimal");
     app.add_flag("--trace", options.Trace, "every frame on standard error");
-    app.add_flag("--once", options.Once, "end when a client that has had a session closes the line");
+    app.add_flag("--once", options.Once, "end when the line stays closed for two seconds after a session");
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
