@@ -1,0 +1,51 @@
+#pragma once
+
+#include "Dataset.h"
+#include "Record.h"
+
+#include <cstdint>
+#include <string_view>
+
+/// The steps of Datensatz_Laden, in their order. Used by Dataset.cpp only.
+namespace qvm {
+
+/// How the assembly ended.
+enum class DatasetEnd { Good, TooManyUsers, TooManyPremium, NoTemplate, Other };
+
+/// What every step works on.
+struct DatasetStand {
+    Link& link;
+    Dataset& dataset;
+    const LockRow& row;
+    DatasetVariant variant;
+    std::uint32_t serial; ///< the lock's serial as one number; its ranges name the model families
+
+    const Kern& Kernteil() const { return link.kern; }
+};
+
+/// A number range with both ends included.
+constexpr bool Im_Bereich(std::uint32_t value, std::uint32_t from, std::uint32_t to) {
+    return value >= from && value <= to;
+}
+
+/// Locks up to here know the timers A and B only, unless they belong to a newer family.
+inline constexpr std::uint32_t LastTimerABSerial = 0xB49FFFF;
+
+/// Reads a data file. False on a file error; a missing file holds no record.
+bool Datei_Lesen(const DatasetStand& stand, RecordFile& file);
+
+/// The five-character selection of the lock's timer group, "X" for each slot that counts; empty without a group.
+/// False on a file error.
+bool Sperrgruppe_Laden(const DatasetStand& stand, std::string& selection);
+/// Timer tables and timer mode. Says when the lock knows two timers only.
+bool Schaltuhr_Laden(DatasetStand& stand, std::string_view selection);
+/// Slots of all users with a mark for the lock.
+DatasetEnd Benutzer_Laden(DatasetStand& stand);
+/// Priority code and lock mode.
+bool Vorgaben_Laden(DatasetStand& stand);
+/// Reception setting and wireless units of the lock.
+bool DeviceParameter_Laden(DatasetStand& stand);
+/// Holiday tables.
+bool Kalender_Laden(DatasetStand& stand);
+
+} // namespace qvm

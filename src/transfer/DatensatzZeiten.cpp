@@ -1,0 +1,121 @@
+#include "DatensatzStand.h"
+#include "LockRecords.h"
+#include "Text.h"
+#include "TimeRecords.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace qvm {
+namespace {
+
+constexpr int LockGroups = 5;     // groups that the editor offers
+constexpr int PersonRecords = 11; // record 11 is the first lock timer and serves both tables, deliberately so
+constexpr int LockRecordOffset = 11;
+constexpr int TimersAB = 5;
+/// Old locks get their second timer from record 5 on, one slot before the group "Timer-B" begins.
+constexpr int FirstRecordB = 5;
+
+/// Families that take the full timer tables.
+constexpr bool Volle_Tabellen(std::uint32_t serial) {
+    return Im_Bereich(serial, 0x1000001, 0x1600000) || Im_Bereich(serial, 0x1D00001, 0x2000000) ||
+           Im_Bereich(serial, 0x1C00001, 0x1D00000);
+}
+
+bool Nur_Ziffern(std::string_view text) {
+    return !text.empty() && text.size() <= 2 &&
+           std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+}
+
+/// Hour and minute of "hh:mm"; 00:00 for a text that is no time of day.
+std::pair<std::uint8_t, std::uint8_t> Uhrzeit(std::string_view text) {
+    const std::size_t colon = text.find(':');
+    if (colon == std::string_view::npos) {
+        return {0, 0};
+    }
+    const std::string_view hours = text.substr(0, colon), minutes = text.substr(colon + 1);
+    if (!Nur_Ziffern(hours) || !Nur_Ziffern(minutes) || Zahlwert(hours) > 23 || Zahlwert(minutes) > 59) {
+        return {0, 0};
+    }
+    return {static_cast<std::uint8_t>(Zahlwert(hours)), static_cast<std::uint8_t>(Zahlwert(minutes))};
+}
+
+/// The day selector goes out as it stands. What a lock does with one above 10 is not known.
+TimerRow Zeile_Lesen(const RecordFile& slots, int record) {
+    const auto from = Uhrzeit(slots.Text(record, TimeSlot::From));
+    const auto to = Uhrzeit(slots.Text(record, TimeSlot::To));
+    return {Feld_Byte(slots.Record(record), TimeSlot::DayIndex), from.first, from.second, to.first, to.second};
+}
+
+void Volle_Tabellen_Fuellen(Dataset& dataset, const RecordFile& slots, std::string_view selection) {
+    for (int n = 0; n < PersonRecords; ++n) {
+        dataset.TimerTableA[static_cast<std::size_t>(n)] = Zeile_Lesen(slots, n + 1);
+    }
+    for (std::size_t n = 0; n < dataset.TimerTableB.size() && n < selection.size(); ++n) {
+        if (selection[n] == 'X') {
+            dataset.TimerTableB[n] = Zeile_Lesen(slots, static_cast<int>(n) + LockRecordOffset);
+        }
+    }
+}
+
+void Timer_A_B_Fuellen(Dataset& dataset, const RecordFile& slots) {
+    for (int n = 0; n < TimersAB; ++n) {
+        dataset.TimerTableA[static_cast<std::size_t>(n)] = Zeile_Lesen(slots, n + 1);
+        dataset.TimerTableB[static_cast<std::size_t>(n)] = Zeile_Lesen(slots, n + FirstRecordB);
+    }
+}
+
+void Zwei_Timer_Melden(const Kern& kern) {
+    kern.Meldung(kern.Zeile(180) + "\n\r" + kern.Zeile(181), Buttons::Ok, Icon::Information);
+}
+
+} // namespace
+
+bool Sperrgruppe_Laden(const DatasetStand& stand, std::string& selection) {
+    RecordFile bindings(LockGroupRecord::Record), groups(LockTimeGroup::Record);
+    if (!Datei_Lesen(stand, bindings) || !Datei_Lesen(stand, groups)) {
+        return false;
+    }
+    selection.clear();
+    const std::string group = bindings.Text(stand.row.Number, LockGroupRecord::GroupId);
+    if (group.empty() || group == "-") {
+        return true;
+    }
+    for (int n = 1; n <= LockGroups; ++n) {
+        if (groups.Text(n, LockTimeGroup::PbId) == group) {
+            selection = Feld_Roh(groups.Record(n), LockTimeGroup::Days);
+            break;
+        }
+    }
+    return true;
+}
+
+bool Schaltuhr_Laden(DatasetStand& stand, std::string_view selection) {
+    RunState& lauf = stand.link.Lauf;
+    const Kern& kern = stand.Kernteil();
+    RecordFile slots(TimeSlot::Record);
+    ReadStatus file = ReadStatus::Missing;
+    if (!Trim(stand.row.PersonTimers).empty()) {
+        file = slots.Laden(kern.Welt.Files, kern.DatPfad());
+    }
+    if (file == ReadStatus::Error) {
+        return false;
+    }
+    if (file == ReadStatus::Missing) {
+        // Above the limit the full mode stays, and empty tables go out in it.
+        if (stand.serial <= LastTimerABSerial) {
+            lauf.TimerMode = Timer_A_B;
+        }
+    } else if (Volle_Tabellen(stand.serial)) {
+        Volle_Tabellen_Fuellen(stand.dataset, slots, selection);
+    } else if (stand.serial <= LastTimerABSerial) {
+        Zwei_Timer_Melden(kern);
+        lauf.TimerMode = Timer_A_B;
+        Timer_A_B_Fuellen(stand.dataset, slots);
+    } else {
+        lauf.TimerMode = Timer_ERROR;
+    }
+    return true;
+}
+
+} // namespace qvm
