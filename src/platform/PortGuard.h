@@ -1,0 +1,30 @@
+#pragma once
+
+#include "FileHandle.h"
+
+#include <string>
+
+namespace qvm {
+
+/// Keeps a serial device for this program alone: finds out whether it can be had, and holds the advisory lock that
+/// other terminal programs look at. The device's own exclusive mode does not keep the administrator's programs out,
+/// and tells a newcomer nothing but "busy".
+class PortGuard {
+public:
+    /// Takes the device. `Fault` says in a sentence what to do when it cannot be had.
+    explicit PortGuard(const std::string& device);
+
+    /// Empty when the device is held. Code page 1252, as all texts of PortGuard and PortFault.
+    const std::string& Fault() const { return fault_; }
+
+private:
+    FileHandle handle_;
+    std::string fault_;
+};
+
+/// A sentence on why `device` cannot be opened; `error` is an errno value.
+std::string PortFault_Text(const std::string& device, int error);
+/// The same for a device that another program holds; names the program if the system tells.
+std::string PortFault_Held(const std::string& device);
+
+} // namespace qvm

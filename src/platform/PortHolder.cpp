@@ -1,0 +1,75 @@
+#include "PortHolder.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <dirent.h>
+#include <fcntl.h>
+#include <memory>
+#include <string_view>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <vector>
+
+namespace qvm {
+
+namespace {
+
+std::vector<std::string> Entries(const std::string& path) {
+    std::vector<std::string> names;
+    const std::unique_ptr<DIR, int (*)(DIR*)> directory(::opendir(path.c_str()), &::closedir);
+    while (directory) {
+        const dirent* const entry = ::readdir(directory.get());
+        if (entry == nullptr) {
+            break;
+        }
+        names.emplace_back(entry->d_name);
+    }
+    return names;
+}
+
+bool IsNumber(std::string_view name) {
+    return !name.empty() &&
+           std::all_of(name.begin(), name.end(), [](unsigned char digit) { return std::isdigit(digit) != 0; });
+}
+
+bool Holds(const std::string& process, dev_t device) {
+    const std::string handles = process + "/fd/";
+    const std::vector<std::string> names = Entries(handles);
+    return std::any_of(names.begin(), names.end(), [&](const std::string& name) {
+        struct stat info {};
+        return IsNumber(name) && ::stat((handles + name).c_str(), &info) == 0 && S_ISCHR(info.st_mode) &&
+               info.st_rdev == device;
+    });
+}
+
+std::string NameOf(const std::string& process) {
+    std::array<char, 64> name{};
+    const int file = ::open((process + "/comm").c_str(), O_RDONLY | O_CLOEXEC);
+    const ssize_t count = file < 0 ? -1 : ::read(file, name.data(), name.size());
+    if (file >= 0) {
+        ::close(file);
+    }
+    const std::string_view text(name.data(), count > 0 ? static_cast<std::size_t>(count) : 0);
+    return std::string(text.substr(0, text.find('\n')));
+}
+
+} // namespace
+
+std::string PortHolder_Name(const std::string& device) {
+    struct stat info {};
+    if (::stat(device.c_str(), &info) != 0 || !S_ISCHR(info.st_mode)) {
+        return {};
+    }
+    const std::string self = std::to_string(::getpid());
+    for (const std::string& number : Entries("/proc")) {
+        const std::string process = "/proc/" + number;
+        if (IsNumber(number) && number != self && Holds(process, info.st_rdev)) {
+            const std::string name = NameOf(process);
+            return (name.empty() ? "process" : name) + " (" + number + ")";
+        }
+    }
+    return {};
+}
+
+} // namespace qvm

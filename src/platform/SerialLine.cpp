@@ -1,0 +1,191 @@
+#include "SerialLine.h"
+
+#include "PortGuard.h"
+#include "Text.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QSerialPort>
+
+#include <climits>
+#include <cstdlib>
+#include <linux/serial.h>
+#include <sys/ioctl.h>
+#include <utility>
+
+namespace qvm {
+
+namespace {
+
+/// The device behind links: locks and the kernel know it by that name only.
+std::string Resolved(const std::string& device) {
+    const std::unique_ptr<char, void (*)(void*)> real(::realpath(device.c_str(), nullptr), &std::free);
+    return real ? std::string(real.get()) : device;
+}
+
+/// A USB bridge otherwise keeps received bytes back for up to 16 ms. Other devices do not know the wish.
+void AskLowLatency(int handle) {
+    serial_struct settings{};
+    if (::ioctl(handle, TIOCGSERIAL, &settings) == 0) {
+        settings.flags |= ASYNC_LOW_LATENCY;
+        ::ioctl(handle, TIOCSSERIAL, &settings);
+    }
+}
+
+/// What QSerialPort reports although the port works: a pseudo-terminal has no lines.
+bool Harmless(QSerialPort::SerialPortError error) {
+    return error == QSerialPort::NoError || error == QSerialPort::UnsupportedOperationError ||
+           error == QSerialPort::TimeoutError;
+}
+
+} // namespace
+
+SerialLine::SerialLine() : port_(std::make_unique<QSerialPort>()) {
+    connect(port_.get(), &QSerialPort::readyRead, this, [this] { Fetch(); });
+    connect(port_.get(), &QSerialPort::errorOccurred, this, [this](QSerialPort::SerialPortError error) {
+        if (!opening_ && !Harmless(error)) {
+            Broken();
+        }
+    });
+}
+
+SerialLine::~SerialLine() {
+    port_->disconnect(this);
+}
+
+bool SerialLine::Open(const std::string& device) {
+    Close();
+    const std::string real = Resolved(device);
+    // A link that leads nowhere is named by itself.
+    device_ = real;
+    guard_ = std::make_unique<PortGuard>(real);
+    if (!guard_->Fault().empty()) {
+        Refuse(guard_->Fault());
+        return false;
+    }
+    opening_ = true;
+    SetUp();
+    const bool open = port_->open(QIODevice::ReadWrite);
+    opening_ = false;
+    if (!open) {
+        // The device itself could be opened a moment ago: what stands in the way is the lock file.
+        const bool held = port_->error() == QSerialPort::PermissionError;
+        Refuse(held ? PortFault_Held(real)
+                    : AusUtf8(real + " cannot be set up: " + port_->errorString().toStdString() + "."));
+        return false;
+    }
+    AskLowLatency(port_->handle());
+    port_->clear();
+    fault_.clear();
+    return true;
+}
+
+void SerialLine::SetUp() {
+    ++session_;
+    broken_ = false;
+    rts_.reset();
+    port_->setPortName(QString::fromStdString(device_));
+    port_->setBaudRate(QSerialPort::Baud19200);
+    port_->setDataBits(QSerialPort::Data8);
+    port_->setParity(QSerialPort::NoParity);
+    port_->setStopBits(QSerialPort::OneStop);
+    port_->setFlowControl(QSerialPort::NoFlowControl);
+}
+
+void SerialLine::Close() {
+    if (port_->isOpen()) {
+        port_->close();
+    }
+    guard_.reset();
+    queue_.clear();
+}
+
+bool SerialLine::IsOpen() const {
+    return port_->isOpen() && !broken_;
+}
+
+void SerialLine::Refuse(std::string fault) {
+    Close();
+    fault_ = std::move(fault);
+}
+
+void SerialLine::SetRts(bool on) {
+    // Each call is a transfer of its own on the USB bus, and the wish comes with every telegram. QSerialPort's own
+    // routine would report an error on devices without the line.
+    if (!IsOpen() || rts_ == on) {
+        return;
+    }
+    const int line = TIOCM_RTS;
+    ::ioctl(port_->handle(), on ? TIOCMBIS : TIOCMBIC, &line);
+    rts_ = on;
+}
+
+void SerialLine::Write(std::span<const std::uint8_t> bytes) {
+    if (!IsOpen() || bytes.empty()) {
+        return;
+    }
+    port_->write(reinterpret_cast<const char*>(bytes.data()), static_cast<qint64>(bytes.size()));
+    // Not at the next turn of the event loop, but now.
+    port_->flush();
+}
+
+void SerialLine::OnByte(std::function<void(std::uint8_t)> receiver) {
+    // Shared, so that a receiver may replace itself.
+    receiver_ = receiver ? std::make_shared<std::function<void(std::uint8_t)>>(std::move(receiver)) : nullptr;
+}
+
+void SerialLine::Fetch() {
+    const QByteArray bytes = port_->readAll();
+    queue_.insert(queue_.end(), bytes.begin(), bytes.end());
+    Ask();
+}
+
+void SerialLine::Ask() {
+    if (!asked_ && !queue_.empty()) {
+        asked_ = true;
+        QCoreApplication::postEvent(this, new QEvent(QEvent::User), Qt::HighEventPriority);
+    }
+}
+
+bool SerialLine::event(QEvent* event) {
+    if (event->type() != QEvent::User) {
+        return QObject::event(event);
+    }
+    asked_ = false;
+    HandOut();
+    return true;
+}
+
+/// Hands out what has come. A receiver that waits gets what follows from inside its wait; this turn then finds an empty
+/// queue.
+void SerialLine::HandOut() {
+    while (!queue_.empty()) {
+        const std::uint8_t byte = queue_.front();
+        queue_.pop_front();
+        Ask();
+        if (const auto receiver = receiver_) {
+            (*receiver)(byte);
+        }
+    }
+}
+
+/// The device is gone. QSerialPort goes on to report that at each turn of the event loop, and must not be closed while
+/// it does.
+void SerialLine::Broken() {
+    if (broken_) {
+        return;
+    }
+    broken_ = true;
+    fault_ = "The connection to " + AusUtf8(device_) + " is broken: the adapter was unplugged or switched off.";
+    QMetaObject::invokeMethod(
+        this,
+        [this, session = session_] {
+            if (session == session_ && port_->isOpen()) {
+                port_->close();
+                guard_.reset();
+            }
+        },
+        Qt::QueuedConnection);
+}
+
+} // namespace qvm

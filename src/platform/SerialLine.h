@@ -1,0 +1,69 @@
+#pragma once
+
+#include <QObject>
+
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+
+class QSerialPort;
+
+namespace qvm {
+
+class PortGuard;
+
+/// One serial port on Qt's event loop: 19200 baud, 8 data bits, no parity, 1 stop bit, no handshake. Works on
+/// pseudo-terminals as well, which ignore speed and lines.
+///
+/// Received bytes go through a queue and are handed out in an event of their own, one call a byte. The signal of
+/// QSerialPort does not come again while its slot is on the stack, so a receiver that waits inside it would wait in
+/// vain.
+class SerialLine : public QObject {
+public:
+    SerialLine();
+    ~SerialLine() override;
+
+    /// Closes what is open, then opens `device` (UTF-8) for this program alone. Bytes that came before are dropped.
+    bool Open(const std::string& device);
+    /// Drops the bytes that nobody has got yet.
+    void Close();
+    bool IsOpen() const;
+    /// Request to send. Devices without the line ignore it.
+    void SetRts(bool on);
+    /// Sends in order, as fast as the device takes it. Dropped when no port is open.
+    void Write(std::span<const std::uint8_t> bytes);
+    void OnByte(std::function<void(std::uint8_t)> receiver);
+
+    /// Why the port is not open, a sentence in code page 1252; empty after Open gave true.
+    const std::string& LastError() const { return fault_; }
+    /// Closes, for a reason that lies outside.
+    void Refuse(std::string fault);
+
+protected:
+    bool event(QEvent* event) override;
+
+private:
+    void SetUp();
+    void Fetch();
+    void HandOut();
+    void Ask();
+    void Broken();
+
+    std::unique_ptr<QSerialPort> port_;
+    std::unique_ptr<PortGuard> guard_;
+    std::string device_;
+    std::string fault_;
+    std::deque<std::uint8_t> queue_;
+    std::shared_ptr<std::function<void(std::uint8_t)>> receiver_;
+    std::optional<bool> rts_; ///< as set last
+    bool asked_ = false;      ///< an event to hand out bytes is under way
+    bool opening_ = false;
+    std::uint64_t session_ = 0; ///< counts openings
+    bool broken_ = false;
+};
+
+} // namespace qvm
