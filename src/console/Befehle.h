@@ -1,0 +1,37 @@
+#pragma once
+
+#include "Console.h"
+#include "Optionen.h"
+
+#include <string>
+#include <vector>
+
+/// The commands, one for each word of the command line. Each reports and gives the exit code.
+namespace qvm {
+
+/// `file`: empty or "-" for standard output. A written file gets mode 0600.
+ExitCode Befehl_Export(const Umgebung& world, const Console& console, const std::string& file);
+
+/// `file`: a path, or "-" for standard input.
+ExitCode Befehl_Import(const Umgebung& world, const Console& console, const std::string& file);
+
+ExitCode Befehl_Check(const Umgebung& world, const Console& console);
+
+/// program and history.
+ExitCode Befehl_Lauf(const Umgebung& world, const Console& console, const Optionen& options);
+
+/// What a lock would get, telegram by telegram. Nothing is sent and nothing is written.
+ExitCode Befehl_Dataset(const Umgebung& world, const Console& console, int lock);
+
+/// `file`: a path, or empty or "-" for standard input. Codes stay hidden.
+ExitCode Befehl_Decode(const Umgebung& world, const Console& console, const std::string& file);
+
+struct Programm;
+/// Chooses the port of a run. `deviceNamed`: the device of the command line stands behind every number. Otherwise the
+/// configured port, or in adapter mode the first one that can hold an adapter.
+void Port_Waehlen(Programm& program, bool deviceNamed);
+
+/// The whole of a file, or of standard input for "-". False after a message.
+bool Eingabe_Lesen(const Umgebung& world, const Console& console, const std::string& file, std::string& bytes);
+
+} // namespace qvm

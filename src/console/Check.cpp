@@ -1,0 +1,91 @@
+#include "Check.h"
+
+#include "CheckStand.h"
+#include "TableText.h"
+#include "Tables.h"
+#include "Text.h"
+
+#include <algorithm>
+
+namespace qvm {
+
+namespace {
+
+bool Lesbares_Zeichen(char character) {
+    const auto byte = static_cast<unsigned char>(character);
+    // The five bytes that code page 1252 leaves undefined.
+    constexpr std::string_view undefined = "\x81\x8D\x8F\x90\x9D";
+    return byte >= 0x20 && byte != 0x7F && undefined.find(character) == std::string_view::npos;
+}
+
+void Zeichen_Pruefen(CheckStand& stand, const RecordLayout& layout) {
+    const RecordFile& file = stand.File(layout);
+    for (int number = layout.First; number <= stand.Letzter(layout); ++number) {
+        const std::string record = file.Record(number);
+        for (const RecordField& field : layout.Fields) {
+            if (field.Padding == Fill::Byte || Feld_Ist_Maske(field)) {
+                continue;
+            }
+            const std::string text = Feld_Export(record, field);
+            if (!std::all_of(text.begin(), text.end(), Lesbares_Zeichen) ||
+                (field.Padding == Fill::NullTo20 && text.size() > 20)) {
+                stand.Melden(FindingKind::Damaged, layout, number, field.Name, "holds a character that no text has");
+            }
+        }
+    }
+}
+
+} // namespace
+
+void Dateien_Pruefen(CheckStand& stand, const FileStore& files, const std::string& directory) {
+    for (const RecordLayout* layout : Satztabellen()) {
+        const std::string path = directory + std::string(layout->File);
+        if (!stand.Da(*layout)) {
+            if (files.Exists(path)) {
+                stand.Melden(FindingKind::Damaged, *layout, 0, "", "the file cannot be read");
+            }
+            continue;
+        }
+        const std::size_t size = stand.File(*layout).Bytes().size();
+        if (size % layout->Length != 0) {
+            stand.Melden(FindingKind::Damaged, *layout, 0, "",
+                         "the length of " + std::to_string(size) + " bytes is not a multiple of " +
+                             std::to_string(layout->Length));
+        }
+        Zeichen_Pruefen(stand, *layout);
+    }
+    for (const LineFile& entry : Zeilendateien()) {
+        const auto lines = stand.Zeilen(entry.File);
+        if (!lines && files.Exists(directory + std::string(entry.File))) {
+            stand.Melden(FindingKind::Damaged, entry.File, 0, "", "the file cannot be read");
+        }
+        for (std::size_t n = 0; lines && n < lines->size(); ++n) {
+            if (!std::all_of((*lines)[n].begin(), (*lines)[n].end(), Lesbares_Zeichen)) {
+                stand.Melden(FindingKind::Damaged, entry.File, static_cast<int>(n) + 1, "",
+                             "holds a character that no text has");
+            }
+        }
+    }
+}
+
+std::vector<Finding> Daten_Pruefen(const FileStore& files, const std::string& directory) {
+    CheckStand stand(files, directory);
+    Dateien_Pruefen(stand, files, directory);
+    Konfiguration_Pruefen(stand);
+    Benutzer_Pruefen(stand);
+    Benutzer_Marken_Pruefen(stand);
+    Benutzer_Credentials_Pruefen(stand);
+    Kanaele_Pruefen(stand);
+    Vorlagen_Pruefen(stand);
+    Schloesser_Pruefen(stand);
+    Schloss_Bindungen_Pruefen(stand);
+    Einheiten_Pruefen(stand);
+    Schaltuhren_Pruefen(stand);
+    Kalender_Pruefen(stand);
+    Offsets_Pruefen(stand);
+    Adapter_Pruefen(stand);
+    Gastkarten_Pruefen(stand);
+    return std::move(stand.Findings);
+}
+
+} // namespace qvm

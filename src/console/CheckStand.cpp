@@ -1,0 +1,115 @@
+#include "CheckStand.h"
+
+#include "Tables.h"
+#include "Text.h"
+#include "Zeilen.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace qvm {
+
+CheckStand::CheckStand(const FileStore& files, const std::string& directory) : files_(files), directory_(directory) {
+    for (const RecordLayout* layout : Satztabellen()) {
+        RecordFile file(*layout);
+        const ReadStatus status = file.Laden(files, directory);
+        tables_.emplace(layout->Name, Entry{std::move(file), status});
+    }
+}
+
+bool CheckStand::Da(const RecordLayout& layout) const {
+    return tables_.at(layout.Name).Status == ReadStatus::Ok;
+}
+
+const RecordFile& CheckStand::File(const RecordLayout& layout) const {
+    return tables_.at(layout.Name).File;
+}
+
+int CheckStand::Letzter(const RecordLayout& layout) const {
+    return std::min<int>(File(layout).Count(), layout.Last);
+}
+
+std::string CheckStand::Text(const RecordLayout& layout, int record, const RecordField& field) const {
+    return File(layout).Text(record, field);
+}
+
+std::optional<std::vector<std::string>> CheckStand::Zeilen(std::string_view file) const {
+    std::string bytes;
+    if (files_.ReadAll(directory_ + std::string(file), bytes) != ReadStatus::Ok) {
+        return std::nullopt;
+    }
+    return Zeilen_Lesen(bytes);
+}
+
+void CheckStand::Melden(std::string_view kind, std::string_view table, int record, std::string_view field,
+                        std::string text) {
+    Findings.push_back({.Table = std::string(table),
+                        .Record = record,
+                        .Field = std::string(field),
+                        .Text = std::move(text),
+                        .Kind = kind});
+}
+
+std::optional<int> DoubledTexts::Sehen(const std::string& text, int record) {
+    if (text.empty()) {
+        return std::nullopt;
+    }
+    const auto [at, isNew] = first_.emplace(text, record);
+    return isNew ? std::nullopt : std::optional<int>(at->second);
+}
+
+std::string Zitat(std::string_view cp1252) {
+    std::string text(cp1252);
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; }, '?');
+    return "\"" + NachUtf8(text) + "\"";
+}
+
+SerialText Seriennummer(const CheckStand& stand, const RecordLayout& layout, int record, const RecordField& sn1,
+                        const RecordField& sn2, const RecordField& sn3, const RecordField& sn4) {
+    SerialText serial{.Good = true};
+    for (const RecordField* field : {&sn1, &sn2, &sn3, &sn4}) {
+        const std::string part = stand.Text(layout, record, *field);
+        const std::int64_t value = HexWert(part);
+        serial.Blank = serial.Blank && part.empty();
+        serial.Good = serial.Good && part.size() <= 2 && value >= 0;
+        serial.Text += (field == &sn1 ? "" : ".") + part;
+        serial.Value = serial.Value << 8 | static_cast<std::uint32_t>(value & 0xFF);
+    }
+    if (!serial.Good) {
+        serial.Value = 0;
+    }
+    return serial;
+}
+
+std::optional<int> Uhrzeit_Minuten(std::string_view text) {
+    if (text.size() != 5 || text[2] != ':') {
+        return std::nullopt;
+    }
+    const std::optional<int> hour = Dezimalzahl(text.substr(0, 2));
+    const std::optional<int> minute = Dezimalzahl(text.substr(3, 2));
+    if (!hour || !minute || *hour > 23 || *minute > 59) {
+        return std::nullopt;
+    }
+    return *hour * 60 + *minute;
+}
+
+bool Leer_Oder(std::string_view text, std::initializer_list<std::string_view> allowed) {
+    return text.empty() || std::find(allowed.begin(), allowed.end(), text) != allowed.end();
+}
+
+std::optional<int> Dezimalzahl(std::string_view text) {
+    if (text.empty() || text.size() > 9) {
+        return std::nullopt;
+    }
+    int value = 0;
+    for (const char digit : text) {
+        if (digit < '0' || digit > '9') {
+            return std::nullopt;
+        }
+        value = value * 10 + (digit - '0');
+    }
+    return value;
+}
+
+} // namespace qvm

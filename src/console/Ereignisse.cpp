@@ -1,0 +1,92 @@
+#include "Ereignisse.h"
+
+#include "Console.h"
+#include "Text.h"
+#include "Zeilen.h"
+
+#include <algorithm>
+#include <array>
+
+namespace qvm {
+
+namespace {
+
+constexpr std::size_t Columns = 4;
+
+std::vector<std::string> Spalten(const std::string& line) {
+    std::vector<std::string> parts(1);
+    for (const char character : line) {
+        if (character == '\t') {
+            parts.emplace_back();
+        } else {
+            parts.back() += character;
+        }
+    }
+    return parts;
+}
+
+std::array<std::string, Columns + 1> Zellen(const HistoryEvent& event) {
+    return {std::string(RTrim(event.Name)), event.Date, event.Time, event.Event, event.State};
+}
+
+} // namespace
+
+HistoryFile Historie_Lesen(std::string_view bytes) {
+    HistoryFile history;
+    bool first = true;
+    for (const std::string& line : Zeilen_Lesen(bytes)) {
+        if (first) {
+            history.Serial = line;
+            first = false;
+            continue;
+        }
+        const std::vector<std::string> parts = Spalten(line);
+        if (parts.size() != Columns) {
+            continue;
+        }
+        const bool state = parts[0].empty() && parts[1].empty() && parts[2].empty();
+        if (!state) {
+            history.Events.push_back({parts[0], parts[1], parts[2], parts[3], {}});
+        } else if (!history.Events.empty() && history.Events.back().State.empty()) {
+            history.Events.back().State = parts[3];
+        }
+    }
+    return history;
+}
+
+std::string Historie_Tabelle(const HistoryFile& history) {
+    std::array<std::size_t, Columns> widths{};
+    for (const HistoryEvent& event : history.Events) {
+        const auto cells = Zellen(event);
+        for (std::size_t n = 0; n < Columns; ++n) {
+            // One byte a character in code page 1252, so that the widths count characters.
+            widths[n] = std::max(widths[n], cells[n].size());
+        }
+    }
+    std::string text;
+    for (const HistoryEvent& event : history.Events) {
+        const auto cells = Zellen(event);
+        std::string line;
+        for (std::size_t n = 0; n < Columns; ++n) {
+            line += Anzeige_Aus_1252(cells[n]) + std::string(widths[n] - cells[n].size() + 2, ' ');
+        }
+        line += Anzeige_Aus_1252(cells[Columns]);
+        text += std::string(RTrim(line)) + "\n";
+    }
+    return text;
+}
+
+nlohmann::ordered_json Historie_Json(const HistoryFile& history) {
+    nlohmann::ordered_json list = nlohmann::ordered_json::array();
+    for (const HistoryEvent& event : history.Events) {
+        const auto cells = Zellen(event);
+        list.push_back({{"name", NachUtf8(cells[0])},
+                        {"date", NachUtf8(cells[1])},
+                        {"time", NachUtf8(cells[2])},
+                        {"event", NachUtf8(cells[3])},
+                        {"state", NachUtf8(cells[4])}});
+    }
+    return list;
+}
+
+} // namespace qvm

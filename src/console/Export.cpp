@@ -1,0 +1,83 @@
+#include "Export.h"
+
+#include "TableText.h"
+#include "Tables.h"
+#include "Text.h"
+#include "Zeilen.h"
+
+#include <algorithm>
+
+namespace qvm {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+Json Satz_Json(int number, std::string_view record, const RecordLayout& layout) {
+    Json json;
+    json["record"] = number;
+    for (const RecordField& field : layout.Fields) {
+        const std::string name(field.Name);
+        if (field.Padding == Fill::Byte) {
+            json[name] = Feld_Byte(record, field);
+        } else if (const std::string text = Feld_Export(record, field); !text.empty()) {
+            json[name] = NachUtf8(text);
+        }
+    }
+    return json;
+}
+
+Json Tabelle_Json(const RecordFile& file, int count) {
+    const RecordLayout& layout = file.Layout();
+    Json rows = Json::array();
+    for (int number = layout.First; number <= count; ++number) {
+        const std::string record = file.Record(number);
+        if (!Satz_Leer(record, layout)) {
+            rows.push_back(Satz_Json(number, record, layout));
+        }
+    }
+    return rows;
+}
+
+Finding Unlesbar(std::string_view table) {
+    return {.Table = std::string(table), .Text = "the file cannot be read", .Kind = FindingKind::Damaged};
+}
+
+} // namespace
+
+Json Export_Erstellen(const FileStore& files, const std::string& directory, std::vector<Finding>& faults) {
+    Json document;
+    document["format"] = ExportFormat;
+    document["version"] = ExportVersion;
+    Json& counts = document["counts"] = Json::object();
+    Json& tables = document["tables"] = Json::object();
+    for (const RecordLayout* layout : Satztabellen()) {
+        RecordFile file(*layout);
+        const ReadStatus status = file.Laden(files, directory);
+        if (status == ReadStatus::Error) {
+            faults.push_back(Unlesbar(layout->Name));
+        } else if (status == ReadStatus::Ok) {
+            const int count = std::min<int>(file.Count(), layout->Last);
+            counts[std::string(layout->Name)] = count;
+            tables[std::string(layout->Name)] = Tabelle_Json(file, count);
+        }
+    }
+    Json& lines = document["lines"] = Json::object();
+    for (const LineFile& entry : Zeilendateien()) {
+        std::string bytes;
+        const ReadStatus status = files.ReadAll(directory + std::string(entry.File), bytes);
+        if (status == ReadStatus::Error) {
+            faults.push_back(Unlesbar(entry.File));
+        } else if (status == ReadStatus::Ok) {
+            Json& rows = lines[std::string(entry.File)] = Json::array();
+            for (const std::string& line : Zeilen_Lesen(bytes)) {
+                if (rows.size() < static_cast<std::size_t>(entry.Lines)) {
+                    rows.push_back(NachUtf8(line));
+                }
+            }
+        }
+    }
+    return document;
+}
+
+} // namespace qvm

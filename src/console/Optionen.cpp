@@ -1,0 +1,114 @@
+#include "Optionen.h"
+
+#include "Console.h"
+
+#include <CLI/CLI.hpp>
+#include <set>
+
+namespace qvm {
+
+namespace {
+
+/// The options as texts, where CLI11 puts them.
+struct Texte {
+    std::string Since;
+    std::string Erase = "keep";
+};
+
+void Lauf_Optionen(CLI::App& command, Optionen& options, Texte& texts) {
+    command.add_option("LOCK", options.Locks, "lock numbers, 1 to 200")->required()->check(CLI::Range(1, 200));
+    command.add_option("--since", texts.Since, "oldest event wanted, DD.MM.YYYY (default: 20 days before today)");
+    command.add_option("--code-from", options.CodeFrom,
+                       "read the administrator code as one line from FILE, or from standard input with -");
+    command
+        .add_option("--timeout", options.TimeoutSeconds,
+                    "seconds of silence before the run is given up; 0 waits for ever (default: 30)")
+        ->check(CLI::Range(0, 86400));
+}
+
+void Befehle_Anlegen(CLI::App& app, Optionen& options, Texte& texts) {
+    const auto add = [&](const char* name, const char* text, Command which) {
+        CLI::App* command = app.add_subcommand(name, text);
+        command->callback([&options, which] { options.Wanted = which; });
+        return command;
+    };
+    CLI::App* program = add("program", "program locks from the data files", Command::Program);
+    Lauf_Optionen(*program, options, texts);
+    program->add_flag("--history", options.HistoryFirst, "read the history before programming");
+    program->add_option("--erase", texts.Erase, "fingerprints that the lock holds: keep (default) or wipe")
+        ->check(CLI::IsMember({"keep", "wipe"}));
+    Lauf_Optionen(*add("history", "read the history of locks", Command::History), options, texts);
+    add("dataset", "show what a lock would get; sends nothing", Command::Dataset)
+        ->add_option("LOCK", options.Locks, "lock number, 1 to 200")
+        ->required()
+        ->expected(1)
+        ->check(CLI::Range(1, 200));
+    add("export", "write all data files as one JSON document", Command::Export)
+        ->add_option("FILE", options.File, "file to write (default: standard output)");
+    add("import", "read such a document into the data files", Command::Import)
+        ->add_option("FILE", options.File, "document to read, - for standard input")
+        ->required();
+    add("check", "look for faults in the data files", Command::Check);
+    add("decode", "bytes as hexadecimal text, or a trace, to readable telegrams", Command::Decode)
+        ->add_option("FILE", options.File, "file to read (default: standard input)");
+}
+
+/// What CLI11 cannot check. Empty when all is well.
+std::string Nachpruefen(Optionen& options, const Texte& texts, const Datum& today) {
+    std::set<int> seen;
+    for (const int lock : options.Locks) {
+        if (!seen.insert(lock).second) {
+            return "lock " + std::to_string(lock) + " is named twice";
+        }
+    }
+    options.Keep = texts.Erase == "keep";
+    if (!texts.Since.empty()) {
+        options.Since = Datum_Lesen(texts.Since);
+        if (!options.Since) {
+            return "--since: " + texts.Since + " is not a date DD.MM.YYYY";
+        }
+        if (*options.Since > today) {
+            return "--since: " + texts.Since + " lies in the future";
+        }
+        if (options.Wanted == Command::Program && !options.HistoryFirst) {
+            return "--since needs --history, as nothing is read without it";
+        }
+    }
+    return {};
+}
+
+} // namespace
+
+std::optional<Optionen> Befehlszeile_Lesen(int argc, const char* const* argv, const Datum& today, std::ostream& out,
+                                           std::ostream& err, int& exitCode) {
+    Optionen options;
+    Texte texts;
+    CLI::App app("Console companion of QVM 7702: programs locks from the data files, reads their history, and looks "
+                 "after the data files.",
+                 "qvmctl");
+    app.require_subcommand(1);
+    app.fallthrough();
+    app.add_option("--dir", options.Directory,
+                   "program directory with DAT, HIST and the language files (default: that of qvmctl)");
+    app.add_option("--port", options.Port, "device path of the adapter; replaces configuration and search");
+    app.add_flag("--json", options.Json, "every result as one JSON document on standard output");
+    app.add_option("--trace", options.Trace, "append a trace of all telegrams to FILE, codes masked");
+    app.footer("Exit codes: 0 all done; 1 wrong use or local fault, nothing was sent; 2 refused by the lock;\n"
+               "3 not reached or given up; 4 some of several locks failed.");
+    Befehle_Anlegen(app, options, texts);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        const bool good = app.exit(error, out, err) == 0;
+        exitCode = static_cast<int>(good ? ExitCode::Good : ExitCode::Fault);
+        return std::nullopt;
+    }
+    if (const std::string fault = Nachpruefen(options, texts, today); !fault.empty()) {
+        err << fault << "\n";
+        exitCode = static_cast<int>(ExitCode::Fault);
+        return std::nullopt;
+    }
+    return options;
+}
+
+} // namespace qvm

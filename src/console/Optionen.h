@@ -1,0 +1,36 @@
+#pragma once
+
+#include "Zeit.h"
+
+#include <iosfwd>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace qvm {
+
+enum class Command { Program, History, Dataset, Export, Import, Check, Decode };
+
+/// The command line, taken apart.
+struct Optionen {
+    Command Wanted = Command::Check;
+    std::string Directory; ///< --dir; empty: the directory of the executable
+    std::string Port;      ///< --port; empty: configuration
+    bool Json = false;
+    std::string Trace; ///< --trace; empty: none
+
+    std::vector<int> Locks;     ///< program, history, dataset
+    bool HistoryFirst = false;  ///< program --history
+    std::optional<Datum> Since; ///< program, history
+    bool Keep = true;           ///< program --erase keep
+    std::string CodeFrom;       ///< a path, "-", or empty: ask on the terminal
+    int TimeoutSeconds = 30;    ///< 0: wait for ever
+    std::string File;           ///< export, import, decode
+};
+
+/// Nothing when the program is to end at once, with `exitCode`: after a help text on `out`, or a fault on `err`.
+/// `today`: a date behind it is no cut-off.
+std::optional<Optionen> Befehlszeile_Lesen(int argc, const char* const* argv, const Datum& today, std::ostream& out,
+                                           std::ostream& err, int& exitCode);
+
+} // namespace qvm

@@ -1,0 +1,160 @@
+#include "Probewelt.h"
+
+#include "Frame.h"
+#include "Telegramme.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace qvm {
+
+namespace {
+
+constexpr std::int64_t MicrosecondsPerMs = 1000;
+
+std::int64_t Leitungszeit(std::int64_t bytes) {
+    return bytes * 1000000 / Probewelt::BytesPerSecond;
+}
+
+} // namespace
+
+Probewelt::Probewelt(const Platform& real) : Welt(real) {
+    Dateien_Sperren(real.Files);
+    Port_Anlegen();
+    Zeit_Anlegen();
+    Welt.ShowMessage = [this](const Message& message) {
+        Shown.push_back(message);
+        const bool question = message.Choice == Buttons::YesNo || message.Choice == Buttons::YesNoCancel;
+        return question ? Answer::No : Answer::Ok;
+    };
+    Welt.OpenFile = Welt.SaveFile = [](const FileDialog&) { return std::nullopt; };
+    Welt.ShellOpen = [](const std::string&, const std::string&) { return false; };
+    Welt.ClaimInstance = [] { return true; };
+}
+
+void Probewelt::Dateien_Sperren(const FileStore& files) {
+    const auto done = [](const std::string&) { return true; };
+    const auto written = [](const std::string&, std::string_view) { return true; };
+    Welt.Files = FileStore{
+        .Exists = files.Exists,
+        .ReadAll = files.ReadAll,
+        .Replace = written,
+        .WriteAt = [](const std::string&, std::uint64_t, std::string_view) { return true; },
+        .Append = written,
+        .Remove = done,
+        .MakeDirectory = done,
+        .List = files.List,
+    };
+}
+
+void Probewelt::Port_Anlegen() {
+    Welt.AdapterPorts = [] { return std::vector<int>{1}; };
+    Welt.Port = SerialPort{
+        .Open = [this](int) { return open_ = true; },
+        .Close = [this] { open_ = false; },
+        .IsOpen = [this] { return open_; },
+        .SetRts = [](bool) {},
+        .Write =
+            [this](std::span<const std::uint8_t> bytes) {
+                const auto count = static_cast<std::int64_t>(bytes.size());
+                BytesOut += count;
+                lineFree_ = std::max(lineFree_, now_) + Leitungszeit(count);
+            },
+        .OnByte = [this](std::function<void(std::uint8_t)> receiver) { receiver_ = std::move(receiver); },
+        .LastError = [] { return std::string(); },
+    };
+}
+
+void Probewelt::Zeit_Anlegen() {
+    Welt.Milliseconds = [this] { return now_ / MicrosecondsPerMs; };
+    Welt.StartTimer = [this](int interval, std::function<void()> tick) {
+        const TimerId timer = nextTimer_++;
+        timers_.emplace(timer, RunningTimer{.Interval = std::max(interval, 1), .Tick = std::move(tick)});
+        Takt_Planen(timer);
+        return timer;
+    };
+    Welt.StopTimer = [this](TimerId timer) { timers_.erase(timer); };
+    Welt.ProcessEvents = [this] { Schritt(); };
+}
+
+void Probewelt::Planen(std::int64_t inMicroseconds, std::function<void()> action) {
+    events_.emplace(now_ + inMicroseconds, std::move(action));
+}
+
+void Probewelt::Takt_Planen(TimerId timer) {
+    Planen(timers_.at(timer).Interval * MicrosecondsPerMs, [this, timer] {
+        const auto running = timers_.find(timer);
+        if (running == timers_.end()) {
+            return;
+        }
+        Takt_Planen(timer);
+        if (running->second.InTick) {
+            return;
+        }
+        running->second.InTick = true;
+        const auto tick = running->second.Tick; // the timer may be stopped inside its own tick
+        tick();
+        if (const auto still = timers_.find(timer); still != timers_.end()) {
+            still->second.InTick = false;
+        }
+    });
+}
+
+bool Probewelt::Schritt() {
+    if (events_.empty()) {
+        return false;
+    }
+    auto node = events_.extract(events_.begin());
+    now_ = std::max(now_, node.key());
+    node.mapped()();
+    return true;
+}
+
+std::vector<std::uint8_t> Probewelt::Antwort(std::span<const std::uint8_t> telegram) {
+    const std::uint8_t code = telegram[2];
+    // The shortest replies that hold what the program reads.
+    const std::uint8_t length = code == RpBenutzerSlot::Reply.Code ? RpBenutzerSlot::Reply.L : RpVerbunden::Reply.L;
+    std::vector<std::uint8_t> reply(length + std::size_t{2}, 0);
+    reply[0] = StartByte;
+    reply[1] = length;
+    reply[2] = code;
+    // Address and serial are those of the device that was addressed.
+    std::copy_n(telegram.begin() + 3, 4, reply.begin() + 3);
+    std::copy_n(telegram.begin() + 3, 4, reply.begin() + 7);
+    if (code == TelVerbinden::Telegram.Code || code == TelUnitVerbinden::Telegram.Code) {
+        reply[2] = RpVerbunden::Reply.Code;
+        reply[RpVerbunden::Status.Offset] = 4;
+    } else if (code == RpBenutzerSlot::Reply.Code) {
+        ++slot_;
+        reply[RpBenutzerSlot::UserSlot.Offset] = static_cast<std::uint8_t>(slot_ >> 8);
+        reply[RpBenutzerSlot::UserSlot.Offset + 1U] = static_cast<std::uint8_t>(slot_ & 0xFF);
+    }
+    reply.push_back(Pruefsumme(std::span(reply).first(length + std::size_t{1})));
+    return reply;
+}
+
+void Probewelt::Beantworten(const TraceFrame& frame) {
+    const bool addressed = frame.Way == TraceFrame::Direction::Sent && frame.Bytes.size() > PayloadIndex;
+    // Nobody waits for an answer to the key action; the channel follows 10 ms later of its own accord.
+    if (!addressed || frame.Bytes[2] == TelEKeyAktion::Telegram.Code) {
+        return;
+    }
+    std::vector<std::uint8_t> wire;
+    Stopfen(Antwort(frame.Bytes), wire);
+    const auto count = static_cast<std::int64_t>(wire.size());
+    std::vector<std::uint8_t> sent;
+    Stopfen(frame.Bytes, sent);
+    // The trace sees a frame before it is on the line.
+    const std::int64_t arrival =
+        std::max(lineFree_, now_) - now_ + Leitungszeit(static_cast<std::int64_t>(sent.size())) + Leitungszeit(count);
+    BytesBack += count;
+    Planen(arrival, [this, wire] {
+        for (const std::uint8_t byte : wire) {
+            if (open_ && receiver_) {
+                receiver_(byte);
+            }
+        }
+    });
+}
+
+} // namespace qvm

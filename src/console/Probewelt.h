@@ -1,0 +1,64 @@
+#pragma once
+
+#include "Link.h"
+#include "Platform.h"
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace qvm {
+
+/// A world in which nothing leaves the program: files can be read, writing does nothing and succeeds, time is virtual
+/// and jumps to the next event, and a lock that agrees to everything answers at 19200 baud.
+class Probewelt {
+public:
+    /// `real` must outlive this; its files, clock time, cipher and code pages are used.
+    explicit Probewelt(const Platform& real);
+    Probewelt(const Probewelt&) = delete;
+    Probewelt& operator=(const Probewelt&) = delete;
+
+    /// 19200 baud, ten bits a byte.
+    static constexpr int BytesPerSecond = 1920;
+
+    Platform Welt;
+    std::vector<Message> Shown; ///< message boxes; they are answered with No or OK
+
+    /// Answers a telegram as the lock would. To be called for every frame that was sent.
+    void Beantworten(const TraceFrame& frame);
+    /// Handles the next event. False when there is none.
+    bool Schritt();
+
+    std::int64_t BytesOut = 0; ///< on the wire, stuffing included
+    std::int64_t BytesBack = 0;
+    double Sekunden() const { return static_cast<double>(now_) / 1e6; }
+
+private:
+    struct RunningTimer {
+        int Interval;
+        std::function<void()> Tick;
+        bool InTick = false;
+        std::uint64_t Generation = 0;
+    };
+
+    void Dateien_Sperren(const FileStore& files);
+    void Port_Anlegen();
+    void Zeit_Anlegen();
+    void Planen(std::int64_t inMicroseconds, std::function<void()> action);
+    void Takt_Planen(TimerId timer);
+    std::vector<std::uint8_t> Antwort(std::span<const std::uint8_t> telegram);
+
+    std::int64_t now_ = 0;      ///< microseconds
+    std::int64_t lineFree_ = 0; ///< when the line to the lock is free again
+    std::multimap<std::int64_t, std::function<void()>> events_;
+    std::map<TimerId, RunningTimer> timers_;
+    TimerId nextTimer_ = 1;
+    bool open_ = false;
+    std::uint16_t slot_ = 0;
+    std::function<void(std::uint8_t)> receiver_;
+};
+
+} // namespace qvm

@@ -1,0 +1,271 @@
+#include "Schlosslauf.h"
+
+#include "Text.h"
+
+#include <algorithm>
+
+namespace qvm {
+
+namespace {
+
+constexpr int WatchMs = 100;
+/// How long the answer to a cancel is waited for.
+constexpr int CancelMs = 3000;
+
+} // namespace
+
+Schlosslauf::Schlosslauf(Programm& program, const LaufAuftrag& order, Fortschritt& progress)
+    : program_(program), order_(order), progress_(progress), watch_(program.kern.Welt, WatchMs),
+      shownBefore_(program.kern.Welt.ShowMessage) {
+    program_.kern.Welt.ShowMessage = [this](const Message& message) { return Antworten(message); };
+    watch_.Ticked = [this] { Tick(); };
+    program_.F13.F13_FormLaden();
+    // Nobody moves a mouse over the grid.
+    program_.F13.Timer1.Stop();
+    program_.F13.Timer2.Stop();
+}
+
+Schlosslauf::~Schlosslauf() {
+    program_.kern.Welt.ShowMessage = shownBefore_;
+    program_.F13.Toolbar1_ButtonClick(u8"Zurück"_w);
+    if (program_.kern.Welt.Port.IsOpen()) {
+        program_.kern.Welt.Port.SetRts(false);
+        program_.kern.Welt.Port.Close();
+    }
+}
+
+Answer Schlosslauf::Antworten(const Message& message) {
+    switch (message.Choice) {
+    case Buttons::YesNoCancel:
+        return order_.HistoryFirst ? Answer::Yes : Answer::No; // the question before programming
+    case Buttons::YesNo:
+        return Answer::No;
+    case Buttons::OkCancel:
+        return Answer::Ok; // the question before a history is read
+    case Buttons::Ok:
+        break;
+    }
+    const std::string text = Anzeige_Aus_1252(message.Text);
+    if (!text.empty()) {
+        messages_.push_back(text);
+        progress_.Meldung(text);
+    }
+    return Answer::Ok;
+}
+
+std::string Schlosslauf::Hindernis(int lock) const {
+    const Grid& grid = program_.F13.FGK13;
+    if (grid.Text(lock, F13Column::Serial).empty()) {
+        return "has no serial number in the lock table";
+    }
+    Address address{};
+    if (Einstellung_AEsn(grid.Text(lock, F13Column::Serial), address) == "FEHLER") {
+        return "has a serial number that is not hexadecimal";
+    }
+    return {};
+}
+
+bool Schlosslauf::Starten(int lock) {
+    F11& dialog = program_.F11;
+    program_.F13.FGK13_Click(lock, order_.HistoryOnly ? F13Column::History : F13Column::Program);
+    if (!dialog.Fenster.Visible) {
+        return false;
+    }
+    dialog.Check1.Checked = order_.Keep;
+    if (order_.Since) {
+        dialog.Datum_Waehlen(*order_.Since);
+    }
+    for (const char character : order_.Code) {
+        dialog.Text1_KeyPress(static_cast<unsigned char>(character));
+    }
+    dialog.OK_Click();
+    return true;
+}
+
+LockResult Schlosslauf::Ausfuehren(int lock) {
+    const Grid& grid = program_.F13.FGK13;
+    LockResult result;
+    result.Lock = lock;
+    result.Name = Anzeige_Aus_1252(grid.Text(lock, F13Column::Name));
+    result.Serial = Anzeige_Aus_1252(grid.Text(lock, F13Column::Serial));
+    messages_.clear();
+    telegrams_ = 0;
+    silent_ = cancelling_ = false;
+    progress_.Beginnen("Lock " + std::to_string(lock) + " \"" + result.Name + "\"");
+    const std::int64_t begun = program_.kern.Welt.Milliseconds();
+    if (Starten(lock)) {
+        Warten();
+        result.End = Ende_Bestimmen();
+        Bericht_Fuellen(result);
+    } else {
+        result.End = LockEnd::Fault;
+        result.Text = messages_.empty() ? "the run could not be started" : messages_.back();
+    }
+    result.Seconds = static_cast<double>(program_.kern.Welt.Milliseconds() - begun) / 1000.0;
+    result.Telegrams = telegrams_;
+    result.Messages = messages_;
+    progress_.Beenden();
+    // Back to the grid, as with the close button.
+    program_.F18.F18_Schliessen();
+    program_.F9.Command2_Click();
+    return result;
+}
+
+void Schlosslauf::Warten() {
+    watch_.Start();
+    while (!program_.Lauf.Gesamtende) {
+        program_.kern.Welt.ProcessEvents();
+    }
+    watch_.Stop();
+}
+
+void Schlosslauf::Tick() {
+    Anzeigen();
+    const std::int64_t now = program_.kern.Welt.Milliseconds();
+    const int interrupts = order_.Interrupts ? order_.Interrupts() : 0;
+    if (interrupts > interrupts_) {
+        const bool again = interrupted_;
+        interrupts_ = interrupts;
+        interrupted_ = true;
+        progress_.Meldung(again ? "Giving up." : "Cancelling; once more Ctrl-C gives up at once.");
+        Abbrechen();
+        if (again) {
+            cancelSince_ = now - CancelMs;
+        }
+    }
+    const std::int64_t silence = Lauf_Stille(program_.Lauf);
+    if (!cancelling_ && order_.TimeoutSeconds > 0 && silence >= std::int64_t{1000} * order_.TimeoutSeconds) {
+        silent_ = true;
+        progress_.Meldung("No answer for " + std::to_string(order_.TimeoutSeconds) + " s; the run is given up.");
+        Abbrechen();
+    }
+    if (cancelling_ && now - cancelSince_ >= CancelMs && !program_.Lauf.Gesamtende) {
+        program_.F18.F18_Schliessen();
+        program_.F9.Command2_Click();
+    }
+}
+
+void Schlosslauf::Abbrechen() {
+    if (!cancelling_) {
+        cancelling_ = true;
+        cancelSince_ = program_.kern.Welt.Milliseconds();
+        program_.F9.Command1_Click();
+    }
+}
+
+void Schlosslauf::Anzeigen() {
+    std::string status = Anzeige_Aus_1252(program_.F9.StatusLabel.Text());
+    const std::int64_t silence = Lauf_Stille(program_.Lauf);
+    // Seconds change too often for plain lines.
+    if (program_.F9.StilleLabel.Visible && silence >= 5000) {
+        status = "no answer for " + std::to_string(silence / 5000 * 5) + " s";
+    } else if (program_.F18.Fenster.Visible) {
+        status = "searching channel " + std::to_string(program_.link.TargetChannel);
+    }
+    const RunState& run = program_.link.Lauf;
+    progress_.Zeigen(run.ProgressValue, run.ProgressMaximum, status);
+}
+
+LockEnd Schlosslauf::Ende_Bestimmen() const {
+    switch (program_.Lauf.Bericht.End) {
+    case RunOutcome::Done:
+        return LockEnd::Done;
+    case RunOutcome::Refused:
+        return LockEnd::Refused;
+    case RunOutcome::NotReached:
+        return LockEnd::NotReached;
+    case RunOutcome::GivenUp:
+        return LockEnd::Busy;
+    case RunOutcome::NoPort:
+        return LockEnd::Fault;
+    case RunOutcome::Open:
+    case RunOutcome::Cancelled:
+        break;
+    }
+    return silent_ ? LockEnd::Silent : LockEnd::Cancelled;
+}
+
+void Schlosslauf::Bericht_Fuellen(LockResult& result) const {
+    const RunReport& report = program_.Lauf.Bericht;
+    if (result.End != LockEnd::Done) {
+        result.Text = result.End == LockEnd::Silent ? "no answer for " + std::to_string(order_.TimeoutSeconds) + " s"
+                                                    : Anzeige_Aus_1252(report.Text);
+    }
+    if (program_.link.Lauf.HistoryFileOpen != 0) {
+        result.HistoryFile = program_.link.Lauf.HistoryFileName;
+    }
+    if (order_.HistoryOnly) {
+        return;
+    }
+    for (std::size_t n = 0; n < report.Units.size(); ++n) {
+        const ProgUnit& unit = program_.Lauf.Daten.Units[n];
+        if (unit.Present) {
+            result.Units.push_back({.Name = Anzeige_Aus_1252(unit.Name),
+                                    .End = report.Units[n].End,
+                                    .Note = Anzeige_Aus_1252(report.Units[n].Note)});
+        }
+    }
+}
+
+std::string_view Ende_Text(LockEnd end, bool historyOnly) {
+    switch (end) {
+    case LockEnd::Done:
+        return historyOnly ? "history read" : "programmed";
+    case LockEnd::Fault:
+        return "not begun, nothing was sent";
+    case LockEnd::Refused:
+        return "refused by the lock";
+    case LockEnd::NotReached:
+        return "not reached";
+    case LockEnd::Silent:
+        return "given up, the lock kept silent";
+    case LockEnd::Busy:
+        return "given up, the lock stayed busy";
+    case LockEnd::Cancelled:
+        return "cancelled";
+    case LockEnd::Untried:
+        break;
+    }
+    return "not tried";
+}
+
+std::string_view Ende_Wort(LockEnd end) {
+    switch (end) {
+    case LockEnd::Done:
+        return "done";
+    case LockEnd::Fault:
+        return "fault";
+    case LockEnd::Refused:
+        return "refused";
+    case LockEnd::NotReached:
+        return "not-reached";
+    case LockEnd::Silent:
+        return "silent";
+    case LockEnd::Busy:
+        return "busy";
+    case LockEnd::Cancelled:
+        return "cancelled";
+    case LockEnd::Untried:
+        break;
+    }
+    return "untried";
+}
+
+ExitCode Ende_Code(const LockResult& result) {
+    switch (result.End) {
+    case LockEnd::Done: {
+        const bool units = std::all_of(result.Units.begin(), result.Units.end(), [](const LockResult::Unit& unit) {
+            return unit.End == UnitReport::State::Done;
+        });
+        return units ? ExitCode::Good : ExitCode::NotReached;
+    }
+    case LockEnd::Fault:
+        return ExitCode::Fault;
+    case LockEnd::Refused:
+        return ExitCode::Refused;
+    default:
+        return ExitCode::NotReached;
+    }
+}
+
+} // namespace qvm

@@ -1,0 +1,100 @@
+#pragma once
+
+#include "Fortschritt.h"
+#include "Optionen.h"
+#include "Programm.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace qvm {
+
+/// What the locks of one command line are to get.
+struct LaufAuftrag {
+    bool HistoryOnly = false;  ///< column 10 of the lock grid instead of column 9
+    bool HistoryFirst = false; ///< Yes at the question before programming
+    std::optional<Datum> Since;
+    bool Keep = true;                ///< the check box of the start dialog
+    std::string Code;                ///< six characters
+    int TimeoutSeconds = 30;         ///< 0: wait for ever
+    std::function<int()> Interrupts; ///< how often the operator pressed Ctrl-C
+};
+
+/// What became of one lock.
+enum class LockEnd {
+    Done,
+    Fault, ///< a local fault; nothing was sent
+    Refused,
+    NotReached,
+    Silent,    ///< given up because it kept silent
+    Busy,      ///< given up because it stayed busy
+    Cancelled, ///< by the operator
+    Untried,   ///< another lock's run was cancelled before
+};
+
+/// Texts are UTF-8.
+struct LockResult {
+    int Lock = 0;
+    std::string Name, Serial;
+    LockEnd End = LockEnd::Untried;
+    std::string Text;                  ///< why, empty when all went well
+    std::vector<std::string> Messages; ///< of message boxes
+    struct Unit {
+        std::string Name;
+        UnitReport::State End;
+        std::string Note;
+    };
+    std::vector<Unit> Units;
+    int Telegrams = 0;
+    double Seconds = 0;
+    std::string HistoryFile; ///< path; empty: none was made
+};
+
+/// "programmed", "refused by the lock" and so on; for programs: "done", "refused".
+std::string_view Ende_Text(LockEnd end, bool historyOnly);
+std::string_view Ende_Wort(LockEnd end);
+/// The exit code of one lock.
+ExitCode Ende_Code(const LockResult& result);
+
+/// Runs one lock after the other through the handlers of F13, F11 and F9, as an operator would. One lives while the
+/// locks of a command are worked off.
+class Schlosslauf {
+public:
+    Schlosslauf(Programm& program, const LaufAuftrag& order, Fortschritt& progress);
+    ~Schlosslauf();
+    Schlosslauf(const Schlosslauf&) = delete;
+    Schlosslauf& operator=(const Schlosslauf&) = delete;
+
+    /// Empty when the lock can be run; otherwise why not.
+    std::string Hindernis(int lock) const;
+    LockResult Ausfuehren(int lock);
+    /// The operator wants no further lock.
+    bool Abgebrochen() const { return interrupted_; }
+    void Gesendet() { ++telegrams_; }
+
+private:
+    Answer Antworten(const Message& message);
+    bool Starten(int lock);
+    void Warten();
+    void Tick();
+    void Abbrechen();
+    void Anzeigen();
+    LockEnd Ende_Bestimmen() const;
+    void Bericht_Fuellen(LockResult& result) const;
+
+    Programm& program_;
+    const LaufAuftrag& order_;
+    Fortschritt& progress_;
+    Timer watch_;
+    std::function<Answer(const Message&)> shownBefore_;
+    std::vector<std::string> messages_;
+    int telegrams_ = 0;
+    int interrupts_ = 0;
+    bool interrupted_ = false;
+    bool silent_ = false;
+    bool cancelling_ = false;
+    std::int64_t cancelSince_ = 0;
+};
+
+} // namespace qvm

@@ -1,0 +1,32 @@
+#include "TraceDatei.h"
+
+#include "Text.h"
+#include "Zeit.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace qvm {
+
+bool TraceDatei::Oeffnen(const std::string& path, const DateTime& now) {
+    const int descriptor = ::open(path.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600);
+    if (descriptor < 0) {
+        return false;
+    }
+    file_.reset(::fdopen(descriptor, "a"));
+    if (!file_) {
+        ::close(descriptor);
+        return false;
+    }
+    const std::string heading = "# " + Datum_Text(Heute(now)) + " " + Ziffern(now.Hour, 2) + ":" +
+                                Ziffern(now.Minute, 2) + ":" + Ziffern(now.Second, 2) + "\n";
+    return std::fputs(heading.c_str(), file_.get()) >= 0 && std::fflush(file_.get()) == 0;
+}
+
+void TraceDatei::Schreiben(const TraceFrame& frame) {
+    if (file_) {
+        std::fputs((Protokoll_Zeile(frame) + "\n").c_str(), file_.get());
+    }
+}
+
+} // namespace qvm
