@@ -87,7 +87,7 @@ void VirtualPlatform::FillWorld() {
             ADD_FAILURE() << "unscripted file dialog: " << dialog.Title;
             return std::nullopt;
         }
-        const std::optional<std::string> answer = DialogAnswers.front();
+        std::optional<std::string> answer = DialogAnswers.front();
         DialogAnswers.pop_front();
         return answer;
     };
@@ -142,7 +142,7 @@ void VirtualPlatform::FillPort() {
     };
 }
 
-void VirtualPlatform::Deliver(std::vector<std::uint8_t> bytes, int delayMs) {
+void VirtualPlatform::Deliver(const std::vector<std::uint8_t>& bytes, int delayMs) {
     for (const std::uint8_t byte : bytes) {
         At(delayMs, [this, byte] {
             const std::function<void(std::uint8_t)> receiver = receiver_; // it may be exchanged while it runs

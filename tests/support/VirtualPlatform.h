@@ -58,7 +58,7 @@ public:
     std::function<void(std::span<const std::uint8_t>)> OnWrite;
     std::vector<int> AdapterPortNumbers{1};
     /// Bytes that reach the program `delayMs` from now, one event a byte. Dropped if the port is closed by then.
-    void Deliver(std::vector<std::uint8_t> bytes, int delayMs = 0);
+    void Deliver(const std::vector<std::uint8_t>& bytes, int delayMs = 0);
 
     /// Runs `action` `delayMs` from now, as an event.
     void At(int delayMs, std::function<void()> action);
