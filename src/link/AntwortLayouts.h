@@ -9,9 +9,9 @@ namespace qvm {
 
 namespace RpVerbunden {
 inline constexpr Field DeviceAddress{"address", 3, 4, Kind::Bytes}, Serial{"serial", 7, 4, Kind::Bytes};
-inline constexpr Field Status{"status, 4 registered", 14};
+inline constexpr Field Status{"status", 14};
 inline constexpr std::array Fields{DeviceAddress, Serial, Status};
-inline constexpr Layout Reply{"RpVerbunden", 0x04, 0x0D, Build::Reply, Fields};
+inline constexpr Layout Reply{"RpVerbunden", 0x04, 0x0D, Build::Reply, Fields, 0, "Status 4: fully registered."};
 static_assert(LayoutError(Reply) == -1);
 } // namespace RpVerbunden
 
@@ -22,25 +22,25 @@ static_assert(LayoutError(Reply) == -1 && LayoutError(Reply8) == -1);
 } // namespace RpLeben
 
 namespace RpBenutzerSlot {
-inline constexpr Field UserSlot{"user slot, 1 to 2999", 14, 2, Kind::Word};
+inline constexpr Field UserSlot{"user slot", 14, 2, Kind::Word};
 inline constexpr std::array Fields{UserSlot};
-inline constexpr Layout Reply{"RpBenutzerSlot", 0x0A, 0x0E, Build::Reply, Fields};
+inline constexpr Layout Reply{"RpBenutzerSlot", 0x0A, 0x0E, Build::Reply, Fields, 0, "Valid from 1 to 2999."};
 static_assert(LayoutError(Reply) == -1);
 } // namespace RpBenutzerSlot
 
 namespace RpCodeErgebnis {
-inline constexpr Field Status{"status, 4 done", 14};
+inline constexpr Field Status{"status", 14};
 inline constexpr std::array Fields{Status};
-inline constexpr Layout Reply{"RpCodeErgebnis", 0x12, 0x0D, Build::Reply, Fields};
+inline constexpr Layout Reply{"RpCodeErgebnis", 0x12, 0x0D, Build::Reply, Fields, 0, "Status 4: done."};
 static_assert(LayoutError(Reply) == -1);
 } // namespace RpCodeErgebnis
 
 namespace RpHistorieSatz {
-inline constexpr Field Day{"day", 14}, Month{"month", 15}, Year{"year, two digits", 16};
+inline constexpr Field Day{"day", 14}, Month{"month", 15}, Year{"year", 16};
 inline constexpr Field Hour{"hour", 17}, Minute{"minute", 18}, UserName{"name", 19, 16, Kind::Text};
-inline constexpr Field Event{"event, 255 no record", 35};
+inline constexpr Field Event{"event", 35};
 inline constexpr std::array Fields{Day, Month, Year, Hour, Minute, UserName, Event};
-inline constexpr Layout Reply{"RpHistorieSatz", 0x17, 0x22, Build::Reply, Fields};
+inline constexpr Layout Reply{"RpHistorieSatz", 0x17, 0x22, Build::Reply, Fields, 0, "Event 255: no record."};
 static_assert(LayoutError(Reply) == -1);
 } // namespace RpHistorieSatz
 
@@ -52,10 +52,11 @@ static_assert(LayoutError(Reply) == -1);
 } // namespace RpBlockQuittung
 
 namespace RpUnitGefunden {
-inline constexpr Field Address1{"address byte", 3}, Signal{"address byte, signal", 4}, Address3{"address byte", 6};
+inline constexpr Field Address1{"address byte 1", 3}, Signal{"signal", 4}, Address3{"address byte 3", 6};
 inline constexpr Field Serial{"serial", 7, 4, Kind::Bytes};
 inline constexpr std::array Fields{Address1, Signal, Address3, Serial};
-inline constexpr Layout Reply{"RpUnitGefunden", 0x4B, 0x09, Build::Reply, Fields};
+inline constexpr Layout Reply{
+    "RpUnitGefunden", 0x4B, 0x09, Build::Reply, Fields, 0, "Index 4 is an address byte as well."};
 static_assert(LayoutError(Reply) == -1);
 } // namespace RpUnitGefunden
 
@@ -67,7 +68,7 @@ inline constexpr Field Version{"version", 15};
 inline constexpr std::array Fields{Version};
 inline constexpr Layout Reply{
     "RpAdapterKennung", 0x68, 0x0E, Build::Reply, Fields, 0, "Valid from a length of 0x0F on."};
-inline constexpr Layout Reply6A{"RpAdapterKennung", 0x6A, 0x0E, Build::Reply, Fields};
+inline constexpr Layout Reply6A{"RpAdapterKennung", 0x6A, 0x0E, Build::Reply, Fields, 0, Reply.Note};
 static_assert(LayoutError(Reply) == -1 && LayoutError(Reply6A) == -1);
 } // namespace RpAdapterKennung
 
@@ -132,9 +133,10 @@ static_assert(LayoutError(Reply) == -1);
 
 namespace RpFingerDaten {
 /// The piece's bytes stand behind the count, from 5 on.
-inline constexpr Field Piece{"piece, 1 the first", 3}, Count{"count of bytes from index 5 on", 4};
+inline constexpr Field Piece{"piece", 3}, Count{"count", 4};
 inline constexpr std::array Fields{Piece, Count};
-inline constexpr Layout Reply{"RpFingerDaten", 0xA2, 0x03, Build::Reply, Fields};
+inline constexpr Layout Reply{
+    "RpFingerDaten", 0xA2, 0x03, Build::Reply, Fields, 0, "Piece 1 is the first. The bytes stand from index 5 on."};
 static_assert(LayoutError(Reply) == -1);
 } // namespace RpFingerDaten
 
@@ -146,6 +148,7 @@ inline constexpr Layout Reply{"RpFingerKennung", 0xA3, 0x1C, Build::Reply, Field
 static_assert(LayoutError(Reply) == -1);
 } // namespace RpFingerKennung
 
+inline constexpr std::string_view QuittungName = "RpQuittung";
 /// Codes of the replies that are a plain acknowledge, without a field.
 inline constexpr std::array<std::uint8_t, 28> QuittungCodes{0x03, 0x05, 0x07, 0x09, 0x0B, 0x0D, 0x0E, 0x15, 0x19, 0x1B,
                                                             0x1F, 0x21, 0x23, 0x25, 0x27, 0x28, 0x29, 0x2F, 0x32, 0x33,

@@ -1,5 +1,6 @@
 #include "Protokoll.h"
 
+#include "LayoutSuche.h"
 #include "Telegramme.h"
 #include "Text.h"
 
@@ -21,56 +22,6 @@ std::string Hex(Bytes bytes) {
         text += (text.empty() ? "" : " ") + HexText(byte, 2);
     }
     return text;
-}
-
-/// How many bytes a layout's frame of this length lacks against the full one.
-int Kuerzung(const Layout& layout, Bytes frame) {
-    return layout.Shortest != 0 && frame.size() > 1 ? std::max(0, layout.L - frame[1]) : 0;
-}
-
-/// The field as it stands in this frame: rows are fewer, and fields behind them move forward.
-Field Feld_Im_Rahmen(const Layout& layout, Field field, int shorter) {
-    const Field* rows = Zeilenfeld(layout);
-    if (shorter == 0 || rows == nullptr) {
-        return field;
-    }
-    if (field.Offset == rows->Offset) {
-        field.Width = static_cast<std::uint8_t>(field.Width - shorter);
-    } else if (field.Offset > rows->Offset) {
-        field.Offset = static_cast<std::uint8_t>(field.Offset - shorter);
-    }
-    return field;
-}
-
-bool Festwerte_Passen(const Layout& layout, Bytes frame) {
-    const int shorter = Kuerzung(layout, frame);
-    return std::all_of(layout.Fields.begin(), layout.Fields.end(), [&](const Field& declared) {
-        const Field field = Feld_Im_Rahmen(layout, declared, shorter);
-        if (field.Is != Kind::Fixed || static_cast<std::size_t>(field.End()) > frame.size()) {
-            return true;
-        }
-        const Bytes bytes = frame.subspan(field.Offset, field.Width);
-        return std::all_of(bytes.begin(), bytes.end(), [&](std::uint8_t byte) { return byte == field.Detail; });
-    });
-}
-
-/// The layout of a frame, the first one whose constant bytes stand in it or else the first one of its length. Nothing
-/// when the code or the length is not known.
-const Layout* Layout_Suchen(Way way, Bytes frame) {
-    if (frame.size() < 3) {
-        return nullptr;
-    }
-    const Layout* found = nullptr;
-    for (const Layout& layout : Gesendet(way) ? Telegramme() : Antworten()) {
-        if (layout.Code != frame[2] || !LaengePasst(layout, frame[1])) {
-            continue;
-        }
-        if (Festwerte_Passen(layout, frame)) {
-            return &layout;
-        }
-        found = found == nullptr ? &layout : found;
-    }
-    return found;
 }
 
 /// Marks the secret fields of every telegram with the frame's code. A device may echo a telegram, so replies are
@@ -100,7 +51,7 @@ std::vector<bool> Verborgene(const Mitschnitt& frame, Geheimnis secrets) {
     if (secrets == Geheimnis::Zeigen || bytes.size() < 3) {
         return hidden;
     }
-    const Layout* layout = Layout_Suchen(frame.Way, bytes);
+    const Layout* layout = Layout_Suchen(Gesendet(frame.Way), bytes);
     if (!Gesendet(frame.Way)) {
         // The last byte is the checksum, no payload.
         Felder_Verbergen(bytes.first(bytes.size() - 1), layout, hidden);
@@ -243,7 +194,7 @@ DecodedTelegram Dekodieren(const Mitschnitt& frame, Geheimnis secrets) {
     } else {
         Rahmen_Pruefen(frame, frame.Hidden, out);
     }
-    const Layout* layout = Layout_Suchen(frame.Way, bytes);
+    const Layout* layout = Layout_Suchen(Gesendet(frame.Way), bytes);
     if (layout == nullptr) {
         return out;
     }

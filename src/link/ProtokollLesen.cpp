@@ -1,3 +1,4 @@
+#include "LayoutSuche.h"
 #include "Protokoll.h"
 #include "Text.h"
 
@@ -110,22 +111,38 @@ std::optional<Fund> Rahmen_Lesen(Bytes bytes, Way way, bool stuffed) {
     return Fund{way, std::move(frame), at};
 }
 
-/// The same for each of the directions, as it stands before stuffed, and before either what takes all bytes: a checksum
-/// fits by chance once in 256 times.
+/// Indexes 9 to 13 of every addressed telegram.
+constexpr std::array<std::uint8_t, 5> HeaderMarks{0x33, 0x88, 1, 0, 0};
+
+/// How likely a frame is what it was found to be. A checksum alone fits by chance, and always fits one place further on
+/// behind bytes like AA 55; so what takes all bytes counts most, and then what the layouts say.
+int Rang(const Fund& found, std::size_t available) {
+    const bool sent = found.Direction == Way::Sent;
+    const int whole = found.Used == available ? 4 : 0;
+    const Layout* layout = Layout_Suchen(sent, found.Frame);
+    if (layout == nullptr || !Festwerte_Passen(*layout, found.Frame)) {
+        return whole;
+    }
+    const bool marked = sent && (layout->How == Build::Raw ||
+                                 std::equal(HeaderMarks.begin(), HeaderMarks.end(), found.Frame.begin() + 9));
+    return whole + (marked ? 2 : 1);
+}
+
+/// The likeliest frame at the beginning of `bytes`, as it stands or stuffed, in one of the directions.
 std::optional<Fund> Rahmen_Suchen(Bytes bytes, std::span<const Way> ways) {
-    std::optional<Fund> first;
+    std::optional<Fund> best;
+    int bestRank = -1;
     for (const bool stuffed : {false, true}) {
         for (const Way way : ways) {
             auto found = Rahmen_Lesen(bytes, way, stuffed);
-            if (found && found->Used == bytes.size()) {
-                return found;
-            }
-            if (found && !first) {
-                first = std::move(found);
+            const int rank = found ? Rang(*found, bytes.size()) : -1;
+            if (rank > bestRank) {
+                best = std::move(found);
+                bestRank = rank;
             }
         }
     }
-    return first;
+    return best;
 }
 
 std::optional<Way> Richtung_Lesen(std::string_view& line) {

@@ -42,20 +42,20 @@ std::string Feldtext(const Field& field) {
     case Kind::Fixed:
         return text + " = " + Hex2(field.Detail);
     case Kind::Word:
-        return text + " " + std::string(field.Name) + ", high byte first";
+        return text + ": " + std::string(field.Name) + ", high byte first";
     case Kind::Rows: {
         const int rows = (field.Width + field.Detail - 1) / field.Detail;
-        return text + " " + Ziffern(rows) + " " + std::string(field.Name) + " of " + Ziffern(field.Detail) + " bytes";
+        return text + ": " + Ziffern(rows) + " " + std::string(field.Name) + " of " + Ziffern(field.Detail) + " bytes";
     }
     case Kind::UserCode:
     case Kind::AdminCode:
-        return text + " " + std::string(field.Name) + " (hidden)";
+        return text + ": " + std::string(field.Name) + " (hidden)";
     case Kind::Byte:
     case Kind::Text:
     case Kind::Bytes:
         break;
     }
-    return text + " " + std::string(field.Name);
+    return text + ": " + std::string(field.Name);
 }
 
 std::string Felderliste(const Layout& layout) {
@@ -112,8 +112,17 @@ std::string Telegramm_Dokument() {
         "\n## From the device\n\nOnly the bytes that the program reads. L is the smallest with which all of them lie "
         "inside the frame.\n\n| Code | Name | L | Fields | Note |\n|---|---|---|---|---|\n";
     for (const Layout& layout : Antworten()) {
-        text += Antwortzeile(layout);
+        if (layout.Name != QuittungName) {
+            text += Antwortzeile(layout);
+        }
     }
+    text += "\n`RpQuittung`, a plain acknowledge of which only the code is read:\n";
+    std::size_t column = 0;
+    for (const std::uint8_t code : QuittungCodes) {
+        text += (column % 14 == 0 ? "\n" : " ") + Hex2(code) + (column + 1 < QuittungCodes.size() ? "," : ".");
+        ++column;
+    }
+    text += "\n";
     return text;
 }
 

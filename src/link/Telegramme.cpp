@@ -43,7 +43,7 @@ constexpr std::array<Layout, ReplyCount> Alle_Antworten() {
         all[n++] = layout;
     }
     for (const std::uint8_t code : QuittungCodes) {
-        all[n++] = Layout{"RpQuittung", code, 1, Build::Reply, {}};
+        all[n++] = Layout{QuittungName, code, 1, Build::Reply, {}};
     }
     std::sort(all.begin(), all.end(), [](const Layout& a, const Layout& b) { return a.Code < b.Code; });
     return all;

@@ -39,7 +39,7 @@ static_assert(LayoutError(Telegram) == -1);
 } // namespace TelTrennen
 
 namespace TelDatum {
-inline constexpr Field Day{"day", 14}, Month{"month", 15}, Year{"year, two digits", 16};
+inline constexpr Field Day{"day", 14}, Month{"month", 15}, Year{"year", 16};
 inline constexpr std::array Fields{Day, Month, Year};
 inline constexpr Layout Telegram{"TelDatum", 0x07, 0x10, Build::Kopf, Fields};
 static_assert(LayoutError(Telegram) == -1);
@@ -74,10 +74,16 @@ static_assert(LayoutError(Telegram) == -1);
 } // namespace TelDatenEnde
 
 namespace TelHistorie {
-inline constexpr Field Which{"0 first record, 2 next record", 14};
+inline constexpr Field Which{"record", 14};
 inline constexpr std::array Fields{Which};
 inline constexpr Layout Telegram{
-    "TelHistorie", 0x17, 0x0E, Build::Kopf2, Fields, 0, "The second parameter gives way to the checksum."};
+    "TelHistorie",
+    0x17,
+    0x0E,
+    Build::Kopf2,
+    Fields,
+    0,
+    "0 for the first record, 2 for the next. The second parameter gives way to the checksum."};
 static_assert(LayoutError(Telegram) == -1);
 } // namespace TelHistorie
 
@@ -132,18 +138,30 @@ static_assert(LayoutError(Telegram) == -1);
 
 namespace TelZeitfenster {
 inline constexpr Field First{"first option", 14}, Second{"second option", 15};
-inline constexpr Field High{"seconds, halved eight times", 16}, Low{"seconds modulo 256", 17};
+inline constexpr Field High{"seconds, high", 16}, Low{"seconds, low", 17};
 inline constexpr Field Unused{"unused", 18, 1, Kind::Fixed, 0};
 inline constexpr std::array Fields{First, Second, High, Low, Unused};
-inline constexpr Layout Telegram{"TelZeitfenster", 0x33, 0x12, Build::Kopf, Fields};
+inline constexpr Layout Telegram{"TelZeitfenster",
+                                 0x33,
+                                 0x12,
+                                 Build::Kopf,
+                                 Fields,
+                                 0,
+                                 "16 is the listen time in seconds halved eight times, ties to even."};
 static_assert(LayoutError(Telegram) == -1);
 } // namespace TelZeitfenster
 
 namespace TelReaderEinstellung {
 inline constexpr Field Head{"mark", 14, 1, Kind::Fixed, 1};
-inline constexpr Field Level{"level", 15}, Pair1{"3 when the flag is set", 16}, Pair2{"1 when the flag is set", 17};
+inline constexpr Field Level{"level", 15}, Pair1{"flag pair 1", 16}, Pair2{"flag pair 2", 17};
 inline constexpr std::array Fields{Head, Level, Pair1, Pair2};
-inline constexpr Layout Telegram{"TelReaderEinstellung", 0x3B, 0x11, Build::Kopf, Fields};
+inline constexpr Layout Telegram{"TelReaderEinstellung",
+                                 0x3B,
+                                 0x11,
+                                 Build::Kopf,
+                                 Fields,
+                                 0,
+                                 "16, 17 are 3, 1 with the flag set and 0, 0 without it."};
 static_assert(LayoutError(Telegram) == -1);
 } // namespace TelReaderEinstellung
 

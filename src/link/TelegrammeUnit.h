@@ -32,17 +32,18 @@ namespace TelUnitBlock {
 /// First index of the inner sum; its last is the one before it.
 inline constexpr int SumStart = 13;
 inline constexpr Field Head{"mark", 14, 1, Kind::Fixed, 1};
-inline constexpr Field Rows{"count of rows", 15, 2, Kind::Word}, Row{"row, from 1", 17, 2, Kind::Word};
-inline constexpr Field Piece{"piece, from 0", 19}, Type{"row type", 20}, Address{"row address", 21, 2, Kind::Word};
-inline constexpr Field Data{"enciphered data", 23, 32, Kind::Bytes}, Sum{"checksum of the clear bytes", 55};
+inline constexpr Field Rows{"count of rows", 15, 2, Kind::Word}, Row{"row", 17, 2, Kind::Word};
+inline constexpr Field Piece{"piece", 19}, Type{"row type", 20}, Address{"row address", 21, 2, Kind::Word};
+inline constexpr Field Data{"enciphered data", 23, 32, Kind::Bytes}, Sum{"inner checksum", 55};
 inline constexpr std::array Fields{Head, Rows, Row, Piece, Type, Address, Data, Sum};
-inline constexpr Layout Telegram{"TelUnitBlock",
-                                 0x4A,
-                                 0x37,
-                                 Build::Direct,
-                                 Fields,
-                                 0,
-                                 "The sum at 55 is taken over 13 to 54 before the data are enciphered."};
+inline constexpr Layout Telegram{
+    "TelUnitBlock",
+    0x4A,
+    0x37,
+    Build::Direct,
+    Fields,
+    0,
+    "Rows are counted from 1, pieces from 0. The sum at 55 is taken over 13 to 54 before the data are enciphered."};
 static_assert(LayoutError(Telegram) == -1);
 } // namespace TelUnitBlock
 
@@ -110,15 +111,15 @@ static_assert(LayoutError(Telegram) == -1);
 
 /// First telegram of a guest card. The fields up to the rows are the card's head.
 namespace TelKarteSchreiben {
-inline constexpr Field Telegrams{"count of telegrams", 14}, Part{"part", 15, 1, Kind::Fixed, 0};
-inline constexpr Field Entries{"count of entries", 16}, MaskEntries{"count of entries under the mask", 17};
+inline constexpr Field Telegrams{"telegrams", 14}, Part{"part", 15, 1, Kind::Fixed, 0};
+inline constexpr Field Entries{"entry count", 16}, MaskEntries{"entries under the mask", 17};
 inline constexpr Field SlotMask{"slot mask", 18}, Mark{"mark", 19, 1, Kind::Fixed, 1};
-inline constexpr Field CheckInDate{"check-in day, month, year", 20, 3, Kind::Bytes};
-inline constexpr Field CheckInTime{"check-in hour, minute", 23, 2, Kind::Bytes};
-inline constexpr Field CheckOutDate{"check-out day, month, year", 25, 3, Kind::Bytes};
-inline constexpr Field CheckOutTime{"check-out hour, minute", 28, 2, Kind::Bytes};
+inline constexpr Field CheckInDate{"check-in date", 20, 3, Kind::Bytes};
+inline constexpr Field CheckInTime{"check-in time", 23, 2, Kind::Bytes};
+inline constexpr Field CheckOutDate{"check-out date", 25, 3, Kind::Bytes};
+inline constexpr Field CheckOutTime{"check-out time", 28, 2, Kind::Bytes};
 inline constexpr Field RoomCode{"room code", 30, 2, Kind::Word};
-inline constexpr Field TimeCodes{"hour and minute codes of entries 1 to 4", 32, 8, Kind::Bytes};
+inline constexpr Field TimeCodes{"time codes", 32, 8, Kind::Bytes};
 inline constexpr Field Rows{"entries", 40, 20, Kind::Rows, 4}, Mode{"mode", 60};
 inline constexpr std::array Fields{Telegrams,   Part,         Entries,      MaskEntries, SlotMask,  Mark, CheckInDate,
                                    CheckInTime, CheckOutDate, CheckOutTime, RoomCode,    TimeCodes, Rows, Mode};
@@ -128,16 +129,17 @@ static_assert(LayoutError(Telegram) == -1);
 
 /// Second and third telegram of a guest card.
 namespace TelKarteFolge {
-inline constexpr Field Telegrams{"count of telegrams", 14}, Part{"part", 15};
-inline constexpr Field Rows{"entries", 16, 44, Kind::Rows, 4}, Tail{"first byte of the entry behind", 60};
+inline constexpr Field Telegrams{"telegrams", 14}, Part{"part", 15};
+inline constexpr Field Rows{"entries", 16, 44, Kind::Rows, 4}, Tail{"next entry", 60};
 inline constexpr std::array Fields{Telegrams, Part, Rows, Tail};
-inline constexpr Layout Telegram{"TelKarteFolge",
-                                 0x6F,
-                                 0x3C,
-                                 Build::Direct,
-                                 Fields,
-                                 0x10,
-                                 "The other bytes of the entry behind give way to the checksum."};
+inline constexpr Layout Telegram{
+    "TelKarteFolge",
+    0x6F,
+    0x3C,
+    Build::Direct,
+    Fields,
+    0x10,
+    "The last byte is the first one of the entry behind; its others give way to the checksum."};
 static_assert(LayoutError(Telegram) == -1);
 } // namespace TelKarteFolge
 
