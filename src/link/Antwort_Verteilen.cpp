@@ -135,17 +135,23 @@ void Unit_Datenstart(Link& l) {
     TelDatenStart_Senden(l, 0);
 }
 void Suche_Erfolgreich(Link& l) {
+    l.Lauf.Incomplete = false;
     l.Lauf.KanalSuche = 0;
     Geraet_Merken(l);
     TelKanalLesen_Senden(l, Systemkanal(l));
 }
 void Angemeldet(Link& l) {
+    l.Lauf.Incomplete = false;
     Geraet_Merken(l);
     Nach_Verbunden(l);
 }
 void Anmeldung_Verweigert(Link& l) {
     Geraet_Merken(l);
     Rufen(l.Hooks.Anmeldung_Abgelehnt);
+}
+void Unit_Angemeldet(Link& l) {
+    l.Lauf.UnitIncomplete = false;
+    TelUnitEinstellung_Senden(l, l.Lauf.LockAddress);
 }
 void Suche_Verweigert(Link& l) {
     l.Lauf.KanalSuche = 0;
@@ -268,6 +274,9 @@ void Ablehnung(Link& l) {
 }
 
 void Noch_Einmal_Trennen(Link& l) {
+    if (!Zuletzt(l, 0x05)) {
+        (Unit_Sitzung(l) ? l.Lauf.UnitIncomplete : l.Lauf.Incomplete) = true;
+    }
     if (++l.Lauf.WiederholZaehler < 40) {
         TelTrennen_Senden(l);
     } else {
@@ -290,8 +299,7 @@ constexpr ReplyRow Replies[] = {
 
     {0x04, "a code change waits for its login", Code_Erwartet, Codeaenderung_Verbunden},
     {0x04, "unit block transfer", Blocktransfer, Unit_Datenstart},
-    {0x04, "unit session, accepted", Unit_Angenommen,
-     [](Link& l) { TelUnitEinstellung_Senden(l, l.Lauf.LockAddress); }},
+    {0x04, "unit session, accepted", Unit_Angenommen, Unit_Angemeldet},
     {0x04, "unit session, refused", Unit_Sitzung, [](Link& l) { Rufen(l.Hooks.Unit_Abgelehnt); }},
     {0x04, "units are searched by logins", Suchlauf, [](Link& l) { Rufen(l.Hooks.Suchlauf_Schritt); }},
     {0x04, "channel search, accepted", Suche_Angenommen, Suche_Erfolgreich},

@@ -38,6 +38,8 @@ struct RunState {
     std::uint8_t TimerPart = 0;         ///< step of the table telegrams, 0xFF when done
     std::uint8_t HolidayPart = 0;
     int WiederholZaehler = 0;           ///< counts reason 0x67
+    bool Incomplete = false;            ///< a busy lock broke the conversation off before its end
+    bool UnitIncomplete = false;        ///< the same of a unit of type 1
     int UnitVersuche = 0;               ///< repeats of TelDatenStart in a unit session
     int UnitTry = 0;                    ///< 0x38 while a type 2 unit is being opened
     int EintragFertig = 0;              ///< channel tries of a unit's opening

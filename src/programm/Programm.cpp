@@ -1,6 +1,7 @@
 #include "Programm.h"
 
-#include "Migration.h"
+#include "Benutzer_Umstellen.h"
+#include "Units_Umstellen.h"
 
 namespace qvm {
 
@@ -20,7 +21,15 @@ void Programm::Ansicht_Verbinden() {
         .Fortschritt = [this] { F9.Fortschritt(); },
         .F9_Zeigen = [this] { F9.F9_Zeigen(); },
         .Status = [this](int line) { F9.StatusLabel.Text = kern.Zeile(line); },
-        .Fertig = [this](int line) { F9.Fertig(line); },
+        .Fertig =
+            [this](int line) {
+                // A run that ends during a channel search still shows how it ended.
+                F18.F18_Schliessen();
+                if (!F9.Fenster.Visible) {
+                    F9.F9_Zeigen();
+                }
+                F9.Fertig(line);
+            },
         .F9_Schliessen_Freigeben = [this] { F9.Command2.Enabled = true; },
         .Historie_Beschriften = [this] { F9.StatusLabel.Text = kern.Zeile(264); },
         .Zustand = [this](std::uint8_t state, const std::string& text) { F9.Zustand_Zeigen(state, text); },
@@ -92,7 +101,9 @@ StartResult Programm_Start(Programm& programm, bool claimInstance) {
     programm.link.PortNummer = kern.Config.PortNummer;
     Sprache_Defaults(kern.Sprache);
     Sprachdatei_Laden(kern);
-    Dateien_Umstellen(kern);
+    // A conversion that fails loses nothing and is tried again at the next start.
+    Benutzer_Umstellen(kern);
+    Units_Umstellen(kern);
     return StartResult::Started;
 }
 

@@ -60,8 +60,10 @@ void Schloss_Fertig(Programmierlauf& run) {
     RunState& lauf = run.link.Lauf;
     Zum_Schloss_Zurueck(run);
     lauf.UnitModus = 0;
-    Lauf_Beenden(run, run.Cancelled ? RunOutcome::Cancelled : RunOutcome::Done,
-                 run.kern.Zeile(run.Cancelled ? 82 : 110));
+    const RunOutcome outcome = run.Cancelled     ? RunOutcome::Cancelled
+                               : lauf.Incomplete ? RunOutcome::GivenUp
+                                                 : RunOutcome::Done;
+    Lauf_Beenden(run, outcome, run.kern.Zeile(run.Cancelled ? 82 : 110));
     if (lauf.RunRows != 0) {
         const std::string note = Unit_Notiz(run);
         const bool history = lauf.HistoryOnly != 0;

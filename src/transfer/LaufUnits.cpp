@@ -165,7 +165,11 @@ void Tick_Timer9(Programmierlauf& run) {
 }
 
 void Schritt_Unit_Fertig(Programmierlauf& run) {
-    run.UnitGood = true;
+    run.UnitGood = !run.link.Lauf.UnitIncomplete;
+    if (UnitReport* unit = Aktuelle(run); unit != nullptr && !run.UnitGood) {
+        unit->End = UnitReport::State::Failed;
+        unit->Note = run.kern.Zeile(66);
+    }
     run.Timer9.Start(600);
 }
 

@@ -57,6 +57,7 @@ void Lauf_Beginnen(Programmierlauf& run) {
     run.UnitGood = run.UnitRepeated = run.Waiting = false;
     RunState& lauf = run.link.Lauf;
     lauf.AbbruchWunsch = 0;
+    lauf.Incomplete = lauf.UnitIncomplete = false;
     lauf.UnitIndex = 0xFF;
     lauf.LastAnswer = run.kern.Welt.Milliseconds();
     run.link.TargetAddress = lauf.LockAddress;

@@ -1,0 +1,337 @@
+// The line breaks at every telegram: for each kind of run, each disturbance at each position. The run must end as
+// described, and the next one must work.
+
+#include "RunFixture.h"
+
+#include <optional>
+
+namespace qvm::test {
+namespace {
+
+using Fault = SimFault::Kind;
+
+enum class RunKind { Old, Polled, LongId, TwoPass, HistoryOnly, HistoryFirst, Search, Unit1, Unit2 };
+
+constexpr std::array AllKinds{RunKind::Old,     RunKind::Polled,      RunKind::LongId,
+                              RunKind::TwoPass, RunKind::HistoryOnly, RunKind::HistoryFirst,
+                              RunKind::Search,  RunKind::Unit1,       RunKind::Unit2};
+
+const char* KindName(RunKind kind) {
+    constexpr std::array names{"Old",          "Polled", "LongId", "TwoPass", "HistoryOnly",
+                               "HistoryFirst", "Search", "Unit1",  "Unit2"};
+    return names[static_cast<std::size_t>(kind)];
+}
+
+void PrintTo(RunKind kind, std::ostream* out) {
+    *out << KindName(kind);
+}
+
+std::string_view SerialOf(RunKind kind) {
+    switch (kind) {
+    case RunKind::Polled:
+        return Serial::Z;
+    case RunKind::LongId:
+        return Serial::N;
+    case RunKind::TwoPass:
+        return Serial::TwoPass;
+    default:
+        return Serial::S;
+    }
+}
+
+/// One run of a kind, made anew for each disturbance.
+struct Scene : RunFixture {
+    explicit Scene(RunKind kindOfRun) : kind(kindOfRun) {
+        VirtualLock& lock = AddLock(1, "Tresor", SerialOf(kind), " XXXX");
+        files.Emi(1, 'Y');
+        TestUser user{.Name = "Anna", .Marks = {{1, 'X'}}};
+        if (kind == RunKind::LongId) {
+            user.KeyId = "#3-ID#10:20:30:40:50:60:70:80:90:100";
+        } else if (kind == RunKind::TwoPass) {
+            user.KeyId = "1 : 2 : 3 : 4";
+        }
+        files.User(1, user);
+        if (kind == RunKind::HistoryOnly || kind == RunKind::HistoryFirst) {
+            lock.History = {HistoryLine{4, 3, 26, 9, 7, 'A'}, HistoryLine{3, 3, 26, 9, 7, 'B'}};
+        }
+        if (kind == RunKind::Search) {
+            world.Disk.Files["/q/DAT/EST7CSB29A.I_1"] = "Deutsch\r\n1\r\nUSB-Port1\r\n7\r\n";
+            files.Channel(1, "1", "7", "1");
+        }
+        if (kind == RunKind::Unit1 || kind == RunKind::Unit2) {
+            const bool one = kind == RunKind::Unit1;
+            files.Reception(1, '2', '0', '0', 0, 0, 0, '0', "255");
+            files.Unit(1, 1, "Unit", one ? "01600001" : "00012CCD", one ? '1' : '2');
+            AddUnit(one ? "01600001" : "00012CCD", one ? 1 : 2);
+        }
+        if (kind == RunKind::Unit2) {
+            files.User(
+                2,
+                {.Name = "Bert", .Label = "Slot_Nr: 002", .FingerFlag = "FS", .FingerId = "8001", .Marks = {{1, 'F'}}});
+            files.Template(250, "8001", {3, 0, 1});
+        }
+    }
+    void TestBody() override {}
+
+    /// The warning about fingerprints comes with the dataset: behind the question about the history, or before it when
+    /// the lock has been marked for a change of channel.
+    void Start() {
+        if (kind == RunKind::Unit2) {
+            const bool marked = files.File("RFCHANDIF12.RFX")[9] == '1';
+            world.Answers.push_front({.Text = "L273"});
+            world.Answers.insert(world.Answers.begin() + (marked ? 1 : 0), {.Text = "L63", .Reply = Answer::No});
+            programm->F13.FGK13_Click(1, F13Column::Program);
+            TypeCode("123456");
+            return;
+        }
+        if (kind == RunKind::HistoryOnly) {
+            History(1);
+        } else {
+            Program(1, kind == RunKind::HistoryFirst ? Answer::Yes : Answer::No);
+        }
+    }
+    /// Codes of the telegrams to devices, in order: what a fault's position counts.
+    std::vector<int> DeviceCodes() const {
+        std::vector<int> codes;
+        for (const auto& frame : system->Telegrams()) {
+            if (frame[2] != 0x6F && frame[2] != 0x6B) {
+                codes.push_back(frame[2]);
+            }
+        }
+        return codes;
+    }
+
+    RunKind kind;
+};
+
+/// How a run must end; nothing: it stands until the operator closes it.
+struct Ending {
+    std::optional<RunOutcome> Outcome;
+    int Message = 0;
+};
+
+constexpr Ending Stands{std::nullopt}, Done{RunOutcome::Done};
+
+/// Position of the unit's own telegrams: behind the lock's first 0x05.
+bool InUnit(const std::vector<int>& codes, std::size_t position) {
+    const auto end = std::find(codes.begin(), codes.end(), 0x05);
+    return codes.begin() + static_cast<std::ptrdiff_t>(position) > end;
+}
+
+Ending AfterSilence(RunKind kind, int code) {
+    // A sign of life is repeated, and a polled lock's erase is not waited for. Nobody waits for the reply to 0x66.
+    const bool polled = kind == RunKind::Polled || kind == RunKind::LongId;
+    if (code == 0x66 || code == 0x08 || (polled && code == 0x27)) {
+        return Done;
+    }
+    return Stands;
+}
+
+Ending AfterNoContact(RunKind kind, int code, bool unit, bool search) {
+    if (code == 0x08) {
+        return Done;
+    }
+    if (kind == RunKind::Search && search) {
+        return Done; // the next channels are tried, and the lock is found again
+    }
+    if (!unit) {
+        return {RunOutcome::NotReached, 67};
+    }
+    if (kind == RunKind::Unit1) {
+        return Done; // one repeat of the login
+    }
+    const bool opening = code == 0x28 || code == 0x29 || code == 0x66;
+    return opening || code == 0x27 ? Done : Ending{RunOutcome::NotReached};
+}
+
+Ending AfterRefusal65(RunKind kind, int code, bool unit) {
+    if (code == 0x08) {
+        return Done;
+    }
+    if (unit && kind == RunKind::Unit2) {
+        return AfterNoContact(kind, code, unit, false); // every reason counts alike in these sessions
+    }
+    return {RunOutcome::Refused, 68};
+}
+
+/// The first disconnect of the lock's own conversation lies at `end`.
+Ending AfterBusy(RunKind kind, int code, bool unit, std::size_t position, std::size_t end) {
+    if (unit && kind == RunKind::Unit2) {
+        return AfterNoContact(kind, code, unit, false); // every reason counts alike in these sessions
+    }
+    if (code == 0x08 || code == 0x05 || unit) {
+        return Done;
+    }
+    if (position == 0) {
+        // There is no session to be closed: the lock does not answer, or is found by the search that is on.
+        return kind == RunKind::Search ? Done : Ending{RunOutcome::NotReached, 67};
+    }
+    const bool passBehind = kind == RunKind::TwoPass && position < end;
+    return passBehind ? Done : Ending{RunOutcome::GivenUp};
+}
+
+Ending Expected(RunKind kind, const SimFault& fault, const std::vector<int>& codes) {
+    const auto position = static_cast<std::size_t>(fault.Telegram);
+    const int code = codes[position];
+    const bool unit = InUnit(codes, position) && (kind == RunKind::Unit1 || kind == RunKind::Unit2);
+    switch (fault.What) {
+    case Fault::Garbage:
+    case Fault::Late:
+        return Done;
+    case Fault::Silent:
+    case Fault::BadSum:
+    case Fault::Half:
+        return AfterSilence(kind, code);
+    case Fault::Unplug:
+        return Stands;
+    case Fault::Refuse:
+        switch (fault.Value) {
+        case 0x64:
+            return AfterNoContact(kind, code, unit, position == 0);
+        case 0x65:
+            return AfterRefusal65(kind, code, unit);
+        case 0x67:
+            return AfterBusy(kind, code, unit, position,
+                             static_cast<std::size_t>(std::find(codes.begin(), codes.end(), 0x05) - codes.begin()));
+        default:
+            return Stands;
+        }
+    default:
+        return Stands;
+    }
+}
+
+/// Reason 0x68 means nothing: the run stands unless nobody waits for that reply.
+Ending ExpectedForNothing(RunKind kind, const SimFault& fault, const std::vector<int>& codes) {
+    const auto position = static_cast<std::size_t>(fault.Telegram);
+    const int code = codes[position];
+    if (kind == RunKind::Unit2 && InUnit(codes, position)) {
+        return AfterNoContact(kind, code, true, false);
+    }
+    return AfterSilence(kind, code);
+}
+
+struct Disturbed_Run : ::testing::TestWithParam<RunKind> {
+    static std::vector<int> GoodCodes(RunKind kind) {
+        Scene scene(kind);
+        scene.Begin();
+        scene.Start();
+        EXPECT_TRUE(scene.Finish());
+        EXPECT_EQ(scene.Outcome(), RunOutcome::Done);
+        EXPECT_EQ(scene.system->JudgementLines(), "");
+        return scene.DeviceCodes();
+    }
+
+    /// Closes what is left of the run, as an operator would, puts the adapter back and runs once more.
+    static void Expect_Ready(Scene& scene) {
+        if (!scene.programm->Lauf.Gesamtende) {
+            scene.programm->F9.Command1_Click();
+            scene.programm->F9.Command2_Click();
+            EXPECT_EQ(scene.Outcome(), RunOutcome::Cancelled);
+        }
+        if (scene.programm->F9.Fenster.Visible) {
+            scene.programm->F9.Command2_Click();
+        }
+        scene.world.RunFor(20000);
+        scene.world.PortCanOpen = true;
+        if (scene.system->Unplugged()) {
+            scene.system->Plug();
+        }
+        scene.system->World().Faults.clear();
+        EXPECT_TRUE(scene.programm->F13.Fenster.Enabled);
+        scene.Start();
+        EXPECT_TRUE(scene.Finish());
+        EXPECT_EQ(scene.Outcome(), RunOutcome::Done) << "the run after it";
+        if (scene.kind != RunKind::HistoryOnly) {
+            EXPECT_EQ(scene.Lock(SerialOf(scene.kind)).Users.size(), scene.kind == RunKind::Unit2 ? 2U : 1U);
+        }
+    }
+
+    static void Play(RunKind kind, const SimFault& fault, const Ending& expected) {
+        SCOPED_TRACE(FaultText(fault));
+        Scene scene(kind);
+        scene.devices.Faults = {fault};
+        if (expected.Message != 0) {
+            scene.Expect(expected.Message);
+        }
+        scene.Begin();
+        scene.Start();
+        const bool ended = scene.Finish(60000);
+        EXPECT_EQ(ended, expected.Outcome.has_value());
+        if (expected.Outcome) {
+            EXPECT_EQ(scene.Outcome(), *expected.Outcome);
+        }
+        Expect_Ready(scene);
+    }
+
+    static void Everywhere(RunKind kind, SimFault fault) {
+        const std::vector<int> codes = GoodCodes(kind);
+        for (std::size_t position = 0; position < codes.size() && !HasFailure(); ++position) {
+            fault.Telegram = static_cast<int>(position);
+            const bool nothing = fault.What == Fault::Refuse && fault.Value == 0x68;
+            Play(kind, fault, nothing ? ExpectedForNothing(kind, fault, codes) : Expected(kind, fault, codes));
+        }
+    }
+};
+
+TEST_P(Disturbed_Run, survives_a_device_that_does_not_hear_one_telegram) {
+    Everywhere(GetParam(), {.What = Fault::Silent});
+}
+TEST_P(Disturbed_Run, survives_a_device_that_falls_silent_for_good) {
+    const std::vector<int> codes = GoodCodes(GetParam());
+    for (std::size_t position = 0; position < codes.size() && !HasFailure(); ++position) {
+        const SimFault fault{.What = Fault::Silent, .Telegram = static_cast<int>(position), .AndAllBehind = true};
+        Play(GetParam(), fault, Stands);
+    }
+}
+TEST_P(Disturbed_Run, survives_a_wrong_checksum_in_each_reply) {
+    Everywhere(GetParam(), {.What = Fault::BadSum});
+}
+TEST_P(Disturbed_Run, survives_half_of_each_reply) {
+    Everywhere(GetParam(), {.What = Fault::Half});
+}
+TEST_P(Disturbed_Run, survives_garbage_before_each_reply) {
+    Everywhere(GetParam(), {.What = Fault::Garbage});
+}
+TEST_P(Disturbed_Run, survives_each_reply_a_second_late) {
+    Everywhere(GetParam(), {.What = Fault::Late, .Value = 1000});
+}
+TEST_P(Disturbed_Run, survives_a_loss_of_contact_at_each_telegram) {
+    Everywhere(GetParam(), {.What = Fault::Refuse, .Value = 0x64});
+}
+TEST_P(Disturbed_Run, survives_a_refusal_of_each_telegram) {
+    Everywhere(GetParam(), {.What = Fault::Refuse, .Value = 0x65});
+}
+TEST_P(Disturbed_Run, survives_a_busy_device_at_each_telegram) {
+    Everywhere(GetParam(), {.What = Fault::Refuse, .Value = 0x67});
+}
+TEST_P(Disturbed_Run, survives_a_refusal_that_means_nothing) {
+    Everywhere(GetParam(), {.What = Fault::Refuse, .Value = 0x68});
+}
+TEST_P(Disturbed_Run, survives_an_adapter_pulled_out_at_each_telegram) {
+    Everywhere(GetParam(), {.What = Fault::Unplug});
+}
+
+TEST_P(Disturbed_Run, is_ready_again_after_each_reply_doubled) {
+    // What a doubled reply does to the conversation is the device's affair; the program must come out of it.
+    const std::vector<int> codes = GoodCodes(GetParam());
+    for (std::size_t position = 0; position < codes.size() && !HasFailure(); ++position) {
+        const SimFault fault{.What = Fault::Doubled, .Telegram = static_cast<int>(position)};
+        SCOPED_TRACE(FaultText(fault));
+        Scene scene(GetParam());
+        scene.devices.Faults = {fault};
+        scene.Begin();
+        scene.Start();
+        // Any message may come of it.
+        scene.world.Answers = {{.Text = "*"}, {.Text = "*"}, {.Text = "*"}};
+        scene.Finish(60000);
+        scene.world.Answers.clear();
+        Expect_Ready(scene);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, Disturbed_Run, ::testing::ValuesIn(AllKinds),
+                         [](const auto& kind) { return std::string(KindName(kind.param)); });
+
+} // namespace
+} // namespace qvm::test
