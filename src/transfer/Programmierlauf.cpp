@@ -48,7 +48,9 @@ void Lauf_Ruecksetzen(Programmierlauf& run) {
     run.Gesamtende = true;
 }
 
-void Lauf_Werte_Uebernehmen(Programmierlauf& run) { run.link.Lauf.ListenWindow = run.Daten.UnitMode == "3"; }
+void Lauf_Werte_Uebernehmen(Programmierlauf& run) {
+    run.link.Lauf.ListenWindow = run.Daten.UnitMode == "3";
+}
 
 void Lauf_Beginnen(Programmierlauf& run) {
     run.Bericht = {};
@@ -72,7 +74,9 @@ void Lauf_Beginnen(Programmierlauf& run) {
     }
 }
 
-void Lauf_Abbrechen(Programmierlauf& run) { run.link.Lauf.AbbruchWunsch = 1; }
+void Lauf_Abbrechen(Programmierlauf& run) {
+    run.link.Lauf.AbbruchWunsch = 1;
+}
 
 void Lauf_Aufgeben(Programmierlauf& run, RunOutcome outcome) {
     Schritt_Abbruch(run);
@@ -101,7 +105,10 @@ void Lauf_Haken_Setzen(Programmierlauf& run, LinkHooks& hooks) {
     hooks.Historie_Eintrag = [&run] { Historie_Eintrag(run.link, run.LockName, run.Ansicht.Zustand); };
     hooks.Historie_Fertig = schritt(Schritt_Historie_Fertig);
     hooks.Abfrage_Starten = [&run] { run.Timer7.Start(2000); };
-    hooks.Abfrage_Stoppen = [&run] { run.Timer7.Stop(); };
+    hooks.Abfrage_Stoppen = [&run] {
+        run.Timer7.Stop();
+        run.Timer8.Stop();
+    };
 
     hooks.Zeitfenster = schritt(Schritt_Zeitfenster);
     hooks.ReaderEinstellung = schritt(Schritt_ReaderEinstellung);
