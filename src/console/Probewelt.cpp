@@ -16,6 +16,18 @@ std::int64_t Leitungszeit(std::int64_t bytes) {
     return bytes * 1000000 / Probewelt::BytesPerSecond;
 }
 
+/// Length byte of a lock's reply: an acknowledge with address and serial, behind which a status or a slot number stands
+/// where there is one. What else real devices send is not known.
+std::uint8_t Antwort_Laenge(std::uint8_t code) {
+    constexpr std::uint8_t acknowledge = 0x0D, status = 0x0E, slot = 0x0F;
+    if (code == RpBenutzerSlot::Reply.Code) {
+        return slot;
+    }
+    const bool told = code == RpVerbunden::Reply.Code || code == TelUnitVerbinden::Telegram.Code ||
+                      code == RpBlockQuittung::Reply.Code;
+    return told ? status : acknowledge;
+}
+
 } // namespace
 
 Probewelt::Probewelt(const Platform& real) : Welt(real) {
@@ -112,8 +124,7 @@ bool Probewelt::Schritt() {
 
 std::vector<std::uint8_t> Probewelt::Antwort(std::span<const std::uint8_t> telegram) {
     const std::uint8_t code = telegram[2];
-    // The shortest replies that hold what the program reads.
-    const std::uint8_t length = code == RpBenutzerSlot::Reply.Code ? RpBenutzerSlot::Reply.L : RpVerbunden::Reply.L;
+    const std::uint8_t length = Antwort_Laenge(code);
     std::vector<std::uint8_t> reply(length + std::size_t{2}, 0);
     reply[0] = StartByte;
     reply[1] = length;

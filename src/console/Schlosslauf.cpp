@@ -187,12 +187,18 @@ LockEnd Schlosslauf::Ende_Bestimmen() const {
 
 void Schlosslauf::Bericht_Fuellen(LockResult& result) const {
     const RunReport& report = program_.Lauf.Bericht;
-    if (result.End != LockEnd::Done) {
-        result.Text = result.End == LockEnd::Silent ? "no answer for " + std::to_string(order_.TimeoutSeconds) + " s"
-                                                    : Anzeige_Aus_1252(report.Text);
+    if (result.End == LockEnd::Silent) {
+        result.Text = "no answer for " + std::to_string(order_.TimeoutSeconds) + " s";
+    } else if (report.End == RunOutcome::NoPort) {
+        result.Text = Anzeigetext(report.Text); // the port's own words, UTF-8
+    } else if (result.End != LockEnd::Done) {
+        result.Text = Anzeige_Aus_1252(report.Text);
     }
     if (program_.link.Lauf.HistoryFileOpen != 0) {
-        result.HistoryFile = program_.link.Lauf.HistoryFileName;
+        // A directory in UTF-8 and a name in code page 1252, which the platform puts on the disk as UTF-8.
+        const std::string& path = program_.link.Lauf.HistoryFileName;
+        const std::size_t name = program_.kern.HistPfad().size();
+        result.HistoryFile = path.substr(0, name) + NachUtf8(path.substr(name));
     }
     if (order_.HistoryOnly) {
         return;

@@ -1,0 +1,24 @@
+#include "Hauptprogramm.h"
+
+namespace qvm {
+
+ExitCode Befehl_Ausfuehren(const Umgebung& world, const Console& console, const Optionen& options) {
+    switch (options.Wanted) {
+    case Command::Program:
+    case Command::History:
+        return Befehl_Lauf(world, console, options);
+    case Command::Dataset:
+        return Befehl_Dataset(world, console, options.Locks.front());
+    case Command::Export:
+        return Befehl_Export(world, console, options.File);
+    case Command::Import:
+        return Befehl_Import(world, console, options.File);
+    case Command::Check:
+        return Befehl_Check(world, console);
+    case Command::Decode:
+        return Befehl_Decode(world, console, options.File);
+    }
+    return ExitCode::Fault;
+}
+
+} // namespace qvm
