@@ -93,6 +93,15 @@ TEST_F(Datensatz_Finger, a_label_without_a_number_gives_number_0) {
     EXPECT_EQ(dataset.Slots.at(3).FingerNumber, 9);
 }
 
+TEST_F(Datensatz_Finger, the_number_has_three_characters) {
+    files.AddTemplate(1, "1001", "2 : 0 : ");
+    files.AddFinger(1, "Anna", "Slot_Nr: 1234567", "1001");
+    Expect("mind the adapter");
+    ASSERT_EQ(Load(), 0);
+    EXPECT_EQ(dataset.Slots.at(0).Name, "Anna_123_FP     ");
+    EXPECT_EQ(dataset.Slots.at(0).FingerNumber, 123);
+}
+
 TEST_F(Datensatz_Finger, a_finger_user_of_another_type_has_neither_number_nor_template) {
     files.AddUser(1, {.Name = "Anna",
                       .Mark = 'F',
