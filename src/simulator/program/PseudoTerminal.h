@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -11,8 +10,9 @@ namespace qvm {
 
 /// The device end of a serial line whose other end is a terminal device in the file system.
 ///
-/// No handle of that other end is kept open here: an exclusive lock that a killed client left on it would then never go
-/// away. So the line hangs up whenever the last client closes it, and comes back with the next one.
+/// A handle of that other end stays open here: a client that is killed leaves its exclusive lock on the device, and
+/// only an open handle can take the lock off again. So the line never hangs up by itself; clients are seen coming and
+/// going by watching the device's file.
 class PseudoTerminal {
 public:
     PseudoTerminal() = default;
@@ -24,16 +24,26 @@ public:
     bool Open(std::string& fault);
     /// Path of the clients' end.
     const std::string& Name() const { return name_; }
-    int Handle() const { return handle_; }
-    /// What has come; nothing when the line hung up and no byte is left.
-    std::optional<std::vector<std::uint8_t>> Read();
+    /// Becomes readable when bytes have come, and when a client has come or gone.
+    int LineHandle() const { return line_; }
+    int WatchHandle() const { return watch_; }
+    /// Takes note of clients that came and went. True when one has gone: what was on its way to it is dropped.
+    bool UpdateClients();
+    bool HasClient() const { return clients_ > 0; }
+    /// What has come.
+    std::vector<std::uint8_t> Read();
     /// As many of the bytes as the line takes; the count.
     std::size_t Write(std::span<const std::uint8_t> bytes);
     /// Hangs up for good, as when the adapter is pulled out.
     void Close();
 
 private:
-    int handle_ = -1;
+    bool MakeRaw(std::string& fault);
+
+    int line_ = -1;
+    int peer_ = -1;
+    int watch_ = -1;
+    int clients_ = 0;
     std::string name_;
 };
 

@@ -16,9 +16,6 @@ namespace qvm {
 namespace {
 
 constexpr Nanoseconds Millisecond = 1000000;
-/// How often a line that hung up is looked at again. poll cannot wait for the next client: it reports the hang-up at
-/// once, over and over.
-constexpr Nanoseconds HungUpLook = 10 * Millisecond;
 /// A client may close the line for a moment between two sessions.
 constexpr Nanoseconds OnceRest = 2000 * Millisecond;
 constexpr Nanoseconds Forever = 3600 * 1000 * Millisecond;
@@ -52,7 +49,7 @@ SimSurroundings SimulatorLoop::Surroundings() {
     world.Send = [this, now](const std::vector<std::uint8_t>& bytes) { toPc_.Push(bytes, now()); };
     world.Decipher = SimDecipher;
     world.Unplug = [this] { unplugged_ = true; };
-    world.SessionClosed = [this] { SessionClosed(); };
+    world.SessionClosed = [this] { hadSession_ = stateDue_ = true; };
     if (options_.Trace) {
         world.Trace = [this](bool fromPc, std::span<const std::uint8_t> frame) { TraceFrame(fromPc, frame); };
     }
@@ -67,14 +64,15 @@ bool SimulatorLoop::WriteState(std::string& fault) const {
     return options_.State.empty() || FileText_Replace(options_.State, State_ToJson(*system_), fault);
 }
 
-void SimulatorLoop::SessionClosed() {
-    hadSession_ = true;
-    // Behind the reply: writing a file takes longer than the reply may.
-    planned_.emplace(Now(), [this] {
-        if (std::string fault; !WriteState(fault)) {
-            std::fprintf(stderr, "%s\n", fault.c_str());
-        }
-    });
+/// Behind the reply: writing a file takes longer than the reply may.
+void SimulatorLoop::WriteStateWhenIdle() {
+    if (!stateDue_ || !toPc_.Idle() || !unsent_.empty()) {
+        return;
+    }
+    stateDue_ = false;
+    if (std::string fault; !WriteState(fault)) {
+        std::fprintf(stderr, "%s\n", fault.c_str());
+    }
 }
 
 void SimulatorLoop::TraceFrame(bool fromPc, std::span<const std::uint8_t> frame) const {
@@ -84,10 +82,13 @@ void SimulatorLoop::TraceFrame(bool fromPc, std::span<const std::uint8_t> frame)
 }
 
 Nanoseconds SimulatorLoop::NextEvent(Nanoseconds now) const {
-    Nanoseconds next = now + (hungUp_ ? HungUpLook : Forever);
+    Nanoseconds next = now + Forever;
     const auto sooner = [&next](std::optional<Nanoseconds> due) { next = std::min(next, due.value_or(next)); };
     sooner(fromPc_.NextDue());
     sooner(toPc_.NextDue());
+    if (options_.Once && hadSession_ && !terminal_.HasClient()) {
+        sooner(closedSince_ + OnceRest);
+    }
     if (!planned_.empty()) {
         sooner(planned_.begin()->first);
     }
@@ -100,23 +101,23 @@ bool SimulatorLoop::Wait(Nanoseconds duration, int stop) {
     const timespec limit{.tv_sec = static_cast<time_t>(rest / (1000 * Millisecond)),
                          .tv_nsec = static_cast<long>(rest % (1000 * Millisecond))};
     std::array lines{pollfd{.fd = stop, .events = POLLIN, .revents = 0},
-                     pollfd{.fd = hungUp_ ? -1 : terminal_.Handle(), .events = POLLIN, .revents = 0}};
+                     pollfd{.fd = terminal_.WatchHandle(), .events = POLLIN, .revents = 0},
+                     pollfd{.fd = terminal_.LineHandle(), .events = POLLIN, .revents = 0}};
     ::ppoll(lines.data(), lines.size(), &limit, nullptr);
     return lines[0].revents == 0;
 }
 
 void SimulatorLoop::ReadLine() {
-    const auto bytes = terminal_.Read();
-    if (!bytes) {
-        hungUpSince_ = hungUp_ ? hungUpSince_ : Now();
-        hungUp_ = true;
-        finished_ = options_.Once && hadSession_ && Now() - hungUpSince_ > OnceRest;
+    if (terminal_.UpdateClients()) {
+        closedSince_ = Now();
         toPc_.Clear();
         unsent_.clear();
-        return;
     }
-    hungUp_ = false;
-    fromPc_.Push(*bytes, Now());
+    fromPc_.Push(terminal_.Read(), Now());
+}
+
+bool SimulatorLoop::Finished() const {
+    return unplugged_ || (options_.Once && hadSession_ && !terminal_.HasClient() && Now() - closedSince_ >= OnceRest);
 }
 
 void SimulatorLoop::RunDue() {
@@ -141,7 +142,7 @@ void SimulatorLoop::RunDue() {
 void SimulatorLoop::WriteLine() {
     const auto due = toPc_.PopAll(Now());
     unsent_.insert(unsent_.end(), due.begin(), due.end());
-    if (hungUp_) {
+    if (!terminal_.HasClient()) {
         unsent_.clear(); // nobody is there, and the next client must not find it
         return;
     }
@@ -150,7 +151,7 @@ void SimulatorLoop::WriteLine() {
 }
 
 void SimulatorLoop::Run(int stop) {
-    while (!finished_ && !unplugged_) {
+    while (!Finished()) {
         const Nanoseconds now = Now();
         if (!Wait(NextEvent(now) - now, stop)) {
             break;
@@ -158,6 +159,7 @@ void SimulatorLoop::Run(int stop) {
         ReadLine();
         RunDue();
         WriteLine();
+        WriteStateWhenIdle();
     }
     link_.Remove();
     terminal_.Close();

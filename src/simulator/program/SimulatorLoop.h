@@ -44,9 +44,10 @@ private:
     Nanoseconds NextEvent(Nanoseconds now) const;
     bool Wait(Nanoseconds duration, int stop);
     void ReadLine();
+    bool Finished() const;
     void RunDue();
     void WriteLine();
-    void SessionClosed();
+    void WriteStateWhenIdle();
     void TraceFrame(bool fromPc, std::span<const std::uint8_t> frame) const;
 
     SimulatorOptions options_;
@@ -57,11 +58,10 @@ private:
     std::unique_ptr<VirtualSystem> system_;
     std::multimap<Nanoseconds, std::function<void()>> planned_;
     Nanoseconds eventTime_ = -1; ///< the due time of the event being handled; -1 between events
-    bool hungUp_ = true;
-    Nanoseconds hungUpSince_ = 0;
+    Nanoseconds closedSince_ = 0;
     bool unplugged_ = false;
     bool hadSession_ = false;
-    bool finished_ = false;
+    bool stateDue_ = false;
     std::vector<std::uint8_t> unsent_;
 };
 
