@@ -13,6 +13,7 @@
 #include <sys/file.h>
 #include <sys/ioctl.h>
 #include <sys/stat.h>
+#include <sys/sysmacros.h>
 #include <unistd.h>
 
 namespace qvm {
@@ -38,16 +39,21 @@ std::string NoRightText(const std::string& device) {
     return text;
 }
 
+/// True when the device is in exclusive mode, which does not keep the administrator out, and somebody has it open.
+bool ExclusivelyHeld(const std::string& device, int handle) {
+    int exclusive = 0;
+    return ::ioctl(handle, TIOCGEXCL, &exclusive) == 0 && exclusive != 0 && !PortHolder_Name(device, handle).empty();
+}
+
 /// 0 when the device is held now, else an errno value.
-int Take(const FileHandle& handle) {
+int Take(const std::string& device, const FileHandle& handle) {
     if (!handle.Good()) {
         return errno;
     }
     if (::isatty(handle.Number()) == 0) {
         return ENOTTY;
     }
-    int exclusive = 0;
-    if (::ioctl(handle.Number(), TIOCGEXCL, &exclusive) == 0 && exclusive != 0) {
+    if (ExclusivelyHeld(device, handle.Number())) {
         return EBUSY;
     }
     return ::flock(handle.Number(), LOCK_EX | LOCK_NB) == 0 ? 0 : errno;
@@ -56,10 +62,19 @@ int Take(const FileHandle& handle) {
 } // namespace
 
 PortGuard::PortGuard(const std::string& device) : handle_(device, O_RDWR | O_NONBLOCK) {
-    if (const int error = Take(handle_); error != 0) {
+    if (const int error = Take(device, handle_); error != 0) {
         // Closed first, or this program would be found as the one that holds the device.
         handle_.Close();
         fault_ = PortFault_Text(device, error);
+    }
+}
+
+void PortGuard::ExclusiveModeSet() const {
+    // Numbers of the terminals of /dev/pts.
+    constexpr unsigned first = 136, last = 143;
+    struct stat info {};
+    if (::fstat(handle_.Number(), &info) == 0 && major(info.st_rdev) >= first && major(info.st_rdev) <= last) {
+        ::ioctl(handle_.Number(), TIOCNXCL);
     }
 }
 

@@ -17,6 +17,10 @@ public:
     /// Empty when the device is held. Code page 1252, as all texts of PortGuard and PortFault.
     const std::string& Fault() const { return fault_; }
 
+    /// To be called when the device was put into its exclusive mode. Takes a pseudo-terminal out of it again: the mode
+    /// outlives a crashed program there, as long as the other end lives, and would keep out everybody for good.
+    void ExclusiveModeSet() const;
+
 private:
     FileHandle handle_;
     std::string fault_;

@@ -33,13 +33,13 @@ bool IsNumber(std::string_view name) {
            std::all_of(name.begin(), name.end(), [](unsigned char digit) { return std::isdigit(digit) != 0; });
 }
 
-bool Holds(const std::string& process, dev_t device) {
+bool Holds(const std::string& process, dev_t device, const std::string& except) {
     const std::string handles = process + "/fd/";
     const std::vector<std::string> names = Entries(handles);
     return std::any_of(names.begin(), names.end(), [&](const std::string& name) {
         struct stat info {};
-        return IsNumber(name) && ::stat((handles + name).c_str(), &info) == 0 && S_ISCHR(info.st_mode) &&
-               info.st_rdev == device;
+        return IsNumber(name) && name != except && ::stat((handles + name).c_str(), &info) == 0 &&
+               S_ISCHR(info.st_mode) && info.st_rdev == device;
     });
 }
 
@@ -56,7 +56,7 @@ std::string NameOf(const std::string& process) {
 
 } // namespace
 
-std::string PortHolder_Name(const std::string& device) {
+std::string PortHolder_Name(const std::string& device, int ownHandle) {
     struct stat info {};
     if (::stat(device.c_str(), &info) != 0 || !S_ISCHR(info.st_mode)) {
         return {};
@@ -64,7 +64,8 @@ std::string PortHolder_Name(const std::string& device) {
     const std::string self = std::to_string(::getpid());
     for (const std::string& number : Entries("/proc")) {
         const std::string process = "/proc/" + number;
-        if (IsNumber(number) && number != self && Holds(process, info.st_rdev)) {
+        const std::string except = number == self ? std::to_string(ownHandle) : std::string();
+        if (IsNumber(number) && Holds(process, info.st_rdev, except)) {
             const std::string name = NameOf(process);
             return (name.empty() ? "process" : name) + " (" + number + ")";
         }

@@ -10,6 +10,7 @@
 #include <climits>
 #include <cstdlib>
 #include <linux/serial.h>
+#include <poll.h>
 #include <sys/ioctl.h>
 #include <utility>
 
@@ -30,6 +31,12 @@ void AskLowLatency(int handle) {
         settings.flags |= ASYNC_LOW_LATENCY;
         ::ioctl(handle, TIOCSSERIAL, &settings);
     }
+}
+
+/// QSerialPort takes a device that is full for one that is broken, unless it is left to wait for room.
+bool TakesBytes(int handle) {
+    pollfd line{.fd = handle, .events = POLLOUT, .revents = 0};
+    return ::poll(&line, 1, 0) == 1 && (line.revents & POLLOUT) != 0;
 }
 
 /// What QSerialPort reports although the port works: a pseudo-terminal has no lines.
@@ -56,7 +63,6 @@ SerialLine::~SerialLine() {
 bool SerialLine::Open(const std::string& device) {
     Close();
     const std::string real = Resolved(device);
-    // A link that leads nowhere is named by itself.
     device_ = real;
     guard_ = std::make_unique<PortGuard>(real);
     if (!guard_->Fault().empty()) {
@@ -74,6 +80,7 @@ bool SerialLine::Open(const std::string& device) {
                     : AusUtf8(real + " cannot be set up: " + port_->errorString().toStdString() + "."));
         return false;
     }
+    guard_->ExclusiveModeSet();
     AskLowLatency(port_->handle());
     port_->clear();
     fault_.clear();
@@ -124,9 +131,12 @@ void SerialLine::Write(std::span<const std::uint8_t> bytes) {
     if (!IsOpen() || bytes.empty()) {
         return;
     }
+    // At once if the device takes it, not at the next turn of the event loop. What does not fit follows by itself.
+    const bool now = port_->bytesToWrite() == 0 && TakesBytes(port_->handle());
     port_->write(reinterpret_cast<const char*>(bytes.data()), static_cast<qint64>(bytes.size()));
-    // Not at the next turn of the event loop, but now.
-    port_->flush();
+    if (now) {
+        port_->flush();
+    }
 }
 
 void SerialLine::OnByte(std::function<void(std::uint8_t)> receiver) {
