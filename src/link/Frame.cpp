@@ -1,5 +1,7 @@
 #include "Frame.h"
 
+#include <algorithm>
+
 namespace qvm {
 namespace {
 
@@ -33,10 +35,10 @@ void Startbyte_Suchen(Empfaenger& rx, std::uint8_t byte) {
     }
 }
 
-/// True when the state cannot be one of this automaton: the other one began the frame, and its indexes would lead out
-/// of the buffer. The automaton is back in state 0 then.
-bool Fremder_Zustand(Empfaenger& rx, int lastIndex) {
-    if (rx.RxIndex >= 0 && rx.RxIndex < BufferSize && rx.RxLength >= 0 && lastIndex < BufferSize) {
+/// True when the write position cannot be one of this automaton at this point: the other one began the frame. The
+/// automaton is back in state 0 then.
+bool Fremder_Zustand(Empfaenger& rx, int first, int last) {
+    if (rx.RxIndex >= first && rx.RxIndex <= last && last < BufferSize) {
         return false;
     }
     rx.Ruecksetzen();
@@ -57,7 +59,8 @@ RxResult Abschliessen(Empfaenger& rx, int sumIndex, int last, int size) {
 }
 
 RxResult Seriell_Koerper(Empfaenger& rx, std::uint8_t byte) {
-    if (Fremder_Zustand(rx, rx.RxLength + 2)) {
+    const bool serialLength = rx.RxLength >= 1 && rx.RxLength <= 0xFF;
+    if (Fremder_Zustand(rx, 2, serialLength ? rx.RxLength + 2 : 0)) {
         return RxResult::TooLong;
     }
     const bool stuffed = rx.RxLastByte == StartByte && byte == 0;
@@ -71,7 +74,7 @@ RxResult Seriell_Koerper(Empfaenger& rx, std::uint8_t byte) {
 }
 
 RxResult Netzwerk_Kopf(Empfaenger& rx, std::uint8_t byte) {
-    if (Fremder_Zustand(rx, 0)) {
+    if (Fremder_Zustand(rx, 1, NetworkHeader - 1)) {
         return RxResult::TooLong;
     }
     if (rx.RxLastByte == StartByte && byte == 0) {
@@ -101,7 +104,7 @@ bool Ohne_Pruefsumme(const Empfaenger& rx) {
 }
 
 RxResult Netzwerk_Koerper(Empfaenger& rx, std::uint8_t byte) {
-    if (Fremder_Zustand(rx, rx.RxLength)) {
+    if (Fremder_Zustand(rx, NetworkHeader, std::max(rx.RxLength, NetworkHeader))) {
         return RxResult::TooLong;
     }
     const bool stuffed = rx.RxLastByte == StartByte && byte == 0;

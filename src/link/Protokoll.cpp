@@ -3,6 +3,7 @@
 #include "LayoutSuche.h"
 #include "Telegramme.h"
 #include "Text.h"
+#include "Zusammen.h"
 
 #include <algorithm>
 
@@ -19,7 +20,7 @@ bool Gesendet(Way way) {
 std::string Hex(Bytes bytes) {
     std::string text;
     for (const std::uint8_t byte : bytes) {
-        text += (text.empty() ? "" : " ") + HexText(byte, 2);
+        text.append(text.empty() ? "" : " ").append(HexText(byte, 2));
     }
     return text;
 }
@@ -74,15 +75,20 @@ std::string Textwert(Bytes bytes) {
     std::string text = "\"";
     for (const std::uint8_t byte : bytes.first(size)) {
         const bool plain = byte >= 0x20 && byte < 0x7F && byte != '"' && byte != '\\' && byte != '|';
-        text += plain ? std::string(1, static_cast<char>(byte)) : "\\x" + HexText(byte, 2);
+        if (plain) {
+            text.push_back(static_cast<char>(byte));
+        } else {
+            text.append("\\x").append(HexText(byte, 2));
+        }
     }
-    return text + "\"";
+    text.push_back('"');
+    return text;
 }
 
 std::string Zeilenwert(Bytes bytes, std::size_t width) {
     std::string text;
     for (std::size_t n = 0; n < bytes.size(); n += width) {
-        text += (text.empty() ? "" : " / ") + Hex(bytes.subspan(n, std::min(width, bytes.size() - n)));
+        text.append(text.empty() ? "" : " / ").append(Hex(bytes.subspan(n, std::min(width, bytes.size() - n))));
     }
     return text;
 }
@@ -145,8 +151,8 @@ void Rahmen_Pruefen(const Mitschnitt& frame, const std::vector<bool>& hidden, De
     const std::size_t length = frame.Bytes[1];
     const std::size_t sumIndex = length + (Gesendet(frame.Way) ? 1 : 2);
     if (frame.Bytes.size() != sumIndex + 1) {
-        out.Remarks.push_back("the length byte calls for " + Ziffern(static_cast<std::int64_t>(sumIndex) + 1) +
-                              " bytes, there are " + Ziffern(std::ssize(frame.Bytes)));
+        out.Remarks.push_back(Zusammen({"the length byte calls for ", Ziffern(static_cast<std::int64_t>(sumIndex) + 1),
+                                        " bytes, there are ", Ziffern(std::ssize(frame.Bytes))}));
         return;
     }
     const bool known = std::find(hidden.begin(), hidden.end(), true) == hidden.end();
@@ -215,15 +221,15 @@ DecodedTelegram Dekodieren(const Mitschnitt& frame, Geheimnis secrets) {
 
 std::string Telegramm_Text(const DecodedTelegram& telegram) {
     std::string text = telegram.Name;
-    char separator = ':';
+    std::string_view separator = ": ";
     for (const DecodedField& field : telegram.Fields) {
         if (!field.Constant) {
-            text += separator + std::string(" ") + field.Name + " " + field.Text;
-            separator = ',';
+            text += Zusammen({separator, field.Name, " ", field.Text});
+            separator = ", ";
         }
     }
     for (const std::string& remark : telegram.Remarks) {
-        text += " [" + remark + "]";
+        text += Zusammen({" [", remark, "]"});
     }
     return text;
 }
@@ -236,9 +242,9 @@ std::string Protokoll_Zeile(const Mitschnitt& frame, Geheimnis secrets) {
     const std::vector<bool> hidden = Verborgene(frame, secrets);
     std::string line = Gesendet(frame.Way) ? ">" : "<";
     for (std::size_t n = 0; n < frame.Bytes.size(); ++n) {
-        line += hidden[n] ? " **" : " " + HexText(frame.Bytes[n], 2);
+        line.append(" ").append(hidden[n] ? std::string("**") : HexText(frame.Bytes[n], 2));
     }
-    return line + " | " + Telegramm_Text(Dekodieren(frame, secrets));
+    return line.append(" | ").append(Telegramm_Text(Dekodieren(frame, secrets)));
 }
 
 } // namespace qvm

@@ -1,6 +1,7 @@
 #include "LayoutSuche.h"
 #include "Protokoll.h"
 #include "Text.h"
+#include "Zusammen.h"
 
 #include <algorithm>
 #include <array>
@@ -50,13 +51,13 @@ std::string Wort_Lesen(std::string_view word, Zeilenbytes& out) {
         }
     }
     if (digits.size() % 2 != 0) {
-        return "'" + std::string(word.substr(0, 20)) + "' is no row of hexadecimal bytes";
+        return Zusammen({"'", word.substr(0, 20), "' is no row of hexadecimal bytes"});
     }
     for (std::size_t n = 0; n < digits.size(); n += 2) {
         const std::string_view pair = digits.substr(n, 2);
         const std::int64_t value = HexWert(pair);
         if (value < 0 && pair != "**") {
-            return "'" + std::string(pair) + "' is no hexadecimal byte";
+            return Zusammen({"'", pair, "' is no hexadecimal byte"});
         }
         out.Anhaengen(static_cast<std::uint8_t>(std::max<std::int64_t>(value, 0)), value < 0);
     }
@@ -220,9 +221,9 @@ private:
             }
         }
         if (frames == 0) {
-            Fehler("no frame with a good checksum in " + Ziffern(std::ssize(bytes)) + " bytes");
+            Fehler(Zusammen({"no frame with a good checksum in ", Ziffern(std::ssize(bytes)), " bytes"}));
         } else if (skipped > 0) {
-            Fehler(Ziffern(static_cast<std::int64_t>(skipped)) + " bytes belong to no frame");
+            Fehler(Zusammen({Ziffern(static_cast<std::int64_t>(skipped)), " bytes belong to no frame"}));
         }
     }
 

@@ -2,6 +2,7 @@
 
 #include "Telegramme.h"
 #include "Text.h"
+#include "Zusammen.h"
 
 namespace qvm {
 namespace {
@@ -28,40 +29,40 @@ neither them nor the checksum of their frame unless it is asked to.
 )";
 
 std::string Hex2(unsigned value) {
-    return "0x" + HexText(value, 2);
+    return Zusammen({"0x", HexText(value, 2)});
 }
 
 std::string Stellen(const Field& field) {
     const std::string first = Ziffern(field.Offset);
-    return field.Width == 1 ? first : first + ".." + Ziffern(field.End() - 1);
+    return field.Width == 1 ? first : Zusammen({first, "..", Ziffern(field.End() - 1)});
 }
 
 std::string Feldtext(const Field& field) {
     std::string text = Stellen(field);
     switch (field.Is) {
     case Kind::Fixed:
-        return text + " = " + Hex2(field.Detail);
+        return Zusammen({text, " = ", Hex2(field.Detail)});
     case Kind::Word:
-        return text + ": " + std::string(field.Name) + ", high byte first";
+        return Zusammen({text, ": ", field.Name, ", high byte first"});
     case Kind::Rows: {
         const int rows = (field.Width + field.Detail - 1) / field.Detail;
-        return text + ": " + Ziffern(rows) + " " + std::string(field.Name) + " of " + Ziffern(field.Detail) + " bytes";
+        return Zusammen({text, ": ", Ziffern(rows), " ", field.Name, " of ", Ziffern(field.Detail), " bytes"});
     }
     case Kind::UserCode:
     case Kind::AdminCode:
-        return text + ": " + std::string(field.Name) + " (hidden)";
+        return Zusammen({text, ": ", field.Name, " (hidden)"});
     case Kind::Byte:
     case Kind::Text:
     case Kind::Bytes:
         break;
     }
-    return text + ": " + std::string(field.Name);
+    return Zusammen({text, ": ", field.Name});
 }
 
 std::string Felderliste(const Layout& layout) {
     std::string text;
     for (const Field& field : layout.Fields) {
-        text += (text.empty() ? "" : "; ") + Feldtext(field);
+        text.append(text.empty() ? "" : "; ").append(Feldtext(field));
     }
     return text.empty() ? "none" : text;
 }
@@ -86,18 +87,19 @@ std::string Laengentext(const Layout& layout) {
     if (layout.Shortest == 0) {
         return Hex2(layout.L);
     }
-    return Hex2(layout.Shortest) + " to " + Hex2(layout.L) + ", a row each " + Ziffern(Zeilenfeld(layout)->Detail);
+    return Zusammen(
+        {Hex2(layout.Shortest), " to ", Hex2(layout.L), ", a row each ", Ziffern(Zeilenfeld(layout)->Detail)});
 }
 
 std::string Sendezeile(const Layout& layout) {
-    return "| " + Hex2(layout.Code) + " | `" + std::string(layout.Name) + "` | " + Laengentext(layout) + " | " +
-           std::string(Machart(layout.How)) + " | " + Felderliste(layout) + " | " + std::string(layout.Note) + " |\n";
+    return Zusammen({"| ", Hex2(layout.Code), " | `", layout.Name, "` | ", Laengentext(layout), " | ",
+                     Machart(layout.How), " | ", Felderliste(layout), " | ", layout.Note, " |\n"});
 }
 
 std::string Antwortzeile(const Layout& layout) {
-    return "| " + Hex2(layout.Code) + " | `" + std::string(layout.Name) + "` | " +
-           (layout.Fields.empty() ? std::string("any") : Hex2(layout.L)) + " | " + Felderliste(layout) + " | " +
-           std::string(layout.Note) + " |\n";
+    return Zusammen({"| ", Hex2(layout.Code), " | `", layout.Name, "` | ",
+                     layout.Fields.empty() ? std::string("any") : Hex2(layout.L), " | ", Felderliste(layout), " | ",
+                     layout.Note, " |\n"});
 }
 
 } // namespace
@@ -119,7 +121,8 @@ std::string Telegramm_Dokument() {
     text += "\n`RpQuittung`, a plain acknowledge of which only the code is read:\n";
     std::size_t column = 0;
     for (const std::uint8_t code : QuittungCodes) {
-        text += (column % 14 == 0 ? "\n" : " ") + Hex2(code) + (column + 1 < QuittungCodes.size() ? "," : ".");
+        const bool last = column + 1 == QuittungCodes.size();
+        text += Zusammen({column % 14 == 0 ? "\n" : " ", Hex2(code), last ? "." : ","});
         ++column;
     }
     text += "\n";

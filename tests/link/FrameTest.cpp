@@ -327,5 +327,13 @@ TEST(Empfang, a_long_network_frame_left_half_read_does_not_lead_the_serial_autom
     EXPECT_EQ(Feed(rx, Empfang_Seriell, "02 03 06 55 AA 7D"), Results{RxResult::Frame});
 }
 
+TEST(Empfang, a_network_frame_of_length_0_left_half_read_is_no_serial_frame) {
+    Empfaenger rx;
+    Feed(rx, Empfang_Netzwerk, "02 05 02 00 01 00 00");
+    ASSERT_EQ(rx.RxState, 2);
+    EXPECT_EQ(Feed(rx, Empfang_Seriell, "55"), Results{RxResult::TooLong});
+    EXPECT_EQ(rx.RxState, 0);
+}
+
 } // namespace
 } // namespace qvm
