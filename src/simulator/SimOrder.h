@@ -1,61 +1,12 @@
 #pragma once
 
+#include "SimSteps.h"
+
 #include <cstdint>
-#include <span>
 #include <string>
 
 /// What may follow what in a session, as a device sees it.
 namespace qvm {
-
-enum class Step : std::uint8_t {
-    None, // no session yet
-    Login,
-    Date,
-    Time,
-    HistoryFirst,
-    HistoryNext,
-    Priority,
-    Erase,
-    Alive,
-    Calendar,
-    Listen,
-    Reader,
-    A0,
-    A1,
-    A2,
-    AShort,
-    B0,
-    B1,
-    BShort,
-    Single0,
-    Single1,
-    Single2,
-    Perm0,
-    Perm1,
-    Perm2,
-    UserBegin,
-    Name1,
-    Name2,
-    UserData,
-    Finger,
-    Id1,
-    Id2,
-    Groups,
-    LockTimer,
-    LockMode,
-    DataEnd,
-    Close,
-    ChannelRead,
-    ChannelAct,
-    ChannelSet,
-    CodeChange,
-    UnitSetting,
-    UnitOpen,
-    UnitKey,
-    UnitConnect,
-    UnitBlock,
-    UnitDisconnect,
-};
 
 /// How the lock's timer tables came, which decides whether user time groups follow.
 enum class TimerTables : std::uint8_t { Unknown, None, Short, Parts };
@@ -66,10 +17,6 @@ struct Session {
     Step Last = Step::None;
     TimerTables Tables = TimerTables::Unknown;
 };
-
-/// The step that a telegram with a known form is. None for those to the adapter itself.
-Step StepOf(std::span<const std::uint8_t> frame);
-const char* StepName(Step step);
 
 /// Why this step is not due in a lock's session; empty when it is. `serial`: the lock's serial as a number.
 std::string LockOrderFault(const Session& session, Step next, std::uint32_t serial);
