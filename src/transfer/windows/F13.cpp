@@ -8,7 +8,7 @@ namespace {
 
 namespace Col = F13Column;
 
-constexpr int HighestPort = 15;
+constexpr int LowestPort = 1, HighestPort = 15;
 
 std::string_view Schalter(const std::string& cell) {
     return Trim(cell);
@@ -47,7 +47,7 @@ int F13::Adapter_Port(int row, bool& stop) {
         return run.link.PortNummer;
     }
     if (FGK13.Text(row, Col::AdapterId).empty()) {
-        kern.Meldung(kern.Zeile(198));
+        kern.Meldung(kern.Zeile(198), Buttons::Ok, Icon::Exclamation);
         stop = true;
         return KeinPort;
     }
@@ -55,7 +55,9 @@ int F13::Adapter_Port(int row, bool& stop) {
     if (adapter == nullptr) {
         adapter = Adapter_Finden(Adapter, FGK13.Text(row, Col::AdapterName));
     }
-    return adapter == nullptr ? KeinPort : static_cast<int>(Zahlwert(adapter->Port));
+    // An entry without a usable port number is as good as none.
+    const int port = adapter == nullptr ? KeinPort : static_cast<int>(Zahlwert(adapter->Port));
+    return port < LowestPort ? KeinPort : port;
 }
 
 bool F13::Port_Vorbereiten(int row) {
@@ -65,11 +67,11 @@ bool F13::Port_Vorbereiten(int row) {
         return false;
     }
     if (port == KeinPort) {
-        kern.Meldung(kern.Zeile(192) + "\r\n" + kern.Zeile(193));
+        kern.Meldung(kern.Zeile(192) + "\r\n" + kern.Zeile(193), Buttons::Ok, Icon::Exclamation);
         return false;
     }
     if (port > HighestPort) {
-        kern.Meldung(kern.Zeile(194));
+        kern.Meldung(kern.Zeile(194), Buttons::Ok, Icon::Exclamation);
         return false;
     }
     // A port that cannot be opened shows at the first telegram.
@@ -140,8 +142,9 @@ bool F13::Datensatz(int row) {
 
 void F13::F11_Oeffnen(int row) {
     Fenster.Enabled = false;
+    // By address first, as the port is found.
     const std::string& id = FGK13.Text(row, Col::AdapterId);
-    f11.F11_Laden(F11Opener::F13, id.empty() ? FGK13.Text(row, Col::AdapterName) : id);
+    f11.F11_Laden(F11Opener::F13, Adapter_Finden(Adapter, id) != nullptr ? id : FGK13.Text(row, Col::AdapterName));
 }
 
 void F13::Programmieren(int row) {
@@ -173,7 +176,7 @@ void F13::Historie(int row) {
     if (!Ziel_Setzen(row)) {
         return;
     }
-    if (kern.Meldung(kern.Zeile(65), Buttons::OkCancel) != Answer::Ok) {
+    if (kern.Meldung(kern.Zeile(65), Buttons::OkCancel, Icon::Question) != Answer::Ok) {
         return;
     }
     RunState& lauf = run.link.Lauf;

@@ -20,6 +20,7 @@ void F13::F13_FormLaden() {
     Timer1.Start(10);
     Timer2.Start(800);
     Aufrufer = CallerCode;
+    hoverRow_ = hoverColumn_ = -1;
     run.link.Lauf.RunRow = run.link.Lauf.RunRows = 0;
     TuerInfo_laden();
     Adapter_Spalten_Laden();
@@ -28,7 +29,9 @@ void F13::F13_FormLaden() {
 
 void F13::Del_FGK13_ICON(int row, int column) {
     for (int c = column; c < column + 4; ++c) {
-        FGK13.Set(row, c, Cell{});
+        Cell blank;
+        blank.FontSize = FGK13.At(row, c).FontSize;
+        FGK13.Set(row, c, blank);
     }
 }
 
