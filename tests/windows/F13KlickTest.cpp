@@ -1,0 +1,491 @@
+// Clicks on the cells of F13, column by column.
+
+#include "FensterFixture.h"
+
+namespace qvm::test {
+namespace {
+
+namespace Col = F13Column;
+
+struct F13_Klick : FensterFixture {
+    int Code_Windows = 0;
+    std::vector<std::uint8_t> SentBeforeCode;
+
+    void Open() {
+        Begin();
+        programm->F13.F17_Oeffnen = [this] {
+            ++Code_Windows;
+            SentBeforeCode = world.Written;
+        };
+    }
+    bool StartOpen() { return programm->F11.Fenster.Visible; }
+    bool GridEnabled() { return programm->F13.Fenster.Enabled; }
+
+    /// 48 users where a lock of this range holds 47: the dataset ends with line 248.
+    static constexpr std::string_view SmallLock = "01.20.00.01";
+    void TooManyUsers() {
+        for (int user = 1; user <= 48; ++user) {
+            files.User(user, {.Name = "U" + std::to_string(user), .Marks = {{1, 'X'}}});
+        }
+    }
+};
+
+TEST_F(F13_Klick, a_white_cell_does_nothing_at_all) {
+    SettledLock(1, "Tor");
+    Open();
+    Lauf().TwoPassFlag = 1;
+    const int opens = world.Opens;
+    Click(1, Col::Name);
+    Click(2, Col::Program); // a row without a serial
+    Click(2, Col::Mark);
+    EXPECT_EQ(Lauf().TwoPassFlag, 1);
+    EXPECT_EQ(world.Opens, opens);
+    EXPECT_EQ(Mark(2), "");
+    EXPECT_FALSE(StartOpen());
+}
+
+TEST_F(F13_Klick, the_header_cells_outside_and_a_disabled_window_do_nothing) {
+    SettledLock(1, "Tor");
+    Open();
+    Lauf().TwoPassFlag = 1;
+    programm->F13.FGK13.SetBackColor(0, Col::Program, 0xE0E0E0);
+    Click(0, Col::Program);
+    Click(-1, Col::Program);
+    Click(201, Col::Program);
+    Click(1, 16);
+    Click(1, -1);
+    programm->F13.Fenster.Enabled = false;
+    Click(1, Col::Mark);
+    EXPECT_EQ(Lauf().TwoPassFlag, 1);
+    EXPECT_EQ(Mark(1), "");
+}
+
+TEST_F(F13_Klick, clears_all_flags_of_an_earlier_run) {
+    SettledLock(1, "Tor");
+    Open();
+    RunState& lauf = Lauf();
+    lauf.HistoryOnly = lauf.ReadHistoryFirst = lauf.NetMode = lauf.KanalSuche = lauf.KanalIndex = 9;
+    lauf.LaufZiel = "UNIT";
+    lauf.UnitModus = 0xFD;
+    lauf.AbbruchWunsch = lauf.TwoPassFlag = lauf.SuchLauf = lauf.SuchMarke = 0xAD;
+    lauf.WiederholZaehler = 12;
+    lauf.HistoryFileOpen = 1;
+    lauf.HistoryStop = 0xFF;
+    lauf.IdMarke = "P";
+    lauf.RunRow = 1;
+    lauf.RunRows = 4;
+    programm->link.DeviceClassByte = 0xC3;
+    programm->link.AddressMode = 1;
+    Click(1, Col::Status); // a cell with a picture and no action of its own
+    EXPECT_EQ(lauf.HistoryOnly, 0);
+    EXPECT_EQ(lauf.ReadHistoryFirst, 0);
+    EXPECT_EQ(lauf.NetMode, 0);
+    EXPECT_EQ(lauf.KanalSuche, 0);
+    EXPECT_EQ(lauf.KanalIndex, 0);
+    EXPECT_EQ(lauf.LaufZiel, "");
+    EXPECT_EQ(lauf.UnitModus, 0);
+    EXPECT_EQ(lauf.AbbruchWunsch, 0);
+    EXPECT_EQ(lauf.TwoPassFlag, 0);
+    EXPECT_EQ(lauf.SuchLauf, 0);
+    EXPECT_EQ(lauf.SuchMarke, 0);
+    EXPECT_EQ(lauf.WiederholZaehler, 0);
+    EXPECT_EQ(lauf.HistoryFileOpen, 0);
+    EXPECT_EQ(lauf.HistoryStop, 0);
+    EXPECT_EQ(lauf.IdMarke, "");
+    EXPECT_EQ(lauf.RunRow, 0);
+    EXPECT_EQ(lauf.RunRows, 0);
+    EXPECT_EQ(programm->link.DeviceClassByte, 0x11);
+    EXPECT_EQ(programm->link.AddressMode, 0);
+}
+
+TEST_F(F13_Klick, closes_an_open_port_and_opens_the_locks_port) {
+    SettledLock(4, "Tor");
+    Open();
+    world.PortOpen = true;
+    Click(4, Col::Status);
+    EXPECT_EQ(world.Closes, 1);
+    EXPECT_TRUE(world.PortOpen);
+    EXPECT_EQ(world.PortNumber, 5);
+    EXPECT_EQ(programm->F13.FGK13.Row, 4);
+    EXPECT_EQ(programm->Lauf.LockName, "Tor");
+    EXPECT_EQ(programm->Lauf.LockNumber, 4);
+    EXPECT_FALSE(StartOpen());
+    EXPECT_THAT(world.Written, IsEmpty());
+}
+
+// ---- the mark
+
+TEST_F(F13_Klick, the_mark_cell_flips_the_X_in_grey_sixteen_points) {
+    SettledLock(1, "Tor");
+    Open();
+    Click(1, Col::Mark);
+    const Cell cell = programm->F13.FGK13.At(1, Col::Mark);
+    EXPECT_EQ(cell.Text, "X");
+    EXPECT_EQ(cell.FontSize, 16);
+    EXPECT_EQ(cell.ForeColor, 0x808080U);
+    Click(1, Col::Mark);
+    EXPECT_EQ(Mark(1), "");
+}
+
+TEST_F(F13_Klick, a_lock_without_a_name_takes_no_mark) {
+    SettledLock(1, "");
+    Open();
+    Click(1, Col::Mark);
+    EXPECT_EQ(Mark(1), "");
+}
+
+// ---- program, channel settled
+
+TEST_F(F13_Klick, program_asks_for_the_history_with_no_as_default) {
+    SettledLock(1, "Tor");
+    Open();
+    OpenStart();
+    ASSERT_EQ(world.Shown.size(), 1U);
+    EXPECT_EQ(world.Shown[0], (Message{.Text = "L63",
+                                       .Title = "L90",
+                                       .Choice = Buttons::YesNoCancel,
+                                       .Sign = Icon::Question,
+                                       .DefaultButton = 2}));
+}
+
+TEST_F(F13_Klick, program_with_yes_reads_the_history_first) {
+    SettledLock(1, "Tor");
+    Open();
+    Expect(63, Answer::Yes);
+    Click(1, Col::Program);
+    EXPECT_EQ(Lauf().HistoryOnly, 0);
+    EXPECT_EQ(Lauf().ReadHistoryFirst, 1);
+    EXPECT_EQ(Lauf().NetMode, 0xFF);
+    EXPECT_TRUE(StartOpen());
+    EXPECT_FALSE(GridEnabled());
+}
+
+TEST_F(F13_Klick, program_with_no_only_programs) {
+    SettledLock(1, "Tor");
+    Open();
+    OpenStart();
+    EXPECT_EQ(Lauf().HistoryOnly, 0);
+    EXPECT_EQ(Lauf().ReadHistoryFirst, 0);
+    EXPECT_EQ(Lauf().NetMode, 0);
+    EXPECT_EQ(Lauf().KanalSuche, 0);
+    EXPECT_EQ(programm->link.TargetChannel, 3);
+    EXPECT_EQ(Lauf().SerialValue, 0x000A1001U);
+    EXPECT_EQ(programm->link.TargetAddress, (Address{0x00, 0x0A, 0x10, 0x01}));
+    EXPECT_EQ(Lauf().LockAddress, (Address{0x00, 0x0A, 0x10, 0x01}));
+    EXPECT_FALSE(GridEnabled());
+    EXPECT_EQ(Mark(1), "X");
+    EXPECT_THAT(world.Written, IsEmpty());
+}
+
+TEST_F(F13_Klick, program_with_cancel_ends_before_the_dataset_and_leaves_the_mark) {
+    SettledLock(1, "Tor", SmallLock);
+    TooManyUsers();
+    Open();
+    Expect(63, Answer::Cancel);
+    Click(1, Col::Program);
+    EXPECT_FALSE(StartOpen());
+    EXPECT_TRUE(GridEnabled());
+    EXPECT_EQ(Mark(1), "X");
+    EXPECT_EQ(Lauf().ReadHistoryFirst, 0);
+}
+
+TEST_F(F13_Klick, a_second_click_on_program_takes_the_mark_away_again) {
+    SettledLock(1, "Tor");
+    Open();
+    Expect(63, Answer::Cancel);
+    Expect(63, Answer::Cancel);
+    Click(1, Col::Program);
+    Click(1, Col::Program);
+    EXPECT_EQ(Mark(1), "");
+}
+
+TEST_F(F13_Klick, a_mark_set_by_program_remains_when_the_dialog_is_cancelled) {
+    SettledLock(1, "Tor");
+    Open();
+    OpenStart();
+    programm->F11.Cancel_Click();
+    EXPECT_EQ(Mark(1), "X");
+    EXPECT_TRUE(GridEnabled());
+}
+
+TEST_F(F13_Klick, of_a_settled_lock_the_question_comes_before_the_dataset) {
+    SettledLock(1, "Tor", SmallLock);
+    TooManyUsers();
+    Open();
+    Expect(63, Answer::Yes);
+    Expect(248);
+    Click(1, Col::Program);
+    EXPECT_FALSE(StartOpen());
+    EXPECT_TRUE(GridEnabled());
+    EXPECT_TRUE(programm->F13.Fenster.Visible);
+}
+
+TEST_F(F13_Klick, of_a_settled_lock_a_wrong_serial_ends_behind_the_question) {
+    SettledLock(1, "Tor", "0G.0A.10.01");
+    Open();
+    Expect(63, Answer::No);
+    Click(1, Col::Program);
+    EXPECT_FALSE(StartOpen());
+    EXPECT_TRUE(GridEnabled());
+    EXPECT_EQ(Mark(1), "X");
+}
+
+TEST_F(F13_Klick, the_values_of_the_dataset_stand_when_the_dialog_opens) {
+    SettledLock(1, "Tor", SerialS, "XX X ");
+    files.User(1, {.Name = "Anna", .Marks = {{1, 'X'}}});
+    Open();
+    OpenStart();
+    EXPECT_EQ(programm->Lauf.Daten.Slots.size(), 1U);
+    EXPECT_EQ(Lauf().FlagLockTimer, 0);
+    EXPECT_EQ(Lauf().FlagCalendar, 1);
+    EXPECT_EQ(Lauf().FlagSetClock, 0);
+}
+
+// ---- program, channel to be changed
+
+struct ChannelCase {
+    const char* What;
+    const char *Channel, *Target, *Flag;
+    bool Search;
+    int First; ///< channel of the first login
+};
+
+void PrintTo(const ChannelCase& c, std::ostream* out) {
+    *out << c.What;
+}
+
+struct F13_Kanal : F13_Klick, ::testing::WithParamInterface<ChannelCase> {};
+
+TEST_P(F13_Kanal, program_searches_unless_the_lock_stands_on_its_target) {
+    files.Lock(1, "Tor", SerialS);
+    files.Channel(1, GetParam().Channel, GetParam().Target, GetParam().Flag);
+    Open();
+    OpenStart();
+    EXPECT_EQ(Lauf().KanalSuche, GetParam().Search ? 1 : 0);
+    EXPECT_EQ(Lauf().KanalIndex, 0);
+    EXPECT_EQ(programm->link.TargetChannel, GetParam().First);
+}
+
+TEST_P(F13_Kanal, history_searches_by_the_same_rule_but_starts_on_the_systems_channel) {
+    files.Lock(1, "Tor", SerialS);
+    files.Channel(1, GetParam().Channel, GetParam().Target, GetParam().Flag);
+    Open();
+    Expect(65);
+    Click(1, Col::History);
+    EXPECT_EQ(Lauf().KanalSuche, GetParam().Search ? 1 : 0);
+    EXPECT_EQ(programm->link.TargetChannel, 3);
+}
+
+TEST_P(F13_Kanal, code_change_searches_by_the_same_rule) {
+    files.Lock(1, "Tor", SerialS);
+    files.Channel(1, GetParam().Channel, GetParam().Target, GetParam().Flag);
+    Open();
+    Click(1, Col::Code);
+    EXPECT_EQ(Lauf().KanalSuche, GetParam().Search ? 1 : 0);
+    EXPECT_EQ(programm->link.TargetChannel, 3);
+}
+
+INSTANTIATE_TEST_SUITE_P(Records, F13_Kanal,
+                         ::testing::Values(ChannelCase{"settled", "3", "3", "0", false, 3},
+                                           ChannelCase{"changed and marked", "7", "3", "1", true, 7},
+                                           ChannelCase{"equal but marked", "3", "3", "1", true, 3},
+                                           ChannelCase{"changed but not marked", "7", "3", "0", true, 7},
+                                           ChannelCase{"blank lock channel is 1", "", "1", "0", false, 3},
+                                           ChannelCase{"blank target is the system's", "3", "", "0", false, 3},
+                                           ChannelCase{"blank flag is 1", "3", "3", "", true, 3},
+                                           ChannelCase{"all blank", "", "", "", true, 1}));
+
+TEST_F(F13_Klick, of_a_lock_that_moves_the_dataset_comes_before_the_question) {
+    files.Lock(1, "Tor", SmallLock);
+    files.Channel(1, "7", "3", "1");
+    TooManyUsers();
+    Open();
+    Expect(248); // and no question
+    Click(1, Col::Program);
+    EXPECT_FALSE(StartOpen());
+    EXPECT_TRUE(GridEnabled());
+}
+
+TEST_F(F13_Klick, of_a_lock_that_moves_a_wrong_serial_ends_without_a_question) {
+    files.Lock(1, "Tor", "00.0A.1Z.01");
+    files.Channel(1, "7", "3", "1");
+    Open();
+    Click(1, Col::Program);
+    EXPECT_FALSE(StartOpen());
+    EXPECT_TRUE(GridEnabled());
+    EXPECT_EQ(Mark(1), "X");
+}
+
+TEST_F(F13_Klick, of_a_lock_that_moves_yes_reads_the_history_first) {
+    files.Lock(1, "Tor", SerialS);
+    files.Channel(1, "7", "3", "1");
+    Open();
+    Expect(63, Answer::Yes);
+    Click(1, Col::Program);
+    EXPECT_EQ(Lauf().HistoryOnly, 0);
+    EXPECT_EQ(Lauf().ReadHistoryFirst, 1);
+    EXPECT_EQ(Lauf().NetMode, 0xFF);
+    EXPECT_TRUE(StartOpen());
+}
+
+TEST_F(F13_Klick, of_a_lock_that_moves_cancel_ends_with_its_dataset_gathered) {
+    files.Lock(1, "Tor", SerialS);
+    files.Channel(1, "7", "3", "1");
+    files.User(1, {.Name = "Anna", .Marks = {{1, 'X'}}});
+    Open();
+    Expect(63, Answer::Cancel);
+    Click(1, Col::Program);
+    EXPECT_FALSE(StartOpen());
+    EXPECT_TRUE(GridEnabled());
+    EXPECT_EQ(Mark(1), "X");
+    EXPECT_EQ(programm->Lauf.Daten.Slots.size(), 1U);
+    EXPECT_EQ(Lauf().KanalSuche, 0);
+}
+
+// ---- two passes
+
+struct TwoPassCase {
+    const char* Serial;
+    bool Transponder;
+    int Flag;
+};
+
+void PrintTo(const TwoPassCase& c, std::ostream* out) {
+    *out << c.Serial << (c.Transponder ? " with" : " without") << " a transponder";
+}
+
+struct F13_ZweiDurchgaenge : F13_Klick, ::testing::WithParamInterface<TwoPassCase> {
+    void Prepare(const char* change) {
+        files.Lock(1, "Tor", GetParam().Serial);
+        files.Channel(1, "3", "3", change);
+        TestUser user{.Name = "Anna", .Marks = {{1, 'X'}}};
+        user.KeyId = GetParam().Transponder ? "1 : 2 : 3 : 4" : "";
+        files.User(1, user);
+        Open();
+        OpenStart();
+    }
+};
+
+TEST_P(F13_ZweiDurchgaenge, are_marked_between_the_borders_with_a_transponder) {
+    Prepare("0");
+    EXPECT_EQ(Lauf().TwoPassFlag, GetParam().Flag);
+}
+
+TEST_P(F13_ZweiDurchgaenge, are_marked_in_a_channel_search_too) {
+    Prepare("1");
+    EXPECT_EQ(Lauf().TwoPassFlag, GetParam().Flag);
+}
+
+INSTANTIATE_TEST_SUITE_P(Borders, F13_ZweiDurchgaenge,
+                         ::testing::Values(TwoPassCase{"0E.6E.90.00", true, 0}, TwoPassCase{"0E.6E.90.01", true, 1},
+                                           TwoPassCase{"0F.DF.F5.9B", true, 1}, TwoPassCase{"0F.DF.F5.9C", true, 0},
+                                           TwoPassCase{"0E.6E.90.01", false, 0}, TwoPassCase{"0F.DF.F5.9B", false, 0}));
+
+// ---- history
+
+TEST_F(F13_Klick, history_asks_and_opens_the_dialog_for_reading_only) {
+    SettledLock(1, "Tor");
+    Open();
+    Expect(65);
+    Click(1, Col::History);
+    ASSERT_EQ(world.Shown.size(), 1U);
+    EXPECT_EQ(world.Shown[0].Title, "QVM 7702 SOFTWARE SYSTEM");
+    EXPECT_EQ(world.Shown[0].Choice, Buttons::OkCancel);
+    EXPECT_EQ(world.Shown[0].DefaultButton, 1);
+    EXPECT_EQ(Lauf().HistoryOnly, 1);
+    EXPECT_EQ(programm->F13.ProgressTotal, 4000);
+    EXPECT_EQ(Lauf().SerialValue, 0x000A1001U);
+    EXPECT_EQ(Lauf().FlagSetClock, 1);
+    EXPECT_EQ(Mark(1), "X");
+    EXPECT_TRUE(StartOpen());
+    EXPECT_FALSE(GridEnabled());
+    EXPECT_THAT(world.Written, IsEmpty());
+}
+
+TEST_F(F13_Klick, history_takes_the_clock_switch_from_the_row) {
+    SettledLock(1, "Tor", SerialS, "XXXX ");
+    Open();
+    Lauf().FlagSetClock = 1;
+    Expect(65);
+    Click(1, Col::History);
+    EXPECT_EQ(Lauf().FlagSetClock, 0);
+}
+
+TEST_F(F13_Klick, history_with_cancel_changes_nothing) {
+    SettledLock(1, "Tor");
+    Open();
+    Expect(65, Answer::Cancel);
+    Click(1, Col::History);
+    EXPECT_EQ(Lauf().HistoryOnly, 0);
+    EXPECT_EQ(Mark(1), "");
+    EXPECT_FALSE(StartOpen());
+    EXPECT_TRUE(GridEnabled());
+}
+
+TEST_F(F13_Klick, history_of_a_wrong_serial_ends_without_a_question) {
+    SettledLock(1, "Tor", "XX.0A.10.01");
+    Open();
+    Click(1, Col::History);
+    EXPECT_FALSE(StartOpen());
+    EXPECT_EQ(Mark(1), "");
+}
+
+TEST_F(F13_Klick, history_of_a_nameless_lock_runs_without_a_mark) {
+    SettledLock(1, "");
+    Open();
+    Expect(65);
+    Click(1, Col::History);
+    EXPECT_EQ(Mark(1), "");
+    EXPECT_TRUE(StartOpen());
+}
+
+// ---- change code
+
+TEST_F(F13_Klick, change_code_turns_the_adapter_to_the_lock_and_opens_its_window) {
+    SettledLock(1, "Tor");
+    Open();
+    Click(1, Col::Code);
+    EXPECT_THAT(world.Written, ElementsAre(0x02, 0x0E, 0x6B, 0x03, 0x00, 0x0A, 0x10, 0x01, 0, 0, 0, 0, 0, 0, 0, 0xB5));
+    EXPECT_EQ(Code_Windows, 1);
+    EXPECT_EQ(SentBeforeCode.size(), 16U);
+    EXPECT_EQ(Lauf().HistoryOnly, 0);
+    EXPECT_EQ(programm->F13.ProgressTotal, 400);
+    EXPECT_FALSE(GridEnabled());
+    EXPECT_FALSE(StartOpen());
+    EXPECT_EQ(Mark(1), "");
+}
+
+TEST_F(F13_Klick, change_code_sends_nothing_in_address_mode_1) {
+    SettledLock(1, "Tor");
+    Open();
+    // The click itself clears the mode; only what sets it behind that is seen.
+    const auto open = world.World.Port.Open;
+    world.World.Port.Open = [this, open](int number) {
+        programm->link.AddressMode = 1;
+        return open(number);
+    };
+    Click(1, Col::Code);
+    EXPECT_THAT(world.Written, IsEmpty());
+    EXPECT_EQ(Code_Windows, 1);
+    EXPECT_FALSE(GridEnabled());
+}
+
+TEST_F(F13_Klick, change_code_clears_a_stale_address_mode_and_sends) {
+    SettledLock(1, "Tor");
+    Open();
+    programm->link.AddressMode = 1;
+    Click(1, Col::Code);
+    EXPECT_EQ(world.Written.size(), 16U);
+}
+
+TEST_F(F13_Klick, change_code_of_a_wrong_serial_ends_at_once) {
+    SettledLock(1, "Tor", "00.0A.10.0!");
+    Open();
+    Click(1, Col::Code);
+    EXPECT_EQ(Code_Windows, 0);
+    EXPECT_THAT(world.Written, IsEmpty());
+    EXPECT_TRUE(GridEnabled());
+}
+
+} // namespace
+} // namespace qvm::test

@@ -1,0 +1,180 @@
+// The two list keys of F13.
+
+#include "FensterFixture.h"
+
+#include <utility>
+
+namespace qvm::test {
+namespace {
+
+namespace Col = F13Column;
+using Copy = std::pair<int, int>; ///< row of the grid, row of the list
+
+struct F13_Liste : FensterFixture {
+    std::vector<std::string> Calls;
+    std::vector<Copy> Copies;
+
+    F13_Liste() {
+        SettledLock(1, "Tor");
+        SettledLock(2, "Keller");
+        SettledLock(200, "Dach");
+        Begin();
+        programm->F13.Liste_Leeren = [this] { Calls.emplace_back("clear"); };
+        programm->F13.Listenzeile_Uebernehmen = [this](int grid, int list) {
+            Calls.emplace_back("copy");
+            Copies.emplace_back(grid, list);
+        };
+    }
+    void MarkRows() {
+        Click(1, Col::Mark);
+        Click(200, Col::Mark);
+    }
+    void Prog(Answer history, Answer delayed) {
+        Expect(63, history);
+        Expect(269, delayed);
+        programm->F13.Toolbar1_ButtonClick("Prog.");
+    }
+    void SaveHistory(Answer delayed) {
+        Expect(269, delayed);
+        programm->F13.Toolbar1_ButtonClick("SaveHistory");
+    }
+};
+
+TEST_F(F13_Liste, prog_asks_twice_under_the_same_title_with_no_as_default) {
+    MarkRows();
+    Prog(Answer::No, Answer::No);
+    ASSERT_EQ(world.Shown.size(), 2U);
+    for (const Message& message : world.Shown) {
+        EXPECT_EQ(message.Title, "L90");
+        EXPECT_EQ(message.Choice, Buttons::YesNoCancel);
+        EXPECT_EQ(message.DefaultButton, 2);
+    }
+}
+
+TEST_F(F13_Liste, prog_copies_the_marked_rows_in_order_and_clears_their_marks) {
+    MarkRows();
+    Prog(Answer::No, Answer::No);
+    EXPECT_THAT(Calls, ElementsAre("clear", "copy", "copy"));
+    EXPECT_THAT(Copies, ElementsAre(Copy{1, 1}, Copy{200, 2}));
+    EXPECT_EQ(Mark(1), "");
+    EXPECT_EQ(Mark(2), "");
+    EXPECT_EQ(Mark(200), "");
+    EXPECT_EQ(Lauf().RunRows, 2);
+    EXPECT_TRUE(programm->F11.Fenster.Visible);
+    EXPECT_FALSE(programm->F13.Fenster.Enabled);
+    EXPECT_THAT(world.Written, IsEmpty());
+}
+
+TEST_F(F13_Liste, prog_with_no_row_marked_opens_nothing_after_its_questions) {
+    Prog(Answer::Yes, Answer::Yes);
+    EXPECT_THAT(Calls, ElementsAre("clear"));
+    EXPECT_EQ(Lauf().RunRows, 0);
+    EXPECT_FALSE(programm->F11.Fenster.Visible);
+    EXPECT_TRUE(programm->F13.Fenster.Enabled);
+}
+
+TEST_F(F13_Liste, prog_takes_a_lock_marked_by_a_cancelled_single_run_along) {
+    OpenStart(2);
+    programm->F11.Cancel_Click();
+    Prog(Answer::No, Answer::No);
+    EXPECT_THAT(Copies, ElementsAre(Copy{2, 1}));
+}
+
+TEST_F(F13_Liste, both_keys_clear_what_an_earlier_run_left) {
+    MarkRows();
+    Lauf().TwoPassFlag = Lauf().HistoryOnly = Lauf().ReadHistoryFirst = Lauf().AbbruchWunsch = 1;
+    Lauf().RunRow = 5;
+    Lauf().RunRows = 9;
+    programm->link.AddressMode = 1;
+    Prog(Answer::No, Answer::No);
+    EXPECT_EQ(Lauf().TwoPassFlag, 0);
+    EXPECT_EQ(Lauf().HistoryOnly, 0);
+    EXPECT_EQ(Lauf().ReadHistoryFirst, 0);
+    EXPECT_EQ(Lauf().AbbruchWunsch, 0);
+    EXPECT_EQ(Lauf().RunRow, 0);
+    EXPECT_EQ(Lauf().RunRows, 2);
+    EXPECT_EQ(programm->link.AddressMode, 0);
+
+    programm->F11.Cancel_Click();
+    Click(1, Col::Mark);
+    Lauf().RunRows = 9;
+    Lauf().TwoPassFlag = Lauf().ReadHistoryFirst = 1;
+    SaveHistory(Answer::No);
+    EXPECT_EQ(Lauf().TwoPassFlag, 0);
+    EXPECT_EQ(Lauf().ReadHistoryFirst, 0);
+    EXPECT_EQ(Lauf().RunRows, 1);
+}
+
+TEST_F(F13_Liste, savehistory_asks_only_for_the_start_and_reads_only) {
+    MarkRows();
+    SaveHistory(Answer::No);
+    EXPECT_EQ(world.Shown.size(), 1U);
+    EXPECT_EQ(Lauf().NetMode, 0x80);
+    EXPECT_EQ(Lauf().HistoryOnly, 1);
+    EXPECT_FALSE(programm->F13.DelayedStart);
+    EXPECT_THAT(Copies, ElementsAre(Copy{1, 1}, Copy{200, 2}));
+    EXPECT_TRUE(programm->F11.Fenster.Visible);
+}
+
+TEST_F(F13_Liste, savehistory_takes_yes_as_a_delayed_start_and_cancel_as_no) {
+    MarkRows();
+    SaveHistory(Answer::Yes);
+    EXPECT_TRUE(programm->F13.DelayedStart);
+    programm->F11.Cancel_Click();
+    MarkRows();
+    SaveHistory(Answer::Cancel);
+    EXPECT_FALSE(programm->F13.DelayedStart);
+    EXPECT_TRUE(programm->F11.Fenster.Visible);
+}
+
+TEST_F(F13_Liste, savehistory_with_no_row_marked_opens_nothing) {
+    SaveHistory(Answer::No);
+    EXPECT_FALSE(programm->F11.Fenster.Visible);
+    EXPECT_TRUE(programm->F13.Fenster.Enabled);
+}
+
+TEST_F(F13_Liste, runs_without_anybody_who_listens) {
+    programm->F13.Liste_Leeren = {};
+    programm->F13.Listenzeile_Uebernehmen = {};
+    MarkRows();
+    Prog(Answer::No, Answer::No);
+    EXPECT_EQ(Lauf().RunRows, 2);
+    EXPECT_EQ(Mark(1), "");
+}
+
+struct ListAnswers {
+    Answer History, Delayed;
+    int NetMode;
+    bool DelayedStart;
+};
+
+void PrintTo(const ListAnswers& a, std::ostream* out) {
+    *out << static_cast<int>(a.History) << ' ' << static_cast<int>(a.Delayed);
+}
+
+struct F13_Liste_Antworten : F13_Liste, ::testing::WithParamInterface<ListAnswers> {};
+
+TEST_P(F13_Liste_Antworten, each_change_nothing_but_their_own_value) {
+    MarkRows();
+    Prog(GetParam().History, GetParam().Delayed);
+    EXPECT_EQ(Lauf().NetMode, GetParam().NetMode);
+    EXPECT_EQ(programm->F13.DelayedStart, GetParam().DelayedStart);
+    EXPECT_EQ(Lauf().HistoryOnly, 0);
+    EXPECT_EQ(Lauf().ReadHistoryFirst, 0);
+    EXPECT_EQ(Lauf().RunRows, 2);
+    EXPECT_TRUE(programm->F11.Fenster.Visible);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, F13_Liste_Antworten,
+                         ::testing::Values(ListAnswers{Answer::Yes, Answer::Yes, 0xFF, true},
+                                           ListAnswers{Answer::Yes, Answer::No, 0xFF, false},
+                                           ListAnswers{Answer::Yes, Answer::Cancel, 0xFF, false},
+                                           ListAnswers{Answer::No, Answer::Yes, 0, true},
+                                           ListAnswers{Answer::No, Answer::No, 0, false},
+                                           ListAnswers{Answer::No, Answer::Cancel, 0, false},
+                                           ListAnswers{Answer::Cancel, Answer::Yes, 0, true},
+                                           ListAnswers{Answer::Cancel, Answer::No, 0, false},
+                                           ListAnswers{Answer::Cancel, Answer::Cancel, 0, false}));
+
+} // namespace
+} // namespace qvm::test
