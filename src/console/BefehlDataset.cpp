@@ -2,6 +2,7 @@
 #include "Probewelt.h"
 #include "Programm.h"
 #include "Protokoll.h"
+#include "Telegramme.h"
 
 #include <iomanip>
 #include <ostream>
@@ -31,10 +32,27 @@ struct Probelauf {
     std::string Fault; ///< empty when the run went to its end
 };
 
-SentTelegram Gesendet(const TraceFrame& frame) {
+/// The header says the same in nearly every telegram: class and mode are left out, the address where it is the one of
+/// the telegram before.
+void Kopf_Kuerzen(std::vector<DecodedField>& fields, std::string& address) {
+    std::erase_if(fields, [&](const DecodedField& field) {
+        if (field.Name != Adresskopf::DeviceAddress.Name) {
+            return field.Name == Adresskopf::DeviceClass.Name || field.Name == Adresskopf::Mode.Name;
+        }
+        const bool same = field.Text == address;
+        address = field.Text;
+        return same;
+    });
+}
+
+SentTelegram Gesendet(const TraceFrame& frame, std::string& address) {
     std::vector<std::uint8_t> wire;
     Stopfen(frame.Bytes, wire);
-    return {.Decoded = Dekodieren(Festhalten(frame)), .Bytes = wire.size()};
+    SentTelegram sent{.Decoded = Dekodieren(Festhalten(frame)), .Bytes = wire.size()};
+    if (frame.Way == TraceFrame::Direction::Sent) {
+        Kopf_Kuerzen(sent.Decoded.Fields, address);
+    }
+    return sent;
 }
 
 void Starten(Programm& program, int lock) {
@@ -59,9 +77,10 @@ Probelauf Durchspielen(const Umgebung& world, int lock) {
     program.F13.Timer2.Stop();
     run.Name = Anzeige_Aus_1252(program.F13.FGK13.Text(lock, F13Column::Name));
     run.Serial = Anzeige_Aus_1252(program.F13.FGK13.Text(lock, F13Column::Serial));
+    std::string address;
     program.link.Protokoll = [&](const TraceFrame& frame) {
         if (frame.Way == TraceFrame::Direction::Sent || frame.Way == TraceFrame::Direction::SentRaw) {
-            run.Telegrams.push_back(Gesendet(frame));
+            run.Telegrams.push_back(Gesendet(frame, address));
             dry.Beantworten(frame);
         }
     };

@@ -55,8 +55,8 @@ void Ergebnis_Text(const Umgebung& world, const Console& console, const LockResu
     out << "Lock " << result.Lock << " \"" << result.Name << "\" " << result.Serial << ": "
         << Ende_Text(result.End, historyOnly);
     if (result.Telegrams > 0) {
-        out << ", " << result.Telegrams << " telegrams in " << std::fixed << std::setprecision(1) << result.Seconds
-            << " s";
+        out << ", " << result.Telegrams << (result.Telegrams == 1 ? " telegram in " : " telegrams in ") << std::fixed
+            << std::setprecision(1) << result.Seconds << " s";
     }
     out << (result.Text.empty() ? "" : ": ") << result.Text << "\n";
     for (const LockResult::Unit& unit : result.Units) {
@@ -85,13 +85,8 @@ std::vector<LockResult> Abarbeiten(Schlosslauf& runner, const std::vector<int>& 
                                    const std::function<void(const LockResult&)>& done) {
     std::vector<LockResult> results;
     for (const int lock : locks) {
-        LockResult result;
-        result.Lock = lock;
-        if (!runner.Abgebrochen()) {
-            result = runner.Ausfuehren(lock);
-        }
-        results.push_back(result);
-        done(result);
+        results.push_back(runner.Abgebrochen() ? runner.Beschreiben(lock) : runner.Ausfuehren(lock));
+        done(results.back());
     }
     return results;
 }

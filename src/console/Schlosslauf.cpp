@@ -82,12 +82,17 @@ bool Schlosslauf::Starten(int lock) {
     return true;
 }
 
-LockResult Schlosslauf::Ausfuehren(int lock) {
+LockResult Schlosslauf::Beschreiben(int lock) const {
     const Grid& grid = program_.F13.FGK13;
     LockResult result;
     result.Lock = lock;
     result.Name = Anzeige_Aus_1252(grid.Text(lock, F13Column::Name));
     result.Serial = Anzeige_Aus_1252(grid.Text(lock, F13Column::Serial));
+    return result;
+}
+
+LockResult Schlosslauf::Ausfuehren(int lock) {
+    LockResult result = Beschreiben(lock);
     messages_.clear();
     telegrams_ = 0;
     silent_ = cancelling_ = false;

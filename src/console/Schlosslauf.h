@@ -69,6 +69,8 @@ public:
     /// Empty when the lock can be run; otherwise why not.
     std::string Hindernis(int lock) const;
     LockResult Ausfuehren(int lock);
+    /// Number, name and serial of a lock that is not tried.
+    LockResult Beschreiben(int lock) const;
     /// The operator wants no further lock.
     bool Abgebrochen() const { return interrupted_; }
     void Gesendet() { ++telegrams_; }
