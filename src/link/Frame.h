@@ -43,9 +43,9 @@ enum class RxResult : std::uint8_t {
 /// State of both automata, and the frame being received. Byte 0 of a frame is the start byte.
 struct Empfaenger {
     std::array<std::uint8_t, BufferSize> RxBuffer{};
-    std::int16_t RxState = 0;  ///< 0 wait for start, 1 read header, 2 read body
-    std::int16_t RxIndex = 0;  ///< next write position
-    int RxLength = 0;          ///< serial: index of the last summed byte; network: N
+    std::int16_t RxState = 0; ///< 0 wait for start, 1 read header, 2 read body
+    std::int16_t RxIndex = 0; ///< next write position
+    int RxLength = 0;         ///< serial: index of the last summed byte; network: N
     std::uint8_t RxLastByte = 0;
     int FrameSize = 0;      ///< bytes of the last good frame: serial 0 to L + 1, network 0 to N
     std::uint8_t RxSum = 0; ///< checksum that the last finished frame came with; its place in RxBuffer is cleared

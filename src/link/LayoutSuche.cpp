@@ -11,13 +11,13 @@ int Kuerzung(const Layout& layout, Bytes frame) {
 }
 
 Field Feld_Im_Rahmen(const Layout& layout, Field field, int shorter) {
-    const Field* rows = Zeilenfeld(layout);
-    if (shorter == 0 || rows == nullptr) {
+    const Field rows = Zeilenfeld(layout);
+    if (shorter == 0 || rows.Width == 0) {
         return field;
     }
-    if (field.Offset == rows->Offset) {
+    if (field.Offset == rows.Offset) {
         field.Width = static_cast<std::uint8_t>(field.Width - shorter);
-    } else if (field.Offset > rows->Offset) {
+    } else if (field.Offset > rows.Offset) {
         field.Offset = static_cast<std::uint8_t>(field.Offset - shorter);
     }
     return field;

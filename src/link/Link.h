@@ -103,9 +103,9 @@ std::uint8_t Frame_Pruefsumme_Rx(const Link& link, int count);
 std::uint8_t Bereich_Pruefsumme_Tx(const Link& link, int count, int start);
 std::uint8_t Bereich_Pruefsumme_Rx(const Link& link, int count, int start);
 
-/// Lets events go on until the tick sum exceeds `limit` milliseconds, in ticks of `interval`: (1000, 5000) takes 6000 ms.
-/// `interval` 1 to 30000; the sum goes up to 30000, a larger limit is held at the last tick before that. A wait begun
-/// inside another one counts for both.
+/// Lets events go on until the tick sum exceeds `limit` milliseconds, in ticks of `interval`: (1000, 5000) takes 6000
+/// ms. `interval` 1 to 30000; the sum goes up to 30000, a larger limit is held at the last tick before that. A wait
+/// begun inside another one counts for both.
 void Warte_Ticks(Link& link, int interval, int limit);
 /// Lets events go on for more than `seconds`, or until ReplySeen is set. Midnight makes no difference.
 void Warte_Antwort(Link& link, double seconds);

@@ -37,16 +37,16 @@ struct RunState {
     int SlotCursor = 0;                 ///< current row of the user list
     std::uint8_t TimerPart = 0;         ///< step of the table telegrams, 0xFF when done
     std::uint8_t HolidayPart = 0;
-    int WiederholZaehler = 0;           ///< counts reason 0x67
-    bool Incomplete = false;            ///< a busy lock broke the conversation off before its end
-    bool UnitIncomplete = false;        ///< the same of a unit of type 1
-    int UnitVersuche = 0;               ///< repeats of TelDatenStart in a unit session
-    int UnitTry = 0;                    ///< 0x38 while a type 2 unit is being opened
-    int EintragFertig = 0;              ///< channel tries of a unit's opening
-    int RunRow = 0;                     ///< current and total rows of the list run; RunRows 0: no list
+    int WiederholZaehler = 0;    ///< counts reason 0x67
+    bool Incomplete = false;     ///< a busy lock broke the conversation off before its end
+    bool UnitIncomplete = false; ///< the same of a unit of type 1
+    int UnitVersuche = 0;        ///< repeats of TelDatenStart in a unit session
+    int UnitTry = 0;             ///< 0x38 while a type 2 unit is being opened
+    int EintragFertig = 0;       ///< channel tries of a unit's opening
+    int RunRow = 0;              ///< current and total rows of the list run; RunRows 0: no list
     int RunRows = 0;
-    int UnitIndex = 0xFF;               ///< current wireless unit, 0 to 4; 0xFF before the first
-    std::uint8_t HistoryStop = 0;       ///< 0xFF when a record older than the cut-off has come
+    int UnitIndex = 0xFF;         ///< current wireless unit, 0 to 4; 0xFF before the first
+    std::uint8_t HistoryStop = 0; ///< 0xFF when a record older than the cut-off has come
     std::uint8_t HistoryFileOpen = 0;
     std::uint8_t HistoryStateShown = 0; ///< 1 when the run's first record with a state was shown
     std::string HistoryCutoff;          ///< "dd.mm.yyyy", or empty
@@ -56,10 +56,10 @@ struct RunState {
     bool ListenWindow = false;          ///< the lock's unit mode is "3": TelZeitfenster goes out
     int UnitRow = 0;                    ///< template row and its piece in a unit block transfer, from 0
     int UnitPiece = 0;
-    std::uint16_t UserSlot = 0;         ///< the slot that the lock gave for the current user
-    bool AnswerSeen = false;            ///< a reply 0x06 or 0x08 came since TelLebenszeichen
-    int AnswerTicks = 0;                ///< ticks of Timer7 without an answer
-    std::int64_t LastAnswer = 0;        ///< Platform::Milliseconds of the last frame, or of the end of an ordered wait
+    std::uint16_t UserSlot = 0;  ///< the slot that the lock gave for the current user
+    bool AnswerSeen = false;     ///< a reply 0x06 or 0x08 came since TelLebenszeichen
+    int AnswerTicks = 0;         ///< ticks of Timer7 without an answer
+    std::int64_t LastAnswer = 0; ///< Platform::Milliseconds of the last frame, or of the end of an ordered wait
 
     // Values that telegrams carry, set before the first telegram of a session.
     AdminCodeBytes AdminCode{};
@@ -74,15 +74,19 @@ struct RunState {
     int TelegramCounter = 0;
     int ProgressMaximum = 1500; ///< maximum of the first bar
     int ProgressValue = 0;
-    int SecondProgress = 0;     ///< running indicator, 0 to 27
+    int SecondProgress = 0; ///< running indicator, 0 to 27
 };
 
 /// Firmware ranges, by the serial value.
 constexpr bool BereichN(std::uint32_t serial) {
     return (serial >= 0x1500C06 && serial <= 0x1600000) || (serial >= 0x1C000AE && serial <= 0x1D00000);
 }
-constexpr bool BereichZ(std::uint32_t serial) { return serial >= 0x1000001 && serial <= 0x2000000; }
+constexpr bool BereichZ(std::uint32_t serial) {
+    return serial >= 0x1000001 && serial <= 0x2000000;
+}
 /// Locks of this range log in twice when a user has a transponder. Both ends are excluded.
-constexpr bool BereichZweiDurchgaenge(std::uint32_t serial) { return serial > 0xE6E9000 && serial < 0xFDFF59C; }
+constexpr bool BereichZweiDurchgaenge(std::uint32_t serial) {
+    return serial > 0xE6E9000 && serial < 0xFDFF59C;
+}
 
 } // namespace qvm

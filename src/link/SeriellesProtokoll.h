@@ -71,14 +71,15 @@ bool TelBenutzerVorlage_Senden(Link& link, std::uint16_t number, std::string_vie
                                std::span<const std::uint8_t, 29> slice, std::uint8_t weighting);
 bool TelIdDaten1_Senden(Link& link, std::uint8_t groupDigit, const std::array<std::uint8_t, 16>& data);
 /// Sent with the present DeviceClassByte; the chain sets 0xC3 for it.
-bool TelIdDaten2_Senden(Link& link, std::uint8_t groupDigit, std::uint16_t slot, const std::array<std::uint8_t, 11>& id);
+bool TelIdDaten2_Senden(Link& link, std::uint8_t groupDigit, std::uint16_t slot,
+                        const std::array<std::uint8_t, 11>& id);
 bool TelUnitSchluessel_Senden(Link& link);
 bool TelUnitOeffnen_Senden(Link& link, const Address& setting);
 
 struct UnitBlock {
-    std::uint16_t Rows = 0;      ///< total count
-    std::uint16_t Row = 0;       ///< number of this row, from 1
-    std::uint8_t Piece = 0;      ///< number of the piece within the row, from 0
+    std::uint16_t Rows = 0; ///< total count
+    std::uint16_t Row = 0;  ///< number of this row, from 1
+    std::uint8_t Piece = 0; ///< number of the piece within the row, from 0
     std::uint8_t Type = 0;
     std::uint16_t RowAddress = 0;
     std::array<std::uint8_t, 32> Data{}; ///< in the clear; enciphered with SitzungsSchluessel on the way out
@@ -95,8 +96,8 @@ bool TelKarteLesen_Senden(Link& link, std::uint8_t block);
 bool TelFingerAnlernen_Senden(Link& link, std::uint8_t param1, std::uint8_t param2);
 bool TelFingerAbfrage_Senden(Link& link, std::uint8_t param1, std::uint8_t param2);
 bool TelUnitVerbinden_Senden(Link& link);
-/// First telegram of a card: indexes 14 to 39 are `head`, then at most five rows of four bytes, L = 40 + 4 x rows, whose
-/// last byte is `mode`.
+/// First telegram of a card: indexes 14 to 39 are `head`, then at most five rows of four bytes, L = 40 + 4 x rows,
+/// whose last byte is `mode`.
 bool TelKarteSchreiben_Senden(Link& link, std::span<const std::uint8_t, 26> head,
                               std::span<const std::array<std::uint8_t, 4>> rows, std::uint8_t mode);
 /// A following one: 14, 15 are `head`, then the rows' bytes up to L = 4 x count + 16; the last byte is the first one of

@@ -88,7 +88,7 @@ std::string Laengentext(const Layout& layout) {
         return Hex2(layout.L);
     }
     return Zusammen(
-        {Hex2(layout.Shortest), " to ", Hex2(layout.L), ", a row each ", Ziffern(Zeilenfeld(layout)->Detail)});
+        {Hex2(layout.Shortest), " to ", Hex2(layout.L), ", a row each ", Ziffern(Zeilenfeld(layout).Detail)});
 }
 
 std::string Sendezeile(const Layout& layout) {

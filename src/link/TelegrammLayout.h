@@ -68,14 +68,14 @@ constexpr int ErsterIndex(const Layout& layout) {
     return layout.How == Build::Raw || layout.How == Build::Reply ? RawPayloadIndex : PayloadIndex;
 }
 
-/// The field of kind Rows, or nothing.
-constexpr const Field* Zeilenfeld(const Layout& layout) {
+/// The field of kind Rows; one of width 0 when the layout has none.
+constexpr Field Zeilenfeld(const Layout& layout) {
     for (const Field& field : layout.Fields) {
         if (field.Is == Kind::Rows) {
-            return &field;
+            return field;
         }
     }
-    return nullptr;
+    return {{}, 0, 0};
 }
 
 /// True when a frame with `length` at index 1 can be of this layout.
@@ -86,8 +86,8 @@ constexpr bool LaengePasst(const Layout& layout, int length) {
     if (layout.Shortest == 0 || length < layout.Shortest || length > layout.L) {
         return false;
     }
-    const Field* rows = Zeilenfeld(layout);
-    return rows != nullptr && (layout.L - length) % rows->Detail == 0;
+    const Field rows = Zeilenfeld(layout);
+    return rows.Detail != 0 && (layout.L - length) % rows.Detail == 0;
 }
 
 /// Index of the first field that misfits: in a telegram, one that does not begin where the one before it ends, the
@@ -109,7 +109,7 @@ constexpr int LayoutError(const Layout& layout) {
     // A reply's bytes go up to L + 1; one without fields has at least the length 1.
     const int length = layout.How != Build::Reply ? at - 1 : layout.Fields.empty() ? 1 : at - 2;
     const bool shrinks = layout.Shortest == 0 || (LaengePasst(layout, layout.Shortest) &&
-                                                  layout.L - layout.Shortest <= Zeilenfeld(layout)->Width);
+                                                  layout.L - layout.Shortest <= Zeilenfeld(layout).Width);
     return length == layout.L && shrinks ? -1 : index;
 }
 
