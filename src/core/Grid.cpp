@@ -11,6 +11,14 @@ std::size_t Index(int row, int column, int columns) {
     return static_cast<std::size_t>(row) * static_cast<std::size_t>(columns) + static_cast<std::size_t>(column);
 }
 
+/// Sets one part of a cell and leaves the others.
+template <class Part, class Value>
+void Teil_Setzen(Grid& grid, int row, int column, Part Cell::*part, const Value& value) {
+    Cell cell = grid.At(row, column);
+    cell.*part = value;
+    grid.Set(row, column, cell);
+}
+
 } // namespace
 
 void Grid::Resize(int rows, int columns) {
@@ -50,39 +58,27 @@ void Grid::Set(int row, int column, const Cell& cell) {
 }
 
 void Grid::SetText(int row, int column, std::string_view text) {
-    Cell cell = At(row, column);
-    cell.Text = text;
-    Set(row, column, cell);
+    Teil_Setzen(*this, row, column, &Cell::Text, text);
 }
 
 void Grid::SetForeColor(int row, int column, Colour colour) {
-    Cell cell = At(row, column);
-    cell.ForeColor = colour;
-    Set(row, column, cell);
+    Teil_Setzen(*this, row, column, &Cell::ForeColor, colour);
 }
 
 void Grid::SetBackColor(int row, int column, Colour colour) {
-    Cell cell = At(row, column);
-    cell.BackColor = colour;
-    Set(row, column, cell);
+    Teil_Setzen(*this, row, column, &Cell::BackColor, colour);
 }
 
 void Grid::SetFontSize(int row, int column, int points) {
-    Cell cell = At(row, column);
-    cell.FontSize = points;
-    Set(row, column, cell);
+    Teil_Setzen(*this, row, column, &Cell::FontSize, points);
 }
 
 void Grid::SetPicture(int row, int column, int picture) {
-    Cell cell = At(row, column);
-    cell.Picture = picture;
-    Set(row, column, cell);
+    Teil_Setzen(*this, row, column, &Cell::Picture, picture);
 }
 
 void Grid::SetBold(int row, int column, bool bold) {
-    Cell cell = At(row, column);
-    cell.Bold = bold;
-    Set(row, column, cell);
+    Teil_Setzen(*this, row, column, &Cell::Bold, bold);
 }
 
 void Grid::ClearRows(int fromRow) {

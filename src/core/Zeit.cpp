@@ -54,6 +54,11 @@ Datum Aus_Tagnummer(std::int64_t number) {
     return datum;
 }
 
+bool Ein_Bis_Zwei_Ziffern(std::string_view text) {
+    return !text.empty() && text.size() <= 2 &&
+           std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+}
+
 } // namespace
 
 bool Datum_Gueltig(const Datum& datum) {
@@ -75,6 +80,19 @@ std::optional<Datum> Datum_Lesen(std::string_view text) {
     }
     const Datum datum{Zahlwert(Mid(text, 7, 4)), Zahlwert(Mid(text, 4, 2)), Zahlwert(Mid(text, 1, 2))};
     return Datum_Gueltig(datum) ? std::optional(datum) : std::nullopt;
+}
+
+std::optional<int> Uhrzeit_Lesen(std::string_view text) {
+    const std::size_t colon = text.find(':');
+    if (colon == std::string_view::npos) {
+        return std::nullopt;
+    }
+    const std::string_view hours = text.substr(0, colon), minutes = text.substr(colon + 1);
+    if (!Ein_Bis_Zwei_Ziffern(hours) || !Ein_Bis_Zwei_Ziffern(minutes) || Zahlwert(hours) > 23 ||
+        Zahlwert(minutes) > 59) {
+        return std::nullopt;
+    }
+    return Zahlwert(hours) * 60 + Zahlwert(minutes);
 }
 
 Datum Datum_Plus(const Datum& datum, int days) {

@@ -23,6 +23,8 @@ bool Datum_Gueltig(const Datum& datum);
 std::string Datum_Text(const Datum& datum);
 /// "dd.mm.yyyy" back to a date; nothing when the text has another shape or the date does not exist.
 std::optional<Datum> Datum_Lesen(std::string_view text);
+/// Minutes since midnight of a time of day "hh:mm", one or two digits each; nothing when the text is none.
+std::optional<int> Uhrzeit_Lesen(std::string_view text);
 /// The date `days` later (earlier when negative).
 Datum Datum_Plus(const Datum& datum, int days);
 Datum Heute(const DateTime& now);

@@ -76,6 +76,20 @@ TEST(Datum_Lesen, reads_what_datum_text_writes) {
     }));
 }
 
+TEST(Uhrzeit_Lesen, gives_the_minutes_since_midnight) {
+    EXPECT_EQ(Uhrzeit_Lesen("00:00"), 0);
+    EXPECT_EQ(Uhrzeit_Lesen("07:05"), 425);
+    EXPECT_EQ(Uhrzeit_Lesen("7:5"), 425);
+    EXPECT_EQ(Uhrzeit_Lesen("23:59"), 1439);
+}
+
+TEST(Uhrzeit_Lesen, a_text_that_is_no_time_of_day_is_nothing) {
+    for (const char* text : {"", ":", "12", "12:", ":30", "24:00", "12:60", "007:30", "12:300", "-1:30", "12:3x",
+                             " 7:30", "07:30 ", "07:30:00"}) {
+        EXPECT_EQ(Uhrzeit_Lesen(text), std::nullopt) << text;
+    }
+}
+
 TEST(Datum_Plus, crosses_months_and_years) {
     EXPECT_EQ(Datum_Plus({2026, 3, 5}, -20), (Datum{2026, 2, 13}));
     EXPECT_EQ(Datum_Plus({2024, 2, 28}, 1), (Datum{2024, 2, 29}));
