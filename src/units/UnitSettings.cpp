@@ -12,17 +12,10 @@ namespace qvm {
 
 namespace {
 
-constexpr int LastHour = 17, LastMinute = 59;
 constexpr int FirstRow = 1, LastRow = 5;
 
 bool Ist_Schloss(int lock) {
     return lock >= WirelessUnitRecord::Record.First && lock <= WirelessUnitRecord::Record.Last;
-}
-
-/// Entry of a time list by the stored number; the first one for a number that the list does not have.
-int Zeiteintrag(std::string_view text, int last) {
-    const int value = Zahlwert(text);
-    return value >= 0 && value <= last ? value : 0;
 }
 
 /// What stands before a record is applied.
@@ -51,9 +44,9 @@ void Zeitfenster_Anwenden(UnitSettings& settings, const UnitRecord& record) {
     settings.Hours = record.Hours;
     settings.Minutes = record.Minutes;
     settings.Seconds = record.Seconds;
-    settings.HourEntry = Zeiteintrag(record.Hours, LastHour);
-    settings.MinuteEntry = Zeiteintrag(record.Minutes, LastMinute);
-    settings.SecondEntry = Zeiteintrag(record.Seconds, LastMinute);
+    settings.HourEntry = Zeit_Eintrag(record.Hours, LastListenHour);
+    settings.MinuteEntry = Zeit_Eintrag(record.Minutes, LastListenMinute);
+    settings.SecondEntry = Zeit_Eintrag(record.Seconds, LastListenMinute);
     settings.AlwaysOnChecked = record.AlwaysOn == "1";
     settings.AlwaysOn = settings.AlwaysOnChecked ? "1" : "0";
 }

@@ -53,6 +53,16 @@ std::string Unit_Satz(const UnitRecord& units) {
     return record;
 }
 
+int Zeit_Eintrag(std::string_view text, int last) {
+    const int value = Zahlwert(text);
+    return value >= 0 && value <= last ? value : 0;
+}
+
+int Lauschzeit_Sekunden(const UnitRecord& record) {
+    return Zeit_Eintrag(record.Hours, LastListenHour) * 3600 + Zeit_Eintrag(record.Minutes, LastListenMinute) * 60 +
+           Zeit_Eintrag(record.Seconds, LastListenMinute);
+}
+
 std::array<std::string, 4> Sn_Teilen(std::string_view serial) {
     std::array<std::string, 4> groups;
     for (std::size_t n = 0; n < 3; ++n) {

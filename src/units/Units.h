@@ -38,6 +38,13 @@ UnitRecord Unit_Lesen(std::string_view record);
 /// The record's 241 bytes. Texts that are too long are cut.
 std::string Unit_Satz(const UnitRecord& units);
 
+/// Last entries of the lists that the listening time is chosen from; each begins with 0.
+inline constexpr int LastListenHour = 17, LastListenMinute = 59;
+/// Entry of such a list by the stored number; the first one for a number that the list does not have.
+int Zeit_Eintrag(std::string_view text, int last);
+/// The listening time of a record in seconds, 0 to 64799.
+int Lauschzeit_Sekunden(const UnitRecord& record);
+
 /// Splits a serial at its points: three groups up to a point or the end each, the rest as the fourth. Groups may be of
 /// any length; there is no text that cannot be split.
 std::array<std::string, 4> Sn_Teilen(std::string_view serial);

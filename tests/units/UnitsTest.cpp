@@ -165,5 +165,23 @@ TEST(Pegel, five_entries_have_their_texts_and_no_entry_is_not_set) {
     EXPECT_EQ(Pegel_Text(5), "000");
 }
 
+// ---- listening time
+
+TEST(Lauschzeit_Sekunden, adds_hours_minutes_and_seconds) {
+    UnitRecord record;
+    record.Hours = "17";
+    record.Minutes = "59";
+    record.Seconds = "59";
+    EXPECT_EQ(Lauschzeit_Sekunden(record), 64799);
+}
+
+TEST(Lauschzeit_Sekunden, a_part_that_its_list_does_not_offer_counts_as_0) {
+    UnitRecord record;
+    record.Hours = "18";
+    record.Minutes = "60";
+    record.Seconds = "7";
+    EXPECT_EQ(Lauschzeit_Sekunden(record), 7);
+}
+
 } // namespace
 } // namespace qvm
