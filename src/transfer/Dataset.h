@@ -11,6 +11,11 @@
 
 namespace qvm {
 
+/// Who a slot is for.
+namespace SlotKind {
+inline constexpr std::uint8_t Code = 0, Finger = 0xB4;
+}
+
 /// One user slot of a lock's dataset.
 struct ProgSlot {
     std::string Name;                   ///< OEM code page
@@ -21,8 +26,8 @@ struct ProgSlot {
     std::string TransponderB;           ///< its sixteen data bytes
     std::vector<std::uint8_t> Template; ///< bytes from the first value on, length bytes included; empty: none
     std::uint16_t FingerNumber = 0;
-    std::uint8_t PrFlag = 0;                 ///< 1: premium template
-    std::uint8_t Kind = 0;                   ///< 0 code user, 0xB4 fingerprint user
+    std::uint8_t PrFlag = 0; ///< 1: premium template
+    std::uint8_t Kind = SlotKind::Code;
     std::array<std::uint8_t, 3> TimerBits{}; ///< group masks of slots 1 to 8, 9 to 16, 17 to 24
 };
 

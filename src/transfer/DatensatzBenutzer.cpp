@@ -4,6 +4,7 @@
 #include "Text.h"
 #include "TimeRecords.h"
 #include "UserRecords.h"
+#include "Zeitgruppen.h"
 
 #include <algorithm>
 
@@ -12,7 +13,6 @@ namespace {
 
 constexpr int PremiumLimit = 40;
 constexpr int ProgressOfSlot = 8;
-constexpr std::uint8_t FingerKind = 0xB4;
 constexpr std::size_t NameLength = 16, FingerNameLength = 9;
 /// A longer stated length is damage: the template field has room for 750 values in the form that is written.
 constexpr int MostTemplateBytes = 1000;
@@ -40,12 +40,14 @@ TimerBits Masken(std::string days) {
     return {Gruppenmaske(map.substr(0, 8)), Gruppenmaske(map.substr(8, 8)), Gruppenmaske(map.substr(16, 8))};
 }
 
-/// The groups that every installation has, also before the timer window was ever opened.
+/// Day map of the groups that every installation has, also before the timer window was ever opened.
 std::string Feste_Gruppe(std::string_view id) {
-    if (id == "PB_2008TimA") {
-        return "XXXXX-----";
+    for (const GroupEntry& group : PersonGruppen_Vorgabe()) {
+        if (group.PbId == id) {
+            return group.Days;
+        }
     }
-    return id == "PB_2008TimB" ? "-----XXXXX" : "";
+    return {};
 }
 
 TimerBits Zeitgruppe(const UserLoop& loop, std::string_view id) {
@@ -199,7 +201,7 @@ DatasetEnd Fingerbenutzer(UserLoop& loop, int record, const std::string& name) {
     const std::string number = Fingernummer(loop.users, record);
     ProgSlot slot;
     slot.Name = Fingername(loop.stand.Kernteil().Welt.CharToOem(name), number, loop.stand.variant);
-    slot.Kind = FingerKind;
+    slot.Kind = SlotKind::Finger;
     slot.CodeDigits = "EEEEEE";
     Gemeinsames_Lesen(loop, record, slot);
     if (loop.users.Text(record, UserRecord::FingerFlag) == "FS") {

@@ -2,16 +2,16 @@
 #include "LockRecords.h"
 #include "Text.h"
 #include "TimeRecords.h"
+#include "Zeit.h"
+#include "Zeitfenster.h"
+#include "Zeitgruppen.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace qvm {
 namespace {
 
-constexpr int LockGroups = 5;     // groups that the editor offers
 constexpr int PersonRecords = 11; // record 11 is the first lock timer and serves both tables, deliberately so
-constexpr int LockRecordOffset = 11;
 constexpr int TimersAB = 5;
 /// Old locks get their second timer from record 5 on, one slot before the group "Timer-B" begins.
 constexpr int FirstRecordB = 5;
@@ -22,22 +22,10 @@ constexpr bool Volle_Tabellen(std::uint32_t serial) {
            Im_Bereich(serial, 0x1C00001, 0x1D00000);
 }
 
-bool Nur_Ziffern(std::string_view text) {
-    return !text.empty() && text.size() <= 2 &&
-           std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
-}
-
 /// Hour and minute of "hh:mm"; 00:00 for a text that is no time of day.
 std::pair<std::uint8_t, std::uint8_t> Uhrzeit(std::string_view text) {
-    const std::size_t colon = text.find(':');
-    if (colon == std::string_view::npos) {
-        return {0, 0};
-    }
-    const std::string_view hours = text.substr(0, colon), minutes = text.substr(colon + 1);
-    if (!Nur_Ziffern(hours) || !Nur_Ziffern(minutes) || Zahlwert(hours) > 23 || Zahlwert(minutes) > 59) {
-        return {0, 0};
-    }
-    return {static_cast<std::uint8_t>(Zahlwert(hours)), static_cast<std::uint8_t>(Zahlwert(minutes))};
+    const int minutes = Uhrzeit_Lesen(text).value_or(0);
+    return {static_cast<std::uint8_t>(minutes / 60), static_cast<std::uint8_t>(minutes % 60)};
 }
 
 /// The day selector goes out as it stands. What a lock does with one above 10 is not known.
@@ -53,7 +41,7 @@ void Volle_Tabellen_Fuellen(Dataset& dataset, const RecordFile& slots, std::stri
     }
     for (std::size_t n = 0; n < dataset.TimerTableB.size() && n < selection.size(); ++n) {
         if (selection[n] == 'X') {
-            dataset.TimerTableB[n] = Zeile_Lesen(slots, static_cast<int>(n) + LockRecordOffset);
+            dataset.TimerTableB[n] = Zeile_Lesen(slots, static_cast<int>(n) + LockSlots.First);
         }
     }
 }
@@ -81,7 +69,7 @@ bool Sperrgruppe_Laden(const DatasetStand& stand, std::string& selection) {
     if (group.empty() || group == "-") {
         return true;
     }
-    for (int n = 1; n <= LockGroups; ++n) {
+    for (int n = 1; n <= LockGroupRows; ++n) {
         if (groups.Text(n, LockTimeGroup::PbId) == group) {
             selection = Feld_Roh(groups.Record(n), LockTimeGroup::Days);
             break;

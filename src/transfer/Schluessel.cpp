@@ -1,5 +1,6 @@
 #include "Dataset.h"
 #include "Text.h"
+#include "Zeitgruppen.h"
 
 #include <algorithm>
 
@@ -79,10 +80,10 @@ std::uint8_t Timer_Auswahl(const std::string& timerMode, const ProgSlot& slot) {
     if (timerMode != Timer_A_B) {
         return 0;
     }
-    if (slot.TimerName == "PB_2008TimA") {
+    if (slot.TimerName == TimerA_PbId) {
         return 1;
     }
-    return slot.TimerName == "PB_2008TimB" ? 2 : 0;
+    return slot.TimerName == TimerB_PbId ? 2 : 0;
 }
 
 } // namespace qvm
