@@ -132,6 +132,7 @@ void F11::Port_Bereitmachen(bool& network) {
     if (kern.Config.AdapterModus()) {
         if (const AdapterSatz* adapter = Gewaehlter_Adapter()) {
             number = static_cast<int>(Zahlwert(adapter->Port));
+            link.Lauf.SitzungsSchluessel = adapter->TransferKey;
             network = Adapter_Test && Adapter_Test(*adapter);
         }
     }
@@ -145,7 +146,7 @@ void F11::OK_Click() {
     f9.StatusLabel.Text = std::string();
     if (lauf.RunRows > 0) {
         if (Code_Uebernehmen()) {
-            Fenster.Visible = false;
+            Schliessen();
             Rufen(F13_Verbergen);
             Rufen(Liste_Starten);
         }
@@ -159,7 +160,7 @@ void F11::OK_Click() {
         if (lauf.HistoryOnly != 0) {
             lauf.NetMode = 0x80;
         }
-        Fenster.Visible = false;
+        Schliessen();
         Rufen(Netzlauf_Starten);
     }
 }
@@ -171,7 +172,7 @@ bool F11::Code_Uebernehmen() {
         std::copy_n(codeDigits_.begin(), CodeLength, digits.begin());
         run.link.Lauf.AdminCode = AdminCode_Packen(digits);
     } else {
-        kern.Meldung(kern.Zeile(61));
+        kern.Meldung(kern.Zeile(61), Buttons::Ok, Icon::Exclamation);
     }
     Eingabe_Leeren();
     return complete;
@@ -188,7 +189,7 @@ void F11::Direkt_Starten() {
     if (!Code_Uebernehmen()) {
         return;
     }
-    Fenster.Visible = false;
+    Schliessen();
     if (lauf.KanalSuche != 0) {
         f18.F18_Zeigen();
     } else {
@@ -197,10 +198,14 @@ void F11::Direkt_Starten() {
     Lauf_Beginnen(run);
 }
 
-void F11::Cancel_Click() {
-    Eingabe_Leeren();
+void F11::Schliessen() {
     Fokus.Stop();
     Fenster.Visible = false;
+}
+
+void F11::Cancel_Click() {
+    Eingabe_Leeren();
+    Schliessen();
     Rufen(Zurueck);
 }
 

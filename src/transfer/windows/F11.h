@@ -68,6 +68,7 @@ private:
     /// Packs the code and clears the entry. With fewer than six characters only a message is shown, and false.
     bool Code_Uebernehmen();
     void Direkt_Starten();
+    void Schliessen();
 
     std::array<std::uint8_t, 8> codeDigits_{};
     int count_ = 0;
