@@ -22,7 +22,7 @@ void Suche_Gescheitert(Programmierlauf& run) {
     Kanal_Offen(run.kern, run.LockNumber);
     Rufen(run.Ansicht.Wartebox_Schliessen);
     Lauf_Beenden(run, RunOutcome::NotReached, run.kern.Zeile(67));
-    run.kern.Meldung(run.kern.Zeile(67));
+    run.kern.Meldung(run.kern.Zeile(67), Buttons::Ok, Icon::Exclamation);
     Rufen(run.Ansicht.Zum_Schlossgitter);
 }
 
@@ -46,9 +46,9 @@ void Schritt_Anmeldung_Abgelehnt(Programmierlauf& run) {
     Lauf_Beenden(run, RunOutcome::Refused, line != 0 ? kern.Zeile(line) : failed);
     std::fill_n(run.link.Rx.RxBuffer.begin(), 66, std::uint8_t{0});
     if (line != 0) {
-        kern.Meldung(kern.Zeile(line));
+        kern.Meldung(kern.Zeile(line), Buttons::Ok, Icon::Exclamation);
     }
-    kern.Meldung(failed);
+    kern.Meldung(failed, Buttons::Ok, Icon::Exclamation);
     if (run.Ansicht.Fertig) {
         run.Ansicht.Fertig(78);
     }
@@ -67,7 +67,7 @@ void Schritt_Unit_Abgelehnt(Programmierlauf& run) {
     }
     run.Timer9.Start(600);
     if (line != 0 && run.link.Lauf.RunRows == 0) {
-        run.kern.Meldung(run.kern.Zeile(line));
+        run.kern.Meldung(run.kern.Zeile(line), Buttons::Ok, Icon::Exclamation);
     }
 }
 

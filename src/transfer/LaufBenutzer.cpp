@@ -32,7 +32,7 @@ void Platz_Ungueltig(Programmierlauf& run) {
     }
     Lauf_Beenden(run, RunOutcome::Refused, text);
     Rufen(run.Ansicht.F9_Schliessen_Freigeben);
-    run.kern.Meldung(text);
+    run.kern.Meldung(text, Buttons::Ok, Icon::Exclamation);
 }
 
 void Vorlage_Senden(Programmierlauf& run, const ProgSlot& user) {

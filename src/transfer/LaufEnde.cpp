@@ -14,7 +14,7 @@ void Mit_Meldung_Enden(Programmierlauf& run, RunOutcome outcome, int line) {
     const std::string text = run.kern.Zeile(line);
     Rufen(run.Ansicht.Wartebox_Schliessen);
     Lauf_Beenden(run, outcome, text);
-    run.kern.Meldung(text);
+    run.kern.Meldung(text, Buttons::Ok, Icon::Exclamation);
     Rufen(run.Ansicht.Zum_Schlossgitter);
 }
 

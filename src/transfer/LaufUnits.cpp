@@ -182,7 +182,7 @@ void Schritt_Unit_Kein_Kontakt(Programmierlauf& run) {
     const bool list = run.link.Lauf.RunRows != 0;
     Units_Abbrechen(run, RunOutcome::NotReached, 67);
     if (!list) {
-        run.kern.Meldung(run.kern.Zeile(67));
+        run.kern.Meldung(run.kern.Zeile(67), Buttons::Ok, Icon::Exclamation);
         Rufen(run.Ansicht.Zum_Schlossgitter);
     }
 }

@@ -130,7 +130,7 @@ void Lauf_Haken_Setzen(Programmierlauf& run, LinkHooks& hooks) {
     hooks.Daten_Schluss = schritt(Schritt_Daten_Schluss);
     hooks.Zweiter_Durchgang = schritt(Schritt_Zweiter_Durchgang);
     hooks.Schloss_Ende = schritt(Schritt_Schloss_Ende);
-    hooks.Kanalwechsel_Ende = [&run] { run.kern.Meldung(run.kern.Zeile(204)); };
+    hooks.Kanalwechsel_Ende = [&run] { run.kern.Meldung(run.kern.Zeile(204), Buttons::Ok, Icon::Information); };
     hooks.Abbruch = schritt(Schritt_Abbruch);
 
     hooks.Unit_Fertig = schritt(Schritt_Unit_Fertig);

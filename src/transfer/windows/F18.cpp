@@ -7,7 +7,7 @@ void F18::F18_Zeigen() {
     Text.Text = run.kern.Zeile(81);
     Command1.Text = run.kern.Zeile(83);
     Command1.Enabled = true;
-    Fenster.Title = run.LockName;
+    Fenster.Title = std::string(SystemTitle);
     Fenster.Visible = true;
 }
 

@@ -1,0 +1,93 @@
+// The wait box of a channel search.
+
+#include "FensterFixture.h"
+
+namespace qvm::test {
+namespace {
+
+struct F18_Wartebox : FensterFixture {
+    F18_Wartebox() {
+        files.Lock(1, "Tor", SerialS);
+        files.Channel(1, "7", "3", "0");
+        Begin();
+        StartRun();
+    }
+    /// The dispatcher's step after a refusal without contact.
+    void Refuse() { programm->link.Hooks.Kanal_Weiter(); }
+    F18& Box() { return programm->F18; }
+    std::string ChannelFile() { return files.File("RFCHANDIF12.RFX").substr(0, 15); }
+};
+
+TEST_F(F18_Wartebox, shows_a_bar_from_100_to_200_and_a_button) {
+    EXPECT_TRUE(Box().Fenster.Visible);
+    EXPECT_EQ(Box().Fenster.Title(), "QVM 7702 SOFTWARE SYSTEM");
+    EXPECT_EQ(Box().Balken.Minimum, 100);
+    EXPECT_EQ(Box().Balken.Maximum, 200);
+    EXPECT_EQ(Box().Balken.Value, 100);
+    EXPECT_TRUE(Box().Command1.Enabled);
+    EXPECT_EQ(programm->link.TargetChannel, 7);
+}
+
+TEST_F(F18_Wartebox, steps_its_bar_by_six_a_channel_up_to_172) {
+    std::vector<int> bars;
+    std::vector<int> channels;
+    for (int n = 0; n < 12; ++n) {
+        Refuse();
+        bars.push_back(Box().Balken.Value);
+        channels.push_back(programm->link.TargetChannel);
+    }
+    EXPECT_THAT(bars, ElementsAre(106, 112, 118, 124, 130, 136, 142, 148, 154, 160, 166, 172));
+    EXPECT_THAT(channels, ElementsAre(1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12));
+    EXPECT_EQ(SentCodes(), std::vector<int>(13, 0x04));
+}
+
+TEST_F(F18_Wartebox, closes_with_a_message_when_no_channel_answers) {
+    for (int n = 0; n < 12; ++n) {
+        Refuse();
+    }
+    Expect(67);
+    Refuse();
+    EXPECT_FALSE(Box().Fenster.Visible);
+    EXPECT_EQ(Box().Text.Text(), "L82");
+    EXPECT_EQ(programm->F9.StatusLabel.Text(), "L82");
+    EXPECT_TRUE(programm->F13.Fenster.Enabled);
+    EXPECT_EQ(Lauf().KanalSuche, 0);
+    EXPECT_EQ(ChannelFile(), "7     3  1     ");
+    EXPECT_EQ(SentCodes(), std::vector<int>(13, 0x04));
+    EXPECT_EQ(world.Shown.back().Sign, Icon::Exclamation);
+}
+
+TEST_F(F18_Wartebox, its_button_closes_it_and_ends_the_search_at_the_next_reply) {
+    Refuse();
+    Box().Command1_Click();
+    EXPECT_EQ(Lauf().KanalIndex, 12);
+    EXPECT_FALSE(Box().Fenster.Visible);
+    EXPECT_FALSE(programm->Lauf.Gesamtende);
+    EXPECT_THAT(SentCodes(), ElementsAre(0x04, 0x04));
+    Expect(67);
+    Refuse();
+    EXPECT_TRUE(programm->Lauf.Gesamtende);
+    EXPECT_THAT(SentCodes(), ElementsAre(0x04, 0x04));
+}
+
+TEST_F(F18_Wartebox, begins_at_100_again_for_the_next_search) {
+    Refuse();
+    Box().Command1_Click();
+    Expect(67);
+    Refuse();
+    StartRun();
+    EXPECT_TRUE(Box().Fenster.Visible);
+    EXPECT_EQ(Box().Balken.Value, 100);
+    EXPECT_EQ(Lauf().KanalIndex, 0);
+    EXPECT_EQ(programm->link.TargetChannel, 7);
+}
+
+TEST_F(F18_Wartebox, makes_way_for_the_progress_window_when_the_lock_has_moved) {
+    programm->link.Hooks.Kanal_Gesetzt();
+    EXPECT_FALSE(Box().Fenster.Visible);
+    EXPECT_TRUE(programm->F9.Fenster.Visible);
+    EXPECT_EQ(ChannelFile(), "3     3  0     ");
+}
+
+} // namespace
+} // namespace qvm::test
