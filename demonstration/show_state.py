@@ -1,0 +1,64 @@
+#!/usr/bin/env python3
+"""Prints what a lock of the virtual system holds: show_state.py STATE.json SERIAL"""
+import json
+import sys
+
+DAYS = ["off", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat", "Sun", "Mon-Fri", "Sat-Sun", "Mon-Sun"]
+
+
+def timer_rows(rows):
+    shown = []
+    for number, (day, h1, m1, h2, m2) in enumerate(rows, 1):
+        if day:
+            shown.append(f"{number}: {DAYS[day]} {h1:02}:{m1:02}-{h2:02}:{m2:02}")
+    return shown
+
+
+def day_rows(rows):
+    return [f"{a[0]:02}.{a[1]:02}.{a[2]:02} to {a[3]:02}.{a[4]:02}.{a[5]:02}" for a in rows if any(a)]
+
+
+def show_list(title, rows):
+    print(f"   {title + ':':<18}{rows[0] if rows else 'none'}")
+    for row in rows[1:]:
+        print(f"   {'':<18}{row}")
+
+
+def show_users(users):
+    print(f"   {'users:':<18}{len(users)}")
+    for user in users:
+        if user["kind"] == "finger":
+            what = f"fingerprint {user['finger_number']}"
+        else:
+            key = "transponder" if "long_id" in user else "key" if "id" in user else ""
+            what = ("code" + (" and " + key if key else ""))
+        print(f"   {'':<18}slot {user['slot']:>3}  {user.get('name', ''):<16}  {what}")
+
+
+def main():
+    with open(sys.argv[1], encoding="utf-8") as file:
+        state = json.load(file)
+    lock = next(lock for lock in state["locks"] if lock["serial"] == sys.argv[2])
+    print(f"   {'lock:':<18}{lock.get('label', '')} [{lock['serial']}], channel {lock['channel']}")
+    clock = lock.get("clock")
+    if clock:
+        print(f"   {'clock set to:':<18}{clock['day']:02}.{clock['month']:02}.20{clock['year']:02} "
+              f"{clock['hour']:02}:{clock['minute']:02}:{clock['second']:02}")
+    show_users(lock.get("users", []))
+    show_list("person timers", timer_rows(lock.get("table_a", [])))
+    show_list("lock timers", timer_rows(lock.get("table_b", [])))
+    show_list("single holidays", day_rows(lock.get("single_days", [])))
+    show_list("permanent days", day_rows(lock.get("permanent_days", [])))
+    for name in ("priority", "lock_mode", "lock_timer_flag", "calendar_flag"):
+        if name in lock:
+            print(f"   {name.replace('_', ' ') + ':':<18}{lock[name]}")
+    for unit in state.get("units", []):
+        if unit.get("lock") == lock["serial"]:
+            print(f"   {'unit:':<18}{unit.get('label', '')} [{unit['serial']}], {len(unit.get('rows', []))} templates")
+    faulty = state.get("judgements", [])
+    print(f"   {'telegrams:':<18}{state['line'].get('telegrams', '?')} received, {len(faulty)} of them faulty")
+    for finding in faulty[:10]:
+        print(f"   {'':<18}{finding}")
+
+
+main()
