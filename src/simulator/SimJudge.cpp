@@ -101,7 +101,8 @@ const Form* JudgeForm(std::span<const std::uint8_t> frame, Judge& judge) {
     }
     for (const FormPart& part : form.Parts) {
         const auto bytes =
-            frame.subspan(static_cast<std::size_t>(part.First), static_cast<std::size_t>(part.Last - part.First + 1));
+            frame.subspan(static_cast<std::size_t>(part.First),
+                          static_cast<std::size_t>(part.Last) + 1 - static_cast<std::size_t>(part.First));
         if (const std::string fault = RangeFault(part, bytes); !fault.empty()) {
             judge.Note(Wrong::Range, code, std::string{form.Name} + ", " + part.Name + ": " + fault);
         }

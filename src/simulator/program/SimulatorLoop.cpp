@@ -16,9 +16,10 @@ namespace qvm {
 namespace {
 
 constexpr Nanoseconds Millisecond = 1000000;
+constexpr Nanoseconds Second = 1000 * Millisecond;
 /// A client may close the line for a moment between two sessions.
-constexpr Nanoseconds OnceRest = 2000 * Millisecond;
-constexpr Nanoseconds Forever = 3600 * 1000 * Millisecond;
+constexpr Nanoseconds OnceRest = 2 * Second;
+constexpr Nanoseconds Forever = 3600 * Second;
 
 } // namespace
 
@@ -35,7 +36,7 @@ SimulatorLoop::~SimulatorLoop() = default;
 Nanoseconds SimulatorLoop::Now() const {
     timespec now{};
     ::clock_gettime(CLOCK_MONOTONIC, &now);
-    return Nanoseconds{now.tv_sec} * 1000 * Millisecond + now.tv_nsec;
+    return Nanoseconds{now.tv_sec} * Second + now.tv_nsec;
 }
 
 SimSurroundings SimulatorLoop::Surroundings() {
@@ -98,8 +99,7 @@ Nanoseconds SimulatorLoop::NextEvent(Nanoseconds now) const {
 /// False when the end was asked for.
 bool SimulatorLoop::Wait(Nanoseconds duration, int stop) {
     const Nanoseconds rest = std::max<Nanoseconds>(duration, 0);
-    const timespec limit{.tv_sec = static_cast<time_t>(rest / (1000 * Millisecond)),
-                         .tv_nsec = static_cast<long>(rest % (1000 * Millisecond))};
+    const timespec limit{.tv_sec = static_cast<time_t>(rest / Second), .tv_nsec = static_cast<long>(rest % Second)};
     std::array lines{pollfd{.fd = stop, .events = POLLIN, .revents = 0},
                      pollfd{.fd = terminal_.WatchHandle(), .events = POLLIN, .revents = 0},
                      pollfd{.fd = terminal_.LineHandle(), .events = POLLIN, .revents = 0}};
