@@ -3,6 +3,7 @@
 #include "Text.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <iconv.h>
 
 namespace qvm {
@@ -37,7 +38,7 @@ public:
     }
 
 private:
-    bool Good() const { return handle_ != reinterpret_cast<iconv_t>(-1); }
+    bool Good() const { return reinterpret_cast<std::intptr_t>(handle_) != -1; }
 
     iconv_t handle_;
 };

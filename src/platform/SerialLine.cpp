@@ -18,6 +18,9 @@ namespace qvm {
 
 namespace {
 
+constexpr auto BytesThere = QEvent::User;
+constexpr auto CloseBroken = static_cast<QEvent::Type>(QEvent::User + 1);
+
 /// The device behind links: locks and the kernel know it by that name only.
 std::string Resolved(const std::string& device) {
     const std::unique_ptr<char, void (*)(void*)> real(::realpath(device.c_str(), nullptr), &std::free);
@@ -88,7 +91,6 @@ bool SerialLine::Open(const std::string& device) {
 }
 
 void SerialLine::SetUp() {
-    ++session_;
     broken_ = false;
     rts_.reset();
     port_->setPortName(QString::fromStdString(device_));
@@ -153,17 +155,25 @@ void SerialLine::Fetch() {
 void SerialLine::Ask() {
     if (!asked_ && !queue_.empty()) {
         asked_ = true;
-        QCoreApplication::postEvent(this, new QEvent(QEvent::User), Qt::HighEventPriority);
+        QCoreApplication::postEvent(this, new QEvent(BytesThere), Qt::HighEventPriority);
     }
 }
 
 bool SerialLine::event(QEvent* event) {
-    if (event->type() != QEvent::User) {
-        return QObject::event(event);
+    if (event->type() == BytesThere) {
+        asked_ = false;
+        HandOut();
+        return true;
     }
-    asked_ = false;
-    HandOut();
-    return true;
+    if (event->type() == CloseBroken) {
+        // Unless the port was opened anew in the meantime.
+        if (broken_ && port_->isOpen()) {
+            port_->close();
+            guard_.reset();
+        }
+        return true;
+    }
+    return QObject::event(event);
 }
 
 /// Hands out what has come. A receiver that waits gets what follows from inside its wait; this turn then finds an empty
@@ -187,15 +197,7 @@ void SerialLine::Broken() {
     }
     broken_ = true;
     fault_ = "The connection to " + AusUtf8(device_) + " is broken: the adapter was unplugged or switched off.";
-    QMetaObject::invokeMethod(
-        this,
-        [this, session = session_] {
-            if (session == session_ && port_->isOpen()) {
-                port_->close();
-                guard_.reset();
-            }
-        },
-        Qt::QueuedConnection);
+    QCoreApplication::postEvent(this, new QEvent(CloseBroken));
 }
 
 } // namespace qvm

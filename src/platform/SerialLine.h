@@ -62,8 +62,7 @@ private:
     std::optional<bool> rts_; ///< as set last
     bool asked_ = false;      ///< an event to hand out bytes is under way
     bool opening_ = false;
-    std::uint64_t session_ = 0; ///< counts openings
-    bool broken_ = false;
+    bool broken_ = false; ///< an event to close the port is under way, or has come
 };
 
 } // namespace qvm
