@@ -1,7 +1,6 @@
 #include "Programm.h"
 
-#include "Benutzer_Umstellen.h"
-#include "Units_Umstellen.h"
+#include "Migration.h"
 
 namespace qvm {
 
@@ -102,8 +101,7 @@ StartResult Programm_Start(Programm& programm, bool claimInstance) {
     Sprache_Defaults(kern.Sprache);
     Sprachdatei_Laden(kern);
     // A conversion that fails loses nothing and is tried again at the next start.
-    Benutzer_Umstellen(kern);
-    Units_Umstellen(kern);
+    Dateien_Umstellen(kern);
     return StartResult::Started;
 }
 

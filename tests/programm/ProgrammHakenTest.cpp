@@ -1,0 +1,92 @@
+// What Programm wires between link, run and windows.
+
+#include "Programm.h"
+#include "Text.h"
+#include "VirtualPlatform.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+namespace qvm::test {
+namespace {
+
+using ::testing::ElementsAre;
+
+struct Programm_Haken : ::testing::Test {
+    VirtualPlatform world;
+    Programm programm{world.World, "/q"};
+
+    Programm_Haken() { EXPECT_EQ(Programm_Start(programm, true), StartResult::Started); }
+};
+
+using Hook = std::function<void()> LinkHooks::*;
+
+constexpr Hook FrontEndHooks[] = {&LinkHooks::Suchlauf_Schritt, &LinkHooks::Unit_Gefunden, &LinkHooks::Unit_Kanal_Leer,
+                                  &LinkHooks::Adapter_Erkannt,  &LinkHooks::Adapter_Daten, &LinkHooks::Karte_Quittung,
+                                  &LinkHooks::Karte_Start,      &LinkHooks::Karte_Block,   &LinkHooks::EKey_Ergebnis,
+                                  &LinkHooks::Finger_Schritt,   &LinkHooks::Finger_Daten,  &LinkHooks::Finger_Kennung};
+
+TEST_F(Programm_Haken, leads_each_row_of_the_front_end_to_its_own_window) {
+    for (const Hook expected : FrontEndHooks) {
+        programm.Fensterhaken = {};
+        int calls = 0;
+        programm.Fensterhaken.*expected = [&calls] { ++calls; };
+        for (const Hook hook : FrontEndHooks) {
+            (programm.link.Hooks.*hook)();
+        }
+        EXPECT_EQ(calls, 1);
+    }
+}
+
+TEST_F(Programm_Haken, stands_without_any_front_end) {
+    for (const Hook hook : FrontEndHooks) {
+        (programm.link.Hooks.*hook)();
+    }
+    programm.Lauf.Ansicht.Historie_Oeffnen("/q/HIST/H.HST");
+    programm.Lauf.Ansicht.Hauptfenster_Freigeben();
+    programm.F13.F13_FormLaden();
+    programm.F13.Toolbar1_ButtonClick(u8"Zurück"_w);
+    EXPECT_FALSE(programm.F13.Fenster.Visible);
+}
+
+TEST_F(Programm_Haken, shows_a_history_file_through_the_front_end) {
+    std::vector<std::string> opened;
+    programm.F7_Oeffnen = [&opened](const std::string& path) { opened.push_back(path); };
+    programm.Lauf.Ansicht.Historie_Oeffnen("/q/HIST/H.HST");
+    EXPECT_THAT(opened, ElementsAre("/q/HIST/H.HST"));
+}
+
+TEST_F(Programm_Haken, a_run_that_goes_back_to_the_grid_closes_progress_and_wait_box) {
+    programm.F9.F9_Zeigen();
+    programm.F18.F18_Zeigen();
+    programm.F13.Fenster.Enabled = false;
+    programm.Lauf.Ansicht.Zum_Schlossgitter();
+    EXPECT_FALSE(programm.F9.Fenster.Visible);
+    EXPECT_FALSE(programm.F9.Stille.Running());
+    EXPECT_FALSE(programm.F18.Fenster.Visible);
+    EXPECT_TRUE(programm.F13.Fenster.Enabled);
+}
+
+TEST_F(Programm_Haken, a_code_and_channel_change_ends_with_a_report) {
+    world.Answers.push_back({.Text = "*"});
+    programm.kern.Sprache.LanguageText[204] = "L204";
+    programm.link.Hooks.Kanalwechsel_Ende();
+    ASSERT_EQ(world.Shown.size(), 1U);
+    EXPECT_EQ(world.Shown[0].Text, "L204");
+    EXPECT_EQ(world.Shown[0].Sign, Icon::Information);
+    EXPECT_EQ(world.Shown[0].Title, "QVM 7702 SOFTWARE SYSTEM");
+}
+
+TEST_F(Programm_Haken, a_card_that_is_not_known_is_told_without_a_title_and_frees_the_main_window) {
+    int shown = 0;
+    programm.F2_Zeigen = [&shown] { ++shown; };
+    world.Answers.push_back({.Text = "Karte nicht erkannt!"});
+    programm.link.Hooks.Karte_Abgelehnt();
+    EXPECT_EQ(world.Shown[0].Title, "");
+    EXPECT_EQ(shown, 1);
+}
+
+} // namespace
+} // namespace qvm::test
