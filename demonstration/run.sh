@@ -40,5 +40,4 @@ done
 say "5. What the lock holds now"
 kill "$simulator"; wait "$simulator" 2>/dev/null || true
 simulator=
-serial=$(python3 -c "import json,sys; r=next(r for r in json.load(open(sys.argv[1]))['tables']['LockRecord'] if r['record']==int(sys.argv[2])); print('.'.join(r['Sn%d'%n] for n in range(1,5)))" "$here/installation.json" "$lock")
-python3 "$here/show_state.py" "$place/state.json" "$serial"
+python3 "$here/show_state.py" "$place/state.json" "$here/installation.json" "$lock"

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Prints what a lock of the virtual system holds: show_state.py STATE.json SERIAL"""
+"""Prints what a lock of the virtual system holds: show_state.py STATE.json INSTALLATION.json LOCK"""
 import json
 import sys
 
@@ -14,8 +14,13 @@ def timer_rows(rows):
     return shown
 
 
+def date(day, month, year):
+    # 99 stands for every year.
+    return f"{day:02}.{month:02}." + ("" if year in (0, 99) else f"{year:02}")
+
+
 def day_rows(rows):
-    return [f"{a[0]:02}.{a[1]:02}.{a[2]:02} to {a[3]:02}.{a[4]:02}.{a[5]:02}" for a in rows if any(a)]
+    return [f"{date(*row[:3])} to {date(*row[3:])}" for row in rows if any(row)]
 
 
 def show_list(title, rows):
@@ -35,10 +40,16 @@ def show_users(users):
         print(f"   {'':<18}slot {user['slot']:>3}  {user.get('name', ''):<16}  {what}")
 
 
+def read(path):
+    with open(path, encoding="utf-8") as file:
+        return json.load(file)
+
+
 def main():
-    with open(sys.argv[1], encoding="utf-8") as file:
-        state = json.load(file)
-    lock = next(lock for lock in state["locks"] if lock["serial"] == sys.argv[2])
+    state = read(sys.argv[1])
+    record = next(r for r in read(sys.argv[2])["tables"]["LockRecord"] if r["record"] == int(sys.argv[3]))
+    serial = ".".join(record[f"Sn{part}"] for part in range(1, 5))
+    lock = next(lock for lock in state["locks"] if lock["serial"] == serial)
     print(f"   {'lock:':<18}{lock.get('label', '')} [{lock['serial']}], channel {lock['channel']}")
     clock = lock.get("clock")
     if clock:

@@ -112,13 +112,6 @@ bool Nur_Historie(const Link& l) {
     return l.Lauf.HistoryOnly != 0;
 }
 
-bool Zuletzt(const Link& l, std::uint8_t code) {
-    return l.TxBuffer[2] == code;
-}
-bool Grund(const Link& l, std::uint8_t reason) {
-    return l.RxByte(3) == reason;
-}
-
 // Actions.
 
 void Nichts(Link& /*link*/) {}
@@ -183,6 +176,10 @@ void Historie_Weiter(Link& l) {
 void Historie_Beendet(Link& l) {
     Rufen(l.Hooks.Historie_Fertig);
     TelTrennen_Senden(l);
+}
+void Historie_Vorbei(Link& l) {
+    Rufen(l.Hooks.Historie_Fertig);
+    TelPrioritaet_Senden(l);
 }
 
 void Id_Zweiter(Link& l) {
@@ -273,18 +270,6 @@ void Ablehnung(Link& l) {
     }
 }
 
-void Noch_Einmal_Trennen(Link& l) {
-    if (!Zuletzt(l, 0x05)) {
-        (Unit_Sitzung(l) ? l.Lauf.UnitIncomplete : l.Lauf.Incomplete) = true;
-    }
-    Rufen(l.Hooks.Abfrage_Stoppen);
-    if (++l.Lauf.WiederholZaehler < 40) {
-        TelTrennen_Senden(l);
-    } else {
-        Rufen(l.Hooks.Trennen_Aufgegeben);
-    }
-}
-
 /// A cancel does not cut a session off: it is closed at the next frame, which is discarded.
 void Abbruch_Ausfuehren(Link& link) {
     Rufen(link.Hooks.Abbruch);
@@ -340,7 +325,7 @@ constexpr ReplyRow Replies[] = {
 
     {0x17, "a record", Historie_Satz, Historie_Weiter},
     {0x17, "end, history only", Nur_Historie, Historie_Beendet},
-    {0x17, "end, programming follows", Immer, [](Link& l) { TelPrioritaet_Senden(l); }},
+    {0x17, "end, programming follows", Immer, Historie_Vorbei},
 
     {0x19, "short tables", Modus_Nicht_PB, [](Link& l) { Rufen(l.Hooks.Schaltuhr_B_Kurz); }},
     {0x19, "last part", Timer_Fertig, Schaltuhr_B_Beginnen},
@@ -393,34 +378,6 @@ constexpr ReplyRow Replies[] = {
     {0xA3, "always", Immer, [](Link& l) { Rufen(l.Hooks.Finger_Kennung); }},
 };
 
-constexpr int UnitChannels = 12;
-
-constexpr ReplyRow Refusals[] = {
-    {0x69, "TelDatenStart in a unit session", [](const Link& l) { return Zuletzt(l, 0x27) && Blocktransfer(l); },
-     [](Link& l) { Rufen(l.Hooks.Unit_Datenstart_Wiederholen); }},
-    {0x69, "unit opening, channels left",
-     [](const Link& l) { return l.Lauf.UnitTry == 0x38 && l.Lauf.EintragFertig < UnitChannels; },
-     [](Link& l) { Rufen(l.Hooks.Unit_Naechster_Kanal); }},
-    {0x69, "unit session otherwise", [](const Link& l) { return Unit_Oeffnung(l) || Blocktransfer(l); },
-     [](Link& l) { Rufen(l.Hooks.Unit_Fehlgeschlagen); }},
-    {0x69, "TelLebenszeichen", [](const Link& l) { return Zuletzt(l, 0x08); }, Nichts},
-    {0x69, "unit-list scan", [](const Link& l) { return l.Lauf.SuchMarke == 0xAD; },
-     [](Link& l) { Rufen(l.Hooks.Unit_Kanal_Leer); }},
-    {0x69, "units are searched by logins", Suchlauf, [](Link& l) { Rufen(l.Hooks.Suchlauf_Schritt); }},
-    {0x69, "no contact, channel search",
-     [](const Link& l) { return Grund(l, 0x64) && (Suche(l) || l.Lauf.LaufZiel == "F20"); },
-     [](Link& l) { Rufen(l.Hooks.Kanal_Weiter); }},
-    {0x69, "no contact, unit session", [](const Link& l) { return Grund(l, 0x64) && Unit_Sitzung(l); },
-     [](Link& l) { Rufen(l.Hooks.Unit_Kein_Kontakt); }},
-    {0x69, "no contact", [](const Link& l) { return Grund(l, 0x64); }, [](Link& l) { Rufen(l.Hooks.Kein_Kontakt); }},
-    {0x69, "refused", [](const Link& l) { return Grund(l, 0x65); }, [](Link& l) { Rufen(l.Hooks.Abgelehnt); }},
-    {0x69, "key refused", [](const Link& l) { return Grund(l, 0x66); }, [](Link& l) { Rufen(l.Hooks.Key_Abgelehnt); }},
-    {0x69, "busy", [](const Link& l) { return Grund(l, 0x67); }, Noch_Einmal_Trennen},
-    {0x69, "card refused", [](const Link& l) { return Grund(l, 0x6A); },
-     [](Link& l) { Rufen(l.Hooks.Karte_Abgelehnt); }},
-    {0x69, "any other reason", Immer, Nichts},
-};
-
 } // namespace
 
 bool Immer(const Link& /*link*/) {
@@ -429,9 +386,6 @@ bool Immer(const Link& /*link*/) {
 
 std::span<const ReplyRow> Antwort_Tabelle() {
     return Replies;
-}
-std::span<const ReplyRow> Ablehnung_Tabelle() {
-    return Refusals;
 }
 
 bool Anmeldung_Angenommen(const Link& link) {

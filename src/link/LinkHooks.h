@@ -18,7 +18,7 @@ struct LinkHooks {
     // History and erase.
     std::function<void()> Historie_Anzeigen; ///< reading begins; no telegram
     std::function<void()> Historie_Eintrag;  ///< a record came; no telegram
-    std::function<void()> Historie_Fertig;   ///< the last record of a history run; no telegram
+    std::function<void()> Historie_Fertig;   ///< behind the last record; no telegram
     std::function<void()> Abfrage_Starten;   ///< Timer7, 2000 ms; no telegram
     std::function<void()> Abfrage_Stoppen;   ///< no telegram goes out by a timer any more
 

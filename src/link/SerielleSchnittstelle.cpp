@@ -52,7 +52,7 @@ void Netzwerk_Fertig(Link& link, RxResult result) {
 
 Link::Link(Kern& kernel) : kern(kernel), Timer10(kernel.Welt) {
     // Two bytes for each index of the longest telegram: no telegram makes the line buffer grow.
-    TxWire.reserve(2 * 258);
+    TxWire.reserve(std::size_t{2} * 258);
     Timer10.Ticked = [this] {
         TickSum += Timer10.Interval();
         if (TickSum > 30000) {

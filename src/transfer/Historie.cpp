@@ -85,7 +85,7 @@ void Zustand_Zeigen(RunState& lauf, std::uint8_t event, const std::string& state
 
 /// What a device means by a date that does not exist is not known. Its record is kept, without the date.
 void Datum_Melden(const Kern& kern, const HistoryRecord& record) {
-    kern.Meldung(std::string(u8"Ungültiges Datum: "_w) + Ziffern(record.Day, 2) + "." + Ziffern(record.Month, 2) + "." +
+    kern.Meldung(kern.Zeile(275) + " " + Ziffern(record.Day, 2) + "." + Ziffern(record.Month, 2) + "." +
                  Jahr_Text(record.Year));
 }
 

@@ -94,7 +94,12 @@ void Schritt_Schloss_Ende(Programmierlauf& run) {
 }
 
 void Schritt_Historie_Fertig(Programmierlauf& run) {
-    if (run.link.Lauf.RunRows == 0 && run.Ansicht.Fertig) {
+    const RunState& lauf = run.link.Lauf;
+    if (lauf.HistoryOnly == 0) {
+        if (run.Ansicht.Status) {
+            run.Ansicht.Status(0);
+        }
+    } else if (lauf.RunRows == 0 && run.Ansicht.Fertig) {
         run.Ansicht.Fertig(110);
     }
 }

@@ -37,20 +37,20 @@ struct RunReport {
 
 /// Where a run shows itself. Filled once, with designated initialisers; the windows stand behind it.
 struct RunView {
-    std::function<void()> Fortschritt;                          ///< the two bars; values stand in RunState
-    std::function<void()> F9_Zeigen;                            ///< progress window, for the present lock
-    std::function<void(int line)> Status;                       ///< status label of the progress window, catalogue line
-    std::function<void(int line)> Fertig;                       ///< finished state with that status line
-    std::function<void()> F9_Schliessen_Freigeben;              ///< only the close button becomes live
-    std::function<void()> Historie_Beschriften;                 ///< the reading of events begins
+    std::function<void()> Fortschritt;             ///< the two bars; values stand in RunState
+    std::function<void()> F9_Zeigen;               ///< progress window, for the present lock
+    std::function<void(int line)> Status;          ///< status label of the progress window, catalogue line (0: empty)
+    std::function<void(int line)> Fertig;          ///< finished state with that status line
+    std::function<void()> F9_Schliessen_Freigeben; ///< only the close button becomes live
+    std::function<void()> Historie_Beschriften;    ///< the reading of events begins
     std::function<void(std::uint8_t highNibble, const std::string& text)> Zustand; ///< first state report of a run
-    std::function<void(int box)> Kaestchen;                     ///< ticks check box 1 (lock) or unit + 2
-    std::function<void()> Wartebox_Zeigen;                      ///< F18
+    std::function<void(int box)> Kaestchen; ///< ticks check box 1 (lock) or unit + 2
+    std::function<void()> Wartebox_Zeigen;  ///< F18
     std::function<void()> Wartebox_Schliessen;
-    std::function<void(int value)> Wartebox_Balken;             ///< 100 to 200
+    std::function<void(int value)> Wartebox_Balken; ///< 100 to 200
     std::function<void(int line)> Wartebox_Text;
-    std::function<void()> Zum_Schlossgitter;                    ///< F9 closes, F13 comes back
-    std::function<void()> Schlossgitter_Freigeben;              ///< F13 is enabled
+    std::function<void()> Zum_Schlossgitter;                       ///< F9 closes, F13 comes back
+    std::function<void()> Schlossgitter_Freigeben;                 ///< F13 is enabled
     std::function<void(const std::string& path)> Historie_Oeffnen; ///< a history run made this file
     std::function<void()> Hauptfenster_Freigeben;
 };
@@ -74,7 +74,7 @@ struct Programmierlauf {
     ListView Liste;
     RunReport Bericht;
 
-    int LockNumber = 0;   ///< lock number of the run, 1 to 200
+    int LockNumber = 0; ///< lock number of the run, 1 to 200
     std::string LockName;
     bool Cancelled = false;
     bool UnitGood = false;     ///< the present unit's session went well

@@ -182,7 +182,7 @@ TEST_F(Antwort_Verteilen_Reply, the_end_of_a_history_run_disconnects_and_before_
     link.Lauf.HistoryOnly = 0;
     link.Lauf.ReadHistoryFirst = 1;
     Reply(0x17, HistoryReply(0xFF));
-    EXPECT_THAT(Called, IsEmpty());
+    EXPECT_THAT(Called, ElementsAre("Historie_Fertig"));
     EXPECT_THAT(Sent(), ElementsAre(0x2F));
 }
 
@@ -193,7 +193,7 @@ TEST_F(Antwort_Verteilen_Reply, the_record_behind_the_cut_off_and_a_record_too_s
     link.Lauf.HistoryStop = 0;
     Reply(0x17, {1, 2, 3});
     EXPECT_THAT(Sent(), ElementsAre(0x2F));
-    EXPECT_THAT(Called, IsEmpty());
+    EXPECT_THAT(Called, ElementsAre("Historie_Fertig"));
 }
 
 TEST_F(Antwort_Verteilen_Reply, the_priority_is_followed_by_the_erase_telegram_and_polling_only_in_range_z) {

@@ -17,6 +17,7 @@ protected:
     Historie_Eintraege() {
         kern.AppPath = "/qvm/";
         kern.Sprache.LanguageText[14] = "level 2";
+        kern.Sprache.LanguageText[275] = "L275";
         kern.Sprache.LanguageText[15] = "Code";
         kern.Sprache.LanguageText[112] = "level 3";
         link.Lauf.HistoryCutoff = "01.01.2026";
@@ -148,7 +149,7 @@ TEST_F(Historie_Eintraege, a_cut_off_that_is_no_date_counts_as_none) {
 }
 
 TEST_F(Historie_Eintraege, a_date_that_does_not_exist_is_told_and_left_empty_and_is_not_older) {
-    pc.Answers.push_back({.Text = std::string(u8"Ungültiges Datum: 31.02.2005"_w)});
+    pc.Answers.push_back({.Text = "L275 31.02.2005"});
     ASSERT_TRUE(Entry(31, 2, 5, 0x01));
     ASSERT_EQ(pc.Shown.size(), 1U);
     EXPECT_EQ(pc.Shown[0].Title, "QVM 7702 SOFTWARE SYSTEM");
@@ -158,7 +159,7 @@ TEST_F(Historie_Eintraege, a_date_that_does_not_exist_is_told_and_left_empty_and
 }
 
 TEST_F(Historie_Eintraege, a_record_of_wild_bytes_is_written_as_far_as_it_can_be_read) {
-    pc.Answers.push_back({.Text = std::string(u8"Ungültiges Datum: 255.255.20255"_w)});
+    pc.Answers.push_back({.Text = "L275 255.255.20255"});
     Receive(std::vector<std::uint8_t>(22, 0xFF));
     EXPECT_TRUE(Historie_Eintrag(link, "Front", nullptr));
     EXPECT_EQ(File(), "01.50.0C.06\r\n????????????????\t\t255:255\t\r\n");
