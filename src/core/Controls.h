@@ -37,7 +37,7 @@ private:
     T value_{};
 };
 
-/// 0xBBGGRR, as the described colours are written.
+/// 0xBBGGRR: red in the lowest byte.
 using Colour = std::uint32_t;
 inline constexpr Colour Black = 0x000000, White = 0xFFFFFF;
 
