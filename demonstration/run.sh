@@ -15,7 +15,7 @@ trap cleanup EXIT INT TERM
 
 say() { printf '\n\033[1m%s\033[0m\n' "$*"; }
 
-say "1. The demonstration installation: data files made from demo/installation.json"
+say "1. The demonstration installation: data files made from demonstration/installation.json"
 cp "$bin"/lang/QVM_*.DAT "$place/"
 "$bin/src/console/qvmctl" --dir "$place" import "$here/installation.json"
 ls "$place/DAT" | sed 's/^/   /'

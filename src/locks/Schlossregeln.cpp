@@ -23,7 +23,7 @@ int Emi_Bild(std::string_view serial) {
         return LockPicture::NotApplicable;
     }
     const std::int64_t value = Serie_Wert(serial);
-    return value > 0x0B49FFFF && value < 0x0DFFB9EF ? LockPicture::NotApplicable : LockPicture::Off;
+    return Ohne_Emi(value) ? LockPicture::NotApplicable : LockPicture::Off;
 }
 
 std::uint8_t Prioritaet_Code(std::string_view text) {

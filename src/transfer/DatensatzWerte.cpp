@@ -11,11 +11,6 @@ namespace {
 
 constexpr std::uint8_t ModeOn = 10, ModeOff = 20, NoMode = 0xFF;
 
-/// Locks that know no lock mode.
-constexpr bool Ohne_Modus(std::uint32_t serial) {
-    return serial > 0xB49FFFF && serial < 0xDFFB9EF;
-}
-
 std::uint8_t Modus(std::string_view text) {
     if (text == "X") {
         return ModeOn;
@@ -70,7 +65,7 @@ bool Vorgaben_Laden(DatasetStand& stand) {
     const int record = stand.row.Number;
     RunState& lauf = stand.link.Lauf;
     lauf.PriorityCode = Prioritaet_Code(priorities.Text(record, LockPrioRecord::Prio));
-    lauf.LockMode = Ohne_Modus(stand.serial) ? NoMode : Modus(modes.Text(record, LockEmiRecord::Emi));
+    lauf.LockMode = Ohne_Emi(stand.serial) ? NoMode : Modus(modes.Text(record, LockEmiRecord::Emi));
     return true;
 }
 

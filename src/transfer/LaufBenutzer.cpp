@@ -6,7 +6,6 @@
 namespace qvm {
 namespace {
 
-constexpr std::uint8_t FingerKind = 0xB4;
 constexpr int FirstSlot = 1, LastSlot = 2999;
 /// The slice of a template that TelBenutzerVorlage carries.
 constexpr std::size_t SliceStart = 70, SliceLength = 29;
@@ -66,7 +65,7 @@ void Schritt_Benutzer_Slot(Programmierlauf& run) {
         return;
     }
     run.link.Lauf.UserSlot = static_cast<std::uint16_t>(slot);
-    if (user->Kind == FingerKind) {
+    if (user->Kind == SlotKind::Finger) {
         Vorlage_Senden(run, *user);
     } else {
         TelBenutzerName1_Senden(run.link, user->Name);
