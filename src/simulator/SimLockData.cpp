@@ -158,6 +158,9 @@ void StoreUser(VirtualLock& lock, LockUser& pending, Step step, Frame frame, Jud
         if (stored != nullptr) {
             stored->HasGroups = true;
             stored->Groups = {frame[18], frame[17], frame[16]};
+            if (!stored->Finger && stored->TimerSelector != stored->Groups[0]) {
+                judge.Note(Wrong::Range, frame[2], "the first mask is not the timer selector of the user's data");
+            }
         }
         return;
     default:

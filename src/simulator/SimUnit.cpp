@@ -105,7 +105,7 @@ void JudgeBlockOrder(const Turn& turn) {
     const auto note = [&turn](const std::string& text) { turn.Findings.Note(Wrong::Order, turn.Code(), text); };
     const int row = turn.WordAt(17), piece = turn.Frame[19];
     const int lastRow = unit.Rows.empty() ? 0 : unit.Rows.back().Number;
-    const bool goesOn = row == lastRow && piece == turn.Session.LastPiece + 1;
+    const bool goesOn = !unit.Rows.empty() && row == lastRow && piece == turn.Session.LastPiece + 1;
     const bool next = row == lastRow + 1 && piece == 0;
     if (!goesOn && !next) {
         note("row " + std::to_string(row) + " piece " + std::to_string(piece) + " behind row " +
@@ -159,7 +159,7 @@ DeviceReply TakeClose(Turn& turn) {
         session.Open = false;
         return reply;
     }
-    if (session.Last == Step::UnitBlock) {
+    if (session.Last == Step::UnitBlock && !turn.Unit.Rows.empty()) {
         JudgeRowEnd(turn.Unit.Rows.back(), turn.Code(), turn.Findings);
     }
     const bool blocksDone = turn.Unit.Rows.size() == turn.Unit.RowsAnnounced;

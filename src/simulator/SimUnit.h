@@ -14,7 +14,6 @@ namespace qvm {
 using DecipherFunction = std::function<void(std::span<std::uint8_t, 16> block, std::span<const std::uint8_t, 16> key)>;
 
 struct UnitSession : Session {
-    bool Disturbed = false;
     std::uint8_t ChannelAsked = 0; ///< channel less 1
     int LastPiece = -1;            ///< number of the last piece taken; -1 before the first
 };

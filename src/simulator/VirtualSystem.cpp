@@ -151,9 +151,6 @@ void VirtualSystem::Disturb() {
     for (LockSession& session : lockSessions_) {
         session.Disturbed = true;
     }
-    for (UnitSession& session : unitSessions_) {
-        session.Disturbed = true;
-    }
 }
 
 std::vector<std::uint8_t> VirtualSystem::AdapterAnswers(std::span<const std::uint8_t> frame) {

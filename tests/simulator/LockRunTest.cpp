@@ -1,4 +1,4 @@
-#include "SimBench.h"
+#include "ProgrammingRun.h"
 
 #include <gmock/gmock.h>
 
@@ -7,60 +7,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-constexpr std::uint32_t S = 0x00002C10, Z = 0x01000100, ZwithReader = 0x01500C10, T = 0x0B000000, Terr = 0x0E000000,
-                        NoMode = 0x0C000000;
-
-/// A PC that programs one lock telegram by telegram; every telegram must be acknowledged with its own code.
-struct ProgrammingRun : SimBench {
-    using SimBench::SimBench;
-
-    VirtualLock& Lock() { return System.World().Locks[0]; }
-    void Do(std::uint8_t code, const Bytes& payload = {}) {
-        const Bytes reply = Ask(code, payload);
-        ASSERT_GE(reply.size(), 3U);
-        EXPECT_EQ(reply[2], code);
-    }
-    void Open() {
-        EXPECT_EQ(LogIn(), 4);
-        Do(0x07, {5, 3, 26});
-        Do(0x09, {10, 30, 59});
-        Do(0x2F, {2});
-        Do(0x27, {0});
-    }
-    void ShortTables() {
-        Do(0x19, Join({{8, 7, 30, 18, 0}, Fill(35)}));
-        Do(0x1B, Join({{1, 8, 0, 12, 0}, Fill(35)}));
-    }
-    void TablesInParts() {
-        Do(0x19, Join({{8, 7, 30, 18, 0}, Fill(30), {10, 0, 0, 23, 59}, {0}}));
-        Do(0x19, Join({{9, 9, 0, 12, 0}, {1, 1, 1, 2, 2}, Fill(30), {1}}));
-        Do(0x19, Join({Fill(40), {2}}));
-        Do(0x1B, Join({{1, 8, 0, 12, 0}, Fill(35), {0}}));
-        Do(0x1B, Join({Fill(40), {1}}));
-    }
-    void Holidays() {
-        Do(0x1F, Join({{0}, {24, 12, 26, 27, 12, 26}, Fill(36)}));
-        Do(0x1F, Join({{1}, Fill(42)}));
-        Do(0x1F, Join({{2}, Fill(42)}));
-        Do(0x21, Join({{0}, {1, 5, 99, 1, 5, 99}, Fill(35)}));
-        Do(0x21, Join({{1}, Fill(41)}));
-        Do(0x21, Join({{2}, Fill(41)}));
-    }
-    void Finish() {
-        Do(0x23, {1});
-        Do(0x32, {0x0A});
-        Do(0x15);
-        Do(0x05);
-    }
-    void Name(std::uint16_t slot, const std::string& name) {
-        const Bytes reply = Ask(0x0A);
-        ASSERT_EQ(reply.size(), 17U);
-        EXPECT_EQ((reply[14] << 8) | reply[15], slot);
-        Do(0x0B, Name16(name));
-        Do(0x0D, Join({{reply[14], reply[15]}, Name16(name)}));
-    }
-};
 
 TEST(LockRun, a_lock_with_short_tables_and_no_user_takes_eighteen_telegrams) {
     ProgrammingRun run(OneLock(S));
@@ -260,6 +206,21 @@ TEST(LockUsers, time_groups_follow_when_the_tables_came_in_parts) {
     EXPECT_THAT(run.Lock().Users[0].Groups, ElementsAre(0x80, 0x02, 0x03)) << "the third mask comes first";
 }
 
+TEST(LockUsers, the_first_group_mask_must_be_the_timer_selector) {
+    VirtualWorld world = OneLock(Z);
+    world.Locks[0].EraseBusyMs = 0;
+    ProgrammingRun run(world);
+    run.Open();
+    run.Do(0x25, {0});
+    run.TablesInParts();
+    run.Holidays();
+    run.Name(1, "ANNA");
+    run.Do(0x0E, CodeUserData(1, 0x80));
+    run.Do(0x37, {0, 1, 0x80, 0, 0});
+    ASSERT_EQ(run.System.Judgements().size(), 1U);
+    EXPECT_EQ(run.System.Judgements()[0].Kind, Wrong::Range);
+}
+
 TEST(LockUsers, a_fingerprint_user_is_kept_with_number_name_slice_and_weighting) {
     ProgrammingRun run(OneLock(S));
     run.Open();
@@ -364,135 +325,6 @@ TEST(LockRun, history_first_leads_to_the_priority_and_back_into_the_run) {
     run.Do(0x2F, {4});
     run.Do(0x27, {1});
     EXPECT_EQ(run.System.JudgementLines(), "");
-}
-
-struct OrderCase {
-    const char* Name;
-    std::uint32_t Serial;
-    std::vector<std::pair<std::uint8_t, Bytes>> Before; ///< behind the login, all in order
-    std::uint8_t Code;
-    Bytes Payload;
-};
-void PrintTo(const OrderCase& c, std::ostream* out) {
-    *out << c.Name;
-}
-
-class LockOrder : public testing::TestWithParam<OrderCase> {};
-
-TEST_P(LockOrder, is_judged) {
-    const OrderCase& c = GetParam();
-    VirtualWorld world = OneLock(c.Serial);
-    world.Locks[0].EraseBusyMs = 0;
-    SimBench bench(world);
-    bench.LogIn();
-    for (const auto& [code, payload] : c.Before) {
-        bench.Say(code, payload);
-    }
-    ASSERT_EQ(bench.System.JudgementLines(), "");
-    bench.Say(c.Code, c.Payload);
-    ASSERT_EQ(bench.System.Judgements().size(), 1U) << bench.System.JudgementLines();
-    EXPECT_EQ(bench.System.Judgements()[0].Kind, Wrong::Order) << bench.System.JudgementLines();
-    EXPECT_EQ(bench.System.Judgements()[0].Code, c.Code);
-}
-
-using Steps = std::vector<std::pair<std::uint8_t, Bytes>>;
-const Steps Start{{0x27, {0}}, {0x25, {0}}};
-
-Steps Behind(const Steps& first, const Steps& second) {
-    Steps all = first;
-    all.insert(all.end(), second.begin(), second.end());
-    return all;
-}
-
-const Steps ShortTables{{0x19, Fill(40)}, {0x1B, Fill(40)}};
-const Steps Singles{{0x1F, Join({{0}, Fill(42)})}, {0x1F, Join({{1}, Fill(42)})}, {0x1F, Join({{2}, Fill(42)})}};
-const Steps Perms{{0x21, Join({{0}, Fill(41)})}, {0x21, Join({{1}, Fill(41)})}, {0x21, Join({{2}, Fill(41)})}};
-const Steps UpToUsers = Behind(Start, Behind(ShortTables, Behind(Singles, Perms)));
-const Steps OneUser{{0x0A, {}}, {0x0B, Name16("A")}, {0x0D, Join({{0, 1}, Name16("A")})}, {0x0E, CodeUserData(1)}};
-
-INSTANTIATE_TEST_SUITE_P(
-    All, LockOrder,
-    testing::Values(
-        OrderCase{"time without a date", S, {}, 0x09, {1, 2, 3}},
-        OrderCase{"priority behind the login", S, {}, 0x2F, {2}},
-        OrderCase{"next record before the first", S, {}, 0x17, {2}},
-        OrderCase{"sign of life to a lock that needs none", S, {{0x27, {0}}}, 0x08, {}},
-        OrderCase{"tables without the calendar flag", S, {{0x27, {0}}}, 0x19, Fill(40)},
-        OrderCase{"second part of table A first", Z, Start, 0x19, Join({Fill(40), {1}})},
-        OrderCase{"table A in parts for a lock of short tables", S, Start, 0x19, Join({Fill(40), {0}})},
-        OrderCase{"short table A for a late lock", Terr, Start, 0x19, Fill(40)},
-        OrderCase{"holidays without tables", S, Start, 0x1F, Join({{0}, Fill(42)})},
-        OrderCase{"a missing reader setting", ZwithReader, Start, 0x19, Fill(40)},
-        OrderCase{"a reader setting too many", S, Start, 0x3B, {1, 0xFF, 0, 0}},
-        OrderCase{"permanent days without single days", S, Behind(Start, ShortTables), 0x21, Join({{0}, Fill(41)})},
-        OrderCase{"third part of the single days first", S, Behind(Start, ShortTables), 0x1F, Join({{2}, Fill(42)})},
-        OrderCase{"a name without a slot", S, UpToUsers, 0x0B, Name16("A")},
-        OrderCase{"user data without a name", S, Behind(UpToUsers, {{0x0A, {}}}), 0x0E, CodeUserData(1)},
-        OrderCase{"time groups with short tables", S, Behind(UpToUsers, OneUser), 0x37, {0, 1, 0, 0, 0}},
-        OrderCase{"a long identification for a lock without", S, Behind(UpToUsers, OneUser), 0x43,
-                  Join({{1, 1, 0}, Fill(16)})},
-        OrderCase{"data end without the lock timer flag", S, UpToUsers, 0x15, {}},
-        OrderCase{"a user behind the lock timer flag", S, Behind(UpToUsers, {{0x23, {0}}}), 0x0A, {}},
-        OrderCase{"a channel set without asking", S, {}, 0x29, {0}},
-        OrderCase{"a unit's telegram", S, {}, 0x49, {0, 0, 0x2C, 0x10}}));
-
-TEST(LockOrder, a_mode_for_a_lock_without_one_is_judged) {
-    SimBench bench(OneLock(NoMode));
-    bench.LogIn();
-    for (const auto& [code, payload] : Behind(Start, Behind(Singles, Perms))) {
-        bench.Say(code, payload);
-    }
-    bench.Say(0x23, {0});
-    ASSERT_EQ(bench.System.JudgementLines(), "");
-    bench.Say(0x32, {0x0A});
-    ASSERT_EQ(bench.System.Judgements().size(), 1U);
-}
-
-TEST(LockOrder, the_end_of_data_must_come_before_the_close) {
-    SimBench bench(OneLock(S));
-    bench.LogIn();
-    for (const auto& [code, payload] : UpToUsers) {
-        bench.Say(code, payload);
-    }
-    bench.Say(0x05);
-    ASSERT_EQ(bench.System.Judgements().size(), 1U);
-    EXPECT_EQ(bench.System.Judgements()[0].Kind, Wrong::Unfinished);
-    EXPECT_FALSE(bench.System.World().Locks[0].DataComplete);
-}
-
-TEST(LockOrder, nothing_goes_before_the_login) {
-    SimBench bench(OneLock(S));
-    bench.LogIn();
-    bench.Say(0x05);
-    const auto replies = bench.Say(0x27, {0});
-    ASSERT_EQ(replies.size(), 1U);
-    EXPECT_EQ(replies[0][2], 0x69);
-    EXPECT_EQ(bench.System.World().Locks[0].Erases, 0);
-    ASSERT_EQ(bench.System.Judgements().size(), 1U);
-    EXPECT_EQ(bench.System.Judgements()[0].Kind, Wrong::Order);
-}
-
-TEST(LockOrder, missing_time_groups_are_judged_at_the_next_user) {
-    VirtualWorld world = OneLock(Z);
-    world.Locks[0].EraseBusyMs = 0;
-    ProgrammingRun run(world);
-    run.Open();
-    run.Do(0x25, {0});
-    run.TablesInParts();
-    run.Holidays();
-    run.Name(1, "A");
-    run.Do(0x0E, CodeUserData(1));
-    ASSERT_EQ(run.System.JudgementLines(), "");
-    run.Ask(0x0A);
-    ASSERT_EQ(run.System.Judgements().size(), 1U);
-}
-
-TEST(LockOrder, a_login_inside_a_session_is_judged) {
-    SimBench bench(OneLock(S));
-    bench.LogIn();
-    bench.Say(0x27, {0});
-    bench.LogIn();
-    ASSERT_EQ(bench.System.Judgements().size(), 1U);
 }
 
 } // namespace

@@ -200,6 +200,15 @@ TEST(UnitType2, pieces_and_rows_out_of_order_are_judged) {
     EXPECT_EQ(bench.System.Judgements().size(), 4U) << "row 3 of 2, and another count";
 }
 
+TEST(UnitType2, row_0_as_the_first_is_judged) {
+    UnitBench bench(LockAndUnit(2));
+    bench.Connect();
+    bench.Do(0x27, {0});
+    bench.SendBlock(UnitBench::Block(1, 0, 0, 0, 8, Template(32, 32)));
+    ASSERT_EQ(bench.System.Judgements().size(), 2U) << "out of order, and no number of a row";
+    EXPECT_EQ(bench.System.Judgements()[0].Kind, Wrong::Order);
+}
+
 TEST(UnitType2, a_row_that_is_shorter_than_its_length_is_judged) {
     UnitBench bench(LockAndUnit(2));
     bench.Connect();
