@@ -92,67 +92,79 @@ std::int64_t Lauf_Stille(const Programmierlauf& run) {
     return run.Gesamtende || own ? 0 : run.kern.Welt.Milliseconds() - run.link.Lauf.LastAnswer;
 }
 
-void Lauf_Haken_Setzen(Programmierlauf& run, LinkHooks& hooks) {
-    const auto schritt = [&run](void (*step)(Programmierlauf&)) { return [&run, step] { step(run); }; };
+namespace {
 
-    hooks.Anmeldung_Abgelehnt = schritt(Schritt_Anmeldung_Abgelehnt);
-    hooks.Suche_Abgelehnt = schritt(Schritt_Anmeldung_Abgelehnt);
-    hooks.Unit_Abgelehnt = schritt(Schritt_Unit_Abgelehnt);
+/// A hook that runs one step.
+std::function<void()> Haken(Programmierlauf& run, void (*step)(Programmierlauf&)) {
+    return [&run, step] { step(run); };
+}
+
+/// The hooks from the end of a lock on, and all refusals.
+void Ende_Haken_Setzen(Programmierlauf& run, LinkHooks& hooks) {
+    hooks.Daten_Schluss = Haken(run, Schritt_Daten_Schluss);
+    hooks.Zweiter_Durchgang = Haken(run, Schritt_Zweiter_Durchgang);
+    hooks.Schloss_Ende = Haken(run, Schritt_Schloss_Ende);
+    hooks.Kanalwechsel_Ende = [&run] { run.kern.Meldung(run.kern.Zeile(204), Buttons::Ok, Icon::Information); };
+    hooks.Abbruch = Haken(run, Schritt_Abbruch);
+
+    hooks.Unit_Fertig = Haken(run, Schritt_Unit_Fertig);
+    hooks.Unit_Getrennt = Haken(run, Schritt_Unit_Getrennt);
+    hooks.Unit_Bloecke_Start = Haken(run, Schritt_Unit_Bloecke_Start);
+    hooks.Unit_Block_Quittung = Haken(run, Schritt_Unit_Block_Quittung);
+
+    hooks.Code_Ergebnis = Haken(run, Schritt_Code_Ergebnis);
+
+    hooks.Unit_Datenstart_Wiederholen = Haken(run, Schritt_Unit_Datenstart_Wiederholen);
+    hooks.Unit_Naechster_Kanal = Haken(run, Schritt_Unit_Naechster_Kanal);
+    hooks.Unit_Fehlgeschlagen = Haken(run, Schritt_Unit_Fehlgeschlagen);
+    hooks.Unit_Kein_Kontakt = Haken(run, Schritt_Unit_Kein_Kontakt);
+    hooks.Kanal_Weiter = Haken(run, Schritt_Kanal_Weiter);
+    hooks.Kein_Kontakt = Haken(run, Schritt_Kein_Kontakt);
+    hooks.Abgelehnt = Haken(run, Schritt_Abgelehnt);
+    hooks.Key_Abgelehnt = Haken(run, Schritt_Key_Abgelehnt);
+    hooks.Trennen_Aufgegeben = Haken(run, Schritt_Trennen_Aufgegeben);
+    hooks.Karte_Abgelehnt = [&run] {
+        run.kern.Meldung("Karte nicht erkannt!", Buttons::Ok, Icon::None, "");
+        Rufen(run.Ansicht.Hauptfenster_Freigeben);
+    };
+}
+
+} // namespace
+
+void Lauf_Haken_Setzen(Programmierlauf& run, LinkHooks& hooks) {
+    hooks.Anmeldung_Abgelehnt = Haken(run, Schritt_Anmeldung_Abgelehnt);
+    hooks.Suche_Abgelehnt = Haken(run, Schritt_Anmeldung_Abgelehnt);
+    hooks.Unit_Abgelehnt = Haken(run, Schritt_Unit_Abgelehnt);
     hooks.Kanal_Setzen_Planen = [&run] { run.Timer8.Start(10); };
-    hooks.Kanal_Gesetzt = schritt(Schritt_Kanal_Gesetzt);
+    hooks.Kanal_Gesetzt = Haken(run, Schritt_Kanal_Gesetzt);
 
     hooks.Historie_Anzeigen = [&run] { Rufen(run.Ansicht.Historie_Beschriften); };
     hooks.Historie_Eintrag = [&run] { Historie_Eintrag(run.link, run.LockName, run.Ansicht.Zustand); };
-    hooks.Historie_Fertig = schritt(Schritt_Historie_Fertig);
+    hooks.Historie_Fertig = Haken(run, Schritt_Historie_Fertig);
     hooks.Abfrage_Starten = [&run] { run.Timer7.Start(2000); };
     hooks.Abfrage_Stoppen = [&run] {
         run.Timer7.Stop();
         run.Timer8.Stop();
     };
 
-    hooks.Zeitfenster = schritt(Schritt_Zeitfenster);
-    hooks.ReaderEinstellung = schritt(Schritt_ReaderEinstellung);
-    hooks.Schaltuhr_A = schritt(Schritt_Schaltuhr_A);
+    hooks.Zeitfenster = Haken(run, Schritt_Zeitfenster);
+    hooks.ReaderEinstellung = Haken(run, Schritt_ReaderEinstellung);
+    hooks.Schaltuhr_A = Haken(run, Schritt_Schaltuhr_A);
     hooks.Schaltuhr_A_Kurz = [&run] { TelSchaltuhrAKurz_Senden(run.link, run.Daten.TimerTableA); };
-    hooks.Schaltuhr_B = schritt(Schritt_Schaltuhr_B);
+    hooks.Schaltuhr_B = Haken(run, Schritt_Schaltuhr_B);
     hooks.Schaltuhr_B_Kurz = [&run] { TelSchaltuhrBKurz_Senden(run.link, run.Daten.TimerTableB); };
-    hooks.EinzelFeiertage = schritt(Schritt_EinzelFeiertage);
-    hooks.PermFeiertage = schritt(Schritt_PermFeiertage);
+    hooks.EinzelFeiertage = Haken(run, Schritt_EinzelFeiertage);
+    hooks.PermFeiertage = Haken(run, Schritt_PermFeiertage);
 
-    hooks.Benutzer_Beginnen = schritt(Schritt_Benutzer_Beginnen);
-    hooks.Benutzer_Slot = schritt(Schritt_Benutzer_Slot);
-    hooks.Benutzer_Name2 = schritt(Schritt_Benutzer_Name2);
-    hooks.Benutzer_Daten = schritt(Schritt_Benutzer_Daten);
-    hooks.Id_Daten1 = schritt(Schritt_Id_Daten1);
-    hooks.Id_Daten2 = schritt(Schritt_Id_Daten2);
-    hooks.Benutzer_Zeitgruppen = schritt(Schritt_Benutzer_Zeitgruppen);
+    hooks.Benutzer_Beginnen = Haken(run, Schritt_Benutzer_Beginnen);
+    hooks.Benutzer_Slot = Haken(run, Schritt_Benutzer_Slot);
+    hooks.Benutzer_Name2 = Haken(run, Schritt_Benutzer_Name2);
+    hooks.Benutzer_Daten = Haken(run, Schritt_Benutzer_Daten);
+    hooks.Id_Daten1 = Haken(run, Schritt_Id_Daten1);
+    hooks.Id_Daten2 = Haken(run, Schritt_Id_Daten2);
+    hooks.Benutzer_Zeitgruppen = Haken(run, Schritt_Benutzer_Zeitgruppen);
 
-    hooks.Daten_Schluss = schritt(Schritt_Daten_Schluss);
-    hooks.Zweiter_Durchgang = schritt(Schritt_Zweiter_Durchgang);
-    hooks.Schloss_Ende = schritt(Schritt_Schloss_Ende);
-    hooks.Kanalwechsel_Ende = [&run] { run.kern.Meldung(run.kern.Zeile(204), Buttons::Ok, Icon::Information); };
-    hooks.Abbruch = schritt(Schritt_Abbruch);
-
-    hooks.Unit_Fertig = schritt(Schritt_Unit_Fertig);
-    hooks.Unit_Getrennt = schritt(Schritt_Unit_Getrennt);
-    hooks.Unit_Bloecke_Start = schritt(Schritt_Unit_Bloecke_Start);
-    hooks.Unit_Block_Quittung = schritt(Schritt_Unit_Block_Quittung);
-
-    hooks.Code_Ergebnis = schritt(Schritt_Code_Ergebnis);
-
-    hooks.Unit_Datenstart_Wiederholen = schritt(Schritt_Unit_Datenstart_Wiederholen);
-    hooks.Unit_Naechster_Kanal = schritt(Schritt_Unit_Naechster_Kanal);
-    hooks.Unit_Fehlgeschlagen = schritt(Schritt_Unit_Fehlgeschlagen);
-    hooks.Unit_Kein_Kontakt = schritt(Schritt_Unit_Kein_Kontakt);
-    hooks.Kanal_Weiter = schritt(Schritt_Kanal_Weiter);
-    hooks.Kein_Kontakt = schritt(Schritt_Kein_Kontakt);
-    hooks.Abgelehnt = schritt(Schritt_Abgelehnt);
-    hooks.Key_Abgelehnt = schritt(Schritt_Key_Abgelehnt);
-    hooks.Trennen_Aufgegeben = schritt(Schritt_Trennen_Aufgegeben);
-    hooks.Karte_Abgelehnt = [&run] {
-        run.kern.Meldung("Karte nicht erkannt!", Buttons::Ok, Icon::None, "");
-        Rufen(run.Ansicht.Hauptfenster_Freigeben);
-    };
+    Ende_Haken_Setzen(run, hooks);
     hooks.Fortschritt = [&run] { Rufen(run.Ansicht.Fortschritt); };
 }
 
