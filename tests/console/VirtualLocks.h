@@ -1,0 +1,41 @@
+#pragma once
+
+#include "RunBinary.h"
+
+#include <memory>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <vector>
+
+namespace qvm::test {
+
+/// A program directory with a small installation, and the virtual lock system behind its link com1.
+///
+/// Lock 1 "Tor" 00.0A.10.01 has two users, lock 2 "Leer" 00.0A.10.02 has none, lock 3 "Fern" 00.0A.10.03 does not
+/// exist in the virtual system. All listen on channel 5 and have the administrator code 104212.
+class VirtualLocks {
+public:
+    VirtualLocks();
+
+    static constexpr const char* Code = "104212";
+
+    /// `options`: of the virtual system, as --fault or --pace.
+    void Start(const std::vector<std::string>& options = {});
+    /// Ends the virtual system. What it found wrong with the telegrams, empty when nothing.
+    std::string Stop();
+    /// What the locks hold, after Stop.
+    nlohmann::json State() const;
+    nlohmann::json Lock(const std::string& serial) const;
+
+    /// The console companion on the directory, with the code on standard input.
+    RunResult Run(const std::vector<std::string>& arguments);
+    std::unique_ptr<Process> Begin(const std::vector<std::string>& arguments);
+    std::vector<std::string> Arguments(const std::vector<std::string>& arguments) const;
+
+    TempDirectory Directory;
+
+private:
+    std::unique_ptr<Process> simulator_;
+};
+
+} // namespace qvm::test
