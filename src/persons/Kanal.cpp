@@ -56,15 +56,20 @@ void Kanal_Vormerken(std::string& record, const RecordField& channelField, const
     Feld_Schreiben(record, flagField, Zahlwert(channel) == target ? "0" : "1");
 }
 
+/// A stored channel as a number; what is blank or no channel, 1 to 12, gives `otherwise`.
+int Kanalnummer(const std::string& text, int otherwise) {
+    const int channel = Zahlwert(text);
+    return channel >= 1 && channel <= Channels ? channel : otherwise;
+}
+
 } // namespace
 
 KanalStand Kanal_Stand(const Kern& kern, int lock) {
     RecordFile channels(ChannelRecord::Record);
     channels.Laden(kern.Welt.Files, kern.DatPfad()); // what cannot be read is blank
     const int n = Ist_Schloss(lock) ? lock : 0;
-    const std::string target = channels.Text(n, ChannelRecord::TargetChannel);
-    return {.Channel = Zahlwert(Vorgabe(channels.Text(n, ChannelRecord::LockChannel), "1")),
-            .Target = target.empty() ? kern.Config.Funkkanal() : Zahlwert(target),
+    return {.Channel = Kanalnummer(channels.Text(n, ChannelRecord::LockChannel), 1),
+            .Target = Kanalnummer(channels.Text(n, ChannelRecord::TargetChannel), kern.Config.Funkkanal()),
             .ChangePending = Zahlwert(Vorgabe(channels.Text(n, ChannelRecord::LockChange), "1")) == 1};
 }
 

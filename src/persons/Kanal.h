@@ -12,8 +12,8 @@ struct Kern;
 
 /// What a run asks about a lock.
 struct KanalStand {
-    int Channel = 1;           ///< on which the lock was last programmed; 1 when blank
-    int Target = 1;            ///< to which the system is set; RadioChannel when blank
+    int Channel = 1;           ///< on which the lock was last programmed; 1 when blank or no channel
+    int Target = 1;            ///< to which the system is set; RadioChannel when blank or no channel
     bool ChangePending = true; ///< the lock must still change channel; true when blank
 
     bool operator==(const KanalStand&) const = default;

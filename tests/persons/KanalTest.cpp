@@ -44,9 +44,13 @@ TEST_F(Kanal_Stand, a_gap_in_the_file_is_blank) {
     EXPECT_EQ(qvm::Kanal_Stand(kern, 1), (KanalStand{1, 12, true}));
 }
 
-TEST_F(Kanal_Stand, damaged_texts_are_numbers_all_the_same) {
-    File(ChannelFile) = "xyz   -4 2  ?  ";
-    EXPECT_EQ(qvm::Kanal_Stand(kern, 1), (KanalStand{0, -4, false}));
+TEST_F(Kanal_Stand, a_damaged_text_is_no_channel_and_never_goes_on_the_air) {
+    File(ChannelFile) = "xyz   -4 2  ?  "
+                        "13    0  1     "
+                        "1     12 0     ";
+    EXPECT_EQ(qvm::Kanal_Stand(kern, 1), (KanalStand{1, 12, false}));
+    EXPECT_EQ(qvm::Kanal_Stand(kern, 2), (KanalStand{1, 12, true}));
+    EXPECT_EQ(qvm::Kanal_Stand(kern, 3), (KanalStand{1, 12, false}));
 }
 
 TEST_F(Kanal_Stand, a_lock_that_does_not_exist_and_a_file_error_are_blank) {
