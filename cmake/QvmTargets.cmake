@@ -37,6 +37,17 @@ function(qvm_library name)
   endif()
 endfunction()
 
+# qvm_test_support()
+# What tests share, with the headers of the test framework compiled once for all test programs.
+function(qvm_test_support)
+  qvm_library(test_support DIR "${CMAKE_CURRENT_SOURCE_DIR}/support" DEPS core GTest::gtest GTest::gmock)
+  target_compile_definitions(test_support PUBLIC
+    QVM_SOURCE_DIR="${PROJECT_SOURCE_DIR}" QVM_BINARY_DIR="${PROJECT_BINARY_DIR}")
+  # Positions do not matter in tests; one setting for all lets them share the compiled headers with Qt's users.
+  set_target_properties(test_support PROPERTIES POSITION_INDEPENDENT_CODE ON)
+  target_precompile_headers(test_support PRIVATE <gmock/gmock.h> <gtest/gtest.h> <map> <string> <vector>)
+endfunction()
+
 # qvm_test(<folder> [DEPS <target>...])
 # The tests of tests/<folder> as one program test_<folder>, linked to what that folder may use and no more.
 function(qvm_test folder)
@@ -46,8 +57,8 @@ function(qvm_test folder)
     return()
   endif()
   add_executable(test_${folder} ${sources})
-  target_link_libraries(test_${folder} PRIVATE ${arg_DEPS} test_support GTest::gtest_main GTest::gmock rapidcheck)
-  target_compile_definitions(test_${folder} PRIVATE
-    QVM_SOURCE_DIR="${PROJECT_SOURCE_DIR}" QVM_BINARY_DIR="${PROJECT_BINARY_DIR}")
+  set_target_properties(test_${folder} PROPERTIES POSITION_INDEPENDENT_CODE ON)
+  target_link_libraries(test_${folder} PRIVATE ${arg_DEPS} test_support GTest::gtest_main rapidcheck)
+  target_precompile_headers(test_${folder} PRIVATE <gmock/gmock.h> <gtest/gtest.h> <map> <string> <vector>)
   gtest_discover_tests(test_${folder} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 300)
 endfunction()
