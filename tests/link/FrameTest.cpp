@@ -30,6 +30,11 @@ std::string Body(const Empfaenger& rx) {
 
 using Results = std::vector<RxResult>;
 
+/// Puts another byte to an index of a frame in text form.
+void Setzen(std::string& frame, std::size_t index, std::string_view byte) {
+    frame.replace(index * 3, 2, byte);
+}
+
 TEST(Pruefsumme, doubles_and_adds_with_end_around_carry) {
     EXPECT_EQ(Pruefsumme(Hex("01 02 03")), 11);
     EXPECT_EQ(Pruefsumme(Hex("80 00")), 1);
@@ -225,8 +230,8 @@ class Empfang_Netzwerk_OhneSumme : public ::testing::TestWithParam<std::string_v
 TEST_P(Empfang_Netzwerk_OhneSumme, history_and_error_frames_are_taken_without_a_checksum) {
     Empfaenger rx;
     std::string frame(NetworkFrame);
-    frame.replace(27 * 3, 2, GetParam());
-    frame.replace(29 * 3, 2, "EE");
+    Setzen(frame, 27, GetParam());
+    Setzen(frame, 29, "EE");
     EXPECT_EQ(Feed(rx, Empfang_Netzwerk, frame), Results{RxResult::Frame});
     EXPECT_EQ(rx.RxBuffer[29], 0xEE);
 }
@@ -236,9 +241,9 @@ INSTANTIATE_TEST_SUITE_P(Steps, Empfang_Netzwerk_OhneSumme, ::testing::Values("0
 TEST(Empfang_Netzwerk, wants_a_checksum_of_another_code_than_90) {
     Empfaenger rx;
     std::string frame(NetworkFrame);
-    frame.replace(2 * 3, 2, "91");
-    frame.replace(27 * 3, 2, "0C");
-    frame.replace(29 * 3, 2, "EE");
+    Setzen(frame, 2, "91");
+    Setzen(frame, 27, "0C");
+    Setzen(frame, 29, "EE");
     EXPECT_EQ(Feed(rx, Empfang_Netzwerk, frame), Results{RxResult::BadChecksum});
 }
 

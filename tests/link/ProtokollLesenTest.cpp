@@ -9,7 +9,6 @@
 namespace qvm {
 namespace {
 
-using test::Hex;
 using test::HexZeile;
 using Way = TraceFrame::Direction;
 
