@@ -11,7 +11,8 @@ cleanup() {
     [ -z "$simulator" ] || { kill "$simulator" 2>/dev/null; wait "$simulator" 2>/dev/null || true; }
     rm -rf "$place"
 }
-trap cleanup EXIT INT TERM
+trap cleanup EXIT
+trap 'exit 130' INT TERM
 
 say() { printf '\n\033[1m%s\033[0m\n' "$*"; }
 
@@ -32,7 +33,10 @@ say "3. Lock $lock: history first, then its whole dataset (administrator code 12
 echo 123456 | "$bin/src/console/qvmctl" --dir "$place" --port "$place/com1" program "$lock" --history --code-from -
 
 say "4. The events that were read"
-for file in "$place"/HIST/*.HST; do
+shopt -s nullglob
+histories=("$place"/HIST/*.HST)
+[ ${#histories[@]} -gt 0 ] || echo "   no events"
+for file in "${histories[@]}"; do
     echo "   $(basename "$file")"
     tr -d '\r' <"$file" | sed 's/^/   /' | LC_ALL=C expand -t 4,28,42,52 | iconv -f CP1252 -t UTF-8
 done
