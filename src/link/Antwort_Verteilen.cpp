@@ -18,8 +18,10 @@ constexpr int HistoryEventIndex = 35;
 constexpr std::uint8_t HistoryEndMark = 0xFF;
 
 void Geraet_Merken(Link& link) {
-    std::copy_n(link.Rx.RxBuffer.begin() + 3, 4, link.Device.DeviceAddress.begin());
-    std::copy_n(link.Rx.RxBuffer.begin() + 7, 4, link.Device.Serial.begin());
+    for (int n = 0; n < 4; ++n) {
+        link.Device.DeviceAddress[static_cast<std::size_t>(n)] = link.RxByte(3 + n);
+        link.Device.Serial[static_cast<std::size_t>(n)] = link.RxByte(7 + n);
+    }
     link.Device.Status = link.RxByte(StatusIndex);
 }
 
@@ -108,8 +110,9 @@ bool Historie_Satz(const Link& l) {
     return l.Rx.RxLength + 1 >= HistoryEventIndex && l.RxByte(HistoryEventIndex) != HistoryEndMark &&
            l.Lauf.HistoryStop == 0;
 }
-bool Nur_Historie(const Link& l) {
-    return l.Lauf.HistoryOnly != 0;
+/// A lock whose events were asked for and could not be kept is not erased.
+bool Historie_Ende_Des_Laufs(const Link& l) {
+    return l.Lauf.HistoryOnly != 0 || l.Lauf.HistoryLost;
 }
 
 // Actions.
@@ -135,6 +138,7 @@ void Suche_Erfolgreich(Link& l) {
 }
 void Angemeldet(Link& l) {
     l.Lauf.Incomplete = false;
+    l.Lauf.WiederholZaehler = 0;
     Geraet_Merken(l);
     Nach_Verbunden(l);
 }
@@ -144,6 +148,7 @@ void Anmeldung_Verweigert(Link& l) {
 }
 void Unit_Angemeldet(Link& l) {
     l.Lauf.UnitIncomplete = false;
+    l.Lauf.WiederholZaehler = 0;
     TelUnitEinstellung_Senden(l, l.Lauf.LockAddress);
 }
 void Suche_Verweigert(Link& l) {
@@ -166,12 +171,17 @@ void Lebenszeichen_Beantwortet(Link& l) {
 void Historie_Lesen(Link& l) {
     l.Lauf.HistoryStop = 0;
     l.Lauf.HistoryFileOpen = 0;
+    l.Lauf.HistoryLost = false;
+    l.Lauf.HistoryDateTold = false;
     Rufen(l.Hooks.Historie_Anzeigen);
     TelHistorie_Senden(l, 0);
 }
 void Historie_Weiter(Link& l) {
     Rufen(l.Hooks.Historie_Eintrag);
-    TelHistorie_Senden(l, 2);
+    // A message of the entry lets events in: a cancel may have been honoured meanwhile.
+    if (l.Lauf.Phase == RunPhase::Open) {
+        TelHistorie_Senden(l, 2);
+    }
 }
 void Historie_Beendet(Link& l) {
     Rufen(l.Hooks.Historie_Fertig);
@@ -324,7 +334,7 @@ constexpr ReplyRow Replies[] = {
     {0x15, "always", Immer, Trennen},
 
     {0x17, "a record", Historie_Satz, Historie_Weiter},
-    {0x17, "end, history only", Nur_Historie, Historie_Beendet},
+    {0x17, "end, history only or lost", Historie_Ende_Des_Laufs, Historie_Beendet},
     {0x17, "end, programming follows", Immer, Historie_Vorbei},
 
     {0x19, "short tables", Modus_Nicht_PB, [](Link& l) { Rufen(l.Hooks.Schaltuhr_B_Kurz); }},
@@ -432,6 +442,18 @@ void Zeit_Tabellen_Start(Link& link) {
     }
 }
 
+bool Antwort_Zulaessig(const Link& link, std::uint8_t code) {
+    constexpr std::uint8_t firstOfWindows = 0x60;
+    const RunState& lauf = link.Lauf;
+    if (code >= firstOfWindows || code == 0x12 || code == 0x4B || lauf.Phase == RunPhase::Open) {
+        return true;
+    }
+    if (lauf.Phase == RunPhase::Closing) {
+        return code == 0x03 || code == 0x05;
+    }
+    return lauf.CodeChangePending != 0 || lauf.SuchLauf != 0 || lauf.LaufZiel == "F20" || lauf.LaufZiel == "F22";
+}
+
 void Antwort_Verteilen(Link& link) {
     link.Lauf.LastAnswer = link.kern.Welt.Milliseconds();
     if (link.Lauf.AbbruchWunsch != 0) {
@@ -439,6 +461,9 @@ void Antwort_Verteilen(Link& link) {
         return;
     }
     const std::uint8_t code = link.Rx.RxBuffer[2];
+    if (!Antwort_Zulaessig(link, code)) {
+        return;
+    }
     for (const ReplyRow& row : Antwort_Tabelle()) {
         if (row.Code == code && row.Condition(link)) {
             row.Action(link);

@@ -24,6 +24,9 @@ std::span<const ReplyRow> Antwort_Tabelle();
 /// The rows of reply 0x69, by what went before and by the reason the device gave.
 std::span<const ReplyRow> Ablehnung_Tabelle();
 
+/// Whether a reply may act now. A late reply of a run that has ended or was cancelled must not go on with it: behind a
+/// cancel only those that close the session act, without a run only what a window has asked for.
+bool Antwort_Zulaessig(const Link& link, std::uint8_t code);
 /// True when a login was accepted: the status byte lies inside the frame and is 4.
 bool Anmeldung_Angenommen(const Link& link);
 /// History is read in this run, first or only.

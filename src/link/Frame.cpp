@@ -6,7 +6,6 @@ namespace qvm {
 namespace {
 
 /// Length of the header that the network automaton reads before it knows the frame's length.
-constexpr int NetworkHeader = 6;
 constexpr int NetworkCodeIndex = 2;
 constexpr int NetworkStepIndex = 27;
 

@@ -12,6 +12,8 @@ namespace qvm {
 
 inline constexpr int BufferSize = 1401;
 inline constexpr std::uint8_t StartByte = 0x02;
+/// Bytes of a network frame before its length is known.
+inline constexpr int NetworkHeader = 6;
 /// Index 2 of every frame of the network path.
 inline constexpr std::uint8_t NetworkCode = 0x90;
 

@@ -54,8 +54,9 @@ std::vector<bool> Verborgene(const Mitschnitt& frame, Geheimnis secrets) {
     }
     const Layout* layout = Layout_Suchen(Gesendet(frame.Way), bytes);
     if (!Gesendet(frame.Way)) {
-        // The last byte is the checksum, no payload.
-        Felder_Verbergen(bytes.first(bytes.size() - 1), layout, hidden);
+        // The last byte of a whole frame is the checksum, no payload.
+        const bool whole = frame.Result == RxResult::Frame || frame.Result == RxResult::BadChecksum;
+        Felder_Verbergen(whole ? bytes.first(bytes.size() - 1) : bytes, layout, hidden);
     } else if (layout == nullptr) {
         std::fill(hidden.begin() + std::min<std::ptrdiff_t>(PayloadIndex, std::ssize(hidden)), hidden.end(), true);
     } else {

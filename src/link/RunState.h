@@ -14,8 +14,16 @@ inline constexpr const char* TimerPB_UT = "TimerPB_UT";
 inline constexpr const char* Timer_A_B = "Timer_A_B";
 inline constexpr const char* Timer_ERROR = "Timer_ERROR";
 
+/// Which replies of the chain may act.
+enum class RunPhase : std::uint8_t {
+    None,    ///< no run: only what a window asked for
+    Open,    ///< all of them
+    Closing, ///< a cancel was honoured: only those that close the session
+};
+
 /// The flags of a run. Windows write them before the run, the reply chain during it.
 struct RunState {
+    RunPhase Phase = RunPhase::None;
     std::uint8_t AbbruchWunsch = 0;     ///< set by cancel buttons, honoured at the next frame
     std::string LaufZiel;               ///< "", "UNIT", "F20" or "F22": who asked for the login
     std::uint8_t UnitModus = 0;         ///< 0 normal, 0xFA unit opening, 0xFD unit block transfer
@@ -48,6 +56,8 @@ struct RunState {
     int UnitIndex = 0xFF;         ///< current wireless unit, 0 to 4; 0xFF before the first
     std::uint8_t HistoryStop = 0; ///< 0xFF when a record older than the cut-off has come
     std::uint8_t HistoryFileOpen = 0;
+    bool HistoryLost = false;           ///< a record of this run could not be written
+    bool HistoryDateTold = false;       ///< a date that does not exist was reported
     std::uint8_t HistoryStateShown = 0; ///< 1 when the run's first record with a state was shown
     std::string HistoryCutoff;          ///< "dd.mm.yyyy", or empty
     std::string HistoryFileName;        ///< full path of the run's .HST file

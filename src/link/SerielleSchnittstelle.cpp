@@ -31,7 +31,7 @@ void Protokollieren(const Link& link, bool network, int index, std::uint8_t byte
     std::copy_n(link.Rx.RxBuffer.begin(), size, bytes.begin());
     bytes[size] = byte;
     const bool whole = result == RxResult::Frame || result == RxResult::BadChecksum;
-    if (network && whole && size > 0) {
+    if (network && whole && link.Rx.RxLength > NetworkHeader && size > 0) {
         bytes[size - 1] = link.Rx.RxSum;
     }
     link.Protokoll({.Way = result == RxResult::Frame ? TraceFrame::Direction::Received : TraceFrame::Direction::Dropped,

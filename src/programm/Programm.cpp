@@ -29,7 +29,11 @@ void Programm::Ansicht_Verbinden() {
                 }
                 F9.Fertig(line);
             },
-        .F9_Schliessen_Freigeben = [this] { F9.Command2.Enabled = true; },
+        .F9_Schliessen_Freigeben =
+            [this] {
+                F9.Command1.Enabled = false;
+                F9.Command2.Enabled = true;
+            },
         .Historie_Beschriften = [this] { F9.StatusLabel.Text = kern.Zeile(264); },
         .Zustand = [this](std::uint8_t state, const std::string& text) { F9.Zustand_Zeigen(state, text); },
         .Kaestchen = [this](int box) { F9.Ankreuzen(box); },
@@ -46,6 +50,7 @@ void Programm::Ansicht_Verbinden() {
                 F9.Stille.Stop();
                 F9.Fenster.Visible = false;
                 F18.F18_Schliessen();
+                F13.RFk_IconLoad();
                 F13.Fenster.Enabled = true;
             },
         .Schlossgitter_Freigeben = [this] { F13.Fenster.Enabled = true; },
@@ -63,6 +68,10 @@ void Programm::Fenster_Verbinden() {
     F9.F13_Freigeben = [this] {
         F13.RFk_IconLoad();
         F13.Fenster.Enabled = true;
+    };
+    F18.F9_Zeigen = [this] {
+        F9.F9_Zeigen();
+        F9.Command2.Enabled = true;
     };
     F11.Zurueck = [this] { F13.Fenster.Enabled = true; };
     F11.F13_Verbergen = [this] { F13.Fenster.Visible = false; };

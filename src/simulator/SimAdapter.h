@@ -9,7 +9,7 @@
 namespace qvm {
 
 /// Where the identification reply carries the adapter's version. The place is this adapter's own choice.
-inline constexpr std::uint8_t AdapterVersionIndex = 14;
+inline constexpr std::uint8_t AdapterVersionIndex = 15;
 
 struct AdapterReply {
     std::vector<std::uint8_t> Bytes; ///< bytes 0 to L + 1; empty: no reply

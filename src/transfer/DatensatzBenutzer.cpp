@@ -7,6 +7,7 @@
 #include "Zeitgruppen.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace qvm {
 namespace {
@@ -26,7 +27,7 @@ struct UserLoop {
     RecordFile users{UserRecord::Record};
     RecordFile groups{TimeGroup::Record};
     TemplateStore templates{};
-    bool templatesRead = false;
+    std::optional<ReadStatus> templatesRead{}; ///< nothing before the first finger that needs one
     int counted = 0;
     int premium = 0;
 };
@@ -40,7 +41,7 @@ TimerBits Masken(std::string days) {
     return {Gruppenmaske(map.substr(0, 8)), Gruppenmaske(map.substr(8, 8)), Gruppenmaske(map.substr(16, 8))};
 }
 
-/// Day map of the groups that every installation has, also before the timer window was ever opened.
+/// Day map of a group that every installation has, whatever the file of groups holds; empty for any other.
 std::string Feste_Gruppe(std::string_view id) {
     for (const GroupEntry& group : PersonGruppen_Vorgabe()) {
         if (group.PbId == id) {
@@ -54,13 +55,16 @@ TimerBits Zeitgruppe(const UserLoop& loop, std::string_view id) {
     if (id.empty() || id == "-") {
         return {};
     }
+    if (const std::string days = Feste_Gruppe(id); !days.empty()) {
+        return Masken(days);
+    }
     const RecordLayout& layout = loop.groups.Layout();
     for (int n = layout.First; n <= layout.Last; ++n) {
         if (loop.groups.Text(n, TimeGroup::PbId) == id) {
             return Masken(Feld_Roh(loop.groups.Record(n), TimeGroup::Days));
         }
     }
-    return Masken(Feste_Gruppe(id));
+    return {};
 }
 
 // ---- names and codes
@@ -149,27 +153,30 @@ void Finger_Vermerken(UserLoop& loop) {
     kern.Meldung(kern.Zeile(273), Buttons::Ok, Icon::Exclamation);
 }
 
-/// The template as bytes: as many as its first two values say, held within what a record can hold. Values that the
-/// text lacks are 0.
-bool FsTemplate_Laden(UserLoop& loop, std::string_view identifier, ProgSlot& slot) {
-    if (!loop.templatesRead) {
-        loop.templates.Laden(loop.stand.Kernteil()); // a file that cannot be read holds no template
-        loop.templatesRead = true;
-    }
-    const auto text = loop.templates.Suchen(identifier);
-    if (!text) {
-        return false;
-    }
-    const int length = std::min(Template_Laenge(*text), MostTemplateBytes);
-    slot.Template = Dezimalwerte(*text, static_cast<std::size_t>(length));
-    return true;
-}
-
 void Vorlage_Fehlt_Melden(const DatasetStand& stand, const std::string& oemName) {
     const Kern& kern = stand.Kernteil();
     const std::string name = kern.Welt.OemToChar(oemName);
     kern.Meldung(name + (stand.variant == DatasetVariant::Network ? "Fehler bei der zuweisung der Fingerprint Daten. "
                                                                   : kern.Zeile(253)));
+}
+
+/// The template as bytes: as many as its first two values say, held within what a record can hold. Values that the
+/// text lacks are 0. Without a template says so.
+DatasetEnd FsTemplate_Laden(UserLoop& loop, std::string_view identifier, ProgSlot& slot) {
+    if (!loop.templatesRead) {
+        loop.templatesRead = loop.templates.Laden(loop.stand.Kernteil());
+    }
+    if (loop.templatesRead == ReadStatus::Error) {
+        return DatasetEnd::Other;
+    }
+    const auto text = loop.templates.Suchen(identifier);
+    if (!text) {
+        Vorlage_Fehlt_Melden(loop.stand, slot.Name);
+        return DatasetEnd::NoTemplate;
+    }
+    const int length = std::min(Template_Laenge(*text), MostTemplateBytes);
+    slot.Template = Dezimalwerte(*text, static_cast<std::size_t>(length));
+    return DatasetEnd::Good;
 }
 
 DatasetEnd Vorlage_Zuordnen(UserLoop& loop, int record, std::string_view number, ProgSlot& slot) {
@@ -183,9 +190,8 @@ DatasetEnd Vorlage_Zuordnen(UserLoop& loop, int record, std::string_view number,
         slot.PrFlag = 1;
     }
     slot.FingerNumber = static_cast<std::uint16_t>(std::max(Zahlwert(number), 0)); // three characters at most
-    if (!FsTemplate_Laden(loop, identifier, slot)) {
-        Vorlage_Fehlt_Melden(loop.stand, slot.Name);
-        return DatasetEnd::NoTemplate;
+    if (const DatasetEnd end = FsTemplate_Laden(loop, identifier, slot); end != DatasetEnd::Good) {
+        return end;
     }
     if (!slot.Template.empty()) {
         loop.stand.dataset.TemplateBytes += static_cast<int>(slot.Template.size()) + 3;

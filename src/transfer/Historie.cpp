@@ -190,7 +190,9 @@ bool Historie_Eintrag(Link& link, std::string_view lockName, const ZustandAnzeig
     if (written) {
         Zustand_Zeigen(link.Lauf, record.Event, state, show);
     }
-    if (!date) {
+    // One box a run is enough, and a list goes on without any.
+    if (!date && !link.Lauf.HistoryDateTold && link.Lauf.RunRows == 0) {
+        link.Lauf.HistoryDateTold = true;
         Datum_Melden(kern, record);
     }
     return written;

@@ -12,18 +12,15 @@ constexpr int SearchSteps = 12;
 /// Beyond the last channel of a search.
 void Suche_Gescheitert(Programmierlauf& run) {
     run.link.Lauf.KanalSuche = 0;
-    const std::string text = run.kern.Zeile(66);
-    if (Zeile_Fehlgeschlagen(run, text)) {
+    Codeaenderung_Gescheitert(run);
+    if (Zeile_Fehlgeschlagen(run, RunOutcome::NotReached, run.kern.Zeile(66))) {
         return;
     }
     if (run.Ansicht.Wartebox_Text) {
         run.Ansicht.Wartebox_Text(82);
     }
     Kanal_Offen(run.kern, run.LockNumber);
-    Rufen(run.Ansicht.Wartebox_Schliessen);
-    Lauf_Beenden(run, RunOutcome::NotReached, run.kern.Zeile(67));
-    run.kern.Meldung(run.kern.Zeile(67), Buttons::Ok, Icon::Exclamation);
-    Rufen(run.Ansicht.Zum_Schlossgitter);
+    Mit_Meldung_Enden(run, RunOutcome::NotReached, 67);
 }
 
 } // namespace
@@ -39,7 +36,8 @@ void Schritt_Anmeldung_Abgelehnt(Programmierlauf& run) {
     const std::string failed = kern.Zeile(66);
     Timer_Anhalten(run);
     Rufen(run.Ansicht.Wartebox_Schliessen);
-    if (Zeile_Fehlgeschlagen(run, (line != 0 ? kern.Zeile(line) + "  /  " : std::string()) + failed)) {
+    if (Zeile_Fehlgeschlagen(run, RunOutcome::Refused,
+                             (line != 0 ? kern.Zeile(line) + "  /  " : std::string()) + failed)) {
         return;
     }
     Rufen(run.Ansicht.Schlossgitter_Freigeben);
@@ -63,6 +61,7 @@ void Schritt_Unit_Abgelehnt(Programmierlauf& run) {
     if (index >= 0 && index < static_cast<int>(run.Bericht.Units.size())) {
         UnitReport& unit = run.Bericht.Units[static_cast<std::size_t>(index)];
         unit.End = UnitReport::State::Failed;
+        unit.Refused = true;
         unit.Note = run.kern.Zeile(line != 0 ? line : 66);
     }
     run.Timer9.Start(600);
@@ -86,7 +85,7 @@ void Schritt_Kanal_Weiter(Programmierlauf& run) {
 }
 
 void Schritt_Kanal_Gesetzt(Programmierlauf& run) {
-    Kanal_Ausgefuehrt(run.kern, run.LockNumber);
+    run.Bericht.ChannelUnsaved = !Kanal_Ausgefuehrt(run.kern, run.LockNumber);
     Rufen(run.Ansicht.Wartebox_Schliessen);
     Rufen(run.Ansicht.F9_Zeigen);
 }

@@ -26,7 +26,7 @@ std::array<std::uint8_t, N> Werte(const std::string& text) {
 
 void Platz_Ungueltig(Programmierlauf& run) {
     const std::string text = run.kern.Zeile(72);
-    if (Zeile_Fehlgeschlagen(run, text)) {
+    if (Zeile_Fehlgeschlagen(run, RunOutcome::Refused, text)) {
         return;
     }
     Lauf_Beenden(run, RunOutcome::Refused, text);

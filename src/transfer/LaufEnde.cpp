@@ -9,7 +9,8 @@ constexpr int NoUnitLeft = 4;
 /// Title of the code change's messages.
 constexpr std::string_view CodeTitle = "QVM 5508 Businnes";
 
-/// Direct end with a message: the progress window closes and the lock grid comes back.
+} // namespace
+
 void Mit_Meldung_Enden(Programmierlauf& run, RunOutcome outcome, int line) {
     const std::string text = run.kern.Zeile(line);
     Rufen(run.Ansicht.Wartebox_Schliessen);
@@ -18,13 +19,21 @@ void Mit_Meldung_Enden(Programmierlauf& run, RunOutcome outcome, int line) {
     Rufen(run.Ansicht.Zum_Schlossgitter);
 }
 
-} // namespace
+void Codeaenderung_Gescheitert(Programmierlauf& run) {
+    RunState& lauf = run.link.Lauf;
+    if (lauf.CodeChangePending != 0) {
+        lauf.CodeChangePending = 0;
+        lauf.CodeChangeRefused = 1;
+    }
+}
 
 void Lauf_Beenden(Programmierlauf& run, RunOutcome outcome, std::string_view text) {
     if (!run.Gesamtende) {
         run.Gesamtende = true;
         run.Bericht.End = outcome;
         run.Bericht.Text = text;
+        run.link.Lauf.Phase = RunPhase::None;
+        run.link.Lauf.AbbruchWunsch = 0;
     }
 }
 
@@ -44,11 +53,11 @@ void Zum_Schloss_Zurueck(Programmierlauf& run) {
     run.link.Lauf.UnitTry = 0;
 }
 
-bool Zeile_Fehlgeschlagen(Programmierlauf& run, std::string_view text) {
+bool Zeile_Fehlgeschlagen(Programmierlauf& run, RunOutcome outcome, std::string_view text) {
     if (run.link.Lauf.RunRows == 0) {
         return false;
     }
-    Lauf_Beenden(run, RunOutcome::Refused, text);
+    Lauf_Beenden(run, outcome, text);
     if (run.Liste.Zeile_Markieren) {
         run.Liste.Zeile_Markieren("#", std::string(text));
     }
@@ -60,10 +69,15 @@ void Schloss_Fertig(Programmierlauf& run) {
     RunState& lauf = run.link.Lauf;
     Zum_Schloss_Zurueck(run);
     lauf.UnitModus = 0;
-    const RunOutcome outcome = run.Cancelled     ? RunOutcome::Cancelled
-                               : lauf.Incomplete ? RunOutcome::GivenUp
-                                                 : RunOutcome::Done;
-    Lauf_Beenden(run, outcome, run.kern.Zeile(run.Cancelled ? 82 : 110));
+    const bool unerased = lauf.HistoryLost && lauf.HistoryOnly == 0;
+    if (!run.Cancelled && (lauf.Incomplete || unerased) &&
+        Zeile_Fehlgeschlagen(run, RunOutcome::GivenUp, run.kern.Zeile(unerased ? 277 : 66))) {
+        return;
+    }
+    const RunOutcome outcome = run.Cancelled                 ? RunOutcome::Cancelled
+                               : lauf.Incomplete || unerased ? RunOutcome::GivenUp
+                                                             : RunOutcome::Done;
+    Lauf_Beenden(run, outcome, run.kern.Zeile(run.Cancelled ? 82 : lauf.HistoryLost ? 277 : 110));
     if (lauf.RunRows != 0) {
         const std::string note = Unit_Notiz(run);
         const bool history = lauf.HistoryOnly != 0;
@@ -77,13 +91,17 @@ void Schloss_Fertig(Programmierlauf& run) {
     if (run.Ansicht.Fertig) {
         run.Ansicht.Fertig(110);
     }
+    if (lauf.HistoryLost) {
+        run.kern.Meldung(run.kern.Zeile(277), Buttons::Ok, Icon::Exclamation);
+    }
     if (lauf.HistoryOnly != 0 && lauf.HistoryFileOpen != 0 && run.Ansicht.Historie_Oeffnen) {
         run.Ansicht.Historie_Oeffnen(lauf.HistoryFileName);
     }
 }
 
 void Schritt_Schloss_Ende(Programmierlauf& run) {
-    if (run.link.Lauf.HistoryOnly == 0 && !run.Cancelled && Units_Uebrig(run)) {
+    const RunState& lauf = run.link.Lauf;
+    if (lauf.HistoryOnly == 0 && !lauf.HistoryLost && !run.Cancelled && Units_Uebrig(run)) {
         if (run.Ansicht.Kaestchen) {
             run.Ansicht.Kaestchen(1);
         }
@@ -109,6 +127,7 @@ void Schritt_Abbruch(Programmierlauf& run) {
     Timer_Anhalten(run);
     run.Cancelled = true;
     lauf.TwoPassFlag = lauf.KanalSuche = lauf.ReadHistoryFirst = 0;
+    lauf.Phase = RunPhase::Closing;
     lauf.CodeChangePending = 0;
     lauf.LaufZiel.clear();
     lauf.UnitIndex = NoUnitLeft;
@@ -130,11 +149,16 @@ void Schritt_Abbruch(Programmierlauf& run) {
 void Schritt_Kein_Kontakt(Programmierlauf& run) {
     Timer_Anhalten(run);
     RunState& lauf = run.link.Lauf;
-    if (lauf.CodeChangePending != 0) {
-        lauf.CodeChangePending = 0;
-        lauf.CodeChangeRefused = 1;
+    if (run.Cancelled && lauf.Phase == RunPhase::Closing) {
+        // The session that the cancel wanted to close is gone.
+        Schloss_Fertig(run);
+        return;
     }
-    if (Zeile_Fehlgeschlagen(run, run.kern.Zeile(66))) {
+    if (lauf.CodeChangePending == 0 && lauf.Phase == RunPhase::None) {
+        return;
+    }
+    Codeaenderung_Gescheitert(run);
+    if (Zeile_Fehlgeschlagen(run, RunOutcome::NotReached, run.kern.Zeile(66))) {
         return;
     }
     Kanal_Offen(run.kern, run.LockNumber);
@@ -143,7 +167,12 @@ void Schritt_Kein_Kontakt(Programmierlauf& run) {
 
 void Schritt_Abgelehnt(Programmierlauf& run) {
     Timer_Anhalten(run);
-    if (!Zeile_Fehlgeschlagen(run, run.kern.Zeile(68))) {
+    if (run.Cancelled && run.link.Lauf.Phase == RunPhase::Closing) {
+        Schloss_Fertig(run);
+        return;
+    }
+    Codeaenderung_Gescheitert(run);
+    if (!Zeile_Fehlgeschlagen(run, RunOutcome::Refused, run.kern.Zeile(68))) {
         Mit_Meldung_Enden(run, RunOutcome::Refused, 68);
     }
 }
@@ -152,7 +181,7 @@ void Schritt_Key_Abgelehnt(Programmierlauf& run) {
     constexpr int lines[] = {69, 145, 144};
     const auto mode = run.link.Lauf.KeyMode;
     const int line = lines[mode < 3 ? mode : 0];
-    if (run.link.Lauf.RunRows == 0) {
+    if (!Zeile_Fehlgeschlagen(run, RunOutcome::Refused, run.kern.Zeile(line))) {
         run.kern.Meldung(run.kern.Zeile(line), Buttons::Ok, Icon::Information);
         Rufen(run.Ansicht.Hauptfenster_Freigeben);
     }
@@ -160,7 +189,8 @@ void Schritt_Key_Abgelehnt(Programmierlauf& run) {
 
 void Schritt_Trennen_Aufgegeben(Programmierlauf& run) {
     Timer_Anhalten(run);
-    if (Zeile_Fehlgeschlagen(run, run.kern.Zeile(66))) {
+    Codeaenderung_Gescheitert(run);
+    if (Zeile_Fehlgeschlagen(run, RunOutcome::GivenUp, run.kern.Zeile(66))) {
         return;
     }
     Zum_Schloss_Zurueck(run);

@@ -27,12 +27,18 @@ UnitReport* Aktuelle(Programmierlauf& run) {
     return u >= 0 && u < Units ? &run.Bericht.Units[static_cast<std::size_t>(u)] : nullptr;
 }
 
-/// An ordered wait inside a step. The lock's silence is not counted meanwhile.
-void Warten(Programmierlauf& run, int interval, int limit) {
+/// An ordered wait inside a step. The lock's silence is not counted meanwhile. False when the step must not go on: the
+/// run was cancelled or has ended in the wait, or another one has begun.
+bool Warten(Programmierlauf& run, int interval, int limit) {
+    const int number = run.RunNumber;
     run.Waiting = true;
     Warte_Ticks(run.link, interval, limit);
+    if (run.RunNumber != number) {
+        return false;
+    }
     run.Waiting = false;
     run.link.Lauf.LastAnswer = run.kern.Welt.Milliseconds();
+    return run.link.Lauf.Phase == RunPhase::Open;
 }
 
 /// What the unit sessions send: every slot that holds a template is a row.
@@ -65,8 +71,7 @@ void Stueck_Senden(Programmierlauf& run, const std::vector<const ProgSlot*>& row
 /// Raw telegram that turns the adapter to the unit, then the opening.
 void Unit_Ansprechen(Programmierlauf& run) {
     TelAdapterZiel_Senden(run.link, run.link.AddressMode);
-    Warten(run, 100, 80);
-    if (run.link.Lauf.UnitModus == 0xFA) {
+    if (Warten(run, 100, 80) && run.link.Lauf.UnitModus == 0xFA) {
         TelKanalLesen_Senden(run.link, run.kern.Config.Funkkanal());
     }
 }
@@ -99,7 +104,7 @@ void Units_Abbrechen(Programmierlauf& run, RunOutcome outcome, int messageLine) 
         unit->End = UnitReport::State::Failed;
         unit->Note = run.kern.Zeile(66);
     }
-    if (Zeile_Fehlgeschlagen(run, run.kern.Zeile(66))) {
+    if (Zeile_Fehlgeschlagen(run, outcome, run.kern.Zeile(66))) {
         return;
     }
     Lauf_Beenden(run, outcome, run.kern.Zeile(messageLine));
@@ -137,6 +142,7 @@ std::string Unit_Notiz(const Programmierlauf& run) {
 void Tick_Timer9(Programmierlauf& run) {
     RunState& lauf = run.link.Lauf;
     run.Timer9.Stop();
+    lauf.WiederholZaehler = 0;
     lauf.LastAnswer = run.kern.Welt.Milliseconds();
     if (UnitReport* last = Aktuelle(run); last != nullptr && run.UnitGood) {
         last->End = UnitReport::State::Done;
@@ -145,8 +151,10 @@ void Tick_Timer9(Programmierlauf& run) {
         }
     }
     run.UnitGood = run.UnitRepeated = false;
+    // Between two units no session is open, so that a cancel takes effect at once.
+    run.Cancelled = run.Cancelled || lauf.AbbruchWunsch != 0;
     const int next = Naechste_Unit(run);
-    if (next >= Units) {
+    if (next >= Units || run.Cancelled) {
         Schloss_Fertig(run);
         return;
     }
@@ -174,6 +182,10 @@ void Schritt_Unit_Fertig(Programmierlauf& run) {
 }
 
 void Schritt_Unit_Kein_Kontakt(Programmierlauf& run) {
+    if (run.Cancelled) {
+        Schloss_Fertig(run);
+        return;
+    }
     if (!run.UnitRepeated) {
         run.UnitRepeated = true;
         TelVerbindenKurz_Senden(run.link);
@@ -188,13 +200,20 @@ void Schritt_Unit_Kein_Kontakt(Programmierlauf& run) {
 }
 
 void Schritt_Unit_Naechster_Kanal(Programmierlauf& run) {
-    run.Timer11.Start(500);
+    if (!run.Waiting) {
+        run.Timer11.Start(500);
+    }
 }
 
 void Tick_Timer11(Programmierlauf& run) {
     RunState& lauf = run.link.Lauf;
     run.Timer11.Stop();
     lauf.LastAnswer = run.kern.Welt.Milliseconds();
+    if (lauf.AbbruchWunsch != 0) {
+        run.Cancelled = true;
+        Schloss_Fertig(run);
+        return;
+    }
     if (lauf.UnitModus != 0xFA || lauf.EintragFertig >= UnitChannels) {
         return;
     }
@@ -204,6 +223,10 @@ void Tick_Timer11(Programmierlauf& run) {
 }
 
 void Schritt_Unit_Fehlgeschlagen(Programmierlauf& run) {
+    if (run.Cancelled) {
+        Schloss_Fertig(run);
+        return;
+    }
     const bool list = run.link.Lauf.RunRows != 0;
     Units_Abbrechen(run, RunOutcome::NotReached, 66);
     if (!list && run.Ansicht.Fertig) {
@@ -223,8 +246,7 @@ void Schritt_Unit_Datenstart_Wiederholen(Programmierlauf& run) {
         TelTrennen_Senden(run.link);
         return;
     }
-    Warten(run, 100, 80);
-    if (run.link.Lauf.UnitModus == 0xFD) {
+    if (Warten(run, 100, 80) && run.link.Lauf.UnitModus == 0xFD) {
         TelDatenStart_Senden(run.link, 0);
     }
 }
@@ -234,8 +256,7 @@ void Schritt_Unit_Bloecke_Start(Programmierlauf& run) {
         return;
     }
     // The unit erases its memory after the acknowledge and hears nothing meanwhile.
-    Warten(run, 1000, 5000);
-    if (run.link.Lauf.UnitModus != 0xFD) {
+    if (!Warten(run, 1000, 5000) || run.link.Lauf.UnitModus != 0xFD) {
         return;
     }
     const auto rows = Zeilen(run);
@@ -271,8 +292,7 @@ void Schritt_Unit_Block_Quittung(Programmierlauf& run) {
         TelTrennen_Senden(run.link);
         return;
     }
-    Warten(run, 100, row.PrFlag == 1 ? 1800 : 400);
-    if (lauf.UnitModus == 0xFD) {
+    if (Warten(run, 100, row.PrFlag == 1 ? 1800 : 400) && lauf.UnitModus == 0xFD) {
         Stueck_Senden(run, rows);
     }
 }
@@ -283,6 +303,11 @@ void Schritt_Unit_Getrennt(Programmierlauf& run) {
     Zum_Schloss_Zurueck(run);
     UnitReport* unit = Aktuelle(run);
     run.UnitGood = unit != nullptr && unit->End != UnitReport::State::Failed && !run.Cancelled;
+    if (unit != nullptr && !run.UnitGood && !run.Cancelled) {
+        // A failed session of this kind takes the units behind it along.
+        Schritt_Unit_Fehlgeschlagen(run);
+        return;
+    }
     if (!run.Cancelled && Units_Uebrig(run)) {
         run.Timer9.Start(1200);
         return;

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-/// The steps of a run, one for each hook of the reply chain. Used by Programmierlauf.cpp only.
+/// The steps of a run, one for each hook of the reply chain. Nothing outside the run includes this.
 namespace qvm {
 
 // Login (LaufAnmeldung.cpp)
@@ -48,7 +48,11 @@ void Schritt_Code_Ergebnis(Programmierlauf& run);
 /// The lock is done: the list's next row, or the finished state.
 void Schloss_Fertig(Programmierlauf& run);
 /// The lock failed. With a list its row is marked "#" with `text`; the result says whether there was a list.
-bool Zeile_Fehlgeschlagen(Programmierlauf& run, std::string_view text);
+bool Zeile_Fehlgeschlagen(Programmierlauf& run, RunOutcome outcome, std::string_view text);
+/// A code change that waits for its login is told that there will be none.
+void Codeaenderung_Gescheitert(Programmierlauf& run);
+/// Direct end with a message: the progress window closes and the lock grid comes back.
+void Mit_Meldung_Enden(Programmierlauf& run, RunOutcome outcome, int line);
 /// Ends the run once; later calls change nothing.
 void Lauf_Beenden(Programmierlauf& run, RunOutcome outcome, std::string_view text);
 /// Timers 6 to 9 and 11.

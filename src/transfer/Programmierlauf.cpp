@@ -57,7 +57,11 @@ void Lauf_Beginnen(Programmierlauf& run) {
     run.Cancelled = false;
     run.Gesamtende = false;
     run.UnitGood = run.UnitRepeated = run.Waiting = false;
+    ++run.RunNumber;
     RunState& lauf = run.link.Lauf;
+    lauf.Phase = RunPhase::Open;
+    lauf.WiederholZaehler = 0;
+    lauf.HistoryLost = false;
     lauf.AbbruchWunsch = 0;
     lauf.Incomplete = lauf.UnitIncomplete = false;
     lauf.UnitIndex = 0xFF;
@@ -66,22 +70,29 @@ void Lauf_Beginnen(Programmierlauf& run) {
     run.link.AddressMode = 0;
     run.link.Rx.Ruecksetzen();
     if (!TelVerbinden_Senden(run.link)) {
-        Lauf_Beenden(run, RunOutcome::NoPort, run.kern.Welt.Port.LastError());
+        const std::string text = run.kern.Zeile(276);
         Rufen(run.Ansicht.Wartebox_Schliessen);
+        if (Zeile_Fehlgeschlagen(run, RunOutcome::NoPort, text)) {
+            return;
+        }
+        const std::string reason = run.kern.Welt.Port.LastError();
+        Lauf_Beenden(run, RunOutcome::NoPort, reason.empty() ? text : reason);
         if (run.Ansicht.Fertig) {
-            run.Ansicht.Fertig(110);
+            run.Ansicht.Fertig(276);
         }
     }
 }
 
 void Lauf_Abbrechen(Programmierlauf& run) {
-    run.link.Lauf.AbbruchWunsch = 1;
+    if (!run.Gesamtende) {
+        run.link.Lauf.AbbruchWunsch = 1;
+    }
 }
 
 void Lauf_Aufgeben(Programmierlauf& run, RunOutcome outcome) {
     Schritt_Abbruch(run);
-    run.link.Lauf.AbbruchWunsch = 0;
     run.kern.Welt.Port.Close();
+    Rufen(run.Ansicht.Wartebox_Schliessen);
     Zum_Schloss_Zurueck(run);
     run.link.Lauf.UnitModus = 0;
     Lauf_Beenden(run, outcome, run.kern.Zeile(82));
@@ -124,7 +135,11 @@ void Ende_Haken_Setzen(Programmierlauf& run, LinkHooks& hooks) {
     hooks.Key_Abgelehnt = Haken(run, Schritt_Key_Abgelehnt);
     hooks.Trennen_Aufgegeben = Haken(run, Schritt_Trennen_Aufgegeben);
     hooks.Karte_Abgelehnt = [&run] {
-        run.kern.Meldung("Karte nicht erkannt!", Buttons::Ok, Icon::None, "");
+        constexpr std::string_view text = "Karte nicht erkannt!";
+        if (Zeile_Fehlgeschlagen(run, RunOutcome::Refused, text)) {
+            return;
+        }
+        run.kern.Meldung(text, Buttons::Ok, Icon::None, "");
         Rufen(run.Ansicht.Hauptfenster_Freigeben);
     };
 }
@@ -139,7 +154,12 @@ void Lauf_Haken_Setzen(Programmierlauf& run, LinkHooks& hooks) {
     hooks.Kanal_Gesetzt = Haken(run, Schritt_Kanal_Gesetzt);
 
     hooks.Historie_Anzeigen = [&run] { Rufen(run.Ansicht.Historie_Beschriften); };
-    hooks.Historie_Eintrag = [&run] { Historie_Eintrag(run.link, run.LockName, run.Ansicht.Zustand); };
+    hooks.Historie_Eintrag = [&run] {
+        if (!Historie_Eintrag(run.link, run.LockName, run.Ansicht.Zustand)) {
+            run.link.Lauf.HistoryLost = true;
+            run.Bericht.HistoryLost = true;
+        }
+    };
     hooks.Historie_Fertig = Haken(run, Schritt_Historie_Fertig);
     hooks.Abfrage_Starten = [&run] { run.Timer7.Start(2000); };
     hooks.Abfrage_Stoppen = [&run] {

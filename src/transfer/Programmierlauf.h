@@ -26,12 +26,15 @@ enum class RunOutcome {
 
 struct UnitReport {
     enum class State { Untried, Done, Failed } End = State::Untried;
-    std::string Note; ///< last text that the unit's blocks gave
+    std::string Note;     ///< last text that the unit's blocks gave, or why it failed
+    bool Refused = false; ///< it answered the login, but did not accept it
 };
 
 struct RunReport {
     RunOutcome End = RunOutcome::Open;
-    std::string Text; ///< the message or status text of the end
+    std::string Text;            ///< the message or status text of the end
+    bool HistoryLost = false;    ///< a record came that could not be written
+    bool ChannelUnsaved = false; ///< the lock moved to another channel, but its channel record could not be written
     std::array<UnitReport, 5> Units;
 };
 
@@ -80,6 +83,7 @@ struct Programmierlauf {
     bool UnitGood = false;     ///< the present unit's session went well
     bool UnitRepeated = false; ///< its login was repeated once
     bool Waiting = false;      ///< an ordered wait inside a reply step is on
+    int RunNumber = 0;         ///< which run this is: a wait of an earlier one may still be on the stack
     bool Gesamtende = true;    ///< the run has ended, one way or the other
 
     Timer Timer6;  ///< second bar during the end of a run

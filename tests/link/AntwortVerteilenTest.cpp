@@ -494,6 +494,43 @@ TEST_F(Antwort_Verteilen_Reply, replies_that_lead_to_windows_call_their_hooks) {
     EXPECT_EQ(link.ReplySeen, 1);
 }
 
+// Phases.
+
+TEST_F(Antwort_Verteilen_Reply, behind_a_cancel_only_replies_that_close_the_session_act) {
+    link.Lauf.Phase = RunPhase::Closing;
+    for (const int code : {0x04, 0x07, 0x09, 0x0A, 0x0E, 0x15, 0x17, 0x19, 0x25, 0x27, 0x28, 0x29, 0x2F, 0x4A}) {
+        ReplyStatus(static_cast<std::uint8_t>(code), 4);
+        EXPECT_THAT(Sent(), IsEmpty()) << code;
+        EXPECT_THAT(Called, IsEmpty()) << code;
+    }
+    Reply(0x05);
+    EXPECT_THAT(Called, ElementsAre("Abfrage_Stoppen", "Schloss_Ende"));
+    link.Lauf.UnitModus = 0xFD;
+    Reply(0x05);
+    EXPECT_THAT(Sent(), ElementsAre(0x03));
+}
+
+TEST_F(Antwort_Verteilen_Reply, without_a_run_a_late_reply_of_the_chain_does_nothing) {
+    link.Lauf.Phase = RunPhase::None;
+    for (const int code : {0x03, 0x04, 0x05, 0x07, 0x17, 0x27, 0x29}) {
+        ReplyStatus(static_cast<std::uint8_t>(code), 4);
+        EXPECT_THAT(Sent(), IsEmpty()) << code;
+        EXPECT_THAT(Called, IsEmpty()) << code;
+    }
+    ReplyStatus(0x12, 4);
+    EXPECT_THAT(Called, ElementsAre("Code_Ergebnis"));
+    link.Lauf.CodeChangePending = 0xFF;
+    ReplyStatus(0x04, 4);
+    EXPECT_EQ(link.Lauf.CodeChangePending, 0);
+}
+
+TEST_F(Antwort_Verteilen_Reply, a_lock_whose_events_could_not_be_kept_is_not_erased) {
+    link.Lauf.ReadHistoryFirst = 1;
+    link.Lauf.HistoryLost = true;
+    Reply(0x17, HistoryReply(0xFF));
+    EXPECT_THAT(Sent(), ElementsAre(0x05));
+}
+
 // Cancel.
 
 TEST_F(Antwort_Verteilen_Reply, a_cancel_discards_the_frame_reopens_the_port_and_disconnects) {

@@ -109,17 +109,35 @@ TEST_F(Run_History, the_next_run_begins_a_file_of_its_own) {
     EXPECT_NE(OpenedHistories[0], OpenedHistories[1]);
 }
 
-TEST_F(Run_History, a_disk_that_refuses_the_file_does_not_stop_the_run) {
+TEST_F(Run_History, a_lock_whose_events_could_not_be_written_is_not_erased) {
     devices.Locks[0].History = {Event(4, 3, 26, "Anna", 2)};
     Begin();
-    Expect(63, Answer::Yes);
+    Expect(277);
+    world.Answers.push_front({.Text = "L63", .Reply = Answer::Yes});
     programm->F13.FGK13_Click(1, F13Column::Program);
     world.Disk.FailAt = world.Disk.Operations + 1;
     world.Disk.FailFromThere = true;
     TypeCode("123456");
     ASSERT_TRUE(Finish());
-    EXPECT_EQ(Outcome(), RunOutcome::Done);
-    EXPECT_EQ(Lock(Serial::S).Erases, 1);
+    EXPECT_EQ(Outcome(), RunOutcome::GivenUp);
+    EXPECT_TRUE(programm->Lauf.Bericht.HistoryLost);
+    EXPECT_EQ(Lock(Serial::S).Erases, 0);
+    EXPECT_EQ(Sent().back(), 0x05);
+}
+
+TEST_F(Run_History, reading_alone_says_that_events_were_lost) {
+    devices.Locks[0].History = {Event(4, 3, 26, "Anna", 2)};
+    Begin();
+    Expect(277);
+    world.Answers.push_front({.Text = "L65"});
+    programm->F13.FGK13_Click(1, F13Column::History);
+    world.Disk.FailAt = world.Disk.Operations + 1;
+    world.Disk.FailFromThere = true;
+    TypeCode("123456");
+    ASSERT_TRUE(Finish());
+    EXPECT_TRUE(programm->Lauf.Bericht.HistoryLost);
+    EXPECT_EQ(programm->Lauf.Bericht.Text, "L277");
+    EXPECT_THAT(OpenedHistories, IsEmpty());
 }
 
 } // namespace

@@ -312,6 +312,31 @@ TEST_P(Disturbed_Run, survives_an_adapter_pulled_out_at_each_telegram) {
     Everywhere(GetParam(), {.What = Fault::Unplug});
 }
 
+TEST_P(Disturbed_Run, ends_as_cancelled_whenever_the_operator_cancels) {
+    const std::vector<int> codes = GoodCodes(GetParam());
+    for (std::size_t count = 1; count <= codes.size() && !HasFailure(); ++count) {
+        SCOPED_TRACE(count);
+        Scene scene(GetParam());
+        scene.Begin();
+        scene.Start();
+        scene.world.RunUntil([&scene, count] { return scene.DeviceCodes().size() >= count; });
+        const std::string channels = scene.files.File("RFCHANDIF12.RFX");
+        scene.programm->F9.Command1_Click();
+        const auto erases = scene.Lock(SerialOf(scene.kind)).Erases;
+        // A polled lock is deaf while it erases: it does not hear the disconnect, and the run stands until it is
+        // closed.
+        const bool deaf = codes[count - 1] == 0x27 && (scene.kind == RunKind::Polled || scene.kind == RunKind::LongId);
+        ASSERT_EQ(scene.Finish(60000), !deaf);
+        if (!deaf) {
+            EXPECT_EQ(scene.Outcome(), RunOutcome::Cancelled);
+            EXPECT_EQ(scene.programm->link.Lauf.AbbruchWunsch, 0);
+        }
+        EXPECT_LE(scene.Lock(SerialOf(scene.kind)).Erases, erases + (codes[count - 1] == 0x27 ? 1 : 0));
+        EXPECT_EQ(scene.files.File("RFCHANDIF12.RFX"), channels);
+        Expect_Ready(scene);
+    }
+}
+
 TEST_P(Disturbed_Run, is_ready_again_after_each_reply_doubled) {
     // What a doubled reply does to the conversation is the device's affair; the program must come out of it.
     const std::vector<int> codes = GoodCodes(GetParam());

@@ -198,8 +198,9 @@ TEST_F(Run_Units, a_unit_busy_with_erasing_is_asked_up_to_twenty_times_more) {
     EXPECT_EQ(programm->Lauf.Bericht.Units[0].End, UnitReport::State::Done);
 }
 
-TEST_F(Run_Units, a_unit_that_never_erases_is_disconnected_after_twenty_repeats) {
+TEST_F(Run_Units, a_unit_that_never_erases_is_disconnected_after_twenty_repeats_and_the_next_one_is_not_tried) {
     Type2(1, "00012CCD");
+    Type1(2, "01600002");
     devices.Units[0].RefusedErases = 99;
     Begin();
     Program(1);
@@ -209,6 +210,21 @@ TEST_F(Run_Units, a_unit_that_never_erases_is_disconnected_after_twenty_repeats)
     EXPECT_THAT(Codes(behind.end() - 2, behind.end()), ElementsAre(0x05, 0x03));
     EXPECT_EQ(programm->Lauf.Bericht.Units[0].End, UnitReport::State::Failed);
     EXPECT_FALSE(programm->F9.Check[1].Checked);
+    EXPECT_EQ(programm->Lauf.Bericht.Units[1].End, UnitReport::State::Untried);
+    EXPECT_EQ(Outcome(), RunOutcome::NotReached);
+    EXPECT_EQ(Status(), "L110");
+}
+
+TEST_F(Run_Units, a_cancel_behind_the_last_unit_ends_the_run_as_cancelled) {
+    Type1(1, "01600001");
+    Begin();
+    Program(1);
+    world.RunUntil([this] { return Unit("01600001").Sessions == 1; });
+    world.RunFor(100);
+    programm->F9.Command1_Click();
+    ASSERT_TRUE(Finish());
+    EXPECT_EQ(Outcome(), RunOutcome::Cancelled);
+    EXPECT_EQ(programm->link.Lauf.AbbruchWunsch, 0);
 }
 
 TEST_F(Run_Units, a_status_of_a_block_is_noted_and_the_session_goes_on) {

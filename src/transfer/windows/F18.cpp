@@ -14,6 +14,10 @@ void F18::F18_Zeigen() {
 void F18::Command1_Click() {
     run.link.Lauf.KanalIndex = 12;
     F18_Schliessen();
+    // No reply may come any more: some window must be left to close the run with.
+    if (!run.Gesamtende) {
+        Rufen(F9_Zeigen);
+    }
 }
 
 } // namespace qvm

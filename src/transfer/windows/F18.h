@@ -19,6 +19,8 @@ struct F18 {
     ProgressBar Balken; ///< 100 to 200
     Button Command1;    ///< ends the search at its next reply
 
+    std::function<void()> F9_Zeigen; ///< the progress window takes over, with its close button live
+
     void F18_Zeigen();
     void F18_Schliessen() { Fenster.Visible = false; }
     void Command1_Click();

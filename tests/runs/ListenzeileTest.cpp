@@ -1,0 +1,124 @@
+// A lock as a row of a list run: its end is a mark in the list, never a message box.
+
+#include "RunFixture.h"
+
+namespace qvm::test {
+namespace {
+
+struct Run_List_Row : RunFixture {
+    std::vector<std::pair<std::string, std::string>> Marks;
+    int NextRows = 0;
+    int Stops = 0;
+
+    Run_List_Row() {
+        AddLock(1, "Tresor", Serial::S, " XXX ");
+        files.Emi(1, 'Y');
+    }
+    /// Starts the run of lock 1 as the only row of a list.
+    void StartRow(bool history = false) {
+        Begin();
+        programm->Lauf.Liste = {.Zeile_Markieren = [this](const std::string& mark,
+                                                          const std::string& text) { Marks.emplace_back(mark, text); },
+                                .Naechste_Zeile = [this] { ++NextRows; },
+                                .Stoppen = [this] { ++Stops; }};
+        if (history) {
+            History(1);
+        } else {
+            Program(1);
+        }
+        programm->link.Lauf.RunRows = programm->link.Lauf.RunRow = 1;
+    }
+    void Refuse(int telegram, int reason, bool behind = false) {
+        devices.Faults.push_back(
+            {.What = SimFault::Kind::Refuse, .Telegram = telegram, .AndAllBehind = behind, .Value = reason});
+    }
+    void Expect_Mark(const std::string& mark, const std::string& text) {
+        ASSERT_TRUE(Finish());
+        EXPECT_THAT(Marks, ElementsAre(std::pair(mark, text)));
+        EXPECT_EQ(NextRows, 1);
+    }
+};
+
+TEST_F(Run_List_Row, a_programmed_lock_is_marked_and_the_next_row_follows) {
+    StartRow();
+    Expect_Mark(">>", "L266");
+    EXPECT_EQ(Outcome(), RunOutcome::Done);
+}
+
+TEST_F(Run_List_Row, a_history_read_has_a_mark_of_its_own) {
+    StartRow(true);
+    Expect_Mark("<<", "L263");
+}
+
+TEST_F(Run_List_Row, the_last_note_of_the_units_stands_behind_the_text) {
+    files.Reception(1, '2', '0', '0', 0, 0, 0, '0', "255");
+    files.Unit(1, 1, "Finger", "00012CCD", '2');
+    AddUnit("00012CCD", 2).BlockStatus = 10;
+    files.User(1,
+               {.Name = "Bert", .Label = "Slot_Nr: 002", .FingerFlag = "FS", .FingerId = "8001", .Marks = {{1, 'F'}}});
+    files.Template(250, "8001", {3, 0, 1});
+    world.Answers.push_front({.Text = "L273"});
+    StartRow();
+    Expect_Mark(">>", "L266 - FS-Prem. Error");
+}
+
+TEST_F(Run_List_Row, a_wrong_code_is_told_in_the_row) {
+    devices.Locks[0].AdminCode = {0x99, 0x99, 0x99};
+    StartRow();
+    Expect_Mark("#", "L70  /  L66");
+    EXPECT_EQ(Outcome(), RunOutcome::Refused);
+}
+
+TEST_F(Run_List_Row, no_contact_is_told_in_the_row) {
+    Refuse(2, 0x64);
+    StartRow();
+    Expect_Mark("#", "L66");
+    EXPECT_EQ(Outcome(), RunOutcome::NotReached);
+}
+
+TEST_F(Run_List_Row, a_refusal_is_told_in_the_row) {
+    Refuse(2, 0x65);
+    StartRow();
+    Expect_Mark("#", "L68");
+}
+
+TEST_F(Run_List_Row, a_key_or_card_refusal_is_told_in_the_row) {
+    Refuse(2, 0x6A);
+    StartRow();
+    Expect_Mark("#", "Karte nicht erkannt!");
+}
+
+TEST_F(Run_List_Row, a_busy_lock_fails_the_row) {
+    Refuse(2, 0x67);
+    StartRow();
+    Expect_Mark("#", "L66");
+    EXPECT_EQ(Outcome(), RunOutcome::GivenUp);
+}
+
+TEST_F(Run_List_Row, a_slot_out_of_range_fails_the_row) {
+    files.User(1, {.Name = "Anna", .Marks = {{1, 'X'}}});
+    devices.Locks[0].ForcedSlot = 3000;
+    StartRow();
+    Expect_Mark("#", "L72");
+}
+
+TEST_F(Run_List_Row, a_failed_unit_fails_the_row) {
+    files.Reception(1, '2', '0', '0', 0, 0, 0, '0', "255");
+    files.Unit(1, 1, "Leser", "01600001", '1');
+    StartRow();
+    Expect_Mark("#", "L66");
+}
+
+TEST_F(Run_List_Row, a_cancel_stops_the_list) {
+    StartRow();
+    world.RunUntil([this] { return system->Codes().size() == 3; });
+    programm->F9.Command1_Click();
+    ASSERT_TRUE(Finish());
+    EXPECT_EQ(Stops, 1);
+    EXPECT_EQ(NextRows, 0);
+    EXPECT_THAT(Marks, IsEmpty());
+    EXPECT_EQ(Outcome(), RunOutcome::Cancelled);
+}
+
+} // namespace
+} // namespace qvm::test
