@@ -44,7 +44,8 @@ def wire_bytes(trace):
     total = 0
     for line in trace.splitlines():
         if line[:2] in ("> ", "< "):
-            frame = [int(part, 16) for part in line[2:].split()]
+            octets = line[2:].split("  ")[0]  # what the telegram is called stands behind two blanks
+            frame = [int(part, 16) for part in octets.split()]
             total += stuffed_length(frame) if line[0] == ">" else len(frame)
     return total
 
