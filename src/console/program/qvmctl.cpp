@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 
+#include <csignal>
 #include <iostream>
 #include <unistd.h>
 
@@ -21,6 +22,8 @@ std::string ProgramDirectory(const std::string& wanted) {
 } // namespace
 
 int main(int argc, char** argv) {
+    // A reader of the output that goes away must not end a session with a lock half way.
+    std::signal(SIGPIPE, SIG_IGN);
     QCoreApplication application(argc, argv);
     int exitCode = 0;
     const auto options =
