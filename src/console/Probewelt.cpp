@@ -4,6 +4,7 @@
 #include "Telegramme.h"
 
 #include <algorithm>
+#include <set>
 #include <utility>
 
 namespace qvm {
@@ -30,8 +31,8 @@ std::uint8_t Antwort_Laenge(std::uint8_t code) {
 
 } // namespace
 
-Probewelt::Probewelt(const Platform& real) : Welt(real) {
-    Dateien_Sperren(real.Files);
+Probewelt::Probewelt(const Platform& real) : Welt(real), disk_(real.Files) {
+    Dateien_Abschirmen(real.Files);
     Port_Anlegen();
     Zeit_Anlegen();
     Welt.ShowMessage = [this](const Message& message) {
@@ -44,18 +45,72 @@ Probewelt::Probewelt(const Platform& real) : Welt(real) {
     Welt.ClaimInstance = [] { return true; };
 }
 
-void Probewelt::Dateien_Sperren(const FileStore& files) {
-    const auto done = [](const std::string&) { return true; };
-    const auto written = [](const std::string&, std::string_view) { return true; };
+ReadStatus Probewelt::Lesen(const std::string& path, std::string& bytes) const {
+    const auto found = written_.find(path);
+    if (found == written_.end()) {
+        return disk_.ReadAll(path, bytes);
+    }
+    bytes = found->second.value_or("");
+    return found->second ? ReadStatus::Ok : ReadStatus::Missing;
+}
+
+bool Probewelt::Schreiben_Ab(const std::string& path, std::uint64_t offset, std::string_view text) {
+    constexpr std::uint64_t LargestFile = std::uint64_t{1} << 26;
+    std::string bytes;
+    if (Lesen(path, bytes) == ReadStatus::Error || offset > LargestFile) {
+        return false;
+    }
+    bytes.resize(std::max<std::size_t>(bytes.size(), offset + text.size()), '\0');
+    bytes.replace(offset, text.size(), text);
+    written_[path] = std::move(bytes);
+    return true;
+}
+
+std::vector<std::string> Probewelt::Auflisten(const std::string& directory) const {
+    const std::string prefix = directory.ends_with('/') ? directory : directory + "/";
+    const std::vector<std::string> real = disk_.List(directory);
+    std::set<std::string> names(real.begin(), real.end());
+    for (const auto& [path, bytes] : written_) {
+        if (!path.starts_with(prefix) || path.find('/', prefix.size()) != std::string::npos) {
+            continue;
+        }
+        const std::string name = path.substr(prefix.size());
+        if (bytes) {
+            names.insert(name);
+        } else {
+            names.erase(name);
+        }
+    }
+    return {names.begin(), names.end()};
+}
+
+void Probewelt::Dateien_Abschirmen(const FileStore& files) {
     Welt.Files = FileStore{
-        .Exists = files.Exists,
-        .ReadAll = files.ReadAll,
-        .Replace = written,
-        .WriteAt = [](const std::string&, std::uint64_t, std::string_view) { return true; },
-        .Append = written,
-        .Remove = done,
-        .MakeDirectory = done,
-        .List = files.List,
+        .Exists =
+            [this, &files](const std::string& path) {
+                const auto found = written_.find(path);
+                return found == written_.end() ? files.Exists(path) : found->second.has_value();
+            },
+        .ReadAll = [this](const std::string& path, std::string& bytes) { return Lesen(path, bytes); },
+        .Replace =
+            [this](const std::string& path, std::string_view bytes) {
+                written_[path] = std::string(bytes);
+                return true;
+            },
+        .WriteAt = [this](const std::string& path, std::uint64_t offset,
+                          std::string_view bytes) { return Schreiben_Ab(path, offset, bytes); },
+        .Append =
+            [this](const std::string& path, std::string_view bytes) {
+                std::string held;
+                return Lesen(path, held) != ReadStatus::Error && Schreiben_Ab(path, held.size(), bytes);
+            },
+        .Remove =
+            [this](const std::string& path) {
+                written_[path] = std::nullopt;
+                return true;
+            },
+        .MakeDirectory = [](const std::string&) { return true; },
+        .List = [this](const std::string& directory) { return Auflisten(directory); },
     };
 }
 

@@ -6,14 +6,16 @@
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
 
 namespace qvm {
 
-/// A world in which nothing leaves the program: files can be read, writing does nothing and succeeds, time is virtual
-/// and jumps to the next event, and a lock that agrees to everything answers at 19200 baud.
+/// A world in which nothing leaves the program: files can be read, what is written is kept in memory and read from
+/// there again, time is virtual and jumps to the next event, and a lock that agrees to everything answers at 19200
+/// baud.
 class Probewelt {
 public:
     /// `real` must outlive this; its files, clock time, cipher and code pages are used.
@@ -44,15 +46,21 @@ private:
         std::uint64_t Generation = 0;
     };
 
-    void Dateien_Sperren(const FileStore& files);
+    void Dateien_Abschirmen(const FileStore& files);
+    /// A file as it stands now: what was written to it in this world, or what is on the disk.
+    ReadStatus Lesen(const std::string& path, std::string& bytes) const;
+    bool Schreiben_Ab(const std::string& path, std::uint64_t offset, std::string_view bytes);
+    std::vector<std::string> Auflisten(const std::string& directory) const;
     void Port_Anlegen();
     void Zeit_Anlegen();
     void Planen(std::int64_t inMicroseconds, std::function<void()> action);
     void Takt_Planen(TimerId timer);
     std::vector<std::uint8_t> Antwort(std::span<const std::uint8_t> telegram);
 
-    std::int64_t now_ = 0;      ///< microseconds
-    std::int64_t lineFree_ = 0; ///< when the line to the lock is free again
+    const FileStore& disk_;
+    std::map<std::string, std::optional<std::string>> written_; ///< by path; nothing: removed
+    std::int64_t now_ = 0;                                      ///< microseconds
+    std::int64_t lineFree_ = 0;                                 ///< when the line to the lock is free again
     std::multimap<std::int64_t, std::function<void()>> events_;
     std::map<TimerId, RunningTimer> timers_;
     TimerId nextTimer_ = 1;
