@@ -256,8 +256,10 @@ void Pruefer::Zeilen(const LineFile& entry, const Json& rows) {
             Fehler(entry.File, number, "", std::string("must be a text, not a ") + row.type_name());
         } else if (!PasstInCp1252(row.get_ref<const std::string&>())) {
             Fehler(entry.File, number, "", "holds a character that code page 1252 does not have");
-        } else if (row.get_ref<const std::string&>().find('\n') != std::string::npos) {
+        } else if (row.get_ref<const std::string&>().find_first_of("\r\n") != std::string::npos) {
             Fehler(entry.File, number, "", "holds a line end");
+        } else if (row.get_ref<const std::string&>().find('\0') != std::string::npos) {
+            Fehler(entry.File, number, "", "holds a zero character, behind which nobody reads");
         } else {
             bytes += AusUtf8(row.get_ref<const std::string&>()) + "\r\n";
         }
