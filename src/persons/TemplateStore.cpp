@@ -9,8 +9,6 @@ namespace qvm {
 
 namespace {
 
-/// Records that the search looks at: the number of users and 250.
-constexpr int ScannedRecords = 500;
 constexpr int SlotOffset = 249, LastSlot = 251;
 constexpr std::size_t IdentifierLength = 21;
 
@@ -24,7 +22,7 @@ std::string_view Kennziffern(std::string_view identifier) {
 ReadStatus TemplateStore::Laden(const Kern& kern) {
     recordOf_.clear();
     const ReadStatus status = file_.Laden(kern.Welt.Files, kern.DatPfad());
-    const int last = std::min(file_.Count(), ScannedRecords);
+    const int last = std::min(file_.Count(), int{TemplateRecord::Record.Last});
     for (int n = 1; n <= last; ++n) {
         const std::string identifier = file_.Text(n, TemplateRecord::Identifier);
         const std::string_view digits = Kennziffern(identifier);

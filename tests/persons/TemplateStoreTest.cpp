@@ -66,11 +66,11 @@ TEST_F(Template_Suchen, the_first_of_equal_identifiers_wins) {
     EXPECT_EQ(Find("77"), "1 :");
 }
 
-TEST_F(Template_Suchen, looks_at_500_records) {
-    Put(500, "500", "1 : ");
-    Put(501, "501", "2 : ");
-    EXPECT_EQ(Find("500"), "1 :");
-    EXPECT_EQ(Find("501"), std::nullopt);
+TEST_F(Template_Suchen, looks_at_501_records) {
+    Put(501, "501", "1 : ");
+    Put(502, "502", "2 : ");
+    EXPECT_EQ(Find("501"), "1 :");
+    EXPECT_EQ(Find("502"), std::nullopt);
 }
 
 TEST_F(Template_Suchen, a_missing_empty_or_unreadable_file_holds_nothing) {

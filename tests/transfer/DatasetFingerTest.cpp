@@ -149,8 +149,8 @@ TEST_F(Datensatz_Finger, the_first_record_with_the_number_counts) {
     EXPECT_THAT(dataset.Slots.at(0).Template, ElementsAre(3, 0, 2));
 }
 
-TEST_F(Datensatz_Finger, the_last_record_that_is_written_is_found) {
-    files.AddTemplate(500, "1001", "3 : 0 : 5 : ");
+TEST_F(Datensatz_Finger, the_last_record_of_the_store_is_found) {
+    files.AddTemplate(501, "1001", "3 : 0 : 5 : ");
     files.AddFinger(1, "Anna", "Slot_Nr: 001", "1001");
     Expect("mind the adapter");
     ASSERT_EQ(Load(), 0);
