@@ -227,6 +227,16 @@ TEST_F(Datensatz_Benutzer, the_two_fixed_groups_are_known_without_the_file) {
     EXPECT_THAT(dataset.Slots.at(1).TimerBits, ElementsAre(0x07, 0xC0, 0x00));
 }
 
+TEST_F(Datensatz_Benutzer, the_two_fixed_groups_stand_whatever_the_file_says) {
+    files.AddPersonGroup(1, "---------X", "PB_2008TimA");
+    files.AddPersonGroup(2, "X---------", "PB_2008TimB");
+    files.AddUser(1, {.Name = "Anna", .Group = "PB_2008TimA"});
+    files.AddUser(2, {.Name = "Bert", .Group = "PB_2008TimB"});
+    ASSERT_EQ(Load(), 0);
+    EXPECT_THAT(dataset.Slots.at(0).TimerBits, ElementsAre(0xF8, 0x00, 0x00));
+    EXPECT_THAT(dataset.Slots.at(1).TimerBits, ElementsAre(0x07, 0xC0, 0x00));
+}
+
 TEST_F(Datensatz_Benutzer, the_groups_of_the_file_are_found_by_identifier_in_any_of_its_records) {
     files.AddPersonGroup(1, "XXXXX-----", "PB_2008TimA");
     files.AddPersonGroup(7, "--------XX", "PB_7");

@@ -61,23 +61,17 @@ TEST_F(Datensatz_Dateien, each_read_that_fails_ends_the_assembly_without_a_run) 
         pc.Disk.Operations = 0;
         pc.Disk.FailAt = n;
         pc.Answers.clear();
-        // The store of templates is the sixth file: without it a finger has no template.
+        // The store of templates is the sixth file and read at the first finger.
         if (n >= 6) {
             Expect("mind the adapter");
         }
-        if (n == 6) {
-            Expect("Bert_0002_FP    Fehler bei der zuweisung der Fingerprint Daten. ");
-        }
-        EXPECT_EQ(Load(DatasetVariant::Network), n == 6 ? 94 : 95) << "read " << n;
+        EXPECT_EQ(Load(DatasetVariant::Network), 95) << "read " << n;
         EXPECT_TRUE(pc.Answers.empty()) << "read " << n;
         pc.Disk.Operations = 0;
         pc.Answers.clear();
         pc.Disk.FailAt = n;
         if (n >= 6) {
             Expect("mind the adapter");
-        }
-        if (n == 6) {
-            Expect("Bert_002_FP     : no fingerprint data");
         }
         EXPECT_EQ(Load(), 13) << "read " << n;
     }
@@ -196,7 +190,7 @@ TEST_F(Datensatz_Dateien, whatever_bytes_the_files_hold_the_assembly_ends_within
             for (int n = 0; n < 12 && !bytes.empty(); ++n) {
                 bytes[next() % bytes.size()] = static_cast<char>(next() >> 16U);
             }
-            bytes.resize(bytes.size() - next() % (bytes.size() / 8 + 1));
+            bytes.erase(bytes.size() - next() % (bytes.size() / 8 + 1)); // 0 to an eighth of the end is cut off
         }
         pc.Answers.assign(3, {.Text = "*"});
         const int status = Load();
