@@ -1,10 +1,9 @@
 // Reads the sources and holds them against the rules of the layers.
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <gtest/gtest.h>
 #include <map>
 #include <regex>
 #include <set>
@@ -30,10 +29,11 @@ const std::map<std::string, std::set<std::string>> MayInclude{
     {"transfer/windows", {"core", "link", "locks", "persons", "timemodel", "units", "transfer"}},
     {"programm", {"core", "link", "locks", "persons", "timemodel", "units", "transfer", "transfer/windows"}},
     {"platform", {"core"}},
-    {"simulator", {"core", "link"}},
-    {"simulator/program", {"core", "link", "simulator"}},
+    {"simulator", {"core"}},
+    {"simulator/program", {"core", "simulator"}},
     {"console",
-     {"core", "link", "locks", "persons", "timemodel", "units", "transfer", "transfer/windows", "programm", "platform"}},
+     {"core", "link", "locks", "persons", "timemodel", "units", "transfer", "transfer/windows", "programm",
+      "platform"}},
     {"console/program",
      {"core", "link", "locks", "persons", "timemodel", "units", "transfer", "transfer/windows", "programm", "platform",
       "console"}},
@@ -131,7 +131,8 @@ TEST(Sources, nothing_below_the_platform_knows_the_toolkit) {
 }
 
 TEST(Sources, the_logic_never_sleeps_and_has_no_clock_and_no_chance_of_its_own) {
-    const std::regex pattern(R"(\b(sleep|usleep|nanosleep|sleep_for|sleep_until|chrono|time|localtime|gettimeofday|clock_gettime|random_device|rand|srand|mt19937|thread|getenv)\s*(\(|::|>|\b_))");
+    const std::regex pattern(
+        R"(\b(sleep|usleep|nanosleep|sleep_for|sleep_until|chrono|time|localtime|gettimeofday|clock_gettime|random_device|rand|srand|mt19937|thread|getenv)\s*(\(|::|>|\b_))");
     EXPECT_EQ(Offenders(All(), pattern), std::vector<std::string>{});
 }
 
@@ -143,7 +144,8 @@ TEST(Sources, the_logic_opens_no_file_itself) {
 TEST(Sources, no_variable_stands_at_namespace_scope) {
     // Code at namespace scope begins in column 1; a variable there that is neither constant nor part of a declaration
     // of a function or type is mutable state.
-    const std::regex variable(R"(^(static |inline |extern |thread_local )*(?!using|namespace|template|class|struct|enum|union|return|typedef|constexpr|const |static_assert|friend|public|private|protected|default|case|if|for|while|else|do|switch|extern "")[A-Za-z_][\w:<>,\s\*&]*\s[A-Za-z_]\w*(\[[^\]]*\])*\s*(=[^=].*|\{.*\})?;\s*$)");
+    const std::regex variable(
+        R"(^(static |inline |extern |thread_local )*(?!using|namespace|template|class|struct|enum|union|return|typedef|constexpr|const |static_assert|friend|public|private|protected|default|case|if|for|while|else|do|switch|extern "")[A-Za-z_][\w:<>,\s\*&]*\s[A-Za-z_]\w*(\[[^\]]*\])*\s*(=[^=].*|\{.*\})?;\s*$)");
     std::vector<std::string> found;
     for (const Source& source : All()) {
         for (std::size_t n = 0; n < source.Lines.size(); ++n) {
@@ -182,6 +184,8 @@ TEST(Sources, no_function_is_longer_than_sixty_lines) {
     }
 }
 
-TEST(Sources, the_structure_test_sees_the_sources) { EXPECT_GT(All().size(), 50U); }
+TEST(Sources, the_structure_test_sees_the_sources) {
+    EXPECT_GT(All().size(), 50U);
+}
 
 } // namespace
