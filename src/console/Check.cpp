@@ -1,9 +1,11 @@
 #include "Check.h"
 
+#include "Catalogue.h"
 #include "CheckStand.h"
 #include "TableText.h"
 #include "Tables.h"
 #include "Text.h"
+#include "Zeilen.h"
 
 #include <algorithm>
 
@@ -86,6 +88,40 @@ std::vector<Finding> Daten_Pruefen(const FileStore& files, const std::string& di
     Adapter_Pruefen(stand);
     Gastkarten_Pruefen(stand);
     return std::move(stand.Findings);
+}
+
+std::vector<Finding> Sprachdatei_Pruefen(const FileStore& files, const std::string& appPath) {
+    std::string settings;
+    std::string language;
+    if (files.ReadAll(appPath + "DAT/EST7CSB29A.I_1", settings) == ReadStatus::Ok) {
+        const std::vector<std::string> lines = Zeilen_Lesen(settings);
+        language = lines.empty() ? "" : std::string(Trim(lines.front()));
+    }
+    if (language.empty()) {
+        language = "Deutsch";
+    } else if (!Leer_Oder(language, {"Deutsch", "English", "Francais", "Nederlands"})) {
+        return {};
+    }
+    Finding finding{.Table = "QVM_" + language + ".DAT", .Kind = FindingKind::Damaged};
+    std::string bytes;
+    switch (files.ReadAll(appPath + finding.Table, bytes)) {
+    case ReadStatus::Missing:
+        finding.Text = "the language file is missing";
+        finding.Kind = FindingKind::Dangling;
+        return {finding};
+    case ReadStatus::Error:
+        finding.Text = "the file cannot be read";
+        return {finding};
+    case ReadStatus::Ok:
+        break;
+    }
+    constexpr std::size_t read = Sprachkatalog::Zeilen - 1;
+    const std::size_t count = Zeilen_Lesen(bytes).size();
+    if (count <= read) {
+        return {};
+    }
+    finding.Text = "has " + std::to_string(count) + " lines, " + std::to_string(read) + " are read";
+    return {finding};
 }
 
 } // namespace qvm
