@@ -7,7 +7,7 @@ namespace qvm {
 
 AbbruchSignal::AbbruchSignal() {
     sigemptyset(&wanted_);
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT}) {
         sigaddset(&wanted_, signal);
     }
     pthread_sigmask(SIG_BLOCK, &wanted_, &before_);

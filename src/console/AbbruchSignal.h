@@ -4,8 +4,8 @@
 
 namespace qvm {
 
-/// Ctrl-C and the termination signal as a question instead of an end. While this lives they are blocked and picked up
-/// when asked for, so that no handler and no global state is needed.
+/// Ctrl-C, Ctrl-\ and the termination signals as a question instead of an end. While this lives they are blocked and
+/// picked up when asked for, so that no handler and no global state is needed.
 class AbbruchSignal {
 public:
     AbbruchSignal();

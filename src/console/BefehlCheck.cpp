@@ -6,7 +6,12 @@
 namespace qvm {
 
 ExitCode Befehl_Check(const Umgebung& world, const Console& console) {
-    const std::vector<Finding> findings = Daten_Pruefen(world.Welt.Files, world.DatPfad());
+    if (const std::string why = world.Datenverzeichnis_Fehler(); !why.empty()) {
+        return console.Fehlschlag("check", {why});
+    }
+    std::vector<Finding> findings = Daten_Pruefen(world.Welt.Files, world.DatPfad());
+    const std::vector<Finding> language = Sprachdatei_Pruefen(world.Welt.Files, world.AppPath);
+    findings.insert(findings.end(), language.begin(), language.end());
     if (console.Json) {
         nlohmann::ordered_json list = nlohmann::ordered_json::array();
         for (const Finding& finding : findings) {

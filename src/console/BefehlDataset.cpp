@@ -152,6 +152,9 @@ void Lauf_Text(const Console& console, int lock, const Probelauf& run) {
 } // namespace
 
 ExitCode Befehl_Dataset(const Umgebung& world, const Console& console, int lock) {
+    if (const std::string why = world.Datenverzeichnis_Fehler(); !why.empty()) {
+        return console.Fehlschlag("dataset", {why});
+    }
     const Probelauf run = Durchspielen(world, lock);
     for (const std::string& message : run.Messages) {
         console.Meldung(message);

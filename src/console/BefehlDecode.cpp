@@ -28,8 +28,8 @@ Json Rahmen_Json(const Mitschnitt& frame) {
 
 ExitCode Befehl_Decode(const Umgebung& world, const Console& console, const std::string& file) {
     std::string bytes;
-    if (!Eingabe_Lesen(world, console, file.empty() ? "-" : file, bytes)) {
-        return ExitCode::Fault;
+    if (const std::string why = Eingabe_Lesen(world, file.empty() ? "-" : file, bytes); !why.empty()) {
+        return console.Fehlschlag("decode", {why});
     }
     const TraceText trace = Protokoll_Lesen(bytes);
     Json frames = Json::array();

@@ -6,22 +6,25 @@
 namespace qvm {
 
 ExitCode Befehl_Export(const Umgebung& world, const Console& console, const std::string& file) {
+    if (const std::string why = world.Datenverzeichnis_Fehler(); !why.empty()) {
+        return console.Fehlschlag("export", {why});
+    }
     std::vector<Finding> faults;
     const nlohmann::ordered_json document = Export_Erstellen(world.Welt.Files, world.DatPfad(), faults);
-    for (const Finding& fault : faults) {
-        console.Meldung(Befund_Text(fault));
-    }
     if (!faults.empty()) {
-        console.Meldung("Nothing was exported.");
-        return ExitCode::Fault;
+        std::vector<std::string> messages;
+        for (const Finding& fault : faults) {
+            messages.push_back(Befund_Text(fault));
+        }
+        messages.emplace_back("Nothing was exported.");
+        return console.Fehlschlag("export", messages);
     }
     if (file.empty() || file == "-") {
         console.Ergebnis(document);
         return console.Out.good() ? ExitCode::Good : ExitCode::Fault;
     }
     if (!world.Welt.Files.Replace(file, document.dump(2) + "\n")) {
-        console.Meldung("The file " + file + " cannot be written.");
-        return ExitCode::Fault;
+        return console.Fehlschlag("export", {"The file " + file + " cannot be written."});
     }
     const std::size_t tables = document["tables"].size() + document["lines"].size();
     if (console.Json) {

@@ -57,22 +57,22 @@ ExitCode Bericht_Ausgeben(const Console& console, const ImportReport& report) {
 
 } // namespace
 
-bool Eingabe_Lesen(const Umgebung& world, const Console& console, const std::string& file, std::string& bytes) {
+std::string Eingabe_Lesen(const Umgebung& world, const std::string& file, std::string& bytes) {
     if (file == "-") {
         bytes.assign(std::istreambuf_iterator<char>(std::cin), {});
-        return true;
+        return std::cin.bad() ? "Standard input cannot be read." : "";
     }
     const ReadStatus status = world.Welt.Files.ReadAll(file, bytes);
-    if (status != ReadStatus::Ok) {
-        console.Meldung("The file " + file + (status == ReadStatus::Missing ? " is not there." : " cannot be read."));
+    if (status == ReadStatus::Ok) {
+        return {};
     }
-    return status == ReadStatus::Ok;
+    return "The file " + file + (status == ReadStatus::Missing ? " is not there." : " cannot be read.");
 }
 
 ExitCode Befehl_Import(const Umgebung& world, const Console& console, const std::string& file) {
     std::string text;
-    if (!Eingabe_Lesen(world, console, file, text)) {
-        return ExitCode::Fault;
+    if (const std::string why = Eingabe_Lesen(world, file, text); !why.empty()) {
+        return console.Fehlschlag("import", {why});
     }
     const ImportPlan plan = Import_Pruefen(text);
     if (!plan.Faults.empty()) {

@@ -16,8 +16,20 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-std::string_view Unit_Wort(UnitReport::State state) {
-    return state == UnitReport::State::Done ? "done" : state == UnitReport::State::Failed ? "failed" : "untried";
+std::string_view Befehlswort(bool historyOnly) {
+    return historyOnly ? "history" : "program";
+}
+
+std::string_view Unit_Wort(const LockResult::Unit& unit) {
+    switch (unit.End) {
+    case UnitReport::State::Done:
+        return "done";
+    case UnitReport::State::Failed:
+        return unit.Refused ? "refused" : "failed";
+    case UnitReport::State::Untried:
+        break;
+    }
+    return "untried";
 }
 
 HistoryFile Historie_Datei(const Umgebung& world, const std::string& path) {
@@ -35,12 +47,13 @@ Json Ergebnis_Json(const Umgebung& world, const LockResult& result) {
               {"result", Ende_Wort(result.End)},
               {"exit", static_cast<int>(Ende_Code(result))},
               {"text", result.Text},
+              {"faults", result.Faults},
               {"messages", result.Messages},
               {"telegrams", result.Telegrams},
               {"seconds", result.Seconds}};
     Json units = Json::array();
     for (const LockResult::Unit& unit : result.Units) {
-        units.push_back({{"name", unit.Name}, {"result", Unit_Wort(unit.End)}, {"note", unit.Note}});
+        units.push_back({{"name", unit.Name}, {"result", Unit_Wort(unit)}, {"note", unit.Note}});
     }
     json["units"] = units;
     if (!result.HistoryFile.empty()) {
@@ -59,8 +72,11 @@ void Ergebnis_Text(const Umgebung& world, const Console& console, const LockResu
             << std::setprecision(1) << result.Seconds << " s";
     }
     out << (result.Text.empty() ? "" : ": ") << result.Text << "\n";
+    for (const std::string& fault : result.Faults) {
+        out << "  " << fault << "\n";
+    }
     for (const LockResult::Unit& unit : result.Units) {
-        out << "  unit \"" << unit.Name << "\": " << Unit_Wort(unit.End) << (unit.Note.empty() ? "" : ", ") << unit.Note
+        out << "  unit \"" << unit.Name << "\": " << Unit_Wort(unit) << (unit.Note.empty() ? "" : ", ") << unit.Note
             << "\n";
     }
     if (!result.HistoryFile.empty()) {
@@ -68,7 +84,7 @@ void Ergebnis_Text(const Umgebung& world, const Console& console, const LockResu
         if (historyOnly) {
             out << Historie_Tabelle(Historie_Datei(world, result.HistoryFile));
         }
-    } else if (historyOnly && result.End == LockEnd::Done) {
+    } else if (historyOnly && result.End == LockEnd::Done && result.Faults.empty()) {
         out << "  the lock's history is empty\n";
     }
     out.flush();
@@ -81,79 +97,99 @@ ExitCode Gesamtcode(const std::vector<LockResult>& results) {
     return same ? first : ExitCode::SomeFailed;
 }
 
-std::vector<LockResult> Abarbeiten(Schlosslauf& runner, const std::vector<int>& locks,
-                                   const std::function<void(const LockResult&)>& done) {
-    std::vector<LockResult> results;
+LaufAuftrag Auftrag(const Optionen& options) {
+    return {.HistoryOnly = options.Wanted == Command::History,
+            .HistoryFirst = options.HistoryFirst,
+            .Since = options.Since,
+            .Keep = options.Keep,
+            .Code = {},
+            .TimeoutSeconds = options.TimeoutSeconds,
+            .Interrupts = {}};
+}
+
+/// A message for each lock that cannot be run.
+std::vector<std::string> Hindernisse(const Schlosslauf& runner, const std::vector<int>& locks) {
+    std::vector<std::string> messages;
     for (const int lock : locks) {
-        results.push_back(runner.Abgebrochen() ? runner.Beschreiben(lock) : runner.Ausfuehren(lock));
-        done(results.back());
+        if (const std::string why = runner.Hindernis(lock); !why.empty()) {
+            messages.push_back("Lock " + std::to_string(lock) + " " + why + ".");
+        }
     }
-    return results;
+    return messages;
+}
+
+std::string Trace_Fehler(const std::string& path) {
+    return "The trace file " + path + " cannot be written.";
+}
+
+/// Works the locks off, reports each, and gives the exit code of all.
+ExitCode Abarbeiten(const Umgebung& world, const Console& console, const Optionen& options, Schlosslauf& runner,
+                    TraceDatei& trace) {
+    const bool historyOnly = options.Wanted == Command::History;
+    Json list = Json::array();
+    std::vector<LockResult> results;
+    for (const int lock : options.Locks) {
+        results.push_back(runner.Abgebrochen() ? runner.Beschreiben(lock) : runner.Ausfuehren(lock));
+        trace.Ablegen();
+        if (console.Json) {
+            list.push_back(Ergebnis_Json(world, results.back()));
+        } else {
+            Ergebnis_Text(world, console, results.back(), historyOnly);
+        }
+    }
+    const ExitCode exit = Gesamtcode(results);
+    Json messages = Json::array();
+    if (!trace.Vollstaendig()) {
+        messages.push_back("The trace file " + options.Trace + " could not be written whole.");
+        console.Meldung(messages.back().get<std::string>());
+    }
+    if (console.Json) {
+        console.Ergebnis({{"command", Befehlswort(historyOnly)},
+                          {"ok", exit == ExitCode::Good},
+                          {"exit", static_cast<int>(exit)},
+                          {"messages", messages},
+                          {"locks", list}});
+    }
+    return exit;
 }
 
 } // namespace
 
 ExitCode Befehl_Lauf(const Umgebung& world, const Console& console, const Optionen& options) {
+    const std::string_view word = Befehlswort(options.Wanted == Command::History);
+    if (const std::string why = world.Datenverzeichnis_Fehler(); !why.empty()) {
+        return console.Fehlschlag(word, {why});
+    }
     AbbruchSignal signal;
-    const bool historyOnly = options.Wanted == Command::History;
     Programm program(world.Welt, world.AppPath);
     if (Programm_Start(program, false) == StartResult::NoDirectory) {
-        console.Meldung("The directories DAT and HIST cannot be made in " + world.AppPath);
-        return ExitCode::Fault;
+        return console.Fehlschlag(word, {"The directories DAT and HIST cannot be made in " + world.AppPath + "."});
     }
     Port_Waehlen(program, !options.Port.empty());
     Fortschritt progress(console);
-    LaufAuftrag order{.HistoryOnly = historyOnly,
-                      .HistoryFirst = options.HistoryFirst,
-                      .Since = options.Since,
-                      .Keep = options.Keep,
-                      .Code = {},
-                      .TimeoutSeconds = options.TimeoutSeconds,
-                      .Interrupts = [&signal] { return signal.Anzahl(); }};
+    LaufAuftrag order = Auftrag(options);
+    order.Interrupts = [&signal] { return signal.Anzahl(); };
     Schlosslauf runner(program, order, progress);
-    bool possible = true;
-    for (const int lock : options.Locks) {
-        if (const std::string why = runner.Hindernis(lock); !why.empty()) {
-            console.Meldung("Lock " + std::to_string(lock) + " " + why + ".");
-            possible = false;
-        }
-    }
     TraceDatei trace;
-    if (possible && !options.Trace.empty() && !trace.Oeffnen(options.Trace, world.Welt.Now())) {
-        console.Meldung("The trace file " + options.Trace + " cannot be written.");
-        possible = false;
+    if (const auto messages = Hindernisse(runner, options.Locks); !messages.empty()) {
+        return console.Fehlschlag(word, messages);
     }
-    if (!possible) {
-        return ExitCode::Fault;
+    // Without a path there is no trace.
+    if (!options.Trace.empty() && !trace.Oeffnen(options.Trace, world.Welt.Now())) {
+        return console.Fehlschlag(word, {Trace_Fehler(options.Trace)});
     }
-    const auto code = Code_Holen(world, console, options.CodeFrom, [&signal] { return signal.Anzahl() > 0; });
-    if (!code) {
-        return ExitCode::Fault;
+    if (const std::string why = Code_Holen(
+            options.CodeFrom, [&signal] { return signal.Anzahl() > 0; }, order.Code);
+        !why.empty()) {
+        return console.Fehlschlag(word, {why});
     }
-    order.Code = *code;
     program.link.Protokoll = [&](const TraceFrame& frame) {
         trace.Schreiben(frame);
         if (frame.Way == TraceFrame::Direction::Sent || frame.Way == TraceFrame::Direction::SentRaw) {
             runner.Gesendet();
         }
     };
-    const auto results = Abarbeiten(runner, options.Locks, [&](const LockResult& result) {
-        if (!console.Json) {
-            Ergebnis_Text(world, console, result, historyOnly);
-        }
-    });
-    const ExitCode exit = Gesamtcode(results);
-    if (console.Json) {
-        Json list = Json::array();
-        for (const LockResult& result : results) {
-            list.push_back(Ergebnis_Json(world, result));
-        }
-        console.Ergebnis({{"command", historyOnly ? "history" : "program"},
-                          {"ok", exit == ExitCode::Good},
-                          {"exit", static_cast<int>(exit)},
-                          {"locks", list}});
-    }
-    return exit;
+    return Abarbeiten(world, console, options, runner, trace);
 }
 
 } // namespace qvm

@@ -31,7 +31,7 @@ struct Programm;
 /// configured port, or in adapter mode the first one that can hold an adapter.
 void Port_Waehlen(Programm& program, bool deviceNamed);
 
-/// The whole of a file, or of standard input for "-". False after a message.
-bool Eingabe_Lesen(const Umgebung& world, const Console& console, const std::string& file, std::string& bytes);
+/// The whole of a file, or of standard input for "-". Gives why it cannot be read, a sentence; empty when all is well.
+std::string Eingabe_Lesen(const Umgebung& world, const std::string& file, std::string& bytes);
 
 } // namespace qvm

@@ -1,8 +1,9 @@
 #include "CodeEingabe.h"
 
+#include <cerrno>
 #include <fcntl.h>
-#include <iostream>
 #include <poll.h>
+#include <string_view>
 #include <termios.h>
 #include <unistd.h>
 
@@ -11,115 +12,128 @@ namespace qvm {
 namespace {
 
 constexpr std::size_t CodeLength = 6;
+/// No line that is longer holds a code.
+constexpr std::size_t LongestLine = 256;
 constexpr int PollMs = 100;
 
-/// The terminal with its echo off, for as long as this lives.
-class StillesTerminal {
+enum class LineStatus { Read, Interrupted, Error };
+
+/// Where the code comes from. A terminal has its echo off for as long as this lives.
+class Codequelle {
 public:
-    StillesTerminal() : descriptor_(::open("/dev/tty", O_RDWR | O_CLOEXEC)) {
-        silent_ = descriptor_ >= 0 && ::tcgetattr(descriptor_, &before_) == 0;
-        if (silent_) {
+    /// Takes the descriptor over, except standard input.
+    explicit Codequelle(int descriptor) : descriptor_(descriptor) {
+        terminal_ = descriptor_ >= 0 && ::tcgetattr(descriptor_, &before_) == 0;
+        if (terminal_) {
             termios quiet = before_;
             quiet.c_lflag &= ~static_cast<tcflag_t>(ECHO);
             silent_ = ::tcsetattr(descriptor_, TCSAFLUSH, &quiet) == 0;
         }
     }
-    ~StillesTerminal() {
+    ~Codequelle() {
         if (silent_) {
             ::tcsetattr(descriptor_, TCSAFLUSH, &before_);
         }
-        if (descriptor_ >= 0) {
+        if (descriptor_ > STDIN_FILENO) {
             ::close(descriptor_);
         }
     }
-    StillesTerminal(const StillesTerminal&) = delete;
-    StillesTerminal& operator=(const StillesTerminal&) = delete;
+    Codequelle(const Codequelle&) = delete;
+    Codequelle& operator=(const Codequelle&) = delete;
 
-    /// False when there is no terminal, or its echo cannot be turned off.
-    bool Bereit() const { return silent_; }
+    bool Offen() const { return descriptor_ >= 0; }
+    bool Terminal() const { return terminal_; }
+    /// False when what is typed would be seen.
+    bool Verdeckt() const { return !terminal_ || silent_; }
     void Schreiben(std::string_view text) const {
         const ssize_t written = ::write(descriptor_, text.data(), text.size());
         static_cast<void>(written); // a prompt that nobody sees is no fault
     }
-    /// One line without its end; nothing after Ctrl-C or at the end of input.
-    std::optional<std::string> Zeile(const std::function<bool()>& interrupted) const {
-        std::string line;
+    /// One line without its end, or what stands before the end of input. What is behind it is left alone.
+    LineStatus Zeile(const std::function<bool()>& interrupted, std::string& line) const {
         char character = 0;
-        for (;;) {
+        while (line.size() < LongestLine) {
+            if (interrupted()) {
+                return LineStatus::Interrupted;
+            }
             pollfd wait{.fd = descriptor_, .events = POLLIN, .revents = 0};
-            if (::poll(&wait, 1, PollMs) == 0) {
-                if (interrupted()) {
-                    return std::nullopt;
-                }
+            if (::poll(&wait, 1, PollMs) <= 0) {
                 continue;
             }
-            if (::read(descriptor_, &character, 1) != 1) {
-                return std::nullopt;
+            const ssize_t count = ::read(descriptor_, &character, 1);
+            if (count < 0 && (errno == EINTR || errno == EAGAIN)) {
+                continue;
             }
-            if (character == '\n') {
-                return line;
+            if (count < 0) {
+                return LineStatus::Error;
+            }
+            if (count == 0 || character == '\n') {
+                return LineStatus::Read;
             }
             line += character;
         }
+        return LineStatus::Read;
     }
 
 private:
     int descriptor_;
     termios before_{};
+    bool terminal_ = false;
     bool silent_ = false;
 };
 
-std::optional<std::string> Vom_Terminal(const Console& console, const std::function<bool()>& interrupted) {
-    const StillesTerminal terminal;
-    if (!terminal.Bereit()) {
-        console.Meldung("There is no terminal to ask for the administrator code; use --code-from.");
-        return std::nullopt;
+std::string Vom_Terminal(const std::function<bool()>& interrupted, std::string& line) {
+    const Codequelle terminal(::open("/dev/tty", O_RDWR | O_CLOEXEC));
+    if (!terminal.Terminal() || !terminal.Verdeckt()) {
+        return "There is no terminal to ask for the administrator code; use --code-from.";
     }
     terminal.Schreiben("Administrator code: ");
-    std::optional<std::string> line = terminal.Zeile(interrupted);
+    const LineStatus status = terminal.Zeile(interrupted, line);
     terminal.Schreiben("\n");
-    if (!line) {
-        console.Meldung("No administrator code was given.");
-    }
-    return line;
+    return status == LineStatus::Read ? "" : "No administrator code was given.";
 }
 
-std::optional<std::string> Aus_Datei(const Umgebung& world, const Console& console, const std::string& from) {
-    if (from == "-") {
-        // Only the first line: what stands behind it on standard input is not ours.
-        std::string line;
-        std::getline(std::cin, line);
-        return line;
+std::string Aus_Datei(const std::string& from, const std::function<bool()>& interrupted, std::string& line) {
+    // Opening a pipe must not wait for its writer; the wait for the line can be stopped.
+    const Codequelle source(from == "-" ? STDIN_FILENO : ::open(from.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    if (!source.Offen()) {
+        return "The file " + from + (errno == ENOENT ? " is not there." : " cannot be read.");
     }
-    std::string bytes;
-    if (!Eingabe_Lesen(world, console, from, bytes)) {
-        return std::nullopt;
+    if (!source.Verdeckt()) {
+        return "The echo of the terminal cannot be turned off.";
     }
-    return bytes.substr(0, bytes.find('\n'));
+    switch (source.Zeile(interrupted, line)) {
+    case LineStatus::Error:
+        return from == "-" ? "Standard input cannot be read." : "The file " + from + " cannot be read.";
+    case LineStatus::Interrupted:
+        return "No administrator code was given.";
+    case LineStatus::Read:
+        break;
+    }
+    return {};
+}
+
+bool Zeichen_Gueltig(char character) {
+    return (character >= '0' && character <= '9') || (character >= 'A' && character <= 'Z') ||
+           (character >= 'a' && character <= 'z');
 }
 
 } // namespace
 
-std::optional<std::string> Code_Holen(const Umgebung& world, const Console& console, const std::string& from,
-                                      const std::function<bool()>& interrupted) {
-    std::optional<std::string> code =
-        from.empty() ? Vom_Terminal(console, interrupted) : Aus_Datei(world, console, from);
-    if (!code) {
-        return std::nullopt;
+std::string Code_Holen(const std::string& from, const std::function<bool()>& interrupted, std::string& code) {
+    code.clear();
+    if (std::string why = from.empty() ? Vom_Terminal(interrupted, code) : Aus_Datei(from, interrupted, code);
+        !why.empty()) {
+        return why;
     }
-    if (!code->empty() && code->back() == '\r') {
-        code->pop_back();
+    if (!code.empty() && code.back() == '\r') {
+        code.pop_back();
     }
-    bool good = code->size() == CodeLength;
-    for (const char character : *code) {
-        good = good && ((character >= '0' && character <= '9') || (character >= 'A' && character <= 'Z') ||
-                        (character >= 'a' && character <= 'z'));
+    bool good = code.size() == CodeLength;
+    for (const char character : code) {
+        good = good && Zeichen_Gueltig(character);
     }
-    if (!good) {
-        console.Meldung("The administrator code must have six digits or letters.");
-        return std::nullopt;
-    }
-    return code;
+    return good ? "" : "The administrator code must have six digits or letters.";
 }
 
 } // namespace qvm

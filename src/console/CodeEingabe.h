@@ -1,17 +1,14 @@
 #pragma once
 
-#include "Befehle.h"
-
 #include <functional>
-#include <optional>
 #include <string>
 
 namespace qvm {
 
-/// The administrator code: one line from `from` (a path, or "-" for standard input), or typed on the terminal without
-/// echo when `from` is empty. Six characters, letters as on a telephone keypad. Nothing after a message.
-/// `interrupted`: true once the operator pressed Ctrl-C.
-std::optional<std::string> Code_Holen(const Umgebung& world, const Console& console, const std::string& from,
-                                      const std::function<bool()>& interrupted);
+/// The administrator code: one line from `from` (a path, or "-" for standard input), or typed on the terminal when
+/// `from` is empty. A terminal does not echo it. Six characters, letters as on a telephone keypad.
+/// `interrupted`: true once the operator pressed Ctrl-C; it is asked while waiting. Gives why there is no code, a
+/// sentence; empty when `code` holds it.
+std::string Code_Holen(const std::string& from, const std::function<bool()>& interrupted, std::string& code);
 
 } // namespace qvm

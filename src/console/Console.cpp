@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <ostream>
+#include <sys/stat.h>
 
 namespace qvm {
 
@@ -16,6 +17,26 @@ void Console::Ergebnis(const nlohmann::ordered_json& document) const {
 void Console::Meldung(std::string_view utf8) const {
     Err << Anzeigetext(utf8) << '\n';
     Err.flush();
+}
+
+ExitCode Console::Fehlschlag(std::string_view command, const std::vector<std::string>& messages) const {
+    for (const std::string& message : messages) {
+        Meldung(message);
+    }
+    if (Json) {
+        Ergebnis(
+            {{"command", command}, {"ok", false}, {"exit", static_cast<int>(ExitCode::Fault)}, {"messages", messages}});
+    }
+    return ExitCode::Fault;
+}
+
+std::string Umgebung::Datenverzeichnis_Fehler() const {
+    const std::string directory = AppPath + "DAT";
+    struct stat info {};
+    if (::stat(directory.c_str(), &info) == 0 && S_ISDIR(info.st_mode)) {
+        return {};
+    }
+    return "There is no directory " + directory + ".";
 }
 
 std::string Anzeigetext(std::string_view utf8) {

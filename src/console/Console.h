@@ -6,6 +6,7 @@
 #include <nlohmann/json.hpp>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace qvm {
 
@@ -29,6 +30,9 @@ struct Console {
     void Ergebnis(const nlohmann::ordered_json& document) const;
     /// One line of message; control characters are replaced.
     void Meldung(std::string_view utf8) const;
+    /// A local fault that ends the command: its messages, and as a document when documents are wanted. Gives
+    /// ExitCode::Fault.
+    ExitCode Fehlschlag(std::string_view command, const std::vector<std::string>& messages) const;
 };
 
 /// What a command works on.
@@ -37,6 +41,9 @@ struct Umgebung {
     std::string AppPath; ///< with a trailing separator
 
     std::string DatPfad() const { return AppPath + "DAT/"; }
+    /// Empty when there is a data directory, otherwise a message. A mistyped --dir must not look like an installation
+    /// without data.
+    std::string Datenverzeichnis_Fehler() const;
 };
 
 /// Text for a terminal: control characters replaced, so that a name from a file cannot steer it.

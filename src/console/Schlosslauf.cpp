@@ -2,8 +2,6 @@
 
 #include "Text.h"
 
-#include <algorithm>
-
 namespace qvm {
 
 namespace {
@@ -180,7 +178,7 @@ LockEnd Schlosslauf::Ende_Bestimmen() const {
     case RunOutcome::NotReached:
         return LockEnd::NotReached;
     case RunOutcome::GivenUp:
-        return LockEnd::Busy;
+        return program_.link.Lauf.Incomplete || program_.Lauf.Bericht.HistoryLost ? LockEnd::Failed : LockEnd::Busy;
     case RunOutcome::NoPort:
         return LockEnd::Fault;
     case RunOutcome::Open:
@@ -199,6 +197,12 @@ void Schlosslauf::Bericht_Fuellen(LockResult& result) const {
     } else if (result.End != LockEnd::Done) {
         result.Text = Anzeige_Aus_1252(report.Text);
     }
+    if (report.HistoryLost && (order_.HistoryOnly || order_.HistoryFirst)) {
+        result.Faults.emplace_back("the history could not be written");
+    }
+    if (report.ChannelUnsaved) {
+        result.Faults.emplace_back("the radio channel could not be recorded");
+    }
     if (program_.link.Lauf.HistoryFileOpen != 0) {
         // A directory in UTF-8 and a name in code page 1252, which the platform puts on the disk as UTF-8.
         const std::string& path = program_.link.Lauf.HistoryFileName;
@@ -213,7 +217,8 @@ void Schlosslauf::Bericht_Fuellen(LockResult& result) const {
         if (unit.Present) {
             result.Units.push_back({.Name = Anzeige_Aus_1252(unit.Name),
                                     .End = report.Units[n].End,
-                                    .Note = Anzeige_Aus_1252(report.Units[n].Note)});
+                                    .Note = Anzeige_Aus_1252(report.Units[n].Note),
+                                    .Refused = report.Units[n].Refused});
         }
     }
 }
@@ -232,6 +237,8 @@ std::string_view Ende_Text(LockEnd end, bool historyOnly) {
         return "given up, the lock kept silent";
     case LockEnd::Busy:
         return "given up, the lock stayed busy";
+    case LockEnd::Failed:
+        return "not finished";
     case LockEnd::Cancelled:
         return "cancelled";
     case LockEnd::Untried:
@@ -254,6 +261,8 @@ std::string_view Ende_Wort(LockEnd end) {
         return "silent";
     case LockEnd::Busy:
         return "busy";
+    case LockEnd::Failed:
+        return "failed";
     case LockEnd::Cancelled:
         return "cancelled";
     case LockEnd::Untried:
@@ -262,14 +271,31 @@ std::string_view Ende_Wort(LockEnd end) {
     return "untried";
 }
 
+namespace {
+
+/// That a unit was not reached is worse than that it refused: nobody knows what it holds.
+ExitCode Units_Code(const std::vector<LockResult::Unit>& units) {
+    ExitCode code = ExitCode::Good;
+    for (const LockResult::Unit& unit : units) {
+        if (unit.End == UnitReport::State::Done) {
+            continue;
+        }
+        if (!unit.Refused) {
+            return ExitCode::NotReached;
+        }
+        code = ExitCode::Refused;
+    }
+    return code;
+}
+
+} // namespace
+
 ExitCode Ende_Code(const LockResult& result) {
     switch (result.End) {
-    case LockEnd::Done: {
-        const bool units = std::all_of(result.Units.begin(), result.Units.end(), [](const LockResult::Unit& unit) {
-            return unit.End == UnitReport::State::Done;
-        });
-        return units ? ExitCode::Good : ExitCode::NotReached;
-    }
+    case LockEnd::Done:
+        return result.Faults.empty() ? Units_Code(result.Units) : ExitCode::Fault;
+    case LockEnd::Failed:
+        return result.Faults.empty() ? ExitCode::NotReached : ExitCode::Fault;
     case LockEnd::Fault:
         return ExitCode::Fault;
     case LockEnd::Refused:

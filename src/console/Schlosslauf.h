@@ -29,6 +29,7 @@ enum class LockEnd {
     NotReached,
     Silent,    ///< given up because it kept silent
     Busy,      ///< given up because it stayed busy
+    Failed,    ///< came to its end with something missing
     Cancelled, ///< by the operator
     Untried,   ///< another lock's run was cancelled before
 };
@@ -40,10 +41,12 @@ struct LockResult {
     LockEnd End = LockEnd::Untried;
     std::string Text;                  ///< why, empty when all went well
     std::vector<std::string> Messages; ///< of message boxes
+    std::vector<std::string> Faults;   ///< what the PC could not record of a run that went on nevertheless
     struct Unit {
         std::string Name;
         UnitReport::State End;
         std::string Note;
+        bool Refused = false; ///< with Failed: it answered, but did not accept the login
     };
     std::vector<Unit> Units;
     int Telegrams = 0;

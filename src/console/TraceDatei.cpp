@@ -25,7 +25,13 @@ bool TraceDatei::Oeffnen(const std::string& path, const DateTime& now) {
 
 void TraceDatei::Schreiben(const TraceFrame& frame) {
     if (file_) {
-        std::fputs((Protokoll_Zeile(frame) + "\n").c_str(), file_.get());
+        whole_ = std::fputs((Protokoll_Zeile(frame) + "\n").c_str(), file_.get()) >= 0 && whole_;
+    }
+}
+
+void TraceDatei::Ablegen() {
+    if (file_) {
+        whole_ = std::fflush(file_.get()) == 0 && whole_;
     }
 }
 

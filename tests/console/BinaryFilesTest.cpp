@@ -165,9 +165,48 @@ TEST_F(Binary, a_document_that_is_not_there_is_a_fault) {
 }
 
 TEST_F(Binary, an_export_to_a_directory_that_is_not_there_is_a_fault) {
-    const RunResult result = Run({"export", Directory.Path() + "no/such/file.json"});
+    Directory.Write(Users, OneUser());
+    const RunResult result = Run({"--json", "export", Directory.Path() + "no/such/file.json"});
     EXPECT_EQ(result.Code, 1);
     EXPECT_THAT(result.Err, HasSubstr("cannot be written"));
+    EXPECT_EQ(Json::parse(result.Out)["command"], "export");
+    EXPECT_EQ(Json::parse(result.Out)["ok"], false);
+}
+
+TEST_F(Binary, a_directory_without_data_is_a_fault_and_stays_as_it_is) {
+    for (const std::vector<std::string>& command : std::vector<std::vector<std::string>>{
+             {"check"}, {"export"}, {"dataset", "1"}, {"program", "1"}, {"history", "1"}}) {
+        std::vector<std::string> arguments = command;
+        arguments.push_back("--json");
+        const RunResult result = Run(arguments);
+        EXPECT_EQ(result.Code, 1);
+        EXPECT_EQ(result.Err, "There is no directory " + Directory.Path() + "DAT.\n");
+        EXPECT_EQ(Json::parse(result.Out), Json({{"command", command[0]},
+                                                 {"ok", false},
+                                                 {"exit", 1},
+                                                 {"messages", {"There is no directory " + Directory.Path() + "DAT."}}}));
+        EXPECT_THAT(Directory.List(""), ElementsAre());
+    }
+}
+
+TEST_F(Binary, input_that_is_not_there_is_one_document_on_request) {
+    const std::string missing = Directory.Path() + "missing";
+    for (const std::string command : {"import", "decode"}) {
+        const RunResult result = Run({"--json", command, missing});
+        EXPECT_EQ(result.Code, 1);
+        EXPECT_EQ(Json::parse(result.Out), Json({{"command", command},
+                                                 {"ok", false},
+                                                 {"exit", 1},
+                                                 {"messages", {"The file " + missing + " is not there."}}}));
+    }
+}
+
+TEST_F(Binary, an_export_of_a_file_that_cannot_be_read_is_one_document_on_request) {
+    Directory.Write(Emi + "/inside", "x");
+    const RunResult result = Run({"--json", "export"});
+    EXPECT_EQ(result.Code, 1);
+    EXPECT_EQ(Json::parse(result.Out)["messages"],
+              Json({"LockEmiRecord: the file cannot be read", "Nothing was exported."}));
 }
 
 TEST_F(Binary, an_import_into_a_directory_that_cannot_be_made_is_a_fault) {
@@ -196,6 +235,7 @@ TEST_F(Binary, an_import_that_cannot_be_finished_puts_back_what_it_replaced) {
 
 TEST_F(Binary, a_check_of_files_in_order_ends_with_0) {
     Directory.Write(Users, OneUser());
+    Directory.Write("QVM_Deutsch.DAT", "x\r\n");
     const RunResult result = Run({"check"});
     EXPECT_EQ(result.Code, 0);
     EXPECT_EQ(result.Out, "All data files are in order.\n");
@@ -204,6 +244,7 @@ TEST_F(Binary, a_check_of_files_in_order_ends_with_0) {
 TEST_F(Binary, a_check_with_findings_ends_with_1_and_shows_no_code) {
     const std::string second = OneUser().replace(0, 3, "Max");
     Directory.Write(Users, OneUser() + second);
+    Directory.Write("QVM_Deutsch.DAT", "x\r\n");
     const RunResult result = Run({"check"});
     EXPECT_EQ(result.Code, 1);
     EXPECT_EQ(result.Out, "doubled  UserRecord, record 2, UserCode: is the same as that of user 1\n1 finding\n");
@@ -211,11 +252,25 @@ TEST_F(Binary, a_check_with_findings_ends_with_1_and_shows_no_code) {
 
 TEST_F(Binary, findings_are_one_document_on_request) {
     Directory.Write(Users, OneUser().substr(0, 400));
+    Directory.Write("QVM_Deutsch.DAT", "x\r\n");
     const RunResult result = Run({"check", "--json"});
     EXPECT_EQ(result.Code, 1);
     EXPECT_EQ(Json::parse(result.Out), Json::parse(R"({"command":"check","clean":false,"findings":[
         {"table":"UserRecord","record":0,"field":"","kind":"damaged",
          "text":"the length of 400 bytes is not a multiple of 419"}]})"));
+}
+
+TEST_F(Binary, a_check_names_a_language_file_that_is_missing_or_too_long) {
+    Directory.Write("DAT/EST7CSB29A.I_1", "English\r\n2\r\nUSB-Port3\r\n5\r\n");
+    EXPECT_EQ(Run({"check"}).Out, "dangling  QVM_English.DAT: the language file is missing\n1 finding\n");
+    std::string lines;
+    for (int n = 0; n < 300; ++n) {
+        lines += "x\r\n";
+    }
+    Directory.Write("QVM_English.DAT", lines);
+    EXPECT_EQ(Run({"check"}).Code, 0);
+    Directory.Write("QVM_English.DAT", lines + "x\r\n");
+    EXPECT_EQ(Run({"check"}).Out, "damaged  QVM_English.DAT: has 301 lines, 300 are read\n1 finding\n");
 }
 
 // Decode.

@@ -1,11 +1,15 @@
 // The binary against the virtual locks behind a pseudo-terminal.
 
+#include "Schlosslauf.h"
 #include "VirtualLocks.h"
 
 #include <csignal>
+#include <filesystem>
 #include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <thread>
 
 namespace qvm {
 namespace {
@@ -150,6 +154,98 @@ TEST_F(BinaryRun, a_lock_that_falls_silent_is_given_up_after_the_time_out) {
     EXPECT_THAT(result.Err, HasSubstr("No answer for 1 s; the run is given up."));
 }
 
+TEST_F(BinaryRun, a_reader_that_goes_away_does_not_end_the_run) {
+    Locks.Start();
+    const std::string status = Locks.Directory.Path() + "status";
+    std::vector<std::string> arguments{"-c", R"({ sleep 0.3; "$@" 2>&1; echo $? > "$0"; } | true)", status,
+                                       QvmctlPath()};
+    const auto own = Locks.Arguments({"program", "1"});
+    arguments.insert(arguments.end(), own.begin(), own.end());
+    EXPECT_EQ(Process("/bin/sh", arguments, "104212\n").Wait().Code, 0);
+    EXPECT_EQ(Locks.Directory.Read("status"), "0\n");
+    EXPECT_EQ(Locks.Stop(), "");
+    EXPECT_EQ(Locks.Lock(Tor)["data_complete"], true);
+}
+
+TEST_F(BinaryRun, a_history_that_cannot_be_written_is_a_local_fault) {
+    Locks.Start();
+    // Nobody, not even the administrator, makes files there.
+    std::filesystem::remove_all(Locks.Directory.Path() + "HIST");
+    std::filesystem::create_directory_symlink("/proc", Locks.Directory.Path() + "HIST");
+    const RunResult result = Locks.Run({"history", "1", "--since", "01.01.2020"});
+    EXPECT_EQ(result.Code, 1);
+    EXPECT_THAT(result.Out, HasSubstr("\n  the history could not be written\n"));
+    const RunResult first = Locks.Run({"--json", "program", "1", "--history"});
+    EXPECT_EQ(first.Code, 1);
+    const Json report = Json::parse(first.Out);
+    EXPECT_EQ(report["ok"], false);
+    EXPECT_EQ(report["locks"][0]["exit"], 1);
+    EXPECT_EQ(report["locks"][0]["faults"], Json({"the history could not be written"}));
+}
+
+TEST_F(BinaryRun, a_trace_that_could_not_be_written_whole_is_said) {
+    Locks.Start();
+    const std::string trace = Locks.Directory.Path() + "trace.txt";
+    // No file may grow beyond a few blocks.
+    std::vector<std::string> arguments{"-c", R"(trap "" XFSZ; ulimit -f 4; exec "$0" "$@")", QvmctlPath()};
+    const auto own = Locks.Arguments({"--trace", trace, "program", "1"});
+    arguments.insert(arguments.end(), own.begin(), own.end());
+    const RunResult result = Process("/bin/sh", arguments, "104212\n").Wait();
+    EXPECT_EQ(result.Code, 0) << result.Err;
+    EXPECT_THAT(result.Err, HasSubstr("The trace file " + trace + " could not be written whole."));
+}
+
+TEST_F(BinaryRun, local_faults_are_one_document_on_request) {
+    const auto messages = [](const RunResult& result) {
+        EXPECT_EQ(result.Code, 1);
+        const Json report = Json::parse(result.Out);
+        EXPECT_EQ(report["command"], "program");
+        EXPECT_EQ(report["ok"], false);
+        EXPECT_EQ(report["exit"], 1);
+        return report["messages"];
+    };
+    EXPECT_EQ(messages(Locks.Run({"--json", "program", "4"})),
+              Json({"Lock 4 has no serial number in the lock table."}));
+    EXPECT_EQ(messages(Locks.Run({"--json", "--trace", "/dev/full", "program", "1"})),
+              Json({"The trace file /dev/full cannot be written."}));
+    EXPECT_EQ(messages(Qvmctl({"--dir", Locks.Directory.Path(), "--json", "program", "1", "--code-from", "-"}, "1\n")),
+              Json({"The administrator code must have six digits or letters."}));
+    EXPECT_EQ(messages(Qvmctl({"--dir", Locks.Directory.Path(), "--json", "program", "1", "--code-from", "/no/code"})),
+              Json({"The file /no/code is not there."}));
+}
+
+TEST_F(BinaryRun, the_wait_for_a_code_from_a_pipe_can_be_stopped) {
+    const std::string pipe = Locks.Directory.Path() + "pipe";
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    const std::string trace = Locks.Directory.Path() + "trace.txt";
+    Process run(QvmctlPath(),
+                {"--dir", Locks.Directory.Path(), "--trace", trace, "program", "1", "--code-from", pipe});
+    // The trace is opened right before the code is read.
+    while (!std::filesystem::exists(trace)) {
+        std::this_thread::yield();
+    }
+    run.Signal(SIGINT);
+    const RunResult result = run.Wait();
+    EXPECT_EQ(result.Code, 1);
+    EXPECT_EQ(result.Err, "No administrator code was given.\n");
+}
+
+TEST(Ende_Code, of_units_counts_the_worst) {
+    const LockResult::Unit done{.Name = "a", .End = UnitReport::State::Done, .Note = ""};
+    const LockResult::Unit refused{.Name = "b", .End = UnitReport::State::Failed, .Note = "", .Refused = true};
+    const LockResult::Unit failed{.Name = "c", .End = UnitReport::State::Failed, .Note = ""};
+    LockResult result;
+    result.End = LockEnd::Done;
+    result.Units = {done};
+    EXPECT_EQ(Ende_Code(result), ExitCode::Good);
+    result.Units = {done, refused};
+    EXPECT_EQ(Ende_Code(result), ExitCode::Refused);
+    result.Units = {refused, failed};
+    EXPECT_EQ(Ende_Code(result), ExitCode::NotReached);
+    result.Faults = {"the radio channel could not be recorded"};
+    EXPECT_EQ(Ende_Code(result), ExitCode::Fault);
+}
+
 TEST_F(BinaryRun, a_port_that_is_not_there_is_a_local_fault) {
     const RunResult result = Locks.Run({"--port", "/dev/none-of-this-name", "program", "1"});
     EXPECT_EQ(result.Code, 1);
@@ -224,7 +320,7 @@ TEST_F(BinaryRun, a_trace_can_be_decoded) {
 }
 
 TEST_F(BinaryRun, ctrl_c_ends_the_session_in_order_and_leaves_the_other_locks_alone) {
-    Locks.Start({"--pace"});
+    Locks.Start({"--fault", "late@2+=150"});
     const auto run = Locks.Begin({"program", "1", "2"});
     ASSERT_TRUE(run->WaitFor(" %"));
     run->Signal(SIGINT);
@@ -245,8 +341,18 @@ TEST_F(BinaryRun, a_second_ctrl_c_does_not_wait_for_a_silent_lock) {
     run->Signal(SIGINT);
     ASSERT_TRUE(run->WaitFor("Cancelling"));
     run->Signal(SIGINT);
-    EXPECT_EQ(run->Wait(2).Code, 3);
+    const RunResult result = run->Wait();
+    EXPECT_EQ(result.Code, 3);
+    EXPECT_THAT(result.Err, HasSubstr("Giving up."));
 }
+
+#if defined(__SANITIZE_ADDRESS__)
+constexpr bool Sanitized = true;
+#elif defined(__has_feature)
+constexpr bool Sanitized = __has_feature(address_sanitizer);
+#else
+constexpr bool Sanitized = false;
+#endif
 
 /// Highest memory that the process had, as the system tells it, in KiB.
 int PeakKb(pid_t process) {
@@ -260,10 +366,10 @@ int PeakKb(pid_t process) {
 }
 
 TEST_F(BinaryRun, a_run_needs_at_most_40_MB) {
-#if defined(__SANITIZE_ADDRESS__)
-    GTEST_SKIP() << "the address sanitizer needs memory of its own";
-#endif
-    Locks.Start({"--pace"});
+    if (Sanitized) {
+        GTEST_SKIP() << "the address sanitizer needs memory of its own";
+    }
+    Locks.Start({"--fault", "late@2+=100"});
     const auto run = Locks.Begin({"program", "1"});
     ASSERT_TRUE(run->WaitFor(" %"));
     const int peak = PeakKb(run->Id());

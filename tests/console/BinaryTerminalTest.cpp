@@ -8,6 +8,8 @@
 #include <poll.h>
 #include <pty.h>
 #include <sys/wait.h>
+#include <termios.h>
+#include <thread>
 #include <unistd.h>
 
 namespace qvm {
@@ -64,6 +66,11 @@ public:
         return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     }
 
+    bool Echo() const {
+        termios mode{};
+        return tcgetattr(handle_, &mode) == 0 && (mode.c_lflag & ECHO) != 0;
+    }
+
     std::string Shown;
 
 private:
@@ -110,6 +117,28 @@ TEST_F(BinaryTerminal, ctrl_c_at_the_question_sends_nothing) {
     EXPECT_THAT(session.Shown, HasSubstr("No administrator code was given."));
     Locks.Stop();
     EXPECT_EQ(Locks.State()["line"]["telegrams"], 0);
+}
+
+TEST_F(BinaryTerminal, the_quit_key_at_the_question_leaves_the_terminal_with_its_echo) {
+    TerminalSession session({"--dir", Locks.Directory.Path(), "program", "1"});
+    ASSERT_TRUE(session.WaitFor("Administrator code: "));
+    EXPECT_FALSE(session.Echo());
+    session.Type("\x1C");
+    ASSERT_TRUE(session.WaitFor("No administrator code was given."));
+    EXPECT_TRUE(session.Echo());
+    EXPECT_EQ(session.End(), 1);
+}
+
+TEST_F(BinaryTerminal, a_code_typed_into_standard_input_is_not_echoed) {
+    TerminalSession session({"--dir", Locks.Directory.Path(), "program", "2", "--code-from", "-"});
+    for (int n = 0; n < 10000 && session.Echo(); ++n) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    ASSERT_FALSE(session.Echo());
+    session.Type("104212\n");
+    EXPECT_EQ(session.End(), 0);
+    EXPECT_THAT(session.Shown, HasSubstr("programmed"));
+    EXPECT_THAT(session.Shown, Not(HasSubstr("104212")));
 }
 
 } // namespace

@@ -102,6 +102,23 @@ TEST_F(Dataset, writes_nothing_even_when_the_lock_would_change_its_channel) {
     EXPECT_FALSE(Directory.Has("HIST"));
 }
 
+TEST_F(Dataset, before_the_first_conversion_holds_the_users_of_the_old_table) {
+    Import(ShortLock, Settled);
+    // The form before the present one: name at 0, right at 31, code at 35, mark for lock 1 at 175, 276 bytes.
+    std::string user(276, ' ');
+    user.replace(0, 4, "Anna");
+    user.replace(31, 1, "1");
+    user.replace(35, 6, "918273");
+    user.replace(175, 1, "X");
+    Directory.Write("DAT/BX08HAZJNT9.UBW", user);
+    const auto before = Directory.List("DAT");
+    const RunResult result = Run({"1"});
+    EXPECT_EQ(result.Code, 0) << result.Err;
+    EXPECT_THAT(result.Out, HasSubstr("user name \"Anna\""));
+    EXPECT_EQ(Directory.List("DAT"), before);
+    EXPECT_EQ(Directory.Read("DAT/BX08HAZJNT9.UBW"), user);
+}
+
 TEST_F(Dataset, of_a_lock_without_a_serial_is_a_fault) {
     Import(R"({"record":1,"Name":"Tor"})");
     const RunResult result = Run({"1"});

@@ -108,6 +108,10 @@ INSTANTIATE_TEST_SUITE_P(
                               "ObJNR09DAT.OBN, line 2: must be a text, not a number"},
                     FaultCase{"line_end", Lines(R"({"ObJNR09DAT.OBN":["a\nb","1","2"]})"),
                               "ObJNR09DAT.OBN, line 1: holds a line end"},
+                    FaultCase{"carriage_return", Lines(R"({"ObJNR09DAT.OBN":["a","1\r","2"]})"),
+                              "ObJNR09DAT.OBN, line 2: holds a line end"},
+                    FaultCase{"zero_character", Lines(R"({"ObJNR09DAT.OBN":["a\u0000b","1","2"]})"),
+                              "ObJNR09DAT.OBN, line 1: holds a zero character, behind which nobody reads"},
                     FaultCase{"outside_the_code_page", Lines(R"({"ObJNR09DAT.OBN":["\u4e2d","1","2"]})"),
                               "ObJNR09DAT.OBN, line 1: holds a character that code page 1252 does not have"}),
     [](const auto& fault) { return std::string(fault.param.Name); });

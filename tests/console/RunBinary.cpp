@@ -64,6 +64,7 @@ Process::Process(const std::string& program, const std::vector<std::string>& arg
     id_ = fork();
     if (id_ == 0) {
         setsid(); // no terminal of its own
+        signal(SIGPIPE, SIG_DFL);
         dup2(open(in.c_str(), O_RDONLY), STDIN_FILENO);
         dup2(open(out.c_str(), O_WRONLY), STDOUT_FILENO);
         dup2(open(err.c_str(), O_WRONLY), STDERR_FILENO);
