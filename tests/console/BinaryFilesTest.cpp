@@ -181,10 +181,11 @@ TEST_F(Binary, a_directory_without_data_is_a_fault_and_stays_as_it_is) {
         const RunResult result = Run(arguments);
         EXPECT_EQ(result.Code, 1);
         EXPECT_EQ(result.Err, "There is no directory " + Directory.Path() + "DAT.\n");
-        EXPECT_EQ(Json::parse(result.Out), Json({{"command", command[0]},
-                                                 {"ok", false},
-                                                 {"exit", 1},
-                                                 {"messages", {"There is no directory " + Directory.Path() + "DAT."}}}));
+        EXPECT_EQ(Json::parse(result.Out),
+                  Json({{"command", command[0]},
+                        {"ok", false},
+                        {"exit", 1},
+                        {"messages", {"There is no directory " + Directory.Path() + "DAT."}}}));
         EXPECT_THAT(Directory.List(""), ElementsAre());
     }
 }

@@ -218,8 +218,7 @@ TEST_F(BinaryRun, the_wait_for_a_code_from_a_pipe_can_be_stopped) {
     const std::string pipe = Locks.Directory.Path() + "pipe";
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     const std::string trace = Locks.Directory.Path() + "trace.txt";
-    Process run(QvmctlPath(),
-                {"--dir", Locks.Directory.Path(), "--trace", trace, "program", "1", "--code-from", pipe});
+    Process run(QvmctlPath(), {"--dir", Locks.Directory.Path(), "--trace", trace, "program", "1", "--code-from", pipe});
     // The trace is opened right before the code is read.
     while (!std::filesystem::exists(trace)) {
         std::this_thread::yield();
