@@ -18,7 +18,7 @@ protected:
 
     test::TempDirectory Directory;
     const PortNumbers Numbers{Directory.Path(), std::nullopt};
-    const std::vector<SerialDevice> None;
+    const std::vector<SerialDevice> None{};
 };
 
 using PortNumbers_Device = PortNumbers_;

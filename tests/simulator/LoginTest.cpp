@@ -153,14 +153,14 @@ TEST(History, asking_on_behind_the_end_is_out_of_order) {
     EXPECT_EQ(bench.System.Judgements()[0].Kind, Wrong::Order);
 }
 
-TEST(Adapter, identifies_itself_with_its_version_at_index_14) {
+TEST(Adapter, identifies_itself_with_its_version_at_index_15) {
     VirtualWorld world;
     world.Adapter.Version = 17;
     SimBench bench(world);
     const auto replies = bench.SayRaw(0x68, {1, 2, 3, 4, 5, 0, 0, 0, 0, 0, 0, 0});
     ASSERT_EQ(replies.size(), 1U);
     EXPECT_EQ(replies[0][1], 0x0F);
-    EXPECT_EQ(replies[0][14], 17);
+    EXPECT_EQ(replies[0][15], 17);
     EXPECT_THAT(bench.System.Judgements(), IsEmpty());
 }
 
