@@ -13,6 +13,7 @@ ExitCode Befehl_Export(const Umgebung& world, const Console& console, const std:
     const nlohmann::ordered_json document = Export_Erstellen(world.Welt.Files, world.DatPfad(), faults);
     if (!faults.empty()) {
         std::vector<std::string> messages;
+        messages.reserve(faults.size() + 1);
         for (const Finding& fault : faults) {
             messages.push_back(Befund_Text(fault));
         }
