@@ -1,10 +1,13 @@
 #include "Datendateien.h"
 
+#include <algorithm>
+#include <cstddef>
+
 namespace qvm::test {
 namespace {
 
 std::string Two(int value) {
-    return (value < 10 ? "0" : "") + std::to_string(value);
+    return {static_cast<char>('0' + value / 10 % 10), static_cast<char>('0' + value % 10)};
 }
 
 } // namespace
@@ -16,9 +19,9 @@ void Datendateien::Put(const std::string& file, std::size_t length, int record, 
     if (bytes.size() < start + length) {
         bytes.resize(start + length, ' ');
     }
-    std::string field(text.substr(0, width));
-    field.resize(width, pad);
-    bytes.replace(start + offset, width, field);
+    const std::string_view given = text.substr(0, width);
+    const auto end = std::copy(given.begin(), given.end(), bytes.begin() + static_cast<std::ptrdiff_t>(start + offset));
+    std::fill_n(end, width - given.size(), pad);
 }
 
 void Datendateien::Lock(int number, std::string_view name, std::string_view serial, std::string_view switches) {
@@ -52,7 +55,8 @@ void Datendateien::User(int number, const TestUser& user) {
 void Datendateien::Template(int record, std::string_view identifier, const std::vector<std::uint8_t>& values) {
     std::string text;
     for (const std::uint8_t value : values) {
-        text += (text.empty() ? "" : " : ") + std::to_string(value);
+        text += text.empty() ? "" : " : ";
+        text += std::to_string(value);
     }
     Put("TEmpTCD0UPK.FSD", 3028, record, 0, 5, "2");
     Put("TEmpTCD0UPK.FSD", 3028, record, 5, 21, identifier);
