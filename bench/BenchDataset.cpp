@@ -1,5 +1,6 @@
 #include "Dataset.h"
 #include "Kern.h"
+#include "PosixFiles.h"
 #include "VirtualPlatform.h"
 
 #include <benchmark/benchmark.h>
@@ -38,12 +39,10 @@ void Fill(test::MemoryFiles& disk) {
     disk.Files["/DAT/TEmpTCD0UPK.FSD"] = templates;
 }
 
-void Datensatz_250_Finger(benchmark::State& state) {
-    test::VirtualPlatform pc;
+void Laden(benchmark::State& state, test::VirtualPlatform& pc, const std::string& directory) {
     pc.World.ShowMessage = [](const Message&) { return Answer::Ok; };
-    Fill(pc.Disk);
     Kern kern(pc.World);
-    kern.AppPath = "/";
+    kern.AppPath = directory;
     Link link(kern);
     Dataset dataset;
     LockRow row;
@@ -56,6 +55,27 @@ void Datensatz_250_Finger(benchmark::State& state) {
         }
     }
 }
+
+void Datensatz_250_Finger(benchmark::State& state) {
+    test::VirtualPlatform pc;
+    Fill(pc.Disk);
+    Laden(state, pc, "/");
+}
 BENCHMARK(Datensatz_250_Finger)->Unit(benchmark::kMillisecond);
+
+/// The same from files below the working directory.
+void Datensatz_250_Finger_Dateien(benchmark::State& state) {
+    test::VirtualPlatform pc;
+    Fill(pc.Disk);
+    const FileStore files = PosixFiles();
+    files.MakeDirectory("bench_dataset");
+    files.MakeDirectory("bench_dataset/DAT");
+    for (const auto& [path, bytes] : pc.Disk.Files) {
+        files.Replace("bench_dataset" + path, bytes);
+    }
+    pc.World.Files = files;
+    Laden(state, pc, "bench_dataset/");
+}
+BENCHMARK(Datensatz_250_Finger_Dateien)->Unit(benchmark::kMillisecond);
 
 } // namespace
