@@ -90,6 +90,21 @@ struct Picture {
     Observed<bool> Visible{true};
 };
 
+/// An entry of a menu.
+struct MenuEntry {
+    Observed<std::string> Text;
+    Observed<bool> Enabled{true};
+};
+
+/// A button of a tool bar, told by its key.
+struct ToolButton {
+    std::string_view Key;
+    int Number = 0; ///< as the catalogue's text slots count the buttons
+    Observed<std::string> Tip;
+    Observed<bool> Enabled{true};
+    Observed<bool> Visible{true};
+};
+
 /// What every window has. Geometry is the front end's affair.
 struct Window {
     Observed<std::string> Title;

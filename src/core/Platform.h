@@ -64,6 +64,9 @@ struct SerialPort {
     std::function<std::string()> LastError;
 };
 
+/// What became of the serial ports of the PC.
+enum class PortChange { Arrived, Removed };
+
 using TimerId = std::uint64_t;
 
 /// The world, as the logic sees it. Every service is filled by the front end (or by a test) before the program starts.
@@ -89,6 +92,12 @@ struct Platform {
     SerialPort Port;
     /// Numbers of the ports that can hold an adapter, in the system's order.
     std::function<std::vector<int>()> AdapterPorts;
+    /// Who hears of serial ports that come and go, from inside ProcessEvents. One receiver; a new one replaces it.
+    std::function<void(std::function<void(PortChange)> receiver)> OnPortChange;
+    /// The hourglass over all windows. Each `true` wants its `false`.
+    std::function<void(bool on)> Hourglass;
+    /// Opens the system's device manager. Empty where the system has none.
+    std::function<void()> DeviceManager;
 
     FileStore Files;
 

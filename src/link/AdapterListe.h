@@ -18,12 +18,17 @@ struct AdapterSatz {
 
 /// Port of an adapter that is not there.
 inline constexpr int KeinPort = 0xFF;
+/// Most candidate ports, and most adapters, that the lists hold.
+inline constexpr std::size_t MaxPorts = 21;
 
-/// The adapters found, at most 21, in the order in which they were found.
+/// The candidate ports, and the adapters found behind them in the order in which they were found; at most 21 of each.
 struct AdapterListe {
+    std::vector<int> PortListe; ///< port numbers, 1 to 255
     std::vector<AdapterSatz> Saetze;
     int ProgStationPort = 0; ///< 0 unknown, KeinPort none
     int EnrollmentPort = 0;
+    std::string ProgAdresse; ///< address text of the adapters that these ports lead to
+    std::string EnrollmentAdresse;
 };
 
 /// The adapter of that address, or else of that name; nullptr when there is none. An empty text finds nothing.

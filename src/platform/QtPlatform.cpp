@@ -89,6 +89,8 @@ void QtPlatform::Services::FillPort() {
         .OnByte = [this](std::function<void(std::uint8_t)> receiver) { Line.OnByte(std::move(receiver)); },
         .LastError = [this] { return Line.LastError(); },
     };
+    World.OnPortChange = [](std::function<void(PortChange)>) {};
+    World.Hourglass = [](bool) {};
     World.AdapterPorts = [this] { return Numbers.Adapters(SerialDevices()); };
 }
 

@@ -96,6 +96,11 @@ void VirtualPlatform::FillWorld() {
         return true;
     };
     World.AdapterPorts = [this] { return AdapterPortNumbers; };
+    World.OnPortChange = [this](std::function<void(PortChange)> receiver) { PortChanged = std::move(receiver); };
+    World.Hourglass = [this](bool on) {
+        HourglassDepth += on ? 1 : -1;
+        Hourglasses += on ? 1 : 0;
+    };
     World.Files = Disk.Store();
     World.encryptData = Mischen;
     World.CharToOem = Nach_Oem;
@@ -116,7 +121,7 @@ void VirtualPlatform::FillPort() {
     World.Port.Open = [this](int number) {
         ++Opens;
         PortNumber = number;
-        PortOpen = PortCanOpen;
+        PortOpen = PortCanOpen && (!PortThere || PortThere(number));
         return PortOpen;
     };
     World.Port.Close = [this] {
@@ -138,7 +143,8 @@ void VirtualPlatform::FillPort() {
     };
     World.Port.OnByte = [this](std::function<void(std::uint8_t)> receiver) { receiver_ = std::move(receiver); };
     World.Port.LastError = [this] {
-        return PortCanOpen ? std::string() : std::string("The virtual port cannot be opened.");
+        return PortCanOpen && (!PortThere || PortThere(PortNumber)) ? std::string()
+                                                                    : std::string("The virtual port cannot be opened.");
     };
 }
 

@@ -49,6 +49,7 @@ public:
 
     // The port. Bytes written by the program reach OnWrite at once; bytes for the program are delivered as events.
     bool PortCanOpen = true;
+    std::function<bool(int number)> PortThere; ///< which ports can be opened; empty: all
     bool PortOpen = false;
     int PortNumber = 0;
     bool Rts = false;
@@ -57,6 +58,9 @@ public:
     std::vector<std::uint8_t> Written; ///< all bytes the program sent
     std::function<void(std::span<const std::uint8_t>)> OnWrite;
     std::vector<int> AdapterPortNumbers{1};
+    std::function<void(PortChange)> PortChanged; ///< the program's ear for ports that come and go; set by it
+    int HourglassDepth = 0;
+    int Hourglasses = 0; ///< how often it was turned on
     /// Bytes that reach the program `delayMs` from now, one event a byte. Dropped if the port is closed by then.
     void Deliver(const std::vector<std::uint8_t>& bytes, int delayMs = 0);
 

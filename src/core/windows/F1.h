@@ -1,0 +1,36 @@
+#pragma once
+
+#include "Controls.h"
+#include "Kern.h"
+
+#include <functional>
+#include <string>
+
+namespace qvm {
+
+/// Window F1, the about box. Texts beside the catalogue's are the program's own and not translated.
+struct F1 {
+    explicit F1(Kern& kernel) : kern(kernel) {}
+
+    Kern& kern;
+    Window Fenster;
+    Label VersionLabel;   ///< "QVM 7702 SOFTWARE SYSTEM - Version 4.2c"
+    Label AdapterLabel;   ///< "USB Wireless Adapter - ..."; hidden while no adapter has told its version
+    Label CipherLabel;    ///< which cipher is in use
+    Label DirectoryLabel; ///< the program's directory
+    Button Web;           ///< opens the support page in the browser
+    Button OK;
+
+    std::string CipherText; ///< set by the front end before the window opens
+
+    /// `adapterVersion`: version number of the adapter, 0 unknown.
+    void F1_Laden(int adapterVersion);
+    void Web_Click();
+    void OK_Click() { Fenster.Visible = false; }
+};
+
+/// Below 10: "USB Wireless Adapter - VERSION 1. " and the number, for 1 "USB Wireless Adapter - VERSION 1.1"; from 10
+/// on "USB Wireless Adapter - " with 1 plus the tens, a point and the units.
+std::string Adapterversion_Text(int version);
+
+} // namespace qvm

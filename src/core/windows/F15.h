@@ -1,0 +1,28 @@
+#pragma once
+
+#include "Controls.h"
+#include "Kern.h"
+
+#include <functional>
+
+namespace qvm {
+
+/// Window F15, the choice of the language.
+struct F15 {
+    explicit F15(Kern& kernel) : kern(kernel) {}
+
+    Kern& kern;
+    Window Fenster;
+    ListBox Sprachen; ///< the four names, in the order of SprachNamen
+    Button OK, Cancel;
+
+    std::function<void()> Sprache_Gewechselt; ///< open windows take their words anew
+
+    void F15_Laden();
+    /// The chosen language becomes the configured one, is saved, its file is loaded and the windows are told. A file
+    /// that is missing keeps the words in use, and a message names it.
+    void OK_Click();
+    void Cancel_Click();
+};
+
+} // namespace qvm

@@ -1,0 +1,108 @@
+#pragma once
+
+#include "AdapterListe.h"
+#include "Controls.h"
+#include "Link.h"
+#include "Text.h"
+#include "Timer.h"
+
+#include <array>
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace qvm {
+
+/// Colours of the link light, 0xBBGGRR.
+namespace Lampe {
+inline constexpr Colour Rot = 0x0000FF;   ///< no port
+inline constexpr Colour Gelb = 0x00FFFF;  ///< port open and searching
+inline constexpr Colour Gruen = 0x00FF00; ///< adapter found
+} // namespace Lampe
+
+/// The windows that F2 opens. An empty hook is a window that does not exist yet: its key or entry stands disabled.
+struct F2Hooks {
+    std::function<void()> F1_Oeffnen, F3_Oeffnen, F4_Oeffnen, F41_Oeffnen, F42_Oeffnen, F5_Oeffnen, F6_Oeffnen,
+        F7_Oeffnen, F10_Oeffnen, F12_Oeffnen, F13_Oeffnen, F14_Oeffnen, F15_Oeffnen, F60_Oeffnen;
+    std::function<void()> Kalender_Menue, Schaltuhr_Menue; ///< pop up the menus of two keys
+    std::function<void()> Ende;                            ///< the program ends, after the shut-down
+    std::function<void()> F9_Schliessen;                   ///< the progress window, for the reply guard
+};
+
+/// Window F2, the frame of the program: menus, tool bar, link light, port arrival and removal, adapter supervision.
+struct F2 {
+    F2(Link& serialLink, AdapterListe& adapters);
+
+    Link& link;
+    Kern& kern;
+    AdapterListe& Adapter;
+
+    Window Fenster;
+    Label Label1;         ///< link light, by its ForeColor
+    Label Label3, Label6; ///< successful connections and scans, hidden
+    Label Label7;         ///< the adapter's name beside Picture1, shown while an adapter is known
+    Picture Picture1;
+    Label Meldezeile; ///< status bar: why the port is not open, empty when it is; also the light's tool tip
+    MenuEntry F2_Datei, F2_Schnittstelle, F2_Sprache, F2_Ende, F2_Einzel, F2_Perm, F2_PersonB, F2_SchlossB,
+        F2_Gasttimer, F2_Help, F2_Version;
+    std::array<ToolButton, 13> Toolbar1{{{.Key = "Ende", .Number = 1},
+                                         {.Key = "INFO", .Number = 3},
+                                         {.Key = u8"Öffnen"_w, .Number = 5},
+                                         {.Key = "Speichern", .Number = 7},
+                                         {.Key = "EYE", .Number = 9},
+                                         {.Key = "636I259", .Number = 11},
+                                         {.Key = "Schaltuhr", .Number = 13},
+                                         {.Key = "x1504", .Number = 15},
+                                         {.Key = "Neu", .Number = 17},
+                                         {.Key = "GastCard", .Number = 19},
+                                         {.Key = "PROG", .Number = 21},
+                                         {.Key = "lock4", .Number = 23},
+                                         {.Key = "RfidCard", .Number = 25}}};
+    Timer Timer1;       ///< reply guard; no step starts it
+    Timer Timer2;       ///< adapter supervision
+    Timer Wiederholung; ///< tries again a port that another program holds in its first seconds
+
+    int Verbunden = 0;      ///< 1 when the adapter has answered and the tool bar is live
+    int ScanLaeuft = 0;     ///< 1 while Timer2's scan runs
+    int AdapterVersion = 0; ///< as the adapter told it, 0 unknown
+
+    F2Hooks Hooks;
+
+    /// Open: words, hidden labels, timers stopped; on the first call the port is made ready and Timer2 started.
+    void F2_Laden();
+    /// Words from the catalogue anew.
+    void Texte_Setzen();
+    /// Which keys and entries stand enabled, by the hooks that are filled.
+    void Tasten_Freigeben();
+    /// Back from an editor: shown and enabled, and the supervision goes on.
+    void F2_Zeigen();
+
+    void Toolbar1_ButtonClick(std::string_view key);
+    void F2_Schnittstelle_Click();
+    void F2_Sprache_Click();
+    void F2_Ende_Click();
+    void F2_Einzel_Click();
+    void F2_Perm_Click();
+    void F2_PersonB_Click();
+    void F2_SchlossB_Click();
+    void F2_Gasttimer_Click();
+    void F2_Help_Click();
+    void F2_Version_Click();
+
+    /// Device events.
+    void Port_Geaendert(PortChange change);
+    /// The adapter's identification came.
+    void Adapter_Erkannt();
+    /// The port was made ready anew: light and supervision accordingly.
+    void Port_Einrichten_Anzeigen();
+    /// Shut-down; the front end ends the program through Hooks.Ende.
+    void Beenden();
+
+private:
+    void Timer2_Timer();
+    void Oeffnen(const std::function<void()>& hook, bool hide);
+
+    bool geladen_ = false;
+};
+
+} // namespace qvm

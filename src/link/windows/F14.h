@@ -1,0 +1,35 @@
+#pragma once
+
+#include "Controls.h"
+#include "Kern.h"
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace qvm {
+
+/// Window F14: the radio channel of the system.
+struct F14 {
+    explicit F14(Kern& kernel) : kern(kernel) {}
+
+    Kern& kern;
+    Window Fenster;
+    ListBox Combo1; ///< the twelve channels
+    bool Dirty = false;
+
+    std::function<void()> Zurueck; ///< back to the main window
+
+    void F14_Laden();
+    /// A change of the selection, 0 to 11.
+    void Combo1_Click(int index);
+    /// "Zurück" or "Speichern".
+    void Toolbar1_ButtonClick(std::string_view key);
+
+private:
+    void Speichern();
+
+    std::string channelAtOpen_;
+};
+
+} // namespace qvm

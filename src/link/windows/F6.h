@@ -1,0 +1,80 @@
+#pragma once
+
+#include "AdapterListe.h"
+#include "Controls.h"
+#include "Grid.h"
+#include "Link.h"
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace qvm {
+
+/// Columns of the adapter grid.
+namespace F6Column {
+inline constexpr int Number = 0, Address = 1, Name = 2, Port = 3, State = 4, Count = 5;
+}
+
+/// Picture ids of the state column.
+namespace AdapterPicture {
+inline constexpr int None = 0, Present = 1, Absent = 2;
+}
+
+/// Window F6: the serial port or the automatic search, and the adapters with their names.
+struct F6 {
+    F6(Link& serialLink, AdapterListe& adapters);
+
+    static constexpr int Records = 20;              ///< of COMSETUPADAPTER.ADP, one a grid row
+    static constexpr Colour ChangedName = 0x80FFFF; ///< background of a name that the adapter does not bear yet
+    static constexpr int NameWidth = 20;
+
+    Link& link;
+    Kern& kern;
+    AdapterListe& Adapter;
+
+    Window Fenster;
+    CheckBox Check1;                ///< automatic search
+    ListBox Combo1;                 ///< 16 ports; hidden in automatic mode
+    Button Command1;                ///< searches the adapters
+    Grid FGK6{22, F6Column::Count}; ///< hidden in manual mode
+    TextBox Text3;                  ///< editor over a cell of the name column
+    MenuEntry F6_MSGM;              ///< device manager; its text is empty where there is none
+
+    std::function<void()> Port_Eingerichtet; ///< the port was made ready anew: light and supervision follow
+    std::function<void()> Zurueck;           ///< back to the main window
+
+    void F6_Laden();
+    void Check1_Click(bool on);
+    void Combo1_Click(int index);
+    void Command1_Click();
+    /// A click on, or a key in, a cell opens the editor when it lies in the name column and the row has an address.
+    void FGK6_Click(int row, int column);
+    void FGK6_KeyPress(int key);
+    /// One key in the editor: Tab and Return take the text over, Escape puts the old one back.
+    void Text3_KeyPress(int key);
+    /// The editor's text as the view holds it.
+    void Text3_Change(std::string_view text);
+    /// The editor lost the focus: takes the text over.
+    void Text3_LostFocus();
+    /// "Zurück" or "Speichern".
+    void Toolbar1_ButtonClick(std::string_view key);
+    void F6_MSGM_Click();
+
+    bool Adapter_Liste_Laden();
+    bool Adapter_Liste_Speichern();
+    /// Writes the row's name to its adapter. False when it did not answer or read back something else.
+    bool Transmit_USB_WORD(int row, std::string_view name);
+
+private:
+    void Beschriften();
+    void Modus_Zeigen();
+    void Editor_Oeffnen(int row, std::string_view text);
+    void Editor_Uebernehmen();
+    void Speichern();
+
+    std::string oldName_;
+    bool dirty_ = false;
+};
+
+} // namespace qvm
