@@ -100,7 +100,7 @@ struct MenuEntry {
 struct ToolButton {
     std::string_view Key;
     int Number = 0; ///< as the catalogue's text slots count the buttons
-    Observed<std::string> Tip;
+    Observed<std::string> Tip{};
     Observed<bool> Enabled{true};
     Observed<bool> Visible{true};
 };
