@@ -1,6 +1,7 @@
 #include "Befehle.h"
 #include "Check.h"
 
+#include <nlohmann/json.hpp>
 #include <ostream>
 
 namespace qvm {

@@ -5,6 +5,7 @@
 #include "Telegramme.h"
 
 #include <iomanip>
+#include <nlohmann/json.hpp>
 #include <ostream>
 
 namespace qvm {

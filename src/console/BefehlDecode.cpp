@@ -1,6 +1,7 @@
 #include "Befehle.h"
 #include "Protokoll.h"
 
+#include <nlohmann/json.hpp>
 #include <ostream>
 
 namespace qvm {

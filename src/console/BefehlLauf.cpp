@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <iomanip>
+#include <nlohmann/json.hpp>
 #include <ostream>
 
 namespace qvm {

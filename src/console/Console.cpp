@@ -3,6 +3,7 @@
 #include "Text.h"
 
 #include <algorithm>
+#include <nlohmann/json.hpp>
 #include <ostream>
 #include <sys/stat.h>
 

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <nlohmann/json.hpp>
 
 namespace qvm {
 

@@ -6,6 +6,7 @@
 #include "Zeilen.h"
 
 #include <algorithm>
+#include <nlohmann/json.hpp>
 
 namespace qvm {
 

@@ -3,7 +3,7 @@
 #include "FileStore.h"
 #include "Finding.h"
 
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 #include <string>
 #include <string_view>
 #include <vector>

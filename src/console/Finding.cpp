@@ -1,5 +1,7 @@
 #include "Finding.h"
 
+#include <nlohmann/json.hpp>
+
 namespace qvm {
 
 std::string Befund_Text(const Finding& finding) {

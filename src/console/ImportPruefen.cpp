@@ -6,6 +6,7 @@
 #include "Text.h"
 
 #include <cstdint>
+#include <nlohmann/json.hpp>
 #include <optional>
 #include <set>
 

@@ -1,5 +1,6 @@
 #include "JsonLesen.h"
 
+#include <nlohmann/json.hpp>
 #include <set>
 
 namespace qvm {
