@@ -3,6 +3,7 @@
 #include "Tables.h"
 
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 #include <rapidcheck.h>
 
 namespace qvm {
