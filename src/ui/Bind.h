@@ -1,0 +1,73 @@
+#pragma once
+
+#include "Controls.h"
+#include "Theme.h"
+
+#include <QObject>
+#include <QString>
+
+#include <functional>
+#include <string_view>
+#include <utility>
+
+class QAbstractButton;
+class QAction;
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QProgressBar;
+class QToolBar;
+class QToolButton;
+class QWidget;
+
+/// Ties control models to widgets: the widget shows what the model holds, and the user's changes go to the model and
+/// then to the handler. A model has one view at a time and must outlive its widget; when the widget dies, the model is
+/// let go. `name` is the control's name, "F13.FGK13" for one, and becomes the object name.
+namespace qvm::ui {
+
+/// Calls `show` now and whenever the value changes, until `owner` dies.
+template <class T>
+void watch(Observed<T>& value, QObject* owner, std::function<void()> show) {
+    value.Changed = show;
+    QObject::connect(owner, &QObject::destroyed, [&value] { value.Changed = {}; });
+    show();
+}
+
+/// Object name, and the accessible name unless it is empty.
+void nameWidget(QWidget* widget, const QString& name, const QString& accessibleName = {});
+
+/// The accessible name follows the text.
+void bind(Label& model, QLabel* widget, const QString& name);
+void bind(TextBox& model, QLineEdit* widget, const QString& name);
+void bind(Button& model, QAbstractButton* widget, const QString& name, std::function<void()> onClick);
+/// The model holds the new state before `onClick` is called.
+void bind(CheckBox& model, QCheckBox* widget, const QString& name, std::function<void(bool on)> onClick = {});
+void bind(ProgressBar& model, QProgressBar* widget, const QString& name);
+/// The model holds the new selection before `onSelect` is called; only the user's own choice calls it.
+void bind(ListBox& model, QComboBox* widget, const QString& name, std::function<void(int index)> onSelect = {});
+void bind(ListBox& model, QListWidget* widget, const QString& name, std::function<void(int index)> onSelect = {});
+/// `size` in device independent pixels.
+void bind(Picture& model, QLabel* widget, const QString& name, PictureSet set, int size);
+void bind(MenuEntry& model, QAction* action, const QString& name, std::function<void()> onClick);
+
+/// A check box that only shows: it takes neither mouse nor keys.
+void bindDisplay(CheckBox& model, QCheckBox* widget, const QString& name);
+
+/// A button at the end of the tool bar: icon by key, the tip under it in at most two lines, and as tool tip and
+/// accessible name. Reached with Tab, pressed with space or Return. Object name: the bar's name, a point, the key.
+QToolButton* addToolButton(ToolButton& model, QToolBar* bar, std::function<void(std::string_view key)> onClick);
+
+/// What the user can do to a window as a whole. An empty handler ignores it.
+struct WindowHandlers {
+    std::function<void()> onClose;  ///< the frame's close button; the window itself stays as it is
+    std::function<void()> onEscape; ///< Escape that no control wanted
+};
+
+/// Title, Visible and Enabled. Showing brings the window to the front; enabling gives the focus back to the widget
+/// that had it. A window whose model is disabled cannot be closed. The window's place and size are remembered under
+/// `name` when `remember` is set.
+void bind(Window& model, QWidget* widget, const QString& name, WindowHandlers handlers, bool remember = true);
+
+} // namespace qvm::ui

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "Grid.h"
+#include "Theme.h"
+
+#include <QAbstractTableModel>
+#include <QHash>
+
+namespace qvm::ui {
+
+/// A grid as Qt's views take it. It keeps no cell of its own. Row 0 of the grid is the header, so that row r of this
+/// model is row r + 1 of the grid; columns are the same. The grid must outlive the model.
+class GridModel : public QAbstractTableModel {
+    Q_OBJECT
+
+public:
+    enum Role { BackColourRole = Qt::UserRole + 1, ForeColourRole };
+
+    explicit GridModel(Grid& grid, QObject* parent = nullptr);
+    ~GridModel() override;
+
+    Grid& grid() const { return grid_; }
+    /// The picture ids of this grid's cells.
+    void setPictures(PictureSet set);
+    /// Cells of the column that can be clicked bear this icon of ownIcon.
+    void setActionIcon(int column, const QString& name);
+    /// The font size, in points, of cells that show in the view's own font; others are larger or smaller in
+    /// proportion.
+    void setBaseFontSize(int points);
+    /// What a screen reader says of cells of the column that hold a picture and no text, by picture id.
+    void setPictureText(int column, int picture, const QString& text);
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+private:
+    void cellChanged(int row, int column);
+    void tellViews();
+    QVariant accessibleText(const QModelIndex& index) const;
+
+    Grid& grid_;
+    PictureSet pictures_ = PictureSet::None;
+    QHash<int, QString> actionIcons_;
+    QHash<int, QHash<int, QString>> pictureTexts_;
+    int baseFontSize_ = 8;
+    int rows_ = 0; ///< as the views know it
+    int columns_ = 0;
+    // Changes since the views were last told, in rows and columns of the grid; none while the first exceeds the last.
+    int firstRow_ = 0, lastRow_ = -1, firstColumn_ = 0, lastColumn_ = -1;
+    bool telling_ = false;
+};
+
+} // namespace qvm::ui

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "GridModel.h"
+
+#include <QTableView>
+
+#include <functional>
+#include <vector>
+
+namespace qvm::ui {
+
+/// A grid on the screen: header and first columns stay in sight, rows are striped. All rows and columns in this
+/// interface are those of the grid. The grid's Row and Column follow the current cell, its Enabled and Visible are
+/// bound. One view a grid.
+class GridView : public QTableView {
+    Q_OBJECT
+
+public:
+    explicit GridView(Grid& grid, QWidget* parent = nullptr);
+    ~GridView() override;
+
+    GridModel& gridModel() { return *model_; }
+    const GridModel& gridModel() const { return *model_; }
+    Grid& grid() const { return model_->grid(); }
+
+    /// One entry a column: its width in twips, of which the proportions count; 0 hides it. A column is as wide as its
+    /// header and a sample of its texts need, within limits; `stretch` takes what is left over, -1: none does.
+    void setColumns(std::vector<int> twips, int stretch = -1);
+    /// Measures the columns anew, after new texts.
+    void fitColumns();
+    /// The first columns stay in sight.
+    void setFrozenColumns(int count);
+    /// Makes the cell the current one and scrolls to it.
+    void setCurrentCell(int row, int column);
+    /// The cell's rectangle in coordinates of this widget; empty outside the grid and while scrolled out of sight.
+    QRect cellRect(int row, int column) const;
+    /// The cell under the mouse pointer. False when it is over none.
+    bool cellUnderMouse(int& row, int& column) const;
+    /// Width that shows every column.
+    int columnsWidth() const;
+
+    QSize sizeHint() const override;
+
+    std::function<void(int row, int column)> onClick; ///< mouse, Return or space on a cell
+    std::function<void(int key)> onKey;               ///< a key typed on the current cell, as Keys.h codes it
+
+signals:
+    /// Cells have moved on the screen: scrolled, resized.
+    void cellsMoved();
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void changeEvent(QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void prepare(QTableView& view);
+    void placeFrozen();
+    void stretchColumns();
+    void click(const QModelIndex& index);
+    void moved();
+    int contentWidth(int column) const;
+
+    GridModel* model_;
+    QTableView* frozen_;
+    std::vector<int> twips_;
+    std::vector<int> natural_; ///< measured widths
+    int stretch_ = -1;
+    int frozenColumns_ = 0;
+};
+
+} // namespace qvm::ui

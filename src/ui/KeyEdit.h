@@ -1,0 +1,45 @@
+#pragma once
+
+#include "Controls.h"
+
+#include <QLineEdit>
+
+#include <functional>
+#include <string>
+
+namespace qvm::ui {
+
+/// A line of text whose keys go to the model's handler, which decides what the text becomes. Bound to the model's
+/// Text, Caret, MaxLength, Visible, Enabled and SetFocus. The model must outlive the widget.
+class KeyEdit : public QLineEdit {
+    Q_OBJECT
+
+public:
+    KeyEdit(TextBox& model, const QString& name, QWidget* parent);
+    ~KeyEdit() override;
+
+    /// Every key that Keys.h has a code for. Tab and Escape only when `takesTab`, `takesEscape`.
+    std::function<void(int key)> onKey;
+    /// When set the line edits its text itself and tells every change here; onKey then gets Return, Tab and Escape
+    /// only.
+    std::function<void(const std::string& text)> onText;
+    std::function<void()> onLostFocus;
+    bool takesTab = false;
+    bool takesEscape = false;
+
+protected:
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    /// The model's Visible has changed.
+    virtual void showModel();
+
+    TextBox& model_;
+
+private:
+    bool forward(const QKeyEvent& event);
+    void showText();
+};
+
+} // namespace qvm::ui

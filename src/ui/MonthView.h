@@ -1,0 +1,34 @@
+#pragma once
+
+#include "Zeit.h"
+
+#include <QCalendarWidget>
+
+#include <functional>
+#include <string_view>
+
+namespace qvm::ui {
+
+/// A month to pick a day from: weeks begin on Monday, names in the program's language.
+class MonthView : public QCalendarWidget {
+    Q_OBJECT
+
+public:
+    explicit MonthView(const QString& name, QWidget* parent = nullptr);
+
+    /// One of the four names that the configuration knows; any other counts as German.
+    void setLanguage(std::string_view sprache);
+    void setDay(const Datum& day);
+    Datum day() const;
+    /// The last day that can be picked.
+    void setLastDay(const Datum& day);
+    /// Pops up under the widget, on the screen; Escape or a click elsewhere closes it.
+    void popUpUnder(QWidget* widget);
+
+    std::function<void(const Datum& day)> onPick; ///< a click on a day, or Return
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+};
+
+} // namespace qvm::ui

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "Controls.h"
+#include "GridView.h"
+
+#include <QListWidget>
+
+#include <functional>
+
+namespace qvm::ui {
+
+/// A list laid under the grid's current cell (Grid.Row, Grid.Column), above it where there is no room below, while its
+/// model is visible. The model must outlive the widget.
+class OverlayList : public QListWidget {
+    Q_OBJECT
+
+public:
+    OverlayList(ListBox& model, GridView& view, const QString& name);
+
+    std::function<void(int index)> onChoose; ///< a click on an entry, or Return; the model's Selected is set before
+    std::function<void()> onCancel;          ///< Escape, or the focus went elsewhere
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+private:
+    void place();
+    void showModel();
+    void choose(int index);
+
+    ListBox& model_;
+    GridView& view_;
+};
+
+} // namespace qvm::ui

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "Controls.h"
+
+#include <QColor>
+#include <QIcon>
+#include <QPalette>
+#include <QPixmap>
+#include <QString>
+
+#include <string_view>
+
+/// The one place for colours, icons and pictures.
+namespace qvm::ui {
+
+/// Which window's table a picture id belongs to.
+enum class PictureSet {
+    None,
+    Adapter, ///< AdapterPicture of F6; of F2's Picture1 any id but 0
+    Channel, ///< ChannelPicture of F13
+    State,   ///< StatePicture of F9
+};
+
+/// The icon of a tool bar key, "PROG" for one; of an unknown key an empty icon.
+QIcon toolIcon(std::string_view key);
+
+/// One of the program's own drawings by its file name without ending, "calendar" for one. It takes the colour of the
+/// palette's text whenever it is painted, so that it stays readable when the palette changes.
+QIcon ownIcon(const QString& name);
+
+/// The icon of the program's windows.
+QIcon programIcon();
+
+/// The picture of a set; an empty icon for id 0 and for ids that the set does not know.
+QIcon pictureIcon(PictureSet set, int id);
+
+/// A colour that carries a meaning, exactly as the models have it.
+QColor exactColour(Colour colour);
+
+/// The link light: a round lamp of this colour with a rim that stands out on every palette. `size` in device
+/// independent pixels.
+QPixmap lampPixmap(Colour colour, int size, qreal devicePixelRatio);
+
+/// How a cell's background is meant. Neutral tones come from the palette, every other colour is exact.
+enum class CellTone { Plain, Action, Hover, Exact };
+CellTone cellTone(Colour background);
+
+/// The background of a cell; `alternate`: the darker stripe of a plain row.
+QColor cellBackground(Colour background, bool alternate, const QPalette& palette);
+
+/// The text of a cell: black is the palette's text on a neutral background, and whatever reads best on an exact one;
+/// every other colour is exact.
+QColor cellForeground(Colour foreground, Colour background, const QPalette& palette);
+
+/// True when the palette is light on dark.
+bool isDark(const QPalette& palette);
+
+} // namespace qvm::ui

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "Bind.h"
+
+#include <QWidget>
+
+#include <functional>
+
+class QPushButton;
+class QToolBar;
+class QVBoxLayout;
+
+namespace qvm::ui {
+
+/// What every window but the main window starts from: icon, binding, an optional tool bar over a content area, and a
+/// button that Return presses. Windows are never deleted while the program runs, only hidden: their handlers may be on
+/// the stack when they close.
+class WindowBase : public QWidget {
+    Q_OBJECT
+
+public:
+    /// `flags`: Qt::Window or Qt::Dialog. `name`: "F13" for one.
+    WindowBase(Window& model, const QString& name, Qt::WindowFlags flags, QWidget* parent);
+
+protected:
+    /// A tool bar with big icons and text at the top; named "<name>.Toolbar1".
+    QToolBar* addToolBar();
+    /// Where the window's content goes.
+    QVBoxLayout* content() const { return content_; }
+    /// Return presses this button wherever the focus stands, unless the control there wants the key itself.
+    void setDefaultButton(QPushButton* button);
+    /// To be called at the end of the constructor: title, visibility, place. `remember`: place and size.
+    void finish(WindowHandlers handlers, bool remember = true);
+    void keyPressEvent(QKeyEvent* event) override;
+
+    Window& windowModel() const { return model_; }
+
+private:
+    Window& model_;
+    QVBoxLayout* outer_;
+    QVBoxLayout* content_;
+    QPushButton* default_ = nullptr;
+};
+
+} // namespace qvm::ui
