@@ -5,13 +5,15 @@
 namespace qvm {
 
 Programm::Programm(Platform& world, const std::string& directory)
-    : kern(world), link(kern), Lauf(link), F9(Lauf), F18(Lauf), F11(Lauf, F9, F18, Adapter), F13(Lauf, F11, Adapter) {
+    : kern(world), link(kern), Lauf(link), F9(Lauf), F18(Lauf), F11(Lauf, F9, F18, Adapter), F13(Lauf, F11, Adapter),
+      F1(kern), F2(link, Adapter), F6(link, Adapter), F14(kern), F15(kern) {
     kern.AppPath = directory;
     if (kern.AppPath.empty() || kern.AppPath.back() != '/') {
         kern.AppPath += '/';
     }
     Ansicht_Verbinden();
     Fenster_Verbinden();
+    Hauptfenster_Verbinden();
     Haken_Verbinden();
 }
 
@@ -60,7 +62,13 @@ void Programm::Ansicht_Verbinden() {
                     F7_Oeffnen(path);
                 }
             },
-        .Hauptfenster_Freigeben = [this] { Rufen(F2_Zeigen); },
+        .Hauptfenster_Freigeben =
+            [this] {
+                // In the middle of a run, or beside the lock grid, the main window stays away.
+                if (link.Lauf.Phase == RunPhase::None && !F13.Fenster.Visible) {
+                    Rufen(F2_Zeigen);
+                }
+            },
     };
 }
 
@@ -85,7 +93,10 @@ void Programm::Haken_Verbinden() {
     hooks.Suchlauf_Schritt = [this] { Rufen(Fensterhaken.Suchlauf_Schritt); };
     hooks.Unit_Gefunden = [this] { Rufen(Fensterhaken.Unit_Gefunden); };
     hooks.Unit_Kanal_Leer = [this] { Rufen(Fensterhaken.Unit_Kanal_Leer); };
-    hooks.Adapter_Erkannt = [this] { Rufen(Fensterhaken.Adapter_Erkannt); };
+    hooks.Adapter_Erkannt = [this] {
+        F2.Adapter_Erkannt();
+        Rufen(Fensterhaken.Adapter_Erkannt);
+    };
     hooks.Adapter_Daten = [this] { Rufen(Fensterhaken.Adapter_Daten); };
     hooks.Karte_Quittung = [this] { Rufen(Fensterhaken.Karte_Quittung); };
     hooks.Karte_Start = [this] { Rufen(Fensterhaken.Karte_Start); };
@@ -115,13 +126,7 @@ StartResult Programm_Start(Programm& programm, bool claimInstance) {
 }
 
 bool Programm_Ende(Programm& programm) {
-    Platform& world = programm.kern.Welt;
-    const bool saved = Konfiguration_Speichern(programm.kern);
-    if (world.Port.IsOpen()) {
-        world.Port.SetRts(false);
-        world.Port.Close();
-    }
-    return saved;
+    return Herunterfahren(programm.kern);
 }
 
 } // namespace qvm

@@ -1,9 +1,14 @@
 #pragma once
 
 #include "AdapterListe.h"
+#include "F1.h"
 #include "F11.h"
 #include "F13.h"
+#include "F14.h"
+#include "F15.h"
 #include "F18.h"
+#include "F2.h"
+#include "F6.h"
 #include "F9.h"
 #include "Kern.h"
 #include "Link.h"
@@ -29,14 +34,22 @@ struct Programm {
     struct F18 F18;
     struct F11 F11;
     struct F13 F13;
+    struct F1 F1;
+    struct F2 F2;
+    struct F6 F6;
+    struct F14 F14;
+    struct F15 F15;
 
-    // Rows of the reply chain, and ends of a run, that lead to windows of the front end. May be empty.
+    // Rows of the reply chain, and ends of a run, that lead to windows of the front end. May be empty. A front end that
+    // fills a hook of F2 calls F2.Tasten_Freigeben afterwards, or fills it before F2 opens.
     LinkHooks Fensterhaken;
-    std::function<void()> F2_Zeigen;                         ///< the main window comes back
+    std::function<void()> F2_Zeigen;                         ///< the main window comes back; a console has none
     std::function<void(const std::string& path)> F7_Oeffnen; ///< shows a history file
 
 private:
     void Ansicht_Verbinden();
+    void Hauptfenster_Verbinden();
+    void Texte_Setzen();
     void Fenster_Verbinden();
     void Haken_Verbinden();
 };
@@ -48,7 +61,7 @@ enum class StartResult {
 };
 
 /// The start sequence up to showing the main window: one instance, defaults, directories, configuration, language,
-/// conversion of older files. `claimInstance` false leaves the first step out.
+/// conversion of older files. `claimInstance` false leaves the first step out. A front end with windows then opens F2.
 StartResult Programm_Start(Programm& programm, bool claimInstance);
 
 /// Shut-down: configuration saved, port closed, request-to-send off. False when the configuration was not saved.

@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 
 namespace qvm {
 
@@ -17,7 +18,8 @@ struct F1 {
     Label VersionLabel;   ///< "QVM 7702 SOFTWARE SYSTEM - Version 4.2c"
     Label AdapterLabel;   ///< "USB Wireless Adapter - ..."; hidden while no adapter has told its version
     Label CipherLabel;    ///< which cipher is in use
-    Label DirectoryLabel; ///< the program's directory
+    Label DirectoryLabel; ///< the directory of the data files
+    Label LicenceLabel;   ///< libraries that the program uses, with their licences, one a line
     Button Web;           ///< opens the support page in the browser
     Button OK;
 
@@ -25,9 +27,17 @@ struct F1 {
 
     /// `adapterVersion`: version number of the adapter, 0 unknown.
     void F1_Laden(int adapterVersion);
+    /// Words from the catalogue anew.
+    void Texte_Setzen();
+    /// Opens the support page; a message names it when the system refuses.
     void Web_Click();
     void OK_Click() { Fenster.Visible = false; }
 };
+
+/// Address of the support page. Whoever delivers the program puts theirs here.
+inline constexpr std::string_view SupportPage = "https://www.example.com/qvm7702";
+/// Version of the program.
+inline constexpr std::string_view ProgrammVersion = "4.2c";
 
 /// Below 10: "USB Wireless Adapter - VERSION 1. " and the number, for 1 "USB Wireless Adapter - VERSION 1.1"; from 10
 /// on "USB Wireless Adapter - " with 1 plus the tens, a point and the units.

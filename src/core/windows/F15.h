@@ -19,10 +19,13 @@ struct F15 {
     std::function<void()> Sprache_Gewechselt; ///< open windows take their words anew
 
     void F15_Laden();
+    /// Words from the catalogue anew.
+    void Texte_Setzen();
+    void Sprachen_Click(int index) { Sprachen.Selected = index; }
     /// The chosen language becomes the configured one, is saved, its file is loaded and the windows are told. A file
     /// that is missing keeps the words in use, and a message names it.
     void OK_Click();
-    void Cancel_Click();
+    void Cancel_Click() { Fenster.Visible = false; }
 };
 
 } // namespace qvm

@@ -3,6 +3,7 @@
 #include "AdapterListe.h"
 #include "Controls.h"
 #include "Link.h"
+#include "RunState.h"
 #include "Text.h"
 #include "Timer.h"
 
@@ -20,18 +21,23 @@ inline constexpr Colour Gelb = 0x00FFFF;  ///< port open and searching
 inline constexpr Colour Gruen = 0x00FF00; ///< adapter found
 } // namespace Lampe
 
-/// The windows that F2 opens. An empty hook is a window that does not exist yet: its key or entry stands disabled.
+/// The windows that F2 opens. An empty hook is a window that does not exist yet: its key or entry stands disabled. F2
+/// hides or disables itself; a window that did not open after all gives it back by F2_Zeigen.
 struct F2Hooks {
     std::function<void()> F1_Oeffnen, F3_Oeffnen, F4_Oeffnen, F41_Oeffnen, F42_Oeffnen, F5_Oeffnen, F6_Oeffnen,
         F7_Oeffnen, F10_Oeffnen, F12_Oeffnen, F13_Oeffnen, F14_Oeffnen, F15_Oeffnen, F60_Oeffnen;
-    std::function<void()> Kalender_Menue, Schaltuhr_Menue; ///< pop up the menus of two keys
+    std::function<void()> Kalender_Menue, Schaltuhr_Menue; ///< pop up the menus of two keys, until they are closed
     std::function<void()> Ende;                            ///< the program ends, after the shut-down
     std::function<void()> F9_Schliessen;                   ///< the progress window, for the reply guard
+    std::function<void()> Lauf_Timer_Anhalten;             ///< the timers of a run, when F2 opens
 };
 
 /// Window F2, the frame of the program: menus, tool bar, link light, port arrival and removal, adapter supervision.
 struct F2 {
     F2(Link& serialLink, AdapterListe& adapters);
+    ~F2();
+    F2(const F2&) = delete;
+    F2& operator=(const F2&) = delete;
 
     Link& link;
     Kern& kern;
@@ -60,7 +66,7 @@ struct F2 {
                                          {.Key = "RfidCard", .Number = 25}}};
     Timer Timer1;       ///< reply guard; no step starts it
     Timer Timer2;       ///< adapter supervision
-    Timer Wiederholung; ///< tries again a port that another program holds in its first seconds
+    Timer Wiederholung; ///< tries again a port that another program holds in its first seconds, or one that a run held
 
     int Verbunden = 0;      ///< 1 when the adapter has answered and the tool bar is live
     int ScanLaeuft = 0;     ///< 1 while Timer2's scan runs
@@ -68,41 +74,69 @@ struct F2 {
 
     F2Hooks Hooks;
 
-    /// Open: words, hidden labels, timers stopped; on the first call the port is made ready and Timer2 started.
+    /// Open: words, hidden labels, timers stopped; on the first call the port is made ready, Timer2 started, and port
+    /// arrival and removal are heard from then on.
     void F2_Laden();
-    /// Words from the catalogue anew.
+    /// Words from the catalogue anew; where it has none, those of the design.
     void Texte_Setzen();
-    /// Which keys and entries stand enabled, by the hooks that are filled.
+    /// Which keys and entries stand enabled, by the hooks that are filled. A key without a task is hidden, too.
     void Tasten_Freigeben();
-    /// Back from an editor: shown and enabled, and the supervision goes on.
+    /// Back from an editor: shown and enabled, and the supervision goes on; at once when the port was made ready
+    /// meanwhile. Does nothing before F2 was opened.
     void F2_Zeigen();
 
+    /// One key. During a scan none does anything.
     void Toolbar1_ButtonClick(std::string_view key);
     void F2_Schnittstelle_Click();
     void F2_Sprache_Click();
-    void F2_Ende_Click();
+    void F2_Ende_Click() { Beenden(); }
     void F2_Einzel_Click();
     void F2_Perm_Click();
     void F2_PersonB_Click();
     void F2_SchlossB_Click();
     void F2_Gasttimer_Click();
+    /// The manual in the language in use, by the program that the system has for it.
     void F2_Help_Click();
     void F2_Version_Click();
 
-    /// Device events.
+    /// Device events. A run under way keeps its port: what has to be done is done when the run has ended.
     void Port_Geaendert(PortChange change);
     /// The adapter's identification came.
     void Adapter_Erkannt();
     /// The port was made ready anew: light and supervision accordingly.
     void Port_Einrichten_Anzeigen();
-    /// Shut-down; the front end ends the program through Hooks.Ende.
+    /// Shut-down; the front end ends the program through Hooks.Ende. Only the first call acts.
     void Beenden();
 
 private:
+    /// What becomes of F2 while another window is open.
+    enum class Weiter { Offen, Gesperrt, Verborgen };
+    struct Taste;
+
+    static const Taste* Taste_Finden(std::string_view key);
+    bool Taste_Belegt(std::string_view key) const;
+    void Taste_Ausfuehren(const Taste& key);
+    void Oeffnen(const std::function<void()>& hook, bool stopTimer, Weiter then);
+    void Nachsuchen();
+    void Suchen();
+    void Suche_Anzeigen();
+    void Port_Bereiten();
+    void Port_Verloren();
+    bool Da() const { return Fenster.Visible && Fenster.Enabled; }
+    bool Lauf_Aktiv() const { return link.Lauf.Phase != RunPhase::None; }
+    std::string Anschlussfehler() const;
+    void Timer1_Timer();
     void Timer2_Timer();
-    void Oeffnen(const std::function<void()>& hook, bool hide);
+    void Wiederholung_Timer();
 
     bool geladen_ = false;
+    bool beendet_ = false;
+    bool nachholen_ = false; ///< a port came or went while a run held the port
+    int versuche_ = 0;       ///< of Wiederholung
+    int rueckkehr_ = 0;      ///< how often F2 came back
 };
+
+/// Configuration saved, port closed, request-to-send off. False when the configuration was not saved.
+bool Herunterfahren(Kern& kern);
 
 } // namespace qvm

@@ -1,0 +1,48 @@
+#include "F15.h"
+
+#include "Text.h"
+#include "TextSlots.h"
+#include "Worte.h"
+
+#include <algorithm>
+
+namespace qvm {
+void F15::F15_Laden() {
+    Fenster.Title = std::string(SystemTitle);
+    Sprachen.Entries = std::vector<std::string>(SprachNamen.begin(), SprachNamen.end());
+    const auto* const found = std::find(SprachNamen.begin(), SprachNamen.end(), Trim(kern.Config.Sprache));
+    Sprachen.Selected = found == SprachNamen.end() ? -1 : static_cast<int>(found - SprachNamen.begin());
+    Texte_Setzen();
+    Fenster.Visible = true;
+}
+
+void F15::Texte_Setzen() {
+    OK.Text = Wort(kern, 84, "OK");
+    Cancel.Text = Wort(kern, 83, "Abbrechen");
+}
+
+void F15::OK_Click() {
+    const int index = Sprachen.Selected;
+    Fenster.Visible = false;
+    if (index < 0 || index >= static_cast<int>(SprachNamen.size())) {
+        return;
+    }
+    kern.Config.Sprache = SprachNamen[static_cast<std::size_t>(index)];
+    const bool saved = Konfiguration_Speichern(kern);
+    const bool found = Sprachdatei_Laden(kern) != SprachdateiStatus::Fehlt;
+    if (Sprache_Gewechselt) {
+        Sprache_Gewechselt();
+    }
+    if (!saved) {
+        kern.Meldung(
+            Wort(kern, EigeneZeile::NichtGespeichert, u8"Die Einstellungen konnten nicht gespeichert werden!"_w),
+            Buttons::Ok, Icon::Exclamation);
+    }
+    if (!found) {
+        kern.Meldung(Wort(kern, EigeneZeile::DateiFehlt, "Datei nicht gefunden:") + " QVM_" + kern.Config.Sprache +
+                         ".DAT",
+                     Buttons::Ok, Icon::Exclamation);
+    }
+}
+
+} // namespace qvm

@@ -1,0 +1,253 @@
+#include "F2.h"
+
+#include "AdapterScan.h"
+#include "AntwortLayouts.h"
+#include "AutoRegister.h"
+#include "Worte.h"
+
+namespace qvm {
+namespace {
+
+/// Milliseconds of Timer2: at the first open, once the port is ready, between two scans, after a key found no adapter.
+constexpr int FirstInterval = 1000, ReadyInterval = 200, ScanInterval = 40000, KeyInterval = 30000;
+constexpr int GuardInterval = 2000;
+/// How often, and how many milliseconds apart, a port is tried again that another program may only hold for a moment.
+constexpr int RetryInterval = 2000, MostRetries = 5;
+
+constexpr int NotConnectedLine = 91, TimeOutLine = 74;
+
+void Weiterzaehlen(Label& label) {
+    label.Text = std::to_string(Zahlwert(label.Text()) + 1);
+}
+
+} // namespace
+
+F2::F2(Link& serialLink, AdapterListe& adapters)
+    : link(serialLink), kern(serialLink.kern), Adapter(adapters), Timer1(kern.Welt, GuardInterval),
+      Timer2(kern.Welt, FirstInterval), Wiederholung(kern.Welt, RetryInterval) {
+    Timer1.Ticked = [this] { Timer1_Timer(); };
+    Timer2.Ticked = [this] { Timer2_Timer(); };
+    Wiederholung.Ticked = [this] { Wiederholung_Timer(); };
+    Label1.ForeColor = Lampe::Rot;
+}
+
+F2::~F2() {
+    if (geladen_ && kern.Welt.OnPortChange) {
+        kern.Welt.OnPortChange([](PortChange) {});
+    }
+}
+
+void F2::F2_Laden() {
+    Fenster.Title = std::string(SystemTitle);
+    for (Label* label : {&Label3, &Label6}) {
+        label->Text = std::string("0");
+        label->Visible = false;
+    }
+    Label7.Visible = false;
+    Picture1.Visible = false;
+    Texte_Setzen();
+    Tasten_Freigeben();
+    Timer1.Stop();
+    Timer2.Stop();
+    Timer2.SetInterval(FirstInterval);
+    Rufen(Hooks.Lauf_Timer_Anhalten);
+    Fenster.Visible = true;
+    Fenster.Enabled = true;
+    if (geladen_) {
+        return;
+    }
+    geladen_ = true;
+    if (kern.Welt.OnPortChange) {
+        kern.Welt.OnPortChange([this](PortChange change) { Port_Geaendert(change); });
+    }
+    versuche_ = 0;
+    Port_Bereiten();
+    if (!Timer2.Running()) {
+        Timer2.Start();
+    }
+}
+
+void F2::F2_Zeigen() {
+    if (!geladen_ || beendet_) {
+        return;
+    }
+    ++rueckkehr_;
+    Fenster.Visible = true;
+    Fenster.Enabled = true;
+    // A port that was made ready while an editor was open is still to be searched.
+    Timer2.Start(Timer2.Interval() == ReadyInterval ? ReadyInterval : ScanInterval);
+}
+
+void F2::Timer1_Timer() {
+    Timer1.Stop();
+    Rufen(Hooks.F9_Schliessen);
+    Fenster.Enabled = true;
+    kern.Meldung(kern.Zeile(TimeOutLine), Buttons::Ok, Icon::Exclamation);
+}
+
+void F2::Timer2_Timer() {
+    if (ScanLaeuft != 0 || Lauf_Aktiv()) {
+        return; // it ticks on and finds the line free one day
+    }
+    ScanLaeuft = 1;
+    Timer2.Stop();
+    Timer2.SetInterval(ScanInterval);
+    Verbunden = 0;
+    Weiterzaehlen(Label6);
+    if (Label1.ForeColor != Lampe::Rot) {
+        if (!kern.Welt.Port.IsOpen()) {
+            Port_Neu(link);
+        }
+        Suchen();
+        if (Label1.ForeColor != Lampe::Rot && Da() && !Timer2.Running()) {
+            Timer2.Start();
+        }
+    }
+    ScanLaeuft = 0;
+}
+
+void F2::Nachsuchen() {
+    Timer2.Stop();
+    Timer2.SetInterval(KeyInterval);
+    if (Label1.ForeColor == Lampe::Gruen) {
+        ScanLaeuft = 1;
+        Port_Neu(link);
+        Suchen();
+        ScanLaeuft = 0;
+    }
+    if (Da() && !Timer2.Running()) {
+        Timer2.Start();
+    }
+}
+
+void F2::Suchen() {
+    Adapter_Suchen(link, Adapter);
+    if (Verbunden == 0 && Label1.ForeColor != Lampe::Rot) {
+        Meldezeile.Text = kern.Welt.Port.IsOpen() ? kern.Zeile(NotConnectedLine) : Anschlussfehler();
+    }
+}
+
+void F2::Adapter_Erkannt() {
+    Verbunden = 1;
+    AdapterVersion = link.RxByte(RpAdapterKennung::Version.Offset);
+    Label1.ForeColor = Lampe::Gruen;
+    Weiterzaehlen(Label3);
+    Label7.Visible = true;
+    Picture1.Visible = true;
+    Meldezeile.Text = std::string();
+}
+
+std::string F2::Anschlussfehler() const {
+    if (kern.Config.AdapterModus() && Adapter.PortListe.empty()) {
+        return Wort(kern, EigeneZeile::KeinAdapter, u8"Es ist kein Funkadapter angeschlossen."_w);
+    }
+    const SerialPort& port = kern.Welt.Port;
+    return port.LastFault ? PortFault_Text(kern, port.LastFault()) : port.LastError();
+}
+
+void F2::Port_Bereiten() {
+    nachholen_ = false;
+    Port_Einrichten(link, Adapter);
+    Port_Einrichten_Anzeigen();
+    if (!kern.Welt.Port.IsOpen()) {
+        Wiederholung.Start();
+    }
+}
+
+void F2::Port_Einrichten_Anzeigen() {
+    const bool open = kern.Welt.Port.IsOpen();
+    Verbunden = 0;
+    Label1.ForeColor = open ? Lampe::Gelb : Lampe::Rot;
+    Meldezeile.Text = open ? std::string() : Anschlussfehler();
+    Timer2.Stop();
+    if (open) {
+        Wiederholung.Stop();
+        Timer2.SetInterval(ReadyInterval);
+        if (Da()) {
+            Timer2.Start();
+        }
+    }
+}
+
+void F2::Port_Verloren() {
+    Timer2.Stop();
+    if (kern.Welt.Port.IsOpen()) {
+        kern.Welt.Port.Close();
+    }
+    Verbunden = 0;
+    AdapterVersion = 0;
+    Label1.ForeColor = Lampe::Rot;
+    Label7.Visible = false;
+    Picture1.Visible = false;
+    Meldezeile.Text = Wort(kern, EigeneZeile::KeinAdapter, u8"Es ist kein Funkadapter angeschlossen."_w);
+}
+
+void F2::Port_Geaendert(PortChange change) {
+    const bool arrived = change == PortChange::Arrived;
+    if (beendet_ || (arrived && !kern.Config.AdapterModus())) {
+        return; // a fixed port is left alone
+    }
+    if (Lauf_Aktiv()) {
+        // The event may come before the port notices that its device is gone: look again until the run has ended.
+        nachholen_ = nachholen_ || arrived;
+        versuche_ = 0;
+        Wiederholung_Timer();
+        Wiederholung.Start();
+        return;
+    }
+    if (!arrived) {
+        Port_Verloren();
+    }
+    versuche_ = 0;
+    Wiederholung.Stop();
+    Port_Bereiten();
+}
+
+void F2::Wiederholung_Timer() {
+    const bool open = kern.Welt.Port.IsOpen();
+    if (Lauf_Aktiv()) {
+        if (!open && Label1.ForeColor != Lampe::Rot) {
+            Port_Verloren();
+            nachholen_ = true;
+        }
+        return;
+    }
+    if (ScanLaeuft != 0) {
+        return;
+    }
+    Wiederholung.Stop();
+    if ((open && !nachholen_) || versuche_ >= MostRetries) {
+        return;
+    }
+    ++versuche_;
+    Port_Bereiten();
+}
+
+void F2::Beenden() {
+    if (beendet_) {
+        return;
+    }
+    beendet_ = true;
+    Timer1.Stop();
+    Timer2.Stop();
+    Wiederholung.Stop();
+    if (!Herunterfahren(kern)) {
+        kern.Meldung(
+            Wort(kern, EigeneZeile::NichtGespeichert, u8"Die Einstellungen konnten nicht gespeichert werden!"_w),
+            Buttons::Ok, Icon::Exclamation);
+    }
+    Fenster.Visible = false;
+    Rufen(Hooks.Ende);
+}
+
+bool Herunterfahren(Kern& kern) {
+    const SerialPort& port = kern.Welt.Port;
+    const bool saved = Konfiguration_Speichern(kern);
+    if (port.IsOpen()) {
+        port.SetRts(false);
+        port.Close();
+    }
+    return saved;
+}
+
+} // namespace qvm

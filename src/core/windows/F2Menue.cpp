@@ -1,0 +1,178 @@
+#include "F2.h"
+#include "TextSlots.h"
+#include "Worte.h"
+
+#include <algorithm>
+
+namespace qvm {
+namespace {
+
+constexpr int NotConnectedLine = 91;
+
+struct Handbuch {
+    std::string_view Language, File;
+};
+
+/// The first stands for any other language, too.
+constexpr std::array<Handbuch, 4> Manuals{{{"Deutsch", "QVM_System_de.pdf"},
+                                           {"English", "QVM_System_en.pdf"},
+                                           {"Francais", "QVM_System_fr.pdf"},
+                                           {"Nederlands", "QVM_System_nl.pdf"}}};
+
+std::string_view Handbuch_Datei(std::string_view language) {
+    const auto* const found = std::find_if(Manuals.begin(), Manuals.end(),
+                                           [language](const Handbuch& manual) { return manual.Language == language; });
+    return found == Manuals.end() ? Manuals.front().File : found->File;
+}
+
+} // namespace
+
+/// What a key opens. "Ende" and the keys without a task have no row.
+struct F2::Taste {
+    std::string_view Key;
+    std::function<void()> F2Hooks::*Hook;
+    bool StopsTimer;
+    Weiter Then;
+    bool Message; ///< while no adapter is there
+};
+
+const F2::Taste* F2::Taste_Finden(std::string_view key) {
+    static constexpr std::array<Taste, 8> keys{{
+        {"EYE", &F2Hooks::F7_Oeffnen, true, Weiter::Offen, true},
+        {"636I259", &F2Hooks::Kalender_Menue, false, Weiter::Offen, true},
+        {"Schaltuhr", &F2Hooks::Schaltuhr_Menue, true, Weiter::Offen, true},
+        {"x1504", &F2Hooks::F5_Oeffnen, true, Weiter::Gesperrt, true},
+        {"Neu", &F2Hooks::F14_Oeffnen, true, Weiter::Gesperrt, true},
+        {"PROG", &F2Hooks::F13_Oeffnen, true, Weiter::Verborgen, true},
+        {"GastCard", &F2Hooks::F60_Oeffnen, true, Weiter::Verborgen, false},
+        {"lock4", &F2Hooks::F12_Oeffnen, true, Weiter::Verborgen, true},
+    }};
+    const auto* const found =
+        std::find_if(keys.begin(), keys.end(), [key](const Taste& row) { return row.Key == key; });
+    return found == keys.end() ? nullptr : found;
+}
+
+bool F2::Taste_Belegt(std::string_view key) const {
+    if (key == "Ende") {
+        return true;
+    }
+    const Taste* row = Taste_Finden(key);
+    if (row == nullptr || !(Hooks.*row->Hook)) {
+        return false;
+    }
+    // A menu is worth opening when one of its windows is there.
+    if (key == "636I259") {
+        return Hooks.F3_Oeffnen || Hooks.F10_Oeffnen;
+    }
+    return key != "Schaltuhr" || Hooks.F4_Oeffnen || Hooks.F41_Oeffnen || Hooks.F42_Oeffnen;
+}
+
+void F2::Tasten_Freigeben() {
+    for (ToolButton& button : Toolbar1) {
+        button.Visible = button.Key == "Ende" || Taste_Finden(button.Key) != nullptr;
+        button.Enabled = Taste_Belegt(button.Key);
+    }
+    F2_Schnittstelle.Enabled = static_cast<bool>(Hooks.F6_Oeffnen);
+    F2_Sprache.Enabled = static_cast<bool>(Hooks.F15_Oeffnen);
+    F2_Version.Enabled = static_cast<bool>(Hooks.F1_Oeffnen);
+    F2_Einzel.Enabled = static_cast<bool>(Hooks.F3_Oeffnen);
+    F2_Perm.Enabled = static_cast<bool>(Hooks.F10_Oeffnen);
+    F2_PersonB.Enabled = static_cast<bool>(Hooks.F4_Oeffnen);
+    F2_SchlossB.Enabled = static_cast<bool>(Hooks.F41_Oeffnen);
+    F2_Gasttimer.Enabled = static_cast<bool>(Hooks.F42_Oeffnen);
+}
+
+void F2::Toolbar1_ButtonClick(std::string_view key) {
+    if (ScanLaeuft != 0 || beendet_ || !Taste_Belegt(key)) {
+        return;
+    }
+    if (key == "Ende") {
+        Beenden();
+        return;
+    }
+    if (Verbunden == 0) {
+        Nachsuchen();
+    }
+    // The search lets events go on: another window may stand before this one by now.
+    if (Da() && ScanLaeuft == 0 && !beendet_) {
+        Taste_Ausfuehren(*Taste_Finden(key));
+    }
+}
+
+void F2::Taste_Ausfuehren(const Taste& key) {
+    if (Verbunden == 0) {
+        if (key.Message) {
+            kern.Meldung(kern.Zeile(NotConnectedLine), Buttons::Ok, Icon::Exclamation);
+        }
+        return;
+    }
+    Oeffnen(Hooks.*key.Hook, key.StopsTimer, key.Then);
+    // A menu that was closed without a choice.
+    if (key.Key == "Schaltuhr" && Da() && !beendet_ && !Timer2.Running()) {
+        Timer2.Start();
+    }
+}
+
+void F2::Oeffnen(const std::function<void()>& hook, bool stopTimer, Weiter then) {
+    if (!hook || beendet_) {
+        return;
+    }
+    if (stopTimer) {
+        Timer2.Stop();
+    }
+    const int before = rueckkehr_;
+    if (then == Weiter::Gesperrt) {
+        Fenster.Enabled = false;
+    }
+    hook();
+    // Hidden last, so that there is always a window; not at all when the other one has closed again already.
+    if (then == Weiter::Verborgen && rueckkehr_ == before) {
+        Fenster.Visible = false;
+    }
+}
+
+void F2::F2_Schnittstelle_Click() {
+    Oeffnen(Hooks.F6_Oeffnen, true, Weiter::Gesperrt);
+}
+
+void F2::F2_Sprache_Click() {
+    Oeffnen(Hooks.F15_Oeffnen, false, Weiter::Offen);
+}
+
+void F2::F2_Einzel_Click() {
+    Oeffnen(Hooks.F3_Oeffnen, false, Weiter::Verborgen);
+}
+
+void F2::F2_Perm_Click() {
+    Oeffnen(Hooks.F10_Oeffnen, false, Weiter::Verborgen);
+}
+
+void F2::F2_PersonB_Click() {
+    Oeffnen(Hooks.F4_Oeffnen, false, Weiter::Verborgen);
+}
+
+void F2::F2_SchlossB_Click() {
+    Oeffnen(Hooks.F41_Oeffnen, true, Weiter::Verborgen);
+}
+
+void F2::F2_Gasttimer_Click() {
+    Oeffnen(Hooks.F42_Oeffnen, true, Weiter::Verborgen);
+}
+
+void F2::F2_Version_Click() {
+    Oeffnen(Hooks.F1_Oeffnen, false, Weiter::Offen);
+}
+
+void F2::F2_Help_Click() {
+    const std::string file(Handbuch_Datei(Trim(kern.Config.Sprache)));
+    const std::string path = kern.AppPath + file;
+    if (!kern.Welt.Files.Exists(path)) {
+        kern.Meldung(Wort(kern, EigeneZeile::DateiFehlt, "Datei nicht gefunden:") + " " + file, Buttons::Ok,
+                     Icon::Exclamation);
+    } else if (!kern.Welt.ShellOpen(path, kern.AppPath)) {
+        kern.Meldung(Wort(kern, EigeneZeile::NichtGeoeffnet, u8"Kann nicht geöffnet werden:"_w) + " " + file,
+                     Buttons::Ok, Icon::Exclamation);
+    }
+}
+
+} // namespace qvm

@@ -1,0 +1,36 @@
+// What leads from the main window to the others and back.
+
+#include "Programm.h"
+
+namespace qvm {
+
+void Programm::Hauptfenster_Verbinden() {
+    F2_Zeigen = [this] { F2.F2_Zeigen(); };
+    F2.Hooks.F1_Oeffnen = [this] { F1.F1_Laden(F2.AdapterVersion); };
+    F2.Hooks.F6_Oeffnen = [this] { F6.F6_Laden(); };
+    F2.Hooks.F13_Oeffnen = [this] { F13.F13_FormLaden(); };
+    F2.Hooks.F14_Oeffnen = [this] { F14.F14_Laden(); };
+    F2.Hooks.F15_Oeffnen = [this] { F15.F15_Laden(); };
+    F2.Hooks.F9_Schliessen = [this] {
+        F9.Stille.Stop();
+        F9.Fenster.Visible = false;
+    };
+    F2.Hooks.Lauf_Timer_Anhalten = [this] {
+        Lauf.Timer7.Stop();
+        Lauf.Timer8.Stop();
+        Lauf.Timer9.Stop();
+        Lauf.Timer11.Stop();
+    };
+    F6.Port_Eingerichtet = [this] { F2.Port_Einrichten_Anzeigen(); };
+    F6.Zurueck = [this] { Rufen(F2_Zeigen); };
+    F14.Zurueck = [this] { Rufen(F2_Zeigen); };
+    F15.Sprache_Gewechselt = [this] { Texte_Setzen(); };
+}
+
+void Programm::Texte_Setzen() {
+    F2.Texte_Setzen();
+    F1.Texte_Setzen();
+    F15.Texte_Setzen();
+}
+
+} // namespace qvm
