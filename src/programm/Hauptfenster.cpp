@@ -31,6 +31,18 @@ void Programm::Texte_Setzen() {
     F2.Texte_Setzen();
     F1.Texte_Setzen();
     F15.Texte_Setzen();
+    if (F13.Fenster.Visible) {
+        F13.Texte_Setzen();
+    }
+    if (F11.Fenster.Visible) {
+        F11.Texte_Setzen();
+    }
+    if (F9.Fenster.Visible) {
+        F9.Texte_Setzen();
+    }
+    if (F18.Fenster.Visible) {
+        F18.Texte_Setzen();
+    }
 }
 
 } // namespace qvm

@@ -21,7 +21,7 @@ void Programm::Ansicht_Verbinden() {
     Lauf.Ansicht = RunView{
         .Fortschritt = [this] { F9.Fortschritt(); },
         .F9_Zeigen = [this] { F9.F9_Zeigen(); },
-        .Status = [this](int line) { F9.StatusLabel.Text = kern.Zeile(line); },
+        .Status = [this](int line) { F9.Status_Zeigen(line); },
         .Fertig =
             [this](int line) {
                 // A run that ends during a channel search still shows how it ended.
@@ -36,7 +36,7 @@ void Programm::Ansicht_Verbinden() {
                 F9.Command1.Enabled = false;
                 F9.Command2.Enabled = true;
             },
-        .Historie_Beschriften = [this] { F9.StatusLabel.Text = kern.Zeile(264); },
+        .Historie_Beschriften = [this] { F9.Status_Zeigen(264); },
         .Zustand = [this](std::uint8_t state, const std::string& text) { F9.Zustand_Zeigen(state, text); },
         .Kaestchen = [this](int box) { F9.Ankreuzen(box); },
         .Wartebox_Zeigen = [this] { F18.F18_Zeigen(); },
@@ -44,8 +44,8 @@ void Programm::Ansicht_Verbinden() {
         .Wartebox_Balken = [this](int value) { F18.Balken.Value = value; },
         .Wartebox_Text =
             [this](int line) {
-                F18.Text.Text = kern.Zeile(line);
-                F9.StatusLabel.Text = kern.Zeile(line);
+                F18.Text_Zeigen(line);
+                F9.Status_Zeigen(line);
             },
         .Zum_Schlossgitter =
             [this] {

@@ -30,12 +30,7 @@ F11::F11(Programmierlauf& programmierlauf, F9& progress, F18& wait, const Adapte
 void F11::F11_Laden(F11Opener opener, const std::string& adapterName) {
     RunState& lauf = run.link.Lauf;
     Eingabe_Leeren();
-    Fenster.Title = kern.Zeile(88);
-    OK.Text = kern.Zeile(84);
-    Cancel.Text = kern.Zeile(83);
-    Prompt.Text = kern.Zeile(85);
-    CutoffText.Text = kern.Zeile(179);
-    Check1.Text = kern.Zeile(268);
+    Texte_Setzen();
     Check1.Checked = true;
 
     const bool history = lauf.HistoryOnly != 0 || lauf.ReadHistoryFirst != 0 || lauf.NetMode != 0;
@@ -49,6 +44,15 @@ void F11::F11_Laden(F11Opener opener, const std::string& adapterName) {
     Adapter_Fuellen(opener, adapterName);
     Fenster.Visible = true;
     Fokus.Start(500);
+}
+
+void F11::Texte_Setzen() {
+    Fenster.Title = kern.Zeile(88);
+    OK.Text = kern.Zeile(84);
+    Cancel.Text = kern.Zeile(83);
+    Prompt.Text = kern.Zeile(85);
+    CutoffText.Text = kern.Zeile(179);
+    Check1.Text = kern.Zeile(268);
 }
 
 void F11::Adapter_Fuellen(F11Opener opener, const std::string& adapterName) {
@@ -143,7 +147,7 @@ void F11::Port_Bereitmachen(bool& network) {
 void F11::OK_Click() {
     RunState& lauf = run.link.Lauf;
     lauf.EraseOption = Check1.Checked ? 0 : 1;
-    f9.StatusLabel.Text = std::string();
+    f9.Status_Zeigen(0);
     if (lauf.RunRows > 0) {
         if (Code_Uebernehmen()) {
             Schliessen();

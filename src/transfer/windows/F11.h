@@ -52,6 +52,8 @@ struct F11 {
 
     /// `adapterName`: the adapter remembered for the lock, to be preselected.
     void F11_Laden(F11Opener opener, const std::string& adapterName);
+    /// Words from the catalogue anew.
+    void Texte_Setzen();
     /// One key in the code box.
     void Text1_KeyPress(int key);
     void OK_Click();

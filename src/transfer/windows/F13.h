@@ -53,6 +53,8 @@ struct F13 {
     std::function<void()> Hauptfenster_Zeigen; ///< the main window comes back and supervises again
 
     void F13_FormLaden();
+    /// Headings from the catalogue anew; cells stay.
+    void Texte_Setzen();
     void TuerInfo_laden();
     void RFk_IconLoad();
     void Adapter_Spalten_Laden();

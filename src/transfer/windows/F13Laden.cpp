@@ -42,8 +42,7 @@ void F13::Zeile_Fuellen(int row) {
     FGK13.SetBackColor(row, Col::Mark, ActionColour);
 }
 
-void F13::TuerInfo_laden() {
-    FGK13.ClearRows(0);
+void F13::Texte_Setzen() {
     FGK13.SetText(0, Col::Number, kern.Zeile(37));
     FGK13.SetText(0, Col::Name, kern.Zeile(9));
     FGK13.SetText(0, Col::Serial, kern.Zeile(10));
@@ -52,6 +51,11 @@ void F13::TuerInfo_laden() {
     FGK13.SetText(0, Col::Code, kern.Zeile(138));
     FGK13.SetText(0, Col::Status, kern.Zeile(35));
     FGK13.SetText(0, Col::Mark, "Prg.");
+}
+
+void F13::TuerInfo_laden() {
+    FGK13.ClearRows(0);
+    Texte_Setzen();
     RecordFile locks(LockRecord::Record);
     locks.Laden(kern.Welt.Files, kern.DatPfad());
     for (int row = 1; row < FGK13.Rows(); ++row) {

@@ -4,11 +4,21 @@ namespace qvm {
 
 void F18::F18_Zeigen() {
     Balken.Value = 100;
-    Text.Text = run.kern.Zeile(81);
-    Command1.Text = run.kern.Zeile(83);
+    textLine_ = 81;
+    Texte_Setzen();
     Command1.Enabled = true;
     Fenster.Title = std::string(SystemTitle);
     Fenster.Visible = true;
+}
+
+void F18::Text_Zeigen(int line) {
+    textLine_ = line;
+    Text.Text = run.kern.Zeile(line);
+}
+
+void F18::Texte_Setzen() {
+    Text.Text = run.kern.Zeile(textLine_);
+    Command1.Text = run.kern.Zeile(83);
 }
 
 void F18::Command1_Click() {

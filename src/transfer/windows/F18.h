@@ -22,8 +22,15 @@ struct F18 {
     std::function<void()> F9_Zeigen; ///< the progress window takes over, with its close button live
 
     void F18_Zeigen();
+    /// Catalogue line `line` as the text.
+    void Text_Zeigen(int line);
+    /// Words from the catalogue anew.
+    void Texte_Setzen();
     void F18_Schliessen() { Fenster.Visible = false; }
     void Command1_Click();
+
+private:
+    int textLine_ = 0;
 };
 
 } // namespace qvm

@@ -30,12 +30,13 @@ void F9::F9_Vorbereiten(int progressTotal) {
     Balken2.Value = 0;
     Balken2.Visible = true;
     NameLabel.Text = run.LockName;
-    StatusLabel.Text = std::string();
+    Status_Zeigen(0);
     StilleLabel.Visible = false;
     Label15.Visible = false;
     Zustandsbild.Id = StatePicture::None;
     Command1.Enabled = true;
     Command2.Enabled = false;
+    begin_ = kern.Welt.Now();
     Uhr_Beschriften();
     DeviceParameterSetup();
 }
@@ -58,7 +59,7 @@ void F9::F9_Zeigen() {
 
 void F9::Uhr_Beschriften() {
     const bool clock = run.link.Lauf.FlagSetClock == 1;
-    const DateTime now = kern.Welt.Now();
+    const DateTime& now = begin_;
     DatumLabel.Text = kern.Zeile(55) + " : " + (clock ? Datum_Text(Heute(now)) : "--.--.----");
     ZeitLabel.Text =
         kern.Zeile(56) + " : " +
@@ -71,8 +72,21 @@ void F9::Fortschritt() {
     Balken2.Value = lauf.SecondProgress;
 }
 
-void F9::Fertig(int line) {
+void F9::Status_Zeigen(int line) {
+    statusLine_ = line;
     StatusLabel.Text = kern.Zeile(line);
+}
+
+void F9::Texte_Setzen() {
+    StatusLabel.Text = kern.Zeile(statusLine_);
+    Uhr_Beschriften();
+    if (StilleLabel.Visible) {
+        Stille_Zeigen();
+    }
+}
+
+void F9::Fertig(int line) {
+    Status_Zeigen(line);
     Command1.Enabled = false;
     Command2.Enabled = true;
     Balken1.Visible = false;
@@ -98,7 +112,7 @@ void F9::Ankreuzen(int box) {
 void F9::Command1_Click() {
     Lauf_Abbrechen(run);
     Label15.Visible = false;
-    StatusLabel.Text = kern.Zeile(82);
+    Status_Zeigen(82);
     // A silent lock would never let the run end by itself.
     Command2.Enabled = true;
 }

@@ -44,6 +44,10 @@ struct F9 {
     /// that is above 30, else 160.
     void F9_Vorbereiten(int progressTotal);
     void DeviceParameterSetup();
+    /// Catalogue line `line` as the status, 0: none.
+    void Status_Zeigen(int line);
+    /// Words from the catalogue anew.
+    void Texte_Setzen();
     void Fortschritt();
     /// Finished state: status line, cancel disabled, close enabled, bars stopped.
     void Fertig(int line);
@@ -57,6 +61,9 @@ struct F9 {
 private:
     void Uhr_Beschriften();
     void Stille_Zeigen();
+
+    int statusLine_ = 0;
+    DateTime begin_; ///< of the run
 };
 
 } // namespace qvm
