@@ -129,6 +129,7 @@ void Probewelt::Port_Anlegen() {
             },
         .OnByte = [this](std::function<void(std::uint8_t)> receiver) { receiver_ = std::move(receiver); },
         .LastError = [] { return std::string(); },
+        .LastFault = [] { return PortFault(); },
     };
 }
 

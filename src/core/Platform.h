@@ -1,6 +1,7 @@
 #pragma once
 
 #include "FileStore.h"
+#include "PortFault.h"
 
 #include <compare>
 #include <cstdint>
@@ -60,8 +61,10 @@ struct SerialPort {
     /// Who gets each received byte, in order, from inside ProcessEvents. One call is finished before the next begins,
     /// unless the receiver itself runs ProcessEvents.
     std::function<void(std::function<void(std::uint8_t)> receiver)> OnByte;
-    /// A sentence for people, empty after success.
+    /// A sentence in English, empty after success.
     std::function<std::string()> LastError;
+    /// The same as facts, for a sentence in the user's language; None after success.
+    std::function<PortFault()> LastFault = {};
 };
 
 /// What became of the serial ports of the PC.
@@ -92,7 +95,9 @@ struct Platform {
     SerialPort Port;
     /// Numbers of the ports that can hold an adapter, in the system's order.
     std::function<std::vector<int>()> AdapterPorts;
-    /// Who hears of serial ports that come and go, from inside ProcessEvents. One receiver; a new one replaces it.
+    /// Who hears of serial ports that come and go, from inside ProcessEvents. One receiver; a new one replaces it. What
+    /// happens within a moment is reported as at most one removal, then one arrival. One call is finished before the
+    /// next begins, unless the receiver itself runs ProcessEvents.
     std::function<void(std::function<void(PortChange)> receiver)> OnPortChange;
     /// The hourglass over all windows. Each `true` wants its `false`.
     std::function<void(bool on)> Hourglass;

@@ -7,6 +7,7 @@
 #include <climits>
 #include <cstdlib>
 #include <cstring>
+#include <ctime>
 #include <fcntl.h>
 #include <grp.h>
 #include <memory>
@@ -29,14 +30,13 @@ std::string GroupOf(const std::string& device) {
     return entry != nullptr ? entry->gr_name : std::to_string(info.st_gid);
 }
 
-std::string NoRightText(const std::string& device) {
-    const std::string group = GroupOf(device);
-    std::string text = "No right to use " + AusUtf8(device) + ".";
-    if (!group.empty()) {
-        text += " It belongs to the group " + group + ": run \"sudo usermod -aG " + group +
-                " $USER\", then log out and in again.";
-    }
-    return text;
+/// Device nodes younger than this many seconds are taken for just plugged in: in that time modem and braille services
+/// look what is behind a new port.
+constexpr std::time_t NewSeconds = 60;
+
+bool JustPlugged(const std::string& device) {
+    struct stat info {};
+    return ::stat(device.c_str(), &info) == 0 && std::time(nullptr) - info.st_ctime < NewSeconds;
 }
 
 /// True when the device is in exclusive mode, which does not keep the administrator out, and somebody has it open.
@@ -65,7 +65,7 @@ PortGuard::PortGuard(const std::string& device) : handle_(device, O_RDWR | O_NON
     if (const int error = Take(device, handle_); error != 0) {
         // Closed first, or this program would be found as the one that holds the device.
         handle_.Close();
-        fault_ = PortFault_Text(device, error);
+        fault_ = PortFault_Of(device, error);
     }
 }
 
@@ -78,35 +78,39 @@ void PortGuard::ExclusiveModeSet() const {
     }
 }
 
-std::string PortFault_Held(const std::string& device) {
+PortFault PortFault_HeldNow(const std::string& device) {
     const std::string holder = PortHolder_Name(device);
-    std::string text =
-        AusUtf8(device) + " is in use by " + (holder.empty() ? "another program" : AusUtf8(holder)) + ".";
-    if (holder.find("ModemManager") != std::string::npos) {
-        return text + " It lets go after a short while; \"sudo systemctl stop ModemManager\" keeps it away.";
+    if (PortHolder_IsService(holder)) {
+        return {.What = PortFault::Kind::HeldByService, .Device = AusUtf8(device), .Detail = AusUtf8(holder)};
     }
-    return text + " Close that program and try again.";
+    // Services run for another user, whose open files the system does not show.
+    const std::string service = holder.empty() && JustPlugged(device) ? PortHolder_Service() : std::string();
+    if (!service.empty()) {
+        return {.What = PortFault::Kind::HeldByService, .Device = AusUtf8(device), .Detail = AusUtf8(service)};
+    }
+    return {.What = PortFault::Kind::Held, .Device = AusUtf8(device), .Detail = AusUtf8(holder)};
 }
 
-std::string PortFault_Text(const std::string& device, int error) {
+PortFault PortFault_Of(const std::string& device, int error) {
+    using Kind = PortFault::Kind;
     switch (error) {
     case ENOENT:
     case ENODEV:
     case ENXIO:
-        return AusUtf8(device) + " is not there. Is the adapter plugged in?";
+        return {.What = Kind::NotThere, .Device = AusUtf8(device)};
     case EACCES:
     case EPERM:
-        return NoRightText(device);
+        return {.What = Kind::NoRight, .Device = AusUtf8(device), .Detail = GroupOf(device)};
     case EBUSY:
     case EWOULDBLOCK:
-        return PortFault_Held(device);
+        return PortFault_HeldNow(device);
     case ENOTTY:
     case EISDIR:
     case ENOTDIR:
     case EIO:
-        return AusUtf8(device) + " is no serial port that works.";
+        return {.What = Kind::NotSerial, .Device = AusUtf8(device)};
     default:
-        return AusUtf8(device) + " cannot be opened: " + std::strerror(error) + ".";
+        return {.What = Kind::Other, .Device = AusUtf8(device), .Detail = std::strerror(error)};
     }
 }
 

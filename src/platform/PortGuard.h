@@ -1,6 +1,7 @@
 #pragma once
 
 #include "FileHandle.h"
+#include "PortFault.h"
 
 #include <string>
 
@@ -11,11 +12,11 @@ namespace qvm {
 /// and tells a newcomer nothing but "busy".
 class PortGuard {
 public:
-    /// Takes the device. `Fault` says in a sentence what to do when it cannot be had.
+    /// Takes the device. `Fault` says why when it cannot be had.
     explicit PortGuard(const std::string& device);
 
-    /// Empty when the device is held. Code page 1252, as all texts of PortGuard and PortFault.
-    const std::string& Fault() const { return fault_; }
+    /// None when the device is held.
+    const PortFault& Fault() const { return fault_; }
 
     /// To be called when the device was put into its exclusive mode. Takes a pseudo-terminal out of it again: the mode
     /// outlives a crashed program there, as long as the other end lives, and would keep out everybody for good.
@@ -23,12 +24,12 @@ public:
 
 private:
     FileHandle handle_;
-    std::string fault_;
+    PortFault fault_;
 };
 
-/// A sentence on why `device` cannot be opened; `error` is an errno value.
-std::string PortFault_Text(const std::string& device, int error);
+/// Why `device` (UTF-8) cannot be opened; `error` is an errno value.
+PortFault PortFault_Of(const std::string& device, int error);
 /// The same for a device that another program holds; names the program if the system tells.
-std::string PortFault_Held(const std::string& device);
+PortFault PortFault_HeldNow(const std::string& device);
 
 } // namespace qvm

@@ -54,6 +54,10 @@ std::string NameOf(const std::string& process) {
     return std::string(text.substr(0, text.find('\n')));
 }
 
+std::string Named(const std::string& name, const std::string& number) {
+    return (name.empty() ? "process" : name) + " (" + number + ")";
+}
+
 } // namespace
 
 std::string PortHolder_Name(const std::string& device, int ownHandle) {
@@ -66,8 +70,22 @@ std::string PortHolder_Name(const std::string& device, int ownHandle) {
         const std::string process = "/proc/" + number;
         const std::string except = number == self ? std::to_string(ownHandle) : std::string();
         if (IsNumber(number) && Holds(process, info.st_rdev, except)) {
-            const std::string name = NameOf(process);
-            return (name.empty() ? "process" : name) + " (" + number + ")";
+            return Named(NameOf(process), number);
+        }
+    }
+    return {};
+}
+
+bool PortHolder_IsService(std::string_view holder) {
+    const std::string_view name = holder.substr(0, holder.find(' '));
+    return name == "ModemManager" || name == "brltty";
+}
+
+std::string PortHolder_Service() {
+    for (const std::string& number : Entries("/proc")) {
+        const std::string name = IsNumber(number) ? NameOf("/proc/" + number) : std::string();
+        if (PortHolder_IsService(name)) {
+            return Named(name, number);
         }
     }
     return {};

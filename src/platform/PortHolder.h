@@ -1,11 +1,18 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace qvm {
 
 /// "name (process number)" of a process that has the device open, by a handle other than this program's `ownHandle`;
 /// empty when the system tells none. Processes of other users are hidden from all but the administrator. UTF-8.
 std::string PortHolder_Name(const std::string& device, int ownHandle = -1);
+
+/// True when a name that PortHolder_Name gave is one of the system's services that open every new serial port for some
+/// seconds to see what is behind it: ModemManager or brltty.
+bool PortHolder_IsService(std::string_view holder);
+/// "name (process number)" of such a service that runs now, whatever it has open; empty when none does.
+std::string PortHolder_Service();
 
 } // namespace qvm

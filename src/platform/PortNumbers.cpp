@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdint>
 #include <set>
 #include <string_view>
 #include <sys/stat.h>
@@ -17,16 +18,23 @@ namespace {
 constexpr int HighestNumber = 255;
 constexpr std::string_view UsbDevice = "ttyUSB";
 
+constexpr std::string_view LinkName = "com";
+
+/// The number behind `word` in a name that holds nothing else, -1 for other names.
+int NumberBehind(std::string_view word, std::string_view name) {
+    if (!name.starts_with(word)) {
+        return -1;
+    }
+    name.remove_prefix(word.size());
+    int number = -1;
+    const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), number);
+    return error == std::errc() && end == name.data() + name.size() ? number : -1;
+}
+
 /// The port number of a USB serial device, 0 for other devices.
 int NumberOf(std::string_view name) {
-    if (!name.starts_with(UsbDevice)) {
-        return 0;
-    }
-    name.remove_prefix(UsbDevice.size());
-    int index = -1;
-    const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), index);
-    const bool good = error == std::errc() && end == name.data() + name.size();
-    return good && index >= 0 && index < HighestNumber ? index + 1 : 0;
+    const int index = NumberBehind(UsbDevice, name);
+    return index >= 0 && index < HighestNumber ? index + 1 : 0;
 }
 
 bool LinkThere(const std::string& path) {
@@ -37,6 +45,23 @@ bool LinkThere(const std::string& path) {
 bool LeadsSomewhere(const std::string& path) {
     struct stat info {};
     return LinkThere(path) && ::stat(path.c_str(), &info) == 0;
+}
+
+/// Nothing when the path leads nowhere.
+std::optional<PortIdentity> IdentityOf(const std::string& path) {
+    struct stat link {};
+    struct stat device {};
+    if (::lstat(path.c_str(), &link) != 0 || ::stat(path.c_str(), &device) != 0) {
+        return std::nullopt;
+    }
+    PortIdentity identity{.Device = device.st_rdev, .Node = device.st_ino};
+    // A device node may change its owner and stay the same; a link is changed by making a new one, which may get the
+    // number of the old.
+    if (S_ISLNK(link.st_mode)) {
+        identity.Link = link.st_ino;
+        identity.LinkTime = static_cast<std::int64_t>(link.st_ctim.tv_sec) * 1000000000 + link.st_ctim.tv_nsec;
+    }
+    return identity;
 }
 
 } // namespace
@@ -60,7 +85,7 @@ PortNumbers::PortNumbers(std::string directory, std::optional<std::string> devic
 }
 
 std::string PortNumbers::Link(int number) const {
-    return directory_ + "com" + std::to_string(number);
+    return directory_ + std::string(LinkName) + std::to_string(number);
 }
 
 std::string PortNumbers::Device(int number) const {
@@ -90,6 +115,33 @@ std::vector<int> PortNumbers::Adapters(const std::vector<SerialDevice>& devices)
         }
     }
     return {numbers.begin(), numbers.end()};
+}
+
+PortsThere PortNumbers::There() const {
+    PortsThere there;
+    for (int number = 1; number <= HighestNumber; ++number) {
+        const std::string device = Device(number);
+        if (const auto identity = device.empty() ? std::nullopt : IdentityOf(device)) {
+            there.emplace(number, *identity);
+        }
+    }
+    return there;
+}
+
+std::string PortNumbers::WatchedDirectory() const {
+    if (!device_) {
+        return directory_.empty() ? "." : directory_;
+    }
+    const std::size_t slash = device_->rfind('/');
+    return slash == std::string::npos ? "." : device_->substr(0, slash + 1);
+}
+
+bool PortNumbers::IsWatched(std::string_view name) const {
+    if (device_) {
+        return name == std::string_view(*device_).substr(device_->rfind('/') + 1);
+    }
+    const int number = NumberBehind(LinkName, name);
+    return number >= 1 && number <= HighestNumber && name == std::string(LinkName) + std::to_string(number);
 }
 
 } // namespace qvm

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "PortBook.h"
+
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace qvm {
@@ -32,6 +35,13 @@ public:
     /// Numbers of the ports that can hold an adapter, ascending: links that lead to something, and those of `devices`
     /// with the adapter's USB identity.
     std::vector<int> Adapters(const std::vector<SerialDevice>& devices) const;
+    /// The port numbers that have something behind them now, whatever it is.
+    PortsThere There() const;
+
+    /// The directory where links, or the device given by name, come and go.
+    std::string WatchedDirectory() const;
+    /// True when an entry of that name there can stand for a port number.
+    bool IsWatched(std::string_view name) const;
 
 private:
     std::string Link(int number) const;

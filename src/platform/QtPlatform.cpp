@@ -3,6 +3,7 @@
 #include "BlockCipher.h"
 #include "CodePage850.h"
 #include "PcClock.h"
+#include "PortChanges.h"
 #include "PortNumbers.h"
 #include "PosixFiles.h"
 #include "QtTimers.h"
@@ -60,6 +61,7 @@ struct QtPlatform::Services {
     QtTimers Timers;
     SerialLine Line;
     PortNumbers Numbers;
+    PortChanges Changes{Numbers};
     BlockCipher Cipher;
     CodePage850 CodePage;
     SingleInstance Instance;
@@ -87,17 +89,17 @@ void QtPlatform::Services::FillPort() {
         .SetRts = [this](bool on) { Line.SetRts(on); },
         .Write = [this](std::span<const std::uint8_t> bytes) { Line.Write(bytes); },
         .OnByte = [this](std::function<void(std::uint8_t)> receiver) { Line.OnByte(std::move(receiver)); },
-        .LastError = [this] { return Line.LastError(); },
+        .LastError = [this] { return PortFault_English(Line.Fault()); },
+        .LastFault = [this] { return Line.Fault(); },
     };
-    World.OnPortChange = [](std::function<void(PortChange)>) {};
-    World.Hourglass = [](bool) {};
+    World.OnPortChange = [this](std::function<void(PortChange)> receiver) { Changes.OnChange(std::move(receiver)); };
     World.AdapterPorts = [this] { return Numbers.Adapters(SerialDevices()); };
 }
 
 bool QtPlatform::Services::OpenPort(int number) {
     const std::string device = Numbers.Device(number);
     if (device.empty()) {
-        Line.Refuse("There is no port " + std::to_string(number) + ".");
+        Line.Refuse({.What = PortFault::Kind::NoSuchNumber, .Device = std::to_string(number)});
         return false;
     }
     return Line.Open(device);
@@ -110,6 +112,7 @@ void QtPlatform::Services::FillDialogs(PlatformOptions& options) {
     World.SaveFile = options.SaveFile ? std::move(options.SaveFile) : cancelled;
     const auto nothing = [](const std::string&, const std::string&) { return false; };
     World.ShellOpen = options.ShellOpen ? std::move(options.ShellOpen) : nothing;
+    World.Hourglass = options.Hourglass ? std::move(options.Hourglass) : [](bool) {};
 }
 
 QtPlatform::QtPlatform(PlatformOptions options) : services_(std::make_unique<Services>(std::move(options))) {}

@@ -20,6 +20,7 @@ struct PlatformOptions {
     std::function<std::optional<std::string>(const FileDialog&)> SaveFile;
     std::function<bool(const std::string& target, const std::string& directory)> ShellOpen;
     std::function<void()> BringToFront; ///< another instance was started while this one runs
+    std::function<void(bool on)> Hourglass = {};
 };
 
 /// The world of a real program: POSIX files and clock, Qt's event loop and serial port. One for a program, on the

@@ -7,6 +7,7 @@
 #include <QEvent>
 #include <QSerialPort>
 
+#include <chrono>
 #include <climits>
 #include <cstdlib>
 #include <linux/serial.h>
@@ -20,6 +21,13 @@ namespace {
 
 constexpr auto BytesThere = QEvent::User;
 constexpr auto CloseBroken = static_cast<QEvent::Type>(QEvent::User + 1);
+
+/// Bytes that QSerialPort reads ahead, and about as many wait in the queue. Further ones stay with the system.
+constexpr qint64 MostUnread = 65536;
+constexpr std::size_t MostQueued = 65536;
+/// How long one event hands out bytes. Far under what a person notices; at the speed of a real line an event never has
+/// that much to do.
+constexpr std::chrono::milliseconds LongestTurn(4);
 
 /// The device behind links: locks and the kernel know it by that name only.
 std::string Resolved(const std::string& device) {
@@ -68,7 +76,7 @@ bool SerialLine::Open(const std::string& device) {
     const std::string real = Resolved(device);
     device_ = real;
     guard_ = std::make_unique<PortGuard>(real);
-    if (!guard_->Fault().empty()) {
+    if (guard_->Fault().What != PortFault::Kind::None) {
         Refuse(guard_->Fault());
         return false;
     }
@@ -79,14 +87,16 @@ bool SerialLine::Open(const std::string& device) {
     if (!open) {
         // The device itself could be opened a moment ago: what stands in the way is the lock file.
         const bool held = port_->error() == QSerialPort::PermissionError;
-        Refuse(held ? PortFault_Held(real)
-                    : AusUtf8(real + " cannot be set up: " + port_->errorString().toStdString() + "."));
+        Refuse(held ? PortFault_HeldNow(real)
+                    : PortFault{.What = PortFault::Kind::Other,
+                                .Device = AusUtf8(real),
+                                .Detail = AusUtf8(port_->errorString().toStdString())});
         return false;
     }
     guard_->ExclusiveModeSet();
     AskLowLatency(port_->handle());
     port_->clear();
-    fault_.clear();
+    fault_ = {};
     return true;
 }
 
@@ -99,6 +109,7 @@ void SerialLine::SetUp() {
     port_->setParity(QSerialPort::NoParity);
     port_->setStopBits(QSerialPort::OneStop);
     port_->setFlowControl(QSerialPort::NoFlowControl);
+    port_->setReadBufferSize(MostUnread);
 }
 
 void SerialLine::Close() {
@@ -113,7 +124,7 @@ bool SerialLine::IsOpen() const {
     return port_->isOpen() && !broken_;
 }
 
-void SerialLine::Refuse(std::string fault) {
+void SerialLine::Refuse(PortFault fault) {
     Close();
     fault_ = std::move(fault);
 }
@@ -147,6 +158,9 @@ void SerialLine::OnByte(std::function<void(std::uint8_t)> receiver) {
 }
 
 void SerialLine::Fetch() {
+    if (queue_.size() >= MostQueued || port_->bytesAvailable() == 0) {
+        return;
+    }
     const QByteArray bytes = port_->readAll();
     queue_.insert(queue_.end(), bytes.begin(), bytes.end());
     Ask();
@@ -176,16 +190,21 @@ bool SerialLine::event(QEvent* event) {
     return QObject::event(event);
 }
 
-/// Hands out what has come. A receiver that waits gets what follows from inside its wait; this turn then finds an empty
-/// queue.
+/// Hands out what has come, the rest in a later event. A receiver that waits gets what follows from inside its wait;
+/// this turn then finds an empty queue.
 void SerialLine::HandOut() {
-    while (!queue_.empty()) {
+    const auto end = std::chrono::steady_clock::now() + LongestTurn;
+    while (!queue_.empty() && std::chrono::steady_clock::now() < end) {
         const std::uint8_t byte = queue_.front();
         queue_.pop_front();
         Ask();
         if (const auto receiver = receiver_) {
             (*receiver)(byte);
         }
+    }
+    Ask();
+    if (IsOpen()) {
+        Fetch(); // what found no room in the queue is not reported a second time
     }
 }
 
@@ -196,7 +215,7 @@ void SerialLine::Broken() {
         return;
     }
     broken_ = true;
-    fault_ = "The connection to " + AusUtf8(device_) + " is broken: the adapter was unplugged or switched off.";
+    fault_ = {.What = PortFault::Kind::Broken, .Device = AusUtf8(device_)};
     QCoreApplication::postEvent(this, new QEvent(CloseBroken));
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "PortFault.h"
+
 #include <QObject>
 
 #include <cstdint>
@@ -21,7 +23,8 @@ class PortGuard;
 ///
 /// Received bytes go through a queue and are handed out in an event of their own, one call a byte. The signal of
 /// QSerialPort does not come again while its slot is on the stack, so a receiver that waits inside it would wait in
-/// vain.
+/// vain. An event hands out for a few milliseconds at most, and no more is read than the queue holds, so that a device
+/// that floods the line neither stops the other events nor fills the memory.
 class SerialLine : public QObject {
 public:
     SerialLine();
@@ -38,10 +41,10 @@ public:
     void Write(std::span<const std::uint8_t> bytes);
     void OnByte(std::function<void(std::uint8_t)> receiver);
 
-    /// Why the port is not open, a sentence in code page 1252; empty after Open gave true.
-    const std::string& LastError() const { return fault_; }
+    /// Why the port is not open; None after Open gave true.
+    const PortFault& Fault() const { return fault_; }
     /// Closes, for a reason that lies outside.
-    void Refuse(std::string fault);
+    void Refuse(PortFault fault);
 
 protected:
     bool event(QEvent* event) override;
@@ -56,7 +59,7 @@ private:
     std::unique_ptr<QSerialPort> port_;
     std::unique_ptr<PortGuard> guard_;
     std::string device_;
-    std::string fault_;
+    PortFault fault_;
     std::deque<std::uint8_t> queue_;
     std::shared_ptr<std::function<void(std::uint8_t)>> receiver_;
     std::optional<bool> rts_; ///< as set last

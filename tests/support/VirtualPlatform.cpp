@@ -142,10 +142,13 @@ void VirtualPlatform::FillPort() {
         }
     };
     World.Port.OnByte = [this](std::function<void(std::uint8_t)> receiver) { receiver_ = std::move(receiver); };
-    World.Port.LastError = [this] {
-        return PortCanOpen && (!PortThere || PortThere(PortNumber)) ? std::string()
-                                                                    : std::string("The virtual port cannot be opened.");
+    World.Port.LastFault = [this] {
+        if (PortCanOpen && (!PortThere || PortThere(PortNumber))) {
+            return PortFault();
+        }
+        return PortFaultNow.value_or(PortFault{.What = PortFault::Kind::NotThere, .Device = "The virtual port"});
     };
+    World.Port.LastError = [this] { return PortFault_English(World.Port.LastFault()); };
 }
 
 void VirtualPlatform::Deliver(const std::vector<std::uint8_t>& bytes, int delayMs) {

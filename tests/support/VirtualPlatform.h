@@ -50,6 +50,7 @@ public:
     // The port. Bytes written by the program reach OnWrite at once; bytes for the program are delivered as events.
     bool PortCanOpen = true;
     std::function<bool(int number)> PortThere; ///< which ports can be opened; empty: all
+    std::optional<PortFault> PortFaultNow;     ///< why a port cannot be opened; empty: not there
     bool PortOpen = false;
     int PortNumber = 0;
     bool Rts = false;

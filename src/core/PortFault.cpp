@@ -1,0 +1,77 @@
+#include "PortFault.h"
+
+#include "Kern.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+namespace qvm {
+
+namespace {
+
+/// A sentence with %1 for the device and %2 for the detail.
+struct Muster {
+    PortFault::Kind What;
+    bool MitDetail; ///< the sentence for a known detail
+    int Zeile;
+    std::string_view English;
+};
+
+/// The first row that fits counts.
+constexpr std::array<Muster, 10> MusterTabelle{{
+    {PortFault::Kind::NotThere, false, 290, "%1 is not there. Is the adapter plugged in?"},
+    {PortFault::Kind::NoRight, true, 291,
+     "No right to use %1. It belongs to the group %2: run \"sudo usermod -aG %2 $USER\", then log out and in again."},
+    {PortFault::Kind::NoRight, false, 292, "No right to use %1."},
+    {PortFault::Kind::Held, true, 293, "%1 is in use by %2. Close that program and try again."},
+    {PortFault::Kind::Held, false, 294, "%1 is in use by another program. Close that program and try again."},
+    {PortFault::Kind::HeldByService, false, 295,
+     "%1 is being tried out by the system service %2, which lets go of it after some seconds. Then try again."},
+    {PortFault::Kind::Broken, false, 296, "The connection to %1 is broken: the adapter was unplugged or switched off."},
+    {PortFault::Kind::NoSuchNumber, false, 297, "There is no port %1."},
+    {PortFault::Kind::NotSerial, false, 298, "%1 is no serial port that works."},
+    {PortFault::Kind::Other, false, 299, "%1 cannot be opened: %2."},
+}};
+
+const Muster* Passendes(const PortFault& fault) {
+    const auto* const found = std::find_if(MusterTabelle.begin(), MusterTabelle.end(), [&](const Muster& row) {
+        return row.What == fault.What && (!row.MitDetail || !fault.Detail.empty());
+    });
+    return found == MusterTabelle.end() ? nullptr : found;
+}
+
+/// One walk, so that a name that holds a "%2" itself is left as it is.
+std::string Ausgefuellt(std::string_view pattern, const PortFault& fault) {
+    std::string text;
+    while (!pattern.empty()) {
+        const std::string_view place = pattern.substr(0, 2);
+        const bool device = place == "%1";
+        if (device || place == "%2") {
+            text += device ? fault.Device : fault.Detail;
+            pattern.remove_prefix(2);
+        } else {
+            text += pattern.front();
+            pattern.remove_prefix(1);
+        }
+    }
+    return text;
+}
+
+} // namespace
+
+std::string PortFault_Text(const Kern& kern, const PortFault& fault) {
+    const Muster* const row = Passendes(fault);
+    if (row == nullptr) {
+        return {};
+    }
+    const std::string& words = kern.Zeile(row->Zeile);
+    return Ausgefuellt(words.empty() ? row->English : std::string_view(words), fault);
+}
+
+std::string PortFault_English(const PortFault& fault) {
+    const Muster* const row = Passendes(fault);
+    return row == nullptr ? std::string() : Ausgefuellt(row->English, fault);
+}
+
+} // namespace qvm
