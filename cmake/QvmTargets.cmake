@@ -16,9 +16,19 @@ if(QVM_SANITIZE)
   target_link_options(qvm_flags INTERFACE -fsanitize=${QVM_SANITIZE})
 endif()
 
+target_compile_options(qvm_flags INTERFACE $<$<CXX_COMPILER_ID:Clang>:-Wreserved-identifier>)
+
 if(QVM_FUZZ)
   target_compile_options(qvm_flags INTERFACE -fsanitize=fuzzer-no-link)
 endif()
+
+# qvm_unoptimised(<target>)
+# For what no fuzzer runs: with sanitizers it compiles in half the time without optimisation, and runs fast enough.
+function(qvm_unoptimised target)
+  if(QVM_FUZZ)
+    target_compile_options(${target} PRIVATE -O0)
+  endif()
+endfunction()
 
 # qvm_library(<name> [DIR <folder>] [DEPS <target>...] [PRIVATE_DEPS <target>...])
 # All .cpp files of the folder (not of its sub-folders) as one static library.
@@ -52,13 +62,6 @@ function(qvm_test_support)
     QVM_SOURCE_DIR="${PROJECT_SOURCE_DIR}" QVM_BINARY_DIR="${PROJECT_BINARY_DIR}")
   target_precompile_headers(test_support PRIVATE ${QVM_TEST_HEADERS})
   qvm_unoptimised(test_support)
-endfunction()
-
-# Tests with sanitizers compile in half the time without optimisation, and run long enough with it.
-function(qvm_unoptimised target)
-  if(QVM_FUZZ)
-    target_compile_options(${target} PRIVATE -O0)
-  endif()
 endfunction()
 
 # qvm_test(<folder> [QT] [DEPS <target>...])
