@@ -23,7 +23,8 @@ void Print(const char* line) {
     std::fflush(stdout);
 }
 
-int HoldPort(const char* device) {
+int HoldPort(const char* device, const char* name) {
+    ::prctl(PR_SET_NAME, name);
     const int handle = ::open(device, O_RDWR | O_NOCTTY | O_CLOEXEC);
     if (handle < 0 || ::ioctl(handle, TIOCEXCL) != 0) {
         return 1;
@@ -100,7 +101,7 @@ int OtherProgram::ExitCode() {
 int RoleOf(int argc, char** argv) {
     const std::string_view role = argc > 2 ? argv[1] : "";
     if (role == "--hold-port") {
-        return HoldPort(argv[2]);
+        return HoldPort(argv[2], argc > 3 ? argv[3] : "exe");
     }
     return role == "--claim" ? Claim(argv[2]) : -1;
 }

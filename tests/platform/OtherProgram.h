@@ -28,8 +28,8 @@ private:
 };
 
 /// Runs the role that the arguments ask for and gives the exit code; -1 when they ask for none.
-///     --hold-port DEVICE       opens it in exclusive mode, prints "ready", stays
-///     --claim DIRECTORY        prints "only" or "second"; the only one stays and prints "shown" when it is called
+///     --hold-port DEVICE [NAME]   calls itself NAME, opens the device in exclusive mode, prints "ready", stays
+///     --claim DIRECTORY   prints "only" or "second"; the only one stays and prints "shown" when it is called
 int RoleOf(int argc, char** argv);
 
 } // namespace qvm::test

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <vector>
 
 namespace qvm {
@@ -110,6 +111,59 @@ TEST_F(PortNumbers_Adapters, a_number_that_no_list_can_hold_is_left_out) {
 TEST_F(PortNumbers_Adapters, a_device_given_by_name_is_the_only_one) {
     Link("com2", "/dev/null");
     EXPECT_EQ(PortNumbers(Directory.Path(), "/dev/serial/adapter").Adapters(None), std::vector{1});
+}
+
+using PortNumbers_There = PortNumbers_;
+
+TEST_F(PortNumbers_There, holds_every_link_that_leads_somewhere_by_its_device) {
+    Link("com2", "/dev/null");
+    Link("com9", "/dev/no-such-device");
+    const PortsThere there = Numbers.There();
+    ASSERT_TRUE(there.contains(2));
+    EXPECT_FALSE(there.contains(9));
+    struct stat null {};
+    ASSERT_EQ(::stat("/dev/null", &null), 0);
+    EXPECT_EQ(there.at(2).Device, null.st_rdev);
+    EXPECT_EQ(there.at(2).Node, null.st_ino);
+    EXPECT_NE(there.at(2).Link, 0U);
+}
+
+TEST_F(PortNumbers_There, is_the_same_at_a_second_look_and_another_for_another_target) {
+    Link("com2", "/dev/null");
+    const PortsThere there = Numbers.There();
+    EXPECT_EQ(Numbers.There(), there);
+    std::filesystem::remove(Directory / "com2");
+    Link("com2", "/dev/zero");
+    EXPECT_NE(Numbers.There(), there);
+}
+
+TEST_F(PortNumbers_There, of_a_device_given_by_name_is_that_one_alone) {
+    Link("com2", "/dev/null");
+    EXPECT_EQ(PortNumbers(Directory.Path(), "/dev/null").There().size(), 1U);
+    EXPECT_TRUE(PortNumbers(Directory.Path(), "/dev/null").There().contains(1));
+    EXPECT_TRUE(PortNumbers(Directory.Path(), "/dev/no-such-device").There().empty());
+}
+
+using PortNumbers_IsWatched = PortNumbers_;
+
+TEST_F(PortNumbers_IsWatched, names_of_links_from_1_to_255_and_no_others) {
+    EXPECT_EQ(Numbers.WatchedDirectory(), Directory.Path());
+    for (const char* const name : {"com1", "com16", "com255"}) {
+        EXPECT_TRUE(Numbers.IsWatched(name)) << name;
+    }
+    for (const char* const name : {"", "com", "com0", "com01", "com256", "com-1", "com1x", "COM1", "ttyUSB0"}) {
+        EXPECT_FALSE(Numbers.IsWatched(name)) << name;
+    }
+}
+
+TEST_F(PortNumbers_IsWatched, a_device_given_by_name_in_its_own_directory) {
+    const PortNumbers named(Directory.Path(), "/dev/serial/adapter");
+    EXPECT_EQ(named.WatchedDirectory(), "/dev/serial/");
+    EXPECT_TRUE(named.IsWatched("adapter"));
+    EXPECT_FALSE(named.IsWatched("com1"));
+    const PortNumbers bare(Directory.Path(), "adapter");
+    EXPECT_EQ(bare.WatchedDirectory(), ".");
+    EXPECT_TRUE(bare.IsWatched("adapter"));
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <atomic>
 #include <sys/resource.h>
 #include <thread>
 
@@ -134,6 +135,48 @@ TEST_F(Port, timers_tick_during_a_flood) {
     sender.join();
     World().StopTimer(timer);
     EXPECT_GT(ticks, 0);
+}
+
+TEST_F(Port, timers_tick_between_bytes_that_came_together) {
+    int ticks = 0;
+    int ticksBefore = -1; // at the last byte
+    const TimerId timer = World().StartTimer(1, [&] { ++ticks; });
+    World().Port.OnByte([&](std::uint8_t byte) {
+        Got.push_back(byte);
+        const std::int64_t until = World().Milliseconds() + 1;
+        while (World().Milliseconds() < until) { // a byte with much work behind it
+        }
+        if (Got.size() == 200) {
+            ticksBefore = ticks;
+        }
+    });
+    ASSERT_TRUE(Cable.Send(Pattern(200)));
+    EXPECT_TRUE(RunUntil([&] { return Got.size() >= 200; }));
+    World().StopTimer(timer);
+    EXPECT_EQ(Got, Pattern(200));
+    EXPECT_GT(ticksBefore, 5);
+}
+
+TEST_F(Port, a_flood_that_the_program_is_too_slow_for_stays_with_the_sender) {
+    const Bytes all = Pattern(4U << 20U);
+    std::atomic<bool> sent = false;
+    std::thread sender([&] {
+        EXPECT_TRUE(Cable.Send(all));
+        sent = true;
+    });
+    bool sentEarly = false;
+    Got.reserve(all.size());
+    World().Port.OnByte([&](std::uint8_t byte) {
+        Got.push_back(byte);
+        const std::int64_t until = World().Milliseconds() + 1;
+        while (Got.size() < 300 && World().Milliseconds() < until) {
+        }
+        sentEarly = Got.size() == 300 ? sent.load() : sentEarly;
+    });
+    EXPECT_TRUE(RunUntil([&] { return Got.size() >= all.size(); }));
+    sender.join();
+    EXPECT_FALSE(sentEarly) << "everything was read into memory";
+    EXPECT_TRUE(Got == all);
 }
 
 TEST_F(Port, a_receiver_that_waits_gets_the_bytes_that_came_with_the_first) {

@@ -54,6 +54,22 @@ TEST_F(World_, without_a_front_end_dialogs_are_cancelled_and_nothing_is_opened) 
     EXPECT_FALSE(World().ShellOpen("page", "here"));
 }
 
+TEST_F(World_, the_hourglass_is_the_front_ends_and_does_nothing_without_one) {
+    World().Hourglass(true);
+    World().Hourglass(false);
+    std::vector<bool> shown;
+    auto options = test::OptionsFor(Directory.Path());
+    options.Hourglass = [&shown](bool on) { shown.push_back(on); };
+    QtPlatform platform(std::move(options));
+    platform.World().Hourglass(true);
+    platform.World().Hourglass(false);
+    EXPECT_EQ(shown, (std::vector{true, false}));
+}
+
+TEST_F(World_, there_is_no_device_manager_to_open) {
+    EXPECT_FALSE(World().DeviceManager);
+}
+
 TEST_F(World_, random_fractions_lie_below_1_and_cover_the_range) {
     int lower = 0;
     double least = 1;
