@@ -22,13 +22,19 @@ public:
     Grid& grid() const { return grid_; }
     /// The picture ids of this grid's cells.
     void setPictures(PictureSet set);
-    /// Cells of the column that can be clicked bear this icon of ownIcon.
+    /// Cells of the column look like buttons while their background says that they can be clicked, and those without
+    /// text bear this icon of ownIcon; an empty name: no icon.
     void setActionIcon(int column, const QString& name);
     /// The font size, in points, of cells that show in the view's own font; others are larger or smaller in
     /// proportion.
     void setBaseFontSize(int points);
+    /// Left, but for action cells, which are centred.
+    void setAlignment(int column, Qt::Alignment alignment);
     /// What a screen reader says of cells of the column that hold a picture and no text, by picture id.
     void setPictureText(int column, int picture, const QString& text);
+
+    /// True for a cell that looks like a button; `row` as in the grid.
+    bool isAction(int row, int column) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -40,11 +46,14 @@ private:
     void cellChanged(int row, int column);
     void tellViews();
     QVariant accessibleText(const QModelIndex& index) const;
+    QVariant decoration(const Cell& cell, int row, int column) const;
+    QVariant font(const Cell& cell) const;
 
     Grid& grid_;
     PictureSet pictures_ = PictureSet::None;
     QHash<int, QString> actionIcons_;
     QHash<int, QHash<int, QString>> pictureTexts_;
+    QHash<int, Qt::Alignment> alignments_;
     int baseFontSize_ = 8;
     int rows_ = 0; ///< as the views know it
     int columns_ = 0;

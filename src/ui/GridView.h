@@ -2,6 +2,7 @@
 
 #include "GridModel.h"
 
+#include <QPersistentModelIndex>
 #include <QTableView>
 
 #include <functional>
@@ -40,6 +41,7 @@ public:
     int columnsWidth() const;
 
     QSize sizeHint() const override;
+    void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
     std::function<void(int row, int column)> onClick; ///< mouse, Return or space on a cell
     std::function<void(int key)> onKey;               ///< a key typed on the current cell, as Keys.h codes it
@@ -52,6 +54,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void changeEvent(QEvent* event) override;
@@ -65,8 +68,10 @@ private:
     void placeFrozen();
     void stretchColumns();
     void click(const QModelIndex& index);
-    void moved();
+    /// A click is a press and a release on the same cell.
+    void released(const QMouseEvent& event, const QModelIndex& index);
     int contentWidth(int column) const;
+    int frozenWidth() const;
 
     GridModel* model_;
     QTableView* frozen_;
@@ -74,6 +79,7 @@ private:
     std::vector<int> natural_; ///< measured widths
     int stretch_ = -1;
     int frozenColumns_ = 0;
+    QPersistentModelIndex pressed_; ///< where the mouse button went down
 };
 
 } // namespace qvm::ui

@@ -32,6 +32,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
     /// The model's Visible has changed.
     virtual void showModel();
 
@@ -40,6 +41,7 @@ protected:
 private:
     bool forward(const QKeyEvent& event);
     void showText();
+    void edited(const QString& text);
 };
 
 } // namespace qvm::ui

@@ -1,0 +1,200 @@
+#include "Bind.h"
+
+#include "TextEdge.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QProgressBar>
+#include <QSignalBlocker>
+
+namespace qvm::ui {
+namespace {
+
+template <class Model>
+void watchState(Model& model, QWidget* widget) {
+    watch(model.Visible, widget, [&model, widget] { widget->setVisible(model.Visible); });
+    watch(model.Enabled, widget, [&model, widget] { widget->setEnabled(model.Enabled); });
+}
+
+/// Texts of the catalogue are no mnemonics.
+QString plain(const std::string& text) {
+    return toQt(text).replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
+QStringList entriesOf(const ListBox& model) {
+    QStringList entries;
+    for (const std::string& entry : model.Entries()) {
+        entries += toQt(entry);
+    }
+    return entries;
+}
+
+} // namespace
+
+void nameWidget(QWidget* widget, const QString& name, const QString& accessibleName) {
+    widget->setObjectName(name);
+    if (!accessibleName.isEmpty()) {
+        widget->setAccessibleName(accessibleName);
+    }
+}
+
+void bind(Label& model, QLabel* widget, const QString& name) {
+    nameWidget(widget, name);
+    widget->setTextFormat(Qt::PlainText);
+    watch(model.Text, widget, [&model, widget] {
+        widget->setText(toQt(model.Text()));
+        widget->setAccessibleName(widget->text());
+    });
+    watch(model.ForeColor, widget, [&model, widget] {
+        QPalette palette;
+        if (model.ForeColor != Black) {
+            palette.setColor(QPalette::WindowText, exactColour(model.ForeColor));
+        }
+        widget->setPalette(palette);
+    });
+    watchState(model, widget);
+}
+
+void bind(TextBox& model, QLineEdit* widget, const QString& name) {
+    nameWidget(widget, name);
+    if (model.MaxLength > 0) {
+        widget->setMaxLength(model.MaxLength);
+    }
+    watch(model.Text, widget, [&model, widget] {
+        const QString text = toQt(model.Text());
+        if (widget->text() != text) {
+            const QSignalBlocker quiet(widget);
+            widget->setText(text);
+        }
+    });
+    watch(model.Caret, widget, [&model, widget] { widget->setCursorPosition(model.Caret); });
+    QObject::connect(widget, &QLineEdit::textEdited, widget,
+                     [&model](const QString& text) { model.Text = fromQt(text); });
+    model.SetFocus = [widget] { widget->setFocus(Qt::OtherFocusReason); };
+    QObject::connect(widget, &QObject::destroyed, [&model] { model.SetFocus = {}; });
+    watchState(model, widget);
+}
+
+void bind(Button& model, QAbstractButton* widget, const QString& name, std::function<void()> onClick) {
+    nameWidget(widget, name);
+    watch(model.Text, widget, [&model, widget] {
+        widget->setText(plain(model.Text()));
+        widget->setAccessibleName(toQt(model.Text()));
+    });
+    QObject::connect(widget, &QAbstractButton::clicked, widget, [click = std::move(onClick)] {
+        if (click) {
+            click();
+        }
+    });
+    watchState(model, widget);
+}
+
+void bind(CheckBox& model, QCheckBox* widget, const QString& name, std::function<void(bool)> onClick) {
+    nameWidget(widget, name);
+    watch(model.Text, widget, [&model, widget] {
+        widget->setText(plain(model.Text()));
+        widget->setAccessibleName(toQt(model.Text()));
+    });
+    watch(model.Checked, widget, [&model, widget] { widget->setChecked(model.Checked); });
+    QObject::connect(widget, &QCheckBox::clicked, widget, [&model, widget, click = std::move(onClick)](bool on) {
+        model.Checked = on;
+        if (click) {
+            click(on);
+        }
+        // The handler may have refused.
+        widget->setChecked(model.Checked);
+    });
+    watchState(model, widget);
+}
+
+void bindDisplay(CheckBox& model, QCheckBox* widget, const QString& name) {
+    bind(model, widget, name);
+    widget->setFocusPolicy(Qt::NoFocus);
+    widget->setAttribute(Qt::WA_TransparentForMouseEvents);
+}
+
+void bind(ProgressBar& model, QProgressBar* widget, const QString& name) {
+    nameWidget(widget, name);
+    const auto show = [&model, widget] {
+        widget->setRange(model.Minimum, model.Maximum);
+        // Beyond its range Qt would drop the value instead of holding it at the end.
+        widget->setValue(std::clamp<int>(model.Value, widget->minimum(), widget->maximum()));
+    };
+    watch(model.Minimum, widget, show);
+    watch(model.Maximum, widget, show);
+    watch(model.Value, widget, show);
+    watch(model.Visible, widget, [&model, widget] { widget->setVisible(model.Visible); });
+}
+
+void bind(ListBox& model, QComboBox* widget, const QString& name, std::function<void(int)> onSelect) {
+    nameWidget(widget, name);
+    watch(model.Entries, widget, [&model, widget] {
+        const QSignalBlocker quiet(widget);
+        widget->clear();
+        widget->addItems(entriesOf(model));
+        widget->setCurrentIndex(model.Selected);
+    });
+    watch(model.Selected, widget, [&model, widget] {
+        const QSignalBlocker quiet(widget);
+        widget->setCurrentIndex(model.Selected);
+    });
+    QObject::connect(widget, &QComboBox::activated, widget, [&model, select = std::move(onSelect)](int index) {
+        model.Selected = index;
+        if (select) {
+            select(index);
+        }
+    });
+    watchState(model, widget);
+}
+
+void bind(ListBox& model, QListWidget* widget, const QString& name, std::function<void(int)> onSelect) {
+    nameWidget(widget, name);
+    watch(model.Entries, widget, [&model, widget] {
+        const QSignalBlocker quiet(widget);
+        widget->clear();
+        widget->addItems(entriesOf(model));
+        widget->setCurrentRow(model.Selected);
+    });
+    watch(model.Selected, widget, [&model, widget] {
+        const QSignalBlocker quiet(widget);
+        widget->setCurrentRow(model.Selected);
+    });
+    QObject::connect(widget, &QListWidget::currentRowChanged, widget, [&model, select = std::move(onSelect)](int row) {
+        model.Selected = row;
+        if (select) {
+            select(row);
+        }
+    });
+    watchState(model, widget);
+}
+
+void bind(Picture& model, QLabel* widget, const QString& name, PictureSet set, int size) {
+    nameWidget(widget, name);
+    widget->setFixedSize(size, size);
+    watch(model.Id, widget, [&model, widget, set, size] {
+        const QIcon icon = pictureIcon(set, model.Id);
+        widget->setPixmap(icon.isNull() ? QPixmap() : icon.pixmap(QSize(size, size), widget->devicePixelRatioF()));
+    });
+    watch(model.Visible, widget, [&model, widget] { widget->setVisible(model.Visible); });
+}
+
+void bind(MenuEntry& model, QAction* action, const QString& name, std::function<void()> onClick) {
+    action->setObjectName(name);
+    watch(model.Text, action, [&model, action] {
+        action->setText(plain(model.Text()));
+        action->setVisible(!model.Text().empty());
+    });
+    watch(model.Enabled, action, [&model, action] { action->setEnabled(model.Enabled); });
+    QObject::connect(action, &QAction::triggered, action, [click = std::move(onClick)] {
+        if (click) {
+            click();
+        }
+    });
+}
+
+} // namespace qvm::ui

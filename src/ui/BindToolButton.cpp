@@ -1,0 +1,74 @@
+#include "Bind.h"
+#include "TextEdge.h"
+
+#include <QAction>
+#include <QEvent>
+#include <QKeyEvent>
+#include <QToolBar>
+#include <QToolButton>
+
+#include <cstdlib>
+
+namespace qvm::ui {
+namespace {
+
+/// In two lines of about the same length, cut at a blank.
+QString inTwoLines(const QString& text) {
+    constexpr int Short = 12;
+    if (text.size() <= Short) {
+        return text;
+    }
+    const auto middle = static_cast<int>(text.size() / 2);
+    int best = -1;
+    for (int n = 0; n < static_cast<int>(text.size()); ++n) {
+        if (text[n] == QLatin1Char(' ') && (best < 0 || std::abs(n - middle) < std::abs(best - middle))) {
+            best = n;
+        }
+    }
+    return best < 0 ? text : text.left(best) + QLatin1Char('\n') + text.mid(best + 1);
+}
+
+/// Return presses a tool button as space does.
+class ReturnPresses : public QObject {
+public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::KeyPress) {
+            const int key = static_cast<QKeyEvent*>(event)->key();
+            if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+                static_cast<QToolButton*>(watched)->click();
+                return true;
+            }
+        }
+        return QObject::eventFilter(watched, event);
+    }
+};
+
+} // namespace
+
+QToolButton* addToolButton(ToolButton& model, QToolBar* bar, std::function<void(std::string_view)> onClick) {
+    const QString name = bar->objectName() + QLatin1Char('.') + toQt(model.Key);
+    QAction* action = bar->addAction(toolIcon(model.Key), QString());
+    action->setObjectName(name + QStringLiteral(".Action"));
+    auto* button = static_cast<QToolButton*>(bar->widgetForAction(action));
+    nameWidget(button, name);
+    button->setFocusPolicy(Qt::TabFocus);
+    button->installEventFilter(new ReturnPresses(button));
+    watch(model.Tip, action, [&model, action, button] {
+        const QString tip = toQt(model.Tip());
+        action->setText(inTwoLines(tip).replace(QLatin1Char('&'), QLatin1String("&&")));
+        action->setToolTip(tip);
+        button->setAccessibleName(tip);
+    });
+    watch(model.Enabled, action, [&model, action] { action->setEnabled(model.Enabled); });
+    watch(model.Visible, action, [&model, action] { action->setVisible(model.Visible); });
+    QObject::connect(action, &QAction::triggered, action, [&model, click = std::move(onClick)] {
+        if (click) {
+            click(model.Key);
+        }
+    });
+    return button;
+}
+
+} // namespace qvm::ui

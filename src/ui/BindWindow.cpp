@@ -1,0 +1,99 @@
+#include "Bind.h"
+#include "Geometry.h"
+#include "TextEdge.h"
+
+#include <QEvent>
+#include <QKeyEvent>
+#include <QPointer>
+#include <QWidget>
+
+namespace qvm::ui {
+namespace {
+
+/// Lives as a child of its window and stands between it and the user's wish to close it.
+class WindowBinding : public QObject {
+public:
+    WindowBinding(Window& model, QWidget* window, WindowHandlers handlers, bool remember)
+        : QObject(window), model_(model), window_(window), handlers_(std::move(handlers)), remember_(remember) {
+        window->installEventFilter(this);
+    }
+
+    void showVisible() {
+        if (!model_.Visible) {
+            window_->hide();
+            return;
+        }
+        if (!window_->isVisible() && remember_ && !restored_) {
+            restored_ = true;
+            restoreGeometry(window_, window_->objectName());
+        }
+        window_->show();
+        window_->raise();
+        window_->activateWindow();
+    }
+
+    void showEnabled() {
+        if (!model_.Enabled) {
+            focus_ = window_->focusWidget();
+        }
+        window_->setEnabled(model_.Enabled);
+        if (model_.Enabled && focus_ != nullptr) {
+            focus_->setFocus(Qt::OtherFocusReason);
+        }
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        switch (event->type()) {
+        case QEvent::Close:
+            // The model decides, now or later, whether the window goes.
+            event->ignore();
+            if (model_.Enabled) {
+                call(handlers_.onClose);
+            }
+            return true;
+        case QEvent::KeyPress:
+            if (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape && handlers_.onEscape) {
+                call(handlers_.onEscape);
+                return true;
+            }
+            break;
+        case QEvent::Hide:
+            if (remember_ && !event->spontaneous()) {
+                saveGeometry(window_, window_->objectName());
+            }
+            break;
+        default:
+            break;
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    static void call(const std::function<void()>& handler) {
+        if (handler) {
+            handler();
+        }
+    }
+
+    Window& model_;
+    QWidget* window_;
+    WindowHandlers handlers_;
+    QPointer<QWidget> focus_;
+    bool remember_;
+    bool restored_ = false;
+};
+
+} // namespace
+
+void bind(Window& model, QWidget* widget, const QString& name, WindowHandlers handlers, bool remember) {
+    nameWidget(widget, name);
+    auto* binding = new WindowBinding(model, widget, std::move(handlers), remember);
+    watch(model.Title, widget, [&model, widget] {
+        widget->setWindowTitle(toQt(model.Title()));
+        widget->setAccessibleName(widget->windowTitle());
+    });
+    watch(model.Enabled, widget, [binding] { binding->showEnabled(); });
+    watch(model.Visible, widget, [binding] { binding->showVisible(); });
+}
+
+} // namespace qvm::ui

@@ -1,0 +1,186 @@
+#include "GridModel.h"
+
+#include "TextEdge.h"
+
+#include <QFont>
+#include <QGuiApplication>
+#include <QTimer>
+
+#include <algorithm>
+
+namespace qvm::ui {
+
+GridModel::GridModel(Grid& grid, QObject* parent)
+    : QAbstractTableModel(parent), grid_(grid), rows_(std::max(grid.Rows() - 1, 0)), columns_(grid.Columns()) {
+    grid_.CellChanged = [this](int row, int column) { cellChanged(row, column); };
+}
+
+GridModel::~GridModel() {
+    grid_.CellChanged = {};
+}
+
+void GridModel::setPictures(PictureSet set) {
+    pictures_ = set;
+}
+
+void GridModel::setActionIcon(int column, const QString& name) {
+    actionIcons_[column] = name;
+}
+
+void GridModel::setBaseFontSize(int points) {
+    baseFontSize_ = std::max(points, 1);
+}
+
+void GridModel::setAlignment(int column, Qt::Alignment alignment) {
+    alignments_[column] = alignment;
+}
+
+void GridModel::setPictureText(int column, int picture, const QString& text) {
+    pictureTexts_[column][picture] = text;
+}
+
+int GridModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : rows_;
+}
+
+int GridModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : columns_;
+}
+
+bool GridModel::isAction(int row, int column) const {
+    const CellTone tone = cellTone(grid_.At(row, column).BackColor);
+    return actionIcons_.contains(column) && (tone == CellTone::Action || tone == CellTone::Hover);
+}
+
+QVariant GridModel::data(const QModelIndex& index, int role) const {
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid)) {
+        return {};
+    }
+    const int row = index.row() + 1;
+    const Cell& cell = grid_.At(row, index.column());
+    switch (role) {
+    case Qt::DisplayRole:
+        return toQt(cell.Text);
+    case Qt::DecorationRole:
+        return decoration(cell, row, index.column());
+    case Qt::FontRole:
+        return font(cell);
+    case Qt::TextAlignmentRole:
+        return QVariant::fromValue(alignments_.value(index.column(), isAction(row, index.column())
+                                                                         ? Qt::Alignment(Qt::AlignCenter)
+                                                                         : Qt::AlignLeft | Qt::AlignVCenter));
+    case Qt::AccessibleTextRole:
+        return accessibleText(index);
+    case Qt::ToolTipRole:
+        // What shows only a picture says in words what it is.
+        return cell.Text.empty() ? accessibleText(index) : QVariant();
+    case BackColourRole:
+        return cell.BackColor;
+    case ForeColourRole:
+        return cell.ForeColor;
+    default:
+        return {};
+    }
+}
+
+QVariant GridModel::decoration(const Cell& cell, int row, int column) const {
+    QIcon icon = pictureIcon(pictures_, cell.Picture);
+    if (icon.isNull() && cell.Text.empty() && isAction(row, column) && !actionIcons_.value(column).isEmpty()) {
+        icon = ownIcon(actionIcons_.value(column));
+    }
+    return icon.isNull() ? QVariant() : QVariant::fromValue(icon);
+}
+
+QVariant GridModel::font(const Cell& cell) const {
+    if (!cell.Bold && cell.FontSize == baseFontSize_) {
+        return {};
+    }
+    QFont font = QGuiApplication::font();
+    font.setBold(cell.Bold);
+    font.setPointSizeF(font.pointSizeF() * std::max(cell.FontSize, 1) / baseFontSize_);
+    return font;
+}
+
+QVariant GridModel::accessibleText(const QModelIndex& index) const {
+    const int row = index.row() + 1;
+    const int column = index.column();
+    const Cell& cell = grid_.At(row, column);
+    if (!cell.Text.empty()) {
+        return toQt(cell.Text);
+    }
+    const QString picture = pictureTexts_.value(column).value(cell.Picture);
+    if (!picture.isEmpty()) {
+        return picture;
+    }
+    return isAction(row, column) ? QVariant(toQt(grid_.Text(0, column))) : QVariant();
+}
+
+QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal || section < 0 || section >= columns_) {
+        return {};
+    }
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::AccessibleTextRole:
+        return toQt(grid_.Text(0, section));
+    case Qt::TextAlignmentRole:
+        return QVariant::fromValue(alignments_.value(section, actionIcons_.contains(section)
+                                                                  ? Qt::Alignment(Qt::AlignCenter)
+                                                                  : Qt::AlignLeft | Qt::AlignVCenter));
+    default:
+        return {};
+    }
+}
+
+Qt::ItemFlags GridModel::flags(const QModelIndex& index) const {
+    return index.isValid() ? Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren : Qt::NoItemFlags;
+}
+
+// A window's load writes thousands of cells in one go. The views hear of them once, when the load is over.
+void GridModel::cellChanged(int row, int column) {
+    if (row < 0 || column < 0) {
+        if (rows_ != std::max(grid_.Rows() - 1, 0) || columns_ != grid_.Columns()) {
+            beginResetModel();
+            rows_ = std::max(grid_.Rows() - 1, 0);
+            columns_ = grid_.Columns();
+            endResetModel();
+            return;
+        }
+        firstRow_ = firstColumn_ = 0;
+        lastRow_ = rows_;
+        lastColumn_ = columns_ - 1;
+    } else if (lastRow_ < firstRow_) {
+        firstRow_ = lastRow_ = row;
+        firstColumn_ = lastColumn_ = column;
+    } else {
+        firstRow_ = std::min(firstRow_, row);
+        lastRow_ = std::max(lastRow_, row);
+        firstColumn_ = std::min(firstColumn_, column);
+        lastColumn_ = std::max(lastColumn_, column);
+    }
+    if (!telling_) {
+        telling_ = true;
+        QTimer::singleShot(0, this, [this] { tellViews(); });
+    }
+}
+
+void GridModel::tellViews() {
+    telling_ = false;
+    const int firstRow = firstRow_;
+    const int firstColumn = firstColumn_;
+    const int lastRow = std::min(lastRow_, rows_);
+    const int lastColumn = std::min(lastColumn_, columns_ - 1);
+    firstRow_ = 0;
+    lastRow_ = -1;
+    if (lastRow < firstRow || lastColumn < firstColumn) {
+        return;
+    }
+    if (firstRow == 0) {
+        emit headerDataChanged(Qt::Horizontal, firstColumn, lastColumn);
+    }
+    if (lastRow > 0) {
+        emit dataChanged(index(std::max(firstRow, 1) - 1, firstColumn), index(lastRow - 1, lastColumn));
+    }
+}
+
+} // namespace qvm::ui

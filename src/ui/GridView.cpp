@@ -1,0 +1,301 @@
+#include "GridView.h"
+
+#include "Bind.h"
+#include "GridDelegate.h"
+#include "Keys.h"
+
+#include <QApplication>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QScrollBar>
+
+#include <algorithm>
+
+namespace qvm::ui {
+namespace {
+
+constexpr int SampleRows = 40;       ///< rows whose texts a column's width is taken from
+constexpr int CellPadding = 16;      ///< both sides together
+constexpr double TwipsPerLine = 240; ///< of the width that a row of the view's font is high: 12 points
+constexpr int WidestFactor = 2;      ///< a column grows to this many times its given width
+
+} // namespace
+
+GridView::GridView(Grid& grid, QWidget* parent)
+    : QTableView(parent), model_(new GridModel(grid, this)), frozen_(new QTableView(this)),
+      twips_(static_cast<std::size_t>(grid.Columns()), 1000) {
+    prepare(*this);
+    prepare(*frozen_);
+    setItemDelegate(new GridDelegate(*this, this));
+    frozen_->setItemDelegate(itemDelegate());
+    frozen_->setSelectionModel(selectionModel());
+    frozen_->setFocusPolicy(Qt::NoFocus);
+    frozen_->setFrameShape(QFrame::NoFrame);
+    frozen_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    frozen_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    frozen_->viewport()->installEventFilter(this);
+    frozen_->hide();
+    connect(verticalScrollBar(), &QScrollBar::valueChanged, frozen_->verticalScrollBar(), &QScrollBar::setValue);
+    connect(frozen_->verticalScrollBar(), &QScrollBar::valueChanged, verticalScrollBar(), &QScrollBar::setValue);
+    connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this](int column, int, int width) {
+        frozen_->setColumnWidth(column, width);
+        placeFrozen();
+    });
+    connect(model_, &QAbstractItemModel::headerDataChanged, this, &GridView::fitColumns);
+    watch(grid.Enabled, this, [this] { setEnabled(this->grid().Enabled); });
+    watch(grid.Visible, this, [this] { setVisible(this->grid().Visible); });
+    setCurrentIndex(model_->index(0, 0));
+}
+
+GridView::~GridView() = default;
+
+void GridView::prepare(QTableView& view) {
+    view.setModel(model_);
+    view.setSelectionMode(QAbstractItemView::NoSelection);
+    view.setEditTriggers(QAbstractItemView::NoEditTriggers);
+    view.setTabKeyNavigation(false);
+    view.setShowGrid(false);
+    view.setWordWrap(false);
+    view.setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    view.setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    view.verticalHeader()->hide();
+    view.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    view.horizontalHeader()->setSectionsClickable(false);
+    view.horizontalHeader()->setHighlightSections(false);
+    view.horizontalHeader()->setMinimumSectionSize(8);
+}
+
+void GridView::setColumns(std::vector<int> twips, int stretch) {
+    twips_ = std::move(twips);
+    twips_.resize(static_cast<std::size_t>(model_->columnCount()), 0);
+    stretch_ = stretch;
+    for (int column = 0; column < model_->columnCount(); ++column) {
+        setColumnHidden(column, twips_[static_cast<std::size_t>(column)] == 0);
+    }
+    fitColumns();
+}
+
+void GridView::setFrozenColumns(int count) {
+    frozenColumns_ = count;
+    for (int column = 0; column < model_->columnCount(); ++column) {
+        frozen_->setColumnHidden(column, column >= count || isColumnHidden(column));
+    }
+    frozen_->setVisible(count > 0);
+    placeFrozen();
+}
+
+int GridView::contentWidth(int column) const {
+    const QFontMetrics plain(font());
+    int width = horizontalHeader()->fontMetrics().horizontalAdvance(
+        model_->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString());
+    const int given = qRound(twips_[static_cast<std::size_t>(column)] / TwipsPerLine * plain.lineSpacing());
+    int texts = 0;
+    const int step = std::max(1, model_->rowCount() / SampleRows);
+    for (int row = 0; row < model_->rowCount(); row += step) {
+        const QString text = model_->index(row, column).data(Qt::DisplayRole).toString();
+        texts = std::max(texts, plain.horizontalAdvance(text));
+    }
+    width = std::max(width, std::min(texts, given * WidestFactor)) + CellPadding;
+    return std::max(width, given);
+}
+
+void GridView::fitColumns() {
+    const int rowHeight = QFontMetrics(font()).height() + 12;
+    natural_.assign(static_cast<std::size_t>(model_->columnCount()), 0);
+    for (QTableView* view : {static_cast<QTableView*>(this), frozen_}) {
+        view->verticalHeader()->setDefaultSectionSize(rowHeight);
+        view->horizontalHeader()->setFixedHeight(rowHeight + 2);
+        view->setIconSize(QSize(rowHeight - 8, rowHeight - 8));
+    }
+    for (int column = 0; column < model_->columnCount(); ++column) {
+        if (!isColumnHidden(column)) {
+            natural_[static_cast<std::size_t>(column)] = contentWidth(column);
+        }
+    }
+    stretchColumns();
+    setFrozenColumns(frozenColumns_);
+}
+
+int GridView::columnsWidth() const {
+    int width = 0;
+    for (const int part : natural_) {
+        width += part;
+    }
+    return width + 2 * frameWidth() + verticalScrollBar()->sizeHint().width();
+}
+
+QSize GridView::sizeHint() const {
+    return {columnsWidth(), QTableView::sizeHint().height()};
+}
+
+void GridView::stretchColumns() {
+    int width = 0;
+    for (const int part : natural_) {
+        width += part;
+    }
+    const int left = std::max(0, viewport()->width() - width);
+    for (int column = 0; column < static_cast<int>(natural_.size()); ++column) {
+        const int part = natural_[static_cast<std::size_t>(column)];
+        if (part > 0) {
+            setColumnWidth(column, part + (column == stretch_ ? left : 0));
+        }
+    }
+}
+
+int GridView::frozenWidth() const {
+    int width = 0;
+    for (int column = 0; column < frozenColumns_; ++column) {
+        width += columnWidth(column);
+    }
+    return width;
+}
+
+void GridView::placeFrozen() {
+    frozen_->setGeometry(frameWidth(), frameWidth(), std::min(frozenWidth(), viewport()->width()),
+                         viewport()->height() + horizontalHeader()->height());
+    emit cellsMoved();
+}
+
+void GridView::setCurrentCell(int row, int column) {
+    setCurrentIndex(model_->index(row - 1, column));
+}
+
+QRect GridView::cellRect(int row, int column) const {
+    const QModelIndex index = model_->index(row - 1, column);
+    if (!index.isValid() || isColumnHidden(column)) {
+        return {};
+    }
+    QRect room = viewport()->rect();
+    if (column >= frozenColumns_) {
+        room.setLeft(frozenWidth());
+    }
+    const QRect seen = visualRect(index) & room;
+    return seen.isEmpty() ? QRect() : QRect(viewport()->mapTo(this, seen.topLeft()), seen.size());
+}
+
+bool GridView::cellUnderMouse(int& row, int& column) const {
+    const QPoint at = viewport()->mapFromGlobal(QCursor::pos());
+    if (!isVisible() || !isEnabled() || !viewport()->rect().contains(at)) {
+        return false;
+    }
+    const bool overFrozen = at.x() < frozenWidth();
+    const QModelIndex index = overFrozen ? frozen_->indexAt(at) : indexAt(at);
+    row = index.isValid() ? index.row() + 1 : -1;
+    column = index.isValid() ? index.column() : -1;
+    return true;
+}
+
+void GridView::scrollTo(const QModelIndex& index, ScrollHint hint) {
+    if (!index.isValid()) {
+        return;
+    }
+    const int across = horizontalScrollBar()->value();
+    QTableView::scrollTo(index, hint);
+    if (index.column() < frozenColumns_) {
+        horizontalScrollBar()->setValue(across);
+        return;
+    }
+    // What lies under the frozen columns counts as out of sight.
+    const int hidden = frozenWidth() - visualRect(index).left();
+    if (hidden > 0) {
+        horizontalScrollBar()->setValue(horizontalScrollBar()->value() - hidden);
+    }
+}
+
+void GridView::click(const QModelIndex& index) {
+    if (index.isValid() && onClick) {
+        onClick(index.row() + 1, index.column());
+    }
+}
+
+void GridView::keyPressEvent(QKeyEvent* event) {
+    const int code = keyCode(*event);
+    const bool press = code == Key::Enter || event->key() == Qt::Key_Space || event->key() == Qt::Key_Select;
+    if (press && event->modifiers().testAnyFlags(Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) {
+        event->ignore();
+    } else if (press && onClick) {
+        click(currentIndex());
+    } else if (code != 0 && code != Key::Tab && code != Key::Escape && onKey) {
+        onKey(code);
+    } else if (code == Key::Escape || (code >= ' ' && code != Key::Delete)) {
+        event->ignore();
+    } else {
+        QTableView::keyPressEvent(event);
+    }
+}
+
+void GridView::mousePressEvent(QMouseEvent* event) {
+    pressed_ = indexAt(event->position().toPoint());
+    QTableView::mousePressEvent(event);
+}
+
+void GridView::mouseReleaseEvent(QMouseEvent* event) {
+    QTableView::mouseReleaseEvent(event);
+    released(*event, indexAt(event->position().toPoint()));
+}
+
+void GridView::released(const QMouseEvent& event, const QModelIndex& index) {
+    const bool same = index.isValid() && pressed_ == index;
+    pressed_ = QModelIndex();
+    if (event.button() == Qt::LeftButton && same) {
+        click(index);
+    }
+}
+
+bool GridView::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == frozen_->viewport() && isEnabled()) {
+        if (event->type() == QEvent::MouseButtonPress) {
+            setFocus(Qt::MouseFocusReason);
+            pressed_ = frozen_->indexAt(static_cast<QMouseEvent*>(event)->position().toPoint());
+        } else if (event->type() == QEvent::MouseButtonRelease) {
+            const auto* mouse = static_cast<QMouseEvent*>(event);
+            released(*mouse, frozen_->indexAt(mouse->position().toPoint()));
+        }
+    }
+    return QTableView::eventFilter(watched, event);
+}
+
+void GridView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QTableView::currentChanged(current, previous);
+    if (current.isValid()) {
+        grid().Row = current.row() + 1;
+        grid().Column = current.column();
+    }
+    frozen_->viewport()->update();
+    viewport()->update();
+}
+
+void GridView::resizeEvent(QResizeEvent* event) {
+    QTableView::resizeEvent(event);
+    stretchColumns();
+    placeFrozen();
+}
+
+void GridView::scrollContentsBy(int dx, int dy) {
+    QTableView::scrollContentsBy(dx, dy);
+    emit cellsMoved();
+}
+
+void GridView::changeEvent(QEvent* event) {
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+        fitColumns();
+    }
+}
+
+void GridView::focusInEvent(QFocusEvent* event) {
+    QTableView::focusInEvent(event);
+    frozen_->viewport()->update();
+}
+
+void GridView::focusOutEvent(QFocusEvent* event) {
+    QTableView::focusOutEvent(event);
+    frozen_->viewport()->update();
+}
+
+void GridView::showEvent(QShowEvent* event) {
+    fitColumns();
+    QTableView::showEvent(event);
+}
+
+} // namespace qvm::ui

@@ -1,0 +1,118 @@
+#include "KeyEdit.h"
+
+#include "Bind.h"
+#include "Keys.h"
+#include "TextEdge.h"
+
+#include <QContextMenuEvent>
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QSignalBlocker>
+
+namespace qvm::ui {
+
+KeyEdit::KeyEdit(TextBox& model, const QString& name, QWidget* parent) : QLineEdit(parent), model_(model) {
+    nameWidget(this, name);
+    setAcceptDrops(false);
+    watch(model.Text, this, [this] { showText(); });
+    watch(model.Caret, this, [this] { showText(); });
+    watch(model.Visible, this, [this] { showModel(); });
+    watch(model.Enabled, this, [this] { setEnabled(model_.Enabled); });
+    model.SetFocus = [this] { setFocus(Qt::OtherFocusReason); };
+    connect(this, &QObject::destroyed, [&model] { model.SetFocus = {}; });
+    connect(this, &QLineEdit::textEdited, this, &KeyEdit::edited);
+}
+
+KeyEdit::~KeyEdit() = default;
+
+void KeyEdit::showModel() {
+    setVisible(model_.Visible);
+}
+
+void KeyEdit::showText() {
+    const QString wanted = toQt(model_.Text());
+    if (text() != wanted) {
+        const QSignalBlocker quiet(this);
+        setMaxLength(model_.MaxLength > 0 ? model_.MaxLength : 32767);
+        setText(wanted);
+        update();
+    }
+    // A line that edits itself keeps its own caret.
+    if (!onText) {
+        setCursorPosition(model_.Caret);
+    }
+}
+
+void KeyEdit::edited(const QString& text) {
+    if (onText) {
+        model_.Text = fromQt(text);
+        onText(model_.Text());
+    }
+    showText();
+}
+
+bool KeyEdit::forward(const QKeyEvent& event) {
+    const int code = keyCode(event);
+    const bool tab = code == Key::Tab;
+    const bool escape = code == Key::Escape;
+    if (code == 0 || !onKey || (tab && !takesTab) || (escape && !takesEscape)) {
+        return false;
+    }
+    if (onText && !tab && !escape && code != Key::Enter) {
+        return false;
+    }
+    onKey(code);
+    return true;
+}
+
+bool KeyEdit::event(QEvent* event) {
+    // Tab would move the focus before it reaches keyPressEvent.
+    if (event->type() == QEvent::KeyPress && takesTab) {
+        const auto& key = static_cast<QKeyEvent&>(*event);
+        if (keyCode(key) == Key::Tab && forward(key)) {
+            event->accept();
+            return true;
+        }
+    }
+    // The handler decides what the text becomes: nothing may be pasted past it.
+    if (event->type() == QEvent::MouseButtonRelease && !onText &&
+        static_cast<QMouseEvent*>(event)->button() == Qt::MiddleButton) {
+        return true;
+    }
+    return QLineEdit::event(event);
+}
+
+void KeyEdit::keyPressEvent(QKeyEvent* event) {
+    if (forward(*event)) {
+        event->accept();
+    } else if (onText && event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter &&
+               event->key() != Qt::Key_Escape) {
+        QLineEdit::keyPressEvent(event);
+    } else {
+        event->ignore();
+    }
+}
+
+void KeyEdit::inputMethodEvent(QInputMethodEvent* event) {
+    if (onText) {
+        QLineEdit::inputMethodEvent(event);
+    }
+}
+
+void KeyEdit::focusOutEvent(QFocusEvent* event) {
+    QLineEdit::focusOutEvent(event);
+    // Another program or a menu in front is no end of the editing.
+    if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason && model_.Visible &&
+        onLostFocus) {
+        onLostFocus();
+    }
+}
+
+void KeyEdit::contextMenuEvent(QContextMenuEvent* event) {
+    if (onText) {
+        QLineEdit::contextMenuEvent(event);
+    }
+}
+
+} // namespace qvm::ui

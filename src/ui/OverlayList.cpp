@@ -1,0 +1,88 @@
+#include "OverlayList.h"
+
+#include "Bind.h"
+#include "TextEdge.h"
+
+#include <QKeyEvent>
+
+#include <algorithm>
+
+namespace qvm::ui {
+namespace {
+
+constexpr int MostRows = 10; ///< shown without scrolling
+
+} // namespace
+
+OverlayList::OverlayList(ListBox& model, GridView& view, const QString& name)
+    : QListWidget(&view), model_(model), view_(view) {
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setUniformItemSizes(true);
+    bind(model, this, name);
+    watch(model.Visible, this, [this] { showModel(); });
+    connect(&view, &GridView::cellsMoved, this, &OverlayList::place);
+    connect(this, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) { choose(row(item)); });
+}
+
+void OverlayList::place() {
+    const QRect cell = view_.cellRect(view_.grid().Row, view_.grid().Column);
+    if (!model_.Visible || cell.isEmpty()) {
+        return;
+    }
+    const int rows = std::clamp(count(), 1, MostRows);
+    const int height = rows * std::max(sizeHintForRow(0), fontMetrics().height()) + 2 * frameWidth();
+    const int width = std::max(cell.width(), sizeHintForColumn(0) + 2 * frameWidth() + 24);
+    const QRect room = view_.rect();
+    const bool below = cell.bottom() + height <= room.bottom() || cell.top() - height < room.top();
+    const int left = std::clamp(cell.left(), room.left(), std::max(room.left(), room.right() - width));
+    setGeometry(left, below ? cell.bottom() + 1 : cell.top() - height, width, height);
+}
+
+void OverlayList::showModel() {
+    if (!model_.Visible) {
+        const bool focused = hasFocus();
+        hide();
+        if (focused) {
+            view_.setFocus(Qt::OtherFocusReason);
+        }
+        return;
+    }
+    view_.setCurrentCell(view_.grid().Row, view_.grid().Column);
+    setAccessibleName(view_.gridModel().headerData(view_.grid().Column, Qt::Horizontal, Qt::DisplayRole).toString());
+    place();
+    show();
+    raise();
+    setFocus(Qt::OtherFocusReason);
+}
+
+void OverlayList::choose(int index) {
+    if (index < 0) {
+        return;
+    }
+    model_.Selected = index;
+    if (onChoose) {
+        onChoose(index);
+    }
+}
+
+void OverlayList::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape) {
+        if (onCancel) {
+            onCancel();
+        }
+    } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        choose(currentRow());
+    } else {
+        QListWidget::keyPressEvent(event);
+    }
+}
+
+void OverlayList::focusOutEvent(QFocusEvent* event) {
+    QListWidget::focusOutEvent(event);
+    if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason && model_.Visible &&
+        onCancel) {
+        onCancel();
+    }
+}
+
+} // namespace qvm::ui

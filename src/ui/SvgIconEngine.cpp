@@ -1,0 +1,77 @@
+#include "SvgIconEngine.h"
+
+#include <QFile>
+#include <QGuiApplication>
+#include <QPainter>
+#include <QPalette>
+#include <QPixmapCache>
+#include <QSvgRenderer>
+
+namespace qvm::ui {
+namespace {
+
+constexpr qreal DisabledOpacity = 0.38;
+
+QColor inkOf(QIcon::Mode mode) {
+    return QGuiApplication::palette().color(QPalette::Active,
+                                            mode == QIcon::Selected ? QPalette::HighlightedText : QPalette::WindowText);
+}
+
+} // namespace
+
+SvgIconEngine::SvgIconEngine(const QString& path) : path_(path) {}
+
+void SvgIconEngine::paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) {
+    QFile file(path_);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return;
+    }
+    QSvgRenderer renderer(file.readAll().replace("#000000", inkOf(mode).name().toLatin1()));
+    renderer.setAspectRatioMode(Qt::KeepAspectRatio);
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    if (mode == QIcon::Disabled) {
+        painter->setOpacity(painter->opacity() * DisabledOpacity);
+    }
+    renderer.render(painter, QRectF(rect));
+    painter->restore();
+}
+
+QPixmap SvgIconEngine::pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) {
+    const QString key = QStringLiteral("qvm:%1:%2x%3:%4:%5")
+                            .arg(path_)
+                            .arg(size.width())
+                            .arg(size.height())
+                            .arg(static_cast<int>(mode))
+                            .arg(inkOf(mode).name());
+    QPixmap drawn;
+    if (!QPixmapCache::find(key, &drawn)) {
+        drawn = QPixmap(size);
+        drawn.fill(Qt::transparent);
+        QPainter painter(&drawn);
+        paint(&painter, QRect(QPoint(), size), mode, state);
+        painter.end();
+        QPixmapCache::insert(key, drawn);
+    }
+    return drawn;
+}
+
+QPixmap SvgIconEngine::scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::State state, qreal scale) {
+    QPixmap drawn = pixmap(size, mode, state);
+    drawn.setDevicePixelRatio(scale);
+    return drawn;
+}
+
+QIconEngine* SvgIconEngine::clone() const {
+    return new SvgIconEngine(path_);
+}
+
+QString SvgIconEngine::key() const {
+    return QStringLiteral("qvm");
+}
+
+bool SvgIconEngine::isNull() {
+    return !QFile::exists(path_);
+}
+
+} // namespace qvm::ui

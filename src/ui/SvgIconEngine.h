@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QByteArray>
+#include <QIconEngine>
+
+namespace qvm::ui {
+
+/// Paints one of the program's line drawings. Black in the drawing stands for the palette's text colour, every other
+/// colour is exact.
+class SvgIconEngine : public QIconEngine {
+public:
+    /// `path` of the drawing, a resource as a rule.
+    explicit SvgIconEngine(const QString& path);
+
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override;
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override;
+    QPixmap scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::State state, qreal scale) override;
+    QIconEngine* clone() const override;
+    QString key() const override;
+    bool isNull() override;
+
+private:
+    QString path_;
+};
+
+} // namespace qvm::ui

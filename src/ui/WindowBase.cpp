@@ -1,0 +1,61 @@
+#include "WindowBase.h"
+
+#include "Theme.h"
+
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+namespace qvm::ui {
+namespace {
+
+constexpr int ToolIconSize = 32;
+
+} // namespace
+
+WindowBase::WindowBase(Window& model, const QString& name, Qt::WindowFlags flags, QWidget* parent)
+    : QWidget(parent, flags), model_(model), outer_(new QVBoxLayout(this)), content_(new QVBoxLayout) {
+    setObjectName(name);
+    setWindowIcon(programIcon());
+    outer_->setContentsMargins(0, 0, 0, 0);
+    outer_->setSpacing(0);
+    outer_->addLayout(content_);
+    content_->setContentsMargins(12, 12, 12, 12);
+    content_->setSpacing(10);
+}
+
+QToolBar* WindowBase::addToolBar() {
+    auto* bar = new QToolBar(this);
+    bar->setObjectName(objectName() + QStringLiteral(".Toolbar1"));
+    bar->setIconSize(QSize(ToolIconSize, ToolIconSize));
+    bar->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    bar->setContextMenuPolicy(Qt::PreventContextMenu);
+    outer_->insertWidget(0, bar);
+    return bar;
+}
+
+void WindowBase::setDefaultButton(QPushButton* button) {
+    default_ = button;
+    button->setDefault(true);
+}
+
+void WindowBase::finish(WindowHandlers handlers, bool remember) {
+    bind(model_, this, objectName(), std::move(handlers), remember);
+}
+
+void WindowBase::keyPressEvent(QKeyEvent* event) {
+    const bool press = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!press) {
+        QWidget::keyPressEvent(event);
+        return;
+    }
+    // Outside a QDialog a focused button does not hear Return by itself.
+    auto* focused = qobject_cast<QPushButton*>(focusWidget());
+    QPushButton* button = focused != nullptr ? focused : default_;
+    if (button != nullptr && button->isEnabled() && button->isVisible()) {
+        button->click();
+    }
+}
+
+} // namespace qvm::ui
