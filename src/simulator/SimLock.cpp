@@ -1,5 +1,6 @@
 #include "SimLock.h"
 
+#include "SimAnswers.h"
 #include "SimFrame.h"
 #include "SimLockData.h"
 #include "SimRanges.h"
@@ -22,11 +23,7 @@ struct Turn {
 
     std::uint8_t Code() const { return Frame[2]; }
     DeviceReply Plain() const { return {.Bytes = Acknowledge(Code(), Lock.Serial)}; }
-    DeviceReply WithStatus(std::uint8_t status) const {
-        DeviceReply reply{.Bytes = Acknowledge(Code(), Lock.Serial, 14)};
-        reply.Bytes[14] = status;
-        return reply;
-    }
+    DeviceReply WithStatus(std::uint8_t status) const { return StatusReply(Code(), Lock.Serial, status); }
 };
 
 DeviceReply TakeLogin(Turn& turn) {
@@ -35,9 +32,7 @@ DeviceReply TakeLogin(Turn& turn) {
         turn.Findings.Note(Wrong::Order, turn.Code(),
                            std::string{"login inside a session, behind "} + StepName(session.Last));
     }
-    const bool rightCode = std::equal(turn.Lock.AdminCode.begin(), turn.Lock.AdminCode.end(), turn.Frame.begin() + 14);
-    const std::uint8_t byCode = rightCode ? StatusAccepted : StatusWrongCode;
-    const std::uint8_t status = turn.Lock.LoginStatus == 0 ? byCode : turn.Lock.LoginStatus;
+    const std::uint8_t status = LoginStatus(turn.Lock.LoginStatus, turn.Lock.AdminCode, turn.Frame);
     const std::int64_t busyUntil = session.BusyUntil;
     session = LockSession{};
     session.BusyUntil = busyUntil;
@@ -114,22 +109,11 @@ DeviceReply TakeCodeChange(Turn& turn) {
 
 DeviceReply TakeChannel(Turn& turn, Step step) {
     LockSession& session = turn.Session;
-    const std::uint8_t channel = turn.Frame[14];
     if (step == Step::ChannelRead) {
-        session.ChannelAsked = channel;
+        session.ChannelAsked = turn.Frame[14];
         return turn.Plain();
     }
-    if (channel != session.ChannelAsked) {
-        turn.Findings.Note(Wrong::Range, turn.Code(), "another channel than asked for before");
-    }
-    if (step == Step::ChannelAct) { // nothing comes back for it
-        return {};
-    }
-    DeviceReply reply = turn.Plain();
-    if (channel < 12) {
-        turn.Lock.Channel = reply.NewChannel = channel + 1;
-    }
-    return reply;
+    return ChannelReply(step, turn.Frame, turn.Lock.Serial, session.ChannelAsked, turn.Lock.Channel, turn.Findings);
 }
 
 DeviceReply TakeUserBegin(Turn& turn) {

@@ -1,5 +1,6 @@
 #include "SimUnit.h"
 
+#include "SimAnswers.h"
 #include "SimFrame.h"
 
 #include <algorithm>
@@ -22,9 +23,7 @@ struct Turn {
     std::uint8_t Code() const { return Frame[2]; }
     DeviceReply Plain() const { return {.Bytes = Acknowledge(Code(), Unit.Serial)}; }
     DeviceReply WithStatus(std::uint8_t code, std::uint8_t status) const {
-        DeviceReply reply{.Bytes = Acknowledge(code, Unit.Serial, 14)};
-        reply.Bytes[14] = status;
-        return reply;
+        return StatusReply(code, Unit.Serial, status);
     }
     std::uint16_t WordAt(std::size_t index) const {
         return static_cast<std::uint16_t>((Frame[index] << 8) | Frame[index + 1]);
@@ -37,34 +36,21 @@ DeviceReply TakeLogin(Turn& turn) {
     if (turn.Code() == 0x04 && turn.Frame[1] != 0x12) {
         turn.Findings.Note(Wrong::Length, turn.Code(), "a unit is logged into with the short telegram");
     }
-    const bool rightCode = std::equal(unit.AdminCode.begin(), unit.AdminCode.end(), turn.Frame.begin() + 14);
-    const std::uint8_t byCode = rightCode ? StatusAccepted : StatusWrongCode;
-    const std::uint8_t status = unit.LoginStatus == 0 ? byCode : unit.LoginStatus;
+    const std::uint8_t status = LoginStatus(unit.LoginStatus, unit.AdminCode, turn.Frame);
     turn.Session.Open = status == StatusAccepted;
     return turn.WithStatus(0x04, status);
 }
 
 DeviceReply TakeChannel(Turn& turn, Step step) {
     UnitSession& session = turn.Session;
-    const std::uint8_t channel = turn.Frame[14];
     if (step == Step::ChannelRead) {
         const bool wasOpen = session.Open;
         session = UnitSession{};
         session.Open = wasOpen;
-        session.ChannelAsked = channel;
+        session.ChannelAsked = turn.Frame[14];
         return turn.Plain();
     }
-    if (channel != session.ChannelAsked) {
-        turn.Findings.Note(Wrong::Range, turn.Code(), "another channel than asked for before");
-    }
-    if (step == Step::ChannelAct) { // nothing comes back for it
-        return {};
-    }
-    DeviceReply reply = turn.Plain();
-    if (channel < 12) {
-        turn.Unit.Channel = reply.NewChannel = channel + 1;
-    }
-    return reply;
+    return ChannelReply(step, turn.Frame, turn.Unit.Serial, session.ChannelAsked, turn.Unit.Channel, turn.Findings);
 }
 
 DeviceReply TakeErase(Turn& turn) {
