@@ -1,4 +1,5 @@
 #include "Antwort_Verteilen.h"
+#include "Laufbedingungen.h"
 #include "SeriellesProtokoll.h"
 
 namespace qvm {
@@ -11,16 +12,8 @@ bool Zuletzt(const Link& l, std::uint8_t code) {
 bool Grund(const Link& l, std::uint8_t reason) {
     return l.RxByte(3) == reason;
 }
-bool Blocktransfer(const Link& l) {
-    return l.Lauf.UnitModus == 0xFD;
-}
-bool Unit_Oeffnung(const Link& l) {
-    return l.Lauf.UnitModus == 0xFA;
-}
-bool Unit_Sitzung(const Link& l) {
-    return l.Lauf.LaufZiel == "UNIT";
-}
-bool Suche(const Link& l) {
+/// A lock is searched, or the unit that a window asked for.
+bool Kanal_Suche(const Link& l) {
     return l.Lauf.KanalSuche != 0 || l.Lauf.LaufZiel == "F20";
 }
 
@@ -53,7 +46,7 @@ constexpr ReplyRow Refusals[] = {
      [](Link& l) { Rufen(l.Hooks.Unit_Kanal_Leer); }},
     {0x69, "units are searched by logins", [](const Link& l) { return l.Lauf.SuchLauf != 0; },
      [](Link& l) { Rufen(l.Hooks.Suchlauf_Schritt); }},
-    {0x69, "no contact, channel search", [](const Link& l) { return Grund(l, 0x64) && Suche(l); },
+    {0x69, "no contact, channel search", [](const Link& l) { return Grund(l, 0x64) && Kanal_Suche(l); },
      [](Link& l) { Rufen(l.Hooks.Kanal_Weiter); }},
     {0x69, "no contact, unit session", [](const Link& l) { return Grund(l, 0x64) && Unit_Sitzung(l); },
      [](Link& l) { Rufen(l.Hooks.Unit_Kein_Kontakt); }},

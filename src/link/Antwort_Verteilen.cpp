@@ -1,5 +1,6 @@
 #include "Antwort_Verteilen.h"
 
+#include "Laufbedingungen.h"
 #include "SeriellesProtokoll.h"
 
 #include <algorithm>
@@ -39,17 +40,8 @@ int Systemkanal(const Link& link) {
 bool Code_Erwartet(const Link& l) {
     return l.Lauf.CodeChangePending == CodePending;
 }
-bool Blocktransfer(const Link& l) {
-    return l.Lauf.UnitModus == 0xFD;
-}
-bool Unit_Oeffnung(const Link& l) {
-    return l.Lauf.UnitModus == 0xFA;
-}
 bool Unit_Angenommen(const Link& l) {
-    return l.Lauf.LaufZiel == "UNIT" && Anmeldung_Angenommen(l);
-}
-bool Unit_Sitzung(const Link& l) {
-    return l.Lauf.LaufZiel == "UNIT";
+    return Unit_Sitzung(l) && Anmeldung_Angenommen(l);
 }
 bool Kanalwechsel(const Link& l) {
     return l.Lauf.LaufZiel == "F22";
