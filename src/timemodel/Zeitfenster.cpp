@@ -5,8 +5,7 @@
 #include "Text.h"
 #include "TimeRecords.h"
 #include "Wochentage.h"
-
-#include <algorithm>
+#include "Zeit.h"
 
 namespace qvm {
 
@@ -28,25 +27,6 @@ void Abschalten(const Kern& kern, Grid& grid, int row) {
     grid.SetText(row, Col::Day, Wochentag_Text(kern, 0));
     grid.SetText(row, Col::From, Midnight);
     grid.SetText(row, Col::To, Midnight);
-}
-
-bool Nur_Ziffern(std::string_view text) {
-    return !text.empty() && text.size() <= 2 &&
-           std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
-}
-
-/// Minutes since midnight; -1 for a text that is no time of day.
-int Minuten(std::string_view text) {
-    const std::string_view time = Trim(text);
-    const std::size_t colon = time.find(':');
-    if (colon == std::string_view::npos) {
-        return -1;
-    }
-    const std::string_view hours = time.substr(0, colon), minutes = time.substr(colon + 1);
-    if (!Nur_Ziffern(hours) || !Nur_Ziffern(minutes) || Zahlwert(hours) > 23 || Zahlwert(minutes) > 59) {
-        return -1;
-    }
-    return Zahlwert(hours) * 60 + Zahlwert(minutes);
 }
 
 } // namespace
@@ -99,11 +79,11 @@ void Zeitfenster_Normalisieren(const Kern& kern, Grid& grid) {
 }
 
 SlotEnde Zeitfenster_EndePruefen(std::string_view from, std::string_view to) {
-    const int start = Minuten(from), end = Minuten(to);
-    if (start < 0 || end < 0) {
+    const auto start = Uhrzeit_Lesen(Trim(from)), end = Uhrzeit_Lesen(Trim(to));
+    if (!start || !end) {
         return SlotEnde::Unlesbar;
     }
-    return end < start ? SlotEnde::Verkehrt : SlotEnde::Gut;
+    return *end < *start ? SlotEnde::Verkehrt : SlotEnde::Gut;
 }
 
 } // namespace qvm
