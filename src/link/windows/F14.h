@@ -2,7 +2,9 @@
 
 #include "Controls.h"
 #include "Kern.h"
+#include "Text.h"
 
+#include <array>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -16,6 +18,7 @@ struct F14 {
     Kern& kern;
     Window Fenster;
     ListBox Combo1; ///< the twelve channels
+    std::array<ToolButton, 2> Toolbar1{{{.Key = u8"Zurück"_w, .Number = 1}, {.Key = "Speichern", .Number = 3}}};
     bool Dirty = false;
 
     std::function<void()> Zurueck; ///< back to the main window

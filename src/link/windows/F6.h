@@ -4,7 +4,9 @@
 #include "Controls.h"
 #include "Grid.h"
 #include "Link.h"
+#include "Text.h"
 
+#include <array>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -40,6 +42,7 @@ struct F6 {
     Grid FGK6{22, F6Column::Count}; ///< hidden in manual mode
     TextBox Text3;                  ///< editor over a cell of the name column
     MenuEntry F6_MSGM;              ///< device manager; its text is empty where there is none
+    std::array<ToolButton, 2> Toolbar1{{{.Key = u8"Zurück"_w, .Number = 1}, {.Key = "Speichern", .Number = 3}}};
 
     std::function<void()> Port_Eingerichtet; ///< the port was made ready anew: light and supervision follow
     std::function<void()> Zurueck;           ///< back to the main window
