@@ -22,9 +22,10 @@ namespace {
 constexpr auto BytesThere = QEvent::User;
 constexpr auto CloseBroken = static_cast<QEvent::Type>(QEvent::User + 1);
 
-/// Bytes that QSerialPort reads ahead, and about as many wait in the queue. Further ones stay with the system.
-constexpr qint64 MostUnread = 65536;
-constexpr std::size_t MostQueued = 65536;
+/// Bytes that QSerialPort reads ahead, and about as many wait in the queue: two seconds of the line each. Further ones
+/// stay with the system.
+constexpr qint64 MostUnread = 4096;
+constexpr std::size_t MostQueued = 4096;
 /// How long one event hands out bytes. Far under what a person notices; at the speed of a real line an event never has
 /// that much to do.
 constexpr std::chrono::milliseconds LongestTurn(4);

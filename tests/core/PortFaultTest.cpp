@@ -1,6 +1,7 @@
 #include "PortFault.h"
 
 #include "Kern.h"
+#include "TextSlots.h"
 #include "VirtualPlatform.h"
 
 #include <fstream>
