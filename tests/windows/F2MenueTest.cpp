@@ -1,0 +1,195 @@
+// The menus of the main window, the manual, and the words.
+
+#include "F2Fixture.h"
+#include "Text.h"
+#include "TextSlots.h"
+
+#include <fstream>
+#include <iterator>
+
+namespace qvm::test {
+namespace {
+
+struct MenuRow {
+    const char* Opens;
+    void (F2::*Click)();
+    MenuEntry F2::*Entry;
+    std::function<void()> F2Hooks::*Hook;
+    bool StopsTimer;
+    bool StaysVisible, StaysEnabled;
+};
+
+void PrintTo(const MenuRow& row, std::ostream* out) {
+    *out << row.Opens;
+}
+
+constexpr MenuRow Rows[] = {
+    {"F6", &F2::F2_Schnittstelle_Click, &F2::F2_Schnittstelle, &F2Hooks::F6_Oeffnen, true, true, false},
+    {"F15", &F2::F2_Sprache_Click, &F2::F2_Sprache, &F2Hooks::F15_Oeffnen, false, true, true},
+    {"F1", &F2::F2_Version_Click, &F2::F2_Version, &F2Hooks::F1_Oeffnen, false, true, true},
+    {"F3", &F2::F2_Einzel_Click, &F2::F2_Einzel, &F2Hooks::F3_Oeffnen, false, false, true},
+    {"F10", &F2::F2_Perm_Click, &F2::F2_Perm, &F2Hooks::F10_Oeffnen, false, false, true},
+    {"F4", &F2::F2_PersonB_Click, &F2::F2_PersonB, &F2Hooks::F4_Oeffnen, false, false, true},
+    {"F41", &F2::F2_SchlossB_Click, &F2::F2_SchlossB, &F2Hooks::F41_Oeffnen, true, false, true},
+    {"F42", &F2::F2_Gasttimer_Click, &F2::F2_Gasttimer, &F2Hooks::F42_Oeffnen, true, false, true},
+};
+
+struct F2_Menue : F2Fixture, ::testing::WithParamInterface<MenuRow> {};
+
+TEST_P(F2_Menue, opens_its_window_with_an_adapter_and_without) {
+    for (const bool connected : {true, false}) {
+        programm.reset();
+        Opened.clear();
+        AdapterAnswers = connected;
+        Open();
+        NoteWindows();
+        ASSERT_TRUE(ScanEnds());
+        (Main().*GetParam().Click)();
+        EXPECT_THAT(Opened, ElementsAre(GetParam().Opens));
+        EXPECT_EQ(Main().Timer2.Running(), !GetParam().StopsTimer);
+        EXPECT_EQ(Main().Fenster.Visible, GetParam().StaysVisible);
+        EXPECT_EQ(Main().Fenster.Enabled, GetParam().StaysEnabled);
+        Main().F2_Zeigen();
+        EXPECT_TRUE(Main().Fenster.Visible);
+        EXPECT_TRUE(Main().Fenster.Enabled);
+        EXPECT_TRUE(Main().Timer2.Running());
+        EXPECT_EQ(Main().Timer2.Interval(), 40000);
+    }
+}
+
+TEST_P(F2_Menue, stands_disabled_and_does_nothing_while_its_window_does_not_exist) {
+    Connect();
+    NoteWindows();
+    Main().Hooks.*GetParam().Hook = nullptr;
+    Main().Tasten_Freigeben();
+    EXPECT_FALSE((Main().*GetParam().Entry).Enabled);
+    (Main().*GetParam().Click)();
+    EXPECT_THAT(Opened, IsEmpty());
+    EXPECT_TRUE(Main().Timer2.Running());
+    EXPECT_TRUE(Main().Fenster.Visible);
+    EXPECT_TRUE(Main().Fenster.Enabled);
+    NoteWindows();
+    Main().Tasten_Freigeben();
+    EXPECT_TRUE((Main().*GetParam().Entry).Enabled);
+}
+
+INSTANTIATE_TEST_SUITE_P(Entries, F2_Menue, ::testing::ValuesIn(Rows),
+                         [](const auto& test) { return std::string(test.param.Opens); });
+
+struct F2_Menues : F2Fixture {};
+
+TEST_F(F2_Menues, ende_shuts_down) {
+    Connect();
+    NoteWindows();
+    Main().F2_Ende_Click();
+    EXPECT_THAT(Opened, ElementsAre("end"));
+    EXPECT_TRUE(Main().F2_Ende.Enabled);
+    EXPECT_TRUE(Main().F2_Help.Enabled);
+    EXPECT_TRUE(Main().F2_Datei.Enabled);
+}
+
+// ---- manual
+
+TEST_F(F2_Menues, hilfe_opens_the_manual_of_the_language_and_of_any_other_the_german_one) {
+    Open();
+    for (const char* code : {"de", "en", "fr", "nl"}) {
+        world.Disk.Files["/q/QVM_System_" + std::string(code) + ".pdf"] = "%PDF";
+    }
+    std::string directory;
+    world.World.ShellOpen = [&](const std::string& target, const std::string& in) {
+        world.ShellOpened.push_back(target);
+        directory = in;
+        return true;
+    };
+    for (const char* language : {"Deutsch", "English", "Francais", "Nederlands", "Svenska", "English "}) {
+        programm->kern.Config.Sprache = language;
+        Main().F2_Help_Click();
+    }
+    EXPECT_THAT(world.ShellOpened, ElementsAre("/q/QVM_System_de.pdf", "/q/QVM_System_en.pdf", "/q/QVM_System_fr.pdf",
+                                               "/q/QVM_System_nl.pdf", "/q/QVM_System_de.pdf", "/q/QVM_System_en.pdf"));
+    EXPECT_EQ(directory, "/q/");
+}
+
+TEST_F(F2_Menues, hilfe_names_a_manual_that_is_missing) {
+    Open();
+    world.Answers.push_back({.Text = "L288 QVM_System_de.pdf"});
+    Main().F2_Help_Click();
+    EXPECT_THAT(world.ShellOpened, IsEmpty());
+    EXPECT_EQ(world.Shown[0].Sign, Icon::Exclamation);
+    EXPECT_EQ(world.Shown[0].Title, "QVM 7702 SOFTWARE SYSTEM");
+}
+
+TEST_F(F2_Menues, hilfe_names_a_manual_that_the_system_does_not_open) {
+    Open();
+    world.Disk.Files["/q/QVM_System_de.pdf"] = "%PDF";
+    world.World.ShellOpen = [](const std::string&, const std::string&) { return false; };
+    world.Answers.push_back({.Text = "L286 QVM_System_de.pdf"});
+    Main().F2_Help_Click();
+    EXPECT_EQ(world.Shown.size(), 1U);
+}
+
+// ---- words
+
+TEST_F(F2_Menues, words_come_from_the_catalogue_by_their_numbers) {
+    Open();
+    EXPECT_EQ(Main().Fenster.Title(), "QVM 7702 SOFTWARE SYSTEM");
+    EXPECT_EQ(Main().F2_Datei.Text(), "L116");
+    EXPECT_EQ(Main().F2_Sprache.Text(), "L125");
+    EXPECT_EQ(Main().F2_Schnittstelle.Text(), "L21");
+    EXPECT_EQ(Main().F2_Ende.Text(), "L24");
+    EXPECT_EQ(Main().F2_Einzel.Text(), "L3");
+    EXPECT_EQ(Main().F2_Perm.Text(), "L4");
+    EXPECT_EQ(Main().F2_Gasttimer.Text(), "L209");
+    EXPECT_EQ(Main().F2_Help.Text(), "L135");
+    EXPECT_EQ(Main().F2_Version.Text(), "L136");
+    EXPECT_EQ(Main().F2_PersonB.Text(), "L177");
+    EXPECT_EQ(Main().F2_SchlossB.Text(), "L178");
+    EXPECT_EQ(Main().Label7.Text(), "L148");
+    EXPECT_EQ(Key("Ende").Tip(), "L26");
+    EXPECT_EQ(Key("EYE").Tip(), "L27");
+    EXPECT_EQ(Key("636I259").Tip(), "L28");
+    EXPECT_EQ(Key("Schaltuhr").Tip(), "L29");
+    EXPECT_EQ(Key("x1504").Tip(), "L30");
+    EXPECT_EQ(Key("Neu").Tip(), "L31");
+    EXPECT_EQ(Key("GastCard").Tip(), "L213");
+    EXPECT_EQ(Key("PROG").Tip(), "L32");
+    EXPECT_EQ(Key("lock4").Tip(), "L33");
+}
+
+TEST_F(F2_Menues, without_a_language_file_the_words_of_the_design_stand) {
+    world.Disk.Files.erase("/q/QVM_Deutsch.DAT");
+    Open();
+    EXPECT_EQ(Main().F2_Datei.Text(), "Datei");
+    EXPECT_EQ(Main().F2_Schnittstelle.Text(), "Schnittstelle");
+    EXPECT_EQ(Main().F2_PersonB.Text(), "Personenbezogene Schaltuhr");
+    EXPECT_EQ(Main().F2_Help.Text(), "Hilfe");
+    EXPECT_EQ(Main().Label7.Text(), "USB-Funkadapter");
+    EXPECT_EQ(Key("lock4").Tip(), u8"Türschlösser einstellen"_w);
+    EXPECT_EQ(Key("GastCard").Tip(), "Gastkarte");
+}
+
+/// The German words of the catalogue are those of the design.
+TEST_F(F2_Menues, the_words_of_the_design_are_the_german_ones_of_the_catalogue) {
+    world.Disk.Files.erase("/q/QVM_Deutsch.DAT");
+    Open();
+    const auto words = [this] {
+        const struct F2& f = Main();
+        std::vector<std::string> texts{f.F2_Datei.Text,   f.F2_Sprache.Text, f.F2_Schnittstelle.Text, f.F2_Ende.Text,
+                                       f.F2_Einzel.Text,  f.F2_Perm.Text,    f.F2_Gasttimer.Text,     f.F2_Help.Text,
+                                       f.F2_Version.Text, f.F2_PersonB.Text, f.F2_SchlossB.Text,      f.Label7.Text};
+        for (const ToolButton& button : f.Toolbar1) {
+            texts.push_back(button.Tip);
+        }
+        return texts;
+    };
+    const std::vector<std::string> before = words();
+    std::ifstream file(std::string(QVM_BINARY_DIR) + "/lang/QVM_Deutsch.DAT", std::ios::binary);
+    ASSERT_TRUE(file);
+    world.Disk.Files["/q/QVM_Deutsch.DAT"].assign(std::istreambuf_iterator<char>(file), {});
+    ASSERT_EQ(Sprachdatei_Laden(programm->kern), SprachdateiStatus::Geladen);
+    Main().Texte_Setzen();
+    EXPECT_EQ(words(), before);
+}
+
+} // namespace
+} // namespace qvm::test
