@@ -55,8 +55,9 @@ bool Suche_Angenommen(const Link& l) {
 bool Suche(const Link& l) {
     return l.Lauf.KanalSuche != 0;
 }
+/// Not for a lock whose events could not be kept: a second pass would erase it.
 bool Zweimal(const Link& l) {
-    return l.Lauf.TwoPassFlag != 0 && BereichZweiDurchgaenge(l.Lauf.SerialValue);
+    return !l.Lauf.HistoryLost && l.Lauf.TwoPassFlag != 0 && BereichZweiDurchgaenge(l.Lauf.SerialValue);
 }
 bool Id_Anstehend(const Link& l) {
     return BereichN(l.Lauf.SerialValue) && l.Lauf.IdMarke == "P";

@@ -125,6 +125,24 @@ TEST_F(Run_History, a_lock_whose_events_could_not_be_written_is_not_erased) {
     EXPECT_EQ(Sent().back(), 0x05);
 }
 
+TEST_F(Run_History, lost_events_also_keep_the_second_pass_from_erasing) {
+    files.Lock(1, "Tresor", Serial::TwoPass, " XXXX");
+    files.User(1, {.Name = "Anna", .KeyId = "1 : 2 : 3 : 4", .Marks = {{1, 'X'}}});
+    devices.Locks[0].Serial = AddressOf(Serial::TwoPass);
+    devices.Locks[0].History = {Event(4, 3, 26, "Anna", 2)};
+    Begin();
+    Expect(277);
+    world.Answers.push_front({.Text = "L63", .Reply = Answer::Yes});
+    programm->F13.FGK13_Click(1, F13Column::Program);
+    world.Disk.FailAt = world.Disk.Operations + 1;
+    world.Disk.FailFromThere = true;
+    TypeCode("123456");
+    ASSERT_TRUE(Finish());
+    EXPECT_EQ(Outcome(), RunOutcome::GivenUp);
+    EXPECT_EQ(Lock(Serial::TwoPass).Erases, 0);
+    EXPECT_THAT(Sent(), ElementsAre(0x04, 0x07, 0x09, 0x17, 0x17, 0x05));
+}
+
 TEST_F(Run_History, reading_alone_says_that_events_were_lost) {
     devices.Locks[0].History = {Event(4, 3, 26, "Anna", 2)};
     Begin();
