@@ -34,7 +34,9 @@ constexpr const char* World = R"({"adapter":{"name":"PROGSTATION-1"},"locks":[
  {"day":6,"month":3,"year":20,"hour":23,"minute":59,"name":"Bert","event":1},
  {"day":5,"month":3,"year":19,"hour":0,"minute":0,"name":"Old","event":10},
  {"day":4,"month":3,"year":19,"hour":0,"minute":0,"name":"Older","event":10}]},
-{"label":"Leer","serial":"00.0A.10.02","admin_code":"104212","channel":5}]})";
+{"label":"Leer","serial":"00.0A.10.02","admin_code":"104212","channel":5}],"units":[
+{"label":"Stur","serial":"01.60.00.01","type":1,"admin_code":"104212","channel":5,"login_status":2},
+{"label":"Leser","serial":"01.60.00.03","type":1,"admin_code":"104212","channel":5}]})";
 
 } // namespace
 

@@ -12,7 +12,8 @@ namespace qvm::test {
 /// A program directory with a small installation, and the virtual lock system behind its link com1.
 ///
 /// Lock 1 "Tor" 00.0A.10.01 has two users, lock 2 "Leer" 00.0A.10.02 has none, lock 3 "Fern" 00.0A.10.03 does not
-/// exist in the virtual system. All listen on channel 5 and have the administrator code 104212.
+/// exist in the virtual system. All listen on channel 5 and have the administrator code 104212. Two units of type 1,
+/// "Stur" 01.60.00.01, which refuses every login, and "Leser" 01.60.00.03, belong to no lock of the files.
 class VirtualLocks {
 public:
     VirtualLocks();
