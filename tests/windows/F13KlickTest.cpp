@@ -12,11 +12,12 @@ struct F13_Klick : FensterFixture {
     std::vector<std::uint8_t> SentBeforeCode;
 
     void Open() {
-        Begin();
+        Start();
         programm->F13.F17_Oeffnen = [this] {
             ++Code_Windows;
             SentBeforeCode = world.Written;
         };
+        Begin();
     }
     bool StartOpen() { return programm->F11.Fenster.Visible; }
     bool GridEnabled() { return programm->F13.Fenster.Enabled; }
@@ -453,6 +454,16 @@ TEST_F(F13_Klick, change_code_turns_the_adapter_to_the_lock_and_opens_its_window
     EXPECT_FALSE(GridEnabled());
     EXPECT_FALSE(StartOpen());
     EXPECT_EQ(Mark(1), "");
+}
+
+TEST_F(F13_Klick, change_code_is_dead_while_its_window_does_not_exist) {
+    SettledLock(1, "Tor");
+    Begin();
+    Lauf().TwoPassFlag = 1;
+    Click(1, Col::Code);
+    EXPECT_THAT(world.Written, IsEmpty());
+    EXPECT_TRUE(GridEnabled());
+    EXPECT_EQ(Lauf().TwoPassFlag, 1);
 }
 
 TEST_F(F13_Klick, change_code_sends_nothing_in_address_mode_1) {

@@ -91,6 +91,8 @@ TEST_F(F13_FormLaden, writes_all_rows_in_twelve_points) {
 
 TEST_F(F13_FormLaden, colours_the_cells_that_can_be_clicked_of_a_row_with_a_serial) {
     SettledLock(1, "Tor");
+    Start();
+    programm->F13.F17_Oeffnen = [] {};
     Begin();
     for (const int column : {9, 10, 11, 12, 15}) {
         EXPECT_NE(At(1, column).BackColor, White) << column;
@@ -98,6 +100,35 @@ TEST_F(F13_FormLaden, colours_the_cells_that_can_be_clicked_of_a_row_with_a_seri
     for (const int column : {0, 1, 2, 3, 8, 13, 14}) {
         EXPECT_EQ(At(1, column).BackColor, White) << column;
     }
+}
+
+TEST_F(F13_FormLaden, leaves_the_code_cells_white_while_nothing_can_change_a_code) {
+    SettledLock(1, "Tor");
+    Begin();
+    EXPECT_EQ(At(1, Col::Code).BackColor, White);
+    EXPECT_NE(At(1, Col::History).BackColor, White);
+    EXPECT_NE(At(1, Col::Status).BackColor, White);
+}
+
+TEST_F(F13_FormLaden, gives_the_tool_buttons_their_tips_and_enables_the_list_keys_once_there_is_a_list) {
+    Begin();
+    const auto& [back, program, history] = programm->F13.Toolbar1;
+    EXPECT_EQ(back.Key, u8"Zurück"_w);
+    EXPECT_EQ(back.Number, 11);
+    EXPECT_EQ(back.Tip(), "L119");
+    EXPECT_TRUE(back.Enabled);
+    EXPECT_EQ(program.Key, "Prog.");
+    EXPECT_EQ(program.Number, 1);
+    EXPECT_EQ(program.Tip(), "L11");
+    EXPECT_FALSE(program.Enabled);
+    EXPECT_EQ(history.Key, "SaveHistory");
+    EXPECT_EQ(history.Number, 3);
+    EXPECT_EQ(history.Tip(), "L12");
+    EXPECT_FALSE(history.Enabled);
+    programm->F13.Listenzeile_Uebernehmen = [](int, int) {};
+    programm->F13.F13_FormLaden();
+    EXPECT_TRUE(program.Enabled);
+    EXPECT_TRUE(history.Enabled);
 }
 
 TEST_F(F13_FormLaden, leaves_a_row_without_a_serial_white_and_without_a_picture) {

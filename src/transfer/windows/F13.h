@@ -5,8 +5,10 @@
 #include "F11.h"
 #include "Grid.h"
 #include "Programmierlauf.h"
+#include "Text.h"
 #include "Timer.h"
 
+#include <array>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -40,20 +42,24 @@ struct F13 {
 
     Window Fenster;
     Grid FGK13{201, F13Column::Count};
+    std::array<ToolButton, 3> Toolbar1{
+        {{.Key = u8"Zurück"_w, .Number = 11}, {.Key = "Prog.", .Number = 1}, {.Key = "SaveHistory", .Number = 3}}};
     int ProgressTotal = 0;
     int Aufrufer = 0;          ///< 3 while the window is open
     bool DelayedStart = false; ///< of a list run
     Timer Timer1;              ///< mouse tracking
     Timer Timer2;
 
-    std::function<bool(int& row, int& column)> Maus_Zelle;                 ///< the cell under the mouse
-    std::function<void()> F17_Oeffnen;                                     ///< the code change window
-    std::function<void(int gridRow, int listRow)> Listenzeile_Uebernehmen; ///< copies a marked row into the run list
+    std::function<bool(int& row, int& column)> Maus_Zelle; ///< the cell under the mouse
+    /// The code change window. While it is empty the cells of its column stay white.
+    std::function<void()> F17_Oeffnen;
+    /// Copies a marked row into the run list. While it is empty the two list keys stand disabled.
+    std::function<void(int gridRow, int listRow)> Listenzeile_Uebernehmen;
     std::function<void()> Liste_Leeren;        ///< clears the run list, and its third timer stops
     std::function<void()> Hauptfenster_Zeigen; ///< the main window comes back and supervises again
 
     void F13_FormLaden();
-    /// Headings from the catalogue anew; cells stay.
+    /// Headings and tips from the catalogue anew; cells stay.
     void Texte_Setzen();
     void TuerInfo_laden();
     void RFk_IconLoad();
@@ -74,6 +80,7 @@ private:
     void Marke_Umschalten(int row);
     void Liste(bool historyOnly);
     void Zeile_Fuellen(int row);
+    void Listentasten_Freigeben();
     bool Ziel_Setzen(int row);
     bool Historie_Fragen(bool& first);
     bool Datensatz(int row);

@@ -22,9 +22,16 @@ void F13::F13_FormLaden() {
     Aufrufer = CallerCode;
     hoverRow_ = hoverColumn_ = -1;
     run.link.Lauf.RunRow = run.link.Lauf.RunRows = 0;
+    Listentasten_Freigeben();
     TuerInfo_laden();
     Adapter_Spalten_Laden();
     RFk_IconLoad();
+}
+
+void F13::Listentasten_Freigeben() {
+    const bool list = static_cast<bool>(Listenzeile_Uebernehmen);
+    Toolbar1[1].Enabled = list;
+    Toolbar1[2].Enabled = list;
 }
 
 void F13::Del_FGK13_ICON(int row, int column) {
@@ -37,7 +44,9 @@ void F13::Del_FGK13_ICON(int row, int column) {
 
 void F13::Zeile_Fuellen(int row) {
     for (int c = Col::Program; c <= Col::Status; ++c) {
-        FGK13.SetBackColor(row, c, ActionColour);
+        if (c != Col::Code || F17_Oeffnen) {
+            FGK13.SetBackColor(row, c, ActionColour);
+        }
     }
     FGK13.SetBackColor(row, Col::Mark, ActionColour);
 }
@@ -51,6 +60,9 @@ void F13::Texte_Setzen() {
     FGK13.SetText(0, Col::Code, kern.Zeile(138));
     FGK13.SetText(0, Col::Status, kern.Zeile(35));
     FGK13.SetText(0, Col::Mark, "Prg.");
+    Toolbar1[0].Tip = kern.Zeile(119);
+    Toolbar1[1].Tip = kern.Zeile(11);
+    Toolbar1[2].Tip = kern.Zeile(12);
 }
 
 void F13::TuerInfo_laden() {

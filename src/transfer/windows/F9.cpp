@@ -37,7 +37,7 @@ void F9::F9_Vorbereiten(int progressTotal) {
     Command1.Enabled = true;
     Command2.Enabled = false;
     begin_ = kern.Welt.Now();
-    Uhr_Beschriften();
+    Texte_Setzen();
     DeviceParameterSetup();
 }
 
@@ -79,6 +79,8 @@ void F9::Status_Zeigen(int line) {
 
 void F9::Texte_Setzen() {
     StatusLabel.Text = kern.Zeile(statusLine_);
+    Command1.Text = kern.Zeile(83);
+    Command2.Text = kern.Zeile(119);
     Uhr_Beschriften();
     if (StilleLabel.Visible) {
         Stille_Zeigen();
