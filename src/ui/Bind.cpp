@@ -21,11 +21,6 @@ void watchState(Model& model, QWidget* widget) {
     watch(model.Enabled, widget, [&model, widget] { widget->setEnabled(model.Enabled); });
 }
 
-/// Texts of the catalogue are no mnemonics.
-QString plain(const std::string& text) {
-    return toQt(text).replace(QLatin1Char('&'), QLatin1String("&&"));
-}
-
 QStringList entriesOf(const ListBox& model) {
     QStringList entries;
     for (const std::string& entry : model.Entries()) {
@@ -80,10 +75,24 @@ void bind(TextBox& model, QLineEdit* widget, const QString& name) {
     watchState(model, widget);
 }
 
+void bind(Label& model, QAbstractButton* widget, const QString& name, std::function<void()> onClick) {
+    nameWidget(widget, name);
+    watch(model.Text, widget, [&model, widget] {
+        widget->setText(captionOf(model.Text()));
+        widget->setAccessibleName(toQt(model.Text()));
+    });
+    QObject::connect(widget, &QAbstractButton::clicked, widget, [click = std::move(onClick)] {
+        if (click) {
+            click();
+        }
+    });
+    watchState(model, widget);
+}
+
 void bind(Button& model, QAbstractButton* widget, const QString& name, std::function<void()> onClick) {
     nameWidget(widget, name);
     watch(model.Text, widget, [&model, widget] {
-        widget->setText(plain(model.Text()));
+        widget->setText(captionOf(model.Text()));
         widget->setAccessibleName(toQt(model.Text()));
     });
     QObject::connect(widget, &QAbstractButton::clicked, widget, [click = std::move(onClick)] {
@@ -97,7 +106,7 @@ void bind(Button& model, QAbstractButton* widget, const QString& name, std::func
 void bind(CheckBox& model, QCheckBox* widget, const QString& name, std::function<void(bool)> onClick) {
     nameWidget(widget, name);
     watch(model.Text, widget, [&model, widget] {
-        widget->setText(plain(model.Text()));
+        widget->setText(captionOf(model.Text()));
         widget->setAccessibleName(toQt(model.Text()));
     });
     watch(model.Checked, widget, [&model, widget] { widget->setChecked(model.Checked); });
@@ -186,7 +195,7 @@ void bind(Picture& model, QLabel* widget, const QString& name, PictureSet set, i
 void bind(MenuEntry& model, QAction* action, const QString& name, std::function<void()> onClick) {
     action->setObjectName(name);
     watch(model.Text, action, [&model, action] {
-        action->setText(plain(model.Text()));
+        action->setText(captionOf(model.Text()));
         action->setVisible(!model.Text().empty());
     });
     watch(model.Enabled, action, [&model, action] { action->setEnabled(model.Enabled); });

@@ -40,6 +40,8 @@ void nameWidget(QWidget* widget, const QString& name, const QString& accessibleN
 
 /// The accessible name follows the text.
 void bind(Label& model, QLabel* widget, const QString& name);
+/// A label that can be pressed.
+void bind(Label& model, QAbstractButton* widget, const QString& name, std::function<void()> onClick);
 void bind(TextBox& model, QLineEdit* widget, const QString& name);
 void bind(Button& model, QAbstractButton* widget, const QString& name, std::function<void()> onClick);
 /// The model holds the new state before `onClick` is called.

@@ -110,7 +110,7 @@ QVariant GridModel::accessibleText(const QModelIndex& index) const {
     }
     const QString picture = pictureTexts_.value(column).value(cell.Picture);
     if (!picture.isEmpty()) {
-        return picture;
+        return toQt(grid_.Text(0, column)) + QLatin1Char(' ') + picture;
     }
     return isAction(row, column) ? QVariant(toQt(grid_.Text(0, column))) : QVariant();
 }

@@ -30,7 +30,7 @@ public:
     void setBaseFontSize(int points);
     /// Left, but for action cells, which are centred.
     void setAlignment(int column, Qt::Alignment alignment);
-    /// What a screen reader says of cells of the column that hold a picture and no text, by picture id.
+    /// What a screen reader says, behind the column's heading, of cells that hold this picture and no text.
     void setPictureText(int column, int picture, const QString& text);
 
     /// True for a cell that looks like a button; `row` as in the grid.

@@ -58,6 +58,8 @@ void GridView::prepare(QTableView& view) {
     view.setWordWrap(false);
     view.setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     view.setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    view.setMouseTracking(true);
+    view.viewport()->setMouseTracking(true);
     view.verticalHeader()->hide();
     view.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     view.horizontalHeader()->setSectionsClickable(false);
@@ -174,15 +176,26 @@ QRect GridView::cellRect(int row, int column) const {
 }
 
 bool GridView::cellUnderMouse(int& row, int& column) const {
-    const QPoint at = viewport()->mapFromGlobal(QCursor::pos());
-    if (!isVisible() || !isEnabled() || !viewport()->rect().contains(at)) {
+    if (!mouse_ || !isVisible() || !isEnabled()) {
         return false;
     }
-    const bool overFrozen = at.x() < frozenWidth();
-    const QModelIndex index = overFrozen ? frozen_->indexAt(at) : indexAt(at);
-    row = index.isValid() ? index.row() + 1 : -1;
-    column = index.isValid() ? index.column() : -1;
-    return true;
+    const QModelIndex index = mouse_->x() < frozenWidth() ? frozen_->indexAt(*mouse_) : indexAt(*mouse_);
+    row = index.row() + 1;
+    column = index.column();
+    return index.isValid();
+}
+
+void GridView::trackMouse(QWidget* on, QEvent* event) {
+    if (event->type() == QEvent::MouseMove) {
+        mouse_ = viewport()->mapFrom(this, on->mapTo(this, static_cast<QMouseEvent*>(event)->position().toPoint()));
+    } else if (event->type() == QEvent::Leave) {
+        mouse_.reset();
+    }
+}
+
+bool GridView::viewportEvent(QEvent* event) {
+    trackMouse(viewport(), event);
+    return QTableView::viewportEvent(event);
 }
 
 void GridView::scrollTo(const QModelIndex& index, ScrollHint hint) {
@@ -244,6 +257,7 @@ void GridView::released(const QMouseEvent& event, const QModelIndex& index) {
 
 bool GridView::eventFilter(QObject* watched, QEvent* event) {
     if (watched == frozen_->viewport() && isEnabled()) {
+        trackMouse(frozen_->viewport(), event);
         if (event->type() == QEvent::MouseButtonPress) {
             setFocus(Qt::MouseFocusReason);
             pressed_ = frozen_->indexAt(static_cast<QMouseEvent*>(event)->position().toPoint());

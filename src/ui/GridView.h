@@ -6,6 +6,7 @@
 #include <QTableView>
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 namespace qvm::ui {
@@ -35,7 +36,7 @@ public:
     void setCurrentCell(int row, int column);
     /// The cell's rectangle in coordinates of this widget; empty outside the grid and while scrolled out of sight.
     QRect cellRect(int row, int column) const;
-    /// The cell under the mouse pointer. False when it is over none.
+    /// The cell under the mouse pointer, as the last mouse event told. False when it is over none.
     bool cellUnderMouse(int& row, int& column) const;
     /// Width that shows every column.
     int columnsWidth() const;
@@ -61,6 +62,7 @@ protected:
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -79,6 +81,9 @@ private:
     std::vector<int> natural_; ///< measured widths
     int stretch_ = -1;
     int frozenColumns_ = 0;
+    void trackMouse(QWidget* on, QEvent* event);
+
+    std::optional<QPoint> mouse_;   ///< in the viewport; none outside
     QPersistentModelIndex pressed_; ///< where the mouse button went down
 };
 

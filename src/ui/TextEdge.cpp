@@ -14,6 +14,10 @@ QString toQt(std::string_view cp1252) {
     return out;
 }
 
+QString captionOf(std::string_view cp1252) {
+    return toQt(cp1252).replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
 std::string fromQt(const QString& text) {
     std::string out;
     out.reserve(static_cast<std::size_t>(text.size()));

@@ -1,0 +1,106 @@
+#include "F11Window.h"
+
+#include "KeyEdit.h"
+#include "MonthView.h"
+#include "TextEdge.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+
+namespace qvm::ui {
+
+F11Window::F11Window(F11& f11, QWidget* parent)
+    : WindowBase(f11.Fenster, QStringLiteral("F11"), Qt::Dialog, parent), f11_(f11) {
+    content()->setContentsMargins(20, 18, 20, 16);
+    content()->setSpacing(12);
+    makeCode();
+    makeAdapters();
+    makeCutoff();
+    auto* keep = new QCheckBox(this);
+    bind(f11.Check1, keep, QStringLiteral("F11.Check1"));
+    content()->addWidget(keep);
+    content()->addStretch();
+    makeButtons();
+    setMinimumWidth(420);
+    const auto cancel = [this] { f11_.Cancel_Click(); };
+    finish({.onClose = cancel, .onEscape = cancel});
+}
+
+void F11Window::makeCode() {
+    auto* prompt = new QLabel(this);
+    bind(f11_.Prompt, prompt, QStringLiteral("F11.Prompt"));
+    auto* code = new KeyEdit(f11_.Text1, QStringLiteral("F11.Text1"), this);
+    code->onKey = [this](int key) { f11_.Text1_KeyPress(key); };
+    QFont wide = code->font();
+    wide.setPointSizeF(wide.pointSizeF() * 1.5);
+    wide.setLetterSpacing(QFont::AbsoluteSpacing, 6);
+    code->setFont(wide);
+    code->setMinimumWidth(QFontMetrics(wide).horizontalAdvance(QStringLiteral("******")) + 60);
+    prompt->setBuddy(code);
+    auto* count = new QLabel(this);
+    bind(f11_.Anzahl, count, QStringLiteral("F11.Anzahl"));
+    count->setMinimumWidth(count->fontMetrics().horizontalAdvance(QStringLiteral("00")));
+    auto* row = new QHBoxLayout;
+    row->addWidget(code, 1);
+    row->addWidget(count);
+    content()->addWidget(prompt);
+    content()->addLayout(row);
+    // A screen reader says what the box is for, not what stands in it.
+    watch(f11_.Prompt.Text, prompt, [this, prompt, code] {
+        prompt->setText(toQt(f11_.Prompt.Text()));
+        code->setAccessibleName(prompt->text());
+    });
+}
+
+void F11Window::makeCutoff() {
+    auto* caption = new QLabel(this);
+    bind(f11_.CutoffText, caption, QStringLiteral("F11.CutoffText"));
+    date_ = new QPushButton(ownIcon(QStringLiteral("calendar")), QString(), this);
+    bind(f11_.CutoffDate, date_, QStringLiteral("F11.CutoffDate"), [this] { pickDate(); });
+    month_ = new MonthView(QStringLiteral("F11.MonthView"), this);
+    month_->hide();
+    month_->onPick = [this](const Datum& day) {
+        month_->close();
+        f11_.Datum_Waehlen(day);
+    };
+    auto* row = new QHBoxLayout;
+    row->addWidget(caption, 1);
+    row->addWidget(date_);
+    content()->addLayout(row);
+}
+
+void F11Window::makeAdapters() {
+    auto* adapters = new QComboBox(this);
+    bind(f11_.Combo1, adapters, QStringLiteral("F11.Combo1"));
+    adapters->setAccessibleName(QStringLiteral("Adapter"));
+    adapters->setToolTip(QStringLiteral("Adapter"));
+    content()->addWidget(adapters);
+}
+
+void F11Window::makeButtons() {
+    auto* ok = new QPushButton(this);
+    bind(f11_.OK, ok, QStringLiteral("F11.OK"), [this] { f11_.OK_Click(); });
+    auto* cancel = new QPushButton(this);
+    bind(f11_.Cancel, cancel, QStringLiteral("F11.Cancel"), [this] { f11_.Cancel_Click(); });
+    auto* row = new QHBoxLayout;
+    row->addStretch();
+    row->addWidget(ok);
+    row->addWidget(cancel);
+    content()->addSpacing(8);
+    content()->addLayout(row);
+    setDefaultButton(ok);
+}
+
+void F11Window::pickDate() {
+    month_->setLanguage(f11_.kern.Config.Sprache);
+    month_->setLastDay(Heute(f11_.kern.Welt.Now()));
+    if (const auto day = Datum_Lesen(f11_.CutoffDate.Text())) {
+        month_->setDay(*day);
+    }
+    month_->popUpUnder(date_);
+}
+
+} // namespace qvm::ui

@@ -1,0 +1,64 @@
+#include "F13Window.h"
+
+#include "GridView.h"
+#include "Text.h"
+
+#include <QToolBar>
+#include <QVBoxLayout>
+
+namespace qvm::ui {
+namespace {
+
+namespace Col = F13Column;
+
+constexpr int RowFontSize = 12;
+constexpr int FrozenColumns = 2; ///< number and name
+
+} // namespace
+
+F13Window::F13Window(F13& f13, QWidget* parent)
+    : WindowBase(f13.Fenster, QStringLiteral("F13"), Qt::Window, parent), f13_(f13) {
+    QToolBar* bar = addToolBar();
+    for (ToolButton& button : f13.Toolbar1) {
+        addToolButton(button, bar, [this](std::string_view key) { f13_.Toolbar1_ButtonClick(key); });
+    }
+    makeGrid();
+    const auto back = [this] { f13_.Toolbar1_ButtonClick(u8"Zurück"_w); };
+    const QSize room(grid_->columnsWidth() + 24, 560);
+    setMinimumSize(480, 320);
+    resize(room);
+    grid_->setFocus();
+    finish({.onClose = back, .onEscape = back});
+}
+
+F13Window::~F13Window() {
+    f13_.Maus_Zelle = {};
+}
+
+void F13Window::makeGrid() {
+    grid_ = new GridView(f13_.FGK13, this);
+    nameWidget(grid_, QStringLiteral("F13.FGK13"), QStringLiteral("QVM 7702"));
+    GridModel& model = grid_->gridModel();
+    model.setBaseFontSize(RowFontSize);
+    model.setPictures(PictureSet::Channel);
+    model.setActionIcon(Col::Program, QStringLiteral("program"));
+    model.setActionIcon(Col::History, QStringLiteral("history"));
+    model.setActionIcon(Col::Code, QStringLiteral("code"));
+    model.setActionIcon(Col::Mark, QString());
+    model.setAlignment(Col::Number, Qt::AlignRight | Qt::AlignVCenter);
+    model.setAlignment(Col::Status, Qt::AlignCenter);
+    model.setPictureText(Col::Status, ChannelPicture::Image7, QStringLiteral("!"));
+    model.setPictureText(Col::Status, ChannelPicture::Image8, QStringLiteral("OK"));
+    grid_->setColumns({650, 3500, 2000, 0, 0, 0, 0, 0, 0, 1300, 1300, 1320, 1300, 0, 0, 600}, Col::Name);
+    grid_->setFrozenColumns(FrozenColumns);
+    grid_->onClick = [this](int row, int column) { f13_.FGK13_Click(row, column); };
+    f13_.Maus_Zelle = [this](int& row, int& column) {
+        if (!grid_->cellUnderMouse(row, column)) {
+            row = column = -1;
+        }
+        return true;
+    };
+    content()->addWidget(grid_);
+}
+
+} // namespace qvm::ui

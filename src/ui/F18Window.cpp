@@ -1,0 +1,32 @@
+#include "F18Window.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+
+namespace qvm::ui {
+
+F18Window::F18Window(F18& f18, QWidget* parent) : WindowBase(f18.Fenster, QStringLiteral("F18"), Qt::Dialog, parent) {
+    content()->setContentsMargins(20, 18, 20, 16);
+    auto* text = new QLabel(this);
+    bind(f18.Text, text, QStringLiteral("F18.Text"));
+    auto* bar = new QProgressBar(this);
+    bind(f18.Balken, bar, QStringLiteral("F18.Balken"));
+    bar->setTextVisible(false);
+    bar->setAccessibleName(bar->objectName());
+    auto* cancel = new QPushButton(this);
+    const auto end = [&f18] { f18.Command1_Click(); };
+    bind(f18.Command1, cancel, QStringLiteral("F18.Command1"), end);
+    auto* row = new QHBoxLayout;
+    row->addStretch();
+    row->addWidget(cancel);
+    content()->addWidget(text);
+    content()->addWidget(bar);
+    content()->addSpacing(6);
+    content()->addLayout(row);
+    setMinimumWidth(380);
+    finish({.onClose = end, .onEscape = end});
+}
+
+} // namespace qvm::ui

@@ -1,0 +1,131 @@
+#include "F9Window.h"
+
+#include "TextEdge.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+
+namespace qvm::ui {
+namespace {
+
+constexpr int StatePictureSize = 32;
+
+/// What comes and goes keeps its room, so that nothing jumps.
+void keepRoom(QWidget* widget) {
+    QSizePolicy policy = widget->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    widget->setSizePolicy(policy);
+}
+
+} // namespace
+
+F9Window::F9Window(F9& f9, QWidget* parent)
+    : WindowBase(f9.Fenster, QStringLiteral("F9"), Qt::Dialog, parent), f9_(f9) {
+    content()->setContentsMargins(20, 18, 20, 16);
+    content()->setSpacing(12);
+    makeHead();
+    makeProgress();
+    makeBoxes();
+    content()->addStretch();
+    makeButtons();
+    setMinimumWidth(500);
+    finish({.onClose =
+                [this] {
+                    // A run under way is cancelled first; the window stays until the run has ended.
+                    f9_.Command2.Enabled ? f9_.Command2_Click() : f9_.Command1_Click();
+                },
+            .onEscape =
+                [this] {
+                    if (f9_.Command2.Enabled) {
+                        f9_.Command2_Click();
+                    }
+                }});
+}
+
+void F9Window::makeHead() {
+    auto* name = new QLabel(this);
+    bind(f9_.NameLabel, name, QStringLiteral("F9.NameLabel"));
+    QFont large = name->font();
+    large.setPointSizeF(large.pointSizeF() * 1.4);
+    large.setBold(true);
+    name->setFont(large);
+    auto* picture = new QLabel(this);
+    bind(f9_.Zustandsbild, picture, QStringLiteral("F9.Zustandsbild"), PictureSet::State, StatePictureSize);
+    auto* state = new QLabel(this);
+    bind(f9_.Label15, state, QStringLiteral("F9.Label15"));
+    keepRoom(state);
+    auto* row = new QHBoxLayout;
+    row->addWidget(name, 1);
+    row->addWidget(picture);
+    row->addWidget(state);
+    content()->addLayout(row);
+}
+
+void F9Window::makeProgress() {
+    auto* status = new QLabel(this);
+    bind(f9_.StatusLabel, status, QStringLiteral("F9.StatusLabel"));
+    status->setMinimumHeight(status->fontMetrics().lineSpacing() + 2);
+    content()->addWidget(status);
+    auto* telegrams = new QProgressBar(this);
+    bind(f9_.Balken1, telegrams, QStringLiteral("F9.Balken1"));
+    auto* running = new QProgressBar(this);
+    bind(f9_.Balken2, running, QStringLiteral("F9.Balken2"));
+    running->setFixedHeight(8);
+    for (QProgressBar* bar : {telegrams, running}) {
+        bar->setTextVisible(false);
+        bar->setAccessibleName(bar->objectName());
+        keepRoom(bar);
+        content()->addWidget(bar);
+    }
+    auto* date = new QLabel(this);
+    bind(f9_.DatumLabel, date, QStringLiteral("F9.DatumLabel"));
+    auto* time = new QLabel(this);
+    bind(f9_.ZeitLabel, time, QStringLiteral("F9.ZeitLabel"));
+    auto* silence = new QLabel(this);
+    bind(f9_.StilleLabel, silence, QStringLiteral("F9.StilleLabel"));
+    keepRoom(silence);
+    auto* row = new QHBoxLayout;
+    row->setSpacing(24);
+    row->addWidget(date);
+    row->addWidget(time);
+    row->addStretch();
+    row->addWidget(silence);
+    content()->addLayout(row);
+}
+
+void F9Window::makeBoxes() {
+    auto* boxes = new QGridLayout;
+    boxes->setHorizontalSpacing(24);
+    for (int n = 0; n < static_cast<int>(f9_.Check.size()); ++n) {
+        CheckBox& model = f9_.Check[static_cast<std::size_t>(n)];
+        auto* box = new QCheckBox(this);
+        bindDisplay(model, box, QStringLiteral("F9.Check%1").arg(n + 1));
+        keepRoom(box);
+        // Only the lock and the units that there are.
+        watch(model.Text, box, [&model, box] {
+            box->setText(captionOf(model.Text()));
+            box->setAccessibleName(toQt(model.Text()));
+            box->setVisible(!model.Text().empty());
+        });
+        boxes->addWidget(box, n % 3, n / 3);
+    }
+    content()->addLayout(boxes);
+}
+
+void F9Window::makeButtons() {
+    auto* cancel = new QPushButton(this);
+    bind(f9_.Command1, cancel, QStringLiteral("F9.Command1"), [this] { f9_.Command1_Click(); });
+    auto* close = new QPushButton(this);
+    bind(f9_.Command2, close, QStringLiteral("F9.Command2"), [this] { f9_.Command2_Click(); });
+    auto* row = new QHBoxLayout;
+    row->addStretch();
+    row->addWidget(cancel);
+    row->addWidget(close);
+    content()->addLayout(row);
+    setDefaultButton(close);
+}
+
+} // namespace qvm::ui
