@@ -1,6 +1,7 @@
 #include "F2Fixture.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace qvm::test {
 namespace {
@@ -36,6 +37,9 @@ F2Fixture::F2Fixture() {
 }
 
 void F2Fixture::Answer_Telegram(std::span<const std::uint8_t> bytes) {
+    if (inScan_ && bytes.size() > 2 && bytes[2] == 0x68) {
+        world.At(inScanMs_, std::exchange(inScan_, nullptr));
+    }
     if (!AdapterAnswers || bytes.size() < 3) {
         return;
     }
@@ -81,8 +85,13 @@ void F2Fixture::Connect() {
 }
 
 bool F2Fixture::ScanEnds() {
-    return world.RunUntil([this] { return Main().ScanLaeuft == 1; }) &&
-           world.RunUntil([this] { return Main().ScanLaeuft == 0; });
+    const std::string scans = Main().Label6.Text;
+    return world.RunUntil([&] { return Main().Label6.Text() != scans && Main().ScanLaeuft == 0; });
+}
+
+void F2Fixture::InNextScan(std::function<void()> action, int delayMs) {
+    inScan_ = std::move(action);
+    inScanMs_ = delayMs;
 }
 
 int F2Fixture::Probes() const {

@@ -27,8 +27,10 @@ struct F2Fixture : FensterFixture {
     void Open();
     /// The same, until the first scan has found the adapter.
     void Connect();
-    /// Until the scan under way, or the next one, is over.
+    /// Until the next scan of the supervision is over.
     bool ScanEnds();
+    /// Plans `action` for `delayMs` after the next time that the identification is asked for.
+    void InNextScan(std::function<void()> action, int delayMs = 100);
     /// Times that the identification was asked for.
     int Probes() const;
     void Press(std::string_view key) { programm->F2.Toolbar1_ButtonClick(key); }
@@ -40,6 +42,9 @@ struct F2Fixture : FensterFixture {
     }
 
 private:
+    std::function<void()> inScan_;
+    int inScanMs_ = 0;
+
     /// What an adapter sends for a telegram to itself.
     void Answer_Telegram(std::span<const std::uint8_t> bytes);
 };

@@ -168,6 +168,16 @@ TEST_F(F2_Menues, without_a_language_file_the_words_of_the_design_stand) {
     EXPECT_EQ(Key("GastCard").Tip(), "Gastkarte");
 }
 
+TEST_F(F2_Menues, the_status_bar_speaks_the_new_language_at_once) {
+    AdapterAnswers = false;
+    Open();
+    ASSERT_TRUE(ScanEnds());
+    EXPECT_EQ(Line(), "L91");
+    programm->kern.Sprache.LanguageText[91] = "No adapter.";
+    Main().Texte_Setzen();
+    EXPECT_EQ(Line(), "No adapter.");
+}
+
 /// The German words of the catalogue are those of the design.
 TEST_F(F2_Menues, the_words_of_the_design_are_the_german_ones_of_the_catalogue) {
     world.Disk.Files.erase("/q/QVM_Deutsch.DAT");

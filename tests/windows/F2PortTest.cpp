@@ -147,9 +147,8 @@ TEST_F(F2_Port_Geaendert, with_a_fixed_port_the_removal_of_another_device_only_m
 TEST_F(F2_Port_Geaendert, an_adapter_pulled_out_of_a_scan_leaves_a_red_light_and_no_supervision) {
     Connect();
     AdapterDelayMs = 3000;
-    ASSERT_TRUE(world.RunUntil([this] { return Main().ScanLaeuft == 1; }));
-    world.At(500, [this] { PullOut(); });
-    ASSERT_TRUE(world.RunUntil([this] { return Main().ScanLaeuft == 0; }));
+    InNextScan([this] { PullOut(); }, 500);
+    ASSERT_TRUE(ScanEnds());
     ExpectGone();
     EXPECT_EQ(world.HourglassDepth, 0);
     PutBack();
@@ -160,13 +159,14 @@ TEST_F(F2_Port_Geaendert, an_adapter_pulled_out_of_a_scan_leaves_a_red_light_and
 TEST_F(F2_Port_Geaendert, an_adapter_pulled_out_and_put_back_within_a_scan_is_found_by_the_next_one) {
     Connect();
     AdapterAnswers = false;
-    ASSERT_TRUE(world.RunUntil([this] { return Main().ScanLaeuft == 1; }));
-    world.At(500, [this] { PullOut(); });
-    world.At(1500, [this] {
-        AdapterAnswers = true;
-        PutBack(7);
+    InNextScan([this] {
+        PullOut();
+        world.At(1000, [this] {
+            AdapterAnswers = true;
+            PutBack(7);
+        });
     });
-    ASSERT_TRUE(world.RunUntil([this] { return Main().Verbunden == 1 && Main().ScanLaeuft == 0; }));
+    ASSERT_TRUE(world.RunUntil([this] { return Main().Label3.Text() == "2" && Main().ScanLaeuft == 0; }));
     EXPECT_EQ(Light(), Lampe::Gruen);
     EXPECT_EQ(world.PortNumber, 7);
     EXPECT_EQ(world.HourglassDepth, 0);

@@ -62,12 +62,17 @@ TEST_P(F2_Taste, does_nothing_at_all_during_a_scan) {
     Connect();
     NoteWindows();
     AdapterAnswers = false;
-    ASSERT_TRUE(world.RunUntil([this] { return Main().ScanLaeuft == 1; }));
-    const int interval = Main().Timer2.Interval();
-    Press(GetParam().Key);
-    EXPECT_EQ(Main().ScanLaeuft, 1);
-    EXPECT_EQ(Main().Timer2.Interval(), interval);
-    EXPECT_FALSE(Main().Timer2.Running());
+    int pressed = 0;
+    InNextScan([&] {
+        ++pressed;
+        EXPECT_EQ(Main().ScanLaeuft, 1);
+        Press(GetParam().Key);
+        EXPECT_EQ(Main().ScanLaeuft, 1);
+        EXPECT_EQ(Main().Timer2.Interval(), 40000);
+        EXPECT_FALSE(Main().Timer2.Running());
+    });
+    ASSERT_TRUE(ScanEnds());
+    EXPECT_EQ(pressed, 1);
     EXPECT_THAT(Opened, IsEmpty());
     EXPECT_THAT(world.Shown, IsEmpty());
 }
@@ -189,8 +194,8 @@ TEST_F(F2_Tasten, ende_does_nothing_during_a_scan) {
     AdapterAnswers = false;
     Open();
     NoteWindows();
-    ASSERT_TRUE(world.RunUntil([this] { return Main().ScanLaeuft == 1; }));
-    Press("Ende");
+    InNextScan([this] { Press("Ende"); });
+    ASSERT_TRUE(ScanEnds());
     EXPECT_THAT(Opened, IsEmpty());
     EXPECT_TRUE(world.PortOpen);
 }

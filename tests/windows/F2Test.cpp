@@ -150,11 +150,16 @@ TEST_F(F2_Aufsicht, scans_again_every_40_seconds) {
     Connect();
     EXPECT_EQ(Main().Timer2.Interval(), 40000);
     const auto start = world.Elapsed();
-    ASSERT_TRUE(world.RunUntil([this] { return Main().ScanLaeuft == 1; }));
-    EXPECT_EQ(world.Elapsed() - start, 40000);
-    EXPECT_EQ(Main().Verbunden, 0);
-    EXPECT_EQ(Light(), Lampe::Gruen);
-    ASSERT_TRUE(world.RunUntil([this] { return Main().ScanLaeuft == 0; }));
+    std::int64_t middle = 0;
+    InNextScan(
+        [&] {
+            middle = world.Elapsed();
+            EXPECT_EQ(Main().Verbunden, 0);
+            EXPECT_EQ(Light(), Lampe::Gruen);
+        },
+        1);
+    ASSERT_TRUE(ScanEnds());
+    EXPECT_EQ(middle - start, 40001);
     EXPECT_EQ(Main().Verbunden, 1);
     EXPECT_EQ(Main().Label3.Text(), "2");
     EXPECT_EQ(Main().Label6.Text(), "2");
@@ -233,9 +238,9 @@ TEST_F(F2_Aufsicht, does_not_start_again_behind_an_editor_that_opened_during_the
     AdapterAnswers = false;
     Open();
     NoteWindows();
-    ASSERT_TRUE(world.RunUntil([this] { return Main().ScanLaeuft == 1; }));
-    Main().F2_SchlossB_Click();
-    ASSERT_TRUE(world.RunUntil([this] { return Main().ScanLaeuft == 0; }));
+    InNextScan([this] { Main().F2_SchlossB_Click(); });
+    ASSERT_TRUE(ScanEnds());
+    EXPECT_THAT(Opened, ElementsAre("F41"));
     EXPECT_FALSE(Main().Timer2.Running());
     Main().F2_Zeigen();
     EXPECT_TRUE(Main().Timer2.Running());
@@ -319,11 +324,14 @@ TEST_F(F2_Aufsicht, an_end_during_a_scan_lets_no_port_open_again) {
     AdapterAnswers = false;
     Open();
     NoteWindows();
-    ASSERT_TRUE(world.RunUntil([this] { return Main().ScanLaeuft == 1; }));
-    Main().Beenden();
-    const int opens = world.Opens;
-    const auto end = world.Elapsed();
-    ASSERT_TRUE(world.RunUntil([this] { return Main().ScanLaeuft == 0; }));
+    int opens = 0;
+    std::int64_t end = 0;
+    InNextScan([&] {
+        Main().Beenden();
+        opens = world.Opens;
+        end = world.Elapsed();
+    });
+    ASSERT_TRUE(ScanEnds());
     EXPECT_EQ(world.Opens, opens);
     EXPECT_FALSE(world.PortOpen);
     EXPECT_LE(world.Elapsed() - end, 4001);

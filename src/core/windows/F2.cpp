@@ -14,7 +14,7 @@ constexpr int GuardInterval = 2000;
 /// How often, and how many milliseconds apart, a port is tried again that another program may only hold for a moment.
 constexpr int RetryInterval = 2000, MostRetries = 5;
 
-constexpr int NotConnectedLine = 91, TimeOutLine = 74;
+constexpr int TimeOutLine = 74;
 
 void Weiterzaehlen(Label& label) {
     label.Text = std::to_string(Zahlwert(label.Text()) + 1);
@@ -123,7 +123,8 @@ void F2::Nachsuchen() {
 void F2::Suchen() {
     Adapter_Suchen(link, Adapter);
     if (Verbunden == 0 && Label1.ForeColor != Lampe::Rot) {
-        Meldezeile.Text = kern.Welt.Port.IsOpen() ? kern.Zeile(NotConnectedLine) : Anschlussfehler();
+        const Grund reason = Anschlussgrund();
+        Melden(reason == Grund::Keiner ? Grund::Stumm : reason);
     }
 }
 
@@ -134,15 +135,19 @@ void F2::Adapter_Erkannt() {
     Weiterzaehlen(Label3);
     Label7.Visible = true;
     Picture1.Visible = true;
-    Meldezeile.Text = std::string();
+    Melden(Grund::Keiner);
 }
 
-std::string F2::Anschlussfehler() const {
-    if (kern.Config.AdapterModus() && Adapter.PortListe.empty()) {
-        return Wort(kern, EigeneZeile::KeinAdapter, u8"Es ist kein Funkadapter angeschlossen."_w);
+F2::Grund F2::Anschlussgrund() const {
+    if (kern.Welt.Port.IsOpen()) {
+        return Grund::Keiner;
     }
-    const SerialPort& port = kern.Welt.Port;
-    return port.LastFault ? PortFault_Text(kern, port.LastFault()) : port.LastError();
+    return kern.Config.AdapterModus() && Adapter.PortListe.empty() ? Grund::KeinAdapter : Grund::Anschluss;
+}
+
+void F2::Melden(Grund reason) {
+    grund_ = reason;
+    Meldezeile_Setzen();
 }
 
 void F2::Port_Bereiten() {
@@ -158,7 +163,7 @@ void F2::Port_Einrichten_Anzeigen() {
     const bool open = kern.Welt.Port.IsOpen();
     Verbunden = 0;
     Label1.ForeColor = open ? Lampe::Gelb : Lampe::Rot;
-    Meldezeile.Text = open ? std::string() : Anschlussfehler();
+    Melden(Anschlussgrund());
     Timer2.Stop();
     if (open) {
         Wiederholung.Stop();
@@ -179,7 +184,7 @@ void F2::Port_Verloren() {
     Label1.ForeColor = Lampe::Rot;
     Label7.Visible = false;
     Picture1.Visible = false;
-    Meldezeile.Text = Wort(kern, EigeneZeile::KeinAdapter, u8"Es ist kein Funkadapter angeschlossen."_w);
+    Melden(Grund::KeinAdapter);
 }
 
 void F2::Port_Geaendert(PortChange change) {

@@ -124,7 +124,12 @@ private:
     void Port_Verloren();
     bool Da() const { return Fenster.Visible && Fenster.Enabled; }
     bool Lauf_Aktiv() const { return link.Lauf.Phase != RunPhase::None; }
-    std::string Anschlussfehler() const;
+    /// Why there is no adapter.
+    enum class Grund { Keiner, Stumm, KeinAdapter, Anschluss };
+
+    Grund Anschlussgrund() const;
+    void Melden(Grund reason);
+    void Meldezeile_Setzen();
     void Timer1_Timer();
     void Timer2_Timer();
     void Wiederholung_Timer();
@@ -132,8 +137,9 @@ private:
     bool geladen_ = false;
     bool beendet_ = false;
     bool nachholen_ = false; ///< a port came or went while a run held the port
-    int versuche_ = 0;       ///< of Wiederholung
-    int rueckkehr_ = 0;      ///< how often F2 came back
+    Grund grund_ = Grund::Keiner;
+    int versuche_ = 0;  ///< of Wiederholung
+    int rueckkehr_ = 0; ///< how often F2 came back
 };
 
 /// Configuration saved, port closed, request-to-send off. False when the configuration was not saved.

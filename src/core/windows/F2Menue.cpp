@@ -83,7 +83,7 @@ void F2::Tasten_Freigeben() {
 }
 
 void F2::Toolbar1_ButtonClick(std::string_view key) {
-    if (ScanLaeuft != 0 || beendet_ || !Taste_Belegt(key)) {
+    if (ScanLaeuft != 0 || !Da() || !Taste_Belegt(key)) {
         return;
     }
     if (key == "Ende") {

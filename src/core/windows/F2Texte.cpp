@@ -42,12 +42,14 @@ constexpr std::array<Tastentext, 9> Tips{{{1, "Programm beenden"},
                                           {21, u8"Schlösser programmieren"_w},
                                           {23, u8"Türschlösser einstellen"_w}}};
 
+constexpr int NotConnectedLine = 91;
 constexpr std::string_view AdapterDesign = "USB-Funkadapter";
 constexpr std::string_view ToolbarSlot = "F2.Toolbar1.", LabelSlot = "F2.Label7";
 
 } // namespace
 
 void F2::Texte_Setzen() {
+    Meldezeile_Setzen();
     for (const TextSlot& slot : TextSlots) {
         if (slot.Where == LabelSlot) {
             Label7.Text = Wort(kern, slot.Line, AdapterDesign);
@@ -67,6 +69,24 @@ void F2::Texte_Setzen() {
                 (this->*(entry->Entry)).Text = Wort(kern, slot.Line, entry->Design);
             }
         }
+    }
+}
+
+void F2::Meldezeile_Setzen() {
+    const SerialPort& port = kern.Welt.Port;
+    switch (grund_) {
+    case Grund::Keiner:
+        Meldezeile.Text = std::string();
+        break;
+    case Grund::Stumm:
+        Meldezeile.Text = kern.Zeile(NotConnectedLine);
+        break;
+    case Grund::KeinAdapter:
+        Meldezeile.Text = Wort(kern, EigeneZeile::KeinAdapter, "Es ist kein Funkadapter angeschlossen.");
+        break;
+    case Grund::Anschluss:
+        Meldezeile.Text = port.LastFault ? PortFault_Text(kern, port.LastFault()) : port.LastError();
+        break;
     }
 }
 
