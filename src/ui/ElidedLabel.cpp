@@ -1,0 +1,39 @@
+#include "ElidedLabel.h"
+
+#include <QEvent>
+#include <QResizeEvent>
+
+namespace qvm::ui {
+
+ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) {
+    setTextFormat(Qt::PlainText);
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    // As high with text as without.
+    setMinimumHeight(fontMetrics().height() + 2);
+}
+
+void ElidedLabel::setFullText(const QString& text) {
+    text_ = text;
+    setAccessibleName(text);
+    fit();
+}
+
+void ElidedLabel::resizeEvent(QResizeEvent* event) {
+    QLabel::resizeEvent(event);
+    fit();
+}
+
+void ElidedLabel::changeEvent(QEvent* event) {
+    QLabel::changeEvent(event);
+    if (event->type() == QEvent::FontChange) {
+        fit();
+    }
+}
+
+void ElidedLabel::fit() {
+    const QString shown = fontMetrics().elidedText(text_, Qt::ElideRight, contentsRect().width());
+    setText(shown);
+    setToolTip(shown == text_ ? QString() : text_);
+}
+
+} // namespace qvm::ui

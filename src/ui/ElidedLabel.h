@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QLabel>
+
+namespace qvm::ui {
+
+/// A line of text that takes the width it gets, with "..." where it does not fit; the whole text then is its tool tip.
+/// It never asks for more room, so that nothing around it moves.
+class ElidedLabel : public QLabel {
+public:
+    explicit ElidedLabel(QWidget* parent = nullptr);
+
+    void setFullText(const QString& text);
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void fit();
+
+    QString text_;
+};
+
+} // namespace qvm::ui

@@ -1,0 +1,55 @@
+#include "F14Window.h"
+
+#include "Worttafel.h"
+
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+namespace qvm::ui {
+namespace {
+
+constexpr int MinimumWidth = 420, ChannelWidth = 180;
+
+} // namespace
+
+F14Window::F14Window(F14& model, QWidget* parent)
+    : WindowBase(model.Fenster, QStringLiteral("F14"), Qt::Window, parent), f14_(model), caption_(new QLabel(this)),
+      channels_(new QComboBox(this)) {
+    QToolBar* bar = addToolBar();
+    for (ToolButton& button : f14_.Toolbar1) {
+        addToolButton(button, bar, [this](std::string_view key) { f14_.Toolbar1_ButtonClick(key); });
+    }
+    bind(f14_.Combo1, channels_, QStringLiteral("F14.Combo1"), [this](int index) { f14_.Combo1_Click(index); });
+    channels_->setMinimumWidth(ChannelWidth);
+    // All twelve channels at once.
+    channels_->setMaxVisibleItems(12);
+    auto* row = new QHBoxLayout;
+    row->setSpacing(12);
+    row->addWidget(caption_);
+    row->addWidget(channels_);
+    row->addStretch();
+    content()->setContentsMargins(24, 24, 24, 24);
+    content()->addLayout(row);
+    content()->addStretch();
+    setMinimumWidth(MinimumWidth);
+    setWords();
+    const auto back = [this] { f14_.Toolbar1_ButtonClick(f14_.Toolbar1[0].Key); };
+    finish({.onClose = back, .onEscape = back}, false);
+}
+
+void F14Window::setWords() {
+    const QString channel = word(Word::RadioChannel, f14_.kern.Config.Sprache);
+    caption_->setText(channel);
+    channels_->setAccessibleName(channel);
+}
+
+void F14Window::showEvent(QShowEvent* event) {
+    setWords();
+    WindowBase::showEvent(event);
+    channels_->setFocus(Qt::OtherFocusReason);
+}
+
+} // namespace qvm::ui

@@ -1,0 +1,51 @@
+#include "F15Window.h"
+
+#include "Worttafel.h"
+
+#include <QHBoxLayout>
+#include <QListWidget>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace qvm::ui {
+namespace {
+
+constexpr int ListWidth = 300, RowHeight = 30;
+
+} // namespace
+
+F15Window::F15Window(F15& model, QWidget* parent)
+    : WindowBase(model.Fenster, QStringLiteral("F15"), Qt::Dialog, parent), f15_(model), list_(new QListWidget(this)) {
+    setWindowModality(Qt::WindowModal);
+    list_->setStyleSheet(QStringLiteral("QListWidget::item { min-height: %1px; }").arg(RowHeight));
+    list_->setMinimumSize(ListWidth, RowHeight * 4 + 2 * list_->frameWidth());
+    list_->setUniformItemSizes(true);
+    bind(f15_.Sprachen, list_, QStringLiteral("F15.Sprachen"), [this](int index) { f15_.Sprachen_Click(index); });
+    connect(list_, &QListWidget::itemDoubleClicked, this, [this] { f15_.OK_Click(); });
+    content()->addWidget(list_, 1);
+
+    auto* ok = new QPushButton(this);
+    bind(f15_.OK, ok, QStringLiteral("F15.OK"), [this] { f15_.OK_Click(); });
+    auto* cancel = new QPushButton(this);
+    bind(f15_.Cancel, cancel, QStringLiteral("F15.Cancel"), [this] { f15_.Cancel_Click(); });
+    setDefaultButton(ok);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(ok);
+    buttons->addWidget(cancel);
+    content()->addLayout(buttons);
+    setWords();
+    const auto close = [this] { f15_.Cancel_Click(); };
+    finish({.onClose = close, .onEscape = close}, false);
+}
+
+void F15Window::setWords() {
+    list_->setAccessibleName(word(Word::LanguageName, f15_.kern.Config.Sprache));
+}
+
+void F15Window::showEvent(QShowEvent* event) {
+    WindowBase::showEvent(event);
+    list_->setFocus(Qt::OtherFocusReason);
+}
+
+} // namespace qvm::ui

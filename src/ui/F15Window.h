@@ -1,0 +1,28 @@
+#pragma once
+
+#include "F15.h"
+#include "WindowBase.h"
+
+class QListWidget;
+
+namespace qvm::ui {
+
+/// The choice of the language.
+class F15Window : public WindowBase {
+    Q_OBJECT
+
+public:
+    F15Window(F15& model, QWidget* parent);
+
+    /// Words that the catalogue does not hold, anew.
+    void setWords();
+
+protected:
+    void showEvent(QShowEvent* event) override;
+
+private:
+    F15& f15_;
+    QListWidget* list_;
+};
+
+} // namespace qvm::ui

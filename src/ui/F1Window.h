@@ -1,0 +1,31 @@
+#pragma once
+
+#include "F1.h"
+#include "WindowBase.h"
+
+class QLabel;
+
+namespace qvm::ui {
+
+/// The about box.
+class F1Window : public WindowBase {
+    Q_OBJECT
+
+public:
+    F1Window(F1& model, QWidget* parent);
+
+    /// Words that the catalogue does not hold, anew.
+    void setWords();
+
+private:
+    QLayout* makeHead();
+    QLayout* makeFacts();
+    QLayout* makeButtons();
+
+    F1& f1_;
+    QLabel* cipherCaption_ = nullptr;
+    QLabel* directoryCaption_ = nullptr;
+    QLabel* licenceCaption_ = nullptr;
+};
+
+} // namespace qvm::ui

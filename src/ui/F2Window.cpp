@@ -1,0 +1,212 @@
+#include "F2Window.h"
+
+#include "Bind.h"
+#include "ElidedLabel.h"
+#include "F1.h"
+#include "Mnemonics.h"
+#include "TextEdge.h"
+#include "Theme.h"
+#include "Worttafel.h"
+
+#include <QAction>
+#include <QEvent>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace qvm::ui {
+namespace {
+
+constexpr int LampSize = 28, AdapterSize = 20, BrandSize = 72, ToolIconSize = 32;
+constexpr int PageMargin = 28, CardMargin = 16;
+
+QAction* addEntry(QMenu* menu, MenuEntry& entry, const char* name, std::function<void()> onClick) {
+    QAction* action = menu->addAction(QString());
+    qvm::ui::bind(entry, action, QStringLiteral("F2.") + QLatin1String(name), std::move(onClick));
+    return action;
+}
+
+void enlarge(QLabel* label, qreal factor, bool bold) {
+    QFont font = label->font();
+    font.setPointSizeF(font.pointSizeF() * factor);
+    font.setBold(bold);
+    label->setFont(font);
+}
+
+Word lightWord(Colour light) {
+    return light == Lampe::Gruen ? Word::LightGreen : light == Lampe::Gelb ? Word::LightYellow : Word::LightRed;
+}
+
+} // namespace
+
+F2Window::F2Window(F2& model) : f2_(model) {
+    setWindowIcon(programIcon());
+    setContextMenuPolicy(Qt::PreventContextMenu);
+    makeMenus();
+    makePopups();
+    makeToolBar();
+    setCentralWidget(makePage());
+    makeStatusBar();
+    watch(f2_.Label1.ForeColor, this, [this] { showLight(); });
+    watch(f2_.Meldezeile.Text, this, [this] {
+        reason_->setFullText(toQt(f2_.Meldezeile.Text()));
+        showLight();
+    });
+    setWords();
+    layout()->setSizeConstraint(QLayout::SetFixedSize);
+    const auto close = [this] { f2_.Beenden(); };
+    bind(f2_.Fenster, this, QStringLiteral("F2"), {.onClose = close, .onEscape = {}});
+}
+
+void F2Window::makeMenus() {
+    QMenu* file = menuBar()->addMenu(QString());
+    file->setObjectName(QStringLiteral("F2.Datei"));
+    bind(f2_.F2_Datei, file->menuAction(), QStringLiteral("F2.F2_Datei"), {});
+    addEntry(file, f2_.F2_Schnittstelle, "F2_Schnittstelle", [this] { f2_.F2_Schnittstelle_Click(); });
+    addEntry(file, f2_.F2_Sprache, "F2_Sprache", [this] { f2_.F2_Sprache_Click(); });
+    file->addSeparator();
+    QAction* quit = addEntry(file, f2_.F2_Ende, "F2_Ende", [this] { f2_.F2_Ende_Click(); });
+    quit->setShortcut(Qt::CTRL | Qt::Key_Q);
+    QMenu* help = menuBar()->addMenu(QStringLiteral("?"));
+    help->setObjectName(QStringLiteral("F2.Hilfe"));
+    QAction* manual = addEntry(help, f2_.F2_Help, "F2_Help", [this] { f2_.F2_Help_Click(); });
+    manual->setShortcut(Qt::Key_F1);
+    addEntry(help, f2_.F2_Version, "F2_Version", [this] { f2_.F2_Version_Click(); });
+    uniqueMnemonics(menuBar());
+    uniqueMnemonics(file);
+    uniqueMnemonics(help);
+}
+
+void F2Window::makePopups() {
+    calendarMenu_ = new QMenu(this);
+    calendarMenu_->setObjectName(QStringLiteral("F2.F2_Kalend"));
+    addEntry(calendarMenu_, f2_.F2_Einzel, "F2_Einzel", [this] { f2_.F2_Einzel_Click(); });
+    addEntry(calendarMenu_, f2_.F2_Perm, "F2_Perm", [this] { f2_.F2_Perm_Click(); });
+    clockMenu_ = new QMenu(this);
+    clockMenu_->setObjectName(QStringLiteral("F2.F2_Schaltuhr"));
+    addEntry(clockMenu_, f2_.F2_PersonB, "F2_PersonB", [this] { f2_.F2_PersonB_Click(); });
+    addEntry(clockMenu_, f2_.F2_SchlossB, "F2_SchlossB", [this] { f2_.F2_SchlossB_Click(); });
+    addEntry(clockMenu_, f2_.F2_Gasttimer, "F2_Gasttimer", [this] { f2_.F2_Gasttimer_Click(); });
+    uniqueMnemonics(calendarMenu_);
+    uniqueMnemonics(clockMenu_);
+}
+
+void F2Window::makeToolBar() {
+    bar_ = addToolBar(QString());
+    nameWidget(bar_, QStringLiteral("F2.Toolbar1"));
+    bar_->setMovable(false);
+    bar_->setIconSize(QSize(ToolIconSize, ToolIconSize));
+    bar_->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    bar_->setContextMenuPolicy(Qt::PreventContextMenu);
+    for (ToolButton& button : f2_.Toolbar1) {
+        addToolButton(button, bar_, [this](std::string_view key) { f2_.Toolbar1_ButtonClick(key); });
+    }
+}
+
+QWidget* F2Window::makePage() {
+    auto* page = new QWidget(this);
+    page->setObjectName(QStringLiteral("F2.Page"));
+    page->setBackgroundRole(QPalette::Base);
+    page->setAutoFillBackground(true);
+    auto* rows = new QVBoxLayout(page);
+    rows->setContentsMargins(PageMargin, PageMargin, PageMargin, PageMargin);
+    rows->setSpacing(PageMargin);
+    auto* picture = new QLabel(page);
+    picture->setPixmap(programIcon().pixmap(QSize(BrandSize, BrandSize), devicePixelRatio()));
+    auto* name = new QLabel(toQt(SystemTitle), page);
+    nameWidget(name, QStringLiteral("F2.Name"), name->text());
+    enlarge(name, 1.8, true);
+    version_ = new QLabel(page);
+    version_->setObjectName(QStringLiteral("F2.Version"));
+    version_->setForegroundRole(QPalette::PlaceholderText);
+    auto* texts = new QVBoxLayout;
+    texts->setSpacing(4);
+    texts->addStretch();
+    texts->addWidget(name);
+    texts->addWidget(version_);
+    texts->addStretch();
+    auto* brand = new QHBoxLayout;
+    brand->setSpacing(PageMargin * 2 / 3);
+    brand->addWidget(picture);
+    brand->addLayout(texts, 1);
+    rows->addLayout(brand);
+    rows->addWidget(makeLinkCard());
+    return page;
+}
+
+QWidget* F2Window::makeLinkCard() {
+    auto* card = new QFrame(this);
+    card->setObjectName(QStringLiteral("F2.Card"));
+    card->setFrameStyle(QFrame::StyledPanel | QFrame::Plain);
+    card->setBackgroundRole(QPalette::Window);
+    card->setAutoFillBackground(true);
+    lamp_ = new QLabel(card);
+    lamp_->setObjectName(QStringLiteral("F2.Label1"));
+    lamp_->setFixedSize(LampSize, LampSize);
+    state_ = new QLabel(card);
+    state_->setObjectName(QStringLiteral("F2.State"));
+    enlarge(state_, 1.15, true);
+    auto* picture = new QLabel(card);
+    bind(f2_.Picture1, picture, QStringLiteral("F2.Picture1"), PictureSet::Adapter, AdapterSize);
+    auto* adapter = new QLabel(card);
+    bind(f2_.Label7, adapter, QStringLiteral("F2.Label7"));
+    auto* row = new QHBoxLayout(card);
+    row->setContentsMargins(CardMargin, CardMargin, CardMargin, CardMargin);
+    row->setSpacing(CardMargin * 3 / 4);
+    row->addWidget(lamp_);
+    row->addWidget(state_, 1);
+    row->addWidget(picture);
+    row->addWidget(adapter);
+    return card;
+}
+
+void F2Window::makeStatusBar() {
+    statusBar()->setSizeGripEnabled(false);
+    reason_ = new ElidedLabel(this);
+    reason_->setObjectName(QStringLiteral("F2.Meldezeile"));
+    statusBar()->addWidget(reason_, 1);
+    for (const auto& [label, name] : {std::pair{&f2_.Label3, "F2.Label3"}, std::pair{&f2_.Label6, "F2.Label6"}}) {
+        auto* counter = new QLabel(this);
+        statusBar()->addPermanentWidget(counter);
+        bind(*label, counter, QLatin1String(name));
+    }
+}
+
+void F2Window::setWords() {
+    const std::string& language = f2_.kern.Config.Sprache;
+    version_->setText(word(Word::Version, language) + QLatin1Char(' ') + toQt(ProgrammVersion));
+    bar_->setAccessibleName(word(Word::KeyBar, language));
+    showLight();
+}
+
+void F2Window::showLight() {
+    const Colour light = f2_.Label1.ForeColor;
+    const QString state = word(lightWord(light), f2_.kern.Config.Sprache);
+    const QString reason = toQt(f2_.Meldezeile.Text());
+    lamp_->setPixmap(lampPixmap(light, LampSize, devicePixelRatio()));
+    lamp_->setAccessibleName(state);
+    lamp_->setToolTip(reason.isEmpty() ? state : state + QLatin1Char('\n') + reason);
+    state_->setText(state);
+}
+
+void F2Window::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && lamp_ != nullptr) {
+        showLight();
+    }
+}
+
+void F2Window::popUp(QMenu* menu, std::string_view key) {
+    const auto* button = findChild<QToolButton*>(bar_->objectName() + QLatin1Char('.') + toQt(key));
+    if (button != nullptr) {
+        menu->exec(button->mapToGlobal(button->rect().bottomLeft()));
+    }
+}
+
+} // namespace qvm::ui

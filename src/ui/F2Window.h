@@ -1,0 +1,53 @@
+#pragma once
+
+#include "F2.h"
+
+#include <QMainWindow>
+
+#include <string_view>
+
+class QLabel;
+class QMenu;
+class QToolBar;
+
+namespace qvm::ui {
+
+class ElidedLabel;
+
+/// The main window: menus, tool bar, link light, adapter, status bar. As large as its content, for good.
+class F2Window : public QMainWindow {
+    Q_OBJECT
+
+public:
+    explicit F2Window(F2& model);
+
+    /// Words that the catalogue does not hold, anew.
+    void setWords();
+    /// Opens the menu of a tool bar key under it and waits until it is closed.
+    void popUpCalendarMenu() { popUp(calendarMenu_, "636I259"); }
+    void popUpClockMenu() { popUp(clockMenu_, "Schaltuhr"); }
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    void makeMenus();
+    void makePopups();
+    void makeToolBar();
+    QWidget* makePage();
+    QWidget* makeLinkCard();
+    void makeStatusBar();
+    void showLight();
+    void popUp(QMenu* menu, std::string_view key);
+
+    F2& f2_;
+    QToolBar* bar_ = nullptr;
+    QMenu* calendarMenu_ = nullptr;
+    QMenu* clockMenu_ = nullptr;
+    QLabel* version_ = nullptr;
+    QLabel* lamp_ = nullptr;
+    QLabel* state_ = nullptr;
+    ElidedLabel* reason_ = nullptr;
+};
+
+} // namespace qvm::ui

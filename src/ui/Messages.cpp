@@ -1,0 +1,128 @@
+#include "Messages.h"
+
+#include "FrontWindow.h"
+#include "TextEdge.h"
+#include "Theme.h"
+#include "Worttafel.h"
+
+#include <QGuiApplication>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include <utility>
+#include <vector>
+
+namespace qvm::ui {
+namespace {
+
+constexpr int OkLine = 84, CancelLine = 83;
+
+struct ButtonRow {
+    Answer Meaning;
+    QMessageBox::StandardButton Button;
+};
+
+/// In the order in which DefaultButton counts; the last is what a box closed without an answer means.
+std::vector<ButtonRow> buttonsOf(Buttons choice) {
+    const ButtonRow ok{Answer::Ok, QMessageBox::Ok}, cancel{Answer::Cancel, QMessageBox::Cancel};
+    const ButtonRow yes{Answer::Yes, QMessageBox::Yes}, no{Answer::No, QMessageBox::No};
+    switch (choice) {
+    case Buttons::OkCancel:
+        return {ok, cancel};
+    case Buttons::YesNo:
+        return {yes, no};
+    case Buttons::YesNoCancel:
+        return {yes, no, cancel};
+    case Buttons::Ok:
+        break;
+    }
+    return {ok};
+}
+
+QMessageBox::Icon iconOf(Icon sign) {
+    switch (sign) {
+    case Icon::Information:
+        return QMessageBox::Information;
+    case Icon::Exclamation:
+        return QMessageBox::Warning;
+    case Icon::Question:
+        return QMessageBox::Question;
+    case Icon::None:
+        break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+/// The arrow over the hourglass, while a box can be answered.
+class ArrowCursor {
+public:
+    ArrowCursor() : needed_(QGuiApplication::overrideCursor() != nullptr) {
+        if (needed_) {
+            QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
+        }
+    }
+    ~ArrowCursor() {
+        if (needed_) {
+            QGuiApplication::restoreOverrideCursor();
+        }
+    }
+    ArrowCursor(const ArrowCursor&) = delete;
+    ArrowCursor& operator=(const ArrowCursor&) = delete;
+
+private:
+    bool needed_;
+};
+
+} // namespace
+
+QString MessageBoxes::text(Answer button) const {
+    const std::string language = kern_ != nullptr ? kern_->Config.Sprache : "English";
+    switch (button) {
+    case Answer::Yes:
+        return word(Word::Yes, language);
+    case Answer::No:
+        return word(Word::No, language);
+    case Answer::Ok:
+    case Answer::Cancel:
+        break;
+    }
+    const bool ok = button == Answer::Ok;
+    const QString fromFile = kern_ != nullptr ? toQt(kern_->Zeile(ok ? OkLine : CancelLine)) : QString();
+    return !fromFile.isEmpty() ? fromFile : ok ? QStringLiteral("OK") : QStringLiteral("Cancel");
+}
+
+void MessageBoxes::fill(QMessageBox& box, const Message& message) const {
+    box.setObjectName(QStringLiteral("MessageBox"));
+    box.setWindowIcon(programIcon());
+    box.setWindowTitle(toQt(message.Title));
+    box.setTextFormat(Qt::PlainText);
+    box.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    box.setText(toQt(message.Text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
+    box.setIcon(iconOf(message.Sign));
+    int number = 0;
+    for (const auto& [meaning, standard] : buttonsOf(message.Choice)) {
+        QPushButton* button = box.addButton(standard);
+        button->setText(text(meaning));
+        button->setIcon({});
+        box.setEscapeButton(button);
+        if (++number == 1 || number == message.DefaultButton) {
+            box.setDefaultButton(button);
+        }
+    }
+}
+
+Answer MessageBoxes::show(const Message& message) const {
+    const ArrowCursor arrow;
+    QMessageBox box(frontWindow());
+    fill(box, message);
+    box.exec();
+    const std::vector<ButtonRow> rows = buttonsOf(message.Choice);
+    for (const auto& [meaning, standard] : rows) {
+        if (box.clickedButton() != nullptr && box.clickedButton() == box.button(standard)) {
+            return meaning;
+        }
+    }
+    return rows.back().Meaning;
+}
+
+} // namespace qvm::ui

@@ -1,0 +1,88 @@
+#include "Oberflaeche.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QScreen>
+
+#include <algorithm>
+#include <utility>
+
+namespace qvm::ui {
+namespace {
+
+/// Lets a window appear at the place, as far as the screen reaches.
+class Placement : public QObject {
+public:
+    Placement(QWidget* window, const QPoint& place) : QObject(window), window_(window), place_(place) {
+        window->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Show && !event->spontaneous() && !window_->isMaximized()) {
+            const QRect room = window_->screen()->availableGeometry();
+            const QSize size = window_->frameGeometry().size();
+            window_->move(std::max(room.left(), std::min(place_.x(), room.right() + 1 - size.width())),
+                          std::max(room.top(), std::min(place_.y(), room.bottom() + 1 - size.height())));
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    QWidget* window_;
+    const QPoint& place_;
+};
+
+} // namespace
+
+Oberflaeche::Oberflaeche(Programm& programm)
+    : f2(programm.F2), f1(programm.F1, &f2), f15(programm.F15, &f2), f6(programm.F6, &f2), f14(programm.F14, &f2),
+      f13(programm.F13), f11(programm.F11, &f13), f9(programm.F9, &f13), f18(programm.F18, &f13), programm_(programm) {
+    connectMainWindow();
+    connectWords();
+    for (QWidget* window : {static_cast<QWidget*>(&f6), static_cast<QWidget*>(&f14), static_cast<QWidget*>(&f13)}) {
+        new Placement(window, place_);
+    }
+}
+
+Oberflaeche::~Oberflaeche() {
+    F2Hooks& hooks = programm_.F2.Hooks;
+    hooks.Kalender_Menue = {};
+    hooks.Schaltuhr_Menue = {};
+    hooks.Ende = {};
+}
+
+void Oberflaeche::connectMainWindow() {
+    F2Hooks& hooks = programm_.F2.Hooks;
+    hooks.Kalender_Menue = [this] { f2.popUpCalendarMenu(); };
+    hooks.Schaltuhr_Menue = [this] { f2.popUpClockMenu(); };
+    // Not quit(): that asks every window first, and they leave the answer to their models.
+    hooks.Ende = [] { QCoreApplication::exit(0); };
+    for (std::function<void()>* hook : {&hooks.F6_Oeffnen, &hooks.F13_Oeffnen, &hooks.F14_Oeffnen}) {
+        keepPlace(*hook);
+    }
+    programm_.F2.Tasten_Freigeben();
+}
+
+void Oberflaeche::keepPlace(std::function<void()>& hook) {
+    if (hook) {
+        hook = [this, open = std::move(hook)] {
+            place_ = f2.pos();
+            open();
+        };
+    }
+}
+
+void Oberflaeche::connectWords() {
+    programm_.F15.Sprache_Gewechselt = [this, before = std::move(programm_.F15.Sprache_Gewechselt)] {
+        if (before) {
+            before();
+        }
+        f1.setWords();
+        f2.setWords();
+        f6.setWords();
+        f14.setWords();
+        f15.setWords();
+    };
+}
+
+} // namespace qvm::ui

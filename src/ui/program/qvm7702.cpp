@@ -1,0 +1,84 @@
+#include "FileDialogs.h"
+#include "FrontWindow.h"
+#include "Messages.h"
+#include "Oberflaeche.h"
+#include "Programm.h"
+#include "QtPlatform.h"
+#include "Text.h"
+#include "Theme.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QTimer>
+#include <QUrl>
+
+#include <csignal>
+
+namespace {
+
+/// A path, or a web address.
+bool ShellOpen(const std::string& target, const std::string& /*directory*/) {
+    const QString text = QString::fromStdString(target);
+    return QDesktopServices::openUrl(text.startsWith(QLatin1Char('/')) ? QUrl::fromLocalFile(text) : QUrl(text));
+}
+
+void Hourglass(bool on) {
+    if (on) {
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    } else {
+        QGuiApplication::restoreOverrideCursor();
+    }
+}
+
+qvm::PlatformOptions Options(const std::string& directory, const qvm::ui::MessageBoxes& boxes) {
+    qvm::PlatformOptions options;
+    options.Directory = directory;
+    options.ShowMessage = [&boxes](const qvm::Message& message) { return boxes.show(message); };
+    options.OpenFile = qvm::ui::openFile;
+    options.SaveFile = qvm::ui::saveFile;
+    options.ShellOpen = ShellOpen;
+    options.BringToFront = qvm::ui::bringToFront;
+    options.Hourglass = Hourglass;
+    return options;
+}
+
+/// The configured language is not known yet when this happens.
+void TellNoDirectory(const qvm::ui::MessageBoxes& boxes, const std::string& directory) {
+    boxes.show({.Text = qvm::AusUtf8("Die Verzeichnisse DAT und HIST können nicht angelegt werden.\n"
+                                     "The folders DAT and HIST cannot be made.\n\n" +
+                                     directory),
+                .Title = std::string(qvm::SystemTitle),
+                .Sign = qvm::Icon::Exclamation});
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    // The far end of a socket may go away while it is told something.
+    std::signal(SIGPIPE, SIG_IGN);
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("qvm7702"));
+    QApplication::setDesktopFileName(QStringLiteral("qvm7702"));
+    QApplication::setWindowIcon(qvm::ui::programIcon());
+    // The main window hides while an editor is open.
+    QApplication::setQuitOnLastWindowClosed(false);
+
+    const std::string directory = QApplication::applicationDirPath().toStdString() + '/';
+    qvm::ui::MessageBoxes boxes;
+    qvm::QtPlatform platform(Options(directory, boxes));
+    qvm::Programm programm(platform.World(), directory);
+    boxes.setWords(programm.kern);
+    const qvm::StartResult start = qvm::Programm_Start(programm, true);
+    if (start == qvm::StartResult::AlreadyRunning) {
+        return 0;
+    }
+    if (start == qvm::StartResult::NoDirectory) {
+        TellNoDirectory(boxes, directory);
+        return 1;
+    }
+    programm.F1.CipherText = qvm::AusUtf8(platform.CipherText());
+    qvm::ui::Oberflaeche windows(programm);
+    // From inside the event loop, so that it can be left again whatever the operator does first.
+    QTimer::singleShot(0, &application, [&programm] { programm.F2.F2_Laden(); });
+    return QApplication::exec();
+}
