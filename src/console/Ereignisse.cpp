@@ -2,7 +2,6 @@
 
 #include "Console.h"
 #include "Text.h"
-#include "Zeilen.h"
 
 #include <algorithm>
 #include <array>
@@ -12,48 +11,13 @@ namespace qvm {
 
 namespace {
 
-constexpr std::size_t Columns = 4;
-
-std::vector<std::string> Spalten(const std::string& line) {
-    std::vector<std::string> parts(1);
-    for (const char character : line) {
-        if (character == '\t') {
-            parts.emplace_back();
-        } else {
-            parts.back() += character;
-        }
-    }
-    return parts;
-}
+constexpr std::size_t Columns = HistoryFieldCount;
 
 std::array<std::string, Columns + 1> Zellen(const HistoryEvent& event) {
     return {std::string(RTrim(event.Name)), event.Date, event.Time, event.Event, event.State};
 }
 
 } // namespace
-
-HistoryFile Historie_Lesen(std::string_view bytes) {
-    HistoryFile history;
-    bool first = true;
-    for (const std::string& line : Zeilen_Lesen(bytes)) {
-        if (first) {
-            history.Serial = line;
-            first = false;
-            continue;
-        }
-        const std::vector<std::string> parts = Spalten(line);
-        if (parts.size() != Columns) {
-            continue;
-        }
-        const bool state = parts[0].empty() && parts[1].empty() && parts[2].empty();
-        if (!state) {
-            history.Events.push_back({parts[0], parts[1], parts[2], parts[3], {}});
-        } else if (!history.Events.empty() && history.Events.back().State.empty()) {
-            history.Events.back().State = parts[3];
-        }
-    }
-    return history;
-}
 
 std::string Historie_Tabelle(const HistoryFile& history) {
     std::array<std::size_t, Columns> widths{};

@@ -1,0 +1,190 @@
+#include "F7.h"
+
+#include "HistorieLesen.h"
+#include "LinkHooks.h"
+
+namespace qvm {
+namespace {
+
+namespace Col = F7Column;
+
+/// The event that opens and closes a band, and the two that mark their own row.
+constexpr int BandLine = 16, FirstRowLine = 17, SecondRowLine = 20;
+constexpr int HitsLine = 284, NotOpenedLine = 286, MissingLine = 288, LinesLine = 300;
+
+std::string Dateiname(const std::string& path) {
+    return AusUtf8(path.substr(path.find_last_of('/') + 1));
+}
+
+} // namespace
+
+F7::F7(Kern& kernel) : kern(kernel) {
+    // Nothing to search in before a file is shown.
+    Text1.Visible = false;
+}
+
+void F7::F7_Datei_Waehlen() {
+    const auto path = kern.Welt.OpenFile(
+        {.Title = std::string(SystemTitle), .Filter = "Vorgangsdateien (*.HST)|*.HST|", .Directory = kern.HistPfad()});
+    F7_Laden();
+    if (path) {
+        Datei_Lesen(*path);
+    }
+}
+
+void F7::F7_Oeffnen(const std::string& path) {
+    // Shown anew, it comes to the front.
+    Fenster.Visible = false;
+    F7_Laden();
+    Datei_Lesen(path);
+}
+
+void F7::F7_Laden() {
+    Rufen(F8_Schliessen);
+    Rufen(Hauptfenster_Verbergen);
+    FGV.ClearRows(0);
+    for (int row = 1; row < RowCount; ++row) {
+        FGV.SetText(row, Col::Number, Ziffern(row));
+    }
+    file_.clear();
+    lines_ = 0;
+    total_ = 0;
+    hits_ = -1;
+    Text1.Text = std::string();
+    Text1.Visible = false;
+    Texte_Setzen();
+    Fenster.Enabled = true;
+    Fenster.Visible = true;
+    Zelle_Setzen(1, Col::Name);
+}
+
+void F7::Texte_Setzen() {
+    Fenster.Title = kern.Zeile(58);
+    FGV.SetText(0, Col::Number, kern.Zeile(37));
+    FGV.SetText(0, Col::Name, kern.Zeile(54));
+    FGV.SetText(0, Col::Date, kern.Zeile(55));
+    FGV.SetText(0, Col::Time, kern.Zeile(56));
+    FGV.SetText(0, Col::Event, kern.Zeile(57));
+    Toolbar1[0].Tip = kern.Zeile(16);
+    Toolbar1[1].Tip = kern.Zeile(107);
+    Toolbar1[2].Tip = kern.Zeile(119);
+    Meldezeile_Setzen();
+}
+
+void F7::Toolbar1_ButtonClick(std::string_view key) {
+    if (key == Toolbar1[0].Key) {
+        F7_Datei_Waehlen();
+    } else if (key == Toolbar1[1].Key) {
+        Farben_Zuruecksetzen();
+        Text1.Text = std::string();
+        Text1.Visible = false;
+        hits_ = -1;
+        Meldezeile_Setzen();
+        Fenster.Enabled = false;
+        Rufen(F8_Oeffnen);
+    } else if (key == Toolbar1[2].Key) {
+        Rufen(F8_Schliessen);
+        Fenster.Visible = false;
+        Rufen(Zurueck);
+    }
+}
+
+void F7::Datei_Lesen(const std::string& path) {
+    std::string bytes;
+    const ReadStatus status = kern.Welt.Files.ReadAll(path, bytes);
+    if (status != ReadStatus::Ok) {
+        const int line = status == ReadStatus::Missing ? MissingLine : NotOpenedLine;
+        kern.Meldung(kern.Zeile(line) + " " + Dateiname(path), Buttons::Ok, Icon::Exclamation);
+        return;
+    }
+    file_ = Dateiname(path);
+    Datei_Zeigen(bytes);
+    Meldezeile_Setzen();
+    Zelle_Setzen(1, Col::Name);
+}
+
+/// Without a language file every line of the catalogue is empty and no event is known.
+bool F7::Ist_Ereignis(std::string_view text, int line) const {
+    return !text.empty() && text == kern.Zeile(line);
+}
+
+void F7::Datei_Zeigen(std::string_view bytes) {
+    const HistoryLines file = Historie_Zeilen(bytes, RowCount - 1);
+    Colour band = NoColour;
+    const auto flip = [&band] { band = band == NoColour ? BandColour : NoColour; };
+    for (const HistoryLine& line : file.Lines) {
+        const int row = ++lines_;
+        // A line with fewer fields leaves the columns behind them as they are.
+        for (std::size_t n = 0; n < HistoryFieldCount && n < line.Count; ++n) {
+            FGV.SetText(row, Col::Name + static_cast<int>(n), line.Fields[n]);
+        }
+        const std::string event(RTrim(FGV.Text(row, Col::Event)));
+        const bool oneRow = Ist_Ereignis(event, FirstRowLine) || Ist_Ereignis(event, SecondRowLine);
+        if (oneRow || Ist_Ereignis(event, BandLine)) {
+            flip();
+        }
+        for (int column = Col::Date; column <= Col::Event; ++column) {
+            FGV.SetBackColor(row, column, band);
+        }
+        if (oneRow) {
+            flip();
+        }
+    }
+    total_ = file.Total;
+}
+
+void F7::Farben_Zuruecksetzen() {
+    for (int row = 1; row < RowCount; ++row) {
+        for (int column = Col::Name; column <= Col::Event; ++column) {
+            FGV.SetBackColor(row, column, NoColour);
+        }
+    }
+    Zelle_Setzen(1, Col::Name);
+}
+
+void F7::F8_Zurueck() {
+    Fenster.Enabled = true;
+}
+
+void F7::Zelle_Setzen(int row, int column) {
+    FGV.Row = row;
+    FGV.Column = column;
+    if (Zelle_Zeigen) {
+        Zelle_Zeigen(row, column);
+    }
+}
+
+void F7::Treffer_Melden(int hits) {
+    hits_ = hits;
+    Meldezeile_Setzen();
+}
+
+void F7::Meldezeile_Setzen() {
+    std::string text;
+    if (!file_.empty()) {
+        const auto shown = static_cast<std::size_t>(lines_);
+        text = file_ + "   " + kern.Zeile(LinesLine) + " " + std::to_string(shown);
+        if (total_ > shown) {
+            text += " / " + std::to_string(total_);
+        }
+    }
+    if (hits_ >= 0) {
+        text += (text.empty() ? "" : "   ") + kern.Zeile(HitsLine) + " " + std::to_string(hits_);
+    }
+    Meldezeile.Text = text;
+}
+
+std::string F7::Zeilen_Text(const std::vector<int>& rows) const {
+    std::string text;
+    for (const int row : rows) {
+        if (row < 1 || row > lines_) {
+            continue;
+        }
+        for (int column = Col::Name; column <= Col::Event; ++column) {
+            text += FGV.Text(row, column) + (column < Col::Event ? "\t" : "\n");
+        }
+    }
+    return text;
+}
+
+} // namespace qvm

@@ -1,0 +1,80 @@
+#pragma once
+
+#include "Controls.h"
+#include "Grid.h"
+#include "Kern.h"
+#include "Text.h"
+
+#include <array>
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace qvm {
+
+/// Columns of the history grid.
+namespace F7Column {
+inline constexpr int Number = 0, Name = 1, Date = 2, Time = 3, Event = 4, Count = 5;
+}
+
+/// Window F7: shows a stored history file, which it never changes.
+struct F7 {
+    explicit F7(Kern& kernel);
+
+    static constexpr int RowCount = 2025; ///< the header and 2024 lines of a file
+    static constexpr Colour NoColour = White;
+    static constexpr Colour BandColour = 0xC0C0C0;
+    static constexpr Colour HitColour = 0xFFFF;
+
+    Kern& kern;
+
+    Window Fenster;
+    Grid FGV{RowCount, F7Column::Count};
+    TextBox Text1;    ///< the hits of the last search, a line each
+    Label Meldezeile; ///< status bar: the file, how many lines it has and how many hits the last search
+    std::array<ToolButton, 3> Toolbar1{
+        {{.Key = u8"Öffnen"_w, .Number = 1}, {.Key = "Suchen", .Number = 3}, {.Key = "W95MBX01", .Number = 5}}};
+
+    std::function<void()> Hauptfenster_Verbergen;
+    std::function<void()> Zurueck; ///< back to where F7 was opened from
+    std::function<void()> F8_Oeffnen, F8_Schliessen;
+    std::function<void(int row, int column)> Zelle_Zeigen; ///< the cell becomes the current one and comes into sight
+
+    /// The file dialog, then the window with the chosen file; without a choice with an empty grid.
+    void F7_Datei_Waehlen();
+    /// The window with this file. One that is missing or cannot be read leaves the grid empty, and a message names it.
+    void F7_Oeffnen(const std::string& path);
+    /// Words from the catalogue anew; the lines stay.
+    void Texte_Setzen();
+    /// "Öffnen", "Suchen" or "W95MBX01".
+    void Toolbar1_ButtonClick(std::string_view key);
+    /// No colour in columns 1 to 4, bands included; back to the first row.
+    void Farben_Zuruecksetzen();
+    /// F8 has searched or was closed: this window goes on.
+    void F8_Zurueck();
+    /// Makes the cell the current one.
+    void Zelle_Setzen(int row, int column);
+    /// Tells the status bar how many hits a search had.
+    void Treffer_Melden(int hits);
+    /// Columns 1 to 4 of the rows as text, tabs between the columns, a line feed behind each row. Rows that hold no
+    /// line of the file are left out.
+    std::string Zeilen_Text(const std::vector<int>& rows) const;
+    /// How many lines of the file are shown, 0 to 2024.
+    int Zeilen() const { return lines_; }
+
+private:
+    void F7_Laden();
+    void Datei_Lesen(const std::string& path);
+    void Datei_Zeigen(std::string_view bytes);
+    bool Ist_Ereignis(std::string_view text, int line) const;
+    void Meldezeile_Setzen();
+
+    std::string file_;      ///< name of the file shown, empty: none
+    int lines_ = 0;         ///< rows filled
+    std::size_t total_ = 0; ///< lines of the file
+    int hits_ = -1;         ///< of the last search, -1: none since the file was opened
+};
+
+} // namespace qvm

@@ -1,0 +1,120 @@
+#include "F8.h"
+
+#include "Text.h"
+
+namespace qvm {
+namespace {
+
+namespace Col = F7Column;
+
+constexpr int EmptySearchLine = 59;
+/// A hit before this row is shown by going to its own row.
+constexpr int FirstRows = 20;
+/// Before this row F7 goes some rows further first, so that the hit stands inside the view and not at its edge.
+constexpr int MiddleRows = 1010, RowsFurther = 10;
+
+std::string Trefferzeile(const Grid& grid, int row) {
+    return grid.Text(row, Col::Name) + std::string(13, ' ') + grid.Text(row, Col::Date) + std::string(17, ' ') +
+           grid.Text(row, Col::Time) + std::string(17, ' ') + grid.Text(row, Col::Event) + "\r\n";
+}
+
+} // namespace
+
+void F8::F8_Laden() {
+    Fenster.Title = std::string(SystemTitle);
+    Text1.Text = std::string();
+    Option_Click(0);
+    Texte_Setzen();
+    Fenster.Visible = true;
+    if (Text1.SetFocus) {
+        Text1.SetFocus();
+    }
+}
+
+void F8::Texte_Setzen() {
+    for (std::size_t n = 0; n < Option.size(); ++n) {
+        Option[n].Text = kern.Zeile(54 + static_cast<int>(n));
+    }
+    Command1.Text = kern.Zeile(107);
+}
+
+void F8::Option_Click(int index) {
+    if (index < 0 || index >= static_cast<int>(Option.size())) {
+        return;
+    }
+    for (std::size_t n = 0; n < Option.size(); ++n) {
+        Option[n].Checked = n == static_cast<std::size_t>(index);
+    }
+}
+
+void F8::Text1_KeyPress(int key) {
+    if (key == Key::Enter) {
+        Command1_Click();
+    }
+}
+
+void F8::Command1_Click() {
+    if (!Fenster.Visible) {
+        return;
+    }
+    if (Text1.Text().empty()) {
+        kern.Meldung(kern.Zeile(EmptySearchLine), Buttons::Ok, Icon::Exclamation);
+        F8_Schliessen();
+        return;
+    }
+    const int first = Suchen();
+    F8_Schliessen();
+    if (first > 0) {
+        Zeigen(first);
+    }
+}
+
+void F8::F8_Schliessen() {
+    if (!Fenster.Visible) {
+        return;
+    }
+    Fenster.Visible = false;
+    f7.F8_Zurueck();
+}
+
+int F8::Spalte() const {
+    for (std::size_t n = 0; n < Option.size(); ++n) {
+        if (Option[n].Checked) {
+            return Col::Name + static_cast<int>(n);
+        }
+    }
+    return Col::Name;
+}
+
+int F8::Suchen() {
+    const std::string wanted = GrossText(Text1.Text());
+    const int column = Spalte();
+    Grid& grid = f7.FGV;
+    std::string hits;
+    int first = 0;
+    int count = 0;
+    for (int row = 1; row < grid.Rows(); ++row) {
+        const bool hit = RTrim(GrossText(grid.Text(row, column))) == wanted;
+        // What is no hit loses the band that it may stand in.
+        grid.SetBackColor(row, column, hit ? F7::HitColour : F7::NoColour);
+        if (hit) {
+            hits += Trefferzeile(grid, row);
+            first = first == 0 ? row : first;
+            ++count;
+        }
+    }
+    f7.Text1.Visible = count > 0;
+    f7.Text1.Text = f7.Text1.Text() + hits;
+    f7.Treffer_Melden(count);
+    return first;
+}
+
+void F8::Zeigen(int row) {
+    const int column = Spalte();
+    if (row >= FirstRows && row < MiddleRows) {
+        f7.Zelle_Setzen(row + RowsFurther, column);
+    }
+    f7.Zelle_Setzen(row, column);
+}
+
+} // namespace qvm
