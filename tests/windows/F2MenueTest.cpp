@@ -88,6 +88,24 @@ TEST_F(F2_Menues, ende_shuts_down) {
     EXPECT_TRUE(Main().F2_Datei.Enabled);
 }
 
+TEST_F(F2_Menues, schnittstelle_opens_behind_a_scan_as_both_need_the_port) {
+    AdapterAnswers = false;
+    Open();
+    NoteWindows();
+    InNextScan([this] {
+        Main().F2_Schnittstelle_Click();
+        EXPECT_THAT(Opened, IsEmpty());
+        EXPECT_TRUE(Main().Fenster.Enabled);
+    });
+    ASSERT_TRUE(ScanEnds());
+    EXPECT_THAT(Opened, ElementsAre("F6"));
+    EXPECT_FALSE(Main().Fenster.Enabled);
+    EXPECT_FALSE(Main().Timer2.Running());
+    Main().F2_Zeigen();
+    ASSERT_TRUE(ScanEnds());
+    EXPECT_EQ(Opened.size(), 1U);
+}
+
 // ---- manual
 
 TEST_F(F2_Menues, hilfe_opens_the_manual_of_the_language_and_of_any_other_the_german_one) {

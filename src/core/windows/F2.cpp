@@ -5,6 +5,8 @@
 #include "AutoRegister.h"
 #include "Worte.h"
 
+#include <utility>
+
 namespace qvm {
 namespace {
 
@@ -14,10 +16,18 @@ constexpr int GuardInterval = 2000;
 /// How often, and how many milliseconds apart, a port is tried again that another program may only hold for a moment.
 constexpr int RetryInterval = 2000, MostRetries = 5;
 
-constexpr int TimeOutLine = 74;
+constexpr int TimeOutLine = 74, AdapterPictureId = 1;
 
 void Weiterzaehlen(Label& label) {
     label.Text = std::to_string(Zahlwert(label.Text()) + 1);
+}
+
+void Anschluss_Schliessen(const Kern& kern) {
+    const SerialPort& port = kern.Welt.Port;
+    if (port.IsOpen()) {
+        port.SetRts(false);
+        port.Close();
+    }
 }
 
 } // namespace
@@ -29,6 +39,7 @@ F2::F2(Link& serialLink, AdapterListe& adapters)
     Timer2.Ticked = [this] { Timer2_Timer(); };
     Wiederholung.Ticked = [this] { Wiederholung_Timer(); };
     Label1.ForeColor = Lampe::Rot;
+    Picture1.Id = AdapterPictureId;
 }
 
 F2::~F2() {
@@ -103,7 +114,7 @@ void F2::Timer2_Timer() {
             Timer2.Start();
         }
     }
-    ScanLaeuft = 0;
+    Scan_Fertig();
 }
 
 void F2::Nachsuchen() {
@@ -113,15 +124,26 @@ void F2::Nachsuchen() {
         ScanLaeuft = 1;
         Port_Neu(link);
         Suchen();
-        ScanLaeuft = 0;
+        Scan_Fertig();
     }
     if (Da() && !Timer2.Running()) {
         Timer2.Start();
     }
 }
 
+void F2::Scan_Fertig() {
+    ScanLaeuft = 0;
+    if (std::exchange(schnittstelleWartet_, false) && Da()) {
+        F2_Schnittstelle_Click();
+    }
+}
+
 void F2::Suchen() {
     Adapter_Suchen(link, Adapter);
+    if (beendet_) {
+        Anschluss_Schliessen(kern);
+        return;
+    }
     if (Verbunden == 0 && Label1.ForeColor != Lampe::Rot) {
         const Grund reason = Anschlussgrund();
         Melden(reason == Grund::Keiner ? Grund::Stumm : reason);
@@ -246,12 +268,8 @@ void F2::Beenden() {
 }
 
 bool Herunterfahren(Kern& kern) {
-    const SerialPort& port = kern.Welt.Port;
     const bool saved = Konfiguration_Speichern(kern);
-    if (port.IsOpen()) {
-        port.SetRts(false);
-        port.Close();
-    }
+    Anschluss_Schliessen(kern);
     return saved;
 }
 

@@ -87,6 +87,7 @@ struct F2 {
 
     /// One key. During a scan none does anything.
     void Toolbar1_ButtonClick(std::string_view key);
+    /// During a scan the window opens when the scan is over, as both need the port.
     void F2_Schnittstelle_Click();
     void F2_Sprache_Click();
     void F2_Ende_Click() { Beenden(); }
@@ -119,7 +120,7 @@ private:
     void Oeffnen(const std::function<void()>& hook, bool stopTimer, Weiter then);
     void Nachsuchen();
     void Suchen();
-    void Suche_Anzeigen();
+    void Scan_Fertig();
     void Port_Bereiten();
     void Port_Verloren();
     bool Da() const { return Fenster.Visible && Fenster.Enabled; }
@@ -136,6 +137,7 @@ private:
 
     bool geladen_ = false;
     bool beendet_ = false;
+    bool schnittstelleWartet_ = false;
     bool nachholen_ = false; ///< a port came or went while a run held the port
     Grund grund_ = Grund::Keiner;
     int versuche_ = 0;  ///< of Wiederholung

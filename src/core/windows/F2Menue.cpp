@@ -132,6 +132,10 @@ void F2::Oeffnen(const std::function<void()>& hook, bool stopTimer, Weiter then)
 }
 
 void F2::F2_Schnittstelle_Click() {
+    if (ScanLaeuft != 0) {
+        schnittstelleWartet_ = true;
+        return;
+    }
     Oeffnen(Hooks.F6_Oeffnen, true, Weiter::Gesperrt);
 }
 
