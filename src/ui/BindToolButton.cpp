@@ -12,11 +12,13 @@
 namespace qvm::ui {
 namespace {
 
-/// In two lines of about the same length, cut at a blank.
+/// In two lines of about the same length, cut at a blank. One line keeps room for a second, so that all icons of a bar
+/// stand on one height.
 QString inTwoLines(const QString& text) {
     constexpr int Short = 12;
+    const QString oneLine = text + QLatin1Char('\n');
     if (text.size() <= Short) {
-        return text;
+        return oneLine;
     }
     const auto middle = static_cast<int>(text.size() / 2);
     int best = -1;
@@ -25,7 +27,7 @@ QString inTwoLines(const QString& text) {
             best = n;
         }
     }
-    return best < 0 ? text : text.left(best) + QLatin1Char('\n') + text.mid(best + 1);
+    return best < 0 ? oneLine : text.left(best) + QLatin1Char('\n') + text.mid(best + 1);
 }
 
 /// Return presses a tool button as space does.

@@ -57,6 +57,12 @@ public:
                 return true;
             }
             break;
+        case QEvent::EnabledChange:
+            // A window that belongs to another one would be disabled along with it.
+            if (window_->isEnabled() != model_.Enabled) {
+                window_->setEnabled(model_.Enabled);
+            }
+            break;
         case QEvent::Hide:
             if (remember_ && !event->spontaneous()) {
                 saveGeometry(window_, window_->objectName());

@@ -3,6 +3,7 @@
 #include "Bind.h"
 #include "ElidedLabel.h"
 #include "F1.h"
+#include "F6.h"
 #include "Mnemonics.h"
 #include "TextEdge.h"
 #include "Theme.h"
@@ -24,7 +25,7 @@ namespace qvm::ui {
 namespace {
 
 constexpr int LampSize = 28, AdapterSize = 20, BrandSize = 72, ToolIconSize = 32;
-constexpr int PageMargin = 28, CardMargin = 16;
+constexpr int PageMargin = 28, CardMargin = 16, StatusMargin = 8;
 
 QAction* addEntry(QMenu* menu, MenuEntry& entry, const char* name, std::function<void()> onClick) {
     QAction* action = menu->addAction(QString());
@@ -153,6 +154,7 @@ QWidget* F2Window::makeLinkCard() {
     state_->setObjectName(QStringLiteral("F2.State"));
     enlarge(state_, 1.15, true);
     auto* picture = new QLabel(card);
+    f2_.Picture1.Id = AdapterPicture::Present;
     bind(f2_.Picture1, picture, QStringLiteral("F2.Picture1"), PictureSet::Adapter, AdapterSize);
     auto* adapter = new QLabel(card);
     bind(f2_.Label7, adapter, QStringLiteral("F2.Label7"));
@@ -170,6 +172,7 @@ void F2Window::makeStatusBar() {
     statusBar()->setSizeGripEnabled(false);
     reason_ = new ElidedLabel(this);
     reason_->setObjectName(QStringLiteral("F2.Meldezeile"));
+    statusBar()->setContentsMargins(StatusMargin, 0, StatusMargin, 0);
     statusBar()->addWidget(reason_, 1);
     for (const auto& [label, name] : {std::pair{&f2_.Label3, "F2.Label3"}, std::pair{&f2_.Label6, "F2.Label6"}}) {
         auto* counter = new QLabel(this);
