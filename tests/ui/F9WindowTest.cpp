@@ -1,0 +1,148 @@
+// The progress window and the wait box on the screen.
+
+#include "F9Window.h"
+
+#include "F18Window.h"
+#include "UiFixture.h"
+#include "WidgetChecks.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTest>
+
+namespace qvm::test {
+namespace {
+
+struct F9_Window : UiFixture {
+    std::unique_ptr<ui::F9Window> window;
+
+    void Open(std::string_view language = "Deutsch") {
+        Start(language);
+        window = std::make_unique<ui::F9Window>(programm->F9, nullptr);
+        programm->Lauf.LockName = "Haupteingang";
+        programm->Lauf.Daten.Units[0].Name = "Schranke Nord";
+        programm->Lauf.Daten.Units[3].Name = "Leser";
+        programm->F9.F9_Vorbereiten(140);
+        programm->F9.F9_Zeigen();
+        programm->F9.Stille.Stop();
+        Present(*window);
+    }
+    template <class Widget>
+    Widget* Find(const char* name) {
+        return window->findChild<Widget*>(QString::fromUtf8(name));
+    }
+};
+
+TEST_F(F9_Window, shows_the_lock_and_only_the_units_that_there_are) {
+    Open();
+    EXPECT_EQ(Find<QLabel>("F9.NameLabel")->text(), QStringLiteral("Haupteingang"));
+    EXPECT_EQ(Find<QCheckBox>("F9.Check1")->text(), QStringLiteral("Haupteingang"));
+    EXPECT_EQ(Find<QCheckBox>("F9.Check2")->text(), QStringLiteral("Schranke Nord"));
+    EXPECT_FALSE(Find<QCheckBox>("F9.Check3")->isVisible());
+    EXPECT_TRUE(Find<QCheckBox>("F9.Check5")->isVisible());
+    programm->F9.Ankreuzen(2);
+    EXPECT_TRUE(Find<QCheckBox>("F9.Check2")->isChecked());
+}
+
+TEST_F(F9_Window, follows_the_bars_and_the_state_report) {
+    Open();
+    auto* bar = Find<QProgressBar>("F9.Balken1");
+    EXPECT_EQ(bar->maximum(), 160);
+    programm->Lauf.link.Lauf.ProgressValue = 40;
+    programm->F9.Fortschritt();
+    EXPECT_EQ(bar->value(), 40);
+    programm->F9.Zustand_Zeigen(0x20, "Zustand: Stufe 2");
+    EXPECT_FALSE(Find<QLabel>("F9.Zustandsbild")->pixmap(Qt::ReturnByValue).isNull());
+    EXPECT_TRUE(Find<QLabel>("F9.Label15")->isVisible());
+}
+
+TEST_F(F9_Window, does_not_jump_when_things_come_and_go) {
+    Open();
+    const QRect close = Find<QPushButton>("F9.Command2")->geometry();
+    programm->F9.Zustand_Zeigen(0x20, "Zustand: Stufe 2");
+    programm->F9.StilleLabel.Visible = true;
+    programm->F9.Fertig(110);
+    Settle();
+    EXPECT_EQ(Find<QPushButton>("F9.Command2")->geometry(), close);
+}
+
+TEST_F(F9_Window, closes_with_return_once_the_run_has_ended) {
+    Open();
+    programm->F9.Fertig(110);
+    programm->Lauf.Gesamtende = true;
+    QTest::keyClick(window.get(), Qt::Key_Return);
+    EXPECT_FALSE(window->isVisible());
+}
+
+TEST_F(F9_Window, cancels_at_the_first_close_of_its_frame_and_goes_at_the_second) {
+    Open();
+    QTest::keyClick(window.get(), Qt::Key_Escape);
+    EXPECT_FALSE(programm->F9.Command2.Enabled);
+    window->close();
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_EQ(Find<QLabel>("F9.StatusLabel")->text(), QStringLiteral("Vorgang abgebrochen"));
+    window->close();
+    EXPECT_FALSE(window->isVisible());
+}
+
+TEST_F(F9_Window, names_its_controls_and_is_walked_with_tab) {
+    Open();
+    programm->F9.Command2.Enabled = true;
+    Find<QPushButton>("F9.Command1")->setFocus();
+    EXPECT_EQ(tabOrder(window.get()), (QStringList{QStringLiteral("F9.Command1"), QStringLiteral("F9.Command2")}));
+    EXPECT_EQ(unnamedControls(window.get()), QStringList());
+}
+
+struct F9_Sprachen : F9_Window, ::testing::WithParamInterface<std::string_view> {
+    std::unique_ptr<ui::F18Window> wait;
+};
+
+TEST_P(F9_Sprachen, fits_every_text) {
+    Open(GetParam());
+    programm->F9.Fertig(276);
+    programm->F9.Zustand_Zeigen(0x50, programm->kern.Zeile(114));
+    programm->F9.StilleLabel.Text = programm->kern.Zeile(274) + " 125 s";
+    programm->F9.StilleLabel.Visible = true;
+    Settle();
+    EXPECT_EQ(allTextsFit(window.get()), QStringList());
+}
+
+TEST_P(F9_Sprachen, fits_the_wait_box_too) {
+    Open(GetParam());
+    wait = std::make_unique<ui::F18Window>(programm->F18, nullptr);
+    programm->F18.F18_Zeigen();
+    Present(*wait);
+    EXPECT_EQ(allTextsFit(wait.get()), QStringList());
+    EXPECT_EQ(unnamedControls(wait.get()), QStringList());
+}
+
+INSTANTIATE_TEST_SUITE_P(Languages, F9_Sprachen, ::testing::ValuesIn(Languages));
+
+struct F18_Window : UiFixture {};
+
+TEST_F(F18_Window, shows_the_channels_tried_and_ends_the_search_by_button_escape_and_frame) {
+    Start();
+    ui::F18Window window(programm->F18, nullptr);
+    for (int way = 0; way < 3; ++way) {
+        programm->Lauf.link.Lauf.KanalIndex = 0;
+        programm->F18.F18_Zeigen();
+        Present(window);
+        programm->F18.Balken.Value = 118;
+        EXPECT_EQ(window.findChild<QProgressBar*>()->value(), 118);
+        auto* cancel = window.findChild<QPushButton*>(QStringLiteral("F18.Command1"));
+        if (way == 0) {
+            cancel->click();
+        } else if (way == 1) {
+            QTest::keyClick(cancel, Qt::Key_Escape);
+        } else {
+            window.close();
+        }
+        EXPECT_EQ(programm->Lauf.link.Lauf.KanalIndex, 12) << way;
+        EXPECT_FALSE(window.isVisible()) << way;
+    }
+}
+
+} // namespace
+} // namespace qvm::test

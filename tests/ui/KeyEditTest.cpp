@@ -1,0 +1,199 @@
+// Lines of text whose keys the model's handler gets, alone and over a grid's cell.
+
+#include "OverlayEditor.h"
+#include "OverlayList.h"
+#include "TextEdge.h"
+#include "UiFixture.h"
+
+#include <QClipboard>
+#include <QScrollBar>
+#include <QTest>
+#include <QVBoxLayout>
+
+namespace qvm::test {
+namespace {
+
+using ui::GridView;
+using ui::KeyEdit;
+using ui::OverlayEditor;
+using ui::OverlayList;
+
+struct KeyEdit_Test : ::testing::Test {
+    TextBox box;
+    QWidget window;
+    KeyEdit edit{box, QStringLiteral("F11.Text1"), &window};
+    std::vector<int> Keys;
+    std::vector<std::string> Texts;
+
+    KeyEdit_Test() {
+        edit.onKey = [this](int key) { Keys.push_back(key); };
+        Present(window);
+        edit.setFocus();
+    }
+};
+
+TEST_F(KeyEdit_Test, gives_every_key_to_the_handler_and_keeps_the_models_text) {
+    QTest::keyClicks(&edit, QStringLiteral("a5"));
+    QTest::keyClick(&edit, Qt::Key_Backspace);
+    QTest::keyClick(&edit, Qt::Key_Delete);
+    QTest::keyClick(&edit, Qt::Key_Return);
+    EXPECT_EQ(Keys, (std::vector<int>{'a', '5', Key::Backspace, Key::Delete, Key::Enter}));
+    EXPECT_EQ(edit.text(), QString());
+    box.Text = std::string("**");
+    EXPECT_EQ(edit.text(), QStringLiteral("**"));
+}
+
+TEST_F(KeyEdit_Test, gives_umlauts_by_their_code_page_and_nothing_that_has_no_place_in_it) {
+    QTest::sendKeyEvent(QTest::Click, &edit, Qt::Key_Adiaeresis, QString::fromUtf8("ä"), Qt::NoModifier);
+    QTest::sendKeyEvent(QTest::Click, &edit, Qt::Key_unknown, QString::fromUtf8("字"), Qt::NoModifier);
+    QTest::keyClick(&edit, 'x', Qt::ControlModifier);
+    EXPECT_EQ(Keys, (std::vector<int>{0xE4}));
+}
+
+TEST_F(KeyEdit_Test, lets_nothing_be_pasted_past_the_handler) {
+    QApplication::clipboard()->setText(QStringLiteral("123456"));
+    QTest::keyClick(&edit, 'v', Qt::ControlModifier);
+    QTest::keyClick(&edit, Qt::Key_Insert, Qt::ShiftModifier);
+    QTest::mouseClick(&edit, Qt::MiddleButton);
+    EXPECT_EQ(edit.text(), QString());
+    EXPECT_TRUE(Keys.empty());
+}
+
+TEST_F(KeyEdit_Test, leaves_tab_and_escape_to_the_window_unless_it_takes_them) {
+    QTest::keyClick(&edit, Qt::Key_Tab);
+    QTest::keyClick(&edit, Qt::Key_Escape);
+    EXPECT_TRUE(Keys.empty());
+    edit.takesTab = edit.takesEscape = true;
+    QTest::keyClick(&edit, Qt::Key_Tab);
+    QTest::keyClick(&edit, Qt::Key_Escape);
+    EXPECT_EQ(Keys, (std::vector<int>{Key::Tab, Key::Escape}));
+}
+
+TEST_F(KeyEdit_Test, edits_itself_when_the_handler_wants_whole_texts) {
+    edit.onText = [this](const std::string& text) { Texts.push_back(text); };
+    QTest::keyClicks(&edit, QStringLiteral("ab"));
+    QTest::keyClick(&edit, Qt::Key_Left);
+    QTest::keyClicks(&edit, QStringLiteral("c"));
+    QTest::keyClick(&edit, Qt::Key_Return);
+    EXPECT_EQ(Texts, (std::vector<std::string>{"a", "ab", "acb"}));
+    EXPECT_EQ(box.Text(), "acb");
+    EXPECT_EQ(Keys, (std::vector<int>{Key::Enter}));
+}
+
+TEST_F(KeyEdit_Test, shows_what_the_handler_makes_of_a_text) {
+    edit.onText = [this](const std::string& text) { box.Text = text.substr(0, 2); };
+    QTest::keyClicks(&edit, QStringLiteral("abcd"));
+    EXPECT_EQ(edit.text(), QStringLiteral("ab"));
+}
+
+TEST_F(KeyEdit_Test, takes_the_focus_when_the_model_asks) {
+    edit.clearFocus();
+    ASSERT_TRUE(box.SetFocus);
+    box.SetFocus();
+    EXPECT_TRUE(edit.hasFocus());
+}
+
+TEST_F(KeyEdit_Test, lets_the_model_go_when_it_dies) {
+    TextBox other;
+    { const KeyEdit short_lived(other, QStringLiteral("x"), nullptr); }
+    EXPECT_FALSE(other.SetFocus);
+    EXPECT_FALSE(other.Text.Changed);
+    other.Text = std::string("x");
+}
+
+// ---- over a cell
+
+struct Overlay_Test : ::testing::Test {
+    Grid grid{50, 4};
+    TextBox box;
+    ListBox list;
+    QWidget window;
+    GridView* view;
+    OverlayEditor* editor;
+    OverlayList* choices;
+    std::vector<int> Keys;
+    int Lost = 0;
+
+    Overlay_Test() {
+        box.Visible = false;
+        list.Visible = false;
+        view = new GridView(grid, &window);
+        view->setGeometry(0, 0, 600, 300);
+        editor = new OverlayEditor(box, *view, QStringLiteral("F6.Text3"));
+        choices = new OverlayList(list, *view, QStringLiteral("F5.List1"));
+        editor->onKey = [this](int key) { Keys.push_back(key); };
+        editor->onLostFocus = [this] { ++Lost; };
+        grid.SetText(0, 2, "Name");
+        window.resize(640, 360);
+        Present(window);
+        view->setFocus();
+    }
+    void open(int row, int column) {
+        grid.Row = row;
+        grid.Column = column;
+        box.Visible = true;
+    }
+};
+
+TEST_F(Overlay_Test, lies_over_the_current_cell_with_the_focus_and_the_columns_name) {
+    EXPECT_FALSE(editor->isVisible());
+    open(3, 2);
+    EXPECT_TRUE(editor->isVisible());
+    EXPECT_TRUE(editor->hasFocus());
+    EXPECT_EQ(editor->geometry(), view->cellRect(3, 2));
+    EXPECT_EQ(editor->accessibleName(), QStringLiteral("Name"));
+}
+
+TEST_F(Overlay_Test, gives_tab_return_and_escape_to_the_handler) {
+    open(3, 2);
+    QTest::keyClick(editor, Qt::Key_Tab);
+    QTest::keyClick(editor, Qt::Key_Return);
+    QTest::keyClick(editor, Qt::Key_Escape);
+    EXPECT_EQ(Keys, (std::vector<int>{Key::Tab, Key::Enter, Key::Escape}));
+    EXPECT_TRUE(editor->isVisible());
+}
+
+TEST_F(Overlay_Test, moves_with_its_cell) {
+    open(3, 2);
+    const int before = editor->y();
+    view->verticalScrollBar()->setValue(10);
+    EXPECT_EQ(editor->y(), before - 10);
+}
+
+TEST_F(Overlay_Test, tells_that_the_focus_went_elsewhere_but_not_when_the_model_closes_it) {
+    open(3, 2);
+    view->setFocus();
+    EXPECT_EQ(Lost, 1);
+    box.Visible = false;
+    open(4, 2);
+    box.Visible = false;
+    EXPECT_EQ(Lost, 1);
+    EXPECT_FALSE(editor->isVisible());
+    EXPECT_TRUE(view->hasFocus());
+}
+
+TEST_F(Overlay_Test, a_list_opens_below_its_cell_and_tells_the_choice) {
+    std::vector<int> chosen;
+    int cancelled = 0;
+    choices->onChoose = [&](int index) { chosen.push_back(index); };
+    choices->onCancel = [&] { ++cancelled; };
+    list.Entries = {"OFF", "Montag", "Dienstag"};
+    grid.Row = 2;
+    grid.Column = 1;
+    list.Visible = true;
+    EXPECT_EQ(choices->y(), view->cellRect(2, 1).bottom() + 1);
+    EXPECT_TRUE(choices->hasFocus());
+    QTest::keyClick(choices, Qt::Key_Down);
+    QTest::keyClick(choices, Qt::Key_Down);
+    QTest::keyClick(choices, Qt::Key_Return);
+    EXPECT_EQ(chosen.size(), 1U);
+    EXPECT_EQ(list.Selected, chosen.front());
+    QTest::keyClick(choices, Qt::Key_Escape);
+    EXPECT_EQ(cancelled, 1);
+    list.Visible = false;
+    EXPECT_TRUE(view->hasFocus());
+    EXPECT_EQ(cancelled, 1);
+}
+
+} // namespace
+} // namespace qvm::test

@@ -1,0 +1,237 @@
+// Colours, drawings, mnemonics, geometry and the month view.
+
+#include "Geometry.h"
+#include "Mnemonics.h"
+#include "MonthView.h"
+#include "Theme.h"
+#include "UiFixture.h"
+#include "WidgetChecks.h"
+
+#include <QFile>
+#include <QMenu>
+#include <QScreen>
+#include <QTest>
+
+#include <cmath>
+
+namespace qvm::test {
+namespace {
+
+QPalette DarkPalette() {
+    QPalette palette;
+    palette.setColor(QPalette::Base, QColor(30, 30, 30));
+    palette.setColor(QPalette::Text, QColor(235, 235, 235));
+    palette.setColor(QPalette::Highlight, QColor(60, 120, 200));
+    return palette;
+}
+
+QPalette LightPalette() {
+    QPalette palette;
+    palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::Text, QColor(20, 20, 20));
+    palette.setColor(QPalette::Highlight, QColor(60, 120, 200));
+    return palette;
+}
+
+double Linear(double part) {
+    return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+}
+
+/// Contrast ratio of two colours, 1 to 21, as the Web Content Accessibility Guidelines define it.
+double Contrast(const QColor& a, const QColor& b) {
+    const auto luminance = [](const QColor& c) {
+        return 0.2126 * Linear(c.redF()) + 0.7152 * Linear(c.greenF()) + 0.0722 * Linear(c.blueF());
+    };
+    const double one = luminance(a) + 0.05;
+    const double two = luminance(b) + 0.05;
+    return one > two ? one / two : two / one;
+}
+
+TEST(Theme, takes_red_from_the_lowest_byte) {
+    EXPECT_EQ(ui::exactColour(0x0000FF), QColor(255, 0, 0));
+    EXPECT_EQ(ui::exactColour(0x80FFFF), QColor(255, 255, 128));
+}
+
+TEST(Theme, keeps_meaning_colours_exact_and_takes_neutral_ones_from_the_palette) {
+    for (const QPalette& palette : {LightPalette(), DarkPalette()}) {
+        EXPECT_EQ(ui::cellBackground(0x80FFFF, true, palette), QColor(255, 255, 128));
+        EXPECT_EQ(ui::cellBackground(White, false, palette), palette.color(QPalette::Base));
+        EXPECT_NE(ui::cellBackground(White, true, palette), palette.color(QPalette::Base));
+        EXPECT_NE(ui::cellBackground(F13::ActionColour, false, palette),
+                  ui::cellBackground(F13::HoverColour, false, palette));
+        EXPECT_EQ(ui::cellForeground(Black, White, palette), palette.color(QPalette::Text));
+        EXPECT_EQ(ui::cellForeground(0x0000FF, White, palette), QColor(255, 0, 0));
+    }
+}
+
+TEST(Theme, texts_stay_legible_on_every_ground_in_both_palettes) {
+    for (const QPalette& palette : {LightPalette(), DarkPalette()}) {
+        for (const Colour ground : {White, F13::ActionColour, F13::HoverColour, Colour{0x80FFFF}, Colour{0x0000FF},
+                                    Colour{0x00FFFF}, Colour{0x00FF00}, Colour{0x800000}}) {
+            for (const bool stripe : {false, true}) {
+                EXPECT_GE(
+                    Contrast(ui::cellBackground(ground, stripe, palette), ui::cellForeground(Black, ground, palette)),
+                    4.5)
+                    << std::hex << ground;
+            }
+        }
+    }
+}
+
+TEST(Theme, has_a_drawing_for_every_key_and_picture) {
+    for (const std::string_view key :
+         {std::string_view("Ende"), std::string_view("EYE"), std::string_view("636I259"), std::string_view("Schaltuhr"),
+          std::string_view("x1504"), std::string_view("Neu"), std::string_view("GastCard"), std::string_view("PROG"),
+          std::string_view("lock4"), u8"Zurück"_w, std::string_view("Speichern"), std::string_view("Prog."),
+          std::string_view("SaveHistory"), std::string_view("Suchen")}) {
+        EXPECT_FALSE(ui::toolIcon(key).isNull()) << key;
+    }
+    EXPECT_TRUE(ui::toolIcon("nothing").isNull());
+    for (int id = 1; id <= 5; ++id) {
+        EXPECT_FALSE(ui::pictureIcon(ui::PictureSet::State, id).isNull()) << id;
+    }
+    EXPECT_FALSE(ui::pictureIcon(ui::PictureSet::Channel, 7).isNull());
+    EXPECT_FALSE(ui::pictureIcon(ui::PictureSet::Channel, 8).isNull());
+    EXPECT_FALSE(ui::pictureIcon(ui::PictureSet::Adapter, 1).isNull());
+    EXPECT_FALSE(ui::pictureIcon(ui::PictureSet::Adapter, 2).isNull());
+    EXPECT_TRUE(ui::pictureIcon(ui::PictureSet::Channel, 0).isNull());
+    EXPECT_TRUE(ui::pictureIcon(ui::PictureSet::None, 7).isNull());
+    EXPECT_FALSE(ui::programIcon().isNull());
+}
+
+TEST(Theme, draws_in_the_colour_of_the_palettes_text) {
+    const QPalette before = QApplication::palette();
+    QPalette palette = before;
+    palette.setColor(QPalette::WindowText, QColor(250, 10, 10));
+    QApplication::setPalette(palette);
+    const QImage drawn = ui::ownIcon(QStringLiteral("calendar")).pixmap(QSize(32, 32)).toImage();
+    QApplication::setPalette(before);
+    int inked = 0;
+    for (int y = 0; y < drawn.height(); ++y) {
+        for (int x = 0; x < drawn.width(); ++x) {
+            const QColor pixel = drawn.pixelColor(x, y);
+            inked += pixel.alpha() > 200 ? 1 : 0;
+            EXPECT_TRUE(pixel.alpha() < 200 || (pixel.red() > 200 && pixel.green() < 60)) << x << "," << y;
+        }
+    }
+    EXPECT_GT(inked, 50);
+}
+
+TEST(Theme, the_lamp_shows_its_colour_in_the_middle) {
+    const QImage lamp = ui::lampPixmap(0x00FFFF, 20, 2).toImage();
+    EXPECT_EQ(lamp.size(), QSize(40, 40));
+    EXPECT_EQ(lamp.pixelColor(20, 20), QColor(255, 255, 0));
+    EXPECT_EQ(lamp.pixelColor(0, 0).alpha(), 0);
+}
+
+// ---- mnemonics
+
+TEST(Mnemonics, gives_every_entry_a_letter_of_its_own) {
+    QMenu menu;
+    ui::uniqueMnemonics(&menu);
+    menu.addAction(QStringLiteral("Schnittstelle"));
+    menu.addAction(QStringLiteral("Sprache"));
+    menu.addSeparator();
+    menu.addAction(QStringLiteral("Schloss suchen"));
+    EXPECT_EQ(doubtfulMnemonics(&menu), QStringList());
+    EXPECT_EQ(menu.actions()[0]->text(), QStringLiteral("&Schnittstelle"));
+    EXPECT_EQ(menu.actions()[1]->text(), QStringLiteral("S&prache"));
+    EXPECT_EQ(menu.actions()[3]->text(), QStringLiteral("S&chloss suchen"));
+}
+
+TEST(Mnemonics, follows_new_texts_and_keeps_an_ampersand) {
+    QMenu menu;
+    QAction* one = menu.addAction(QStringLiteral("Datei"));
+    QAction* two = menu.addAction(QStringLiteral("Hilfe"));
+    ui::uniqueMnemonics(&menu);
+    two->setText(QStringLiteral("Druck && Daten"));
+    EXPECT_EQ(one->text(), QStringLiteral("&Datei"));
+    EXPECT_EQ(two->text(), QStringLiteral("D&ruck && Daten"));
+}
+
+TEST(Mnemonics, leaves_an_entry_alone_whose_letters_are_all_taken) {
+    QMenu menu;
+    menu.addAction(QStringLiteral("?"));
+    menu.addAction(QStringLiteral("A"));
+    menu.addAction(QStringLiteral("a"));
+    ui::uniqueMnemonics(&menu);
+    EXPECT_EQ(menu.actions()[0]->text(), QStringLiteral("?"));
+    EXPECT_EQ(menu.actions()[1]->text(), QStringLiteral("&A"));
+    EXPECT_EQ(menu.actions()[2]->text(), QStringLiteral("a"));
+}
+
+// ---- geometry
+
+struct Geometry_Test : ::testing::Test {
+    Geometry_Test() { QFile::remove(ui::geometryFile()); }
+    ~Geometry_Test() override { QFile::remove(ui::geometryFile()); }
+};
+
+TEST_F(Geometry_Test, gives_a_window_its_place_and_size_again) {
+    QWidget window;
+    window.setGeometry(40, 50, 300, 200);
+    window.show();
+    ui::saveGeometry(&window, QStringLiteral("F13"));
+    QWidget again;
+    EXPECT_TRUE(ui::restoreGeometry(&again, QStringLiteral("F13")));
+    EXPECT_EQ(again.size(), QSize(300, 200));
+    EXPECT_EQ(again.geometry().topLeft(), QPoint(40, 50));
+    EXPECT_FALSE(ui::restoreGeometry(&again, QStringLiteral("F99")));
+}
+
+TEST_F(Geometry_Test, never_puts_a_window_off_the_screen) {
+    QWidget window;
+    window.setGeometry(5000, 4000, 300, 200);
+    window.show();
+    ui::saveGeometry(&window, QStringLiteral("F13"));
+    QWidget again;
+    ASSERT_TRUE(ui::restoreGeometry(&again, QStringLiteral("F13")));
+    EXPECT_TRUE(QApplication::primaryScreen()->availableGeometry().contains(again.geometry()));
+}
+
+// ---- month view
+
+TEST(MonthView, begins_weeks_on_monday_in_the_programs_language) {
+    ui::MonthView month(QStringLiteral("F11.MonthView"));
+    month.setLanguage("Francais");
+    EXPECT_EQ(month.firstDayOfWeek(), Qt::Monday);
+    EXPECT_EQ(month.locale().language(), QLocale::French);
+    month.setLanguage("English");
+    EXPECT_EQ(month.locale().language(), QLocale::English);
+    EXPECT_EQ(month.firstDayOfWeek(), Qt::Monday);
+    month.setLanguage("?");
+    EXPECT_EQ(month.locale().language(), QLocale::German);
+}
+
+TEST(MonthView, holds_a_day_and_its_limit) {
+    ui::MonthView month(QStringLiteral("F11.MonthView"));
+    month.setLastDay({.Year = 2026, .Month = 3, .Day = 5});
+    month.setDay({.Year = 2026, .Month = 2, .Day = 13});
+    EXPECT_EQ(month.day(), (Datum{.Year = 2026, .Month = 2, .Day = 13}));
+    month.setDay({.Year = 2026, .Month = 4, .Day = 1});
+    EXPECT_EQ(month.day(), (Datum{.Year = 2026, .Month = 3, .Day = 5}));
+}
+
+TEST(MonthView, tells_the_day_chosen_with_return_once) {
+    QWidget window;
+    window.resize(300, 200);
+    Present(window);
+    ui::MonthView month(QStringLiteral("F11.MonthView"), &window);
+    std::vector<Datum> picked;
+    month.onPick = [&](const Datum& day) {
+        picked.push_back(day);
+        month.close();
+    };
+    month.setDay({.Year = 2026, .Month = 2, .Day = 13});
+    month.popUpUnder(&window);
+    UiFixture::Settle();
+    QWidget* view = month.findChild<QWidget*>(QStringLiteral("qt_calendar_calendarview"));
+    ASSERT_NE(view, nullptr);
+    view->setFocus();
+    QTest::keyClick(view, Qt::Key_Left);
+    QTest::keyClick(view, Qt::Key_Return);
+    EXPECT_EQ(picked, (std::vector<Datum>{{.Year = 2026, .Month = 2, .Day = 12}}));
+}
+
+} // namespace
+} // namespace qvm::test

@@ -1,0 +1,61 @@
+#include "UiFixture.h"
+
+#include <QTest>
+#include <QWidget>
+
+#include <fstream>
+#include <sstream>
+
+namespace qvm::test {
+namespace {
+
+std::string LanguageFile(std::string_view language) {
+    std::ifstream file(std::string(QVM_BINARY_DIR) + "/lang/QVM_" + std::string(language) + ".DAT", std::ios::binary);
+    std::ostringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+} // namespace
+
+void UiFixture::Start(std::string_view language, std::string_view mode) {
+    for (const std::string_view name : Languages) {
+        world.Disk.Files["/q/QVM_" + std::string(name) + ".DAT"] = LanguageFile(name);
+    }
+    world.Disk.Files["/q/DAT/EST7CSB29A.I_1"] = std::string(language) + "\r\n1\r\nUSB-Port5\r\n3\r\n";
+    world.Disk.Files["/q/DAT/CHEUSB25C.I_2"] = std::string(mode) + "\r\n";
+    programm = std::make_unique<Programm>(world.World, "/q");
+    ASSERT_EQ(Programm_Start(*programm, true), StartResult::Started);
+    ASSERT_FALSE(programm->kern.Zeile(9).empty());
+}
+
+void UiFixture::SettledLock(int number, std::string_view name, std::string_view serial) {
+    files.Lock(number, name, serial, "XXXXX");
+    files.Channel(number, "3", "3", "0");
+}
+
+void UiFixture::AddAdapter(std::string_view address, std::string_view name, std::string_view port) {
+    AdapterSatz adapter;
+    adapter.Adresse = address;
+    adapter.Name = name;
+    adapter.Port = port;
+    programm->Adapter.Saetze.push_back(adapter);
+}
+
+void UiFixture::Expect(int line, Answer answer) {
+    world.Answers.push_back({.Text = programm->kern.Zeile(line), .Reply = answer});
+}
+
+void UiFixture::Settle() {
+    for (int n = 0; n < 3; ++n) {
+        QApplication::processEvents();
+    }
+}
+
+void Present(QWidget& window) {
+    window.show();
+    QApplication::setActiveWindow(&window);
+    UiFixture::Settle();
+}
+
+} // namespace qvm::test

@@ -1,0 +1,151 @@
+#include "WidgetChecks.h"
+
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTableView>
+#include <QTest>
+#include <QToolBar>
+
+#include <algorithm>
+
+namespace qvm::test {
+namespace {
+
+QString sentence(const QWidget* widget, const QString& text) {
+    return widget->objectName() + QStringLiteral(": ") + text;
+}
+
+bool fits(const QLabel& label) {
+    if (label.property("elides").toBool() || label.text().isEmpty()) {
+        return true;
+    }
+    const QRect room = label.contentsRect().adjusted(label.margin(), label.margin(), -label.margin(), -label.margin());
+    const QRect needed = label.fontMetrics().boundingRect(QRect(0, 0, room.width(), 10000),
+                                                          label.wordWrap() ? Qt::TextWordWrap : 0, label.text());
+    return needed.width() <= room.width() && needed.height() <= room.height();
+}
+
+bool fits(const QComboBox& box) {
+    int widest = 0;
+    for (int n = 0; n < box.count(); ++n) {
+        widest = std::max(widest, box.fontMetrics().horizontalAdvance(box.itemText(n)));
+    }
+    constexpr int Arrow = 24;
+    return box.count() == 0 || widest + Arrow <= box.width();
+}
+
+void checkHeader(const QTableView& view, QStringList& found) {
+    const QHeaderView& header = *view.horizontalHeader();
+    for (int column = 0; column < header.count(); ++column) {
+        const QString text = view.model()->headerData(column, Qt::Horizontal).toString();
+        if (!header.isSectionHidden(column) &&
+            header.fontMetrics().horizontalAdvance(text) + 4 > header.sectionSize(column)) {
+            found += sentence(&view, text);
+        }
+    }
+}
+
+bool isControl(const QWidget* widget) {
+    return qobject_cast<const QAbstractButton*>(widget) != nullptr ||
+           qobject_cast<const QComboBox*>(widget) != nullptr || qobject_cast<const QLineEdit*>(widget) != nullptr ||
+           qobject_cast<const QAbstractItemView*>(widget) != nullptr;
+}
+
+/// Those that belong to another control, as the list of a combo box does, have no name of ours.
+QList<QWidget*> visibleControls(QWidget* window) {
+    QList<QWidget*> found;
+    for (QWidget* widget : window->findChildren<QWidget*>()) {
+        if (widget->isVisible() && widget->window() == window && isControl(widget) &&
+            !widget->objectName().startsWith(QLatin1String("qt_")) && widget->focusPolicy() != Qt::NoFocus &&
+            qobject_cast<QComboBox*>(widget->parentWidget()) == nullptr) {
+            found += widget;
+        }
+    }
+    return found;
+}
+
+} // namespace
+
+QStringList allTextsFit(QWidget* window) {
+    QStringList found;
+    for (const QWidget* widget : window->findChildren<QWidget*>()) {
+        if (!widget->isVisible() || widget->window() != window) {
+            continue;
+        }
+        if (const auto* label = qobject_cast<const QLabel*>(widget); label != nullptr && !fits(*label)) {
+            found += sentence(label, label->text());
+        } else if (const auto* button = qobject_cast<const QAbstractButton*>(widget);
+                   button != nullptr && !button->text().isEmpty() &&
+                   (button->width() < button->sizeHint().width() || button->height() < button->sizeHint().height())) {
+            found += sentence(button, button->text());
+        } else if (const auto* box = qobject_cast<const QComboBox*>(widget); box != nullptr && !fits(*box)) {
+            found += sentence(box, box->currentText());
+        } else if (const auto* view = qobject_cast<const QTableView*>(widget)) {
+            checkHeader(*view, found);
+        }
+    }
+    return found;
+}
+
+QStringList tabOrder(QWidget* window) {
+    constexpr int Most = 200;
+    window->activateWindow();
+    QApplication::setActiveWindow(window);
+    if (window->focusWidget() == nullptr) {
+        QTest::keyClick(window, Qt::Key_Tab);
+    }
+    QStringList order;
+    while (order.size() < Most && window->focusWidget() != nullptr &&
+           !order.contains(window->focusWidget()->objectName())) {
+        order += window->focusWidget()->objectName();
+        QTest::keyClick(window->focusWidget(), Qt::Key_Tab);
+    }
+    return order;
+}
+
+QStringList controlsOf(QWidget* window) {
+    QStringList found;
+    for (const QWidget* widget : visibleControls(window)) {
+        if (widget->isEnabled()) {
+            found += widget->objectName();
+        }
+    }
+    return found;
+}
+
+QStringList unnamedControls(QWidget* window) {
+    QStringList found;
+    for (const QWidget* widget : visibleControls(window)) {
+        const auto* button = qobject_cast<const QAbstractButton*>(widget);
+        const bool iconOnly = button != nullptr && button->text().isEmpty() && !button->icon().isNull();
+        if (widget->objectName().isEmpty() || widget->accessibleName().isEmpty() ||
+            (iconOnly && widget->toolTip().isEmpty())) {
+            found += sentence(widget, QString::fromLatin1(widget->metaObject()->className()));
+        }
+    }
+    return found;
+}
+
+QStringList doubtfulMnemonics(const QWidget* menu) {
+    QStringList found;
+    QStringList seen;
+    for (const QAction* action : menu->actions()) {
+        if (action->isSeparator() || action->text().isEmpty()) {
+            continue;
+        }
+        const QString key = QKeySequence::mnemonic(action->text()).toString();
+        if (key.isEmpty() || seen.contains(key)) {
+            found += action->text();
+        }
+        seen += key;
+    }
+    return found;
+}
+
+} // namespace qvm::test
