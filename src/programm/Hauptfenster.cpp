@@ -2,6 +2,8 @@
 
 #include "Programm.h"
 
+#include <utility>
+
 namespace qvm {
 
 void Programm::Hauptfenster_Verbinden() {
@@ -16,10 +18,11 @@ void Programm::Hauptfenster_Verbinden() {
         F9.Fenster.Visible = false;
     };
     F2.Hooks.Lauf_Timer_Anhalten = [this] {
-        Lauf.Timer7.Stop();
-        Lauf.Timer8.Stop();
-        Lauf.Timer9.Stop();
-        Lauf.Timer11.Stop();
+        for (const auto& [timer, interval] : {std::pair{&Lauf.Timer7, 1000}, std::pair{&Lauf.Timer8, 20},
+                                              std::pair{&Lauf.Timer9, 900}, std::pair{&Lauf.Timer11, 500}}) {
+            timer->Stop();
+            timer->SetInterval(interval);
+        }
     };
     F6.Port_Eingerichtet = [this] { F2.Port_Einrichten_Anzeigen(); };
     F6.Zurueck = [this] { Rufen(F2_Zeigen); };

@@ -40,17 +40,20 @@ TEST_F(F2_Laden, before_it_the_program_has_no_ear_for_ports_and_no_timer) {
     EXPECT_FALSE(Main().Timer2.Running());
 }
 
-TEST_F(F2_Laden, stops_the_timers_of_a_run) {
+TEST_F(F2_Laden, stops_the_timers_of_a_run_and_sets_their_first_intervals) {
     Start();
-    for (Timer* timer :
-         {&programm->Lauf.Timer7, &programm->Lauf.Timer8, &programm->Lauf.Timer9, &programm->Lauf.Timer11}) {
-        timer->Start(1000);
+    Programmierlauf& run = programm->Lauf;
+    for (Timer* timer : {&run.Timer7, &run.Timer8, &run.Timer9, &run.Timer11}) {
+        timer->Start(77);
     }
     Open();
-    for (const Timer* timer :
-         {&programm->Lauf.Timer7, &programm->Lauf.Timer8, &programm->Lauf.Timer9, &programm->Lauf.Timer11}) {
+    for (const Timer* timer : {&run.Timer7, &run.Timer8, &run.Timer9, &run.Timer11}) {
         EXPECT_FALSE(timer->Running());
     }
+    EXPECT_EQ(run.Timer7.Interval(), 1000);
+    EXPECT_EQ(run.Timer8.Interval(), 20);
+    EXPECT_EQ(run.Timer9.Interval(), 900);
+    EXPECT_EQ(run.Timer11.Interval(), 500);
 }
 
 TEST_F(F2_Laden, a_second_time_leaves_the_port_alone) {
