@@ -20,6 +20,9 @@ ExitCode Befehl_Check(const Umgebung& world, const Console& console);
 /// program and history.
 ExitCode Befehl_Lauf(const Umgebung& world, const Console& console, const Optionen& options);
 
+/// Prints the events of .HST files; without a file those of all in HIST.
+ExitCode Befehl_Ereignisse(const Umgebung& world, const Console& console, const Optionen& options);
+
 /// What a lock would get, telegram by telegram. Nothing is sent and nothing is written.
 ExitCode Befehl_Dataset(const Umgebung& world, const Console& console, int lock);
 

@@ -17,6 +17,17 @@ std::array<std::string, Columns + 1> Zellen(const HistoryEvent& event) {
     return {std::string(RTrim(event.Name)), event.Date, event.Time, event.Event, event.State};
 }
 
+std::string Csv_Feld(const std::string& text) {
+    if (text.find_first_of(";\"") == std::string::npos) {
+        return text;
+    }
+    std::string quoted = "\"";
+    for (const char character : text) {
+        quoted += character == '"' ? "\"\"" : std::string(1, character);
+    }
+    return quoted + "\"";
+}
+
 } // namespace
 
 std::string Historie_Tabelle(const HistoryFile& history) {
@@ -52,6 +63,23 @@ nlohmann::ordered_json Historie_Json(const HistoryFile& history) {
                         {"state", NachUtf8(cells[4])}});
     }
     return list;
+}
+
+std::string Historie_Csv_Kopf() {
+    return "file;lock;name;date;time;event;state\n";
+}
+
+std::string Historie_Csv(const std::string& file, const HistoryFile& history) {
+    const std::string front = Csv_Feld(Anzeigetext(file)) + ";" + Csv_Feld(Anzeige_Aus_1252(RTrim(history.Serial)));
+    std::string text;
+    for (const HistoryEvent& event : history.Events) {
+        text += front;
+        for (const std::string& cell : Zellen(event)) {
+            text += ";" + Csv_Feld(Anzeige_Aus_1252(cell));
+        }
+        text += "\n";
+    }
+    return text;
 }
 
 } // namespace qvm

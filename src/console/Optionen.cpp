@@ -12,6 +12,7 @@ namespace {
 /// The options as texts, where CLI11 puts them.
 struct Texte {
     std::string Since;
+    std::string Date;
     std::string Erase = "keep";
 };
 
@@ -26,6 +27,14 @@ void Lauf_Optionen(CLI::App& command, Optionen& options, Texte& texts) {
         ->check(CLI::Range(0, 86400));
 }
 
+void Ereignis_Optionen(CLI::App& command, Optionen& options, Texte& texts) {
+    command.add_option("FILE", options.Files, "history files, - for standard input (default: all of HIST)");
+    command.add_option("--name", options.Name, "only events of this name");
+    command.add_option("--date", texts.Date, "only events of this day, DD.MM.YYYY");
+    command.add_option("--event", options.Event, "only events with this text as event or state");
+    command.add_flag("--csv", options.Csv, "a line for each event, fields separated by semicolons");
+}
+
 void Befehle_Anlegen(CLI::App& app, Optionen& options, Texte& texts) {
     const auto add = [&](const char* name, const char* text, Command which) {
         CLI::App* command = app.add_subcommand(name, text);
@@ -38,6 +47,7 @@ void Befehle_Anlegen(CLI::App& app, Optionen& options, Texte& texts) {
     program->add_option("--erase", texts.Erase, "fingerprints that the lock holds: keep (default) or wipe")
         ->check(CLI::IsMember({"keep", "wipe"}));
     Lauf_Optionen(*add("history", "read the history of locks", Command::History), options, texts);
+    Ereignis_Optionen(*add("events", "print the events of history files", Command::Events), options, texts);
     add("dataset", "show what a lock would get; sends nothing", Command::Dataset)
         ->add_option("LOCK", options.Locks, "lock number, 1 to 200")
         ->required()
@@ -62,6 +72,15 @@ std::string Nachpruefen(Optionen& options, const Texte& texts, const Datum& toda
         }
     }
     options.Keep = texts.Erase == "keep";
+    if (!texts.Date.empty()) {
+        options.Date = Datum_Lesen(texts.Date);
+        if (!options.Date) {
+            return "--date: " + texts.Date + " is not a date DD.MM.YYYY";
+        }
+    }
+    if (options.Csv && options.Json) {
+        return "--csv and --json exclude each other";
+    }
     if (!texts.Since.empty()) {
         options.Since = Datum_Lesen(texts.Since);
         if (!options.Since) {

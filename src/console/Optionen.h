@@ -9,7 +9,7 @@
 
 namespace qvm {
 
-enum class Command { Program, History, Dataset, Export, Import, Check, Decode };
+enum class Command { Program, History, Events, Dataset, Export, Import, Check, Decode };
 
 /// The command line, taken apart.
 struct Optionen {
@@ -26,6 +26,11 @@ struct Optionen {
     std::string CodeFrom;       ///< a path, "-", or empty: ask on the terminal
     int TimeoutSeconds = 30;    ///< 0: wait for ever
     std::string File;           ///< export, import, decode
+
+    std::vector<std::string> Files; ///< events; "-": standard input; none: all of HIST
+    std::string Name, Event;        ///< events: only these; empty: all
+    std::optional<Datum> Date;      ///< events: only of this day
+    bool Csv = false;               ///< events
 };
 
 /// Nothing when the program is to end at once, with `exitCode`: after a help text on `out`, or a fault on `err`.
