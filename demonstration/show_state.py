@@ -1,5 +1,7 @@
 #!/usr/bin/env python3
-"""Prints what a lock of the virtual system holds: show_state.py STATE.json INSTALLATION.json LOCK"""
+"""Prints what a lock of the virtual system holds: show_state.py STATE.json INSTALLATION.json LOCK
+
+LOCK is a number of the installation, or "programmed" for all locks that were reached since the start."""
 import json
 import sys
 
@@ -45,11 +47,7 @@ def read(path):
         return json.load(file)
 
 
-def main():
-    state = read(sys.argv[1])
-    record = next(r for r in read(sys.argv[2])["tables"]["LockRecord"] if r["record"] == int(sys.argv[3]))
-    serial = ".".join(record[f"Sn{part}"] for part in range(1, 5))
-    lock = next(lock for lock in state["locks"] if lock["serial"] == serial)
+def show_lock(lock, units):
     print(f"   {'lock:':<18}{lock.get('label', '')} [{lock['serial']}], channel {lock['channel']}")
     clock = lock.get("clock")
     if clock:
@@ -63,9 +61,24 @@ def main():
     for name in ("priority", "lock_mode", "lock_timer_flag", "calendar_flag"):
         if name in lock:
             print(f"   {name.replace('_', ' ') + ':':<18}{lock[name]}")
-    for unit in state.get("units", []):
+    for unit in units:
         if unit.get("lock") == lock["serial"]:
             print(f"   {'unit:':<18}{unit.get('label', '')} [{unit['serial']}], {len(unit.get('rows', []))} templates")
+    print()
+
+
+def main():
+    state = read(sys.argv[1])
+    if sys.argv[3] == "programmed":
+        locks = [lock for lock in state["locks"] if lock["sessions"] > 0]
+    else:
+        record = next(r for r in read(sys.argv[2])["tables"]["LockRecord"] if r["record"] == int(sys.argv[3]))
+        serial = ".".join(record[f"Sn{part}"] for part in range(1, 5))
+        locks = [lock for lock in state["locks"] if lock["serial"] == serial]
+    for lock in locks:
+        show_lock(lock, state.get("units", []))
+    if not locks:
+        print("   none")
     faulty = state.get("judgements", [])
     print(f"   {'telegrams:':<18}{state['line'].get('telegrams', '?')} received, {len(faulty)} of them faulty")
     for finding in faulty[:10]:
