@@ -29,6 +29,9 @@ struct AdapterListe {
     int EnrollmentPort = 0;
     std::string ProgAdresse; ///< address text of the adapters that these ports lead to
     std::string EnrollmentAdresse;
+
+    int Stand = 0;            ///< raised whenever the ports are determined anew: a search under way then ends
+    bool SucheLaeuft = false; ///< a search is under way
 };
 
 /// The adapter of that address, or else of that name; nullptr when there is none. An empty text finds nothing.
