@@ -16,7 +16,7 @@ namespace {
 /// stand on one height.
 QString inTwoLines(const QString& text) {
     constexpr int Short = 12;
-    const QString oneLine = text + QLatin1Char('\n');
+    const QString oneLine = text + QStringLiteral("\n\u00A0");
     if (text.size() <= Short) {
         return oneLine;
     }
@@ -28,6 +28,18 @@ QString inTwoLines(const QString& text) {
         }
     }
     return best < 0 ? oneLine : text.left(best) + QLatin1Char('\n') + text.mid(best + 1);
+}
+
+/// As soon as one caption of the bar takes two lines all do, so that the icons stand in one row.
+void alignCaptions(const QToolBar& bar) {
+    bool two = false;
+    for (const QAction* action : bar.actions()) {
+        two = two || action->iconText().trimmed().contains(QLatin1Char('\n'));
+    }
+    for (QAction* action : bar.actions()) {
+        const QString text = action->iconText().trimmed();
+        action->setIconText(two && !text.contains(QLatin1Char('\n')) ? text + QStringLiteral("\n ") : text);
+    }
 }
 
 /// Return presses a tool button as space does.
@@ -57,11 +69,13 @@ QToolButton* addToolButton(ToolButton& model, QToolBar* bar, std::function<void(
     nameWidget(button, name);
     button->setFocusPolicy(Qt::TabFocus);
     button->installEventFilter(new ReturnPresses(button));
-    watch(model.Tip, action, [&model, action, button] {
+    watch(model.Tip, action, [&model, bar, action, button] {
         const QString tip = toQt(model.Tip());
-        action->setText(inTwoLines(tip).replace(QLatin1Char('&'), QLatin1String("&&")));
+        action->setText(captionOf(model.Tip()));
+        action->setIconText(inTwoLines(captionOf(model.Tip())));
         action->setToolTip(tip);
         button->setAccessibleName(tip);
+        alignCaptions(*bar);
     });
     watch(model.Enabled, action, [&model, action] { action->setEnabled(model.Enabled); });
     watch(model.Visible, action, [&model, action] { action->setVisible(model.Visible); });

@@ -7,6 +7,7 @@ namespace qvm::ui {
 
 ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) {
     setTextFormat(Qt::PlainText);
+    setProperty("elides", true);
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     // As high with text as without.
     setMinimumHeight(fontMetrics().height() + 2);

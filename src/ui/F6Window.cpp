@@ -19,7 +19,7 @@
 namespace qvm::ui {
 namespace {
 
-constexpr int MinimumWidth = 640, MinimumHeight = 420;
+constexpr int MinimumWidth = 640, MinimumHeight = 420, FirstWidth = 720, FirstHeight = 520;
 
 } // namespace
 
@@ -38,6 +38,7 @@ F6Window::F6Window(F6& model, QWidget* parent)
     content()->addStretch();
     content()->addLayout(makeBottomRow());
     setMinimumSize(MinimumWidth, MinimumHeight);
+    resize(FirstWidth, FirstHeight);
     setWords();
     const auto back = [this] { pressKey(f6_.Toolbar1[0].Key); };
     finish({.onClose = back, .onEscape = back});
