@@ -23,7 +23,7 @@ inline constexpr std::size_t MaxPorts = 21;
 
 /// The candidate ports, and the adapters found behind them in the order in which they were found; at most 21 of each.
 struct AdapterListe {
-    std::vector<int> PortListe; ///< port numbers, 1 to 255
+    std::vector<int> PortListe; ///< port numbers, 1 to 254
     std::vector<AdapterSatz> Saetze;
     int ProgStationPort = 0; ///< 0 unknown, KeinPort none
     int EnrollmentPort = 0;
@@ -32,6 +32,13 @@ struct AdapterListe {
 
     int Stand = 0;            ///< raised whenever the ports are determined anew: a search under way then ends
     bool SucheLaeuft = false; ///< a search is under way
+
+    /// Nothing is known of adapters: an action that needs one searches first.
+    void Ports_Vergessen() {
+        ProgStationPort = EnrollmentPort = 0;
+        ProgAdresse.clear();
+        EnrollmentAdresse.clear();
+    }
 };
 
 /// The adapter of that address, or else of that name; nullptr when there is none. An empty text finds nothing.

@@ -6,20 +6,58 @@
 #include "TransferTabelle.h"
 
 #include <algorithm>
+#include <string_view>
 
 namespace qvm {
 namespace {
 
-/// Seconds to wait for an identification on a candidate port and on the configured one, and for a record.
-constexpr double CandidateWait = 4.0, ConfiguredWait = 1.8, RecordWait = 1.4;
-constexpr int Tries = 4;
-constexpr std::string_view ProgStation = "PROGSTATION", Enrollment = "ENROLLMENT1";
-/// So many characters of the name tell the kinds apart.
-constexpr std::size_t KindLength = 11;
-
 using Probe = std::array<std::uint8_t, ProbeBytes>;
 
-Probe Frische_Probe(const Platform& world) {
+constexpr int Tries = 4;
+/// Seconds that an identification is waited for: of a candidate port, of a fixed one; and seconds for a record.
+constexpr double CandidateWait = 4.0, FixedWait = 1.8, RecordWait = 1.4;
+
+constexpr std::string_view ProgrammingClass = "PROGSTATION", EnrolmentClass = "ENROLLMENT1";
+static_assert(ProgrammingClass.size() == EnrolmentClass.size());
+
+/// Marks the search, and shows the hourglass, for as long as it lives.
+class Suchlauf {
+public:
+    Suchlauf(const Platform& world, AdapterListe& list) : world_(world), list_(list) {
+        list_.SucheLaeuft = true;
+        Sanduhr(true);
+    }
+    ~Suchlauf() {
+        Sanduhr(false);
+        list_.SucheLaeuft = false;
+    }
+    Suchlauf(const Suchlauf&) = delete;
+    Suchlauf& operator=(const Suchlauf&) = delete;
+
+private:
+    void Sanduhr(bool on) {
+        if (world_.Hourglass) {
+            world_.Hourglass(on);
+        }
+    }
+
+    const Platform& world_;
+    AdapterListe& list_;
+};
+
+/// One search: what does not change while it runs.
+struct Suche {
+    Link& link;
+    AdapterListe& list;
+    int Stand;              ///< of the list at the beginning
+    std::vector<int> Ports; ///< the list itself may change during a wait
+    double Wait;            ///< for an identification
+    Probe ProbeSent{};
+
+    bool Ueberholt() const { return list.Stand != Stand; }
+};
+
+Probe Probe_Neu(const Platform& world) {
     Probe probe{};
     for (std::uint8_t& byte : probe) {
         byte = static_cast<std::uint8_t>(std::clamp(static_cast<int>(world.Random() * 256.0), 0, 255));
@@ -27,169 +65,184 @@ Probe Frische_Probe(const Platform& world) {
     return probe;
 }
 
-/// One search: hourglass and mark stand while it lives.
-class Suche {
-public:
-    Suche(Link& serialLink, AdapterListe& adapters)
-        : link_(serialLink), list_(adapters), stand_(adapters.Stand), probe_(Frische_Probe(serialLink.kern.Welt)) {
-        list_.SucheLaeuft = true;
-        link_.kern.Welt.Hourglass(true);
-    }
-    ~Suche() {
-        link_.kern.Welt.Hourglass(false);
-        list_.SucheLaeuft = false;
-    }
-    Suche(const Suche&) = delete;
-    Suche& operator=(const Suche&) = delete;
-
-    bool Ausfuehren(const std::vector<int>& ports, double firstWait);
-
-private:
-    bool Kennung(int port, double wait);
-    bool Daten(int port);
-    void Eintragen(int port);
-    AdapterSatz Satz(int port) const;
-    /// The ports were determined anew meanwhile: what this search knows is out of date.
-    bool Ueberholt() const { return list_.Stand != stand_; }
-    /// A good frame of that code has come in the wait.
-    bool Antwort(std::uint8_t code) const { return link_.ReplySeen != 0 && link_.RxByte(2) == code; }
-
-    Link& link_;
-    AdapterListe& list_;
-    int stand_;
-    Probe probe_;
-};
-
-bool Suche::Kennung(int port, double wait) {
-    if (!Port_Oeffnen(link_, port)) {
+/// Sends by `send` up to four times until the reply has come. False as well when the port fails or the search is over.
+template <class Send>
+bool Fragen(const Suche& search, int port, double seconds, const AdapterAntwort& reply, Send send) {
+    Link& link = search.link;
+    if (!Port_Oeffnen(link, port)) {
         return false;
     }
-    for (int n = 0; n < Tries && !Ueberholt(); ++n) {
-        link_.ReplySeen = 0;
-        link_.Rx.Ruecksetzen();
-        if (!TelAdapterKennung_Senden(link_, probe_)) {
+    for (int n = 0; n < Tries; ++n) {
+        link.ReplySeen = 0;
+        link.UsbArmed = 0;
+        link.Rx.Ruecksetzen();
+        if (!send(link)) {
             return false;
         }
-        Warte_Antwort(link_, wait);
-        if (Antwort(RpAdapterKennung::Reply.Code) || Antwort(RpAdapterKennung::Reply6A.Code)) {
+        const bool answered = Adapter_Antwort_Abwarten(link, seconds, reply);
+        if (search.Ueberholt()) {
+            return false;
+        }
+        if (answered) {
             return true;
         }
     }
     return false;
 }
 
-bool Suche::Daten(int port) {
-    if (!Port_Oeffnen(link_, port)) {
-        return false;
-    }
-    for (int n = 0; n < Tries && !Ueberholt(); ++n) {
-        link_.ReplySeen = 0;
-        if (!TelAdapterDaten_Senden(link_)) {
-            return false;
-        }
-        Warte_Antwort(link_, RecordWait);
-        if (Antwort(RpAdapterDaten::Reply.Code) && link_.RxByte(1) == RpAdapterDaten::CompleteLength) {
-            return true;
-        }
-    }
-    return false;
+bool Kennung_Fragen(const Suche& search, int port) {
+    constexpr AdapterAntwort reply{.Code = RpAdapterKennung::Reply.Code,
+                                   .OtherCode = RpAdapterKennung::Reply6A.Code,
+                                   .Shortest = RpAdapterKennung::ValidLength};
+    return Fragen(search, port, search.Wait, reply,
+                  [&search](Link& link) { return TelAdapterKennung_Senden(link, search.ProbeSent); });
 }
 
-AdapterSatz Suche::Satz(int port) const {
-    AdapterSatz record;
+bool Satz_Fragen(const Suche& search, int port) {
+    constexpr AdapterAntwort reply{.Code = RpAdapterDaten::Reply.Code,
+                                   .OtherCode = RpAdapterDaten::Reply.Code,
+                                   .Shortest = RpAdapterDaten::CompleteLength,
+                                   .Longest = RpAdapterDaten::CompleteLength};
+    return Fragen(search, port, RecordWait, reply, TelAdapterDaten_Senden);
+}
+
+/// The record in the frame received.
+AdapterSatz Satz_Lesen(const Link& link, int port, const Probe& probe) {
+    AdapterSatz adapter;
     for (int n = 0; n < RpAdapterDaten::AdapterAddress.Width; ++n) {
-        record.Adresse += "/" + Ziffern(link_.RxByte(RpAdapterDaten::AdapterAddress.Offset + n));
+        adapter.Adresse += "/" + Ziffern(link.RxByte(RpAdapterDaten::AdapterAddress.Offset + n));
     }
-    for (int n = 0; n < RpAdapterDaten::AdapterName.Width; ++n) {
-        const std::uint8_t byte = link_.RxByte(RpAdapterDaten::AdapterName.Offset + n);
-        if (byte == 0) {
-            break;
-        }
-        record.Name += static_cast<char>(byte);
+    adapter.Name = Adapter_Name(link);
+    adapter.Port = Ziffern(port);
+    std::array<std::uint8_t, 16> bytes{};
+    for (std::size_t n = 0; n < bytes.size(); ++n) {
+        bytes[n] = link.RxByte(RpAdapterDaten::Key.Offset + static_cast<int>(n));
     }
-    record.Name = std::string(RTrim(record.Name));
-    record.Port = Ziffern(port);
-    std::array<std::uint8_t, 16> key{};
-    for (std::size_t n = 0; n < key.size(); ++n) {
-        key[n] = link_.RxByte(RpAdapterDaten::Key.Offset + static_cast<int>(n));
-    }
-    record.TransferKey = TransferKey_Bilden(key, probe_);
-    return record;
+    adapter.TransferKey = TransferKey_Bilden(bytes, probe);
+    return adapter;
 }
 
-void Suche::Eintragen(int port) {
-    const AdapterSatz record = Satz(port);
-    const std::string kind = record.Name.substr(0, KindLength);
-    if (kind == Enrollment) {
-        if (list_.EnrollmentAdresse.empty()) {
-            list_.EnrollmentPort = port;
-            list_.EnrollmentAdresse = record.Adresse;
+/// Files the record by the class that its name begins with.
+void Satz_Ablegen(AdapterListe& list, const AdapterSatz& adapter, int port, bool& enrolmentKnown) {
+    const std::string_view name = std::string_view(adapter.Name).substr(0, ProgrammingClass.size());
+    if (name == EnrolmentClass) {
+        if (!enrolmentKnown) {
+            enrolmentKnown = true;
+            list.EnrollmentPort = port;
+            list.EnrollmentAdresse = adapter.Adresse;
         }
-    } else if (kind == ProgStation) {
-        if (list_.ProgStationPort == KeinPort) {
-            list_.ProgStationPort = port;
-            list_.ProgAdresse = record.Adresse;
-            if (list_.EnrollmentAdresse.empty()) {
-                list_.EnrollmentPort = port;
+    } else if (name == ProgrammingClass) {
+        if (list.ProgStationPort == KeinPort) {
+            list.ProgStationPort = port;
+            list.ProgAdresse = adapter.Adresse;
+            if (!enrolmentKnown) {
+                list.EnrollmentPort = port;
+                list.EnrollmentAdresse = adapter.Adresse;
             }
         }
-        if (list_.Saetze.size() < MaxPorts) {
-            list_.Saetze.push_back(record);
-        }
+        list.Saetze.push_back(adapter);
     } else {
-        std::erase(list_.PortListe, port);
+        std::erase(list.PortListe, port);
     }
 }
 
-bool Suche::Ausfuehren(const std::vector<int>& ports, double firstWait) {
+bool Kennungen_Sammeln(const Suche& search) {
     bool answered = false;
-    for (const int port : ports) {
-        answered = Kennung(port, firstWait) || answered;
-        if (Ueberholt()) {
+    for (const int port : search.Ports) {
+        answered = Kennung_Fragen(search, port) || answered;
+        if (search.Ueberholt()) {
             return false;
         }
     }
-    if (!answered) {
-        return false;
-    }
-    list_.ProgStationPort = KeinPort;
-    list_.EnrollmentPort = KeinPort;
-    list_.ProgAdresse.clear();
-    list_.EnrollmentAdresse.clear();
-    list_.Saetze.clear();
-    for (const int port : ports) {
-        const bool record = Daten(port);
-        if (Ueberholt()) {
-            return false;
+    return answered;
+}
+
+void Saetze_Sammeln(const Suche& search) {
+    bool enrolmentKnown = false;
+    for (const int port : search.Ports) {
+        const bool answered = Satz_Fragen(search, port);
+        if (search.Ueberholt()) {
+            return;
         }
-        if (record) {
-            Eintragen(port);
+        if (answered) {
+            Satz_Ablegen(search.list, Satz_Lesen(search.link, port, search.ProbeSent), port, enrolmentKnown);
         }
     }
-    return true;
+}
+
+void Port_Zuruecksetzen(Link& link, const AdapterListe& list, int portBefore) {
+    const int port = list.ProgStationPort == KeinPort ? portBefore : list.ProgStationPort;
+    if (link.PortNummer != port || !link.kern.Welt.Port.IsOpen()) {
+        Port_Oeffnen(link, port);
+    }
 }
 
 } // namespace
 
+bool Adapter_Antwort_Abwarten(Link& link, double seconds, const AdapterAntwort& reply) {
+    const Platform& world = link.kern.Welt;
+    const std::int64_t start = world.Milliseconds();
+    double left = seconds;
+    do {
+        link.ReplySeen = 0;
+        Warte_Antwort(link, left);
+        const int length = static_cast<int>(link.RxFrame().size()) - 2; // the byte outside the sum comes on top
+        const std::uint8_t code = link.RxByte(2);
+        if (link.ReplySeen != 0 && (code == reply.Code || code == reply.OtherCode) && length >= reply.Shortest &&
+            length <= reply.Longest) {
+            return true;
+        }
+        left = seconds - static_cast<double>(world.Milliseconds() - start) / 1000.0;
+    } while (link.ReplySeen != 0 && left >= 0);
+    link.ReplySeen = 0;
+    return false;
+}
+
+std::string Adapter_Name(const Link& link) {
+    std::string name;
+    for (int n = 0; n < RpAdapterDaten::AdapterName.Width; ++n) {
+        const std::uint8_t byte = link.RxByte(RpAdapterDaten::AdapterName.Offset + n);
+        if (byte == 0) {
+            break;
+        }
+        name.push_back(static_cast<char>(byte));
+    }
+    return std::string(RTrim(name));
+}
+
 bool Adapter_Suchen(Link& link, AdapterListe& list) {
-    const bool configured = list.PortListe.empty() && !link.kern.Config.AdapterModus();
-    if (list.SucheLaeuft || (list.PortListe.empty() && !configured)) {
+    if (list.SucheLaeuft) {
         return false;
     }
-    const std::vector<int> ports = configured ? std::vector<int>{link.kern.Config.PortNummer} : list.PortListe;
-    const int before = link.PortNummer;
-    const int stand = list.Stand;
-    bool answered = false;
-    {
-        Suche search(link, list);
-        answered = search.Ausfuehren(ports, configured ? ConfiguredWait : CandidateWait);
+    const Suchlauf running(link.kern.Welt, list);
+    list.Saetze.clear();
+    const bool fixed = list.PortListe.empty();
+    const int portBefore = link.PortNummer;
+    Suche search{.link = link,
+                 .list = list,
+                 .Stand = list.Stand,
+                 .Ports = list.PortListe,
+                 .Wait = fixed ? FixedWait : CandidateWait,
+                 .ProbeSent = Probe_Neu(link.kern.Welt)};
+    if (fixed && !link.kern.Config.AdapterModus()) {
+        search.Ports = {link.kern.Config.PortNummer};
     }
-    if (list.Stand == stand) {
-        const bool known = answered && list.ProgStationPort != KeinPort;
-        const int wanted = known ? list.ProgStationPort : before;
-        if (link.PortNummer != wanted || !link.kern.Welt.Port.IsOpen()) {
-            Port_Oeffnen(link, wanted);
-        }
+    const bool answered = Kennungen_Sammeln(search);
+    if (search.Ueberholt()) {
+        return false;
+    }
+    list.Ports_Vergessen();
+    list.ProgStationPort = list.EnrollmentPort = KeinPort;
+    if (answered) {
+        Saetze_Sammeln(search);
+    }
+    if (search.Ueberholt()) {
+        list.Saetze.clear();
+        list.Ports_Vergessen();
+        return false;
+    }
+    if (!search.Ports.empty()) {
+        Port_Zuruecksetzen(link, list, portBefore);
     }
     return answered;
 }

@@ -6,11 +6,27 @@
 namespace qvm {
 
 /// Asks the candidate ports, or the configured one where there is no candidate and no automatic search, for adapters
-/// and fills Saetze, ProgStationPort and EnrollmentPort. Lets events go on while it waits: up to four tries of 4 s (one
-/// of 1.8 s on the configured port) for the identification and of 1.4 s for the record of each port. A port that cannot
-/// be opened is skipped. Leaves the port of the programming adapter open, or the one it began with when none was found.
-/// A call while a search is under way does nothing.
-/// True when an adapter answered.
+/// and fills Saetze, ProgStationPort and EnrollmentPort. Lets events go on while it waits: up to four tries of 4 s (1.8
+/// s on the configured port) for the identification and of 1.4 s for the record of each port. A port that cannot be
+/// opened is skipped, one whose device is no adapter leaves PortListe. Ends early, without touching the port, when the
+/// port is made ready anew meanwhile. Leaves the port of the programming adapter open, or the one it began with when
+/// none was found. A call while a search is under way does nothing. True when an adapter answered.
 bool Adapter_Suchen(Link& link, AdapterListe& list);
+
+/// A reply to a telegram to the adapter: its code, or one of two, and the lengths that it may have.
+struct AdapterAntwort {
+    std::uint8_t Code;
+    std::uint8_t OtherCode;
+    int Shortest;
+    int Longest = 0xFF;
+};
+
+/// Lets events go on for `seconds`, or until the reply has come. Other replies are passed over. ReplySeen says the same
+/// as the result.
+bool Adapter_Antwort_Abwarten(Link& link, double seconds, const AdapterAntwort& reply);
+
+/// The text of an adapter's name as it stands in the frame received: 20 bytes from index 8 on, up to the first 0x00,
+/// without blanks at its end.
+std::string Adapter_Name(const Link& link);
 
 } // namespace qvm

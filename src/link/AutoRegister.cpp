@@ -1,10 +1,11 @@
 #include "AutoRegister.h"
 
+#include "Text.h"
 
 namespace qvm {
 namespace {
 
-constexpr int HighestPort = 16, HighestInList = 255;
+constexpr int HighestPort = 16;
 
 } // namespace
 
@@ -12,25 +13,26 @@ int Ports_Ermitteln(const Kern& kern, AdapterListe& list) {
     list.PortListe.clear();
     ++list.Stand;
     for (const int port : kern.Welt.AdapterPorts()) {
-        if (port >= 1 && port <= HighestInList && list.PortListe.size() < MaxPorts) {
+        // A number is a byte, and 255 stands for none.
+        if (port >= 1 && port < KeinPort && list.PortListe.size() < MaxPorts) {
             list.PortListe.push_back(port);
         }
     }
     if (list.PortListe.empty()) {
         return KeinPort;
     }
-    const int last = list.PortListe.back();
-    return last <= HighestPort ? last : PortAusserhalb;
+    return list.PortListe.back() <= HighestPort ? list.PortListe.back() : PortAusserhalb;
 }
 
 bool Port_Einrichten(Link& link, AdapterListe& list) {
     Konfiguration& config = link.kern.Config;
+    list.Ports_Vergessen();
     if (config.AdapterModus()) {
         const int found = Ports_Ermitteln(link.kern, list);
-        if (found != KeinPort && found != PortAusserhalb && found != config.PortNummer) {
+        if (found <= HighestPort && found != config.PortNummer) {
             config.PortNummer = found;
-            config.PortName = "USB-Port" + std::to_string(found);
-            Konfiguration_Speichern(link.kern); // it is written again at the shut-down, which tells of a failure
+            config.PortName = "USB-Port" + Ziffern(found);
+            Konfiguration_Speichern(link.kern); // the port serves without it, and the end of the program saves again
         }
     } else {
         list.PortListe.clear();
