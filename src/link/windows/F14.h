@@ -24,6 +24,8 @@ struct F14 {
     std::function<void()> Zurueck; ///< back to the main window
 
     void F14_Laden();
+    /// Words from the catalogue anew; the selection stays.
+    void Texte_Setzen();
     /// A change of the selection, 0 to 11.
     void Combo1_Click(int index);
     /// "Zurück" or "Speichern".

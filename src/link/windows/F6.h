@@ -28,7 +28,8 @@ struct F6 {
     F6(Link& serialLink, AdapterListe& adapters);
 
     static constexpr int Records = 20;              ///< of COMSETUPADAPTER.ADP, one a grid row
-    static constexpr Colour ChangedName = 0x80FFFF; ///< background of a name that the adapter does not bear yet
+    static constexpr int Searched = 18;             ///< rows that a search fills at most
+    static constexpr Colour ChangedName = 0x80FFFF; ///< background of a row whose adapter bears another name by now
     static constexpr int NameWidth = 20;
 
     Link& link;
@@ -48,10 +49,12 @@ struct F6 {
     std::function<void()> Zurueck;           ///< back to the main window
 
     void F6_Laden();
+    /// Words from the catalogue anew; the cells stay.
+    void Texte_Setzen();
     void Check1_Click(bool on);
     void Combo1_Click(int index);
     void Command1_Click();
-    /// A click on, or a key in, a cell opens the editor when it lies in the name column and the row has an address.
+    /// A click on, or a key in, a cell opens the editor when it lies in the name column of a row that is stored.
     void FGK6_Click(int row, int column);
     void FGK6_KeyPress(int key);
     /// One key in the editor: Tab and Return take the text over, Escape puts the old one back.
@@ -66,18 +69,24 @@ struct F6 {
 
     bool Adapter_Liste_Laden();
     bool Adapter_Liste_Speichern();
-    /// Writes the row's name to its adapter. False when it did not answer or read back something else.
+    /// Writes the name to the row's adapter and reports by message. False when it did not answer or read back something
+    /// else, or when the row has no port (no message then).
     bool Transmit_USB_WORD(int row, std::string_view name);
 
 private:
-    void Beschriften();
     void Modus_Zeigen();
+    void Zeile_Fuellen(int row, const AdapterSatz& adapter);
     void Editor_Oeffnen(int row, std::string_view text);
     void Editor_Uebernehmen();
+    void Name_Setzen(int row, const std::string& name, const std::string& old);
+    bool Name_Schreiben(int port, std::string_view name);
     void Speichern();
+    void Schliessen();
 
+    int editedRow_ = 0;
     std::string oldName_;
     bool dirty_ = false;
+    bool listGood_ = true; ///< false: the list could not be read, and is not written over
 };
 
 } // namespace qvm

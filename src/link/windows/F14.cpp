@@ -1,0 +1,75 @@
+#include "F14.h"
+
+#include "Kanal.h"
+#include "Worttexte.h"
+
+namespace qvm {
+namespace {
+
+constexpr int Channels = 12;
+constexpr int ChannelLine = 35, SaveQuestion = 60;
+
+} // namespace
+
+void F14::F14_Laden() {
+    channelAtOpen_ = kern.Config.RadioChannel;
+    Fenster.Title = std::string(SystemTitle);
+    std::vector<std::string> entries;
+    for (int channel = 1; channel <= Channels; ++channel) {
+        entries.push_back(kern.Zeile(ChannelLine) + "-" + Ziffern(channel));
+    }
+    Combo1.Entries = std::move(entries);
+    Combo1.Selected = kern.Config.Funkkanal() - 1;
+    Toolbar_Beschriften(kern, Toolbar1);
+    Dirty = false;
+    Fenster.Visible = true;
+}
+
+void F14::Combo1_Click(int index) {
+    if (index < 0 || index >= Channels || index == Combo1.Selected) {
+        return;
+    }
+    Combo1.Selected = index;
+    Dirty = true;
+}
+
+void F14::Toolbar1_ButtonClick(std::string_view key) {
+    if (key == Toolbar1[1].Key) {
+        Speichern();
+        return;
+    }
+    if (key != Toolbar1[0].Key) {
+        return;
+    }
+    if (Dirty &&
+        kern.Meldung(kern.Zeile(SaveQuestion), Buttons::YesNo, Icon::Question, kern.Zeile(ChannelLine)) == Answer::Yes) {
+        Speichern();
+    }
+    Dirty = false;
+    Fenster.Visible = false;
+    if (Zurueck) {
+        Zurueck();
+    }
+}
+
+void F14::Speichern() {
+    const int before = kern.Config.Funkkanal();
+    const int channel = Combo1.Selected + 1;
+    kern.Config.RadioChannel = Ziffern(channel);
+    if (!Konfiguration_Speichern(kern)) {
+        kern.Config.RadioChannel = channelAtOpen_;
+        kern.Meldung(kern.Zeile(WindowLine::SettingsNotSaved), Buttons::Ok, Icon::Exclamation);
+        return;
+    }
+    if (channel != before && !Kanal_Umstellen(kern, channel)) {
+        // Locks and keys would never be moved to a channel that they were not scheduled for.
+        kern.Config.RadioChannel = channelAtOpen_;
+        Konfiguration_Speichern(kern);
+        kern.Meldung(kern.Zeile(WindowLine::ChannelNotSaved), Buttons::Ok, Icon::Exclamation);
+        return;
+    }
+    channelAtOpen_ = kern.Config.RadioChannel;
+    Dirty = false;
+}
+
+} // namespace qvm
