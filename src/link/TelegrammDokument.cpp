@@ -1,5 +1,6 @@
 #include "TelegrammDokument.h"
 
+#include "NetzDokument.h"
 #include "Telegramme.h"
 #include "Text.h"
 #include "Zusammen.h"
@@ -126,6 +127,7 @@ std::string Telegramm_Dokument() {
         ++column;
     }
     text += "\n";
+    text += Netz_Dokument();
     return text;
 }
 

@@ -1,0 +1,84 @@
+#include "NetzDokument.h"
+
+#include "TelegrammeNetz.h"
+#include "Text.h"
+#include "Zusammen.h"
+
+namespace qvm {
+namespace {
+
+constexpr std::string_view Intro = R"(
+## Network path
+
+Telegrams of code 0x90 between the PC and a network adapter. Index 1 is the block number, which goes out unstuffed, 4..5 the
+length word N, 27 the telegram's code. From the PC the bytes 0 to N go out. A block with code 0x14 or 0x16 ends with its
+checksum at N, over 0 to N - 1 of the telegram in the clear with 0 at index 26. From the adapter the checksum stands at
+N - 1, over 0 to N - 2, and one byte follows that nobody reads; replies with code 0x0C, 0x0D and 0xFF are taken without it.
+
+The payload begins at 32. Behind every 128 bytes of it, and behind what is left in the end, stands a checksum over them. It
+is enciphered with the adapter's transfer key in blocks of 16 bytes, the last byte of each such group, its checksum, and
+what is left of a group below 16 bytes excepted.
+
+| Code | Name | Fields | Note |
+|---|---|---|---|
+)";
+
+constexpr std::string_view Codes = R"(
+A block with code 0x16 carries up to 1263 bytes: the fingerprints one behind the other, each with its head, without regard
+to the ends of blocks. Block numbers run on from the data blocks.
+
+Codes of the adapter: 0x0B history is being fetched, 0x0C history block, 0x0D last history block, 0x14 data block taken
+(index 1 its number), 0x15 all data taken, 0x16 fingerprint block taken, 0x17 fingerprints taken, 0x1F programming begins,
+0x20 lock programmed, 0xFF lock not reached. The payload of a history block are history records of 22 bytes, which run on
+from one block to the next.
+)";
+
+std::string Hex2(unsigned value) {
+    return Zusammen({"0x", HexText(value, 2)});
+}
+
+std::string Feldtext(const NetzFeld& field) {
+    const std::string first = Ziffern(field.Offset);
+    const std::string at = field.Width == 1 ? first : Zusammen({first, "..", Ziffern(field.End() - 1)});
+    switch (field.Is) {
+    case Kind::Fixed:
+        return Zusammen({at, " = ", Hex2(field.Detail)});
+    case Kind::Word:
+        return Zusammen({at, ": ", field.Name, ", high byte first"});
+    case Kind::Rows:
+        return Zusammen(
+            {at, ": ", Ziffern(field.Width / field.Detail), " ", field.Name, " of ", Ziffern(field.Detail), " bytes"});
+    case Kind::UserCode:
+    case Kind::AdminCode:
+        return Zusammen({at, ": ", field.Name, " (hidden)"});
+    case Kind::Byte:
+    case Kind::Text:
+    case Kind::Bytes:
+        break;
+    }
+    return Zusammen({at, ": ", field.Name});
+}
+
+std::string Zeile(const NetzLayout& layout) {
+    std::string fields;
+    for (const NetzFeld& field : layout.Fields) {
+        fields.append(fields.empty() ? "" : "; ").append(Feldtext(field));
+    }
+    const std::string code = layout.Code < 0 ? "" : Hex2(static_cast<unsigned>(layout.Code));
+    return Zusammen({"| ", code, " | `", layout.Name, "` | ", fields, " | ", layout.Note, " |\n"});
+}
+
+} // namespace
+
+std::string Netz_Dokument() {
+    std::string text(Intro);
+    for (const NetzLayout& layout :
+         {NetzKopf::Layout, NetzDaten::Layout, NetzCodeBenutzer::PlainLayout, NetzCodeBenutzer::LongLayout,
+          NetzFingerBenutzer::Layout, NetzVorlage::Layout, NetzUhr::Layout, NetzHistorie::Start, NetzHistorie::Next}) {
+        text += Zeile(layout);
+    }
+    text += Codes;
+    return text;
+}
+
+} // namespace qvm
