@@ -46,7 +46,7 @@ void Grenze_Pruefen(const Kern& kern, RunState& lauf, const std::optional<std::s
 }
 
 /// Makes the run's file with its first line. A file that could not be made is tried again with the next record.
-bool Datei_Beginnen(Link& link, std::string_view lockName, std::string_view serial) {
+bool Datei_Beginnen(Link& link, std::string_view lockName, std::string_view firstLine) {
     RunState& lauf = link.Lauf;
     if (lauf.HistoryFileOpen != 0) {
         return true;
@@ -54,7 +54,7 @@ bool Datei_Beginnen(Link& link, std::string_view lockName, std::string_view seri
     const Kern& kern = link.kern;
     lauf.HistoryStateShown = 0;
     lauf.HistoryFileName = kern.HistPfad() + Historie_Dateiname(kern.Welt.Now(), lockName);
-    if (!Datei_Zeile_Anhaengen(kern.Welt.Files, lauf.HistoryFileName, serial)) {
+    if (!Datei_Zeile_Anhaengen(kern.Welt.Files, lauf.HistoryFileName, firstLine)) {
         return false;
     }
     lauf.HistoryFileOpen = 1;
@@ -176,6 +176,13 @@ bool Datei_Zeile_Anhaengen(const FileStore& files, const std::string& path, std:
     return files.Append(path, std::string(text) + "\r\n");
 }
 
+bool Historie_Schreiben(Link& link, const HistoryRecord& record, std::string_view lockName,
+                        std::string_view firstLine) {
+    const Kern& kern = link.kern;
+    return Datei_Beginnen(link, lockName, firstLine) &&
+           Zeilen_Schreiben(link, Satzzeile(kern, record, Datum_Des_Satzes(record)), Zustand_Text(kern, record.Event));
+}
+
 bool Historie_Eintrag(Link& link, std::string_view lockName, const ZustandAnzeige& show) {
     // Everything is taken out of the buffer first: a message box lets further frames in.
     const HistoryRecord record = Aus_Empfang(link);
@@ -185,8 +192,7 @@ bool Historie_Eintrag(Link& link, std::string_view lockName, const ZustandAnzeig
     const std::string state = Zustand_Text(kern, record.Event);
 
     Grenze_Pruefen(kern, link.Lauf, date);
-    const bool written =
-        Datei_Beginnen(link, lockName, serial) && Zeilen_Schreiben(link, Satzzeile(kern, record, date), state);
+    const bool written = Historie_Schreiben(link, record, lockName, serial);
     if (written) {
         Zustand_Zeigen(link.Lauf, record.Event, state, show);
     }

@@ -6,9 +6,11 @@
 
 #include <array>
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <initializer_list>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -81,18 +83,19 @@ struct Netzlauf {
     int BlockNumber = 0;                 ///< of the block sent last, from 1
     int BlockCount = 0;                  ///< data and fingerprint blocks of the row
     int DataBlocks = 0;                  ///< data blocks among them
-    std::vector<std::uint8_t> Finger;    ///< fingerprint numbers, flags and templates, one behind the other
+    std::vector<std::uint8_t> Finger;    ///< numbers, flags and templates of all fingerprints, one behind the other
     int TemplateBytes = 0;               ///< bytes of `Finger` that are still to be sent
     std::uint8_t HistoryBlock = 1;       ///< number that history requests carry
     int HistoryCounter = 1;              ///< 1: the next history block opens a new file
     std::vector<std::uint8_t> Carry;     ///< beginning of a record that the next history block ends
-    std::vector<std::uint8_t> LastBlock; ///< the history block stored last, to know a double one
+    std::vector<std::uint8_t> LastBlock; ///< reply with the history block stored last, to know a double one
     int BarValue = 0;
-    int Rounds = 0;           ///< rounds of 2000 ms waited for what comes unasked
-    bool Sending = false;     ///< a transmit step is on the stack
-    bool ReplyFresh = false;  ///< the frame in RxBuffer has not been handled
-    bool FileWritten = false; ///< a history record of this row was written
-    unsigned Number = 0;      ///< which row this is: a wait of an earlier one may still be on the stack
+    int Rounds = 0;       ///< rounds of 2000 ms waited for what comes unasked
+    int RoundIndex = 0;   ///< write position of the automaton at the round before
+    bool Sending = false; ///< a transmit step is on the stack
+    unsigned Number = 0;  ///< which row this is: a wait of an earlier one may still be on the stack
+    /// Replies that wait for the handler, as further bytes go into RxBuffer meanwhile.
+    std::deque<std::vector<std::uint8_t>> Antworten;
 
     Timer Timer3; ///< one shot, 10 ms: the reply handler
     Timer Runde;  ///< waiting for what comes unasked
@@ -120,7 +123,7 @@ int Datensatz_Statuszeile(int status);
 // ---- telegrams; all go through TxBuffer. False when the port could not be opened or nothing could be built.
 
 /// Mode 0: the first data block for `users` users (held to the dataset's slots), which begins the row. Mode 1: the next
-/// one. False, too, when there is no next one, or more blocks than their number can count (255).
+/// one, with the same count. False, too, when there is no next one, or with more than 255 blocks.
 bool Net_Daten_Senden(Netzlauf& run, int mode, int users);
 /// The next fingerprint block; false when none is left.
 bool Net_Fingerprint_Senden(Netzlauf& run);
@@ -133,9 +136,9 @@ bool Net_Historie_Anfordern(Netzlauf& run, std::uint8_t code);
 /// reply handler follows 10 ms after a reply. False when the port could not be opened.
 bool Net_Telegramm_Senden(Netzlauf& run, int length, bool wait, int timeoutMs, int tries);
 
-/// Decodes the history block in RxBuffer: `bytes` bytes from index 32 on, the checksum behind each 128 left out, with
-/// the carry of the block before. `counter` 1 opens a new file with the first record, and becomes 2. A record that
+/// Decodes a history block, the bytes of a reply from index 32 on: the checksum behind each 128 is left out, the carry
+/// of the block before comes first. `counter` 1 opens a new file with the first record, and becomes 2. A record that
 /// cannot be written sets HistoryLost.
-void Net_Historie_Block(Netzlauf& run, int bytes, int& counter);
+void Net_Historie_Block(Netzlauf& run, std::span<const std::uint8_t> block, int& counter);
 
 } // namespace qvm

@@ -1,0 +1,169 @@
+#include "NetSchritte.h"
+
+#include <algorithm>
+
+namespace qvm {
+namespace {
+
+using Frame = std::span<const std::uint8_t>;
+
+constexpr int LineSending = 81, LineFetching = 264, LineProgramming = 267, LineProgrammed = 266, LineHistoryRead = 263,
+              LineFailed = 66, LineHistoryLost = 277;
+constexpr std::uint8_t HistoryAndProgram = 0xFF;
+constexpr int BarMaximum = 38;
+/// Replies that come at once are handled in their order; more than these are a flood.
+constexpr std::size_t MostReplies = 8;
+
+std::uint8_t Byte(Frame frame, const NetzFeld& field) {
+    return field.Offset < frame.size() ? frame[field.Offset] : std::uint8_t{0};
+}
+
+/// Whether a reply means anything at this point of the row. One that does not leaves everything as it was.
+bool Gilt(const Netzlauf& run, Frame frame) {
+    if (frame.size() < static_cast<std::size_t>(NetzKopf::Code.End())) {
+        return false;
+    }
+    switch (Byte(frame, NetzKopf::Code)) {
+    case NetzCode::HistoryFetching:
+        return run.Phase == NetPhase::History;
+    case NetzCode::HistoryBlock:
+    case NetzCode::HistoryLast:
+        return run.Phase == NetPhase::History &&
+               !std::equal(frame.begin(), frame.end(), run.LastBlock.begin(), run.LastBlock.end());
+    case NetzCode::Data:
+        return run.Phase == NetPhase::Data && Byte(frame, NetzKopf::Block) == run.BlockNumber;
+    case NetzCode::DataTaken:
+        // Not before all of them went out.
+        return run.Phase == NetPhase::Data && run.BlockNumber == run.DataBlocks;
+    case NetzCode::Finger:
+    case NetzCode::FingerTaken:
+        return run.Phase == NetPhase::Fingers;
+    case NetzCode::Programming:
+        return run.Phase == NetPhase::Clock;
+    case NetzCode::Programmed:
+        return run.Phase == NetPhase::Clock || run.Phase == NetPhase::Result;
+    case NetzCode::NotReached:
+        return run.Phase != NetPhase::None;
+    default:
+        return false;
+    }
+}
+
+void Status(const Netzlauf& run, int line) {
+    if (run.Ansicht.Status) {
+        run.Ansicht.Status(line, LineSending);
+    }
+    if (run.Ansicht.Blinken) {
+        run.Ansicht.Blinken(true);
+    }
+}
+
+/// The row's records are in their file, or the row has failed.
+void Historie_Fertig(Netzlauf& run) {
+    run.Carry.clear();
+    const RunState& lauf = run.link.Lauf;
+    if (lauf.HistoryLost) {
+        // Programming can erase the events of the lock.
+        Netz_Zeile_Fertig(run, "#", LineHistoryLost);
+    } else if (lauf.NetMode == HistoryAndProgram) {
+        Netz_Zeile_Behalten(run);
+    } else {
+        Netz_Zeile_Fertig(run, "<<", LineHistoryRead, StepNexHstRead);
+    }
+}
+
+void Programmierung_Beginnt(Netzlauf& run) {
+    run.Phase = NetPhase::Result;
+    run.BarValue = 0;
+    if (run.Ansicht.Balken) {
+        run.Ansicht.Balken(BarMaximum, 0, true);
+    }
+    Status(run, LineProgramming);
+    Netz_Horchen(run);
+}
+
+/// The next fingerprint block, or the clock behind the last.
+void Nach_Daten(Netzlauf& run) {
+    if (run.TemplateBytes > 0) {
+        Net_Fingerprint_Senden(run);
+    } else {
+        Net_Uhrzeit_Senden(run);
+    }
+}
+
+void Block_Genommen(Netzlauf& run) {
+    if (run.BlockNumber < run.DataBlocks) {
+        Net_Daten_Senden(run, 1, static_cast<int>(run.Daten.Slots.size()));
+    } else {
+        Netz_Horchen(run);
+    }
+}
+
+void Behandeln(Netzlauf& run, Frame frame) {
+    switch (Byte(frame, NetzKopf::Code)) {
+    case NetzCode::HistoryFetching:
+        Status(run, LineFetching);
+        Netz_Horchen(run);
+        break;
+    case NetzCode::HistoryBlock:
+        Historienblock_Ablegen(run, frame);
+        run.HistoryBlock = Byte(frame, NetzKopf::Block);
+        Net_Historie_Anfordern(run, NetzCode::HistoryBlock);
+        break;
+    case NetzCode::HistoryLast:
+        Historienblock_Ablegen(run, frame);
+        Historie_Fertig(run);
+        break;
+    case NetzCode::Data:
+        Block_Genommen(run);
+        break;
+    case NetzCode::DataTaken:
+    case NetzCode::Finger:
+        Nach_Daten(run);
+        break;
+    case NetzCode::FingerTaken:
+        Net_Uhrzeit_Senden(run);
+        break;
+    case NetzCode::Programming:
+        Programmierung_Beginnt(run);
+        break;
+    case NetzCode::Programmed:
+        Netz_Zeile_Fertig(run, ">>", LineProgrammed);
+        break;
+    default:
+        Netz_Zeile_Fertig(run, "#", LineFailed);
+        break;
+    }
+}
+
+} // namespace
+
+void Netz_Eingang(Netzlauf& run) {
+    if (run.Phase == NetPhase::None) {
+        return;
+    }
+    // More may follow unasked, before the handler's turn.
+    run.link.UsbArmed = UsbArmedMark;
+    const Frame frame = run.link.RxFrame();
+    if (Gilt(run, frame) && run.Antworten.size() < MostReplies) {
+        run.Antworten.emplace_back(frame.begin(), frame.end());
+        run.Timer3.Start(10);
+    } else if (run.Antworten.empty()) {
+        run.link.UsbDone = 0;
+    }
+}
+
+void Tick_Timer3(Netzlauf& run) {
+    run.Timer3.Stop();
+    // A telegram that was sent starts the timer again for its own reply.
+    while (!run.Sending && !run.Timer3.Running() && !run.Antworten.empty()) {
+        const std::vector<std::uint8_t> frame = std::move(run.Antworten.front());
+        run.Antworten.pop_front();
+        run.link.UsbDone = 0;
+        if (Gilt(run, frame)) {
+            Behandeln(run, frame);
+        }
+    }
+}
+
+} // namespace qvm

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "Network_USB.h"
+#include "TelegrammeNetz.h"
+
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+/// The parts that the telegrams of the network route are made of. Nothing outside the route includes this.
+namespace qvm {
+
+/// How far TxBuffer is cleared before a block, and before a short telegram.
+inline constexpr int NetzClearBlock = 1360, NetzClearShort = 64;
+
+// Header and fields (NetKopf.cpp)
+/// Clears TxBuffer 0 to `clear` and fills the header.
+void Net_Kopf(Netzlauf& run, int block, int count, int length, std::uint8_t code, int clear);
+/// A Byte or Word field; `base` is the frame index of the record that the field's offset counts from.
+void Netz_Feld(Link& link, const NetzFeld& field, unsigned value, int base = 0);
+/// As many bytes as the field takes; what is missing stays as it is.
+void Netz_Feld(Link& link, const NetzFeld& field, std::span<const std::uint8_t> bytes, int base = 0);
+void Netz_Feld(Link& link, const NetzFeld& field, std::string_view text, int base = 0);
+/// Fields of kind Fixed of a telegram.
+void Netz_Festes(Link& link, const NetzLayout& layout);
+
+/// Frame index of payload byte `n`, counted without the checksums of the groups.
+constexpr int Gruppen_Index(int n) {
+    return NetzPayload + n / NetzGroup * NetzGroupStep + n % NetzGroup;
+}
+/// Writes the checksum behind each group of a payload of `bytes` bytes. Gives the index behind the last checksum.
+int Gruppen_Summen(Link& link, int bytes);
+/// Puts the frame checksum at index `length`.
+void Rahmen_Summe(Link& link, int length);
+
+// Blocks (NetBenutzer.cpp, NetFinger.cpp)
+/// A user's record at frame index `base`.
+void Netz_Benutzer(Link& link, const ProgSlot& slot, int base);
+/// Everything that the fingerprint blocks of the row will carry.
+void Finger_Sammeln(Netzlauf& run);
+
+// Transmission (NetSenden.cpp)
+/// Closes a block with its frame checksum at index `length` and sends it.
+bool Netz_Block_Senden(Netzlauf& run, int length);
+/// Arms the network automaton anew.
+void Netz_Scharf(Netzlauf& run);
+/// Waits for what comes unasked: up to 1800 rounds of 2000 ms.
+void Netz_Horchen(Netzlauf& run);
+void Tick_Runde(Netzlauf& run);
+/// Progress of the bar with each telegram.
+void Netz_Balken(Netzlauf& run);
+
+// Replies (NetAntwort.cpp)
+/// A frame of the network automaton has come.
+void Netz_Eingang(Netzlauf& run);
+/// The reply handler.
+void Tick_Timer3(Netzlauf& run);
+
+// History (NetHistorie.cpp)
+/// Stores the block of a reply 0x0C or 0x0D.
+void Historienblock_Ablegen(Netzlauf& run, std::span<const std::uint8_t> frame);
+
+// The row (Network_USB.cpp)
+/// Begins a row: what an earlier one left behind no longer counts.
+void Netz_Neubeginn(Netzlauf& run);
+/// The row is done; `step` is next.
+void Netz_Zeile_Fertig(Netzlauf& run, std::string_view mark, int line, std::string_view step = StepPrgNextDataset);
+/// History is there, the same row is to be programmed.
+void Netz_Zeile_Behalten(Netzlauf& run);
+void Netz_Stillstand(const Netzlauf& run, NetStandstill reason);
+
+} // namespace qvm

@@ -1,0 +1,183 @@
+#include "Network_USB.h"
+
+#include "NetSchritte.h"
+#include "Text.h"
+
+#include <array>
+#include <charconv>
+
+namespace qvm {
+namespace {
+
+/// Addresses of network adapters, as one number.
+constexpr std::uint32_t FirstNetAdapter = 0x3E00001, LastNetAdapter = 0x3F00000;
+constexpr int LineSending = 81, LineHistoryRead = 263, LineDatasetBad = 258;
+constexpr int BarMaximum = 38;
+
+/// A decimal byte that ends at "/" or at the end of the text; nothing when it is none.
+std::optional<std::uint8_t> Dezimalbyte(std::string_view& text) {
+    const std::string_view piece = Trim(text.substr(0, text.find('/')));
+    text.remove_prefix(std::min(text.find('/'), text.size()));
+    std::uint8_t value = 0;
+    const char* const end = piece.data() + piece.size();
+    const auto [at, error] = std::from_chars(piece.data(), end, value);
+    return error == std::errc() && at == end ? std::optional(value) : std::nullopt;
+}
+
+void Anzeige_Beginnen(Netzlauf& run) {
+    run.BarValue = 0;
+    if (run.Ansicht.Blinken) {
+        run.Ansicht.Blinken(false);
+    }
+    if (run.Ansicht.Status) {
+        run.Ansicht.Status(LineSending, 0);
+    }
+    if (run.Ansicht.Balken) {
+        run.Ansicht.Balken(BarMaximum, 0, true);
+    }
+}
+
+/// Nothing of the row is awaited any more.
+void Ruhe(Netzlauf& run) {
+    run.Phase = NetPhase::None;
+    run.Timer3.Stop();
+    run.Runde.Stop();
+    run.Antworten.clear();
+    run.link.UsbArmed = 0;
+    run.link.UsbDone = 0;
+    run.link.Rx.Ruecksetzen();
+}
+
+void Anzeige_Beenden(const Netzlauf& run) {
+    if (run.Ansicht.Blinken) {
+        run.Ansicht.Blinken(false);
+    }
+    if (run.Ansicht.Balken) {
+        run.Ansicht.Balken(BarMaximum, 0, false);
+    }
+}
+
+} // namespace
+
+Netzlauf::Netzlauf(Link& serialLink, const Dataset& dataset)
+    : link(serialLink), kern(serialLink.kern), Daten(dataset), Timer3(kern.Welt, 10), Runde(kern.Welt, 2000) {
+    link.Netzwerk_Antwort = [this] { Netz_Eingang(*this); };
+    Timer3.Ticked = [this] { Tick_Timer3(*this); };
+    Runde.Ticked = [this] { Tick_Runde(*this); };
+}
+
+Netzlauf::~Netzlauf() {
+    link.Netzwerk_Antwort = nullptr;
+}
+
+std::optional<std::uint32_t> Adapter_Nummer(std::string_view text) {
+    text = Trim(text);
+    text.remove_prefix(text.starts_with('/') ? 1 : 0);
+    std::uint32_t number = 0;
+    for (int n = 0; n < 4; ++n) {
+        if (n > 0 && text.empty()) {
+            return std::nullopt;
+        }
+        text.remove_prefix(n > 0 ? 1 : 0);
+        const auto byte = Dezimalbyte(text);
+        if (!byte) {
+            return std::nullopt;
+        }
+        number = number << 8U | *byte;
+    }
+    return number;
+}
+
+void Adapter_Test(Netzlauf& run, std::initializer_list<std::string_view> texts) {
+    // A row without such a text must not take the route of the row before.
+    run.NetAdapter = DirectAdapterMark;
+    for (const std::string_view text : texts) {
+        if (const auto number = Adapter_Nummer(text)) {
+            const bool network = *number >= FirstNetAdapter && *number <= LastNetAdapter;
+            run.NetAdapter = network ? NetAdapterMark : DirectAdapterMark;
+            return;
+        }
+    }
+}
+
+void Netz_Neubeginn(Netzlauf& run) {
+    ++run.Number;
+    run.Sending = false;
+    Ruhe(run);
+}
+
+void Netz_Programmieren_Beginnen(Netzlauf& run) {
+    Netz_Neubeginn(run);
+    Anzeige_Beginnen(run);
+    const unsigned number = run.Number;
+    if (!Net_Daten_Senden(run, 0, static_cast<int>(run.Daten.Slots.size())) && run.Number == number &&
+        run.Phase == NetPhase::None) {
+        Netz_Zeile_Fertig(run, "-", LineDatasetBad);
+    }
+}
+
+void Netz_Historie_Beginnen(Netzlauf& run) {
+    Netz_Neubeginn(run);
+    RunState& lauf = run.link.Lauf;
+    lauf.HistoryFileOpen = lauf.HistoryStop = 0;
+    lauf.HistoryFileName.clear();
+    lauf.HistoryLost = false;
+    run.HistoryBlock = 1;
+    run.HistoryCounter = 1;
+    run.Carry.clear();
+    run.LastBlock.clear();
+    Anzeige_Beginnen(run);
+    Net_Historie_Anfordern(run, NetzCode::HistoryStart);
+}
+
+void Netz_Abbrechen(Netzlauf& run) {
+    Netz_Neubeginn(run);
+    Anzeige_Beenden(run);
+}
+
+void Netz_Zeile_Fertig(Netzlauf& run, std::string_view mark, int line, std::string_view step) {
+    Ruhe(run);
+    Anzeige_Beenden(run);
+    if (run.Ansicht.Zeile_Markieren) {
+        run.Ansicht.Zeile_Markieren(mark, line);
+    }
+    if (run.Ansicht.Naechste_Zeile) {
+        run.Ansicht.Naechste_Zeile(step);
+    }
+}
+
+void Netz_Zeile_Behalten(Netzlauf& run) {
+    Ruhe(run);
+    Anzeige_Beenden(run);
+    if (run.Ansicht.Zeile_Markieren) {
+        run.Ansicht.Zeile_Markieren("<<", LineHistoryRead);
+    }
+    if (run.Ansicht.Programmieren_Planen) {
+        run.Ansicht.Programmieren_Planen();
+    }
+}
+
+void Netz_Stillstand(const Netzlauf& run, NetStandstill reason) {
+    if (run.Ansicht.Stillstand) {
+        run.Ansicht.Stillstand(reason);
+    }
+}
+
+int Datensatz_Statuszeile(int status) {
+    switch (status) {
+    case DatasetStatus::Good:
+        return 259;
+    case DatasetStatus::TooManyUsers:
+        return 254;
+    case DatasetStatus::TooManyPremium:
+        return 255;
+    case DatasetStatus::NoTemplate:
+        return 256;
+    case DatasetStatus::Other:
+        return 257;
+    default:
+        return LineDatasetBad;
+    }
+}
+
+} // namespace qvm
