@@ -5,6 +5,7 @@
 #include <QEvent>
 #include <QKeyEvent>
 #include <QPointer>
+#include <QScreen>
 #include <QWidget>
 
 namespace qvm::ui {
@@ -23,9 +24,11 @@ public:
             window_->hide();
             return;
         }
-        if (!window_->isVisible() && remember_ && !restored_) {
-            restored_ = true;
-            restoreGeometry(window_, window_->objectName());
+        if (!placed_) {
+            placed_ = true;
+            if (!remember_ || !restoreGeometry(window_, window_->objectName())) {
+                takeNaturalSize();
+            }
         }
         window_->show();
         window_->raise();
@@ -81,12 +84,21 @@ private:
         }
     }
 
+    /// What the content needs, as far as the screen has it.
+    void takeNaturalSize() {
+        window_->ensurePolished();
+        const QSize wanted = window_->sizeHint();
+        if (!window_->testAttribute(Qt::WA_Resized) && wanted.isValid()) {
+            window_->resize(wanted.boundedTo(window_->screen()->availableSize() * 9 / 10));
+        }
+    }
+
     Window& model_;
     QWidget* window_;
     WindowHandlers handlers_;
     QPointer<QWidget> focus_;
     bool remember_;
-    bool restored_ = false;
+    bool placed_ = false;
 };
 
 } // namespace

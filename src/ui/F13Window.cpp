@@ -24,9 +24,7 @@ F13Window::F13Window(F13& f13, QWidget* parent)
     }
     makeGrid();
     const auto back = [this] { f13_.Toolbar1_ButtonClick(u8"Zurück"_w); };
-    const QSize room(grid_->columnsWidth() + 24, 560);
     setMinimumSize(480, 320);
-    resize(room);
     grid_->setFocus();
     finish({.onClose = back, .onEscape = back});
 }

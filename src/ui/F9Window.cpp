@@ -29,6 +29,7 @@ F9Window::F9Window(F9& f9, QWidget* parent)
     makeHead();
     makeProgress();
     makeBoxes();
+    content()->addSpacing(6);
     content()->addStretch();
     makeButtons();
     setMinimumWidth(500);
@@ -99,6 +100,7 @@ void F9Window::makeProgress() {
 void F9Window::makeBoxes() {
     auto* boxes = new QGridLayout;
     boxes->setHorizontalSpacing(24);
+    boxes->setVerticalSpacing(6);
     for (int n = 0; n < static_cast<int>(f9_.Check.size()); ++n) {
         CheckBox& model = f9_.Check[static_cast<std::size_t>(n)];
         auto* box = new QCheckBox(this);

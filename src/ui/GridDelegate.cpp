@@ -11,7 +11,6 @@
 namespace qvm::ui {
 namespace {
 
-constexpr int Margin = 6;      ///< between a cell's edge and its text
 constexpr int ButtonInset = 2; ///< between a cell's edge and the button drawn in it
 constexpr qreal ButtonRound = 4;
 
@@ -61,16 +60,16 @@ void GridDelegate::paintGround(QPainter* painter, const QStyleOptionViewItem& op
 }
 
 void GridDelegate::paintContent(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
-    QRect room = option.rect.adjusted(Margin, 1, -Margin, -1);
+    QRect room = option.rect.adjusted(CellMargin, 1, -CellMargin, -1);
     const QString text = index.data(Qt::DisplayRole).toString();
     const auto icon = index.data(Qt::DecorationRole).value<QIcon>();
     const bool enabled = (option.state & QStyle::State_Enabled) != 0;
     if (!icon.isNull()) {
-        const int side = std::min(room.height() - 4, option.decorationSize.height());
+        const int side = std::min(room.height() - 2, option.decorationSize.height());
         const Qt::Alignment place = text.isEmpty() ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter;
         icon.paint(painter, room.left(), room.top() + (room.height() - side) / 2, text.isEmpty() ? room.width() : side,
                    side, place, enabled ? QIcon::Normal : QIcon::Disabled);
-        room.setLeft(room.left() + side + Margin);
+        room.setLeft(room.left() + side + CellMargin);
     }
     if (text.isEmpty()) {
         return;

@@ -6,6 +6,9 @@ class QTableView;
 
 namespace qvm::ui {
 
+/// Between a cell's edge and its text.
+inline constexpr int CellMargin = 6;
+
 /// Paints a cell of a GridModel: striped, exact or button-like ground, picture, text, and a frame round the current
 /// cell of `focusView` while that view has the focus.
 class GridDelegate : public QStyledItemDelegate {

@@ -2,6 +2,7 @@
 
 #include "Bind.h"
 #include "GridDelegate.h"
+#include "GridHeader.h"
 #include "Keys.h"
 
 #include <QApplication>
@@ -14,10 +15,11 @@
 namespace qvm::ui {
 namespace {
 
-constexpr int SampleRows = 40;       ///< rows whose texts a column's width is taken from
-constexpr int CellPadding = 16;      ///< both sides together
-constexpr double TwipsPerLine = 240; ///< of the width that a row of the view's font is high: 12 points
-constexpr int WidestFactor = 2;      ///< a column grows to this many times its given width
+constexpr int HintedRows = 18;                  ///< that a window shows at first, when there are as many
+constexpr int SampleRows = 40;                  ///< rows whose texts a column's width is taken from
+constexpr int CellPadding = 2 * CellMargin + 8; ///< both sides together
+constexpr double TwipsPerLine = 240;            ///< of the width that a row of the view's font is high: 12 points
+constexpr int WidestFactor = 2;                 ///< a column grows to this many times its given width
 
 } // namespace
 
@@ -50,6 +52,7 @@ GridView::GridView(Grid& grid, QWidget* parent)
 GridView::~GridView() = default;
 
 void GridView::prepare(QTableView& view) {
+    view.setHorizontalHeader(new GridHeader(&view));
     view.setModel(model_);
     view.setSelectionMode(QAbstractItemView::NoSelection);
     view.setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -62,9 +65,6 @@ void GridView::prepare(QTableView& view) {
     view.viewport()->setMouseTracking(true);
     view.verticalHeader()->hide();
     view.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    view.horizontalHeader()->setSectionsClickable(false);
-    view.horizontalHeader()->setHighlightSections(false);
-    view.horizontalHeader()->setMinimumSectionSize(8);
 }
 
 void GridView::setColumns(std::vector<int> twips, int stretch) {
@@ -83,6 +83,7 @@ void GridView::setFrozenColumns(int count) {
         frozen_->setColumnHidden(column, column >= count || isColumnHidden(column));
     }
     frozen_->setVisible(count > 0);
+    frozen_->raise(); // above the heading of this view, too
     placeFrozen();
 }
 
@@ -120,14 +121,16 @@ void GridView::fitColumns() {
 
 int GridView::columnsWidth() const {
     int width = 0;
-    for (const int part : natural_) {
-        width += part;
+    for (int column = 0; column < model_->columnCount(); ++column) {
+        width += isColumnHidden(column) ? 0 : contentWidth(column);
     }
     return width + 2 * frameWidth() + verticalScrollBar()->sizeHint().width();
 }
 
 QSize GridView::sizeHint() const {
-    return {columnsWidth(), QTableView::sizeHint().height()};
+    const int rows = std::min(model_->rowCount(), HintedRows);
+    return {columnsWidth(), horizontalHeader()->height() + rows * verticalHeader()->defaultSectionSize() +
+                                2 * frameWidth() + horizontalScrollBar()->sizeHint().height()};
 }
 
 void GridView::stretchColumns() {

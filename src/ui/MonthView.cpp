@@ -2,14 +2,17 @@
 
 #include "Bind.h"
 #include "TextSlots.h"
+#include "Theme.h"
 
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLocale>
 #include <QScreen>
 #include <QTextCharFormat>
+#include <QToolButton>
 
 #include <algorithm>
+#include <utility>
 
 namespace qvm::ui {
 namespace {
@@ -25,6 +28,8 @@ MonthView::MonthView(const QString& name, QWidget* parent) : QCalendarWidget(par
     setFirstDayOfWeek(Qt::Monday);
     setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     setGridVisible(false);
+    setMinimumSize(fontMetrics().horizontalAdvance(QStringLiteral("00")) * 20, fontMetrics().height() * 13);
+    dress();
     const auto pick = [this](const QDate& date) {
         if (onPick) {
             onPick({.Year = date.year(), .Month = date.month(), .Day = date.day()});
@@ -37,6 +42,29 @@ MonthView::MonthView(const QString& name, QWidget* parent) : QCalendarWidget(par
             pick(date);
         }
     });
+}
+
+/// Sundays and arrows in colours that stay legible on every palette.
+void MonthView::dress() {
+    QTextCharFormat weekend;
+    weekend.setForeground(isDark(palette()) ? QColor(255, 140, 130) : QColor(176, 32, 32));
+    setWeekdayTextFormat(Qt::Saturday, weekend);
+    setWeekdayTextFormat(Qt::Sunday, weekend);
+    const std::pair<const char*, Qt::ArrowType> arrows[] = {{"qt_calendar_prevmonth", Qt::LeftArrow},
+                                                            {"qt_calendar_nextmonth", Qt::RightArrow}};
+    for (const auto& [name, arrow] : arrows) {
+        if (auto* button = findChild<QToolButton*>(QString::fromLatin1(name))) {
+            button->setIcon(QIcon());
+            button->setArrowType(arrow);
+        }
+    }
+}
+
+void MonthView::changeEvent(QEvent* event) {
+    QCalendarWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        dress();
+    }
 }
 
 void MonthView::setLanguage(std::string_view sprache) {

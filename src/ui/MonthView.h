@@ -28,7 +28,11 @@ public:
     std::function<void(const Datum& day)> onPick; ///< a click on a day, or Return
 
 protected:
+    void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void dress();
 };
 
 } // namespace qvm::ui

@@ -9,6 +9,7 @@
 #include <QPainter>
 
 #include <array>
+#include <cmath>
 
 // The drawings lie in a static library, from which the linker would drop them unasked.
 static void initDrawings() {
@@ -68,9 +69,12 @@ QColor mixed(const QColor& a, const QColor& b, qreal share) {
                             static_cast<float>(a.blueF() + (b.blueF() - a.blueF()) * share));
 }
 
-/// Relative luminance, roughly: the eye's weights without the gamma.
-qreal lightness(const QColor& colour) {
-    return 0.299 * colour.redF() + 0.587 * colour.greenF() + 0.114 * colour.blueF();
+/// Relative luminance, 0 to 1. Source: Web Content Accessibility Guidelines 2.1.
+qreal luminance(const QColor& colour) {
+    const auto linear = [](qreal part) {
+        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
 }
 
 } // namespace
@@ -125,7 +129,7 @@ QPixmap lampPixmap(Colour colour, int size, qreal devicePixelRatio) {
 }
 
 bool isDark(const QPalette& palette) {
-    return lightness(palette.color(QPalette::Base)) < lightness(palette.color(QPalette::Text));
+    return luminance(palette.color(QPalette::Base)) < luminance(palette.color(QPalette::Text));
 }
 
 CellTone cellTone(Colour background) {
@@ -157,7 +161,9 @@ QColor cellForeground(Colour foreground, Colour background, const QPalette& pale
     if (cellTone(background) != CellTone::Exact) {
         return palette.color(QPalette::Text);
     }
-    return lightness(exactColour(background)) > 0.5 ? QColor(Qt::black) : QColor(Qt::white);
+    // Black and white contrast equally at this luminance.
+    constexpr qreal Middle = 0.179;
+    return luminance(exactColour(background)) > Middle ? QColor(Qt::black) : QColor(Qt::white);
 }
 
 } // namespace qvm::ui

@@ -154,6 +154,14 @@ TEST_F(GridView_Test, keeps_the_first_columns_in_sight_when_it_scrolls_across) {
     EXPECT_TRUE(frozen()->isColumnHidden(2));
 }
 
+TEST_F(GridView_Test, keeps_the_headings_of_the_first_columns_above_them) {
+    view.horizontalScrollBar()->setValue(view.horizontalScrollBar()->maximum());
+    const QPoint heading(view.frameWidth() + 5, view.frameWidth() + 5);
+    const QWidget* there = view.childAt(heading);
+    ASSERT_NE(there, nullptr);
+    EXPECT_EQ(there->parentWidget(), frozen()->horizontalHeader());
+}
+
 TEST_F(GridView_Test, scrolls_a_cell_out_from_under_the_frozen_columns) {
     view.setCurrentCell(1, 15);
     view.setCurrentCell(1, 2);
