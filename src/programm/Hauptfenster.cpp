@@ -34,6 +34,12 @@ void Programm::Texte_Setzen() {
     F2.Texte_Setzen();
     F1.Texte_Setzen();
     F15.Texte_Setzen();
+    if (F6.Fenster.Visible) {
+        F6.Texte_Setzen();
+    }
+    if (F14.Fenster.Visible) {
+        F14.Texte_Setzen();
+    }
     if (F13.Fenster.Visible) {
         F13.Texte_Setzen();
     }

@@ -328,12 +328,18 @@ TEST_F(F2_Aufsicht, an_end_during_a_scan_hides_the_window_at_once_and_leaves_no_
     AdapterAnswers = false;
     Open();
     NoteWindows();
+    std::int64_t end = 0;
+    int opens = 0;
     InNextScan([&] {
         Main().Beenden();
+        end = world.Elapsed();
+        opens = world.Opens;
         EXPECT_FALSE(Main().Fenster.Visible);
         EXPECT_THAT(Opened, ElementsAre("end"));
     });
     ASSERT_TRUE(ScanEnds());
+    EXPECT_LE(world.Elapsed() - end, 4000);
+    EXPECT_EQ(world.Opens, opens);
     EXPECT_FALSE(world.PortOpen);
     EXPECT_FALSE(world.Rts);
     EXPECT_FALSE(Main().Timer2.Running());

@@ -258,6 +258,7 @@ void F2::Beenden() {
     Timer1.Stop();
     Timer2.Stop();
     Wiederholung.Stop();
+    ++Adapter.Stand; // a scan under way ends with its present wait
     if (!Herunterfahren(kern)) {
         kern.Meldung(
             Wort(kern, EigeneZeile::NichtGespeichert, u8"Die Einstellungen konnten nicht gespeichert werden!"_w),
