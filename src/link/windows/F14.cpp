@@ -1,28 +1,35 @@
 #include "F14.h"
 
+#include "AdapterWorte.h"
 #include "Kanal.h"
-#include "Worttexte.h"
+
+#include <utility>
+#include <vector>
 
 namespace qvm {
 namespace {
 
 constexpr int Channels = 12;
-constexpr int ChannelLine = 35, SaveQuestion = 60;
+constexpr int ChannelLine = 35;
 
 } // namespace
 
 void F14::F14_Laden() {
     channelAtOpen_ = kern.Config.RadioChannel;
     Fenster.Title = std::string(SystemTitle);
+    Texte_Setzen();
+    Combo1.Selected = kern.Config.Funkkanal() - 1;
+    Dirty = false;
+    Fenster.Visible = true;
+}
+
+void F14::Texte_Setzen() {
     std::vector<std::string> entries;
     for (int channel = 1; channel <= Channels; ++channel) {
         entries.push_back(kern.Zeile(ChannelLine) + "-" + Ziffern(channel));
     }
     Combo1.Entries = std::move(entries);
-    Combo1.Selected = kern.Config.Funkkanal() - 1;
     Toolbar_Beschriften(kern, Toolbar1);
-    Dirty = false;
-    Fenster.Visible = true;
 }
 
 void F14::Combo1_Click(int index) {
@@ -41,8 +48,8 @@ void F14::Toolbar1_ButtonClick(std::string_view key) {
     if (key != Toolbar1[0].Key) {
         return;
     }
-    if (Dirty &&
-        kern.Meldung(kern.Zeile(SaveQuestion), Buttons::YesNo, Icon::Question, kern.Zeile(ChannelLine)) == Answer::Yes) {
+    if (Dirty && kern.Meldung(kern.Zeile(AdapterWort::SaveQuestion), Buttons::YesNo, Icon::Question,
+                              kern.Zeile(ChannelLine)) == Answer::Yes) {
         Speichern();
     }
     Dirty = false;
@@ -58,14 +65,14 @@ void F14::Speichern() {
     kern.Config.RadioChannel = Ziffern(channel);
     if (!Konfiguration_Speichern(kern)) {
         kern.Config.RadioChannel = channelAtOpen_;
-        kern.Meldung(kern.Zeile(WindowLine::SettingsNotSaved), Buttons::Ok, Icon::Exclamation);
+        kern.Meldung(kern.Zeile(AdapterWort::NotSaved), Buttons::Ok, Icon::Exclamation);
         return;
     }
     if (channel != before && !Kanal_Umstellen(kern, channel)) {
         // Locks and keys would never be moved to a channel that they were not scheduled for.
         kern.Config.RadioChannel = channelAtOpen_;
         Konfiguration_Speichern(kern);
-        kern.Meldung(kern.Zeile(WindowLine::ChannelNotSaved), Buttons::Ok, Icon::Exclamation);
+        kern.Meldung(kern.Zeile(AdapterWort::NotSaved), Buttons::Ok, Icon::Exclamation);
         return;
     }
     channelAtOpen_ = kern.Config.RadioChannel;
