@@ -1,6 +1,7 @@
 #include "SimAdapter.h"
 
 #include "SimFrame.h"
+#include "TransferTabelle.h"
 
 #include <algorithm>
 
@@ -10,11 +11,20 @@ namespace {
 
 constexpr std::uint8_t IdentificationLength = 0x0F, CompleteRecord = 0x2E, NameLength = 0x1C;
 constexpr std::size_t AddressIndex = 3, NameIndex = 8, NameWidth = 20, KeyIndex = 30;
+constexpr std::ptrdiff_t ProbeIndex = 3;
 
 /// The name with its rest filled with blanks.
 void PutName(const VirtualAdapter& adapter, std::vector<std::uint8_t>& reply) {
     for (std::size_t n = 0; n < NameWidth; ++n) {
         reply[NameIndex + n] = n < adapter.Name.size() ? static_cast<std::uint8_t>(adapter.Name[n]) : std::uint8_t{' '};
+    }
+}
+
+/// Disguised by the last probe, so that the key itself never crosses the line.
+void PutKey(const VirtualAdapter& adapter, std::vector<std::uint8_t>& reply) {
+    for (std::size_t n = 0; n < adapter.Key.size(); ++n) {
+        const TransferPlatz& place = TransferTabelle[n];
+        reply[KeyIndex + n] = static_cast<std::uint8_t>(adapter.Key[n] ^ adapter.Probe[place.Probe] ^ place.Constant);
     }
 }
 
@@ -43,17 +53,18 @@ AdapterReply TakeAdapterTelegram(VirtualAdapter& adapter, std::span<const std::u
     AdapterReply answer;
     switch (frame[2]) {
     case 0x68:
+        std::copy_n(frame.begin() + ProbeIndex, adapter.Probe.size(), adapter.Probe.begin());
         answer.Bytes = WithAddress(adapter, 0x68, IdentificationLength);
         answer.Bytes[AdapterVersionIndex] = adapter.Version;
         break;
     case 0x6B: // goes to the channel and says nothing
     case 0x6F:
-        answer.Channel = frame[3] >= 1 && frame[3] <= 12 ? frame[3] : 0;
+        answer.Channel = !adapter.Enrolment() && frame[3] >= 1 && frame[3] <= 12 ? frame[3] : 0;
         break;
     case 0x6C:
         answer.Bytes = WithAddress(adapter, 0x6C, CompleteRecord);
         PutName(adapter, answer.Bytes);
-        std::copy(adapter.Key.begin(), adapter.Key.end(), answer.Bytes.begin() + KeyIndex);
+        PutKey(adapter, answer.Bytes);
         break;
     case 0x6D:
         answer.Bytes = Rename(adapter, frame);

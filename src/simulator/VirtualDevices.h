@@ -18,12 +18,16 @@ constexpr std::uint32_t SerialNumber(const DeviceAddress& address) {
            std::uint32_t{address[3]};
 }
 
-/// The wireless programming adapter on the serial line.
+/// The wireless adapter on the serial line: for programming, or, by a name that begins "ENROLLMENT1", for enrolment.
 struct VirtualAdapter {
     std::string Name = "PROGSTATION 1"; ///< code page 1252, at most 20 bytes
     std::uint8_t Version = 12;
     DeviceAddress Address{10, 20, 30, 40};
-    std::array<std::uint8_t, 16> Key{}; ///< the sixteen key bytes of its complete record
+    std::array<std::uint8_t, 16> Key{};  ///< transfer key; its record carries it disguised
+    std::array<std::uint8_t, 5> Probe{}; ///< of the last identification since it was plugged in
+
+    /// An adapter for enrolment reaches no lock.
+    bool Enrolment() const { return Name.starts_with("ENROLLMENT1"); }
 };
 
 /// One user as the lock keeps it.

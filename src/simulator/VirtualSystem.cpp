@@ -64,6 +64,7 @@ void VirtualSystem::Plug() {
     unplugged_ = false;
     reader_.Reset();
     tunedChannel_ = 0;
+    world_.Adapter.Probe = {};
 }
 
 void VirtualSystem::Receive(std::span<const std::uint8_t> bytes) {
@@ -131,7 +132,7 @@ void VirtualSystem::TakeFrame(std::vector<std::uint8_t> frame) {
         reply.Bytes = RefusalReply(static_cast<std::uint8_t>(fault->Value));
     } else if (raw) {
         reply.Bytes = AdapterAnswers(frame);
-    } else {
+    } else if (!world_.Adapter.Enrolment()) {
         reply = DeviceAnswers(frame);
     }
     Reply(reply.Bytes, fault);

@@ -16,7 +16,7 @@
 
 namespace qvm {
 
-/// Everything there is: one programming adapter and what it reaches by radio.
+/// Everything there is: one adapter and what it reaches by radio.
 struct VirtualWorld {
     VirtualAdapter Adapter;
     std::vector<VirtualLock> Locks;
@@ -81,7 +81,8 @@ public:
     void KeepTelegrams(bool keep) { keepTelegrams_ = keep; }
 
     bool Unplugged() const { return unplugged_; }
-    /// The adapter is put back after Unplug: a half frame and the radio channel are forgotten, the devices are not.
+    /// The adapter is put back after Unplug: a half frame, the radio channel and the probe are forgotten, the devices
+    /// are not.
     void Plug();
 
 private:

@@ -12,8 +12,9 @@
 namespace qvm {
 
 struct SimulatorOptions {
-    std::string World; ///< file to read; empty: an adapter and nothing that it reaches
-    std::string State; ///< file to write; empty: none
+    std::string World;   ///< file to read; empty: an adapter and nothing that it reaches
+    std::string State;   ///< file to write; empty: none
+    std::string Adapter; ///< the adapter's name, UTF-8; empty: that of the world
     std::string Link;
     std::vector<SimFault> Faults; ///< besides those of the world
     bool Pace = false;

@@ -1,5 +1,6 @@
 #include "FileText.h"
 #include "SimulatorLoop.h"
+#include "Text.h"
 #include "WorldFile.h"
 
 #include <CLI/CLI.hpp>
@@ -45,10 +46,23 @@ bool LoadWorld(const std::string& path, qvm::VirtualWorld& world, std::string& f
     return true;
 }
 
+bool NameAdapter(const std::string& name, qvm::VirtualWorld& world, std::string& fault) {
+    constexpr std::size_t widest = 20;
+    const std::string text = qvm::AusUtf8(name);
+    if (text.size() > widest || !qvm::PasstInCp1252(name)) {
+        fault = "--adapter " + name + ": must be at most 20 characters of code page 1252";
+        return false;
+    }
+    if (!text.empty()) {
+        world.Adapter.Name = text;
+    }
+    return true;
+}
+
 int Simulate(qvm::SimulatorOptions options) {
     qvm::VirtualWorld world;
     std::string fault;
-    if (!LoadWorld(options.World, world, fault)) {
+    if (!LoadWorld(options.World, world, fault) || !NameAdapter(options.Adapter, world, fault)) {
         return Fail(fault);
     }
     const int stop = StopHandle();
@@ -78,6 +92,8 @@ int main(int argc, char** argv) {
     std::vector<std::string> faults;
     app.add_option("--world", options.World, "JSON file with the adapter, the locks and the units");
     app.add_option("--state", options.State, "JSON file for what they hold, written after each session and at the end");
+    app.add_option("--adapter", options.Adapter,
+                   "the adapter's name instead of the world's; one that begins ENROLLMENT1 reaches no lock");
     app.add_option("--link", options.Link, "symbolic link to the terminal, as DIR/com1; removed at the end");
     app.add_flag("--pace", options.Pace, "bytes take the time that they take at 19200 baud, each way");
     app.add_option("--fault", faults,
