@@ -24,7 +24,7 @@ constexpr int WidestFactor = 2;                 ///< a column grows to this many
 } // namespace
 
 GridView::GridView(Grid& grid, QWidget* parent)
-    : QTableView(parent), model_(new GridModel(grid, this)), frozen_(new QTableView(this)),
+    : QTableView(parent), model_(new GridModel(grid, this)), frozen_(new QTableView(this)), edge_(new QWidget(this)),
       twips_(static_cast<std::size_t>(grid.Columns()), 1000) {
     prepare(*this);
     prepare(*frozen_);
@@ -37,6 +37,9 @@ GridView::GridView(Grid& grid, QWidget* parent)
     frozen_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     frozen_->viewport()->installEventFilter(this);
     frozen_->hide();
+    edge_->setAutoFillBackground(true);
+    edge_->setBackgroundRole(QPalette::Mid);
+    edge_->setAttribute(Qt::WA_TransparentForMouseEvents);
     connect(verticalScrollBar(), &QScrollBar::valueChanged, frozen_->verticalScrollBar(), &QScrollBar::setValue);
     connect(frozen_->verticalScrollBar(), &QScrollBar::valueChanged, verticalScrollBar(), &QScrollBar::setValue);
     connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this](int column, int, int width) {
@@ -158,6 +161,9 @@ int GridView::frozenWidth() const {
 void GridView::placeFrozen() {
     frozen_->setGeometry(frameWidth(), frameWidth(), std::min(frozenWidth(), viewport()->width()),
                          viewport()->height() + horizontalHeader()->height());
+    edge_->setGeometry(frozen_->geometry().right() + 1, frameWidth(), 1, frozen_->height());
+    edge_->raise();
+    edge_->setVisible(frozenColumns_ > 0 && horizontalScrollBar()->value() > 0);
     emit cellsMoved();
 }
 
@@ -290,7 +296,7 @@ void GridView::resizeEvent(QResizeEvent* event) {
 
 void GridView::scrollContentsBy(int dx, int dy) {
     QTableView::scrollContentsBy(dx, dy);
-    emit cellsMoved();
+    placeFrozen();
 }
 
 void GridView::changeEvent(QEvent* event) {

@@ -77,6 +77,7 @@ private:
 
     GridModel* model_;
     QTableView* frozen_;
+    QWidget* edge_; ///< of the frozen columns, while others have slid under them
     std::vector<int> twips_;
     std::vector<int> natural_; ///< measured widths
     int stretch_ = -1;

@@ -20,6 +20,8 @@ public:
     bool isNull() override;
 
 private:
+    void draw(QPixmap& onto, QIcon::Mode mode) const;
+
     QString path_;
 };
 

@@ -15,7 +15,6 @@ constexpr int RowFontSize = 12;
 
 void F13::F13_FormLaden() {
     Fenster.Title = std::string(SystemTitle);
-    Fenster.Visible = true;
     Fenster.Enabled = true;
     Timer1.Start(10);
     Timer2.Start(800);
@@ -26,6 +25,8 @@ void F13::F13_FormLaden() {
     TuerInfo_laden();
     Adapter_Spalten_Laden();
     RFk_IconLoad();
+    // Shown last, so that the window's first size goes by its contents.
+    Fenster.Visible = true;
 }
 
 void F13::Listentasten_Freigeben() {
