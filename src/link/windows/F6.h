@@ -74,19 +74,22 @@ struct F6 {
     bool Transmit_USB_WORD(int row, std::string_view name);
 
 private:
+    void Gitter_Leeren();
     void Modus_Zeigen();
-    void Zeile_Fuellen(int row, const AdapterSatz& adapter);
+    void Zustand_Zeigen(int row);
+    void Zeile_Faerben(int row, Colour colour);
     void Editor_Oeffnen(int row, std::string_view text);
+    void Editor_Schliessen();
     void Editor_Uebernehmen();
-    void Name_Setzen(int row, const std::string& name, const std::string& old);
+    bool Name_Vergeben(int row, std::string_view name) const;
     bool Name_Schreiben(int port, std::string_view name);
     void Speichern();
     void Schliessen();
 
-    int editedRow_ = 0;
+    int editedRow_ = 0; ///< row under the editor, 0: none
     std::string oldName_;
     bool dirty_ = false;
-    bool listGood_ = true; ///< false: the list could not be read, and is not written over
+    bool busy_ = false; ///< an adapter is waited for: no key does anything
 };
 
 } // namespace qvm

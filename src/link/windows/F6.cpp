@@ -1,0 +1,262 @@
+#include "F6.h"
+
+#include "AdapterRecord.h"
+#include "AdapterScan.h"
+#include "AdapterWorte.h"
+#include "AutoRegister.h"
+#include "Record.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+namespace qvm {
+namespace {
+
+constexpr int Ports = 16;
+constexpr int FirstRow = 1;
+constexpr int QuestionTitle = 23;
+constexpr std::array<int, F6Column::Count> Headings{37, 185, 186, 187, 188};
+
+/// What is stored of the rows.
+std::string Inhalt(const Grid& grid) {
+    std::string text;
+    for (int row = FirstRow; row <= F6::Records; ++row) {
+        for (const int column : {F6Column::Address, F6Column::Name, F6Column::Port}) {
+            text.append(grid.Text(row, column)).push_back('\n');
+        }
+    }
+    return text;
+}
+
+/// Holds the hourglass, and the keys of the window off, while an adapter is waited for.
+class Sanduhr {
+public:
+    Sanduhr(F6& window, bool& busy) : window_(window), busy_(busy) {
+        busy_ = true;
+        window_.Fenster.Enabled = false;
+        Zeigen(true);
+    }
+    ~Sanduhr() {
+        Zeigen(false);
+        window_.Fenster.Enabled = true;
+        busy_ = false;
+    }
+    Sanduhr(const Sanduhr&) = delete;
+    Sanduhr& operator=(const Sanduhr&) = delete;
+
+private:
+    void Zeigen(bool on) {
+        if (window_.kern.Welt.Hourglass) {
+            window_.kern.Welt.Hourglass(on);
+        }
+    }
+
+    F6& window_;
+    bool& busy_;
+};
+
+} // namespace
+
+F6::F6(Link& serialLink, AdapterListe& adapters) : link(serialLink), kern(serialLink.kern), Adapter(adapters) {
+    Text3.MaxLength = NameWidth;
+    Text3.Visible = false;
+}
+
+void F6::F6_Laden() {
+    Fenster.Title = std::string(SystemTitle);
+    std::vector<std::string> entries;
+    for (int port = 1; port <= Ports; ++port) {
+        entries.push_back("Prolific USB-to-Serial Comm Port ( COM" + Ziffern(port) + " )");
+    }
+    Combo1.Entries = std::move(entries);
+    const int port = kern.Config.PortNummer;
+    Combo1.Selected = port >= 1 && port <= Ports ? port - 1 : 0;
+    Port_Neu(link);
+    Check1.Checked = kern.Config.AdapterModus();
+    Editor_Schliessen();
+    Texte_Setzen();
+    Adapter_Liste_Laden();
+    Modus_Zeigen();
+    dirty_ = false;
+    Fenster.Visible = true;
+}
+
+void F6::Texte_Setzen() {
+    Check1.Text = kern.Zeile(AdapterWort::AutomaticSearch);
+    Command1.Text = kern.Zeile(AdapterWort::SearchAdapters);
+    F6_MSGM.Text = kern.Welt.DeviceManager ? kern.Zeile(AdapterWort::DeviceManager) : std::string();
+    Toolbar_Beschriften(kern, Toolbar1);
+    for (int column = 0; column < F6Column::Count; ++column) {
+        FGK6.SetText(0, column, kern.Zeile(Headings[static_cast<std::size_t>(column)]));
+    }
+}
+
+void F6::Gitter_Leeren() {
+    FGK6.ClearRows(FirstRow);
+    for (int row = FirstRow; row <= Records; ++row) {
+        FGK6.SetText(row, F6Column::Number, Ziffern(row));
+    }
+}
+
+void F6::Modus_Zeigen() {
+    const bool automatic = Check1.Checked;
+    FGK6.Visible = automatic;
+    Command1.Visible = automatic; // what it finds goes into the grid
+    Combo1.Visible = !automatic;
+}
+
+void F6::Check1_Click(bool on) {
+    if (busy_ || on == Check1.Checked) {
+        return;
+    }
+    Editor_Uebernehmen();
+    Check1.Checked = on;
+    dirty_ = true;
+    if (on) {
+        Ports_Ermitteln(kern, Adapter);
+    }
+    Modus_Zeigen();
+}
+
+void F6::Combo1_Click(int index) {
+    if (busy_ || index < 0 || index >= Ports || index == Combo1.Selected) {
+        return;
+    }
+    Combo1.Selected = index;
+    dirty_ = true;
+}
+
+void F6::Command1_Click() {
+    if (busy_) {
+        return;
+    }
+    Editor_Schliessen();
+    const Sanduhr hourglass(*this, busy_);
+    const std::string before = Inhalt(FGK6);
+    Gitter_Leeren();
+    Texte_Setzen();
+    Adapter_Suchen(link, Adapter);
+    const int found = std::min(static_cast<int>(Adapter.Saetze.size()), Searched);
+    for (int n = 0; n < found; ++n) {
+        const AdapterSatz& adapter = Adapter.Saetze[static_cast<std::size_t>(n)];
+        FGK6.SetText(FirstRow + n, F6Column::Address, adapter.Adresse);
+        FGK6.SetText(FirstRow + n, F6Column::Name, adapter.Name);
+        FGK6.SetText(FirstRow + n, F6Column::Port, adapter.Port);
+        FGK6.SetPicture(FirstRow + n, F6Column::State,
+                        adapter.Name.empty() ? AdapterPicture::None : AdapterPicture::Present);
+    }
+    dirty_ = dirty_ || Inhalt(FGK6) != before;
+}
+
+bool F6::Adapter_Liste_Laden() {
+    Gitter_Leeren();
+    RecordFile file(AdapterRecord::Record);
+    if (file.Laden(kern.Welt.Files, kern.DatPfad()) == ReadStatus::Error) {
+        return false;
+    }
+    for (int row = FirstRow; row <= Records; ++row) {
+        const std::string address = file.Text(row, AdapterRecord::Adresse);
+        const std::string name = file.Text(row, AdapterRecord::Name);
+        FGK6.SetText(row, F6Column::Address, address);
+        FGK6.SetText(row, F6Column::Name, name);
+        FGK6.SetText(row, F6Column::Port, file.Text(row, AdapterRecord::Port));
+        if (!address.empty()) {
+            Zustand_Zeigen(row);
+        }
+    }
+    return true;
+}
+
+void F6::Zustand_Zeigen(int row) {
+    FGK6.SetPicture(row, F6Column::State, AdapterPicture::Absent);
+    for (const AdapterSatz& adapter : Adapter.Saetze) {
+        if (adapter.Adresse != FGK6.Text(row, F6Column::Address)) {
+            continue;
+        }
+        FGK6.SetPicture(row, F6Column::State, AdapterPicture::Present);
+        // A name must go to this adapter, also when another one has its old port by now.
+        FGK6.SetText(row, F6Column::Port, adapter.Port);
+        Zeile_Faerben(row, adapter.Name == FGK6.Text(row, F6Column::Name) ? White : ChangedName);
+    }
+}
+
+void F6::Zeile_Faerben(int row, Colour colour) {
+    for (int column = F6Column::Address; column < F6Column::Count; ++column) {
+        FGK6.SetBackColor(row, column, colour);
+    }
+}
+
+bool F6::Adapter_Liste_Speichern() {
+    RecordFile file(AdapterRecord::Record);
+    if (file.Laden(kern.Welt.Files, kern.DatPfad()) == ReadStatus::Error) {
+        return false; // what lies behind the rows would be lost
+    }
+    for (int row = FirstRow; row <= Records; ++row) {
+        std::string record(AdapterRecord::Record.Length, '\0');
+        Feld_Schreiben(record, AdapterRecord::Adresse, FGK6.Text(row, F6Column::Address));
+        Feld_Schreiben(record, AdapterRecord::Name, FGK6.Text(row, F6Column::Name));
+        Feld_Schreiben(record, AdapterRecord::Port, FGK6.Text(row, F6Column::Port));
+        Feld_Schreiben(record, AdapterRecord::Reserve, "");
+        file.SetRecord(row, record);
+    }
+    return file.Speichern(kern.Welt.Files, kern.DatPfad());
+}
+
+void F6::F6_MSGM_Click() {
+    if (!busy_ && kern.Welt.DeviceManager) {
+        kern.Welt.DeviceManager();
+    }
+}
+
+void F6::Toolbar1_ButtonClick(std::string_view key) {
+    if (busy_) {
+        return;
+    }
+    Editor_Uebernehmen();
+    if (key == Toolbar1[1].Key) {
+        Speichern();
+    } else if (key == Toolbar1[0].Key) {
+        Schliessen();
+    }
+}
+
+void F6::Schliessen() {
+    if (dirty_) {
+        const Answer answer = kern.Meldung(kern.Zeile(AdapterWort::SaveQuestion), Buttons::YesNo, Icon::Question,
+                                           kern.Zeile(QuestionTitle));
+        if (answer == Answer::Yes) {
+            Speichern();
+        } else if (!kern.Config.AdapterModus()) {
+            Adapter.PortListe.clear(); // of a check box turned on and not saved
+        }
+    }
+    dirty_ = false;
+    Fenster.Visible = false;
+    if (Zurueck) {
+        Zurueck();
+    }
+}
+
+void F6::Speichern() {
+    Konfiguration& config = kern.Config;
+    config.PortNummer = Combo1.Selected + 1;
+    config.PortName = "USB-Port" + Ziffern(config.PortNummer);
+    config.PortAutomatik = Check1.Checked ? "SET" : "RESET";
+    const bool open = Port_Einrichten(link, Adapter);
+    if (Port_Eingerichtet) {
+        Port_Eingerichtet();
+    }
+    if (!open) {
+        kern.Meldung("Comport nicht vorhanden", Buttons::Ok, Icon::Exclamation);
+    }
+    const bool saved = Konfiguration_Speichern(kern);
+    const bool listSaved = Adapter_Liste_Speichern();
+    if (saved && listSaved) {
+        dirty_ = false;
+    } else {
+        kern.Meldung(kern.Zeile(AdapterWort::NotSaved), Buttons::Ok, Icon::Exclamation);
+    }
+}
+
+} // namespace qvm
