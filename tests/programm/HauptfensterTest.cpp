@@ -199,6 +199,30 @@ TEST_F(Programm_Hauptfenster, open_windows_take_their_words_anew_and_keep_their_
     EXPECT_EQ(programm.F15.Cancel.Text(), "Cancel");
 }
 
+TEST_F(Programm_Hauptfenster, the_channel_window_takes_its_words_anew_and_keeps_the_choice) {
+    Connected();
+    programm.F2.F2_Sprache_Click();
+    programm.F2.Toolbar1_ButtonClick("Neu");
+    programm.F14.Combo1_Click(6);
+    EXPECT_EQ(programm.F14.Combo1.Entries()[6], "Funkkanal-7");
+    programm.F15.Sprachen_Click(1);
+    programm.F15.OK_Click();
+    EXPECT_EQ(programm.F14.Combo1.Entries()[6], "Radio channel-7");
+    EXPECT_EQ(programm.F14.Combo1.Selected, 6);
+    EXPECT_EQ(programm.F14.Toolbar1[0].Tip(), "Back");
+}
+
+TEST_F(Programm_Hauptfenster, the_adapter_window_takes_its_words_anew) {
+    world.RunFor(10000);
+    programm.F2.F2_Sprache_Click();
+    programm.F2.F2_Schnittstelle_Click();
+    ASSERT_TRUE(programm.F6.Fenster.Visible);
+    programm.F15.Sprachen_Click(1);
+    programm.F15.OK_Click();
+    EXPECT_EQ(programm.F6.Command1.Text(), "Search adapters");
+    EXPECT_EQ(programm.F6.FGK6.Text(0, F6Column::Number), "No.");
+}
+
 // ---- second start, shut-down
 
 TEST(Programm_Zweitstart, opens_no_window_and_no_port) {

@@ -60,7 +60,10 @@ void F2Fixture::NoteWindows() {
     hooks.F42_Oeffnen = note("F42");
     hooks.F5_Oeffnen = note("F5");
     hooks.F6_Oeffnen = note("F6");
-    hooks.F7_Oeffnen = note("F7");
+    hooks.F7_Oeffnen = [this] {
+        Opened.emplace_back("F7");
+        programm->F2.Fenster.Visible = false;
+    };
     hooks.F10_Oeffnen = note("F10");
     hooks.F12_Oeffnen = note("F12");
     hooks.F13_Oeffnen = note("F13");

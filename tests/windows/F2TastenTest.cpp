@@ -19,7 +19,7 @@ void PrintTo(const KeyRow& row, std::ostream* out) {
 }
 
 constexpr KeyRow Rows[] = {
-    {"EYE", "F7", true, true, true, true},     {"636I259", "F2_Kalend", false, true, true, true},
+    {"EYE", "F7", true, false, true, true},    {"636I259", "F2_Kalend", false, true, true, true},
     {"x1504", "F5", true, true, false, true},  {"Neu", "F14", true, true, false, true},
     {"PROG", "F13", true, false, true, true},  {"GastCard", "F60", true, false, true, false},
     {"lock4", "F12", true, false, true, true},
@@ -146,6 +146,17 @@ TEST_F(F2_Tasten, a_menu_key_stands_disabled_while_none_of_its_windows_exists) {
     Main().Tasten_Freigeben();
     EXPECT_TRUE(Key("636I259").Enabled);
     EXPECT_TRUE(Key("Schaltuhr").Enabled);
+}
+
+TEST_F(F2_Tasten, eye_stops_the_supervision_while_the_file_is_chosen_only) {
+    Connect();
+    NoteWindows();
+    bool running = true;
+    Main().Hooks.F7_Oeffnen = [&] { running = Main().Timer2.Running(); };
+    Press("EYE");
+    EXPECT_FALSE(running);
+    EXPECT_TRUE(Main().Fenster.Visible);
+    EXPECT_TRUE(Main().Timer2.Running());
 }
 
 // ---- keys without a task

@@ -24,6 +24,7 @@ inline constexpr Colour Gruen = 0x00FF00; ///< adapter found
 /// The windows that F2 opens. An empty hook is a window that does not exist yet: its key or entry stands disabled. F2
 /// hides or disables itself; a window that did not open after all gives it back by F2_Zeigen.
 struct F2Hooks {
+    /// F7 asks for a file first and hides F2 itself.
     std::function<void()> F1_Oeffnen, F3_Oeffnen, F4_Oeffnen, F41_Oeffnen, F42_Oeffnen, F5_Oeffnen, F6_Oeffnen,
         F7_Oeffnen, F10_Oeffnen, F12_Oeffnen, F13_Oeffnen, F14_Oeffnen, F15_Oeffnen, F60_Oeffnen;
     std::function<void()> Kalender_Menue, Schaltuhr_Menue; ///< pop up the menus of two keys, until they are closed

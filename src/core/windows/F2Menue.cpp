@@ -107,8 +107,8 @@ void F2::Taste_Ausfuehren(const Taste& key) {
         return;
     }
     Oeffnen(Hooks.*key.Hook, key.StopsTimer, key.Then);
-    // A menu that was closed without a choice.
-    if (key.Key == "Schaltuhr" && Da() && !beendet_ && !Timer2.Running()) {
+    // A menu or a file dialog that was closed without a choice.
+    if (key.Then == Weiter::Offen && Da() && !Timer2.Running()) {
         Timer2.Start();
     }
 }
