@@ -6,7 +6,7 @@ namespace qvm {
 
 Programm::Programm(Platform& world, const std::string& directory)
     : kern(world), link(kern), Lauf(link), F9(Lauf), F18(Lauf), F11(Lauf, F9, F18, Adapter), F13(Lauf, F11, Adapter),
-      F1(kern), F2(link, Adapter), F6(link, Adapter), F14(kern), F15(kern) {
+      F1(kern), F2(link, Adapter), F6(link, Adapter), F7(kern), F8(F7), F14(kern), F15(kern) {
     kern.AppPath = directory;
     if (kern.AppPath.empty() || kern.AppPath.back() != '/') {
         kern.AppPath += '/';

@@ -9,6 +9,8 @@
 #include "F18.h"
 #include "F2.h"
 #include "F6.h"
+#include "F7.h"
+#include "F8.h"
 #include "F9.h"
 #include "Kern.h"
 #include "Link.h"
@@ -37,6 +39,8 @@ struct Programm {
     struct F1 F1;
     struct F2 F2;
     struct F6 F6;
+    struct F7 F7;
+    struct F8 F8;
     struct F14 F14;
     struct F15 F15;
 
@@ -44,7 +48,7 @@ struct Programm {
     // fills a hook of F2 calls F2.Tasten_Freigeben afterwards, or fills it before F2 opens.
     LinkHooks Fensterhaken;
     std::function<void()> F2_Zeigen;                         ///< the main window comes back; a console has none
-    std::function<void(const std::string& path)> F7_Oeffnen; ///< shows a history file
+    std::function<void(const std::string& path)> F7_Oeffnen; ///< shows the history file of a run, by F7 or otherwise
 
 private:
     void Ansicht_Verbinden();

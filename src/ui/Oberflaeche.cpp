@@ -35,11 +35,13 @@ private:
 } // namespace
 
 Oberflaeche::Oberflaeche(Programm& programm)
-    : f2(programm.F2), f1(programm.F1, &f2), f15(programm.F15, &f2), f6(programm.F6, &f2), f14(programm.F14, &f2),
-      f13(programm.F13), f11(programm.F11, &f13), f9(programm.F9, &f13), f18(programm.F18, &f13), programm_(programm) {
+    : f2(programm.F2), f1(programm.F1, &f2), f15(programm.F15, &f2), f6(programm.F6, &f2), f7(programm.F7),
+      f8(programm.F8, &f7), f14(programm.F14, &f2), f13(programm.F13), f11(programm.F11, &f13), f9(programm.F9, &f13),
+      f18(programm.F18, &f13), programm_(programm) {
     connectMainWindow();
     connectWords();
-    for (QWidget* window : {static_cast<QWidget*>(&f6), static_cast<QWidget*>(&f14), static_cast<QWidget*>(&f13)}) {
+    for (QWidget* window : {static_cast<QWidget*>(&f6), static_cast<QWidget*>(&f7), static_cast<QWidget*>(&f14),
+                            static_cast<QWidget*>(&f13)}) {
         new Placement(window, place_);
     }
 }
@@ -49,6 +51,7 @@ Oberflaeche::~Oberflaeche() {
     hooks.Kalender_Menue = {};
     hooks.Schaltuhr_Menue = {};
     hooks.Ende = {};
+    programm_.F7_Oeffnen = {};
 }
 
 void Oberflaeche::connectMainWindow() {
@@ -57,9 +60,10 @@ void Oberflaeche::connectMainWindow() {
     hooks.Schaltuhr_Menue = [this] { f2.popUpClockMenu(); };
     // Not quit(): that asks every window first, and they leave the answer to their models.
     hooks.Ende = [] { QCoreApplication::exit(0); };
-    for (std::function<void()>* hook : {&hooks.F6_Oeffnen, &hooks.F13_Oeffnen, &hooks.F14_Oeffnen}) {
+    for (std::function<void()>* hook : {&hooks.F6_Oeffnen, &hooks.F7_Oeffnen, &hooks.F13_Oeffnen, &hooks.F14_Oeffnen}) {
         keepPlace(*hook);
     }
+    programm_.F7_Oeffnen = [this](const std::string& path) { programm_.F7.F7_Oeffnen(path); };
     programm_.F2.Tasten_Freigeben();
 }
 

@@ -8,6 +8,8 @@
 #include "F1Window.h"
 #include "F2Window.h"
 #include "F6Window.h"
+#include "F7Window.h"
+#include "F8Window.h"
 #include "F9Window.h"
 #include "Programm.h"
 
@@ -29,6 +31,8 @@ public:
     F1Window f1;
     F15Window f15;
     F6Window f6;
+    F7Window f7;
+    F8Window f8;
     F14Window f14;
     F13Window f13;
     F11Window f11;

@@ -30,7 +30,7 @@ struct ToolRow {
     const char* Theme; ///< name in an installed icon theme, or null where only the drawing fits
 };
 
-constexpr std::array<ToolRow, 15> ToolRows{{{"Ende", "exit", "application-exit"},
+constexpr std::array<ToolRow, 17> ToolRows{{{"Ende", "exit", "application-exit"},
                                             {"EYE", "eye", nullptr},
                                             {"636I259", "calendar", nullptr},
                                             {"Schaltuhr", "clock", nullptr},
@@ -44,6 +44,8 @@ constexpr std::array<ToolRow, 15> ToolRows{{{"Ende", "exit", "application-exit"}
                                             {"Prog.", "program-list", nullptr},
                                             {"SaveHistory", "history", nullptr},
                                             {"Suchen", "search", "edit-find"},
+                                            {u8"Öffnen"_w, "open", "document-open"},
+                                            {"W95MBX01", "back", "go-previous"},
                                             {"INFO", "info", nullptr}}};
 
 struct PictureRow {

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "F7.h"
+#include "WindowBase.h"
+
+namespace qvm::ui {
+
+class GridView;
+
+/// F7 on the screen: tool bar, history grid, the hits of the last search, status bar. Besides the keys of the tool bar:
+/// Ctrl+O opens a file, Ctrl+F searches, Ctrl+C copies the selected rows.
+class F7Window : public WindowBase {
+    Q_OBJECT
+
+public:
+    explicit F7Window(F7& f7, QWidget* parent = nullptr);
+    ~F7Window() override;
+
+private:
+    void makeGrid();
+    void makeHits();
+    void makeStatus();
+    void makeShortcuts();
+    void showCell(int row, int column);
+    void copyRows();
+
+    F7& f7_;
+    GridView* grid_ = nullptr;
+};
+
+} // namespace qvm::ui

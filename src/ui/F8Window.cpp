@@ -1,0 +1,71 @@
+#include "F8Window.h"
+
+#include "TextEdge.h"
+
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+namespace qvm::ui {
+namespace {
+
+constexpr int TextWidth = 260;
+
+} // namespace
+
+F8Window::F8Window(F8& f8, QWidget* parent)
+    : WindowBase(f8.Fenster, QStringLiteral("F8"), Qt::Dialog, parent), f8_(f8) {
+    content()->setContentsMargins(20, 18, 20, 16);
+    content()->setSpacing(14);
+    makeOptions();
+    makeSearch();
+    content()->addStretch();
+    const auto close = [this] { f8_.F8_Schliessen(); };
+    finish({.onClose = close, .onEscape = close});
+}
+
+void F8Window::makeOptions() {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(18);
+    for (std::size_t n = 0; n < f8_.Option.size(); ++n) {
+        CheckBox& model = f8_.Option[n];
+        auto* option = new QRadioButton(this);
+        nameWidget(option, QStringLiteral("F8.Option%1").arg(n + 1));
+        watch(model.Text, option, [&model, option] {
+            option->setText(captionOf(model.Text()));
+            option->setAccessibleName(toQt(model.Text()));
+        });
+        watch(model.Checked, option, [&model, option] {
+            if (model.Checked) {
+                option->setChecked(true);
+            }
+        });
+        connect(option, &QRadioButton::clicked, this, [this, n] { f8_.Option_Click(static_cast<int>(n)); });
+        row->addWidget(option);
+    }
+    row->addStretch();
+    content()->addLayout(row);
+}
+
+void F8Window::makeSearch() {
+    auto* text = new QLineEdit(this);
+    bind(f8_.Text1, text, QStringLiteral("F8.Text1"));
+    text->setMinimumWidth(TextWidth);
+    auto* search = new QPushButton(this);
+    bind(f8_.Command1, search, QStringLiteral("F8.Command1"), [this] { f8_.Command1_Click(); });
+    // What the box is for is told by the button beside it.
+    watch(f8_.Command1.Text, search, [this, text, search] {
+        search->setText(captionOf(f8_.Command1.Text()));
+        search->setAccessibleName(toQt(f8_.Command1.Text()));
+        text->setAccessibleName(search->accessibleName());
+    });
+    setDefaultButton(search);
+    auto* row = new QHBoxLayout;
+    row->addWidget(text, 1);
+    row->addWidget(search);
+    content()->addLayout(row);
+}
+
+} // namespace qvm::ui

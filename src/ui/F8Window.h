@@ -1,0 +1,24 @@
+#pragma once
+
+#include "F8.h"
+#include "WindowBase.h"
+
+class QLineEdit;
+
+namespace qvm::ui {
+
+/// F8 on the screen: the column to search, the text to search for.
+class F8Window : public WindowBase {
+    Q_OBJECT
+
+public:
+    F8Window(F8& f8, QWidget* parent);
+
+private:
+    void makeOptions();
+    void makeSearch();
+
+    F8& f8_;
+};
+
+} // namespace qvm::ui
