@@ -111,11 +111,11 @@ void bind(CheckBox& model, QCheckBox* widget, const QString& name, std::function
     });
     watch(model.Checked, widget, [&model, widget] { widget->setChecked(model.Checked); });
     QObject::connect(widget, &QCheckBox::clicked, widget, [&model, widget, click = std::move(onClick)](bool on) {
-        model.Checked = on;
         if (click) {
             click(on);
+        } else {
+            model.Checked = on;
         }
-        // The handler may have refused.
         widget->setChecked(model.Checked);
     });
     watchState(model, widget);
@@ -152,11 +152,14 @@ void bind(ListBox& model, QComboBox* widget, const QString& name, std::function<
         const QSignalBlocker quiet(widget);
         widget->setCurrentIndex(model.Selected);
     });
-    QObject::connect(widget, &QComboBox::activated, widget, [&model, select = std::move(onSelect)](int index) {
-        model.Selected = index;
+    QObject::connect(widget, &QComboBox::activated, widget, [&model, widget, select = std::move(onSelect)](int index) {
         if (select) {
             select(index);
+        } else {
+            model.Selected = index;
         }
+        const QSignalBlocker quiet(widget);
+        widget->setCurrentIndex(model.Selected);
     });
     watchState(model, widget);
 }
@@ -173,12 +176,16 @@ void bind(ListBox& model, QListWidget* widget, const QString& name, std::functio
         const QSignalBlocker quiet(widget);
         widget->setCurrentRow(model.Selected);
     });
-    QObject::connect(widget, &QListWidget::currentRowChanged, widget, [&model, select = std::move(onSelect)](int row) {
-        model.Selected = row;
-        if (select) {
-            select(row);
-        }
-    });
+    QObject::connect(widget, &QListWidget::currentRowChanged, widget,
+                     [&model, widget, select = std::move(onSelect)](int row) {
+                         if (select) {
+                             select(row);
+                         } else {
+                             model.Selected = row;
+                         }
+                         const QSignalBlocker quiet(widget);
+                         widget->setCurrentRow(model.Selected);
+                     });
     watchState(model, widget);
 }
 

@@ -44,10 +44,11 @@ void bind(Label& model, QLabel* widget, const QString& name);
 void bind(Label& model, QAbstractButton* widget, const QString& name, std::function<void()> onClick);
 void bind(TextBox& model, QLineEdit* widget, const QString& name);
 void bind(Button& model, QAbstractButton* widget, const QString& name, std::function<void()> onClick);
-/// The model holds the new state before `onClick` is called.
+/// With a handler it decides what becomes of the model, which takes the new state by itself only without one. The
+/// widget shows what the model then holds.
 void bind(CheckBox& model, QCheckBox* widget, const QString& name, std::function<void(bool on)> onClick = {});
 void bind(ProgressBar& model, QProgressBar* widget, const QString& name);
-/// The model holds the new selection before `onSelect` is called; only the user's own choice calls it.
+/// Likewise. Only the user's own choice calls the handler.
 void bind(ListBox& model, QComboBox* widget, const QString& name, std::function<void(int index)> onSelect = {});
 void bind(ListBox& model, QListWidget* widget, const QString& name, std::function<void(int index)> onSelect = {});
 /// `size` in device independent pixels.

@@ -79,13 +79,13 @@ QLayout* F1Window::makeButtons() {
     auto* web = new QPushButton(this);
     bind(f1_.Web, web, QStringLiteral("F1.Web"), [this] { f1_.Web_Click(); });
     web->setToolTip(QString::fromLatin1(SupportPage.data(), static_cast<qsizetype>(SupportPage.size())));
-    auto* ok = new QPushButton(this);
-    bind(f1_.OK, ok, QStringLiteral("F1.OK"), [this] { f1_.OK_Click(); });
-    setDefaultButton(ok);
+    ok_ = new QPushButton(this);
+    bind(f1_.OK, ok_, QStringLiteral("F1.OK"), [this] { f1_.OK_Click(); });
+    setDefaultButton(ok_);
     auto* row = new QHBoxLayout;
     row->addWidget(web);
     row->addStretch();
-    row->addWidget(ok);
+    row->addWidget(ok_);
     return row;
 }
 
@@ -94,6 +94,11 @@ void F1Window::setWords() {
     cipherCaption_->setText(word(Word::Cipher, language));
     directoryCaption_->setText(word(Word::DataDirectory, language));
     licenceCaption_->setText(word(Word::Libraries, language));
+}
+
+void F1Window::showEvent(QShowEvent* event) {
+    WindowBase::showEvent(event);
+    ok_->setFocus(Qt::OtherFocusReason);
 }
 
 } // namespace qvm::ui

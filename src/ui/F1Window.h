@@ -4,6 +4,7 @@
 #include "WindowBase.h"
 
 class QLabel;
+class QPushButton;
 
 namespace qvm::ui {
 
@@ -17,6 +18,9 @@ public:
     /// Words that the catalogue does not hold, anew.
     void setWords();
 
+protected:
+    void showEvent(QShowEvent* event) override;
+
 private:
     QLayout* makeHead();
     QLayout* makeFacts();
@@ -26,6 +30,7 @@ private:
     QLabel* cipherCaption_ = nullptr;
     QLabel* directoryCaption_ = nullptr;
     QLabel* licenceCaption_ = nullptr;
+    QPushButton* ok_ = nullptr;
 };
 
 } // namespace qvm::ui

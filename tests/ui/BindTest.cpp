@@ -92,19 +92,33 @@ TEST(Bind, a_button_calls_its_handler_and_takes_an_ampersand_for_what_it_is) {
     EXPECT_EQ(clicks, 1);
 }
 
-TEST(Bind, a_check_box_tells_the_model_first_and_shows_what_the_handler_left) {
+TEST(Bind, a_check_box_asks_its_handler_and_shows_what_that_left) {
     CheckBox model;
     QCheckBox widget;
     std::vector<bool> seen;
+    bool refuses = true;
     ui::bind(model, &widget, Name, [&](bool on) {
-        seen.push_back(model.Checked && on);
-        model.Checked = false;
+        EXPECT_FALSE(model.Checked);
+        seen.push_back(on);
+        model.Checked = on && !refuses;
     });
     widget.click();
     EXPECT_EQ(seen, (std::vector<bool>{true}));
     EXPECT_FALSE(widget.isChecked());
-    model.Checked = true;
+    refuses = false;
+    widget.click();
     EXPECT_TRUE(widget.isChecked());
+    EXPECT_TRUE(model.Checked);
+}
+
+TEST(Bind, a_check_box_without_a_handler_changes_its_model) {
+    CheckBox model;
+    QCheckBox widget;
+    ui::bind(model, &widget, Name);
+    widget.click();
+    EXPECT_TRUE(model.Checked);
+    model.Checked = false;
+    EXPECT_FALSE(widget.isChecked());
 }
 
 TEST(Bind, a_check_box_for_display_takes_neither_mouse_nor_keys) {
@@ -137,8 +151,9 @@ TEST(Bind, a_combo_box_tells_only_the_users_own_choice) {
     QComboBox widget;
     std::vector<int> chosen;
     ui::bind(model, &widget, Name, [&](int index) {
-        EXPECT_EQ(model.Selected, index);
+        EXPECT_EQ(model.Selected, 1);
         chosen.push_back(index);
+        model.Selected = index;
     });
     model.Entries = {"Kanal-1", "Kanal-2", "Kanal-3"};
     model.Selected = 1;
@@ -146,6 +161,7 @@ TEST(Bind, a_combo_box_tells_only_the_users_own_choice) {
     EXPECT_TRUE(chosen.empty());
     QTest::keyClick(&widget, Qt::Key_Down);
     EXPECT_EQ(chosen, (std::vector<int>{2}));
+    EXPECT_EQ(widget.currentIndex(), 2);
     model.Entries = {"nur"};
     EXPECT_TRUE(chosen.size() == 1U);
 }
@@ -156,7 +172,10 @@ TEST(Bind, a_list_tells_the_users_choice_and_shows_the_models) {
     std::vector<int> chosen;
     model.Entries = {"Deutsch", "English"};
     model.Selected = 0;
-    ui::bind(model, &widget, Name, [&](int index) { chosen.push_back(index); });
+    ui::bind(model, &widget, Name, [&](int index) {
+        chosen.push_back(index);
+        model.Selected = index;
+    });
     EXPECT_EQ(widget.currentRow(), 0);
     QTest::keyClick(&widget, Qt::Key_Down);
     EXPECT_EQ(chosen, (std::vector<int>{1}));
@@ -164,6 +183,16 @@ TEST(Bind, a_list_tells_the_users_choice_and_shows_the_models) {
     model.Selected = 0;
     EXPECT_EQ(widget.currentRow(), 0);
     EXPECT_EQ(chosen.size(), 1U);
+}
+
+TEST(Bind, a_choice_that_is_refused_does_not_stay_on_the_screen) {
+    ListBox model;
+    QComboBox box;
+    model.Entries = {"Kanal-1", "Kanal-2"};
+    model.Selected = 0;
+    ui::bind(model, &box, Name, [](int) {});
+    QTest::keyClick(&box, Qt::Key_Down);
+    EXPECT_EQ(box.currentIndex(), 0);
 }
 
 TEST(Bind, a_picture_follows_its_id) {
