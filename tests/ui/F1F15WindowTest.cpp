@@ -1,0 +1,151 @@
+// The about box and the choice of the language, and what the choice does to open windows.
+
+#include "Oberflaeche.h"
+#include "UiFixture.h"
+#include "WidgetChecks.h"
+
+#include <QLabel>
+#include <QListWidget>
+#include <QMenu>
+#include <QPushButton>
+#include <QTest>
+#include <QToolButton>
+
+namespace qvm::test {
+namespace {
+
+struct F1_F15_Window : UiFixture {
+    std::unique_ptr<ui::Oberflaeche> windows;
+
+    void Open(std::string_view language = "Deutsch") {
+        Start(language);
+        programm->F1.CipherText = "AES-128";
+        windows = std::make_unique<ui::Oberflaeche>(*programm);
+        programm->F2.F2_Laden();
+        programm->F2.Timer2.Stop();
+        Present(windows->f2);
+    }
+    ~F1_F15_Window() override {
+        programm->F2.Hooks.Ende = {}; // no event loop to leave
+        programm->F2.Beenden();
+    }
+
+    static QString Text(QWidget& window, const char* name) {
+        return window.findChild<QLabel*>(QString::fromUtf8(name))->text();
+    }
+    /// Chooses a language as the operator does.
+    void Choose(int row) {
+        programm->F2.F2_Sprache_Click();
+        windows->f15.findChild<QListWidget*>(QStringLiteral("F15.Sprachen"))->setCurrentRow(row);
+        QTest::keyClick(&windows->f15, Qt::Key_Return);
+        Settle();
+    }
+};
+
+using F1_Window = F1_F15_Window;
+using F15_Window = F1_F15_Window;
+
+TEST_F(F1_Window, tells_version_adapter_cipher_folder_and_licences) {
+    Open();
+    programm->F2.AdapterVersion = 35;
+    programm->F2.F2_Version_Click();
+    EXPECT_TRUE(windows->f1.isVisible());
+    EXPECT_EQ(windows->f1.windowTitle(), QStringLiteral("QVM 7702 SOFTWARE SYSTEM - Version 4.2c"));
+    EXPECT_EQ(Text(windows->f1, "F1.VersionLabel"), QStringLiteral("QVM 7702 SOFTWARE SYSTEM - Version 4.2c"));
+    EXPECT_EQ(Text(windows->f1, "F1.AdapterLabel"), QStringLiteral("USB Wireless Adapter - 4.5"));
+    EXPECT_EQ(Text(windows->f1, "F1.CipherLabel"), QStringLiteral("AES-128"));
+    EXPECT_EQ(Text(windows->f1, "F1.DirectoryLabel"), QStringLiteral("/q/DAT/"));
+    EXPECT_TRUE(Text(windows->f1, "F1.LicenceLabel").contains(QStringLiteral("LGPL-3.0")));
+}
+
+TEST_F(F1_Window, opens_the_support_page_and_closes_by_return_and_by_escape) {
+    Open();
+    programm->F2.F2_Version_Click();
+    Settle();
+    windows->f1.findChild<QPushButton*>(QStringLiteral("F1.Web"))->click();
+    EXPECT_EQ(world.ShellOpened, std::vector<std::string>{"https://www.example.com/qvm7702"});
+    QTest::keyClick(&windows->f1, Qt::Key_Return);
+    EXPECT_FALSE(windows->f1.isVisible());
+    programm->F2.F2_Version_Click();
+    QTest::keyClick(&windows->f1, Qt::Key_Escape);
+    EXPECT_FALSE(windows->f1.isVisible());
+}
+
+TEST_F(F15_Window, offers_the_four_languages_with_the_one_in_use_selected) {
+    Open("Francais");
+    programm->F2.F2_Sprache_Click();
+    const auto* list = windows->f15.findChild<QListWidget*>(QStringLiteral("F15.Sprachen"));
+    ASSERT_EQ(list->count(), 4);
+    EXPECT_EQ(list->item(0)->text(), QStringLiteral("Deutsch"));
+    EXPECT_EQ(list->item(3)->text(), QStringLiteral("Nederlands"));
+    EXPECT_EQ(list->currentRow(), 2);
+}
+
+TEST_F(F15_Window, leaves_everything_as_it_was_when_cancelled) {
+    Open();
+    programm->F2.F2_Sprache_Click();
+    windows->f15.findChild<QListWidget*>(QStringLiteral("F15.Sprachen"))->setCurrentRow(1);
+    QTest::keyClick(&windows->f15, Qt::Key_Escape);
+    EXPECT_FALSE(windows->f15.isVisible());
+    EXPECT_EQ(programm->kern.Config.Sprache, "Deutsch");
+    EXPECT_EQ(windows->f2.findChild<QToolButton*>(QStringLiteral("F2.Toolbar1.PROG"))->toolTip(),
+              QString::fromUtf8("Schlösser programmieren"));
+}
+
+TEST_F(F15_Window, changes_the_words_of_the_main_window_at_once) {
+    Open();
+    programm->F2.Label1.ForeColor = Lampe::Rot;
+    Choose(1);
+    EXPECT_FALSE(windows->f15.isVisible());
+    EXPECT_EQ(programm->kern.Config.Sprache, "English");
+    EXPECT_EQ(windows->f2.findChild<QToolButton*>(QStringLiteral("F2.Toolbar1.PROG"))->toolTip(),
+              QStringLiteral("Program locks"));
+    EXPECT_EQ(windows->f2.findChild<QToolButton*>(QStringLiteral("F2.Toolbar1.PROG"))->text(),
+              QStringLiteral("Program\nlocks"));
+    EXPECT_EQ(Text(windows->f2, "F2.State"), QStringLiteral("Not connected"));
+    const auto* file = windows->f2.findChild<QMenu*>(QStringLiteral("F2.Datei"));
+    EXPECT_EQ(file->title().remove(QLatin1Char('&')), QStringLiteral("File"));
+    Choose(2);
+    EXPECT_EQ(Text(windows->f2, "F2.State"), QString::fromUtf8("Non connecté"));
+    EXPECT_EQ(Text(windows->f2, "F2.Version"), QStringLiteral("Version 4.2c"));
+    Choose(3);
+    EXPECT_EQ(Text(windows->f2, "F2.Version"), QStringLiteral("Versie 4.2c"));
+}
+
+TEST_F(F15_Window, leaves_every_text_of_every_window_room_after_each_change) {
+    Open();
+    for (const int row : {1, 2, 3, 0}) {
+        Choose(row);
+        EXPECT_EQ(allTextsFit(&windows->f2), QStringList()) << row;
+        programm->F2.F2_Version_Click();
+        Settle();
+        EXPECT_EQ(allTextsFit(&windows->f1), QStringList()) << row;
+        programm->F1.OK_Click();
+        programm->F2.F2_Sprache_Click();
+        Settle();
+        EXPECT_EQ(allTextsFit(&windows->f15), QStringList()) << row;
+        programm->F15.Cancel_Click();
+    }
+}
+
+TEST_F(F1_Window, is_walked_with_tab_and_names_every_control) {
+    Open();
+    programm->F2.F2_Version_Click();
+    Present(windows->f1);
+    windows->f1.findChild<QPushButton*>(QStringLiteral("F1.Web"))->setFocus();
+    EXPECT_EQ(tabOrder(&windows->f1), (QStringList{QStringLiteral("F1.Web"), QStringLiteral("F1.OK")}));
+    EXPECT_EQ(unnamedControls(&windows->f1), QStringList());
+}
+
+TEST_F(F15_Window, is_walked_with_tab_and_names_every_control) {
+    Open();
+    programm->F2.F2_Sprache_Click();
+    Present(windows->f15);
+    windows->f15.findChild<QListWidget*>(QStringLiteral("F15.Sprachen"))->setFocus();
+    EXPECT_EQ(tabOrder(&windows->f15),
+              (QStringList{QStringLiteral("F15.Sprachen"), QStringLiteral("F15.OK"), QStringLiteral("F15.Cancel")}));
+    EXPECT_EQ(unnamedControls(&windows->f15), QStringList());
+}
+
+} // namespace
+} // namespace qvm::test
