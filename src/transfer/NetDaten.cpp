@@ -10,11 +10,14 @@ constexpr std::size_t HolidaysSent = 20;
 
 /// Records of `count` users from `first` on, behind `before` bytes of payload. Gives the bytes of the payload.
 int Benutzer(Netzlauf& run, int first, int count, int before) {
-    for (int n = 0; n < count; ++n) {
-        Netz_Benutzer(run.link, run.Daten.Slots[static_cast<std::size_t>(first + n)],
-                      Gruppen_Index(before + n * NetzRecord));
+    const std::span<const ProgSlot> slots = run.Daten.Slots;
+    const auto from = std::min(static_cast<std::size_t>(first), slots.size());
+    int bytes = before;
+    for (const ProgSlot& slot : slots.subspan(from, std::min(static_cast<std::size_t>(count), slots.size() - from))) {
+        Netz_Benutzer(run.link, slot, Gruppen_Index(bytes));
+        bytes += NetzRecord;
     }
-    return before + count * NetzRecord;
+    return bytes;
 }
 
 void Werte(Netzlauf& run) {

@@ -54,7 +54,8 @@ struct NetView {
     std::function<void(std::string_view step)> Naechste_Zeile;
     /// History and programming were wished and the history is there: ProgQvmUnits for the same row in 100 ms.
     std::function<void()> Programmieren_Planen;
-    /// Nothing goes on by itself any more. A late reply still counts.
+    /// Nothing goes on by itself any more. A late reply still counts; a list that goes on all the same calls
+    /// Netz_Abbrechen first.
     std::function<void(NetStandstill reason)> Stillstand;
 };
 
