@@ -1,0 +1,375 @@
+// The adapter window: opening, the choice of the port, the list, saving.
+
+#include "F6Fixture.h"
+
+namespace qvm::test {
+namespace {
+
+struct F6_Fenster : F6_Fixture {};
+
+// ---- open
+
+TEST_F(F6_Fenster, opens_with_the_words_of_the_catalogue) {
+    Open();
+    EXPECT_TRUE(Adapters().Fenster.Visible);
+    EXPECT_EQ(Adapters().Fenster.Title(), "QVM 7702 SOFTWARE SYSTEM");
+    EXPECT_EQ(Adapters().Check1.Text(), "L278");
+    EXPECT_EQ(Adapters().Command1.Text(), "L279");
+    EXPECT_EQ(Adapters().Toolbar1[0].Tip(), "L119");
+    EXPECT_EQ(Adapters().Toolbar1[1].Tip(), "L289");
+    EXPECT_EQ(Cell(0, 0) + Cell(0, 1) + Cell(0, 2) + Cell(0, 3) + Cell(0, 4), "L37L185L186L187L188");
+    EXPECT_EQ(Adapters().FGK6.Rows(), 22);
+    EXPECT_EQ(Adapters().FGK6.Columns(), 5);
+}
+
+TEST_F(F6_Fenster, offers_sixteen_ports_with_the_configured_one_selected) {
+    Open();
+    ASSERT_EQ(Adapters().Combo1.Entries().size(), 16U);
+    EXPECT_EQ(Adapters().Combo1.Entries()[0], "Prolific USB-to-Serial Comm Port ( COM1 )");
+    EXPECT_EQ(Adapters().Combo1.Entries()[15], "Prolific USB-to-Serial Comm Port ( COM16 )");
+    EXPECT_EQ(Adapters().Combo1.Selected(), 4);
+    programm->kern.Config.PortNummer = 16;
+    Adapters().F6_Laden();
+    EXPECT_EQ(Adapters().Combo1.Selected(), 15);
+    programm->kern.Config.PortNummer = 17;
+    Adapters().F6_Laden();
+    EXPECT_EQ(Adapters().Combo1.Selected(), 0);
+}
+
+TEST_F(F6_Fenster, opens_the_port_anew) {
+    Open();
+    EXPECT_TRUE(world.PortOpen);
+    EXPECT_EQ(world.PortNumber, 5);
+    const int closes = world.Closes;
+    Open();
+    EXPECT_EQ(world.Closes, closes + 1);
+    EXPECT_TRUE(world.PortOpen);
+}
+
+TEST_F(F6_Fenster, the_automatic_mode_shows_the_grid_and_the_manual_one_the_list_of_ports) {
+    Open();
+    EXPECT_TRUE(Adapters().Check1.Checked);
+    EXPECT_TRUE(Adapters().FGK6.Visible);
+    EXPECT_TRUE(Adapters().Command1.Visible);
+    EXPECT_FALSE(Adapters().Combo1.Visible);
+    programm->kern.Config.PortAutomatik = "RESET";
+    Open();
+    EXPECT_FALSE(Adapters().Check1.Checked);
+    EXPECT_FALSE(Adapters().FGK6.Visible);
+    EXPECT_FALSE(Adapters().Command1.Visible);
+    EXPECT_TRUE(Adapters().Combo1.Visible);
+}
+
+TEST_F(F6_Fenster, the_device_manager_is_offered_where_there_is_one) {
+    Open();
+    EXPECT_EQ(Adapters().F6_MSGM.Text(), "");
+    Adapters().F6_MSGM_Click(); // nothing to open
+    int opened = 0;
+    world.World.DeviceManager = [&] { ++opened; };
+    Open();
+    EXPECT_EQ(Adapters().F6_MSGM.Text(), "L280");
+    Adapters().F6_MSGM_Click();
+    EXPECT_EQ(opened, 1);
+}
+
+// ---- load
+
+TEST_F(F6_Fenster, a_stored_adapter_that_answered_is_shown_present_with_the_port_that_it_has_now) {
+    Open();
+    EXPECT_EQ(Cell(1, F6Column::Number), "1");
+    EXPECT_EQ(Cell(1, F6Column::Address), "/10/20/30/40");
+    EXPECT_EQ(Cell(1, F6Column::Name), "PROGSTATION 1");
+    EXPECT_EQ(Cell(1, F6Column::Port), "7");
+    EXPECT_EQ(Picture(1), AdapterPicture::Present);
+    EXPECT_EQ(Back(1), White);
+}
+
+TEST_F(F6_Fenster, a_stored_adapter_that_did_not_answer_is_shown_absent) {
+    Open();
+    EXPECT_EQ(Cell(2, F6Column::Name), "PROGSTATION Keller");
+    EXPECT_EQ(Cell(2, F6Column::Port), "9");
+    EXPECT_EQ(Picture(2), AdapterPicture::Absent);
+    EXPECT_EQ(Cell(3, F6Column::Address), "");
+    EXPECT_EQ(Picture(3), AdapterPicture::None);
+}
+
+TEST_F(F6_Fenster, a_stored_name_that_the_adapter_does_not_bear_marks_the_row) {
+    programm->Adapter.Saetze[0].Name = "PROGSTATION 2";
+    Open();
+    EXPECT_EQ(Cell(1, F6Column::Name), "PROGSTATION 1");
+    EXPECT_EQ(Back(1), Colour{0x80FFFF});
+    EXPECT_EQ(Back(2), White);
+}
+
+TEST_F(F6_Fenster, without_a_file_the_grid_is_empty) {
+    world.Disk.Files.erase(List);
+    Open();
+    EXPECT_EQ(Cell(1, F6Column::Address), "");
+    EXPECT_EQ(Cell(1, F6Column::Number), "1");
+    EXPECT_EQ(Cell(20, F6Column::Number), "20");
+    EXPECT_EQ(Cell(21, F6Column::Number), "");
+}
+
+TEST_F(F6_Fenster, a_partial_last_record_counts_as_far_as_it_goes) {
+    world.Disk.Files[List].resize(65 + 16 + 4);
+    Open();
+    EXPECT_EQ(Cell(2, F6Column::Address), "/1/2/3/4");
+    EXPECT_EQ(Cell(2, F6Column::Name), "PROG");
+    EXPECT_EQ(Cell(2, F6Column::Port), "");
+}
+
+TEST_F(F6_Fenster, a_file_full_of_any_bytes_is_shown_and_harms_nothing) {
+    std::string bytes;
+    for (int n = 0; n < 65 * 25; ++n) {
+        bytes.push_back(static_cast<char>(n * 7));
+    }
+    world.Disk.Files[List] = bytes;
+    Open();
+    EXPECT_EQ(Cell(21, F6Column::Address), ""); // what lies behind record 20 is not read
+}
+
+TEST_F(F6_Fenster, a_file_that_cannot_be_read_leaves_the_grid_empty_and_is_not_written_over) {
+    Open();
+    world.Disk.FailAt = world.Disk.Operations + 1;
+    EXPECT_FALSE(Adapters().Adapter_Liste_Laden());
+    EXPECT_EQ(Cell(1, F6Column::Address), "");
+    const std::string before = world.Disk.Files[List];
+    world.Disk.FailAt = world.Disk.Operations + 1;
+    EXPECT_FALSE(Adapters().Adapter_Liste_Speichern());
+    EXPECT_EQ(world.Disk.Files[List], before);
+}
+
+// ---- save
+
+TEST_F(F6_Fenster, the_list_is_written_as_twenty_records_of_65_bytes) {
+    Open();
+    EXPECT_TRUE(Adapters().Adapter_Liste_Speichern());
+    std::string expected = "/10/20/30/40    PROGSTATION 1       7           " + std::string(17, '\0') +
+                           "/1/2/3/4        PROGSTATION Keller  9           " + std::string(17, '\0');
+    for (int n = 3; n <= 20; ++n) {
+        expected += std::string(48, ' ') + std::string(17, '\0');
+    }
+    EXPECT_EQ(expected.size(), 1300U);
+    EXPECT_EQ(world.Disk.Files[List], expected);
+}
+
+TEST_F(F6_Fenster, what_a_longer_file_holds_behind_record_20_stays) {
+    world.Disk.Files[List].resize(1300, ' ');
+    world.Disk.Files[List] += "more";
+    Open();
+    EXPECT_TRUE(Adapters().Adapter_Liste_Speichern());
+    EXPECT_EQ(world.Disk.Files[List].substr(1300), "more");
+}
+
+TEST_F(F6_Fenster, speichern_keeps_the_automatic_search_and_makes_the_port_ready) {
+    Open();
+    Press("Speichern");
+    EXPECT_EQ(programm->kern.Config.PortAutomatik, "SET");
+    EXPECT_EQ(programm->kern.Config.PortNummer, 7); // the last candidate
+    EXPECT_EQ(world.Disk.Files[Settings], "Deutsch\r\n1\r\nUSB-Port7\r\n3\r\n");
+    EXPECT_EQ(world.PortNumber, 7);
+    EXPECT_EQ(prepared, 1);
+    EXPECT_TRUE(Adapters().Fenster.Visible);
+    EXPECT_EQ(world.Disk.Files[List].size(), 1300U);
+}
+
+TEST_F(F6_Fenster, speichern_takes_a_fixed_port_and_forgets_the_candidates) {
+    Open();
+    programm->Adapter.PortListe = {5, 7};
+    Adapters().Check1_Click(false);
+    Adapters().Combo1_Click(11);
+    Press("Speichern");
+    EXPECT_EQ(world.Disk.Files[Settings], "Deutsch\r\n1\r\nUSB-Port12\r\n3\r\n");
+    EXPECT_EQ(world.Disk.Files["/q/DAT/CHEUSB25C.I_2"].substr(0, 12), "RESET     \r\n");
+    EXPECT_EQ(programm->kern.Config.PortNummer, 12);
+    EXPECT_EQ(world.PortNumber, 12);
+    EXPECT_TRUE(world.PortOpen);
+    EXPECT_THAT(programm->Adapter.PortListe, IsEmpty());
+    EXPECT_EQ(prepared, 1);
+}
+
+TEST_F(F6_Fenster, a_port_that_does_not_open_is_reported_and_saved_all_the_same) {
+    Open();
+    Adapters().Check1_Click(false);
+    Adapters().Combo1_Click(2);
+    world.PortCanOpen = false;
+    world.Answers.push_back({.Text = "Comport nicht vorhanden"});
+    Press("Speichern");
+    EXPECT_EQ(world.Shown.back().Title, "QVM 7702 SOFTWARE SYSTEM");
+    EXPECT_EQ(world.Shown.back().Sign, Icon::Exclamation);
+    EXPECT_FALSE(world.PortOpen);
+    EXPECT_EQ(world.Disk.Files[Settings], "Deutsch\r\n1\r\nUSB-Port3\r\n3\r\n");
+    EXPECT_EQ(prepared, 1);
+}
+
+TEST_F(F6_Fenster, a_list_that_cannot_be_saved_is_reported) {
+    Open();
+    Adapters().Check1_Click(false);
+    const std::string before = world.Disk.Files[List];
+    world.Disk.FailAt = world.Disk.Operations + 4; // behind the two settings files and the reading of the list
+    Expect(287);
+    Press("Speichern");
+    EXPECT_EQ(world.Shown.back().Sign, Icon::Exclamation);
+    EXPECT_EQ(world.Disk.Files[List], before);
+    Expect(60, Answer::No); // still unsaved
+    GoBack();
+}
+
+TEST_F(F6_Fenster, settings_that_cannot_be_saved_are_reported_and_the_list_is_saved_all_the_same) {
+    Open();
+    Adapters().Check1_Click(false);
+    world.Disk.FailAt = world.Disk.Operations + 1;
+    Expect(287);
+    Press("Speichern");
+    EXPECT_EQ(world.Disk.Files[List].size(), 1300U);
+}
+
+// ---- back
+
+TEST_F(F6_Fenster, zurueck_without_a_change_asks_nothing) {
+    Open();
+    GoBack();
+    EXPECT_FALSE(Adapters().Fenster.Visible);
+    EXPECT_EQ(returned, 1);
+    EXPECT_EQ(prepared, 0);
+}
+
+TEST_F(F6_Fenster, zurueck_after_a_change_asks_and_yes_saves) {
+    Open();
+    Adapters().Check1_Click(false);
+    Adapters().Combo1_Click(11);
+    Expect(60, Answer::Yes);
+    GoBack();
+    EXPECT_EQ(world.Shown.back().Title, "L23");
+    EXPECT_EQ(world.Shown.back().Choice, Buttons::YesNo);
+    EXPECT_EQ(world.Disk.Files[Settings], "Deutsch\r\n1\r\nUSB-Port12\r\n3\r\n");
+    EXPECT_FALSE(Adapters().Fenster.Visible);
+    EXPECT_EQ(returned, 1);
+}
+
+TEST_F(F6_Fenster, no_leaves_everything_as_it_was) {
+    programm->kern.Config.PortAutomatik = "RESET";
+    Open();
+    const auto before = world.Disk.Files;
+    Adapters().Check1_Click(true);
+    EXPECT_THAT(programm->Adapter.PortListe, ElementsAre(5, 7));
+    EXPECT_TRUE(Adapters().FGK6.Visible);
+    Expect(60, Answer::No);
+    GoBack();
+    EXPECT_EQ(world.Disk.Files, before);
+    EXPECT_EQ(programm->kern.Config.PortAutomatik, "RESET");
+    EXPECT_EQ(programm->kern.Config.PortNummer, 5);
+    EXPECT_THAT(programm->Adapter.PortListe, IsEmpty()); // a fixed port has no candidates
+    EXPECT_EQ(returned, 1);
+}
+
+TEST_F(F6_Fenster, choosing_what_is_chosen_already_is_no_change) {
+    Open();
+    Adapters().Check1_Click(true);
+    Adapters().Combo1_Click(4);
+    Adapters().Combo1_Click(-1);
+    Adapters().Combo1_Click(16);
+    GoBack();
+    EXPECT_EQ(returned, 1);
+}
+
+// ---- search
+
+/// Ports 5 and 7 answer as adapters with names of their own.
+struct F6_Suche : F6_Fenster {
+    std::function<void()> during;
+
+    void SetUp() override {
+        F6_Fenster::SetUp();
+        programm->Adapter.PortListe = {5, 7};
+        world.OnWrite = [this](std::span<const std::uint8_t> bytes) {
+            if (during) {
+                during();
+            }
+            if (bytes[2] == 0x68) {
+                world.Deliver({0x02, 0x0F, 0x68, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0x23, 0x00, 0xF4}, 10);
+            } else if (bytes[2] == 0x6C) {
+                world.Deliver(Record(world.PortNumber), 10);
+            }
+        };
+    }
+    static std::vector<std::uint8_t> Record(int port) {
+        std::vector<std::uint8_t> frame{0x02, 0x2E, 0x6C, 10, 20, 30, static_cast<std::uint8_t>(port), 0};
+        for (const char c : std::string("PROGSTATION         ")) {
+            frame.push_back(static_cast<std::uint8_t>(c));
+        }
+        frame.resize(0x2E + 2, 0);
+        unsigned sum = 0;
+        for (std::size_t n = 0; n <= 0x2E; ++n) {
+            sum = (sum << 1U | sum >> 7U) & 0xFFU;
+            sum += frame[n];
+            sum = sum > 255 ? sum - 255 : sum;
+        }
+        frame.push_back(static_cast<std::uint8_t>(sum));
+        return frame;
+    }
+};
+
+TEST_F(F6_Suche, fills_the_rows_with_what_was_found_and_forgets_the_rest) {
+    Open();
+    Adapters().Command1_Click();
+    EXPECT_EQ(Cell(0, F6Column::Name), "L186");
+    EXPECT_EQ(Cell(1, F6Column::Number), "1");
+    EXPECT_EQ(Cell(1, F6Column::Address), "/10/20/30/5");
+    EXPECT_EQ(Cell(1, F6Column::Name), "PROGSTATION");
+    EXPECT_EQ(Cell(1, F6Column::Port), "5");
+    EXPECT_EQ(Picture(1), AdapterPicture::Present);
+    EXPECT_EQ(Cell(2, F6Column::Address), "/10/20/30/7");
+    EXPECT_EQ(Cell(2, F6Column::Port), "7");
+    EXPECT_EQ(Cell(3, F6Column::Address), "");
+    EXPECT_EQ(Picture(3), AdapterPicture::None);
+    EXPECT_EQ(world.HourglassDepth, 0);
+    EXPECT_TRUE(Adapters().Fenster.Enabled);
+    Expect(60, Answer::Yes);
+    GoBack();
+    EXPECT_EQ(world.Disk.Files[List].substr(0, 38), "/10/20/30/5     PROGSTATION         5 ");
+}
+
+TEST_F(F6_Suche, finding_the_same_again_is_no_change) {
+    world.Disk.Files[List] =
+        F6_Fixture::Record("/10/20/30/5", "PROGSTATION", "5") + F6_Fixture::Record("/10/20/30/7", "PROGSTATION", "7");
+    Open();
+    Adapters().Command1_Click();
+    GoBack();
+    EXPECT_EQ(returned, 1);
+}
+
+TEST_F(F6_Suche, keys_do_nothing_while_it_runs) {
+    Open();
+    during = [this] {
+        EXPECT_FALSE(Adapters().Fenster.Enabled);
+        EXPECT_GT(world.HourglassDepth, 0);
+        Adapters().Command1_Click();
+        Adapters().Check1_Click(false);
+        Adapters().Combo1_Click(9);
+        Adapters().FGK6_Click(1, F6Column::Name);
+        GoBack();
+        Press("Speichern");
+    };
+    Adapters().Command1_Click();
+    EXPECT_TRUE(Adapters().Fenster.Visible);
+    EXPECT_TRUE(Adapters().Check1.Checked);
+    EXPECT_FALSE(Adapters().Text3.Visible);
+    EXPECT_EQ(returned, 0);
+    EXPECT_EQ(prepared, 0);
+    EXPECT_EQ(Cell(2, F6Column::Port), "7");
+}
+
+TEST_F(F6_Suche, more_than_18_adapters_fill_18_rows) {
+    for (int n = 8; n <= 26; ++n) {
+        programm->Adapter.PortListe.push_back(n);
+    }
+    Open();
+    Adapters().Command1_Click();
+    EXPECT_EQ(programm->Adapter.Saetze.size(), 21U);
+    EXPECT_EQ(Cell(18, F6Column::Port), "23"); // 5, then 7, 8, 9 and so on from row 2
+    EXPECT_EQ(Cell(19, F6Column::Address), "");
+}
+
+} // namespace
+} // namespace qvm::test
