@@ -32,6 +32,26 @@ private:
     const QPoint& place_;
 };
 
+/// Lets a dialog appear in the middle of the window that it belongs to.
+class Centring : public QObject {
+public:
+    explicit Centring(QWidget* window) : QObject(window), window_(window) { window->installEventFilter(this); }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        const QWidget* parent = window_->parentWidget();
+        if (event->type() == QEvent::Show && !event->spontaneous() && parent != nullptr && parent->isVisible()) {
+            QRect place(QPoint(), window_->frameGeometry().size());
+            place.moveCenter(parent->frameGeometry().center());
+            const QRect room = window_->screen()->availableGeometry();
+            window_->move(std::max(room.left(), place.left()), std::max(room.top(), place.top()));
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    QWidget* window_;
+};
+
 } // namespace
 
 Oberflaeche::Oberflaeche(Programm& programm)
@@ -43,6 +63,10 @@ Oberflaeche::Oberflaeche(Programm& programm)
     for (QWidget* window : {static_cast<QWidget*>(&f6), static_cast<QWidget*>(&f7), static_cast<QWidget*>(&f14),
                             static_cast<QWidget*>(&f13)}) {
         new Placement(window, place_);
+    }
+    for (QWidget* dialog : {static_cast<QWidget*>(&f1), static_cast<QWidget*>(&f15), static_cast<QWidget*>(&f11),
+                            static_cast<QWidget*>(&f9), static_cast<QWidget*>(&f18)}) {
+        new Centring(dialog);
     }
 }
 

@@ -58,6 +58,14 @@ TEST_F(F1_Window, tells_version_adapter_cipher_folder_and_licences) {
     EXPECT_TRUE(Text(windows->f1, "F1.LicenceLabel").contains(QStringLiteral("LGPL-3.0")));
 }
 
+TEST_F(F1_Window, stands_in_the_middle_of_the_main_window) {
+    Open();
+    windows->f2.move(40, 30);
+    programm->F2.F2_Version_Click();
+    const QPoint away = windows->f1.frameGeometry().center() - windows->f2.frameGeometry().center();
+    EXPECT_LE(away.manhattanLength(), 2);
+}
+
 TEST_F(F1_Window, opens_the_support_page_and_closes_by_return_and_by_escape) {
     Open();
     programm->F2.F2_Version_Click();

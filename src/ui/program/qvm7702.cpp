@@ -13,6 +13,7 @@
 #include <QUrl>
 
 #include <csignal>
+#include <cstdlib>
 
 namespace {
 
@@ -51,6 +52,14 @@ void TellNoDirectory(const qvm::ui::MessageBoxes& boxes, const std::string& dire
                 .Sign = qvm::Icon::Exclamation});
 }
 
+/// The end of the program, also out of a wait for an adapter: it would hold the process for seconds, and with it the
+/// claim to be the only instance. By then all is saved and the port is closed.
+void EndSoon() {
+    constexpr int Milliseconds = 200;
+    QCoreApplication::exit(0);
+    QTimer::singleShot(Milliseconds, qApp, [] { std::_Exit(0); });
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -78,6 +87,7 @@ int main(int argc, char** argv) {
     }
     programm.F1.CipherText = qvm::AusUtf8(platform.CipherText());
     qvm::ui::Oberflaeche windows(programm);
+    programm.F2.Hooks.Ende = EndSoon;
     // From inside the event loop, so that it can be left again whatever the operator does first.
     QTimer::singleShot(0, &application, [&programm] { programm.F2.F2_Laden(); });
     return QApplication::exec();
