@@ -30,7 +30,7 @@ void Programm::Hauptfenster_Verbinden() {
     F7.Hauptfenster_Verbergen = [this] { F2.Fenster.Visible = false; };
     F7.Zurueck = [this] {
         // At the end of a run the windows that it was started from still stand open.
-        if (!F13.Fenster.Visible && !F9.Fenster.Visible) {
+        if (!F13.Fenster.Visible && !F9.Fenster.Visible && !F91.Fenster.Visible) {
             Rufen(F2_Zeigen);
         }
     };
@@ -67,6 +67,12 @@ void Programm::Texte_Setzen() {
     }
     if (F18.Fenster.Visible) {
         F18.Texte_Setzen();
+    }
+    if (F91.Fenster.Visible) {
+        F91.Texte_Setzen();
+    }
+    if (F92.Fenster.Visible) {
+        F92.Texte_Setzen();
     }
 }
 

@@ -5,8 +5,9 @@
 namespace qvm {
 
 Programm::Programm(Platform& world, const std::string& directory)
-    : kern(world), link(kern), Lauf(link), F9(Lauf), F18(Lauf), F11(Lauf, F9, F18, Adapter), F13(Lauf, F11, Adapter),
-      F1(kern), F2(link, Adapter), F6(link, Adapter), F7(kern), F8(F7), F14(kern), F15(kern) {
+    : kern(world), link(kern), Lauf(link), Netz(link, Lauf.Daten), F9(Lauf), F18(Lauf), F11(Lauf, F9, F18, Adapter),
+      F13(Lauf, F11, Adapter), F91(Lauf, Netz, F9, Adapter), F92(kern), F1(kern), F2(link, Adapter), F6(link, Adapter),
+      F7(kern), F8(F7), F14(kern), F15(kern) {
     kern.AppPath = directory;
     if (kern.AppPath.empty() || kern.AppPath.back() != '/') {
         kern.AppPath += '/';
@@ -15,6 +16,8 @@ Programm::Programm(Platform& world, const std::string& directory)
     Fenster_Verbinden();
     Hauptfenster_Verbinden();
     Haken_Verbinden();
+    Liste_Verbinden();
+    Liste_Ansicht_Verbinden();
 }
 
 void Programm::Ansicht_Verbinden() {
@@ -64,8 +67,8 @@ void Programm::Ansicht_Verbinden() {
             },
         .Hauptfenster_Freigeben =
             [this] {
-                // In the middle of a run, or beside the lock grid, the main window stays away.
-                if (link.Lauf.Phase == RunPhase::None && !F13.Fenster.Visible) {
+                // In the middle of a run, or beside the lock grid or the run list, the main window stays away.
+                if (link.Lauf.Phase == RunPhase::None && !F13.Fenster.Visible && !F91.Fenster.Visible) {
                     Rufen(F2_Zeigen);
                 }
             },
@@ -82,7 +85,6 @@ void Programm::Fenster_Verbinden() {
         F9.Command2.Enabled = true;
     };
     F11.Zurueck = [this] { F13.Fenster.Enabled = true; };
-    F11.F13_Verbergen = [this] { F13.Fenster.Visible = false; };
     F11.Marke_Loeschen = [this](int row) { F13.FGK13.SetText(row, F13Column::Mark, ""); };
     F13.Hauptfenster_Zeigen = [this] { Rufen(F2_Zeigen); };
 }

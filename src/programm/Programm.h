@@ -12,8 +12,11 @@
 #include "F7.h"
 #include "F8.h"
 #include "F9.h"
+#include "F91.h"
+#include "F92.h"
 #include "Kern.h"
 #include "Link.h"
+#include "Network_USB.h"
 #include "Programmierlauf.h"
 
 #include <functional>
@@ -32,10 +35,13 @@ struct Programm {
     Link link;
     AdapterListe Adapter;
     Programmierlauf Lauf;
+    Netzlauf Netz;
     struct F9 F9;
     struct F18 F18;
     struct F11 F11;
     struct F13 F13;
+    struct F91 F91;
+    struct F92 F92;
     struct F1 F1;
     struct F2 F2;
     struct F6 F6;
@@ -56,6 +62,8 @@ private:
     void Texte_Setzen();
     void Fenster_Verbinden();
     void Haken_Verbinden();
+    void Liste_Verbinden();
+    void Liste_Ansicht_Verbinden();
 };
 
 enum class StartResult {

@@ -75,7 +75,11 @@ struct LockRow {
 };
 
 /// Which window asks. The network window returns a status by cause and names fingerprint users differently.
-enum class DatasetVariant { Direct, Network };
+enum class DatasetVariant {
+    Direct,
+    Network,
+    NetworkTold, ///< the same without messages, for a row whose check has shown them
+};
 
 namespace DatasetStatus {
 inline constexpr int Good = 0, Stopped = 13, TooManyUsers = 92, TooManyPremium = 93, NoTemplate = 94, Other = 95;

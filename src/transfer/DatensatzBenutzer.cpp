@@ -96,9 +96,9 @@ std::string Fingernummer(const RecordFile& users, int record) {
     return std::string(Trim(Mid(text, 10, 3)));
 }
 
-std::string Fingername(std::string_view oem, std::string_view number, DatasetVariant variant) {
+std::string Fingername(std::string_view oem, std::string_view number, bool networkWindow) {
     std::string name(oem.substr(0, std::min(FingerNameLength, oem.find('\0'))));
-    name += variant == DatasetVariant::Network ? "_0" : "_";
+    name += networkWindow ? "_0" : "_";
     return Auf_Namenslaenge(name.append(number).append("_FP"));
 }
 
@@ -120,8 +120,7 @@ bool Zaehlen(UserLoop& loop) {
     if (++loop.counted <= loop.stand.dataset.MaxUser) {
         return true;
     }
-    const Kern& kern = loop.stand.Kernteil();
-    kern.Meldung(kern.Zeile(248));
+    loop.stand.Melden(loop.stand.Kernteil().Zeile(248));
     return false;
 }
 
@@ -149,15 +148,13 @@ void Finger_Vermerken(UserLoop& loop) {
         return;
     }
     loop.stand.dataset.AnyFinger = true;
-    const Kern& kern = loop.stand.Kernteil();
-    kern.Meldung(kern.Zeile(273), Buttons::Ok, Icon::Exclamation);
+    loop.stand.Melden(loop.stand.Kernteil().Zeile(273), Icon::Exclamation);
 }
 
 void Vorlage_Fehlt_Melden(const DatasetStand& stand, const std::string& oemName) {
     const Kern& kern = stand.Kernteil();
     const std::string name = kern.Welt.OemToChar(oemName);
-    kern.Meldung(name + (stand.variant == DatasetVariant::Network ? "Fehler bei der zuweisung der Fingerprint Daten. "
-                                                                  : kern.Zeile(253)));
+    stand.Melden(name + (stand.Netzfenster() ? "Fehler bei der zuweisung der Fingerprint Daten. " : kern.Zeile(253)));
 }
 
 /// The template as bytes: as many as its first two values say, held within what a record can hold. Values that the
@@ -182,9 +179,8 @@ DatasetEnd FsTemplate_Laden(UserLoop& loop, std::string_view identifier, ProgSlo
 DatasetEnd Vorlage_Zuordnen(UserLoop& loop, int record, std::string_view number, ProgSlot& slot) {
     const std::string identifier = loop.users.Text(record, UserRecord::FingerId);
     if (identifier.starts_with("PR")) {
-        const Kern& kern = loop.stand.Kernteil();
         if (++loop.premium > PremiumLimit) {
-            kern.Meldung(kern.Zeile(252));
+            loop.stand.Melden(loop.stand.Kernteil().Zeile(252));
             return DatasetEnd::TooManyPremium;
         }
         slot.PrFlag = 1;
@@ -206,7 +202,7 @@ DatasetEnd Fingerbenutzer(UserLoop& loop, int record, const std::string& name) {
     Finger_Vermerken(loop);
     const std::string number = Fingernummer(loop.users, record);
     ProgSlot slot;
-    slot.Name = Fingername(loop.stand.Kernteil().Welt.CharToOem(name), number, loop.stand.variant);
+    slot.Name = Fingername(loop.stand.Kernteil().Welt.CharToOem(name), number, loop.stand.Netzfenster());
     slot.Kind = SlotKind::Finger;
     slot.CodeDigits = "EEEEEE";
     Gemeinsames_Lesen(loop, record, slot);

@@ -21,6 +21,12 @@ struct DatasetStand {
     std::uint32_t serial; ///< the lock's serial as one number; its ranges name the model families
 
     const Kern& Kernteil() const { return link.kern; }
+    bool Netzfenster() const { return variant != DatasetVariant::Direct; }
+    void Melden(std::string_view text, Icon sign = Icon::None) const {
+        if (variant != DatasetVariant::NetworkTold) {
+            Kernteil().Meldung(text, Buttons::Ok, sign);
+        }
+    }
 };
 
 /// A number range with both ends included.

@@ -53,8 +53,9 @@ void Timer_A_B_Fuellen(Dataset& dataset, const RecordFile& slots) {
     }
 }
 
-void Zwei_Timer_Melden(const Kern& kern) {
-    kern.Meldung(kern.Zeile(180) + "\n\r" + kern.Zeile(181), Buttons::Ok, Icon::Information);
+void Zwei_Timer_Melden(const DatasetStand& stand) {
+    const Kern& kern = stand.Kernteil();
+    stand.Melden(kern.Zeile(180) + "\n\r" + kern.Zeile(181), Icon::Information);
 }
 
 } // namespace
@@ -97,7 +98,7 @@ bool Schaltuhr_Laden(DatasetStand& stand, std::string_view selection) {
     } else if (Volle_Tabellen(stand.serial)) {
         Volle_Tabellen_Fuellen(stand.dataset, slots, selection);
     } else if (stand.serial <= LastTimerABSerial) {
-        Zwei_Timer_Melden(kern);
+        Zwei_Timer_Melden(stand);
         lauf.TimerMode = Timer_A_B;
         Timer_A_B_Fuellen(stand.dataset, slots);
     } else {

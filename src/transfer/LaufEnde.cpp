@@ -69,7 +69,8 @@ void Schloss_Fertig(Programmierlauf& run) {
     RunState& lauf = run.link.Lauf;
     Zum_Schloss_Zurueck(run);
     lauf.UnitModus = 0;
-    const bool unerased = lauf.HistoryLost && lauf.HistoryOnly == 0;
+    // A list says of each lock what became of it; a single run shows a message instead.
+    const bool unerased = lauf.HistoryLost && (lauf.HistoryOnly == 0 || lauf.RunRows != 0);
     if (!run.Cancelled && (lauf.Incomplete || unerased) &&
         Zeile_Fehlgeschlagen(run, RunOutcome::GivenUp, run.kern.Zeile(unerased ? 277 : 66))) {
         return;

@@ -111,6 +111,8 @@ TEST_F(F13_FormLaden, leaves_the_code_cells_white_while_nothing_can_change_a_cod
 }
 
 TEST_F(F13_FormLaden, gives_the_tool_buttons_their_tips_and_enables_the_list_keys_once_there_is_a_list) {
+    Start();
+    programm->F13.Listenzeile_Uebernehmen = {};
     Begin();
     const auto& [back, program, history] = programm->F13.Toolbar1;
     EXPECT_EQ(back.Key, u8"Zurück"_w);

@@ -61,11 +61,12 @@ struct F11 {
     /// A date picked in the month view; only up to today.
     void Datum_Waehlen(const Datum& date);
     int Stellen() const { return count_; }
+    /// The adapter of the chosen list entry; nullptr when there is none.
+    const AdapterSatz* Gewaehlter_Adapter() const;
 
 private:
     void Eingabe_Leeren();
     void Adapter_Fuellen(F11Opener opener, const std::string& adapterName);
-    const AdapterSatz* Gewaehlter_Adapter() const;
     void Port_Bereitmachen(bool& network);
     /// Packs the code and clears the entry. With fewer than six characters only a message is shown, and false.
     bool Code_Uebernehmen();

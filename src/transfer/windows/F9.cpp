@@ -58,7 +58,8 @@ void F9::F9_Zeigen() {
 }
 
 void F9::Uhr_Beschriften() {
-    const bool clock = run.link.Lauf.FlagSetClock == 1;
+    // The lock grid's window alone shows what the lock's clock gets.
+    const bool clock = run.link.Lauf.FlagSetClock == 1 && run.link.Lauf.RunRows == 0;
     const DateTime& now = begin_;
     DatumLabel.Text = kern.Zeile(55) + " : " + (clock ? Datum_Text(Heute(now)) : "--.--.----");
     ZeitLabel.Text =

@@ -25,7 +25,7 @@ struct F9 {
     Window Fenster;
     Label NameLabel; ///< the lock's name
     Label StatusLabel;
-    Label DatumLabel; ///< "Datum : dd.mm.yyyy", or dashes when the clock is not sent
+    Label DatumLabel; ///< "Datum : dd.mm.yyyy", or dashes when the clock is not sent and in a list
     Label ZeitLabel;
     Label StilleLabel; ///< how long the lock has been silent, once that is more than 5 seconds
     Label Label15;     ///< first state report of a history

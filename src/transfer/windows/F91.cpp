@@ -1,0 +1,219 @@
+#include "F91.h"
+
+#include "Text.h"
+
+#include <algorithm>
+
+namespace qvm {
+namespace {
+
+namespace Col = F91Column;
+
+constexpr int StartDelay = 1000;
+constexpr int MostRows = 200;
+
+/// Copied columns of the lock grid; the numbers are the same on both sides.
+constexpr bool Wird_Kopiert(int column) {
+    return column <= Col::SetClock || (column >= Col::Status && column <= Col::AdapterName);
+}
+
+} // namespace
+
+F91::F91(Programmierlauf& programmierlauf, Netzlauf& network, F9& progress, const AdapterListe& adapters)
+    : run(programmierlauf), netz(network), kern(programmierlauf.kern), f9(progress), Adapter(adapters),
+      Timer1(kern.Welt, StartDelay), Timer2(kern.Welt, 800), Timer3(kern.Welt, 5000), Pruefung(kern.Welt, 1),
+      Nachlauf(kern.Welt, 100) {
+    Balken.Visible = false;
+    Balken.Maximum = BarMaximum;
+    Uhren_Zeigen(false);
+    Knoepfe_Setzen();
+    Timer1.Ticked = [this] { Tick_Timer1(); };
+    Timer2.Ticked = [this] { StatusLabel.Visible = !StatusLabel.Visible(); };
+    Timer3.Ticked = [this] { Tick_Timer3(); };
+    Pruefung.Ticked = [this] { Tick_Pruefung(); };
+    Nachlauf.Ticked = [this] {
+        Nachlauf.Stop();
+        ProgQvmUnits(run.link.Lauf.RunRow);
+    };
+}
+
+void F91::Liste_Leeren() {
+    Timer3.Stop();
+    FGK91.Resize(1, Col::Count);
+    checkTexts_.clear();
+}
+
+void F91::Listenzeile_Uebernehmen(const Grid& lockGrid, int gridRow, int listRow) {
+    if (listRow < 1 || listRow > MostRows) {
+        return;
+    }
+    FGK91.Resize(std::max(FGK91.Rows(), listRow + 1), Col::Count);
+    for (int column = 0; column < Col::Count; ++column) {
+        FGK91.SetText(listRow, column, Wird_Kopiert(column) ? lockGrid.Text(gridRow, column) : "");
+    }
+}
+
+void F91::F91_FormLaden(bool delayed) {
+    Fenster.Title = std::string(SystemTitle);
+    Fenster.Enabled = true;
+    Timer_Anhalten();
+    work_ = Work::None;
+    running_ = true;
+    stopped_ = told_ = waitChecked_ = Steht = false;
+    checkRow_ = 0;
+    start_.reset();
+    eraseOption_ = run.link.Lauf.EraseOption;
+    ProgStep.clear();
+    Balken.Visible = false;
+    Balken.Value = 0;
+    Uhren_Zeigen(false);
+    Blinken(false);
+    StatusLabel.ForeColor = Black;
+    Status_Zeigen(0, 0);
+    Texte_Setzen();
+    Knoepfe_Setzen();
+    Fenster.Visible = true;
+    if (delayed) {
+        Timer3.Start(5000);
+    }
+}
+
+void F91::Texte_Setzen() {
+    FGK91.SetText(0, Col::Number, kern.Zeile(37));
+    FGK91.SetText(0, Col::Name, kern.Zeile(9));
+    FGK91.SetText(0, Col::Serial, kern.Zeile(10));
+    FGK91.SetText(0, Col::Mark, "Prg");
+    FGK91.SetText(0, Col::StateText, "Status");
+    Command1.Text = kern.Zeile(119);
+    Command2.Text = kern.Zeile(83);
+    Status_Zeigen(statusLine_, statusSecond_);
+}
+
+void F91::Liste_Starten(bool delayed) {
+    F91_FormLaden(delayed);
+    ProgStep = StepPrgStart;
+    if (delayed) {
+        Rufen(F92_Zeigen);
+    } else {
+        Timer1.Start(StartDelay);
+    }
+}
+
+void F91::Einzelnes_Schloss_Starten(const Grid& lockGrid, int gridRow, const AdapterSatz* adapter) {
+    RunState& lauf = run.link.Lauf;
+    Liste_Leeren();
+    Listenzeile_Uebernehmen(lockGrid, gridRow, 1);
+    if (adapter != nullptr) {
+        FGK91.SetText(1, Col::AdapterId, adapter->Adresse);
+        FGK91.SetText(1, Col::AdapterName, adapter->Name);
+    }
+    FGK91.SetText(1, Col::Mark, ListMark::Waiting);
+    lauf.RunRow = lauf.RunRows = 1;
+    Rufen(Schlossgitter_Schliessen);
+    F91_FormLaden(false);
+    // Its dataset was gathered, and its messages shown, when the lock was clicked.
+    told_ = true;
+    if (lauf.NetMode != 0) {
+        NetHistLesen(lauf.RunRow);
+    } else {
+        ProgQvmUnits(lauf.RunRow);
+    }
+}
+
+void F91::Command1_Click() {
+    if (work_ != Work::None) {
+        return;
+    }
+    Command2_Click();
+    if (!run.Gesamtende) {
+        // A cancelled lock that has not closed its session yet.
+        Lauf_Aufgeben(run, RunOutcome::Cancelled);
+    }
+    f9.Stille.Stop();
+    f9.Fenster.Visible = false;
+    Liste_Leeren();
+    run.link.Lauf.RunRow = run.link.Lauf.RunRows = 0;
+    Fenster.Visible = false;
+    Rufen(Hauptfenster_Zeigen);
+}
+
+void F91::Command2_Click() {
+    if (!running_) {
+        return;
+    }
+    Timer_Anhalten();
+    if (work_ == Work::Direct) {
+        stopped_ = true;
+        Status_Zeigen(82, 0);
+        Knoepfe_Setzen();
+        return;
+    }
+    if (work_ == Work::Network) {
+        Netz_Abbrechen(netz);
+        Zeile_Markieren(ListMark::Failed, kern.Zeile(82));
+        work_ = Work::None;
+    }
+    Ende(82);
+}
+
+void F91::Stoppen() {
+    if (work_ == Work::None) {
+        return;
+    }
+    Timer_Anhalten();
+    Zeile_Markieren(ListMark::Failed, kern.Zeile(82));
+    work_ = Work::None;
+    Ende(82);
+}
+
+void F91::Ende(int line) {
+    Timer_Anhalten();
+    running_ = false;
+    stopped_ = Steht = false;
+    checkRow_ = 0;
+    ProgStep.clear();
+    Blinken(false);
+    Balken.Visible = false;
+    Uhren_Zeigen(false);
+    StatusLabel.ForeColor = Black;
+    Status_Zeigen(line, 0);
+    Rufen(F92_Schliessen);
+    Knoepfe_Setzen();
+    if (f9.Fenster.Visible && run.Gesamtende) {
+        f9.Fertig(110);
+    }
+}
+
+void F91::Timer_Anhalten() {
+    for (Timer* timer : {&Timer1, &Timer2, &Timer3, &Pruefung, &Nachlauf}) {
+        timer->Stop();
+    }
+    StatusLabel.Visible = true;
+}
+
+void F91::Knoepfe_Setzen() {
+    Command1.Enabled = work_ == Work::None;
+    Command2.Enabled = running_ && !stopped_;
+}
+
+void F91::Uhren_Zeigen(bool on) {
+    for (Label* label : {&StartLabel, &JetztLabel, &RestLabel}) {
+        label->Visible = on;
+    }
+}
+
+void F91::Status_Zeigen(int line, int second) {
+    statusLine_ = line;
+    statusSecond_ = second;
+    StatusLabel.Text = kern.Zeile(line) + (second != 0 ? ". " + kern.Zeile(second) : "");
+}
+
+void F91::Blinken(bool on) {
+    Timer2.Stop();
+    StatusLabel.Visible = true;
+    if (on) {
+        Timer2.Start(800);
+    }
+}
+
+} // namespace qvm

@@ -1,0 +1,167 @@
+#pragma once
+
+#include "AdapterListe.h"
+#include "Controls.h"
+#include "F9.h"
+#include "Grid.h"
+#include "Network_USB.h"
+#include "Programmierlauf.h"
+#include "Timer.h"
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace qvm {
+
+/// Columns of the run list. Those up to SetClock and from Status to AdapterName are copies of the lock grid.
+namespace F91Column {
+inline constexpr int Number = 0, Name = 1, Serial = 2, Offset = 3, PersonTimers = 4, Calendars = 5, LockTimer = 6,
+                     CalendarFlag = 7, SetClock = 8, Status = 12, AdapterId = 13, AdapterName = 14, Mark = 16,
+                     StateText = 17, Count = 18;
+}
+
+/// States of a row, in column Mark.
+namespace ListMark {
+inline constexpr std::string_view Waiting = "*", PassedOver = "-", Programmed = ">>", HistoryRead = "<<", Failed = "#";
+}
+
+/// Step keys of the list run, beside those of the network route.
+inline constexpr std::string_view StepPrgStart = "PrgStart", StepPrgFehler = "PrgFehler",
+                                  StepTxDNetzwDaten = "TxDNetzwDaten", StepRxDNetHistory = "RxDNetHistory";
+
+/// Window F91: works a list of locks off, one after the other, each directly or through a network adapter. One row is
+/// under way at a time; what comes from the line afterwards changes nothing in the list.
+struct F91 {
+    F91(Programmierlauf& programmierlauf, Netzlauf& network, F9& progress, const AdapterListe& adapters);
+
+    /// What is under way with the present row.
+    enum class Work : std::uint8_t { None, Direct, Network };
+
+    static constexpr Colour CheckColour = 0x0000FF; ///< red, of the label while the rows are checked
+    static constexpr int BarMaximum = 38;
+
+    Programmierlauf& run;
+    Netzlauf& netz;
+    Kern& kern;
+    F9& f9;
+    const AdapterListe& Adapter;
+
+    Window Fenster;
+    Grid FGK91{1, F91Column::Count};
+    Label StatusLabel;
+    Label StartLabel, JetztLabel, RestLabel; ///< delayed start: chosen time, present time, time left
+    ProgressBar Balken;                      ///< of a network row
+    Button Command1;                         ///< close
+    Button Command2;                         ///< stop
+    Timer Timer1;                            ///< the steps between rows
+    Timer Timer2;                            ///< blinking of the status label
+    Timer Timer3;                            ///< delayed start
+    Timer Pruefung;                          ///< row check, one row a tick
+    Timer Nachlauf;                          ///< one shot: programming behind a network row's history
+
+    std::string ProgStep;
+    bool Steht = false; ///< the present network row goes on no more by itself; the operator has to stop it
+
+    std::function<void()> Hauptfenster_Zeigen;      ///< the main window comes back
+    std::function<void()> Schlossgitter_Schliessen; ///< F13 leaves the screen
+    std::function<void()> F92_Zeigen;               ///< asks for the time of a delayed start
+    std::function<void()> F92_Schliessen;
+    std::function<void(int row)> Zeile_Zeigen;  ///< the view scrolls to this row
+    std::function<void(int row)> Zeile_Fertig;  ///< a row has its final mark
+    std::function<void(int row)> Zeile_Beginnt; ///< the session with this row's lock begins
+
+    // ---- the list
+
+    /// No rows; the delayed start is off.
+    void Liste_Leeren();
+    /// Copies a row of the lock grid to row `listRow`, 1 to 200.
+    void Listenzeile_Uebernehmen(const Grid& lockGrid, int gridRow, int listRow);
+    /// The start dialog has the code: begins with step PrgStart in 1000 ms, or asks for the time of a delayed start.
+    /// RunRows rows stand in the list.
+    void Liste_Starten(bool delayed);
+    /// A single lock through a network adapter: the only row, already checked. NetMode says what it is to get.
+    void Einzelnes_Schloss_Starten(const Grid& lockGrid, int gridRow, const AdapterSatz* adapter);
+    /// The time of a delayed start, by F92; the waiting begins.
+    void Startzeit_Setzen(const DateTime& start);
+
+    void F91_FormLaden(bool delayed);
+    /// Words from the catalogue anew; the texts of rows stay.
+    void Texte_Setzen();
+    /// Close: not while a row is under way.
+    void Command1_Click();
+    /// Stop: nothing follows. A network row is given up, a direct one still comes to its end.
+    void Command2_Click();
+    /// A row that nobody answers: it fails, and the list goes on. Does nothing while no row is under way.
+    void Zeile_Aufgeben();
+    /// Something of the list is still to come.
+    bool Laeuft() const { return running_; }
+    Work Arbeit() const { return work_; }
+    /// Why a row was passed over: the text that it had after the check.
+    const std::string& Pruefergebnis(int row) const;
+
+    // ---- steps
+
+    /// The next row from `runRow` on that is to be programmed; passes over the others.
+    void ProgQvmUnits(int& runRow);
+    /// The same for a history.
+    void NetHistLesen(int& runRow);
+
+    // ---- what runs and network route report
+
+    /// Final mark of the present row. Ignored while none is under way.
+    void Zeile_Markieren(std::string_view mark, std::string_view text);
+    /// The present row is done: raises RunRow and plans `step`, or ends the list.
+    void Naechste_Zeile(std::string_view step);
+    /// The operator cancelled the direct run of the present row.
+    void Stoppen();
+    void Programmieren_Planen();
+    /// Status label: catalogue line, followed by ". " and line `second` when that is not 0.
+    void Status_Zeigen(int line, int second);
+    void Blinken(bool on);
+    void Stillstand(NetStandstill reason);
+
+private:
+    enum class Check : std::uint8_t { BeforeWaiting, BeforeStart };
+
+    void Tick_Timer1();
+    void Tick_Timer3();
+    void Tick_Pruefung();
+    void Restzeit();
+    void Naechster_Datensatz();
+    void Zeilen_Pruefen(Check check);
+    void Zeile_Pruefen(int row);
+    /// Flags as at the start of a row, and its dataset. Gives the dataset's status.
+    int Zeile_Laden(int row);
+    bool Zeile_Suchen(int& runRow, bool programming);
+    /// Adapter, route and port of the row. False when there is no port; the row is marked then.
+    bool Adapter_Waehlen(int& runRow);
+    void Direkt_Beginnen(int row, bool search);
+    void Netz_Beginnen(std::string_view step);
+    bool Zeile_Bereitmachen(int& runRow, bool programming);
+    void Zeile_Uebergehen(int& runRow, std::string_view text);
+    void Step_Planen(std::string_view step, int ms);
+    void Timer_Anhalten();
+    void Ende(int line);
+    void Knoepfe_Setzen();
+    void Uhren_Zeigen(bool on);
+    void Mark_Setzen(int row, std::string_view mark, std::string_view text);
+    LockRow Zeilendaten(int row) const;
+
+    Work work_ = Work::None;
+    bool running_ = false;
+    bool stopped_ = false;     ///< the row under way is the last one
+    bool told_ = false;        ///< the rows' messages were shown
+    bool waitChecked_ = false; ///< the row check of a delayed start was begun
+    Check check_ = Check::BeforeStart;
+    int checkRow_ = 0; ///< 0: no check is under way
+    int statusLine_ = 0, statusSecond_ = 0;
+    std::uint8_t eraseOption_ = 0; ///< as the start dialog has it; a row's assembly may force it to 0 for that row
+    std::optional<DateTime> start_;
+    std::vector<std::string> checkTexts_; ///< by row
+};
+
+} // namespace qvm

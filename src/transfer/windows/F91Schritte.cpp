@@ -1,0 +1,210 @@
+// The steps of the list, from row to row.
+
+#include "F91.h"
+#include "Text.h"
+
+#include <utility>
+
+namespace qvm {
+namespace {
+
+namespace Col = F91Column;
+
+constexpr int BetweenRows = 3000;
+constexpr int BeforeFirstBlock = 2000;
+constexpr int BehindHistory = 100;
+constexpr int LowestPort = 1, HighestPort = 15;
+constexpr int HistoryProgress = 4000;
+
+} // namespace
+
+void F91::Step_Planen(std::string_view step, int ms) {
+    ProgStep = step;
+    Timer1.Start(ms);
+}
+
+void F91::Tick_Timer1() {
+    Timer1.Stop();
+    RunState& lauf = run.link.Lauf;
+    if (ProgStep == StepPrgStart) {
+        Zeilen_Pruefen(Check::BeforeStart);
+    } else if (ProgStep == StepPrgNextDataset || ProgStep == StepPrgFehler) {
+        Naechster_Datensatz();
+    } else if (ProgStep == StepTxDNetzwDaten) {
+        Netz_Programmieren_Beginnen(netz);
+    } else if (ProgStep == StepRxDNetHistory) {
+        Netz_Historie_Beginnen(netz);
+    } else if (ProgStep == StepNexHstRead && lauf.NetMode != 0) {
+        NetHistLesen(lauf.RunRow);
+    }
+}
+
+void F91::Naechster_Datensatz() {
+    RunState& lauf = run.link.Lauf;
+    if (lauf.NetMode != 0) {
+        NetHistLesen(lauf.RunRow);
+    } else {
+        ProgQvmUnits(lauf.RunRow);
+    }
+}
+
+bool F91::Zeile_Bereitmachen(int& runRow, bool programming) {
+    if (!Zeile_Suchen(runRow, programming)) {
+        Timer_Anhalten();
+        kern.Meldung("Programmierung abgeschlosse", Buttons::Ok, Icon::Exclamation, "Muss noch bearbeitet werden!");
+        Ende(265);
+        return false;
+    }
+    if (const int status = Zeile_Laden(runRow); status != DatasetStatus::Good) {
+        // Its files have changed since the check.
+        Zeile_Uebergehen(runRow, kern.Zeile(Datensatz_Statuszeile(status)));
+        return false;
+    }
+    if (Zeile_Zeigen) {
+        Zeile_Zeigen(runRow);
+    }
+    return Adapter_Waehlen(runRow);
+}
+
+bool F91::Adapter_Waehlen(int& runRow) {
+    Link& link = run.link;
+    kern.Welt.Port.Close();
+    const AdapterSatz* adapter = Adapter_Finden(Adapter, FGK91.Text(runRow, Col::AdapterId));
+    if (adapter == nullptr) {
+        adapter = Adapter_Finden(Adapter, FGK91.Text(runRow, Col::AdapterName));
+    }
+    int port = kern.Config.AdapterModus() ? KeinPort : link.PortNummer;
+    if (adapter != nullptr) {
+        Adapter_Test(netz, {adapter->Adresse, adapter->Name});
+        netz.TransferKey = adapter->TransferKey;
+        link.Lauf.SitzungsSchluessel = adapter->TransferKey;
+        if (kern.Config.AdapterModus()) {
+            port = static_cast<int>(Zahlwert(adapter->Port));
+        }
+    } else {
+        Adapter_Test(netz, {});
+    }
+    if (port < LowestPort || port > HighestPort) {
+        Zeile_Uebergehen(runRow, kern.Zeile(262));
+        return false;
+    }
+    // A port that cannot be opened shows at the first telegram.
+    Port_Oeffnen(link, port);
+    return true;
+}
+
+void F91::ProgQvmUnits(int& runRow) {
+    if (!Zeile_Bereitmachen(runRow, true)) {
+        return;
+    }
+    if (netz.NetAdapter == NetAdapterMark) {
+        Netz_Beginnen(StepTxDNetzwDaten);
+    } else {
+        Direkt_Beginnen(runRow, run.link.Lauf.NetMode == 0);
+    }
+}
+
+void F91::NetHistLesen(int& runRow) {
+    if (!Zeile_Bereitmachen(runRow, false)) {
+        return;
+    }
+    if (netz.NetAdapter == NetAdapterMark) {
+        Netz_Beginnen(StepRxDNetHistory);
+    } else {
+        run.link.Lauf.ReadHistoryFirst = 1;
+        Direkt_Beginnen(runRow, false);
+    }
+}
+
+void F91::Netz_Beginnen(std::string_view step) {
+    work_ = Work::Network;
+    Steht = false;
+    f9.Stille.Stop();
+    f9.Fenster.Visible = false;
+    Knoepfe_Setzen();
+    if (Zeile_Beginnt) {
+        Zeile_Beginnt(run.link.Lauf.RunRow);
+    }
+    Step_Planen(step, BeforeFirstBlock);
+}
+
+void F91::Direkt_Beginnen(int row, bool search) {
+    RunState& lauf = run.link.Lauf;
+    work_ = Work::Direct;
+    lauf.KanalSuche = search ? 1 : 0;
+    lauf.KanalIndex = 0;
+    run.link.TargetChannel = static_cast<std::uint8_t>(kern.Config.Funkkanal());
+    Balken.Visible = false;
+    Status_Zeigen(81, 0);
+    Knoepfe_Setzen();
+    f9.F9_Vorbereiten(lauf.HistoryOnly != 0 ? HistoryProgress : run.Daten.ProgressStored);
+    f9.F9_Zeigen();
+    if (Zeile_Beginnt) {
+        Zeile_Beginnt(row);
+    }
+    Lauf_Beginnen(run);
+}
+
+void F91::Naechste_Zeile(std::string_view step) {
+    if (work_ == Work::None) {
+        return;
+    }
+    work_ = Work::None;
+    Steht = false;
+    Blinken(false);
+    Status_Zeigen(0, 0);
+    // Between two rows there is nothing to cancel.
+    f9.Command1.Enabled = false;
+    RunState& lauf = run.link.Lauf;
+    ++lauf.RunRow;
+    if (stopped_) {
+        Ende(82);
+    } else if (lauf.RunRow > lauf.RunRows) {
+        Ende(265);
+    } else {
+        Step_Planen(step, BetweenRows);
+        Knoepfe_Setzen();
+    }
+}
+
+void F91::Programmieren_Planen() {
+    if (work_ == Work::Network) {
+        Nachlauf.Start(BehindHistory);
+    }
+}
+
+void F91::Stillstand(NetStandstill reason) {
+    if (work_ != Work::Network) {
+        return;
+    }
+    if (reason == NetStandstill::NoPort) {
+        // Nothing was sent; the next row may have another port.
+        Netz_Abbrechen(netz);
+        Zeile_Markieren(ListMark::Failed, kern.Zeile(276));
+        Naechste_Zeile(StepPrgNextDataset);
+        return;
+    }
+    Steht = true;
+    Blinken(false);
+    Status_Zeigen(66, 0);
+}
+
+void F91::Zeile_Aufgeben() {
+    RunState& lauf = run.link.Lauf;
+    if (work_ == Work::Direct) {
+        // The list goes on behind a run that is given up.
+        const int row = std::exchange(lauf.RunRow, 0);
+        const int rows = std::exchange(lauf.RunRows, 0);
+        Lauf_Aufgeben(run, RunOutcome::NotReached);
+        lauf.RunRow = row;
+        lauf.RunRows = rows;
+    } else if (work_ == Work::Network) {
+        Netz_Abbrechen(netz);
+    } else {
+        return;
+    }
+    Zeile_Markieren(ListMark::Failed, kern.Zeile(66));
+    Naechste_Zeile(StepPrgNextDataset);
+}
+
+} // namespace qvm

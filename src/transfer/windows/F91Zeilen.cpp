@@ -1,0 +1,145 @@
+// The rows of the list: their check, what a run needs of them, and their marks.
+
+#include "F91.h"
+#include "Text.h"
+
+namespace qvm {
+namespace {
+
+namespace Col = F91Column;
+
+constexpr int FirstStepDelay = 1000;
+constexpr std::uint8_t OnlyHistory = 0x80;
+
+} // namespace
+
+LockRow F91::Zeilendaten(int row) const {
+    return {.Number = static_cast<int>(Zahlwert(FGK91.Text(row, Col::Number))),
+            .Name = FGK91.Text(row, Col::Name),
+            .Serial = FGK91.Text(row, Col::Serial),
+            .PersonTimers = FGK91.Text(row, Col::PersonTimers),
+            .Calendars = FGK91.Text(row, Col::Calendars),
+            .LockTimer = FGK91.Text(row, Col::LockTimer),
+            .CalendarFlag = FGK91.Text(row, Col::CalendarFlag),
+            .SetClock = FGK91.Text(row, Col::SetClock)};
+}
+
+void F91::Zeilen_Pruefen(Check check) {
+    check_ = check;
+    checkRow_ = 1;
+    checkTexts_.assign(static_cast<std::size_t>(FGK91.Rows()), {});
+    StatusLabel.ForeColor = CheckColour;
+    Status_Zeigen(260, 0);
+    Pruefung.Start(1);
+}
+
+void F91::Tick_Pruefung() {
+    if (checkRow_ > 0 && checkRow_ <= run.link.Lauf.RunRows) {
+        // A message of the row lets events in: the list may have been stopped meanwhile.
+        Zeile_Pruefen(checkRow_);
+        checkRow_ += checkRow_ > 0 ? 1 : 0;
+        return;
+    }
+    Pruefung.Stop();
+    if (checkRow_ == 0) {
+        return;
+    }
+    checkRow_ = 0;
+    told_ = true;
+    StatusLabel.ForeColor = Black;
+    Status_Zeigen(0, 0);
+    if (check_ == Check::BeforeStart) {
+        run.link.Lauf.RunRow = 1;
+        Naechster_Datensatz();
+    } else {
+        Restzeit();
+    }
+}
+
+void F91::Zeile_Pruefen(int row) {
+    if (Zeile_Zeigen) {
+        Zeile_Zeigen(row);
+    }
+    const int status = Zeile_Laden(row);
+    if (!running_) {
+        return;
+    }
+    const std::string& text = kern.Zeile(Datensatz_Statuszeile(status));
+    checkTexts_[static_cast<std::size_t>(row)] = text;
+    FGK91.SetText(row, Col::Mark, status == DatasetStatus::Good ? ListMark::Waiting : ListMark::PassedOver);
+    FGK91.SetText(row, Col::StateText, text);
+}
+
+int F91::Zeile_Laden(int row) {
+    RunState& lauf = run.link.Lauf;
+    const std::uint8_t mode = lauf.NetMode;
+    const int runRow = lauf.RunRow;
+    const int runRows = lauf.RunRows;
+    Lauf_Ruecksetzen(run);
+    lauf.NetMode = mode;
+    lauf.RunRow = runRow;
+    lauf.RunRows = runRows;
+    lauf.HistoryOnly = mode == OnlyHistory ? 1 : 0;
+    lauf.EraseOption = eraseOption_;
+
+    const LockRow data = Zeilendaten(row);
+    run.LockNumber = data.Number;
+    run.LockName = data.Name;
+    const int status =
+        Datensatz_Laden(run.link, run.Daten, data, told_ ? DatasetVariant::NetworkTold : DatasetVariant::Network);
+    if (status != DatasetStatus::Good) {
+        return status;
+    }
+    // A serial that is none has no dataset.
+    Einstellung_AEsn(data.Serial, lauf.LockAddress);
+    run.link.TargetAddress = lauf.LockAddress;
+    Lauf_Werte_Uebernehmen(run);
+    const bool twice = lauf.HistoryOnly == 0 && BereichZweiDurchgaenge(lauf.SerialValue) && run.Daten.AnyTransponder;
+    lauf.TwoPassFlag = twice ? 1 : 0;
+    netz.LockName = data.Name;
+    netz.SerialText = data.Serial;
+    return status;
+}
+
+bool F91::Zeile_Suchen(int& runRow, bool programming) {
+    for (; runRow <= run.link.Lauf.RunRows; ++runRow) {
+        const std::string& mark = FGK91.Text(runRow, Col::Mark);
+        if (mark == ListMark::Waiting || (programming && mark == ListMark::HistoryRead)) {
+            return true;
+        }
+        Mark_Setzen(runRow, ListMark::PassedOver, kern.Zeile(261));
+    }
+    return false;
+}
+
+void F91::Mark_Setzen(int row, std::string_view mark, std::string_view text) {
+    FGK91.SetText(row, Col::Mark, mark);
+    FGK91.SetText(row, Col::StateText, text);
+    if (Zeile_Fertig) {
+        Zeile_Fertig(row);
+    }
+}
+
+const std::string& F91::Pruefergebnis(int row) const {
+    static const std::string none;
+    const auto at = static_cast<std::size_t>(row);
+    return row > 0 && at < checkTexts_.size() ? checkTexts_[at] : none;
+}
+
+void F91::Zeile_Uebergehen(int& runRow, std::string_view text) {
+    Mark_Setzen(runRow, ListMark::PassedOver, text);
+    if (runRow >= run.link.Lauf.RunRows) {
+        Ende(265);
+        return;
+    }
+    ++runRow;
+    Step_Planen(StepPrgFehler, FirstStepDelay);
+}
+
+void F91::Zeile_Markieren(std::string_view mark, std::string_view text) {
+    if (work_ != Work::None) {
+        Mark_Setzen(run.link.Lauf.RunRow, mark, text);
+    }
+}
+
+} // namespace qvm
