@@ -164,19 +164,54 @@ TEST(Adapter, identifies_itself_with_its_version_at_index_15) {
     EXPECT_THAT(bench.System.Judgements(), IsEmpty());
 }
 
-TEST(Adapter, gives_its_complete_record) {
+const Bytes RecordProbe{0xAA, 0xBB, 0xCC, 0xDD, 0xEE, 0, 0, 0, 0, 0, 0, 0};
+
+TEST(Adapter, gives_its_complete_record_with_the_key_disguised_by_the_last_probe) {
     VirtualWorld world;
     world.Adapter.Name = "PROGSTATION 7";
     world.Adapter.Address = {3, 224, 0, 1};
     world.Adapter.Key = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16};
     SimBench bench(world);
-    const auto replies = bench.SayRaw(0x6C, {0xAA, 0xBB, 0xCC, 0xDD, 0xEE, 0, 0, 0, 0, 0, 0, 0});
+    bench.SayRaw(0x68, {1, 2, 3, 4, 5, 0, 0, 0, 0, 0, 0, 0});
+    const auto replies = bench.SayRaw(0x6C, RecordProbe);
     ASSERT_EQ(replies.size(), 1U);
     const Bytes& record = replies[0];
     EXPECT_EQ(record[1], 0x2E);
     EXPECT_THAT(Bytes(record.begin() + 3, record.begin() + 7), ElementsAre(3, 224, 0, 1));
     EXPECT_EQ(std::string(record.begin() + 8, record.begin() + 28), "PROGSTATION 7       ");
-    EXPECT_THAT(Bytes(record.begin() + 30, record.begin() + 46), ElementsAreArray(world.Adapter.Key));
+    // By hand: key byte, probe byte and constant of its place.
+    EXPECT_THAT(
+        Bytes(record.begin() + 30, record.begin() + 46),
+        ElementsAre(0x5B, 0xC0, 0x2E, 0x92, 0x7B, 0xEF, 0x17, 0xBB, 0x46, 0xDE, 0x33, 0x86, 0x6A, 0xF1, 0x10, 0xB2));
+    EXPECT_THAT(bench.System.Judgements(), IsEmpty());
+}
+
+TEST(Adapter, forgets_the_probe_when_it_is_plugged_in_anew) {
+    SimBench bench(VirtualWorld{}); // its key is all zero
+    bench.SayRaw(0x68, {1, 2, 3, 4, 5, 0, 0, 0, 0, 0, 0, 0});
+    bench.System.Plug();
+    const auto replies = bench.SayRaw(0x6C, RecordProbe);
+    ASSERT_EQ(replies.size(), 1U);
+    // The constants alone.
+    EXPECT_THAT(
+        Bytes(replies[0].begin() + 30, replies[0].begin() + 46),
+        ElementsAre(0x5B, 0xC6, 0x2F, 0x93, 0x7D, 0xE8, 0x14, 0xB1, 0x4A, 0xD7, 0x39, 0x8E, 0x65, 0xFA, 0x1C, 0xA3));
+}
+
+TEST(Adapter, one_for_enrolment_answers_for_itself_and_reaches_no_lock) {
+    VirtualWorld world = OneLock(OldLock);
+    world.Adapter.Name = "ENROLLMENT1 desk";
+    SimBench bench(world);
+    bench.To = AddressOf(OldLock);
+    EXPECT_EQ(bench.SayRaw(0x68, {1, 2, 3, 4, 5, 0, 0, 0, 0, 0, 0, 0}).size(), 1U);
+    EXPECT_EQ(bench.SayRaw(0x6C, RecordProbe).size(), 1U);
+    EXPECT_THAT(bench.Say(0x04, {0x1A, 0x42, 0x12, 0xEE, 5, 0xAA, 0x55}), IsEmpty());
+    EXPECT_THAT(bench.SayRaw(0x6B, {5, 0, 0, 0x2C, 0x10, 0, 0, 0, 0, 0, 0, 0}), IsEmpty());
+    EXPECT_THAT(bench.Say(0x05), IsEmpty());
+    Bytes name{'P', 'R', 'O', 'G', 'S', 'T', 'A', 'T', 'I', 'O', 'N'};
+    name.resize(22, 0);
+    EXPECT_EQ(bench.SayRaw(0x6D, name).size(), 1U);
+    EXPECT_EQ(bench.Say(0x04, {0x1A, 0x42, 0x12, 0xEE, 5, 0xAA, 0x55}).size(), 1U); // it is one for programming now
 }
 
 TEST(Adapter, takes_a_new_name_and_echoes_it_from_index_8) {
