@@ -6,7 +6,6 @@ namespace qvm::test {
 namespace {
 
 using testing::ElementsAre;
-using testing::ElementsAreArray;
 using testing::IsEmpty;
 
 constexpr std::uint32_t OldLock = 0x00002C10;
