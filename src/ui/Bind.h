@@ -29,7 +29,7 @@ namespace qvm::ui {
 
 /// Calls `show` now and whenever the value changes, until `owner` dies.
 template <class T>
-void watch(Observed<T>& value, QObject* owner, std::function<void()> show) {
+void watch(Observed<T>& value, QObject* owner, const std::function<void()>& show) {
     value.Changed = show;
     QObject::connect(owner, &QObject::destroyed, [&value] { value.Changed = {}; });
     show();

@@ -15,14 +15,16 @@ void GridView::click(const QModelIndex& index) {
 
 void GridView::keyPressEvent(QKeyEvent* event) {
     const int code = keyCode(*event);
-    const bool press = code == Key::Enter || event->key() == Qt::Key_Space || event->key() == Qt::Key_Select;
-    if (press && event->modifiers().testAnyFlags(Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) {
-        event->ignore();
-    } else if (press && onClick) {
+    const bool combined = event->modifiers().testAnyFlags(Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    const bool press =
+        !combined && (code == Key::Enter || event->key() == Qt::Key_Space || event->key() == Qt::Key_Select);
+    const bool typed = code != 0 && code != Key::Tab && code != Key::Escape;
+    if (press && onClick) {
         click(currentIndex());
-    } else if (code != 0 && code != Key::Tab && code != Key::Escape && onKey) {
+    } else if (typed && onKey) {
         onKey(code);
-    } else if (code == Key::Escape || (code >= ' ' && code != Key::Delete)) {
+    } else if (code == Key::Escape || code >= ' ' || event->key() == Qt::Key_Space) {
+        // Neither an editor nor a search by letters: the window may want it.
         event->ignore();
     } else {
         QTableView::keyPressEvent(event);
