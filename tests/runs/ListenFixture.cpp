@@ -1,0 +1,151 @@
+#include "ListenFixture.h"
+
+#include <algorithm>
+
+namespace qvm::test {
+namespace {
+
+constexpr std::string_view DirectId = "/10/20/30/40", NetId = "/3/224/0/1";
+
+/// Doubling with end-around carry, modulo 255; 255 stays.
+std::uint8_t Sum(const std::vector<std::uint8_t>& bytes) {
+    unsigned sum = 0;
+    for (const std::uint8_t byte : bytes) {
+        sum = sum * 2 + byte;
+        while (sum > 255) {
+            sum -= 255;
+        }
+    }
+    return static_cast<std::uint8_t>(sum);
+}
+
+} // namespace
+
+void ListenFixture::BeginList(const std::vector<int>& network) {
+    Begin();
+    Grid& grid = programm->F13.FGK13;
+    if (!network.empty()) {
+        world.Disk.Files["/q/DAT/CHEUSB25C.I_2"] = "SET       \r\n";
+        programm->kern.Config.PortAutomatik = "SET";
+        AdapterSatz direct;
+        direct.Adresse = DirectId;
+        direct.Name = "PROGSTATION 1";
+        direct.Port = "1";
+        AdapterSatz net = direct;
+        net.Adresse = NetId;
+        net.Name = "PROGSTATION N";
+        net.Port = "2";
+        programm->Adapter.Saetze = {direct, net};
+        for (int row = 1; row < grid.Rows(); ++row) {
+            const bool through = std::find(network.begin(), network.end(), row) != network.end();
+            grid.SetText(row, F13Column::AdapterId, through ? NetId : DirectId);
+        }
+    }
+    const auto serial = world.OnWrite;
+    world.OnWrite = [this, serial](std::span<const std::uint8_t> bytes) {
+        if (world.PortNumber == 2) {
+            NetTaken(bytes);
+        } else {
+            serial(bytes);
+        }
+    };
+}
+
+void ListenFixture::Prog(const std::vector<int>& locks, Answer history, Answer delayed, std::string_view code) {
+    for (const int lock : locks) {
+        programm->F13.FGK13.SetText(lock, F13Column::Mark, "X");
+    }
+    world.Answers.push_front({.Text = "L269", .Reply = delayed});
+    world.Answers.push_front({.Text = "L63", .Reply = history});
+    programm->F13.Toolbar1_ButtonClick("Prog.");
+    TypeCode(code);
+}
+
+void ListenFixture::SaveHistory(const std::vector<int>& locks) {
+    for (const int lock : locks) {
+        programm->F13.FGK13.SetText(lock, F13Column::Mark, "X");
+    }
+    world.Answers.push_front({.Text = "L269", .Reply = Answer::No});
+    programm->F13.Toolbar1_ButtonClick("SaveHistory");
+    TypeCode("123456");
+}
+
+bool ListenFixture::FinishList(std::int64_t limitMs) {
+    const bool ended = world.RunUntil([this] { return !programm->F91.Laeuft(); }, limitMs);
+    world.RunFor(100);
+    return ended;
+}
+
+ListenFixture::Row ListenFixture::RowAt(int row) const {
+    const Grid& list = programm->F91.FGK91;
+    return {list.Text(row, F91Column::Mark), list.Text(row, F91Column::StateText)};
+}
+
+std::vector<ListenFixture::Row> ListenFixture::AllRows() const {
+    std::vector<Row> rows;
+    for (int row = 1; row < programm->F91.FGK91.Rows(); ++row) {
+        rows.push_back(RowAt(row));
+    }
+    return rows;
+}
+
+void ListenFixture::ExpectNothingLeft() {
+    world.Answers.push_back({.Text = "Programmierung abgeschlosse"});
+}
+
+void ListenFixture::NetTaken(std::span<const std::uint8_t> bytes) {
+    if (bytes.size() == 1) {
+        netLine_.assign(bytes.begin(), bytes.end());
+        return;
+    }
+    netLine_.insert(netLine_.end(), bytes.begin(), bytes.end());
+    Bytes frame;
+    for (std::size_t n = 0; n < netLine_.size(); ++n) {
+        frame.push_back(netLine_[n]);
+        n += frame.size() > 2 && netLine_[n] == 0x02 ? 1 : 0;
+    }
+    NetFrames.push_back(frame);
+    if (NetAdapter) {
+        NetAdapter(frame);
+    }
+}
+
+void ListenFixture::NetReply(std::uint8_t code, std::uint8_t block, const Bytes& payload, int delayMs) {
+    Bytes frame(32, 0);
+    frame[0] = 0x02;
+    frame[1] = block;
+    frame[2] = 0x90;
+    frame[3] = 1;
+    frame[27] = code;
+    frame.insert(frame.end(), payload.begin(), payload.end());
+    frame[4] = static_cast<std::uint8_t>((frame.size() + 1) / 256);
+    frame[5] = static_cast<std::uint8_t>((frame.size() + 1) % 256);
+    frame.push_back(Sum(frame));
+    Bytes line;
+    for (std::size_t at = 0; at < frame.size(); ++at) {
+        line.push_back(frame[at]);
+        if (at > 1 && frame[at] == 0x02) {
+            line.push_back(0);
+        }
+    }
+    line.push_back(0x0D);
+    world.Deliver(line, delayMs);
+}
+
+void ListenFixture::GoodNetAdapter() {
+    NetAdapter = [this](const Bytes& frame) {
+        switch (frame[27]) {
+        case 0x14:
+            NetReply(frame[1] == frame[3] ? 0x15 : 0x14, frame[1]);
+            break;
+        case 0x1E:
+            NetReply(0x1F);
+            NetReply(0x20, 1, {}, 5000);
+            break;
+        default:
+            break;
+        }
+    };
+}
+
+} // namespace qvm::test
