@@ -16,7 +16,9 @@ if(QVM_SANITIZE)
   target_link_options(qvm_flags INTERFACE -fsanitize=${QVM_SANITIZE})
 endif()
 
-target_compile_options(qvm_flags INTERFACE $<$<CXX_COMPILER_ID:Clang>:-Wreserved-identifier>)
+# Not where Qt's tools generate code, which has names of its own taste.
+target_compile_options(qvm_flags INTERFACE
+  $<$<AND:$<CXX_COMPILER_ID:Clang>,$<NOT:$<BOOL:$<TARGET_PROPERTY:AUTOMOC>>>>:-Wreserved-identifier>)
 
 if(QVM_FUZZ)
   target_compile_options(qvm_flags INTERFACE -fsanitize=fuzzer-no-link)
@@ -30,10 +32,11 @@ function(qvm_unoptimised target)
   endif()
 endfunction()
 
-# qvm_library(<name> [DIR <folder>] [DEPS <target>...] [PRIVATE_DEPS <target>...])
-# All .cpp files of the folder (not of its sub-folders) as one static library.
+# qvm_library(<name> [DIR <folder>] [DEPS <target>...] [PRIVATE_DEPS <target>...] [HEADERS <header>...])
+# All .cpp files of the folder (not of its sub-folders) as one static library. HEADERS: what nearly all of them include,
+# worth compiling once.
 function(qvm_library name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "DIR" "DEPS;PRIVATE_DEPS")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "DIR" "DEPS;PRIVATE_DEPS;HEADERS")
   if(NOT arg_DIR)
     set(arg_DIR "${CMAKE_CURRENT_SOURCE_DIR}/${name}")
   endif()
@@ -44,7 +47,7 @@ function(qvm_library name)
     target_link_libraries(${name} PUBLIC qvm_flags ${arg_DEPS} PRIVATE ${arg_PRIVATE_DEPS})
     if(QVM_FUZZ)
       # Only here: the other builds show when a file leans on what another one includes.
-      target_precompile_headers(${name} PRIVATE <functional> <map> <string> <vector>)
+      target_precompile_headers(${name} PRIVATE <functional> <map> <string> <vector> ${arg_HEADERS})
     endif()
   else()
     add_library(${name} INTERFACE)
@@ -64,11 +67,11 @@ function(qvm_test_support)
   qvm_unoptimised(test_support)
 endfunction()
 
-# qvm_test(<folder> [QT] [DEPS <target>...])
+# qvm_test(<folder> [QT] [DEPS <target>...] [HEADERS <header>...])
 # The tests of tests/<folder> as one program test_<folder>, linked to what that folder may use and no more. QT: its
 # libraries bring definitions of Qt along, so that it cannot share the compiled headers.
 function(qvm_test folder)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "QT" "" "DEPS")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "QT" "" "DEPS;HEADERS")
   file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp")
   if(NOT sources)
     return()
@@ -77,7 +80,7 @@ function(qvm_test folder)
   target_link_libraries(test_${folder} PRIVATE ${arg_DEPS} test_support GTest::gtest_main)
   qvm_unoptimised(test_${folder})
   if(arg_QT)
-    target_precompile_headers(test_${folder} PRIVATE ${QVM_TEST_HEADERS})
+    target_precompile_headers(test_${folder} PRIVATE ${QVM_TEST_HEADERS} ${arg_HEADERS})
   else()
     target_precompile_headers(test_${folder} REUSE_FROM test_support)
   endif()
