@@ -1,0 +1,173 @@
+#!/usr/bin/python3
+"""The program as its operator meets it: on a display, with mouse and keyboard, against the virtual lock system.
+
+    dbus-run-session -- desktop_test.py BUILD [TEST...]
+"""
+import os
+import signal
+import subprocess
+import sys
+import time
+import unittest
+
+from installation import CODE, Installation
+from screen import PATIENCE, Atspi, Display, Program, click_at, key, middle, tell, typed, wait_for
+
+BUTTON, LABEL, MENU_ENTRY = Atspi.Role.PUSH_BUTTON, Atspi.Role.LABEL, Atspi.Role.MENU_ITEM
+TABLE, TEXT = Atspi.Role.TABLE, Atspi.Role.TEXT
+PROGRAM_COLUMN = 9
+BUILD = ""
+
+
+class Desktop(unittest.TestCase):
+    def setUp(self):
+        self.display = Display()
+        self.addCleanup(self.display.close)
+        self.house = Installation(BUILD)
+        self.addCleanup(self.house.close)
+
+    def start(self):
+        self.process = self.house.start_program()
+        self.program = Program(self.process.pid)
+
+    def light(self, words):
+        """Waits until the link light has this state."""
+        self.program.wait(LABEL, words)
+
+    def cell(self, row, column):
+        """A cell of the lock window's grid, rows counted from 1, columns from 0."""
+        grid = self.program.wait(TABLE, "QVM 7702")
+        return tell(grid, lambda table: Atspi.Table.get_accessible_at(table, row - 1, column))
+
+    def start_run(self):
+        """From the main window to the first telegram of lock 1, by mouse."""
+        self.program.press("Program locks")
+        click_at(*middle(self.cell(1, PROGRAM_COLUMN)))
+        self.program.wait(LABEL, r"Read the history before programming\?")
+        self.program.press("No")
+        click_at(*middle(self.program.wait(TEXT, "Administrator code")))
+        typed(CODE)
+        self.program.press("OK")
+
+    def wait_for_end(self):
+        self.program.wait(LABEL, "Operation finished")
+
+    def leave_lock_window(self):
+        """Out of the progress window and the lock window, by mouse."""
+        self.program.press("Back")
+        wait_for("the progress window goes", lambda: self.program.find(BUTTON, "Cancel") is None)
+        self.program.press("Back")
+        self.program.wait(BUTTON, "Program locks")
+
+    def tab_to(self, name):
+        """Presses Tab until the control of this name has the keyboard."""
+        for _ in range(20):
+            before = wait_for("a control with the keyboard", self.program.focused_name)
+            if before == name:
+                return
+            key("Tab")
+            wait_for("the keyboard moves on", lambda: self.program.focused_name() not in ("", before))
+        raise AssertionError(f"Tab never comes to {name}\n{self.program.describe()}")
+
+    def expect_dataset(self, name, number):
+        """The lock holds what the data files say, and no telegram was wrong."""
+        self.assertEqual(self.house.stop_simulator(), (0, ""))
+        lock = self.house.lock(name)
+        self.assertTrue(lock["data_complete"])
+        held = [(user["name"], user["code"].rstrip("-")) for user in lock["users"]]
+        self.assertEqual(held, self.house.users_by_files(number))
+
+    def expect_ended(self):
+        self.assertEqual(self.process.wait(PATIENCE), 0)
+
+    def test_finds_the_adapter_and_programs_a_lock_by_mouse(self):
+        self.start()
+        self.light("Not connected")
+        self.house.start_simulator()
+        self.house.simulator.send_signal(signal.SIGSTOP)
+        self.light("Searching the wireless adapter")
+        self.house.simulator.send_signal(signal.SIGCONT)
+        self.light("Ready")
+        self.start_run()
+        self.wait_for_end()
+        self.leave_lock_window()
+        self.expect_dataset("Tor", 1)
+        self.assertEqual(self.house.users_by_files(1), [("Zoë", "918273"), ("Bert", "405060")])
+        self.program.press("Exit program")
+        self.expect_ended()
+
+    def test_programs_a_lock_by_keyboard_alone(self):
+        self.house.start_simulator()
+        self.start()
+        self.light("Ready")
+        self.tab_to("Program locks")
+        key("Return")
+        self.tab_to("QVM 7702")
+        key("Down", "Right", "Right", "Right")  # the second lock; number, name, serial, program
+        key("Return")
+        self.program.wait(LABEL, r"Read the history before programming\?")
+        key("alt+n")
+        wait_for("the code box has the keyboard", lambda: self.program.focused_name() == "Administrator code")
+        typed(CODE)
+        key("Return")
+        self.wait_for_end()
+        wait_for("the closing button has the keyboard", lambda: self.program.focused_name() == "Back")
+        key("Return")
+        wait_for("the grid has the keyboard", lambda: self.program.focused_name() == "QVM 7702")
+        self.tab_to("Back")
+        key("space")
+        self.program.wait(BUTTON, "Program locks")
+        key("alt+f")
+        self.program.wait(MENU_ENTRY, "Exit")
+        key("Up", "Return")
+        self.expect_ended()
+        self.expect_dataset("Keller", 2)
+
+    def test_survives_an_adapter_pulled_out_in_the_middle_of_a_run(self):
+        self.house.start_simulator("--fault", "unplug@8")
+        self.start()
+        self.light("Ready")
+        self.start_run()
+        self.house.simulator.wait(PATIENCE)
+        self.program.wait(LABEL, "No answer for .*")
+        self.tab_to("Cancel")
+        used = self.program.processor_seconds()
+        time.sleep(1)
+        self.assertLess(self.program.processor_seconds() - used, 0.3)
+        key("space")
+        self.program.wait(LABEL, "Operation cancelled")
+        self.leave_lock_window()
+        self.light("Not connected")
+        self.house.forget_simulator()
+        self.house.start_simulator()
+        self.light("Ready")
+        self.start_run()
+        self.wait_for_end()
+        self.leave_lock_window()
+        self.expect_dataset("Tor", 1)
+
+    def test_a_second_start_ends_in_silence_and_raises_the_first_window(self):
+        self.start()
+        self.program.wait(BUTTON, "Exit program")
+        self.program.minimise("QVM 7702 SOFTWARE SYSTEM")
+        wait_for("the window is an icon", lambda: not self.program.has_keyboard())
+        second = self.house.start_program(stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
+        said, _ = second.communicate(timeout=PATIENCE)
+        self.assertEqual((second.returncode, said), (0, b""))
+        wait_for("the first window has the keyboard", self.program.has_keyboard)
+        self.assertIsNone(self.process.poll())
+
+    def test_starts_after_a_crash(self):
+        self.start()
+        self.program.wait(BUTTON, "Exit program")
+        self.process.kill()
+        self.process.wait()
+        self.start()
+        self.program.wait(BUTTON, "Exit program")
+        self.program.press("Exit program")
+        self.expect_ended()
+
+
+if __name__ == "__main__":
+    BUILD = os.path.abspath(sys.argv[1])
+    unittest.main(argv=[sys.argv[0]] + sys.argv[2:])

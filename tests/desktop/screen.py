@@ -1,0 +1,202 @@
+"""A virtual display with a window manager and an accessibility bus, and a program looked at and used through them.
+
+What is on the screen is read through the accessibility interface, as a screen reader does; mouse and keyboard are those
+of the display. Nothing reaches into the program.
+"""
+import os
+import re
+import subprocess
+import time
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi, GLib  # noqa: E402
+
+HERE = os.path.dirname(os.path.abspath(__file__))
+PATIENCE = 60  # seconds that anything may take on a loaded machine
+
+
+def wait_for(what, probe, seconds=PATIENCE):
+    """Polls `probe` until it gives something true, and returns that."""
+    limit = time.monotonic() + seconds
+    while True:
+        result = probe()
+        if result:
+            return result
+        if time.monotonic() > limit:
+            raise AssertionError(f"not within {seconds} s: {what}")
+        time.sleep(0.03)
+
+
+class Display:
+    """An X server on a free number with a window manager. Ends with close()."""
+
+    def __init__(self):
+        read_end, write_end = os.pipe()
+        self.server = subprocess.Popen(
+            ["Xvfb", "-displayfd", str(write_end), "-screen", "0", "1400x1000x24", "-nolisten", "tcp"],
+            pass_fds=[write_end], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        os.close(write_end)
+        with os.fdopen(read_end) as pipe:
+            self.name = ":" + pipe.readline().strip()
+        os.environ["DISPLAY"] = self.name
+        self.manager = subprocess.Popen(["jwm", "-f", os.path.join(HERE, "jwmrc")],
+                                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+
+    def close(self):
+        for process in (self.manager, self.server):
+            process.terminate()
+            process.wait()
+
+
+def xdotool(*arguments):
+    subprocess.run(["xdotool", *arguments], check=True, stdout=subprocess.DEVNULL)
+
+
+def key(*names):
+    """Keys as xdotool names them: Tab, Return, alt+d. To whatever has the focus."""
+    xdotool("key", "--clearmodifiers", *names)
+
+
+def typed(text):
+    xdotool("type", "--delay", "15", text)
+
+
+def click_at(x, y):
+    xdotool("mousemove", str(x), str(y), "click", "1")
+
+
+def tell(node, ask, otherwise=None):
+    """What an accessible tells; `otherwise` when it went away meanwhile."""
+    try:
+        node.clear_cache_single() if hasattr(node, "clear_cache_single") else node.clear_cache()
+        return ask(node)
+    except GLib.Error:
+        return otherwise
+
+
+def states(node):
+    return tell(node, lambda n: n.get_state_set(), None)
+
+
+def has_state(node, state):
+    found = states(node)
+    return found is not None and found.contains(state)
+
+
+def showing(node):
+    return has_state(node, Atspi.StateType.SHOWING)
+
+
+def enabled(node):
+    return has_state(node, Atspi.StateType.ENABLED)
+
+
+def name_of(node):
+    return tell(node, lambda n: n.get_name(), "") or ""
+
+
+def children(node):
+    count = tell(node, lambda n: n.get_child_count(), 0)
+    return [child for child in (tell(node, lambda n, i=i: n.get_child_at_index(i)) for i in range(min(count, 120)))
+            if child is not None]
+
+
+def walk(node, role):
+    """All accessibles of this role below the node; grids are not entered."""
+    found = []
+    for child in children(node):
+        kind = tell(child, lambda n: n.get_role())
+        if kind == role:
+            found.append(child)
+        if kind not in (Atspi.Role.TABLE, Atspi.Role.LIST):
+            found += walk(child, role)
+    return found
+
+
+def middle(node):
+    box = tell(node, lambda n: n.get_extents(Atspi.CoordType.SCREEN))
+    if box is None or box.width <= 0:
+        raise AssertionError(f"has no place on the screen: {name_of(node)}")
+    return box.x + box.width // 2, box.y + box.height // 2
+
+
+class Program:
+    """A program by its process number."""
+
+    def __init__(self, number):
+        self.number = number
+
+    def application(self):
+        desktop = Atspi.get_desktop(0)
+        for child in children(desktop):
+            if tell(child, lambda n: n.get_process_id(), 0) == self.number:
+                return child
+        return None
+
+    def windows(self):
+        application = self.application()
+        return [] if application is None else [w for w in children(application) if showing(w)]
+
+    def find(self, role, name):
+        """A visible control by its accessible name, of whichever window, rather one that can be used; None when there
+        is none. `name`: a regular expression for the whole of it."""
+        found = [node for window in self.windows() for node in walk(window, role)
+                 if re.fullmatch(name, name_of(node)) and showing(node)]
+        return next((node for node in found if enabled(node)), found[0] if found else None)
+
+    def wait(self, role, name, usable=True):
+        """The same, once it is there and, if asked for, can be used."""
+        def probe():
+            node = self.find(role, name)
+            return node if node is not None and (not usable or enabled(node)) else None
+        try:
+            return wait_for(f"{role.value_nick} {name}", probe)
+        except AssertionError as fault:
+            raise AssertionError(f"{fault}\n{self.describe()}") from None
+
+    def describe(self):
+        """What is on the screen, for whoever looks into a failure."""
+        lines = []
+
+        def add(node, depth):
+            if showing(node):
+                kind = tell(node, lambda n: n.get_role_name(), "?")
+                marks = [state for state in ("FOCUSED", "ACTIVE") if has_state(node, getattr(Atspi.StateType, state))]
+                marks += [] if enabled(node) else ["disabled"]
+                lines.append("  " * depth + " ".join([kind, repr(name_of(node)), *marks]))
+                if kind != "table":
+                    for child in children(node):
+                        add(child, depth + 1)
+        for window in self.windows():
+            add(window, 0)
+        return "\n".join(lines)
+
+    def press(self, name, role=Atspi.Role.PUSH_BUTTON):
+        """Clicks the button with the mouse."""
+        click_at(*middle(self.wait(role, name)))
+
+    def focused_name(self):
+        """Name of the control that has the keyboard; empty when none of this program has it."""
+        def seek(node):
+            for child in children(node):
+                if has_state(child, Atspi.StateType.FOCUSED) and name_of(child):
+                    return name_of(child)
+                found = "" if tell(child, lambda n: n.get_role()) == Atspi.Role.TABLE else seek(child)
+                if found:
+                    return found
+            return ""
+        return next((seek(window) for window in self.windows() if has_state(window, Atspi.StateType.ACTIVE)), "")
+
+    def has_keyboard(self):
+        return any(has_state(window, Atspi.StateType.ACTIVE) for window in self.windows())
+
+    def minimise(self, title):
+        xdotool("search", "--onlyvisible", "--name", f"^{title}$", "windowminimize")
+
+    def processor_seconds(self):
+        """Processor time used since the start."""
+        with open(f"/proc/{self.number}/stat", encoding="ascii") as file:
+            fields = file.read().rsplit(")", 1)[1].split()
+        return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
