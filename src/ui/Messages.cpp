@@ -97,7 +97,8 @@ void MessageBoxes::fill(QMessageBox& box, const Message& message) const {
     box.setWindowTitle(toQt(message.Title));
     box.setTextFormat(Qt::PlainText);
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);
-    box.setText(toQt(message.Text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
+    // Line breaks come in both orders, and each is one line.
+    box.setText(toQt(message.Text).remove(QLatin1Char('\r')));
     box.setIcon(iconOf(message.Sign));
     int number = 0;
     for (const auto& [meaning, standard] : buttonsOf(message.Choice)) {

@@ -38,6 +38,16 @@ QToolBar* WindowBase::addToolBar() {
 void WindowBase::setDefaultButton(QPushButton* button) {
     default_ = button;
     button->setDefault(true);
+    button->installEventFilter(this);
+}
+
+bool WindowBase::eventFilter(QObject* watched, QEvent* event) {
+    // The control that had the keyboard may just have been disabled, as the cancel button at the end of a run.
+    if (watched == default_ && event->type() == QEvent::EnabledChange && default_->isEnabled() &&
+        (focusWidget() == nullptr || !focusWidget()->isEnabled())) {
+        default_->setFocus(Qt::OtherFocusReason);
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 void WindowBase::finish(WindowHandlers handlers, bool remember) {

@@ -27,11 +27,13 @@ protected:
     QToolBar* addToolBar();
     /// Where the window's content goes.
     QVBoxLayout* content() const { return content_; }
-    /// Return presses this button wherever the focus stands, unless the control there wants the key itself.
+    /// Return presses this button wherever the focus stands, unless the control there wants the key itself. Once it is
+    /// enabled it takes a focus that nothing else has.
     void setDefaultButton(QPushButton* button);
     /// To be called at the end of the constructor: title, visibility, place. `remember`: place and size.
     void finish(WindowHandlers handlers, bool remember = true);
     void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
     Window& windowModel() const { return model_; }
 
