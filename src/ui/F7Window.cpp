@@ -60,7 +60,6 @@ F7Window::F7Window(F7& f7, QWidget* parent)
     makeShortcuts();
     const auto back = [this] { f7_.Toolbar1_ButtonClick("W95MBX01"); };
     setMinimumSize(480, 360);
-    resize(grid_->columnsWidth() + 24, 640);
     grid_->setFocus();
     finish({.onClose = back, .onEscape = back});
 }
