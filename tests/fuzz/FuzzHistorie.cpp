@@ -1,6 +1,7 @@
 // Arbitrary records, lock names and cut-offs: whatever comes, each record becomes one line, or two with a state.
 
 #include "Historie.h"
+#include "HistorieLesen.h"
 #include "Kern.h"
 #include "VirtualPlatform.h"
 
@@ -55,5 +56,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto& file = *pc.Disk.Files.begin();
     Require(file.first.starts_with("/HIST/H_") && std::count(file.first.begin(), file.first.end(), '/') == 2);
     Require(std::count(file.second.begin(), file.second.end(), '\n') == lines);
+    // What was written is read again, each state with its event.
+    const HistoryFile history = Historie_Lesen(file.second);
+    const auto states = std::count_if(history.Events.begin(), history.Events.end(),
+                                      [](const HistoryEvent& event) { return !event.State.empty(); });
+    Require(history.Skipped == 0 && static_cast<std::ptrdiff_t>(history.Events.size()) + states + 1 == lines);
     return 0;
 }
