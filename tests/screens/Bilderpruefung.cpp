@@ -1,0 +1,92 @@
+#include "Bilderpruefung.h"
+
+#include <QImage>
+#include <QSet>
+
+#include <cstdlib>
+
+namespace qvm::test {
+namespace {
+
+constexpr int FewestColours = 24; ///< smoothed letters alone have more
+constexpr int SmallestSide = 40;
+
+const char* const Windows[] = {
+    "F1",  "F2",       "F2-red", "F2-yellow", "F2-file",     "F2-calendars", "F2-clocks",           "F6",
+    "F7",  "F7-found", "F8",     "F9",        "F9-finished", "F11",          "F11-month",           "F13",
+    "F14", "F15",      "F18",    "F91",       "F92",         "MessageBox",   "MessageBox-two-lines"};
+/// The names of the languages are the same in each.
+const char* const WithoutWords[] = {"F15"};
+
+struct Form {
+    const char* Language;
+    int Percent;
+    bool Dark;
+};
+
+QString pathOf(const QString& folder, const Form& form, const char* window) {
+    return QStringLiteral("%1/%2-%3-%4/%5.png")
+        .arg(folder, QLatin1String(form.Language), QString::number(form.Percent),
+             QLatin1String(form.Dark ? "dark" : "light"), QLatin1String(window));
+}
+
+int coloursOf(const QImage& image) {
+    QSet<QRgb> colours;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            colours.insert(image.pixel(x, y));
+        }
+    }
+    return static_cast<int>(colours.size());
+}
+
+int brightnessOf(const QImage& image) {
+    const QImage one =
+        image.convertToFormat(QImage::Format_RGB32).scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    return qGray(one.pixel(0, 0));
+}
+
+void checkOne(const QString& folder, const Form& form, const char* window, QStringList& faults) {
+    const QString path = pathOf(folder, form, window);
+    const QImage image(path);
+    if (image.width() < SmallestSide || image.height() < SmallestSide) {
+        faults += path + QStringLiteral(": missing or too small");
+        return;
+    }
+    if (coloursOf(image) < FewestColours) {
+        faults += path + QStringLiteral(": empty");
+    }
+    if ((brightnessOf(image) < 128) != form.Dark) {
+        faults += path + QStringLiteral(": not of its palette");
+    }
+    const QImage plain(pathOf(folder, {form.Language, 100, form.Dark}, window));
+    const QSize expected = plain.size() * form.Percent / 100;
+    // Text of twice the size is not to the pixel twice as wide.
+    if (std::abs(image.width() - expected.width()) > expected.width() / 8 ||
+        std::abs(image.height() - expected.height()) > expected.height() / 8) {
+        faults += path + QStringLiteral(": not of the expected size");
+    }
+}
+
+} // namespace
+
+QStringList checkPictures(const QString& folder) {
+    QStringList faults;
+    for (const char* window : Windows) {
+        for (const char* language : {"Deutsch", "English"}) {
+            for (const int percent : {100, 200}) {
+                checkOne(folder, {language, percent, false}, window, faults);
+                checkOne(folder, {language, percent, true}, window, faults);
+            }
+        }
+        const QImage german(pathOf(folder, {"Deutsch", 100, false}, window));
+        const QImage english(pathOf(folder, {"English", 100, false}, window));
+        const bool wordless = std::string_view(window) == WithoutWords[0];
+        if (!wordless && german == english) {
+            faults += QLatin1String(window) + QStringLiteral(": the same in both languages");
+        }
+    }
+    return faults;
+}
+
+} // namespace qvm::test

@@ -1,0 +1,225 @@
+#include "Fensterschau.h"
+
+#include "MonthView.h"
+#include "TextSlots.h"
+#include "WidgetChecks.h"
+
+#include <QApplication>
+#include <QDirIterator>
+#include <QFile>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+
+namespace qvm::test {
+namespace {
+
+constexpr int Lock = 3; ///< of the installation; one with a wireless unit
+
+/// Events as a lock's memory gives them, newest first.
+std::string historyBytes() {
+    std::string bytes = "01.50.0C.10\r\n";
+    for (int n = 0; n < 40; ++n) {
+        bytes += (n % 3 == 0   ? "Baumann J\xF6rg\t"
+                  : n % 3 == 1 ? "Conrad Lea\t"
+                               : "Mei\xDF"
+                                 "ner Ute\t");
+        bytes += (n < 24 ? "05.03.2026\t" : "04.03.2026\t") + std::string(n % 2 == 0 ? "17:12\t" : "08:41\t");
+        bytes += n % 4 == 0 ? "Code\r\n" : "E-Key\r\n";
+    }
+    return bytes;
+}
+
+} // namespace
+
+Fensterschau::Fensterschau(const QString& place, const std::string& language, QString prefix)
+    : prefix_(std::move(prefix)) {
+    load(place, language);
+    programm_ = std::make_unique<Programm>(world_.World, "/q");
+    Programm_Start(*programm_, true);
+    boxes_.setWords(programm_->kern);
+    programm_->F1.CipherText = "AES-128 (OpenSSL 3)";
+    for (const char* name : {"PROGSTATION-1", "PROGSTATION-2"}) {
+        AdapterSatz adapter;
+        adapter.Name = name;
+        adapter.Adresse = name[12] == '1' ? "/46/108/1/2" : "/46/108/1/3";
+        adapter.Port = name[12];
+        programm_->Adapter.Saetze.push_back(adapter);
+    }
+    windows_ = std::make_unique<ui::Oberflaeche>(*programm_);
+}
+
+void Fensterschau::load(const QString& place, const std::string& language) {
+    QDirIterator entries(place, QDir::Files | QDir::NoSymLinks, QDirIterator::Subdirectories);
+    while (entries.hasNext()) {
+        QFile file(entries.next());
+        const QString name = QDir(place).relativeFilePath(file.fileName());
+        if ((name.startsWith(QLatin1String("DAT/")) || name.startsWith(QLatin1String("QVM_"))) &&
+            file.open(QIODevice::ReadOnly)) {
+            world_.Disk.Files["/q/" + name.toStdString()] = file.readAll().toStdString();
+        }
+    }
+    world_.Disk.Files["/q/DAT/EST7CSB29A.I_1"] = language + "\r\n1\r\nUSB-Port1\r\n5\r\n";
+    world_.Disk.Files["/q/HIST/H_3_050326_Serverraum.HST"] = historyBytes();
+}
+
+QStringList Fensterschau::run() {
+    mainWindow();
+    menus();
+    settings();
+    locks();
+    progress();
+    list();
+    history();
+    messageBox();
+    programm_->F2.Beenden();
+    return faults_;
+}
+
+void Fensterschau::take(QWidget& window, const char* name) {
+    QApplication::setActiveWindow(&window);
+    QTest::qWait(30);
+    for (const QString& text : allTextsFit(&window)) {
+        faults_ += QLatin1String(name) + QStringLiteral(" does not fit: ") + text;
+    }
+    const QString path = prefix_ + QLatin1String(name) + QStringLiteral(".png");
+    if (!window.isVisible() || !window.grab().save(path)) {
+        faults_ += QStringLiteral("no picture ") + path;
+    }
+}
+
+void Fensterschau::mainWindow() {
+    F2& f2 = programm_->F2;
+    f2.F2_Laden();
+    f2.Timer2.Stop();
+    f2.Label1.ForeColor = Lampe::Rot;
+    f2.Meldezeile.Text = programm_->kern.Zeile(91);
+    take(windows_->f2, "F2-red");
+    f2.Label1.ForeColor = Lampe::Gelb;
+    f2.Meldezeile.Text = std::string();
+    take(windows_->f2, "F2-yellow");
+    f2.Label1.ForeColor = Lampe::Gruen;
+    f2.Verbunden = 1;
+    f2.AdapterVersion = 12;
+    f2.Label7.Visible = true;
+    f2.Picture1.Visible = true;
+    take(windows_->f2, "F2");
+}
+
+void Fensterschau::menus() {
+    for (const auto& [menu, name] : {std::pair{"F2.Datei", "F2-file"}, std::pair{"F2.F2_Kalend", "F2-calendars"},
+                                     std::pair{"F2.F2_Schaltuhr", "F2-clocks"}}) {
+        auto* popup = windows_->f2.findChild<QMenu*>(QLatin1String(menu));
+        popup->popup(windows_->f2.mapToGlobal(QPoint(20, 20)));
+        take(*popup, name);
+        popup->close();
+    }
+}
+
+void Fensterschau::settings() {
+    programm_->F2.F2_Version_Click();
+    take(windows_->f1, "F1");
+    programm_->F1.OK_Click();
+    programm_->F2.F2_Sprache_Click();
+    take(windows_->f15, "F15");
+    programm_->F15.Cancel_Click();
+    programm_->F6.F6_Laden();
+    take(windows_->f6, "F6");
+    programm_->F6.Fenster.Visible = false;
+    programm_->F14.F14_Laden();
+    take(windows_->f14, "F14");
+    programm_->F14.Fenster.Visible = false;
+}
+
+void Fensterschau::locks() {
+    programm_->F13.F13_FormLaden();
+    programm_->F13.Timer1.Stop();
+    programm_->F13.Timer2.Stop();
+    programm_->F13.FGK13_Click(Lock, F13Column::Mark);
+    take(windows_->f13, "F13");
+    programm_->Lauf.link.Lauf.ReadHistoryFirst = 1;
+    programm_->Lauf.LockName = programm_->F13.FGK13.Text(Lock, F13Column::Name);
+    programm_->F11.F11_Laden(F11Opener::F13, "/46/108/1/2");
+    take(windows_->f11, "F11");
+    auto* month = windows_->f11.findChild<ui::MonthView*>();
+    windows_->f11.findChild<QPushButton*>(QStringLiteral("F11.CutoffDate"))->click();
+    take(*month, "F11-month");
+    month->close();
+    programm_->F11.Fenster.Visible = false;
+    programm_->F18.F18_Zeigen();
+    programm_->F18.Balken.Value = 136;
+    take(windows_->f18, "F18");
+    programm_->F18.F18_Schliessen();
+}
+
+void Fensterschau::progress() {
+    F9& f9 = programm_->F9;
+    programm_->Lauf.Daten.Units[0].Name = "Leser Serverraum";
+    f9.F9_Vorbereiten(140);
+    f9.F9_Zeigen();
+    f9.Stille.Stop();
+    programm_->Lauf.link.Lauf.ProgressValue = 64;
+    programm_->Lauf.link.Lauf.SecondProgress = 12;
+    f9.Fortschritt();
+    f9.StilleLabel.Text = programm_->kern.Zeile(274) + " 12 s";
+    f9.StilleLabel.Visible = true;
+    take(windows_->f9, "F9");
+    f9.Zustand_Zeigen(0x20, programm_->kern.Zeile(114));
+    f9.Ankreuzen(1);
+    f9.Fertig(110);
+    take(windows_->f9, "F9-finished");
+    f9.Fenster.Visible = false;
+    programm_->F13.Fenster.Visible = false;
+}
+
+void Fensterschau::list() {
+    F91& f91 = programm_->F91;
+    for (int row = 1; row <= 5; ++row) {
+        f91.Listenzeile_Uebernehmen(programm_->F13.FGK13, row, row);
+    }
+    programm_->Lauf.link.Lauf.RunRows = 5;
+    f91.F91_FormLaden(false);
+    f91.FGK91.SetText(1, F91Column::Mark, ListMark::Programmed);
+    f91.FGK91.SetText(2, F91Column::Mark, ListMark::Failed);
+    f91.FGK91.SetText(2, F91Column::StateText, programm_->kern.Zeile(70) + "  /  " + programm_->kern.Zeile(66));
+    f91.FGK91.SetText(3, F91Column::Mark, ListMark::Waiting);
+    take(windows_->f91, "F91");
+    programm_->F92.F92_Laden();
+    take(windows_->f92, "F92");
+    programm_->F92.Fenster.Visible = false;
+    f91.Fenster.Visible = false;
+}
+
+void Fensterschau::history() {
+    programm_->F7.F7_Oeffnen("/q/HIST/H_3_050326_Serverraum.HST");
+    take(windows_->f7, "F7");
+    programm_->F7.Toolbar1_ButtonClick("Suchen");
+    windows_->f8.findChild<QLineEdit*>(QStringLiteral("F8.Text1"))->setText(QStringLiteral("Conrad Lea"));
+    programm_->F8.Text1.Text = std::string("Conrad Lea");
+    take(windows_->f8, "F8");
+    programm_->F8.Command1_Click();
+    take(windows_->f7, "F7-found");
+    programm_->F7.Fenster.Visible = false;
+}
+
+void Fensterschau::messageBox() {
+    QMessageBox box;
+    boxes_.fill(box, {.Text = programm_->kern.Zeile(63),
+                      .Title = programm_->kern.Zeile(90),
+                      .Choice = Buttons::YesNoCancel,
+                      .Sign = Icon::Question,
+                      .DefaultButton = 2});
+    box.show();
+    take(box, "MessageBox");
+    box.hide();
+    QMessageBox told;
+    boxes_.fill(told, {.Text = programm_->kern.Zeile(180) + "\n\r" + programm_->kern.Zeile(181),
+                       .Title = std::string(SystemTitle),
+                       .Sign = Icon::Information});
+    told.show();
+    take(told, "MessageBox-two-lines");
+}
+
+} // namespace qvm::test
