@@ -13,8 +13,24 @@ namespace {
 struct Texte {
     std::string Since;
     std::string Date;
+    std::string At;
     std::string Erase = "keep";
 };
+
+/// "DD.MM.YYYY hh:mm"; nothing when the text is none.
+std::optional<DateTime> Zeitpunkt_Lesen(const std::string& text) {
+    const std::size_t blank = text.find(' ');
+    if (blank == std::string::npos) {
+        return std::nullopt;
+    }
+    const auto day = Datum_Lesen(text.substr(0, blank));
+    const auto minutes = Uhrzeit_Lesen(text.substr(blank + 1));
+    if (!day || !minutes) {
+        return std::nullopt;
+    }
+    return DateTime{
+        .Year = day->Year, .Month = day->Month, .Day = day->Day, .Hour = *minutes / 60, .Minute = *minutes % 60};
+}
 
 void Lauf_Optionen(CLI::App& command, Optionen& options, Texte& texts) {
     command.add_option("LOCK", options.Locks, "lock numbers, 1 to 200")->required()->check(CLI::Range(1, 200));
@@ -25,6 +41,11 @@ void Lauf_Optionen(CLI::App& command, Optionen& options, Texte& texts) {
         .add_option("--timeout", options.TimeoutSeconds,
                     "seconds of silence before the run is given up; 0 waits for ever (default: 30)")
         ->check(CLI::Range(0, 86400));
+}
+
+void Erase_Option(CLI::App& command, Texte& texts) {
+    command.add_option("--erase", texts.Erase, "fingerprints that the lock holds: keep (default) or wipe")
+        ->check(CLI::IsMember({"keep", "wipe"}));
 }
 
 void Ereignis_Optionen(CLI::App& command, Optionen& options, Texte& texts) {
@@ -44,9 +65,14 @@ void Befehle_Anlegen(CLI::App& app, Optionen& options, Texte& texts) {
     CLI::App* program = add("program", "program locks from the data files", Command::Program);
     Lauf_Optionen(*program, options, texts);
     program->add_flag("--history", options.HistoryFirst, "read the history before programming");
-    program->add_option("--erase", texts.Erase, "fingerprints that the lock holds: keep (default) or wipe")
-        ->check(CLI::IsMember({"keep", "wipe"}));
+    Erase_Option(*program, texts);
     Lauf_Optionen(*add("history", "read the history of locks", Command::History), options, texts);
+    CLI::App* run = add("run", "work a list of locks off, directly or through network adapters", Command::Run);
+    Lauf_Optionen(*run, options, texts);
+    Erase_Option(*run, texts);
+    run->add_flag("--history", options.HistoryFirst, "read the history before programming");
+    run->add_flag("--history-only", options.HistoryOnly, "read the history, program nothing")->excludes("--history");
+    run->add_option("--at", texts.At, "begin at this time, \"DD.MM.YYYY hh:mm\"");
     Ereignis_Optionen(*add("events", "print the events of history files", Command::Events), options, texts);
     add("dataset", "show what a lock would get; sends nothing", Command::Dataset)
         ->add_option("LOCK", options.Locks, "lock number, 1 to 200")
@@ -81,6 +107,12 @@ std::string Nachpruefen(Optionen& options, const Texte& texts, const Datum& toda
     if (options.Csv && options.Json) {
         return "--csv and --json exclude each other";
     }
+    if (!texts.At.empty()) {
+        options.At = Zeitpunkt_Lesen(texts.At);
+        if (!options.At) {
+            return "--at: " + texts.At + " is not a time DD.MM.YYYY hh:mm";
+        }
+    }
     if (!texts.Since.empty()) {
         options.Since = Datum_Lesen(texts.Since);
         if (!options.Since) {
@@ -89,7 +121,8 @@ std::string Nachpruefen(Optionen& options, const Texte& texts, const Datum& toda
         if (*options.Since > today) {
             return "--since: " + texts.Since + " lies in the future";
         }
-        if (options.Wanted == Command::Program && !options.HistoryFirst) {
+        const bool nothingRead = options.Wanted == Command::Program || options.Wanted == Command::Run;
+        if (nothingRead && !options.HistoryFirst && !options.HistoryOnly) {
             return "--since needs --history, as nothing is read without it";
         }
     }

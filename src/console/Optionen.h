@@ -9,7 +9,7 @@
 
 namespace qvm {
 
-enum class Command { Program, History, Events, Dataset, Export, Import, Check, Decode };
+enum class Command { Program, History, Run, Events, Dataset, Export, Import, Check, Decode };
 
 /// The command line, taken apart.
 struct Optionen {
@@ -19,10 +19,12 @@ struct Optionen {
     bool Json = false;
     std::string Trace; ///< --trace; empty: none
 
-    std::vector<int> Locks;     ///< program, history, dataset
-    bool HistoryFirst = false;  ///< program --history
-    std::optional<Datum> Since; ///< program, history
-    bool Keep = true;           ///< program --erase keep
+    std::vector<int> Locks;     ///< program, history, run, dataset
+    bool HistoryFirst = false;  ///< program --history, run --history
+    bool HistoryOnly = false;   ///< run --history-only
+    std::optional<DateTime> At; ///< run
+    std::optional<Datum> Since; ///< program, history, run
+    bool Keep = true;           ///< program --erase keep, run --erase keep
     std::string CodeFrom;       ///< a path, "-", or empty: ask on the terminal
     int TimeoutSeconds = 30;    ///< 0: wait for ever
     std::string File;           ///< export, import, decode

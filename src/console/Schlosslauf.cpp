@@ -170,22 +170,8 @@ void Schlosslauf::Anzeigen() {
 }
 
 LockEnd Schlosslauf::Ende_Bestimmen() const {
-    switch (program_.Lauf.Bericht.End) {
-    case RunOutcome::Done:
-        return LockEnd::Done;
-    case RunOutcome::Refused:
-        return LockEnd::Refused;
-    case RunOutcome::NotReached:
-        return LockEnd::NotReached;
-    case RunOutcome::GivenUp:
-        return program_.link.Lauf.Incomplete || program_.Lauf.Bericht.HistoryLost ? LockEnd::Failed : LockEnd::Busy;
-    case RunOutcome::NoPort:
-        return LockEnd::Fault;
-    case RunOutcome::Open:
-    case RunOutcome::Cancelled:
-        break;
-    }
-    return silent_ ? LockEnd::Silent : LockEnd::Cancelled;
+    const LockEnd end = Ende_Aus_Bericht(program_);
+    return end == LockEnd::Cancelled && silent_ ? LockEnd::Silent : end;
 }
 
 void Schlosslauf::Bericht_Fuellen(LockResult& result) const {
@@ -197,23 +183,47 @@ void Schlosslauf::Bericht_Fuellen(LockResult& result) const {
     } else if (result.End != LockEnd::Done) {
         result.Text = Anzeige_Aus_1252(report.Text);
     }
-    if (report.HistoryLost && (order_.HistoryOnly || order_.HistoryFirst)) {
+    Bericht_Uebernehmen(program_, order_.HistoryOnly, order_.HistoryOnly || order_.HistoryFirst, result);
+}
+
+LockEnd Ende_Aus_Bericht(const Programm& program) {
+    switch (program.Lauf.Bericht.End) {
+    case RunOutcome::Done:
+        return LockEnd::Done;
+    case RunOutcome::Refused:
+        return LockEnd::Refused;
+    case RunOutcome::NotReached:
+        return LockEnd::NotReached;
+    case RunOutcome::GivenUp:
+        return program.link.Lauf.Incomplete || program.Lauf.Bericht.HistoryLost ? LockEnd::Failed : LockEnd::Busy;
+    case RunOutcome::NoPort:
+        return LockEnd::Fault;
+    case RunOutcome::Open:
+    case RunOutcome::Cancelled:
+        break;
+    }
+    return LockEnd::Cancelled;
+}
+
+void Bericht_Uebernehmen(const Programm& program, bool historyOnly, bool historyWanted, LockResult& result) {
+    const RunReport& report = program.Lauf.Bericht;
+    if (report.HistoryLost && historyWanted) {
         result.Faults.emplace_back("the history could not be written");
     }
     if (report.ChannelUnsaved) {
         result.Faults.emplace_back("the radio channel could not be recorded");
     }
-    if (program_.link.Lauf.HistoryFileOpen != 0) {
+    if (program.link.Lauf.HistoryFileOpen != 0) {
         // A directory in UTF-8 and a name in code page 1252, which the platform puts on the disk as UTF-8.
-        const std::string& path = program_.link.Lauf.HistoryFileName;
-        const std::size_t name = program_.kern.HistPfad().size();
+        const std::string& path = program.link.Lauf.HistoryFileName;
+        const std::size_t name = program.kern.HistPfad().size();
         result.HistoryFile = path.substr(0, name) + NachUtf8(path.substr(name));
     }
-    if (order_.HistoryOnly) {
+    if (historyOnly) {
         return;
     }
     for (std::size_t n = 0; n < report.Units.size(); ++n) {
-        const ProgUnit& unit = program_.Lauf.Daten.Units[n];
+        const ProgUnit& unit = program.Lauf.Daten.Units[n];
         if (unit.Present) {
             result.Units.push_back({.Name = Anzeige_Aus_1252(unit.Name),
                                     .End = report.Units[n].End,

@@ -60,6 +60,11 @@ std::string_view Ende_Wort(LockEnd end);
 /// The exit code of one lock.
 ExitCode Ende_Code(const LockResult& result);
 
+/// What a run's report says of its end. Open and Cancelled are Cancelled.
+LockEnd Ende_Aus_Bericht(const Programm& program);
+/// Faults, history file and units of the run that ended last, into `result`.
+void Bericht_Uebernehmen(const Programm& program, bool historyOnly, bool historyWanted, LockResult& result);
+
 /// Runs one lock after the other through the handlers of F13, F11 and F9, as an operator would. One lives while the
 /// locks of a command are worked off.
 class Schlosslauf {

@@ -141,5 +141,19 @@ TEST_F(BinaryTerminal, a_code_typed_into_standard_input_is_not_echoed) {
     EXPECT_THAT(session.Shown, Not(HasSubstr("104212")));
 }
 
+TEST_F(BinaryTerminal, a_list_is_a_table_that_changes_in_place) {
+    TerminalSession session({"--dir", Locks.Directory.Path(), "run", "1", "2"});
+    ASSERT_TRUE(session.WaitFor("Administrator code: "));
+    session.Type("104212\n");
+    EXPECT_EQ(session.End(), 0);
+    // Two rows and the line below them are drawn anew.
+    EXPECT_THAT(session.Shown, HasSubstr("\r\x1B[3A\x1B[J"));
+    EXPECT_THAT(session.Shown, HasSubstr("1   Tor                  00.0A.10.01  *  Entries checked\r\n"
+                                         "2   Leer                 00.0A.10.02  *  Entries checked\r\n"
+                                         "Lock 1: "));
+    EXPECT_THAT(session.Shown, HasSubstr("1   Tor                  00.0A.10.01  >> Programmed\r\n"
+                                         "2   Leer                 00.0A.10.02  >> Programmed\r\n"));
+}
+
 } // namespace
 } // namespace qvm

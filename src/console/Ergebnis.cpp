@@ -1,0 +1,95 @@
+#include "Ergebnis.h"
+
+#include "Ereignisse.h"
+
+#include <algorithm>
+#include <iomanip>
+#include <nlohmann/json.hpp>
+#include <ostream>
+
+namespace qvm {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+std::string_view Unit_Wort(const LockResult::Unit& unit) {
+    switch (unit.End) {
+    case UnitReport::State::Done:
+        return "done";
+    case UnitReport::State::Failed:
+        return unit.Refused ? "refused" : "failed";
+    case UnitReport::State::Untried:
+        break;
+    }
+    return "untried";
+}
+
+HistoryFile Historie_Datei(const Umgebung& world, const std::string& path) {
+    std::string bytes;
+    if (path.empty() || world.Welt.Files.ReadAll(path, bytes) != ReadStatus::Ok) {
+        return {};
+    }
+    return Historie_Lesen(bytes);
+}
+
+} // namespace
+
+Json Ergebnis_Json(const Umgebung& world, const LockResult& result) {
+    Json json{{"lock", result.Lock},
+              {"name", result.Name},
+              {"serial", result.Serial},
+              {"result", Ende_Wort(result.End)},
+              {"exit", static_cast<int>(Ende_Code(result))},
+              {"text", result.Text},
+              {"faults", result.Faults},
+              {"messages", result.Messages},
+              {"telegrams", result.Telegrams},
+              {"seconds", result.Seconds}};
+    Json units = Json::array();
+    for (const LockResult::Unit& unit : result.Units) {
+        units.push_back({{"name", unit.Name}, {"result", Unit_Wort(unit)}, {"note", unit.Note}});
+    }
+    json["units"] = units;
+    if (!result.HistoryFile.empty()) {
+        json["historyFile"] = result.HistoryFile;
+        json["events"] = Historie_Json(Historie_Datei(world, result.HistoryFile));
+    }
+    return json;
+}
+
+void Ergebnis_Text(const Umgebung& world, const Console& console, const LockResult& result, bool historyOnly) {
+    std::ostream& out = console.Out;
+    out << "Lock " << result.Lock << " \"" << result.Name << "\" " << result.Serial << ": "
+        << Ende_Text(result.End, historyOnly);
+    if (result.Telegrams > 0) {
+        out << ", " << result.Telegrams << (result.Telegrams == 1 ? " telegram in " : " telegrams in ") << std::fixed
+            << std::setprecision(1) << result.Seconds << " s";
+    }
+    out << (result.Text.empty() ? "" : ": ") << result.Text << "\n";
+    for (const std::string& fault : result.Faults) {
+        out << "  " << fault << "\n";
+    }
+    for (const LockResult::Unit& unit : result.Units) {
+        out << "  unit \"" << unit.Name << "\": " << Unit_Wort(unit) << (unit.Note.empty() ? "" : ", ") << unit.Note
+            << "\n";
+    }
+    if (!result.HistoryFile.empty()) {
+        out << "  history: " << Anzeigetext(result.HistoryFile) << "\n";
+        if (historyOnly) {
+            out << Historie_Tabelle(Historie_Datei(world, result.HistoryFile));
+        }
+    } else if (historyOnly && result.End == LockEnd::Done && result.Faults.empty()) {
+        out << "  the lock's history is empty\n";
+    }
+    out.flush();
+}
+
+ExitCode Gesamtcode(const std::vector<LockResult>& results) {
+    const ExitCode first = Ende_Code(results.front());
+    const bool same = std::all_of(results.begin(), results.end(),
+                                  [first](const LockResult& result) { return Ende_Code(result) == first; });
+    return same ? first : ExitCode::SomeFailed;
+}
+
+} // namespace qvm

@@ -1,0 +1,273 @@
+#include "Reihenlauf.h"
+
+#include "Text.h"
+
+#include <algorithm>
+
+namespace qvm {
+
+namespace {
+
+constexpr int WatchMs = 100;
+/// How long the answer to a cancel is waited for.
+constexpr int CancelMs = 3000;
+
+} // namespace
+
+Reihenlauf::Reihenlauf(Programm& program, const LaufAuftrag& order, const std::optional<DateTime>& at, Tafel& table)
+    : program_(program), order_(order), at_(at), table_(table), watch_(program.kern.Welt, WatchMs),
+      shownBefore_(program.kern.Welt.ShowMessage) {
+    program_.kern.Welt.ShowMessage = [this](const Message& message) { return Antworten(message); };
+    watch_.Ticked = [this] { Tick(); };
+    program_.F91.Zeile_Beginnt = [this](int row) { Zeile_Beginnt(row); };
+    program_.F91.Zeile_Fertig = [this](int row) { Zeile_Fertig(row); };
+    program_.F13.F13_FormLaden();
+    // Nobody moves a mouse over the grid.
+    program_.F13.Timer1.Stop();
+    program_.F13.Timer2.Stop();
+}
+
+Reihenlauf::~Reihenlauf() {
+    program_.kern.Welt.ShowMessage = shownBefore_;
+    program_.F91.Zeile_Beginnt = {};
+    program_.F91.Zeile_Fertig = {};
+    program_.F91.Command1_Click();
+    if (program_.kern.Welt.Port.IsOpen()) {
+        program_.kern.Welt.Port.SetRts(false);
+        program_.kern.Welt.Port.Close();
+    }
+}
+
+Answer Reihenlauf::Antworten(const Message& message) {
+    if (message.Choice == Buttons::YesNoCancel) {
+        const bool delay = message.Text == program_.kern.Zeile(269);
+        return (delay ? at_.has_value() : order_.HistoryFirst) ? Answer::Yes : Answer::No;
+    }
+    if (message.Choice != Buttons::Ok) {
+        return message.Choice == Buttons::YesNo ? Answer::No : Answer::Ok;
+    }
+    const std::string text = Anzeige_Aus_1252(message.Text);
+    if (!text.empty()) {
+        messages_.push_back(text);
+        table_.Meldung(text);
+    }
+    return Answer::Ok;
+}
+
+bool Reihenlauf::Starten(const std::vector<int>& locks) {
+    F13& grid = program_.F13;
+    F11& dialog = program_.F11;
+    for (const int lock : locks) {
+        grid.FGK13.SetText(lock, F13Column::Mark, "X");
+    }
+    grid.Toolbar1_ButtonClick(order_.HistoryOnly ? "SaveHistory" : "Prog.");
+    if (!dialog.Fenster.Visible) {
+        return false;
+    }
+    dialog.Check1.Checked = order_.Keep;
+    if (order_.Since) {
+        dialog.Datum_Waehlen(*order_.Since);
+    }
+    for (const char character : order_.Code) {
+        dialog.Text1_KeyPress(static_cast<unsigned char>(character));
+    }
+    dialog.OK_Click();
+    if (at_ && program_.F92.Fenster.Visible) {
+        program_.F92.Tag_Waehlen({.Year = at_->Year, .Month = at_->Month, .Day = at_->Day});
+        program_.F92.Zeit_Waehlen(at_->Hour, at_->Minute);
+        program_.F92.OK_Click();
+    }
+    return program_.F91.Laeuft();
+}
+
+std::vector<LockResult> Reihenlauf::Ausfuehren(const std::vector<int>& locks,
+                                               const std::function<void(const LockResult&)>& tell) {
+    std::vector<int> ordered = locks;
+    std::sort(ordered.begin(), ordered.end());
+    tell_ = tell;
+    std::vector<std::string> lines;
+    for (const int lock : ordered) {
+        LockResult result;
+        result.Lock = lock;
+        result.Name = Anzeige_Aus_1252(program_.F13.FGK13.Text(lock, F13Column::Name));
+        result.Serial = Anzeige_Aus_1252(program_.F13.FGK13.Text(lock, F13Column::Serial));
+        results_.push_back(result);
+    }
+    ways_.assign(ordered.size(), {});
+    const bool running = Starten(ordered);
+    for (std::size_t n = 0; n < results_.size(); ++n) {
+        lines.push_back(Zeile(static_cast<int>(n) + 1));
+    }
+    table_.Beginnen(lines);
+    if (running) {
+        watch_.Start();
+        while (program_.F91.Laeuft() || !program_.Lauf.Gesamtende) {
+            program_.kern.Welt.ProcessEvents();
+        }
+        watch_.Stop();
+    }
+    Anzeigen();
+    table_.Beenden();
+    Erzaehlen(true);
+    return results_;
+}
+
+void Reihenlauf::Zeile_Beginnt(int row) {
+    if (ways_[static_cast<std::size_t>(row - 1)].empty()) {
+        rowBegun_ = program_.kern.Welt.Milliseconds();
+        telegramsBefore_ = telegrams_;
+        messages_.clear();
+    }
+    silent_ = false;
+    ways_[static_cast<std::size_t>(row - 1)] = program_.F91.Arbeit() == F91::Work::Network ? "network" : "direct";
+    Anzeigen();
+}
+
+LockEnd Reihenlauf::Ende_Bestimmen(const std::string& mark, int row) const {
+    const Kern& kern = program_.kern;
+    const std::string& text = program_.F91.FGK91.Text(row, F91Column::StateText);
+    if (mark == ListMark::PassedOver) {
+        return LockEnd::Fault;
+    }
+    if (mark != ListMark::Failed) {
+        return LockEnd::Done;
+    }
+    if (silent_) {
+        return LockEnd::Silent;
+    }
+    if (text == kern.Zeile(82)) {
+        return LockEnd::Cancelled;
+    }
+    if (program_.F91.Arbeit() == F91::Work::Direct) {
+        return Ende_Aus_Bericht(program_);
+    }
+    return text == kern.Zeile(276) ? LockEnd::Fault : text == kern.Zeile(277) ? LockEnd::Failed : LockEnd::NotReached;
+}
+
+std::string Reihenlauf::Grund(const LockResult& result, int row) const {
+    if (result.End == LockEnd::Done) {
+        return {};
+    }
+    if (result.End == LockEnd::Silent) {
+        return order_.TimeoutSeconds > 0 && program_.F91.Arbeit() == F91::Work::Direct
+                   ? "no answer for " + std::to_string(order_.TimeoutSeconds) + " s"
+                   : "no answer from the network adapter";
+    }
+    const std::string& text = program_.F91.FGK91.Text(row, F91Column::StateText);
+    // That it was passed over says less than why.
+    const bool passed = text == program_.kern.Zeile(261) && !program_.F91.Pruefergebnis(row).empty();
+    return Anzeige_Aus_1252(passed ? program_.F91.Pruefergebnis(row) : text);
+}
+
+void Reihenlauf::Zeile_Fertig(int row) {
+    if (row < 1 || row > static_cast<int>(results_.size())) {
+        return;
+    }
+    LockResult& result = Ergebnis(row);
+    const std::string& mark = program_.F91.FGK91.Text(row, F91Column::Mark);
+    result.End = Ende_Bestimmen(mark, row);
+    result.Text = Grund(result, row);
+    result.Faults.clear();
+    const F91::Work work = program_.F91.Arbeit();
+    if (work != F91::Work::None) {
+        result.Units.clear();
+        Bericht_Uebernehmen(program_, order_.HistoryOnly || work == F91::Work::Network,
+                            order_.HistoryOnly || order_.HistoryFirst, result);
+        if (work == F91::Work::Network && program_.link.Lauf.HistoryLost) {
+            result.Faults.emplace_back("the history could not be written");
+        }
+        result.Seconds = static_cast<double>(program_.kern.Welt.Milliseconds() - rowBegun_) / 1000.0;
+        result.Telegrams = telegrams_ - telegramsBefore_;
+        result.Messages = messages_;
+    }
+    Anzeigen();
+}
+
+std::string_view Reihenlauf::Weg(int lock) const {
+    for (std::size_t n = 0; n < results_.size(); ++n) {
+        if (results_[n].Lock == lock) {
+            return ways_[n];
+        }
+    }
+    return {};
+}
+
+void Reihenlauf::Erzaehlen(bool all) {
+    // A row that was read may still be programmed: it stands once the list has gone on.
+    const int done = all ? static_cast<int>(results_.size()) : program_.link.Lauf.RunRow - 1;
+    while (static_cast<int>(told_) < std::min(done, static_cast<int>(results_.size()))) {
+        tell_(results_[told_++]);
+    }
+}
+
+void Reihenlauf::Tick() {
+    Anzeigen();
+    if (program_.link.Lauf.RunRows != 0) {
+        Erzaehlen(false);
+    }
+    const std::int64_t now = program_.kern.Welt.Milliseconds();
+    const int interrupts = order_.Interrupts ? order_.Interrupts() : 0;
+    if (interrupts > interrupts_) {
+        interrupts_ = interrupts;
+        Abbrechen(cancelling_);
+    }
+    const bool waits = order_.TimeoutSeconds > 0 && !cancelling_;
+    const bool mute = program_.F91.Arbeit() == F91::Work::Direct &&
+                      Lauf_Stille(program_.Lauf) >= std::int64_t{1000} * order_.TimeoutSeconds;
+    if (waits && (mute || program_.F91.Steht)) {
+        silent_ = true;
+        program_.F91.Zeile_Aufgeben();
+        silent_ = false;
+    }
+    if (cancelling_ && now - cancelSince_ >= CancelMs && !program_.Lauf.Gesamtende) {
+        program_.F9.Command2_Click();
+    }
+}
+
+void Reihenlauf::Abbrechen(bool again) {
+    table_.Meldung(again ? "Giving up." : "Cancelling; once more Ctrl-C gives up at once.");
+    cancelling_ = true;
+    cancelSince_ = program_.kern.Welt.Milliseconds() - (again ? CancelMs : 0);
+    if (program_.F91.Arbeit() == F91::Work::Direct) {
+        program_.F9.Command1_Click();
+    } else {
+        program_.F91.Command2_Click();
+    }
+}
+
+std::string Reihenlauf::Zeile(int row) const {
+    const Grid& list = program_.F91.FGK91;
+    const LockResult& result = results_[static_cast<std::size_t>(row - 1)];
+    const auto padded = [](std::string text, std::size_t width) {
+        const auto characters = static_cast<std::size_t>(std::count_if(
+            text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
+        return text + std::string(width - std::min(width, characters), ' ');
+    };
+    return padded(std::to_string(result.Lock), 4) + padded(result.Name, 21) + padded(result.Serial, 13) +
+           padded(Anzeige_Aus_1252(list.Text(row, F91Column::Mark)), 3) +
+           Anzeige_Aus_1252(list.Text(row, F91Column::StateText));
+}
+
+std::string Reihenlauf::Fuss() const {
+    const F91& list = program_.F91;
+    if (list.RestLabel.Visible) {
+        return Anzeige_Aus_1252(list.StartLabel.Text() + "   " + list.RestLabel.Text());
+    }
+    if (list.Arbeit() == F91::Work::Direct) {
+        const RunState& run = program_.link.Lauf;
+        const int percent = run.ProgressMaximum > 0 ? 100 * run.ProgressValue / run.ProgressMaximum : 0;
+        const std::int64_t silence = Lauf_Stille(program_.Lauf) / 5000 * 5;
+        return "Lock " + std::to_string(program_.Lauf.LockNumber) + ": " + std::to_string(percent) + " %" +
+               (silence > 0 ? "  no answer for " + std::to_string(silence) + " s" : "");
+    }
+    return Anzeige_Aus_1252(list.StatusLabel.Text());
+}
+
+void Reihenlauf::Anzeigen() {
+    for (int row = 1; row <= static_cast<int>(results_.size()); ++row) {
+        table_.Setzen(static_cast<std::size_t>(row - 1), Zeile(row));
+    }
+    table_.Fusszeile(Fuss());
+}
+
+} // namespace qvm
