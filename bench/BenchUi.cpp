@@ -1,0 +1,129 @@
+// Opens the program's windows and prints when they were painted, what they hold, and what the idle program uses.
+//
+//   bench_ui FOLDER [SECONDS]    a program folder with data and language files; how long to idle (default 10; 0: only
+//   the start)
+//
+// The first line is the time of the first painting on the system's monotonic clock in nanoseconds, so that whoever
+// starts this program can tell how long the start took. bench/measure_ui.py does.
+#include "Oberflaeche.h"
+#include "QtPlatform.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QEvent>
+#include <QTimer>
+
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <functional>
+#include <string>
+#include <sys/resource.h>
+#include <utility>
+
+namespace {
+
+/// Calls back once, after the window's next painting has reached the screen.
+class AfterPaint : public QObject {
+public:
+    AfterPaint(QWidget& window, std::function<void()> done) : QObject(&window), done_(std::move(done)) {
+        window.installEventFilter(this);
+    }
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        if (event->type() == QEvent::Paint && done_) {
+            QTimer::singleShot(0, qApp, std::exchange(done_, {}));
+        }
+        return false;
+    }
+
+private:
+    std::function<void()> done_;
+};
+
+std::string residentMemory() {
+    std::ifstream status("/proc/self/status");
+    std::string line;
+    while (std::getline(status, line) && line.rfind("VmRSS:", 0) != 0) {
+    }
+    return line;
+}
+
+double processorSeconds() {
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    const auto seconds = [](const timeval& time) {
+        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+    };
+    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
+}
+
+struct Bench {
+    qvm::Programm& programm;
+    qvm::ui::Oberflaeche& windows;
+    int IdleSeconds = 10;
+    QElapsedTimer clock;
+
+    void Begin() {
+        new AfterPaint(windows.f2, [this] { MainPainted(); });
+        programm.F2.F2_Laden();
+    }
+    void MainPainted() {
+        const auto now = std::chrono::steady_clock::now().time_since_epoch();
+        std::printf("%lld\n",
+                    static_cast<long long>(std::chrono::duration_cast<std::chrono::nanoseconds>(now).count()));
+        QTimer::singleShot(IdleSeconds == 0 ? 0 : 3000, qApp,
+                           [this] { Idle("the main window", [this] { OpenLocks(); }); });
+    }
+    void OpenLocks() {
+        clock.start();
+        new AfterPaint(windows.f13, [this] {
+            std::printf("F13 painted after %.1f ms\n", static_cast<double>(clock.nsecsElapsed()) / 1e6);
+            OpenRest();
+        });
+        programm.F13.F13_FormLaden();
+    }
+    void OpenRest() {
+        programm.F11.F11_Laden(qvm::F11Opener::F13, "");
+        programm.F6.F6_Laden();
+        QTimer::singleShot(1000, qApp, [this] {
+            std::printf("F2, F13, F11 and F6 open, %s\n", residentMemory().c_str());
+            Idle("all four", [] { QApplication::exit(0); });
+        });
+    }
+    void Idle(const char* what, std::function<void()> then) {
+        if (IdleSeconds == 0) {
+            QApplication::exit(0);
+            return;
+        }
+        const double before = processorSeconds();
+        QTimer::singleShot(IdleSeconds * 1000, qApp, [this, what, before, next = std::move(then)] {
+            std::printf("idle with %s: %.2f %% of a core\n", what, 100 * (processorSeconds() - before) / IdleSeconds);
+            next();
+        });
+    }
+};
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("qvm7702-bench"));
+    QApplication::setQuitOnLastWindowClosed(false);
+    if (argc < 2) {
+        std::fputs("bench_ui FOLDER [SECONDS]\n", stderr);
+        return 2;
+    }
+    qvm::PlatformOptions options;
+    options.Directory = argv[1];
+    qvm::QtPlatform platform(std::move(options));
+    qvm::Programm programm(platform.World(), argv[1]);
+    if (qvm::Programm_Start(programm, true) != qvm::StartResult::Started) {
+        return 1;
+    }
+    qvm::ui::Oberflaeche windows(programm);
+    Bench bench{
+        .programm = programm, .windows = windows, .IdleSeconds = argc > 2 ? std::atoi(argv[2]) : 10, .clock = {}};
+    QTimer::singleShot(0, &application, [&bench] { bench.Begin(); });
+    return QApplication::exec();
+}
