@@ -12,7 +12,7 @@ trap cleanup EXIT
 trap 'exit 130' INT TERM
 
 say "The demonstration installation, with a virtual adapter and virtual locks behind a serial device"
-make_installation
+make_installation >/dev/null
 start_simulator
 cp "$bin/src/qvm7702" "$place/"
 
@@ -20,7 +20,7 @@ say "The program is open. What to try:"
 cat <<'TEXT'
    1. Wait some seconds: the light turns from yellow to green by itself, and the tool bar comes alive.
    2. "Program locks", then the program cell of a lock: a click, or the arrow keys and Return.
-   3. Answer the question on the history, type the administrator code 123456, press OK, and watch the progress.
+   3. Answer the questions, type the administrator code 123456, press OK, and watch the progress.
    4. File > Language changes all words at once. File > Exit ends the program.
 TEXT
 # The program looks for its files beside itself.
