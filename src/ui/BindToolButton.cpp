@@ -12,13 +12,11 @@
 namespace qvm::ui {
 namespace {
 
-/// In two lines of about the same length, cut at a blank. One line keeps room for a second, so that all icons of a bar
-/// stand on one height.
+/// In two lines of about the same length, cut at a blank.
 QString inTwoLines(const QString& text) {
     constexpr int Short = 12;
-    const QString oneLine = text + QStringLiteral("\n\u00A0");
     if (text.size() <= Short) {
-        return oneLine;
+        return text;
     }
     const auto middle = static_cast<int>(text.size() / 2);
     int best = -1;
@@ -27,7 +25,7 @@ QString inTwoLines(const QString& text) {
             best = n;
         }
     }
-    return best < 0 ? oneLine : text.left(best) + QLatin1Char('\n') + text.mid(best + 1);
+    return best < 0 ? text : text.left(best) + QLatin1Char('\n') + text.mid(best + 1);
 }
 
 /// As soon as one caption of the bar takes two lines all do, so that the icons stand in one row.
