@@ -34,7 +34,10 @@ QString toQtFilter(std::string_view filter) {
     for (qsizetype n = 0; n + 1 < parts.size(); n += 2) {
         const QString patterns = parts[n + 1].simplified().replace(QLatin1Char(';'), QLatin1Char(' '));
         if (!patterns.isEmpty()) {
-            filters += QStringLiteral("%1 (%2)").arg(parts[n].trimmed(), patterns);
+            // A text that names its pattern itself must not show it twice.
+            const QString bracket = QStringLiteral("(%1)").arg(patterns);
+            const QString text = parts[n].trimmed();
+            filters += text.endsWith(bracket) ? text : text + QLatin1Char(' ') + bracket;
         }
     }
     return filters.join(QStringLiteral(";;"));

@@ -172,6 +172,7 @@ TEST_F(Message_Boxes, show_an_arrow_over_the_hourglass) {
 TEST(File_Dialogs, read_the_filter_as_the_system_writes_it) {
     EXPECT_EQ(ui::toQtFilter("Historie|*.HST|"), QStringLiteral("Historie (*.HST)"));
     EXPECT_EQ(ui::toQtFilter("Historie|*.HST"), QStringLiteral("Historie (*.HST)"));
+    EXPECT_EQ(ui::toQtFilter("Vorgangsdateien (*.HST)|*.HST|"), QStringLiteral("Vorgangsdateien (*.HST)"));
     EXPECT_EQ(ui::toQtFilter("Text|*.TXT;*.CSV|Alle|*.*|"), QStringLiteral("Text (*.TXT *.CSV);;Alle (*.*)"));
     EXPECT_EQ(ui::toQtFilter(u8"Schlösser|*.SNA|"_w), QString::fromUtf8("Schlösser (*.SNA)"));
     EXPECT_EQ(ui::toQtFilter(""), QString());
