@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QEvent>
 #include <QScreen>
+#include <QWindow>
 
 #include <algorithm>
 #include <utility>
@@ -52,18 +53,40 @@ private:
     QWidget* window_;
 };
 
+/// Lets a window belong to the run list while that is open, else to the window that it was made for.
+class ListOwner : public QObject {
+public:
+    ListOwner(QWidget* window, QWidget* list) : QObject(window), window_(window), list_(list) {
+        window->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Show && !event->spontaneous() && window_->windowHandle() != nullptr) {
+            const QWidget* owner = list_->isVisible() ? list_ : window_->parentWidget();
+            window_->windowHandle()->setTransientParent(owner != nullptr ? owner->windowHandle() : nullptr);
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    QWidget* window_;
+    QWidget* list_;
+};
+
 } // namespace
 
 Oberflaeche::Oberflaeche(Programm& programm)
     : f2(programm.F2), f1(programm.F1, &f2), f15(programm.F15, &f2), f6(programm.F6, &f2), f7(programm.F7),
       f8(programm.F8, &f7), f14(programm.F14, &f2), f13(programm.F13), f11(programm.F11, &f13), f9(programm.F9, &f13),
-      f18(programm.F18, &f13), programm_(programm) {
+      f18(programm.F18, &f13), f91(programm.F91), f92(programm.F92, &f91), programm_(programm) {
     connectMainWindow();
     connectWords();
     for (QWidget* window : {static_cast<QWidget*>(&f6), static_cast<QWidget*>(&f7), static_cast<QWidget*>(&f14),
-                            static_cast<QWidget*>(&f13)}) {
+                            static_cast<QWidget*>(&f13), static_cast<QWidget*>(&f91)}) {
         new Placement(window, place_);
     }
+    new ListOwner(&f9, &f91);
+    new ListOwner(&f18, &f91);
     for (QWidget* dialog : {static_cast<QWidget*>(&f1), static_cast<QWidget*>(&f15), static_cast<QWidget*>(&f11),
                             static_cast<QWidget*>(&f9), static_cast<QWidget*>(&f18)}) {
         new Centring(dialog);

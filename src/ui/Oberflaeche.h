@@ -10,6 +10,8 @@
 #include "F6Window.h"
 #include "F7Window.h"
 #include "F8Window.h"
+#include "F91Window.h"
+#include "F92Window.h"
 #include "F9Window.h"
 #include "Programm.h"
 
@@ -38,6 +40,8 @@ public:
     F11Window f11;
     F9Window f9;
     F18Window f18;
+    F91Window f91;
+    F92Window f92;
 
 private:
     void connectMainWindow();

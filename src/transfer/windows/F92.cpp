@@ -64,7 +64,7 @@ void F92::Tag_Waehlen(const Datum& day) {
     if (Datum_Gueltig(day)) {
         Tag = day;
         Rufen_Tag();
-        Listen_Click();
+        Kopf_Setzen();
     }
 }
 
@@ -72,11 +72,11 @@ void F92::Zeit_Waehlen(int hour, int minute) {
     if (hour >= 0 && hour < Hours && minute >= 0 && minute < MinutesOfHour) {
         Stunden.Selected = hour;
         Minuten.Selected = minute;
-        Listen_Click();
+        Kopf_Setzen();
     }
 }
 
-void F92::Listen_Click() {
+void F92::Kopf_Setzen() {
     Kopf.Text = Startzeit_Text(Zeitpunkt());
 }
 

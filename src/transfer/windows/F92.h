@@ -36,8 +36,6 @@ struct F92 {
     void Tag_Waehlen(const Datum& day);
     /// Hour 0 to 23 and minute 0 to 59; others change nothing.
     void Zeit_Waehlen(int hour, int minute);
-    /// The selection of a list has changed.
-    void Listen_Click();
     void OK_Click();
     /// The frame's close button.
     void Schliessen_Click();
@@ -45,6 +43,7 @@ struct F92 {
 private:
     DateTime Zeitpunkt() const;
     void Rufen_Tag() const;
+    void Kopf_Setzen();
 };
 
 } // namespace qvm

@@ -1,0 +1,102 @@
+#include "F91Window.h"
+
+#include "GridView.h"
+#include "TextEdge.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace qvm::ui {
+namespace {
+
+namespace Col = F91Column;
+
+constexpr int FrozenColumns = 2; ///< number and name
+
+/// What comes and goes keeps its room, so that nothing jumps.
+void keepRoom(QWidget* widget) {
+    QSizePolicy policy = widget->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    widget->setSizePolicy(policy);
+}
+
+} // namespace
+
+F91Window::F91Window(F91& f91, QWidget* parent)
+    : WindowBase(f91.Fenster, QStringLiteral("F91"), Qt::Window, parent), f91_(f91) {
+    content()->setContentsMargins(12, 12, 12, 12);
+    content()->setSpacing(8);
+    makeGrid();
+    makeState();
+    makeButtons();
+    setMinimumSize(520, 340);
+    resize(780, 520);
+    grid_->setFocus();
+    finish({.onClose = [this] { leave(); }, .onEscape = {}});
+}
+
+F91Window::~F91Window() {
+    f91_.Zeile_Zeigen = {};
+}
+
+void F91Window::leave() {
+    f91_.Command1.Enabled ? f91_.Command1_Click() : f91_.Command2_Click();
+}
+
+void F91Window::makeGrid() {
+    grid_ = new GridView(f91_.FGK91, this);
+    nameWidget(grid_, QStringLiteral("F91.FGK91"), QStringLiteral("QVM 7702"));
+    GridModel& model = grid_->gridModel();
+    model.setAlignment(Col::Number, Qt::AlignRight | Qt::AlignVCenter);
+    model.setAlignment(Col::Mark, Qt::AlignCenter);
+    grid_->setColumns({650, 3500, 2000, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 600, 4500}, Col::StateText);
+    grid_->setFrozenColumns(FrozenColumns);
+    f91_.Zeile_Zeigen = [this](int row) { grid_->setCurrentCell(row, Col::StateText); };
+    content()->addWidget(grid_, 1);
+}
+
+void F91Window::makeState() {
+    auto* status = new QLabel(this);
+    bind(f91_.StatusLabel, status, QStringLiteral("F91.StatusLabel"));
+    QFont bold = status->font();
+    bold.setBold(true);
+    status->setFont(bold);
+    status->setMinimumHeight(status->fontMetrics().lineSpacing() + 2);
+    keepRoom(status);
+    auto* bar = new QProgressBar(this);
+    bind(f91_.Balken, bar, QStringLiteral("F91.Balken"));
+    bar->setTextVisible(false);
+    bar->setAccessibleName(bar->objectName());
+    keepRoom(bar);
+    content()->addWidget(status);
+    content()->addWidget(bar);
+    auto* times = new QHBoxLayout;
+    times->setSpacing(24);
+    const std::pair<Label*, const char*> labels[] = {
+        {&f91_.StartLabel, "F91.StartLabel"}, {&f91_.JetztLabel, "F91.JetztLabel"}, {&f91_.RestLabel, "F91.RestLabel"}};
+    for (const auto& [model, name] : labels) {
+        auto* label = new QLabel(this);
+        bind(*model, label, QString::fromLatin1(name));
+        keepRoom(label);
+        times->addWidget(label);
+    }
+    times->addStretch();
+    content()->addLayout(times);
+}
+
+void F91Window::makeButtons() {
+    auto* stop = new QPushButton(this);
+    bind(f91_.Command2, stop, QStringLiteral("F91.Command2"), [this] { f91_.Command2_Click(); });
+    auto* close = new QPushButton(this);
+    bind(f91_.Command1, close, QStringLiteral("F91.Command1"), [this] { f91_.Command1_Click(); });
+    auto* row = new QHBoxLayout;
+    row->addStretch();
+    row->addWidget(stop);
+    row->addWidget(close);
+    content()->addLayout(row);
+}
+
+} // namespace qvm::ui

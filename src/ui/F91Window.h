@@ -1,0 +1,29 @@
+#pragma once
+
+#include "F91.h"
+#include "WindowBase.h"
+
+namespace qvm::ui {
+
+class GridView;
+
+/// F91 on the screen: the run list.
+class F91Window : public WindowBase {
+    Q_OBJECT
+
+public:
+    explicit F91Window(F91& f91, QWidget* parent = nullptr);
+    ~F91Window() override;
+
+private:
+    void makeGrid();
+    void makeState();
+    void makeButtons();
+    /// Closes the window, or stops the list while it cannot be closed.
+    void leave();
+
+    F91& f91_;
+    GridView* grid_ = nullptr;
+};
+
+} // namespace qvm::ui

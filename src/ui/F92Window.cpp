@@ -1,0 +1,87 @@
+#include "F92Window.h"
+
+#include "MonthView.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace qvm::ui {
+
+F92Window::F92Window(F92& f92, QWidget* parent)
+    : WindowBase(f92.Fenster, QStringLiteral("F92"), Qt::Dialog, parent), f92_(f92) {
+    content()->setContentsMargins(20, 18, 20, 16);
+    content()->setSpacing(12);
+    makeHead();
+    makeChoice();
+    makeButton();
+    const auto close = [this] { f92_.Schliessen_Click(); };
+    finish({.onClose = close, .onEscape = close}, false);
+}
+
+F92Window::~F92Window() {
+    f92_.Tag_Geaendert = {};
+}
+
+void F92Window::makeHead() {
+    auto* head = new QLabel(this);
+    bind(f92_.Kopf, head, QStringLiteral("F92.Kopf"));
+    QFont large = head->font();
+    large.setPointSizeF(large.pointSizeF() * 1.6);
+    large.setBold(true);
+    head->setFont(large);
+    head->setAlignment(Qt::AlignCenter);
+    head->setMinimumWidth(head->fontMetrics().horizontalAdvance(QStringLiteral("00:00 / 00.00.0000")));
+    content()->addWidget(head);
+}
+
+void F92Window::makeChoice() {
+    month_ = new MonthView(QStringLiteral("F92.MonthView"), this);
+    month_->onPick = [this](const Datum& day) { f92_.Tag_Waehlen(day); };
+    // Arrow keys choose, too.
+    connect(month_, &QCalendarWidget::selectionChanged, this, [this] { f92_.Tag_Waehlen(month_->day()); });
+    f92_.Tag_Geaendert = [this] {
+        const Datum today = Heute(f92_.kern.Welt.Now());
+        month_->setLanguage(f92_.kern.Config.Sprache);
+        month_->setMinimumDate(QDate(today.Year, today.Month, today.Day));
+        month_->setDay(f92_.Tag);
+    };
+    auto* row = new QHBoxLayout;
+    row->setSpacing(16);
+    row->addWidget(month_, 1);
+    addList(row, f92_.Stunden, "Stunden", "hh", [this](int hour) { f92_.Zeit_Waehlen(hour, f92_.Minuten.Selected); });
+    addList(row, f92_.Minuten, "Minuten", "mm",
+            [this](int minute) { f92_.Zeit_Waehlen(f92_.Stunden.Selected, minute); });
+    content()->addLayout(row, 1);
+}
+
+void F92Window::addList(QHBoxLayout* row, ListBox& model, const char* name, const char* caption,
+                        std::function<void(int)> choose) {
+    auto* list = new QListWidget(this);
+    ui::bind(model, list, QStringLiteral("F92.") + QString::fromLatin1(name), std::move(choose));
+    list->setAccessibleName(QString::fromLatin1(caption));
+    list->setFixedWidth(list->fontMetrics().horizontalAdvance(QStringLiteral("0000000000")));
+    auto* label = new QLabel(QString::fromLatin1(caption), this);
+    label->setAlignment(Qt::AlignCenter);
+    label->setBuddy(list);
+    auto* column = new QVBoxLayout;
+    column->addWidget(label);
+    column->addWidget(list);
+    row->addLayout(column);
+}
+
+void F92Window::makeButton() {
+    auto* ok = new QPushButton(this);
+    bind(f92_.OK, ok, QStringLiteral("F92.OK"), [this] { f92_.OK_Click(); });
+    auto* row = new QHBoxLayout;
+    row->addStretch();
+    row->addWidget(ok);
+    content()->addLayout(row);
+    setDefaultButton(ok);
+}
+
+} // namespace qvm::ui

@@ -1,0 +1,178 @@
+// The run list and the time of a delayed start on the screen.
+
+#include "F91Window.h"
+#include "F92Window.h"
+#include "GridView.h"
+#include "MonthView.h"
+#include "UiFixture.h"
+#include "WidgetChecks.h"
+
+#include <QLabel>
+#include <QListWidget>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTest>
+
+namespace qvm::test {
+namespace {
+
+namespace Col = F91Column;
+
+struct F91_Window : UiFixture {
+    std::unique_ptr<ui::F91Window> window;
+    std::unique_ptr<ui::F92Window> time;
+    ui::GridView* grid = nullptr;
+
+    void Open(std::string_view language = "Deutsch") {
+        for (int n = 1; n <= 40; ++n) {
+            SettledLock(n, n == 1 ? "Haupteingang Nordost" : "Keller " + std::to_string(n));
+        }
+        Start(language);
+        window = std::make_unique<ui::F91Window>(programm->F91);
+        time = std::make_unique<ui::F92Window>(programm->F92, window.get());
+        grid = window->findChild<ui::GridView*>(QStringLiteral("F91.FGK91"));
+        programm->F13.F13_FormLaden();
+        programm->F13.Timer1.Stop();
+        programm->F13.Timer2.Stop();
+        programm->F91.Liste_Leeren();
+        for (int n = 1; n <= 40; ++n) {
+            programm->F91.Listenzeile_Uebernehmen(programm->F13.FGK13, n, n);
+        }
+        programm->link.Lauf.RunRows = 40;
+        programm->F91.Liste_Starten(false);
+        Present(*window);
+    }
+    void OpenTime(std::string_view language = "Deutsch") {
+        Open(language);
+        programm->F91.Liste_Starten(true);
+        Present(*time);
+    }
+    template <class Widget>
+    Widget* Find(const char* name) {
+        return window->findChild<Widget*>(QString::fromUtf8(name));
+    }
+    void Everything() {
+        F91& list = programm->F91;
+        for (const int row : {1, 2, 3, 4, 5, 6}) {
+            const int lines[] = {266, 263, 66, 261, 255, 259};
+            list.FGK91.SetText(row, Col::Mark, row == 3 ? "#" : ">>");
+            list.FGK91.SetText(row, Col::StateText, programm->kern.Zeile(lines[row - 1]));
+        }
+        list.Status_Zeigen(267, 81);
+        list.Balken.Visible = true;
+        list.Balken.Value = 18;
+        list.StartLabel.Text = programm->kern.Zeile(270) + " 22:30 / 05.03.2026";
+        list.JetztLabel.Text = programm->kern.Zeile(271) + " 10:30 / 05.03.2026";
+        list.RestLabel.Text = programm->kern.Zeile(272) + " [ 12 : 00 ]  hh:mm";
+        for (Label* label : {&list.StartLabel, &list.JetztLabel, &list.RestLabel}) {
+            label->Visible = true;
+        }
+        Settle();
+    }
+};
+
+TEST_F(F91_Window, shows_the_rows_under_their_headings) {
+    Open();
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("QVM 7702 SOFTWARE SYSTEM"));
+    const auto& model = grid->gridModel();
+    EXPECT_EQ(model.rowCount(), 40);
+    EXPECT_EQ(model.index(0, Col::Name).data().toString(), QStringLiteral("Haupteingang Nordost"));
+    EXPECT_EQ(model.headerData(Col::Mark, Qt::Horizontal, Qt::DisplayRole).toString(), QStringLiteral("Prg"));
+    EXPECT_EQ(model.headerData(Col::StateText, Qt::Horizontal, Qt::DisplayRole).toString(), QStringLiteral("Status"));
+    for (const int column : {0, 1, 2, 16, 17}) {
+        EXPECT_FALSE(grid->isColumnHidden(column)) << column;
+    }
+    for (int column = 3; column < 16; ++column) {
+        EXPECT_TRUE(grid->isColumnHidden(column)) << column;
+    }
+}
+
+TEST_F(F91_Window, keeps_the_present_row_in_sight) {
+    Open();
+    programm->F91.Zeile_Zeigen(40);
+    Settle();
+    EXPECT_FALSE(grid->cellRect(40, Col::StateText).isEmpty());
+    EXPECT_EQ(programm->F91.FGK91.Row, 40);
+}
+
+TEST_F(F91_Window, does_not_jump_when_things_come_and_go) {
+    Open();
+    const QRect close = Find<QPushButton>("F91.Command1")->geometry();
+    Everything();
+    EXPECT_EQ(Find<QPushButton>("F91.Command1")->geometry(), close);
+    EXPECT_EQ(Find<QProgressBar>("F91.Balken")->value(), 18);
+    EXPECT_EQ(Find<QLabel>("F91.StatusLabel")->text(), QStringLiteral("Schloss wird programmiert. Bitte warten ..."));
+}
+
+TEST_F(F91_Window, the_frame_closes_a_list_that_is_not_under_way) {
+    Open();
+    window->close();
+    EXPECT_FALSE(window->isVisible());
+    EXPECT_FALSE(programm->F91.Laeuft());
+}
+
+TEST_F(F91_Window, names_its_controls_and_is_walked_with_tab) {
+    Open();
+    grid->setFocus();
+    EXPECT_EQ(tabOrder(window.get()), (QStringList{QStringLiteral("F91.FGK91"), QStringLiteral("F91.Command2"),
+                                                   QStringLiteral("F91.Command1")}));
+    EXPECT_EQ(unnamedControls(window.get()), QStringList());
+}
+
+struct F91_Sprachen : F91_Window, ::testing::WithParamInterface<std::string_view> {};
+
+TEST_P(F91_Sprachen, fits_every_text) {
+    Open(GetParam());
+    Everything();
+    EXPECT_EQ(allTextsFit(window.get()), QStringList());
+}
+
+TEST_P(F91_Sprachen, fits_the_time_window_too) {
+    OpenTime(GetParam());
+    EXPECT_EQ(allTextsFit(time.get()), QStringList());
+    EXPECT_EQ(unnamedControls(time.get()), QStringList());
+}
+
+INSTANTIATE_TEST_SUITE_P(Languages, F91_Sprachen, ::testing::ValuesIn(Languages));
+
+struct F92_Window : F91_Window {
+    QListWidget* List(const char* name) { return time->findChild<QListWidget*>(QString::fromUtf8(name)); }
+};
+
+TEST_F(F92_Window, is_preset_to_now_and_shows_what_is_chosen) {
+    OpenTime();
+    auto* head = time->findChild<QLabel*>(QStringLiteral("F92.Kopf"));
+    EXPECT_EQ(head->text(), QStringLiteral("10:30 / 05.03.2026"));
+    EXPECT_EQ(List("F92.Stunden")->count(), 24);
+    EXPECT_EQ(List("F92.Minuten")->count(), 60);
+    EXPECT_EQ(List("F92.Stunden")->currentRow(), 10);
+    EXPECT_EQ(List("F92.Minuten")->currentRow(), 30);
+    List("F92.Stunden")->setFocus();
+    QTest::keyClick(List("F92.Stunden"), Qt::Key_Down);
+    QTest::keyClick(List("F92.Minuten"), Qt::Key_Up);
+    EXPECT_EQ(head->text(), QStringLiteral("11:29 / 05.03.2026"));
+    auto* month = time->findChild<ui::MonthView*>();
+    month->setSelectedDate(QDate(2026, 4, 1));
+    EXPECT_EQ(head->text(), QStringLiteral("11:29 / 01.04.2026"));
+    EXPECT_EQ(month->minimumDate(), QDate(2026, 3, 5));
+}
+
+TEST_F(F92_Window, return_takes_the_time_and_the_list_waits) {
+    OpenTime();
+    List("F92.Stunden")->setFocus();
+    QTest::keyClick(List("F92.Stunden"), Qt::Key_Down);
+    time->findChild<QPushButton*>(QStringLiteral("F92.OK"))->click();
+    EXPECT_FALSE(time->isVisible());
+    EXPECT_TRUE(programm->F91.Timer3.Running());
+    EXPECT_TRUE(programm->F91.Laeuft());
+}
+
+TEST_F(F92_Window, escape_gives_the_list_up) {
+    OpenTime();
+    QTest::keyClick(time.get(), Qt::Key_Escape);
+    EXPECT_FALSE(time->isVisible());
+    EXPECT_FALSE(programm->F91.Laeuft());
+}
+
+} // namespace
+} // namespace qvm::test

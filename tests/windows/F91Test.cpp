@@ -1,0 +1,264 @@
+// The run list: its rows, words, buttons, label, and the steps that need no device.
+
+#include "FensterFixture.h"
+
+namespace qvm::test {
+namespace {
+
+namespace Col = F91Column;
+
+struct F91_Fenster : FensterFixture {
+    F91_Fenster() {
+        SettledLock(1, "Tor", SerialS, "X X X");
+        SettledLock(2, "Keller", "00.0A.10.02");
+        SettledLock(7, "Dach", "00.0A.10.07");
+    }
+    F91& List() { return programm->F91; }
+    void Open(const std::vector<int>& locks, Answer history = Answer::No, Answer delayed = Answer::No) {
+        Begin();
+        Prog(locks, history, delayed);
+    }
+    void Prog(const std::vector<int>& locks, Answer history = Answer::No, Answer delayed = Answer::No) {
+        for (const int lock : locks) {
+            programm->F13.FGK13.SetText(lock, F13Column::Mark, "X");
+        }
+        Expect(63, history);
+        Expect(269, delayed);
+        programm->F13.Toolbar1_ButtonClick("Prog.");
+        Type("123456");
+        programm->F11.OK_Click();
+    }
+    std::string Mark(int row) { return List().FGK91.Text(row, Col::Mark); }
+    std::string State(int row) { return List().FGK91.Text(row, Col::StateText); }
+};
+
+TEST_F(F91_Fenster, the_list_keys_of_the_lock_grid_live) {
+    Begin();
+    EXPECT_TRUE(programm->F13.Toolbar1[1].Enabled);
+    EXPECT_TRUE(programm->F13.Toolbar1[2].Enabled);
+}
+
+TEST_F(F91_Fenster, takes_the_marked_rows_with_their_flags_and_adapters) {
+    Begin();
+    programm->F13.FGK13.SetText(7, F13Column::AdapterId, "/1/2/3/4");
+    programm->F13.FGK13.SetText(7, F13Column::AdapterName, "PROGSTATION 2");
+    Prog({1, 7});
+    const Grid& list = List().FGK91;
+    ASSERT_EQ(list.Rows(), 3);
+    ASSERT_EQ(list.Columns(), 18);
+    EXPECT_EQ(list.Text(1, 0), "1");
+    EXPECT_EQ(list.Text(1, 1), "Tor");
+    EXPECT_EQ(list.Text(1, 2), "00.0A.10.01");
+    EXPECT_EQ(list.Text(1, 4), "X");
+    EXPECT_EQ(list.Text(1, 5), "");
+    EXPECT_EQ(list.Text(1, 8), "X");
+    EXPECT_EQ(list.Text(1, 9), "");
+    EXPECT_EQ(list.Text(1, 15), ""); // the mark stays behind
+    EXPECT_EQ(list.Text(2, 0), "7");
+    EXPECT_EQ(list.Text(2, 13), "/1/2/3/4");
+    EXPECT_EQ(list.Text(2, 14), "PROGSTATION 2");
+}
+
+TEST_F(F91_Fenster, opens_alone_with_its_words) {
+    Open({1});
+    EXPECT_TRUE(List().Fenster.Visible);
+    EXPECT_FALSE(programm->F11.Fenster.Visible);
+    EXPECT_FALSE(programm->F13.Fenster.Visible);
+    EXPECT_EQ(List().Fenster.Title(), "QVM 7702 SOFTWARE SYSTEM");
+    EXPECT_EQ(List().FGK91.Text(0, 0), "L37");
+    EXPECT_EQ(List().FGK91.Text(0, 1), "L9");
+    EXPECT_EQ(List().FGK91.Text(0, 2), "L10");
+    EXPECT_EQ(List().FGK91.Text(0, 16), "Prg");
+    EXPECT_EQ(List().FGK91.Text(0, 17), "Status");
+    EXPECT_EQ(List().Command1.Text(), "L119");
+    EXPECT_EQ(List().Command2.Text(), "L83");
+    EXPECT_FALSE(List().Balken.Visible);
+    EXPECT_EQ(List().ProgStep, "PrgStart");
+    EXPECT_EQ(List().Timer1.Interval(), 1000);
+    EXPECT_TRUE(List().Timer1.Running());
+    EXPECT_FALSE(List().Timer3.Running());
+    EXPECT_FALSE(programm->F92.Fenster.Visible);
+}
+
+TEST_F(F91_Fenster, an_entry_of_five_characters_opens_nothing) {
+    Begin();
+    programm->F13.FGK13.SetText(1, F13Column::Mark, "X");
+    Expect(63, Answer::No);
+    Expect(269, Answer::No);
+    programm->F13.Toolbar1_ButtonClick("Prog.");
+    Type("12345");
+    Expect(61);
+    programm->F11.OK_Click();
+    EXPECT_FALSE(List().Fenster.Visible);
+    EXPECT_FALSE(List().Timer1.Running());
+}
+
+TEST_F(F91_Fenster, says_in_red_that_the_rows_are_checked) {
+    Open({1, 2});
+    world.RunFor(1001);
+    EXPECT_EQ(List().StatusLabel.Text(), "L260");
+    EXPECT_EQ(List().StatusLabel.ForeColor, 0x0000FFU);
+    EXPECT_EQ(Mark(1), "*");
+    EXPECT_EQ(State(1), "L259");
+    world.RunUntil([this] { return List().Arbeit() != F91::Work::None; });
+    EXPECT_EQ(Mark(2), "*");
+    EXPECT_EQ(List().StatusLabel.ForeColor, Black);
+}
+
+TEST_F(F91_Fenster, a_direct_row_shows_the_progress_window_without_date_and_time) {
+    Open({1});
+    world.RunFor(2000);
+    EXPECT_EQ(List().Arbeit(), F91::Work::Direct);
+    EXPECT_TRUE(programm->F9.Fenster.Visible);
+    EXPECT_EQ(programm->F9.Fenster.Title(), "Tor");
+    EXPECT_EQ(programm->F9.DatumLabel.Text(), "L55 : --.--.----");
+    EXPECT_EQ(Lauf().FlagSetClock, 1); // and the lock gets both all the same
+    EXPECT_EQ(Lauf().KanalSuche, 1);
+    EXPECT_EQ(programm->link.TargetChannel, 3);
+    EXPECT_THAT(SentCodes(), ElementsAre(0x04));
+    EXPECT_FALSE(List().Command1.Enabled);
+    EXPECT_TRUE(List().Command2.Enabled);
+}
+
+TEST_F(F91_Fenster, a_row_with_history_searches_no_channel) {
+    Open({1}, Answer::Yes);
+    world.RunFor(2000);
+    EXPECT_EQ(List().Arbeit(), F91::Work::Direct);
+    EXPECT_EQ(Lauf().KanalSuche, 0);
+    EXPECT_EQ(Lauf().ReadHistoryFirst, 1);
+    EXPECT_EQ(Lauf().HistoryOnly, 0);
+    EXPECT_EQ(Lauf().NetMode, 0xFF);
+}
+
+TEST_F(F91_Fenster, passes_over_a_row_whose_adapter_is_unknown_after_a_second) {
+    Config("SET", 3, 5);
+    Begin();
+    AddAdapter("/10/20/30/40", "PROGSTATION 1", "5");
+    programm->F13.FGK13.SetText(2, F13Column::AdapterId, "/10/20/30/40");
+    Prog({1, 2});
+    world.RunUntil([this] { return Mark(1) == "-"; });
+    EXPECT_EQ(State(1), "L262");
+    EXPECT_EQ(List().ProgStep, "PrgFehler");
+    EXPECT_EQ(List().Timer1.Interval(), 1000);
+    EXPECT_EQ(Lauf().RunRow, 2);
+    world.RunFor(1100);
+    EXPECT_EQ(List().Arbeit(), F91::Work::Direct);
+    EXPECT_EQ(world.PortNumber, 5);
+}
+
+TEST_F(F91_Fenster, finds_the_adapter_by_its_name_too) {
+    Config("SET", 3, 5);
+    Begin();
+    AddAdapter("/10/20/30/40", "PROGSTATION 1", "6");
+    programm->F13.FGK13.SetText(1, F13Column::AdapterName, "PROGSTATION 1");
+    Prog({1});
+    world.RunFor(2000);
+    EXPECT_EQ(List().Arbeit(), F91::Work::Direct);
+    EXPECT_EQ(world.PortNumber, 6);
+}
+
+TEST_F(F91_Fenster, a_network_row_begins_its_blocks_after_two_seconds) {
+    Config("SET", 3, 5);
+    Begin();
+    AddAdapter("/3/224/0/1", "NETZ", "4");
+    programm->Adapter.Saetze[0].TransferKey[3] = 0x77;
+    programm->F13.FGK13.SetText(1, F13Column::AdapterId, "/3/224/0/1");
+    Prog({1});
+    world.RunUntil([this] { return List().Arbeit() != F91::Work::None; });
+    EXPECT_EQ(List().Arbeit(), F91::Work::Network);
+    EXPECT_EQ(List().ProgStep, "TxDNetzwDaten");
+    EXPECT_EQ(List().Timer1.Interval(), 2000);
+    EXPECT_EQ(programm->Netz.TransferKey[3], 0x77);
+    EXPECT_FALSE(programm->F9.Fenster.Visible);
+    EXPECT_EQ(world.PortNumber, 4);
+    EXPECT_THAT(world.Written, IsEmpty());
+    const std::int64_t begun = world.Elapsed();
+    std::vector<std::int64_t> sent;
+    // The telegram goes out in two writes, the second behind its first byte.
+    world.OnWrite = [&](std::span<const std::uint8_t>) {
+        sent.push_back(world.Elapsed() - begun);
+        EXPECT_EQ(List().StatusLabel.Text(), "L81");
+        EXPECT_TRUE(List().Balken.Visible);
+        EXPECT_EQ(List().Balken.Maximum, 38);
+        EXPECT_EQ(List().Balken.Value, 6);
+    };
+    world.RunFor(2100);
+    ASSERT_FALSE(sent.empty());
+    EXPECT_EQ(sent.front(), 2000);
+}
+
+TEST_F(F91_Fenster, the_label_blinks_every_800_ms_and_is_seen_at_the_end) {
+    Open({1});
+    List().Blinken(true);
+    EXPECT_TRUE(List().StatusLabel.Visible);
+    world.RunFor(801);
+    EXPECT_FALSE(List().StatusLabel.Visible);
+    world.RunFor(800);
+    EXPECT_TRUE(List().StatusLabel.Visible);
+    world.RunFor(800);
+    List().Blinken(false);
+    EXPECT_TRUE(List().StatusLabel.Visible);
+    world.RunFor(2000);
+    EXPECT_TRUE(List().StatusLabel.Visible);
+}
+
+TEST_F(F91_Fenster, takes_other_words_while_it_is_open) {
+    Open({1});
+    List().Status_Zeigen(264, 81);
+    EXPECT_EQ(List().StatusLabel.Text(), "L264. L81");
+    world.Disk.Files["/q/QVM_English.DAT"] = [] {
+        std::string words;
+        for (int line = 1; line <= 300; ++line) {
+            words += "E" + std::to_string(line) + "\r\n";
+        }
+        return words;
+    }();
+    programm->kern.Config.Sprache = "English";
+    Sprachdatei_Laden(programm->kern);
+    Rufen(programm->F15.Sprache_Gewechselt);
+    EXPECT_EQ(List().StatusLabel.Text(), "E264. E81");
+    EXPECT_EQ(List().Command1.Text(), "E119");
+    EXPECT_EQ(List().FGK91.Text(0, 1), "E9");
+    EXPECT_EQ(List().FGK91.Text(1, 1), "Tor");
+}
+
+TEST_F(F91_Fenster, a_mark_or_a_next_row_without_a_row_under_way_changes_nothing) {
+    Open({1, 2});
+    world.RunFor(1100);
+    List().Stoppen();
+    EXPECT_EQ(Mark(1), "#");
+    EXPECT_EQ(State(1), "L82");
+    List().Zeile_Markieren(">>", "x");
+    List().Naechste_Zeile("PrgNextDataset");
+    EXPECT_EQ(Mark(1), "#");
+    EXPECT_EQ(State(1), "L82");
+    EXPECT_EQ(Lauf().RunRow, 1);
+    EXPECT_FALSE(List().Timer1.Running());
+}
+
+TEST_F(F91_Fenster, closing_goes_back_to_the_main_window_with_an_empty_list) {
+    Open({1});
+    bool back = false;
+    programm->F2_Zeigen = [&] { back = true; };
+    List().Command1_Click();
+    EXPECT_TRUE(back);
+    EXPECT_FALSE(List().Fenster.Visible);
+    EXPECT_FALSE(List().Laeuft());
+    EXPECT_EQ(List().FGK91.Rows(), 1);
+    EXPECT_EQ(Lauf().RunRows, 0);
+    world.RunFor(10000);
+    EXPECT_THAT(world.Written, IsEmpty());
+}
+
+TEST_F(F91_Fenster, a_stop_while_the_rows_are_checked_ends_the_list) {
+    Open({1, 2});
+    world.RunFor(1001);
+    List().Command2_Click();
+    world.RunFor(10000);
+    EXPECT_EQ(List().StatusLabel.Text(), "L82");
+    EXPECT_EQ(Mark(2), "");
+    EXPECT_THAT(world.Written, IsEmpty());
+}
+
+} // namespace
+} // namespace qvm::test
