@@ -80,10 +80,10 @@ void F6Window::makeGrid() {
     grid_->setColumns({800, 2500, 4000, 2000, 800}, F6Column::Name);
     grid_->onClick = [this](int row, int column) { f6_.FGK6_Click(row, column); };
     grid_->onKey = [this](int key) { f6_.FGK6_KeyPress(key); };
-    auto* editor = new OverlayEditor(f6_.Text3, *grid_, QStringLiteral("F6.Text3"));
-    editor->onKey = [this](int key) { f6_.Text3_KeyPress(key); };
-    editor->onText = [this](const std::string& text) { f6_.Text3_Change(text); };
-    editor->onLostFocus = [this] { f6_.Text3_LostFocus(); };
+    editor_ = new OverlayEditor(f6_.Text3, *grid_, QStringLiteral("F6.Text3"));
+    editor_->onKey = [this](int key) { f6_.Text3_KeyPress(key); };
+    editor_->onText = [this](const std::string& text) { f6_.Text3_Change(text); };
+    editor_->onLostFocus = [this] { f6_.Text3_LostFocus(); };
 }
 
 QLayout* F6Window::makeBottomRow() {

@@ -10,6 +10,7 @@ class QToolButton;
 namespace qvm::ui {
 
 class GridView;
+class OverlayEditor;
 
 /// The port and the adapters with their names.
 class F6Window : public WindowBase {
@@ -35,6 +36,7 @@ private:
     QLabel* caption_ = nullptr;
     QComboBox* ports_ = nullptr;
     GridView* grid_ = nullptr;
+    OverlayEditor* editor_ = nullptr;
     QToolButton* devices_ = nullptr;
 };
 

@@ -57,7 +57,9 @@ void TellNoDirectory(const qvm::ui::MessageBoxes& boxes, const std::string& dire
 void EndSoon() {
     constexpr int Milliseconds = 200;
     QCoreApplication::exit(0);
-    QTimer::singleShot(Milliseconds, qApp, [] { std::_Exit(0); });
+    auto* timer = new QTimer(qApp);
+    QObject::connect(timer, &QTimer::timeout, timer, [] { std::_Exit(0); });
+    timer->start(Milliseconds);
 }
 
 } // namespace
