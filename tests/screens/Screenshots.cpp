@@ -6,22 +6,23 @@
 // A text that does not fit its place is a fault in either case.
 #include "Bilderpruefung.h"
 #include "Fensterschau.h"
+#include "WidgetChecks.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
 
 #include <cstdio>
 
 namespace {
 
 QPalette darkPalette() {
-    QPalette palette;
+    QPalette palette(QColor(55, 55, 58), QColor(45, 45, 48)); // shades of these two, too
     const QColor white(Qt::white), grey(130, 130, 130);
-    palette.setColor(QPalette::Window, QColor(45, 45, 48));
     palette.setColor(QPalette::Base, QColor(30, 30, 30));
     palette.setColor(QPalette::AlternateBase, QColor(38, 38, 40));
-    palette.setColor(QPalette::Button, QColor(55, 55, 58));
     palette.setColor(QPalette::ToolTipBase, QColor(60, 60, 60));
-    palette.setColor(QPalette::Mid, QColor(80, 80, 80));
     palette.setColor(QPalette::Highlight, QColor(42, 130, 218));
     palette.setColor(QPalette::Link, QColor(90, 170, 255));
     palette.setColor(QPalette::PlaceholderText, QColor(160, 160, 160));
@@ -31,6 +32,35 @@ QPalette darkPalette() {
         palette.setColor(QPalette::Disabled, role, grey);
     }
     return palette;
+}
+
+/// The language files and the data of a program folder.
+void load(const QString& place, qvm::test::MemoryFiles& disk) {
+    QDirIterator entries(place, QDir::Files | QDir::NoSymLinks, QDirIterator::Subdirectories);
+    while (entries.hasNext()) {
+        QFile file(entries.next());
+        const QString name = QDir(place).relativeFilePath(file.fileName());
+        if ((name.startsWith(QLatin1String("DAT/")) || name.startsWith(QLatin1String("QVM_"))) &&
+            file.open(QIODevice::ReadOnly)) {
+            disk.Files["/q/" + name.toStdString()] = file.readAll().toStdString();
+        }
+    }
+}
+
+QStringList takePictures(const QString& place, const std::string& language, const QString& prefix) {
+    qvm::test::VirtualPlatform world;
+    load(place, world.Disk);
+    QStringList faults;
+    qvm::test::Fensterschau(world, language).run([&](QWidget& window, const char* name) {
+        const QString path = prefix + QLatin1String(name) + QStringLiteral(".png");
+        for (const QString& text : qvm::test::allTextsFit(&window)) {
+            faults += path + QStringLiteral(": does not fit: ") + text;
+        }
+        if (!window.isVisible() || !window.grab().save(path)) {
+            faults += path + QStringLiteral(": no picture");
+        }
+    });
+    return faults;
 }
 
 } // namespace
@@ -48,8 +78,7 @@ int main(int argc, char** argv) {
         if (arguments.at(3) == QLatin1String("dark")) {
             QApplication::setPalette(darkPalette());
         }
-        qvm::test::Fensterschau show(arguments.at(1), arguments.at(2).toStdString(), arguments.at(4));
-        faults = show.run();
+        faults = takePictures(arguments.at(1), arguments.at(2).toStdString(), arguments.at(4));
     } else {
         std::fputs("qvm_screenshots PLACE LANGUAGE light|dark PREFIX | --check FOLDER\n", stderr);
         return 2;

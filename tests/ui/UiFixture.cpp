@@ -18,10 +18,14 @@ std::string LanguageFile(std::string_view language) {
 
 } // namespace
 
-void UiFixture::Start(std::string_view language, std::string_view mode) {
+void UiFixture::LanguageFiles() {
     for (const std::string_view name : Languages) {
         world.Disk.Files["/q/QVM_" + std::string(name) + ".DAT"] = LanguageFile(name);
     }
+}
+
+void UiFixture::Start(std::string_view language, std::string_view mode) {
+    LanguageFiles();
     world.Disk.Files["/q/DAT/EST7CSB29A.I_1"] = std::string(language) + "\r\n1\r\nUSB-Port5\r\n3\r\n";
     world.Disk.Files["/q/DAT/CHEUSB25C.I_2"] = std::string(mode) + "\r\n";
     programm = std::make_unique<Programm>(world.World, "/q");

@@ -23,6 +23,8 @@ struct UiFixture : ::testing::Test {
     Datendateien files{world.Disk};
     std::unique_ptr<Programm> programm;
 
+    /// Puts the real language files into the world.
+    void LanguageFiles();
     /// Starts the program in a language, "RESET" (one serial port) or "SET" (adapters).
     void Start(std::string_view language = "Deutsch", std::string_view mode = "RESET");
     /// A lock that stays on its channel.

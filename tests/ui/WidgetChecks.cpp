@@ -8,6 +8,8 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QRadioButton>
 #include <QTableView>
 #include <QTest>
 #include <QToolBar>
@@ -54,7 +56,14 @@ void checkHeader(const QTableView& view, QStringList& found) {
 bool isControl(const QWidget* widget) {
     return qobject_cast<const QAbstractButton*>(widget) != nullptr ||
            qobject_cast<const QComboBox*>(widget) != nullptr || qobject_cast<const QLineEdit*>(widget) != nullptr ||
+           qobject_cast<const QPlainTextEdit*>(widget) != nullptr ||
            qobject_cast<const QAbstractItemView*>(widget) != nullptr;
+}
+
+/// Tab goes to the chosen one of a group, the arrow keys to the others.
+bool reachedByArrows(const QWidget* widget) {
+    const auto* option = qobject_cast<const QRadioButton*>(widget);
+    return option != nullptr && !option->isChecked();
 }
 
 /// Those that belong to another control, as the list of a combo box does, have no name of ours.
@@ -112,7 +121,7 @@ QStringList tabOrder(QWidget* window) {
 QStringList controlsOf(QWidget* window) {
     QStringList found;
     for (const QWidget* widget : visibleControls(window)) {
-        if (widget->isEnabled()) {
+        if (widget->isEnabled() && !reachedByArrows(widget)) {
             found += widget->objectName();
         }
     }

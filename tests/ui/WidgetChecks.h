@@ -15,7 +15,7 @@ QStringList allTextsFit(QWidget* window);
 /// visible. At most 200.
 QStringList tabOrder(QWidget* window);
 
-/// Visible, enabled controls that the keyboard should reach: object names.
+/// Visible, enabled controls that Tab should reach: object names. Of a group of options only the chosen one.
 QStringList controlsOf(QWidget* window);
 
 /// Visible controls without an accessible name, or with an icon and no text and no tool tip.

@@ -2,21 +2,22 @@
 
 #include "MonthView.h"
 #include "TextSlots.h"
-#include "WidgetChecks.h"
 
 #include <QApplication>
-#include <QDirIterator>
-#include <QFile>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
 
+#include <string>
+#include <utility>
+
 namespace qvm::test {
 namespace {
 
-constexpr int Lock = 3; ///< of the installation; one with a wireless unit
+constexpr const char* History = "/q/HIST/H_3_050326_Serverraum.HST";
+constexpr int Lock = 3; ///< that is programmed
 
 /// Events as a lock's memory gives them, newest first.
 std::string historyBytes() {
@@ -34,38 +35,26 @@ std::string historyBytes() {
 
 } // namespace
 
-Fensterschau::Fensterschau(const QString& place, const std::string& language, QString prefix)
-    : prefix_(std::move(prefix)) {
-    load(place, language);
+Fensterschau::Fensterschau(VirtualPlatform& world, std::string_view language) : world_(world) {
+    world_.Disk.Files["/q/DAT/EST7CSB29A.I_1"] = std::string(language) + "\r\n1\r\nUSB-Port1\r\n5\r\n";
+    world_.Disk.Files["/q/DAT/CHEUSB25C.I_2"] = "SET\r\n";
+    world_.Disk.Files[History] = historyBytes();
     programm_ = std::make_unique<Programm>(world_.World, "/q");
     Programm_Start(*programm_, true);
     boxes_.setWords(programm_->kern);
     programm_->F1.CipherText = "AES-128 (OpenSSL 3)";
-    for (const char* name : {"PROGSTATION-1", "PROGSTATION-2"}) {
+    for (const char* port : {"1", "2"}) {
         AdapterSatz adapter;
-        adapter.Name = name;
-        adapter.Adresse = name[12] == '1' ? "/46/108/1/2" : "/46/108/1/3";
-        adapter.Port = name[12];
+        adapter.Name = std::string("PROGSTATION-") + port;
+        adapter.Adresse = std::string("/46/108/1/") + (*port == '1' ? "2" : "3");
+        adapter.Port = port;
         programm_->Adapter.Saetze.push_back(adapter);
     }
     windows_ = std::make_unique<ui::Oberflaeche>(*programm_);
 }
 
-void Fensterschau::load(const QString& place, const std::string& language) {
-    QDirIterator entries(place, QDir::Files | QDir::NoSymLinks, QDirIterator::Subdirectories);
-    while (entries.hasNext()) {
-        QFile file(entries.next());
-        const QString name = QDir(place).relativeFilePath(file.fileName());
-        if ((name.startsWith(QLatin1String("DAT/")) || name.startsWith(QLatin1String("QVM_"))) &&
-            file.open(QIODevice::ReadOnly)) {
-            world_.Disk.Files["/q/" + name.toStdString()] = file.readAll().toStdString();
-        }
-    }
-    world_.Disk.Files["/q/DAT/EST7CSB29A.I_1"] = language + "\r\n1\r\nUSB-Port1\r\n5\r\n";
-    world_.Disk.Files["/q/HIST/H_3_050326_Serverraum.HST"] = historyBytes();
-}
-
-QStringList Fensterschau::run() {
+void Fensterschau::run(Look look) {
+    look_ = std::move(look);
     mainWindow();
     menus();
     settings();
@@ -73,21 +62,14 @@ QStringList Fensterschau::run() {
     progress();
     list();
     history();
-    messageBox();
+    messageBoxes();
     programm_->F2.Beenden();
-    return faults_;
 }
 
 void Fensterschau::take(QWidget& window, const char* name) {
     QApplication::setActiveWindow(&window);
     QTest::qWait(30);
-    for (const QString& text : allTextsFit(&window)) {
-        faults_ += QLatin1String(name) + QStringLiteral(" does not fit: ") + text;
-    }
-    const QString path = prefix_ + QLatin1String(name) + QStringLiteral(".png");
-    if (!window.isVisible() || !window.grab().save(path)) {
-        faults_ += QStringLiteral("no picture ") + path;
-    }
+    look_(window, name);
 }
 
 void Fensterschau::mainWindow() {
@@ -137,7 +119,7 @@ void Fensterschau::locks() {
     programm_->F13.F13_FormLaden();
     programm_->F13.Timer1.Stop();
     programm_->F13.Timer2.Stop();
-    programm_->F13.FGK13_Click(Lock, F13Column::Mark);
+    programm_->F13.FGK13.SetText(Lock, F13Column::Mark, "X");
     take(windows_->f13, "F13");
     programm_->Lauf.link.Lauf.ReadHistoryFirst = 1;
     programm_->Lauf.LockName = programm_->F13.FGK13.Text(Lock, F13Column::Name);
@@ -193,7 +175,7 @@ void Fensterschau::list() {
 }
 
 void Fensterschau::history() {
-    programm_->F7.F7_Oeffnen("/q/HIST/H_3_050326_Serverraum.HST");
+    programm_->F7.F7_Oeffnen(History);
     take(windows_->f7, "F7");
     programm_->F7.Toolbar1_ButtonClick("Suchen");
     windows_->f8.findChild<QLineEdit*>(QStringLiteral("F8.Text1"))->setText(QStringLiteral("Conrad Lea"));
@@ -204,22 +186,25 @@ void Fensterschau::history() {
     programm_->F7.Fenster.Visible = false;
 }
 
-void Fensterschau::messageBox() {
+void Fensterschau::messageBoxes() {
+    const Kern& kern = programm_->kern;
+    showBox({.Text = kern.Zeile(63),
+             .Title = kern.Zeile(90),
+             .Choice = Buttons::YesNoCancel,
+             .Sign = Icon::Question,
+             .DefaultButton = 2},
+            "MessageBox");
+    showBox({.Text = kern.Zeile(180) + "\n\r" + kern.Zeile(181),
+             .Title = std::string(SystemTitle),
+             .Sign = Icon::Information},
+            "MessageBox-two-lines");
+}
+
+void Fensterschau::showBox(const Message& message, const char* name) {
     QMessageBox box;
-    boxes_.fill(box, {.Text = programm_->kern.Zeile(63),
-                      .Title = programm_->kern.Zeile(90),
-                      .Choice = Buttons::YesNoCancel,
-                      .Sign = Icon::Question,
-                      .DefaultButton = 2});
+    boxes_.fill(box, message);
     box.show();
-    take(box, "MessageBox");
-    box.hide();
-    QMessageBox told;
-    boxes_.fill(told, {.Text = programm_->kern.Zeile(180) + "\n\r" + programm_->kern.Zeile(181),
-                       .Title = std::string(SystemTitle),
-                       .Sign = Icon::Information});
-    told.show();
-    take(told, "MessageBox-two-lines");
+    take(box, name);
 }
 
 } // namespace qvm::test

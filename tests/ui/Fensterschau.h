@@ -1,0 +1,45 @@
+#pragma once
+
+#include "Messages.h"
+#include "Oberflaeche.h"
+#include "VirtualPlatform.h"
+
+#include <functional>
+#include <memory>
+#include <string_view>
+
+namespace qvm::test {
+
+/// Opens one window after the other over a small house, in virtual time.
+class Fensterschau {
+public:
+    /// What is done with a window that stands on the screen; `name` tells it and its state, "F9-finished" for one.
+    using Look = std::function<void(QWidget& window, const char* name)>;
+
+    /// `world`: holds the language files and the data files of a house with at least three locks. `language`: as the
+    /// configuration names it.
+    Fensterschau(VirtualPlatform& world, std::string_view language);
+
+    /// Shows every window to `look`.
+    void run(Look look);
+
+private:
+    void mainWindow();
+    void menus();
+    void settings();
+    void locks();
+    void progress();
+    void list();
+    void history();
+    void messageBoxes();
+    void take(QWidget& window, const char* name);
+    void showBox(const Message& message, const char* name);
+
+    VirtualPlatform& world_;
+    std::unique_ptr<Programm> programm_;
+    std::unique_ptr<ui::Oberflaeche> windows_;
+    ui::MessageBoxes boxes_;
+    Look look_;
+};
+
+} // namespace qvm::test
