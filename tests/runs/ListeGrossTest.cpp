@@ -4,6 +4,7 @@
 #include "ListenFixture.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <malloc.h>
 #include <map>
 
