@@ -5,6 +5,7 @@
 //
 // A text that does not fit its place is a fault in either case.
 #include "Bilderpruefung.h"
+#include "ClearStyle.h"
 #include "Fensterschau.h"
 #include "WidgetChecks.h"
 
@@ -68,7 +69,7 @@ QStringList takePictures(const QString& place, const std::string& language, cons
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("qvm7702-screens"));
-    QApplication::setStyle(QStringLiteral("Fusion"));
+    QApplication::setStyle(new qvm::ui::ClearStyle(QStringLiteral("Fusion")));
     QApplication::setQuitOnLastWindowClosed(false);
     const QStringList arguments = QApplication::arguments();
     QStringList faults;

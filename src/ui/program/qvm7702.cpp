@@ -1,3 +1,4 @@
+#include "ClearStyle.h"
 #include "FileDialogs.h"
 #include "FrontWindow.h"
 #include "Messages.h"
@@ -68,6 +69,7 @@ int main(int argc, char** argv) {
     // The far end of a socket may go away while it is told something.
     std::signal(SIGPIPE, SIG_IGN);
     QApplication application(argc, argv);
+    QApplication::setStyle(new qvm::ui::ClearStyle);
     QApplication::setApplicationName(QStringLiteral("qvm7702"));
     QApplication::setDesktopFileName(QStringLiteral("qvm7702"));
     QApplication::setWindowIcon(qvm::ui::programIcon());
@@ -91,6 +93,9 @@ int main(int argc, char** argv) {
     qvm::ui::Oberflaeche windows(programm);
     programm.F2.Hooks.Ende = EndSoon;
     // From inside the event loop, so that it can be left again whatever the operator does first.
-    QTimer::singleShot(0, &application, [&programm] { programm.F2.F2_Laden(); });
+    QTimer opening;
+    opening.setSingleShot(true);
+    QObject::connect(&opening, &QTimer::timeout, &application, [&programm] { programm.F2.F2_Laden(); });
+    opening.start(0);
     return QApplication::exec();
 }

@@ -1,0 +1,37 @@
+#include "ClearStyle.h"
+
+#include "Theme.h"
+
+#include <QPainter>
+#include <QStyleOption>
+
+namespace qvm::ui {
+namespace {
+
+constexpr float FrameStrength = 0.55F; ///< of the text's colour
+
+} // namespace
+
+void ClearStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                               const QWidget* widget) const {
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+    const bool box = element == PE_IndicatorCheckBox;
+    if ((!box && element != PE_IndicatorRadioButton) || !isDark(option->palette)) {
+        return;
+    }
+    QColor frame = option->palette.color(QPalette::WindowText);
+    frame.setAlphaF(FrameStrength);
+    const QRectF edge = QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
+    painter->save();
+    painter->setPen(frame);
+    painter->setBrush(Qt::NoBrush);
+    if (box) {
+        painter->drawRect(edge);
+    } else {
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->drawEllipse(edge);
+    }
+    painter->restore();
+}
+
+} // namespace qvm::ui

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QProxyStyle>
+
+namespace qvm::ui {
+
+/// The platform's style, with frames round check boxes and options that can be seen on a dark palette, too: styles that
+/// derive a frame from the window's colour draw it dark on dark.
+class ClearStyle : public QProxyStyle {
+public:
+    using QProxyStyle::QProxyStyle;
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override;
+};
+
+} // namespace qvm::ui
