@@ -146,6 +146,18 @@ class Desktop(unittest.TestCase):
         self.leave_lock_window()
         self.expect_dataset("Tor", 1)
 
+    def test_answers_keys_while_the_line_is_flooded_with_garbage(self):
+        with self.house.flooded_port() as flood:
+            self.start()
+            self.light("Searching the wireless adapter")
+            self.tab_to("Program locks")
+            taken = flood.taken
+            wait_for("the program takes from the flood", lambda: flood.taken > taken + 100000)
+            key("alt+f")
+            self.program.wait(MENU_ENTRY, "Exit")
+            key("Up", "Return")
+            self.expect_ended()
+
     def test_a_second_start_ends_in_silence_and_raises_the_first_window(self):
         self.start()
         self.program.wait(BUTTON, "Exit program")

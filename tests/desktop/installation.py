@@ -2,10 +2,13 @@
 import glob
 import json
 import os
+import select
 import shutil
 import signal
 import subprocess
 import tempfile
+import threading
+import tty
 
 from screen import PATIENCE, wait_for
 
@@ -52,6 +55,44 @@ WORLD = {"adapter": {"name": ADAPTER["AdapterName"]},
                    for lock in LOCKS]}
 
 
+class Flood:
+    """A port whose far end sends garbage as fast as it is taken; to be used with "with"."""
+
+    def __init__(self, link):
+        self.link = link
+        self.taken = 0  # bytes so far
+        self.over = False
+
+    def __enter__(self):
+        self.far, self.near = os.openpty()
+        tty.setraw(self.near)
+        os.set_blocking(self.far, False)
+        os.symlink(os.ttyname(self.near), self.link)
+        self.sender = threading.Thread(target=self.send)
+        self.sender.start()
+        return self
+
+    def send(self):
+        garbage = bytes(range(3, 256)) * 16
+        while not self.over:
+            select.select([self.far], [self.far], [], 0.1)
+            try:
+                os.read(self.far, 65536)
+            except OSError:
+                pass  # the program has said nothing
+            try:
+                self.taken += os.write(self.far, garbage)
+            except OSError:
+                pass  # the line is full
+
+    def __exit__(self, *_):
+        self.over = True
+        self.sender.join()
+        os.unlink(self.link)
+        os.close(self.far)
+        os.close(self.near)
+
+
 class Installation:
     """`build`: folder of the built programs. Ends with close()."""
 
@@ -88,6 +129,9 @@ class Installation:
         """Of a virtual system that has ended by itself."""
         self.simulator.stderr.close()
         self.simulator = None
+
+    def flooded_port(self):
+        return Flood(self.place + "com1")
 
     def start_program(self, **streams):
         environment = dict(os.environ, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_QPA_PLATFORM="xcb",
