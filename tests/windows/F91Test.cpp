@@ -236,6 +236,21 @@ TEST_F(F91_Fenster, a_mark_or_a_next_row_without_a_row_under_way_changes_nothing
     EXPECT_FALSE(List().Timer1.Running());
 }
 
+TEST_F(F91_Fenster, the_progress_window_has_nothing_to_cancel_between_two_rows) {
+    Open({1, 2});
+    world.RunFor(1100);
+    List().Zeile_Aufgeben();
+    EXPECT_EQ(List().Arbeit(), F91::Work::None);
+    programm->F9.Command1_Click();
+    EXPECT_FALSE(programm->F9.Command2.Enabled);
+    EXPECT_NE(programm->F9.StatusLabel.Text(), "L82");
+    world.RunFor(3100);
+    EXPECT_EQ(Mark(1), "#");
+    EXPECT_EQ(Lauf().RunRow, 2);
+    EXPECT_EQ(List().Arbeit(), F91::Work::Direct);
+    EXPECT_TRUE(programm->F9.Command1.Enabled);
+}
+
 TEST_F(F91_Fenster, closing_goes_back_to_the_main_window_with_an_empty_list) {
     Open({1});
     bool back = false;

@@ -113,6 +113,10 @@ void F9::Ankreuzen(int box) {
 }
 
 void F9::Command1_Click() {
+    // The window's frame comes here, too, between two rows of a list.
+    if (!Command1.Enabled) {
+        return;
+    }
     Lauf_Abbrechen(run);
     Label15.Visible = false;
     Status_Zeigen(82);
