@@ -70,6 +70,7 @@ int main(int argc, char** argv) {
     std::signal(SIGPIPE, SIG_IGN);
     QApplication application(argc, argv);
     QApplication::setStyle(new qvm::ui::ClearStyle);
+    // The application owns its style. NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks)
     QApplication::setApplicationName(QStringLiteral("qvm7702"));
     QApplication::setDesktopFileName(QStringLiteral("qvm7702"));
     QApplication::setWindowIcon(qvm::ui::programIcon());
