@@ -30,14 +30,17 @@ QString pathOf(const QString& folder, const Form& form, const char* window) {
              QLatin1String(form.Dark ? "dark" : "light"), QLatin1String(window));
 }
 
-int coloursOf(const QImage& image) {
+bool hasColours(const QImage& image, int fewest) {
     QSet<QRgb> colours;
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {
             colours.insert(image.pixel(x, y));
+            if (colours.size() >= fewest) {
+                return true;
+            }
         }
     }
-    return static_cast<int>(colours.size());
+    return false;
 }
 
 int brightnessOf(const QImage& image) {
@@ -53,7 +56,7 @@ void checkOne(const QString& folder, const Form& form, const char* window, QStri
         faults += path + QStringLiteral(": missing or too small");
         return;
     }
-    if (coloursOf(image) < FewestColours) {
+    if (!hasColours(image, FewestColours)) {
         faults += path + QStringLiteral(": empty");
     }
     if ((brightnessOf(image) < 128) != form.Dark) {
