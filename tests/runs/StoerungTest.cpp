@@ -408,6 +408,10 @@ TEST_P(Disturbed_Run, ends_as_cancelled_whenever_the_operator_cancels) {
         scene.Start();
         scene.world.RunUntil([&scene, count] { return scene.DeviceCodes().size() >= count; });
         const std::string channels = scene.files.File("RFCHANDIF12.RFX");
+        // Behind the last event a reading of events is finished but for its disconnect, and has no cancel any more.
+        const bool historyOnly = scene.kind == RunKind::HistoryOnly || scene.kind == RunKind::SearchHistory;
+        const bool finished = historyOnly && codes[count - 1] == 0x05;
+        EXPECT_EQ(scene.programm->F9.Command1.Enabled, !finished);
         scene.programm->F9.Command1_Click();
         const auto erases = scene.Lock(SerialOf(scene.kind)).Erases;
         // A polled lock is deaf while it erases: it does not hear the disconnect, and the run stands until it is
@@ -415,7 +419,7 @@ TEST_P(Disturbed_Run, ends_as_cancelled_whenever_the_operator_cancels) {
         const bool deaf = codes[count - 1] == 0x27 && (scene.kind == RunKind::Polled || scene.kind == RunKind::LongId);
         ASSERT_EQ(scene.Finish(60000), !deaf);
         if (!deaf) {
-            EXPECT_EQ(scene.Outcome(), RunOutcome::Cancelled);
+            EXPECT_EQ(scene.Outcome(), finished ? RunOutcome::Done : RunOutcome::Cancelled);
             EXPECT_EQ(scene.programm->link.Lauf.AbbruchWunsch, 0);
         }
         EXPECT_LE(scene.Lock(SerialOf(scene.kind)).Erases, erases + (codes[count - 1] == 0x27 ? 1 : 0));
