@@ -8,7 +8,7 @@ namespace qvm {
 namespace {
 
 /// True when `first` has something that `second` lacks.
-bool Lacks(const PortsThere& second, const PortsThere& first) {
+bool HasMore(const PortsThere& first, const PortsThere& second) {
     return std::any_of(first.begin(), first.end(), [&second](const auto& port) {
         const auto found = second.find(port.first);
         return found == second.end() || found->second != port.second;
@@ -19,10 +19,10 @@ bool Lacks(const PortsThere& second, const PortsThere& first) {
 
 std::vector<PortChange> PortBook::Look(PortsThere now) {
     std::vector<PortChange> changes;
-    if (Lacks(now, there_)) {
+    if (HasMore(there_, now)) {
         changes.push_back(PortChange::Removed);
     }
-    if (Lacks(there_, now)) {
+    if (HasMore(now, there_)) {
         changes.push_back(PortChange::Arrived);
     }
     there_ = std::move(now);

@@ -110,7 +110,7 @@ PortFault PortFault_Of(const std::string& device, int error) {
     case EIO:
         return {.What = Kind::NotSerial, .Device = AusUtf8(device)};
     default:
-        return {.What = Kind::Other, .Device = AusUtf8(device), .Detail = std::strerror(error)};
+        return {.What = Kind::Other, .Device = AusUtf8(device), .Detail = AusUtf8(std::strerror(error))};
     }
 }
 
