@@ -8,8 +8,9 @@ namespace {
 
 constexpr std::string_view AdapterName = "USB Wireless Adapter - ";
 
-/// The libraries that are delivered with the program. Their licence texts stand beside it.
-constexpr std::string_view Licences = "Qt 6: LGPL-3.0\r\nOpenSSL 3: Apache-2.0\r\nnlohmann-json: MIT";
+/// The libraries that the program is linked with, and where their licence texts are.
+constexpr std::string_view Licences = "Qt 6: LGPL-3.0\r\nOpenSSL 3: Apache-2.0\r\nlibudev: LGPL-2.1\r\n"
+                                      "Licence texts: with the system's packages";
 
 } // namespace
 
@@ -37,7 +38,7 @@ void F1::F1_Laden(int adapterVersion) {
 
 void F1::Texte_Setzen() {
     Web.Text = std::string("Support");
-    OK.Text = Wort(kern, 84, "OK");
+    OK.Text = Wort(kern, Tastenwort::OK, "OK");
 }
 
 void F1::Web_Click() {

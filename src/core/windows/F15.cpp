@@ -7,6 +7,7 @@
 #include <algorithm>
 
 namespace qvm {
+
 void F15::F15_Laden() {
     Fenster.Title = std::string(SystemTitle);
     Sprachen.Entries = std::vector<std::string>(SprachNamen.begin(), SprachNamen.end());
@@ -17,8 +18,8 @@ void F15::F15_Laden() {
 }
 
 void F15::Texte_Setzen() {
-    OK.Text = Wort(kern, 84, "OK");
-    Cancel.Text = Wort(kern, 83, "Abbrechen");
+    OK.Text = Wort(kern, Tastenwort::OK, "OK");
+    Cancel.Text = Wort(kern, Tastenwort::Abbrechen, "Abbrechen");
 }
 
 void F15::OK_Click() {
