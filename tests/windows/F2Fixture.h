@@ -31,6 +31,11 @@ struct F2Fixture : FensterFixture {
     bool ScanEnds();
     /// Plans `action` for `delayMs` after the next time that the identification is asked for.
     void InNextScan(std::function<void()> action, int delayMs = 100);
+    /// No port can be opened from now on, for the reason `what`.
+    void Refuse(PortFault::Kind what) {
+        world.PortCanOpen = false;
+        world.PortFaultNow = PortFault{.What = what, .Device = "ttyUSB4"};
+    }
     /// Times that the identification was asked for.
     int Probes() const;
     void Press(std::string_view key) { programm->F2.Toolbar1_ButtonClick(key); }

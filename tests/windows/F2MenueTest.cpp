@@ -196,6 +196,16 @@ TEST_F(F2_Menues, the_status_bar_speaks_the_new_language_at_once) {
     EXPECT_EQ(Line(), "No adapter.");
 }
 
+TEST_F(F2_Menues, a_new_language_tells_the_same_fault_of_the_port_also_when_the_port_has_another_one_by_now) {
+    Refuse(PortFault::Kind::NotSerial);
+    Open();
+    EXPECT_EQ(Line(), "L298");
+    Refuse(PortFault::Kind::NotThere);
+    programm->kern.Sprache.LanguageText[298] = "%1 is no port.";
+    Main().Texte_Setzen();
+    EXPECT_EQ(Line(), "ttyUSB4 is no port.");
+}
+
 /// The German words of the catalogue are those of the design.
 TEST_F(F2_Menues, the_words_of_the_design_are_the_german_ones_of_the_catalogue) {
     world.Disk.Files.erase("/q/QVM_Deutsch.DAT");

@@ -99,32 +99,11 @@ TEST_F(F2_Laden, with_a_fixed_port_names_the_reason_of_the_port_itself) {
     EXPECT_EQ(Line(), PortFault_Text(programm->kern, *world.PortFaultNow));
 }
 
-// ---- a port that another program holds in its first seconds
-
-TEST_F(F2_Laden, tries_a_held_port_again_every_2_seconds_and_goes_on_as_soon_as_it_opens) {
-    world.PortCanOpen = false;
+TEST_F(F2_Laden, its_end_ends_the_watch_for_ports) {
     Open();
-    EXPECT_EQ(world.Opens, 1);
-    world.RunFor(1999);
-    EXPECT_EQ(world.Opens, 1);
-    world.RunFor(1);
-    EXPECT_EQ(world.Opens, 2);
-    world.PortCanOpen = true;
-    world.RunFor(2000);
-    EXPECT_EQ(Light(), Lampe::Gelb);
-    EXPECT_EQ(Line(), "");
-    EXPECT_FALSE(Main().Wiederholung.Running());
-    ASSERT_TRUE(ScanEnds());
-    EXPECT_EQ(Light(), Lampe::Gruen);
-}
-
-TEST_F(F2_Laden, gives_a_held_port_up_after_five_more_tries) {
-    world.PortCanOpen = false;
-    Open();
-    world.RunFor(60000);
-    EXPECT_EQ(world.Opens, 6);
-    EXPECT_EQ(Light(), Lampe::Rot);
-    EXPECT_FALSE(Main().Wiederholung.Running());
+    EXPECT_TRUE(world.PortChanged);
+    programm.reset();
+    EXPECT_FALSE(world.PortChanged);
 }
 
 // ---- the first scan
@@ -207,12 +186,53 @@ TEST_F(F2_Aufsicht, opens_a_closed_port_before_it_scans) {
 TEST_F(F2_Aufsicht, says_why_when_the_closed_port_cannot_be_opened) {
     Connect();
     world.World.Port.Close();
-    world.PortCanOpen = false;
-    world.PortFaultNow = PortFault{.What = PortFault::Kind::NotThere, .Device = "ttyUSB4"};
+    Refuse(PortFault::Kind::NotThere);
     ASSERT_TRUE(ScanEnds());
     EXPECT_EQ(Main().Verbunden, 0);
-    EXPECT_EQ(Line(), PortFault_Text(programm->kern, *world.PortFaultNow));
-    EXPECT_TRUE(Main().Timer2.Running());
+    EXPECT_EQ(Light(), Lampe::Rot);
+    EXPECT_EQ(Line(), "L290");
+    EXPECT_FALSE(Main().Label7.Visible);
+    EXPECT_FALSE(Main().Picture1.Visible);
+    EXPECT_FALSE(Main().Timer2.Running());
+    EXPECT_FALSE(Main().Wiederholung.Running());
+}
+
+TEST_F(F2_Aufsicht, tries_a_port_again_that_another_program_took_between_two_scans) {
+    Connect();
+    world.World.Port.Close();
+    Refuse(PortFault::Kind::Held);
+    ASSERT_TRUE(ScanEnds());
+    EXPECT_EQ(Light(), Lampe::Rot);
+    EXPECT_EQ(Line(), "L294");
+    const int opens = world.Opens;
+    world.RunFor(60000);
+    EXPECT_EQ(world.Opens, opens + 30);
+    world.PortCanOpen = true;
+    world.PortChanged(PortChange::Arrived);
+    ASSERT_TRUE(ScanEnds());
+    EXPECT_EQ(Light(), Lampe::Gruen);
+}
+
+TEST_F(F2_Aufsicht, a_key_whose_search_cannot_open_the_port_turns_the_light_red_and_has_it_tried_again) {
+    Connect();
+    NoteWindows();
+    AdapterAnswers = false;
+    ASSERT_TRUE(ScanEnds());
+    EXPECT_EQ(Light(), Lampe::Gruen);
+    Refuse(PortFault::Kind::Held);
+    Expect(91);
+    Press("PROG");
+    EXPECT_THAT(Opened, IsEmpty());
+    EXPECT_EQ(Light(), Lampe::Rot);
+    EXPECT_EQ(Line(), "L294");
+    EXPECT_EQ(Main().AdapterVersion, 0);
+    EXPECT_TRUE(Main().Wiederholung.Running());
+    world.PortCanOpen = true;
+    AdapterAnswers = true;
+    world.RunFor(2000);
+    EXPECT_EQ(Light(), Lampe::Gelb);
+    ASSERT_TRUE(ScanEnds());
+    EXPECT_EQ(Light(), Lampe::Gruen);
 }
 
 TEST_F(F2_Aufsicht, an_echo_of_the_question_is_no_adapter) {

@@ -13,13 +13,20 @@ namespace {
 /// Milliseconds of Timer2: at the first open, once the port is ready, between two scans, after a key found no adapter.
 constexpr int FirstInterval = 1000, ReadyInterval = 200, ScanInterval = 40000, KeyInterval = 30000;
 constexpr int GuardInterval = 2000;
-/// How often, and how many milliseconds apart, a port is tried again that another program may only hold for a moment.
-constexpr int RetryInterval = 2000, MostRetries = 5;
+/// How often, and how many milliseconds apart, a port is tried again that may only be out of reach for a moment.
+constexpr int RetryInterval = 2000, MostRetries = 30;
 
 constexpr int TimeOutLine = 74, AdapterPictureId = 1;
 
 void Weiterzaehlen(Label& label) {
     label.Text = std::to_string(Zahlwert(label.Text()) + 1);
+}
+
+/// Faults that pass by themselves: another program lets go, and a node just plugged gets its rights. What is not there,
+/// or no port, is announced by the system when that changes.
+bool Voruebergehend(const PortFault& fault) {
+    using Kind = PortFault::Kind;
+    return fault.What == Kind::Held || fault.What == Kind::HeldByService || fault.What == Kind::NoRight;
 }
 
 void Anschluss_Schliessen(const Kern& kern) {
@@ -44,7 +51,7 @@ F2::F2(Link& serialLink, AdapterListe& adapters)
 
 F2::~F2() {
     if (geladen_ && kern.Welt.OnPortChange) {
-        kern.Welt.OnPortChange([](PortChange) {});
+        kern.Welt.OnPortChange(nullptr);
     }
 }
 
@@ -85,6 +92,10 @@ void F2::F2_Zeigen() {
     ++rueckkehr_;
     Fenster.Visible = true;
     Fenster.Enabled = true;
+    if (Label1.ForeColor == Lampe::Rot && kern.Welt.Port.IsOpen() && !Lauf_Aktiv()) {
+        Port_Einrichten_Anzeigen(); // another window has opened it
+        return;
+    }
     // A port that was made ready while an editor was open is still to be searched.
     Timer2.Start(Timer2.Interval() == ReadyInterval ? ReadyInterval : ScanInterval);
 }
@@ -144,9 +155,15 @@ void F2::Suchen() {
         Anschluss_Schliessen(kern);
         return;
     }
-    if (Verbunden == 0 && Label1.ForeColor != Lampe::Rot) {
-        const Grund reason = Anschlussgrund();
-        Melden(reason == Grund::Keiner ? Grund::Stumm : reason);
+    if (Label1.ForeColor == Lampe::Rot) {
+        return;
+    }
+    if (!kern.Welt.Port.IsOpen()) {
+        Port_Verloren(Anschlussgrund());
+        versuche_ = 0;
+        Wiederholung_Starten();
+    } else if (Verbunden == 0) {
+        Melden(Grund::Stumm);
     }
 }
 
@@ -168,27 +185,42 @@ F2::Grund F2::Anschlussgrund() const {
 }
 
 void F2::Melden(Grund reason) {
+    const SerialPort& port = kern.Welt.Port;
     grund_ = reason;
+    fehler_ = port.LastFault ? port.LastFault() : PortFault();
+    fehlertext_ = port.LastError();
     Meldezeile_Setzen();
 }
 
 void F2::Port_Bereiten() {
     nachholen_ = false;
     Port_Einrichten(link, Adapter);
-    Port_Einrichten_Anzeigen();
-    if (!kern.Welt.Port.IsOpen()) {
+    Anschluss_Zeigen();
+}
+
+void F2::Port_Einrichten_Anzeigen() {
+    versuche_ = 0;
+    Anschluss_Zeigen();
+}
+
+void F2::Wiederholung_Starten() {
+    if (Voruebergehend(fehler_)) {
         Wiederholung.Start();
     }
 }
 
-void F2::Port_Einrichten_Anzeigen() {
+void F2::Anschluss_Zeigen() {
     const bool open = kern.Welt.Port.IsOpen();
     Verbunden = 0;
     Label1.ForeColor = open ? Lampe::Gelb : Lampe::Rot;
     Melden(Anschlussgrund());
     Timer2.Stop();
-    if (open) {
+    if (!nachholen_) {
         Wiederholung.Stop();
+    }
+    if (!open) {
+        Wiederholung_Starten();
+    } else {
         Timer2.SetInterval(ReadyInterval);
         if (Da()) {
             Timer2.Start();
@@ -196,7 +228,7 @@ void F2::Port_Einrichten_Anzeigen() {
     }
 }
 
-void F2::Port_Verloren() {
+void F2::Port_Verloren(Grund reason) {
     Timer2.Stop();
     if (kern.Welt.Port.IsOpen()) {
         kern.Welt.Port.Close();
@@ -206,7 +238,7 @@ void F2::Port_Verloren() {
     Label1.ForeColor = Lampe::Rot;
     Label7.Visible = false;
     Picture1.Visible = false;
-    Melden(Grund::KeinAdapter);
+    Melden(reason);
 }
 
 void F2::Port_Geaendert(PortChange change) {
@@ -223,7 +255,7 @@ void F2::Port_Geaendert(PortChange change) {
         return;
     }
     if (!arrived) {
-        Port_Verloren();
+        Port_Verloren(Grund::KeinAdapter);
     }
     versuche_ = 0;
     Wiederholung.Stop();
@@ -234,16 +266,26 @@ void F2::Wiederholung_Timer() {
     const bool open = kern.Welt.Port.IsOpen();
     if (Lauf_Aktiv()) {
         if (!open && Label1.ForeColor != Lampe::Rot) {
-            Port_Verloren();
+            Port_Verloren(Grund::KeinAdapter);
             nachholen_ = true;
         }
         return;
     }
-    if (ScanLaeuft != 0) {
+    if (ScanLaeuft != 0 || Adapter.SucheLaeuft) {
         return;
     }
+    if (open && !nachholen_) {
+        Wiederholung.Stop();
+        if (Label1.ForeColor == Lampe::Rot) {
+            Port_Einrichten_Anzeigen(); // another window has opened it
+        }
+        return;
+    }
+    if (Fenster.Visible && !Fenster.Enabled) {
+        return; // the window in front has the port
+    }
     Wiederholung.Stop();
-    if ((open && !nachholen_) || versuche_ >= MostRetries) {
+    if (!nachholen_ && versuche_ >= MostRetries) {
         return;
     }
     ++versuche_;

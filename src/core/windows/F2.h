@@ -3,6 +3,7 @@
 #include "AdapterListe.h"
 #include "Controls.h"
 #include "Link.h"
+#include "PortFault.h"
 #include "RunState.h"
 #include "Text.h"
 #include "Timer.h"
@@ -68,7 +69,7 @@ struct F2 {
                                          {.Key = "RfidCard", .Number = 25}}};
     Timer Timer1;       ///< reply guard; no step starts it
     Timer Timer2;       ///< adapter supervision
-    Timer Wiederholung; ///< tries again a port that another program holds in its first seconds, or one that a run held
+    Timer Wiederholung; ///< tries again a port that may be free or allowed in a moment, or one that a run held
 
     int Verbunden = 0;      ///< 1 when the adapter has answered and the tool bar is live
     int ScanLaeuft = 0;     ///< 1 while Timer2's scan runs
@@ -106,7 +107,8 @@ struct F2 {
     void Port_Geaendert(PortChange change);
     /// The adapter's identification came.
     void Adapter_Erkannt();
-    /// The port was made ready anew: light and supervision accordingly.
+    /// The port was made ready anew: light and supervision accordingly. One that another program holds is tried again,
+    /// but not while a window in front of F2 has the port.
     void Port_Einrichten_Anzeigen();
     /// Shut-down; the front end ends the program through Hooks.Ende. Only the first call acts.
     void Beenden();
@@ -124,7 +126,8 @@ private:
     void Suchen();
     void Scan_Fertig();
     void Port_Bereiten();
-    void Port_Verloren();
+    void Anschluss_Zeigen();
+    void Wiederholung_Starten();
     bool Da() const { return Fenster.Visible && Fenster.Enabled; }
     bool Lauf_Aktiv() const {
         return link.Lauf.Phase != RunPhase::None || (Hooks.Liste_Laeuft && Hooks.Liste_Laeuft());
@@ -133,6 +136,7 @@ private:
     enum class Grund { Keiner, Stumm, KeinAdapter, Anschluss };
 
     Grund Anschlussgrund() const;
+    void Port_Verloren(Grund reason);
     void Melden(Grund reason);
     void Meldezeile_Setzen();
     void Timer1_Timer();
@@ -144,8 +148,10 @@ private:
     bool schnittstelleWartet_ = false;
     bool nachholen_ = false; ///< a port came or went while a run held the port
     Grund grund_ = Grund::Keiner;
-    int versuche_ = 0;  ///< of Wiederholung
-    int rueckkehr_ = 0; ///< how often F2 came back
+    PortFault fehler_;       ///< of the port when grund_ was told
+    std::string fehlertext_; ///< the same in the words of the port
+    int versuche_ = 0;       ///< of Wiederholung
+    int rueckkehr_ = 0;      ///< how often F2 came back
 };
 
 /// Configuration saved, port closed, request-to-send off. False when the configuration was not saved.

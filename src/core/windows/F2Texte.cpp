@@ -73,7 +73,6 @@ void F2::Texte_Setzen() {
 }
 
 void F2::Meldezeile_Setzen() {
-    const SerialPort& port = kern.Welt.Port;
     switch (grund_) {
     case Grund::Keiner:
         Meldezeile.Text = std::string();
@@ -85,7 +84,7 @@ void F2::Meldezeile_Setzen() {
         Meldezeile.Text = Wort(kern, EigeneZeile::KeinAdapter, "Es ist kein Funkadapter angeschlossen.");
         break;
     case Grund::Anschluss:
-        Meldezeile.Text = port.LastFault ? PortFault_Text(kern, port.LastFault()) : port.LastError();
+        Meldezeile.Text = fehler_.What == PortFault::Kind::None ? fehlertext_ : PortFault_Text(kern, fehler_);
         break;
     }
 }
