@@ -35,6 +35,7 @@ struct AdapterListe {
 
     /// Nothing is known of adapters: an action that needs one searches first.
     void Ports_Vergessen() {
+        Saetze.clear();
         ProgStationPort = EnrollmentPort = 0;
         ProgAdresse.clear();
         EnrollmentAdresse.clear();

@@ -171,7 +171,7 @@ void Saetze_Sammeln(const Suche& search) {
 }
 
 void Port_Zuruecksetzen(Link& link, const AdapterListe& list, int portBefore) {
-    const int port = list.ProgStationPort == KeinPort ? portBefore : list.ProgStationPort;
+    const int port = list.ProgStationPort == KeinPort || list.ProgStationPort == 0 ? portBefore : list.ProgStationPort;
     if (link.PortNummer != port || !link.kern.Welt.Port.IsOpen()) {
         Port_Oeffnen(link, port);
     }
@@ -215,7 +215,6 @@ bool Adapter_Suchen(Link& link, AdapterListe& list) {
         return false;
     }
     const Suchlauf running(link.kern.Welt, list);
-    list.Saetze.clear();
     const bool fixed = list.PortListe.empty();
     const int portBefore = link.PortNummer;
     Suche search{.link = link,
@@ -231,13 +230,12 @@ bool Adapter_Suchen(Link& link, AdapterListe& list) {
     if (search.Ueberholt()) {
         return false;
     }
-    list.Ports_Vergessen();
-    list.ProgStationPort = list.EnrollmentPort = KeinPort;
-    if (answered) {
+    if (answered) { // with no reply at all, what is known stays
+        list.Ports_Vergessen();
+        list.ProgStationPort = list.EnrollmentPort = KeinPort;
         Saetze_Sammeln(search);
     }
     if (search.Ueberholt()) {
-        list.Saetze.clear();
         list.Ports_Vergessen();
         return false;
     }

@@ -104,16 +104,26 @@ TEST_F(Adapter_Suche, a_name_begins_with_its_class_in_capitals) {
 
 TEST_F(Adapter_Suche, a_silent_port_is_asked_four_times_of_four_seconds) {
     PlugSilent(5);
-    list.Saetze.resize(1);
     EXPECT_FALSE(Search());
     EXPECT_THAT(Asked, ElementsAre(5, 5, 5, 5));
     EXPECT_EQ(Took, 4 * 4001); // more than four seconds each
-    EXPECT_THAT(list.Saetze, IsEmpty());
-    EXPECT_EQ(list.ProgStationPort, KeinPort);
-    EXPECT_EQ(list.EnrollmentPort, KeinPort);
+    EXPECT_EQ(list.ProgStationPort, 0);
+    EXPECT_EQ(list.EnrollmentPort, 0);
     EXPECT_THAT(list.PortListe, ElementsAre(5));
     EXPECT_EQ(world.PortNumber, 5);
     EXPECT_TRUE(world.PortOpen);
+}
+
+TEST_F(Adapter_Suche, without_any_reply_what_was_known_stays) {
+    PlugSilent(5);
+    Port_Einrichten(link, list);
+    list.Saetze.resize(1);
+    list.ProgStationPort = 5;
+    list.EnrollmentPort = 7;
+    EXPECT_FALSE(Adapter_Suchen(link, list));
+    EXPECT_EQ(list.Saetze.size(), 1U);
+    EXPECT_EQ(list.ProgStationPort, 5);
+    EXPECT_EQ(list.EnrollmentPort, 7);
 }
 
 TEST_F(Adapter_Suche, a_silent_port_beside_an_adapter_is_also_asked_for_its_record) {
@@ -216,7 +226,7 @@ TEST_F(Adapter_Suche, the_automatic_search_without_a_candidate_asks_nobody) {
     Silent.insert(1);
     EXPECT_FALSE(Search());
     EXPECT_THAT(Asked, IsEmpty());
-    EXPECT_EQ(list.ProgStationPort, KeinPort);
+    EXPECT_EQ(list.ProgStationPort, 0);
     EXPECT_EQ(world.PortNumber, 1);
 }
 
