@@ -136,6 +136,19 @@ TEST_F(F14_Fenster, settings_that_cannot_be_saved_leave_the_channel_and_say_so) 
     EXPECT_TRUE(Channel().Dirty);
 }
 
+TEST_F(F14_Fenster, whichever_settings_file_fails_once_the_disk_keeps_the_old_channel) {
+    const std::string before = "Deutsch\r\n1\r\nUSB-Port5\r\n3\r\n";
+    for (const int operation : {1, 2}) {
+        Channel().Combo1_Click(4);
+        Break(operation, false);
+        Expect(287);
+        Press("Speichern");
+        EXPECT_EQ(programm->kern.Config.RadioChannel, "3") << operation;
+        EXPECT_EQ(world.Disk.Files[Settings], before) << operation;
+        EXPECT_FALSE(world.Disk.Files.contains(Channels)) << operation;
+    }
+}
+
 TEST_F(F14_Fenster, a_channel_that_cannot_be_scheduled_is_not_taken) {
     for (const int operation : {3, 4}) { // both settings files are written by then; read or write of the channels
         Channel().Combo1_Click(4);

@@ -65,6 +65,7 @@ void F14::Speichern() {
     kern.Config.RadioChannel = Ziffern(channel);
     if (!Konfiguration_Speichern(kern)) {
         kern.Config.RadioChannel = channelAtOpen_;
+        Konfiguration_Speichern(kern); // one of the files may hold the new channel already
         kern.Meldung(kern.Zeile(AdapterWort::NotSaved), Buttons::Ok, Icon::Exclamation);
         return;
     }
