@@ -74,6 +74,16 @@ TEST_F(F6_Name, an_unchanged_name_sends_nothing_and_says_nothing) {
     EXPECT_THAT(world.Shown, IsEmpty());
 }
 
+TEST_F(F6_Name, an_emptied_name_is_not_taken_and_asks_nothing) {
+    Open();
+    Rename(1, "");
+    EXPECT_EQ(Cell(1, F6Column::Name), "PROGSTATION 1");
+    EXPECT_THAT(Names, IsEmpty());
+    EXPECT_THAT(world.Shown, IsEmpty());
+    GoBack();
+    EXPECT_EQ(returned, 1);
+}
+
 TEST_F(F6_Name, a_key_that_edits_nothing_leaves_the_editor_open) {
     Adapters().FGK6_Click(1, F6Column::Name);
     Adapters().Text3_KeyPress('a');

@@ -1,5 +1,6 @@
 // The adapter window: opening, the choice of the port, the list, saving.
 
+#include "AutoRegister.h"
 #include "F6Fixture.h"
 
 namespace qvm::test {
@@ -125,7 +126,11 @@ TEST_F(F6_Fenster, a_file_full_of_any_bytes_is_shown_and_harms_nothing) {
     }
     world.Disk.Files[List] = bytes;
     Open();
-    EXPECT_EQ(Cell(21, F6Column::Address), ""); // what lies behind record 20 is not read
+    EXPECT_EQ(Cell(1, F6Column::Number), "1");
+    EXPECT_EQ(Cell(1, F6Column::Port), "\xFC\x03"); // bytes 36 and 37
+    EXPECT_EQ(Cell(20, F6Column::Number), "20");
+    EXPECT_EQ(Cell(20, F6Column::Port), "\xC1\xC8"); // bytes 1271 and 1272, times 7
+    EXPECT_EQ(Cell(21, F6Column::Address), "");      // what lies behind record 20 is not read
 }
 
 TEST_F(F6_Fenster, a_file_that_cannot_be_read_leaves_the_grid_empty_and_is_not_written_over) {
@@ -200,6 +205,13 @@ TEST_F(F6_Fenster, a_port_that_does_not_open_is_reported_and_saved_all_the_same)
     EXPECT_FALSE(world.PortOpen);
     EXPECT_EQ(world.Disk.Files[Settings], "Deutsch\r\n1\r\nUSB-Port3\r\n3\r\n");
     EXPECT_EQ(prepared, 1);
+}
+
+TEST_F(F6_Fenster, an_adapter_pulled_out_is_shown_absent) {
+    world.AdapterPortNumbers = {};
+    Port_Einrichten(programm->link, programm->Adapter);
+    Open();
+    EXPECT_EQ(Picture(1), AdapterPicture::Absent);
 }
 
 TEST_F(F6_Fenster, a_list_that_cannot_be_saved_is_reported) {
@@ -328,6 +340,20 @@ TEST_F(F6_Suche, fills_the_rows_with_what_was_found_and_forgets_the_rest) {
     Expect(60, Answer::Yes);
     GoBack();
     EXPECT_EQ(world.Disk.Files[List].substr(0, 38), "/10/20/30/5     PROGSTATION         5 ");
+}
+
+TEST_F(F6_Suche, a_port_change_while_it_runs_puts_the_rows_back_and_is_no_change) {
+    Open();
+    during = [this] { Port_Einrichten(programm->link, programm->Adapter); };
+    Adapters().Command1_Click();
+    EXPECT_EQ(Cell(1, F6Column::Address), "/10/20/30/40");
+    EXPECT_EQ(Cell(1, F6Column::Name), "PROGSTATION 1");
+    EXPECT_EQ(Picture(1), AdapterPicture::Absent);
+    EXPECT_EQ(Cell(2, F6Column::Address), "/1/2/3/4");
+    EXPECT_EQ(Cell(2, F6Column::Port), "9");
+    GoBack(); // asks nothing
+    EXPECT_EQ(returned, 1);
+    EXPECT_EQ(world.Disk.Files[List].substr(0, 12), "/10/20/30/40");
 }
 
 TEST_F(F6_Suche, finding_the_same_again_is_no_change) {

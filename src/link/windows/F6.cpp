@@ -29,6 +29,16 @@ std::string Inhalt(const Grid& grid) {
     return text;
 }
 
+/// The texts of all rows.
+std::vector<F6::Zeile> Zeilen_Merken(const Grid& grid) {
+    std::vector<F6::Zeile> rows;
+    for (int row = FirstRow; row <= F6::Records; ++row) {
+        rows.push_back(
+            {grid.Text(row, F6Column::Address), grid.Text(row, F6Column::Name), grid.Text(row, F6Column::Port)});
+    }
+    return rows;
+}
+
 /// Holds the hourglass, and the keys of the window off, while an adapter is waited for.
 class Sanduhr {
 public:
@@ -99,6 +109,19 @@ void F6::Gitter_Leeren() {
     }
 }
 
+void F6::Zeilen_Zurueck(const std::vector<Zeile>& rows) {
+    int row = FirstRow;
+    for (const Zeile& texts : rows) {
+        FGK6.SetText(row, F6Column::Address, texts[0]);
+        FGK6.SetText(row, F6Column::Name, texts[1]);
+        FGK6.SetText(row, F6Column::Port, texts[2]);
+        if (!texts[0].empty()) {
+            Zustand_Zeigen(row);
+        }
+        ++row;
+    }
+}
+
 void F6::Modus_Zeigen() {
     const bool automatic = Check1.Checked;
     FGK6.Visible = automatic;
@@ -134,10 +157,16 @@ void F6::Command1_Click() {
     Editor_Schliessen();
     const Sanduhr hourglass(*this, busy_);
     const std::string before = Inhalt(FGK6);
+    const std::vector<Zeile> rows = Zeilen_Merken(FGK6);
+    const int stand = Adapter.Stand;
     Gitter_Leeren();
     Texte_Setzen();
-    Adapter_Suchen(link, Adapter);
-    const int found = std::min(static_cast<int>(Adapter.Saetze.size()), Searched);
+    const bool answered = Adapter_Suchen(link, Adapter);
+    if (Adapter.Stand != stand) {
+        Zeilen_Zurueck(rows); // the search was cut off: what it did not find may be there all the same
+        return;
+    }
+    const int found = answered ? std::min(static_cast<int>(Adapter.Saetze.size()), Searched) : 0;
     for (int n = 0; n < found; ++n) {
         const AdapterSatz& adapter = Adapter.Saetze[static_cast<std::size_t>(n)];
         FGK6.SetText(FirstRow + n, F6Column::Address, adapter.Adresse);

@@ -10,6 +10,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace qvm {
 
@@ -31,6 +32,7 @@ struct F6 {
     static constexpr int Searched = 18;             ///< rows that a search fills at most
     static constexpr Colour ChangedName = 0x80FFFF; ///< background of a row whose adapter bears another name by now
     static constexpr int NameWidth = 20;
+    using Zeile = std::array<std::string, 3>; ///< address, name and port of a grid row
 
     Link& link;
     Kern& kern;
@@ -75,6 +77,7 @@ struct F6 {
 
 private:
     void Gitter_Leeren();
+    void Zeilen_Zurueck(const std::vector<Zeile>& rows);
     void Modus_Zeigen();
     void Zustand_Zeigen(int row);
     void Zeile_Faerben(int row, Colour colour);

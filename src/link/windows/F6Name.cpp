@@ -99,7 +99,7 @@ void F6::Text3_LostFocus() {
 
 bool F6::Name_Vergeben(int row, std::string_view name) const {
     for (int other = 1; other <= Records; ++other) {
-        if (other != row && FGK6.Text(other, F6Column::Name) == name) {
+        if (other != row && !FGK6.Text(other, F6Column::Address).empty() && FGK6.Text(other, F6Column::Name) == name) {
             return true;
         }
     }
@@ -114,18 +114,19 @@ void F6::Editor_Uebernehmen() {
     const std::string name(Trim(Text3.Text())); // as the file gives it back
     Editor_Schliessen();
     const bool due = FGK6.At(row, F6Column::Name).BackColor == ChangedName;
-    if (name == oldName_ && !due) {
+    if (name.empty() || (name == oldName_ && !due)) { // no search would find an adapter without a name
         return;
     }
     if (Name_Vergeben(row, name)) {
         kern.Meldung(kern.Zeile(DuplicateLine), Buttons::Ok, Icon::Exclamation, InfoTitle);
         return;
     }
-    dirty_ = true;
     FGK6.SetText(row, F6Column::Name, name);
     if (FGK6.At(row, F6Column::State).Picture == AdapterPicture::Present) {
-        Transmit_USB_WORD(row, name);
+        const bool written = Transmit_USB_WORD(row, name);
+        dirty_ = dirty_ || written || FGK6.Text(row, F6Column::Name) != oldName_;
     } else {
+        dirty_ = true;
         kern.Meldung(kern.Zeile(AbsentLine), Buttons::Ok, Icon::Exclamation, InfoTitle);
     }
 }
