@@ -7,7 +7,9 @@ namespace qvm {
 
 struct PortWatch::System {};
 
-PortWatch::PortWatch(const PortNumbers& /*numbers*/, std::function<void()> /*stir*/) {}
+PortWatch::PortWatch(const PortNumbers& /*numbers*/, std::function<void()> stir) {
+    stir = nullptr; // nobody is ever told
+}
 
 PortWatch::~PortWatch() = default;
 

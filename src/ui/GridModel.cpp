@@ -4,7 +4,6 @@
 
 #include <QFont>
 #include <QGuiApplication>
-#include <QTimer>
 
 #include <algorithm>
 
@@ -160,7 +159,7 @@ void GridModel::cellChanged(int row, int column) {
     }
     if (!telling_) {
         telling_ = true;
-        QTimer::singleShot(0, this, [this] { tellViews(); });
+        QMetaObject::invokeMethod(this, &GridModel::tellViews, Qt::QueuedConnection);
     }
 }
 

@@ -17,7 +17,7 @@ KeyEdit::KeyEdit(TextBox& model, const QString& name, QWidget* parent) : QLineEd
     setAcceptDrops(false);
     watch(model.Text, this, [this] { showText(); });
     watch(model.Caret, this, [this] { showText(); });
-    watch(model.Visible, this, [this] { showModel(); });
+    watch(model.Visible, this, [this] { setVisible(model_.Visible); });
     watch(model.Enabled, this, [this] { setEnabled(model_.Enabled); });
     model.SetFocus = [this] { setFocus(Qt::OtherFocusReason); };
     connect(this, &QObject::destroyed, [&model] { model.SetFocus = {}; });
@@ -25,10 +25,6 @@ KeyEdit::KeyEdit(TextBox& model, const QString& name, QWidget* parent) : QLineEd
 }
 
 KeyEdit::~KeyEdit() = default;
-
-void KeyEdit::showModel() {
-    setVisible(model_.Visible);
-}
 
 void KeyEdit::showText() {
     const QString wanted = toQt(model_.Text());

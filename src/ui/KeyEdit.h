@@ -33,8 +33,6 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
-    /// The model's Visible has changed.
-    virtual void showModel();
 
     TextBox& model_;
 

@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QKeyEvent>
 #include <QScreen>
 #include <QWindow>
 
@@ -53,6 +54,24 @@ private:
     QWidget* window_;
 };
 
+/// A key held down acts once: a Return or Escape that repeats itself would press a button of the window that the first
+/// one has just opened or left behind, the cancel button of a run among them.
+class NoRepeat : public QObject {
+public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::KeyPress) {
+            const auto* press = static_cast<QKeyEvent*>(event);
+            const int key = press->key();
+            if (press->isAutoRepeat() && (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Escape)) {
+                return true;
+            }
+        }
+        return QObject::eventFilter(watched, event);
+    }
+};
+
 /// Lets a window belong to the run list while that is open, else to the window that it was made for.
 class ListOwner : public QObject {
 public:
@@ -81,6 +100,7 @@ Oberflaeche::Oberflaeche(Programm& programm)
       f18(programm.F18, &f13), f91(programm.F91), f92(programm.F92, &f91), programm_(programm) {
     connectMainWindow();
     connectWords();
+    QCoreApplication::instance()->installEventFilter(new NoRepeat(&f2));
     for (QWidget* window : {static_cast<QWidget*>(&f6), static_cast<QWidget*>(&f7), static_cast<QWidget*>(&f14),
                             static_cast<QWidget*>(&f13), static_cast<QWidget*>(&f91)}) {
         new Placement(window, place_);
@@ -99,6 +119,9 @@ Oberflaeche::~Oberflaeche() {
     hooks.Schaltuhr_Menue = {};
     hooks.Ende = {};
     programm_.F7_Oeffnen = {};
+    for (auto& [hook, before] : replaced_) {
+        *hook = std::move(before);
+    }
 }
 
 void Oberflaeche::connectMainWindow() {
@@ -116,6 +139,7 @@ void Oberflaeche::connectMainWindow() {
 
 void Oberflaeche::keepPlace(std::function<void()>& hook) {
     if (hook) {
+        replaced_.emplace_back(&hook, hook);
         hook = [this, open = std::move(hook)] {
             place_ = f2.pos();
             open();
@@ -124,6 +148,7 @@ void Oberflaeche::keepPlace(std::function<void()>& hook) {
 }
 
 void Oberflaeche::connectWords() {
+    replaced_.emplace_back(&programm_.F15.Sprache_Gewechselt, programm_.F15.Sprache_Gewechselt);
     programm_.F15.Sprache_Gewechselt = [this, before = std::move(programm_.F15.Sprache_Gewechselt)] {
         if (before) {
             before();

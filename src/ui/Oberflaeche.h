@@ -17,11 +17,14 @@
 
 #include <QPoint>
 
+#include <functional>
+#include <utility>
+#include <vector>
+
 namespace qvm::ui {
 
 /// All windows over a Programm. They live as long as this does, shown and hidden by their models; none is on the screen
-/// before F2 is opened. To be made after Programm_Start, which
-/// tells the language. The Programm must live longer.
+/// before F2 is opened. To be made after Programm_Start, which tells the language. The Programm must live longer.
 class Oberflaeche {
 public:
     explicit Oberflaeche(Programm& programm);
@@ -49,6 +52,8 @@ private:
     void keepPlace(std::function<void()>& hook);
 
     Programm& programm_;
+    /// Hooks of the program that lead here first, and what stood in them.
+    std::vector<std::pair<std::function<void()>*, std::function<void()>>> replaced_;
     QPoint place_; ///< FensterX, FensterY: where the main window stood when it opened the last window
 };
 

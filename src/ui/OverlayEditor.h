@@ -13,10 +13,8 @@ class OverlayEditor : public KeyEdit {
 public:
     OverlayEditor(TextBox& model, GridView& view, const QString& name);
 
-protected:
-    void showModel() override;
-
 private:
+    void showModel();
     void place();
 
     GridView& view_;

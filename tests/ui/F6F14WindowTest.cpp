@@ -30,9 +30,9 @@ struct F6_Window : UiFixture {
         world.Disk.Files["/q/DAT/COMSETUPADAPTER.ADP"] =
             AdapterRecordBytes("/1/2/3/4", "PROGSTATION-1", "5") + AdapterRecordBytes("/1/2/3/5", "PROGSTATION-2", "6");
         Start(language, mode);
-        AddAdapter("/1/2/3/4", "PROGSTATION-1", "5");
         windows = std::make_unique<ui::Oberflaeche>(*programm);
         programm->F2.F2_Laden();
+        AddAdapter("/1/2/3/4", "PROGSTATION-1", "5");
         programm->F2.Timer2.Stop();
     }
     void Open(std::string_view language = "Deutsch", std::string_view mode = "SET") {

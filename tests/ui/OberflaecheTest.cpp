@@ -1,0 +1,48 @@
+// All windows over one program: what they leave behind, and keys that are held down.
+
+#include "Oberflaeche.h"
+
+#include "UiFixture.h"
+
+#include <QKeyEvent>
+
+namespace qvm::test {
+namespace {
+
+struct All_Windows : UiFixture {};
+
+void press(QWidget& window, int key, bool repeats) {
+    QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, QString(), repeats);
+    QWidget* const target = window.focusWidget() != nullptr ? window.focusWidget() : &window;
+    QCoreApplication::sendEvent(target, &event);
+}
+
+TEST_F(All_Windows, hand_the_programs_hooks_back_when_they_go) {
+    Start();
+    int told = 0;
+    programm->F15.Sprache_Gewechselt = [&told] { ++told; };
+    { const ui::Oberflaeche windows(*programm); }
+    programm->F15.Sprache_Gewechselt();
+    EXPECT_EQ(told, 1);
+    programm->F2.Hooks.F14_Oeffnen();
+    EXPECT_TRUE(programm->F14.Fenster.Visible);
+    EXPECT_FALSE(programm->F2.Hooks.Ende);
+    EXPECT_FALSE(programm->F7_Oeffnen);
+}
+
+TEST_F(All_Windows, a_return_held_down_presses_no_button) {
+    Start();
+    ui::Oberflaeche windows(*programm);
+    RunState& lauf = programm->link.Lauf;
+    programm->Lauf.Gesamtende = false;
+    programm->F9.F9_Vorbereiten(100);
+    programm->F9.F9_Zeigen();
+    Present(windows.f9);
+    press(windows.f9, Qt::Key_Return, true);
+    EXPECT_EQ(lauf.AbbruchWunsch, 0);
+    press(windows.f9, Qt::Key_Return, false);
+    EXPECT_EQ(lauf.AbbruchWunsch, 1);
+}
+
+} // namespace
+} // namespace qvm::test
