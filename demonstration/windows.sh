@@ -13,18 +13,22 @@ trap 'exit 130' INT TERM
 
 say "The demonstration installation, with a virtual adapter and virtual locks behind a serial device"
 make_installation >/dev/null
-start_simulator
 cp "$bin/src/qvm7702" "$place/"
 
 say "The program is open. What to try:"
 cat <<'TEXT'
-   1. Wait some seconds: the light turns from yellow to green by itself, and the tool bar comes alive.
+   1. Wait some seconds: the adapter is plugged in, the light turns from red over yellow to green by itself, and the
+      tool bar comes alive.
    2. "Program locks", then the program cell of a lock: a click, or the arrow keys and Return.
    3. Answer the questions, type the administrator code 123456, press OK, and watch the progress.
    4. File > Language changes all words at once. File > Exit ends the program.
 TEXT
 # The program looks for its files beside itself.
-"$place/qvm7702"
+"$place/qvm7702" &
+program=$!
+sleep 3
+start_simulator
+wait "$program"
 
 say "The events that were read"
 show_events
