@@ -11,6 +11,9 @@ namespace qvm::ui {
 
 GridModel::GridModel(Grid& grid, QObject* parent)
     : QAbstractTableModel(parent), grid_(grid), rows_(std::max(grid.Rows() - 1, 0)), columns_(grid.Columns()) {
+    telling_.setSingleShot(true);
+    telling_.setInterval(0);
+    connect(&telling_, &QTimer::timeout, this, &GridModel::tellViews);
     grid_.CellChanged = [this](int row, int column) { cellChanged(row, column); };
 }
 
@@ -157,14 +160,12 @@ void GridModel::cellChanged(int row, int column) {
         firstColumn_ = std::min(firstColumn_, column);
         lastColumn_ = std::max(lastColumn_, column);
     }
-    if (!telling_) {
-        telling_ = true;
-        QMetaObject::invokeMethod(this, &GridModel::tellViews, Qt::QueuedConnection);
+    if (!telling_.isActive()) {
+        telling_.start();
     }
 }
 
 void GridModel::tellViews() {
-    telling_ = false;
     const int firstRow = firstRow_;
     const int firstColumn = firstColumn_;
     const int lastRow = std::min(lastRow_, rows_);

@@ -5,6 +5,7 @@
 
 #include <QAbstractTableModel>
 #include <QHash>
+#include <QTimer>
 
 namespace qvm::ui {
 
@@ -59,7 +60,7 @@ private:
     int columns_ = 0;
     // Changes since the views were last told, in rows and columns of the grid; none while the first exceeds the last.
     int firstRow_ = 0, lastRow_ = -1, firstColumn_ = 0, lastColumn_ = -1;
-    bool telling_ = false;
+    QTimer telling_;
 };
 
 } // namespace qvm::ui

@@ -162,11 +162,11 @@ void F6::Command1_Click() {
     Gitter_Leeren();
     Texte_Setzen();
     const bool answered = Adapter_Suchen(link, Adapter);
-    if (Adapter.Stand != stand) {
-        Zeilen_Zurueck(rows); // the search was cut off: what it did not find may be there all the same
+    if (Adapter.Stand != stand || !answered) {
+        Zeilen_Zurueck(rows); // cut off, or nobody there: the stored list is not to be lost by it
         return;
     }
-    const int found = answered ? std::min(static_cast<int>(Adapter.Saetze.size()), Searched) : 0;
+    const int found = std::min(static_cast<int>(Adapter.Saetze.size()), Searched);
     for (int n = 0; n < found; ++n) {
         const AdapterSatz& adapter = Adapter.Saetze[static_cast<std::size_t>(n)];
         FGK6.SetText(FirstRow + n, F6Column::Address, adapter.Adresse);
