@@ -275,6 +275,23 @@ TEST_F(F6_Fenster, no_leaves_everything_as_it_was) {
     EXPECT_EQ(returned, 1);
 }
 
+TEST_F(F6_Fenster, no_gives_the_configured_port_back_after_a_search_on_others) {
+    programm->kern.Config.PortAutomatik = "RESET";
+    Open();
+    Adapters().Check1_Click(true);
+    Port_Oeffnen(programm->link, 7); // as a search leaves it that found its adapter there
+    programm->Adapter.ProgStationPort = 7;
+    programm->Adapter.Saetze.push_back({.Adresse = "/1/2/3/9", .Name = "PROGSTATION-9", .Port = "7"});
+    const int before = prepared;
+    Expect(60, Answer::No);
+    GoBack();
+    EXPECT_EQ(world.PortNumber, 5);
+    EXPECT_EQ(programm->link.PortNummer, 5);
+    EXPECT_EQ(programm->Adapter.ProgStationPort, 0);
+    EXPECT_THAT(programm->Adapter.Saetze, IsEmpty());
+    EXPECT_EQ(prepared, before + 1);
+}
+
 TEST_F(F6_Fenster, choosing_what_is_chosen_already_is_no_change) {
     Open();
     Adapters().Check1_Click(true);

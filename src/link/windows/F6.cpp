@@ -256,8 +256,12 @@ void F6::Schliessen() {
                                            kern.Zeile(QuestionTitle));
         if (answer == Answer::Yes) {
             Speichern();
-        } else if (!kern.Config.AdapterModus()) {
-            Adapter.PortListe.clear(); // of a check box turned on and not saved
+        } else {
+            // A search or the check box may have led to ports and adapters that are not wanted.
+            Port_Einrichten(link, Adapter);
+            if (Port_Eingerichtet) {
+                Port_Eingerichtet();
+            }
         }
     }
     dirty_ = false;
