@@ -6,6 +6,7 @@
 #include "Tables.h"
 
 #include <cstdint>
+#include <nlohmann/json.hpp>
 #include <string>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

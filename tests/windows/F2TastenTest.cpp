@@ -167,11 +167,11 @@ TEST_F(F2_Tasten, info_oeffnen_speichern_and_rfidcard_are_hidden_and_never_act) 
     NoteWindows();
     Main().Tasten_Freigeben();
     ASSERT_TRUE(ScanEnds());
-    const std::string oeffnen(u8"Öffnen"_w);
+    const std::string_view oeffnen = u8"Öffnen"_w;
     for (const int connected : {0, 1}) {
         Main().Verbunden = connected;
-        for (const std::string_view key : {std::string_view("INFO"), std::string_view(oeffnen),
-                                           std::string_view("Speichern"), std::string_view("RfidCard")}) {
+        for (const std::string_view key :
+             {std::string_view("INFO"), oeffnen, std::string_view("Speichern"), std::string_view("RfidCard")}) {
             EXPECT_FALSE(Key(key).Visible) << key;
             EXPECT_FALSE(Key(key).Enabled) << key;
             Press(key);
