@@ -159,8 +159,8 @@ TEST(Programm_Konsole, without_an_opened_main_window_a_return_shows_nothing_and_
 
 TEST_F(Programm_Hauptfenster, every_language_reaches_the_main_window_at_once) {
     const std::vector<std::string> file{"Datei", "File", "Fichier", "Bestand"};
-    const std::vector<std::string_view> prog{u8"Schlösser programmieren"_w, "Program locks", "Programmer les serrures",
-                                             "Sloten programmeren"};
+    const std::string_view german = u8"Schlösser programmieren"_w;
+    const std::vector<std::string_view> prog{german, "Program locks", "Programmer les serrures", "Sloten programmeren"};
     const std::vector<std::string> adapter{"USB-Funkadapter", "USB wireless adapter", "Adaptateur radio USB",
                                            "USB-radioadapter"};
     for (const int language : {1, 2, 3, 0}) {
