@@ -32,6 +32,12 @@ function(qvm_unoptimised target)
   endif()
 endfunction()
 
+# qvm_separate(<file>...)
+# Files whose local names meet those of their neighbours: not to be compiled in one piece with them.
+function(qvm_separate)
+  set_source_files_properties(${ARGN} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+endfunction()
+
 # qvm_library(<name> [DIR <folder>] [DEPS <target>...] [PRIVATE_DEPS <target>...] [HEADERS <header>...])
 # All .cpp files of the folder (not of its sub-folders) as one static library. HEADERS: what nearly all of them include,
 # worth compiling once.
@@ -67,11 +73,12 @@ function(qvm_test_support)
   qvm_unoptimised(test_support)
 endfunction()
 
-# qvm_test(<folder> [QT] [DEPS <target>...] [HEADERS <header>...])
+# qvm_test(<folder> [QT] [SLICES <count>] [DEPS <target>...] [HEADERS <header>...])
 # The tests of tests/<folder> as one program test_<folder>, linked to what that folder may use and no more. QT: its
-# libraries bring definitions of Qt along, so that it cannot share the compiled headers.
+# libraries bring definitions of Qt along, so that it cannot share the compiled headers. SLICES: so many runs that may
+# go on at a time, each with its share of the tests; a run for every single test spent most of its time on starting.
 function(qvm_test folder)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "QT" "" "DEPS;HEADERS")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "QT" "SLICES" "DEPS;HEADERS")
   file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp")
   if(NOT sources)
     return()
@@ -84,5 +91,13 @@ function(qvm_test folder)
   else()
     target_precompile_headers(test_${folder} REUSE_FROM test_support)
   endif()
-  gtest_discover_tests(test_${folder} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 300)
+  if(NOT arg_SLICES)
+    set(arg_SLICES 1)
+  endif()
+  math(EXPR last "${arg_SLICES} - 1")
+  foreach(slice RANGE ${last})
+    add_test(NAME ${folder}.${slice} COMMAND test_${folder})
+    set_tests_properties(${folder}.${slice} PROPERTIES TIMEOUT 300
+      ENVIRONMENT "GTEST_TOTAL_SHARDS=${arg_SLICES};GTEST_SHARD_INDEX=${slice}")
+  endforeach()
 endfunction()

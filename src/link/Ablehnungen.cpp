@@ -17,7 +17,7 @@ bool Kanal_Suche(const Link& l) {
     return l.Lauf.KanalSuche != 0 || l.Lauf.LaufZiel == "F20";
 }
 
-void Nichts(Link& /*link*/) {}
+void Nur_Abgelehnt(Link& /*link*/) {}
 
 void Noch_Einmal_Trennen(Link& l) {
     if (!Zuletzt(l, 0x05)) {
@@ -41,7 +41,7 @@ constexpr ReplyRow Refusals[] = {
      [](Link& l) { Rufen(l.Hooks.Unit_Naechster_Kanal); }},
     {0x69, "unit session otherwise", [](const Link& l) { return Unit_Oeffnung(l) || Blocktransfer(l); },
      [](Link& l) { Rufen(l.Hooks.Unit_Fehlgeschlagen); }},
-    {0x69, "TelLebenszeichen", [](const Link& l) { return Zuletzt(l, 0x08); }, Nichts},
+    {0x69, "TelLebenszeichen", [](const Link& l) { return Zuletzt(l, 0x08); }, Nur_Abgelehnt},
     {0x69, "unit-list scan", [](const Link& l) { return l.Lauf.SuchMarke == 0xAD; },
      [](Link& l) { Rufen(l.Hooks.Unit_Kanal_Leer); }},
     {0x69, "units are searched by logins", [](const Link& l) { return l.Lauf.SuchLauf != 0; },
@@ -56,7 +56,7 @@ constexpr ReplyRow Refusals[] = {
     {0x69, "busy", [](const Link& l) { return Grund(l, 0x67); }, Noch_Einmal_Trennen},
     {0x69, "card refused", [](const Link& l) { return Grund(l, 0x6A); },
      [](Link& l) { Rufen(l.Hooks.Karte_Abgelehnt); }},
-    {0x69, "any other reason", Immer, Nichts},
+    {0x69, "any other reason", Immer, Nur_Abgelehnt},
 };
 
 } // namespace

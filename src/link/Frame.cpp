@@ -1,5 +1,7 @@
 #include "Frame.h"
 
+#include "Stelle.h"
+
 #include <algorithm>
 
 namespace qvm {
@@ -8,10 +10,6 @@ namespace {
 /// Length of the header that the network automaton reads before it knows the frame's length.
 constexpr int NetworkCodeIndex = 2;
 constexpr int NetworkStepIndex = 27;
-
-std::size_t At(int index) {
-    return static_cast<std::size_t>(index);
-}
 
 /// Stores one body byte at the write position by the stuffing rule. False when the stuffing is broken; the frame is
 /// lost then, and the automaton stands in state 0.

@@ -1,13 +1,11 @@
 #include "TelegrammBau.h"
 
+#include "Stelle.h"
+
 #include <algorithm>
 
 namespace qvm {
 namespace {
-
-std::size_t At(int index) {
-    return static_cast<std::size_t>(index);
-}
 
 void Kopf_Schreiben(Link& link, const Layout& layout, std::uint8_t length) {
     if (layout.How == Build::Kopf) {

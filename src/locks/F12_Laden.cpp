@@ -4,6 +4,7 @@
 #include "LockRecords.h"
 #include "Schlossregeln.h"
 #include "Schlossserie.h"
+#include "Stelle.h"
 #include "Text.h"
 
 #include <algorithm>
@@ -11,11 +12,6 @@
 namespace qvm {
 
 namespace {
-
-namespace Col = LockColumn;
-
-constexpr const RecordField* Switches[] = {&LockRecord::Switch1, &LockRecord::Switch2, &LockRecord::Switch3,
-                                           &LockRecord::Switch4, &LockRecord::Switch5};
 
 /// Reads a file of the lock table. A missing one holds nothing.
 bool Lesen(Kern& kern, LockTable& table, RecordFile& file) {
@@ -27,15 +23,15 @@ bool Lesen(Kern& kern, LockTable& table, RecordFile& file) {
 }
 
 bool Hat_Serie(const Grid& grid, int row) {
-    return !Trim(grid.Text(row, Col::Serial)).empty();
+    return !Trim(grid.Text(row, LockColumn::Serial)).empty();
 }
 
 void Prioritaet_Zeigen(Grid& grid, int row, std::string_view text) {
-    Cell cell = grid.At(row, Col::Priority);
+    Cell cell = grid.At(row, LockColumn::Priority);
     cell.Text = text.empty() ? "3" : text;
     cell.ForeColor = LockLook::Set;
     cell.FontSize = LockLook::PrioritySize;
-    grid.Set(row, Col::Priority, cell);
+    grid.Set(row, LockColumn::Priority, cell);
 }
 
 /// Name without the blanks behind it; blanks in front are part of it.
@@ -48,8 +44,8 @@ void Offset_Zeigen(LockTable& table, int row, const std::string& id) {
     const auto entry = std::find_if(table.Offsets.begin() + 1, table.Offsets.end(),
                                     [&](const OffsetEntry& offset) { return offset.Id == id; });
     const bool known = !id.empty() && entry != table.Offsets.end();
-    table.FGK12.SetText(row, Col::Offset, known ? entry->Name : "");
-    table.FGK12.SetText(row, Col::OffsetId, known ? entry->Id : "");
+    table.FGK12.SetText(row, LockColumn::Offset, known ? entry->Name : "");
+    table.FGK12.SetText(row, LockColumn::OffsetId, known ? entry->Id : "");
 }
 
 void Schloss_Zeigen(LockTable& table, const RecordFile& locks, int row) {
@@ -57,19 +53,19 @@ void Schloss_Zeigen(LockTable& table, const RecordFile& locks, int row) {
     Grid& grid = table.FGK12;
     const std::string name = Schlossname(locks, row);
     const bool serial = !locks.Text(row, Rec::Sn2).empty() && !locks.Text(row, Rec::Sn3).empty();
-    grid.SetText(row, Col::Name, name);
-    grid.SetText(row, Col::Serial,
+    grid.SetText(row, LockColumn::Name, name);
+    grid.SetText(row, LockColumn::Serial,
                  serial ? Serie_Lesen(locks, row, {Rec::Sn1, Rec::Sn2, Rec::Sn3, Rec::Sn4}) : std::string{});
     Offset_Zeigen(table, row, locks.Text(row, Rec::OffsetId));
     for (int n = 0; n < 5; ++n) {
-        const bool on = locks.Text(row, *Switches[n]) == "X";
+        const bool on = locks.Text(row, *LockRecord::Switches[At(n)]) == "X";
         int picture = LockPicture::None;
         if (serial) {
             picture = on ? LockPicture::On : LockPicture::Off;
         } else if (name.empty()) {
             picture = LockPicture::On;
         }
-        grid.SetPicture(row, Col::FirstSwitch + n, picture);
+        grid.SetPicture(row, LockColumn::FirstSwitch + n, picture);
     }
     if (!serial && name.empty()) {
         Prioritaet_Zeigen(grid, row, "3");
@@ -91,15 +87,16 @@ void F12_SpaltenLeeren(const Kern& kern, LockTable& table) {
     struct Kopf {
         int Column, Line;
     };
-    constexpr Kopf Heads[] = {{Col::Number, 37},     {Col::Name, 50},    {Col::Serial, 51},   {Col::Group, 176},
-                              {Col::AdapterId, 199}, {Col::Offset, 212}, {Col::DoorMode, 217}};
+    constexpr Kopf Heads[] = {{LockColumn::Number, 37},   {LockColumn::Name, 50},       {LockColumn::Serial, 51},
+                              {LockColumn::Group, 176},   {LockColumn::AdapterId, 199}, {LockColumn::Offset, 212},
+                              {LockColumn::DoorMode, 217}};
     Grid& grid = table.FGK12;
     grid.ClearRows();
     for (const Kopf& head : Heads) {
         grid.SetText(0, head.Column, kern.Zeile(head.Line));
     }
     for (int row = LockGrid::FirstRow; row <= LockGrid::LastRow; ++row) {
-        grid.SetText(row, Col::Number, Ziffern(row));
+        grid.SetText(row, LockColumn::Number, Ziffern(row));
     }
 }
 
@@ -112,7 +109,7 @@ bool Tuereinstellung_laden(Kern& kern, LockTable& table) {
     for (int row = LockGrid::FirstRow; row <= LockGrid::LastRow; ++row) {
         Schloss_Zeigen(table, locks, row);
         if (missing) {
-            table.FGK12.SetPicture(row, Col::Emi, LockPicture::NotApplicable);
+            table.FGK12.SetPicture(row, LockColumn::Emi, LockPicture::NotApplicable);
         }
     }
     return true;
@@ -142,7 +139,7 @@ bool Emi_Laden(Kern& kern, LockTable& table) {
         } else if (state == "Y") {
             picture = LockPicture::Off;
         }
-        table.FGK12.SetPicture(row, Col::Emi, picture);
+        table.FGK12.SetPicture(row, LockColumn::Emi, picture);
     }
     return true;
 }
@@ -153,7 +150,7 @@ bool SchlossZeitGruppe_Laden(Kern& kern, LockTable& table) {
         return false;
     }
     for (int row = LockGrid::FirstRow; row <= LockGrid::LastRow; ++row) {
-        table.FGK12.SetText(row, Col::Group,
+        table.FGK12.SetText(row, LockColumn::Group,
                             Gruppenname(table.GroupTableLock, bindings.Text(row, LockGroupRecord::GroupId)));
     }
     return true;
@@ -171,12 +168,12 @@ bool SchlossAdapter_Laden(Kern& kern, LockTable& table, std::span<const std::str
         }
         const std::string name = adapters.Text(row, LockAdapterRecord::AdapterName);
         const bool known = !name.empty() && std::find(found.begin(), found.end(), name) != found.end();
-        Cell cell = table.FGK12.At(row, Col::AdapterId);
+        Cell cell = table.FGK12.At(row, LockColumn::AdapterId);
         cell.Text = adapters.Text(row, LockAdapterRecord::AdapterId);
         cell.ForeColor = known ? LockLook::AdapterFound : LockLook::AdapterUnknown;
         cell.BackColor = White;
-        table.FGK12.Set(row, Col::AdapterId, cell);
-        table.FGK12.SetText(row, Col::AdapterName, name);
+        table.FGK12.Set(row, LockColumn::AdapterId, cell);
+        table.FGK12.SetText(row, LockColumn::AdapterName, name);
     }
     return true;
 }
@@ -189,10 +186,10 @@ bool Tuermodus_Laden(Kern& kern, LockTable& table) {
     }
     for (int row = LockGrid::FirstRow; row <= LockGrid::LastRow; ++row) {
         const bool same = Serie_Lesen(doors, row, {Rec::Sn1, Rec::Sn2, Rec::Sn3, Rec::Sn4}) ==
-                          Trim(table.FGK12.Text(row, Col::Serial));
-        table.FGK12.SetText(row, Col::DoorMode,
+                          Trim(table.FGK12.Text(row, LockColumn::Serial));
+        table.FGK12.SetText(row, LockColumn::DoorMode,
                             same ? Tuermodus_Text(kern, doors.Text(row, Rec::Mode)) : std::string{});
-        table.FGK12.SetText(row, Col::DoorDays, same ? doors.Text(row, Rec::Days) : std::string{});
+        table.FGK12.SetText(row, LockColumn::DoorDays, same ? doors.Text(row, Rec::Days) : std::string{});
     }
     return true;
 }

@@ -4,6 +4,7 @@
 #include "LockRecords.h"
 #include "Schlossregeln.h"
 #include "Schlossserie.h"
+#include "Stelle.h"
 #include "Text.h"
 
 #include <algorithm>
@@ -15,25 +16,22 @@ namespace qvm {
 
 namespace {
 
-namespace Col = LockColumn;
-
 std::string Schloss_Satz(const Kern&, const LockTable& table, int row) {
     namespace Rec = LockRecord;
-    constexpr const RecordField* Switches[] = {&Rec::Switch1, &Rec::Switch2, &Rec::Switch3, &Rec::Switch4,
-                                               &Rec::Switch5};
     const Grid& grid = table.FGK12;
     std::string record;
-    Feld_Schreiben(record, Rec::Name, RTrim(grid.Text(row, Col::Name)));
-    Feld_Schreiben(record, Rec::OffsetId, grid.Text(row, Col::OffsetId));
-    Serie_Schreiben(record, {Rec::Sn1, Rec::Sn2, Rec::Sn3, Rec::Sn4}, grid.Text(row, Col::Serial));
+    Feld_Schreiben(record, Rec::Name, RTrim(grid.Text(row, LockColumn::Name)));
+    Feld_Schreiben(record, Rec::OffsetId, grid.Text(row, LockColumn::OffsetId));
+    Serie_Schreiben(record, {Rec::Sn1, Rec::Sn2, Rec::Sn3, Rec::Sn4}, grid.Text(row, LockColumn::Serial));
     for (int n = 0; n < 5; ++n) {
-        Feld_Schreiben(record, *Switches[n], grid.At(row, Col::FirstSwitch + n).Picture == LockPicture::On ? "X" : "");
+        Feld_Schreiben(record, *Rec::Switches[At(n)],
+                       grid.At(row, LockColumn::FirstSwitch + n).Picture == LockPicture::On ? "X" : "");
     }
     return record;
 }
 
 std::string Prio_Satz(const Kern&, const LockTable& table, int row) {
-    const std::string_view text = Trim(table.FGK12.Text(row, Col::Priority));
+    const std::string_view text = Trim(table.FGK12.Text(row, LockColumn::Priority));
     std::string record;
     Feld_Schreiben(record, LockPrioRecord::Prio, text.empty() ? "3" : text);
     for (const RecordField* spare : {&LockPrioRecord::Spare1, &LockPrioRecord::Spare2, &LockPrioRecord::Spare3}) {
@@ -43,7 +41,7 @@ std::string Prio_Satz(const Kern&, const LockTable& table, int row) {
 }
 
 std::string Emi_Satz(const Kern&, const LockTable& table, int row) {
-    const int picture = table.FGK12.At(row, Col::Emi).Picture;
+    const int picture = table.FGK12.At(row, LockColumn::Emi).Picture;
     std::string record;
     Feld_Schreiben(record, LockEmiRecord::Emi,
                    picture == LockPicture::On    ? "X"
@@ -62,7 +60,7 @@ std::string Gruppenkennung(const GroupTable& groups, std::string_view name) {
 }
 
 std::string Gruppe_Satz(const Kern&, const LockTable& table, int row) {
-    const std::string& text = table.FGK12.Text(row, Col::Group);
+    const std::string& text = table.FGK12.Text(row, LockColumn::Group);
     std::string record;
     Feld_Schreiben(record, LockGroupRecord::GroupId, Gruppenkennung(table.GroupTableLock, Trim(text)));
     Feld_Schreiben(record, LockGroupRecord::GroupName, text);
@@ -72,11 +70,11 @@ std::string Gruppe_Satz(const Kern&, const LockTable& table, int row) {
 std::string Adapter_Satz(const Kern&, const LockTable& table, int row) {
     namespace Rec = LockAdapterRecord;
     const Grid& grid = table.FGK12;
-    const std::string_view serial = Trim(grid.Text(row, Col::Serial));
+    const std::string_view serial = Trim(grid.Text(row, LockColumn::Serial));
     const bool used = !serial.empty();
     std::string record;
-    Feld_Schreiben(record, Rec::AdapterId, used ? std::string_view(grid.Text(row, Col::AdapterId)) : "");
-    Feld_Schreiben(record, Rec::AdapterName, used ? std::string_view(grid.Text(row, Col::AdapterName)) : "");
+    Feld_Schreiben(record, Rec::AdapterId, used ? std::string_view(grid.Text(row, LockColumn::AdapterId)) : "");
+    Feld_Schreiben(record, Rec::AdapterName, used ? std::string_view(grid.Text(row, LockColumn::AdapterName)) : "");
     Serie_Schreiben(record, {Rec::Sn1, Rec::Sn2, Rec::Sn3, Rec::Sn4}, serial);
     return record;
 }
@@ -85,9 +83,9 @@ std::string Tuermodus_Satz(const Kern& kern, const LockTable& table, int row) {
     namespace Rec = DoorModeRecord;
     const Grid& grid = table.FGK12;
     std::string record;
-    Feld_Schreiben(record, Rec::Mode, Tuermodus_Kennung(kern, grid.Text(row, Col::DoorMode)));
-    Serie_Schreiben(record, {Rec::Sn1, Rec::Sn2, Rec::Sn3, Rec::Sn4}, grid.Text(row, Col::Serial));
-    Feld_Schreiben(record, Rec::Days, Trim(grid.Text(row, Col::DoorDays)));
+    Feld_Schreiben(record, Rec::Mode, Tuermodus_Kennung(kern, grid.Text(row, LockColumn::DoorMode)));
+    Serie_Schreiben(record, {Rec::Sn1, Rec::Sn2, Rec::Sn3, Rec::Sn4}, grid.Text(row, LockColumn::Serial));
+    Feld_Schreiben(record, Rec::Days, Trim(grid.Text(row, LockColumn::DoorDays)));
     return record;
 }
 

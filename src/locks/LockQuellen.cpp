@@ -10,8 +10,6 @@ namespace qvm {
 
 namespace {
 
-namespace Col = LockColumn;
-
 constexpr std::string_view NoUnit = " - ";
 constexpr std::string_view NoAdapter = " - ";
 constexpr std::string_view EnrolmentDevice = "ENROLLMENT1";
@@ -74,13 +72,13 @@ bool UnitTypen_Laden(Kern& kern, LockTable& table) {
     RecordFile units(UnitModeView::Record);
     const bool good = units.Laden(kern.Welt.Files, kern.DatPfad()) != ReadStatus::Error;
     for (int row = LockGrid::FirstRow; row <= LockGrid::LastRow; ++row) {
-        const bool serial = !Trim(table.FGK12.Text(row, Col::Serial)).empty();
-        Cell cell = table.FGK12.At(row, Col::UnitType);
+        const bool serial = !Trim(table.FGK12.Text(row, LockColumn::Serial)).empty();
+        Cell cell = table.FGK12.At(row, LockColumn::UnitType);
         cell.Text = serial ? Unit_Kuerzel(kern, units.Text(row, UnitModeView::UnitMode)) : std::string(NoUnit);
         cell.ForeColor = LockLook::Set;
         cell.FontSize = LockLook::UnitTypeSize;
         cell.Bold = true;
-        table.FGK12.Set(row, Col::UnitType, cell);
+        table.FGK12.Set(row, LockColumn::UnitType, cell);
     }
     return good;
 }

@@ -12,6 +12,7 @@ namespace LockRecord {
 inline constexpr RecordField Name{"Name", 0, 20, Fill::Null}, OffsetId{"OffsetId", 20, 8}, Sn1{"Sn1", 28, 3},
     Sn2{"Sn2", 31, 3}, Sn3{"Sn3", 34, 3}, Sn4{"Sn4", 37, 3}, Switch1{"Switch1", 40, 1}, Switch2{"Switch2", 41, 1},
     Switch3{"Switch3", 42, 1}, Switch4{"Switch4", 43, 1}, Switch5{"Switch5", 44, 1};
+inline constexpr std::array Switches{&Switch1, &Switch2, &Switch3, &Switch4, &Switch5};
 inline constexpr std::array Fields{Name, OffsetId, Sn1, Sn2, Sn3, Sn4, Switch1, Switch2, Switch3, Switch4, Switch5};
 inline constexpr RecordLayout Record{"LockRecord", "C64UX12H3D.EBW", 45, 1, 200, Fields};
 static_assert(sizeof(GapAtField<RecordError(Fields, 45)>) == 1);

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdlib>
+#include <memory>
 
 namespace qvm {
 
@@ -44,6 +46,11 @@ std::optional<std::string> FilePath_Nativ(std::string_view path) {
         path.remove_prefix(std::max<std::size_t>(size, 1));
     }
     return name;
+}
+
+std::string FilePath_Ziel(const std::string& native) {
+    const std::unique_ptr<char, void (*)(void*)> real(::realpath(native.c_str(), nullptr), &std::free);
+    return real ? std::string(real.get()) : native;
 }
 
 } // namespace qvm

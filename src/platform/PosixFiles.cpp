@@ -66,12 +66,6 @@ void FlushDirectory(const std::string& directory) {
     }
 }
 
-/// The path behind all links, or the path itself when nothing is there yet.
-std::string Resolved(const std::string& name) {
-    const std::unique_ptr<char, void (*)(void*)> real(::realpath(name.c_str(), nullptr), &std::free);
-    return real ? std::string(real.get()) : name;
-}
-
 bool FillSibling(FileHandle& sibling, const std::string& target, std::string_view bytes) {
     struct stat old {};
     if (::stat(target.c_str(), &old) == 0 && (old.st_uid != ::geteuid() || old.st_gid != ::getegid())) {
@@ -87,7 +81,7 @@ bool Replace(const std::string& path, std::string_view bytes) {
     if (!name) {
         return false;
     }
-    const std::string target = Resolved(*name);
+    const std::string target = FilePath_Ziel(*name);
     const auto slash = target.rfind('/');
     const std::string directory = slash == std::string::npos ? "./" : target.substr(0, slash + 1);
     std::string siblingName = directory + "." + target.substr(slash + 1) + ".XXXXXX";

@@ -30,12 +30,6 @@ constexpr std::size_t MostQueued = 4096;
 /// that much to do.
 constexpr std::chrono::milliseconds LongestTurn(4);
 
-/// The device behind links: locks and the kernel know it by that name only.
-std::string Resolved(const std::string& device) {
-    const std::unique_ptr<char, void (*)(void*)> real(::realpath(device.c_str(), nullptr), &std::free);
-    return real ? std::string(real.get()) : device;
-}
-
 /// A USB bridge otherwise keeps received bytes back for up to 16 ms. Other devices do not know the wish.
 void AskLowLatency(int handle) {
     serial_struct settings{};
@@ -74,7 +68,8 @@ SerialLine::~SerialLine() {
 
 bool SerialLine::Open(const std::string& device) {
     Close();
-    const std::string real = Resolved(device);
+    // Locks and the kernel know a device by that name only.
+    const std::string real = FilePath_Ziel(device);
     device_ = real;
     guard_ = std::make_unique<PortGuard>(real);
     if (guard_->Fault().What != PortFault::Kind::None) {

@@ -96,7 +96,7 @@ constexpr std::array Identify{FormPart{"probe", 3, 7}, FormPart{"filler", 8, 14,
 constexpr std::array Tune{FormPart{"channel", 3, 3, Between, 1, 12}, FormPart{"address", 4, 7},
                           FormPart{"filler", 8, 14, Exactly, 0}};
 constexpr std::array Data{FormPart{"probe", 3, 7, Probe}, FormPart{"filler", 8, 14, Exactly, 0}};
-constexpr std::array Rename{FormPart{"name", 3, 22, Text}, FormPart{"filler", 23, 24, Exactly, 0}};
+constexpr std::array NewName{FormPart{"name", 3, 22, Text}, FormPart{"filler", 23, 24, Exactly, 0}};
 constexpr std::array Target{FormPart{"channel", 3, 3, Between, 1, 12}, FormPart{"address mode", 4, 4, Between, 0, 2},
                             FormPart{"address", 5, 8}, FormPart{"filler", 9, 14, Exactly, 0}};
 
@@ -152,7 +152,7 @@ constexpr std::array All{
     Form{"adapter identification", 0x68, 0x0E, true, Identify},
     Form{"adapter channel", 0x6B, 0x0E, true, Tune},
     Form{"adapter data", 0x6C, 0x0E, true, Data},
-    Form{"adapter name", 0x6D, 0x18, true, Rename},
+    Form{"adapter name", 0x6D, 0x18, true, NewName},
     Form{"adapter target", 0x6F, 0x0E, true, Target},
 };
 

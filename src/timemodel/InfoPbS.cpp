@@ -8,14 +8,12 @@ namespace qvm {
 
 namespace {
 
-namespace Col = SlotColumn;
-
 void Kopf_Schreiben(const Kern& kern, Grid& grid) {
-    grid.Resize(1, Col::Count);
-    grid.SetText(0, Col::Number, kern.Zeile(37));
-    grid.SetText(0, Col::Day, kern.Zeile(92));
-    grid.SetText(0, Col::From, kern.Zeile(93));
-    grid.SetText(0, Col::To, kern.Zeile(94));
+    grid.Resize(1, SlotColumn::Count);
+    grid.SetText(0, SlotColumn::Number, kern.Zeile(37));
+    grid.SetText(0, SlotColumn::Day, kern.Zeile(92));
+    grid.SetText(0, SlotColumn::From, kern.Zeile(93));
+    grid.SetText(0, SlotColumn::To, kern.Zeile(94));
 }
 
 } // namespace
@@ -36,9 +34,9 @@ int InfoPbS_Anzeigen(const Kern& kern, const Grid& slots, const GroupTable& grou
             continue;
         }
         ++shown;
-        grid.Resize(shown + 1, Col::Count);
-        grid.SetText(shown, Col::Number, Ziffern(shown));
-        for (int column = Col::Day; column <= Col::To; ++column) {
+        grid.Resize(shown + 1, SlotColumn::Count);
+        grid.SetText(shown, SlotColumn::Number, Ziffern(shown));
+        for (int column = SlotColumn::Day; column <= SlotColumn::To; ++column) {
             grid.SetText(shown, column, slots.Text(slot, column));
         }
     }

@@ -12,8 +12,6 @@ namespace qvm {
 
 namespace {
 
-namespace Col = CalendarColumn;
-
 constexpr char BehindAll = '\xFF'; // sorts behind every date
 
 constexpr int Satznummer(KalenderBlock block, int row) {
@@ -40,9 +38,9 @@ std::string Satz(std::string_view from, std::string_view to, std::string_view ki
 }
 
 std::string Zeile_Satz(const Kern& kern, const Grid& grid, KalenderBlock block, int row) {
-    const std::string_view from = Trim(grid.Text(row, Col::From));
-    const std::string_view to = Trim(grid.Text(row, Col::To));
-    const std::string& kind = grid.Text(row, Col::Kind);
+    const std::string_view from = Trim(grid.Text(row, CalendarColumn::From));
+    const std::string_view to = Trim(grid.Text(row, CalendarColumn::To));
+    const std::string& kind = grid.Text(row, CalendarColumn::Kind);
     if (from.empty() || to.empty() || Trim(kind).empty()) {
         return Satz({}, {}, {});
     }
@@ -64,18 +62,18 @@ void Sortieren(Grid& grid) {
         for (int column = 0; column < grid.Columns(); ++column) {
             cells.push_back(grid.At(row, column));
         }
-        if (Trim(grid.Text(row, Col::From)).empty()) {
-            cells[Col::From].Text.clear();
+        if (Trim(grid.Text(row, CalendarColumn::From)).empty()) {
+            cells[CalendarColumn::From].Text.clear();
         }
     }
     std::stable_sort(rows.begin(), rows.end(), [](const std::vector<Cell>& a, const std::vector<Cell>& b) {
-        return Sortiertext(a[Col::From].Text) < Sortiertext(b[Col::From].Text);
+        return Sortiertext(a[CalendarColumn::From].Text) < Sortiertext(b[CalendarColumn::From].Text);
     });
     for (int row = 1; row <= CalendarRows; ++row) {
         for (int column = 0; column < grid.Columns(); ++column) {
             grid.Set(row, column, rows[static_cast<std::size_t>(row) - 1][static_cast<std::size_t>(column)]);
         }
-        grid.SetText(row, Col::Number, Ziffern(row));
+        grid.SetText(row, CalendarColumn::Number, Ziffern(row));
     }
 }
 
@@ -95,10 +93,10 @@ bool Kalender_Laden(Kern& kern, Grid& grid, KalenderBlock block) {
         const int record = Satznummer(block, row);
         const std::string from = calendar.Text(record, CalendarEntry::DateFrom);
         const bool used = !from.empty();
-        grid.SetText(row, Col::Number, Ziffern(row));
-        grid.SetText(row, Col::From, from);
-        grid.SetText(row, Col::To, used ? calendar.Text(record, CalendarEntry::DateTo) : std::string{});
-        grid.SetText(row, Col::Kind,
+        grid.SetText(row, CalendarColumn::Number, Ziffern(row));
+        grid.SetText(row, CalendarColumn::From, from);
+        grid.SetText(row, CalendarColumn::To, used ? calendar.Text(record, CalendarEntry::DateTo) : std::string{});
+        grid.SetText(row, CalendarColumn::Kind,
                      used ? Arttext(kern, block, calendar.Text(record, CalendarEntry::Kind)) : std::string{});
     }
     return true;
@@ -106,7 +104,8 @@ bool Kalender_Laden(Kern& kern, Grid& grid, KalenderBlock block) {
 
 bool Kalender_Speichern(Kern& kern, Grid& grid, KalenderBlock block) {
     RecordFile calendar(CalendarEntry::Record);
-    if (grid.Columns() <= Col::Kind || calendar.Laden(kern.Welt.Files, kern.DatPfad()) == ReadStatus::Error) {
+    if (grid.Columns() <= CalendarColumn::Kind ||
+        calendar.Laden(kern.Welt.Files, kern.DatPfad()) == ReadStatus::Error) {
         return false;
     }
     grid.Visible = false;

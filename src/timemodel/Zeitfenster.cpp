@@ -11,8 +11,6 @@ namespace qvm {
 
 namespace {
 
-namespace Col = SlotColumn;
-
 constexpr std::string_view Midnight = "00:00";
 
 std::string Satz(int day, std::string_view from, std::string_view to) {
@@ -24,9 +22,9 @@ std::string Satz(int day, std::string_view from, std::string_view to) {
 }
 
 void Abschalten(const Kern& kern, Grid& grid, int row) {
-    grid.SetText(row, Col::Day, Wochentag_Text(kern, 0));
-    grid.SetText(row, Col::From, Midnight);
-    grid.SetText(row, Col::To, Midnight);
+    grid.SetText(row, SlotColumn::Day, Wochentag_Text(kern, 0));
+    grid.SetText(row, SlotColumn::From, Midnight);
+    grid.SetText(row, SlotColumn::To, Midnight);
 }
 
 } // namespace
@@ -47,9 +45,9 @@ bool Zeitfenster_Laden(Kern& kern, Grid& grid, const SlotRange& range) {
         if (record > slots.Count() || day > WochentageEnde) {
             break;
         }
-        grid.SetText(slot, Col::Day, Wochentag_Text(kern, day));
-        grid.SetText(slot, Col::From, slots.Text(record, TimeSlot::From));
-        grid.SetText(slot, Col::To, slots.Text(record, TimeSlot::To));
+        grid.SetText(slot, SlotColumn::Day, Wochentag_Text(kern, day));
+        grid.SetText(slot, SlotColumn::From, slots.Text(record, TimeSlot::From));
+        grid.SetText(slot, SlotColumn::To, slots.Text(record, TimeSlot::To));
     }
     return true;
 }
@@ -62,17 +60,18 @@ bool Zeitfenster_Speichern(Kern& kern, const Grid& grid, const SlotRange& range)
     Satzluecken_Fuellen(slots, SlotRecords, Satz(0, Midnight, Midnight));
     int day = 0;
     for (int slot = 1; slot <= range.Count; ++slot) {
-        const int index = Wochentag_Index(kern, grid.Text(slot, Col::Day));
+        const int index = Wochentag_Index(kern, grid.Text(slot, SlotColumn::Day));
         day = index < 0 ? day : index;
-        slots.SetRecord(range.First + slot - 1, Satz(day, grid.Text(slot, Col::From), grid.Text(slot, Col::To)));
+        slots.SetRecord(range.First + slot - 1,
+                        Satz(day, grid.Text(slot, SlotColumn::From), grid.Text(slot, SlotColumn::To)));
     }
     return slots.Speichern(kern.Welt.Files, kern.DatPfad());
 }
 
 void Zeitfenster_Normalisieren(const Kern& kern, Grid& grid) {
     for (int row = 1; row < grid.Rows(); ++row) {
-        grid.SetText(row, Col::Number, Ziffern(row));
-        if (Trim(grid.Text(row, Col::Day)) == "OFF" || Trim(grid.Text(row, Col::From)).empty()) {
+        grid.SetText(row, SlotColumn::Number, Ziffern(row));
+        if (Trim(grid.Text(row, SlotColumn::Day)) == "OFF" || Trim(grid.Text(row, SlotColumn::From)).empty()) {
             Abschalten(kern, grid, row);
         }
     }

@@ -9,8 +9,6 @@ namespace qvm {
 
 namespace {
 
-namespace Col = GroupColumn;
-
 constexpr int GroupRecords = 8; // written; the eighth is always empty
 constexpr std::string_view IdStart = "PB_";
 
@@ -71,11 +69,11 @@ bool Speichern(Kern& kern, const Gruppendatei& form, const GroupTable& groups) {
 void Zeigen(const GroupTable& groups, Grid& grid, int rows) {
     for (int row = 1; row <= rows; ++row) {
         const GroupEntry& entry = groups[static_cast<std::size_t>(row)];
-        grid.SetText(row, Col::Number, Ziffern(row));
-        grid.SetText(row, Col::Name, entry.Name);
-        grid.SetText(row, Col::SlotCount, entry.Count);
-        grid.SetText(row, Col::Days, entry.Days);
-        grid.SetText(row, Col::PbId, entry.PbId);
+        grid.SetText(row, GroupColumn::Number, Ziffern(row));
+        grid.SetText(row, GroupColumn::Name, entry.Name);
+        grid.SetText(row, GroupColumn::SlotCount, entry.Count);
+        grid.SetText(row, GroupColumn::Days, entry.Days);
+        grid.SetText(row, GroupColumn::PbId, entry.PbId);
     }
 }
 

@@ -8,7 +8,7 @@
 namespace qvm {
 namespace {
 
-constexpr std::size_t NameAt = 5, NameLength = 16, EventAt = 21;
+constexpr std::size_t NameAt = 5, NameWidth = 16, EventAt = 21;
 constexpr int FirstRecordByte = 14; // of a reply 0x17
 constexpr int FirstSerialByte = 7, LastSerialByte = 10;
 
@@ -93,7 +93,7 @@ void Datum_Melden(const Kern& kern, const HistoryRecord& record) {
 
 HistoryRecord Historie_Zerlegen(const Platform& platform, std::span<const std::uint8_t, HistoryRecordLength> bytes) {
     std::string name;
-    for (const std::uint8_t byte : bytes.subspan(NameAt, NameLength)) {
+    for (const std::uint8_t byte : bytes.subspan(NameAt, NameWidth)) {
         name += byte < 0x20 ? ' ' : static_cast<char>(byte);
     }
     return {.Day = bytes[0],

@@ -10,7 +10,7 @@ using Frame = std::span<const std::uint8_t>;
 constexpr int LineSending = 81, LineFetching = 264, LineProgramming = 267, LineProgrammed = 266, LineHistoryRead = 263,
               LineFailed = 66, LineHistoryLost = 277;
 constexpr std::uint8_t HistoryAndProgram = 0xFF;
-constexpr int BarMaximum = 38;
+
 /// Replies that come at once are handled in their order; more than these are a flood.
 constexpr std::size_t MostReplies = 8;
 
@@ -76,7 +76,7 @@ void Programmierung_Beginnt(Netzlauf& run) {
     run.Phase = NetPhase::Result;
     run.BarValue = 0;
     if (run.Ansicht.Balken) {
-        run.Ansicht.Balken(BarMaximum, 0, true);
+        run.Ansicht.Balken(NetzBarMaximum, 0, true);
     }
     Status(run, LineProgramming);
     Netz_Horchen(run);

@@ -1,14 +1,11 @@
 #include "NetSchritte.h"
+#include "Stelle.h"
 
 #include <algorithm>
 #include <array>
 
 namespace qvm {
 namespace {
-
-std::size_t At(int index) {
-    return static_cast<std::size_t>(index);
-}
 
 constexpr std::size_t AddressPlaces = 5, AddressesSent = 4;
 

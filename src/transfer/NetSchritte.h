@@ -12,6 +12,8 @@ namespace qvm {
 
 /// How far TxBuffer is cleared before a block, and before a short telegram.
 inline constexpr int NetzClearBlock = 1360, NetzClearShort = 64;
+/// End of the progress bar of a send.
+inline constexpr int NetzBarMaximum = 38;
 
 // Header and fields (NetKopf.cpp)
 /// Clears TxBuffer 0 to `clear` and fills the header.

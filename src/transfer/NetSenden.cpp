@@ -1,4 +1,5 @@
 #include "NetSchritte.h"
+#include "Stelle.h"
 #include "Text.h"
 
 #include <algorithm>
@@ -10,12 +11,8 @@ namespace {
 constexpr int CipherBlock = 16;
 constexpr int ShortestTimeout = 4000;
 constexpr int HandlerDelay = 10;
-constexpr int BarStep = 6, BarWrap = 36, BarMaximum = 38;
+constexpr int BarStep = 6, BarWrap = 36;
 constexpr int RoundMs = 2000, MostRounds = 1800;
-
-std::size_t At(int index) {
-    return static_cast<std::size_t>(index);
-}
 
 void Block_Verschluesseln(const Netzlauf& run, int at) {
     std::array<std::uint8_t, CipherBlock> block{};
@@ -212,7 +209,7 @@ void Tick_Runde(Netzlauf& run) {
 void Netz_Balken(Netzlauf& run) {
     run.BarValue = run.BarValue >= BarWrap ? BarStep : run.BarValue + BarStep;
     if (run.Ansicht.Balken) {
-        run.Ansicht.Balken(BarMaximum, run.BarValue, true);
+        run.Ansicht.Balken(NetzBarMaximum, run.BarValue, true);
     }
 }
 

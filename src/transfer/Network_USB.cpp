@@ -12,7 +12,6 @@ namespace {
 /// Addresses of network adapters, as one number.
 constexpr std::uint32_t FirstNetAdapter = 0x3E00001, LastNetAdapter = 0x3F00000;
 constexpr int LineSending = 81, LineHistoryRead = 263, LineDatasetBad = 258;
-constexpr int BarMaximum = 38;
 
 /// A decimal byte that ends at "/" or at the end of the text; nothing when it is none.
 std::optional<std::uint8_t> Dezimalbyte(std::string_view& text) {
@@ -33,7 +32,7 @@ void Anzeige_Beginnen(Netzlauf& run) {
         run.Ansicht.Status(LineSending, 0);
     }
     if (run.Ansicht.Balken) {
-        run.Ansicht.Balken(BarMaximum, 0, true);
+        run.Ansicht.Balken(NetzBarMaximum, 0, true);
     }
 }
 
@@ -53,7 +52,7 @@ void Anzeige_Beenden(const Netzlauf& run) {
         run.Ansicht.Blinken(false);
     }
     if (run.Ansicht.Balken) {
-        run.Ansicht.Balken(BarMaximum, 0, false);
+        run.Ansicht.Balken(NetzBarMaximum, 0, false);
     }
 }
 

@@ -9,8 +9,6 @@
 namespace qvm::ui {
 namespace {
 
-namespace Col = F13Column;
-
 constexpr int RowFontSize = 12;
 constexpr int FrozenColumns = 2; ///< number and name
 
@@ -39,15 +37,15 @@ void F13Window::makeGrid() {
     GridModel& model = grid_->gridModel();
     model.setBaseFontSize(RowFontSize);
     model.setPictures(PictureSet::Channel);
-    model.setActionIcon(Col::Program, QStringLiteral("program"));
-    model.setActionIcon(Col::History, QStringLiteral("history"));
-    model.setActionIcon(Col::Code, QStringLiteral("code"));
-    model.setActionIcon(Col::Mark, QString());
-    model.setAlignment(Col::Number, Qt::AlignRight | Qt::AlignVCenter);
-    model.setAlignment(Col::Status, Qt::AlignCenter);
-    model.setPictureText(Col::Status, ChannelPicture::Image7, QStringLiteral("!"));
-    model.setPictureText(Col::Status, ChannelPicture::Image8, QStringLiteral("OK"));
-    grid_->setColumns({650, 3500, 2000, 0, 0, 0, 0, 0, 0, 1300, 1300, 1320, 1300, 0, 0, 600}, Col::Name);
+    model.setActionIcon(F13Column::Program, QStringLiteral("program"));
+    model.setActionIcon(F13Column::History, QStringLiteral("history"));
+    model.setActionIcon(F13Column::Code, QStringLiteral("code"));
+    model.setActionIcon(F13Column::Mark, QString());
+    model.setAlignment(F13Column::Number, Qt::AlignRight | Qt::AlignVCenter);
+    model.setAlignment(F13Column::Status, Qt::AlignCenter);
+    model.setPictureText(F13Column::Status, ChannelPicture::Image7, QStringLiteral("!"));
+    model.setPictureText(F13Column::Status, ChannelPicture::Image8, QStringLiteral("OK"));
+    grid_->setColumns({650, 3500, 2000, 0, 0, 0, 0, 0, 0, 1300, 1300, 1320, 1300, 0, 0, 600}, F13Column::Name);
     grid_->setFrozenColumns(FrozenColumns);
     grid_->onClick = [this](int row, int column) { f13_.FGK13_Click(row, column); };
     f13_.Maus_Zelle = [this](int& row, int& column) {

@@ -12,7 +12,7 @@
 namespace qvm::ui {
 namespace {
 
-constexpr int BrandSize = 64;
+constexpr int AboutBrandSize = 64;
 
 } // namespace
 
@@ -33,7 +33,7 @@ F1Window::F1Window(F1& model, QWidget* parent)
 
 QLayout* F1Window::makeHead() {
     auto* picture = new QLabel(this);
-    picture->setPixmap(programIcon().pixmap(QSize(BrandSize, BrandSize), devicePixelRatio()));
+    picture->setPixmap(programIcon().pixmap(QSize(AboutBrandSize, AboutBrandSize), devicePixelRatio()));
     auto* version = new QLabel(this);
     bind(f1_.VersionLabel, version, QStringLiteral("F1.VersionLabel"));
     QFont font = version->font();

@@ -21,8 +21,6 @@
 namespace qvm::ui {
 namespace {
 
-namespace Col = F7Column;
-
 constexpr int HitLines = 5; ///< of the text of hits that are in sight
 
 /// Shows selected rows, too: neutral cells take a tint, while bands and hits keep their exact colour between two lines.
@@ -76,10 +74,10 @@ void F7Window::makeGrid() {
     grid_->setSelectionMode(QAbstractItemView::ExtendedSelection);
     grid_->setSelectionBehavior(QAbstractItemView::SelectRows);
     GridModel& model = grid_->gridModel();
-    model.setAlignment(Col::Number, Qt::AlignRight | Qt::AlignVCenter);
-    model.setAlignment(Col::Date, Qt::AlignCenter);
-    model.setAlignment(Col::Time, Qt::AlignCenter);
-    grid_->setColumns({800, 3500, 2000, 2000, 3500}, Col::Event);
+    model.setAlignment(F7Column::Number, Qt::AlignRight | Qt::AlignVCenter);
+    model.setAlignment(F7Column::Date, Qt::AlignCenter);
+    model.setAlignment(F7Column::Time, Qt::AlignCenter);
+    grid_->setColumns({800, 3500, 2000, 2000, 3500}, F7Column::Event);
     f7_.Zelle_Zeigen = [this](int row, int column) { showCell(row, column); };
     content()->addWidget(grid_, 1);
 }

@@ -12,8 +12,6 @@
 namespace qvm::ui {
 namespace {
 
-namespace Col = F91Column;
-
 constexpr int FrozenColumns = 2; ///< number and name
 
 /// What comes and goes keeps its room, so that nothing jumps.
@@ -50,11 +48,11 @@ void F91Window::makeGrid() {
     grid_ = new GridView(f91_.FGK91, this);
     nameWidget(grid_, QStringLiteral("F91.FGK91"), QStringLiteral("QVM 7702"));
     GridModel& model = grid_->gridModel();
-    model.setAlignment(Col::Number, Qt::AlignRight | Qt::AlignVCenter);
-    model.setAlignment(Col::Mark, Qt::AlignCenter);
-    grid_->setColumns({650, 3500, 2000, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 600, 4500}, Col::StateText);
+    model.setAlignment(F91Column::Number, Qt::AlignRight | Qt::AlignVCenter);
+    model.setAlignment(F91Column::Mark, Qt::AlignCenter);
+    grid_->setColumns({650, 3500, 2000, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 600, 4500}, F91Column::StateText);
     grid_->setFrozenColumns(FrozenColumns);
-    f91_.Zeile_Zeigen = [this](int row) { grid_->setCurrentCell(row, Col::StateText); };
+    f91_.Zeile_Zeigen = [this](int row) { grid_->setCurrentCell(row, F91Column::StateText); };
     content()->addWidget(grid_, 1);
 }
 

@@ -13,8 +13,6 @@ using namespace test;
 using testing::HasSubstr;
 using Json = nlohmann::json;
 
-const std::string Leer = "00.0A.10.02";
-
 class BinaryFault : public testing::Test {
 protected:
     /// Gives lock 2 these units of type 1, as record fields.

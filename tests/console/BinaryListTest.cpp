@@ -30,8 +30,6 @@ protected:
     }
 };
 
-const std::string Tor = "00.0A.10.01", Leer = "00.0A.10.02";
-
 TEST_F(BinaryList, programs_the_locks_in_the_order_of_the_grid) {
     Locks.Start();
     const RunResult result = Locks.Run({"run", "2", "1"});

@@ -25,8 +25,6 @@ protected:
     VirtualLocks Locks;
 };
 
-const std::string Tor = "00.0A.10.01", Leer = "00.0A.10.02";
-
 TEST_F(BinaryRun, programs_a_lock_with_its_users_and_says_so) {
     Locks.Start();
     const RunResult result = Locks.Run({"program", "1"});

@@ -9,6 +9,9 @@
 
 namespace qvm::test {
 
+/// Serials of locks 1 and 2.
+inline constexpr const char *Tor = "00.0A.10.01", *Leer = "00.0A.10.02";
+
 /// A program directory with a small installation, and the virtual lock system behind its link com1.
 ///
 /// Lock 1 "Tor" 00.0A.10.01 has two users, lock 2 "Leer" 00.0A.10.02 has none, lock 3 "Fern" 00.0A.10.03 does not

@@ -137,6 +137,50 @@ TEST(Sources, an_include_never_points_upwards) {
     }
 }
 
+TEST(Sources, an_include_never_takes_in_a_source_file) {
+    static const std::regex include(R"re(#include\s+[<"].*\.cpp[>"])re");
+    for (const Source& source : All()) {
+        for (std::size_t n = 0; n < source.Lines.size(); ++n) {
+            EXPECT_FALSE(std::regex_search(source.Lines[n], include)) << At(source, n);
+        }
+    }
+}
+
+/// Lines with a name that the file takes in and does not use.
+std::vector<std::string> UnusedUsings(const Source& source) {
+    static const std::regex declaration(R"(^\s*using ([\w:]+)::(\w+);)");
+    std::vector<std::string> found;
+    for (std::size_t n = 0; n < source.Lines.size(); ++n) {
+        std::smatch match;
+        if (!std::regex_search(source.Lines[n], match, declaration)) {
+            continue;
+        }
+        const std::string scope = match[1], name = match[2];
+        const bool inheritsConstructors = scope == name || scope.ends_with("::" + name);
+        const std::regex use("\\b" + name + "\\b");
+        const auto uses = std::count_if(source.Lines.begin(), source.Lines.end(),
+                                        [&](const std::string& line) { return std::regex_search(Code(line), use); });
+        if (!inheritsConstructors && uses < 2) {
+            found.push_back(At(source, n) + ": " + name);
+        }
+    }
+    return found;
+}
+
+TEST(Sources, every_name_that_a_file_takes_in_is_used) {
+    for (const Source& source : All()) {
+        if (source.Path.extension() == ".cpp") {
+            EXPECT_EQ(UnusedUsings(source), std::vector<std::string>{});
+        }
+    }
+}
+
+TEST(Sources, a_name_taken_in_without_use_is_found) {
+    const Source source{
+        .Path = "x.cpp", .Folder = "core", .Lines = {"using std::less;", "using std::map;", "map<int, int> m;"}};
+    EXPECT_EQ(UnusedUsings(source).size(), 1U);
+}
+
 TEST(Sources, nothing_below_the_platform_knows_the_toolkit) {
     EXPECT_EQ(Offenders(All(), std::regex(R"(#include\s+<Q)")), std::vector<std::string>{});
 }

@@ -12,8 +12,6 @@
 namespace qvm::test {
 namespace {
 
-namespace Col = F13Column;
-
 struct F13_Window : UiFixture {
     std::unique_ptr<ui::F13Window> window;
     ui::GridView* grid = nullptr;
@@ -45,8 +43,9 @@ TEST_F(F13_Window, shows_the_locks_under_their_headings) {
     EXPECT_EQ(window->windowTitle(), QStringLiteral("QVM 7702 SOFTWARE SYSTEM"));
     const auto& model = grid->gridModel();
     EXPECT_EQ(model.rowCount(), 200);
-    EXPECT_EQ(model.headerData(Col::Name, Qt::Horizontal, Qt::DisplayRole).toString(), QString::fromUtf8("Türschloss"));
-    EXPECT_EQ(model.index(0, Col::Name).data().toString(), QStringLiteral("Haupteingang"));
+    EXPECT_EQ(model.headerData(F13Column::Name, Qt::Horizontal, Qt::DisplayRole).toString(),
+              QString::fromUtf8("Türschloss"));
+    EXPECT_EQ(model.index(0, F13Column::Name).data().toString(), QStringLiteral("Haupteingang"));
     for (const int column : {3, 4, 5, 6, 7, 8, 13, 14}) {
         EXPECT_TRUE(grid->isColumnHidden(column)) << column;
     }
@@ -57,56 +56,57 @@ TEST_F(F13_Window, shows_the_locks_under_their_headings) {
 
 TEST_F(F13_Window, keeps_the_given_proportions_of_its_columns) {
     Open();
-    EXPECT_GT(grid->columnWidth(Col::Name), grid->columnWidth(Col::Serial));
-    EXPECT_GT(grid->columnWidth(Col::Serial), grid->columnWidth(Col::Program));
-    EXPECT_GT(grid->columnWidth(Col::Program), grid->columnWidth(Col::Mark));
+    EXPECT_GT(grid->columnWidth(F13Column::Name), grid->columnWidth(F13Column::Serial));
+    EXPECT_GT(grid->columnWidth(F13Column::Serial), grid->columnWidth(F13Column::Program));
+    EXPECT_GT(grid->columnWidth(F13Column::Program), grid->columnWidth(F13Column::Mark));
 }
 
 TEST_F(F13_Window, asks_and_opens_the_start_dialog_at_a_click_on_a_program_cell) {
     Open();
     Expect(63, Answer::No);
-    ClickCell(1, Col::Program);
+    ClickCell(1, F13Column::Program);
     EXPECT_TRUE(programm->F11.Fenster.Visible);
     EXPECT_FALSE(window->isEnabled());
-    EXPECT_EQ(programm->F13.FGK13.Text(1, Col::Mark), "X");
+    EXPECT_EQ(programm->F13.FGK13.Text(1, F13Column::Mark), "X");
 }
 
 TEST_F(F13_Window, acts_on_a_cell_by_keyboard_alone) {
     Open();
     grid->setFocus();
-    grid->setCurrentCell(1, Col::Program);
+    grid->setCurrentCell(1, F13Column::Program);
     for (int n = 0; n < 4; ++n) {
         QTest::keyClick(grid, Qt::Key_Right); // history, code, status, mark
     }
-    EXPECT_EQ(programm->F13.FGK13.Column, Col::Mark);
+    EXPECT_EQ(programm->F13.FGK13.Column, F13Column::Mark);
     QTest::keyClick(grid, Qt::Key_Space);
-    EXPECT_EQ(programm->F13.FGK13.Text(1, Col::Mark), "X");
+    EXPECT_EQ(programm->F13.FGK13.Text(1, F13Column::Mark), "X");
     QTest::keyClick(grid, Qt::Key_Return);
-    EXPECT_EQ(programm->F13.FGK13.Text(1, Col::Mark), "");
+    EXPECT_EQ(programm->F13.FGK13.Text(1, F13Column::Mark), "");
 }
 
 TEST_F(F13_Window, marks_and_says_what_can_be_clicked) {
     Open();
     const auto& model = grid->gridModel();
-    EXPECT_EQ(model.index(0, Col::Program).data(Qt::AccessibleTextRole).toString(), QStringLiteral("Programm"));
-    EXPECT_FALSE(model.index(0, Col::Program).data(Qt::DecorationRole).value<QIcon>().isNull());
-    EXPECT_FALSE(model.index(5, Col::Program).data(Qt::DecorationRole).isValid());
-    EXPECT_FALSE(model.index(0, Col::Code).data(Qt::DecorationRole).isValid());
-    EXPECT_EQ(model.index(0, Col::Status).data(Qt::AccessibleTextRole).toString(), QStringLiteral("Funkkanal OK"));
-    EXPECT_EQ(model.index(1, Col::Status).data(Qt::AccessibleTextRole).toString(), QStringLiteral("Funkkanal !"));
+    EXPECT_EQ(model.index(0, F13Column::Program).data(Qt::AccessibleTextRole).toString(), QStringLiteral("Programm"));
+    EXPECT_FALSE(model.index(0, F13Column::Program).data(Qt::DecorationRole).value<QIcon>().isNull());
+    EXPECT_FALSE(model.index(5, F13Column::Program).data(Qt::DecorationRole).isValid());
+    EXPECT_FALSE(model.index(0, F13Column::Code).data(Qt::DecorationRole).isValid());
+    EXPECT_EQ(model.index(0, F13Column::Status).data(Qt::AccessibleTextRole).toString(),
+              QStringLiteral("Funkkanal OK"));
+    EXPECT_EQ(model.index(1, F13Column::Status).data(Qt::AccessibleTextRole).toString(), QStringLiteral("Funkkanal !"));
 }
 
 TEST_F(F13_Window, lights_the_cell_under_the_mouse_and_puts_it_out_again) {
     Open();
-    QTest::mouseMove(grid->viewport(), grid->viewport()->mapFrom(grid, grid->cellRect(1, Col::History).center()));
+    QTest::mouseMove(grid->viewport(), grid->viewport()->mapFrom(grid, grid->cellRect(1, F13Column::History).center()));
     Settle();
     programm->F13.Timer1.Start(10);
     world.RunFor(30);
-    EXPECT_EQ(programm->F13.FGK13.At(1, Col::History).BackColor, F13::HoverColour);
+    EXPECT_EQ(programm->F13.FGK13.At(1, F13Column::History).BackColor, F13::HoverColour);
     QEvent leave(QEvent::Leave);
     QApplication::sendEvent(grid->viewport(), &leave);
     world.RunFor(30);
-    EXPECT_EQ(programm->F13.FGK13.At(1, Col::History).BackColor, F13::ActionColour);
+    EXPECT_EQ(programm->F13.FGK13.At(1, F13Column::History).BackColor, F13::ActionColour);
 }
 
 TEST_F(F13_Window, has_its_list_keys_dead_while_there_is_no_list) {

@@ -21,8 +21,6 @@
 namespace qvm::test {
 namespace {
 
-namespace Col = F7Column;
-
 struct F7_Window : UiFixture {
     std::unique_ptr<ui::F7Window> window;
     std::unique_ptr<ui::F8Window> search;
@@ -59,7 +57,7 @@ struct F7_Window : UiFixture {
         QTest::keyClick(window.get(), Qt::Key_F, Qt::ControlModifier);
         Present(*search);
     }
-    bool RowInSight(int row) { return !grid->cellRect(row, Col::Name).isEmpty(); }
+    bool RowInSight(int row) { return !grid->cellRect(row, F7Column::Name).isEmpty(); }
 };
 
 TEST_F(F7_Window, shows_the_lines_under_their_headings) {
@@ -69,8 +67,8 @@ TEST_F(F7_Window, shows_the_lines_under_their_headings) {
     EXPECT_EQ(window->windowTitle(), grid->accessibleName());
     const auto& model = grid->gridModel();
     EXPECT_EQ(model.rowCount(), 2024);
-    EXPECT_EQ(model.headerData(Col::Time, Qt::Horizontal, Qt::DisplayRole).toString(), QStringLiteral("Uhrzeit"));
-    EXPECT_EQ(model.index(1, Col::Event).data().toString(), QString::fromUtf8("Öffnen"));
+    EXPECT_EQ(model.headerData(F7Column::Time, Qt::Horizontal, Qt::DisplayRole).toString(), QStringLiteral("Uhrzeit"));
+    EXPECT_EQ(model.index(1, F7Column::Event).data().toString(), QString::fromUtf8("Öffnen"));
     EXPECT_EQ(window->findChild<QLabel*>(QStringLiteral("F7.Meldezeile"))->text(),
               QStringLiteral("H.HST   Zeilen: 65"));
 }
@@ -81,13 +79,13 @@ TEST_F(F7_Window, aligns_its_columns_as_they_are_meant) {
         return grid->gridModel().index(0, column).data(Qt::TextAlignmentRole).value<Qt::Alignment>() &
                Qt::AlignHorizontal_Mask;
     };
-    EXPECT_EQ(alignment(Col::Number), Qt::AlignRight);
-    EXPECT_EQ(alignment(Col::Name), Qt::AlignLeft);
-    EXPECT_EQ(alignment(Col::Date), Qt::AlignHCenter);
-    EXPECT_EQ(alignment(Col::Time), Qt::AlignHCenter);
-    EXPECT_EQ(alignment(Col::Event), Qt::AlignLeft);
-    EXPECT_GT(grid->columnWidth(Col::Name), grid->columnWidth(Col::Date));
-    EXPECT_GT(grid->columnWidth(Col::Date), grid->columnWidth(Col::Number));
+    EXPECT_EQ(alignment(F7Column::Number), Qt::AlignRight);
+    EXPECT_EQ(alignment(F7Column::Name), Qt::AlignLeft);
+    EXPECT_EQ(alignment(F7Column::Date), Qt::AlignHCenter);
+    EXPECT_EQ(alignment(F7Column::Time), Qt::AlignHCenter);
+    EXPECT_EQ(alignment(F7Column::Event), Qt::AlignLeft);
+    EXPECT_GT(grid->columnWidth(F7Column::Name), grid->columnWidth(F7Column::Date));
+    EXPECT_GT(grid->columnWidth(F7Column::Date), grid->columnWidth(F7Column::Number));
 }
 
 /// The ground of a cell, at its upper right where no text stands.
@@ -112,8 +110,8 @@ TEST_F(F7_Window_Palette, paints_bands_and_hits_exactly_and_writes_black_on_them
     for (const bool dark : {false, true}) {
         UseColours(dark ? QColor(0x20, 0x20, 0x20) : QColor(Qt::white), dark ? QColor(Qt::white) : QColor(Qt::black));
         Open();
-        EXPECT_EQ(Ground(*grid, 2, Col::Date), QColor(0xC0, 0xC0, 0xC0)) << dark;
-        EXPECT_EQ(Ground(*grid, 3, Col::Event), QColor(0xC0, 0xC0, 0xC0)) << dark;
+        EXPECT_EQ(Ground(*grid, 2, F7Column::Date), QColor(0xC0, 0xC0, 0xC0)) << dark;
+        EXPECT_EQ(Ground(*grid, 3, F7Column::Event), QColor(0xC0, 0xC0, 0xC0)) << dark;
         EXPECT_EQ(ui::isDark(grid->palette()), dark);
         EXPECT_EQ(ui::cellForeground(Black, F7::BandColour, grid->palette()), QColor(Qt::black));
         EXPECT_EQ(ui::cellForeground(Black, F7::HitColour, grid->palette()), QColor(Qt::black));
@@ -121,7 +119,7 @@ TEST_F(F7_Window_Palette, paints_bands_and_hits_exactly_and_writes_black_on_them
         programm->F8.Text1.Text = std::string("anna");
         programm->F8.Command1_Click();
         Settle();
-        EXPECT_EQ(Ground(*grid, 5, Col::Name), QColor(0xFF, 0xFF, 0)) << dark;
+        EXPECT_EQ(Ground(*grid, 5, F7Column::Name), QColor(0xFF, 0xFF, 0)) << dark;
         search.reset();
         window.reset();
     }
@@ -199,7 +197,7 @@ TEST_F(F7_Window, searches_the_column_that_was_chosen) {
     EXPECT_FALSE(programm->F8.Option[0].Checked);
     QTest::keyClicks(Wanted(), QStringLiteral("ereignis 4"));
     QTest::mouseClick(search->findChild<QPushButton*>(QStringLiteral("F8.Command1")), Qt::LeftButton);
-    EXPECT_EQ(programm->F7.FGV.At(4, Col::Event).BackColor, 0xFFFFU);
+    EXPECT_EQ(programm->F7.FGV.At(4, F7Column::Event).BackColor, 0xFFFFU);
     OpenSearch();
     EXPECT_TRUE(Option(1)->isChecked());
     EXPECT_FALSE(Option(4)->isChecked());
@@ -246,12 +244,12 @@ TEST_F(F7_Window, copies_the_current_row_where_none_is_selected_and_only_lines_o
 
 TEST_F(F7_Window, a_selected_row_is_told_apart_and_its_band_keeps_its_colour) {
     Open();
-    const QColor plain = Ground(*grid, 2, Col::Name);
+    const QColor plain = Ground(*grid, 2, F7Column::Name);
     grid->setFocus();
     grid->selectRow(1);
     Settle();
-    EXPECT_NE(Ground(*grid, 2, Col::Name), plain);
-    EXPECT_EQ(Ground(*grid, 2, Col::Date), QColor(0xC0, 0xC0, 0xC0));
+    EXPECT_NE(Ground(*grid, 2, F7Column::Name), plain);
+    EXPECT_EQ(Ground(*grid, 2, F7Column::Date), QColor(0xC0, 0xC0, 0xC0));
 }
 
 TEST_F(F7_Window, opens_another_file_by_keyboard) {
@@ -260,8 +258,8 @@ TEST_F(F7_Window, opens_another_file_by_keyboard) {
     world.Disk.Files["/q/HIST/new.HST"] = "new\n";
     QTest::keyClick(window.get(), Qt::Key_O, Qt::ControlModifier);
     Settle();
-    EXPECT_EQ(grid->gridModel().index(0, Col::Name).data().toString(), QStringLiteral("new"));
-    EXPECT_EQ(grid->gridModel().index(1, Col::Name).data().toString(), QString());
+    EXPECT_EQ(grid->gridModel().index(0, F7Column::Name).data().toString(), QStringLiteral("new"));
+    EXPECT_EQ(grid->gridModel().index(1, F7Column::Name).data().toString(), QString());
     EXPECT_TRUE(RowInSight(1));
 }
 

@@ -16,8 +16,6 @@
 namespace qvm::test {
 namespace {
 
-namespace Col = F91Column;
-
 struct F91_Window : UiFixture {
     std::unique_ptr<ui::F91Window> window;
     std::unique_ptr<ui::F92Window> time;
@@ -55,8 +53,8 @@ struct F91_Window : UiFixture {
         F91& list = programm->F91;
         for (const int row : {1, 2, 3, 4, 5, 6}) {
             const int lines[] = {266, 263, 66, 261, 255, 259};
-            list.FGK91.SetText(row, Col::Mark, row == 3 ? "#" : ">>");
-            list.FGK91.SetText(row, Col::StateText, programm->kern.Zeile(lines[row - 1]));
+            list.FGK91.SetText(row, F91Column::Mark, row == 3 ? "#" : ">>");
+            list.FGK91.SetText(row, F91Column::StateText, programm->kern.Zeile(lines[row - 1]));
         }
         list.Status_Zeigen(267, 81);
         list.Balken.Visible = true;
@@ -76,9 +74,10 @@ TEST_F(F91_Window, shows_the_rows_under_their_headings) {
     EXPECT_EQ(window->windowTitle(), QStringLiteral("QVM 7702 SOFTWARE SYSTEM"));
     const auto& model = grid->gridModel();
     EXPECT_EQ(model.rowCount(), 40);
-    EXPECT_EQ(model.index(0, Col::Name).data().toString(), QStringLiteral("Haupteingang Nordost"));
-    EXPECT_EQ(model.headerData(Col::Mark, Qt::Horizontal, Qt::DisplayRole).toString(), QStringLiteral("Prg"));
-    EXPECT_EQ(model.headerData(Col::StateText, Qt::Horizontal, Qt::DisplayRole).toString(), QStringLiteral("Status"));
+    EXPECT_EQ(model.index(0, F91Column::Name).data().toString(), QStringLiteral("Haupteingang Nordost"));
+    EXPECT_EQ(model.headerData(F91Column::Mark, Qt::Horizontal, Qt::DisplayRole).toString(), QStringLiteral("Prg"));
+    EXPECT_EQ(model.headerData(F91Column::StateText, Qt::Horizontal, Qt::DisplayRole).toString(),
+              QStringLiteral("Status"));
     for (const int column : {0, 1, 2, 16, 17}) {
         EXPECT_FALSE(grid->isColumnHidden(column)) << column;
     }
@@ -91,7 +90,7 @@ TEST_F(F91_Window, keeps_the_present_row_in_sight) {
     Open();
     programm->F91.Zeile_Zeigen(40);
     Settle();
-    EXPECT_FALSE(grid->cellRect(40, Col::StateText).isEmpty());
+    EXPECT_FALSE(grid->cellRect(40, F91Column::StateText).isEmpty());
     EXPECT_EQ(programm->F91.FGK91.Row, 40);
 }
 

@@ -5,8 +5,6 @@
 namespace qvm::test {
 namespace {
 
-namespace Col = F13Column;
-
 struct F11_OK : FensterFixture {
     std::vector<std::string> Calls;
 
@@ -22,7 +20,7 @@ struct F11_OK : FensterFixture {
     }
     void OpenHistory() {
         Expect(65);
-        Click(1, Col::History);
+        Click(1, F13Column::History);
     }
     void Ok(std::string_view code = "123456") {
         Type(code);
@@ -68,7 +66,7 @@ TEST_F(F11_OK, shows_the_wait_box_instead_while_channels_are_searched) {
 
 TEST_F(F11_OK, clears_the_X_of_the_locks_row_and_of_no_other) {
     Open();
-    Click(2, Col::Mark);
+    Click(2, F13Column::Mark);
     OpenStart(1);
     EXPECT_EQ(Mark(1), "X");
     Ok();
@@ -321,7 +319,7 @@ TEST_F(F11_Adapter, of_the_network_needs_six_characters_too) {
 struct F11_Liste : F11_OK {
     void OpenList() {
         Open();
-        Click(1, Col::Mark);
+        Click(1, F13Column::Mark);
         Expect(63, Answer::No);
         Expect(269, Answer::No);
         programm->F13.Toolbar1_ButtonClick("Prog.");

@@ -5,8 +5,6 @@
 namespace qvm::test {
 namespace {
 
-namespace Col = F13Column;
-
 struct F13_Klick : FensterFixture {
     int Code_Windows = 0;
     std::vector<std::uint8_t> SentBeforeCode;
@@ -36,9 +34,9 @@ TEST_F(F13_Klick, a_white_cell_does_nothing_at_all) {
     Open();
     Lauf().TwoPassFlag = 1;
     const int opens = world.Opens;
-    Click(1, Col::Name);
-    Click(2, Col::Program); // a row without a serial
-    Click(2, Col::Mark);
+    Click(1, F13Column::Name);
+    Click(2, F13Column::Program); // a row without a serial
+    Click(2, F13Column::Mark);
     EXPECT_EQ(Lauf().TwoPassFlag, 1);
     EXPECT_EQ(world.Opens, opens);
     EXPECT_EQ(Mark(2), "");
@@ -49,14 +47,14 @@ TEST_F(F13_Klick, the_header_cells_outside_and_a_disabled_window_do_nothing) {
     SettledLock(1, "Tor");
     Open();
     Lauf().TwoPassFlag = 1;
-    programm->F13.FGK13.SetBackColor(0, Col::Program, 0xE0E0E0);
-    Click(0, Col::Program);
-    Click(-1, Col::Program);
-    Click(201, Col::Program);
+    programm->F13.FGK13.SetBackColor(0, F13Column::Program, 0xE0E0E0);
+    Click(0, F13Column::Program);
+    Click(-1, F13Column::Program);
+    Click(201, F13Column::Program);
     Click(1, 16);
     Click(1, -1);
     programm->F13.Fenster.Enabled = false;
-    Click(1, Col::Mark);
+    Click(1, F13Column::Mark);
     EXPECT_EQ(Lauf().TwoPassFlag, 1);
     EXPECT_EQ(Mark(1), "");
 }
@@ -77,7 +75,7 @@ TEST_F(F13_Klick, clears_all_flags_of_an_earlier_run) {
     lauf.RunRows = 4;
     programm->link.DeviceClassByte = 0xC3;
     programm->link.AddressMode = 1;
-    Click(1, Col::Status); // a cell with a picture and no action of its own
+    Click(1, F13Column::Status); // a cell with a picture and no action of its own
     EXPECT_EQ(lauf.HistoryOnly, 0);
     EXPECT_EQ(lauf.ReadHistoryFirst, 0);
     EXPECT_EQ(lauf.NetMode, 0);
@@ -103,7 +101,7 @@ TEST_F(F13_Klick, closes_an_open_port_and_opens_the_locks_port) {
     SettledLock(4, "Tor");
     Open();
     world.PortOpen = true;
-    Click(4, Col::Status);
+    Click(4, F13Column::Status);
     EXPECT_EQ(world.Closes, 1);
     EXPECT_TRUE(world.PortOpen);
     EXPECT_EQ(world.PortNumber, 5);
@@ -119,19 +117,19 @@ TEST_F(F13_Klick, closes_an_open_port_and_opens_the_locks_port) {
 TEST_F(F13_Klick, the_mark_cell_flips_the_X_in_grey_sixteen_points) {
     SettledLock(1, "Tor");
     Open();
-    Click(1, Col::Mark);
-    const Cell cell = programm->F13.FGK13.At(1, Col::Mark);
+    Click(1, F13Column::Mark);
+    const Cell cell = programm->F13.FGK13.At(1, F13Column::Mark);
     EXPECT_EQ(cell.Text, "X");
     EXPECT_EQ(cell.FontSize, 16);
     EXPECT_EQ(cell.ForeColor, 0x808080U);
-    Click(1, Col::Mark);
+    Click(1, F13Column::Mark);
     EXPECT_EQ(Mark(1), "");
 }
 
 TEST_F(F13_Klick, a_lock_without_a_name_takes_no_mark) {
     SettledLock(1, "");
     Open();
-    Click(1, Col::Mark);
+    Click(1, F13Column::Mark);
     EXPECT_EQ(Mark(1), "");
 }
 
@@ -153,7 +151,7 @@ TEST_F(F13_Klick, program_with_yes_reads_the_history_first) {
     SettledLock(1, "Tor");
     Open();
     Expect(63, Answer::Yes);
-    Click(1, Col::Program);
+    Click(1, F13Column::Program);
     EXPECT_EQ(Lauf().HistoryOnly, 0);
     EXPECT_EQ(Lauf().ReadHistoryFirst, 1);
     EXPECT_EQ(Lauf().NetMode, 0xFF);
@@ -183,7 +181,7 @@ TEST_F(F13_Klick, program_with_cancel_ends_before_the_dataset_and_leaves_the_mar
     TooManyUsers();
     Open();
     Expect(63, Answer::Cancel);
-    Click(1, Col::Program);
+    Click(1, F13Column::Program);
     EXPECT_FALSE(StartOpen());
     EXPECT_TRUE(GridEnabled());
     EXPECT_EQ(Mark(1), "X");
@@ -195,8 +193,8 @@ TEST_F(F13_Klick, a_second_click_on_program_takes_the_mark_away_again) {
     Open();
     Expect(63, Answer::Cancel);
     Expect(63, Answer::Cancel);
-    Click(1, Col::Program);
-    Click(1, Col::Program);
+    Click(1, F13Column::Program);
+    Click(1, F13Column::Program);
     EXPECT_EQ(Mark(1), "");
 }
 
@@ -215,7 +213,7 @@ TEST_F(F13_Klick, of_a_settled_lock_the_question_comes_before_the_dataset) {
     Open();
     Expect(63, Answer::Yes);
     Expect(248);
-    Click(1, Col::Program);
+    Click(1, F13Column::Program);
     EXPECT_FALSE(StartOpen());
     EXPECT_TRUE(GridEnabled());
     EXPECT_TRUE(programm->F13.Fenster.Visible);
@@ -225,7 +223,7 @@ TEST_F(F13_Klick, of_a_settled_lock_a_wrong_serial_ends_behind_the_question) {
     SettledLock(1, "Tor", "0G.0A.10.01");
     Open();
     Expect(63, Answer::No);
-    Click(1, Col::Program);
+    Click(1, F13Column::Program);
     EXPECT_FALSE(StartOpen());
     EXPECT_TRUE(GridEnabled());
     EXPECT_EQ(Mark(1), "X");
@@ -272,7 +270,7 @@ TEST_P(F13_Kanal, history_searches_by_the_same_rule_but_starts_on_the_systems_ch
     files.Channel(1, GetParam().Channel, GetParam().Target, GetParam().Flag);
     Open();
     Expect(65);
-    Click(1, Col::History);
+    Click(1, F13Column::History);
     EXPECT_EQ(Lauf().KanalSuche, GetParam().Search ? 1 : 0);
     EXPECT_EQ(programm->link.TargetChannel, 3);
 }
@@ -281,7 +279,7 @@ TEST_P(F13_Kanal, code_change_searches_by_the_same_rule) {
     files.Lock(1, "Tor", SerialS);
     files.Channel(1, GetParam().Channel, GetParam().Target, GetParam().Flag);
     Open();
-    Click(1, Col::Code);
+    Click(1, F13Column::Code);
     EXPECT_EQ(Lauf().KanalSuche, GetParam().Search ? 1 : 0);
     EXPECT_EQ(programm->link.TargetChannel, 3);
 }
@@ -302,7 +300,7 @@ TEST_F(F13_Klick, of_a_lock_that_moves_the_dataset_comes_before_the_question) {
     TooManyUsers();
     Open();
     Expect(248); // and no question
-    Click(1, Col::Program);
+    Click(1, F13Column::Program);
     EXPECT_FALSE(StartOpen());
     EXPECT_TRUE(GridEnabled());
 }
@@ -311,7 +309,7 @@ TEST_F(F13_Klick, of_a_lock_that_moves_a_wrong_serial_ends_without_a_question) {
     files.Lock(1, "Tor", "00.0A.1Z.01");
     files.Channel(1, "7", "3", "1");
     Open();
-    Click(1, Col::Program);
+    Click(1, F13Column::Program);
     EXPECT_FALSE(StartOpen());
     EXPECT_TRUE(GridEnabled());
     EXPECT_EQ(Mark(1), "X");
@@ -322,7 +320,7 @@ TEST_F(F13_Klick, of_a_lock_that_moves_yes_reads_the_history_first) {
     files.Channel(1, "7", "3", "1");
     Open();
     Expect(63, Answer::Yes);
-    Click(1, Col::Program);
+    Click(1, F13Column::Program);
     EXPECT_EQ(Lauf().HistoryOnly, 0);
     EXPECT_EQ(Lauf().ReadHistoryFirst, 1);
     EXPECT_EQ(Lauf().NetMode, 0xFF);
@@ -335,7 +333,7 @@ TEST_F(F13_Klick, of_a_lock_that_moves_cancel_ends_with_its_dataset_gathered) {
     files.User(1, {.Name = "Anna", .Marks = {{1, 'X'}}});
     Open();
     Expect(63, Answer::Cancel);
-    Click(1, Col::Program);
+    Click(1, F13Column::Program);
     EXPECT_FALSE(StartOpen());
     EXPECT_TRUE(GridEnabled());
     EXPECT_EQ(Mark(1), "X");
@@ -388,7 +386,7 @@ TEST_F(F13_Klick, history_asks_and_opens_the_dialog_for_reading_only) {
     SettledLock(1, "Tor");
     Open();
     Expect(65);
-    Click(1, Col::History);
+    Click(1, F13Column::History);
     ASSERT_EQ(world.Shown.size(), 1U);
     EXPECT_EQ(world.Shown[0].Title, "QVM 7702 SOFTWARE SYSTEM");
     EXPECT_EQ(world.Shown[0].Choice, Buttons::OkCancel);
@@ -408,7 +406,7 @@ TEST_F(F13_Klick, history_takes_the_clock_switch_from_the_row) {
     Open();
     Lauf().FlagSetClock = 1;
     Expect(65);
-    Click(1, Col::History);
+    Click(1, F13Column::History);
     EXPECT_EQ(Lauf().FlagSetClock, 0);
 }
 
@@ -416,7 +414,7 @@ TEST_F(F13_Klick, history_with_cancel_changes_nothing) {
     SettledLock(1, "Tor");
     Open();
     Expect(65, Answer::Cancel);
-    Click(1, Col::History);
+    Click(1, F13Column::History);
     EXPECT_EQ(Lauf().HistoryOnly, 0);
     EXPECT_EQ(Mark(1), "");
     EXPECT_FALSE(StartOpen());
@@ -426,7 +424,7 @@ TEST_F(F13_Klick, history_with_cancel_changes_nothing) {
 TEST_F(F13_Klick, history_of_a_wrong_serial_ends_without_a_question) {
     SettledLock(1, "Tor", "XX.0A.10.01");
     Open();
-    Click(1, Col::History);
+    Click(1, F13Column::History);
     EXPECT_FALSE(StartOpen());
     EXPECT_EQ(Mark(1), "");
 }
@@ -435,7 +433,7 @@ TEST_F(F13_Klick, history_of_a_nameless_lock_runs_without_a_mark) {
     SettledLock(1, "");
     Open();
     Expect(65);
-    Click(1, Col::History);
+    Click(1, F13Column::History);
     EXPECT_EQ(Mark(1), "");
     EXPECT_TRUE(StartOpen());
 }
@@ -445,7 +443,7 @@ TEST_F(F13_Klick, history_of_a_nameless_lock_runs_without_a_mark) {
 TEST_F(F13_Klick, change_code_turns_the_adapter_to_the_lock_and_opens_its_window) {
     SettledLock(1, "Tor");
     Open();
-    Click(1, Col::Code);
+    Click(1, F13Column::Code);
     EXPECT_THAT(world.Written, ElementsAre(0x02, 0x0E, 0x6B, 0x03, 0x00, 0x0A, 0x10, 0x01, 0, 0, 0, 0, 0, 0, 0, 0xB5));
     EXPECT_EQ(Code_Windows, 1);
     EXPECT_EQ(SentBeforeCode.size(), 16U);
@@ -460,7 +458,7 @@ TEST_F(F13_Klick, change_code_is_dead_while_its_window_does_not_exist) {
     SettledLock(1, "Tor");
     Begin();
     Lauf().TwoPassFlag = 1;
-    Click(1, Col::Code);
+    Click(1, F13Column::Code);
     EXPECT_THAT(world.Written, IsEmpty());
     EXPECT_TRUE(GridEnabled());
     EXPECT_EQ(Lauf().TwoPassFlag, 1);
@@ -475,7 +473,7 @@ TEST_F(F13_Klick, change_code_sends_nothing_in_address_mode_1) {
         programm->link.AddressMode = 1;
         return open(number);
     };
-    Click(1, Col::Code);
+    Click(1, F13Column::Code);
     EXPECT_THAT(world.Written, IsEmpty());
     EXPECT_EQ(Code_Windows, 1);
     EXPECT_FALSE(GridEnabled());
@@ -485,14 +483,14 @@ TEST_F(F13_Klick, change_code_clears_a_stale_address_mode_and_sends) {
     SettledLock(1, "Tor");
     Open();
     programm->link.AddressMode = 1;
-    Click(1, Col::Code);
+    Click(1, F13Column::Code);
     EXPECT_EQ(world.Written.size(), 16U);
 }
 
 TEST_F(F13_Klick, change_code_of_a_wrong_serial_ends_at_once) {
     SettledLock(1, "Tor", "00.0A.10.0!");
     Open();
-    Click(1, Col::Code);
+    Click(1, F13Column::Code);
     EXPECT_EQ(Code_Windows, 0);
     EXPECT_THAT(world.Written, IsEmpty());
     EXPECT_TRUE(GridEnabled());

@@ -6,8 +6,6 @@
 namespace qvm::test {
 namespace {
 
-namespace Col = F13Column;
-
 struct F13_FormLaden : FensterFixture {
     const Cell& At(int row, int column) { return programm->F13.FGK13.At(row, column); }
     std::string Text(int row, int column) { return At(row, column).Text; }
@@ -75,8 +73,8 @@ TEST_F(F13_FormLaden, shows_no_serial_unless_all_four_parts_are_there) {
     }
     Begin();
     for (int lock = 1; lock <= 4; ++lock) {
-        EXPECT_EQ(Text(lock, Col::Serial), "") << lock;
-        EXPECT_EQ(At(lock, Col::Program).BackColor, White) << lock;
+        EXPECT_EQ(Text(lock, F13Column::Serial), "") << lock;
+        EXPECT_EQ(At(lock, F13Column::Program).BackColor, White) << lock;
     }
 }
 
@@ -105,9 +103,9 @@ TEST_F(F13_FormLaden, colours_the_cells_that_can_be_clicked_of_a_row_with_a_seri
 TEST_F(F13_FormLaden, leaves_the_code_cells_white_while_nothing_can_change_a_code) {
     SettledLock(1, "Tor");
     Begin();
-    EXPECT_EQ(At(1, Col::Code).BackColor, White);
-    EXPECT_NE(At(1, Col::History).BackColor, White);
-    EXPECT_NE(At(1, Col::Status).BackColor, White);
+    EXPECT_EQ(At(1, F13Column::Code).BackColor, White);
+    EXPECT_NE(At(1, F13Column::History).BackColor, White);
+    EXPECT_NE(At(1, F13Column::Status).BackColor, White);
 }
 
 TEST_F(F13_FormLaden, gives_the_tool_buttons_their_tips_and_enables_the_list_keys_once_there_is_a_list) {
@@ -146,13 +144,13 @@ TEST_F(F13_FormLaden, leaves_a_row_without_a_serial_white_and_without_a_picture)
 TEST_F(F13_FormLaden, clears_exactly_four_cells_of_a_lock_without_a_serial) {
     SettledLock(1, "Tor");
     Begin();
-    programm->F13.Del_FGK13_ICON(1, Col::Program);
+    programm->F13.Del_FGK13_ICON(1, F13Column::Program);
     for (const int column : {9, 10, 11, 12}) {
         EXPECT_EQ(At(1, column).BackColor, White) << column;
         EXPECT_EQ(At(1, column).Picture, 0) << column;
     }
-    EXPECT_NE(At(1, Col::Mark).BackColor, White);
-    EXPECT_EQ(Text(1, Col::Serial), "00.0A.10.01");
+    EXPECT_NE(At(1, F13Column::Mark).BackColor, White);
+    EXPECT_EQ(Text(1, F13Column::Serial), "00.0A.10.01");
 }
 
 TEST_F(F13_FormLaden, picks_the_status_picture_by_the_fourth_channel_field) {
@@ -163,18 +161,18 @@ TEST_F(F13_FormLaden, picks_the_status_picture_by_the_fourth_channel_field) {
     files.Channel(2, "3", "3", "0");
     files.Channel(3, "1", "3", ""); // channels that differ, but no mark
     Begin();
-    EXPECT_EQ(At(1, Col::Status).Picture, ChannelPicture::Image7);
-    EXPECT_EQ(At(2, Col::Status).Picture, ChannelPicture::Image8);
-    EXPECT_EQ(At(3, Col::Status).Picture, ChannelPicture::Image8);
-    EXPECT_EQ(At(4, Col::Status).Picture, ChannelPicture::Image8); // behind the end of the file
+    EXPECT_EQ(At(1, F13Column::Status).Picture, ChannelPicture::Image7);
+    EXPECT_EQ(At(2, F13Column::Status).Picture, ChannelPicture::Image8);
+    EXPECT_EQ(At(3, F13Column::Status).Picture, ChannelPicture::Image8);
+    EXPECT_EQ(At(4, F13Column::Status).Picture, ChannelPicture::Image8); // behind the end of the file
 }
 
 TEST_F(F13_FormLaden, without_an_adapter_leaves_the_adapter_columns_empty) {
     SettledLock(1, "Tor");
     Assign(1, "/1/2/3/4", "PROGSTATION-A");
     Begin();
-    EXPECT_EQ(Text(1, Col::AdapterId), "");
-    EXPECT_EQ(Text(1, Col::AdapterName), "");
+    EXPECT_EQ(Text(1, F13Column::AdapterId), "");
+    EXPECT_EQ(Text(1, F13Column::AdapterName), "");
 }
 
 TEST_F(F13_FormLaden, with_one_adapter_gives_it_to_every_row_with_a_serial) {
@@ -185,11 +183,11 @@ TEST_F(F13_FormLaden, with_one_adapter_gives_it_to_every_row_with_a_serial) {
     Start();
     AddAdapter("/1/2/3/4", "PROGSTATION-A", "7");
     Begin();
-    EXPECT_EQ(Text(1, Col::AdapterId), "/1/2/3/4");
-    EXPECT_EQ(Text(1, Col::AdapterName), "PROGSTATION-A");
-    EXPECT_EQ(Text(2, Col::AdapterId), "");
-    EXPECT_EQ(Text(2, Col::AdapterName), "");
-    EXPECT_EQ(Text(3, Col::AdapterId), "/1/2/3/4");
+    EXPECT_EQ(Text(1, F13Column::AdapterId), "/1/2/3/4");
+    EXPECT_EQ(Text(1, F13Column::AdapterName), "PROGSTATION-A");
+    EXPECT_EQ(Text(2, F13Column::AdapterId), "");
+    EXPECT_EQ(Text(2, F13Column::AdapterName), "");
+    EXPECT_EQ(Text(3, F13Column::AdapterId), "/1/2/3/4");
 }
 
 TEST_F(F13_FormLaden, with_several_adapters_takes_them_from_the_file_for_rows_with_a_serial) {
@@ -202,31 +200,31 @@ TEST_F(F13_FormLaden, with_several_adapters_takes_them_from_the_file_for_rows_wi
     AddAdapter("/1/2/3/4", "PROGSTATION-A", "7");
     AddAdapter("/5/6/7/8", "PROGSTATION-B", "8");
     Begin();
-    EXPECT_EQ(Text(1, Col::AdapterId), "/1/2/3/4");
-    EXPECT_EQ(Text(1, Col::AdapterName), "PROGSTATION-A");
-    EXPECT_EQ(Text(2, Col::AdapterId), "");
-    EXPECT_EQ(Text(3, Col::AdapterId), ""); // behind the end of the file
+    EXPECT_EQ(Text(1, F13Column::AdapterId), "/1/2/3/4");
+    EXPECT_EQ(Text(1, F13Column::AdapterName), "PROGSTATION-A");
+    EXPECT_EQ(Text(2, F13Column::AdapterId), "");
+    EXPECT_EQ(Text(3, F13Column::AdapterId), ""); // behind the end of the file
 }
 
 TEST_F(F13_FormLaden, without_any_file_shows_two_hundred_dead_rows) {
     Begin();
     for (int row = 1; row <= 200; ++row) {
-        EXPECT_EQ(Text(row, Col::Number), std::to_string(row));
-        EXPECT_EQ(Text(row, Col::Name), "");
-        EXPECT_EQ(At(row, Col::Program).BackColor, White);
+        EXPECT_EQ(Text(row, F13Column::Number), std::to_string(row));
+        EXPECT_EQ(Text(row, F13Column::Name), "");
+        EXPECT_EQ(At(row, F13Column::Program).BackColor, White);
     }
 }
 
 TEST_F(F13_FormLaden, opened_again_shows_the_files_as_they_are_now) {
     SettledLock(1, "Tor");
     Begin();
-    Click(1, Col::Mark);
+    Click(1, F13Column::Mark);
     files.Lock(1, "Neu", "           ");
     Begin();
-    EXPECT_EQ(Text(1, Col::Name), "Neu");
+    EXPECT_EQ(Text(1, F13Column::Name), "Neu");
     EXPECT_EQ(Mark(1), "");
-    EXPECT_EQ(At(1, Col::Program).BackColor, White);
-    EXPECT_EQ(At(1, Col::Status).Picture, 0);
+    EXPECT_EQ(At(1, F13Column::Program).BackColor, White);
+    EXPECT_EQ(At(1, F13Column::Status).Picture, 0);
 }
 
 struct F13_Maus : FensterFixture {

@@ -7,7 +7,6 @@
 namespace qvm::test {
 namespace {
 
-namespace Col = F13Column;
 using Copy = std::pair<int, int>; ///< row of the grid, row of the list
 
 struct F13_Liste : FensterFixture {
@@ -26,8 +25,8 @@ struct F13_Liste : FensterFixture {
         };
     }
     void MarkRows() {
-        Click(1, Col::Mark);
-        Click(200, Col::Mark);
+        Click(1, F13Column::Mark);
+        Click(200, F13Column::Mark);
     }
     void Prog(Answer history, Answer delayed) {
         Expect(63, history);
@@ -96,7 +95,7 @@ TEST_F(F13_Liste, both_keys_clear_what_an_earlier_run_left) {
     EXPECT_EQ(programm->link.AddressMode, 0);
 
     programm->F11.Cancel_Click();
-    Click(1, Col::Mark);
+    Click(1, F13Column::Mark);
     Lauf().RunRows = 9;
     Lauf().TwoPassFlag = Lauf().ReadHistoryFirst = 1;
     SaveHistory(Answer::No);

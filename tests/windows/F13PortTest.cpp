@@ -5,8 +5,6 @@
 namespace qvm::test {
 namespace {
 
-namespace Col = F13Column;
-
 struct F13_Adapter_Port : FensterFixture {
     F13_Adapter_Port() { SettledLock(1, "Tor"); }
 
@@ -38,14 +36,14 @@ struct F13_Adapter_Port : FensterFixture {
     }
     void ClickExpecting(const std::string& text) {
         world.Answers.push_back({.Text = text});
-        Click(1, Col::Program);
+        Click(1, F13Column::Program);
         ExpectStopped(text);
     }
 };
 
 TEST_F(F13_Adapter_Port, without_adapter_mode_is_that_of_the_serial_link) {
     Begin();
-    Click(1, Col::Status);
+    Click(1, F13Column::Status);
     EXPECT_EQ(world.PortNumber, 5);
 }
 
@@ -53,14 +51,14 @@ TEST_F(F13_Adapter_Port, without_adapter_mode_looks_at_no_adapter) {
     Start();
     AddAdapter("/1/2/3/4", "PROGSTATION-A", "7");
     Begin();
-    Click(1, Col::Status);
+    Click(1, F13Column::Status);
     EXPECT_EQ(world.PortNumber, 5);
 }
 
 TEST_F(F13_Adapter_Port, fifteen_is_the_last_that_is_taken) {
     Config("RESET", 3, 15);
     Begin();
-    Click(1, Col::Status);
+    Click(1, F13Column::Status);
     EXPECT_EQ(world.PortNumber, 15);
 }
 
@@ -89,20 +87,20 @@ TEST_F(F13_Adapter_Port, no_adapter_at_all_counts_as_none_assigned) {
 
 TEST_F(F13_Adapter_Port, the_adapter_of_the_address_gives_the_port) {
     OpenWith("/1/2/3/4", "PROGSTATION-A");
-    Click(1, Col::Status);
+    Click(1, F13Column::Status);
     EXPECT_EQ(world.PortNumber, 7);
     EXPECT_EQ(programm->link.PortNummer, 7);
 }
 
 TEST_F(F13_Adapter_Port, the_address_counts_more_than_the_name) {
     OpenWith("/5/6/7/8", "PROGSTATION-A");
-    Click(1, Col::Status);
+    Click(1, F13Column::Status);
     EXPECT_EQ(world.PortNumber, 9);
 }
 
 TEST_F(F13_Adapter_Port, an_unknown_address_falls_back_on_the_name) {
     OpenWith("/9/9/9/9", "PROGSTATION-B");
-    Click(1, Col::Status);
+    Click(1, F13Column::Status);
     EXPECT_EQ(world.PortNumber, 9);
 }
 
@@ -117,7 +115,7 @@ TEST_F(F13_Adapter_Port, the_only_adapter_serves_every_lock) {
     Start();
     AddAdapter("/1/2/3/4", "PROGSTATION-A", "12");
     Begin();
-    Click(1, Col::Status);
+    Click(1, F13Column::Status);
     EXPECT_EQ(world.PortNumber, 12);
 }
 

@@ -5,8 +5,6 @@
 namespace qvm::test {
 namespace {
 
-namespace Col = F91Column;
-
 struct F91_Fenster : FensterFixture {
     F91_Fenster() {
         SettledLock(1, "Tor", SerialS, "X X X");
@@ -28,8 +26,8 @@ struct F91_Fenster : FensterFixture {
         Type("123456");
         programm->F11.OK_Click();
     }
-    std::string Mark(int row) { return List().FGK91.Text(row, Col::Mark); }
-    std::string State(int row) { return List().FGK91.Text(row, Col::StateText); }
+    std::string Mark(int row) { return List().FGK91.Text(row, F91Column::Mark); }
+    std::string State(int row) { return List().FGK91.Text(row, F91Column::StateText); }
 };
 
 TEST_F(F91_Fenster, the_list_keys_of_the_lock_grid_live) {

@@ -6,8 +6,6 @@
 namespace qvm::test {
 namespace {
 
-namespace Col = F13Column;
-
 /// Reply 0x06, L 13: the bytes 2, 13, 6 and eleven 0 give the sum 0x41, which stands two places behind index 13.
 const std::vector<std::uint8_t> AliveReply{0x02, 0x0D, 0x06, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0x00, 0x41};
 
@@ -76,7 +74,7 @@ TEST_F(F9_Fenster, shows_no_units_of_an_earlier_lock_while_a_history_is_read) {
     OpenStart(1);
     programm->F11.Cancel_Click();
     Expect(65);
-    Click(2, Col::History);
+    Click(2, F13Column::History);
     Type("123456");
     programm->F11.OK_Click();
     EXPECT_EQ(Window().Check[0].Text(), "Keller");
@@ -203,7 +201,7 @@ TEST_F(F9_Fenster, close_gives_the_grid_back_with_fresh_status_pictures) {
     Window().Command2_Click();
     EXPECT_FALSE(Window().Fenster.Visible);
     EXPECT_TRUE(programm->F13.Fenster.Enabled);
-    EXPECT_EQ(programm->F13.FGK13.At(1, Col::Status).Picture, ChannelPicture::Image7);
+    EXPECT_EQ(programm->F13.FGK13.At(1, F13Column::Status).Picture, ChannelPicture::Image7);
 }
 
 // ---- cancel

@@ -42,7 +42,7 @@ constexpr std::array<Tastentext, 9> Tips{{{1, "Programm beenden"},
                                           {21, u8"Schlösser programmieren"_w},
                                           {23, u8"Türschlösser einstellen"_w}}};
 
-constexpr int NotConnectedLine = 91;
+constexpr int NoAdapterLine = 91;
 constexpr std::string_view AdapterDesign = "USB-Funkadapter";
 constexpr std::string_view ToolbarSlot = "F2.Toolbar1.", LabelSlot = "F2.Label7";
 
@@ -78,7 +78,7 @@ void F2::Meldezeile_Setzen() {
         Meldezeile.Text = std::string();
         break;
     case Grund::Stumm:
-        Meldezeile.Text = kern.Zeile(NotConnectedLine);
+        Meldezeile.Text = kern.Zeile(NoAdapterLine);
         break;
     case Grund::KeinAdapter:
         Meldezeile.Text = Wort(kern, EigeneZeile::KeinAdapter, "Es ist kein Funkadapter angeschlossen.");

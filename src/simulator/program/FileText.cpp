@@ -10,10 +10,6 @@ namespace qvm {
 
 namespace {
 
-std::string Why(const std::string& what) {
-    return what + ": " + std::strerror(errno);
-}
-
 bool WriteAll(int file, std::string_view text) {
     while (!text.empty()) {
         const ssize_t count = ::write(file, text.data(), text.size());
@@ -30,6 +26,10 @@ bool WriteAll(int file, std::string_view text) {
 
 } // namespace
 
+std::string SystemFault(const std::string& what) {
+    return what + ": " + std::strerror(errno);
+}
+
 std::optional<std::string> FileText_Read(const std::string& path, std::string& fault) {
     const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
     std::string text;
@@ -40,7 +40,7 @@ std::optional<std::string> FileText_Read(const std::string& path, std::string& f
         text.append(part.data(), count > 0 ? static_cast<std::size_t>(count) : 0);
     }
     if (count < 0) {
-        fault = Why("cannot read " + path);
+        fault = SystemFault("cannot read " + path);
     }
     if (file >= 0) {
         ::close(file);
@@ -55,7 +55,7 @@ bool FileText_Replace(const std::string& path, std::string_view text, std::strin
     good = file >= 0 && ::close(file) == 0 && good;
     good = good && ::rename(sibling.c_str(), path.c_str()) == 0;
     if (!good) {
-        fault = Why("cannot write " + path);
+        fault = SystemFault("cannot write " + path);
         ::unlink(sibling.c_str());
     }
     return good;

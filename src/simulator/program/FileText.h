@@ -6,6 +6,9 @@
 
 namespace qvm {
 
+/// What was tried, and what the system says (`errno`) about its failure.
+std::string SystemFault(const std::string& what);
+
 /// The whole file; nothing with a sentence in `fault` when it cannot be read.
 std::optional<std::string> FileText_Read(const std::string& path, std::string& fault);
 

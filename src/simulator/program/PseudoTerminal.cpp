@@ -1,5 +1,7 @@
 #include "PseudoTerminal.h"
 
+#include "FileText.h"
+
 #include <algorithm>
 #include <array>
 #include <cerrno>
@@ -15,10 +17,6 @@
 namespace qvm {
 
 namespace {
-
-std::string Why(const std::string& what) {
-    return what + ": " + std::strerror(errno);
-}
 
 std::string LinkTarget(const std::string& link) {
     std::array<char, 4096> target{};
@@ -48,7 +46,7 @@ bool PseudoTerminal::MakeRaw(std::string& fault) {
     ::cfmakeraw(&settings);
     good = good && ::cfsetspeed(&settings, B19200) == 0 && ::tcsetattr(peer_, TCSANOW, &settings) == 0;
     if (!good) {
-        fault = Why("cannot set up " + name_);
+        fault = SystemFault("cannot set up " + name_);
     }
     return good;
 }
@@ -58,14 +56,14 @@ bool PseudoTerminal::Open(std::string& fault) {
     std::array<char, 128> name{};
     if (line_ < 0 || ::grantpt(line_) != 0 || ::unlockpt(line_) != 0 ||
         ::ptsname_r(line_, name.data(), name.size()) != 0) {
-        fault = Why("cannot make a pseudo-terminal");
+        fault = SystemFault("cannot make a pseudo-terminal");
         return false;
     }
     name_ = name.data();
     peer_ = ::open(name_.c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC);
     watch_ = ::inotify_init1(IN_CLOEXEC | IN_NONBLOCK);
     if (peer_ < 0 || watch_ < 0 || ::inotify_add_watch(watch_, name_.c_str(), IN_OPEN | IN_CLOSE) < 0) {
-        fault = Why("cannot watch " + name_);
+        fault = SystemFault("cannot watch " + name_);
         return false;
     }
     return MakeRaw(fault);
@@ -122,7 +120,7 @@ bool DeviceLink::Make(const std::string& link, const std::string& device, std::s
     const std::string sibling = link + ".new";
     ::unlink(sibling.c_str());
     if (::symlink(device.c_str(), sibling.c_str()) != 0 || ::rename(sibling.c_str(), link.c_str()) != 0) {
-        fault = Why("cannot make the link " + link);
+        fault = SystemFault("cannot make the link " + link);
         ::unlink(sibling.c_str());
         return false;
     }

@@ -6,8 +6,6 @@
 namespace qvm {
 namespace {
 
-namespace Col = F13Column;
-
 constexpr int LowestPort = 1, HighestPort = 15;
 
 std::string_view Schalter(const std::string& cell) {
@@ -28,17 +26,17 @@ F13::F13(Programmierlauf& programmierlauf, F11& start, const AdapterListe& adapt
 
 LockRow F13::Zeilendaten(int row) const {
     return {.Number = row,
-            .Name = FGK13.Text(row, Col::Name),
-            .Serial = FGK13.Text(row, Col::Serial),
-            .PersonTimers = FGK13.Text(row, Col::PersonTimers),
-            .Calendars = FGK13.Text(row, Col::Calendars),
-            .LockTimer = FGK13.Text(row, Col::LockTimer),
-            .CalendarFlag = FGK13.Text(row, Col::CalendarFlag),
-            .SetClock = FGK13.Text(row, Col::SetClock)};
+            .Name = FGK13.Text(row, F13Column::Name),
+            .Serial = FGK13.Text(row, F13Column::Serial),
+            .PersonTimers = FGK13.Text(row, F13Column::PersonTimers),
+            .Calendars = FGK13.Text(row, F13Column::Calendars),
+            .LockTimer = FGK13.Text(row, F13Column::LockTimer),
+            .CalendarFlag = FGK13.Text(row, F13Column::CalendarFlag),
+            .SetClock = FGK13.Text(row, F13Column::SetClock)};
 }
 
 void F13::Datum_Uhrzeit_akt(int row) {
-    run.link.Lauf.FlagSetClock = Schalter(FGK13.Text(row, Col::SetClock)).empty() ? 0 : 1;
+    run.link.Lauf.FlagSetClock = Schalter(FGK13.Text(row, F13Column::SetClock)).empty() ? 0 : 1;
 }
 
 int F13::Adapter_Port(int row, bool& stop) {
@@ -46,14 +44,14 @@ int F13::Adapter_Port(int row, bool& stop) {
     if (!kern.Config.AdapterModus()) {
         return run.link.PortNummer;
     }
-    if (FGK13.Text(row, Col::AdapterId).empty()) {
+    if (FGK13.Text(row, F13Column::AdapterId).empty()) {
         kern.Meldung(kern.Zeile(198), Buttons::Ok, Icon::Exclamation);
         stop = true;
         return KeinPort;
     }
-    const AdapterSatz* adapter = Adapter_Finden(Adapter, FGK13.Text(row, Col::AdapterId));
+    const AdapterSatz* adapter = Adapter_Finden(Adapter, FGK13.Text(row, F13Column::AdapterId));
     if (adapter == nullptr) {
-        adapter = Adapter_Finden(Adapter, FGK13.Text(row, Col::AdapterName));
+        adapter = Adapter_Finden(Adapter, FGK13.Text(row, F13Column::AdapterName));
     }
     // An entry without a usable port number is as good as none.
     const int port = adapter == nullptr ? KeinPort : static_cast<int>(Zahlwert(adapter->Port));
@@ -90,19 +88,19 @@ void F13::FGK13_Click(int row, int column) {
     if (!Port_Vorbereiten(row)) {
         return;
     }
-    run.LockName = FGK13.Text(row, Col::Name);
+    run.LockName = FGK13.Text(row, F13Column::Name);
     run.LockNumber = row;
     switch (column) {
-    case Col::Program:
+    case F13Column::Program:
         Programmieren(row);
         break;
-    case Col::History:
+    case F13Column::History:
         Historie(row);
         break;
-    case Col::Code:
+    case F13Column::Code:
         Code_Aendern(row);
         break;
-    case Col::Mark:
+    case F13Column::Mark:
         Marke_Umschalten(row);
         break;
     default:
@@ -112,7 +110,7 @@ void F13::FGK13_Click(int row, int column) {
 
 bool F13::Ziel_Setzen(int row) {
     Address address{};
-    const std::string hex = Einstellung_AEsn(FGK13.Text(row, Col::Serial), address);
+    const std::string hex = Einstellung_AEsn(FGK13.Text(row, F13Column::Serial), address);
     if (hex == "FEHLER") {
         return false;
     }
@@ -143,8 +141,9 @@ bool F13::Datensatz(int row) {
 void F13::F11_Oeffnen(int row) {
     Fenster.Enabled = false;
     // By address first, as the port is found.
-    const std::string& id = FGK13.Text(row, Col::AdapterId);
-    f11.F11_Laden(F11Opener::F13, Adapter_Finden(Adapter, id) != nullptr ? id : FGK13.Text(row, Col::AdapterName));
+    const std::string& id = FGK13.Text(row, F13Column::AdapterId);
+    f11.F11_Laden(F11Opener::F13,
+                  Adapter_Finden(Adapter, id) != nullptr ? id : FGK13.Text(row, F13Column::AdapterName));
 }
 
 void F13::Programmieren(int row) {
@@ -208,12 +207,12 @@ void F13::Code_Aendern(int row) {
 }
 
 void F13::Marke_Umschalten(int row) {
-    if (FGK13.Text(row, Col::Name).empty() || FGK13.Text(row, Col::Serial).empty()) {
+    if (FGK13.Text(row, F13Column::Name).empty() || FGK13.Text(row, F13Column::Serial).empty()) {
         return;
     }
-    FGK13.SetText(row, Col::Mark, FGK13.Text(row, Col::Mark) == "X" ? "" : "X");
-    FGK13.SetFontSize(row, Col::Mark, 16);
-    FGK13.SetForeColor(row, Col::Mark, 0x808080);
+    FGK13.SetText(row, F13Column::Mark, FGK13.Text(row, F13Column::Mark) == "X" ? "" : "X");
+    FGK13.SetFontSize(row, F13Column::Mark, 16);
+    FGK13.SetForeColor(row, F13Column::Mark, 0x808080);
 }
 
 void F13::Toolbar1_ButtonClick(std::string_view key) {
@@ -245,10 +244,10 @@ void F13::Liste(bool historyOnly) {
     DelayedStart =
         kern.Meldung(kern.Zeile(269), Buttons::YesNoCancel, Icon::Question, kern.Zeile(90), 2) == Answer::Yes;
     for (int row = 1; row < FGK13.Rows(); ++row) {
-        if (FGK13.Text(row, Col::Mark) != "X") {
+        if (FGK13.Text(row, F13Column::Mark) != "X") {
             continue;
         }
-        FGK13.SetText(row, Col::Mark, "");
+        FGK13.SetText(row, F13Column::Mark, "");
         ++lauf.RunRows;
         if (Listenzeile_Uebernehmen) {
             Listenzeile_Uebernehmen(row, lauf.RunRows);

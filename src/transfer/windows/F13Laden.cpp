@@ -7,8 +7,6 @@
 namespace qvm {
 namespace {
 
-namespace Col = F13Column;
-
 constexpr int RowFontSize = 12;
 
 } // namespace
@@ -44,23 +42,23 @@ void F13::Del_FGK13_ICON(int row, int column) {
 }
 
 void F13::Zeile_Fuellen(int row) {
-    for (int c = Col::Program; c <= Col::Status; ++c) {
-        if (c != Col::Code || F17_Oeffnen) {
+    for (int c = F13Column::Program; c <= F13Column::Status; ++c) {
+        if (c != F13Column::Code || F17_Oeffnen) {
             FGK13.SetBackColor(row, c, ActionColour);
         }
     }
-    FGK13.SetBackColor(row, Col::Mark, ActionColour);
+    FGK13.SetBackColor(row, F13Column::Mark, ActionColour);
 }
 
 void F13::Texte_Setzen() {
-    FGK13.SetText(0, Col::Number, kern.Zeile(37));
-    FGK13.SetText(0, Col::Name, kern.Zeile(9));
-    FGK13.SetText(0, Col::Serial, kern.Zeile(10));
-    FGK13.SetText(0, Col::Program, kern.Zeile(137));
-    FGK13.SetText(0, Col::History, kern.Zeile(12));
-    FGK13.SetText(0, Col::Code, kern.Zeile(138));
-    FGK13.SetText(0, Col::Status, kern.Zeile(35));
-    FGK13.SetText(0, Col::Mark, "Prg.");
+    FGK13.SetText(0, F13Column::Number, kern.Zeile(37));
+    FGK13.SetText(0, F13Column::Name, kern.Zeile(9));
+    FGK13.SetText(0, F13Column::Serial, kern.Zeile(10));
+    FGK13.SetText(0, F13Column::Program, kern.Zeile(137));
+    FGK13.SetText(0, F13Column::History, kern.Zeile(12));
+    FGK13.SetText(0, F13Column::Code, kern.Zeile(138));
+    FGK13.SetText(0, F13Column::Status, kern.Zeile(35));
+    FGK13.SetText(0, F13Column::Mark, "Prg.");
     Toolbar1[0].Tip = kern.Zeile(119);
     Toolbar1[1].Tip = kern.Zeile(11);
     Toolbar1[2].Tip = kern.Zeile(12);
@@ -73,18 +71,18 @@ void F13::TuerInfo_laden() {
     locks.Laden(kern.Welt.Files, kern.DatPfad());
     for (int row = 1; row < FGK13.Rows(); ++row) {
         const LockInfo lock = Schloss_Lesen(locks, row);
-        FGK13.SetText(row, Col::Number, Ziffern(row));
-        FGK13.SetText(row, Col::Name, lock.Name);
-        FGK13.SetText(row, Col::Serial, lock.Serial);
-        FGK13.SetText(row, Col::Offset, lock.OffsetId);
+        FGK13.SetText(row, F13Column::Number, Ziffern(row));
+        FGK13.SetText(row, F13Column::Name, lock.Name);
+        FGK13.SetText(row, F13Column::Serial, lock.Serial);
+        FGK13.SetText(row, F13Column::Offset, lock.OffsetId);
         for (int n = 0; n < 5; ++n) {
-            FGK13.SetText(row, Col::PersonTimers + n, lock.Switches[static_cast<std::size_t>(n)]);
+            FGK13.SetText(row, F13Column::PersonTimers + n, lock.Switches[static_cast<std::size_t>(n)]);
         }
-        for (int c = 0; c < Col::Count; ++c) {
+        for (int c = 0; c < F13Column::Count; ++c) {
             FGK13.SetFontSize(row, c, RowFontSize);
         }
         if (lock.Serial.empty()) {
-            Del_FGK13_ICON(row, Col::Program);
+            Del_FGK13_ICON(row, F13Column::Program);
         } else {
             Zeile_Fuellen(row);
         }
@@ -98,12 +96,12 @@ void F13::Adapter_Spalten_Laden() {
         adapters.Laden(kern.Welt.Files, kern.DatPfad());
     }
     for (int row = 1; row < FGK13.Rows(); ++row) {
-        if (FGK13.Text(row, Col::Serial).empty()) {
+        if (FGK13.Text(row, F13Column::Serial).empty()) {
             continue;
         }
-        FGK13.SetText(row, Col::AdapterId,
+        FGK13.SetText(row, F13Column::AdapterId,
                       one ? Adapter.Saetze.front().Adresse : adapters.Text(row, LockAdapterRecord::AdapterId));
-        FGK13.SetText(row, Col::AdapterName,
+        FGK13.SetText(row, F13Column::AdapterName,
                       one ? Adapter.Saetze.front().Name : adapters.Text(row, LockAdapterRecord::AdapterName));
     }
 }
@@ -112,9 +110,9 @@ void F13::RFk_IconLoad() {
     RecordFile channels(ChannelRecord::Record);
     channels.Laden(kern.Welt.Files, kern.DatPfad());
     for (int row = 1; row < FGK13.Rows(); ++row) {
-        if (!FGK13.Text(row, Col::Serial).empty()) {
+        if (!FGK13.Text(row, F13Column::Serial).empty()) {
             const bool pending = channels.Text(row, ChannelRecord::LockChange) == "1";
-            FGK13.SetPicture(row, Col::Status, pending ? ChannelPicture::Image7 : ChannelPicture::Image8);
+            FGK13.SetPicture(row, F13Column::Status, pending ? ChannelPicture::Image7 : ChannelPicture::Image8);
         }
     }
 }

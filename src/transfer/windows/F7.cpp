@@ -6,8 +6,6 @@
 namespace qvm {
 namespace {
 
-namespace Col = F7Column;
-
 /// The event that opens and closes a band, and the two that mark their own row.
 constexpr int BandLine = 16, FirstRowLine = 17, SecondRowLine = 20;
 constexpr int HitsLine = 284, NotOpenedLine = 286, MissingLine = 288, LinesLine = 300;
@@ -44,7 +42,7 @@ void F7::F7_Laden() {
     Rufen(Hauptfenster_Verbergen);
     FGV.ClearRows(0);
     for (int row = 1; row < RowCount; ++row) {
-        FGV.SetText(row, Col::Number, Ziffern(row));
+        FGV.SetText(row, F7Column::Number, Ziffern(row));
     }
     file_.clear();
     lines_ = 0;
@@ -55,16 +53,16 @@ void F7::F7_Laden() {
     Texte_Setzen();
     Fenster.Enabled = true;
     Fenster.Visible = true;
-    Zelle_Setzen(1, Col::Name);
+    Zelle_Setzen(1, F7Column::Name);
 }
 
 void F7::Texte_Setzen() {
     Fenster.Title = kern.Zeile(58);
-    FGV.SetText(0, Col::Number, kern.Zeile(37));
-    FGV.SetText(0, Col::Name, kern.Zeile(54));
-    FGV.SetText(0, Col::Date, kern.Zeile(55));
-    FGV.SetText(0, Col::Time, kern.Zeile(56));
-    FGV.SetText(0, Col::Event, kern.Zeile(57));
+    FGV.SetText(0, F7Column::Number, kern.Zeile(37));
+    FGV.SetText(0, F7Column::Name, kern.Zeile(54));
+    FGV.SetText(0, F7Column::Date, kern.Zeile(55));
+    FGV.SetText(0, F7Column::Time, kern.Zeile(56));
+    FGV.SetText(0, F7Column::Event, kern.Zeile(57));
     Toolbar1[0].Tip = kern.Zeile(16);
     Toolbar1[1].Tip = kern.Zeile(107);
     Toolbar1[2].Tip = kern.Zeile(119);
@@ -100,7 +98,7 @@ void F7::Datei_Lesen(const std::string& path) {
     file_ = Dateiname(path);
     Datei_Zeigen(bytes);
     Meldezeile_Setzen();
-    Zelle_Setzen(1, Col::Name);
+    Zelle_Setzen(1, F7Column::Name);
 }
 
 /// Without a language file every line of the catalogue is empty and no event is known.
@@ -116,14 +114,14 @@ void F7::Datei_Zeigen(std::string_view bytes) {
         const int row = ++lines_;
         // A line with fewer fields leaves the columns behind them as they are.
         for (std::size_t n = 0; n < HistoryFieldCount && n < line.Count; ++n) {
-            FGV.SetText(row, Col::Name + static_cast<int>(n), line.Fields[n]);
+            FGV.SetText(row, F7Column::Name + static_cast<int>(n), line.Fields[n]);
         }
-        const std::string event(RTrim(FGV.Text(row, Col::Event)));
+        const std::string event(RTrim(FGV.Text(row, F7Column::Event)));
         const bool oneRow = Ist_Ereignis(event, FirstRowLine) || Ist_Ereignis(event, SecondRowLine);
         if (oneRow || Ist_Ereignis(event, BandLine)) {
             flip();
         }
-        for (int column = Col::Date; column <= Col::Event; ++column) {
+        for (int column = F7Column::Date; column <= F7Column::Event; ++column) {
             FGV.SetBackColor(row, column, band);
         }
         if (oneRow) {
@@ -135,11 +133,11 @@ void F7::Datei_Zeigen(std::string_view bytes) {
 
 void F7::Farben_Zuruecksetzen() {
     for (int row = 1; row < RowCount; ++row) {
-        for (int column = Col::Name; column <= Col::Event; ++column) {
+        for (int column = F7Column::Name; column <= F7Column::Event; ++column) {
             FGV.SetBackColor(row, column, NoColour);
         }
     }
-    Zelle_Setzen(1, Col::Name);
+    Zelle_Setzen(1, F7Column::Name);
 }
 
 void F7::F8_Zurueck() {
@@ -180,8 +178,8 @@ std::string F7::Zeilen_Text(const std::vector<int>& rows) const {
         if (row < 1 || row > lines_) {
             continue;
         }
-        for (int column = Col::Name; column <= Col::Event; ++column) {
-            text += FGV.Text(row, column) + (column < Col::Event ? "\t" : "\n");
+        for (int column = F7Column::Name; column <= F7Column::Event; ++column) {
+            text += FGV.Text(row, column) + (column < F7Column::Event ? "\t" : "\n");
         }
     }
     return text;

@@ -5,8 +5,6 @@
 namespace qvm {
 namespace {
 
-namespace Col = F7Column;
-
 constexpr int EmptySearchLine = 59;
 /// A hit before this row is shown by going to its own row.
 constexpr int FirstRows = 20;
@@ -14,8 +12,9 @@ constexpr int FirstRows = 20;
 constexpr int MiddleRows = 1010, RowsFurther = 10;
 
 std::string Trefferzeile(const Grid& grid, int row) {
-    return grid.Text(row, Col::Name) + std::string(13, ' ') + grid.Text(row, Col::Date) + std::string(17, ' ') +
-           grid.Text(row, Col::Time) + std::string(17, ' ') + grid.Text(row, Col::Event) + "\r\n";
+    return grid.Text(row, F7Column::Name) + std::string(13, ' ') + grid.Text(row, F7Column::Date) +
+           std::string(17, ' ') + grid.Text(row, F7Column::Time) + std::string(17, ' ') +
+           grid.Text(row, F7Column::Event) + "\r\n";
 }
 
 } // namespace
@@ -80,10 +79,10 @@ void F8::F8_Schliessen() {
 int F8::Spalte() const {
     for (std::size_t n = 0; n < Option.size(); ++n) {
         if (Option[n].Checked) {
-            return Col::Name + static_cast<int>(n);
+            return F7Column::Name + static_cast<int>(n);
         }
     }
-    return Col::Name;
+    return F7Column::Name;
 }
 
 int F8::Suchen() {

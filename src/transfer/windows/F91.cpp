@@ -7,14 +7,12 @@
 namespace qvm {
 namespace {
 
-namespace Col = F91Column;
-
 constexpr int StartDelay = 1000;
 constexpr int MostRows = 200;
 
 /// Copied columns of the lock grid; the numbers are the same on both sides.
 constexpr bool Wird_Kopiert(int column) {
-    return column <= Col::SetClock || (column >= Col::Status && column <= Col::AdapterName);
+    return column <= F91Column::SetClock || (column >= F91Column::Status && column <= F91Column::AdapterName);
 }
 
 } // namespace
@@ -39,7 +37,7 @@ F91::F91(Programmierlauf& programmierlauf, Netzlauf& network, F9& progress, cons
 
 void F91::Liste_Leeren() {
     Timer3.Stop();
-    FGK91.Resize(1, Col::Count);
+    FGK91.Resize(1, F91Column::Count);
     checkTexts_.clear();
 }
 
@@ -47,8 +45,8 @@ void F91::Listenzeile_Uebernehmen(const Grid& lockGrid, int gridRow, int listRow
     if (listRow < 1 || listRow > MostRows) {
         return;
     }
-    FGK91.Resize(std::max(FGK91.Rows(), listRow + 1), Col::Count);
-    for (int column = 0; column < Col::Count; ++column) {
+    FGK91.Resize(std::max(FGK91.Rows(), listRow + 1), F91Column::Count);
+    for (int column = 0; column < F91Column::Count; ++column) {
         FGK91.SetText(listRow, column, Wird_Kopiert(column) ? lockGrid.Text(gridRow, column) : "");
     }
 }
@@ -79,11 +77,11 @@ void F91::F91_FormLaden(bool delayed) {
 }
 
 void F91::Texte_Setzen() {
-    FGK91.SetText(0, Col::Number, kern.Zeile(37));
-    FGK91.SetText(0, Col::Name, kern.Zeile(9));
-    FGK91.SetText(0, Col::Serial, kern.Zeile(10));
-    FGK91.SetText(0, Col::Mark, "Prg");
-    FGK91.SetText(0, Col::StateText, "Status");
+    FGK91.SetText(0, F91Column::Number, kern.Zeile(37));
+    FGK91.SetText(0, F91Column::Name, kern.Zeile(9));
+    FGK91.SetText(0, F91Column::Serial, kern.Zeile(10));
+    FGK91.SetText(0, F91Column::Mark, "Prg");
+    FGK91.SetText(0, F91Column::StateText, "Status");
     Command1.Text = kern.Zeile(119);
     Command2.Text = kern.Zeile(83);
     Status_Zeigen(statusLine_, statusSecond_);
@@ -104,10 +102,10 @@ void F91::Einzelnes_Schloss_Starten(const Grid& lockGrid, int gridRow, const Ada
     Liste_Leeren();
     Listenzeile_Uebernehmen(lockGrid, gridRow, 1);
     if (adapter != nullptr) {
-        FGK91.SetText(1, Col::AdapterId, adapter->Adresse);
-        FGK91.SetText(1, Col::AdapterName, adapter->Name);
+        FGK91.SetText(1, F91Column::AdapterId, adapter->Adresse);
+        FGK91.SetText(1, F91Column::AdapterName, adapter->Name);
     }
-    FGK91.SetText(1, Col::Mark, ListMark::Waiting);
+    FGK91.SetText(1, F91Column::Mark, ListMark::Waiting);
     lauf.RunRow = lauf.RunRows = 1;
     Rufen(Schlossgitter_Schliessen);
     F91_FormLaden(false);

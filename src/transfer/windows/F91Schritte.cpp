@@ -8,8 +8,6 @@
 namespace qvm {
 namespace {
 
-namespace Col = F91Column;
-
 constexpr int BetweenRows = 3000;
 constexpr int BeforeFirstBlock = 2000;
 constexpr int BehindHistory = 100;
@@ -69,9 +67,9 @@ bool F91::Zeile_Bereitmachen(int& runRow, bool programming) {
 bool F91::Adapter_Waehlen(int& runRow) {
     Link& link = run.link;
     kern.Welt.Port.Close();
-    const AdapterSatz* adapter = Adapter_Finden(Adapter, FGK91.Text(runRow, Col::AdapterId));
+    const AdapterSatz* adapter = Adapter_Finden(Adapter, FGK91.Text(runRow, F91Column::AdapterId));
     if (adapter == nullptr) {
-        adapter = Adapter_Finden(Adapter, FGK91.Text(runRow, Col::AdapterName));
+        adapter = Adapter_Finden(Adapter, FGK91.Text(runRow, F91Column::AdapterName));
     }
     int port = kern.Config.AdapterModus() ? KeinPort : link.PortNummer;
     if (adapter != nullptr) {

@@ -6,22 +6,20 @@
 namespace qvm {
 namespace {
 
-namespace Col = F91Column;
-
 constexpr int FirstStepDelay = 1000;
 constexpr std::uint8_t OnlyHistory = 0x80;
 
 } // namespace
 
 LockRow F91::Zeilendaten(int row) const {
-    return {.Number = static_cast<int>(Zahlwert(FGK91.Text(row, Col::Number))),
-            .Name = FGK91.Text(row, Col::Name),
-            .Serial = FGK91.Text(row, Col::Serial),
-            .PersonTimers = FGK91.Text(row, Col::PersonTimers),
-            .Calendars = FGK91.Text(row, Col::Calendars),
-            .LockTimer = FGK91.Text(row, Col::LockTimer),
-            .CalendarFlag = FGK91.Text(row, Col::CalendarFlag),
-            .SetClock = FGK91.Text(row, Col::SetClock)};
+    return {.Number = static_cast<int>(Zahlwert(FGK91.Text(row, F91Column::Number))),
+            .Name = FGK91.Text(row, F91Column::Name),
+            .Serial = FGK91.Text(row, F91Column::Serial),
+            .PersonTimers = FGK91.Text(row, F91Column::PersonTimers),
+            .Calendars = FGK91.Text(row, F91Column::Calendars),
+            .LockTimer = FGK91.Text(row, F91Column::LockTimer),
+            .CalendarFlag = FGK91.Text(row, F91Column::CalendarFlag),
+            .SetClock = FGK91.Text(row, F91Column::SetClock)};
 }
 
 void F91::Zeilen_Pruefen(Check check) {
@@ -66,8 +64,8 @@ void F91::Zeile_Pruefen(int row) {
     }
     const std::string& text = kern.Zeile(Datensatz_Statuszeile(status));
     checkTexts_[static_cast<std::size_t>(row)] = text;
-    FGK91.SetText(row, Col::Mark, status == DatasetStatus::Good ? ListMark::Waiting : ListMark::PassedOver);
-    FGK91.SetText(row, Col::StateText, text);
+    FGK91.SetText(row, F91Column::Mark, status == DatasetStatus::Good ? ListMark::Waiting : ListMark::PassedOver);
+    FGK91.SetText(row, F91Column::StateText, text);
 }
 
 int F91::Zeile_Laden(int row) {
@@ -103,7 +101,7 @@ int F91::Zeile_Laden(int row) {
 
 bool F91::Zeile_Suchen(int& runRow, bool programming) {
     for (; runRow <= run.link.Lauf.RunRows; ++runRow) {
-        const std::string& mark = FGK91.Text(runRow, Col::Mark);
+        const std::string& mark = FGK91.Text(runRow, F91Column::Mark);
         if (mark == ListMark::Waiting || (programming && mark == ListMark::HistoryRead)) {
             return true;
         }
@@ -113,8 +111,8 @@ bool F91::Zeile_Suchen(int& runRow, bool programming) {
 }
 
 void F91::Mark_Setzen(int row, std::string_view mark, std::string_view text) {
-    FGK91.SetText(row, Col::Mark, mark);
-    FGK91.SetText(row, Col::StateText, text);
+    FGK91.SetText(row, F91Column::Mark, mark);
+    FGK91.SetText(row, F91Column::StateText, text);
     if (Zeile_Fertig) {
         Zeile_Fertig(row);
     }
