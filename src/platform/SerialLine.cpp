@@ -1,5 +1,6 @@
 #include "SerialLine.h"
 
+#include "FilePath.h"
 #include "PortGuard.h"
 #include "Text.h"
 
