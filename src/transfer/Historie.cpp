@@ -45,32 +45,17 @@ void Grenze_Pruefen(const Kern& kern, RunState& lauf, const std::optional<std::s
     }
 }
 
-/// Makes the run's file with its first line. A file that could not be made is tried again with the next record.
-bool Datei_Beginnen(Link& link, std::string_view lockName, std::string_view firstLine) {
+/// The run's file is named with its first record, again with each until one could be written.
+void Dateiname_Bilden(Link& link, std::string_view lockName) {
     RunState& lauf = link.Lauf;
-    if (lauf.HistoryFileOpen != 0) {
-        return true;
-    }
     const Kern& kern = link.kern;
     lauf.HistoryStateShown = 0;
     lauf.HistoryFileName = kern.HistPfad() + Historie_Dateiname(kern.Welt.Now(), lockName);
-    if (!Datei_Zeile_Anhaengen(kern.Welt.Files, lauf.HistoryFileName, firstLine)) {
-        return false;
-    }
-    lauf.HistoryFileOpen = 1;
-    return true;
 }
 
 std::string Satzzeile(const Kern& kern, const HistoryRecord& record, const std::optional<std::string>& date) {
     return record.Name + "\t" + date.value_or("") + "\t" + Ziffern(record.Hour, 2) + ":" + Ziffern(record.Minute, 2) +
            "\t" + Ereignis_Text(kern, record.Event);
-}
-
-bool Zeilen_Schreiben(Link& link, const std::string& line, const std::string& state) {
-    const FileStore& files = link.kern.Welt.Files;
-    const std::string& path = link.Lauf.HistoryFileName;
-    return Datei_Zeile_Anhaengen(files, path, line) &&
-           (state.empty() || Datei_Zeile_Anhaengen(files, path, "\t\t\t" + state));
 }
 
 void Zustand_Zeigen(RunState& lauf, std::uint8_t event, const std::string& state, const ZustandAnzeige& show) {
@@ -179,8 +164,22 @@ bool Datei_Zeile_Anhaengen(const FileStore& files, const std::string& path, std:
 bool Historie_Schreiben(Link& link, const HistoryRecord& record, std::string_view lockName,
                         std::string_view firstLine) {
     const Kern& kern = link.kern;
-    return Datei_Beginnen(link, lockName, firstLine) &&
-           Zeilen_Schreiben(link, Satzzeile(kern, record, Datum_Des_Satzes(record)), Zustand_Text(kern, record.Event));
+    RunState& lauf = link.Lauf;
+    std::string lines;
+    if (lauf.HistoryFileOpen == 0) {
+        Dateiname_Bilden(link, lockName);
+        lines = std::string(firstLine) + "\r\n";
+    }
+    lines += Satzzeile(kern, record, Datum_Des_Satzes(record));
+    if (const std::string state = Zustand_Text(kern, record.Event); !state.empty()) {
+        lines += "\r\n\t\t\t" + state;
+    }
+    // In one piece: a full disk or the end of the program leaves a record with its state, or none of it.
+    if (!Datei_Zeile_Anhaengen(kern.Welt.Files, lauf.HistoryFileName, lines)) {
+        return false;
+    }
+    lauf.HistoryFileOpen = 1;
+    return true;
 }
 
 bool Historie_Eintrag(Link& link, std::string_view lockName, const ZustandAnzeige& show) {

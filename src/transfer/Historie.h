@@ -34,8 +34,8 @@ std::string Historie_Dateiname(const DateTime& now, std::string_view lockName);
 
 bool Datei_Zeile_Anhaengen(const FileStore& files, const std::string& path, std::string_view text);
 
-/// Appends the lines of a record to the run's .HST file, which the first record makes, with `firstLine` at its head.
-/// False on a file error.
+/// Appends the lines of a record to the run's .HST file, which the first record makes, with `firstLine` at its head:
+/// all of them or none. False on a file error; the next record then makes the file if there is none yet.
 bool Historie_Schreiben(Link& link, const HistoryRecord& record, std::string_view lockName, std::string_view firstLine);
 
 /// What the progress window is shown of the first record with a state.

@@ -194,14 +194,19 @@ TEST_F(Historie_Eintraege, a_file_that_cannot_be_made_loses_the_record_and_the_n
                       "Anna Berg       \t03.03.2026\t09:05\tCode\r\n");
 }
 
-TEST_F(Historie_Eintraege, a_line_that_cannot_be_written_ends_the_write_and_keeps_the_lines_before) {
-    pc.Disk.FailAt = 2;
-    EXPECT_FALSE(Entry(4, 3, 26, 0x21));
-    EXPECT_EQ(File(), "01.50.0C.06\r\n");
-    pc.Disk.FailAt = pc.Disk.Operations + 2;
+TEST_F(Historie_Eintraege, a_record_that_cannot_be_written_leaves_no_part_of_itself) {
+    ASSERT_TRUE(Entry(4, 3, 26, 0x21));
+    pc.Disk.FailAt = pc.Disk.Operations + 1;
     EXPECT_FALSE(Entry(3, 3, 26, 0x21));
     EXPECT_EQ(File(), "01.50.0C.06\r\n"
-                      "Anna Berg       \t03.03.2026\t09:05\tCode\r\n");
+                      "Anna Berg       \t04.03.2026\t09:05\tCode\r\n"
+                      "\t\t\tlevel 2\r\n");
+}
+
+TEST_F(Historie_Eintraege, a_record_reaches_the_disk_in_one_piece_with_its_state_and_the_first_line) {
+    ASSERT_TRUE(Entry(4, 3, 26, 0x21));
+    ASSERT_TRUE(Entry(3, 3, 26, 0x21));
+    EXPECT_EQ(pc.Disk.Operations, 2);
 }
 
 TEST_F(Historie_Eintraege, the_cut_off_is_noticed_even_when_nothing_can_be_written) {
