@@ -107,6 +107,7 @@ Sendung Sendung_Bilden(const Link& link, int length) {
 /// The line's own pace leaves the adapter the time that it needs between two groups.
 void Schreiben(Netzlauf& run, const Sendung& out) {
     const std::span<const std::uint8_t> wire = out.Wire;
+    run.Begun = true;
     run.kern.Welt.Port.Write(wire.first(1));
     Netz_Scharf(run);
     run.kern.Welt.Port.Write(wire.subspan(1));
@@ -164,8 +165,10 @@ bool Net_Telegramm_Senden(Netzlauf& run, int length, bool wait, int timeoutMs, i
     run.Sending = false;
     if (end == SendEnd::Reply) {
         run.Timer3.Start(HandlerDelay);
+    } else if (end == SendEnd::Silence && run.kern.Welt.Port.IsOpen()) {
+        Netz_Stillstand(run, NetStandstill::NoReply);
     } else {
-        Netz_Stillstand(run, end == SendEnd::NoPort ? NetStandstill::NoPort : NetStandstill::NoReply);
+        Netz_Stillstand(run, run.Begun ? NetStandstill::PortLost : NetStandstill::NoPort);
     }
     return end != SendEnd::NoPort;
 }
@@ -192,9 +195,10 @@ void Netz_Horchen(Netzlauf& run) {
 }
 
 void Tick_Runde(Netzlauf& run) {
-    if (++run.Rounds >= MostRounds) {
+    const bool open = run.kern.Welt.Port.IsOpen();
+    if (!open || ++run.Rounds >= MostRounds) {
         run.Runde.Stop();
-        Netz_Stillstand(run, NetStandstill::NoReply);
+        Netz_Stillstand(run, open ? NetStandstill::NoReply : NetStandstill::PortLost);
         return;
     }
     // A frame with a bad checksum has ended the armed state; half a frame would swallow the next one.

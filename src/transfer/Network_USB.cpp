@@ -101,7 +101,7 @@ void Adapter_Test(Netzlauf& run, std::initializer_list<std::string_view> texts) 
 
 void Netz_Neubeginn(Netzlauf& run) {
     ++run.Number;
-    run.Sending = false;
+    run.Sending = run.Begun = false;
     Ruhe(run);
 }
 

@@ -35,10 +35,11 @@ enum class NetPhase : std::uint8_t {
     History, ///< history was asked for, or is being fetched
 };
 
-/// Why a row stands still. The list run then waits for the operator.
+/// Why a row stands still. The list run then waits for the operator, or goes on when there is no port.
 enum class NetStandstill : std::uint8_t {
-    NoPort,  ///< the port could not be opened; nothing was sent
-    NoReply, ///< every try, or every round of waiting, passed without a usable reply
+    NoPort,   ///< the port could not be opened; nothing was sent
+    PortLost, ///< the port went away behind the first telegram; what the adapter has carried out is not known
+    NoReply,  ///< every try, or every round of waiting, passed without a usable reply
 };
 
 /// Where the network route shows itself. Filled once, with designated initialisers; the run list stands behind it. Any
@@ -94,6 +95,7 @@ struct Netzlauf {
     int Rounds = 0;       ///< rounds of 2000 ms waited for what comes unasked
     int RoundIndex = 0;   ///< write position of the automaton at the round before
     bool Sending = false; ///< a transmit step is on the stack
+    bool Begun = false;   ///< something of the row went out
     unsigned Number = 0;  ///< which row this is: a wait of an earlier one may still be on the stack
     /// Replies that wait for the handler, as further bytes go into RxBuffer meanwhile.
     std::deque<std::vector<std::uint8_t>> Antworten;

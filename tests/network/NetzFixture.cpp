@@ -114,7 +114,11 @@ NetzTest::NetzTest() {
         .Naechste_Zeile = [this](std::string_view step) { Log.push_back("next " + std::string(step)); },
         .Programmieren_Planen = [this] { Log.emplace_back("program"); },
         .Stillstand =
-            [this](NetStandstill why) { Log.emplace_back(why == NetStandstill::NoPort ? "no port" : "silence"); },
+            [this](NetStandstill why) {
+                Log.emplace_back(why == NetStandstill::NoPort     ? "no port"
+                                 : why == NetStandstill::PortLost ? "port lost"
+                                                                  : "silence");
+            },
     };
 }
 

@@ -98,7 +98,26 @@ TEST_F(Net_Telegramm_Senden_Test, a_port_that_goes_away_ends_the_tries) {
     });
     EXPECT_FALSE(Net_Daten_Senden(run, 0, 0));
     EXPECT_EQ(Sent.size(), 1U);
-    EXPECT_EQ(Ereignisse(), "no port");
+    EXPECT_EQ(Ereignisse(), "port lost");
+}
+
+TEST_F(Net_Telegramm_Senden_Test, a_port_that_goes_away_in_the_only_try_is_no_silence) {
+    pc.At(1000, [this] { pc.PortOpen = false; });
+    Net_Historie_Anfordern(run, 0x0A);
+    EXPECT_EQ(Ereignisse(), "port lost");
+}
+
+TEST_F(Net_Telegramm_Senden_Test, a_port_that_comes_back_in_time_gets_the_same_telegram_again) {
+    pc.At(1000, [this] { pc.PortOpen = false; });
+    Geraet = [this](const Bytes&) {
+        if (Sent.size() == 2) {
+            Reply(0x14, 1);
+        }
+    };
+    EXPECT_TRUE(Net_Daten_Senden(run, 0, 0));
+    EXPECT_EQ(SentAt, (std::vector<std::int64_t>{0, 4000}));
+    EXPECT_EQ(Sent[0], Sent[1]);
+    EXPECT_EQ(Ereignisse(), "");
 }
 
 TEST_F(Net_Telegramm_Senden_Test, the_log_holds_each_byte_of_the_line_and_is_deleted) {

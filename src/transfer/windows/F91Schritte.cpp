@@ -175,10 +175,12 @@ void F91::Stillstand(NetStandstill reason) {
     if (work_ != Work::Network) {
         return;
     }
-    if (reason == NetStandstill::NoPort) {
-        // Nothing was sent; the next row may have another port.
+    if (reason != NetStandstill::NoReply) {
+        // The next row may have another port.
+        const bool untouched = reason == NetStandstill::NoPort &&
+                               FGK91.Text(run.link.Lauf.RunRow, F91Column::Mark) != ListMark::HistoryRead;
         Netz_Abbrechen(netz);
-        Zeile_Markieren(ListMark::Failed, kern.Zeile(276));
+        Zeile_Markieren(ListMark::Failed, kern.Zeile(untouched ? 276 : 66));
         Naechste_Zeile(StepPrgNextDataset);
         return;
     }
