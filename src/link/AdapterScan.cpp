@@ -106,17 +106,17 @@ bool Satz_Fragen(const Suche& search, int port) {
     return Fragen(search, port, RecordWait, reply, TelAdapterDaten_Senden);
 }
 
-/// The record in the frame received.
+/// The record in the reply.
 AdapterSatz Satz_Lesen(const Link& link, int port, const Probe& probe) {
     AdapterSatz adapter;
     for (int n = 0; n < RpAdapterDaten::AdapterAddress.Width; ++n) {
-        adapter.Adresse += "/" + Ziffern(link.RxByte(RpAdapterDaten::AdapterAddress.Offset + n));
+        adapter.Adresse += "/" + Ziffern(link.ReplyByte(RpAdapterDaten::AdapterAddress.Offset + n));
     }
     adapter.Name = Adapter_Name(link);
     adapter.Port = Ziffern(port);
     std::array<std::uint8_t, 16> bytes{};
     for (std::size_t n = 0; n < bytes.size(); ++n) {
-        bytes[n] = link.RxByte(RpAdapterDaten::Key.Offset + static_cast<int>(n));
+        bytes[n] = link.ReplyByte(RpAdapterDaten::Key.Offset + static_cast<int>(n));
     }
     adapter.TransferKey = TransferKey_Bilden(bytes, probe);
     return adapter;
@@ -180,28 +180,17 @@ void Port_Zuruecksetzen(Link& link, const AdapterListe& list, int portBefore) {
 } // namespace
 
 bool Adapter_Antwort_Abwarten(Link& link, double seconds, const AdapterAntwort& reply) {
-    const Platform& world = link.kern.Welt;
-    const std::int64_t start = world.Milliseconds();
-    double left = seconds;
-    do {
-        link.ReplySeen = 0;
-        Warte_Antwort(link, left);
-        const int length = static_cast<int>(link.RxFrame().size()) - 2; // the byte outside the sum comes on top
-        const std::uint8_t code = link.RxByte(2);
-        if (link.ReplySeen != 0 && (code == reply.Code || code == reply.OtherCode) && length >= reply.Shortest &&
-            length <= reply.Longest) {
-            return true;
-        }
-        left = seconds - static_cast<double>(world.Milliseconds() - start) / 1000.0;
-    } while (link.ReplySeen != 0 && left >= 0);
     link.ReplySeen = 0;
-    return false;
+    link.ReplyWanted = reply;
+    Warte_Antwort(link, seconds);
+    link.ReplyWanted.reset();
+    return link.ReplySeen != 0;
 }
 
 std::string Adapter_Name(const Link& link) {
     std::string name;
     for (int n = 0; n < RpAdapterDaten::AdapterName.Width; ++n) {
-        const std::uint8_t byte = link.RxByte(RpAdapterDaten::AdapterName.Offset + n);
+        const std::uint8_t byte = link.ReplyByte(RpAdapterDaten::AdapterName.Offset + n);
         if (byte == 0) {
             break;
         }

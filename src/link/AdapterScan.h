@@ -13,19 +13,11 @@ namespace qvm {
 /// none was found. A call while a search is under way does nothing. True when an adapter answered.
 bool Adapter_Suchen(Link& link, AdapterListe& list);
 
-/// A reply to a telegram to the adapter: its code, or one of two, and the lengths that it may have.
-struct AdapterAntwort {
-    std::uint8_t Code;
-    std::uint8_t OtherCode;
-    int Shortest;
-    int Longest = 0xFF;
-};
-
-/// Lets events go on for `seconds`, or until the reply has come. Other replies are passed over. ReplySeen says the same
-/// as the result.
+/// Lets events go on for `seconds`, or until the reply has come; it stands in Link::Reply then, whatever came behind
+/// it. Other replies are passed over. ReplySeen says the same as the result.
 bool Adapter_Antwort_Abwarten(Link& link, double seconds, const AdapterAntwort& reply);
 
-/// The text of an adapter's name as it stands in the frame received: 20 bytes from index 8 on, up to the first 0x00,
+/// The text of an adapter's name as it stands in Link::Reply: 20 bytes from index 8 on, up to the first 0x00,
 /// without blanks at its end.
 std::string Adapter_Name(const Link& link);
 

@@ -248,15 +248,25 @@ void Trennen(Link& l) {
     l.Lauf.WiederholZaehler = 0;
     TelTrennen_Senden(l);
 }
+bool Erwartet(const Link& l, const AdapterAntwort& wanted) {
+    const std::uint8_t code = l.RxByte(2);
+    return (code == wanted.Code || code == wanted.OtherCode) && l.Rx.RxLength >= wanted.Shortest &&
+           l.Rx.RxLength <= wanted.Longest;
+}
+/// The first wanted reply stays until the next wait: what comes behind it in the same event is not waited for.
 void Antwort_Gesehen(Link& l) {
-    l.ReplySeen = 1;
+    if (l.ReplySeen == 0 && (!l.ReplyWanted || Erwartet(l, *l.ReplyWanted))) {
+        l.ReplySeen = 1;
+        const std::span<const std::uint8_t> frame = l.RxFrame();
+        l.Reply.assign(frame.begin(), frame.end());
+    }
 }
 void Adapter_Erkannt(Link& l) {
-    l.ReplySeen = 1;
+    Antwort_Gesehen(l);
     Rufen(l.Hooks.Adapter_Erkannt);
 }
 void Adapter_Daten(Link& l) {
-    l.ReplySeen = 1;
+    Antwort_Gesehen(l);
     Rufen(l.Hooks.Adapter_Daten);
 }
 void Schloss_Ende(Link& l) {

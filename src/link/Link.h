@@ -9,6 +9,7 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -33,6 +34,14 @@ struct AnsweringDevice {
     std::uint8_t Status = 0; ///< 4: fully registered
 };
 
+/// A reply to a telegram to the adapter: its code, or one of two, and the lengths that it may have.
+struct AdapterAntwort {
+    std::uint8_t Code;
+    std::uint8_t OtherCode;
+    int Shortest;
+    int Longest = 0xFF;
+};
+
 /// The serial link: buffers, addresses, run flags. One of it exists, made by the program and passed by reference.
 struct Link {
     /// Takes the port's received bytes for itself.
@@ -47,6 +56,9 @@ struct Link {
     std::uint8_t UsbArmed = 0;                        ///< 0xA5 selects the network automaton
     std::uint8_t UsbDone = 0;                         ///< 0x5A when the network automaton holds a frame
     std::uint8_t ReplySeen = 0;                       ///< set by the dispatcher for replies that a wait looks at
+    std::optional<AdapterAntwort> ReplyWanted;        ///< the only reply that sets it; none: each of them does
+    /// The frame that set ReplySeen, as RxFrame gave it then. Bytes behind it in the same event do not touch it.
+    std::vector<std::uint8_t> Reply;
     Address TargetAddress{};
     std::uint8_t TargetChannel = 1; ///< 1 to 12
     std::uint8_t DeviceClassByte = 0x11;
@@ -72,6 +84,8 @@ struct Link {
     std::span<const std::uint8_t> RxFrame() const;
     /// Byte `index` of the received frame, or 0 when the frame is shorter.
     std::uint8_t RxByte(int index) const;
+    /// The same of Reply.
+    std::uint8_t ReplyByte(int index) const;
 };
 
 /// Runs the armed automaton for one received byte; a good serial frame runs Antwort_Verteilen inside this call, with

@@ -74,6 +74,11 @@ std::uint8_t Link::RxByte(int index) const {
     return index >= 0 && index < Rx.FrameSize ? Rx.RxBuffer[static_cast<std::size_t>(index)] : std::uint8_t{0};
 }
 
+std::uint8_t Link::ReplyByte(int index) const {
+    const auto at = static_cast<std::size_t>(index);
+    return index >= 0 && at < Reply.size() ? Reply[at] : std::uint8_t{0};
+}
+
 void Empfang_Byte(Link& link, std::uint8_t byte) {
     const bool network = link.UsbArmed == UsbArmedMark;
     const int index = link.Rx.RxIndex;

@@ -164,6 +164,61 @@ TEST_F(Adapter_Suche, other_replies_are_passed_over_while_the_wait_goes_on) {
     EXPECT_EQ(Took, 4 * 4001);
 }
 
+/// Answers the telegrams 0x68 and 0x6C with the adapter's replies between two strings of further bytes, all of them in
+/// one event.
+struct Adapter_Suche_Ein_Ereignis : Adapter_Suche {
+    void PlugTalkative(int port, const Bytes& before, const Bytes& behind) {
+        PlugDevice(port, [=, this](std::span<const std::uint8_t> bytes) {
+            Bytes wire = before;
+            const Bytes reply = bytes[2] == 0x68 ? Identified : ReplyWire(0x6C, 0x2E, RecordPayload("PROGSTATION 1"));
+            wire.insert(wire.end(), reply.begin(), reply.end());
+            wire.insert(wire.end(), behind.begin(), behind.end());
+            world.At(20, [this, wire] {
+                for (const std::uint8_t byte : wire) {
+                    Empfang_Byte(link, byte);
+                }
+            });
+        });
+    }
+    void ExpectFoundAtTheFirstTry() {
+        ASSERT_TRUE(Search());
+        EXPECT_EQ(Asked.size(), 2U);
+        EXPECT_EQ(Took, 40);
+        ASSERT_THAT(Names(), ElementsAre("PROGSTATION 1"));
+        EXPECT_EQ(list.Saetze[0].Adresse, "/1/0/255/7");
+        EXPECT_EQ(list.ProgStationPort, 5);
+    }
+};
+
+TEST_F(Adapter_Suche_Ein_Ereignis, garbage_behind_the_reply_does_not_spoil_it) {
+    PlugTalkative(5, {}, {0x02, 0x30, 0x55, 0x66, 0x77, 0x88, 0x99, 0xAA, 0xBB, 0xCC});
+    ExpectFoundAtTheFirstTry();
+}
+
+TEST_F(Adapter_Suche_Ein_Ereignis, a_frame_that_no_wait_looks_at_behind_the_reply_does_not_spoil_it) {
+    PlugTalkative(5, {}, ReplyWire(0x03, 0x0D, Bytes(12, 0x77)));
+    ExpectFoundAtTheFirstTry();
+}
+
+TEST_F(Adapter_Suche_Ein_Ereignis, another_adapters_reply_before_or_behind_is_passed_over) {
+    const Bytes name = ReplyWire(0x6D, 0x1C, Bytes(25, 0x41));
+    PlugTalkative(5, name, name);
+    ExpectFoundAtTheFirstTry();
+}
+
+TEST_F(Adapter_Suche_Ein_Ereignis, of_two_records_the_first_counts) {
+    PlugTalkative(5, {}, ReplyWire(0x6C, 0x2E, RecordPayload("ENROLLMENT1")));
+    ExpectFoundAtTheFirstTry();
+}
+
+TEST_F(Adapter_Suche_Ein_Ereignis, an_echo_and_a_record_cut_short_before_the_reply_are_passed_over) {
+    Bytes before = ReplyWire(0x68, 0x0E, {});
+    const Bytes shortRecord = ReplyWire(0x6C, 0x2D, RecordPayload("PROGSTATION 2"));
+    before.insert(before.end(), shortRecord.begin(), shortRecord.end());
+    PlugTalkative(5, before, {});
+    ExpectFoundAtTheFirstTry();
+}
+
 TEST_F(Adapter_Suche, a_doubled_identification_does_not_pass_for_the_record) {
     VirtualSystem& adapter = Plug(5, "PROGSTATION 1");
     adapter.World().Faults = {{.What = SimFault::Kind::Doubled, .Telegram = 0, .CountAll = true}};
@@ -212,6 +267,16 @@ TEST_F(Adapter_Suche, a_fixed_port_is_asked_alone_with_a_shorter_wait) {
     EXPECT_THAT(Asked, ElementsAre(1, 1, 1, 1));
     EXPECT_EQ(Took, 4 * 1801);
     EXPECT_THAT(list.PortListe, IsEmpty());
+}
+
+TEST_F(Adapter_Suche, the_record_of_a_fixed_port_is_waited_for_like_that_of_a_candidate) {
+    Mode("RESET");
+    PlugAnswering(1, {{0x68, Identified}});
+    EXPECT_TRUE(Search());
+    EXPECT_EQ(Asked.size(), 5U);
+    EXPECT_EQ(Took, 20 + 4 * 1401); // more than 1.4 s each
+    EXPECT_THAT(Names(), IsEmpty());
+    EXPECT_EQ(list.ProgStationPort, KeinPort);
 }
 
 TEST_F(Adapter_Suche, an_adapter_on_the_fixed_port_is_found) {
