@@ -134,6 +134,43 @@ TEST_F(F14_Fenster, settings_that_cannot_be_saved_leave_the_channel_and_say_so) 
     EXPECT_EQ(world.Disk.Files[Settings], before);
     EXPECT_FALSE(world.Disk.Files.contains(Channels));
     EXPECT_TRUE(Channel().Dirty);
+    EXPECT_TRUE(Channel().Fenster.Visible);
+    EXPECT_EQ(Channel().Combo1.Selected(), 4);
+}
+
+TEST_F(F14_Fenster, a_choice_counts_as_saved_only_once_it_is) {
+    const std::string before = world.Disk.Files[Settings];
+    Channel().Combo1_Click(4);
+    Break(1, true);
+    ExpectQuestion(Answer::Yes);
+    Expect(287);
+    Back();
+    EXPECT_TRUE(Channel().Fenster.Visible);
+    EXPECT_EQ(returned, 0);
+    EXPECT_TRUE(Channel().Dirty);
+    EXPECT_EQ(Channel().Combo1.Selected(), 4);
+    EXPECT_EQ(world.Disk.Files[Settings], before);
+    world.Disk.FailAt = 0;
+    world.Disk.FailFromThere = false;
+    Press("Speichern");
+    EXPECT_FALSE(Channel().Dirty);
+    EXPECT_EQ(programm->kern.Config.RadioChannel, "5");
+    EXPECT_EQ(world.Disk.Files[Settings], "Deutsch\r\n1\r\nUSB-Port5\r\n5\r\n");
+    EXPECT_EQ(Record(1), "1  1  5  1  1  ");
+    Back(); // asks nothing
+    EXPECT_EQ(returned, 1);
+}
+
+TEST_F(F14_Fenster, a_choice_that_cannot_be_saved_can_be_given_up) {
+    Channel().Combo1_Click(4);
+    Break(1, true);
+    Expect(287);
+    Press("Speichern");
+    ExpectQuestion(Answer::No);
+    Back();
+    EXPECT_FALSE(Channel().Fenster.Visible);
+    EXPECT_EQ(programm->kern.Config.RadioChannel, "3");
+    EXPECT_EQ(returned, 1);
 }
 
 TEST_F(F14_Fenster, whichever_settings_file_fails_once_the_disk_keeps_the_old_channel) {

@@ -120,7 +120,6 @@ TEST_F(F2_Anschlussfenster, that_saved_a_held_port_has_it_tried_again) {
     world.RunFor(100000);
     EXPECT_FALSE(Main().Wiederholung.Running());
     Main().F2_Schnittstelle_Click();
-    world.Answers.push_back({.Text = "Comport nicht vorhanden"});
     programm->F6.Toolbar1_ButtonClick(programm->F6.Toolbar1[1].Key);
     EXPECT_TRUE(Main().Wiederholung.Running());
     programm->F6.Toolbar1_ButtonClick(programm->F6.Toolbar1[0].Key);

@@ -63,7 +63,13 @@ void F6_Fixture::Answer_Name(std::span<const std::uint8_t> bytes) {
     Names.emplace_back(bytes.begin() + 3, bytes.begin() + 25);
     NamePorts.push_back(world.PortNumber);
     if (StoredName) {
-        world.Deliver(NameReply(*StoredName), 100);
+        std::vector<std::uint8_t> wire = NameReply(*StoredName);
+        wire.insert(wire.end(), BehindReply.begin(), BehindReply.end());
+        world.At(100, [this, wire] {
+            for (const std::uint8_t byte : wire) {
+                Empfang_Byte(programm->link, byte);
+            }
+        });
     }
 }
 

@@ -18,6 +18,7 @@ struct F6_Fixture : FensterFixture {
     int returned = 0;
     int prepared = 0;
     std::optional<std::string> StoredName; ///< what an adapter reads back; none: it is silent
+    std::vector<std::uint8_t> BehindReply; ///< further bytes in the event that brings it
     std::vector<std::string> Names;        ///< the 22 bytes of each name telegram
     std::vector<int> NamePorts;            ///< and its port
 

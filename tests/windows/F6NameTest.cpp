@@ -132,6 +132,14 @@ TEST_F(F6_Name, a_name_goes_to_the_rows_port_and_the_port_is_set_back) {
     EXPECT_EQ(world.Elapsed(), 100);
 }
 
+TEST_F(F6_Name, bytes_behind_the_reply_in_the_same_event_do_not_spoil_it) {
+    StoredName = "PROGSTATION Tor";
+    BehindReply = {0x02, 0x1C, 0x6D, 'P', 'R', 'O', 'G', 'x', 'y', 'z', 'P', 'R'};
+    Expect(189);
+    Rename(1, "PROGSTATION Tor");
+    EXPECT_EQ(Cell(1, F6Column::Name), "PROGSTATION Tor");
+}
+
 TEST_F(F6_Name, twenty_characters_go_out_and_come_back_whole) {
     StoredName = "PROGSTATION 23456789";
     Expect(189);
@@ -179,7 +187,7 @@ TEST_F(F6_Name, a_port_that_does_not_open_is_a_failure_at_once) {
 TEST_F(F6_Name, a_row_without_a_port_sends_nothing_and_says_nothing) {
     for (const char* port : {"", "x", "0", "-1"}) {
         Adapters().FGK6.SetText(1, F6Column::Port, port);
-        EXPECT_FALSE(Adapters().Transmit_USB_WORD(1, "PROGSTATION Tor"));
+        EXPECT_FALSE(Adapters().Transmit_USB_WORD(1, "PROGSTATION Tor", "PROGSTATION 1"));
     }
     EXPECT_THAT(Names, IsEmpty());
     EXPECT_THAT(world.Shown, IsEmpty());

@@ -207,6 +207,17 @@ TEST_F(F6_Fenster, a_port_that_does_not_open_is_reported_and_saved_all_the_same)
     EXPECT_EQ(prepared, 1);
 }
 
+TEST_F(F6_Fenster, an_adapter_that_is_searched_may_be_missing_when_its_port_is_saved) {
+    Open();
+    world.PortCanOpen = false;
+    world.AdapterPortNumbers = {};
+    Press("Speichern"); // the main window tells what is wrong with the port
+    EXPECT_THAT(world.Shown, IsEmpty());
+    EXPECT_FALSE(world.PortOpen);
+    EXPECT_EQ(programm->kern.Config.PortAutomatik, "SET");
+    EXPECT_EQ(prepared, 1);
+}
+
 TEST_F(F6_Fenster, an_adapter_pulled_out_is_shown_absent) {
     world.AdapterPortNumbers = {};
     Port_Einrichten(programm->link, programm->Adapter);
@@ -257,6 +268,29 @@ TEST_F(F6_Fenster, zurueck_after_a_change_asks_and_yes_saves) {
     EXPECT_EQ(world.Disk.Files[Settings], "Deutsch\r\n1\r\nUSB-Port12\r\n3\r\n");
     EXPECT_FALSE(Adapters().Fenster.Visible);
     EXPECT_EQ(returned, 1);
+}
+
+TEST_F(F6_Fenster, zurueck_with_a_save_that_fails_keeps_the_window_and_its_changes) {
+    Open();
+    Adapters().Check1_Click(false);
+    Adapters().Combo1_Click(11);
+    const auto before = world.Disk.Files;
+    world.Disk.FailAt = world.Disk.Operations + 1;
+    world.Disk.FailFromThere = true;
+    Expect(60, Answer::Yes);
+    Expect(287);
+    GoBack();
+    EXPECT_TRUE(Adapters().Fenster.Visible);
+    EXPECT_EQ(returned, 0);
+    EXPECT_FALSE(Adapters().Check1.Checked);
+    EXPECT_EQ(Adapters().Combo1.Selected(), 11);
+    EXPECT_EQ(world.Disk.Files, before);
+    Expect(60, Answer::No); // still unsaved
+    GoBack();
+    EXPECT_FALSE(Adapters().Fenster.Visible);
+    EXPECT_EQ(returned, 1);
+    EXPECT_EQ(programm->kern.Config.PortAutomatik, "SET");
+    EXPECT_EQ(programm->kern.Config.PortName, "USB-Port7"); // the last candidate
 }
 
 TEST_F(F6_Fenster, no_leaves_everything_as_it_was) {

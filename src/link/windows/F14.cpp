@@ -51,6 +51,9 @@ void F14::Toolbar1_ButtonClick(std::string_view key) {
     if (Dirty && kern.Meldung(kern.Zeile(AdapterWort::SaveQuestion), Buttons::YesNo, Icon::Question,
                               kern.Zeile(ChannelLine)) == Answer::Yes) {
         Speichern();
+        if (Dirty) {
+            return; // it could not be saved: the choice is not to be lost
+        }
     }
     Dirty = false;
     Fenster.Visible = false;

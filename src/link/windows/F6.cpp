@@ -89,6 +89,7 @@ void F6::F6_Laden() {
     Adapter_Liste_Laden();
     Modus_Zeigen();
     dirty_ = false;
+    before_.reset();
     Fenster.Visible = true;
 }
 
@@ -256,7 +257,13 @@ void F6::Schliessen() {
                                            kern.Zeile(QuestionTitle));
         if (answer == Answer::Yes) {
             Speichern();
+            if (dirty_) {
+                return; // it could not be saved: nothing of it is to be lost
+            }
         } else {
+            if (before_) {
+                kern.Config = *std::exchange(before_, {});
+            }
             // A search or the check box may have led to ports and adapters that are not wanted.
             Port_Einrichten(link, Adapter);
             if (Port_Eingerichtet) {
@@ -273,6 +280,7 @@ void F6::Schliessen() {
 
 void F6::Speichern() {
     Konfiguration& config = kern.Config;
+    const Konfiguration before = before_.value_or(config);
     config.PortNummer = Combo1.Selected + 1;
     config.PortName = "USB-Port" + Ziffern(config.PortNummer);
     config.PortAutomatik = Check1.Checked ? "SET" : "RESET";
@@ -280,14 +288,17 @@ void F6::Speichern() {
     if (Port_Eingerichtet) {
         Port_Eingerichtet();
     }
-    if (!open) {
+    if (!open && !Check1.Checked) { // an adapter that is searched may be plugged in at any time
         kern.Meldung("Comport nicht vorhanden", Buttons::Ok, Icon::Exclamation);
     }
     const bool saved = Konfiguration_Speichern(kern);
     const bool listSaved = Adapter_Liste_Speichern();
     if (saved && listSaved) {
         dirty_ = false;
+        before_.reset();
     } else {
+        dirty_ = true;
+        before_ = before;
         kern.Meldung(kern.Zeile(AdapterWort::NotSaved), Buttons::Ok, Icon::Exclamation);
     }
 }

@@ -8,6 +8,7 @@
 
 #include <array>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -72,8 +73,8 @@ struct F6 {
     bool Adapter_Liste_Laden();
     bool Adapter_Liste_Speichern();
     /// Writes the name to the row's adapter and reports by message. False when it did not answer or read back something
-    /// else, or when the row has no port (no message then).
-    bool Transmit_USB_WORD(int row, std::string_view name);
+    /// else: the cell shows `oldName` then; or when the row has no port (no message then, the cell stays).
+    bool Transmit_USB_WORD(int row, std::string_view name, std::string_view oldName);
 
 private:
     void Gitter_Leeren();
@@ -89,8 +90,8 @@ private:
     void Speichern();
     void Schliessen();
 
-    int editedRow_ = 0; ///< row under the editor, 0: none
-    std::string oldName_;
+    std::optional<Konfiguration> before_; ///< the settings before a save that failed
+    int editedRow_ = 0;                   ///< row under the editor, 0: none
     bool dirty_ = false;
     bool busy_ = false; ///< an adapter is waited for: no key does anything
 };

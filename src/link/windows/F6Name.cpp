@@ -25,7 +25,7 @@ bool Zeichen(int key) {
 /// The name in the reply is the one that was sent, up to what fills it up.
 bool Name_Bestaetigt(const Link& link, std::string_view name) {
     for (int n = 0; n < RpAdapterName::AdapterName.Width; ++n) {
-        const std::uint8_t byte = link.RxByte(RpAdapterName::AdapterName.Offset + n);
+        const std::uint8_t byte = link.ReplyByte(RpAdapterName::AdapterName.Offset + n);
         const auto at = static_cast<std::size_t>(n);
         const bool equal = at < name.size() ? byte == static_cast<std::uint8_t>(name[at]) : byte == 0 || byte == ' ';
         if (!equal) {
@@ -63,7 +63,6 @@ void F6::Editor_Oeffnen(int row, std::string_view text) {
         return;
     }
     editedRow_ = row;
-    oldName_ = FGK6.Text(row, F6Column::Name);
     Text3.Text = std::string(text);
     Text3.Caret = static_cast<int>(text.size());
     Text3.Visible = true;
@@ -112,9 +111,10 @@ void F6::Editor_Uebernehmen() {
     }
     const int row = editedRow_;
     const std::string name(Trim(Text3.Text())); // as the file gives it back
+    const std::string oldName = FGK6.Text(row, F6Column::Name);
     Editor_Schliessen();
     const bool due = FGK6.At(row, F6Column::Name).BackColor == ChangedName;
-    if (name.empty() || (name == oldName_ && !due)) { // no search would find an adapter without a name
+    if (name.empty() || (name == oldName && !due)) { // no search would find an adapter without a name
         return;
     }
     if (Name_Vergeben(row, name)) {
@@ -123,15 +123,15 @@ void F6::Editor_Uebernehmen() {
     }
     FGK6.SetText(row, F6Column::Name, name);
     if (FGK6.At(row, F6Column::State).Picture == AdapterPicture::Present) {
-        const bool written = Transmit_USB_WORD(row, name);
-        dirty_ = dirty_ || written || FGK6.Text(row, F6Column::Name) != oldName_;
+        const bool written = Transmit_USB_WORD(row, name, oldName);
+        dirty_ = dirty_ || written || FGK6.Text(row, F6Column::Name) != oldName;
     } else {
         dirty_ = true;
         kern.Meldung(kern.Zeile(AbsentLine), Buttons::Ok, Icon::Exclamation, InfoTitle);
     }
 }
 
-bool F6::Transmit_USB_WORD(int row, std::string_view name) {
+bool F6::Transmit_USB_WORD(int row, std::string_view name, std::string_view oldName) {
     const int port = Zahlwert(FGK6.Text(row, F6Column::Port));
     if (port < 1 || port >= KeinPort) {
         return false;
@@ -146,7 +146,7 @@ bool F6::Transmit_USB_WORD(int row, std::string_view name) {
         }
         kern.Meldung(kern.Zeile(WrittenLine), Buttons::Ok, Icon::Information);
     } else {
-        FGK6.SetText(row, F6Column::Name, oldName_);
+        FGK6.SetText(row, F6Column::Name, oldName);
         kern.Meldung(kern.Zeile(FailedLine), Buttons::Ok, Icon::Exclamation);
     }
     return written;
