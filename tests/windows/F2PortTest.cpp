@@ -125,11 +125,25 @@ TEST_F(F2_Port_Geaendert, with_a_fixed_port_a_removal_closes_it_and_says_why_it_
     PullOut();
     EXPECT_FALSE(world.PortOpen);
     EXPECT_EQ(Light(), Lampe::Rot);
-    EXPECT_EQ(Line(), PortFault_Text(programm->kern, *world.PortFaultNow));
+    EXPECT_EQ(Line(), "L290 (L116 > L21)");
     EXPECT_FALSE(Main().Label7.Visible);
     EXPECT_FALSE(Main().Picture1.Visible);
     EXPECT_FALSE(Main().Timer2.Running());
     EXPECT_EQ(Main().Verbunden, 0);
+}
+
+TEST_F(F2_Port_Geaendert, a_fixed_port_that_came_back_is_opened_by_a_look_at_the_adapter_window) {
+    Config("RESET", 3, 5);
+    Connect();
+    PullOut();
+    PutBack();
+    world.RunFor(100000);
+    EXPECT_EQ(Light(), Lampe::Rot);
+    Main().F2_Schnittstelle_Click();
+    programm->F6.Toolbar1_ButtonClick(programm->F6.Toolbar1[0].Key);
+    ASSERT_TRUE(ScanEnds());
+    EXPECT_EQ(Light(), Lampe::Gruen);
+    EXPECT_EQ(Line(), "");
 }
 
 TEST_F(F2_Port_Geaendert, with_a_fixed_port_the_removal_of_another_device_only_makes_it_search_again) {

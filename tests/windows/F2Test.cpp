@@ -90,13 +90,13 @@ TEST_F(F2_Laden, without_any_candidate_port_says_so_in_words_of_its_own) {
     EXPECT_EQ(Line(), "L285");
 }
 
-TEST_F(F2_Laden, with_a_fixed_port_names_the_reason_of_the_port_itself) {
+TEST_F(F2_Laden, with_a_fixed_port_names_the_reason_of_the_port_itself_and_where_to_choose_another) {
     Config("RESET", 3, 5);
     world.AdapterPortNumbers.clear();
     world.PortCanOpen = false;
     world.PortFaultNow = PortFault{.What = PortFault::Kind::NotThere, .Device = "ttyUSB4"};
     Open();
-    EXPECT_EQ(Line(), PortFault_Text(programm->kern, *world.PortFaultNow));
+    EXPECT_EQ(Line(), "L290 (L116 > L21)");
 }
 
 TEST_F(F2_Laden, its_end_ends_the_watch_for_ports) {

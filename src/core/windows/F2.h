@@ -138,6 +138,7 @@ private:
     Grund Anschlussgrund() const;
     void Port_Verloren(Grund reason);
     void Melden(Grund reason);
+    bool Nur_Von_Hand() const;
     void Meldezeile_Setzen();
     void Timer1_Timer();
     void Timer2_Timer();

@@ -49,7 +49,6 @@ constexpr std::string_view ToolbarSlot = "F2.Toolbar1.", LabelSlot = "F2.Label7"
 } // namespace
 
 void F2::Texte_Setzen() {
-    Meldezeile_Setzen();
     for (const TextSlot& slot : TextSlots) {
         if (slot.Where == LabelSlot) {
             Label7.Text = Wort(kern, slot.Line, AdapterDesign);
@@ -70,6 +69,15 @@ void F2::Texte_Setzen() {
             }
         }
     }
+    Meldezeile_Setzen();
+}
+
+/// A fixed port that comes back is not opened by itself: the adapter window does it.
+bool F2::Nur_Von_Hand() const {
+    using Kind = PortFault::Kind;
+    const Kind what = fehler_.What;
+    return !kern.Config.AdapterModus() &&
+           (what == Kind::NotThere || what == Kind::Broken || what == Kind::NotSerial || what == Kind::NoSuchNumber);
 }
 
 void F2::Meldezeile_Setzen() {
@@ -84,7 +92,8 @@ void F2::Meldezeile_Setzen() {
         Meldezeile.Text = Wort(kern, EigeneZeile::KeinAdapter, "Es ist kein Funkadapter angeschlossen.");
         break;
     case Grund::Anschluss:
-        Meldezeile.Text = fehler_.What == PortFault::Kind::None ? fehlertext_ : PortFault_Text(kern, fehler_);
+        Meldezeile.Text = (fehler_.What == PortFault::Kind::None ? fehlertext_ : PortFault_Text(kern, fehler_)) +
+                          (Nur_Von_Hand() ? " (" + F2_Datei.Text() + " > " + F2_Schnittstelle.Text() + ")" : "");
         break;
     }
 }
