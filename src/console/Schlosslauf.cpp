@@ -178,8 +178,6 @@ void Schlosslauf::Bericht_Fuellen(LockResult& result) const {
     const RunReport& report = program_.Lauf.Bericht;
     if (result.End == LockEnd::Silent) {
         result.Text = "no answer for " + std::to_string(order_.TimeoutSeconds) + " s";
-    } else if (report.End == RunOutcome::NoPort) {
-        result.Text = Anzeigetext(report.Text); // the port's own words, UTF-8
     } else if (result.End != LockEnd::Done) {
         result.Text = Anzeige_Aus_1252(report.Text);
     }

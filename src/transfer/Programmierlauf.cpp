@@ -1,6 +1,7 @@
 #include "Programmierlauf.h"
 
 #include "Laufschritte.h"
+#include "PortFault.h"
 
 namespace qvm {
 
@@ -75,7 +76,8 @@ void Lauf_Beginnen(Programmierlauf& run) {
         if (Zeile_Fehlgeschlagen(run, RunOutcome::NoPort, text)) {
             return;
         }
-        const std::string reason = run.kern.Welt.Port.LastError();
+        const SerialPort& port = run.kern.Welt.Port;
+        const std::string reason = PortFault_Text(run.kern, port.LastFault ? port.LastFault() : PortFault());
         Lauf_Beenden(run, RunOutcome::NoPort, reason.empty() ? text : reason);
         if (run.Ansicht.Fertig) {
             run.Ansicht.Fertig(276);

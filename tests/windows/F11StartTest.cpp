@@ -149,6 +149,16 @@ TEST_F(F11_OK, without_a_port_sends_nothing_and_ends_the_run) {
     EXPECT_TRUE(programm->F13.Fenster.Enabled);
 }
 
+TEST_F(F11_OK, without_a_port_the_report_says_why_in_the_language_in_use) {
+    Open();
+    programm->kern.Sprache.LanguageText[295] = u8"%1 wird gerade vom Systemdienst %2 geprüft."_w;
+    OpenStart();
+    world.PortCanOpen = false;
+    world.PortFaultNow = PortFault{.What = PortFault::Kind::HeldByService, .Device = "ttyUSB0", .Detail = "brltty"};
+    Ok();
+    EXPECT_EQ(programm->Lauf.Bericht.Text, u8"ttyUSB0 wird gerade vom Systemdienst brltty geprüft."_w);
+}
+
 // ---- the first bar's maximum
 
 struct BarCase {
