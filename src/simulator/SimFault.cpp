@@ -18,6 +18,8 @@ constexpr std::array Kinds{
     KindName{SimFault::Kind::Half, "half"},       KindName{SimFault::Kind::Garbage, "garbage"},
     KindName{SimFault::Kind::Refuse, "refuse"},   KindName{SimFault::Kind::Late, "late"},
     KindName{SimFault::Kind::Doubled, "doubled"}, KindName{SimFault::Kind::Unplug, "unplug"},
+    KindName{SimFault::Kind::Block, "block"},     KindName{SimFault::Kind::NotReached, "notreached"},
+    KindName{SimFault::Kind::Drop, "drop"},
 };
 constexpr int NoContact = 0x64, DefaultDelay = 1000, LongestDelay = 3600000;
 

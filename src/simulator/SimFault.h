@@ -15,10 +15,15 @@ struct SimFault {
         BadSum,  ///< the reply's checksum is wrong
         Half,    ///< the reply breaks off after half its bytes
         Garbage, ///< `Bytes` come before the reply
-        Refuse,  ///< refused with `Value` as the reason; the device does nothing
+        Refuse,  ///< refused with `Value` as the reason; the device does nothing. A network telegram is answered with
+                 ///< "lock not reached" at once
         Late,    ///< the reply comes `Value` ms later
         Doubled, ///< the reply comes twice
         Unplug,  ///< the adapter is pulled out when the telegram has come
+        // Of a network adapter, at its own telegrams alone.
+        Block,      ///< the answer carries another block number
+        NotReached, ///< the lock is not reached: after the wait where there is one, else at once
+        Drop,       ///< the adapter forgets the run when the telegram has come, and does not answer
     };
     Kind What = Kind::Silent;
     int Telegram = 0; ///< number of the telegram, from 0

@@ -22,20 +22,71 @@ void FrameReader::Reset() {
     stuffed_ = done_ = false;
 }
 
+/// The byte behind the start byte: the length, or the number of a block.
 FrameReader::Event FrameReader::Begin(std::uint8_t byte) {
     frame_.assign(1, Start);
     done_ = stuffed_ = false;
+    if (network_) {
+        frame_.push_back(byte);
+        state_ = State::Kind;
+        return Event::None;
+    }
     if (byte == Start) { // the byte taken for a start was none, this one may be
         state_ = State::Length;
         return Event::None;
     }
-    if (byte < ShortestLength) {
+    frame_.push_back(byte);
+    return BeginSerial();
+}
+
+FrameReader::Event FrameReader::BeginSerial() {
+    if (frame_[1] < ShortestLength) {
         state_ = State::Idle;
         return Event::Garbage;
     }
-    frame_.push_back(byte);
     state_ = State::Body;
     return Event::None;
+}
+
+/// The byte at index 2. Block 2 begins like a frame whose start byte comes twice.
+FrameReader::Event FrameReader::TellKind(std::uint8_t byte) {
+    if (byte == NetworkMark) {
+        frame_.push_back(byte);
+        state_ = State::Block;
+        return Event::None;
+    }
+    if (frame_[1] == Start) {
+        return Begin(byte);
+    }
+    if (BeginSerial() == Event::Garbage) {
+        Take(byte); // it may be the next start
+        return Event::Garbage;
+    }
+    return Body(byte);
+}
+
+/// Tells whether the frame is complete, now that a byte was put to it.
+FrameReader::Event FrameReader::Finish() {
+    const std::span<const std::uint8_t> all = frame_;
+    if (state_ == State::Block) {
+        if (all.size() < 6) {
+            return Event::None;
+        }
+        const std::size_t length = std::size_t{all[4]} * 256 + all[5];
+        if (length < ShortestNetworkLength || length > LongestNetworkLength) {
+            Reset();
+            return Event::BadLength;
+        }
+        const bool clock = all.size() > NetworkCodeIndex && all[NetworkCodeIndex] == NetworkClock;
+        done_ = all.size() >= length + (clock ? 2 : 1);
+        return done_ ? Event::Network : Event::None;
+    }
+    const std::size_t length = all[1];
+    if (all.size() < length + 2) {
+        return Event::None;
+    }
+    done_ = true;
+    return SimSum(all.first(length + 1)) == all.back() ? Event::Frame : Event::BadSum;
 }
 
 FrameReader::Event FrameReader::Body(std::uint8_t byte) {
@@ -56,20 +107,17 @@ FrameReader::Event FrameReader::Body(std::uint8_t byte) {
     }
     frame_.push_back(byte);
     stuffed_ = byte == Start;
-    const std::size_t length = frame_[1];
-    if (frame_.size() < length + 2) {
-        return Event::None;
-    }
-    done_ = true;
-    const std::span<const std::uint8_t> all = frame_;
-    return SimSum(all.first(length + 1)) == frame_.back() ? Event::Frame : Event::BadSum;
+    return Finish();
 }
 
 FrameReader::Event FrameReader::Take(std::uint8_t byte) {
     switch (state_) {
     case State::Length:
         return Begin(byte);
+    case State::Kind:
+        return TellKind(byte);
     case State::Body:
+    case State::Block:
         return Body(byte);
     case State::Idle:
         break;

@@ -18,7 +18,16 @@ constexpr std::uint32_t SerialNumber(const DeviceAddress& address) {
            std::uint32_t{address[3]};
 }
 
-/// The wireless adapter on the serial line: for programming, or, by a name that begins "ENROLLMENT1", for enrolment.
+/// How long a network adapter takes, and how much of a history it sends at once.
+struct NetworkWaits {
+    int AnswerMs = 10;       ///< from a telegram to the answer that comes at once
+    int FetchMs = 3000;      ///< from the start of a history reading to the first block
+    int ProgramMs = 5000;    ///< from the clock to the lock's result
+    int HistoryBytes = 1152; ///< of records in one block, 1 to 1152
+};
+
+/// The wireless adapter on the serial line: for programming, or, by a name that begins "ENROLLMENT1", for enrolment. A
+/// programming adapter with an address of the network range takes whole datasets and programs the locks on its own.
 struct VirtualAdapter {
     std::string Name = "PROGSTATION 1"; ///< code page 1252, at most 20 bytes
     std::uint8_t Version = 12;
@@ -26,8 +35,14 @@ struct VirtualAdapter {
     std::array<std::uint8_t, 16> Key{};  ///< transfer key; its record carries it disguised
     std::array<std::uint8_t, 5> Probe{}; ///< of the last identification since it was plugged in
 
+    NetworkWaits Waits;
+
     /// An adapter for enrolment reaches no lock.
     bool Enrolment() const { return Name.starts_with("ENROLLMENT1"); }
+    bool Network() const {
+        constexpr std::uint32_t first = 0x3E00001, last = 0x3F00000;
+        return Name.starts_with("PROGSTATION") && SerialNumber(Address) >= first && SerialNumber(Address) <= last;
+    }
 };
 
 /// One user as the lock keeps it.
@@ -60,7 +75,8 @@ using TimerLine = std::array<std::uint8_t, 5>; ///< day selector, start hour, mi
 using DateLine = std::array<std::uint8_t, 6>;  ///< start day, month, year, end day, month, year
 using HistoryLine = std::array<std::uint8_t, 22>;
 
-enum class TableForm : std::uint8_t { None, Short, Parts };
+/// How a timer table came: by which telegrams, or in a network adapter's block.
+enum class TableForm : std::uint8_t { None, Short, Parts, Block };
 
 struct LockClock {
     std::uint8_t Day = 0, Month = 0, Year = 0, Hour = 0, Minute = 0, Second = 0;

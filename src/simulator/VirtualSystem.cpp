@@ -64,10 +64,12 @@ void VirtualSystem::Plug() {
     unplugged_ = false;
     reader_.Reset();
     tunedChannel_ = 0;
+    network_.Forget();
     world_.Adapter.Probe = {};
 }
 
 void VirtualSystem::Receive(std::span<const std::uint8_t> bytes) {
+    reader_.HearNetwork(world_.Adapter.Network());
     for (const std::uint8_t byte : bytes) {
         if (unplugged_) {
             return;
@@ -78,6 +80,13 @@ void VirtualSystem::Receive(std::span<const std::uint8_t> bytes) {
             TakeFrame({frame.begin(), frame.end()});
             break;
         }
+        case FrameReader::Event::Network:
+            TakeNetwork(reader_.Bytes());
+            break;
+        case FrameReader::Event::BadLength:
+            judge_.NextTelegram();
+            judge_.Note(Wrong::Length, NetworkMark, "no network telegram is as long as the length word tells");
+            break;
         case FrameReader::Event::BadSum:
             ++counters_.BadSums;
             judge_.NextTelegram();
@@ -117,11 +126,7 @@ void VirtualSystem::TakeFrame(std::vector<std::uint8_t> frame) {
     if (fault != nullptr) {
         Disturb();
     }
-    if (fault != nullptr && fault->What == SimFault::Kind::Unplug) {
-        unplugged_ = true;
-        if (surroundings_.Unplug) {
-            surroundings_.Unplug();
-        }
+    if (PulledOut(fault)) {
         return;
     }
     if (fault != nullptr && fault->What == SimFault::Kind::Silent) {
@@ -141,6 +146,17 @@ void VirtualSystem::TakeFrame(std::vector<std::uint8_t> frame) {
     }
 }
 
+bool VirtualSystem::PulledOut(const SimFault* fault) {
+    if (fault == nullptr || fault->What != SimFault::Kind::Unplug) {
+        return false;
+    }
+    unplugged_ = true;
+    if (surroundings_.Unplug) {
+        surroundings_.Unplug();
+    }
+    return true;
+}
+
 /// Tests and world files add devices at any time.
 void VirtualSystem::FitSessions() {
     lockSessions_.resize(world_.Locks.size());
@@ -152,6 +168,7 @@ void VirtualSystem::Disturb() {
     for (LockSession& session : lockSessions_) {
         session.Disturbed = true;
     }
+    network_.Disturb();
 }
 
 std::vector<std::uint8_t> VirtualSystem::AdapterAnswers(std::span<const std::uint8_t> frame) {
@@ -212,15 +229,17 @@ DeviceReply VirtualSystem::UnitTurn(std::size_t index, std::span<const std::uint
 }
 
 void VirtualSystem::Reply(const std::vector<std::uint8_t>& reply, const SimFault* fault) {
-    if (reply.empty()) {
-        return;
+    if (!reply.empty()) {
+        SendFaulty(ReplyOnWire(reply), BrokenReply(reply), world_.ReplyMs, fault);
     }
-    std::vector<std::uint8_t> wire = ReplyOnWire(reply);
-    int delay = world_.ReplyMs;
+}
+
+void VirtualSystem::SendFaulty(std::vector<std::uint8_t> wire, std::vector<std::uint8_t> spoilt, int delay,
+                               const SimFault* fault) {
     if (fault != nullptr) {
         switch (fault->What) {
         case SimFault::Kind::BadSum:
-            wire = BrokenReply(reply);
+            wire = std::move(spoilt);
             break;
         case SimFault::Kind::Half:
             wire.resize(wire.size() / 2);

@@ -4,6 +4,7 @@
 #include "SimFrame.h"
 #include "SimJudge.h"
 #include "SimLock.h"
+#include "SimNetwork.h"
 #include "SimUnit.h"
 #include "VirtualDevices.h"
 
@@ -73,7 +74,8 @@ public:
     const LineCounters& Counters() const { return counters_; }
     /// Faults count telegrams from here on: the next one is number 0.
     void RestartFaultCount();
-    /// Every good frame since the start, unstuffed, from the start byte to the checksum.
+    /// Every good frame since the start, unstuffed, from the start byte to the checksum; those for a network adapter
+    /// deciphered.
     const std::vector<std::vector<std::uint8_t>>& Telegrams() const { return telegrams_; }
     /// Their codes.
     std::vector<std::uint8_t> Codes() const;
@@ -81,12 +83,17 @@ public:
     void KeepTelegrams(bool keep) { keepTelegrams_ = keep; }
 
     bool Unplugged() const { return unplugged_; }
-    /// The adapter is put back after Unplug: a half frame, the radio channel and the probe are forgotten, the devices
-    /// are not.
+    /// The adapter is put back after Unplug: a half frame, the radio channel, the probe and a network run are
+    /// forgotten, the devices are not.
     void Plug();
 
 private:
     void TakeFrame(std::vector<std::uint8_t> frame);
+    void TakeNetwork(std::span<const std::uint8_t> frame);
+    void PlanWork(int ms);
+    void SayNetwork(const NetworkTurn& turn, const SimFault* fault);
+    NetworkPlace Place();
+    bool PulledOut(const SimFault* fault);
     std::vector<std::uint8_t> AdapterAnswers(std::span<const std::uint8_t> frame);
     DeviceReply DeviceAnswers(std::span<const std::uint8_t> frame);
     DeviceReply LockTurn(std::size_t index, std::span<const std::uint8_t> frame);
@@ -94,6 +101,7 @@ private:
     void JudgeMode(std::span<const std::uint8_t> frame, std::uint8_t want);
     void Disturb();
     void Reply(const std::vector<std::uint8_t>& reply, const SimFault* fault);
+    void SendFaulty(std::vector<std::uint8_t> wire, std::vector<std::uint8_t> spoilt, int delay, const SimFault* fault);
     void SendIn(int ms, std::vector<std::uint8_t> wire);
     void FitSessions();
 
@@ -104,6 +112,7 @@ private:
     LineCounters counters_;
     std::vector<LockSession> lockSessions_;
     std::vector<UnitSession> unitSessions_;
+    NetworkAdapter network_;
     std::vector<std::vector<std::uint8_t>> telegrams_;
     bool keepTelegrams_ = true;
     int tunedChannel_ = 0; ///< radio channel of the adapter, 0 before the first login

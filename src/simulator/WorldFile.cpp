@@ -191,9 +191,9 @@ void Fields(Archive& archive, VirtualLock& lock) {
     LockBehaviour(archive, lock);
     archive("users", List<LockUser>{lock.Users});
     archive("fingers", List<FingerEntry>{lists.Fingers});
-    archive("table_a_form", Word<TableForm, 3>{lock.FormA, {"none", "short", "parts"}});
+    archive("table_a_form", Word<TableForm, 4>{lock.FormA, {"none", "short", "parts", "block"}});
     archive("table_a", Rows<5, 24>{lock.TableA});
-    archive("table_b_form", Word<TableForm, 3>{lock.FormB, {"none", "short", "parts"}});
+    archive("table_b_form", Word<TableForm, 4>{lock.FormB, {"none", "short", "parts", "block"}});
     archive("table_b", Rows<5, 16>{lock.TableB});
     archive("single_days", Rows<6, 21>{lock.SingleDays});
     archive("permanent_days", Rows<6, 21>{lock.PermanentDays});
@@ -239,11 +239,35 @@ void Fields(Archive& archive, VirtualUnit& unit) {
 }
 
 template <typename Archive>
+void Fields(Archive& archive, NetworkWaits& waits) {
+    constexpr int longestWait = 3600000, widestBlock = 1152;
+    archive("answer_ms", Number<int>{waits.AnswerMs, 0, longestWait});
+    archive("fetch_ms", Number<int>{waits.FetchMs, 0, longestWait});
+    archive("program_ms", Number<int>{waits.ProgramMs, 0, longestWait});
+    archive("history_bytes", Number<int>{waits.HistoryBytes, 1, widestBlock});
+}
+
+/// What only a network adapter has. Name and address make it one, so they are read before.
+struct NetworkField {
+    VirtualAdapter& Adapter;
+    static constexpr bool Required = false;
+
+    std::string Load(const Json& json) {
+        if (!Adapter.Network()) {
+            return ": needs a name that begins PROGSTATION and an address from 03.E0.00.01 to 03.F0.00.00";
+        }
+        return One<NetworkWaits>{Adapter.Waits}.Load(json);
+    }
+    Json Save() const { return Adapter.Network() ? One<NetworkWaits>{Adapter.Waits}.Save() : Json(); }
+};
+
+template <typename Archive>
 void Fields(Archive& archive, VirtualAdapter& adapter) {
     archive("name", PcText{adapter.Name, 20});
     archive("version", Number<std::uint8_t>{adapter.Version, 0, 255});
     archive("address", Serial{adapter.Address});
     archive("key", HexBytesField<16>{adapter.Key});
+    archive("network", NetworkField{adapter});
 }
 
 template <typename Archive>

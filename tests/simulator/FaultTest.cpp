@@ -144,6 +144,10 @@ TEST(SimFaultText, every_kind_can_be_read) {
     EXPECT_EQ(FaultFromText("late@4=500"), (SimFault{.What = Kind::Late, .Telegram = 4, .Value = 500}));
     EXPECT_EQ(FaultFromText("doubled@2"), (SimFault{.What = Kind::Doubled, .Telegram = 2}));
     EXPECT_EQ(FaultFromText("unplug@9"), (SimFault{.What = Kind::Unplug, .Telegram = 9}));
+    EXPECT_EQ(FaultFromText("block@1"), (SimFault{.What = Kind::Block, .Telegram = 1}));
+    EXPECT_EQ(FaultFromText("notreached@2+"),
+              (SimFault{.What = Kind::NotReached, .Telegram = 2, .AndAllBehind = true}));
+    EXPECT_EQ(FaultFromText("drop@3"), (SimFault{.What = Kind::Drop, .Telegram = 3}));
 }
 
 TEST(SimFaultText, anything_else_is_refused) {
@@ -155,7 +159,8 @@ TEST(SimFaultText, anything_else_is_refused) {
 }
 
 TEST(SimFaultText, comes_back_as_it_was_written) {
-    for (const char* text : {"silent@5+", "badsum@0", "half@#3", "garbage@1=00FF", "refuse@#3+=0x67", "late@4=500"}) {
+    for (const char* text :
+         {"silent@5+", "badsum@0", "half@#3", "garbage@1=00FF", "refuse@#3+=0x67", "late@4=500", "drop@1"}) {
         const auto fault = FaultFromText(text);
         ASSERT_TRUE(fault.has_value()) << text;
         EXPECT_EQ(FaultText(*fault), text);

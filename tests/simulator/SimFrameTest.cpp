@@ -167,5 +167,81 @@ TEST(SimForms, a_code_with_another_length_has_no_form) {
     EXPECT_FALSE(choice.LengthKnown);
 }
 
+// ---- telegrams for a network adapter
+
+/// A history request with its number, 38 bytes; its sum is not looked at here.
+Bytes NetworkFrame(std::uint8_t number) {
+    Bytes frame(38, 0x55);
+    const Bytes head{0x02, number, 0x90, 1, 0, 37};
+    std::copy(head.begin(), head.end(), frame.begin());
+    return frame;
+}
+
+FrameReader NetworkReader() {
+    FrameReader reader;
+    reader.HearNetwork(true);
+    return reader;
+}
+
+TEST(NetworkFrameReader, tells_both_kinds_on_one_line) {
+    FrameReader reader = NetworkReader();
+    for (const std::uint8_t number : Bytes{1, 2, 3, 255}) {
+        EXPECT_THAT(Feed(reader, LoginFrame), ElementsAre(Event::Frame));
+        EXPECT_THAT(reader.Bytes(), ElementsAreArray(LoginFrame));
+        EXPECT_THAT(Feed(reader, NetworkFrame(number)), ElementsAre(Event::Network)) << int{number};
+        EXPECT_THAT(reader.Bytes(), ElementsAreArray(NetworkFrame(number)));
+        EXPECT_FALSE(reader.Unfinished());
+    }
+}
+
+TEST(NetworkFrameReader, drops_the_stuffing_from_index_2_on) {
+    FrameReader reader = NetworkReader();
+    const Bytes frame = NetworkFrame(2);
+    Bytes wire = frame, want = frame;
+    wire[37] = want[37] = 0x02;
+    wire[10] = want[10] = 0x02;
+    wire.insert(wire.begin() + 11, 0);
+    wire.push_back(0);
+    EXPECT_THAT(Feed(reader, wire), ElementsAre(Event::Network));
+    EXPECT_THAT(reader.Bytes(), ElementsAreArray(want));
+    EXPECT_THAT(Feed(reader, LoginFrame), ElementsAre(Event::Frame));
+}
+
+TEST(NetworkFrameReader, the_clock_has_one_byte_more_than_its_length_word_tells) {
+    FrameReader reader = NetworkReader();
+    Bytes clock = NetworkFrame(1);
+    clock[27] = 0x1E;
+    EXPECT_THAT(Feed(reader, clock), testing::IsEmpty());
+    EXPECT_THAT(Feed(reader, {0x77}), ElementsAre(Event::Network));
+    EXPECT_EQ(reader.Bytes().size(), 39U);
+}
+
+TEST(NetworkFrameReader, a_frame_that_breaks_off_does_not_cost_the_next_one) {
+    FrameReader reader = NetworkReader();
+    const Bytes frame = NetworkFrame(2), half(frame.begin(), frame.begin() + 20);
+    EXPECT_THAT(Feed(reader, Join({half, LoginFrame})), ElementsAre(Event::BadStuffing, Event::Frame));
+    EXPECT_THAT(Feed(reader, Join({half, frame})), ElementsAre(Event::BadStuffing, Event::Network));
+    const Bytes halfLogin(LoginFrame.begin(), LoginFrame.begin() + 9);
+    EXPECT_THAT(Feed(reader, Join({halfLogin, frame})), ElementsAre(Event::BadStuffing, Event::Network));
+}
+
+TEST(NetworkFrameReader, a_start_byte_too_many_does_not_cost_a_serial_frame) {
+    FrameReader reader = NetworkReader();
+    EXPECT_THAT(Feed(reader, Join({{0x02}, LoginFrame})), ElementsAre(Event::Frame));
+    EXPECT_THAT(Feed(reader, Join({{0x02, 0x01}, LoginFrame})), ElementsAre(Event::Garbage, Event::Frame));
+}
+
+TEST(NetworkFrameReader, whatever_came_before_the_second_good_frame_is_heard) {
+    rc::check("the second of two good frames is taken", [](const Bytes& before, bool network) {
+        FrameReader reader = NetworkReader();
+        Feed(reader, before);
+        const Bytes good = network ? NetworkFrame(1) : LoginFrame;
+        Feed(reader, good);
+        const auto events = Feed(reader, good);
+        RC_ASSERT(!events.empty());
+        RC_ASSERT(events.back() == (network ? Event::Network : Event::Frame));
+    });
+}
+
 } // namespace
 } // namespace qvm::test

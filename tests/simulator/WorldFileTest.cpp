@@ -80,7 +80,7 @@ TEST(World_FromJson, names_the_place_of_a_fault) {
     EXPECT_EQ(FaultOf(R"({"locks": [{"serial": "00.00.2C.10", "table_a": [[1, 2]]}]})"),
               "locks[0].table_a[0]: must be an array of 5 numbers from 0 to 255");
     EXPECT_EQ(FaultOf(R"({"locks": [{"serial": "00.00.2C.10", "table_a_form": "long"}]})"),
-              "locks[0].table_a_form: must be one of none, short, parts");
+              "locks[0].table_a_form: must be one of none, short, parts, block");
     EXPECT_EQ(FaultOf(R"({"locks": [{"serial": "00.00.2C.10"}], "units": [{"serial": "00.00.2C.10"}]})"),
               "units[0].serial: another device has it");
     EXPECT_EQ(FaultOf(R"({"faults": ["loud@1"]})"),
@@ -213,6 +213,36 @@ TEST(OemText, broken_utf8_and_foreign_characters_are_refused) {
     for (const char* text : {"\xC3", "\xC3(", "\xFF", "\x80", "Ω", "\xF0\x9F\x98\x80", "\xC0\x80"}) {
         EXPECT_FALSE(Utf8ToOem(text).has_value()) << text;
     }
+}
+
+TEST(World_FromJson, a_network_adapter_has_its_waits) {
+    VirtualWorld world;
+    std::string fault;
+    const char* text = R"({"adapter": {"network": {"answer_ms": 5, "fetch_ms": 70, "program_ms": 80,
+        "history_bytes": 100}, "name": "PROGSTATION N", "address": "03.F0.00.00"}})";
+    ASSERT_TRUE(World_FromJson(text, world, fault)) << fault;
+    EXPECT_TRUE(world.Adapter.Network());
+    EXPECT_EQ(world.Adapter.Waits.AnswerMs, 5);
+    EXPECT_EQ(world.Adapter.Waits.FetchMs, 70);
+    EXPECT_EQ(world.Adapter.Waits.ProgramMs, 80);
+    EXPECT_EQ(world.Adapter.Waits.HistoryBytes, 100);
+    VirtualWorld again;
+    ASSERT_TRUE(World_FromJson(World_ToJson(world), again, fault)) << fault;
+    EXPECT_EQ(again.Adapter.Waits.HistoryBytes, 100);
+}
+
+TEST(World_FromJson, name_and_address_make_a_network_adapter) {
+    EXPECT_EQ(FaultOf(R"({"adapter": {"network": {}}})"),
+              "adapter.network: needs a name that begins PROGSTATION and an address from 03.E0.00.01 to 03.F0.00.00");
+    EXPECT_EQ(FaultOf(R"({"adapter": {"address": "03.E0.00.01", "network": {"history_bytes": 1153}}})"),
+              "adapter.network.history_bytes: must be a whole number from 1 to 1152");
+    VirtualWorld world;
+    std::string fault;
+    ASSERT_TRUE(World_FromJson(R"({"adapter": {"address": "03.E0.00.01"}})", world, fault)) << fault;
+    EXPECT_TRUE(world.Adapter.Network());
+    ASSERT_TRUE(World_FromJson(R"({"adapter": {"address": "03.E0.00.00"}})", world, fault)) << fault;
+    EXPECT_FALSE(world.Adapter.Network());
+    EXPECT_EQ(World_ToJson(world).find("network"), std::string::npos);
 }
 
 } // namespace
