@@ -3,6 +3,7 @@
 
     dbus-run-session -- desktop_test.py BUILD [TEST...]
 """
+import datetime
 import os
 import signal
 import subprocess
@@ -10,17 +11,22 @@ import sys
 import time
 import unittest
 
+from datafiles import without_zeros
 from installation import CODE, Installation
 from screen import PATIENCE, Atspi, Display, Program, click_at, key, middle, tell, typed, wait_for
 
 BUTTON, LABEL, MENU_ENTRY = Atspi.Role.PUSH_BUTTON, Atspi.Role.LABEL, Atspi.Role.MENU_ITEM
 TABLE, TEXT = Atspi.Role.TABLE, Atspi.Role.TEXT
 PROGRAM_COLUMN = 9
+CLOCK = ("month", "day", "hour", "minute", "second")
 BUILD = ""
 
 
 class Desktop(unittest.TestCase):
+    maxDiff = None
+
     def setUp(self):
+        self.began = datetime.datetime.now().replace(microsecond=0)
         self.display = Display()
         self.addCleanup(self.display.close)
         self.house = Installation(BUILD)
@@ -36,7 +42,7 @@ class Desktop(unittest.TestCase):
 
     def cell(self, row, column):
         """A cell of the lock window's grid, rows counted from 1, columns from 0."""
-        grid = self.program.wait(TABLE, "QVM 7702")
+        grid = self.program.wait(TABLE, "Locks")
         return tell(grid, lambda table: Atspi.Table.get_accessible_at(table, row - 1, column))
 
     def start_run(self):
@@ -74,8 +80,20 @@ class Desktop(unittest.TestCase):
         self.assertEqual(self.house.stop_simulator(), (0, ""))
         lock = self.house.lock(name)
         self.assertTrue(lock["data_complete"])
-        held = [(user["name"], user["code"].rstrip("-")) for user in lock["users"]]
-        self.assertEqual(held, self.house.users_by_files(number))
+        wanted = self.house.data_files().lock(number)
+        held = {part: lock.get(part, [] if isinstance(wanted[part], list) else None) for part in wanted}
+        for part in ("table_a", "table_b"):
+            held[part] = without_zeros(held[part])
+        for user in held["users"]:
+            del user["slot"]  # the lock's own choice
+        for user in held["users"] + wanted["users"]:
+            user.setdefault("timer_selector", 0)
+        self.assertEqual(held, wanted)
+        clock = lock["clock"]
+        told = datetime.datetime(2000 + clock["year"], *(clock[part] for part in CLOCK))
+        self.assertLessEqual(self.began, told)
+        self.assertLessEqual(told, datetime.datetime.now())
+        return lock
 
     def expect_ended(self):
         self.assertEqual(self.process.wait(PATIENCE), 0)
@@ -91,8 +109,10 @@ class Desktop(unittest.TestCase):
         self.start_run()
         self.wait_for_end()
         self.leave_lock_window()
-        self.expect_dataset("Tor", 1)
-        self.assertEqual(self.house.users_by_files(1), [("Zoë", "918273"), ("Bert", "405060")])
+        lock = self.expect_dataset("Tor", 1)
+        self.assertEqual([(user["name"], user["code"]) for user in lock["users"]],
+                         [("Zoë", "918273----"), ("Bert", "405060----")])
+        self.assertEqual(lock["single_days"][0], [24, 12, 26, 27, 12, 26])
         self.program.press("Exit program")
         self.expect_ended()
 
@@ -102,7 +122,7 @@ class Desktop(unittest.TestCase):
         self.light("Ready")
         self.tab_to("Program locks")
         key("Return")
-        self.tab_to("QVM 7702")
+        self.tab_to("Locks")
         key("Down", "Right", "Right", "Right")  # the second lock; number, name, serial, program
         key("Return")
         self.program.wait(LABEL, r"Read the history before programming\?")
@@ -113,15 +133,14 @@ class Desktop(unittest.TestCase):
         self.wait_for_end()
         wait_for("the closing button has the keyboard", lambda: self.program.focused_name() == "Back")
         key("Return")
-        wait_for("the grid has the keyboard", lambda: self.program.focused_name() == "QVM 7702")
+        wait_for("the grid has the keyboard", lambda: self.program.focused_name() == "Locks")
         self.tab_to("Back")
         key("space")
         self.program.wait(BUTTON, "Program locks")
-        key("alt+f")
-        self.program.wait(MENU_ENTRY, "Exit")
-        key("Up", "Return")
-        self.expect_ended()
-        self.expect_dataset("Keller", 2)
+        self.leave_by_keyboard()
+        lock = self.expect_dataset("Keller", 2)
+        self.assertEqual(lock["table_a"][0], [8, 7, 0, 18, 0])
+        self.assertEqual(lock["table_b"][2:4], [[10, 22, 0, 23, 59], [10, 0, 0, 5, 0]])
 
     def test_survives_an_adapter_pulled_out_in_the_middle_of_a_run(self):
         self.house.start_simulator("--fault", "unplug@8")
@@ -146,17 +165,43 @@ class Desktop(unittest.TestCase):
         self.leave_lock_window()
         self.expect_dataset("Tor", 1)
 
+    def leave_by_keyboard(self):
+        """By the menu."""
+        key("alt+f")
+        self.program.wait(MENU_ENTRY, "Exit")
+        key("Up", "Return")
+        self.expect_ended()
+
     def test_answers_keys_while_the_line_is_flooded_with_garbage(self):
         with self.house.flooded_port() as flood:
             self.start()
             self.light("Searching the wireless adapter")
-            self.tab_to("Program locks")
+            wait_for("the program takes from the flood", lambda: flood.taken > 100000)
             taken = flood.taken
-            wait_for("the program takes from the flood", lambda: flood.taken > taken + 100000)
-            key("alt+f")
-            self.program.wait(MENU_ENTRY, "Exit")
-            key("Up", "Return")
-            self.expect_ended()
+            self.tab_to("Program locks")
+            self.leave_by_keyboard()
+            self.assertGreater(flood.taken, taken)
+
+    def test_answers_keys_while_a_device_sends_a_byte_a_second(self):
+        with self.house.dripping_port() as drip:
+            self.start()
+            self.light("Searching the wireless adapter")
+            wait_for("some bytes are sent", lambda: drip.sent >= 3)
+            self.tab_to("Program locks")
+            self.light("Searching the wireless adapter")
+            self.program.wait(LABEL, "No connection to the wireless adapter!")  # the search has ended
+            self.light("Searching the wireless adapter")
+            self.leave_by_keyboard()
+
+    def test_answers_keys_and_says_why_when_the_far_end_is_closed(self):
+        with self.house.silent_port() as line:
+            self.start()
+            self.light("Searching the wireless adapter")
+            line.hang_up()
+            self.light("Not connected")
+            self.program.wait(LABEL, r".*/com1 is not there\. Is the adapter plugged in\?")
+            self.tab_to("Program locks")
+            self.leave_by_keyboard()
 
     def test_a_second_start_ends_in_silence_and_raises_the_first_window(self):
         self.start()

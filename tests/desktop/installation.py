@@ -10,18 +10,36 @@ import tempfile
 import threading
 import tty
 
+from datafiles import DataFiles
 from screen import PATIENCE, wait_for
 
 CODE = "104212"
 CHANNEL = {"LockChannel": "5", "EKold": "5", "TargetChannel": "5", "LockChange": "0", "Ekeychange": "0"}
 USERS = [
-    {"UserName": "Zoë", "UserGroupId": "PB_2008TimA", "UserRight": "1", "UserCode": "918273", "LockMask": "XX"},
+    {"UserName": "Zoë", "UserGroupId": "PB_2008TimA", "UserRight": "1", "UserCode": "918273", "LockMask": "XX",
+     "KeyLabel": "Ring 1", "KeyId": "12 : 200 : 33 : 7",
+     "KeyData": "48 : 101 : 154 : 207 : 4 : 57 : 110 : 163 : 216 : 13 : 66 : 119 : 172 : 225 : 22 : 75"},
     {"UserName": "Bert", "UserGroupId": "-", "UserRight": "ADMI", "UserCode": "405060", "LockMask": "X-"},
-    {"UserName": "Nur Keller", "UserGroupId": "-", "UserRight": "1", "UserCode": "771204", "LockMask": "-X"},
+    {"UserName": "Nur Keller", "UserGroupId": "PB_815100003", "UserRight": "1/2", "UserCode": "771204",
+     "LockMask": "-X"},
 ]
+# The second lock has its timer groups by user, and its timers go into it without a question.
 LOCKS = [
-    {"Name": "Tor", "Sn1": "00", "Sn2": "0A", "Sn3": "10", "Sn4": "01", "Switch5": "X"},
-    {"Name": "Keller", "Sn1": "00", "Sn2": "0A", "Sn3": "10", "Sn4": "02", "Switch5": "X"},
+    {"Name": "Tor", "Sn1": "00", "Sn2": "0A", "Sn3": "10", "Sn4": "01",
+     "Switch2": "X", "Switch4": "X", "Switch5": "X"},
+    {"Name": "Keller", "Sn1": "01", "Sn2": "1A", "Sn3": "20", "Sn4": "05",
+     "Switch1": "X", "Switch2": "X", "Switch3": "X", "Switch5": "X"},
+]
+SLOTS = [(8, "07:00", "18:00"), (6, "08:00", "13:00"), (0, "00:00", "00:00"), (5, "07:05", "16:00"),
+         (7, "10:00", "12:00"), (1, "06:00", "09:00"), (3, "06:00", "09:59"), (10, "20:00", "23:59"),
+         (9, "09:00", "17:00"), (2, "12:00", "14:00"), (8, "08:30", "16:30"), (9, "00:00", "23:59"),
+         (10, "22:00", "23:59"), (10, "00:00", "05:00"), (4, "11:00", "12:00")]
+HOLIDAYS = [
+    {"record": 1, "DateFrom": "24.12.2026", "DateTo": "26.12.2026", "Kind": "1"},
+    {"record": 2, "DateFrom": "31.12.2026", "DateTo": "31.12.2026", "Kind": "1"},
+    {"record": 3, "DateFrom": "26.02.2028", "DateTo": "28.02.2028", "Kind": "0"},
+    {"record": 22, "DateFrom": "01.01. - -", "DateTo": "01.01. - -"},
+    {"record": 23, "DateFrom": "24.06. - -", "DateTo": "26.06. - -"},
 ]
 ADAPTER = {"AdapterId": "/46/108/1/2", "AdapterName": "PROGSTATION-1"}
 
@@ -37,7 +55,14 @@ def tables():
         "ChannelRecord": numbered([CHANNEL] * len(LOCKS)),
         "LockRecord": numbered(LOCKS),
         "LockPrioRecord": [{"record": 1, "Prio": "5", "Spare1": "3", "Spare2": "3", "Spare3": "3"}],
-        "LockEmiRecord": numbered([{"Emi": "X"}] * len(LOCKS)),
+        "LockEmiRecord": numbered([{"Emi": "X"}, {"Emi": "Y"}]),
+        "LockGroupRecord": [{"record": 2, "GroupId": "PB_815000002", "GroupName": "Nachtsperre"}],
+        "TimeSlot": numbered({"DayIndex": day, "From": start, "To": end} for day, start, end in SLOTS),
+        "TimeGroup": [{"record": 3, "Num": "3", "Name": "Reinigung", "Days": "-----XX--X", "Count": "3",
+                       "PbId": "PB_815100003"}],
+        "LockTimeGroup": [{"record": 2, "Num": "2", "Name": "Nachtsperre", "Days": "--XX-", "Count": "2",
+                           "PbId": "PB_815000002"}],
+        "CalendarEntry": HOLIDAYS,
         "LockAdapterRecord": numbered([{**ADAPTER, **serial} for serial in serials]),
     }
 
@@ -55,26 +80,47 @@ WORLD = {"adapter": {"name": ADAPTER["AdapterName"]},
                    for lock in LOCKS]}
 
 
-class Flood:
-    """A port whose far end sends garbage as fast as it is taken; to be used with "with"."""
+class FarEnd:
+    """A port with something else than an adapter at its far end; to be used with "with"."""
 
     def __init__(self, link):
         self.link = link
-        self.taken = 0  # bytes so far
-        self.over = False
 
     def __enter__(self):
         self.far, self.near = os.openpty()
         tty.setraw(self.near)
         os.set_blocking(self.far, False)
         os.symlink(os.ttyname(self.near), self.link)
+        self.over = threading.Event()
         self.sender = threading.Thread(target=self.send)
         self.sender.start()
         return self
 
     def send(self):
+        """Runs beside the test until `over`. This far end is silent."""
+
+    def hang_up(self):
+        """The far end is closed, as of an adapter that was switched off. Its link stays and leads nowhere."""
+        self.over.set()
+        self.sender.join()
+        for end in (self.far, self.near):
+            os.close(end)
+        self.far = self.near = None
+
+    def __exit__(self, *_):
+        if self.far is not None:
+            self.hang_up()
+        os.unlink(self.link)
+
+
+class Flood(FarEnd):
+    """Sends garbage as fast as it is taken."""
+
+    taken = 0  # bytes so far
+
+    def send(self):
         garbage = bytes(range(3, 256)) * 16
-        while not self.over:
+        while not self.over.is_set():
             select.select([self.far], [self.far], [], 0.1)
             try:
                 os.read(self.far, 65536)
@@ -85,12 +131,16 @@ class Flood:
             except OSError:
                 pass  # the line is full
 
-    def __exit__(self, *_):
-        self.over = True
-        self.sender.join()
-        os.unlink(self.link)
-        os.close(self.far)
-        os.close(self.near)
+
+class Drip(FarEnd):
+    """Sends a byte a second; every other one begins a frame."""
+
+    sent = 0
+
+    def send(self):
+        while not self.over.wait(1):
+            os.write(self.far, b"\x02" if self.sent % 2 == 0 else b"\x55")
+            self.sent += 1
 
 
 class Installation:
@@ -133,6 +183,12 @@ class Installation:
     def flooded_port(self):
         return Flood(self.place + "com1")
 
+    def dripping_port(self):
+        return Drip(self.place + "com1")
+
+    def silent_port(self):
+        return FarEnd(self.place + "com1")
+
     def start_program(self, **streams):
         environment = dict(os.environ, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_QPA_PLATFORM="xcb",
                            XDG_CONFIG_HOME=self.place + "config")
@@ -147,12 +203,8 @@ class Installation:
         with open(self.place + "state.json", encoding="utf-8") as file:
             return next(lock for lock in json.load(file)["locks"] if lock["label"] == name)
 
-    def users_by_files(self, lock):
-        """Names and codes of a lock's users as the data files have them now, in their order. `lock` counts from 1."""
-        run = subprocess.run([self.build + "/src/console/qvmctl", "--dir", self.place, "export"], check=True,
-                             stdout=subprocess.PIPE, text=True)
-        users = json.loads(run.stdout)["tables"]["UserRecord"]
-        return [(user["UserName"], user["UserCode"]) for user in users if user["LockMask"][lock - 1] == "X"]
+    def data_files(self):
+        return DataFiles(self.place + "DAT")
 
     def close(self):
         for process in self.programs + [self.simulator]:
