@@ -7,10 +7,21 @@
 #include <algorithm>
 
 namespace qvm {
+namespace {
+
+/// As the languages call themselves. One file name, and with it the configuration, does without its cedilla.
+std::vector<std::string> Eigennamen() {
+    std::vector<std::string> names(SprachNamen.begin(), SprachNamen.end());
+    const std::string_view french = u8"Français"_w;
+    std::replace(names.begin(), names.end(), std::string("Francais"), std::string(french));
+    return names;
+}
+
+} // namespace
 
 void F15::F15_Laden() {
     Fenster.Title = std::string(SystemTitle);
-    Sprachen.Entries = std::vector<std::string>(SprachNamen.begin(), SprachNamen.end());
+    Sprachen.Entries = Eigennamen();
     const auto* const found = std::find(SprachNamen.begin(), SprachNamen.end(), Trim(kern.Config.Sprache));
     Sprachen.Selected = found == SprachNamen.end() ? -1 : static_cast<int>(found - SprachNamen.begin());
     Texte_Setzen();

@@ -13,7 +13,7 @@ struct F15 {
 
     Kern& kern;
     Window Fenster;
-    ListBox Sprachen; ///< the four names, in the order of SprachNamen
+    ListBox Sprachen; ///< the languages by their own names, in the order of SprachNamen
     Button OK, Cancel;
 
     std::function<void()> Sprache_Gewechselt; ///< open windows take their words anew

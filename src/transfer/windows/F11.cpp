@@ -122,8 +122,12 @@ void F11::Eingabe_Leeren() {
     Anzahl.Text = std::string("0");
 }
 
+Datum F11::Letzter_Tag() const {
+    return Heute(kern.Welt.Now());
+}
+
 void F11::Datum_Waehlen(const Datum& date) {
-    if (CutoffDate.Enabled && Datum_Gueltig(date) && date <= Heute(kern.Welt.Now())) {
+    if (CutoffDate.Enabled && Datum_Gueltig(date) && date <= Letzter_Tag()) {
         run.link.Lauf.HistoryCutoff = Datum_Text(date);
         CutoffDate.Text = run.link.Lauf.HistoryCutoff;
     }

@@ -60,6 +60,8 @@ struct F11 {
     void Cancel_Click();
     /// A date picked in the month view; only up to today.
     void Datum_Waehlen(const Datum& date);
+    /// The last day that can be picked.
+    Datum Letzter_Tag() const;
     int Stellen() const { return count_; }
     /// The adapter of the chosen list entry; nullptr when there is none.
     const AdapterSatz* Gewaehlter_Adapter() const;

@@ -46,6 +46,10 @@ void F92::Texte_Setzen() {
     Kopf.Text = Startzeit_Text(Zeitpunkt());
 }
 
+Datum F92::Erster_Tag() const {
+    return Heute(kern.Welt.Now());
+}
+
 DateTime F92::Zeitpunkt() const {
     return {.Year = Tag.Year,
             .Month = Tag.Month,

@@ -32,6 +32,8 @@ struct F92 {
     /// Preset to now.
     void F92_Laden();
     void Texte_Setzen();
+    /// The first day that can be picked.
+    Datum Erster_Tag() const;
     /// A day of the month view; one that does not exist changes nothing.
     void Tag_Waehlen(const Datum& day);
     /// Hour 0 to 23 and minute 0 to 59; others change nothing.
