@@ -1,5 +1,6 @@
 #include "Bind.h"
 
+#include "LabelDrawing.h"
 #include "TextEdge.h"
 
 #include <QAbstractButton>
@@ -192,10 +193,11 @@ void bind(ListBox& model, QListWidget* widget, const QString& name, std::functio
 void bind(Picture& model, QLabel* widget, const QString& name, PictureSet set, int size) {
     nameWidget(widget, name);
     widget->setFixedSize(size, size);
-    watch(model.Id, widget, [&model, widget, set, size] {
+    auto* drawing = new LabelDrawing(widget, [&model, set, size](qreal ratio) {
         const QIcon icon = pictureIcon(set, model.Id);
-        widget->setPixmap(icon.isNull() ? QPixmap() : icon.pixmap(QSize(size, size), widget->devicePixelRatioF()));
+        return icon.isNull() ? QPixmap() : icon.pixmap(QSize(size, size), ratio);
     });
+    watch(model.Id, widget, [drawing] { drawing->show(); });
     watch(model.Visible, widget, [&model, widget] { widget->setVisible(model.Visible); });
 }
 

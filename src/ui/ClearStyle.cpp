@@ -34,4 +34,18 @@ void ClearStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     painter->restore();
 }
 
+QIcon ClearStyle::standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const {
+    switch (icon) {
+    case SP_MessageBoxInformation:
+        return ownIcon(QStringLiteral("message-information"));
+    case SP_MessageBoxQuestion:
+        return ownIcon(QStringLiteral("message-question"));
+    case SP_MessageBoxWarning:
+    case SP_MessageBoxCritical:
+        return ownIcon(QStringLiteral("message-warning"));
+    default:
+        return QProxyStyle::standardIcon(icon, option, widget);
+    }
+}
+
 } // namespace qvm::ui

@@ -3,6 +3,7 @@
 #include "KeyEdit.h"
 #include "MonthView.h"
 #include "TextEdge.h"
+#include "Worttafel.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -27,6 +28,12 @@ F11Window::F11Window(F11& f11, QWidget* parent)
     setMinimumWidth(420);
     const auto cancel = [this] { f11_.Cancel_Click(); };
     finish({.onClose = cancel, .onEscape = cancel});
+}
+
+void F11Window::setWords() {
+    adapterCaption_->setText(word(Word::Adapter, f11_.kern.Config.Sprache));
+    adapters_->setAccessibleName(adapterCaption_->text());
+    month_->setLanguage(f11_.kern.Config.Sprache);
 }
 
 void F11Window::makeCode() {
@@ -73,11 +80,19 @@ void F11Window::makeCutoff() {
 }
 
 void F11Window::makeAdapters() {
-    auto* adapters = new QComboBox(this);
-    bind(f11_.Combo1, adapters, QStringLiteral("F11.Combo1"));
-    adapters->setAccessibleName(QStringLiteral("Adapter"));
-    adapters->setToolTip(QStringLiteral("Adapter"));
-    content()->addWidget(adapters);
+    adapterCaption_ = new QLabel(this);
+    adapters_ = new QComboBox(this);
+    bind(f11_.Combo1, adapters_, QStringLiteral("F11.Combo1"));
+    adapterCaption_->setBuddy(adapters_);
+    // There is none to choose unless the adapters are told apart.
+    watch(f11_.Combo1.Visible, adapters_, [this] {
+        adapterCaption_->setVisible(f11_.Combo1.Visible);
+        adapters_->setVisible(f11_.Combo1.Visible);
+    });
+    auto* row = new QHBoxLayout;
+    row->addWidget(adapterCaption_);
+    row->addWidget(adapters_, 1);
+    content()->addLayout(row);
 }
 
 void F11Window::makeButtons() {
@@ -95,8 +110,7 @@ void F11Window::makeButtons() {
 }
 
 void F11Window::pickDate() {
-    month_->setLanguage(f11_.kern.Config.Sprache);
-    month_->setLastDay(Heute(f11_.kern.Welt.Now()));
+    month_->setLastDay(f11_.Letzter_Tag());
     if (const auto day = Datum_Lesen(f11_.CutoffDate.Text())) {
         month_->setDay(*day);
     }

@@ -3,6 +3,8 @@
 #include "F11.h"
 #include "WindowBase.h"
 
+class QComboBox;
+class QLabel;
 class QPushButton;
 
 namespace qvm::ui {
@@ -16,6 +18,8 @@ class F11Window : public WindowBase {
 public:
     F11Window(F11& f11, QWidget* parent);
 
+    void setWords() override;
+
 private:
     void makeCode();
     void makeCutoff();
@@ -24,6 +28,8 @@ private:
     void pickDate();
 
     F11& f11_;
+    QLabel* adapterCaption_ = nullptr;
+    QComboBox* adapters_ = nullptr;
     QPushButton* date_ = nullptr;
     MonthView* month_ = nullptr;
 };

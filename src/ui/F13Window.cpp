@@ -2,6 +2,7 @@
 
 #include "GridView.h"
 #include "Text.h"
+#include "Worttafel.h"
 
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -31,9 +32,17 @@ F13Window::~F13Window() {
     f13_.Maus_Zelle = {};
 }
 
+void F13Window::setWords() {
+    const std::string& language = f13_.kern.Config.Sprache;
+    grid_->setAccessibleName(word(Word::Locks, language));
+    GridModel& model = grid_->gridModel();
+    model.setPictureText(F13Column::Status, ChannelPicture::Image7, word(Word::ChannelPending, language));
+    model.setPictureText(F13Column::Status, ChannelPicture::Image8, word(Word::ChannelSettled, language));
+}
+
 void F13Window::makeGrid() {
     grid_ = new GridView(f13_.FGK13, this);
-    nameWidget(grid_, QStringLiteral("F13.FGK13"), QStringLiteral("QVM 7702"));
+    nameWidget(grid_, QStringLiteral("F13.FGK13"));
     GridModel& model = grid_->gridModel();
     model.setBaseFontSize(RowFontSize);
     model.setPictures(PictureSet::Channel);
@@ -43,8 +52,6 @@ void F13Window::makeGrid() {
     model.setActionIcon(F13Column::Mark, QString());
     model.setAlignment(F13Column::Number, Qt::AlignRight | Qt::AlignVCenter);
     model.setAlignment(F13Column::Status, Qt::AlignCenter);
-    model.setPictureText(F13Column::Status, ChannelPicture::Image7, QStringLiteral("!"));
-    model.setPictureText(F13Column::Status, ChannelPicture::Image8, QStringLiteral("OK"));
     grid_->setColumns({650, 3500, 2000, 0, 0, 0, 0, 0, 0, 1300, 1300, 1320, 1300, 0, 0, 600}, F13Column::Name);
     grid_->setFrozenColumns(FrozenColumns);
     grid_->onClick = [this](int row, int column) { f13_.FGK13_Click(row, column); };

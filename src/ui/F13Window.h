@@ -15,6 +15,8 @@ public:
     explicit F13Window(F13& f13, QWidget* parent = nullptr);
     ~F13Window() override;
 
+    void setWords() override;
+
 private:
     void makeGrid();
 

@@ -1,6 +1,6 @@
 #include "F14Window.h"
 
-#include "Worttafel.h"
+#include "TextEdge.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -12,6 +12,7 @@ namespace qvm::ui {
 namespace {
 
 constexpr int MinimumWidth = 420, ChannelWidth = 180;
+constexpr int ChannelLine = 35;
 
 } // namespace
 
@@ -35,19 +36,17 @@ F14Window::F14Window(F14& model, QWidget* parent)
     content()->addLayout(row);
     content()->addStretch();
     setMinimumWidth(MinimumWidth);
-    setWords();
     const auto back = [this] { f14_.Toolbar1_ButtonClick(f14_.Toolbar1[0].Key); };
     finish({.onClose = back, .onEscape = back}, false);
 }
 
 void F14Window::setWords() {
-    const QString channel = word(Word::RadioChannel, f14_.kern.Config.Sprache);
+    const QString channel = toQt(f14_.kern.Zeile(ChannelLine));
     caption_->setText(channel);
     channels_->setAccessibleName(channel);
 }
 
 void F14Window::showEvent(QShowEvent* event) {
-    setWords();
     WindowBase::showEvent(event);
     channels_->setFocus(Qt::OtherFocusReason);
 }

@@ -15,8 +15,7 @@ class F14Window : public WindowBase {
 public:
     F14Window(F14& model, QWidget* parent);
 
-    /// Words that the catalogue does not hold, anew.
-    void setWords();
+    void setWords() override;
 
 protected:
     void showEvent(QShowEvent* event) override;

@@ -1,6 +1,6 @@
 #include "F15Window.h"
 
-#include "Worttafel.h"
+#include "TextEdge.h"
 
 #include <QHBoxLayout>
 #include <QListWidget>
@@ -11,6 +11,7 @@ namespace qvm::ui {
 namespace {
 
 constexpr int ListWidth = 300, RowHeight = 30;
+constexpr int LanguageLine = 125;
 
 } // namespace
 
@@ -34,13 +35,12 @@ F15Window::F15Window(F15& model, QWidget* parent)
     buttons->addWidget(ok);
     buttons->addWidget(cancel);
     content()->addLayout(buttons);
-    setWords();
     const auto close = [this] { f15_.Cancel_Click(); };
     finish({.onClose = close, .onEscape = close}, false);
 }
 
 void F15Window::setWords() {
-    list_->setAccessibleName(word(Word::LanguageName, f15_.kern.Config.Sprache));
+    list_->setAccessibleName(toQt(f15_.kern.Zeile(LanguageLine)));
 }
 
 void F15Window::showEvent(QShowEvent* event) {

@@ -14,8 +14,7 @@ class F15Window : public WindowBase {
 public:
     F15Window(F15& model, QWidget* parent);
 
-    /// Words that the catalogue does not hold, anew.
-    void setWords();
+    void setWords() override;
 
 protected:
     void showEvent(QShowEvent* event) override;

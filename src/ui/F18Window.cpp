@@ -1,5 +1,7 @@
 #include "F18Window.h"
 
+#include "Worttafel.h"
+
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QProgressBar>
@@ -7,14 +9,13 @@
 
 namespace qvm::ui {
 
-F18Window::F18Window(F18& f18, QWidget* parent) : WindowBase(f18.Fenster, QStringLiteral("F18"), Qt::Dialog, parent) {
+F18Window::F18Window(F18& f18, QWidget* parent)
+    : WindowBase(f18.Fenster, QStringLiteral("F18"), Qt::Dialog, parent), f18_(f18), bar_(new QProgressBar(this)) {
     content()->setContentsMargins(20, 18, 20, 16);
     auto* text = new QLabel(this);
     bind(f18.Text, text, QStringLiteral("F18.Text"));
-    auto* bar = new QProgressBar(this);
-    bind(f18.Balken, bar, QStringLiteral("F18.Balken"));
-    bar->setTextVisible(false);
-    bar->setAccessibleName(bar->objectName());
+    bind(f18.Balken, bar_, QStringLiteral("F18.Balken"));
+    bar_->setTextVisible(false);
     auto* cancel = new QPushButton(this);
     const auto end = [&f18] { f18.Command1_Click(); };
     bind(f18.Command1, cancel, QStringLiteral("F18.Command1"), end);
@@ -22,11 +23,15 @@ F18Window::F18Window(F18& f18, QWidget* parent) : WindowBase(f18.Fenster, QStrin
     row->addStretch();
     row->addWidget(cancel);
     content()->addWidget(text);
-    content()->addWidget(bar);
+    content()->addWidget(bar_);
     content()->addSpacing(6);
     content()->addLayout(row);
     setMinimumWidth(380);
     finish({.onClose = end, .onEscape = end});
+}
+
+void F18Window::setWords() {
+    bar_->setAccessibleName(word(Word::ChannelSearch, f18_.run.link.kern.Config.Sprache));
 }
 
 } // namespace qvm::ui

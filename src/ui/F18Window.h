@@ -3,6 +3,8 @@
 #include "F18.h"
 #include "WindowBase.h"
 
+class QProgressBar;
+
 namespace qvm::ui {
 
 /// F18 on the screen: the wait box of a channel search.
@@ -11,6 +13,12 @@ class F18Window : public WindowBase {
 
 public:
     F18Window(F18& f18, QWidget* parent);
+
+    void setWords() override;
+
+private:
+    F18& f18_;
+    QProgressBar* bar_;
 };
 
 } // namespace qvm::ui

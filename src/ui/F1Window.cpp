@@ -1,5 +1,6 @@
 #include "F1Window.h"
 
+#include "LabelDrawing.h"
 #include "Theme.h"
 #include "Worttafel.h"
 
@@ -25,7 +26,6 @@ F1Window::F1Window(F1& model, QWidget* parent)
     content()->addStretch();
     content()->addLayout(makeButtons());
     content()->setSizeConstraint(QLayout::SetMinimumSize);
-    setWords();
     layout()->setSizeConstraint(QLayout::SetFixedSize);
     const auto close = [this] { f1_.OK_Click(); };
     finish({.onClose = close, .onEscape = close}, false);
@@ -33,7 +33,7 @@ F1Window::F1Window(F1& model, QWidget* parent)
 
 QLayout* F1Window::makeHead() {
     auto* picture = new QLabel(this);
-    picture->setPixmap(programIcon().pixmap(QSize(AboutBrandSize, AboutBrandSize), devicePixelRatio()));
+    new LabelDrawing(picture, programIcon(), AboutBrandSize);
     auto* version = new QLabel(this);
     bind(f1_.VersionLabel, version, QStringLiteral("F1.VersionLabel"));
     QFont font = version->font();

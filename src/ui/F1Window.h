@@ -15,8 +15,7 @@ class F1Window : public WindowBase {
 public:
     F1Window(F1& model, QWidget* parent);
 
-    /// Words that the catalogue does not hold, anew.
-    void setWords();
+    void setWords() override;
 
 protected:
     void showEvent(QShowEvent* event) override;

@@ -3,15 +3,15 @@
 #include "Bind.h"
 #include "ElidedLabel.h"
 #include "F1.h"
-#include "F6.h"
+#include "LabelDrawing.h"
+#include "LinkCard.h"
 #include "Mnemonics.h"
 #include "TextEdge.h"
 #include "Theme.h"
+#include "Worte.h"
 #include "Worttafel.h"
 
 #include <QAction>
-#include <QEvent>
-#include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenu>
@@ -24,8 +24,8 @@
 namespace qvm::ui {
 namespace {
 
-constexpr int LampSize = 28, AdapterSize = 20, BrandSize = 72, ToolIconSize = 32;
-constexpr int PageMargin = 28, CardMargin = 16, StatusMargin = 8;
+constexpr int BrandSize = 72, ToolIconSize = 32, PageMargin = 28, StatusMargin = 8;
+constexpr int VersionLine = 136;
 
 QAction* addEntry(QMenu* menu, MenuEntry& entry, const char* name, std::function<void()> onClick) {
     QAction* action = menu->addAction(QString());
@@ -40,10 +40,6 @@ void enlarge(QLabel* label, qreal factor, bool bold) {
     label->setFont(font);
 }
 
-Word lightWord(Colour light) {
-    return light == Lampe::Gruen ? Word::LightGreen : light == Lampe::Gelb ? Word::LightYellow : Word::LightRed;
-}
-
 } // namespace
 
 F2Window::F2Window(F2& model) : f2_(model) {
@@ -54,10 +50,10 @@ F2Window::F2Window(F2& model) : f2_(model) {
     makeToolBar();
     setCentralWidget(makePage());
     makeStatusBar();
-    watch(f2_.Label1.ForeColor, this, [this] { showLight(); });
+    watch(f2_.Label1.ForeColor, this, [this] { card_->showLight(); });
     watch(f2_.Meldezeile.Text, this, [this] {
         reason_->setFullText(toQt(f2_.Meldezeile.Text()));
-        showLight();
+        card_->showReason();
     });
     setWords();
     layout()->setSizeConstraint(QLayout::SetFixedSize);
@@ -119,7 +115,7 @@ QWidget* F2Window::makePage() {
     rows->setContentsMargins(PageMargin, PageMargin, PageMargin, PageMargin);
     rows->setSpacing(PageMargin);
     auto* picture = new QLabel(page);
-    picture->setPixmap(programIcon().pixmap(QSize(BrandSize, BrandSize), devicePixelRatio()));
+    new LabelDrawing(picture, programIcon(), BrandSize);
     auto* name = new QLabel(toQt(SystemTitle), page);
     nameWidget(name, QStringLiteral("F2.Name"), name->text());
     enlarge(name, 1.8, true);
@@ -137,35 +133,21 @@ QWidget* F2Window::makePage() {
     brand->addWidget(picture);
     brand->addLayout(texts, 1);
     rows->addLayout(brand);
-    rows->addWidget(makeLinkCard());
+    rows->addLayout(makeLinkRow());
     return page;
 }
 
-QWidget* F2Window::makeLinkCard() {
-    auto* card = new QFrame(this);
-    card->setObjectName(QStringLiteral("F2.Card"));
-    card->setFrameStyle(QFrame::StyledPanel | QFrame::Plain);
-    card->setBackgroundRole(QPalette::Window);
-    card->setAutoFillBackground(true);
-    lamp_ = new QLabel(card);
-    lamp_->setObjectName(QStringLiteral("F2.Label1"));
-    lamp_->setFixedSize(LampSize, LampSize);
-    state_ = new QLabel(card);
-    state_->setObjectName(QStringLiteral("F2.State"));
-    enlarge(state_, 1.15, true);
-    auto* picture = new QLabel(card);
-    f2_.Picture1.Id = AdapterPicture::Present;
-    bind(f2_.Picture1, picture, QStringLiteral("F2.Picture1"), PictureSet::Adapter, AdapterSize);
-    auto* adapter = new QLabel(card);
-    bind(f2_.Label7, adapter, QStringLiteral("F2.Label7"));
-    auto* row = new QHBoxLayout(card);
-    row->setContentsMargins(CardMargin, CardMargin, CardMargin, CardMargin);
-    row->setSpacing(CardMargin * 3 / 4);
-    row->addWidget(lamp_);
-    row->addWidget(state_, 1);
-    row->addWidget(picture);
-    row->addWidget(adapter);
-    return card;
+QLayout* F2Window::makeLinkRow() {
+    card_ = new LinkCard(f2_, this);
+    auto* column = new QVBoxLayout;
+    column->addWidget(card_);
+    column->addStretch();
+    // The room that a reason takes is there without one, so that the window keeps its size.
+    auto* row = new QHBoxLayout;
+    row->setSpacing(0);
+    row->addLayout(column, 1);
+    row->addSpacerItem(new QSpacerItem(0, card_->fullHeight(), QSizePolicy::Fixed, QSizePolicy::Fixed));
+    return row;
 }
 
 void F2Window::makeStatusBar() {
@@ -183,26 +165,9 @@ void F2Window::makeStatusBar() {
 
 void F2Window::setWords() {
     const std::string& language = f2_.kern.Config.Sprache;
-    version_->setText(word(Word::Version, language) + QLatin1Char(' ') + toQt(ProgrammVersion));
+    version_->setText(toQt(Wort(f2_.kern, VersionLine, "Version")) + QLatin1Char(' ') + toQt(ProgrammVersion));
     bar_->setAccessibleName(word(Word::KeyBar, language));
-    showLight();
-}
-
-void F2Window::showLight() {
-    const Colour light = f2_.Label1.ForeColor;
-    const QString state = word(lightWord(light), f2_.kern.Config.Sprache);
-    const QString reason = toQt(f2_.Meldezeile.Text());
-    lamp_->setPixmap(lampPixmap(light, LampSize, devicePixelRatio()));
-    lamp_->setAccessibleName(state);
-    lamp_->setToolTip(reason.isEmpty() ? state : state + QLatin1Char('\n') + reason);
-    state_->setText(state);
-}
-
-void F2Window::changeEvent(QEvent* event) {
-    QMainWindow::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange && lamp_ != nullptr) {
-        showLight();
-    }
+    card_->showLight();
 }
 
 void F2Window::popUp(QMenu* menu, std::string_view key) {

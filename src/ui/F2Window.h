@@ -13,6 +13,7 @@ class QToolBar;
 namespace qvm::ui {
 
 class ElidedLabel;
+class LinkCard;
 
 /// The main window: menus, tool bar, link light, adapter, status bar. As large as its content, for good.
 class F2Window : public QMainWindow {
@@ -27,17 +28,13 @@ public:
     void popUpCalendarMenu() { popUp(calendarMenu_, "636I259"); }
     void popUpClockMenu() { popUp(clockMenu_, "Schaltuhr"); }
 
-protected:
-    void changeEvent(QEvent* event) override;
-
 private:
     void makeMenus();
     void makePopups();
     void makeToolBar();
     QWidget* makePage();
-    QWidget* makeLinkCard();
+    QLayout* makeLinkRow();
     void makeStatusBar();
-    void showLight();
     void popUp(QMenu* menu, std::string_view key);
 
     F2& f2_;
@@ -45,8 +42,7 @@ private:
     QMenu* calendarMenu_ = nullptr;
     QMenu* clockMenu_ = nullptr;
     QLabel* version_ = nullptr;
-    QLabel* lamp_ = nullptr;
-    QLabel* state_ = nullptr;
+    LinkCard* card_ = nullptr;
     ElidedLabel* reason_ = nullptr;
 };
 

@@ -20,6 +20,7 @@ namespace qvm::ui {
 namespace {
 
 constexpr int MinimumWidth = 640, MinimumHeight = 420, FirstWidth = 720, FirstHeight = 520;
+constexpr int PortLine = 283;
 
 } // namespace
 
@@ -39,7 +40,6 @@ F6Window::F6Window(F6& model, QWidget* parent)
     content()->addLayout(makeBottomRow());
     setMinimumSize(MinimumWidth, MinimumHeight);
     resize(FirstWidth, FirstHeight);
-    setWords();
     const auto back = [this] { pressKey(f6_.Toolbar1[0].Key); };
     finish({.onClose = back, .onEscape = back});
 }
@@ -109,7 +109,7 @@ QLayout* F6Window::makeBottomRow() {
 
 void F6Window::setWords() {
     const std::string& language = f6_.kern.Config.Sprache;
-    const QString port = word(Word::SerialPort, language);
+    const QString port = toQt(f6_.kern.Zeile(PortLine));
     caption_->setText(port);
     caption_->setVisible(f6_.Combo1.Visible);
     ports_->setAccessibleName(port);
@@ -120,9 +120,8 @@ void F6Window::setWords() {
 }
 
 void F6Window::showEvent(QShowEvent* event) {
-    setWords();
-    grid_->fitColumns();
     WindowBase::showEvent(event);
+    grid_->fitColumns();
 }
 
 } // namespace qvm::ui

@@ -19,8 +19,7 @@ class F6Window : public WindowBase {
 public:
     F6Window(F6& model, QWidget* parent);
 
-    /// Words that the catalogue does not hold, anew.
-    void setWords();
+    void setWords() override;
 
 protected:
     void showEvent(QShowEvent* event) override;

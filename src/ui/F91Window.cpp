@@ -2,6 +2,7 @@
 
 #include "GridView.h"
 #include "TextEdge.h"
+#include "Worttafel.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -14,13 +15,6 @@ namespace {
 
 constexpr int FrozenColumns = 2; ///< number and name
 
-/// What comes and goes keeps its room, so that nothing jumps.
-void keepRoom(QWidget* widget) {
-    QSizePolicy policy = widget->sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    widget->setSizePolicy(policy);
-}
-
 } // namespace
 
 F91Window::F91Window(F91& f91, QWidget* parent)
@@ -31,7 +25,6 @@ F91Window::F91Window(F91& f91, QWidget* parent)
     makeState();
     makeButtons();
     setMinimumSize(520, 340);
-    resize(780, 520);
     grid_->setFocus();
     finish({.onClose = [this] { leave(); }, .onEscape = {}});
 }
@@ -40,17 +33,22 @@ F91Window::~F91Window() {
     f91_.Zeile_Zeigen = {};
 }
 
+void F91Window::setWords() {
+    grid_->setAccessibleName(word(Word::LockList, f91_.kern.Config.Sprache));
+    bar_->setAccessibleName(word(Word::Progress, f91_.kern.Config.Sprache));
+}
+
 void F91Window::leave() {
     f91_.Command1.Enabled ? f91_.Command1_Click() : f91_.Command2_Click();
 }
 
 void F91Window::makeGrid() {
     grid_ = new GridView(f91_.FGK91, this);
-    nameWidget(grid_, QStringLiteral("F91.FGK91"), QStringLiteral("QVM 7702"));
+    nameWidget(grid_, QStringLiteral("F91.FGK91"));
     GridModel& model = grid_->gridModel();
     model.setAlignment(F91Column::Number, Qt::AlignRight | Qt::AlignVCenter);
     model.setAlignment(F91Column::Mark, Qt::AlignCenter);
-    grid_->setColumns({650, 3500, 2000, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 600, 4500}, F91Column::StateText);
+    grid_->setColumns({650, 3500, 2000, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 600, 7800}, F91Column::StateText);
     grid_->setFrozenColumns(FrozenColumns);
     f91_.Zeile_Zeigen = [this](int row) { grid_->setCurrentCell(row, F91Column::StateText); };
     content()->addWidget(grid_, 1);
@@ -64,13 +62,12 @@ void F91Window::makeState() {
     status->setFont(bold);
     status->setMinimumHeight(status->fontMetrics().lineSpacing() + 2);
     keepRoom(status);
-    auto* bar = new QProgressBar(this);
-    bind(f91_.Balken, bar, QStringLiteral("F91.Balken"));
-    bar->setTextVisible(false);
-    bar->setAccessibleName(bar->objectName());
-    keepRoom(bar);
+    bar_ = new QProgressBar(this);
+    bind(f91_.Balken, bar_, QStringLiteral("F91.Balken"));
+    bar_->setTextVisible(false);
+    keepRoom(bar_);
     content()->addWidget(status);
-    content()->addWidget(bar);
+    content()->addWidget(bar_);
     auto* times = new QHBoxLayout;
     times->setSpacing(24);
     const std::pair<Label*, const char*> labels[] = {

@@ -3,6 +3,8 @@
 #include "F91.h"
 #include "WindowBase.h"
 
+class QProgressBar;
+
 namespace qvm::ui {
 
 class GridView;
@@ -15,6 +17,8 @@ public:
     explicit F91Window(F91& f91, QWidget* parent = nullptr);
     ~F91Window() override;
 
+    void setWords() override;
+
 private:
     void makeGrid();
     void makeState();
@@ -24,6 +28,7 @@ private:
 
     F91& f91_;
     GridView* grid_ = nullptr;
+    QProgressBar* bar_ = nullptr;
 };
 
 } // namespace qvm::ui

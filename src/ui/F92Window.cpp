@@ -1,6 +1,7 @@
 #include "F92Window.h"
 
 #include "MonthView.h"
+#include "Worttafel.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -27,6 +28,13 @@ F92Window::~F92Window() {
     f92_.Tag_Geaendert = {};
 }
 
+void F92Window::setWords() {
+    const std::string& language = f92_.kern.Config.Sprache;
+    month_->setLanguage(language);
+    hours_->setAccessibleName(word(Word::Hours, language));
+    minutes_->setAccessibleName(word(Word::Minutes, language));
+}
+
 void F92Window::makeHead() {
     auto* head = new QLabel(this);
     bind(f92_.Kopf, head, QStringLiteral("F92.Kopf"));
@@ -45,25 +53,23 @@ void F92Window::makeChoice() {
     // Arrow keys choose, too.
     connect(month_, &QCalendarWidget::selectionChanged, this, [this] { f92_.Tag_Waehlen(month_->day()); });
     f92_.Tag_Geaendert = [this] {
-        const Datum today = Heute(f92_.kern.Welt.Now());
-        month_->setLanguage(f92_.kern.Config.Sprache);
-        month_->setMinimumDate(QDate(today.Year, today.Month, today.Day));
+        month_->setFirstDay(f92_.Erster_Tag());
         month_->setDay(f92_.Tag);
     };
     auto* row = new QHBoxLayout;
     row->setSpacing(16);
     row->addWidget(month_, 1);
-    addList(row, f92_.Stunden, "Stunden", "hh", [this](int hour) { f92_.Zeit_Waehlen(hour, f92_.Minuten.Selected); });
-    addList(row, f92_.Minuten, "Minuten", "mm",
-            [this](int minute) { f92_.Zeit_Waehlen(f92_.Stunden.Selected, minute); });
+    hours_ = addList(row, f92_.Stunden, "Stunden", "hh",
+                     [this](int hour) { f92_.Zeit_Waehlen(hour, f92_.Minuten.Selected); });
+    minutes_ = addList(row, f92_.Minuten, "Minuten", "mm",
+                       [this](int minute) { f92_.Zeit_Waehlen(f92_.Stunden.Selected, minute); });
     content()->addLayout(row, 1);
 }
 
-void F92Window::addList(QHBoxLayout* row, ListBox& model, const char* name, const char* caption,
-                        std::function<void(int)> choose) {
+QListWidget* F92Window::addList(QHBoxLayout* row, ListBox& model, const char* name, const char* caption,
+                                std::function<void(int)> choose) {
     auto* list = new QListWidget(this);
     ui::bind(model, list, QStringLiteral("F92.") + QString::fromLatin1(name), std::move(choose));
-    list->setAccessibleName(QString::fromLatin1(caption));
     list->setFixedWidth(list->fontMetrics().horizontalAdvance(QStringLiteral("0000000000")));
     auto* label = new QLabel(QString::fromLatin1(caption), this);
     label->setAlignment(Qt::AlignCenter);
@@ -72,6 +78,7 @@ void F92Window::addList(QHBoxLayout* row, ListBox& model, const char* name, cons
     column->addWidget(label);
     column->addWidget(list);
     row->addLayout(column);
+    return list;
 }
 
 void F92Window::makeButton() {

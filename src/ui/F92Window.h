@@ -6,6 +6,7 @@
 #include <functional>
 
 class QHBoxLayout;
+class QListWidget;
 
 namespace qvm::ui {
 
@@ -19,15 +20,19 @@ public:
     F92Window(F92& f92, QWidget* parent);
     ~F92Window() override;
 
+    void setWords() override;
+
 private:
     void makeHead();
     void makeChoice();
     void makeButton();
-    void addList(QHBoxLayout* row, ListBox& model, const char* name, const char* caption,
-                 std::function<void(int)> choose);
+    QListWidget* addList(QHBoxLayout* row, ListBox& model, const char* name, const char* caption,
+                         std::function<void(int)> choose);
 
     F92& f92_;
     MonthView* month_ = nullptr;
+    QListWidget* hours_ = nullptr;
+    QListWidget* minutes_ = nullptr;
 };
 
 } // namespace qvm::ui

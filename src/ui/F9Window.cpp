@@ -1,6 +1,7 @@
 #include "F9Window.h"
 
 #include "TextEdge.h"
+#include "Worttafel.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
@@ -12,13 +13,6 @@ namespace qvm::ui {
 namespace {
 
 constexpr int StatePictureSize = 32;
-
-/// What comes and goes keeps its room, so that nothing jumps.
-void keepRoom(QWidget* widget) {
-    QSizePolicy policy = widget->sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    widget->setSizePolicy(policy);
-}
 
 } // namespace
 
@@ -46,6 +40,11 @@ F9Window::F9Window(F9& f9, QWidget* parent)
                 }});
 }
 
+void F9Window::setWords() {
+    telegrams_->setAccessibleName(word(Word::Progress, f9_.kern.Config.Sprache));
+    activity_->setAccessibleName(word(Word::Activity, f9_.kern.Config.Sprache));
+}
+
 void F9Window::makeHead() {
     auto* name = new QLabel(this);
     bind(f9_.NameLabel, name, QStringLiteral("F9.NameLabel"));
@@ -70,14 +69,13 @@ void F9Window::makeProgress() {
     bind(f9_.StatusLabel, status, QStringLiteral("F9.StatusLabel"));
     status->setMinimumHeight(status->fontMetrics().lineSpacing() + 2);
     content()->addWidget(status);
-    auto* telegrams = new QProgressBar(this);
-    bind(f9_.Balken1, telegrams, QStringLiteral("F9.Balken1"));
-    auto* running = new QProgressBar(this);
-    bind(f9_.Balken2, running, QStringLiteral("F9.Balken2"));
-    running->setFixedHeight(8);
-    for (QProgressBar* bar : {telegrams, running}) {
+    telegrams_ = new QProgressBar(this);
+    bind(f9_.Balken1, telegrams_, QStringLiteral("F9.Balken1"));
+    activity_ = new QProgressBar(this);
+    bind(f9_.Balken2, activity_, QStringLiteral("F9.Balken2"));
+    activity_->setFixedHeight(8);
+    for (QProgressBar* bar : {telegrams_, activity_}) {
         bar->setTextVisible(false);
-        bar->setAccessibleName(bar->objectName());
         keepRoom(bar);
         content()->addWidget(bar);
     }

@@ -3,6 +3,8 @@
 #include "F9.h"
 #include "WindowBase.h"
 
+class QProgressBar;
+
 namespace qvm::ui {
 
 /// F9 on the screen: the progress of one lock's run.
@@ -12,6 +14,8 @@ class F9Window : public WindowBase {
 public:
     F9Window(F9& f9, QWidget* parent);
 
+    void setWords() override;
+
 private:
     void makeHead();
     void makeProgress();
@@ -19,6 +23,8 @@ private:
     void makeButtons();
 
     F9& f9_;
+    QProgressBar* telegrams_ = nullptr;
+    QProgressBar* activity_ = nullptr;
 };
 
 } // namespace qvm::ui

@@ -2,9 +2,11 @@
 
 #include "GridModel.h"
 
+#include <QHelpEvent>
 #include <QIcon>
 #include <QPainter>
 #include <QTableView>
+#include <QToolTip>
 
 #include <algorithm>
 
@@ -37,6 +39,19 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
         painter->drawRect(option.rect.adjusted(1, 1, -1, -1));
     }
     painter->restore();
+}
+
+bool GridDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                             const QModelIndex& index) {
+    const QString text = index.data(Qt::DisplayRole).toString();
+    const QVariant font = index.data(Qt::FontRole);
+    const QFontMetrics metrics(font.isValid() ? font.value<QFont>() : option.font);
+    const bool cut = metrics.horizontalAdvance(text) > option.rect.width() - 2 * CellMargin;
+    if (event->type() == QEvent::ToolTip && cut) {
+        QToolTip::showText(event->globalPos(), text, view);
+        return true;
+    }
+    return QStyledItemDelegate::helpEvent(event, view, option, index);
 }
 
 void GridDelegate::paintGround(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {

@@ -16,6 +16,9 @@ public:
     GridDelegate(const QTableView& focusView, QObject* parent);
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    /// A text that is cut stands whole in the tool tip.
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override;
 
 private:
     void paintGround(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;

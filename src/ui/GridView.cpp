@@ -1,8 +1,10 @@
 #include "GridView.h"
 
 #include "Bind.h"
+#include "FrozenView.h"
 #include "GridDelegate.h"
 #include "GridHeader.h"
+#include "Stelle.h"
 
 #include <QHeaderView>
 #include <QScrollBar>
@@ -21,7 +23,7 @@ constexpr int WidestFactor = 2;                 ///< a column grows to this many
 } // namespace
 
 GridView::GridView(Grid& grid, QWidget* parent)
-    : QTableView(parent), model_(new GridModel(grid, this)), frozen_(new QTableView(this)), edge_(new QWidget(this)),
+    : QTableView(parent), model_(new GridModel(grid, this)), frozen_(new FrozenView(this)), edge_(new QWidget(this)),
       twips_(static_cast<std::size_t>(grid.Columns()), 1000) {
     prepare(*this);
     prepare(*frozen_);
@@ -44,6 +46,7 @@ GridView::GridView(Grid& grid, QWidget* parent)
         placeFrozen();
     });
     connect(model_, &QAbstractItemModel::headerDataChanged, this, &GridView::fitColumns);
+    connect(model_, &QAbstractItemModel::dataChanged, this, &GridView::growStretched);
     watch(grid.Enabled, this, [this] { setEnabled(this->grid().Enabled); });
     watch(grid.Visible, this, [this] { setVisible(this->grid().Visible); });
     setCurrentIndex(model_->index(0, 0));
@@ -72,7 +75,7 @@ void GridView::setColumns(std::vector<int> twips, int stretch) {
     twips_.resize(static_cast<std::size_t>(model_->columnCount()), 0);
     stretch_ = stretch;
     for (int column = 0; column < model_->columnCount(); ++column) {
-        setColumnHidden(column, twips_[static_cast<std::size_t>(column)] == 0);
+        setColumnHidden(column, twips_[At(column)] == 0);
     }
     fitColumns();
 }
@@ -87,19 +90,37 @@ void GridView::setFrozenColumns(int count) {
     placeFrozen();
 }
 
-int GridView::contentWidth(int column) const {
+int GridView::givenWidth(int column) const {
+    return qRound(twips_[At(column)] / TwipsPerLine * QFontMetrics(font()).lineSpacing());
+}
+
+int GridView::textWidth(int column, int first, int last) const {
     const QFontMetrics plain(font());
-    int width = horizontalHeader()->fontMetrics().horizontalAdvance(
-        model_->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString());
-    const int given = qRound(twips_[static_cast<std::size_t>(column)] / TwipsPerLine * plain.lineSpacing());
     int texts = 0;
-    const int step = std::max(1, model_->rowCount() / SampleRows);
-    for (int row = 0; row < model_->rowCount(); row += step) {
+    const int step = std::max(1, (last - first + 1) / SampleRows);
+    for (int row = first; row <= last; row += step) {
         const QString text = model_->index(row, column).data(Qt::DisplayRole).toString();
         texts = std::max(texts, plain.horizontalAdvance(text));
     }
-    width = std::max(width, std::min(texts, given * WidestFactor)) + CellPadding;
-    return std::max(width, given);
+    return std::min(texts, givenWidth(column) * WidestFactor) + CellPadding;
+}
+
+int GridView::contentWidth(int column) const {
+    const int heading = horizontalHeader()->fontMetrics().horizontalAdvance(
+        model_->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString());
+    return std::max({givenWidth(column), heading + CellPadding, textWidth(column, 0, model_->rowCount() - 1)});
+}
+
+// The rows of a run get their texts one after the other, long after the columns were measured.
+void GridView::growStretched(const QModelIndex& first, const QModelIndex& last) {
+    if (stretch_ < first.column() || stretch_ > last.column() || natural_.empty() || isColumnHidden(stretch_)) {
+        return;
+    }
+    const int needed = textWidth(stretch_, first.row(), last.row());
+    if (needed > natural_[At(stretch_)]) {
+        natural_[At(stretch_)] = needed;
+        stretchColumns();
+    }
 }
 
 void GridView::fitColumns() {
@@ -112,7 +133,7 @@ void GridView::fitColumns() {
     }
     for (int column = 0; column < model_->columnCount(); ++column) {
         if (!isColumnHidden(column)) {
-            natural_[static_cast<std::size_t>(column)] = contentWidth(column);
+            natural_[At(column)] = contentWidth(column);
         }
     }
     stretchColumns();
@@ -140,7 +161,7 @@ void GridView::stretchColumns() {
     }
     const int left = std::max(0, viewport()->width() - width);
     for (int column = 0; column < static_cast<int>(natural_.size()); ++column) {
-        const int part = natural_[static_cast<std::size_t>(column)];
+        const int part = natural_[At(column)];
         if (part > 0) {
             setColumnWidth(column, part + (column == stretch_ ? left : 0));
         }

@@ -72,7 +72,11 @@ private:
     void click(const QModelIndex& index);
     /// A click is a press and a release on the same cell.
     void released(const QMouseEvent& event, const QModelIndex& index);
+    int givenWidth(int column) const;
+    /// Of the rows first to last of the model, or a sample of them; within limits.
+    int textWidth(int column, int first, int last) const;
     int contentWidth(int column) const;
+    void growStretched(const QModelIndex& first, const QModelIndex& last);
     int frozenWidth() const;
 
     GridModel* model_;

@@ -1,5 +1,6 @@
 #include "Messages.h"
 
+#include "Bind.h"
 #include "FrontWindow.h"
 #include "TextEdge.h"
 #include "Theme.h"
@@ -104,6 +105,8 @@ void MessageBoxes::fill(QMessageBox& box, const Message& message) const {
     for (const auto& [meaning, standard] : buttonsOf(message.Choice)) {
         QPushButton* button = box.addButton(standard);
         button->setText(text(meaning));
+        nameWidget(button, QStringLiteral("MessageBox.Button%1").arg(number + 1),
+                   text(meaning).remove(QLatin1Char('&')));
         button->setIcon({});
         box.setEscapeButton(button);
         if (++number == 1 || number == message.DefaultButton) {

@@ -1,18 +1,17 @@
 #include "MonthView.h"
 
 #include "Bind.h"
-#include "TextSlots.h"
+#include "QtWords.h"
 #include "Theme.h"
+#include "Worttafel.h"
 
 #include <QGuiApplication>
 #include <QKeyEvent>
-#include <QLocale>
 #include <QScreen>
 #include <QTextCharFormat>
 #include <QToolButton>
 
 #include <algorithm>
-#include <utility>
 
 namespace qvm::ui {
 namespace {
@@ -44,19 +43,33 @@ MonthView::MonthView(const QString& name, QWidget* parent) : QCalendarWidget(par
     });
 }
 
-/// Sundays and arrows in colours that stay legible on every palette.
+/// Weekends and the bar above the days in colours that stay legible on every palette.
 void MonthView::dress() {
     QTextCharFormat weekend;
     weekend.setForeground(isDark(palette()) ? QColor(255, 140, 130) : QColor(176, 32, 32));
     setWeekdayTextFormat(Qt::Saturday, weekend);
     setWeekdayTextFormat(Qt::Sunday, weekend);
-    const std::pair<const char*, Qt::ArrowType> arrows[] = {{"qt_calendar_prevmonth", Qt::LeftArrow},
-                                                            {"qt_calendar_nextmonth", Qt::RightArrow}};
-    for (const auto& [name, arrow] : arrows) {
-        if (auto* button = findChild<QToolButton*>(QString::fromLatin1(name))) {
-            button->setIcon(QIcon());
-            button->setArrowType(arrow);
+    dressArrow("qt_calendar_prevmonth", "previous");
+    dressArrow("qt_calendar_nextmonth", "next");
+    for (const char* part : {"qt_calendar_monthbutton", "qt_calendar_yearbutton"}) {
+        if (auto* button = findChild<QToolButton*>(QString::fromLatin1(part))) {
+            QPalette onBar = palette();
+            onBar.setColor(QPalette::ButtonText, onBar.color(QPalette::HighlightedText));
+            button->setPalette(onBar);
         }
+    }
+}
+
+void MonthView::dressArrow(const char* part, const char* drawing) {
+    if (auto* button = findChild<QToolButton*>(QString::fromLatin1(part))) {
+        button->setIcon(ownIcon(QString::fromLatin1(drawing), QPalette::HighlightedText));
+    }
+}
+
+void MonthView::namePart(const char* part, const QString& name) {
+    if (auto* widget = findChild<QWidget*>(QString::fromLatin1(part))) {
+        widget->setAccessibleName(name);
+        widget->setToolTip(name);
     }
 }
 
@@ -68,12 +81,16 @@ void MonthView::changeEvent(QEvent* event) {
 }
 
 void MonthView::setLanguage(std::string_view sprache) {
-    const QLocale locale = sprache == SprachNamen[1]   ? QLocale(QLocale::English, QLocale::UnitedKingdom)
-                           : sprache == SprachNamen[2] ? QLocale(QLocale::French, QLocale::France)
-                           : sprache == SprachNamen[3] ? QLocale(QLocale::Dutch, QLocale::Netherlands)
-                                                       : QLocale(QLocale::German, QLocale::Germany);
-    setLocale(locale);
+    setLocale(localeOf(sprache));
     setFirstDayOfWeek(Qt::Monday);
+    namePart("qt_calendar_prevmonth", word(Word::PreviousMonth, sprache));
+    namePart("qt_calendar_nextmonth", word(Word::NextMonth, sprache));
+    namePart("qt_calendar_monthbutton", word(Word::Month, sprache));
+    namePart("qt_calendar_yearbutton", word(Word::Year, sprache));
+    namePart("qt_calendar_yearedit", word(Word::Year, sprache));
+    if (auto* days = findChild<QWidget*>(QStringLiteral("qt_calendar_calendarview"))) {
+        days->setAccessibleName(word(Word::Days, sprache));
+    }
 }
 
 void MonthView::setDay(const Datum& day) {
@@ -83,6 +100,10 @@ void MonthView::setDay(const Datum& day) {
 Datum MonthView::day() const {
     const QDate date = selectedDate();
     return {.Year = date.year(), .Month = date.month(), .Day = date.day()};
+}
+
+void MonthView::setFirstDay(const Datum& day) {
+    setMinimumDate(toDate(day));
 }
 
 void MonthView::setLastDay(const Datum& day) {

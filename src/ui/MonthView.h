@@ -20,7 +20,8 @@ public:
     void setLanguage(std::string_view sprache);
     void setDay(const Datum& day);
     Datum day() const;
-    /// The last day that can be picked.
+    /// The first and the last day that can be picked.
+    void setFirstDay(const Datum& day);
     void setLastDay(const Datum& day);
     /// Pops up under the widget, on the screen; Escape or a click elsewhere closes it.
     void popUpUnder(QWidget* widget);
@@ -33,6 +34,8 @@ protected:
 
 private:
     void dress();
+    void dressArrow(const char* part, const char* drawing);
+    void namePart(const char* part, const QString& name);
 };
 
 } // namespace qvm::ui

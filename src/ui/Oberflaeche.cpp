@@ -7,6 +7,7 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <initializer_list>
 #include <utility>
 
 namespace qvm::ui {
@@ -98,6 +99,7 @@ Oberflaeche::Oberflaeche(Programm& programm)
     : f2(programm.F2), f1(programm.F1, &f2), f15(programm.F15, &f2), f6(programm.F6, &f2), f7(programm.F7),
       f8(programm.F8, &f7), f14(programm.F14, &f2), f13(programm.F13), f11(programm.F11, &f13), f9(programm.F9, &f13),
       f18(programm.F18, &f13), f91(programm.F91), f92(programm.F92, &f91), programm_(programm) {
+    qtWords_.use(programm.kern.Config.Sprache);
     connectMainWindow();
     connectWords();
     QCoreApplication::instance()->installEventFilter(new NoRepeat(&f2));
@@ -153,12 +155,17 @@ void Oberflaeche::connectWords() {
         if (before) {
             before();
         }
-        f1.setWords();
-        f2.setWords();
-        f6.setWords();
-        f14.setWords();
-        f15.setWords();
+        setWords();
     };
+}
+
+void Oberflaeche::setWords() {
+    qtWords_.use(programm_.kern.Config.Sprache);
+    f2.setWords();
+    for (WindowBase* window :
+         std::initializer_list<WindowBase*>{&f1, &f6, &f7, &f8, &f9, &f11, &f13, &f14, &f15, &f18, &f91, &f92}) {
+        window->setWords();
+    }
 }
 
 } // namespace qvm::ui

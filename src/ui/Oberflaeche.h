@@ -14,6 +14,7 @@
 #include "F92Window.h"
 #include "F9Window.h"
 #include "Programm.h"
+#include "QtWords.h"
 
 #include <QPoint>
 
@@ -49,9 +50,11 @@ public:
 private:
     void connectMainWindow();
     void connectWords();
+    void setWords();
     void keepPlace(std::function<void()>& hook);
 
     Programm& programm_;
+    QtWords qtWords_;
     /// Hooks of the program that lead here first, and what stood in them.
     std::vector<std::pair<std::function<void()>*, std::function<void()>>> replaced_;
     QPoint place_; ///< FensterX, FensterY: where the main window stood when it opened the last window

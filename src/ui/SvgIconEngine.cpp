@@ -3,7 +3,6 @@
 #include <QFile>
 #include <QGuiApplication>
 #include <QPainter>
-#include <QPalette>
 #include <QPixmapCache>
 #include <QSvgRenderer>
 
@@ -14,14 +13,14 @@ namespace {
 
 constexpr qreal DisabledOpacity = 0.38;
 
-QColor inkOf(QIcon::Mode mode) {
-    return QGuiApplication::palette().color(QPalette::Active,
-                                            mode == QIcon::Selected ? QPalette::HighlightedText : QPalette::WindowText);
-}
-
 } // namespace
 
-SvgIconEngine::SvgIconEngine(const QString& path) : path_(path) {}
+SvgIconEngine::SvgIconEngine(const QString& path, QPalette::ColorRole ink) : path_(path), ink_(ink) {}
+
+QColor SvgIconEngine::inkOf(QIcon::Mode mode) const {
+    return QGuiApplication::palette().color(QPalette::Active,
+                                            mode == QIcon::Selected ? QPalette::HighlightedText : ink_);
+}
 
 void SvgIconEngine::paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) {
     // By way of the cache: a grid paints the same drawing hundreds of times.
@@ -68,7 +67,7 @@ QPixmap SvgIconEngine::scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::
 }
 
 QIconEngine* SvgIconEngine::clone() const {
-    return new SvgIconEngine(path_);
+    return new SvgIconEngine(path_, ink_);
 }
 
 QString SvgIconEngine::key() const {

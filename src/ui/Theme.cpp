@@ -8,6 +8,7 @@
 
 #include <QPainter>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -79,12 +80,30 @@ qreal luminance(const QColor& colour) {
     return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
 }
 
+/// 1 to 21. Source: as above.
+qreal contrast(const QColor& a, const QColor& b) {
+    const qreal one = luminance(a) + 0.05;
+    const qreal two = luminance(b) + 0.05;
+    return std::max(one, two) / std::min(one, two);
+}
+
+/// The colour, mixed with as much of `text` as a sign of some size needs to be told from its ground.
+QColor legible(const QColor& colour, const QColor& ground, const QColor& text) {
+    constexpr qreal Enough = 3.2;
+    constexpr int Steps = 10;
+    QColor seen = colour;
+    for (int step = 1; step <= Steps && contrast(seen, ground) < Enough; ++step) {
+        seen = mixed(colour, text, static_cast<qreal>(step) / Steps);
+    }
+    return seen;
+}
+
 } // namespace
 
-QIcon ownIcon(const QString& name) {
+QIcon ownIcon(const QString& name, QPalette::ColorRole ink) {
     loadDrawings();
     const QString path = QStringLiteral(":/icons/%1.svg").arg(name);
-    return QIcon(new SvgIconEngine(path));
+    return QIcon(new SvgIconEngine(path, ink));
 }
 
 QIcon toolIcon(std::string_view key) {
@@ -157,10 +176,14 @@ QColor cellBackground(Colour background, bool alternate, const QPalette& palette
 }
 
 QColor cellForeground(Colour foreground, Colour background, const QPalette& palette) {
+    const CellTone tone = cellTone(background);
     if (foreground != Black) {
-        return exactColour(foreground);
+        const QColor exact = exactColour(foreground);
+        const bool button = tone == CellTone::Action || tone == CellTone::Hover;
+        return button ? legible(exact, cellBackground(background, false, palette), palette.color(QPalette::Text))
+                      : exact;
     }
-    if (cellTone(background) != CellTone::Exact) {
+    if (tone != CellTone::Exact) {
         return palette.color(QPalette::Text);
     }
     // Black and white contrast equally at this luminance.

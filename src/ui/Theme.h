@@ -26,7 +26,8 @@ QIcon toolIcon(std::string_view key);
 
 /// One of the program's own drawings by its file name without ending, "calendar" for one. It takes the colour of the
 /// palette's text whenever it is painted, so that it stays readable when the palette changes.
-QIcon ownIcon(const QString& name);
+/// `ink`: the palette's role whose colour it takes.
+QIcon ownIcon(const QString& name, QPalette::ColorRole ink = QPalette::WindowText);
 
 /// The icon of the program's windows.
 QIcon programIcon();
@@ -49,7 +50,8 @@ CellTone cellTone(Colour background);
 QColor cellBackground(Colour background, bool alternate, const QPalette& palette);
 
 /// The text of a cell: black is the palette's text on a neutral background, and whatever reads best on an exact one;
-/// every other colour is exact.
+/// every other colour is exact, but goes as far towards the palette's text as it needs to be seen on a cell that can be
+/// clicked.
 QColor cellForeground(Colour foreground, Colour background, const QPalette& palette);
 
 /// True when the palette is light on dark.

@@ -14,6 +14,12 @@ constexpr int ToolIconSize = 32;
 
 } // namespace
 
+void keepRoom(QWidget* widget) {
+    QSizePolicy policy = widget->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    widget->setSizePolicy(policy);
+}
+
 WindowBase::WindowBase(Window& model, const QString& name, Qt::WindowFlags flags, QWidget* parent)
     : QWidget(parent, flags), model_(model), outer_(new QVBoxLayout(this)), content_(new QVBoxLayout) {
     setObjectName(name);
@@ -51,7 +57,13 @@ bool WindowBase::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void WindowBase::finish(WindowHandlers handlers, bool remember) {
+    setWords();
     bind(model_, this, objectName(), std::move(handlers), remember);
+}
+
+void WindowBase::showEvent(QShowEvent* event) {
+    setWords();
+    QWidget::showEvent(event);
 }
 
 void WindowBase::keyPressEvent(QKeyEvent* event) {

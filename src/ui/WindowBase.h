@@ -12,6 +12,9 @@ class QVBoxLayout;
 
 namespace qvm::ui {
 
+/// Lets a widget keep its room while it is hidden, so that nothing jumps when it comes and goes.
+void keepRoom(QWidget* widget);
+
 /// What every window but the main window starts from: icon, binding, an optional tool bar over a content area, and a
 /// button that Return presses. Windows are never deleted while the program runs, only hidden: their handlers may be on
 /// the stack when they close.
@@ -21,6 +24,9 @@ class WindowBase : public QWidget {
 public:
     /// `flags`: Qt::Window or Qt::Dialog. `name`: "F13" for one.
     WindowBase(Window& model, const QString& name, Qt::WindowFlags flags, QWidget* parent);
+
+    /// Words of the front end's own in the language in use. Happens whenever the window appears, too.
+    virtual void setWords() {}
 
 protected:
     /// A tool bar with big icons and text at the top; named "<name>.Toolbar1".
@@ -32,6 +38,7 @@ protected:
     void setDefaultButton(QPushButton* button);
     /// To be called at the end of the constructor: title, visibility, place. `remember`: place and size.
     void finish(WindowHandlers handlers, bool remember = true);
+    void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 

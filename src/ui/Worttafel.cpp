@@ -14,7 +14,7 @@ struct Row {
     std::array<const char*, SprachNamen.size()> Texts; ///< in the order of SprachNamen, UTF-8
 };
 
-constexpr std::array<Row, 15> Rows{{
+constexpr std::array<Row, 26> Rows{{
     {Word::Yes, {"&Ja", "&Yes", "&Oui", "&Ja"}},
     {Word::No, {"&Nein", "&No", "&Non", "&Nee"}},
     {Word::LightRed, {"Nicht verbunden", "Not connected", "Non connecté", "Niet verbonden"}},
@@ -22,16 +22,27 @@ constexpr std::array<Row, 15> Rows{{
      {"Funkadapter wird gesucht", "Searching the wireless adapter", "Recherche de l'adaptateur radio",
       "Radioadapter wordt gezocht"}},
     {Word::LightGreen, {"Bereit", "Ready", "Prêt", "Gereed"}},
-    {Word::Version, {"Version", "Version", "Version", "Versie"}},
     {Word::Cipher, {"Verschlüsselung", "Cipher", "Chiffrement", "Versleuteling"}},
     {Word::DataDirectory, {"Datenverzeichnis", "Data folder", "Dossier des données", "Gegevensmap"}},
     {Word::Libraries, {"Bibliotheken", "Libraries", "Bibliothèques", "Bibliotheken"}},
     {Word::AdapterPresent, {"angeschlossen", "connected", "connecté", "aangesloten"}},
     {Word::AdapterAbsent, {"nicht angeschlossen", "not connected", "non connecté", "niet aangesloten"}},
-    {Word::SerialPort, {"Anschluss", "Port", "Port", "Poort"}},
-    {Word::RadioChannel, {"Funkkanal", "Radio channel", "Canal radio", "Radiokanaal"}},
-    {Word::LanguageName, {"Sprache", "Language", "Langue", "Taal"}},
+    {Word::Adapter, {"Funkadapter", "Wireless adapter", "Adaptateur radio", "Radioadapter"}},
     {Word::KeyBar, {"Symbolleiste", "Toolbar", "Barre d'outils", "Werkbalk"}},
+    {Word::Locks, {"Schlösser", "Locks", "Serrures", "Sloten"}},
+    {Word::LockList, {"Schlossliste", "List of locks", "Liste des serrures", "Lijst van sloten"}},
+    {Word::Progress, {"Fortschritt", "Progress", "Progression", "Voortgang"}},
+    {Word::Activity, {"Datenaustausch", "Data exchange", "Échange de données", "Gegevensuitwisseling"}},
+    {Word::ChannelSearch, {"Kanalsuche", "Channel search", "Recherche du canal", "Kanaal zoeken"}},
+    {Word::ChannelPending, {"noch umzustellen", "still to be changed", "à modifier", "nog te wijzigen"}},
+    {Word::ChannelSettled, {"eingestellt", "set", "réglé", "ingesteld"}},
+    {Word::PreviousMonth, {"Vorheriger Monat", "Previous month", "Mois précédent", "Vorige maand"}},
+    {Word::NextMonth, {"Nächster Monat", "Next month", "Mois suivant", "Volgende maand"}},
+    {Word::Month, {"Monat", "Month", "Mois", "Maand"}},
+    {Word::Year, {"Jahr", "Year", "Année", "Jaar"}},
+    {Word::Days, {"Tage", "Days", "Jours", "Dagen"}},
+    {Word::Hours, {"Stunden", "Hours", "Heures", "Uren"}},
+    {Word::Minutes, {"Minuten", "Minutes", "Minutes", "Minuten"}},
 }};
 
 } // namespace

@@ -13,16 +13,28 @@ enum class Word {
     LightRed, ///< the link light in words
     LightYellow,
     LightGreen,
-    Version,
     Cipher,
     DataDirectory,
     Libraries,
     AdapterPresent,
     AdapterAbsent,
-    SerialPort,
-    RadioChannel,
-    LanguageName,
-    KeyBar, ///< what a screen reader calls the tool bar
+    Adapter,
+    // What a screen reader says of a control that bears no text.
+    KeyBar,
+    Locks,          ///< the grid of the locks
+    LockList,       ///< the grid of a list run
+    Progress,       ///< of a run, telegram by telegram
+    Activity,       ///< the bar that shows that a run is alive
+    ChannelSearch,  ///< the bar of the wait box
+    ChannelPending, ///< behind the heading of the channel column
+    ChannelSettled,
+    PreviousMonth,
+    NextMonth,
+    Month,
+    Year,
+    Days,
+    Hours,
+    Minutes,
 };
 
 /// `language`: as the configuration names it; German for any other.

@@ -92,8 +92,9 @@ TEST_F(F13_Window, marks_and_says_what_can_be_clicked) {
     EXPECT_FALSE(model.index(5, F13Column::Program).data(Qt::DecorationRole).isValid());
     EXPECT_FALSE(model.index(0, F13Column::Code).data(Qt::DecorationRole).isValid());
     EXPECT_EQ(model.index(0, F13Column::Status).data(Qt::AccessibleTextRole).toString(),
-              QStringLiteral("Funkkanal OK"));
-    EXPECT_EQ(model.index(1, F13Column::Status).data(Qt::AccessibleTextRole).toString(), QStringLiteral("Funkkanal !"));
+              QStringLiteral("Funkkanal eingestellt"));
+    EXPECT_EQ(model.index(1, F13Column::Status).data(Qt::AccessibleTextRole).toString(),
+              QStringLiteral("Funkkanal noch umzustellen"));
 }
 
 TEST_F(F13_Window, lights_the_cell_under_the_mouse_and_puts_it_out_again) {

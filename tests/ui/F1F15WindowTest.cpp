@@ -85,7 +85,9 @@ TEST_F(F15_Window, offers_the_four_languages_with_the_one_in_use_selected) {
     const auto* list = windows->f15.findChild<QListWidget*>(QStringLiteral("F15.Sprachen"));
     ASSERT_EQ(list->count(), 4);
     EXPECT_EQ(list->item(0)->text(), QStringLiteral("Deutsch"));
+    EXPECT_EQ(list->item(2)->text(), QString::fromUtf8("Français"));
     EXPECT_EQ(list->item(3)->text(), QStringLiteral("Nederlands"));
+    EXPECT_EQ(list->accessibleName(), QStringLiteral("Langue"));
     EXPECT_EQ(list->currentRow(), 2);
 }
 

@@ -11,6 +11,7 @@
 #include <QListWidget>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTest>
 
 namespace qvm::test {
@@ -116,6 +117,18 @@ TEST_F(F91_Window, names_its_controls_and_is_walked_with_tab) {
     EXPECT_EQ(tabOrder(window.get()), (QStringList{QStringLiteral("F91.FGK91"), QStringLiteral("F91.Command2"),
                                                    QStringLiteral("F91.Command1")}));
     EXPECT_EQ(unnamedControls(window.get()), QStringList());
+}
+
+TEST_F(F91_Window, shows_the_longest_state_of_a_row_whole) {
+    Open();
+    window->resize(window->sizeHint());
+    programm->F91.FGK91.SetText(39, F91Column::StateText,
+                                programm->kern.Zeile(70) + "  /  " + programm->kern.Zeile(66));
+    Settle();
+    const QString text = grid->gridModel().index(38, F91Column::StateText).data().toString();
+    EXPECT_EQ(text, QString::fromUtf8("Bitte überprüfen Sie den Code!  /  Verbindung fehlgeschlagen!"));
+    EXPECT_GE(grid->columnWidth(F91Column::StateText), grid->fontMetrics().horizontalAdvance(text) + 12);
+    EXPECT_EQ(grid->horizontalScrollBar()->maximum(), 0);
 }
 
 struct F91_Sprachen : F91_Window, ::testing::WithParamInterface<std::string_view> {};

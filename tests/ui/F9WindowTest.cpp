@@ -95,6 +95,12 @@ TEST_F(F9_Window, names_its_controls_and_is_walked_with_tab) {
     EXPECT_EQ(unnamedControls(window.get()), QStringList());
 }
 
+TEST_F(F9_Window, says_what_its_bars_show_in_the_language_in_use) {
+    Open("Francais");
+    EXPECT_EQ(Find<QProgressBar>("F9.Balken1")->accessibleName(), QStringLiteral("Progression"));
+    EXPECT_EQ(Find<QProgressBar>("F9.Balken2")->accessibleName(), QString::fromUtf8("Échange de données"));
+}
+
 struct F9_Sprachen : F9_Window, ::testing::WithParamInterface<std::string_view> {
     std::unique_ptr<ui::F18Window> wait;
 };

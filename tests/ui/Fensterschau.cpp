@@ -43,13 +43,6 @@ Fensterschau::Fensterschau(VirtualPlatform& world, std::string_view language) : 
     Programm_Start(*programm_, true);
     boxes_.setWords(programm_->kern);
     programm_->F1.CipherText = "AES-128 (OpenSSL 3)";
-    for (const char* port : {"1", "2"}) {
-        AdapterSatz adapter;
-        adapter.Name = std::string("PROGSTATION-") + port;
-        adapter.Adresse = std::string("/46/108/1/") + (*port == '1' ? "2" : "3");
-        adapter.Port = port;
-        programm_->Adapter.Saetze.push_back(adapter);
-    }
     windows_ = std::make_unique<ui::Oberflaeche>(*programm_);
 }
 
@@ -77,7 +70,8 @@ void Fensterschau::mainWindow() {
     f2.F2_Laden();
     f2.Timer2.Stop();
     f2.Label1.ForeColor = Lampe::Rot;
-    f2.Meldezeile.Text = programm_->kern.Zeile(91);
+    // The longest of the reasons.
+    f2.Meldezeile.Text = PortFault_Text(programm_->kern, {PortFault::Kind::NoRight, "/dev/ttyUSB15", "dialout"});
     take(windows_->f2, "F2-red");
     f2.Label1.ForeColor = Lampe::Gelb;
     f2.Meldezeile.Text = std::string();
@@ -109,17 +103,40 @@ void Fensterschau::settings() {
     programm_->F15.Cancel_Click();
     programm_->F6.F6_Laden();
     take(windows_->f6, "F6");
+    programm_->F6.FGK6.SetText(1, F6Column::Address, "/46/108/1/2");
+    programm_->F6.FGK6.SetText(1, F6Column::Name, "PROGSTATION-1");
+    programm_->F6.FGK6_Click(1, F6Column::Name);
+    take(windows_->f6, "F6-editor");
+    programm_->F6.Text3_KeyPress(Key::Escape);
+    programm_->F6.Check1_Click(false);
+    windows_->f6.setWords();
+    take(windows_->f6, "F6-manual");
+    programm_->F6.Check1_Click(true);
+    windows_->f6.setWords();
     programm_->F6.Fenster.Visible = false;
     programm_->F14.F14_Laden();
     take(windows_->f14, "F14");
     programm_->F14.Fenster.Visible = false;
 }
 
+void Fensterschau::adapters() {
+    programm_->Adapter.Saetze.clear();
+    for (const char* port : {"1", "2"}) {
+        AdapterSatz adapter;
+        adapter.Name = std::string("PROGSTATION-") + port;
+        adapter.Adresse = std::string("/46/108/1/") + (*port == '1' ? "2" : "3");
+        adapter.Port = port;
+        programm_->Adapter.Saetze.push_back(adapter);
+    }
+}
+
 void Fensterschau::locks() {
+    adapters();
     programm_->F13.F13_FormLaden();
     programm_->F13.Timer1.Stop();
     programm_->F13.Timer2.Stop();
-    programm_->F13.FGK13.SetText(Lock, F13Column::Mark, "X");
+    programm_->F13.FGK13.SetText(Lock, F13Column::AdapterId, "/46/108/1/2");
+    programm_->F13.FGK13_Click(Lock, F13Column::Mark);
     take(windows_->f13, "F13");
     programm_->Lauf.link.Lauf.ReadHistoryFirst = 1;
     programm_->Lauf.LockName = programm_->F13.FGK13.Text(Lock, F13Column::Name);

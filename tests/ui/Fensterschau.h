@@ -27,6 +27,7 @@ private:
     void mainWindow();
     void menus();
     void settings();
+    void adapters();
     void locks();
     void progress();
     void list();

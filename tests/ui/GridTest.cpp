@@ -5,10 +5,13 @@
 #include "UiFixture.h"
 
 #include <QAbstractItemModelTester>
+#include <QAccessible>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolTip>
 
 namespace qvm::test {
 namespace {
@@ -271,6 +274,48 @@ TEST_F(GridView_Test, makes_room_for_a_long_heading_but_not_for_every_long_text)
     EXPECT_GE(view.columnWidth(3),
               view.horizontalHeader()->fontMetrics().horizontalAdvance("Ein ziemlich langer Spaltenkopf"));
     EXPECT_LE(view.columnWidth(4), view.columnWidth(5) * 3);
+}
+
+TEST_F(GridView_Test, widens_its_stretched_column_for_a_longer_text_that_comes_later) {
+    std::vector<int> twips(16, 0);
+    twips[0] = 650;
+    twips[9] = 6000;
+    view.setColumns(twips, 9);
+    UiFixture::Settle();
+    const std::string text(60, 'm');
+    ASSERT_LT(view.columnWidth(9), view.fontMetrics().horizontalAdvance(QString(60, 'm')));
+    grid.SetText(177, 9, text);
+    UiFixture::Settle();
+    EXPECT_GE(view.columnWidth(9), view.fontMetrics().horizontalAdvance(QString(60, 'm')));
+    grid.SetText(178, 9, std::string(2000, 'm'));
+    UiFixture::Settle();
+    EXPECT_LT(view.columnWidth(9), view.fontMetrics().horizontalAdvance(QString(100, 'm')));
+}
+
+TEST_F(GridView_Test, shows_a_text_that_is_cut_whole_in_the_tool_tip) {
+    grid.SetText(3, 3, std::string(200, 'm'));
+    UiFixture::Settle();
+    const auto tipAt = [this](int row, int column) {
+        QToolTip::hideText();
+        const QPoint at = view.viewport()->mapFrom(&view, view.cellRect(row, column).center());
+        QHelpEvent help(QEvent::ToolTip, at, view.viewport()->mapToGlobal(at));
+        QApplication::sendEvent(view.viewport(), &help);
+        return QToolTip::text();
+    };
+    EXPECT_EQ(tipAt(4, 3), QString());
+    EXPECT_EQ(tipAt(3, 3), QString(200, 'm'));
+}
+
+TEST_F(GridView_Test, is_one_table_to_a_screen_reader) {
+    QAccessibleInterface* heard = QAccessible::queryAccessibleInterface(&view);
+    ASSERT_NE(heard, nullptr);
+    EXPECT_EQ(heard->role(), QAccessible::Table);
+    EXPECT_FALSE(heard->state().invisible);
+    QAccessibleInterface* unheard = QAccessible::queryAccessibleInterface(frozen());
+    ASSERT_NE(unheard, nullptr);
+    EXPECT_TRUE(unheard->state().invisible);
+    EXPECT_EQ(unheard->childCount(), 0);
+    EXPECT_EQ(unheard->tableInterface(), nullptr);
 }
 
 TEST_F(GridView_Test, follows_the_grids_enabled_and_visible) {

@@ -11,6 +11,7 @@
 #include <QMenu>
 #include <QScreen>
 #include <QTest>
+#include <QToolButton>
 
 #include <cmath>
 
@@ -76,6 +77,17 @@ TEST(Theme, texts_stay_legible_on_every_ground_in_both_palettes) {
             }
         }
     }
+}
+
+TEST(Theme, a_grey_mark_can_be_told_from_the_button_that_it_stands_on_in_both_palettes) {
+    constexpr Colour Grey = 0x808080;
+    for (const QPalette& palette : {LightPalette(), DarkPalette()}) {
+        for (const Colour ground : {F13::ActionColour, F13::HoverColour}) {
+            EXPECT_GE(Contrast(ui::cellBackground(ground, false, palette), ui::cellForeground(Grey, ground, palette)),
+                      3.0);
+        }
+    }
+    EXPECT_EQ(ui::cellForeground(Grey, F13::ActionColour, LightPalette()), QColor(128, 128, 128));
 }
 
 TEST(Theme, has_a_drawing_for_every_key_and_picture) {
@@ -201,6 +213,49 @@ TEST(MonthView, begins_weeks_on_monday_in_the_programs_language) {
     EXPECT_EQ(month.firstDayOfWeek(), Qt::Monday);
     month.setLanguage("?");
     EXPECT_EQ(month.locale().language(), QLocale::German);
+}
+
+TEST(MonthView, says_of_every_part_what_it_is_in_the_language_in_use) {
+    ui::MonthView month(QStringLiteral("F11.MonthView"));
+    const auto part = [&month](const char* name) { return month.findChild<QWidget*>(QString::fromLatin1(name)); };
+    month.setLanguage("Deutsch");
+    EXPECT_EQ(part("qt_calendar_prevmonth")->toolTip(), QStringLiteral("Vorheriger Monat"));
+    EXPECT_EQ(part("qt_calendar_nextmonth")->accessibleName(), QString::fromUtf8("Nächster Monat"));
+    EXPECT_EQ(part("qt_calendar_yearbutton")->accessibleName(), QStringLiteral("Jahr"));
+    month.setLanguage("English");
+    EXPECT_EQ(part("qt_calendar_prevmonth")->accessibleName(), QStringLiteral("Previous month"));
+    EXPECT_EQ(part("qt_calendar_monthbutton")->toolTip(), QStringLiteral("Month"));
+    EXPECT_EQ(part("qt_calendar_calendarview")->accessibleName(), QStringLiteral("Days"));
+}
+
+/// The colour of the darkest or brightest ink of an icon.
+QColor InkOf(const QIcon& icon) {
+    const QImage drawn = icon.pixmap(QSize(32, 32)).toImage();
+    for (int y = 0; y < drawn.height(); ++y) {
+        for (int x = 0; x < drawn.width(); ++x) {
+            if (drawn.pixelColor(x, y).alpha() == 255) {
+                return drawn.pixelColor(x, y);
+            }
+        }
+    }
+    return {};
+}
+
+TEST(MonthView, draws_its_arrows_as_legible_as_the_words_between_them) {
+    const QPalette before = QApplication::palette();
+    ui::MonthView month(QStringLiteral("F11.MonthView"));
+    QPalette palette = before;
+    palette.setColor(QPalette::Highlight, QColor(20, 60, 140));
+    palette.setColor(QPalette::HighlightedText, QColor(250, 250, 250));
+    QApplication::setPalette(palette);
+    UiFixture::Settle();
+    for (const char* name : {"qt_calendar_prevmonth", "qt_calendar_nextmonth"}) {
+        EXPECT_EQ(InkOf(month.findChild<QToolButton*>(QString::fromLatin1(name))->icon()), QColor(250, 250, 250));
+    }
+    const QColor words =
+        month.findChild<QToolButton*>(QStringLiteral("qt_calendar_monthbutton"))->palette().color(QPalette::ButtonText);
+    QApplication::setPalette(before);
+    EXPECT_EQ(words, QColor(250, 250, 250));
 }
 
 TEST(MonthView, holds_a_day_and_its_limit) {

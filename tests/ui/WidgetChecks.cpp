@@ -1,5 +1,7 @@
 #include "WidgetChecks.h"
 
+#include "GridDelegate.h"
+
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QAction>
@@ -9,7 +11,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QProgressBar>
 #include <QRadioButton>
+#include <QSpinBox>
 #include <QTableView>
 #include <QTest>
 #include <QToolBar>
@@ -47,7 +51,7 @@ void checkHeader(const QTableView& view, QStringList& found) {
     for (int column = 0; column < header.count(); ++column) {
         const QString text = view.model()->headerData(column, Qt::Horizontal).toString();
         if (!header.isSectionHidden(column) &&
-            header.fontMetrics().horizontalAdvance(text) + 4 > header.sectionSize(column)) {
+            header.fontMetrics().horizontalAdvance(text) + 2 * ui::CellMargin > header.sectionSize(column)) {
             found += sentence(&view, text);
         }
     }
@@ -56,8 +60,8 @@ void checkHeader(const QTableView& view, QStringList& found) {
 bool isControl(const QWidget* widget) {
     return qobject_cast<const QAbstractButton*>(widget) != nullptr ||
            qobject_cast<const QComboBox*>(widget) != nullptr || qobject_cast<const QLineEdit*>(widget) != nullptr ||
-           qobject_cast<const QPlainTextEdit*>(widget) != nullptr ||
-           qobject_cast<const QAbstractItemView*>(widget) != nullptr;
+           qobject_cast<const QPlainTextEdit*>(widget) != nullptr || qobject_cast<const QSpinBox*>(widget) != nullptr ||
+           qobject_cast<const QLabel*>(widget) != nullptr || qobject_cast<const QAbstractItemView*>(widget) != nullptr;
 }
 
 /// Tab goes to the chosen one of a group, the arrow keys to the others.
@@ -66,17 +70,31 @@ bool reachedByArrows(const QWidget* widget) {
     return option != nullptr && !option->isChecked();
 }
 
+/// Qt's own names: parts of compound controls, which are controls of their own in a month view only.
+bool isPart(const QWidget* widget) {
+    return widget->objectName().startsWith(QLatin1String("qt_")) &&
+           !widget->objectName().startsWith(QLatin1String("qt_calendar_"));
+}
+
 /// Those that belong to another control, as the list of a combo box does, have no name of ours.
 QList<QWidget*> visibleControls(QWidget* window) {
     QList<QWidget*> found;
     for (QWidget* widget : window->findChildren<QWidget*>()) {
-        if (widget->isVisible() && widget->window() == window && isControl(widget) &&
-            !widget->objectName().startsWith(QLatin1String("qt_")) && widget->focusPolicy() != Qt::NoFocus &&
+        if (widget->isVisible() && widget->window() == window && isControl(widget) && !isPart(widget) &&
+            (widget->focusPolicy() & Qt::TabFocus) != 0 &&
             qobject_cast<QComboBox*>(widget->parentWidget()) == nullptr) {
             found += widget;
         }
     }
     return found;
+}
+
+/// A label is heard by its text.
+bool isNameless(const QWidget& widget) {
+    const auto* label = qobject_cast<const QLabel*>(&widget);
+    const QString name =
+        label != nullptr && widget.accessibleName().isEmpty() ? label->text() : widget.accessibleName();
+    return name.isEmpty() || name == widget.objectName() || name.contains(QLatin1String("7702"));
 }
 
 } // namespace
@@ -133,9 +151,13 @@ QStringList unnamedControls(QWidget* window) {
     for (const QWidget* widget : visibleControls(window)) {
         const auto* button = qobject_cast<const QAbstractButton*>(widget);
         const bool iconOnly = button != nullptr && button->text().isEmpty() && !button->icon().isNull();
-        if (widget->objectName().isEmpty() || widget->accessibleName().isEmpty() ||
-            (iconOnly && widget->toolTip().isEmpty())) {
+        if (widget->objectName().isEmpty() || isNameless(*widget) || (iconOnly && widget->toolTip().isEmpty())) {
             found += sentence(widget, QString::fromLatin1(widget->metaObject()->className()));
+        }
+    }
+    for (const QProgressBar* bar : window->findChildren<QProgressBar*>()) {
+        if (isNameless(*bar)) {
+            found += sentence(bar, QStringLiteral("QProgressBar"));
         }
     }
     return found;

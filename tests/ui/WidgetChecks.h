@@ -18,7 +18,8 @@ QStringList tabOrder(QWidget* window);
 /// Visible, enabled controls that Tab should reach: object names. Of a group of options only the chosen one.
 QStringList controlsOf(QWidget* window);
 
-/// Visible controls without an accessible name, or with an icon and no text and no tool tip.
+/// Visible controls and progress bars whose accessible name is empty, the object name or the program's, and such with
+/// an icon but neither text nor tool tip.
 QStringList unnamedControls(QWidget* window);
 
 /// Mnemonics that a menu or menu bar gives twice, and entries that have none.
