@@ -40,7 +40,8 @@ Reihenlauf::~Reihenlauf() {
 
 Answer Reihenlauf::Antworten(const Message& message) {
     if (message.Choice == Buttons::YesNoCancel) {
-        const bool delay = message.Text == program_.kern.Zeile(269);
+        // By their order: without a language file they have no words. A list of histories asks for the delay only.
+        const bool delay = order_.HistoryOnly || questions_++ > 0;
         return (delay ? at_.has_value() : order_.HistoryFirst) ? Answer::Yes : Answer::No;
     }
     if (message.Choice != Buttons::Ok) {
@@ -135,13 +136,14 @@ LockEnd Reihenlauf::Ende_Bestimmen(const std::string& mark, int row) const {
     if (silent_) {
         return LockEnd::Silent;
     }
-    if (text == kern.Zeile(82)) {
+    if (cancelling_ && text == kern.Zeile(82)) {
         return LockEnd::Cancelled;
     }
     if (program_.F91.Arbeit() == F91::Work::Direct) {
         return Ende_Aus_Bericht(program_);
     }
-    return text == kern.Zeile(276) ? LockEnd::Fault : text == kern.Zeile(277) ? LockEnd::Failed : LockEnd::NotReached;
+    const auto shows = [&](int line) { return !text.empty() && text == kern.Zeile(line); };
+    return shows(276) ? LockEnd::Fault : shows(277) ? LockEnd::Failed : LockEnd::NotReached;
 }
 
 std::string Reihenlauf::Grund(const LockResult& result, int row) const {
@@ -149,6 +151,9 @@ std::string Reihenlauf::Grund(const LockResult& result, int row) const {
         return {};
     }
     if (result.End == LockEnd::Silent) {
+        if (const std::string lost = program_.kern.Welt.Port.LastError(); !lost.empty()) {
+            return Anzeigetext(lost); // the port's own words, UTF-8
+        }
         return order_.TimeoutSeconds > 0 && program_.F91.Arbeit() == F91::Work::Direct
                    ? "no answer for " + std::to_string(order_.TimeoutSeconds) + " s"
                    : "no answer from the network adapter";
