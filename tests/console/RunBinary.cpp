@@ -81,7 +81,10 @@ Process::~Process() {
 }
 
 void Process::Signal(int number) const {
-    kill(id_, number);
+    // A negative number would mean every program there is.
+    if (id_ > 0) {
+        kill(id_, number);
+    }
 }
 
 RunResult Process::Wait(int seconds) {
@@ -101,9 +104,15 @@ RunResult Process::Wait(int seconds) {
 }
 
 bool Process::WaitFor(const std::string& what, int seconds) const {
+    return WaitUntil(
+        [&] { return OutSoFar().find(what) != std::string::npos || ErrSoFar().find(what) != std::string::npos; },
+        seconds);
+}
+
+bool WaitUntil(const std::function<bool()>& done, int seconds) {
     const auto limit = std::chrono::steady_clock::now() + std::chrono::seconds(seconds);
     while (std::chrono::steady_clock::now() < limit) {
-        if (OutSoFar().find(what) != std::string::npos || ErrSoFar().find(what) != std::string::npos) {
+        if (done()) {
             return true;
         }
         std::this_thread::sleep_for(std::chrono::milliseconds(5));

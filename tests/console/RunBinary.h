@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <sys/types.h>
 #include <vector>
@@ -55,6 +56,9 @@ private:
     TempDirectory files_;
     pid_t id_ = -1;
 };
+
+/// Looks every few milliseconds whether `done` is true. False after `seconds`.
+bool WaitUntil(const std::function<bool()>& done, int seconds = 20);
 
 /// The console companion under test.
 std::string QvmctlPath();

@@ -28,7 +28,7 @@ constexpr const char* Installation = R"({"format":"qvm7702-export","version":1,"
 "LockEmiRecord":[{"record":1,"Emi":"X"},{"record":2,"Emi":"Y"}]},
 "lines":{"EST7CSB29A.I_1":["English","1","USB-Port1","5"],"CHEUSB25C.I_2":["RESET"]}})";
 
-constexpr const char* World = R"({"adapter":{"name":"PROGSTATION-1"},"locks":[
+constexpr const char* Devices = R"({"adapter":{"name":"PROGSTATION-1"},"locks":[
 {"label":"Tor","serial":"00.0A.10.01","admin_code":"104212","channel":5,"history":[
  {"day":7,"month":3,"year":20,"hour":9,"minute":5,"name":"Zo\u00eb","event":18},
  {"day":6,"month":3,"year":20,"hour":23,"minute":59,"name":"Bert","event":1},
@@ -48,7 +48,24 @@ VirtualLocks::VirtualLocks() {
 }
 
 void VirtualLocks::Start(const std::vector<std::string>& options) {
-    const std::string world = Directory.Write("world.json", World);
+    StartWorld(World(), options);
+}
+
+nlohmann::json VirtualLocks::World() {
+    return nlohmann::json::parse(Devices);
+}
+
+void VirtualLocks::Restart(const std::vector<std::string>& options) {
+    if (simulator_->Id() > 0) {
+        Stop();
+    }
+    nlohmann::json world = State();
+    world.erase("faults");
+    StartWorld(world, options);
+}
+
+void VirtualLocks::StartWorld(const nlohmann::json& json, const std::vector<std::string>& options) {
+    const std::string world = Directory.Write("world.json", json.dump());
     std::vector<std::string> arguments{
         "--world", world, "--state", Directory.Path() + "state.json", "--link", Directory.Path() + "com1"};
     arguments.insert(arguments.end(), options.begin(), options.end());

@@ -25,11 +25,18 @@ public:
 
     /// `options`: of the virtual system, as --fault or --pace.
     void Start(const std::vector<std::string>& options = {});
+    /// The same with other devices than those above, as JSON.
+    void StartWorld(const nlohmann::json& world, const std::vector<std::string>& options = {});
+    static nlohmann::json World();
+    /// The same with the devices as the last virtual system left them, which has ended or is ended now.
+    void Restart(const std::vector<std::string>& options = {});
     /// Ends the virtual system. What it found wrong with the telegrams, empty when nothing.
     std::string Stop();
     /// What the locks hold, after Stop.
     nlohmann::json State() const;
     nlohmann::json Lock(const std::string& serial) const;
+    /// The virtual system itself; its trace, when it was started with --trace, is on standard error.
+    const Process& Simulator() const { return *simulator_; }
 
     /// The console companion on the directory, with the code on standard input.
     RunResult Run(const std::vector<std::string>& arguments);
