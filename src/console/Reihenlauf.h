@@ -57,6 +57,7 @@ private:
     int telegrams_ = 0;
     int telegramsBefore_ = 0;
     int interrupts_ = 0;
+    int questions_ = 0; ///< how many were answered
     bool cancelling_ = false;
     bool silent_ = false;
     std::int64_t cancelSince_ = 0;

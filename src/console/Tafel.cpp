@@ -52,10 +52,10 @@ void Tafel::Setzen(std::size_t row, const std::string& text) {
     if (row >= rows_.size()) {
         return;
     }
-    current_ = row;
     if (rows_[row] == text) {
         return;
     }
+    current_ = row;
     rows_[row] = text;
     if (console_.Terminal) {
         Zeichnen();

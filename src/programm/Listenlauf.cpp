@@ -37,9 +37,19 @@ void Programm::Liste_Verbinden() {
 
 void Programm::Liste_Ansicht_Verbinden() {
     Lauf.Liste = ListView{
-        .Zeile_Markieren = [this](const std::string& mark,
-                                  const std::string& text) { F91.Zeile_Markieren(mark, text); },
-        .Naechste_Zeile = [this] { F91.Naechste_Zeile(StepPrgNextDataset); },
+        // What comes late over the serial route is no news of a row that a network adapter has.
+        .Zeile_Markieren =
+            [this](const std::string& mark, const std::string& text) {
+                if (F91.Arbeit() != F91::Work::Network) {
+                    F91.Zeile_Markieren(mark, text);
+                }
+            },
+        .Naechste_Zeile =
+            [this] {
+                if (F91.Arbeit() != F91::Work::Network) {
+                    F91.Naechste_Zeile(StepPrgNextDataset);
+                }
+            },
         .Stoppen = [this] { F91.Stoppen(); },
     };
     Netz.Ansicht = NetView{

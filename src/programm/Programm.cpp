@@ -23,7 +23,12 @@ Programm::Programm(Platform& world, const std::string& directory)
 void Programm::Ansicht_Verbinden() {
     Lauf.Ansicht = RunView{
         .Fortschritt = [this] { F9.Fortschritt(); },
-        .F9_Zeigen = [this] { F9.F9_Zeigen(); },
+        .F9_Zeigen =
+            [this] {
+                F9.F9_Zeigen();
+                // The wait box may have been left before a channel answered: the run that goes on is not to be closed.
+                F9.Command2.Enabled = Lauf.Gesamtende || Lauf.Cancelled || link.Lauf.AbbruchWunsch != 0;
+            },
         .Status = [this](int line) { F9.Status_Zeigen(line); },
         .Fertig =
             [this](int line) {
@@ -118,6 +123,7 @@ StartResult Programm_Start(Programm& programm, bool claimInstance) {
     if (!kern.Welt.Files.MakeDirectory(kern.AppPath + "DAT") || !kern.Welt.Files.MakeDirectory(kern.AppPath + "HIST")) {
         return StartResult::NoDirectory;
     }
+    Sendelog_Entfernen(kern);
     Konfiguration_Laden(kern);
     programm.link.PortNummer = kern.Config.PortNummer;
     Sprache_Defaults(kern.Sprache);

@@ -57,6 +57,8 @@ bool Zeile_Fehlgeschlagen(Programmierlauf& run, RunOutcome outcome, std::string_
     if (run.link.Lauf.RunRows == 0) {
         return false;
     }
+    // The next row may be another lock: nothing of this one may still go out.
+    Timer_Anhalten(run);
     Lauf_Beenden(run, outcome, text);
     if (run.Liste.Zeile_Markieren) {
         run.Liste.Zeile_Markieren("#", std::string(text));
@@ -95,7 +97,7 @@ void Schloss_Fertig(Programmierlauf& run) {
     if (lauf.HistoryLost) {
         run.kern.Meldung(run.kern.Zeile(277), Buttons::Ok, Icon::Exclamation);
     }
-    if (lauf.HistoryOnly != 0 && lauf.HistoryFileOpen != 0 && run.Ansicht.Historie_Oeffnen) {
+    if (!run.Cancelled && lauf.HistoryOnly != 0 && lauf.HistoryFileOpen != 0 && run.Ansicht.Historie_Oeffnen) {
         run.Ansicht.Historie_Oeffnen(lauf.HistoryFileName);
     }
 }

@@ -49,11 +49,14 @@ bool Bereit(const Link& link) {
     return true;
 }
 
+std::string Sendelog_Pfad(const Kern& kern) {
+    return kern.HistPfad() + "H_20100701_192030_LOCK.txt";
+}
+
 /// The record of what goes out. It lives as long as the transmit step and is never read back.
 class Sendelog {
 public:
-    explicit Sendelog(const Kern& kern)
-        : files_(kern.Welt.Files), path_(kern.HistPfad() + "H_20100701_192030_LOCK.txt") {}
+    explicit Sendelog(const Kern& kern) : files_(kern.Welt.Files), path_(Sendelog_Pfad(kern)) {}
     ~Sendelog() { files_.Remove(path_); }
     Sendelog(const Sendelog&) = delete;
     Sendelog& operator=(const Sendelog&) = delete;
@@ -104,7 +107,8 @@ Sendung Sendung_Bilden(const Link& link, int length) {
     return out;
 }
 
-/// The line's own pace leaves the adapter the time that it needs between two groups.
+/// Two writes, and no pause between groups: 3000 turns of an empty loop, the pause that there once was, are
+/// microseconds.
 void Schreiben(Netzlauf& run, const Sendung& out) {
     const std::span<const std::uint8_t> wire = out.Wire;
     run.Begun = true;
@@ -144,6 +148,10 @@ SendEnd Versuche(Netzlauf& run, const Sendung& out, bool wait, int timeoutMs, in
 }
 
 } // namespace
+
+void Sendelog_Entfernen(const Kern& kern) {
+    kern.Welt.Files.Remove(Sendelog_Pfad(kern));
+}
 
 bool Net_Telegramm_Senden(Netzlauf& run, int length, bool wait, int timeoutMs, int tries) {
     if (run.Sending || length < NetzPayload || length >= BufferSize) {

@@ -138,6 +138,8 @@ bool Net_Historie_Anfordern(Netzlauf& run, std::uint8_t code);
 /// reply for `timeoutMs` (at least 4000) when `wait` is set. Keeps a log in HIST while it runs, and deletes it. The
 /// reply handler follows 10 ms after a reply. False when the port could not be opened.
 bool Net_Telegramm_Senden(Netzlauf& run, int length, bool wait, int timeoutMs, int tries);
+/// Removes the record of a telegram, with an administrator code in it, that a killed program left behind.
+void Sendelog_Entfernen(const Kern& kern);
 
 /// Decodes a history block, the bytes of a reply from index 32 on: the checksum behind each 128 is left out, the carry
 /// of the block before comes first. `counter` 1 opens a new file with the first record, and becomes 2. A record that

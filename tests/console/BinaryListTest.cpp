@@ -3,6 +3,7 @@
 #include "VirtualLocks.h"
 
 #include <csignal>
+#include <filesystem>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sstream>
@@ -65,6 +66,21 @@ TEST_F(BinaryList, one_document_a_lock_and_the_list_goes_on_behind_a_failure) {
     EXPECT_EQ(locks[2]["telegrams"], 13); // the channel that it should be on, then all twelve
 }
 
+TEST_F(BinaryList, without_a_language_file_reads_the_history_that_was_asked_for) {
+    Locks.Start();
+    for (const auto& file : std::filesystem::directory_iterator(Locks.Directory.Path())) {
+        if (file.path().filename().string().starts_with("QVM_")) {
+            std::filesystem::remove(file.path());
+        }
+    }
+    const RunResult result = Locks.Run({"--json", "run", "1", "2", "--history", "--since", "01.01.2020"});
+    EXPECT_EQ(result.Code, 0) << result.Err;
+    const std::vector<Json> locks = Documents(result.Out);
+    ASSERT_EQ(locks.size(), 2U);
+    EXPECT_EQ(locks[0]["result"], "done");
+    EXPECT_EQ(locks[0]["events"].size(), 3U);
+}
+
 TEST_F(BinaryList, reads_histories_only) {
     Locks.Start();
     const RunResult result = Locks.Run({"--json", "run", "1", "2", "--history-only", "--since", "01.01.2020"});
@@ -110,7 +126,7 @@ TEST_F(BinaryList, a_silent_lock_is_given_up_and_the_next_one_is_programmed) {
     EXPECT_EQ(locks[1]["result"], "done");
 }
 
-TEST_F(BinaryList, begins_at_the_time_that_was_given) {
+TEST_F(BinaryList, a_time_that_has_passed_begins_at_once) {
     Locks.Start();
     const RunResult result = Locks.Run({"run", "2", "--at", "01.01.2020 00:00"});
     EXPECT_EQ(result.Code, 0) << result.Err;

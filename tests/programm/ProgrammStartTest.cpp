@@ -75,6 +75,15 @@ TEST_F(Programm_Start, in_an_empty_directory_makes_both_data_directories_and_no_
     EXPECT_THAT(world.Shown, IsEmpty());
 }
 
+TEST_F(Programm_Start, removes_the_record_of_a_telegram_that_a_killed_program_left) {
+    world.Disk.Files["/q/HIST/H_20100701_192030_LOCK.txt"] = "18\r\n";
+    world.Disk.Files["/q/HIST/H_20260305_101500_Tor.HST"] = "00.0A.10.01\r\n";
+    Programm programm(world.World, "/q");
+    EXPECT_EQ(qvm::Programm_Start(programm, true), StartResult::Started);
+    EXPECT_FALSE(Has("/q/HIST/H_20100701_192030_LOCK.txt"));
+    EXPECT_TRUE(Has("/q/HIST/H_20260305_101500_Tor.HST"));
+}
+
 TEST_F(Programm_Start, sets_the_defaults) {
     Programm programm(world.World, "/q");
     programm.kern.Globals.UserRows = 7;
@@ -217,13 +226,13 @@ TEST_F(Programm_Start, starts_whatever_file_cannot_be_read_or_written_and_loses_
         other.Disk.Operations = 0;
         other.Disk.FailAt = failing;
         other.Disk.FailFromThere = true;
-        if (failing > 9) {
+        if (failing > 10) {
             other.Answers.push_back({.Text = " / Stp_02"}); // read, read, written, removed
         }
         Programm programm(other.World, "/q");
         EXPECT_EQ(qvm::Programm_Start(programm, true), StartResult::Started) << failing;
         const bool old = other.Disk.Files.contains("/q/DAT/BX08HAZJNT9.UBW");
-        EXPECT_EQ(old, failing <= 9) << failing;
+        EXPECT_EQ(old, failing <= 10) << failing;
         EXPECT_TRUE(old || other.Disk.Files.contains("/q/DAT/BX10X52WUJ9.UBW")) << failing;
     }
 }

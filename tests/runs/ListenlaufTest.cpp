@@ -412,6 +412,57 @@ TEST_F(List_Run, history_first_through_the_network_adapter_keeps_the_row) {
     EXPECT_THAT(codes, ElementsAre(0x0A, 0x14, 0x1E, 0x0A, 0x14, 0x1E));
 }
 
+struct List_Run_With_Files_That_Change : List_Run {
+    List_Run_With_Files_That_Change() {
+        NetAdapter = [this](const Bytes&) {
+            // A finger without a template, put in while the adapter fetches the history.
+            files.User(1, {.Name = "Bert", .FingerFlag = "FS", .FingerId = "7", .Marks = {{1, 'F'}}});
+            NetReply(0x0B);
+            NetReply(0x0D, 1, {}, 3000);
+        };
+    }
+};
+
+TEST_F(List_Run_With_Files_That_Change, a_last_network_row_that_turns_bad_behind_its_history_ends_the_list) {
+    BeginList({1});
+    Prog({1}, Answer::Yes);
+    ASSERT_TRUE(FinishList());
+    EXPECT_EQ(RowAt(1).first, "-");
+    EXPECT_EQ(NetFrames.size(), 1U);
+    Expect_Ended(265);
+}
+
+TEST_F(List_Run_With_Files_That_Change, stop_behind_a_network_row_that_turned_bad_leaves_the_next_row_as_it_was) {
+    BeginList({1});
+    Prog({1, 2}, Answer::Yes);
+    world.RunUntil([this] { return RowAt(1).first == "-"; });
+    EXPECT_EQ(programm->F91.Arbeit(), F91::Work::None);
+    programm->F91.Command2_Click();
+    EXPECT_EQ(RowAt(2), Row("*", "L259"));
+    Expect_Ended(82);
+}
+
+TEST_F(List_Run, a_serial_refusal_is_no_news_of_a_row_that_a_network_adapter_has) {
+    BeginList({1});
+    Prog({1, 2});
+    world.RunUntil([this] { return programm->F91.Arbeit() == F91::Work::Network; });
+    programm->link.Hooks.Karte_Abgelehnt();
+    programm->link.Hooks.Abgelehnt();
+    EXPECT_EQ(RowAt(1), Row("*", "L259"));
+    EXPECT_EQ(programm->link.Lauf.RunRow, 1);
+}
+
+TEST_F(List_Run, a_cancelled_list_of_histories_opens_none) {
+    devices.Locks[0].History = {Event(4, 1), Event(4, 1), Event(4, 1)};
+    BeginList();
+    SaveHistory({1, 2});
+    world.RunUntil([this] { return system->Codes().size() == 3; });
+    programm->F9.Command1_Click();
+    ASSERT_TRUE(FinishList());
+    ASSERT_TRUE(Finish());
+    EXPECT_THAT(OpenedHistories, IsEmpty());
+}
+
 TEST_F(List_Run, a_mute_network_adapter_stands_until_the_operator_stops_the_list) {
     BeginList({1});
     Prog({1, 2});

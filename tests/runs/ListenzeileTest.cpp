@@ -10,8 +10,8 @@ struct Run_List_Row : RunFixture {
     int NextRows = 0;
     int Stops = 0;
 
-    Run_List_Row() {
-        AddLock(1, "Tresor", Serial::S, " XXX ");
+    explicit Run_List_Row(std::string_view serial = Serial::S) {
+        AddLock(1, "Tresor", serial, " XXX ");
         files.Emi(1, 'Y');
     }
     /// Starts the run of lock 1 as the only row of a list.
@@ -37,6 +37,11 @@ struct Run_List_Row : RunFixture {
         EXPECT_THAT(Marks, ElementsAre(std::pair(mark, text)));
         EXPECT_EQ(NextRows, 1);
     }
+};
+
+struct Run_List_Row_Z : Run_List_Row {
+    Run_List_Row_Z() : Run_List_Row(Serial::Z) {}
+    void TestBody() override {}
 };
 
 TEST_F(Run_List_Row, a_programmed_lock_is_marked_and_the_next_row_follows) {
@@ -86,6 +91,22 @@ TEST_F(Run_List_Row, a_key_or_card_refusal_is_told_in_the_row) {
     Refuse(2, 0x6A);
     StartRow();
     Expect_Mark("#", "Karte nicht erkannt!");
+}
+
+TEST_F(Run_List_Row, behind_a_refusal_at_any_telegram_nothing_of_the_lock_goes_out) {
+    // A lock that is polled while it erases has the longest tail.
+    for (int telegram = 2; telegram <= 6; ++telegram) {
+        for (const int reason : {0x64, 0x65, 0x66, 0x67, 0x6A}) {
+            Run_List_Row_Z row;
+            row.Refuse(telegram, reason);
+            row.StartRow();
+            ASSERT_TRUE(row.Finish()) << telegram << " " << reason;
+            const std::size_t sent = row.system->Codes().size();
+            row.world.RunFor(30000);
+            EXPECT_EQ(row.system->Codes().size(), sent) << telegram << " " << reason;
+            EXPECT_EQ(row.NextRows, 1) << telegram << " " << reason;
+        }
+    }
 }
 
 TEST_F(Run_List_Row, a_busy_lock_fails_the_row) {

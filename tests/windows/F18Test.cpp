@@ -70,6 +70,14 @@ TEST_F(F18_Wartebox, its_button_closes_it_and_ends_the_search_at_the_next_reply)
     EXPECT_THAT(SentCodes(), ElementsAre(0x04, 0x04));
 }
 
+TEST_F(F18_Wartebox, left_before_a_channel_answers_gives_the_run_no_close_button) {
+    Box().Command1_Click();
+    EXPECT_TRUE(programm->F9.Command2.Enabled);
+    programm->link.Hooks.Kanal_Gesetzt();
+    EXPECT_FALSE(programm->Lauf.Gesamtende);
+    EXPECT_FALSE(programm->F9.Command2.Enabled);
+}
+
 TEST_F(F18_Wartebox, begins_at_100_again_for_the_next_search) {
     Refuse();
     Box().Command1_Click();

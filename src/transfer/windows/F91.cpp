@@ -149,7 +149,6 @@ void F91::Command2_Click() {
     if (work_ == Work::Network) {
         Netz_Abbrechen(netz);
         Zeile_Markieren(ListMark::Failed, kern.Zeile(82));
-        work_ = Work::None;
     }
     Ende(82);
 }
@@ -160,12 +159,12 @@ void F91::Stoppen() {
     }
     Timer_Anhalten();
     Zeile_Markieren(ListMark::Failed, kern.Zeile(82));
-    work_ = Work::None;
     Ende(82);
 }
 
 void F91::Ende(int line) {
     Timer_Anhalten();
+    work_ = Work::None;
     running_ = false;
     stopped_ = Steht = false;
     checkRow_ = 0;

@@ -6,7 +6,7 @@
 namespace qvm {
 namespace {
 
-constexpr int FirstStepDelay = 1000;
+constexpr int PassedOverDelay = 1000;
 constexpr std::uint8_t OnlyHistory = 0x80;
 
 } // namespace
@@ -126,12 +126,14 @@ const std::string& F91::Pruefergebnis(int row) const {
 
 void F91::Zeile_Uebergehen(int& runRow, std::string_view text) {
     Mark_Setzen(runRow, ListMark::PassedOver, text);
+    work_ = Work::None;
     if (runRow >= run.link.Lauf.RunRows) {
         Ende(265);
         return;
     }
     ++runRow;
-    Step_Planen(StepPrgFehler, FirstStepDelay);
+    Knoepfe_Setzen();
+    Step_Planen(StepPrgFehler, PassedOverDelay);
 }
 
 void F91::Zeile_Markieren(std::string_view mark, std::string_view text) {
