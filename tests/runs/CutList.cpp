@@ -89,7 +89,9 @@ void CutList::Watch() {
     const auto deliver = world.OnWrite;
     world.OnWrite = [this, deliver](std::span<const std::uint8_t> bytes) {
         if (world.PortNumber == 1) {
-            Asked[bytes[6]] += bytes[2] == 0x17 ? 1 : 0;
+            if (bytes[2] == 0x17) {
+                ++Asked[bytes[6]];
+            }
             Rufen(OnTelegram);
         }
         deliver(bytes);
