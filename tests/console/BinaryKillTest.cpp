@@ -76,7 +76,7 @@ TEST_F(BinaryKill, between_history_and_erase_keeps_all_events_and_the_lock_as_it
 }
 
 TEST_F(BinaryKill, in_the_dataset_keeps_all_events_and_the_next_list_sends_all_of_it) {
-    KillAt(20, "0A", 1);
+    KillAt(20, "0D", 1);
     EXPECT_EQ(OnlyHistory(), Events(3));
     ExpectNextListWorks();
     EXPECT_EQ(Locks.Lock(Tor)["erases"], 2);

@@ -34,12 +34,12 @@ std::vector<std::string> CutRun::List(const std::vector<std::string>& locks, con
     return list;
 }
 
-int CutRun::Heard(const std::string& code) const {
+int CutRun::Heard(const std::string& code, char way) const {
     std::istringstream trace(Locks.Simulator().ErrSoFar());
     int count = 0;
     for (std::string line; std::getline(trace, line);) {
         // "> 02 LL CC ..."
-        count += line.starts_with("> 02 ") && line.size() > 9 && line.compare(8, 2, code) == 0 ? 1 : 0;
+        count += line.size() > 9 && line.front() == way && line.compare(8, 2, code) == 0 ? 1 : 0;
     }
     return count;
 }

@@ -19,9 +19,9 @@ struct CutRun {
     /// Words of the command line.
     static std::vector<std::string> List(const std::vector<std::string>& locks,
                                          const std::vector<std::string>& more = {});
-    /// Telegrams of this code, two hexadecimal digits, that the adapter has had so far. The virtual system runs with
-    /// --trace.
-    int Heard(const std::string& code) const;
+    /// Telegrams of this code, two hexadecimal digits, that the adapter has had so far; with `way` '<' those that it
+    /// has sent. The virtual system runs with --trace.
+    int Heard(const std::string& code, char way = '>') const;
     bool WaitForTelegram(const std::string& code, int count) const;
     /// All files of a directory below the program's, hidden ones too.
     std::map<std::string, std::string> Files(const std::string& directory) const;
