@@ -1,6 +1,7 @@
 #include "F15Window.h"
 
 #include "TextEdge.h"
+#include "TextSlots.h"
 
 #include <QHBoxLayout>
 #include <QListWidget>
@@ -19,7 +20,8 @@ F15Window::F15Window(F15& model, QWidget* parent)
     : WindowBase(model.Fenster, QStringLiteral("F15"), Qt::Dialog, parent), f15_(model), list_(new QListWidget(this)) {
     setWindowModality(Qt::WindowModal);
     list_->setStyleSheet(QStringLiteral("QListWidget::item { min-height: %1px; }").arg(RowHeight));
-    list_->setMinimumSize(ListWidth, RowHeight * 4 + 2 * list_->frameWidth());
+    list_->setMinimumWidth(ListWidth);
+    list_->setFixedHeight(RowHeight * static_cast<int>(SprachNamen.size()) + 2 * list_->frameWidth());
     list_->setUniformItemSizes(true);
     bind(f15_.Sprachen, list_, QStringLiteral("F15.Sprachen"), [this](int index) { f15_.Sprachen_Click(index); });
     connect(list_, &QListWidget::itemDoubleClicked, this, [this] { f15_.OK_Click(); });
@@ -35,6 +37,7 @@ F15Window::F15Window(F15& model, QWidget* parent)
     buttons->addWidget(ok);
     buttons->addWidget(cancel);
     content()->addLayout(buttons);
+    layout()->setSizeConstraint(QLayout::SetFixedSize);
     const auto close = [this] { f15_.Cancel_Click(); };
     finish({.onClose = close, .onEscape = close}, false);
 }

@@ -91,7 +91,9 @@ void F7Window::makeHits() {
     hits->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     // Blanks are all that separates the columns.
     hits->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    hits->setFixedHeight(hits->fontMetrics().lineSpacing() * HitLines + 2 * hits->frameWidth() + 10);
+    // Whole lines: it scrolls by lines, and there is a margin above the first.
+    const int margin = qRound(hits->document()->documentMargin());
+    hits->setFixedHeight(hits->fontMetrics().lineSpacing() * HitLines + 2 * hits->frameWidth() + margin);
     watch(f7_.Text1.Text, hits, [this, hits] {
         hits->setPlainText(toQt(f7_.Text1.Text()));
         hits->setAccessibleName(toQt(f7_.Toolbar1[1].Tip()));

@@ -12,6 +12,11 @@
 #include <utility>
 
 namespace qvm::ui {
+namespace {
+
+constexpr int ListRows = 13, CaptionGap = 6;
+
+} // namespace
 
 F92Window::F92Window(F92& f92, QWidget* parent)
     : WindowBase(f92.Fenster, QStringLiteral("F92"), Qt::Dialog, parent), f92_(f92) {
@@ -20,6 +25,7 @@ F92Window::F92Window(F92& f92, QWidget* parent)
     makeHead();
     makeChoice();
     makeButton();
+    layout()->setSizeConstraint(QLayout::SetFixedSize);
     const auto close = [this] { f92_.Schliessen_Click(); };
     finish({.onClose = close, .onEscape = close}, false);
 }
@@ -71,12 +77,16 @@ QListWidget* F92Window::addList(QHBoxLayout* row, ListBox& model, const char* na
     auto* list = new QListWidget(this);
     ui::bind(model, list, QStringLiteral("F92.") + QString::fromLatin1(name), std::move(choose));
     list->setFixedWidth(list->fontMetrics().horizontalAdvance(QStringLiteral("0000000000")));
+    // Whole rows, and as high as the month beside it.
+    list->setFixedHeight(ListRows * list->sizeHintForRow(0) + 2 * list->frameWidth());
     auto* label = new QLabel(QString::fromLatin1(caption), this);
     label->setAlignment(Qt::AlignCenter);
     label->setBuddy(list);
     auto* column = new QVBoxLayout;
+    column->setSpacing(CaptionGap);
     column->addWidget(label);
     column->addWidget(list);
+    month_->setFixedHeight(column->sizeHint().height());
     row->addLayout(column);
     return list;
 }

@@ -27,6 +27,10 @@ MonthView::MonthView(const QString& name, QWidget* parent) : QCalendarWidget(par
     setFirstDayOfWeek(Qt::Monday);
     setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     setGridVisible(false);
+    // The tiny arrow of a menu touches the month's name and reads as a comma.
+    if (auto* month = findChild<QToolButton*>(QStringLiteral("qt_calendar_monthbutton"))) {
+        month->setStyleSheet(QStringLiteral("QToolButton::menu-indicator { image: none; }"));
+    }
     setMinimumSize(fontMetrics().horizontalAdvance(QStringLiteral("00")) * 20, fontMetrics().height() * 13);
     dress();
     const auto pick = [this](const QDate& date) {

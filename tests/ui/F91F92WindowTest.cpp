@@ -169,6 +169,15 @@ TEST_F(F92_Window, is_preset_to_now_and_shows_what_is_chosen) {
     EXPECT_EQ(month->minimumDate(), QDate(2026, 3, 5));
 }
 
+TEST_F(F92_Window, shows_whole_rows_beside_a_month_of_the_same_height) {
+    OpenTime();
+    for (const char* name : {"F92.Stunden", "F92.Minuten"}) {
+        EXPECT_EQ(List(name)->viewport()->height() % List(name)->sizeHintForRow(0), 0) << name;
+    }
+    const auto* month = time->findChild<ui::MonthView*>();
+    EXPECT_EQ(month->geometry().bottom(), List("F92.Stunden")->geometry().bottom());
+}
+
 TEST_F(F92_Window, return_takes_the_time_and_the_list_waits) {
     OpenTime();
     List("F92.Stunden")->setFocus();
