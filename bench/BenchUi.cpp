@@ -4,7 +4,9 @@
 //   the start)
 //
 // The first line is the time of the first painting on the system's monotonic clock in nanoseconds, so that whoever
-// starts this program can tell how long the start took. bench/measure_ui.py does.
+// starts this program can tell how long the start took; the second one is where the key of the lock window is, for a
+// mouse. bench/measure_ui.py uses them.
+#include "ClearStyle.h"
 #include "Oberflaeche.h"
 #include "QtPlatform.h"
 
@@ -12,6 +14,7 @@
 #include <QElapsedTimer>
 #include <QEvent>
 #include <QTimer>
+#include <QToolButton>
 
 #include <chrono>
 #include <cstdio>
@@ -72,8 +75,15 @@ struct Bench {
         const auto now = std::chrono::steady_clock::now().time_since_epoch();
         std::printf("%lld\n",
                     static_cast<long long>(std::chrono::duration_cast<std::chrono::nanoseconds>(now).count()));
+        PrintKey();
         QTimer::singleShot(IdleSeconds == 0 ? 0 : 3000, qApp,
                            [this] { Idle("the main window", [this] { OpenLocks(); }); });
+    }
+    /// Where the key of the lock window is on the screen.
+    void PrintKey() const {
+        const auto* key = windows.f2.findChild<QToolButton*>(QStringLiteral("F2.Toolbar1.PROG"));
+        const QPoint middle = key == nullptr ? QPoint() : key->mapToGlobal(key->rect().center());
+        std::printf("%d %d\n", middle.x(), middle.y());
     }
     void OpenLocks() {
         clock.start();
@@ -86,9 +96,15 @@ struct Bench {
     void OpenRest() {
         programm.F11.F11_Laden(qvm::F11Opener::F13, "");
         programm.F6.F6_Laden();
+        programm.F14.F14_Laden();
+        programm.F15.F15_Laden();
+        programm.F1.F1_Laden(1);
+        programm.F9.F9_Vorbereiten(4000);
+        programm.F9.F9_Zeigen();
+        programm.F18.F18_Zeigen();
         QTimer::singleShot(1000, qApp, [this] {
-            std::printf("F2, F13, F11 and F6 open, %s\n", residentMemory().c_str());
-            Idle("all four", [] { QApplication::exit(0); });
+            std::printf("F2, F13, F11, F6, F14, F15, F1, F9 and F18 open, %s\n", residentMemory().c_str());
+            Idle("all of them", [] { QApplication::exit(0); });
         });
     }
     void Idle(const char* what, std::function<void()> then) {
@@ -108,6 +124,8 @@ struct Bench {
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
+    QApplication::setStyle(new qvm::ui::ClearStyle);
+    // The application owns its style. NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks)
     QApplication::setApplicationName(QStringLiteral("qvm7702-bench"));
     QApplication::setQuitOnLastWindowClosed(false);
     if (argc < 2) {

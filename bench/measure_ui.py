@@ -1,40 +1,64 @@
 #!/usr/bin/env python3
-"""Measures the desktop program under a virtual display, with a virtual adapter behind com1.
+"""Measures the desktop program under a virtual display, with a virtual adapter behind com1 and 200 locks.
 
     bench/measure_ui.py BUILD
 
 BUILD is the folder of a release build (bench_ui, qvm7702, qvmctl, qvm-simulator, language files). Prints the time from
 process start to the painted main window (of bench_ui exactly; of qvm7702 as seen from outside, with the delay of looking),
-the memory held with four windows open, and the processor time of the idle program: with the adapter, and pulled.
+the time that the lock window takes (of bench_ui from the call to its first painting; of qvm7702 from the key to the last
+change on the screen), the memory held, and the processor time of the idle program: with the adapter, and pulled.
 """
 import glob
+import json
 import os
+import re
 import shutil
 import subprocess
 import sys
 import tempfile
 import time
 
+from picture import Screen
+
 STARTS = 7
 IDLE_SECONDS = 10
+LOCKS = 200
+SIZE = 1600, 1200
+TITLE = "^QVM 7702 SOFTWARE SYSTEM$"
 
 
 def open_display():
     read_end, write_end = os.pipe()
-    server = subprocess.Popen(["Xvfb", "-displayfd", str(write_end), "-noreset", "-screen", "0", "1600x1200x24"],
-                              pass_fds=[write_end], stderr=subprocess.DEVNULL)
+    server = subprocess.Popen(["Xvfb", "-displayfd", str(write_end), "-noreset", "-screen", "0",
+                               f"{SIZE[0]}x{SIZE[1]}x24"], pass_fds=[write_end], stderr=subprocess.DEVNULL)
     os.close(write_end)
     with os.fdopen(read_end) as pipe:
         number = pipe.readline().strip()
     return server, dict(os.environ, DISPLAY=":" + number, QT_QPA_PLATFORM="xcb")
 
 
+def full_house(source):
+    """The demonstration installation, its locks made up to 200."""
+    with open(os.path.join(source, "installation.json"), encoding="utf-8") as file:
+        document = json.load(file)
+    tables = document["tables"]
+    patterns = tables["LockRecord"]
+    for n in range(len(patterns) + 1, LOCKS + 1):
+        pattern = patterns[n % 12]
+        serial = {"Sn1": pattern["Sn1"], "Sn2": pattern["Sn2"], "Sn3": pattern["Sn3"], "Sn4": f"{n:02X}"}
+        patterns.append({**pattern, **serial, "record": n, "Name": f"{pattern['Name'][:14]} {n}"})
+        tables["LockGroupRecord"].append({"record": n, "GroupId": "PB_815000001", "GroupName": "Schalterhalle"})
+        tables["LockAdapterRecord"].append({"record": n, "AdapterId": "/46/108/1/2", "AdapterName": "PROGSTATION-1",
+                                            **serial})
+    return document
+
+
 def make_installation(build, source):
     place = tempfile.mkdtemp()
     for file in glob.glob(os.path.join(build, "lang/QVM_*.DAT")) + [os.path.join(build, "src/qvm7702")]:
         shutil.copy(file, place)
-    subprocess.run([os.path.join(build, "src/console/qvmctl"), "--dir", place, "import",
-                    os.path.join(source, "installation.json")], check=True, stdout=subprocess.DEVNULL)
+    subprocess.run([os.path.join(build, "src/console/qvmctl"), "--dir", place, "import", "-"], check=True,
+                   input=json.dumps(full_house(source)), text=True, stdout=subprocess.DEVNULL)
     return place
 
 
@@ -52,25 +76,64 @@ def bench(build, place, env, seconds):
     begin = time.monotonic_ns()
     run = subprocess.run([os.path.join(build, "bench/bench_ui"), place + "/", str(seconds)], env=env,
                          stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True, check=True)
-    first, *rest = run.stdout.splitlines()
-    return (int(first) - begin) / 1e6, rest
+    first, key, *rest = run.stdout.splitlines()
+    return (int(first) - begin) / 1e6, key.split(), rest
 
 
-def seen_from_outside(place, env):
+def start_program(place, env):
+    """qvm7702, and the milliseconds until its window was there."""
     begin = time.monotonic()
     program = subprocess.Popen([os.path.join(place, "qvm7702")], env=env, stderr=subprocess.DEVNULL)
-    search = ["xdotool", "search", "--onlyvisible", "--name", "^QVM 7702 SOFTWARE SYSTEM$"]
+    search = ["xdotool", "search", "--onlyvisible", "--name", TITLE]
     while subprocess.run(search, env=env, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL).returncode != 0:
         if program.poll() is not None:
             sys.exit(f"qvm7702 ended with {program.returncode}")
-    elapsed = time.monotonic() - begin
+    return program, (time.monotonic() - begin) * 1000
+
+
+def end(program):
     program.terminate()
     program.wait()
-    return elapsed * 1000
+
+
+def seen_from_outside(place, env):
+    program, elapsed = start_program(place, env)
+    end(program)
+    return elapsed
+
+
+def resident(program):
+    with open(f"/proc/{program.pid}/status", encoding="ascii") as file:
+        return int(re.search(r"VmRSS:\s*(\d+)", file.read()).group(1)) / 1024
+
+
+def lock_window(place, env, key):
+    """Milliseconds from the click that opens the lock window of qvm7702 to the last change on the screen, and the memory
+    in MB then. `key`: where to click."""
+    screen = Screen(env["DISPLAY"], *SIZE)
+    program, _ = start_program(place, env)
+    try:
+        subprocess.run(["xdotool", "mousemove", *key], env=env, check=True)
+        time.sleep(3)  # the adapter is found
+        before = screen.picture()
+        click = subprocess.Popen(["xdotool", "click", "1"], env=env)
+        begin = time.monotonic()
+        elapsed = screen.settle(begin)
+        click.wait()
+        if elapsed is None or sum(a != b for a, b in zip(before[::400], screen.picture()[::400])) < 500:
+            sys.exit("the lock window did not open")
+        return elapsed * 1000, resident(program)
+    finally:
+        end(program)
+        screen.close()
 
 
 def median(values):
     return sorted(values)[len(values) // 2]
+
+
+def report(values, what):
+    print(f"{what}: {median(values):.0f} ms (best {min(values):.0f}, worst {max(values):.0f})")
 
 
 def main():
@@ -78,18 +141,22 @@ def main():
     source = os.path.join(os.path.dirname(os.path.dirname(os.path.abspath(__file__))), "demonstration")
     place = make_installation(build, source)
     server, env = open_display()
+    env["XDG_CONFIG_HOME"] = os.path.join(place, "config")
     simulator = start_simulator(build, source, place)
     try:
-        starts = [bench(build, place, env, 0)[0] for _ in range(STARTS)]
-        print(f"start to painted main window: {median(starts):.0f} ms (best {min(starts):.0f}, worst {max(starts):.0f})")
-        outside = [seen_from_outside(place, env) for _ in range(STARTS)]
-        print(f"the same of qvm7702 seen from outside: {median(outside):.0f} ms")
+        runs = [bench(build, place, env, 0) for _ in range(STARTS)]
+        report([run[0] for run in runs], "start to painted main window")
+        report([seen_from_outside(place, env) for _ in range(STARTS)], "the same of qvm7702 seen from outside")
+        opened = [lock_window(place, env, runs[0][1]) for _ in range(STARTS)]
+        report([elapsed for elapsed, _ in opened],
+               f"qvm7702, from the click to the last change of its lock window with {LOCKS} locks")
+        print(f"  its memory then: {max(memory for _, memory in opened):.0f} MB")
         print("with the adapter:")
-        print("\n".join("  " + line for line in bench(build, place, env, IDLE_SECONDS)[1]))
+        print("\n".join("  " + line for line in bench(build, place, env, IDLE_SECONDS)[2]))
         simulator.terminate()
         simulator.wait()
         print("without an adapter:")
-        print("\n".join("  " + line for line in bench(build, place, env, IDLE_SECONDS)[1]))
+        print("\n".join("  " + line for line in bench(build, place, env, IDLE_SECONDS)[2]))
     finally:
         simulator.terminate()
         server.terminate()

@@ -1,0 +1,50 @@
+"""What stands on a display, as fast as it can be looked at: by the X library, without a program of its own."""
+import ctypes
+import ctypes.util
+import time
+
+ALL_PLANES, Z_PIXMAP = ctypes.c_ulong(-1), 2
+
+
+class Image(ctypes.Structure):
+    """The beginning of the library's XImage."""
+
+    _fields_ = [("width", ctypes.c_int), ("height", ctypes.c_int), ("xoffset", ctypes.c_int),
+                ("format", ctypes.c_int), ("data", ctypes.c_void_p), ("byte_order", ctypes.c_int),
+                ("bitmap_unit", ctypes.c_int), ("bitmap_bit_order", ctypes.c_int), ("bitmap_pad", ctypes.c_int),
+                ("depth", ctypes.c_int), ("bytes_per_line", ctypes.c_int)]
+
+
+class Screen:
+    def __init__(self, display, width, height):
+        self.size = width, height
+        self.library = ctypes.CDLL(ctypes.util.find_library("X11") or "libX11.so.6")
+        self.library.XOpenDisplay.restype = ctypes.c_void_p
+        self.library.XDefaultRootWindow.restype = ctypes.c_ulong
+        self.library.XGetImage.restype = ctypes.POINTER(Image)
+        self.display = ctypes.c_void_p(self.library.XOpenDisplay(display.encode()))
+        if not self.display:
+            raise OSError("no display " + display)
+        self.root = ctypes.c_ulong(self.library.XDefaultRootWindow(self.display))
+
+    def picture(self):
+        image = self.library.XGetImage(self.display, self.root, 0, 0, *self.size, ALL_PLANES, Z_PIXMAP)
+        bytes_ = ctypes.string_at(image.contents.data, image.contents.bytes_per_line * image.contents.height)
+        self.library.XDestroyImage(image)
+        return bytes_
+
+    def settle(self, begin, quiet=0.6, longest=10):
+        """Seconds from `begin` (time.monotonic) to the last change of the picture, once it has not changed for
+        `quiet` seconds. None when it never comes to rest."""
+        last, changed = self.picture(), begin
+        while time.monotonic() - begin < longest:
+            now = self.picture()
+            moment = time.monotonic()
+            if now != last:
+                last, changed = now, moment
+            elif moment - changed > quiet:
+                return changed - begin
+        return None
+
+    def close(self):
+        self.library.XCloseDisplay(self.display)
