@@ -6,7 +6,8 @@
 BUILD is the folder of a release build (bench_ui, qvm7702, qvmctl, qvm-simulator, language files). Prints the time from
 process start to the painted main window (of bench_ui exactly; of qvm7702 as seen from outside, with the delay of looking),
 the time that the lock window takes (of bench_ui from the call to its first painting; of qvm7702 from the key to the last
-change on the screen), the memory held, and the processor time of the idle program: with the adapter, and pulled.
+change on the screen), the memory held, the processor time of the idle program (with the adapter, and pulled), and how
+long qvm7702 takes from a key to a changed screen while its line misbehaves.
 """
 import glob
 import json
@@ -20,10 +21,17 @@ import time
 
 from picture import Screen
 
+HERE = os.path.dirname(os.path.abspath(__file__))
+sys.path.append(os.path.join(os.path.dirname(HERE), "tests/desktop"))
+from farend import Drip, FarEnd, Flood  # noqa: E402
+
 STARTS = 7
 IDLE_SECONDS = 10
 LOCKS = 200
+INPUTS = 60
+TAB = 0xFF09
 SIZE = 1600, 1200
+TOOLBAR = 1000, 100  # of the main window, at the display's corner
 TITLE = "^QVM 7702 SOFTWARE SYSTEM$"
 
 
@@ -128,6 +136,28 @@ def lock_window(place, env, key):
         screen.close()
 
 
+def served(place, env, line, closed=False):
+    """Milliseconds from a key to the changed screen, one for each of many keys. `line` leads to the far end."""
+    screen = Screen(env["DISPLAY"], *TOOLBAR)
+    with line:
+        program, _ = start_program(place, env)
+        try:
+            found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", TITLE], env=env, check=True,
+                                   stdout=subprocess.PIPE, text=True)
+            subprocess.run(["xdotool", "windowfocus", "--sync", *found.stdout.split()], env=env, check=True)
+            time.sleep(2)
+            if closed:
+                line.hang_up()
+            waits = []
+            for _ in range(INPUTS):
+                waits.append(screen.answer(TAB) * 1000)
+                time.sleep(0.1)
+            return waits
+        finally:
+            end(program)
+            screen.close()
+
+
 def median(values):
     return sorted(values)[len(values) // 2]
 
@@ -138,7 +168,7 @@ def report(values, what):
 
 def main():
     build = os.path.abspath(sys.argv[1])
-    source = os.path.join(os.path.dirname(os.path.dirname(os.path.abspath(__file__))), "demonstration")
+    source = os.path.join(os.path.dirname(HERE), "demonstration")
     place = make_installation(build, source)
     server, env = open_display()
     env["XDG_CONFIG_HOME"] = os.path.join(place, "config")
@@ -157,6 +187,11 @@ def main():
         simulator.wait()
         print("without an adapter:")
         print("\n".join("  " + line for line in bench(build, place, env, IDLE_SECONDS)[2]))
+        link = os.path.join(place, "com1")
+        for line, closed, what in ((FarEnd(link), False, "silent"), (Flood(link), False, "flooded with garbage"),
+                                   (Drip(link), False, "bringing a byte a second"),
+                                   (FarEnd(link), True, "closed at its far end")):
+            report(served(place, env, line, closed), f"a key of qvm7702 shows on the screen, line {what}")
     finally:
         simulator.terminate()
         server.terminate()

@@ -1,4 +1,4 @@
-"""What stands on a display, as fast as it can be looked at: by the X library, without a program of its own."""
+"""Looks at a display and presses its keys as fast as that can be done: by the X libraries, without another program."""
 import ctypes
 import ctypes.util
 import time
@@ -22,6 +22,7 @@ class Screen:
         self.library.XOpenDisplay.restype = ctypes.c_void_p
         self.library.XDefaultRootWindow.restype = ctypes.c_ulong
         self.library.XGetImage.restype = ctypes.POINTER(Image)
+        self.keys = ctypes.CDLL(ctypes.util.find_library("Xtst") or "libXtst.so.6")
         self.display = ctypes.c_void_p(self.library.XOpenDisplay(display.encode()))
         if not self.display:
             raise OSError("no display " + display)
@@ -45,6 +46,19 @@ class Screen:
             elif moment - changed > quiet:
                 return changed - begin
         return None
+
+    def answer(self, keysym, longest=2):
+        """Presses a key. Seconds until the picture changes, `longest` when it does not."""
+        code = self.library.XKeysymToKeycode(self.display, ctypes.c_ulong(keysym))
+        before = self.picture()
+        begin = time.monotonic()
+        for down in (1, 0):
+            self.keys.XTestFakeKeyEvent(self.display, code, down, ctypes.c_ulong(0))
+        self.library.XFlush(self.display)
+        while time.monotonic() - begin < longest:
+            if self.picture() != before:
+                return time.monotonic() - begin
+        return longest
 
     def close(self):
         self.library.XCloseDisplay(self.display)
