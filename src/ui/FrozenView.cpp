@@ -34,4 +34,14 @@ FrozenView::FrozenView(QWidget* parent) : QTableView(parent) {
     QAccessible::installFactory(unheard);
 }
 
+// A table view tells the screen reader of both, focus or not: the operator would hear each cell twice.
+
+void FrozenView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QAbstractItemView::currentChanged(current, previous); // NOLINT(bugprone-parent-virtual-call)
+}
+
+void FrozenView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+    QAbstractItemView::selectionChanged(selected, deselected); // NOLINT(bugprone-parent-virtual-call)
+}
+
 } // namespace qvm::ui

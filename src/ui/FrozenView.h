@@ -10,6 +10,10 @@ class FrozenView : public QTableView {
 
 public:
     explicit FrozenView(QWidget* parent);
+
+protected:
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 };
 
 } // namespace qvm::ui
