@@ -234,4 +234,10 @@ bool Adapter_Suchen(Link& link, AdapterListe& list) {
     return answered;
 }
 
+void Adapter_Bereithalten(Link& link, AdapterListe& list) {
+    if (list.ProgStationPort == 0 && list.Saetze.empty() && link.kern.Config.AdapterModus()) {
+        Adapter_Suchen(link, list);
+    }
+}
+
 } // namespace qvm

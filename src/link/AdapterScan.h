@@ -13,6 +13,10 @@ namespace qvm {
 /// none was found. A call while a search is under way does nothing. True when an adapter answered.
 bool Adapter_Suchen(Link& link, AdapterListe& list);
 
+/// For what needs an adapter: searches first when nothing is known of them and they are to be found by themselves, as
+/// behind every change of the ports. Lets events go on meanwhile.
+void Adapter_Bereithalten(Link& link, AdapterListe& list);
+
 /// Lets events go on for `seconds`, or until the reply has come; it stands in Link::Reply then, whatever came behind
 /// it. Other replies are passed over. ReplySeen says the same as the result.
 bool Adapter_Antwort_Abwarten(Link& link, double seconds, const AdapterAntwort& reply);

@@ -1,5 +1,6 @@
 #include "F11.h"
 
+#include "AdapterScan.h"
 #include "Filter.h"
 #include "Text.h"
 
@@ -18,7 +19,7 @@ bool Beginnt(std::string_view text, std::string_view start) {
 
 } // namespace
 
-F11::F11(Programmierlauf& programmierlauf, F9& progress, F18& wait, const AdapterListe& adapters)
+F11::F11(Programmierlauf& programmierlauf, F9& progress, F18& wait, AdapterListe& adapters)
     : run(programmierlauf), kern(programmierlauf.kern), f9(progress), f18(wait), Adapter(adapters),
       Fokus(programmierlauf.kern.Welt, 500) {
     Fokus.Ticked = [this] {
@@ -133,19 +134,27 @@ void F11::Datum_Waehlen(const Datum& date) {
     }
 }
 
-void F11::Port_Bereitmachen(bool& network) {
+bool F11::Port_Bereitmachen(bool& network) {
     Link& link = run.link;
     network = false;
     int number = link.PortNummer;
-    if (kern.Config.AdapterModus()) {
-        if (const AdapterSatz* adapter = Gewaehlter_Adapter()) {
-            number = static_cast<int>(Zahlwert(adapter->Port));
-            link.Lauf.SitzungsSchluessel = adapter->TransferKey;
-            network = Adapter_Test && Adapter_Test(*adapter);
+    if (kern.Config.AdapterModus() && Combo1.Selected >= 0) {
+        Fenster.Enabled = false;
+        Adapter_Bereithalten(link, Adapter);
+        Fenster.Enabled = true;
+        const AdapterSatz* adapter = Gewaehlter_Adapter();
+        if (adapter == nullptr) {
+            // It was pulled out since it was chosen. Another one is not the one that was chosen.
+            kern.Meldung(kern.Zeile(192) + "\r\n" + kern.Zeile(193), Buttons::Ok, Icon::Exclamation);
+            return false;
         }
+        number = static_cast<int>(Zahlwert(adapter->Port));
+        link.Lauf.SitzungsSchluessel = adapter->TransferKey;
+        network = Adapter_Test && Adapter_Test(*adapter);
     }
     // A port that cannot be opened shows at the first telegram.
     Port_Oeffnen(link, number);
+    return true;
 }
 
 void F11::OK_Click() {
@@ -161,7 +170,9 @@ void F11::OK_Click() {
         return;
     }
     bool network = false;
-    Port_Bereitmachen(network);
+    if (!Port_Bereitmachen(network)) {
+        return;
+    }
     if (!network) {
         Direkt_Starten();
     } else if (Code_Uebernehmen()) {

@@ -20,7 +20,7 @@ enum class F11Opener { F13, F12, F20 };
 
 /// Window F11: administrator code, cut-off date, adapter; starts a run.
 struct F11 {
-    F11(Programmierlauf& programmierlauf, F9& progress, F18& wait, const AdapterListe& adapters);
+    F11(Programmierlauf& programmierlauf, F9& progress, F18& wait, AdapterListe& adapters);
 
     static constexpr int CodeLength = 6;
 
@@ -28,7 +28,7 @@ struct F11 {
     Kern& kern;
     F9& f9;
     F18& f18;
-    const AdapterListe& Adapter;
+    AdapterListe& Adapter;
 
     Window Fenster;
     Label Prompt;
@@ -69,7 +69,8 @@ struct F11 {
 private:
     void Eingabe_Leeren();
     void Adapter_Fuellen(F11Opener opener, const std::string& adapterName);
-    void Port_Bereitmachen(bool& network);
+    /// False, behind a message, when the adapter that was chosen is gone.
+    bool Port_Bereitmachen(bool& network);
     /// Packs the code and clears the entry. With fewer than six characters only a message is shown, and false.
     bool Code_Uebernehmen();
     void Direkt_Starten();

@@ -1,5 +1,6 @@
 #include "F13.h"
 
+#include "AdapterScan.h"
 #include "Kanal.h"
 #include "Text.h"
 
@@ -14,7 +15,7 @@ std::string_view Schalter(const std::string& cell) {
 
 } // namespace
 
-F13::F13(Programmierlauf& programmierlauf, F11& start, const AdapterListe& adapters)
+F13::F13(Programmierlauf& programmierlauf, F11& start, AdapterListe& adapters)
     : run(programmierlauf), kern(programmierlauf.kern), f11(start), Adapter(adapters), Timer1(kern.Welt, 10),
       Timer2(kern.Welt, 800) {
     Timer1.Ticked = [this] { Maus_Verfolgen(); };
@@ -49,6 +50,9 @@ int F13::Adapter_Port(int row, bool& stop) {
         stop = true;
         return KeinPort;
     }
+    Fenster.Enabled = false;
+    Adapter_Bereithalten(run.link, Adapter);
+    Fenster.Enabled = true;
     const AdapterSatz* adapter = Adapter_Finden(Adapter, FGK13.Text(row, F13Column::AdapterId));
     if (adapter == nullptr) {
         adapter = Adapter_Finden(Adapter, FGK13.Text(row, F13Column::AdapterName));

@@ -29,7 +29,7 @@ inline constexpr int Number = 0, Name = 1, Serial = 2, Offset = 3, PersonTimers 
 
 /// Window F13: all locks; every transfer begins here. It holds no data of its own.
 struct F13 {
-    F13(Programmierlauf& programmierlauf, F11& start, const AdapterListe& adapters);
+    F13(Programmierlauf& programmierlauf, F11& start, AdapterListe& adapters);
 
     static constexpr Colour ActionColour = 0xF0F0F0; ///< of a cell that can be clicked; white ones cannot
     static constexpr Colour HoverColour = 0xE0E0E0;
@@ -38,7 +38,7 @@ struct F13 {
     Programmierlauf& run;
     Kern& kern;
     F11& f11;
-    const AdapterListe& Adapter;
+    AdapterListe& Adapter;
 
     Window Fenster;
     Grid FGK13{201, F13Column::Count};

@@ -17,7 +17,7 @@ constexpr bool Wird_Kopiert(int column) {
 
 } // namespace
 
-F91::F91(Programmierlauf& programmierlauf, Netzlauf& network, F9& progress, const AdapterListe& adapters)
+F91::F91(Programmierlauf& programmierlauf, Netzlauf& network, F9& progress, AdapterListe& adapters)
     : run(programmierlauf), netz(network), kern(programmierlauf.kern), f9(progress), Adapter(adapters),
       Timer1(kern.Welt, StartDelay), Timer2(kern.Welt, 800), Timer3(kern.Welt, 5000), Pruefung(kern.Welt, 1),
       Nachlauf(kern.Welt, 100) {

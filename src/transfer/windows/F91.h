@@ -36,7 +36,7 @@ inline constexpr std::string_view StepPrgStart = "PrgStart", StepPrgFehler = "Pr
 /// Window F91: works a list of locks off, one after the other, each directly or through a network adapter. One row is
 /// under way at a time; what comes from the line afterwards changes nothing in the list.
 struct F91 {
-    F91(Programmierlauf& programmierlauf, Netzlauf& network, F9& progress, const AdapterListe& adapters);
+    F91(Programmierlauf& programmierlauf, Netzlauf& network, F9& progress, AdapterListe& adapters);
 
     /// What is under way with the present row.
     enum class Work : std::uint8_t { None, Direct, Network };
@@ -48,7 +48,7 @@ struct F91 {
     Netzlauf& netz;
     Kern& kern;
     F9& f9;
-    const AdapterListe& Adapter;
+    AdapterListe& Adapter;
 
     Window Fenster;
     Grid FGK91{1, F91Column::Count};

@@ -1,5 +1,6 @@
 // The rows of the list: their check, what a run needs of them, and their marks.
 
+#include "AdapterScan.h"
 #include "F91.h"
 #include "Text.h"
 
@@ -47,6 +48,10 @@ void F91::Tick_Pruefung() {
     StatusLabel.ForeColor = Black;
     Status_Zeigen(0, 0);
     if (check_ == Check::BeforeStart) {
+        Adapter_Bereithalten(run.link, Adapter);
+        if (!running_) {
+            return; // stopped meanwhile
+        }
         run.link.Lauf.RunRow = 1;
         Naechster_Datensatz();
     } else {
