@@ -44,12 +44,15 @@ VirtualLock* NetworkAdapter::Reached(const NetworkPlace& place, const DeviceAddr
     return reached ? &*lock : nullptr;
 }
 
-/// A run that is begun before the one under way has come to its end.
-void NetworkAdapter::JudgeUnfinished(const NetworkPlace& place) {
+/// The run before is over. One that is in its middle then was cut short, unless its first telegram is said again.
+void NetworkAdapter::BeginRun(const NetworkPlace& place) {
     const bool middle = phase_ == Phase::Data || phase_ == Phase::Fingers || phase_ == Phase::Clock;
-    if (middle && !disturbed_ && answered_ != telegram_.Frame) {
+    const bool again = answered_ == telegram_.Frame;
+    if (middle && !disturbed_ && !again) {
         place.Findings.Note(Wrong::Unfinished, NetworkMark, "a new run behind " + BlockText(nextBlock_ - 1));
     }
+    disturbed_ = disturbing_ || (again && disturbed_);
+    Forget();
 }
 
 /// All telegrams of a run name the same lock, and the blocks the same count and units.
@@ -81,12 +84,19 @@ NetworkTurn NetworkAdapter::Take(std::span<const std::uint8_t> frame, const Netw
     const bool later = code == Net::Clock || code == Net::HistoryStart;
     if (lost && !later) {
         Forget();
+        disturbing_ = false;
         NetworkTurn turn = Answer(place, Net::NotReached);
         turn.Closed = true;
         return turn;
     }
     lost_ = lost;
-    switch (code) {
+    NetworkTurn turn = Dispatch(place);
+    disturbing_ = false;
+    return turn;
+}
+
+NetworkTurn NetworkAdapter::Dispatch(const NetworkPlace& place) {
+    switch (telegram_.Code()) {
     case Net::Data:
         return TakeData(place);
     case Net::Fingers:
@@ -98,7 +108,7 @@ NetworkTurn NetworkAdapter::Take(std::span<const std::uint8_t> frame, const Netw
     case Net::HistoryMore:
         return TakeHistoryNext(place);
     default:
-        place.Findings.Note(Wrong::Code, NetworkMark, "no network telegram has the code " + Hex(code));
+        place.Findings.Note(Wrong::Code, NetworkMark, "no network telegram has the code " + Hex(telegram_.Code()));
         return {};
     }
 }
@@ -109,9 +119,7 @@ bool NetworkAdapter::BeginDataset(std::span<const std::uint8_t> data, const Netw
         place.Findings.Note(Wrong::Range, NetworkMark, "a first block for " + std::to_string(users) + " users");
         return false;
     }
-    JudgeUnfinished(place);
-    disturbed_ = false;
-    Forget();
+    BeginRun(place);
     data_ = NetworkDataset{};
     data_.Serial = telegram_.Serial();
     data_.Units = telegram_.Units();

@@ -42,14 +42,16 @@ public:
     unsigned WorkNumber() const { return work_; }
     /// The run is forgotten, as without power.
     void Forget();
-    /// What comes out of order from here on, until the next run, is not the sender's fault.
-    void Disturb() { disturbed_ = true; }
+    /// The next telegram meets a fault: what comes out of order in its run is not the sender's doing.
+    void Disturb() { disturbed_ = disturbing_ = true; }
     /// The telegram taken last, deciphered.
     const std::vector<std::uint8_t>& Plain() const { return telegram_.Frame; }
 
 private:
     enum class Phase : std::uint8_t { Idle, Data, Fingers, Clock, Programming, Fetching, History };
 
+    NetworkTurn Dispatch(const NetworkPlace& place);
+    void BeginRun(const NetworkPlace& place);
     NetworkTurn TakeData(const NetworkPlace& place);
     NetworkTurn TakeFingers(const NetworkPlace& place);
     NetworkTurn TakeClock(const NetworkPlace& place);
@@ -65,7 +67,6 @@ private:
     VirtualLock* Reached(const NetworkPlace& place, const DeviceAddress& serial,
                          std::span<const std::uint8_t> adminCode) const;
     void JudgeSame(const NetworkPlace& place);
-    void JudgeUnfinished(const NetworkPlace& place);
     void OutOfOrder(const NetworkPlace& place, const std::string& text);
 
     Phase phase_ = Phase::Idle;
@@ -79,7 +80,8 @@ private:
     std::array<std::uint8_t, 3> adminCode_{}; ///< that the history was asked for with
     unsigned work_ = 0;
     bool lost_ = false;
-    bool disturbed_ = false;
+    bool disturbed_ = false;  ///< a fault was played in this run
+    bool disturbing_ = false; ///< and at the telegram under way
 };
 
 } // namespace qvm

@@ -55,9 +55,7 @@ NetworkTurn NetworkAdapter::TakeHistoryStart(const NetworkPlace& place) {
     if (!ShortNetworkSumFits(telegram_, RequestBytes, place.Findings)) {
         return {};
     }
-    JudgeUnfinished(place);
-    disturbed_ = false;
-    Forget();
+    BeginRun(place);
     JudgeRequestLength(telegram_, 48, place.Findings);
     JudgeRequest(telegram_, place.Findings);
     std::copy_n(telegram_.Frame.begin() + Net::Payload, adminCode_.size(), adminCode_.begin());
