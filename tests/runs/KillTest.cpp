@@ -71,12 +71,69 @@ TEST(List_Killed, at_any_telegram_the_next_list_works_without_repair) {
     }
 }
 
+// ---- a lock on the way to another channel
+
+/// A list of one lock that moves from channel 1 to 7.
+struct MoveList : ListenFixture {
+    static inline const std::string OldRecord = "1     7  1     ", NewRecord = "7     7  0     ";
+
+    MoveList() {
+        AddLock(1, "Tor", "00.0A.10.01", " XXX ");
+        files.User(1, {.Name = "Anna", .Marks = {{1, 'X'}}});
+        world.Disk.Files["/q/DAT/EST7CSB29A.I_1"] = "Deutsch\r\n1\r\nUSB-Port1\r\n7\r\n";
+        files.Channel(1, "1", "7", "1");
+    }
+    void TestBody() override {}
+
+    /// `seen` before each telegram.
+    void Run(const std::function<void()>& seen = {}) {
+        BeginList();
+        const auto deliver = world.OnWrite;
+        world.OnWrite = [seen, deliver](std::span<const std::uint8_t> bytes) {
+            Rufen(seen);
+            deliver(bytes);
+        };
+        Prog({1});
+        EXPECT_TRUE(FinishList());
+        EXPECT_EQ(RowAt(1), CutList::Programmed);
+        EXPECT_EQ(Lock("00.0A.10.01").Channel, 7);
+    }
+    std::string Record() { return files.File("RFCHANDIF12.RFX").substr(0, 15); }
+};
+
+TEST(List_Killed, while_a_lock_changes_its_channel_the_next_list_finds_it) {
+    struct Left {
+        std::map<std::string, std::string> Disk;
+        VirtualWorld Devices;
+        std::string Record;
+    };
+    std::vector<Left> moments;
+    MoveList first;
+    first.Run([&] { moments.push_back({first.world.Disk.Files, first.system->World(), first.Record()}); });
+    EXPECT_EQ(first.Record(), MoveList::NewRecord);
+    ASSERT_GT(moments.size(), 20U);
+    int moved = 0;
+    for (std::size_t n = 0; n < moments.size(); ++n) {
+        SCOPED_TRACE("telegram " + std::to_string(n));
+        // The record never tells of a move that the lock has not made.
+        const bool there = moments[n].Devices.Locks[0].Channel == 7;
+        EXPECT_EQ(moments[n].Record, there ? MoveList::NewRecord : MoveList::OldRecord);
+        moved += there ? 1 : 0;
+        MoveList next;
+        next.world.Disk.Files = moments[n].Disk;
+        next.devices = moments[n].Devices;
+        next.Run();
+        EXPECT_EQ(next.Record(), MoveList::NewRecord);
+    }
+    EXPECT_GT(moved, 10);
+}
+
 // ---- a disk that is full
 
 /// Lets the n-th write, from 1, fail, and all behind it if `rest`. What is there can be read and deleted.
 struct FullDisk {
-    FullDisk(CutList& cutList, int n, bool rest) : run(cutList), before(run.world.World.Files) {
-        FileStore& files = run.world.World.Files;
+    FullDisk(VirtualPlatform& platform, int n, bool rest) : world(platform), before(world.World.Files) {
+        FileStore& files = world.World.Files;
         const auto fits = [this, n, rest] {
             ++writes;
             const bool good = writes < n || (writes > n && !rest);
@@ -93,11 +150,11 @@ struct FullDisk {
             return fits() && before.WriteAt(path, offset, bytes);
         };
     }
-    ~FullDisk() { run.world.World.Files = before; }
+    ~FullDisk() { world.World.Files = before; }
     FullDisk(const FullDisk&) = delete;
     FullDisk& operator=(const FullDisk&) = delete;
 
-    CutList& run;
+    VirtualPlatform& world;
     FileStore before;
     int writes = 0;
     bool failed = false;
@@ -130,7 +187,7 @@ TEST(List_On_A_Full_Disk, from_any_write_on_keeps_what_fitted_and_erases_no_lock
         SCOPED_TRACE("write " + std::to_string(n + 1));
         CutList run;
         {
-            const FullDisk disk(run, static_cast<int>(n) + 1, true);
+            const FullDisk disk(run.world, static_cast<int>(n) + 1, true);
             run.StartList();
             const auto data = CutList::DataOf(run.world.Disk.Files);
             run.EndList();
@@ -147,7 +204,7 @@ TEST(List_On_A_Full_Disk, from_any_write_on_keeps_what_fitted_and_erases_no_lock
 
 TEST(List_On_A_Full_Disk, with_room_for_every_write_programs_all) {
     CutList run;
-    const FullDisk disk(run, 11, true);
+    const FullDisk disk(run.world, 11, true);
     run.StartList();
     run.EndList();
     EXPECT_EQ(disk.writes, 10);
@@ -165,7 +222,7 @@ TEST(List_On_A_Full_Disk, one_event_that_did_not_fit_is_missing_whole_and_its_lo
         SCOPED_TRACE("write " + std::to_string(missing.Write));
         CutList run;
         {
-            const FullDisk disk(run, missing.Write, false);
+            const FullDisk disk(run.world, missing.Write, false);
             run.StartList();
             run.EndList();
         }
@@ -188,12 +245,27 @@ TEST(List_On_A_Full_Disk, without_its_log_a_telegram_goes_out_all_the_same) {
     for (const int write : {4, 6, 8, 9}) {
         SCOPED_TRACE("write " + std::to_string(write));
         CutList run;
-        const FullDisk disk(run, write, false);
+        const FullDisk disk(run.world, write, false);
         run.StartList();
         run.EndList();
         EXPECT_TRUE(disk.failed);
         EXPECT_THAT(run.AllRows(), ElementsAre(CutList::Programmed, CutList::Programmed, CutList::Programmed));
     }
+}
+
+TEST(List_On_A_Full_Disk, without_room_for_the_record_of_its_channel_a_lock_is_found_again) {
+    MoveList run;
+    {
+        const FullDisk disk(run.world, 1, true);
+        run.Run();
+        EXPECT_TRUE(disk.failed);
+    }
+    EXPECT_TRUE(run.programm->Lauf.Bericht.ChannelUnsaved);
+    EXPECT_EQ(run.Record(), MoveList::OldRecord);
+
+    run.devices = run.system->World();
+    run.Run();
+    EXPECT_EQ(run.Record(), MoveList::NewRecord);
 }
 
 } // namespace
