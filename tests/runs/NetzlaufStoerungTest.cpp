@@ -15,7 +15,7 @@ constexpr int RunTelegrams = 5;
 
 enum class End {
     Done,   ///< the row ends well
-    Failed, ///< the lock is not reached
+    Missed, ///< the lock is not reached
     Given,  ///< the row stands still and is given up
 };
 
@@ -79,7 +79,7 @@ TEST_P(Net_Run_With_A_Fault, ends_the_row_and_the_next_one_is_programmed) {
 }
 
 constexpr std::array AllDone{End::Done, End::Done, End::Done, End::Done, End::Done};
-constexpr std::array AllFailed{End::Failed, End::Failed, End::Failed, End::Failed, End::Failed};
+constexpr std::array AllFailed{End::Missed, End::Missed, End::Missed, End::Missed, End::Missed};
 constexpr std::array AllGiven{End::Given, End::Given, End::Given, End::Given, End::Given};
 // Another number in the answer matters only where the next data block waits for it; the block then goes out again.
 constexpr std::array BlockEnds{End::Given, End::Done, End::Done, End::Done, End::Done};
