@@ -51,7 +51,7 @@ bool CutRun::WaitForTelegram(const std::string& code, int count) const {
 std::map<std::string, std::string> CutRun::Files(const std::string& directory) const {
     std::map<std::string, std::string> files;
     for (const std::string& name : Locks.Directory.List(directory)) {
-        files[name] = Locks.Directory.Read(directory + "/" + name);
+        files[name] = Locks.Directory.Read(std::string(directory).append("/").append(name));
     }
     return files;
 }
