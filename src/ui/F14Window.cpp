@@ -11,7 +11,7 @@
 namespace qvm::ui {
 namespace {
 
-constexpr int MinimumWidth = 420, ChannelWidth = 180;
+constexpr int NarrowestWidth = 420, ChannelWidth = 180;
 constexpr int ChannelLine = 35;
 
 } // namespace
@@ -35,7 +35,7 @@ F14Window::F14Window(F14& model, QWidget* parent)
     content()->setContentsMargins(24, 24, 24, 24);
     content()->addLayout(row);
     content()->addStretch();
-    setMinimumWidth(MinimumWidth);
+    setMinimumWidth(NarrowestWidth);
     const auto back = [this] { f14_.Toolbar1_ButtonClick(f14_.Toolbar1[0].Key); };
     finish({.onClose = back, .onEscape = back}, false);
 }

@@ -24,7 +24,7 @@
 namespace qvm::ui {
 namespace {
 
-constexpr int BrandSize = 72, ToolIconSize = 32, PageMargin = 28, StatusMargin = 8;
+constexpr int BrandSize = 72, MainIconSize = 32, PageMargin = 28, StatusMargin = 8;
 constexpr int VersionLine = 136;
 
 QAction* addEntry(QMenu* menu, MenuEntry& entry, const char* name, std::function<void()> onClick) {
@@ -98,7 +98,7 @@ void F2Window::makeToolBar() {
     bar_ = addToolBar(QString());
     nameWidget(bar_, QStringLiteral("F2.Toolbar1"));
     bar_->setMovable(false);
-    bar_->setIconSize(QSize(ToolIconSize, ToolIconSize));
+    bar_->setIconSize(QSize(MainIconSize, MainIconSize));
     bar_->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     bar_->setContextMenuPolicy(Qt::PreventContextMenu);
     for (ToolButton& button : f2_.Toolbar1) {

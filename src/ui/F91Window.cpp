@@ -13,7 +13,7 @@
 namespace qvm::ui {
 namespace {
 
-constexpr int FrozenColumns = 2; ///< number and name
+constexpr int FrozenListColumns = 2; ///< number and name
 
 } // namespace
 
@@ -49,7 +49,7 @@ void F91Window::makeGrid() {
     model.setAlignment(F91Column::Number, Qt::AlignRight | Qt::AlignVCenter);
     model.setAlignment(F91Column::Mark, Qt::AlignCenter);
     grid_->setColumns({650, 3500, 2000, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 600, 7800}, F91Column::StateText);
-    grid_->setFrozenColumns(FrozenColumns);
+    grid_->setFrozenColumns(FrozenListColumns);
     f91_.Zeile_Zeigen = [this](int row) { grid_->setCurrentCell(row, F91Column::StateText); };
     content()->addWidget(grid_, 1);
 }
