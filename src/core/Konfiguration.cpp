@@ -29,13 +29,12 @@ std::string Pfad(const Kern& kern, std::string_view name) {
     return kern.DatPfad() + std::string(name);
 }
 
-/// The file's lines; none when it is missing or cannot be read.
-std::vector<std::string> Datei_Zeilen(const Kern& kern, std::string_view name) {
+/// The file's lines; none when it is missing or cannot be read, which `unreadable` tells apart.
+std::vector<std::string> Datei_Zeilen(const Kern& kern, std::string_view name, bool& unreadable) {
     std::string bytes;
-    if (kern.Welt.Files.ReadAll(Pfad(kern, name), bytes) != ReadStatus::Ok) {
-        return {};
-    }
-    return Zeilen_Lesen(bytes);
+    const ReadStatus status = kern.Welt.Files.ReadAll(Pfad(kern, name), bytes);
+    unreadable = status == ReadStatus::Error;
+    return status == ReadStatus::Ok ? Zeilen_Lesen(bytes) : std::vector<std::string>{};
 }
 
 void Uebernehmen(const std::vector<std::string>& lines, std::size_t index, std::string& value) {
@@ -51,7 +50,7 @@ int Port_Aus_Name(std::string_view portName) {
 
 void Einstellungen_Laden(Kern& kern) {
     Konfiguration& config = kern.Config;
-    const std::vector<std::string> lines = Datei_Zeilen(kern, SettingsFile);
+    const std::vector<std::string> lines = Datei_Zeilen(kern, SettingsFile, config.EinstellungenUnlesbar);
     Uebernehmen(lines, 0, config.Sprache);
     Uebernehmen(lines, 1, config.Sprachnummer);
     Uebernehmen(lines, 2, config.PortName);
@@ -64,7 +63,7 @@ void Einstellungen_Laden(Kern& kern) {
 
 void Adapter_Laden(Kern& kern) {
     Konfiguration& config = kern.Config;
-    std::vector<std::string> lines = Datei_Zeilen(kern, AdapterFile);
+    std::vector<std::string> lines = Datei_Zeilen(kern, AdapterFile, config.AdapterUnlesbar);
     for (std::string& line : lines) {
         line = RTrim(line); // the padding is the file's, not the value's
     }
@@ -106,8 +105,9 @@ bool Konfiguration_Speichern(Kern& kern) {
         adapter.append(Auf_Breite(value, AdapterFeldWidth)).append(LineEnd);
     }
 
-    const bool settingsDone = kern.Welt.Files.Replace(Pfad(kern, SettingsFile), settings);
-    const bool adapterDone = kern.Welt.Files.Replace(Pfad(kern, AdapterFile), adapter);
+    const bool settingsDone =
+        !config.EinstellungenUnlesbar && kern.Welt.Files.Replace(Pfad(kern, SettingsFile), settings);
+    const bool adapterDone = !config.AdapterUnlesbar && kern.Welt.Files.Replace(Pfad(kern, AdapterFile), adapter);
     return settingsDone && adapterDone;
 }
 

@@ -16,6 +16,9 @@ struct Konfiguration {
     std::string PortAutomatik = "SET"; ///< "SET": find the adapter's port; "RESET": use PortNummer. Compared trimmed
     std::array<std::string, 5> AdapterFeld; ///< stored and written back
 
+    /// A file that is there and could not be read: it is not written over.
+    bool EinstellungenUnlesbar = false, AdapterUnlesbar = false;
+
     int PortNummer = 1; ///< 1 to 16, from the text behind the eighth character of PortName
 
     /// RadioChannel as a number, 1 to 12.
@@ -27,7 +30,8 @@ struct Konfiguration {
 /// Reads both files. What is missing keeps its default; a port below 1 or above 16 becomes 1; an empty radio channel
 /// line becomes "1".
 void Konfiguration_Laden(Kern& kern);
-/// Rewrites both files from the current values, each all or nothing. False when one could not be written.
+/// Rewrites both files from the current values, each all or nothing. False when one could not be written. A file
+/// that could not be read is left alone, which counts as not written.
 bool Konfiguration_Speichern(Kern& kern);
 
 } // namespace qvm

@@ -18,7 +18,12 @@ namespace {
 constexpr int LampSize = 28, AdapterSize = 20, CardMargin = 16, ColumnGap = 12, ReasonGap = 6;
 constexpr int ReasonLines = 3; ///< of the longest reason with a device and a name of usual length
 
-Word lightWord(Colour light) {
+/// A green light stays green while an adapter is silent; then it is not to be called ready.
+Word lightWord(const F2& f2) {
+    const Colour light = f2.Label1.ForeColor;
+    if (light == Lampe::Gruen && f2.Verbunden == 0 && !f2.Meldezeile.Text().empty()) {
+        return Word::LightRed;
+    }
     return light == Lampe::Gruen ? Word::LightGreen : light == Lampe::Gelb ? Word::LightYellow : Word::LightRed;
 }
 
@@ -70,7 +75,7 @@ void LinkCard::makeReason() {
 }
 
 void LinkCard::showLight() {
-    const QString state = word(lightWord(f2_.Label1.ForeColor), f2_.kern.Config.Sprache);
+    const QString state = word(lightWord(f2_), f2_.kern.Config.Sprache);
     const QString reason = toQt(f2_.Meldezeile.Text());
     light_->show();
     lamp_->setAccessibleName(state);

@@ -184,6 +184,23 @@ TEST_F(KonfigurationDateien, a_file_that_cannot_be_read_counts_as_missing) {
     EXPECT_EQ(kern.Config.PortAutomatik, "RESET");
 }
 
+TEST_F(KonfigurationDateien, a_file_that_could_not_be_read_is_not_written_over) {
+    const std::string settings = "English\r\n2\r\nUSB-Port5\r\n9"; // a save ends the last line, too
+    for (int failing = 1; failing <= 2; ++failing) {
+        files[Settings] = settings;
+        files[Adapter] = "RESET     \r\n";
+        welt.Disk.Operations = 0;
+        welt.Disk.FailAt = failing;
+        Konfiguration_Laden(kern);
+        welt.Disk.FailAt = 0;
+        EXPECT_FALSE(Konfiguration_Speichern(kern));
+        EXPECT_EQ(files[Settings] == settings, failing == 1);
+        EXPECT_EQ(files[Adapter] == "RESET     \r\n", failing == 2);
+        Konfiguration_Laden(kern);
+        EXPECT_TRUE(Konfiguration_Speichern(kern));
+    }
+}
+
 TEST_F(KonfigurationDateien, whichever_write_fails_each_file_is_the_old_or_the_new_one) {
     for (int failing = 1; failing <= 2; ++failing) {
         files[Settings] = "old settings";

@@ -233,6 +233,19 @@ TEST_F(F2_Window, shows_the_link_light_in_exact_colours_and_in_words) {
     EXPECT_EQ(lamp->toolTip(), QStringLiteral("Bereit"));
 }
 
+TEST_F(F2_Window, calls_a_green_light_ready_only_while_an_adapter_answers) {
+    programm->F2.Label1.ForeColor = Lampe::Gruen;
+    programm->F2.Verbunden = 1;
+    programm->F2.Meldezeile.Text = std::string();
+    const QString ready = Find<QLabel>("F2.State")->text();
+    programm->F2.Verbunden = 0;
+    programm->F2.Meldezeile.Text = std::string("Keine Verbindung zum Funkadapter!");
+    const QString mute = Find<QLabel>("F2.State")->text();
+    programm->F2.Label1.ForeColor = Lampe::Rot;
+    EXPECT_EQ(mute, Find<QLabel>("F2.State")->text());
+    EXPECT_NE(mute, ready);
+}
+
 TEST_F(F2_Window, says_why_the_port_is_not_open_in_the_status_bar_and_at_the_light) {
     Open();
     programm->F2.Label1.ForeColor = Lampe::Rot;

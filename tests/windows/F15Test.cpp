@@ -70,19 +70,22 @@ TEST_F(F15_Fenster, cancel_changes_nothing) {
     EXPECT_EQ(told, 0);
 }
 
-TEST_F(F15_Fenster, names_a_language_file_that_is_missing_and_keeps_the_words_in_use) {
+TEST_F(F15_Fenster, names_a_language_file_that_is_missing_and_keeps_the_language_in_use) {
+    const std::string before = Settings();
     Choice().Sprachen_Click(2);
     world.Answers.push_back({.Text = "L288 QVM_Francais.DAT"});
     Choice().OK_Click();
-    EXPECT_EQ(programm->kern.Config.Sprache, "Francais");
+    EXPECT_EQ(programm->kern.Config.Sprache, "Deutsch");
     EXPECT_EQ(programm->kern.Zeile(3), "L3");
+    EXPECT_EQ(Settings(), before);
+    EXPECT_EQ(told, 0);
     EXPECT_EQ(world.Shown[0].Sign, Icon::Exclamation);
 }
 
 TEST_F(F15_Fenster, tells_that_the_choice_was_not_saved_and_speaks_it_all_the_same) {
     const std::string before = Settings();
     world.Disk.Operations = 0;
-    world.Disk.FailAt = 1;
+    world.Disk.FailAt = 2; // the new words are read first
     Choice().Sprachen_Click(1);
     // The new words have no line 287; the message falls back to its design.
     world.Answers.push_back({.Text = "Die Einstellungen konnten nicht gespeichert werden!"});

@@ -75,7 +75,7 @@ TEST_F(F2_Port_Geaendert, an_adapter_put_back_elsewhere_becomes_the_configured_p
     EXPECT_EQ(world.Disk.Files["/q/DAT/EST7CSB29A.I_1"], "Deutsch\r\n1\r\nUSB-Port7\r\n3\r\n");
 }
 
-TEST_F(F2_Port_Geaendert, an_arrived_port_that_a_service_still_holds_is_tried_thirty_times_more) {
+TEST_F(F2_Port_Geaendert, an_arrived_port_that_a_service_still_holds_is_tried_thirty_times_soon) {
     Connect();
     PullOut();
     world.AdapterPortNumbers = {5};
@@ -83,7 +83,7 @@ TEST_F(F2_Port_Geaendert, an_arrived_port_that_a_service_still_holds_is_tried_th
     const int opens = world.Opens;
     world.PortChanged(PortChange::Arrived);
     EXPECT_EQ(Line(), PortFault_Text(programm->kern, *world.PortFaultNow));
-    world.RunFor(100000);
+    world.RunFor(99000);
     EXPECT_EQ(world.Opens, opens + 31);
     EXPECT_EQ(Light(), Lampe::Rot);
     // A new arrival begins anew.

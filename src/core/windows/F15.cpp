@@ -39,9 +39,17 @@ void F15::OK_Click() {
     if (index < 0 || index >= static_cast<int>(SprachNamen.size())) {
         return;
     }
+    const std::string before = kern.Config.Sprache;
     kern.Config.Sprache = SprachNamen[static_cast<std::size_t>(index)];
+    if (Sprachdatei_Laden(kern) == SprachdateiStatus::Fehlt) {
+        // A language without words would leave the next start without any.
+        kern.Meldung(Wort(kern, EigeneZeile::DateiFehlt, "Datei nicht gefunden:") + " QVM_" + kern.Config.Sprache +
+                         ".DAT",
+                     Buttons::Ok, Icon::Exclamation);
+        kern.Config.Sprache = before;
+        return;
+    }
     const bool saved = Konfiguration_Speichern(kern);
-    const bool found = Sprachdatei_Laden(kern) != SprachdateiStatus::Fehlt;
     if (Sprache_Gewechselt) {
         Sprache_Gewechselt();
     }
@@ -49,11 +57,6 @@ void F15::OK_Click() {
         kern.Meldung(
             Wort(kern, EigeneZeile::NichtGespeichert, u8"Die Einstellungen konnten nicht gespeichert werden!"_w),
             Buttons::Ok, Icon::Exclamation);
-    }
-    if (!found) {
-        kern.Meldung(Wort(kern, EigeneZeile::DateiFehlt, "Datei nicht gefunden:") + " QVM_" + kern.Config.Sprache +
-                         ".DAT",
-                     Buttons::Ok, Icon::Exclamation);
     }
 }
 

@@ -5,6 +5,7 @@
 #include "AutoRegister.h"
 #include "Worte.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace qvm {
@@ -13,8 +14,9 @@ namespace {
 /// Milliseconds of Timer2: at the first open, once the port is ready, between two scans, after a key found no adapter.
 constexpr int FirstInterval = 1000, ReadyInterval = 200, ScanInterval = 40000, KeyInterval = 30000;
 constexpr int GuardInterval = 2000;
-/// How often, and how many milliseconds apart, a port is tried again that may only be out of reach for a moment.
-constexpr int RetryInterval = 2000, MostRetries = 30;
+/// How often, and how many milliseconds apart, a port is tried again that may only be out of reach for a moment. Behind
+/// these tries it is looked for as often as an adapter is.
+constexpr int RetryInterval = 2000, FastRetries = 30;
 
 constexpr int TimeOutLine = 74, AdapterPictureId = 1;
 
@@ -205,7 +207,7 @@ void F2::Port_Einrichten_Anzeigen() {
 
 void F2::Wiederholung_Starten() {
     if (Voruebergehend(fehler_)) {
-        Wiederholung.Start();
+        Wiederholung.Start(versuche_ < FastRetries ? RetryInterval : ScanInterval);
     }
 }
 
@@ -251,7 +253,7 @@ void F2::Port_Geaendert(PortChange change) {
         nachholen_ = nachholen_ || arrived;
         versuche_ = 0;
         Wiederholung_Timer();
-        Wiederholung.Start();
+        Wiederholung.Start(RetryInterval);
         return;
     }
     if (!arrived) {
@@ -285,10 +287,7 @@ void F2::Wiederholung_Timer() {
         return; // the window in front has the port
     }
     Wiederholung.Stop();
-    if (!nachholen_ && versuche_ >= MostRetries) {
-        return;
-    }
-    ++versuche_;
+    versuche_ = std::min(versuche_ + 1, FastRetries);
     Port_Bereiten();
 }
 
