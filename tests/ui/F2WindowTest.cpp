@@ -234,6 +234,7 @@ TEST_F(F2_Window, shows_the_link_light_in_exact_colours_and_in_words) {
 }
 
 TEST_F(F2_Window, calls_a_green_light_ready_only_while_an_adapter_answers) {
+    Open();
     programm->F2.Label1.ForeColor = Lampe::Gruen;
     programm->F2.Verbunden = 1;
     programm->F2.Meldezeile.Text = std::string();
