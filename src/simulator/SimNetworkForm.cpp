@@ -72,7 +72,7 @@ void JudgeParts(std::span<const FormPart> parts, Bytes bytes, const std::string&
     for (const FormPart& part : parts) {
         const auto first = static_cast<std::size_t>(part.First), last = static_cast<std::size_t>(part.Last);
         if (const std::string fault = RangeFault(part, bytes.subspan(first, last + 1 - first)); !fault.empty()) {
-            judge.Note(Wrong::Range, NetworkMark, whose + part.Name + ": " + fault);
+            judge.Note(Wrong::Range, NetworkMark, std::string{whose}.append(part.Name).append(": ").append(fault));
         }
     }
 }

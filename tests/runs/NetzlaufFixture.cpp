@@ -22,7 +22,7 @@ void NetzlaufFixture::BeginNet(const std::vector<int>& network) {
         NetDevices, SimSurroundings{
                         .Now = [this] { return world.Elapsed(); },
                         .After = [this](int ms, std::function<void()> action) { world.At(ms, std::move(action)); },
-                        .Send = [this](std::vector<std::uint8_t> bytes) { world.Deliver(std::move(bytes)); },
+                        .Send = [this](const std::vector<std::uint8_t>& bytes) { world.Deliver(bytes); },
                         .Decipher = Entmischen,
                         .Unplug =
                             [this] {

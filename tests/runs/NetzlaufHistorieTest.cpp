@@ -24,13 +24,13 @@ struct Net_History : NetzlaufFixture {
     /// The file holds the head and one line a record, in their order.
     void Expect_File(int count) {
         const std::vector<std::string> lines = HistoryLines("Tor");
-        ASSERT_EQ(lines.size(), static_cast<std::size_t>(count + 1));
+        ASSERT_EQ(lines.size(), static_cast<std::size_t>(count) + 1);
         EXPECT_EQ(lines[0], "Tor  /  SNA : 00.0A.10.01");
         for (int n = 0; n < count; ++n) {
             std::string name = "U" + std::to_string(n);
             name.resize(16, ' '); // a zero in a name is a blank in the file
             name += '\t';
-            const std::string& line = lines[static_cast<std::size_t>(n + 1)];
+            const std::string& line = lines[static_cast<std::size_t>(n) + 1];
             ASSERT_EQ(line.substr(0, name.size()), name);
             ASSERT_EQ(line.substr(line.rfind('\t') + 1), "Transponder");
         }

@@ -64,8 +64,8 @@ INSTANTIATE_TEST_SUITE_P(All, Net_Run_With_Users,
 /// Two locks of one class with the same data: one goes through the network adapter, the other directly.
 struct Twins {
     std::string_view Name, Network, Direct;
-    bool Parts;   ///< timer tables of the long form
-    int Messages; ///< that the check of each row shows
+    bool Parts;           ///< timer tables of the long form
+    std::size_t Messages; ///< that the check of each row shows
 };
 void PrintTo(const Twins& twins, std::ostream* out) {
     *out << twins.Name;
@@ -125,7 +125,7 @@ TEST_P(Net_Run_Of_Twins, both_locks_hold_the_same) {
     Fill(2);
     Fill_Shared();
     BeginNet({1});
-    world.Answers.assign(static_cast<std::size_t>(2 * twins.Messages), {.Text = "*"});
+    world.Answers.assign(2 * twins.Messages, {.Text = "*"});
     Prog({1, 2});
     ASSERT_TRUE(Work());
     EXPECT_EQ(RowAt(1), NetProgrammed);
