@@ -371,6 +371,7 @@ TEST_F(F11_Liste, does_not_begin_with_fewer_than_six_characters) {
 TEST_F(F11_Liste, that_was_cancelled_does_not_stick_to_the_next_click) {
     OpenList();
     Dialog().Cancel_Click();
+    EXPECT_EQ(programm->link.Lauf.RunRows, 0);
     OpenStart(2);
     Ok();
     EXPECT_THAT(Calls, ElementsAre("answers"));

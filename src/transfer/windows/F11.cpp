@@ -224,6 +224,8 @@ void F11::Schliessen() {
 
 void F11::Cancel_Click() {
     Eingabe_Leeren();
+    // A list that was not begun must not go with whatever opens the dialog next.
+    run.link.Lauf.RunRow = run.link.Lauf.RunRows = 0;
     Schliessen();
     Rufen(Zurueck);
 }
