@@ -234,6 +234,15 @@ TEST(SimNetwork, a_new_run_in_the_middle_of_another_is_judged) {
     EXPECT_THAT(bench.Findings(), ElementsAre("unfinished: a new run behind block 1"));
 }
 
+TEST(SimNetwork, a_block_for_another_key_has_no_sum_that_fits) {
+    NetBench bench;
+    std::array<std::uint8_t, 16> other = bench.System.World().Adapter.Key;
+    other[15] ^= 1;
+    bench.System.Receive(NetworkWire(bench.Only(NetBench::Fixed(0)), other));
+    EXPECT_THAT(bench.After(10), IsEmpty());
+    EXPECT_THAT(bench.Findings(), ElementsAre("checksum: the frame's checksum does not fit the deciphered bytes"));
+}
+
 // ---- locks that are not reached
 
 TEST(SimNetwork, a_lock_that_does_not_exist_is_not_reached) {
