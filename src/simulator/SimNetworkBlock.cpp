@@ -112,10 +112,11 @@ bool ShortNetworkSumFits(const NetworkTelegram& telegram, std::size_t last, Judg
 
 std::vector<std::uint8_t> NetworkAnswer(const NetworkTelegram& to, std::uint8_t number, std::uint8_t code,
                                         std::span<const std::uint8_t> body) {
-    std::vector<std::uint8_t> answer(to.Frame.begin(), to.Frame.begin() + Net::Payload);
+    std::vector<std::uint8_t> answer(Net::Payload + body.size());
+    std::copy_n(to.Frame.begin(), Net::Payload, answer.begin());
+    std::copy(body.begin(), body.end(), answer.begin() + Net::Payload);
     answer[1] = number;
     answer[27] = code;
-    answer.insert(answer.end(), body.begin(), body.end());
     return answer;
 }
 
