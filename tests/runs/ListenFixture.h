@@ -33,10 +33,10 @@ struct ListenFixture : RunFixture {
     void NetReply(std::uint8_t code, std::uint8_t block = 1, const Bytes& payload = {}, int delayMs = 20);
     /// Every block is taken, the clock starts the programming, which goes well.
     void GoodNetAdapter();
-
-private:
+    /// A write of the program to the adapter that the test plays.
     void NetTaken(std::span<const std::uint8_t> bytes);
 
+private:
     Bytes netLine_;
 };
 

@@ -91,6 +91,21 @@ void NetzlaufFixture::AddUsers(int count, const std::vector<int>& locks) {
     }
 }
 
+void ExpectSameSettings(const VirtualLock& net, const VirtualLock& direct, int partsA) {
+    EXPECT_TRUE(std::equal(net.TableA.begin(), net.TableA.begin() + partsA, direct.TableA.begin()));
+    EXPECT_TRUE(std::equal(net.TableB.begin(), net.TableB.begin() + 5, direct.TableB.begin()));
+    EXPECT_EQ(net.SingleDays, direct.SingleDays);
+    EXPECT_EQ(net.PermanentDays, direct.PermanentDays);
+    EXPECT_EQ(net.CalendarFlag, direct.CalendarFlag);
+    EXPECT_EQ(net.LockTimerFlag, direct.LockTimerFlag);
+    EXPECT_EQ(net.Priority, direct.Priority);
+    EXPECT_EQ(net.LockMode, direct.LockMode);
+    EXPECT_EQ(net.EraseOption, direct.EraseOption);
+    EXPECT_EQ(net.Listen, direct.Listen);
+    EXPECT_EQ(net.Channel, direct.Channel);
+    EXPECT_EQ(net.Fingers, direct.Fingers);
+}
+
 std::array<std::uint8_t, 16> UserNameBytes(int n) {
     const std::string text = "User " + std::to_string(n);
     std::array<std::uint8_t, 16> name{};

@@ -32,6 +32,10 @@ struct NetzlaufFixture : ListenFixture {
     void AddUsers(int count, const std::vector<int>& locks);
 };
 
+/// All that a lock holds beside its users, programmed by the one route and by the other. `partsA`: lines of the table
+/// of persons that a lock of the kind gets.
+void ExpectSameSettings(const VirtualLock& net, const VirtualLock& direct, int partsA);
+
 /// "User n" as a lock keeps it, and its code of six digits.
 std::array<std::uint8_t, 16> UserNameBytes(int n);
 std::array<std::uint8_t, 5> UserCodeBytes(int n);

@@ -133,20 +133,9 @@ TEST_P(Net_Run_Of_Twins, both_locks_hold_the_same) {
     EXPECT_EQ(Net->JudgementLines(), "");
     EXPECT_EQ(system->JudgementLines(), "");
     const VirtualLock &net = NetLock(twins.Network), &direct = Lock(twins.Direct);
-    EXPECT_TRUE(std::equal(net.TableA.begin(), net.TableA.begin() + (twins.Parts ? 10 : 8), direct.TableA.begin()));
-    EXPECT_TRUE(std::equal(net.TableB.begin(), net.TableB.begin() + 5, direct.TableB.begin()));
-    EXPECT_EQ(net.SingleDays, direct.SingleDays);
-    EXPECT_EQ(net.PermanentDays, direct.PermanentDays);
-    EXPECT_EQ(net.CalendarFlag, direct.CalendarFlag);
-    EXPECT_EQ(net.LockTimerFlag, direct.LockTimerFlag);
-    EXPECT_EQ(net.Priority, direct.Priority);
-    EXPECT_EQ(net.LockMode, direct.LockMode);
-    EXPECT_EQ(net.EraseOption, direct.EraseOption);
-    EXPECT_EQ(net.Listen, direct.Listen);
-    EXPECT_EQ(net.Channel, direct.Channel);
+    ExpectSameSettings(net, direct, twins.Parts ? 10 : 8);
     EXPECT_EQ(net.Clock->Day, direct.Clock->Day);
     EXPECT_EQ(net.Clock->Year, direct.Clock->Year);
-    EXPECT_EQ(net.Fingers, direct.Fingers);
     ASSERT_EQ(net.Users.size(), 4U);
     ASSERT_EQ(direct.Users.size(), 4U);
     for (std::size_t n = 0; n < 4; ++n) {
