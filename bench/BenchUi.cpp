@@ -64,6 +64,7 @@ double processorSeconds() {
 struct Bench {
     qvm::Programm& programm;
     qvm::ui::Oberflaeche& windows;
+    static constexpr int HistoryLines = 2024;
     int IdleSeconds = 10;
     QElapsedTimer clock;
 
@@ -88,10 +89,39 @@ struct Bench {
     void OpenLocks() {
         clock.start();
         new AfterPaint(windows.f13, [this] {
-            std::printf("F13 painted after %.1f ms\n", static_cast<double>(clock.nsecsElapsed()) / 1e6);
-            OpenRest();
+            std::printf("F13 painted after %.1f ms\n", Milliseconds());
+            OpenHistory();
         });
         programm.F13.F13_FormLaden();
+    }
+    double Milliseconds() const { return static_cast<double>(clock.nsecsElapsed()) / 1e6; }
+    /// A full history, every tenth line with the same name.
+    void OpenHistory() {
+        const std::string path = programm.kern.HistPfad() + "H_20260305_103000_Bench.HST";
+        std::ofstream file(path, std::ios::binary);
+        file << "01.50.0C.10\r\n";
+        for (int n = 1; n < HistoryLines; ++n) {
+            file << (n % 10 == 0 ? "Wartung" : "Benutzer " + std::to_string(n))
+                 << "\t05.03.2026\t10:30\tFingerscan\r\n";
+        }
+        file.close();
+        clock.start();
+        new AfterPaint(windows.f7, [this] {
+            std::printf("F7 with %d lines painted after %.1f ms\n", programm.F7.Zeilen(), Milliseconds());
+            QTimer::singleShot(500, qApp, [this] { SearchHistory(); });
+        });
+        programm.F7.F7_Oeffnen(path);
+    }
+    void SearchHistory() {
+        programm.F7.Toolbar1_ButtonClick("Suchen");
+        programm.F8.Text1.Text = std::string("wartung");
+        clock.start();
+        new AfterPaint(windows.f7, [this] {
+            std::printf("F7 searched and painted after %.1f ms\n", Milliseconds());
+            programm.F8.Fenster.Visible = false;
+            OpenRest();
+        });
+        programm.F8.Command1_Click();
     }
     void OpenRest() {
         programm.F11.F11_Laden(qvm::F11Opener::F13, "");
@@ -103,7 +133,7 @@ struct Bench {
         programm.F9.F9_Zeigen();
         programm.F18.F18_Zeigen();
         QTimer::singleShot(1000, qApp, [this] {
-            std::printf("F2, F13, F11, F6, F14, F15, F1, F9 and F18 open, %s\n", residentMemory().c_str());
+            std::printf("F2, F13, F7, F11, F6, F14, F15, F1, F9 and F18 open, %s\n", residentMemory().c_str());
             Idle("all of them", [] { QApplication::exit(0); });
         });
     }
