@@ -5,6 +5,7 @@
 #include "Kern.h"
 #include "Link.h"
 #include "Network_USB.h"
+#include "NetzRahmen.h"
 #include "VirtualPlatform.h"
 
 #include <algorithm>
@@ -45,31 +46,13 @@ struct Input {
     }
 };
 
-/// A reply of code `code` around the payload, with its length and its checksum.
-std::vector<std::uint8_t> Whole(std::uint8_t code, std::uint8_t block, const std::vector<std::uint8_t>& payload) {
-    std::vector<std::uint8_t> frame(32, 0);
-    frame[0] = 0x02;
-    frame[1] = block;
-    frame[2] = 0x90;
-    frame[27] = code;
-    frame.insert(frame.end(), payload.begin(), payload.end());
-    const std::size_t n = frame.size() + 1;
-    frame[4] = static_cast<std::uint8_t>(n / 256);
-    frame[5] = static_cast<std::uint8_t>(n % 256);
-    frame.push_back(Pruefsumme(frame));
-    std::vector<std::uint8_t> line;
-    Stopfen(frame, line);
-    line.push_back(0x0D);
-    return line;
-}
-
 /// One reply from the input: a whole frame of a known code, or any bytes.
 std::vector<std::uint8_t> Reply(Input& in) {
     constexpr std::array<std::uint8_t, 10> Codes{0x0B, 0x0C, 0x0D, 0x14, 0x15, 0x16, 0x17, 0x1F, 0x20, 0xFF};
     const std::uint8_t kind = in.Next();
     const std::uint8_t block = in.Next();
     const std::vector<std::uint8_t> bytes = in.Take(in.Next() * (kind >= 128 ? std::size_t{5} : std::size_t{1}));
-    return kind % 16 < Codes.size() ? Whole(Codes[kind % 16], block, bytes) : bytes;
+    return kind % 16 < Codes.size() ? test::NetReplyWire(Codes[kind % 16], block, bytes) : bytes;
 }
 
 void Fill(Dataset& dataset, Input& in) {

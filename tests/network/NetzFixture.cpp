@@ -1,6 +1,8 @@
 #include "NetzFixture.h"
 
 #include "Frame.h"
+#include "NetzRahmen.h"
+#include "Stelle.h"
 #include "Text.h"
 
 #include <fstream>
@@ -8,10 +10,6 @@
 
 namespace qvm::test {
 namespace {
-
-std::size_t At(int n) {
-    return static_cast<std::size_t>(n);
-}
 
 std::uint8_t Byte(int value) {
     return static_cast<std::uint8_t>(value % 256);
@@ -196,26 +194,7 @@ void NetzTest::Taken(std::span<const std::uint8_t> bytes) {
 }
 
 Bytes NetzTest::Antwort(std::uint8_t code, std::uint8_t block, const Bytes& payload) {
-    Bytes frame(32, 0);
-    frame[0] = 0x02;
-    frame[1] = block;
-    frame[2] = 0x90;
-    frame[3] = 1;
-    frame[27] = code;
-    frame.insert(frame.end(), payload.begin(), payload.end());
-    const std::size_t n = frame.size() + 1;
-    frame[4] = static_cast<std::uint8_t>(n / 256);
-    frame[5] = static_cast<std::uint8_t>(n % 256);
-    frame.push_back(Pruefsumme(frame));
-    Bytes line;
-    for (std::size_t at = 0; at < frame.size(); ++at) {
-        line.push_back(frame[at]);
-        if (at > 1 && frame[at] == 0x02) {
-            line.push_back(0);
-        }
-    }
-    line.push_back(0x0D);
-    return line;
+    return test::NetReplyWire(code, block, payload);
 }
 
 void NetzTest::Gutes_Geraet() {

@@ -9,19 +9,6 @@ namespace {
 
 constexpr int NetLock = 2;
 
-HistoryLine Record(int day, std::uint8_t event) {
-    HistoryLine line{};
-    line[0] = static_cast<std::uint8_t>(day);
-    line[1] = 3;
-    line[2] = 26;
-    line[3] = 9;
-    line[4] = 15;
-    const std::string name = "Anna";
-    std::copy(name.begin(), name.end(), line.begin() + 5);
-    line[21] = event;
-    return line;
-}
-
 const char* NameOf(int lock) {
     return lock == 1 ? "Tor" : lock == NetLock ? "Keller" : "Dach";
 }
@@ -29,9 +16,9 @@ const char* NameOf(int lock) {
 } // namespace
 
 CutList::CutList() {
-    AddLock(1, "Tor", "00.0A.10.01", " XXX ").History = {Record(4, 0x02), Record(3, 0x15), Record(2, 0x01)};
+    AddLock(1, "Tor", "00.0A.10.01", " XXX ").History = {Event(4, 0x02), Event(3, 0x15), Event(2, 0x01)};
     AddLock(2, "Keller", "00.0A.10.02", " XXX ");
-    AddLock(3, "Dach", "00.0A.10.03", " XXX ").History = {Record(1, 0x0A)};
+    AddLock(3, "Dach", "00.0A.10.03", " XXX ").History = {Event(1, 0x0A)};
     files.User(1, {.Name = "Anna", .Marks = {{1, 'X'}, {2, 'X'}, {3, 'X'}}});
 }
 
@@ -112,7 +99,7 @@ void CutList::PlayNetAdapter(const Bytes& frame) {
             return;
         }
     }
-    const HistoryLine first = Record(28, 0x24), second = Record(27, 0x0B);
+    const HistoryLine first = Event(28, 0x24), second = Event(27, 0x0B);
     Bytes records(first.begin(), first.end());
     records[1] = 2;
     records.insert(records.end(), second.begin(), second.end());

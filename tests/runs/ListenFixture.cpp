@@ -1,5 +1,7 @@
 #include "ListenFixture.h"
 
+#include "NetzRahmen.h"
+
 #include <algorithm>
 
 namespace qvm::test {
@@ -7,19 +9,20 @@ namespace {
 
 constexpr std::string_view DirectId = "/10/20/30/40", NetId = "/3/224/0/1";
 
-/// Doubling with end-around carry, modulo 255; 255 stays.
-std::uint8_t Sum(const std::vector<std::uint8_t>& bytes) {
-    unsigned sum = 0;
-    for (const std::uint8_t byte : bytes) {
-        sum = sum * 2 + byte;
-        while (sum > 255) {
-            sum -= 255;
-        }
-    }
-    return static_cast<std::uint8_t>(sum);
-}
-
 } // namespace
+
+HistoryLine ListenFixture::Event(int day, std::uint8_t event) {
+    HistoryLine line{};
+    line[0] = static_cast<std::uint8_t>(day);
+    line[1] = 3;
+    line[2] = 26;
+    line[3] = 9;
+    line[4] = 15;
+    const std::string name = "Anna";
+    std::copy(name.begin(), name.end(), line.begin() + 5);
+    line[21] = event;
+    return line;
+}
 
 void ListenFixture::BeginList(const std::vector<int>& network) {
     Begin();
@@ -99,11 +102,7 @@ void ListenFixture::NetTaken(std::span<const std::uint8_t> bytes) {
         return;
     }
     netLine_.insert(netLine_.end(), bytes.begin(), bytes.end());
-    Bytes frame;
-    for (std::size_t n = 0; n < netLine_.size(); ++n) {
-        frame.push_back(netLine_[n]);
-        n += frame.size() > 2 && netLine_[n] == 0x02 ? 1 : 0;
-    }
+    const Bytes frame = NetUnstuffed(netLine_);
     NetFrames.push_back(frame);
     if (NetAdapter) {
         NetAdapter(frame);
@@ -111,25 +110,7 @@ void ListenFixture::NetTaken(std::span<const std::uint8_t> bytes) {
 }
 
 void ListenFixture::NetReply(std::uint8_t code, std::uint8_t block, const Bytes& payload, int delayMs) {
-    Bytes frame(32, 0);
-    frame[0] = 0x02;
-    frame[1] = block;
-    frame[2] = 0x90;
-    frame[3] = 1;
-    frame[27] = code;
-    frame.insert(frame.end(), payload.begin(), payload.end());
-    frame[4] = static_cast<std::uint8_t>((frame.size() + 1) / 256);
-    frame[5] = static_cast<std::uint8_t>((frame.size() + 1) % 256);
-    frame.push_back(Sum(frame));
-    Bytes line;
-    for (std::size_t at = 0; at < frame.size(); ++at) {
-        line.push_back(frame[at]);
-        if (at > 1 && frame[at] == 0x02) {
-            line.push_back(0);
-        }
-    }
-    line.push_back(0x0D);
-    world.Deliver(line, delayMs);
+    world.Deliver(NetReplyWire(code, block, payload), delayMs);
 }
 
 void ListenFixture::GoodNetAdapter() {

@@ -18,6 +18,9 @@ struct ListenFixture : RunFixture {
     std::function<void(const Bytes& frame)> NetAdapter;
     std::vector<Bytes> NetFrames; ///< unstuffed
 
+    /// What Anna did at 09:15 of a day in March 2026.
+    static HistoryLine Event(int day, std::uint8_t event);
+
     /// Begin, with both adapters known. Locks of `network` go through the network adapter, the others directly.
     void BeginList(const std::vector<int>& network = {});
     /// Marks the locks and presses "Prog.", answering both questions; then the code.

@@ -11,19 +11,6 @@ using Row = ListenFixture::Row;
 
 const Row Programmed{">>", "L266"}, HistoryRead{"<<", "L263"}, Failed{"#", "L66"}, Skipped{"-", "L261"};
 
-HistoryLine Event(int day, std::uint8_t event) {
-    HistoryLine line{};
-    line[0] = static_cast<std::uint8_t>(day);
-    line[1] = 3;
-    line[2] = 26;
-    line[3] = 9;
-    line[4] = 15;
-    const std::string name = "Anna";
-    std::copy(name.begin(), name.end(), line.begin() + 5);
-    line[21] = event;
-    return line;
-}
-
 struct List_Run : ListenFixture {
     List_Run() {
         AddLock(1, "Tor", "00.0A.10.01", " XXX ");

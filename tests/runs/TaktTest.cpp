@@ -74,6 +74,18 @@ TEST_F(Run_Waits, the_channel_is_set_10_ms_behind_its_reading) {
     EXPECT_THAT(Waits(0x66, 0x29), ElementsAre(10));
 }
 
+TEST_F(Run_Waits, a_unit_is_looked_for_on_the_next_channel_half_a_second_behind_a_refusal) {
+    files.Reception(1, '2', '0', '0', 0, 0, 0, '0', "255");
+    files.Unit(1, 1, "Finger", "00012CCD", '2');
+    AddUnit("00012CCD", 2).Channel = 3;
+    Watch();
+    Program(1);
+    ASSERT_TRUE(Finish());
+    const auto waits = Waits(0x69, 0x6F);
+    ASSERT_FALSE(waits.empty());
+    EXPECT_THAT(waits, testing::Each(500));
+}
+
 TEST_F(Run_Waits, the_second_bar_moves_every_half_second_at_the_end_of_a_first_pass) {
     files.Lock(1, "Tresor", Serial::TwoPass, " XXX ");
     devices.Locks[0].Serial = AddressOf(Serial::TwoPass);
