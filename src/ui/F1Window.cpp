@@ -72,6 +72,9 @@ QLayout* F1Window::makeFacts() {
     cipherCaption_ = add(0, f1_.CipherLabel, "CipherLabel");
     directoryCaption_ = add(1, f1_.DirectoryLabel, "DirectoryLabel");
     licenceCaption_ = add(2, f1_.LicenceLabel, "LicenceLabel");
+    licenceTexts_ = new QLabel(this);
+    licenceTexts_->setObjectName(QStringLiteral("F1.LicenceTexts"));
+    grid->addWidget(licenceTexts_, 3, 1);
     return grid;
 }
 
@@ -94,6 +97,7 @@ void F1Window::setWords() {
     cipherCaption_->setText(word(Word::Cipher, language));
     directoryCaption_->setText(word(Word::DataDirectory, language));
     licenceCaption_->setText(word(Word::Libraries, language));
+    licenceTexts_->setText(word(Word::LicenceTexts, language));
 }
 
 void F1Window::showEvent(QShowEvent* event) {

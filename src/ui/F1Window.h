@@ -29,6 +29,7 @@ private:
     QLabel* cipherCaption_ = nullptr;
     QLabel* directoryCaption_ = nullptr;
     QLabel* licenceCaption_ = nullptr;
+    QLabel* licenceTexts_ = nullptr;
     QPushButton* ok_ = nullptr;
 };
 

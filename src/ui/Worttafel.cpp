@@ -14,7 +14,7 @@ struct Row {
     std::array<const char*, SprachNamen.size()> Texts; ///< in the order of SprachNamen, UTF-8
 };
 
-constexpr std::array<Row, 26> Rows{{
+constexpr std::array<Row, 27> Rows{{
     {Word::Yes, {"&Ja", "&Yes", "&Oui", "&Ja"}},
     {Word::No, {"&Nein", "&No", "&Non", "&Nee"}},
     {Word::LightRed, {"Nicht verbunden", "Not connected", "Non connecté", "Niet verbonden"}},
@@ -25,6 +25,9 @@ constexpr std::array<Row, 26> Rows{{
     {Word::Cipher, {"Verschlüsselung", "Cipher", "Chiffrement", "Versleuteling"}},
     {Word::DataDirectory, {"Datenverzeichnis", "Data folder", "Dossier des données", "Gegevensmap"}},
     {Word::Libraries, {"Bibliotheken", "Libraries", "Bibliothèques", "Bibliotheken"}},
+    {Word::LicenceTexts,
+     {"Lizenztexte: bei den Paketen des Systems", "Licence texts: with the system's packages",
+      "Textes des licences : avec les paquets du système", "Licentieteksten: bij de pakketten van het systeem"}},
     {Word::AdapterPresent, {"angeschlossen", "connected", "connecté", "aangesloten"}},
     {Word::AdapterAbsent, {"nicht angeschlossen", "not connected", "non connecté", "niet aangesloten"}},
     {Word::Adapter, {"Funkadapter", "Wireless adapter", "Adaptateur radio", "Radioadapter"}},

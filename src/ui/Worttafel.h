@@ -16,6 +16,7 @@ enum class Word {
     Cipher,
     DataDirectory,
     Libraries,
+    LicenceTexts, ///< where they are
     AdapterPresent,
     AdapterAbsent,
     Adapter,

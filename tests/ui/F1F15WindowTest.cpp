@@ -56,6 +56,7 @@ TEST_F(F1_Window, tells_version_adapter_cipher_folder_and_licences) {
     EXPECT_EQ(Text(windows->f1, "F1.CipherLabel"), QStringLiteral("AES-128"));
     EXPECT_EQ(Text(windows->f1, "F1.DirectoryLabel"), QStringLiteral("/q/DAT/"));
     EXPECT_TRUE(Text(windows->f1, "F1.LicenceLabel").contains(QStringLiteral("LGPL-3.0")));
+    EXPECT_EQ(Text(windows->f1, "F1.LicenceTexts"), QStringLiteral("Lizenztexte: bei den Paketen des Systems"));
 }
 
 TEST_F(F1_Window, stands_in_the_middle_of_the_main_window) {

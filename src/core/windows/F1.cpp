@@ -8,9 +8,8 @@ namespace {
 
 constexpr std::string_view AdapterName = "USB Wireless Adapter - ";
 
-/// The libraries that the program is linked with, and where their licence texts are.
-constexpr std::string_view Licences = "Qt 6: LGPL-3.0\r\nOpenSSL 3: Apache-2.0\r\nlibudev: LGPL-2.1\r\n"
-                                      "Licence texts: with the system's packages";
+/// The libraries that the program is linked with.
+constexpr std::string_view Licences = "Qt 6: LGPL-3.0\r\nOpenSSL 3: Apache-2.0\r\nlibudev: LGPL-2.1";
 
 } // namespace
 
