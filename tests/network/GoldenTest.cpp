@@ -143,6 +143,24 @@ TEST_P(Golden_Bloecke, have_the_right_number_lengths_and_checksums) {
     EXPECT_EQ(block - 1, GetParam() == 28 ? 2 : GetParam() == 29 ? 3 : 14);
 }
 
+TEST_P(Golden_Bloecke, agree_byte_by_byte_in_the_clear_and_enciphered) {
+    Benutzer(GetParam());
+    for (const std::string form : {"plain", "enciphered"}) {
+        int block = 1;
+        Net_Daten_Senden(run, 0, GetParam());
+        do {
+            // Of the longest dataset a middle block and the last one.
+            if (GetParam() < 250 || block == 2 || block == 14) {
+                Vergleichen("data, " + std::to_string(GetParam()) + " users, block " + std::to_string(block) + ", " +
+                            form);
+            }
+            ++block;
+        } while (Net_Daten_Senden(run, 1, GetParam()));
+        EXPECT_EQ(block - 1, GetParam() == 28 ? 2 : GetParam() == 29 ? 3 : 14);
+        Aes();
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Users, Golden_Bloecke, ::testing::Values(28, 29, 250));
 
 } // namespace

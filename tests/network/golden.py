@@ -207,6 +207,9 @@ def main():
             sums = [payload[min(at + 128, len(payload) - 1)] for at in range(0, len(payload), 129)]
             show("sums, %d users, block %d" % (n, frame[1]), bytes([frame[1], frame[3], frame[4], frame[5]] + sums +
                                                                    [frame[-1]]))
+            # Of the longest dataset a middle block and the last one.
+            if n < 250 or frame[1] in (2, 14):
+                both("data, %d users, block %d" % (n, frame[1]), frame)
 
 
 main()
