@@ -47,7 +47,7 @@ def pieces(build, source, folder):
 
 def tidy(folder, path):
     run = subprocess.run(["clang-tidy", "-p", folder, *OPTIONS, path], capture_output=True, text=True, check=False)
-    return run.returncode, run.stdout
+    return run.returncode, run.stdout + run.stderr if run.returncode else run.stdout
 
 
 def main():

@@ -18,20 +18,7 @@ void NetzlaufFixture::BeginNet(const std::vector<int>& network) {
     NetDevices.Locks = devices.Locks;
     NetDevices.Units = devices.Units;
     programm->Adapter.Saetze[1].TransferKey = NetDevices.Adapter.Key;
-    Net = std::make_unique<VirtualSystem>(
-        NetDevices, SimSurroundings{
-                        .Now = [this] { return world.Elapsed(); },
-                        .After = [this](int ms, std::function<void()> action) { world.At(ms, std::move(action)); },
-                        .Send = [this](const std::vector<std::uint8_t>& bytes) { world.Deliver(bytes); },
-                        .Decipher = Entmischen,
-                        .Unplug =
-                            [this] {
-                                world.PortCanOpen = false;
-                                world.PortOpen = false;
-                            },
-                        .SessionClosed = {},
-                        .Trace = {},
-                    });
+    Net = std::make_unique<VirtualSystem>(NetDevices, Surroundings());
     world.OnWrite = [this](std::span<const std::uint8_t> bytes) {
         (world.PortNumber == 2 ? *Net : *system).Receive(bytes);
     };

@@ -52,6 +52,22 @@ VirtualUnit& RunFixture::AddUnit(std::string_view serialHex, int type) {
     return devices.Units.back();
 }
 
+SimSurroundings RunFixture::Surroundings() {
+    return {
+        .Now = [this] { return world.Elapsed(); },
+        .After = [this](int ms, std::function<void()> action) { world.At(ms, std::move(action)); },
+        .Send = [this](std::vector<std::uint8_t> bytes) { world.Deliver(std::move(bytes)); },
+        .Decipher = Entmischen,
+        .Unplug =
+            [this] {
+                world.PortCanOpen = false;
+                world.PortOpen = false;
+            },
+        .SessionClosed = {},
+        .Trace = {},
+    };
+}
+
 void RunFixture::Begin() {
     programm.reset();
     system.reset();
@@ -60,20 +76,7 @@ void RunFixture::Begin() {
     programm = std::make_unique<Programm>(world.World, "/q");
     programm->F7_Oeffnen = [this](const std::string& path) { OpenedHistories.push_back(path); };
     ASSERT_EQ(Programm_Start(*programm, true), StartResult::Started);
-    system = std::make_unique<VirtualSystem>(
-        devices, SimSurroundings{
-                     .Now = [this] { return world.Elapsed(); },
-                     .After = [this](int ms, std::function<void()> action) { world.At(ms, std::move(action)); },
-                     .Send = [this](std::vector<std::uint8_t> bytes) { world.Deliver(std::move(bytes)); },
-                     .Decipher = Entmischen,
-                     .Unplug =
-                         [this] {
-                             world.PortCanOpen = false;
-                             world.PortOpen = false;
-                         },
-                     .SessionClosed = {},
-                     .Trace = {},
-                 });
+    system = std::make_unique<VirtualSystem>(devices, Surroundings());
     world.OnWrite = [this](std::span<const std::uint8_t> bytes) { system->Receive(bytes); };
     programm->F13.F13_FormLaden();
     programm->F13.Timer1.Stop();

@@ -42,6 +42,8 @@ struct RunFixture : ::testing::Test {
     VirtualLock& AddLock(int number, std::string_view name, std::string_view serial,
                          std::string_view switches = "XXXXX");
     VirtualUnit& AddUnit(std::string_view serialHex, int type);
+    /// Time and line of the fixture, for a virtual system at any of its ports.
+    SimSurroundings Surroundings();
     /// Starts the program and the virtual system on what was put together, and opens F13.
     void Begin();
     /// Expects a message by its catalogue line.
