@@ -1,6 +1,7 @@
 #include "PortFault.h"
 
 #include "Kern.h"
+#include "Words.h"
 
 #include <algorithm>
 #include <array>
@@ -41,23 +42,6 @@ const Muster* Passendes(const PortFault& fault) {
     return found == MusterTabelle.end() ? nullptr : found;
 }
 
-/// One walk, so that a name that holds a "%2" itself is left as it is.
-std::string Ausgefuellt(std::string_view pattern, const PortFault& fault) {
-    std::string text;
-    while (!pattern.empty()) {
-        const std::string_view place = pattern.substr(0, 2);
-        const bool device = place == "%1";
-        if (device || place == "%2") {
-            text += device ? fault.Device : fault.Detail;
-            pattern.remove_prefix(2);
-        } else {
-            text += pattern.front();
-            pattern.remove_prefix(1);
-        }
-    }
-    return text;
-}
-
 } // namespace
 
 std::string PortFault_Text(const Kern& kern, const PortFault& fault) {
@@ -66,12 +50,12 @@ std::string PortFault_Text(const Kern& kern, const PortFault& fault) {
         return {};
     }
     const std::string& words = kern.Zeile(row->Zeile);
-    return Ausgefuellt(words.empty() ? row->English : std::string_view(words), fault);
+    return Ausfuellen(words.empty() ? row->English : std::string_view(words), {fault.Device, fault.Detail});
 }
 
 std::string PortFault_English(const PortFault& fault) {
     const Muster* const row = Passendes(fault);
-    return row == nullptr ? std::string() : Ausgefuellt(row->English, fault);
+    return row == nullptr ? std::string() : Ausfuellen(row->English, {fault.Device, fault.Detail});
 }
 
 } // namespace qvm

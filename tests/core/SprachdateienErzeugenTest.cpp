@@ -1,50 +1,24 @@
 // The program that makes the language files, run on small catalogues.
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
+#include "Erzeugung.h"
+
 #include <gtest/gtest.h>
-#include <iterator>
 #include <ostream>
 #include <string>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace qvm {
 namespace {
 
 const char* const Head = "line\tuses\tDeutsch\tEnglish\tFrancais\tNederlands\n";
 
-std::string Inhalt(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
+struct Sprachdateien : test::Erzeugung {
+    explicit Sprachdateien(const std::string& catalogue) : Erzeugung("SprachdateienErzeugen", catalogue) {}
 
-struct Erzeugung {
-    std::filesystem::path directory =
-        std::filesystem::path(testing::TempDir()) / ("qvm-lang-" + std::to_string(getpid()));
-    int exitCode = -1;
-    std::string errors;
-
-    explicit Erzeugung(const std::string& catalogue) {
-        std::filesystem::create_directories(directory);
-        std::ofstream(directory / "c.tsv", std::ios::binary) << catalogue;
-        const std::string command = std::string("\"") + QVM_BINARY_DIR + "/lang/SprachdateienErzeugen\" \"" +
-                                    (directory / "c.tsv").string() + "\" \"" + directory.string() + "\" 2>\"" +
-                                    (directory / "errors").string() + "\"";
-        const int status = std::system(command.c_str());
-        exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-        errors = Inhalt(directory / "errors");
-    }
-    ~Erzeugung() { std::filesystem::remove_all(directory); }
-    Erzeugung(const Erzeugung&) = delete;
-    Erzeugung& operator=(const Erzeugung&) = delete;
-
-    std::string Datei(const std::string& language) const { return Inhalt(directory / ("QVM_" + language + ".DAT")); }
+    std::string Datei(const std::string& language) const { return Erzeugung::Datei("QVM_" + language + ".DAT"); }
 };
 
 TEST(SprachdateienErzeugen, row_n_becomes_line_n_and_numbers_between_become_empty_lines) {
-    const Erzeugung made(std::string(Head) + "2\tx\tT\xC3\xBCr\tDoor\tPorte\tDeur\n4\ty\td\te\t\xE2\x82\xAC\tn\n");
+    const Sprachdateien made(std::string(Head) + "2\tx\tT\xC3\xBCr\tDoor\tPorte\tDeur\n4\ty\td\te\t\xE2\x82\xAC\tn\n");
     EXPECT_EQ(made.exitCode, 0) << made.errors;
     EXPECT_EQ(made.Datei("Deutsch"), "\r\nT\xFCr\r\n\r\nd\r\n");
     EXPECT_EQ(made.Datei("English"), "\r\nDoor\r\n\r\ne\r\n");
@@ -53,7 +27,7 @@ TEST(SprachdateienErzeugen, row_n_becomes_line_n_and_numbers_between_become_empt
 }
 
 TEST(SprachdateienErzeugen, line_300_is_the_last) {
-    EXPECT_EQ(Erzeugung(std::string(Head) + "300\tx\ta\tb\tc\td\n").exitCode, 0);
+    EXPECT_EQ(Sprachdateien(std::string(Head) + "300\tx\ta\tb\tc\td\n").exitCode, 0);
 }
 
 struct Schlecht {
@@ -69,7 +43,7 @@ void PrintTo(const Schlecht& bad, std::ostream* out) {
 struct SchlechterKatalog : testing::TestWithParam<Schlecht> {};
 
 TEST_P(SchlechterKatalog, is_refused_with_its_line_and_writes_no_file) {
-    const Erzeugung made(GetParam().Catalogue);
+    const Sprachdateien made(GetParam().Catalogue);
     EXPECT_EQ(made.exitCode, 1);
     EXPECT_NE(made.errors.find(GetParam().Error), std::string::npos) << made.errors;
     EXPECT_EQ(made.Datei("Deutsch"), "");

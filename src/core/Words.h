@@ -1,0 +1,27 @@
+#pragma once
+
+#include "Kern.h"
+
+#include <WordList.h>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
+/// The program's own words, which the language files do not hold: lang/words.tsv, compiled in. Word names them.
+namespace qvm {
+
+/// In code page 1252. `language`: as the configuration names it; German for any other.
+std::string_view Wort(Word which, std::string_view language);
+
+/// In the language in use.
+std::string Wort(const Kern& kern, Word which);
+
+/// The same with its places filled: "%1" gets the first of `places`, up to "%9". A place without a text becomes empty;
+/// a
+/// "%1" inside a filled-in text stays as it is.
+std::string Wort(const Kern& kern, Word which, std::initializer_list<std::string_view> places);
+
+/// `pattern` with its places filled in the same way.
+std::string Ausfuellen(std::string_view pattern, std::initializer_list<std::string_view> places);
+
+} // namespace qvm
