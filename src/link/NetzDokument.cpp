@@ -16,8 +16,9 @@ checksum at N, over 0 to N - 1 of the telegram in the clear with 0 at index 26. 
 N - 1, over 0 to N - 2, and one byte follows that nobody reads; replies with code 0x0C, 0x0D and 0xFF are taken without it.
 
 The payload begins at 32. Behind every 128 bytes of it, and behind what is left in the end, stands a checksum over them. It
-is enciphered with the adapter's transfer key in blocks of 16 bytes, the last byte of each such group, its checksum, and
-what is left of a group below 16 bytes excepted.
+is enciphered with the adapter's transfer key in blocks of 16 bytes. Each 129th byte, the checksum of 128 bytes, stays
+plain. The checksum of a shorter last group belongs to the group: whole blocks of data and checksum are enciphered, and what
+is left below 16 bytes stays plain. So 1193 to 1304 of a full block of code 0x16 are seven enciphered blocks.
 
 | Code | Name | Fields | Note |
 |---|---|---|---|

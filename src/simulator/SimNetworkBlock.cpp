@@ -37,7 +37,7 @@ NetworkTelegram PlainNetwork(std::span<const std::uint8_t> frame, const Decipher
         block(Net::Payload);
     }
     for (std::size_t at = Net::Payload; Grouped(plain.Code()) && at < sum; at += Net::Group + 1) {
-        const std::size_t bytes = std::min(Net::Group, sum - at - 1);
+        const std::size_t bytes = std::min(Net::Group, sum - at);
         for (std::size_t done = 0; done + CipherBlock <= bytes; done += CipherBlock) {
             block(at + done);
         }

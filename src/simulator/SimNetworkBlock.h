@@ -43,8 +43,9 @@ struct NetworkTelegram {
     std::span<const std::uint8_t> Body() const;
 };
 
-/// The telegram in the clear. Of each group the whole blocks of 16 are enciphered; of the start of a history reading
-/// the first 16 bytes; of all else nothing. Checksums are never enciphered. An empty `decipher` leaves all as it is.
+/// The telegram in the clear. Of each 128 bytes of the payload the whole blocks of 16 are enciphered, and the byte
+/// behind them, their checksum, is not; the checksum of a shorter last group counts among its bytes. Of the start of a
+/// history reading the first 16 bytes are enciphered, of all else nothing. An empty `decipher` leaves all as it is.
 NetworkTelegram PlainNetwork(std::span<const std::uint8_t> frame, const DecipherFunction& decipher,
                              const std::array<std::uint8_t, 16>& key);
 

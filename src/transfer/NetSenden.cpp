@@ -23,8 +23,9 @@ void Block_Verschluesseln(const Netzlauf& run, int at) {
     std::copy(block.begin(), block.end(), words);
 }
 
-/// Enciphers the payload in place, block by block. The last byte of each group, its checksum, stays plain, and so does
-/// what is left of a group below a block. Gives the length, which the start of a history reading changes.
+/// Enciphers the payload in place, block by block. Each 129th byte, the checksum of a full group, stays plain. The
+/// checksum of a shorter last group belongs to its bytes; what they leave below a block stays plain. Gives the length,
+/// which the start of a history reading changes.
 int Verschluesseln(Netzlauf& run, int length) {
     if (run.link.TxBuffer[NetzKopf::Code.Offset] == NetzCode::HistoryStart) {
         Netz_Feld(run.link, NetzKopf::Length, NetzHistorie::StartLengthWord);
@@ -32,7 +33,7 @@ int Verschluesseln(Netzlauf& run, int length) {
         return NetzHistorie::StartLengthWord;
     }
     for (int group = NetzPayload; group < length; group += NetzGroupStep) {
-        const int end = std::min(group + NetzGroup, length - 1);
+        const int end = std::min(group + NetzGroup, length);
         for (int at = group; at + CipherBlock <= end; at += CipherBlock) {
             Block_Verschluesseln(run, at);
         }

@@ -96,6 +96,29 @@ TEST_F(Golden_Telegramme, fingerprints_of_a_group_and_of_a_block_and_a_byte_less
     }
 }
 
+TEST_F(Golden_Telegramme, the_sum_of_a_shorter_last_group_is_enciphered_with_the_block_that_it_fills) {
+    // 1193 to 1304 are 111 bytes and their sum: seven blocks. The sums of full groups, and the frame's, are in the
+    // clear.
+    std::vector<int> calls;
+    pc.World.encryptData = [&calls](std::span<std::uint8_t, 16> block, std::span<const std::uint8_t, 16>) {
+        calls.push_back(1);
+        std::fill(block.begin(), block.end(), std::uint8_t{0xCC});
+    };
+    daten.Slots.clear();
+    Fingerbenutzer(1263);
+    Net_Daten_Senden(run, 0, 1);
+    calls.clear();
+    ASSERT_TRUE(Net_Fingerprint_Senden(run));
+    const Bytes plain = Golden("fingerprints, 1263 bytes, block 1, plain"), &sent = Sent.back();
+    ASSERT_EQ(sent.size(), 1306U);
+    EXPECT_EQ(calls.size(), 9U * 8 + 7);
+    for (std::size_t at = 32; at < 1305; ++at) {
+        const bool fullGroupSum = (at - 32) % 129 == 128;
+        EXPECT_EQ(sent[at], fullGroupSum ? plain[at] : 0xCC) << at;
+    }
+    EXPECT_EQ(sent[1305], plain[1305]);
+}
+
 TEST_F(Golden_Telegramme, the_clock_goes_out_with_its_checksum_and_in_the_clear) {
     Aes();
     Net_Uhrzeit_Senden(run);

@@ -63,12 +63,13 @@ def sent(frame):
 
 
 def enciphered(frame):
-    """Payload without the frame checksum, group by group: all whole blocks before the last byte of the group."""
+    """Payload without the frame checksum. Each 129th byte stays plain; of the bytes before it, or of a shorter last group
+    with its sum, all whole blocks are enciphered."""
     payload = frame[32:-1]
     out = b""
     for at in range(0, len(payload), 129):
         group = payload[at:at + 129]
-        whole = (len(group) - 1) // 16 * 16
+        whole = min(len(group), 128) // 16 * 16
         out += (aes(group[:whole]) if whole else b"") + group[whole:]
     return frame[:32] + out + frame[-1:]
 

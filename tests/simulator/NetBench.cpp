@@ -121,10 +121,10 @@ Bytes NetBench::HistoryNext(int number) const {
 
 Bytes NetworkWire(Bytes frame, const std::array<std::uint8_t, 16>& key) {
     const bool blocks = frame[27] == 0x14 || frame[27] == 0x16;
-    // Where a byte stands within its group; a group is 128 bytes and a sum, the last one what is left before the
-    // frame's sum.
+    // Where a byte stands within its group: 128 bytes and a plain sum, or in the end what is left before the frame's
+    // sum, its own sum with it.
     for (std::size_t at = 32; at + 1 < frame.size(); ++at) {
-        const std::size_t begin = 32 + (at - 32) / 129 * 129, end = std::min(begin + 128, frame.size() - 2);
+        const std::size_t begin = 32 + (at - 32) / 129 * 129, end = std::min(begin + 128, frame.size() - 1);
         const std::size_t whole = begin + (end - begin) / 16 * 16;
         if ((blocks && at < whole) || (frame[27] == 0x0A && at < 48)) {
             frame[at] = static_cast<std::uint8_t>(frame[at] ^ key[(at - begin) % 16]);
