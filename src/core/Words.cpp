@@ -22,6 +22,18 @@ std::string Wort(const Kern& kern, Word which, std::initializer_list<std::string
     return Ausfuellen(Wort(which, kern.Config.Sprache), places);
 }
 
+std::string Fester_Text(const Kern& kern, Word which, std::string_view separator) {
+    std::string text(Wort(which, SprachNamen.front()));
+    if (const std::string_view translated = Wort(which, kern.Config.Sprache); translated != text) {
+        text.append(separator).append(translated);
+    }
+    return text;
+}
+
+std::string Fenstertitel(std::string_view purpose) {
+    return std::string(SystemTitle) + (purpose.empty() ? "" : " - ") + std::string(purpose);
+}
+
 std::string Ausfuellen(std::string_view pattern, std::initializer_list<std::string_view> places) {
     std::string text;
     while (!pattern.empty()) {

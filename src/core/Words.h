@@ -24,4 +24,11 @@ std::string Wort(const Kern& kern, Word which, std::initializer_list<std::string
 /// `pattern` with its places filled in the same way.
 std::string Ausfuellen(std::string_view pattern, std::initializer_list<std::string_view> places);
 
+/// A text that the system shows in German whatever the language: as it is, and in another language followed by its
+/// translation behind `separator`.
+std::string Fester_Text(const Kern& kern, Word which, std::string_view separator = "\r\n");
+
+/// Title of a window that bears none of its own: the system's title and what the window is for.
+std::string Fenstertitel(std::string_view purpose);
+
 } // namespace qvm

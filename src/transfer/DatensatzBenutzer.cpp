@@ -4,6 +4,7 @@
 #include "Text.h"
 #include "TimeRecords.h"
 #include "UserRecords.h"
+#include "Words.h"
 #include "Zeitgruppen.h"
 
 #include <algorithm>
@@ -154,7 +155,7 @@ void Finger_Vermerken(UserLoop& loop) {
 void Vorlage_Fehlt_Melden(const DatasetStand& stand, const std::string& oemName) {
     const Kern& kern = stand.Kernteil();
     const std::string name = kern.Welt.OemToChar(oemName);
-    stand.Melden(name + (stand.Netzfenster() ? "Fehler bei der zuweisung der Fingerprint Daten. " : kern.Zeile(253)));
+    stand.Melden(name + (stand.Netzfenster() ? Fester_Text(kern, Word::FingerDataFault, " ") + " " : kern.Zeile(253)));
 }
 
 /// The template as bytes: as many as its first two values say, held within what a record can hold. Values that the

@@ -2,6 +2,7 @@
 
 #include "Laufschritte.h"
 #include "PortFault.h"
+#include "Words.h"
 
 namespace qvm {
 
@@ -137,11 +138,10 @@ void Ende_Haken_Setzen(Programmierlauf& run, LinkHooks& hooks) {
     hooks.Key_Abgelehnt = Haken(run, Schritt_Key_Abgelehnt);
     hooks.Trennen_Aufgegeben = Haken(run, Schritt_Trennen_Aufgegeben);
     hooks.Karte_Abgelehnt = [&run] {
-        constexpr std::string_view text = "Karte nicht erkannt!";
-        if (Zeile_Fehlgeschlagen(run, RunOutcome::Refused, text)) {
+        if (Zeile_Fehlgeschlagen(run, RunOutcome::Refused, Fester_Text(run.kern, Word::CardNotRecognised, " "))) {
             return;
         }
-        run.kern.Meldung(text, Buttons::Ok, Icon::None, "");
+        run.kern.Meldung(Fester_Text(run.kern, Word::CardNotRecognised), Buttons::Ok, Icon::None, "");
         Rufen(run.Ansicht.Hauptfenster_Freigeben);
     };
 }

@@ -27,6 +27,21 @@ TEST(Wort, comes_in_code_page_1252) {
     EXPECT_EQ(Wort(Word::Locks, "Deutsch"), "Schl\xF6sser");
 }
 
+TEST(Fester_Text, stands_in_german_and_is_followed_by_its_translation_in_other_languages) {
+    test::VirtualPlatform world;
+    Kern kern{world.World};
+    kern.Config.Sprache = "Deutsch";
+    EXPECT_EQ(Fester_Text(kern, Word::CardNotRecognised), "Karte nicht erkannt!");
+    kern.Config.Sprache = "English";
+    EXPECT_EQ(Fester_Text(kern, Word::CardNotRecognised), "Karte nicht erkannt!\r\nCard not recognised!");
+    EXPECT_EQ(Fester_Text(kern, Word::CardNotRecognised, " / "), "Karte nicht erkannt! / Card not recognised!");
+}
+
+TEST(Fenstertitel, is_the_systems_title_and_what_the_window_is_for) {
+    EXPECT_EQ(Fenstertitel("Suchen"), "QVM 7702 SOFTWARE SYSTEM - Suchen");
+    EXPECT_EQ(Fenstertitel(""), "QVM 7702 SOFTWARE SYSTEM");
+}
+
 TEST(Ausfuellen, puts_each_text_in_its_place_as_often_as_it_stands) {
     EXPECT_EQ(Ausfuellen("%2 of %1, %2", {"ten", "three"}), "three of ten, three");
 }

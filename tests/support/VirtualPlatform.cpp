@@ -18,6 +18,7 @@ constexpr std::int64_t EndOfTime = std::numeric_limits<std::int64_t>::max();
 /// Events after which a test is taken to wait for something that never comes while timers tick on.
 constexpr std::int64_t MostEvents = 10'000'000;
 
+/// A question may be closed without an answer, which counts as Cancel.
 bool Angeboten(Buttons choice, Answer answer) {
     switch (choice) {
     case Buttons::Ok:
@@ -25,7 +26,6 @@ bool Angeboten(Buttons choice, Answer answer) {
     case Buttons::OkCancel:
         return answer == Answer::Ok || answer == Answer::Cancel;
     case Buttons::YesNo:
-        return answer == Answer::Yes || answer == Answer::No;
     case Buttons::YesNoCancel:
         return answer != Answer::Ok;
     }

@@ -40,7 +40,7 @@ struct F13_Window : UiFixture {
 TEST_F(F13_Window, shows_the_locks_under_their_headings) {
     Open();
     EXPECT_TRUE(window->isVisible());
-    EXPECT_EQ(window->windowTitle(), QStringLiteral("QVM 7702 SOFTWARE SYSTEM"));
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("QVM 7702 SOFTWARE SYSTEM - Schlösser programmieren"));
     const auto& model = grid->gridModel();
     EXPECT_EQ(model.rowCount(), 200);
     EXPECT_EQ(model.headerData(F13Column::Name, Qt::Horizontal, Qt::DisplayRole).toString(),

@@ -72,7 +72,7 @@ struct F91_Window : UiFixture {
 
 TEST_F(F91_Window, shows_the_rows_under_their_headings) {
     Open();
-    EXPECT_EQ(window->windowTitle(), QStringLiteral("QVM 7702 SOFTWARE SYSTEM"));
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("QVM 7702 SOFTWARE SYSTEM - Markierte Schlösser programmieren"));
     const auto& model = grid->gridModel();
     EXPECT_EQ(model.rowCount(), 40);
     EXPECT_EQ(model.index(0, F91Column::Name).data().toString(), QStringLiteral("Haupteingang Nordost"));

@@ -24,7 +24,7 @@ TEST_F(F13_FormLaden, shows_the_window_under_the_system_title_with_caller_code_t
     programm->F13.F13_FormLaden();
     EXPECT_TRUE(programm->F13.Fenster.Visible);
     EXPECT_TRUE(programm->F13.Fenster.Enabled);
-    EXPECT_EQ(programm->F13.Fenster.Title(), "QVM 7702 SOFTWARE SYSTEM");
+    EXPECT_EQ(programm->F13.Fenster.Title(), "QVM 7702 SOFTWARE SYSTEM - L32");
     EXPECT_EQ(programm->F13.Aufrufer, 3);
     EXPECT_TRUE(programm->F13.Timer1.Running());
     EXPECT_EQ(programm->F13.Timer1.Interval(), 10);

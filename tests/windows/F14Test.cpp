@@ -92,6 +92,18 @@ TEST_F(F14_Fenster, no_keeps_the_channel_as_it_was) {
     EXPECT_FALSE(Channel().Dirty);
 }
 
+TEST_F(F14_Fenster, a_question_closed_without_an_answer_goes_back_to_the_window) {
+    const auto before = world.Disk.Files;
+    Channel().Combo1_Click(4);
+    ExpectQuestion(Answer::Cancel);
+    Back();
+    EXPECT_TRUE(Channel().Fenster.Visible);
+    EXPECT_TRUE(Channel().Dirty);
+    EXPECT_EQ(Channel().Combo1.Selected(), 4);
+    EXPECT_EQ(returned, 0);
+    EXPECT_EQ(world.Disk.Files, before);
+}
+
 TEST_F(F14_Fenster, speichern_schedules_every_lock_and_key_and_stays_open) {
     files.Channel(1, "5", "3", "1");
     files.Channel(2, "", "", "");

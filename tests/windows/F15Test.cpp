@@ -23,7 +23,7 @@ struct F15_Fenster : FensterFixture {
 
 TEST_F(F15_Fenster, offers_the_four_languages_with_the_present_one_selected) {
     EXPECT_TRUE(Choice().Fenster.Visible);
-    EXPECT_EQ(Choice().Fenster.Title(), "QVM 7702 SOFTWARE SYSTEM");
+    EXPECT_EQ(Choice().Fenster.Title(), "QVM 7702 SOFTWARE SYSTEM - L125");
     EXPECT_THAT(Choice().Sprachen.Entries(), ElementsAre("Deutsch", "English",
                                                          "Fran\xE7"
                                                          "ais",

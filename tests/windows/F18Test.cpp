@@ -20,7 +20,7 @@ struct F18_Wartebox : FensterFixture {
 
 TEST_F(F18_Wartebox, shows_a_bar_from_100_to_200_and_a_button) {
     EXPECT_TRUE(Box().Fenster.Visible);
-    EXPECT_EQ(Box().Fenster.Title(), "QVM 7702 SOFTWARE SYSTEM");
+    EXPECT_EQ(Box().Fenster.Title(), "QVM 7702 SOFTWARE SYSTEM - Kanalsuche");
     EXPECT_EQ(Box().Balken.Minimum, 100);
     EXPECT_EQ(Box().Balken.Maximum, 200);
     EXPECT_EQ(Box().Balken.Value, 100);

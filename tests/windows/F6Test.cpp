@@ -13,7 +13,7 @@ struct F6_Fenster : F6_Fixture {};
 TEST_F(F6_Fenster, opens_with_the_words_of_the_catalogue) {
     Open();
     EXPECT_TRUE(Adapters().Fenster.Visible);
-    EXPECT_EQ(Adapters().Fenster.Title(), "QVM 7702 SOFTWARE SYSTEM");
+    EXPECT_EQ(Adapters().Fenster.Title(), "QVM 7702 SOFTWARE SYSTEM - L21");
     EXPECT_EQ(Adapters().Check1.Text(), "L278");
     EXPECT_EQ(Adapters().Command1.Text(), "L279");
     EXPECT_EQ(Adapters().Toolbar1[0].Tip(), "L119");
@@ -291,6 +291,19 @@ TEST_F(F6_Fenster, zurueck_with_a_save_that_fails_keeps_the_window_and_its_chang
     EXPECT_EQ(returned, 1);
     EXPECT_EQ(programm->kern.Config.PortAutomatik, "SET");
     EXPECT_EQ(programm->kern.Config.PortName, "USB-Port7"); // the last candidate
+}
+
+TEST_F(F6_Fenster, a_question_closed_without_an_answer_goes_back_to_the_window) {
+    Open();
+    Adapters().Check1_Click(false);
+    Adapters().Combo1_Click(11);
+    const auto before = world.Disk.Files;
+    Expect(60, Answer::Cancel);
+    GoBack();
+    EXPECT_TRUE(Adapters().Fenster.Visible);
+    EXPECT_EQ(Adapters().Combo1.Selected(), 11);
+    EXPECT_EQ(returned, 0);
+    EXPECT_EQ(world.Disk.Files, before);
 }
 
 TEST_F(F6_Fenster, no_leaves_everything_as_it_was) {

@@ -28,7 +28,7 @@ TEST_F(F8_Fenster, opens_with_the_name_column_and_no_text) {
     Show("a\n");
     view.Toolbar1_ButtonClick("Suchen");
     EXPECT_TRUE(search.Fenster.Visible);
-    EXPECT_EQ(search.Fenster.Title(), "QVM 7702 SOFTWARE SYSTEM");
+    EXPECT_EQ(search.Fenster.Title(), "QVM 7702 SOFTWARE SYSTEM - L107");
     EXPECT_TRUE(search.Option[0].Checked);
     EXPECT_FALSE(search.Option[1].Checked);
     EXPECT_EQ(search.Option[0].Text(), "L54");

@@ -62,7 +62,7 @@ TEST_F(F91_Fenster, opens_alone_with_its_words) {
     EXPECT_TRUE(List().Fenster.Visible);
     EXPECT_FALSE(programm->F11.Fenster.Visible);
     EXPECT_FALSE(programm->F13.Fenster.Visible);
-    EXPECT_EQ(List().Fenster.Title(), "QVM 7702 SOFTWARE SYSTEM");
+    EXPECT_EQ(List().Fenster.Title(), "QVM 7702 SOFTWARE SYSTEM - L11");
     EXPECT_EQ(List().FGK91.Text(0, 0), "L37");
     EXPECT_EQ(List().FGK91.Text(0, 1), "L9");
     EXPECT_EQ(List().FGK91.Text(0, 2), "L10");

@@ -2,6 +2,7 @@
 
 #include "Text.h"
 #include "TextSlots.h"
+#include "Words.h"
 #include "Worte.h"
 
 #include <algorithm>
@@ -20,7 +21,6 @@ std::vector<std::string> Eigennamen() {
 } // namespace
 
 void F15::F15_Laden() {
-    Fenster.Title = std::string(SystemTitle);
     Sprachen.Entries = Eigennamen();
     const auto* const found = std::find(SprachNamen.begin(), SprachNamen.end(), Trim(kern.Config.Sprache));
     Sprachen.Selected = found == SprachNamen.end() ? -1 : static_cast<int>(found - SprachNamen.begin());
@@ -29,6 +29,7 @@ void F15::F15_Laden() {
 }
 
 void F15::Texte_Setzen() {
+    Fenster.Title = Fenstertitel(kern.Zeile(125));
     OK.Text = Wort(kern, Tastenwort::OK, "OK");
     Cancel.Text = Wort(kern, Tastenwort::Abbrechen, "Abbrechen");
 }

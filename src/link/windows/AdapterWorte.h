@@ -9,7 +9,7 @@ namespace qvm {
 
 /// Catalogue lines of the adapter window and of the channel window.
 namespace AdapterWort {
-inline constexpr int Back = 119, Save = 289, SaveQuestion = 60, NotSaved = 287;
+inline constexpr int Back = 119, Save = 289, NotSaved = 287;
 inline constexpr int AutomaticSearch = 278, SearchAdapters = 279, DeviceManager = 280;
 } // namespace AdapterWort
 

@@ -1,6 +1,7 @@
 #include "F14.h"
 
 #include "AdapterWorte.h"
+#include "Fragen.h"
 #include "Kanal.h"
 
 #include <utility>
@@ -48,8 +49,11 @@ void F14::Toolbar1_ButtonClick(std::string_view key) {
     if (key != Toolbar1[0].Key) {
         return;
     }
-    if (Dirty && kern.Meldung(kern.Zeile(AdapterWort::SaveQuestion), Buttons::YesNo, Icon::Question,
-                              kern.Zeile(ChannelLine)) == Answer::Yes) {
+    const Verlassen choice = Dirty ? Verlassen_Fragen(kern, kern.Zeile(ChannelLine)) : Verlassen::Verwerfen;
+    if (choice == Verlassen::Bleiben) {
+        return;
+    }
+    if (choice == Verlassen::Speichern) {
         Speichern();
         if (Dirty) {
             return; // it could not be saved: the choice is not to be lost

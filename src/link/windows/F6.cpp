@@ -4,7 +4,9 @@
 #include "AdapterScan.h"
 #include "AdapterWorte.h"
 #include "AutoRegister.h"
+#include "Fragen.h"
 #include "Record.h"
+#include "Words.h"
 
 #include <algorithm>
 #include <utility>
@@ -74,7 +76,6 @@ F6::F6(Link& serialLink, AdapterListe& adapters) : link(serialLink), kern(serial
 }
 
 void F6::F6_Laden() {
-    Fenster.Title = std::string(SystemTitle);
     std::vector<std::string> entries;
     for (int port = 1; port <= Ports; ++port) {
         entries.push_back("Prolific USB-to-Serial Comm Port ( COM" + Ziffern(port) + " )");
@@ -94,6 +95,7 @@ void F6::F6_Laden() {
 }
 
 void F6::Texte_Setzen() {
+    Fenster.Title = Fenstertitel(kern.Zeile(21));
     Check1.Text = kern.Zeile(AdapterWort::AutomaticSearch);
     Command1.Text = kern.Zeile(AdapterWort::SearchAdapters);
     F6_MSGM.Text = kern.Welt.DeviceManager ? kern.Zeile(AdapterWort::DeviceManager) : std::string();
@@ -253,9 +255,11 @@ void F6::Toolbar1_ButtonClick(std::string_view key) {
 
 void F6::Schliessen() {
     if (dirty_) {
-        const Answer answer = kern.Meldung(kern.Zeile(AdapterWort::SaveQuestion), Buttons::YesNo, Icon::Question,
-                                           kern.Zeile(QuestionTitle));
-        if (answer == Answer::Yes) {
+        const Verlassen choice = Verlassen_Fragen(kern, kern.Zeile(QuestionTitle));
+        if (choice == Verlassen::Bleiben) {
+            return;
+        }
+        if (choice == Verlassen::Speichern) {
             Speichern();
             if (dirty_) {
                 return; // it could not be saved: nothing of it is to be lost
@@ -289,7 +293,7 @@ void F6::Speichern() {
         Port_Eingerichtet();
     }
     if (!open && !Check1.Checked) { // an adapter that is searched may be plugged in at any time
-        kern.Meldung("Comport nicht vorhanden", Buttons::Ok, Icon::Exclamation);
+        kern.Meldung(Fester_Text(kern, Word::ComportMissing), Buttons::Ok, Icon::Exclamation);
     }
     const bool saved = Konfiguration_Speichern(kern);
     const bool listSaved = Adapter_Liste_Speichern();

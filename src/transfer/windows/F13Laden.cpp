@@ -3,6 +3,7 @@
 #include "Schloss.h"
 #include "Text.h"
 #include "UserRecords.h"
+#include "Words.h"
 
 namespace qvm {
 namespace {
@@ -12,7 +13,6 @@ constexpr int RowFontSize = 12;
 } // namespace
 
 void F13::F13_FormLaden() {
-    Fenster.Title = std::string(SystemTitle);
     Fenster.Enabled = true;
     Timer1.Start(10);
     Timer2.Start(800);
@@ -51,6 +51,7 @@ void F13::Zeile_Fuellen(int row) {
 }
 
 void F13::Texte_Setzen() {
+    Fenster.Title = Fenstertitel(kern.Zeile(32));
     FGK13.SetText(0, F13Column::Number, kern.Zeile(37));
     FGK13.SetText(0, F13Column::Name, kern.Zeile(9));
     FGK13.SetText(0, F13Column::Serial, kern.Zeile(10));

@@ -1,5 +1,7 @@
 #include "F18.h"
 
+#include "Words.h"
+
 namespace qvm {
 
 void F18::F18_Zeigen() {
@@ -7,7 +9,6 @@ void F18::F18_Zeigen() {
     textLine_ = 81;
     Texte_Setzen();
     Command1.Enabled = true;
-    Fenster.Title = std::string(SystemTitle);
     Fenster.Visible = true;
 }
 
@@ -17,6 +18,7 @@ void F18::Text_Zeigen(int line) {
 }
 
 void F18::Texte_Setzen() {
+    Fenster.Title = Fenstertitel(Wort(run.kern, Word::ChannelSearch));
     Text.Text = run.kern.Zeile(textLine_);
     Command1.Text = run.kern.Zeile(83);
 }

@@ -1,6 +1,7 @@
 #include "F8.h"
 
 #include "Text.h"
+#include "Words.h"
 
 namespace qvm {
 namespace {
@@ -20,7 +21,6 @@ std::string Trefferzeile(const Grid& grid, int row) {
 } // namespace
 
 void F8::F8_Laden() {
-    Fenster.Title = std::string(SystemTitle);
     Text1.Text = std::string();
     Option_Click(0);
     Texte_Setzen();
@@ -31,6 +31,7 @@ void F8::F8_Laden() {
 }
 
 void F8::Texte_Setzen() {
+    Fenster.Title = Fenstertitel(kern.Zeile(107));
     for (std::size_t n = 0; n < Option.size(); ++n) {
         Option[n].Text = kern.Zeile(54 + static_cast<int>(n));
     }

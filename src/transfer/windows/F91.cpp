@@ -1,6 +1,7 @@
 #include "F91.h"
 
 #include "Text.h"
+#include "Words.h"
 
 #include <algorithm>
 
@@ -52,7 +53,6 @@ void F91::Listenzeile_Uebernehmen(const Grid& lockGrid, int gridRow, int listRow
 }
 
 void F91::F91_FormLaden(bool delayed) {
-    Fenster.Title = std::string(SystemTitle);
     Fenster.Enabled = true;
     Timer_Anhalten();
     work_ = Work::None;
@@ -77,6 +77,7 @@ void F91::F91_FormLaden(bool delayed) {
 }
 
 void F91::Texte_Setzen() {
+    Fenster.Title = Fenstertitel(kern.Zeile(run.link.Lauf.NetMode == 0x80 ? 12 : 11));
     FGK91.SetText(0, F91Column::Number, kern.Zeile(37));
     FGK91.SetText(0, F91Column::Name, kern.Zeile(9));
     FGK91.SetText(0, F91Column::Serial, kern.Zeile(10));

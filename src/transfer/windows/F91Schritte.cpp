@@ -2,6 +2,7 @@
 
 #include "F91.h"
 #include "Text.h"
+#include "Words.h"
 
 #include <utility>
 
@@ -49,7 +50,8 @@ void F91::Naechster_Datensatz() {
 bool F91::Zeile_Bereitmachen(int& runRow, bool programming) {
     if (!Zeile_Suchen(runRow, programming)) {
         Timer_Anhalten();
-        kern.Meldung("Programmierung abgeschlosse", Buttons::Ok, Icon::Exclamation, "Muss noch bearbeitet werden!");
+        kern.Meldung(Fester_Text(kern, Word::ListHasNoRow), Buttons::Ok, Icon::Exclamation,
+                     "Muss noch bearbeitet werden!");
         Ende(265);
         return false;
     }

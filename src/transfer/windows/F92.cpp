@@ -1,6 +1,7 @@
 #include "F92.h"
 
 #include "Text.h"
+#include "Words.h"
 
 #include <algorithm>
 #include <vector>
@@ -41,7 +42,7 @@ void F92::F92_Laden() {
 }
 
 void F92::Texte_Setzen() {
-    Fenster.Title = std::string(SystemTitle);
+    Fenster.Title = Fenstertitel(Wort(kern, Word::DelayedStart));
     OK.Text = kern.Zeile(84);
     Kopf.Text = Startzeit_Text(Zeitpunkt());
 }

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "Kern.h"
+
+#include <string_view>
+
+/// Questions that several windows ask in the same way.
+namespace qvm {
+
+enum class Verlassen {
+    Speichern, ///< yes
+    Verwerfen, ///< no
+    Bleiben,   ///< the question was closed without an answer: back to the window
+};
+
+/// What becomes of the changes of a window that is being left.
+Verlassen Verlassen_Fragen(const Kern& kern, std::string_view title);
+
+} // namespace qvm
