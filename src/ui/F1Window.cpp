@@ -81,7 +81,7 @@ QLayout* F1Window::makeFacts() {
 QLayout* F1Window::makeButtons() {
     auto* web = new QPushButton(this);
     bind(f1_.Web, web, QStringLiteral("F1.Web"), [this] { f1_.Web_Click(); });
-    web->setToolTip(QString::fromLatin1(SupportPage.data(), static_cast<qsizetype>(SupportPage.size())));
+    web->setToolTip(QString::fromStdString(f1_.SupportPage));
     ok_ = new QPushButton(this);
     bind(f1_.OK, ok_, QStringLiteral("F1.OK"), [this] { f1_.OK_Click(); });
     setDefaultButton(ok_);

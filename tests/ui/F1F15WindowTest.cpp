@@ -69,6 +69,7 @@ TEST_F(F1_Window, stands_in_the_middle_of_the_main_window) {
 
 TEST_F(F1_Window, opens_the_support_page_and_closes_by_return_and_by_escape) {
     Open();
+    programm->F1.SupportPage = "https://www.example.com/qvm7702";
     programm->F2.F2_Version_Click();
     Settle();
     windows->f1.findChild<QPushButton*>(QStringLiteral("F1.Web"))->click();
@@ -141,6 +142,7 @@ TEST_F(F15_Window, leaves_every_text_of_every_window_room_after_each_change) {
 
 TEST_F(F1_Window, is_walked_with_tab_and_names_every_control) {
     Open();
+    programm->F1.SupportPage = "https://www.example.com/qvm7702";
     programm->F2.F2_Version_Click();
     Present(windows->f1);
     windows->f1.findChild<QPushButton*>(QStringLiteral("F1.Web"))->setFocus();

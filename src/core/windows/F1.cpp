@@ -30,6 +30,7 @@ void F1::F1_Laden(int adapterVersion) {
     CipherLabel.Text = CipherText;
     CipherLabel.Visible = !CipherText.empty();
     DirectoryLabel.Text = AusUtf8(kern.DatPfad());
+    Web.Visible = !SupportPage.empty();
     LicenceLabel.Text = std::string(Licences);
     Texte_Setzen();
     Fenster.Visible = true;
@@ -41,9 +42,8 @@ void F1::Texte_Setzen() {
 }
 
 void F1::Web_Click() {
-    if (!kern.Welt.ShellOpen(std::string(SupportPage), kern.AppPath)) {
-        kern.Meldung(Wort(kern, EigeneZeile::NichtGeoeffnet, u8"Kann nicht geöffnet werden:"_w) + " " +
-                         std::string(SupportPage),
+    if (!kern.Welt.ShellOpen(SupportPage, kern.AppPath)) {
+        kern.Meldung(Wort(kern, EigeneZeile::NichtGeoeffnet, u8"Kann nicht geöffnet werden:"_w) + " " + SupportPage,
                      Buttons::Ok, Icon::Exclamation);
     }
 }

@@ -20,10 +20,11 @@ struct F1 {
     Label CipherLabel;    ///< which cipher is in use
     Label DirectoryLabel; ///< the directory of the data files
     Label LicenceLabel;   ///< libraries that the program uses, with their licences, one a line
-    Button Web;           ///< opens the support page in the browser
+    Button Web;           ///< opens the support page in the browser; not there without one
     Button OK;
 
-    std::string CipherText; ///< set by the front end before the window opens
+    std::string CipherText;  ///< set by the front end before the window opens
+    std::string SupportPage; ///< likewise: its address, UTF-8; whoever delivers the program names theirs
 
     /// `adapterVersion`: version number of the adapter, 0 unknown.
     void F1_Laden(int adapterVersion);
@@ -34,8 +35,6 @@ struct F1 {
     void OK_Click() { Fenster.Visible = false; }
 };
 
-/// Address of the support page. Whoever delivers the program puts theirs here.
-inline constexpr std::string_view SupportPage = "https://www.example.com/qvm7702";
 /// Version of the program.
 inline constexpr std::string_view ProgrammVersion = "4.2c";
 

@@ -32,7 +32,7 @@ void Hourglass(bool on) {
     }
 }
 
-qvm::PlatformOptions Options(const std::string& directory, const qvm::ui::MessageBoxes& boxes) {
+qvm::PlatformOptions Options(const std::string& directory, qvm::ui::MessageBoxes& boxes) {
     qvm::PlatformOptions options;
     options.Directory = directory;
     options.ShowMessage = [&boxes](const qvm::Message& message) { return boxes.show(message); };
@@ -45,7 +45,7 @@ qvm::PlatformOptions Options(const std::string& directory, const qvm::ui::Messag
 }
 
 /// The configured language is not known yet when this happens.
-void TellNoDirectory(const qvm::ui::MessageBoxes& boxes, const std::string& directory) {
+void TellNoDirectory(qvm::ui::MessageBoxes& boxes, const std::string& directory) {
     boxes.show({.Text = qvm::AusUtf8("Die Verzeichnisse DAT und HIST können nicht angelegt werden.\n"
                                      "The folders DAT and HIST cannot be made.\n\n" +
                                      directory),
@@ -91,6 +91,7 @@ int main(int argc, char** argv) {
         return 1;
     }
     programm.F1.CipherText = qvm::AusUtf8(platform.CipherText());
+    programm.F1.SupportPage = QVM_SUPPORT_PAGE;
     qvm::ui::Oberflaeche windows(programm);
     programm.F2.Hooks.Ende = EndSoon;
     // From inside the event loop, so that it can be left again whatever the operator does first.
