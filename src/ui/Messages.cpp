@@ -7,9 +7,11 @@
 #include "Worttafel.h"
 
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QMessageBox>
 #include <QPushButton>
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -23,7 +25,10 @@ struct ButtonRow {
     QMessageBox::StandardButton Button;
 };
 
-/// In the order in which DefaultButton counts; the last is what a box closed without an answer means.
+/// How many messages wait at the most behind an open box.
+constexpr std::size_t MostWaiting = 8;
+
+/// In the order in which DefaultButton counts.
 std::vector<ButtonRow> buttonsOf(Buttons choice) {
     const ButtonRow ok{Answer::Ok, QMessageBox::Ok}, cancel{Answer::Cancel, QMessageBox::Cancel};
     const ButtonRow yes{Answer::Yes, QMessageBox::Yes}, no{Answer::No, QMessageBox::No};
@@ -74,6 +79,25 @@ private:
     bool needed_;
 };
 
+/// Lets a box be left by Escape or its frame without an answer, which the toolkit would take for the No button.
+class LeftWithoutAnswer : public QObject {
+public:
+    explicit LeftWithoutAnswer(QMessageBox& box) : QObject(&box), box_(box) { box.installEventFilter(this); }
+
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        const bool escape =
+            event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->matches(QKeySequence::Cancel);
+        if (!escape && event->type() != QEvent::Close) {
+            return false;
+        }
+        box_.done(QDialog::Rejected);
+        return true;
+    }
+
+private:
+    QMessageBox& box_;
+};
+
 } // namespace
 
 QString MessageBoxes::text(Answer button) const {
@@ -115,18 +139,39 @@ void MessageBoxes::fill(QMessageBox& box, const Message& message) const {
     }
 }
 
-Answer MessageBoxes::show(const Message& message) const {
+Answer MessageBoxes::show(const Message& message) {
+    if (!open_.empty() && message.Choice == Buttons::Ok) {
+        const auto told = [&message](const std::vector<Message>& list) {
+            return std::find(list.begin(), list.end(), message) != list.end();
+        };
+        if (!told(open_) && !told(waiting_) && waiting_.size() < MostWaiting) {
+            waiting_.push_back(message);
+        }
+        return Answer::Ok;
+    }
+    const Answer answer = showNow(message);
+    while (open_.empty() && !waiting_.empty()) {
+        const Message next = waiting_.front();
+        waiting_.erase(waiting_.begin());
+        showNow(next);
+    }
+    return answer;
+}
+
+Answer MessageBoxes::showNow(const Message& message) {
     const ArrowCursor arrow;
+    open_.push_back(message);
     QMessageBox box(frontWindow());
     fill(box, message);
+    new LeftWithoutAnswer(box); // the box owns it
     box.exec();
-    const std::vector<ButtonRow> rows = buttonsOf(message.Choice);
-    for (const auto& [meaning, standard] : rows) {
+    open_.pop_back();
+    for (const auto& [meaning, standard] : buttonsOf(message.Choice)) {
         if (box.clickedButton() != nullptr && box.clickedButton() == box.button(standard)) {
             return meaning;
         }
     }
-    return rows.back().Meaning;
+    return message.Choice == Buttons::Ok ? Answer::Ok : Answer::Cancel;
 }
 
 } // namespace qvm::ui

@@ -27,6 +27,10 @@ Message Question(Buttons choice, int defaultButton = 1) {
     return {.Text = "x", .Title = "y", .Choice = choice, .DefaultButton = defaultButton};
 }
 
+Message Told(const std::string& text) {
+    return {.Text = text, .Title = "y"};
+}
+
 struct Message_Boxes : UiFixture {
     ui::MessageBoxes boxes;
 
@@ -109,13 +113,13 @@ TEST_F(Message_Boxes, give_the_answer_of_the_button_pressed) {
     EXPECT_EQ(boxes.show(Question(Buttons::OkCancel)), Answer::Cancel);
 }
 
-TEST_F(Message_Boxes, take_escape_as_the_answer_that_changes_least) {
+TEST_F(Message_Boxes, take_escape_for_no_answer) {
     PressKey(Qt::Key_Escape);
     EXPECT_EQ(boxes.show(Question(Buttons::Ok)), Answer::Ok);
     PressKey(Qt::Key_Escape);
     EXPECT_EQ(boxes.show(Question(Buttons::OkCancel)), Answer::Cancel);
     PressKey(Qt::Key_Escape);
-    EXPECT_EQ(boxes.show(Question(Buttons::YesNo)), Answer::No);
+    EXPECT_EQ(boxes.show(Question(Buttons::YesNo)), Answer::Cancel);
     PressKey(Qt::Key_Escape);
     EXPECT_EQ(boxes.show(Question(Buttons::YesNoCancel)), Answer::Cancel);
 }
@@ -139,6 +143,48 @@ TEST_F(Message_Boxes, may_stand_above_each_other) {
     });
     EXPECT_EQ(boxes.show(Question(Buttons::OkCancel)), Answer::Ok);
     EXPECT_EQ(upper, Answer::No);
+}
+
+TEST_F(Message_Boxes, take_the_closing_by_the_frame_for_no_answer) {
+    QTimer::singleShot(0, qApp, [] { QApplication::activeModalWidget()->close(); });
+    EXPECT_EQ(boxes.show(Question(Buttons::YesNo)), Answer::Cancel);
+}
+
+TEST_F(Message_Boxes, put_off_what_only_tells_something_until_none_is_open) {
+    QStringList told;
+    const std::function<void()> answer = [&] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_NE(box, nullptr);
+        told += box->text();
+        if (told.size() == 1) {
+            EXPECT_EQ(boxes.show(Told("second")), Answer::Ok);
+            EXPECT_EQ(boxes.show(Told("third")), Answer::Ok);
+            EXPECT_EQ(QApplication::activeModalWidget(), box);
+        }
+        if (told.size() < 3) {
+            QTimer::singleShot(0, qApp, answer);
+        }
+        box->button(QMessageBox::Ok)->click();
+    };
+    QTimer::singleShot(0, qApp, answer);
+    boxes.show(Told("first"));
+    EXPECT_EQ(told, (QStringList{QStringLiteral("first"), QStringLiteral("second"), QStringLiteral("third")}));
+}
+
+TEST_F(Message_Boxes, tell_the_same_thing_once_however_often_it_comes) {
+    int shown = 0;
+    const std::function<void()> answer = [&] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_NE(box, nullptr);
+        ++shown;
+        for (int n = 0; n < 50; ++n) {
+            boxes.show(Told("noise"));
+        }
+        box->button(QMessageBox::Ok)->click();
+    };
+    QTimer::singleShot(0, qApp, answer);
+    boxes.show(Told("noise"));
+    EXPECT_EQ(shown, 1);
 }
 
 TEST_F(Message_Boxes, can_be_answered_above_a_window_that_is_disabled) {
