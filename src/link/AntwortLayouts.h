@@ -83,7 +83,7 @@ namespace RpAdapterDaten {
 /// Length of a complete record.
 inline constexpr int CompleteLength = 0x2E;
 inline constexpr Field AdapterAddress{"address", 3, 4, Kind::Bytes}, AdapterName{"name", 8, 20, Kind::Text};
-inline constexpr Field Key{"transfer key", 30, 16, Kind::Bytes};
+inline constexpr Field Key{"transfer key", 30, 16, Kind::Secret};
 inline constexpr std::array Fields{AdapterAddress, AdapterName, Key};
 inline constexpr Layout Reply{"RpAdapterDaten", 0x6C, 0x2C, Build::Reply, Fields, 0, "Complete with a length of 0x2E."};
 static_assert(LayoutError(Reply) == -1);
@@ -104,7 +104,7 @@ static_assert(LayoutError(Reply) == -1);
 } // namespace RpKarte
 
 namespace RpKarteStart {
-inline constexpr Field Card{"card bytes", 4, 4, Kind::Bytes};
+inline constexpr Field Card{"card bytes", 4, 4, Kind::Secret};
 inline constexpr std::array Fields{Card};
 inline constexpr Layout Reply{"RpKarteStart", 0x72, 0x06, Build::Reply, Fields};
 static_assert(LayoutError(Reply) == -1);
@@ -118,7 +118,7 @@ static_assert(LayoutError(Reply) == -1);
 } // namespace RpKarteBlock
 
 namespace RpEKey {
-inline constexpr Field Id{"identification", 14, 4, Kind::Bytes}, IdData{"identification data", 18, 16, Kind::Bytes};
+inline constexpr Field Id{"identification", 14, 4, Kind::Secret}, IdData{"identification data", 18, 16, Kind::Secret};
 inline constexpr std::array Fields{Id, IdData};
 inline constexpr Layout Reply{"RpEKey", 0x81, 0x20, Build::Reply, Fields};
 static_assert(LayoutError(Reply) == -1);
@@ -132,17 +132,24 @@ static_assert(LayoutError(Reply) == -1);
 } // namespace RpFingerStatus
 
 namespace RpFingerDaten {
-/// The piece's bytes stand behind the count, from 5 on.
 inline constexpr Field Piece{"piece", 3}, Count{"count", 4};
+/// Where the piece's bytes stand.
+inline constexpr std::uint8_t Data = 5;
 inline constexpr std::array Fields{Piece, Count};
-inline constexpr Layout Reply{
-    "RpFingerDaten", 0xA2, 0x03, Build::Reply, Fields, 0, "Piece 1 is the first. The bytes stand from index 5 on."};
+inline constexpr Layout Reply{"RpFingerDaten",
+                              0xA2,
+                              0x03,
+                              Build::Reply,
+                              Fields,
+                              0,
+                              "Piece 1 is the first. The bytes stand from index 5 on (hidden).",
+                              Data};
 static_assert(LayoutError(Reply) == -1);
 } // namespace RpFingerDaten
 
 namespace RpFingerKennung {
-inline constexpr Field Slot{"slot", 3}, Id{"identification", 4, 10, Kind::Bytes};
-inline constexpr Field IdData{"identification data", 14, 16, Kind::Bytes};
+inline constexpr Field Slot{"slot", 3}, Id{"identification", 4, 10, Kind::Secret};
+inline constexpr Field IdData{"identification data", 14, 16, Kind::Secret};
 inline constexpr std::array Fields{Slot, Id, IdData};
 inline constexpr Layout Reply{"RpFingerKennung", 0xA3, 0x1C, Build::Reply, Fields};
 static_assert(LayoutError(Reply) == -1);

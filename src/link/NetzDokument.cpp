@@ -28,10 +28,13 @@ constexpr std::string_view Codes = R"(
 A block with code 0x16 carries up to 1263 bytes: the fingerprints one behind the other, each with its head, without regard
 to the ends of blocks. Block numbers run on from the data blocks.
 
-Codes of the adapter: 0x0B history is being fetched, 0x0C history block, 0x0D last history block, 0x14 data block taken
-(index 1 its number), 0x15 all data taken, 0x16 fingerprint block taken, 0x17 fingerprints taken, 0x1F programming begins,
-0x20 lock programmed, 0xFF lock not reached. The payload of a history block are history records of 22 bytes, which run on
-from one block to the next.
+The payload of a history block are history records of 22 bytes, which run on from one block to the next. The trace tells the
+header of a network telegram and hides the payload.
+
+Replies of the adapter:
+
+| Code | Name | Meaning |
+|---|---|---|
 )";
 
 std::string Hex2(unsigned value) {
@@ -51,6 +54,7 @@ std::string Feldtext(const NetzFeld& field) {
             {at, ": ", Ziffern(field.Width / field.Detail), " ", field.Name, " of ", Ziffern(field.Detail), " bytes"});
     case Kind::UserCode:
     case Kind::AdminCode:
+    case Kind::Secret:
         return Zusammen({at, ": ", field.Name, " (hidden)"});
     case Kind::Byte:
     case Kind::Text:
@@ -79,6 +83,9 @@ std::string Netz_Dokument() {
         text += Zeile(layout);
     }
     text += Codes;
+    for (const NetzName& reply : NetzAntworten) {
+        text += Zusammen({"| ", Hex2(reply.Code), " | `", reply.Name, "` | ", reply.Meaning, " |\n"});
+    }
     return text;
 }
 

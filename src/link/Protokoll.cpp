@@ -1,8 +1,9 @@
 #include "Protokoll.h"
 
 #include "LayoutSuche.h"
-#include "Telegramme.h"
+#include "ProtokollNetz.h"
 #include "Text.h"
+#include "Verbergen.h"
 #include "Zusammen.h"
 
 #include <algorithm>
@@ -23,49 +24,6 @@ std::string Hex(Bytes bytes) {
         text.append(text.empty() ? "" : " ").append(HexText(byte, 2));
     }
     return text;
-}
-
-/// Marks the secret fields of every telegram with the frame's code. A device may echo a telegram, so replies are
-/// looked at with the same eyes; what the program reads from a reply is not a code.
-void Felder_Verbergen(Bytes frame, const Layout* reply, std::vector<bool>& hidden) {
-    const auto read = [&](std::size_t index) {
-        return reply != nullptr && std::any_of(reply->Fields.begin(), reply->Fields.end(), [&](const Field& field) {
-                   return index >= field.Offset && index < static_cast<std::size_t>(field.End());
-               });
-    };
-    for (const Layout& layout : Telegramme()) {
-        for (const Field& field : layout.Fields) {
-            if (layout.Code != frame[2] || !Geheim(field.Is)) {
-                continue;
-            }
-            for (std::size_t n = field.Offset; n < static_cast<std::size_t>(field.End()) && n < frame.size(); ++n) {
-                hidden[n] = hidden[n] || !read(n);
-            }
-        }
-    }
-}
-
-std::vector<bool> Verborgene(const Mitschnitt& frame, Geheimnis secrets) {
-    const Bytes bytes = frame.Bytes;
-    std::vector<bool> hidden(bytes.size());
-    std::copy_n(frame.Hidden.begin(), std::min(frame.Hidden.size(), hidden.size()), hidden.begin());
-    if (secrets == Geheimnis::Zeigen || bytes.size() < 3) {
-        return hidden;
-    }
-    const Layout* layout = Layout_Suchen(Gesendet(frame.Way), bytes);
-    if (!Gesendet(frame.Way)) {
-        // The last byte of a whole frame is the checksum, no payload.
-        const bool whole = frame.Result == RxResult::Frame || frame.Result == RxResult::BadChecksum;
-        Felder_Verbergen(whole ? bytes.first(bytes.size() - 1) : bytes, layout, hidden);
-    } else if (layout == nullptr) {
-        std::fill(hidden.begin() + std::min<std::ptrdiff_t>(PayloadIndex, std::ssize(hidden)), hidden.end(), true);
-    } else {
-        Felder_Verbergen(bytes, nullptr, hidden);
-    }
-    if (std::find(hidden.begin(), hidden.end(), true) != hidden.end()) {
-        hidden.back() = true;
-    }
-    return hidden;
 }
 
 std::string Textwert(Bytes bytes) {
@@ -105,7 +63,8 @@ std::string Codewert(Bytes bytes) {
     return text;
 }
 
-std::string Feldwert(const Field& field, Bytes bytes) {
+template <class AnyField>
+std::string Feldwert(const AnyField& field, Bytes bytes) {
     switch (field.Is) {
     case Kind::Byte:
         return Ziffern(bytes[0]);
@@ -120,12 +79,15 @@ std::string Feldwert(const Field& field, Bytes bytes) {
         return Codewert(bytes);
     case Kind::Bytes:
     case Kind::Fixed:
+    case Kind::Secret:
         break;
     }
     return Hex(bytes);
 }
 
-void Feld_Dekodieren(const Field& field, Bytes frame, const std::vector<bool>& hidden, DecodedTelegram& out) {
+/// `AnyField` is Field or NetzFeld.
+template <class AnyField>
+void Feld_Dekodieren(const AnyField& field, Bytes frame, const std::vector<bool>& hidden, DecodedTelegram& out) {
     const auto first = static_cast<std::size_t>(field.Offset);
     if (field.Width == 0 || first + field.Width > frame.size()) {
         return;
@@ -144,9 +106,13 @@ void Feld_Dekodieren(const Field& field, Bytes frame, const std::vector<bool>& h
 }
 
 /// Index 1, the size and the checksum against each other. In the PC's frames the sum stands at L + 1, in replies at
-/// L + 2, over indexes 0 to L in both. Network frames have other lengths and are not looked at.
+/// L + 2, over indexes 0 to L in both.
 void Rahmen_Pruefen(const Mitschnitt& frame, const std::vector<bool>& hidden, DecodedTelegram& out) {
-    if (frame.Bytes[2] == NetworkCode) {
+    const bool known = std::find(hidden.begin(), hidden.end(), true) == hidden.end();
+    if (Netz_Rahmen(frame.Bytes)) {
+        if (std::string fault = Netz_Fehler(frame.Bytes, Gesendet(frame.Way), !known); !fault.empty()) {
+            out.Remarks.push_back(std::move(fault));
+        }
         return;
     }
     const std::size_t length = frame.Bytes[1];
@@ -156,7 +122,6 @@ void Rahmen_Pruefen(const Mitschnitt& frame, const std::vector<bool>& hidden, De
                                         " bytes, there are ", Ziffern(std::ssize(frame.Bytes))}));
         return;
     }
-    const bool known = std::find(hidden.begin(), hidden.end(), true) == hidden.end();
     if (known && Pruefsumme(Bytes(frame.Bytes).first(length + 1)) != frame.Bytes[sumIndex]) {
         out.Remarks.emplace_back("wrong checksum");
     }
@@ -175,6 +140,38 @@ const char* Verlustgrund(RxResult result) {
         break;
     }
     return "dropped";
+}
+
+void Netz_Dekodieren(const Mitschnitt& frame, const std::vector<bool>& hidden, DecodedTelegram& out) {
+    const Bytes bytes = frame.Bytes;
+    out.Name = std::string(Netz_Name(bytes, Gesendet(frame.Way)));
+    for (const NetzFeld& field : NetzKopf::Fields) {
+        Feld_Dekodieren(field, bytes, hidden, out);
+    }
+    if (const std::size_t from = Netz_Geheim_Ab(bytes, frame.Way); from < bytes.size()) {
+        const auto width = static_cast<std::uint16_t>(bytes.size() - from);
+        Feld_Dekodieren(NetzFeld{"payload", static_cast<std::uint16_t>(from), width, Kind::Bytes}, bytes, hidden, out);
+    }
+}
+
+void Seriell_Dekodieren(const Mitschnitt& frame, const std::vector<bool>& hidden, DecodedTelegram& out) {
+    const Bytes bytes = frame.Bytes;
+    const Layout* layout = Layout_Suchen(Gesendet(frame.Way), bytes);
+    if (layout == nullptr) {
+        return;
+    }
+    out.Name = std::string(layout->Name);
+    // The checksum is no field of any layout; a frame that ends early must not pass it off as one.
+    const Bytes body = bytes.first(bytes.size() - 1);
+    if (Gesendet(frame.Way) && layout->How != Build::Raw) {
+        for (const Field& field : {Adresskopf::DeviceAddress, Adresskopf::DeviceClass, Adresskopf::Mode}) {
+            Feld_Dekodieren(field, body, hidden, out);
+        }
+    }
+    const int shorter = Gesendet(frame.Way) ? Kuerzung(*layout, bytes) : 0;
+    for (const Field& field : layout->Fields) {
+        Feld_Dekodieren(Feld_Im_Rahmen(*layout, field, shorter), body, hidden, out);
+    }
 }
 
 } // namespace
@@ -201,21 +198,10 @@ DecodedTelegram Dekodieren(const Mitschnitt& frame, Geheimnis secrets) {
     } else {
         Rahmen_Pruefen(frame, frame.Hidden, out);
     }
-    const Layout* layout = Layout_Suchen(Gesendet(frame.Way), bytes);
-    if (layout == nullptr) {
-        return out;
-    }
-    out.Name = std::string(layout->Name);
-    // The checksum is no field of any layout; a frame that ends early must not pass it off as one.
-    const Bytes body = bytes.first(bytes.size() - 1);
-    if (Gesendet(frame.Way) && layout->How != Build::Raw) {
-        for (const Field& field : {Adresskopf::DeviceAddress, Adresskopf::DeviceClass, Adresskopf::Mode}) {
-            Feld_Dekodieren(field, body, hidden, out);
-        }
-    }
-    const int shorter = Gesendet(frame.Way) ? Kuerzung(*layout, bytes) : 0;
-    for (const Field& field : layout->Fields) {
-        Feld_Dekodieren(Feld_Im_Rahmen(*layout, field, shorter), body, hidden, out);
+    if (Netz_Rahmen(bytes)) {
+        Netz_Dekodieren(frame, hidden, out);
+    } else {
+        Seriell_Dekodieren(frame, hidden, out);
     }
     return out;
 }

@@ -11,8 +11,9 @@
 /// The protocol trace: frames as text that people can read, and such text back to frames.
 namespace qvm {
 
-/// Whether user codes and the administrator code are hidden. Hidden are the bytes themselves, wherever the trace shows
-/// them, and the checksum of a frame that holds one, as the sum would give part of the code away.
+/// Whether secrets are hidden: codes, keys, identifications, fingerprints, and the payload of network telegrams. Hidden
+/// are the bytes themselves, wherever the trace shows them, and the checksum of a frame that holds one, as the sum
+/// would give part of it away.
 enum class Geheimnis : std::uint8_t { Verbergen, Zeigen };
 
 /// A frame of a trace, unstuffed, from the start byte to the checksum.

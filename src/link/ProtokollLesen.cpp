@@ -1,5 +1,6 @@
 #include "LayoutSuche.h"
 #include "Protokoll.h"
+#include "ProtokollNetz.h"
 #include "Text.h"
 #include "Zusammen.h"
 
@@ -112,6 +113,36 @@ std::optional<Fund> Rahmen_Lesen(Bytes bytes, Way way, bool stuffed) {
     return Fund{way, std::move(frame), at};
 }
 
+/// The same for a frame of the network path, whose length is a word and whose index 1 goes out unstuffed. The byte that
+/// closes a reply is not stuffed either.
+std::optional<Fund> Netz_Lesen(Bytes bytes, Way way, bool stuffed) {
+    const bool sent = way == Way::Sent;
+    std::vector<std::uint8_t> frame;
+    std::size_t at = 0;
+    std::size_t size = 0;
+    if (bytes.size() <= NetzPayload || bytes[0] != StartByte || !Netz_Rahmen(bytes)) {
+        return std::nullopt;
+    }
+    while (at < bytes.size() && frame.size() < BufferSize && (size == 0 || frame.size() < size)) {
+        frame.push_back(bytes[at]);
+        ++at;
+        if (frame.size() == NetzKopf::Code.Offset + std::size_t{1}) {
+            size = Netz_Groesse(frame, sent);
+        }
+        const bool closing = !sent && frame.size() == size;
+        if (stuffed && frame.size() > 2 && frame.back() == StartByte && !closing) {
+            if (at >= bytes.size() || bytes[at] != 0) {
+                return std::nullopt;
+            }
+            ++at;
+        }
+    }
+    if (!Netz_Passt(frame, sent)) {
+        return std::nullopt;
+    }
+    return Fund{way, std::move(frame), at};
+}
+
 /// Indexes 9 to 13 of every addressed telegram.
 constexpr std::array<std::uint8_t, 5> HeaderMarks{0x33, 0x88, 1, 0, 0};
 
@@ -120,6 +151,9 @@ constexpr std::array<std::uint8_t, 5> HeaderMarks{0x33, 0x88, 1, 0, 0};
 int Rang(const Fund& found, std::size_t available) {
     const bool sent = found.Direction == Way::Sent;
     const int whole = found.Used == available ? 4 : 0;
+    if (Netz_Rahmen(found.Frame) && Netz_Passt(found.Frame, sent)) {
+        return whole + (sent ? 2 : 3);
+    }
     const Layout* layout = Layout_Suchen(sent, found.Frame);
     if (layout == nullptr || !Festwerte_Passen(*layout, found.Frame)) {
         return whole;
@@ -135,11 +169,13 @@ std::optional<Fund> Rahmen_Suchen(Bytes bytes, std::span<const Way> ways) {
     int bestRank = -1;
     for (const bool stuffed : {false, true}) {
         for (const Way way : ways) {
-            auto found = Rahmen_Lesen(bytes, way, stuffed);
-            const int rank = found ? Rang(*found, bytes.size()) : -1;
-            if (rank > bestRank) {
-                best = std::move(found);
-                bestRank = rank;
+            for (const auto read : {Rahmen_Lesen, Netz_Lesen}) {
+                auto found = read(bytes, way, stuffed);
+                const int rank = found ? Rang(*found, bytes.size()) : -1;
+                if (rank > bestRank) {
+                    best = std::move(found);
+                    bestRank = rank;
+                }
             }
         }
     }

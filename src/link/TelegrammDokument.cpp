@@ -25,8 +25,8 @@ Header of an addressed telegram: 3..6 address, 7 device class (0x11), 8 address 
 11 = 1, 12 = 0, 13 = 0.
 
 How a telegram is made: *Kopf* and *direct* are addressed telegrams, *Kopf2* is one whose payload is at most two
-parameters, *raw* goes to the adapter itself and has no address header. "hidden" fields hold codes; the trace shows
-neither them nor the checksum of their frame unless it is asked to.
+parameters, *raw* goes to the adapter itself and has no address header. "hidden" fields hold codes, keys,
+identifications and fingerprints; the trace shows neither them nor the checksum of their frame unless it is asked to.
 )";
 
 std::string Hex2(unsigned value) {
@@ -51,6 +51,7 @@ std::string Feldtext(const Field& field) {
     }
     case Kind::UserCode:
     case Kind::AdminCode:
+    case Kind::Secret:
         return Zusammen({text, ": ", field.Name, " (hidden)"});
     case Kind::Byte:
     case Kind::Text:

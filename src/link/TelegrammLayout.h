@@ -17,6 +17,7 @@ enum class Kind : std::uint8_t {
     Fixed,     ///< every byte is `Detail`
     UserCode,  ///< a user's code, five bytes or a part of them; hidden in the trace
     AdminCode, ///< the administrator code; hidden in the trace
+    Secret,    ///< a key, an identification or a fingerprint, shown as Bytes are; hidden in the trace
 };
 
 struct Field {
@@ -30,7 +31,7 @@ struct Field {
 };
 
 constexpr bool Geheim(Kind kind) {
-    return kind == Kind::UserCode || kind == Kind::AdminCode;
+    return kind == Kind::UserCode || kind == Kind::AdminCode || kind == Kind::Secret;
 }
 
 /// Who writes the header of a telegram, or that the frame is a reply.
@@ -62,6 +63,8 @@ struct Layout {
     /// rows move forward. 0: only L.
     std::uint8_t Shortest = 0;
     std::string_view Note = {}; ///< what the fields cannot say, for the document
+    /// Of a reply whose secret bytes vary in number: where they begin. 0: they are fields.
+    std::uint8_t SecretFrom = 0;
 };
 
 constexpr int ErsterIndex(const Layout& layout) {

@@ -92,7 +92,7 @@ using TelBenutzerDaten::TimerSelector;
 using TelBenutzerDaten::UserSlot;
 using TelBenutzerDaten::Weighting;
 using TelBenutzerDaten::WithId;
-inline constexpr Field Id{"identification", 24, 4, Kind::Bytes}, IdData{"identification data", 28, 16, Kind::Bytes};
+inline constexpr Field Id{"identification", 24, 4, Kind::Secret}, IdData{"identification data", 28, 16, Kind::Secret};
 inline constexpr std::array Fields{UserSlot, Code, TimerSelector, Weighting, WithId, Id, IdData};
 inline constexpr Layout Telegram{"TelBenutzerDatenLang", 0x0E, 0x2B, Build::Kopf, Fields};
 static_assert(LayoutError(Telegram) == -1);
@@ -110,7 +110,7 @@ static_assert(LayoutError(Telegram) == -1);
 namespace TelBenutzerVorlage {
 inline constexpr Field Number{"finger number", 14, 2, Kind::Word}, UserName{"user name", 16, 16, Kind::Text};
 /// The slice has 29 bytes; its last one gives way to the weighting.
-inline constexpr Field Slice{"template bytes 70 to 97", 32, 28, Kind::Bytes}, Weighting{"weighting", 60};
+inline constexpr Field Slice{"template bytes 70 to 97", 32, 28, Kind::Secret}, Weighting{"weighting", 60};
 inline constexpr std::array Fields{Number, UserName, Slice, Weighting};
 inline constexpr Layout Telegram{
     "TelBenutzerVorlage", 0x40, 0x3C, Build::Kopf, Fields, 0, "Template byte 98 gives way to the weighting."};
@@ -119,7 +119,7 @@ static_assert(LayoutError(Telegram) == -1);
 
 namespace TelIdDaten1 {
 inline constexpr Field Head{"mark", 14, 1, Kind::Fixed, 1}, Part{"part", 15, 1, Kind::Fixed, 1};
-inline constexpr Field GroupDigit{"group digit", 16}, Data{"identification data", 17, 16, Kind::Bytes};
+inline constexpr Field GroupDigit{"group digit", 16}, Data{"identification data", 17, 16, Kind::Secret};
 inline constexpr std::array Fields{Head, Part, GroupDigit, Data};
 inline constexpr Layout Telegram{"TelIdDaten1", 0x43, 0x20, Build::Kopf, Fields};
 static_assert(LayoutError(Telegram) == -1);
@@ -128,7 +128,7 @@ static_assert(LayoutError(Telegram) == -1);
 namespace TelIdDaten2 {
 inline constexpr Field Head{"mark", 14, 1, Kind::Fixed, 1}, Part{"part", 15, 1, Kind::Fixed, 2};
 inline constexpr Field GroupDigit{"group digit", 16}, UserSlot{"user slot", 17, 2, Kind::Word};
-inline constexpr Field Id{"identification", 19, 11, Kind::Bytes};
+inline constexpr Field Id{"identification", 19, 11, Kind::Secret};
 inline constexpr std::array Fields{Head, Part, GroupDigit, UserSlot, Id};
 inline constexpr Layout Telegram{
     "TelIdDaten2", 0x43, 0x1D, Build::Kopf, Fields, 0, "Goes out with the device class 0xC3 at index 7."};

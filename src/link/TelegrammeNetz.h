@@ -121,8 +121,8 @@ namespace NetzCodeBenutzer {
 inline constexpr NetzFeld Art{"kind: 1, 2 plain key, 3 long key", 0}, UserName{"user name", 1, 16, Kind::Text},
     Code{"user code", 17, 5, Kind::UserCode}, Timer{"timer selector", 22}, Mask3{"mask of slots 17 to 24", 23},
     Mask2{"mask of slots 9 to 16", 24}, Mask1{"mask of slots 1 to 8", 25}, Function{"weighting", 26};
-inline constexpr NetzFeld PlainId{"identification", 27, 4, Kind::Bytes},
-    PlainData{"identification data", 31, 16, Kind::Bytes}, PlainRest{"unused", 47, 17, Kind::Fixed, 0};
+inline constexpr NetzFeld PlainId{"identification", 27, 4, Kind::Secret},
+    PlainData{"identification data", 31, 16, Kind::Secret}, PlainRest{"unused", 47, 17, Kind::Fixed, 0};
 inline constexpr std::array Plain{Art,   UserName, Code,    Timer,     Mask3,    Mask2,
                                   Mask1, Function, PlainId, PlainData, PlainRest};
 inline constexpr NetzLayout PlainLayout{"NetzCodeBenutzer", -1,    0,
@@ -130,7 +130,7 @@ inline constexpr NetzLayout PlainLayout{"NetzCodeBenutzer", -1,    0,
 static_assert(NetzLayoutError(PlainLayout) == -1);
 
 inline constexpr NetzFeld LongGap{"unused", 27, 4, Kind::Fixed, 0}, LongGroup{"group digit", 31},
-    LongId{"identification", 32, 10, Kind::Bytes}, LongData{"identification data", 42, 16, Kind::Bytes},
+    LongId{"identification", 32, 10, Kind::Secret}, LongData{"identification data", 42, 16, Kind::Secret},
     LongRest{"unused", 58, 6, Kind::Fixed, 0};
 inline constexpr std::array Long{Art,      UserName, Code,      Timer,  Mask3,    Mask2,   Mask1,
                                  Function, LongGap,  LongGroup, LongId, LongData, LongRest};
@@ -148,7 +148,7 @@ namespace NetzFingerBenutzer {
 inline constexpr NetzFeld Art{"kind", 0, 1, Kind::Fixed, 4}, UserName{"user name", 1, 16, Kind::Text},
     Number{"finger number", 17, 2, Kind::Word}, Timer{"timer selector", 19}, Mask3{"mask of slots 17 to 24", 20},
     Mask2{"mask of slots 9 to 16", 21}, Mask1{"mask of slots 1 to 8", 22}, Function{"weighting", 23},
-    Premium{"premium flag", 24}, Template{"template bytes 70 to 98", 25, 29, Kind::Bytes},
+    Premium{"premium flag", 24}, Template{"template bytes 70 to 98", 25, 29, Kind::Secret},
     Unused{"unused", 54, 10, Kind::Fixed, 0};
 inline constexpr std::array Fields{Art,   UserName, Number,  Timer,    Mask3, Mask2,
                                    Mask1, Function, Premium, Template, Unused};
@@ -193,5 +193,28 @@ inline constexpr NetzLayout Start{"NetzHistorieStart",
 static_assert(NetzLayoutError(Next) == -1 && NetzLayoutError(Start) == -1);
 inline constexpr int LengthWord = 0x25, StartLengthWord = 48;
 } // namespace NetzHistorie
+
+/// What stands at index 27, and what it says.
+struct NetzName {
+    std::uint8_t Code;
+    std::string_view Name, Meaning;
+};
+inline constexpr std::array NetzTelegramme{
+    NetzName{NetzCode::HistoryStart, NetzHistorie::Start.Name, "start of a history reading"},
+    NetzName{NetzCode::HistoryBlock, NetzHistorie::Next.Name, "next history block"},
+    NetzName{NetzCode::Data, NetzDaten::Layout.Name, "data block"},
+    NetzName{NetzCode::Finger, "NetzFinger", "fingerprint block"},
+    NetzName{NetzCode::Clock, NetzUhr::Layout.Name, "clock"}};
+inline constexpr std::array NetzAntworten{
+    NetzName{NetzCode::HistoryFetching, "RpNetzHistorieHolt", "history is being fetched"},
+    NetzName{NetzCode::HistoryBlock, "RpNetzHistorie", "history block"},
+    NetzName{NetzCode::HistoryLast, "RpNetzHistorieEnde", "last history block"},
+    NetzName{NetzCode::Data, "RpNetzDaten", "data block taken, index 1 its number"},
+    NetzName{NetzCode::DataTaken, "RpNetzDatenEnde", "all data taken"},
+    NetzName{NetzCode::Finger, "RpNetzFinger", "fingerprint block taken"},
+    NetzName{NetzCode::FingerTaken, "RpNetzFingerEnde", "fingerprints taken"},
+    NetzName{NetzCode::Programming, "RpNetzBeginnt", "programming begins"},
+    NetzName{NetzCode::Programmed, "RpNetzFertig", "lock programmed"},
+    NetzName{NetzCode::NotReached, "RpNetzNichtErreicht", "lock not reached"}};
 
 } // namespace qvm

@@ -15,7 +15,7 @@ static_assert(LayoutError(Telegram) == -1);
 } // namespace TelUnitEinstellung
 
 namespace TelUnitSchluessel {
-inline constexpr Field Key{"session key", 14, 16, Kind::Bytes};
+inline constexpr Field Key{"session key", 14, 16, Kind::Secret};
 inline constexpr std::array Fields{Key};
 inline constexpr Layout Telegram{"TelUnitSchluessel", 0x48, 0x1D, Build::Kopf, Fields};
 static_assert(LayoutError(Telegram) == -1);
@@ -34,7 +34,8 @@ inline constexpr int SumStart = 13;
 inline constexpr Field Head{"mark", 14, 1, Kind::Fixed, 1};
 inline constexpr Field Rows{"count of rows", 15, 2, Kind::Word}, Row{"row", 17, 2, Kind::Word};
 inline constexpr Field Piece{"piece", 19}, Type{"row type", 20}, Address{"row address", 21, 2, Kind::Word};
-inline constexpr Field Data{"enciphered data", 23, 32, Kind::Bytes}, Sum{"inner checksum", 55};
+inline constexpr Field Data{"enciphered data", 23, 32, Kind::Secret};
+inline constexpr Field Sum{"inner checksum", 55, 1, Kind::Secret};
 inline constexpr std::array Fields{Head, Rows, Row, Piece, Type, Address, Data, Sum};
 inline constexpr Layout Telegram{
     "TelUnitBlock",
