@@ -107,6 +107,7 @@ ExitCode Befehl_Reihe(const Umgebung& world, const Console& console, const Optio
         !why.empty()) {
         return console.Fehlschlag(Word, {why});
     }
+    program.link.Protokoll = [&trace](const TraceFrame& frame) { trace.Schreiben(frame); };
     Adapter_Kennenlernen(program, !options.Port.empty());
     Tafel table(console);
     Reihenlauf runner(program, order, options.At, table);

@@ -87,6 +87,31 @@ TEST_F(BinaryNetwork, two_locks_are_programmed) {
     EXPECT_TRUE(tor.contains("clock"));
 }
 
+TEST_F(BinaryNetwork, the_trace_begins_with_the_search_and_shows_neither_the_transfer_key_nor_a_payload) {
+    Start();
+    const std::string trace = Locks.Directory.Path() + "trace.txt";
+    const RunResult result = Locks.Run({"--trace", trace, "run", "1"});
+    EXPECT_EQ(result.Code, 0) << result.Err;
+    EXPECT_EQ(Stop(), "");
+    const std::string text = Locks.Directory.Read("trace.txt");
+    for (const char* name : {"TelAdapterKennung: probe", "RpAdapterKennung", "TelAdapterDaten", "transfer key hidden",
+                             "NetzDaten: block number 1", "payload hidden", "RpNetzFertig"}) {
+        EXPECT_THAT(text, HasSubstr(name));
+    }
+    EXPECT_LT(text.find("TelAdapterKennung"), text.find("NetzDaten"));
+    for (const char* secret : {"1A 42 12", "91 82 73"}) {
+        EXPECT_THAT(text, testing::Not(HasSubstr(secret)));
+    }
+    // Every byte of the reply with the key, from 30 on, is hidden: 17 of the frame and the checksum.
+    const std::size_t reply = text.find("< 02 2E 6C ");
+    ASSERT_NE(reply, std::string::npos);
+    EXPECT_EQ(text.substr(reply + 2 + 30 * 3, 19 * 3), "** ** ** ** ** ** ** ** ** ** ** ** ** ** ** ** ** ** ** ");
+    const RunResult decoded = Qvmctl({"decode", trace});
+    EXPECT_EQ(decoded.Code, 0) << decoded.Err;
+    EXPECT_THAT(decoded.Out, HasSubstr("\n> NetzUhr: block number 1"));
+    EXPECT_THAT(decoded.Out, testing::Not(HasSubstr("unknown")));
+}
+
 TEST_F(BinaryNetwork, the_history_comes_first_and_is_kept) {
     Start();
     const RunResult result = Locks.Run({"--json", "run", "1", "--history"});

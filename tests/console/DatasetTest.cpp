@@ -90,6 +90,19 @@ TEST_F(Dataset, hides_the_codes_of_the_users) {
     EXPECT_THAT(result.Out, testing::Not(HasSubstr("918273")));
 }
 
+TEST_F(Dataset, hides_the_data_of_an_e_key) {
+    Import(ShortLock, R"(,"UserRecord":[{"record":1,"UserName":"Anna","UserCode":"1","LockMask":"X",
+        "KeyId":"171:205:18:52","KeyData":"161:162:163:164:165:166:167:168:169:170:171:172:173:174:175:176"}])");
+    const RunResult text = Run({"1"}), json = Run({"1", "--json"});
+    EXPECT_EQ(text.Code, 0);
+    EXPECT_THAT(text.Out, HasSubstr("identification hidden, identification data hidden"));
+    for (const RunResult* result : {&text, &json}) {
+        EXPECT_THAT(result->Out, HasSubstr("TelBenutzerDatenLang"));
+        EXPECT_THAT(result->Out, testing::Not(HasSubstr("AB CD 12 34")));
+        EXPECT_THAT(result->Out, testing::Not(HasSubstr("A1 A2")));
+    }
+}
+
 TEST_F(Dataset, writes_nothing_even_when_the_lock_would_change_its_channel) {
     Import(ShortLock, R"(,"ChannelRecord":[{"record":1,"LockChannel":"3","TargetChannel":"5","LockChange":"1"}])");
     const auto before = Directory.List("DAT");
