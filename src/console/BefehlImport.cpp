@@ -1,9 +1,11 @@
 #include "Befehle.h"
 #include "Import.h"
+#include "PosixFiles.h"
 
+#include <cstdint>
 #include <iostream>
-#include <iterator>
 #include <nlohmann/json.hpp>
+#include <sys/stat.h>
 
 namespace qvm {
 
@@ -11,18 +13,21 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-ExitCode Fehler_Melden(const Console& console, const std::vector<Finding>& faults) {
-    for (const Finding& fault : faults) {
+ExitCode Fehler_Melden(const Console& console, const ImportPlan& plan) {
+    for (const Finding& fault : plan.Faults) {
         console.Meldung(Befund_Text(fault));
     }
-    console.Meldung(std::to_string(faults.size()) + (faults.size() == 1 ? " fault" : " faults") +
-                    ". Nothing was written.");
+    if (plan.MoreFaults > 0) {
+        console.Meldung("and " + std::to_string(plan.MoreFaults) + " more");
+    }
+    const std::size_t count = plan.Faults.size() + plan.MoreFaults;
+    console.Meldung(std::to_string(count) + (count == 1 ? " fault" : " faults") + ". Nothing was written.");
     if (console.Json) {
         Json list = Json::array();
-        for (const Finding& fault : faults) {
+        for (const Finding& fault : plan.Faults) {
             list.push_back(Befund_Json(fault));
         }
-        console.Ergebnis({{"command", "import"}, {"ok", false}, {"faults", list}});
+        console.Ergebnis({{"command", "import"}, {"ok", false}, {"faults", list}, {"more", plan.MoreFaults}});
     }
     return ExitCode::Fault;
 }
@@ -56,12 +61,39 @@ ExitCode Bericht_Ausgeben(const Console& console, const ImportReport& report) {
     return report.Done ? ExitCode::Good : ExitCode::Fault;
 }
 
+/// All that comes, or one byte more than can be taken.
+std::string Eingabe_Strom(std::istream& in) {
+    constexpr std::size_t Piece = std::size_t{64} << 10U;
+    std::string bytes;
+    // The system gives memory as it is filled, so that nothing is moved about while it grows.
+    bytes.reserve(LargestFile + Piece);
+    while (in.good() && bytes.size() <= LargestFile) {
+        const std::size_t size = bytes.size();
+        bytes.resize(size + Piece);
+        in.read(bytes.data() + size, Piece);
+        bytes.resize(size + static_cast<std::size_t>(in.gcount()));
+    }
+    return bytes;
+}
+
+std::string Zu_Gross() {
+    return " is larger than " + std::to_string(LargestFile >> 20U) + " MB, the most that is read.";
+}
+
 } // namespace
 
 std::string Eingabe_Lesen(const Umgebung& world, const std::string& file, std::string& bytes) {
     if (file == "-") {
-        bytes.assign(std::istreambuf_iterator<char>(std::cin), {});
+        bytes = Eingabe_Strom(std::cin);
+        if (bytes.size() > LargestFile) {
+            return "Standard input" + Zu_Gross();
+        }
         return std::cin.bad() ? "Standard input cannot be read." : "";
+    }
+    struct stat info {};
+    if (::stat(file.c_str(), &info) == 0 && S_ISREG(info.st_mode) &&
+        static_cast<std::uintmax_t>(info.st_size) > LargestFile) {
+        return "The file " + file + Zu_Gross();
     }
     const ReadStatus status = world.Welt.Files.ReadAll(file, bytes);
     if (status == ReadStatus::Ok) {
@@ -77,7 +109,7 @@ ExitCode Befehl_Import(const Umgebung& world, const Console& console, const std:
     }
     const ImportPlan plan = Import_Pruefen(text);
     if (!plan.Faults.empty()) {
-        return Fehler_Melden(console, plan.Faults);
+        return Fehler_Melden(console, plan);
     }
     return Bericht_Ausgeben(console, Import_Schreiben(world.Welt.Files, world.DatPfad(), world.Welt.Now(), plan));
 }

@@ -3,7 +3,9 @@
 #include "FileStore.h"
 #include "Finding.h"
 #include "Platform.h"
+#include "Record.h"
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,15 +16,19 @@ namespace qvm {
 struct ImportFile {
     std::string Name; ///< in the data directory
     std::string Bytes;
+    const RecordLayout* Table = nullptr; ///< of a record file
+    int Lines = 0;                       ///< of a file of lines: how many are read
 };
 
 struct ImportPlan {
     std::vector<ImportFile> Files;
     std::vector<Finding> Faults; ///< nothing may be written unless this is empty
+    std::size_t MoreFaults = 0;  ///< faults besides, which are only counted
 };
 
 /// Checks a document (UTF-8 JSON as Export_Erstellen makes it) completely and makes the files of it. Never throws;
-/// every fault is named. Tables that the document does not hold are not part of the plan.
+/// every fault is counted, the first hundred are named. Tables that the document does not hold are not part of the
+/// plan. The work grows with the length of the document; besides it the data files are held, whatever it says.
 ImportPlan Import_Pruefen(std::string_view json);
 
 struct ImportReport {

@@ -1,4 +1,5 @@
 #include "Import.h"
+#include "ImportAngleichen.h"
 #include "Text.h"
 
 namespace qvm {
@@ -8,6 +9,7 @@ namespace {
 /// A file about to be replaced, and what it held.
 struct Vorgang {
     const ImportFile* New;
+    std::string NewBytes;
     std::string OldBytes;
     bool Existed;
 };
@@ -28,14 +30,17 @@ std::string Sicherung_Verzeichnis(const FileStore& files, const std::string& dir
 bool Vorlesen(const FileStore& files, const std::string& directory, const ImportPlan& plan, std::vector<Vorgang>& steps,
               ImportReport& report) {
     for (const ImportFile& file : plan.Files) {
-        Vorgang step{.New = &file, .OldBytes = {}, .Existed = false};
+        Vorgang step{.New = &file, .NewBytes = file.Bytes, .OldBytes = {}, .Existed = false};
         const ReadStatus status = files.ReadAll(directory + file.Name, step.OldBytes);
         if (status == ReadStatus::Error) {
             report.Faults.push_back(file.Name + " cannot be read, so no copy of it can be kept");
             return false;
         }
         step.Existed = status == ReadStatus::Ok;
-        if (step.Existed && step.OldBytes == file.Bytes) {
+        if (step.Existed) {
+            step.NewBytes = Import_Angleichen(file, step.OldBytes);
+        }
+        if (step.Existed && step.OldBytes == step.NewBytes) {
             report.Unchanged.push_back(file.Name);
         } else {
             steps.push_back(std::move(step));
@@ -98,7 +103,7 @@ ImportReport Import_Schreiben(const FileStore& files, const std::string& directo
     }
     for (std::size_t n = 0; n < steps.size(); ++n) {
         const Vorgang& step = steps[n];
-        if (!files.Replace(directory + step.New->Name, step.New->Bytes)) {
+        if (!files.Replace(directory + step.New->Name, step.NewBytes)) {
             report.Faults.push_back(step.New->Name + " cannot be written");
             Zuruecksetzen(files, directory, steps, n, report);
             report.Replaced.clear();

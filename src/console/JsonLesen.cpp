@@ -1,7 +1,7 @@
 #include "JsonLesen.h"
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
-#include <set>
 
 namespace qvm {
 
@@ -9,64 +9,57 @@ namespace {
 
 using Json = nlohmann::json;
 
-/// Watches the keys while the parser works, one set for each object that is open.
-class KeyWatch {
-public:
-    explicit KeyWatch(std::vector<std::string>& doubled) : doubled_(doubled) {}
+constexpr std::size_t LongestQuote = 40;
 
-    void See(Json::parse_event_t event, const Json& parsed) {
-        switch (event) {
-        case Json::parse_event_t::object_start:
-            open_.emplace_back();
-            break;
-        case Json::parse_event_t::object_end:
-            if (!open_.empty()) {
-                open_.pop_back();
-            }
-            break;
-        case Json::parse_event_t::key:
-            if (!open_.empty() && parsed.is_string() && !open_.back().insert(parsed.get<std::string>()).second) {
-                doubled_.push_back(parsed.get<std::string>());
-            }
-            break;
-        default:
-            break;
-        }
+/// Position behind the text that begins at `start`, its quote; of the quote's end, of a control character, which no
+/// text holds, or of the end of the document.
+std::size_t Textende(std::string_view text, std::size_t start) {
+    std::size_t at = start + 1;
+    while (at < text.size() && text[at] != '"' && static_cast<unsigned char>(text[at]) >= 0x20) {
+        at += text[at] == '\\' ? 2U : 1U;
     }
-
-private:
-    std::vector<std::set<std::string>> open_;
-    std::vector<std::string>& doubled_;
-};
+    return std::min(at + 1, text.size());
+}
 
 } // namespace
 
-std::optional<Json> Json_Lesen(std::string_view text, std::string& fault, std::vector<std::string>& doubled) {
-    KeyWatch watch(doubled);
-    const auto callback = [&watch](int, Json::parse_event_t event, Json& parsed) {
-        watch.See(event, parsed);
-        return true;
-    };
-    try {
-        return Json::parse(text, callback);
-    } catch (const Json::exception& error) {
-        // "[json.exception.parse_error.101] parse error at line ...": the bracket is of no use to the reader.
-        // "last read: ..." quotes the document, which may hold codes.
-        std::string_view what = error.what();
-        what = what.substr(0, what.find("; last read"));
-        const std::size_t end = what.find("] ");
-        fault = std::string(end == std::string_view::npos ? what : what.substr(end + 2));
-        return std::nullopt;
+std::optional<std::size_t> Json_Zu_Langes_Stueck(std::string_view text) {
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t start = at;
+        at = text[at] == '"' ? Textende(text, at) : text.find_first_of("{}[]:,\"", at);
+        at = std::min(at, text.size());
+        if (at - start > LongestJsonPiece) {
+            return start + 1;
+        }
+        if (at == start) {
+            ++at;
+        }
     }
+    return std::nullopt;
+}
+
+std::string Json_Fehlertext(std::string_view complaint) {
+    // "[json.exception.parse_error.101] parse error at line ...: ...; last read: ..."
+    complaint = complaint.substr(0, complaint.find("; last read"));
+    const std::size_t end = complaint.find("] ");
+    return std::string(end == std::string_view::npos ? complaint : complaint.substr(end + 2));
 }
 
 std::string Json_Zitat(const Json& value) {
-    std::string text = value.is_structured() ? std::string(value.type_name())
-                                             : value.dump(-1, ' ', true, Json::error_handler_t::replace);
-    if (text.size() > 40) {
-        text = text.substr(0, 37) + "...";
+    return Json_Kurz(value.is_structured() ? std::string(value.type_name())
+                                           : value.dump(-1, ' ', true, Json::error_handler_t::replace));
+}
+
+std::string Json_Kurz(std::string_view name) {
+    if (name.size() <= LongestQuote) {
+        return std::string(name);
     }
-    return text;
+    // Not in the middle of a UTF-8 character.
+    std::size_t end = LongestQuote - 3;
+    while (end > 0 && (static_cast<unsigned char>(name[end]) & 0xC0U) == 0x80) {
+        --end;
+    }
+    return std::string(name.substr(0, end)) + "...";
 }
 
 } // namespace qvm

@@ -134,10 +134,74 @@ TEST(Import_Pruefen, very_deep_nesting_is_refused_without_a_crash) {
 TEST(Import_Pruefen, all_faults_are_named_not_only_the_first) {
     EXPECT_EQ(
         Faults(Document("UserRecord", R"([{"record":1,"UserName":5,"Colour":"red"},{"record":1},{"record":900}])")),
-        "UserRecord, record 1, Colour: there is no such field\n"
         "UserRecord, record 1, UserName: must be a text, not a number\n"
+        "UserRecord, record 1, Colour: there is no such field\n"
         "UserRecord, record 1: the record stands twice\n"
         "UserRecord, record: 900 is not a number from 1 to 250\n");
+}
+
+std::string Often(std::string_view text, int times) {
+    std::string all;
+    for (int n = 0; n < times; ++n) {
+        all += (n > 0 ? "," : "") + std::string(text);
+    }
+    return all;
+}
+
+TEST(Import_Pruefen, a_hundred_faults_are_told_and_the_others_counted) {
+    const ImportPlan plan = Import_Pruefen(Document("UserRecord", "[" + Often("{}", 1000000) + "]"));
+    ASSERT_EQ(plan.Faults.size(), 100U);
+    EXPECT_EQ(Befund_Text(plan.Faults[99]), "UserRecord, record: is missing from 1 to 250");
+    EXPECT_EQ(plan.MoreFaults, 999900U);
+    EXPECT_TRUE(plan.Files.empty());
+}
+
+TEST(Import_Pruefen, the_faults_of_one_record_are_counted_likewise) {
+    const ImportPlan plan = Import_Pruefen(
+        Document("LockRecord", R"([{"Name":"A",)" + Often(R"("Name":"B")", 200000) + R"(,"record":7}])"));
+    ASSERT_EQ(plan.Faults.size(), 100U);
+    EXPECT_EQ(Befund_Text(plan.Faults[0]), "LockRecord, record 7, Name: stands twice in one object");
+    EXPECT_EQ(plan.MoreFaults, 199900U);
+}
+
+TEST(Import_Pruefen, a_table_or_a_count_that_stands_twice_is_a_fault) {
+    EXPECT_EQ(Faults(R"({"format":"qvm7702-export","version":1,"counts":{"TimeSlot":1,"TimeSlot":2},
+                     "tables":{"TimeSlot":[],"TimeSlot":[{"record":1}]},
+                     "lines":{"ObJNR09DAT.OBN":[],"ObJNR09DAT.OBN":["a"]}})"),
+              "TimeSlot: stands twice in one object\n"
+              "TimeSlot: stands twice in one object\n"
+              "ObJNR09DAT.OBN: stands twice in one object\n");
+}
+
+TEST(Import_Pruefen, what_is_nested_where_a_value_belongs_is_one_fault) {
+    const std::string deep = std::string(100000, '[') + std::string(100000, ']');
+    EXPECT_EQ(Faults(Document("UserRecord", R"([{"record":1,"UserName":)" + deep + R"(,"UserCode":{"a":{"a":1}}}])")),
+              "UserRecord, record 1, UserName: must be a text, not a array\n"
+              "UserRecord, record 1, UserCode: must be a text, not a object\n");
+}
+
+TEST(Import_Pruefen, the_parts_may_come_in_any_order) {
+    const ImportPlan plan = Import_Pruefen(
+        R"({"tables":{"LockEmiRecord":[{"Emi":"X","record":3}]},"version":1,"counts":{"LockEmiRecord":5},"format":"qvm7702-export"})");
+    ASSERT_EQ(plan.Files.size(), 1U);
+    EXPECT_EQ(plan.Files[0].Bytes, "  X  ");
+}
+
+TEST(Import_Pruefen, a_piece_that_no_data_file_holds_is_refused_before_it_is_read) {
+    const std::string longest(32766, 'A'); // two quotes besides
+    EXPECT_EQ(Faults(Document("UserRecord", R"([{"record":1,"UserName":")" + longest + R"("}])")),
+              "UserRecord, record 1, UserName: has 32766 characters, the field holds 16\n");
+    for (const std::string& piece :
+         {"\"" + longest + "A\"", "\"" + longest + "AA", std::string(32769, '1'), std::string(32769, ' ') + "1"}) {
+        EXPECT_EQ(Faults("[" + piece + "]"), "the text, number or run of blanks at byte 2 is longer than 32768 bytes; "
+                                             "nothing in the data files is\n");
+    }
+}
+
+TEST(Import_Pruefen, an_escaped_quote_does_not_end_a_text) {
+    const ImportPlan plan = Import_Pruefen(Document("UserRecord", R"([{"record":1,"UserName":"a\"b\\"}])"));
+    ASSERT_EQ(plan.Files.size(), 1U);
+    EXPECT_EQ(plan.Files[0].Bytes.substr(0, 4), "a\"b\\");
 }
 
 TEST(Import_Pruefen, a_text_of_exactly_the_fields_width_is_good) {

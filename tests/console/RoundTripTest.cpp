@@ -76,6 +76,85 @@ TEST(RoundTrip, a_second_round_gives_the_same_document) {
     EXPECT_EQ(Export_Erstellen(from.Store(), Dat, faults), Export_Erstellen(to.Store(), Dat, faults));
 }
 
+/// What an import of the directory's own export did to it.
+ImportReport Into_Itself(MemoryFiles& disk) {
+    std::vector<Finding> faults;
+    const std::string document = Export_Erstellen(disk.Store(), Dat, faults).dump();
+    EXPECT_EQ(test::Faults(document), "");
+    return Import(disk, document);
+}
+
+/// The same content as the program writes it, padded in every other way.
+void Padded_Otherwise(MemoryFiles& disk) {
+    // Two templates far apart, zeros between, a third that is cut.
+    std::string templates(3028 * 4, '\0');
+    templates = Put(templates, 0, "1    PR800000001          0 1 2 255");
+    disk.Files[Dat + "TEmpTCD0UPK.FSD"] = Put(templates, 3028 * 3, "2    PR812345678\0\0"s) + "3    PR8";
+    disk.Files[Dat + "COMSETUPADAPTER.ADP"] = std::string(65, '\0') + std::string(65, ' ') + std::string(60, 'x');
+    disk.Files[Dat + "SBSCLKZU.SB1"] = "PB_300000000\0\xFF\0Nacht\0old"s + std::string(31, '\0');
+    // 15 slots of 11 bytes are read, 7 bytes stand behind them.
+    disk.Files[Dat + "TX33Y98BSG9.TBW"] = std::string(11 * 15, ' ') + "beyond\0"s;
+    disk.Files[Dat + "ObJNR09DAT.OBN"] = "05.03.2026\n4\n5";
+    disk.Files[Dat + "CHEUSB25C.I_2"] = "SET       \r\n1\r\n\r\n\r\n\r\n6\r\nmore\r\nand more";
+    disk.Files[Dat + "PERMSELECT.RFS"] = "";
+}
+
+TEST(RoundTrip, export_then_import_into_the_same_directory_changes_no_byte_and_writes_nothing) {
+    for (const auto& fill : {Hand_Made, Padded_Otherwise}) {
+        MemoryFiles disk;
+        fill(disk);
+        const auto before = disk.Files;
+        const ImportReport report = Into_Itself(disk);
+        EXPECT_TRUE(report.Done);
+        EXPECT_EQ(disk.Files, before);
+        EXPECT_TRUE(report.Replaced.empty());
+        EXPECT_EQ(report.Unchanged.size(), before.size());
+        EXPECT_EQ(report.Backup, "");
+    }
+}
+
+TEST(RoundTrip, a_change_of_one_field_leaves_all_other_bytes_of_the_file) {
+    MemoryFiles disk;
+    Padded_Otherwise(disk);
+    const std::string path = Dat + "SBSCLKZU.SB1";
+    disk.Files[path] += disk.Files[path];
+    std::string expected = disk.Files[path];
+    Import(disk, Document("LockGroupRecord",
+                          R"([{"record":1,"GroupId":"PB_300000000","GroupName":"Nacht"},
+                              {"record":2,"GroupId":"PB_300000000","GroupName":"Tag"}])"));
+    expected.replace(55 + 15, 40, "Tag" + std::string(37, ' '));
+    EXPECT_EQ(disk.Files[path], expected);
+}
+
+TEST(RoundTrip, what_stands_behind_the_last_record_that_is_read_stays_there) {
+    MemoryFiles disk;
+    const std::string path = Dat + "LSOEMIPART.LMT";
+    disk.Files[path] = std::string(200, 'X') + "behind";
+    Import(disk, Document("LockEmiRecord", R"([{"record":2,"Emi":"Y"}])"));
+    EXPECT_EQ(disk.Files[path], " Y" + std::string(198, ' ') + "behind");
+}
+
+TEST(RoundTrip, a_shorter_table_makes_a_file_without_more_behind_it_shorter) {
+    MemoryFiles disk;
+    const std::string path = Dat + "LSOEMIPART.LMT";
+    disk.Files[path] = std::string(200, 'X');
+    Import(disk, Document("LockEmiRecord", R"([{"record":2,"Emi":"Y"}])"));
+    EXPECT_EQ(disk.Files[path], " Y");
+}
+
+TEST(RoundTrip, lines_behind_those_that_are_read_stay_when_those_are_all_given) {
+    MemoryFiles disk;
+    const std::string path = Dat + "ObJNR09DAT.OBN";
+    const auto lines = [](const std::string& list) {
+        return R"({"format":"qvm7702-export","version":1,"lines":{"ObJNR09DAT.OBN":)" + list + "}}";
+    };
+    disk.Files[path] = "a\n1\n2\nbehind\n";
+    Import(disk, lines(R"(["b","1","2"])"));
+    EXPECT_EQ(disk.Files[path], "b\r\n1\r\n2\r\nbehind\n");
+    Import(disk, lines(R"(["b","1"])"));
+    EXPECT_EQ(disk.Files[path], "b\r\n1\r\n");
+}
+
 /// A text of code page 1252 without 0x00 that fits into `width` bytes.
 rc::Gen<std::string> Texts(std::size_t width) {
     return rc::gen::map(rc::gen::container<std::vector<int>>(rc::gen::inRange(1, 256)),
