@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,6 +22,14 @@ inline constexpr int KeinPort = 0xFF;
 /// Most candidate ports, and most adapters, that the lists hold.
 inline constexpr std::size_t MaxPorts = 21;
 
+/// A question of a search, before it goes out.
+struct SuchSchritt {
+    int Port = 0;
+    bool Satz = false; ///< asks for the adapter's record; else whether there is an adapter
+    int Versuch = 1;   ///< of Versuche
+    int Versuche = 1;
+};
+
 /// The candidate ports, and the adapters found behind them in the order in which they were found; at most 21 of each.
 struct AdapterListe {
     std::vector<int> PortListe; ///< port numbers, 1 to 254
@@ -32,6 +41,8 @@ struct AdapterListe {
 
     int Stand = 0;            ///< raised whenever the ports are determined anew: a search under way then ends
     bool SucheLaeuft = false; ///< a search is under way
+
+    std::function<void(const SuchSchritt& step)> Suche_Zeigen; ///< sees each question of a search. May be empty
 
     /// Nothing is known of adapters: an action that needs one searches first.
     void Ports_Vergessen() {

@@ -67,12 +67,17 @@ Probe Probe_Neu(const Platform& world) {
 
 /// Sends by `send` up to four times until the reply has come. False as well when the port fails or the search is over.
 template <class Send>
-bool Fragen(const Suche& search, int port, double seconds, const AdapterAntwort& reply, Send send) {
+bool Fragen(const Suche& search, SuchSchritt step, double seconds, const AdapterAntwort& reply, Send send) {
     Link& link = search.link;
+    const int port = step.Port;
     if (!Port_Oeffnen(link, port)) {
         return false;
     }
-    for (int n = 0; n < Tries; ++n) {
+    step.Versuche = Tries;
+    for (step.Versuch = 1; step.Versuch <= Tries; ++step.Versuch) {
+        if (search.list.Suche_Zeigen) {
+            search.list.Suche_Zeigen(step);
+        }
         link.ReplySeen = 0;
         link.UsbArmed = 0;
         link.Rx.Ruecksetzen();
@@ -94,7 +99,7 @@ bool Kennung_Fragen(const Suche& search, int port) {
     constexpr AdapterAntwort reply{.Code = RpAdapterKennung::Reply.Code,
                                    .OtherCode = RpAdapterKennung::Reply6A.Code,
                                    .Shortest = RpAdapterKennung::ValidLength};
-    return Fragen(search, port, search.Wait, reply,
+    return Fragen(search, {.Port = port}, search.Wait, reply,
                   [&search](Link& link) { return TelAdapterKennung_Senden(link, search.ProbeSent); });
 }
 
@@ -103,7 +108,7 @@ bool Satz_Fragen(const Suche& search, int port) {
                                    .OtherCode = RpAdapterDaten::Reply.Code,
                                    .Shortest = RpAdapterDaten::CompleteLength,
                                    .Longest = RpAdapterDaten::CompleteLength};
-    return Fragen(search, port, RecordWait, reply, TelAdapterDaten_Senden);
+    return Fragen(search, {.Port = port, .Satz = true}, RecordWait, reply, TelAdapterDaten_Senden);
 }
 
 /// The record in the reply.
@@ -232,6 +237,13 @@ bool Adapter_Suchen(Link& link, AdapterListe& list) {
         Port_Zuruecksetzen(link, list, portBefore);
     }
     return answered;
+}
+
+void Suche_Abbrechen(Link& link, AdapterListe& list) {
+    if (list.SucheLaeuft) {
+        ++list.Stand;
+        link.ReplySeen = 1; // ends the wait for a reply; the search looks at Stand first
+    }
 }
 
 void Adapter_Bereithalten(Link& link, AdapterListe& list) {

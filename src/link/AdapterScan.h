@@ -13,6 +13,10 @@ namespace qvm {
 /// none was found. A call while a search is under way does nothing. True when an adapter answered.
 bool Adapter_Suchen(Link& link, AdapterListe& list);
 
+/// Ends a search under way at once, as if the ports were determined anew: it gives false, and what it has found by then
+/// is forgotten. Does nothing when there is none.
+void Suche_Abbrechen(Link& link, AdapterListe& list);
+
 /// For what needs an adapter: searches first when nothing is known of them and they are to be found by themselves, as
 /// behind every change of the ports. Lets events go on meanwhile.
 void Adapter_Bereithalten(Link& link, AdapterListe& list);

@@ -114,6 +114,45 @@ TEST_F(Adapter_Suche, a_silent_port_is_asked_four_times_of_four_seconds) {
     EXPECT_TRUE(world.PortOpen);
 }
 
+TEST_F(Adapter_Suche, shows_each_of_its_questions_before_it_goes_out) {
+    PlugSilent(4);
+    Plug(5, "PROGSTATION 1");
+    std::vector<std::string> steps;
+    list.Suche_Zeigen = [&](const SuchSchritt& step) {
+        EXPECT_EQ(step.Versuche, 4);
+        steps.push_back((step.Satz ? "record " : "adapter ") + std::to_string(step.Port) + " " +
+                        std::to_string(step.Versuch));
+        EXPECT_EQ(Asked.size(), steps.size() - 1);
+    };
+    EXPECT_TRUE(Search());
+    EXPECT_THAT(steps, ElementsAre("adapter 4 1", "adapter 4 2", "adapter 4 3", "adapter 4 4", "adapter 5 1",
+                                   "record 4 1", "record 4 2", "record 4 3", "record 4 4", "record 5 1"));
+}
+
+TEST_F(Adapter_Suche, that_is_broken_off_ends_at_once_and_sends_nothing_more) {
+    PlugSilent(4);
+    PlugSilent(5);
+    world.At(4500, [this] { Suche_Abbrechen(link, list); });
+    EXPECT_FALSE(Search());
+    EXPECT_EQ(Took, 4500);
+    EXPECT_THAT(Asked, ElementsAre(4, 4));
+    EXPECT_FALSE(list.SucheLaeuft);
+    // Without a search it does nothing, and the next one is whole.
+    Suche_Abbrechen(link, list);
+    EXPECT_FALSE(Adapter_Suchen(link, list));
+    EXPECT_EQ(Asked.size(), 10U);
+}
+
+TEST_F(Adapter_Suche, that_is_broken_off_among_the_records_knows_none) {
+    Plug(5, "PROGSTATION 1");
+    PlugAnswering(6, {{0x68, Identified}});
+    world.At(1000, [this] { Suche_Abbrechen(link, list); });
+    EXPECT_FALSE(Search());
+    EXPECT_EQ(Took, 1000);
+    EXPECT_THAT(Names(), IsEmpty());
+    EXPECT_EQ(list.ProgStationPort, 0);
+}
+
 TEST_F(Adapter_Suche, without_any_reply_what_was_known_stays) {
     PlugSilent(5);
     Port_Einrichten(link, list);
