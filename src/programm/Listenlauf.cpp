@@ -32,7 +32,8 @@ void Programm::Liste_Verbinden() {
     F91.F92_Schliessen = [this] { F92.Fenster.Visible = false; };
     F92.Gewaehlt = [this](const DateTime& start) { F91.Startzeit_Setzen(start); };
     F92.Verworfen = [this] { F91.Command2_Click(); };
-    F2.Hooks.Liste_Laeuft = [this] { return F91.Laeuft(); };
+    F2.Hooks.Listenzeile_Laeuft = [this] { return F91.Arbeit() != F91::Work::None; };
+    F2.Hooks.Anschluss_Geaendert = [this] { F91.Anschluss_Geaendert(); };
 }
 
 void Programm::Liste_Ansicht_Verbinden() {
@@ -65,6 +66,8 @@ void Programm::Liste_Ansicht_Verbinden() {
         .Naechste_Zeile = [this](std::string_view step) { F91.Naechste_Zeile(step); },
         .Programmieren_Planen = [this] { F91.Programmieren_Planen(); },
         .Stillstand = [this](NetStandstill reason) { F91.Stillstand(reason); },
+        .Weiter = [this] { F91.Weiter(); },
+        .Frist = [this](int minutes) { F91.Frist_Zeigen(minutes); },
     };
 }
 

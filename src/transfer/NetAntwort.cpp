@@ -99,6 +99,15 @@ void Block_Genommen(Netzlauf& run) {
     }
 }
 
+/// A history without an end is left in the end.
+void Naechster_Historienblock(Netzlauf& run) {
+    if (Netz_Frist_Vorbei(run)) {
+        Netz_Stillstand(run, NetStandstill::TooLong);
+    } else {
+        Net_Historie_Anfordern(run, NetzCode::HistoryBlock);
+    }
+}
+
 void Behandeln(Netzlauf& run, Frame frame) {
     switch (Byte(frame, NetzKopf::Code)) {
     case NetzCode::HistoryFetching:
@@ -108,7 +117,7 @@ void Behandeln(Netzlauf& run, Frame frame) {
     case NetzCode::HistoryBlock:
         Historienblock_Ablegen(run, frame);
         run.HistoryBlock = Byte(frame, NetzKopf::Block);
-        Net_Historie_Anfordern(run, NetzCode::HistoryBlock);
+        Naechster_Historienblock(run);
         break;
     case NetzCode::HistoryLast:
         Historienblock_Ablegen(run, frame);
@@ -146,6 +155,7 @@ void Netz_Eingang(Netzlauf& run) {
     run.link.UsbArmed = UsbArmedMark;
     const Frame frame = run.link.RxFrame();
     if (Gilt(run, frame) && run.Antworten.size() < MostReplies) {
+        run.LastTraffic = run.kern.Welt.Milliseconds();
         run.Antworten.emplace_back(frame.begin(), frame.end());
         run.Timer3.Start(10);
     } else if (run.Antworten.empty()) {
@@ -161,6 +171,9 @@ void Tick_Timer3(Netzlauf& run) {
         run.Antworten.pop_front();
         run.link.UsbDone = 0;
         if (Gilt(run, frame)) {
+            if (run.Ansicht.Weiter) {
+                run.Ansicht.Weiter();
+            }
             Behandeln(run, frame);
         }
     }

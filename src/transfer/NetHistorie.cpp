@@ -9,6 +9,7 @@ bool Net_Historie_Anfordern(Netzlauf& run, std::uint8_t code) {
     namespace H = NetzHistorie;
     Link& link = run.link;
     run.Phase = NetPhase::History;
+    Netz_Frist_Setzen(run); // for all blocks together
     Net_Kopf(run, run.HistoryBlock, 1, H::LengthWord, code, NetzClearShort);
     Netz_Festes(link, H::Next);
     Netz_Feld(link, H::AdminCode, link.Lauf.AdminCode);

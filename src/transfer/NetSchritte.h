@@ -44,13 +44,20 @@ void Finger_Sammeln(Netzlauf& run);
 // Transmission (NetSenden.cpp)
 /// Closes a block with its frame checksum at index `length` and sends it.
 bool Netz_Block_Senden(Netzlauf& run, int length);
-/// Arms the network automaton anew.
-void Netz_Scharf(Netzlauf& run);
-/// Waits for what comes unasked: up to 1800 rounds of 2000 ms.
-void Netz_Horchen(Netzlauf& run);
-void Tick_Runde(Netzlauf& run);
 /// Progress of the bar with each telegram.
 void Netz_Balken(Netzlauf& run);
+
+// Waiting (NetWarten.cpp)
+/// Arms the network automaton anew.
+void Netz_Scharf(Netzlauf& run);
+/// Limits the time of the present phase, and tells the limit. A phase that is limited already keeps its end: an adapter
+/// that announces the same again and again gets no time by that.
+void Netz_Frist_Setzen(Netzlauf& run);
+/// The time of the present phase is over.
+bool Netz_Frist_Vorbei(const Netzlauf& run);
+/// Waits for what comes unasked, in rounds of 2000 ms, until the time of the phase is over.
+void Netz_Horchen(Netzlauf& run);
+void Tick_Runde(Netzlauf& run);
 
 // Replies (NetAntwort.cpp)
 /// A frame of the network automaton has come.

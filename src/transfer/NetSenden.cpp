@@ -12,7 +12,6 @@ constexpr int CipherBlock = 16;
 constexpr int ShortestTimeout = 4000;
 constexpr int HandlerDelay = 10;
 constexpr int BarStep = 6, BarWrap = 36;
-constexpr int RoundMs = 2000, MostRounds = 1800;
 
 void Block_Verschluesseln(const Netzlauf& run, int at) {
     std::array<std::uint8_t, CipherBlock> block{};
@@ -113,6 +112,7 @@ Sendung Sendung_Bilden(const Link& link, int length) {
 void Schreiben(Netzlauf& run, const Sendung& out) {
     const std::span<const std::uint8_t> wire = out.Wire;
     run.Begun = true;
+    run.LastTraffic = run.kern.Welt.Milliseconds();
     run.kern.Welt.Port.Write(wire.first(1));
     Netz_Scharf(run);
     run.kern.Welt.Port.Write(wire.subspan(1));
@@ -185,38 +185,6 @@ bool Net_Telegramm_Senden(Netzlauf& run, int length, bool wait, int timeoutMs, i
 bool Netz_Block_Senden(Netzlauf& run, int length) {
     Rahmen_Summe(run.link, length);
     return Net_Telegramm_Senden(run, length, true, 3000, 4);
-}
-
-void Netz_Scharf(Netzlauf& run) {
-    run.link.Rx.Ruecksetzen();
-    run.link.UsbDone = 0;
-    run.link.UsbArmed = UsbArmedMark;
-}
-
-void Netz_Horchen(Netzlauf& run) {
-    run.Rounds = 0;
-    run.RoundIndex = 0;
-    // An armed automaton may stand in the middle of the next frame.
-    if (run.link.UsbArmed != UsbArmedMark) {
-        Netz_Scharf(run);
-    }
-    run.Runde.Start(RoundMs);
-}
-
-void Tick_Runde(Netzlauf& run) {
-    const bool open = run.kern.Welt.Port.IsOpen();
-    if (!open || ++run.Rounds >= MostRounds) {
-        run.Runde.Stop();
-        Netz_Stillstand(run, open ? NetStandstill::NoReply : NetStandstill::PortLost);
-        return;
-    }
-    // A frame with a bad checksum has ended the armed state; half a frame would swallow the next one.
-    const int index = run.link.Rx.RxIndex;
-    const bool stuck = index > 0 && index == run.RoundIndex;
-    run.RoundIndex = index;
-    if (run.Antworten.empty() && (stuck || run.link.UsbArmed != UsbArmedMark)) {
-        Netz_Scharf(run);
-    }
 }
 
 void Netz_Balken(Netzlauf& run) {

@@ -102,6 +102,8 @@ void Adapter_Test(Netzlauf& run, std::initializer_list<std::string_view> texts) 
 void Netz_Neubeginn(Netzlauf& run) {
     ++run.Number;
     run.Sending = run.Begun = false;
+    run.FristPhase = NetPhase::None;
+    run.LastTraffic = run.kern.Welt.Milliseconds();
     Ruhe(run);
 }
 

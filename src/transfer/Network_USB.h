@@ -35,12 +35,17 @@ enum class NetPhase : std::uint8_t {
     History, ///< history was asked for, or is being fetched
 };
 
-/// Why a row stands still. The list run then waits for the operator, or goes on when there is no port.
+/// Why a row stands still. The list run waits for the operator when nobody answers, and goes on in the other cases.
 enum class NetStandstill : std::uint8_t {
     NoPort,   ///< the port could not be opened; nothing was sent
     PortLost, ///< the port went away behind the first telegram; what the adapter has carried out is not known
-    NoReply,  ///< every try, or every round of waiting, passed without a usable reply
+    NoReply,  ///< every try passed without a usable reply
+    TooLong,  ///< the adapter answers, but has not come to its end in the time that was told
 };
+
+/// Minutes that an adapter has for what it does on its own, from the first reply that announces it: 1800 rounds of 2000
+/// ms for programming a lock; for all else, as for the whole history of a lock, this.
+inline constexpr int NetResultMinutes = 60, NetOtherMinutes = 30;
 
 /// Where the network route shows itself. Filled once, with designated initialisers; the run list stands behind it. Any
 /// hook may be empty.
@@ -58,6 +63,10 @@ struct NetView {
     /// Nothing goes on by itself any more. A late reply still counts; a list that goes on all the same calls
     /// Netz_Abbrechen first.
     std::function<void(NetStandstill reason)> Stillstand;
+    /// A usable reply came: the row goes on, if it stood still.
+    std::function<void()> Weiter;
+    /// The adapter has so many minutes from now on; behind them the row stands still for NetStandstill::TooLong.
+    std::function<void(int minutes)> Frist;
 };
 
 /// A row's way through a network adapter: one record for the whole list. The port must be open (or openable by
@@ -92,11 +101,14 @@ struct Netzlauf {
     std::vector<std::uint8_t> Carry;     ///< beginning of a record that the next history block ends
     std::vector<std::uint8_t> LastBlock; ///< reply with the history block stored last, to know a double one
     int BarValue = 0;
-    int Rounds = 0;       ///< rounds of 2000 ms waited for what comes unasked
-    int RoundIndex = 0;   ///< write position of the automaton at the round before
-    bool Sending = false; ///< a transmit step is on the stack
-    bool Begun = false;   ///< something of the row went out
-    unsigned Number = 0;  ///< which row this is: a wait of an earlier one may still be on the stack
+    NetPhase FristPhase = NetPhase::None; ///< which phase the time is limited for
+    int FristMinuten = 0;                 ///< the limit
+    std::int64_t FristEnde = 0;           ///< when it is over, by Platform::Milliseconds
+    std::int64_t LastTraffic = 0;         ///< when the last telegram went out or the last usable reply came
+    int RoundIndex = 0;                   ///< write position of the automaton at the round before
+    bool Sending = false;                 ///< a transmit step is on the stack
+    bool Begun = false;                   ///< something of the row went out
+    unsigned Number = 0;                  ///< which row this is: a wait of an earlier one may still be on the stack
     /// Replies that wait for the handler, as further bytes go into RxBuffer meanwhile.
     std::deque<std::vector<std::uint8_t>> Antworten;
 
@@ -119,6 +131,9 @@ void Netz_Historie_Beginnen(Netzlauf& run);
 /// The operator's cancel, and the end of the window: stops the timers and all that would follow. A block under way is
 /// not recalled.
 void Netz_Abbrechen(Netzlauf& run);
+
+/// Milliseconds since the row's last telegram or usable reply, or since its beginning.
+std::int64_t Netz_Stille(const Netzlauf& run);
 
 /// Catalogue line of a row's status text after Datensatz_Laden in the network variant: 259 for a good dataset.
 int Datensatz_Statuszeile(int status);

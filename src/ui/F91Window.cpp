@@ -62,11 +62,16 @@ void F91Window::makeState() {
     status->setFont(bold);
     status->setMinimumHeight(status->fontMetrics().lineSpacing() + 2);
     keepRoom(status);
+    auto* hint = new QLabel(this);
+    bind(f91_.Hinweis, hint, QStringLiteral("F91.Hinweis"));
+    hint->setWordWrap(true);
+    keepRoom(hint);
     bar_ = new QProgressBar(this);
     bind(f91_.Balken, bar_, QStringLiteral("F91.Balken"));
     bar_->setTextVisible(false);
     keepRoom(bar_);
     content()->addWidget(status);
+    content()->addWidget(hint);
     content()->addWidget(bar_);
     auto* times = new QHBoxLayout;
     times->setSpacing(24);

@@ -104,7 +104,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                    .Zeile_Markieren = [&](std::string_view, int) { ++ends; },
                    .Naechste_Zeile = {},
                    .Programmieren_Planen = {},
-                   .Stillstand = {}};
+                   .Stillstand = {},
+                   .Weiter = {},
+                   .Frist = {}};
     pc.OnWrite = [&](std::span<const std::uint8_t> bytes) {
         Require(bytes.size() <= 2 * std::size_t{BufferSize});
         Require(run.BlockNumber >= 0 && run.BlockNumber <= std::max(run.BlockCount, 0));

@@ -153,14 +153,95 @@ TEST_F(Netz_Antwort_Test, 0x1F_waits_for_the_result_as_long_as_an_hour) {
     EXPECT_EQ(Log.back(), "next PrgNextDataset");
 }
 
-TEST_F(Netz_Antwort_Test, after_1800_rounds_of_2_seconds_the_row_stands_still) {
+TEST_F(Netz_Antwort_Test, after_1800_rounds_of_2_seconds_the_adapter_has_taken_too_long) {
     Geraet = [this](const Bytes& frame) { Reply(frame[27] == 0x14 ? 0x15 : 0x1F); };
     Netz_Programmieren_Beginnen(run);
     pc.RunFor(3599000);
-    EXPECT_NE(Log.back(), "silence");
+    EXPECT_NE(Log.back(), "too long");
+    EXPECT_EQ(Limits, (std::vector{60}));
     pc.RunFor(2000);
-    EXPECT_EQ(Log.back(), "silence");
+    EXPECT_EQ(Log.back(), "too long");
     EXPECT_FALSE(run.Runde.Running());
+}
+
+// Each of these says something, so that no wait for a reply ever ends.
+
+TEST_F(Netz_Antwort_Test, that_programs_again_and_again_has_an_hour_from_the_first_time) {
+    Geraet = [this](const Bytes& frame) { Reply(frame[27] == 0x14 ? 0x15 : 0x1F); };
+    Netz_Programmieren_Beginnen(run);
+    for (int second = 1; second < 3700; ++second) {
+        Reply(0x1F, 1, 1000 * second);
+    }
+    pc.RunFor(3599000);
+    EXPECT_NE(Log.back(), "too long");
+    pc.RunFor(2000);
+    EXPECT_EQ(Log.back(), "too long");
+}
+
+TEST_F(Netz_Antwort_Test, that_fetches_for_ever_has_half_an_hour_from_the_request) {
+    Geraet = [this](const Bytes&) {
+        for (int second = 1; second < 1800; ++second) {
+            Reply(0x0B, 1, 1000 * second);
+        }
+    };
+    Netz_Historie_Beginnen(run);
+    pc.RunFor(1798000);
+    EXPECT_NE(Log.back(), "too long");
+    pc.RunFor(3000);
+    EXPECT_EQ(Log.back(), "too long");
+    EXPECT_FALSE(run.Runde.Running());
+    EXPECT_EQ(Limits, (std::vector{30}));
+}
+
+TEST_F(Netz_Antwort_Test, that_sends_history_blocks_without_end_has_half_an_hour_for_all) {
+    int block = 0;
+    Geraet = [this, &block](const Bytes& frame) {
+        ++block;
+        // A record whose name differs from block to block.
+        Bytes record(23, 1);
+        record[5] = static_cast<std::uint8_t>('A' + block % 26);
+        pc.Deliver(Antwort(0x0C, static_cast<std::uint8_t>(1 + block % 200), record), 1000);
+        if (frame[27] == 0x0A) {
+            Reply(0x0B);
+        }
+    };
+    Netz_Historie_Beginnen(run);
+    pc.RunFor(1799000);
+    EXPECT_NE(Log.back(), "too long");
+    EXPECT_GT(block, 1000);
+    pc.RunFor(2000);
+    EXPECT_EQ(Log.back(), "too long");
+    const int asked = block;
+    pc.RunFor(60000);
+    EXPECT_EQ(block, asked);
+}
+
+TEST_F(Netz_Antwort_Test, that_takes_the_last_block_for_ever_has_half_an_hour) {
+    Geraet = [this](const Bytes&) {
+        for (int second = 0; second < 1800; ++second) {
+            Reply(0x14, 1, 1000 * second + 10);
+        }
+    };
+    Netz_Programmieren_Beginnen(run);
+    pc.RunFor(1799000);
+    EXPECT_NE(Log.back(), "too long");
+    EXPECT_EQ(Limits, (std::vector{30}));
+    pc.RunFor(3000);
+    EXPECT_EQ(Log.back(), "too long");
+}
+
+TEST_F(Netz_Antwort_Test, whose_frames_lie_about_their_length_is_asked_four_times_and_no_more) {
+    // A body of 1360 bytes is told, and 100 come; then a header that tells more than any buffer holds.
+    Geraet = [this](const Bytes&) {
+        Bytes lie{0x02, 0x01, 0x90, 0x01, 0x05, 0x50};
+        lie.resize(100);
+        pc.Deliver(lie, 10);
+        pc.Deliver({0x02, 0x01, 0x90, 0x01, 0xFF, 0xFF}, 3000);
+    };
+    Netz_Programmieren_Beginnen(run);
+    pc.RunFor(17000);
+    EXPECT_EQ(Codes(), "14 14 14 14");
+    EXPECT_EQ(Log.back(), "silence");
 }
 
 TEST_F(Netz_Antwort_Test, a_bad_frame_during_the_rounds_does_not_make_the_program_deaf) {

@@ -115,8 +115,11 @@ NetzTest::NetzTest() {
             [this](NetStandstill why) {
                 Log.emplace_back(why == NetStandstill::NoPort     ? "no port"
                                  : why == NetStandstill::PortLost ? "port lost"
+                                 : why == NetStandstill::TooLong  ? "too long"
                                                                   : "silence");
             },
+        .Weiter = {},
+        .Frist = [this](int minutes) { Limits.push_back(minutes); },
     };
 }
 

@@ -57,6 +57,7 @@ protected:
     std::function<void(const Bytes&)> Geraet; ///< the adapter's reaction to a telegram
     std::vector<std::string> Log;             ///< what the hooks were told
     std::vector<int> Bars;                    ///< values of the bar
+    std::vector<int> Limits;                  ///< minutes that the adapter was given
 
 private:
     void Taken(std::span<const std::uint8_t> bytes);

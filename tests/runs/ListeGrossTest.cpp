@@ -94,6 +94,7 @@ struct Big_List : NetzlaufFixture {
         gone.Port = "3";
         programm->Adapter.Saetze.push_back(gone);
         world.PortThere = [](int number) { return number < 3; };
+        world.AdapterPortNumbers.clear(); // a search finds nothing, and what is known stays
         Grid& grid = programm->F13.FGK13;
         grid.SetText(100, F13Column::AdapterId, "/1/2/3/4");
         grid.SetText(150, F13Column::AdapterId, "");

@@ -198,6 +198,7 @@ void F2::Port_Bereiten() {
     nachholen_ = false;
     Port_Einrichten(link, Adapter);
     Anschluss_Zeigen();
+    Rufen(Hooks.Anschluss_Geaendert);
 }
 
 void F2::Port_Einrichten_Anzeigen() {
@@ -245,8 +246,12 @@ void F2::Port_Verloren(Grund reason) {
 
 void F2::Port_Geaendert(PortChange change) {
     const bool arrived = change == PortChange::Arrived;
-    if (beendet_ || (arrived && !kern.Config.AdapterModus())) {
-        return; // a fixed port is left alone
+    if (beendet_) {
+        return;
+    }
+    if (arrived && !kern.Config.AdapterModus()) {
+        Rufen(Hooks.Anschluss_Geaendert); // a fixed port is left alone
+        return;
     }
     if (Lauf_Aktiv()) {
         // The event may come before the port notices that its device is gone: look again until the run has ended.
@@ -254,6 +259,7 @@ void F2::Port_Geaendert(PortChange change) {
         versuche_ = 0;
         Wiederholung_Timer();
         Wiederholung.Start(RetryInterval);
+        Rufen(Hooks.Anschluss_Geaendert);
         return;
     }
     if (!arrived) {

@@ -32,7 +32,8 @@ struct F2Hooks {
     std::function<void()> Ende;                            ///< the program ends, after the shut-down
     std::function<void()> F9_Schliessen;                   ///< the progress window, for the reply guard
     std::function<void()> Lauf_Timer_Anhalten;             ///< the timers of a run, when F2 opens
-    std::function<bool()> Liste_Laeuft;                    ///< a list run holds the port, between its rows, too
+    std::function<bool()> Listenzeile_Laeuft;              ///< a row of a list run holds the port
+    std::function<void()> Anschluss_Geaendert;             ///< ports came or went: for an open list of locks
 };
 
 /// Window F2, the frame of the program: menus, tool bar, link light, port arrival and removal, adapter supervision.
@@ -130,7 +131,7 @@ private:
     void Wiederholung_Starten();
     bool Da() const { return Fenster.Visible && Fenster.Enabled; }
     bool Lauf_Aktiv() const {
-        return link.Lauf.Phase != RunPhase::None || (Hooks.Liste_Laeuft && Hooks.Liste_Laeuft());
+        return link.Lauf.Phase != RunPhase::None || (Hooks.Listenzeile_Laeuft && Hooks.Listenzeile_Laeuft());
     }
     /// Why there is no adapter.
     enum class Grund { Keiner, Stumm, KeinAdapter, Anschluss };

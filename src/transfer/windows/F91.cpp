@@ -1,5 +1,6 @@
 #include "F91.h"
 
+#include "AdapterScan.h"
 #include "Text.h"
 #include "Words.h"
 
@@ -21,7 +22,7 @@ constexpr bool Wird_Kopiert(int column) {
 F91::F91(Programmierlauf& programmierlauf, Netzlauf& network, F9& progress, AdapterListe& adapters)
     : run(programmierlauf), netz(network), kern(programmierlauf.kern), f9(progress), Adapter(adapters),
       Timer1(kern.Welt, StartDelay), Timer2(kern.Welt, 800), Timer3(kern.Welt, 5000), Pruefung(kern.Welt, 1),
-      Nachlauf(kern.Welt, 100) {
+      Nachlauf(kern.Welt, 100), Adaptersuche(kern.Welt, 200) {
     Balken.Visible = false;
     Balken.Maximum = BarMaximum;
     Uhren_Zeigen(false);
@@ -30,6 +31,7 @@ F91::F91(Programmierlauf& programmierlauf, Netzlauf& network, F9& progress, Adap
     Timer2.Ticked = [this] { StatusLabel.Visible = !StatusLabel.Visible(); };
     Timer3.Ticked = [this] { Tick_Timer3(); };
     Pruefung.Ticked = [this] { Tick_Pruefung(); };
+    Adaptersuche.Ticked = [this] { Tick_Adaptersuche(); };
     Nachlauf.Ticked = [this] {
         Nachlauf.Stop();
         ProgQvmUnits(run.link.Lauf.RunRow);
@@ -57,7 +59,9 @@ void F91::F91_FormLaden(bool delayed) {
     Timer_Anhalten();
     work_ = Work::None;
     running_ = true;
-    stopped_ = told_ = waitChecked_ = Steht = false;
+    stopped_ = told_ = waitChecked_ = Steht = portsNew_ = adapterGone_ = false;
+    adapterSeen_.clear();
+    Adapter_Merken();
     checkRow_ = 0;
     start_.reset();
     eraseOption_ = run.link.Lauf.EraseOption;
@@ -68,6 +72,7 @@ void F91::F91_FormLaden(bool delayed) {
     Blinken(false);
     StatusLabel.ForeColor = Black;
     Status_Zeigen(0, 0);
+    hint_.reset();
     Texte_Setzen();
     Knoepfe_Setzen();
     Fenster.Visible = true;
@@ -86,6 +91,7 @@ void F91::Texte_Setzen() {
     Command1.Text = kern.Zeile(119);
     Command2.Text = kern.Zeile(83);
     Status_Zeigen(statusLine_, statusSecond_);
+    Hinweis_Zeigen(hint_, hintPlace_);
 }
 
 void F91::Liste_Starten(bool delayed) {
@@ -141,6 +147,7 @@ void F91::Command2_Click() {
         return;
     }
     Timer_Anhalten();
+    Suche_Abbrechen(run.link, Adapter);
     if (work_ == Work::Direct) {
         stopped_ = true;
         Status_Zeigen(82, 0);
@@ -175,6 +182,7 @@ void F91::Ende(int line) {
     Uhren_Zeigen(false);
     StatusLabel.ForeColor = Black;
     Status_Zeigen(line, 0);
+    Frist_Zeigen(0);
     Rufen(F92_Schliessen);
     Knoepfe_Setzen();
     if (f9.Fenster.Visible && run.Gesamtende) {
@@ -183,7 +191,7 @@ void F91::Ende(int line) {
 }
 
 void F91::Timer_Anhalten() {
-    for (Timer* timer : {&Timer1, &Timer2, &Timer3, &Pruefung, &Nachlauf}) {
+    for (Timer* timer : {&Timer1, &Timer2, &Timer3, &Pruefung, &Nachlauf, &Adaptersuche}) {
         timer->Stop();
     }
     StatusLabel.Visible = true;
@@ -204,6 +212,12 @@ void F91::Status_Zeigen(int line, int second) {
     statusLine_ = line;
     statusSecond_ = second;
     StatusLabel.Text = kern.Zeile(line) + (second != 0 ? ". " + kern.Zeile(second) : "");
+}
+
+void F91::Hinweis_Zeigen(std::optional<Word> word, const std::string& place) {
+    hint_ = word;
+    hintPlace_ = place;
+    Hinweis.Text = word ? Wort(kern, *word, {place}) : std::string();
 }
 
 void F91::Blinken(bool on) {

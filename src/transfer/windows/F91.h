@@ -7,6 +7,7 @@
 #include "Network_USB.h"
 #include "Programmierlauf.h"
 #include "Timer.h"
+#include "Words.h"
 
 #include <cstdint>
 #include <functional>
@@ -54,6 +55,7 @@ struct F91 {
     Grid FGK91{1, F91Column::Count};
     Label StatusLabel;
     Label StartLabel, JetztLabel, RestLabel; ///< delayed start: chosen time, present time, time left
+    Label Hinweis;                           ///< what the operator should know of the adapters; empty when nothing
     ProgressBar Balken;                      ///< of a network row
     Button Command1;                         ///< close
     Button Command2;                         ///< stop
@@ -62,6 +64,7 @@ struct F91 {
     Timer Timer3;                            ///< delayed start
     Timer Pruefung;                          ///< row check, one row a tick
     Timer Nachlauf;                          ///< one shot: programming behind a network row's history
+    Timer Adaptersuche;                      ///< one shot: ports came or went
 
     std::string ProgStep;
     bool Steht = false; ///< the present network row goes on no more by itself; the operator has to stop it
@@ -99,7 +102,14 @@ struct F91 {
     void Zeile_Aufgeben();
     /// Something of the list is still to come.
     bool Laeuft() const { return running_; }
+    /// None between two rows and before the first: the port is free then.
     Work Arbeit() const { return work_; }
+    /// The row that the row check is at; 0 while there is none.
+    int Prueft() const { return checkRow_; }
+    /// Ports came or went, and who heard of it has forgotten what was known of adapters, if that has to be. Searches in
+    /// a moment, and says when an adapter that a row waits for is gone or back. A row under way keeps its port; the
+    /// next one searches before it begins. Does nothing while there is no list.
+    void Anschluss_Geaendert();
     /// Why a row was passed over: the text that it had after the check.
     const std::string& Pruefergebnis(int row) const;
 
@@ -123,6 +133,10 @@ struct F91 {
     void Status_Zeigen(int line, int second);
     void Blinken(bool on);
     void Stillstand(NetStandstill reason);
+    /// A row that stood still goes on, as a late reply came.
+    void Weiter();
+    /// The network adapter has so many minutes for what it does now.
+    void Frist_Zeigen(int minutes);
 
 private:
     enum class Check : std::uint8_t { BeforeWaiting, BeforeStart };
@@ -137,17 +151,40 @@ private:
     /// Flags as at the start of a row, and its dataset. Gives the dataset's status.
     int Zeile_Laden(int row);
     bool Zeile_Suchen(int& runRow, bool programming);
-    /// Adapter, route and port of the row. False when there is no port; the row is marked then.
+    // ---- adapters (F91Adapter.cpp)
+
+    enum class Anschluss : std::uint8_t { Offen, Zu, Keiner };
+
+    void Tick_Adaptersuche();
+    /// Asks all ports, again when they change meanwhile. Lets events go on; the list may have been stopped behind it.
+    void Adapter_Nachsuchen();
+    /// Takes down which rows have an adapter that is known.
+    void Adapter_Merken();
+    /// Says once that the adapter of a row that waits is gone, and once that it is back.
+    void Adapter_Melden();
+    /// A row begins: that an adapter is back is old news.
+    void Adapter_Gut();
+    const AdapterSatz* Adapter_Der_Zeile(int row) const;
+    bool War_Da(int row) const;
+    /// Adapter and route of the row, and its port opened.
+    Anschluss Anschluss_Oeffnen(int row);
+    /// The same with a search in between where it helps. False when there is no port, the row is marked then; or when
+    /// the list was stopped meanwhile.
     bool Adapter_Waehlen(int& runRow);
+
     void Direkt_Beginnen(int row, bool search);
     void Netz_Beginnen(std::string_view step);
     bool Zeile_Bereitmachen(int& runRow, bool programming);
-    void Zeile_Uebergehen(int& runRow, std::string_view text);
+    void Zeile_Uebergehen(int& runRow, std::string_view mark, std::string_view text);
+    /// Nothing was sent to the row's lock so far.
+    bool Unberuehrt(int row) const { return FGK91.Text(row, F91Column::Mark) != ListMark::HistoryRead; }
     void Step_Planen(std::string_view step, int ms);
     void Timer_Anhalten();
     void Ende(int line);
     void Knoepfe_Setzen();
     void Uhren_Zeigen(bool on);
+    /// Nothing, or a word with its place, which follows the language.
+    void Hinweis_Zeigen(std::optional<Word> word, const std::string& place = {});
     void Mark_Setzen(int row, std::string_view mark, std::string_view text);
     LockRow Zeilendaten(int row) const;
 
@@ -159,6 +196,11 @@ private:
     Check check_ = Check::BeforeStart;
     int checkRow_ = 0; ///< 0: no check is under way
     int statusLine_ = 0, statusSecond_ = 0;
+    bool portsNew_ = false;         ///< ports came or went behind the last search
+    bool adapterGone_ = false;      ///< and the operator was told
+    std::vector<bool> adapterSeen_; ///< by row: its adapter was there
+    std::optional<Word> hint_;
+    std::string hintPlace_;
     std::uint8_t eraseOption_ = 0; ///< as the start dialog has it; a row's assembly may force it to 0 for that row
     std::optional<DateTime> start_;
     std::vector<std::string> checkTexts_; ///< by row

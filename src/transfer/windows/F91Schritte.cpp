@@ -12,8 +12,10 @@ namespace {
 constexpr int BetweenRows = 3000;
 constexpr int BeforeFirstBlock = 2000;
 constexpr int BehindHistory = 100;
-constexpr int LowestPort = 1, HighestPort = 15;
+/// While a search has the port.
+constexpr int SearchPoll = 200;
 constexpr int HistoryProgress = 4000;
+constexpr int MinutesOfDay = 24 * 60;
 
 } // namespace
 
@@ -24,6 +26,10 @@ void F91::Step_Planen(std::string_view step, int ms) {
 
 void F91::Tick_Timer1() {
     Timer1.Stop();
+    if (Adapter.SucheLaeuft) {
+        Timer1.Start(SearchPoll);
+        return;
+    }
     RunState& lauf = run.link.Lauf;
     if (ProgStep == StepPrgStart) {
         Zeilen_Pruefen(Check::BeforeStart);
@@ -57,40 +63,13 @@ bool F91::Zeile_Bereitmachen(int& runRow, bool programming) {
     }
     if (const int status = Zeile_Laden(runRow); status != DatasetStatus::Good) {
         // Its files have changed since the check.
-        Zeile_Uebergehen(runRow, kern.Zeile(Datensatz_Statuszeile(status)));
+        Zeile_Uebergehen(runRow, ListMark::PassedOver, kern.Zeile(Datensatz_Statuszeile(status)));
         return false;
     }
     if (Zeile_Zeigen) {
         Zeile_Zeigen(runRow);
     }
     return Adapter_Waehlen(runRow);
-}
-
-bool F91::Adapter_Waehlen(int& runRow) {
-    Link& link = run.link;
-    kern.Welt.Port.Close();
-    const AdapterSatz* adapter = Adapter_Finden(Adapter, FGK91.Text(runRow, F91Column::AdapterId));
-    if (adapter == nullptr) {
-        adapter = Adapter_Finden(Adapter, FGK91.Text(runRow, F91Column::AdapterName));
-    }
-    int port = kern.Config.AdapterModus() ? KeinPort : link.PortNummer;
-    if (adapter != nullptr) {
-        Adapter_Test(netz, {adapter->Adresse, adapter->Name});
-        netz.TransferKey = adapter->TransferKey;
-        link.Lauf.SitzungsSchluessel = adapter->TransferKey;
-        if (kern.Config.AdapterModus()) {
-            port = static_cast<int>(Zahlwert(adapter->Port));
-        }
-    } else {
-        Adapter_Test(netz, {});
-    }
-    if (port < LowestPort || port > HighestPort) {
-        Zeile_Uebergehen(runRow, kern.Zeile(262));
-        return false;
-    }
-    // A port that cannot be opened shows at the first telegram.
-    Port_Oeffnen(link, port);
-    return true;
 }
 
 void F91::ProgQvmUnits(int& runRow) {
@@ -119,6 +98,7 @@ void F91::NetHistLesen(int& runRow) {
 void F91::Netz_Beginnen(std::string_view step) {
     work_ = Work::Network;
     Steht = false;
+    Adapter_Gut();
     f9.Stille.Stop();
     f9.Fenster.Visible = false;
     Knoepfe_Setzen();
@@ -131,6 +111,7 @@ void F91::Netz_Beginnen(std::string_view step) {
 void F91::Direkt_Beginnen(int row, bool search) {
     RunState& lauf = run.link.Lauf;
     work_ = Work::Direct;
+    Adapter_Gut();
     lauf.KanalSuche = search ? 1 : 0;
     lauf.KanalIndex = 0;
     run.link.TargetChannel = static_cast<std::uint8_t>(kern.Config.Funkkanal());
@@ -153,6 +134,7 @@ void F91::Naechste_Zeile(std::string_view step) {
     Steht = false;
     Blinken(false);
     Status_Zeigen(0, 0);
+    Frist_Zeigen(0);
     // Between two rows there is nothing to cancel.
     f9.Command1.Enabled = false;
     RunState& lauf = run.link.Lauf;
@@ -177,10 +159,16 @@ void F91::Stillstand(NetStandstill reason) {
     if (work_ != Work::Network) {
         return;
     }
+    if (reason == NetStandstill::TooLong) {
+        const std::string minutes = Ziffern(netz.FristMinuten);
+        Netz_Abbrechen(netz);
+        Zeile_Markieren(ListMark::Failed, kern.Zeile(66) + "  /  " + Wort(kern, Word::NetTooLong, {minutes}));
+        Naechste_Zeile(StepPrgNextDataset);
+        return;
+    }
     if (reason != NetStandstill::NoReply) {
         // The next row may have another port.
-        const bool untouched = reason == NetStandstill::NoPort &&
-                               FGK91.Text(run.link.Lauf.RunRow, F91Column::Mark) != ListMark::HistoryRead;
+        const bool untouched = reason == NetStandstill::NoPort && Unberuehrt(run.link.Lauf.RunRow);
         Netz_Abbrechen(netz);
         Zeile_Markieren(ListMark::Failed, kern.Zeile(untouched ? 276 : 66));
         Naechste_Zeile(StepPrgNextDataset);
@@ -189,6 +177,23 @@ void F91::Stillstand(NetStandstill reason) {
     Steht = true;
     Blinken(false);
     Status_Zeigen(66, 0);
+}
+
+void F91::Weiter() {
+    if (Steht) {
+        Steht = false;
+        Status_Zeigen(81, 0);
+    }
+}
+
+void F91::Frist_Zeigen(int minutes) {
+    if (minutes > 0) {
+        const DateTime now = kern.Welt.Now();
+        const int end = (60 * now.Hour + now.Minute + minutes) % MinutesOfDay;
+        Hinweis_Zeigen(Word::NetTimeLimit, Ziffern(end / 60, 2) + ":" + Ziffern(end % 60, 2));
+    } else if (hint_ == Word::NetTimeLimit) {
+        Hinweis_Zeigen(adapterGone_ ? std::optional(Word::AdapterGone) : std::nullopt);
+    }
 }
 
 void F91::Zeile_Aufgeben() {

@@ -8,6 +8,8 @@ namespace qvm {
 namespace {
 
 constexpr int PassedOverDelay = 1000;
+/// While a search has the port.
+constexpr int SearchPoll = 200;
 constexpr std::uint8_t OnlyHistory = 0x80;
 
 } // namespace
@@ -43,6 +45,10 @@ void F91::Tick_Pruefung() {
     if (checkRow_ == 0) {
         return;
     }
+    if (Adapter.SucheLaeuft) {
+        Pruefung.Start(SearchPoll);
+        return;
+    }
     checkRow_ = 0;
     told_ = true;
     StatusLabel.ForeColor = Black;
@@ -52,6 +58,7 @@ void F91::Tick_Pruefung() {
         if (!running_) {
             return; // stopped meanwhile
         }
+        Adapter_Merken();
         run.link.Lauf.RunRow = 1;
         Naechster_Datensatz();
     } else {
@@ -129,8 +136,8 @@ const std::string& F91::Pruefergebnis(int row) const {
     return row > 0 && at < checkTexts_.size() ? checkTexts_[at] : none;
 }
 
-void F91::Zeile_Uebergehen(int& runRow, std::string_view text) {
-    Mark_Setzen(runRow, ListMark::PassedOver, text);
+void F91::Zeile_Uebergehen(int& runRow, std::string_view mark, std::string_view text) {
+    Mark_Setzen(runRow, mark, text);
     work_ = Work::None;
     if (runRow >= run.link.Lauf.RunRows) {
         Ende(265);
