@@ -1,3 +1,4 @@
+#include "AdapterKunde.h"
 #include "Befehle.h"
 #include "Probewelt.h"
 #include "Programm.h"
@@ -72,7 +73,7 @@ Probelauf Durchspielen(const Umgebung& world, int lock) {
     Probewelt dry(world.Welt);
     Programm program(dry.Welt, world.AppPath);
     Programm_Start(program, false);
-    Port_Waehlen(program, true);
+    Port_Festlegen(program);
     program.F13.F13_FormLaden();
     program.F13.Timer1.Stop();
     program.F13.Timer2.Stop();

@@ -1,4 +1,5 @@
 #include "AbbruchSignal.h"
+#include "AdapterKunde.h"
 #include "Befehle.h"
 #include "CodeEingabe.h"
 #include "Ergebnis.h"
@@ -6,6 +7,7 @@
 #include "Text.h"
 #include "TraceDatei.h"
 
+#include <functional>
 #include <nlohmann/json.hpp>
 #include <ostream>
 
@@ -25,6 +27,7 @@ LaufAuftrag Auftrag(const Optionen& options) {
             .Since = options.Since,
             .Keep = options.Keep,
             .Code = {},
+            .Device = options.Port,
             .TimeoutSeconds = options.TimeoutSeconds,
             .Interrupts = {}};
 }
@@ -44,14 +47,14 @@ std::string Trace_Fehler(const std::string& path) {
     return "The trace file " + path + " cannot be written.";
 }
 
-/// Works the locks off, reports each, and gives the exit code of all.
-ExitCode Abarbeiten(const Umgebung& world, const Console& console, const Optionen& options, Schlosslauf& runner,
-                    TraceDatei& trace) {
+/// Works the locks off by `run`, reports each, and gives the exit code of all.
+ExitCode Abarbeiten(const Umgebung& world, const Console& console, const Optionen& options, TraceDatei& trace,
+                    const std::function<LockResult(int lock)>& run) {
     const bool historyOnly = options.Wanted == Command::History;
     Json list = Json::array();
     std::vector<LockResult> results;
     for (const int lock : options.Locks) {
-        results.push_back(runner.Abgebrochen() ? runner.Beschreiben(lock) : runner.Ausfuehren(lock));
+        results.push_back(run(lock));
         trace.Ablegen();
         if (console.Json) {
             list.push_back(Ergebnis_Json(world, results.back()));
@@ -87,7 +90,6 @@ ExitCode Befehl_Lauf(const Umgebung& world, const Console& console, const Option
     if (Programm_Start(program, false) == StartResult::NoDirectory) {
         return console.Fehlschlag(word, {"The directories DAT and HIST cannot be made in " + world.AppPath + "."});
     }
-    Port_Waehlen(program, !options.Port.empty());
     Fortschritt progress(console);
     LaufAuftrag order = Auftrag(options);
     order.Interrupts = [&signal] { return signal.Anzahl(); };
@@ -105,13 +107,20 @@ ExitCode Befehl_Lauf(const Umgebung& world, const Console& console, const Option
         !why.empty()) {
         return console.Fehlschlag(word, {why});
     }
+    program.link.Protokoll = [&](const TraceFrame& frame) { trace.Schreiben(frame); };
+    const bool known = Adapter_Kennenlernen(
+        program, console, {.Device = options.Port, .FixedToo = false, .Interrupts = order.Interrupts});
+    // With what the search has found.
+    program.F13.Adapter_Spalten_Laden();
     program.link.Protokoll = [&](const TraceFrame& frame) {
         trace.Schreiben(frame);
         if (frame.Way == TraceFrame::Direction::Sent || frame.Way == TraceFrame::Direction::SentRaw) {
             runner.Gesendet();
         }
     };
-    return Abarbeiten(world, console, options, runner, trace);
+    return Abarbeiten(world, console, options, trace, [&](int lock) {
+        return known && !runner.Abgebrochen() ? runner.Ausfuehren(lock) : Schloss_Beschreiben(program, lock);
+    });
 }
 
 } // namespace qvm

@@ -1,6 +1,5 @@
 #include "AbbruchSignal.h"
-#include "AdapterScan.h"
-#include "AutoRegister.h"
+#include "AdapterKunde.h"
 #include "Befehle.h"
 #include "CodeEingabe.h"
 #include "Ergebnis.h"
@@ -8,6 +7,8 @@
 #include "TraceDatei.h"
 
 #include <algorithm>
+#include <functional>
+#include <iterator>
 #include <nlohmann/json.hpp>
 #include <ostream>
 
@@ -15,22 +16,7 @@ namespace qvm {
 
 namespace {
 
-constexpr std::string_view Word = "run";
-
-/// Which adapters there are, as a row may go through one of them. Nothing of it is saved.
-void Adapter_Kennenlernen(Programm& program, bool deviceNamed) {
-    Konfiguration& config = program.kern.Config;
-    if (deviceNamed || !config.AdapterModus()) {
-        Port_Waehlen(program, deviceNamed);
-        config.PortNummer = program.link.PortNummer;
-    } else {
-        Ports_Ermitteln(program.kern, program.Adapter);
-    }
-    Adapter_Suchen(program.link, program.Adapter);
-    if (config.PortAutomatik == "RESET") {
-        program.link.PortNummer = config.PortNummer;
-    }
-}
+constexpr std::string_view RunWord = "run";
 
 LaufAuftrag Auftrag(const Optionen& options) {
     return {.HistoryOnly = options.HistoryOnly,
@@ -38,6 +24,7 @@ LaufAuftrag Auftrag(const Optionen& options) {
             .Since = options.Since,
             .Keep = options.Keep,
             .Code = {},
+            .Device = options.Port,
             .TimeoutSeconds = options.TimeoutSeconds,
             .Interrupts = {}};
 }
@@ -55,19 +42,27 @@ std::vector<std::string> Hindernisse(Programm& program, const std::vector<int>& 
 }
 
 /// One document a line, so that a reader can follow the list.
-void Zeile_Ausgeben(const Umgebung& world, const Console& console, const Reihenlauf& runner, const LockResult& result) {
-    nlohmann::ordered_json json = Ergebnis_Json(world, result);
-    json["route"] = runner.Weg(result.Lock);
-    console.Out << json.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace) << '\n';
+void Zeile_Ausgeben(const Umgebung& world, const Console& console, const LockResult& result) {
+    console.Out << Ergebnis_Json(world, result).dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace)
+                << '\n';
     console.Out.flush();
 }
 
-ExitCode Abarbeiten(const Umgebung& world, const Console& console, const Optionen& options, Reihenlauf& runner,
-                    TraceDatei& trace) {
-    const auto results = runner.Ausfuehren(options.Locks, [&](const LockResult& result) {
+std::vector<LockResult> Unversucht(const Programm& program, std::vector<int> locks) {
+    std::sort(locks.begin(), locks.end());
+    std::vector<LockResult> results;
+    std::transform(locks.begin(), locks.end(), std::back_inserter(results),
+                   [&program](int lock) { return Schloss_Beschreiben(program, lock); });
+    return results;
+}
+
+/// The rows as they end, from `work`; then the report and the exit code of all.
+ExitCode Abarbeiten(const Umgebung& world, const Console& console, const Optionen& options, TraceDatei& trace,
+                    const std::function<std::vector<LockResult>(const std::function<void(const LockResult&)>&)>& work) {
+    const auto results = work([&](const LockResult& result) {
         trace.Ablegen();
         if (console.Json) {
-            Zeile_Ausgeben(world, console, runner, result);
+            Zeile_Ausgeben(world, console, result);
         }
     });
     trace.Ablegen();
@@ -86,29 +81,36 @@ ExitCode Abarbeiten(const Umgebung& world, const Console& console, const Optione
 
 ExitCode Befehl_Reihe(const Umgebung& world, const Console& console, const Optionen& options) {
     if (const std::string why = world.Datenverzeichnis_Fehler(); !why.empty()) {
-        return console.Fehlschlag(Word, {why});
+        return console.Fehlschlag(RunWord, {why});
     }
     AbbruchSignal signal;
     Programm program(world.Welt, world.AppPath);
     if (Programm_Start(program, false) == StartResult::NoDirectory) {
-        return console.Fehlschlag(Word, {"The directories DAT and HIST cannot be made in " + world.AppPath + "."});
+        return console.Fehlschlag(RunWord, {"The directories DAT and HIST cannot be made in " + world.AppPath + "."});
     }
     if (const auto messages = Hindernisse(program, options.Locks); !messages.empty()) {
-        return console.Fehlschlag(Word, messages);
+        return console.Fehlschlag(RunWord, messages);
     }
     LaufAuftrag order = Auftrag(options);
     order.Interrupts = [&signal] { return signal.Anzahl(); };
     TraceDatei trace;
     if (!options.Trace.empty() && !trace.Oeffnen(options.Trace, world.Welt.Now())) {
-        return console.Fehlschlag(Word, {"The trace file " + options.Trace + " cannot be written."});
+        return console.Fehlschlag(RunWord, {"The trace file " + options.Trace + " cannot be written."});
     }
     if (const std::string why = Code_Holen(
             options.CodeFrom, [&signal] { return signal.Anzahl() > 0; }, order.Code);
         !why.empty()) {
-        return console.Fehlschlag(Word, {why});
+        return console.Fehlschlag(RunWord, {why});
     }
     program.link.Protokoll = [&trace](const TraceFrame& frame) { trace.Schreiben(frame); };
-    Adapter_Kennenlernen(program, !options.Port.empty());
+    if (!Adapter_Kennenlernen(program, console,
+                              {.Device = options.Port, .FixedToo = true, .Interrupts = order.Interrupts})) {
+        return Abarbeiten(world, console, options, trace, [&](const auto& tell) {
+            std::vector<LockResult> results = Unversucht(program, options.Locks);
+            std::for_each(results.begin(), results.end(), tell);
+            return results;
+        });
+    }
     Tafel table(console);
     Reihenlauf runner(program, order, options.At, table);
     program.link.Protokoll = [&](const TraceFrame& frame) {
@@ -117,7 +119,8 @@ ExitCode Befehl_Reihe(const Umgebung& world, const Console& console, const Optio
             runner.Gesendet();
         }
     };
-    return Abarbeiten(world, console, options, runner, trace);
+    return Abarbeiten(world, console, options, trace,
+                      [&](const auto& tell) { return runner.Ausfuehren(options.Locks, tell); });
 }
 
 } // namespace qvm

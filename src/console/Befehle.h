@@ -32,11 +32,6 @@ ExitCode Befehl_Dataset(const Umgebung& world, const Console& console, int lock)
 /// `file`: a path, or empty or "-" for standard input. Codes stay hidden.
 ExitCode Befehl_Decode(const Umgebung& world, const Console& console, const std::string& file);
 
-struct Programm;
-/// Chooses the port of a run. `deviceNamed`: the device of the command line stands behind every number. Otherwise the
-/// configured port, or in adapter mode the first one that can hold an adapter.
-void Port_Waehlen(Programm& program, bool deviceNamed);
-
 /// The whole of a file, or of standard input for "-". Gives why it cannot be read, a sentence; empty when all is well.
 std::string Eingabe_Lesen(const Umgebung& world, const std::string& file, std::string& bytes);
 

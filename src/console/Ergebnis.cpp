@@ -55,6 +55,7 @@ Json Ergebnis_Json(const Umgebung& world, const LockResult& result) {
         json["historyFile"] = result.HistoryFile;
         json["events"] = Historie_Json(Historie_Datei(world, result.HistoryFile));
     }
+    json["route"] = result.Route;
     return json;
 }
 

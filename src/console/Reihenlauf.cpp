@@ -1,5 +1,6 @@
 #include "Reihenlauf.h"
 
+#include "AdapterKunde.h"
 #include "Text.h"
 
 #include <algorithm>
@@ -21,6 +22,15 @@ Reihenlauf::Reihenlauf(Programm& program, const LaufAuftrag& order, const std::o
     watch_.Ticked = [this] { Tick(); };
     program_.F91.Zeile_Beginnt = [this](int row) { Zeile_Beginnt(row); };
     program_.F91.Zeile_Fertig = [this](int row) { Zeile_Fertig(row); };
+    program_.F91.Hinweis.Text.Changed = [this] {
+        if (const std::string& text = program_.F91.Hinweis.Text(); !text.empty()) {
+            table_.Meldung(Anzeige_Aus_1252(text));
+        }
+    };
+    program_.Adapter.Suche_Zeigen = [this](const SuchSchritt& step) { table_.Meldung(Suchzeile(step, order_.Device)); };
+    if (program_.kern.Welt.OnPortChange) {
+        program_.kern.Welt.OnPortChange([this](PortChange change) { Anschluss_Geaendert(change); });
+    }
     program_.F13.F13_FormLaden();
     // Nobody moves a mouse over the grid.
     program_.F13.Timer1.Stop();
@@ -31,6 +41,11 @@ Reihenlauf::~Reihenlauf() {
     program_.kern.Welt.ShowMessage = shownBefore_;
     program_.F91.Zeile_Beginnt = {};
     program_.F91.Zeile_Fertig = {};
+    program_.F91.Hinweis.Text.Changed = {};
+    program_.Adapter.Suche_Zeigen = {};
+    if (program_.kern.Welt.OnPortChange) {
+        program_.kern.Welt.OnPortChange(nullptr);
+    }
     program_.F91.Command1_Click();
     if (program_.kern.Welt.Port.IsOpen()) {
         program_.kern.Welt.Port.SetRts(false);
@@ -49,10 +64,26 @@ Answer Reihenlauf::Antworten(const Message& message) {
     }
     const std::string text = Anzeige_Aus_1252(message.Text);
     if (!text.empty()) {
-        messages_.push_back(text);
+        if (LockResult* result = Zeile_Der_Meldung()) {
+            result->Messages.push_back(text);
+        }
         table_.Meldung(text);
     }
     return Answer::Ok;
+}
+
+LockResult* Reihenlauf::Zeile_Der_Meldung() {
+    // The row check comes before all rows, and goes through all of them.
+    const int checked = program_.F91.Prueft();
+    const int row = checked > 0 ? checked : program_.link.Lauf.RunRow;
+    return row >= 1 && row <= static_cast<int>(results_.size()) ? &Ergebnis(row) : nullptr;
+}
+
+void Reihenlauf::Anschluss_Geaendert(PortChange change) {
+    if (change == PortChange::Removed && program_.F91.Arbeit() == F91::Work::None) {
+        program_.Adapter.Ports_Vergessen();
+    }
+    program_.F91.Anschluss_Geaendert();
 }
 
 bool Reihenlauf::Starten(const std::vector<int>& locks) {
@@ -88,13 +119,8 @@ std::vector<LockResult> Reihenlauf::Ausfuehren(const std::vector<int>& locks,
     tell_ = tell;
     std::vector<std::string> lines;
     for (const int lock : ordered) {
-        LockResult result;
-        result.Lock = lock;
-        result.Name = Anzeige_Aus_1252(program_.F13.FGK13.Text(lock, F13Column::Name));
-        result.Serial = Anzeige_Aus_1252(program_.F13.FGK13.Text(lock, F13Column::Serial));
-        results_.push_back(result);
+        results_.push_back(Schloss_Beschreiben(program_, lock));
     }
-    ways_.assign(ordered.size(), {});
     const bool running = Starten(ordered);
     for (std::size_t n = 0; n < results_.size(); ++n) {
         lines.push_back(Zeile(static_cast<int>(n) + 1));
@@ -114,54 +140,13 @@ std::vector<LockResult> Reihenlauf::Ausfuehren(const std::vector<int>& locks,
 }
 
 void Reihenlauf::Zeile_Beginnt(int row) {
-    if (ways_[static_cast<std::size_t>(row - 1)].empty()) {
+    if (Ergebnis(row).Route.empty()) {
         rowBegun_ = program_.kern.Welt.Milliseconds();
         telegramsBefore_ = telegrams_;
-        messages_.clear();
     }
-    silent_ = false;
-    ways_[static_cast<std::size_t>(row - 1)] = program_.F91.Arbeit() == F91::Work::Network ? "network" : "direct";
+    state_.Silent = false;
+    Ergebnis(row).Route = program_.F91.Arbeit() == F91::Work::Network ? "network" : "direct";
     Anzeigen();
-}
-
-LockEnd Reihenlauf::Ende_Bestimmen(const std::string& mark, int row) const {
-    const Kern& kern = program_.kern;
-    const std::string& text = program_.F91.FGK91.Text(row, F91Column::StateText);
-    if (mark == ListMark::PassedOver) {
-        return LockEnd::Fault;
-    }
-    if (mark != ListMark::Failed) {
-        return LockEnd::Done;
-    }
-    if (silent_) {
-        return LockEnd::Silent;
-    }
-    if (cancelling_ && text == kern.Zeile(82)) {
-        return LockEnd::Cancelled;
-    }
-    if (program_.F91.Arbeit() == F91::Work::Direct) {
-        return Ende_Aus_Bericht(program_);
-    }
-    const auto shows = [&](int line) { return !text.empty() && text == kern.Zeile(line); };
-    return shows(276) ? LockEnd::Fault : shows(277) ? LockEnd::Failed : LockEnd::NotReached;
-}
-
-std::string Reihenlauf::Grund(const LockResult& result, int row) const {
-    if (result.End == LockEnd::Done) {
-        return {};
-    }
-    if (result.End == LockEnd::Silent) {
-        if (const std::string lost = program_.kern.Welt.Port.LastError(); !lost.empty()) {
-            return Anzeigetext(lost); // the port's own words, UTF-8
-        }
-        return order_.TimeoutSeconds > 0 && program_.F91.Arbeit() == F91::Work::Direct
-                   ? "no answer for " + std::to_string(order_.TimeoutSeconds) + " s"
-                   : "no answer from the network adapter";
-    }
-    const std::string& text = program_.F91.FGK91.Text(row, F91Column::StateText);
-    // That it was passed over says less than why.
-    const bool passed = text == program_.kern.Zeile(261) && !program_.F91.Pruefergebnis(row).empty();
-    return Anzeige_Aus_1252(passed ? program_.F91.Pruefergebnis(row) : text);
 }
 
 void Reihenlauf::Zeile_Fertig(int row) {
@@ -169,32 +154,12 @@ void Reihenlauf::Zeile_Fertig(int row) {
         return;
     }
     LockResult& result = Ergebnis(row);
-    const std::string& mark = program_.F91.FGK91.Text(row, F91Column::Mark);
-    result.End = Ende_Bestimmen(mark, row);
-    result.Text = Grund(result, row);
-    result.Faults.clear();
-    const F91::Work work = program_.F91.Arbeit();
-    if (work != F91::Work::None) {
-        result.Units.clear();
-        Bericht_Uebernehmen(program_, order_.HistoryOnly || work == F91::Work::Network,
-                            order_.HistoryOnly || order_.HistoryFirst, result);
-        if (work == F91::Work::Network && program_.link.Lauf.HistoryLost) {
-            result.Faults.emplace_back("the history could not be written");
-        }
+    Zeile_Uebernehmen(program_, order_, row, state_, result);
+    if (program_.F91.Arbeit() != F91::Work::None) {
         result.Seconds = static_cast<double>(program_.kern.Welt.Milliseconds() - rowBegun_) / 1000.0;
         result.Telegrams = telegrams_ - telegramsBefore_;
-        result.Messages = messages_;
     }
     Anzeigen();
-}
-
-std::string_view Reihenlauf::Weg(int lock) const {
-    for (std::size_t n = 0; n < results_.size(); ++n) {
-        if (results_[n].Lock == lock) {
-            return ways_[n];
-        }
-    }
-    return {};
 }
 
 void Reihenlauf::Erzaehlen(bool all) {
@@ -214,24 +179,24 @@ void Reihenlauf::Tick() {
     const int interrupts = order_.Interrupts ? order_.Interrupts() : 0;
     if (interrupts > interrupts_) {
         interrupts_ = interrupts;
-        Abbrechen(cancelling_);
+        Abbrechen(state_.Cancelling);
     }
-    const bool waits = order_.TimeoutSeconds > 0 && !cancelling_;
+    const bool waits = order_.TimeoutSeconds > 0 && !state_.Cancelling;
     const bool mute = program_.F91.Arbeit() == F91::Work::Direct &&
                       Lauf_Stille(program_.Lauf) >= std::int64_t{1000} * order_.TimeoutSeconds;
-    if (waits && (mute || program_.F91.Steht)) {
-        silent_ = true;
+    if (waits && (mute || Netzzeile_Stumm(program_, order_))) {
+        state_.Silent = true;
         program_.F91.Zeile_Aufgeben();
-        silent_ = false;
+        state_.Silent = false;
     }
-    if (cancelling_ && now - cancelSince_ >= CancelMs && !program_.Lauf.Gesamtende) {
+    if (state_.Cancelling && now - cancelSince_ >= CancelMs && !program_.Lauf.Gesamtende) {
         program_.F9.Command2_Click();
     }
 }
 
 void Reihenlauf::Abbrechen(bool again) {
     table_.Meldung(again ? "Giving up." : "Cancelling; once more Ctrl-C gives up at once.");
-    cancelling_ = true;
+    state_.Cancelling = true;
     cancelSince_ = program_.kern.Welt.Milliseconds() - (again ? CancelMs : 0);
     if (program_.F91.Arbeit() == F91::Work::Direct) {
         program_.F9.Command1_Click();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Netzzeile.h"
 #include "Programm.h"
 #include "Schlosslauf.h"
 #include "Tafel.h"
@@ -24,8 +25,6 @@ public:
     /// Works the locks off in the order of the lock grid. One result a lock; each is told once as soon as it stands.
     std::vector<LockResult> Ausfuehren(const std::vector<int>& locks,
                                        const std::function<void(const LockResult&)>& tell);
-    /// "direct" or "network", or empty for a lock that was not begun; by lock number.
-    std::string_view Weg(int lock) const;
     void Gesendet() { ++telegrams_; }
 
 private:
@@ -34,8 +33,9 @@ private:
     void Zeile_Beginnt(int row);
     void Zeile_Fertig(int row);
     LockResult& Ergebnis(int row) { return results_[static_cast<std::size_t>(row - 1)]; }
-    LockEnd Ende_Bestimmen(const std::string& mark, int row) const;
-    std::string Grund(const LockResult& result, int row) const;
+    /// The row that a message box belongs to; nullptr for none.
+    LockResult* Zeile_Der_Meldung();
+    void Anschluss_Geaendert(PortChange change);
     void Erzaehlen(bool all);
     void Tick();
     void Abbrechen(bool again);
@@ -51,15 +51,12 @@ private:
     std::function<Answer(const Message&)> shownBefore_;
     std::function<void(const LockResult&)> tell_;
     std::vector<LockResult> results_;
-    std::vector<std::string_view> ways_; ///< by row
-    std::vector<std::string> messages_;
     std::size_t told_ = 0;
     int telegrams_ = 0;
     int telegramsBefore_ = 0;
     int interrupts_ = 0;
     int questions_ = 0; ///< how many were answered
-    bool cancelling_ = false;
-    bool silent_ = false;
+    Zeilenumstand state_;
     std::int64_t cancelSince_ = 0;
     std::int64_t rowBegun_ = 0;
 };

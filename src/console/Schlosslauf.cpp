@@ -1,5 +1,6 @@
 #include "Schlosslauf.h"
 
+#include "Netzzeile.h"
 #include "Text.h"
 
 namespace qvm {
@@ -80,8 +81,8 @@ bool Schlosslauf::Starten(int lock) {
     return true;
 }
 
-LockResult Schlosslauf::Beschreiben(int lock) const {
-    const Grid& grid = program_.F13.FGK13;
+LockResult Schloss_Beschreiben(const Programm& program, int lock) {
+    const Grid& grid = program.F13.FGK13;
     LockResult result;
     result.Lock = lock;
     result.Name = Anzeige_Aus_1252(grid.Text(lock, F13Column::Name));
@@ -90,19 +91,23 @@ LockResult Schlosslauf::Beschreiben(int lock) const {
 }
 
 LockResult Schlosslauf::Ausfuehren(int lock) {
-    LockResult result = Beschreiben(lock);
+    LockResult result = Schloss_Beschreiben(program_, lock);
+    Netzzeile row(program_, order_, progress_, result);
     messages_.clear();
     telegrams_ = 0;
     silent_ = cancelling_ = false;
     progress_.Beginnen("Lock " + std::to_string(lock) + " \"" + result.Name + "\"");
     const std::int64_t begun = program_.kern.Welt.Milliseconds();
-    if (Starten(lock)) {
-        Warten();
-        result.End = Ende_Bestimmen();
-        Bericht_Fuellen(result);
-    } else {
+    if (!Starten(lock)) {
         result.End = LockEnd::Fault;
         result.Text = messages_.empty() ? "the run could not be started" : messages_.back();
+    } else if (program_.F91.Fenster.Visible) {
+        interrupted_ = row.Abwarten(interrupts_) || interrupted_;
+    } else {
+        Warten();
+        result.Route = "direct";
+        result.End = Ende_Bestimmen();
+        Bericht_Fuellen(result);
     }
     result.Seconds = static_cast<double>(program_.kern.Welt.Milliseconds() - begun) / 1000.0;
     result.Telegrams = telegrams_;

@@ -17,6 +17,7 @@ struct LaufAuftrag {
     std::optional<Datum> Since;
     bool Keep = true;                ///< the check box of the start dialog
     std::string Code;                ///< six characters
+    std::string Device;              ///< of the adapter, as the command line names it; empty: it names none
     int TimeoutSeconds = 30;         ///< 0: wait for ever
     std::function<int()> Interrupts; ///< how often the operator pressed Ctrl-C
 };
@@ -52,6 +53,7 @@ struct LockResult {
     int Telegrams = 0;
     double Seconds = 0;
     std::string HistoryFile; ///< path; empty: none was made
+    std::string_view Route;  ///< "direct" or "network"; empty: the lock was not begun
 };
 
 /// "programmed", "refused by the lock" and so on; for programs: "done", "refused".
@@ -60,6 +62,8 @@ std::string_view Ende_Wort(LockEnd end);
 /// The exit code of one lock.
 ExitCode Ende_Code(const LockResult& result);
 
+/// Number, name and serial of a lock that is not tried. The lock grid is filled.
+LockResult Schloss_Beschreiben(const Programm& program, int lock);
 /// What a run's report says of its end. Open and Cancelled are Cancelled.
 LockEnd Ende_Aus_Bericht(const Programm& program);
 /// Faults, history file and units of the run that ended last, into `result`.
@@ -77,8 +81,6 @@ public:
     /// Empty when the lock can be run; otherwise why not.
     std::string Hindernis(int lock) const;
     LockResult Ausfuehren(int lock);
-    /// Number, name and serial of a lock that is not tried.
-    LockResult Beschreiben(int lock) const;
     /// The operator wants no further lock.
     bool Abgebrochen() const { return interrupted_; }
     void Gesendet() { ++telegrams_; }

@@ -65,12 +65,25 @@ void VirtualLocks::Restart(const std::vector<std::string>& options) {
 }
 
 void VirtualLocks::StartWorld(const nlohmann::json& json, const std::vector<std::string>& options) {
-    const std::string world = Directory.Write("world.json", json.dump());
-    std::vector<std::string> arguments{
-        "--world", world, "--state", Directory.Path() + "state.json", "--link", Directory.Path() + "com1"};
+    std::vector<std::string> all{"--state", Directory.Path() + "state.json"};
+    all.insert(all.end(), options.begin(), options.end());
+    simulator_ = Plug("com1", json, all);
+}
+
+std::unique_ptr<Process> VirtualLocks::Plug(const std::string& link, const nlohmann::json& world,
+                                            const std::vector<std::string>& options) {
+    std::vector<std::string> arguments{"--world", Directory.Write(link + ".json", world.dump()), "--link",
+                                       Directory.Path() + link};
     arguments.insert(arguments.end(), options.begin(), options.end());
-    simulator_ = std::make_unique<Process>(QVM_BINARY_DIR "/src/simulator/program/qvm-simulator", arguments);
-    ASSERT_TRUE(simulator_->WaitFor("/dev/"));
+    auto simulator = std::make_unique<Process>(QVM_BINARY_DIR "/src/simulator/program/qvm-simulator", arguments);
+    EXPECT_TRUE(simulator->WaitFor("/dev/"));
+    return simulator;
+}
+
+void VirtualLocks::Import(const nlohmann::json& tables, const nlohmann::json& lines) {
+    const nlohmann::json document{{"format", "qvm7702-export"}, {"version", 1}, {"tables", tables}, {"lines", lines}};
+    const RunResult imported = Qvmctl({"--dir", Directory.Path(), "import", "-"}, document.dump());
+    EXPECT_EQ(imported.Code, 0) << imported.Err;
 }
 
 std::string VirtualLocks::Stop() {

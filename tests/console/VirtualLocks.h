@@ -28,6 +28,11 @@ public:
     /// The same with other devices than those above, as JSON.
     void StartWorld(const nlohmann::json& world, const std::vector<std::string>& options = {});
     static nlohmann::json World();
+    /// A further virtual system behind `link`, as "com2".
+    std::unique_ptr<Process> Plug(const std::string& link, const nlohmann::json& world,
+                                  const std::vector<std::string>& options = {});
+    /// Replaces whole tables and line files of the installation.
+    void Import(const nlohmann::json& tables, const nlohmann::json& lines);
     /// The same with the devices as the last virtual system left them, which has ended or is ended now.
     void Restart(const std::vector<std::string>& options = {});
     /// Ends the virtual system. What it found wrong with the telegrams, empty when nothing.

@@ -1,0 +1,127 @@
+#include "Netzzeile.h"
+
+#include "Text.h"
+
+namespace qvm {
+
+namespace {
+
+constexpr int WatchMs = 100;
+
+LockEnd Zeilenende(const Programm& program, int row, const Zeilenumstand& state) {
+    const Kern& kern = program.kern;
+    const Grid& list = program.F91.FGK91;
+    const std::string& mark = list.Text(row, F91Column::Mark);
+    const std::string& text = list.Text(row, F91Column::StateText);
+    if (mark == ListMark::PassedOver) {
+        return LockEnd::Fault;
+    }
+    if (mark != ListMark::Failed) {
+        return LockEnd::Done;
+    }
+    if (state.Silent) {
+        return LockEnd::Silent;
+    }
+    if (state.Cancelling && text == kern.Zeile(82)) {
+        return LockEnd::Cancelled;
+    }
+    if (program.F91.Arbeit() == F91::Work::Direct) {
+        return Ende_Aus_Bericht(program);
+    }
+    const auto shows = [&](int line) { return !text.empty() && text == kern.Zeile(line); };
+    return shows(276) ? LockEnd::Fault : shows(277) ? LockEnd::Failed : LockEnd::NotReached;
+}
+
+std::string Grund(const Programm& program, const LaufAuftrag& order, int row, LockEnd end) {
+    if (end == LockEnd::Done) {
+        return {};
+    }
+    if (end == LockEnd::Silent) {
+        if (const std::string lost = program.kern.Welt.Port.LastError(); !lost.empty()) {
+            return Anzeigetext(lost); // the port's own words, UTF-8
+        }
+        return order.TimeoutSeconds > 0 && program.F91.Arbeit() == F91::Work::Direct
+                   ? "no answer for " + std::to_string(order.TimeoutSeconds) + " s"
+                   : "no answer from the network adapter";
+    }
+    const std::string& text = program.F91.FGK91.Text(row, F91Column::StateText);
+    // That it was passed over says less than why.
+    const std::string& check = program.F91.Pruefergebnis(row);
+    const bool passed = text == program.kern.Zeile(261) && !check.empty();
+    return Anzeige_Aus_1252(passed ? check : text);
+}
+
+} // namespace
+
+void Zeile_Uebernehmen(const Programm& program, const LaufAuftrag& order, int row, const Zeilenumstand& state,
+                       LockResult& result) {
+    const F91::Work work = program.F91.Arbeit();
+    result.End = Zeilenende(program, row, state);
+    result.Text = Grund(program, order, row, result.End);
+    result.Faults.clear();
+    if (work == F91::Work::None) {
+        return;
+    }
+    result.Units.clear();
+    Bericht_Uebernehmen(program, order.HistoryOnly || work == F91::Work::Network,
+                        order.HistoryOnly || order.HistoryFirst, result);
+    if (work == F91::Work::Network && program.link.Lauf.HistoryLost) {
+        result.Faults.emplace_back("the history could not be written");
+    }
+}
+
+bool Netzzeile_Stumm(const Programm& program, const LaufAuftrag& order) {
+    return order.TimeoutSeconds > 0 && program.F91.Steht &&
+           Netz_Stille(program.Netz) >= std::int64_t{1000} * order.TimeoutSeconds;
+}
+
+Netzzeile::Netzzeile(Programm& program, const LaufAuftrag& order, Fortschritt& progress, LockResult& result)
+    : program_(program), order_(order), progress_(progress), result_(result) {
+    program_.F91.Zeile_Beginnt = [this](int) { result_.Route = "network"; };
+    program_.F91.Zeile_Fertig = [this](int row) { Zeile_Uebernehmen(program_, order_, row, state_, result_); };
+    program_.F91.Hinweis.Text.Changed = [this] {
+        if (const std::string& text = program_.F91.Hinweis.Text(); !text.empty()) {
+            progress_.Meldung(Anzeige_Aus_1252(text));
+        }
+    };
+}
+
+Netzzeile::~Netzzeile() {
+    program_.F91.Zeile_Beginnt = {};
+    program_.F91.Zeile_Fertig = {};
+    program_.F91.Hinweis.Text.Changed = {};
+    if (program_.F91.Fenster.Visible) {
+        program_.F91.Command1_Click();
+    }
+}
+
+bool Netzzeile::Abwarten(int& interrupts) {
+    Timer watch(program_.kern.Welt, WatchMs);
+    watch.Ticked = [&] { Tick(interrupts); };
+    watch.Start();
+    while (program_.F91.Laeuft()) {
+        program_.kern.Welt.ProcessEvents();
+    }
+    watch.Stop();
+    return state_.Cancelling;
+}
+
+void Netzzeile::Tick(int& interrupts) {
+    const F91& list = program_.F91;
+    progress_.Zeigen(list.Balken.Value, list.Balken.Maximum, Anzeige_Aus_1252(list.StatusLabel.Text()));
+    const int now = order_.Interrupts ? order_.Interrupts() : 0;
+    if (now > interrupts) {
+        interrupts = now;
+        state_.Cancelling = true;
+        progress_.Meldung("Cancelled; what the network adapter has by now it may still carry out.");
+        result_.End = LockEnd::Cancelled; // unless the row has begun and says it itself
+        program_.F91.Command2_Click();
+    } else if (Netzzeile_Stumm(program_, order_)) {
+        state_.Silent = true;
+        progress_.Meldung("No answer from the network adapter; the run is given up.");
+        program_.F91.Zeile_Aufgeben();
+        state_.Silent = false;
+    }
+}
+
+} // namespace qvm
