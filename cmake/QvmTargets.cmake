@@ -38,11 +38,15 @@ function(qvm_separate)
   set_source_files_properties(${ARGN} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
 endfunction()
 
-# qvm_library(<name> [DIR <folder>] [DEPS <target>...] [PRIVATE_DEPS <target>...] [HEADERS <header>...])
-# All .cpp files of the folder (not of its sub-folders) as one static library. HEADERS: what nearly all of them include,
-# worth compiling once.
+# What nearly every file includes, compiled once. The structure test shows where a file leans on it and does not include
+# it itself.
+set(QVM_STANDARD_HEADERS <algorithm> <array> <functional> <map> <optional> <string> <vector>)
+
+# qvm_library(<name> [QT] [DIR <folder>] [DEPS <target>...] [PRIVATE_DEPS <target>...] [HEADERS <header>...])
+# All .cpp files of the folder (not of its sub-folders) as one static library. QT: its libraries bring definitions of Qt
+# along, so that it cannot share core's compiled headers. HEADERS: what it includes everywhere besides, then.
 function(qvm_library name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "DIR" "DEPS;PRIVATE_DEPS;HEADERS")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "QT" "DIR" "DEPS;PRIVATE_DEPS;HEADERS")
   if(NOT arg_DIR)
     set(arg_DIR "${CMAKE_CURRENT_SOURCE_DIR}/${name}")
   endif()
@@ -51,9 +55,10 @@ function(qvm_library name)
     add_library(${name} STATIC ${sources})
     target_include_directories(${name} PUBLIC "${arg_DIR}")
     target_link_libraries(${name} PUBLIC qvm_flags ${arg_DEPS} PRIVATE ${arg_PRIVATE_DEPS})
-    if(QVM_FUZZ)
-      # Only here: the other builds show when a file leans on what another one includes.
-      target_precompile_headers(${name} PRIVATE <functional> <map> <string> <vector> ${arg_HEADERS})
+    if(arg_QT OR NOT TARGET core OR name STREQUAL core)
+      target_precompile_headers(${name} PRIVATE ${QVM_STANDARD_HEADERS} ${arg_HEADERS})
+    elseif(NOT name STREQUAL test_support)
+      target_precompile_headers(${name} REUSE_FROM core)
     endif()
   else()
     add_library(${name} INTERFACE)

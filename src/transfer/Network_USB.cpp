@@ -3,6 +3,7 @@
 #include "NetSchritte.h"
 #include "Text.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 

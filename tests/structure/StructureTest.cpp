@@ -1,6 +1,8 @@
 // Reads the sources and holds them against the rules of the layers.
 
 #include <algorithm>
+#include <cctype>
+#include <cstddef>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -179,6 +181,98 @@ TEST(Sources, a_name_taken_in_without_use_is_found) {
     const Source source{
         .Path = "x.cpp", .Folder = "core", .Lines = {"using std::less;", "using std::map;", "map<int, int> m;"}};
     EXPECT_EQ(UnusedUsings(source).size(), 1U);
+}
+
+/// Names of the standard headers that are compiled once for all files. Algorithms stand as calls, "find(".
+const std::map<std::string, std::vector<std::string>> StandardNames{
+    {"algorithm",
+     {"sort(",   "stable_sort(", "find(",     "find_if(",     "copy(",        "copy_n(",     "copy_if(", "fill(",
+      "fill_n(", "any_of(",      "all_of(",   "none_of(",     "min(",         "max(",        "clamp(",   "transform(",
+      "count(",  "count_if(",    "replace(",  "equal(",       "rotate(",      "remove_if(",  "search(",  "reverse(",
+      "unique(", "lower_bound(", "for_each(", "min_element(", "max_element(", "upper_bound("}},
+    {"array", {"array", "to_array"}},
+    {"cstdint", {"uint8_t", "uint16_t", "uint32_t", "uint64_t", "int8_t", "int16_t", "int32_t", "int64_t"}},
+    {"functional", {"function", "less", "greater", "plus", "ref", "cref"}},
+    {"map", {"map", "multimap"}},
+    {"memory", {"unique_ptr", "shared_ptr", "weak_ptr", "make_unique", "make_shared"}},
+    {"optional", {"optional", "nullopt"}},
+    {"string", {"string", "to_string"}},
+    {"vector", {"vector"}},
+};
+
+/// What stands behind each "std::" of a file: the name, and the name with its bracket where it is called.
+std::set<std::string> StandardNamesOf(const Source& source) {
+    std::set<std::string> names;
+    for (const std::string& line : source.Lines) {
+        if (line.find("std::") == std::string::npos) {
+            continue;
+        }
+        const std::string code = Code(line);
+        for (auto at = code.find("std::"); at != std::string::npos; at = code.find("std::", at + 1)) {
+            const auto begin = at + 5;
+            const auto end = std::find_if(code.begin() + static_cast<std::ptrdiff_t>(begin), code.end(),
+                                          [](unsigned char c) { return std::isalnum(c) == 0 && c != '_'; });
+            const std::string name(code.begin() + static_cast<std::ptrdiff_t>(begin), end);
+            names.insert(name);
+            names.insert(end != code.end() && *end == '(' ? name + "(" : name);
+        }
+    }
+    return names;
+}
+
+/// The standard headers that a file takes in itself and by the project's own headers.
+std::set<std::string> StandardHeaders(const std::map<std::string, const Source*>& byName, const std::string& name,
+                                      std::set<std::string>& seen) {
+    static const std::regex include(R"re(^\s*#include\s+(["<])([^">]+)[">])re");
+    std::set<std::string> found;
+    if (!byName.contains(name) || !seen.insert(name).second) {
+        return found;
+    }
+    for (const std::string& line : byName.at(name)->Lines) {
+        std::smatch match;
+        if (!line.starts_with("#include") || !std::regex_search(line, match, include)) {
+            continue;
+        }
+        if (match[1] == "<") {
+            found.insert(match[2]);
+        } else {
+            found.merge(StandardHeaders(byName, match[2], seen));
+        }
+    }
+    return found;
+}
+
+std::vector<std::string> MissingHeaders(const std::vector<Source>& sources) {
+    std::map<std::string, const Source*> byName;
+    for (const Source& source : sources) {
+        byName[source.Path.filename().string()] = &source;
+    }
+    std::vector<std::string> missing;
+    for (const Source& source : sources) {
+        std::set<std::string> seen;
+        const auto headers = StandardHeaders(byName, source.Path.filename().string(), seen);
+        const auto used = StandardNamesOf(source);
+        for (const auto& [header, names] : StandardNames) {
+            const bool taken = std::any_of(names.begin(), names.end(),
+                                           [&used](const std::string& name) { return used.contains(name); });
+            if (taken && !headers.contains(header)) {
+                missing.push_back(source.Path.filename().string() + ": " + header);
+            }
+        }
+    }
+    return missing;
+}
+
+TEST(Sources, what_a_file_takes_of_the_compiled_headers_it_includes) {
+    EXPECT_EQ(MissingHeaders(All()), std::vector<std::string>{});
+}
+
+TEST(Sources, a_standard_header_that_is_leant_on_is_found) {
+    const std::vector<Source> sources{{.Path = "a.h", .Folder = "core", .Lines = {"#include <vector>"}},
+                                      {.Path = "b.cpp",
+                                       .Folder = "core",
+                                       .Lines = {"#include \"a.h\"", "std::vector<int> v; std::map<int, int> m;"}}};
+    EXPECT_EQ(MissingHeaders(sources), std::vector<std::string>{"b.cpp: map"});
 }
 
 TEST(Sources, nothing_below_the_platform_knows_the_toolkit) {
