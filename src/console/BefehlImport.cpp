@@ -1,4 +1,5 @@
 #include "Befehle.h"
+#include "FileTrouble.h"
 #include "Import.h"
 #include "PosixFiles.h"
 
@@ -99,7 +100,14 @@ std::string Eingabe_Lesen(const Umgebung& world, const std::string& file, std::s
     if (status == ReadStatus::Ok) {
         return {};
     }
-    return "The file " + file + (status == ReadStatus::Missing ? " is not there." : " cannot be read.");
+    if (status == ReadStatus::Missing) {
+        return "The file " + file + " is not there.";
+    }
+    const FileFault fault = Lesefehler(world.Welt.Files);
+    return "The file " + file + " cannot be read: " + FileFault_English(fault) +
+           (fault == FileFault::Pipe
+                ? ". What comes through a pipe is read from standard input, with - in place of FILE."
+                : ".");
 }
 
 ExitCode Befehl_Import(const Umgebung& world, const Console& console, const std::string& file) {

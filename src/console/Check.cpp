@@ -2,6 +2,7 @@
 
 #include "Catalogue.h"
 #include "CheckStand.h"
+#include "FileTrouble.h"
 #include "TableText.h"
 #include "Tables.h"
 #include "Text.h"
@@ -39,13 +40,12 @@ void Zeichen_Pruefen(CheckStand& stand, const RecordLayout& layout) {
 
 } // namespace
 
-void Dateien_Pruefen(CheckStand& stand, const FileStore& files, const std::string& directory) {
+void Dateien_Pruefen(CheckStand& stand) {
     for (const RecordLayout* layout : Satztabellen()) {
-        const std::string path = directory + std::string(layout->File);
+        if (const FileFault fault = stand.Lesefehler(*layout); fault != FileFault::None) {
+            stand.Findings.push_back(Befund_Unlesbar(layout->Name, layout->File, fault));
+        }
         if (!stand.Da(*layout)) {
-            if (files.Exists(path)) {
-                stand.Melden(FindingKind::Damaged, *layout, 0, "", "the file cannot be read");
-            }
             continue;
         }
         const std::size_t size = stand.File(*layout).Bytes().size();
@@ -57,9 +57,10 @@ void Dateien_Pruefen(CheckStand& stand, const FileStore& files, const std::strin
         Zeichen_Pruefen(stand, *layout);
     }
     for (const LineFile& entry : Zeilendateien()) {
-        const auto lines = stand.Zeilen(entry.File);
-        if (!lines && files.Exists(directory + std::string(entry.File))) {
-            stand.Melden(FindingKind::Damaged, entry.File, 0, "", "the file cannot be read");
+        FileFault fault = FileFault::None;
+        const auto lines = stand.Zeilen(entry.File, &fault);
+        if (fault != FileFault::None) {
+            stand.Findings.push_back(Befund_Unlesbar(entry.File, entry.File, fault));
         }
         for (std::size_t n = 0; lines && n < lines->size(); ++n) {
             if (!std::all_of((*lines)[n].begin(), (*lines)[n].end(), Lesbares_Zeichen)) {
@@ -72,7 +73,7 @@ void Dateien_Pruefen(CheckStand& stand, const FileStore& files, const std::strin
 
 std::vector<Finding> Daten_Pruefen(const FileStore& files, const std::string& directory) {
     CheckStand stand(files, directory);
-    Dateien_Pruefen(stand, files, directory);
+    Dateien_Pruefen(stand);
     Konfiguration_Pruefen(stand);
     Benutzer_Pruefen(stand);
     Benutzer_Marken_Pruefen(stand);
@@ -110,8 +111,7 @@ std::vector<Finding> Sprachdatei_Pruefen(const FileStore& files, const std::stri
         finding.Kind = FindingKind::Dangling;
         return {finding};
     case ReadStatus::Error:
-        finding.Text = "the file cannot be read";
-        return {finding};
+        return {Befund_Unlesbar(finding.Table, finding.Table, Lesefehler(files))};
     case ReadStatus::Ok:
         break;
     }

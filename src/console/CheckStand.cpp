@@ -1,5 +1,6 @@
 #include "CheckStand.h"
 
+#include "FileTrouble.h"
 #include "Tables.h"
 #include "Text.h"
 #include "Zeilen.h"
@@ -13,12 +14,17 @@ CheckStand::CheckStand(const FileStore& files, const std::string& directory) : f
     for (const RecordLayout* layout : Satztabellen()) {
         RecordFile file(*layout);
         const ReadStatus status = file.Laden(files, directory);
-        tables_.emplace(layout->Name, Entry{std::move(file), status});
+        const FileFault fault = status == ReadStatus::Error ? qvm::Lesefehler(files) : FileFault::None;
+        tables_.emplace(layout->Name, Entry{std::move(file), status, fault});
     }
 }
 
 bool CheckStand::Da(const RecordLayout& layout) const {
     return tables_.at(layout.Name).Status == ReadStatus::Ok;
+}
+
+FileFault CheckStand::Lesefehler(const RecordLayout& layout) const {
+    return tables_.at(layout.Name).Fault;
 }
 
 const RecordFile& CheckStand::File(const RecordLayout& layout) const {
@@ -33,9 +39,13 @@ std::string CheckStand::Text(const RecordLayout& layout, int record, const Recor
     return File(layout).Text(record, field);
 }
 
-std::optional<std::vector<std::string>> CheckStand::Zeilen(std::string_view file) const {
+std::optional<std::vector<std::string>> CheckStand::Zeilen(std::string_view file, FileFault* fault) const {
     std::string bytes;
-    if (files_.ReadAll(directory_ + std::string(file), bytes) != ReadStatus::Ok) {
+    const ReadStatus status = files_.ReadAll(directory_ + std::string(file), bytes);
+    if (fault != nullptr) {
+        *fault = status == ReadStatus::Error ? qvm::Lesefehler(files_) : FileFault::None;
+    }
+    if (status != ReadStatus::Ok) {
         return std::nullopt;
     }
     return Zeilen_Lesen(bytes);

@@ -20,11 +20,13 @@ public:
     /// True when the file is there and could be read.
     bool Da(const RecordLayout& layout) const;
     const RecordFile& File(const RecordLayout& layout) const;
+    /// Why a file that is there could not be read; None when it was read or is missing.
+    FileFault Lesefehler(const RecordLayout& layout) const;
     /// Highest record that the file holds and a reader looks at.
     int Letzter(const RecordLayout& layout) const;
     std::string Text(const RecordLayout& layout, int record, const RecordField& field) const;
-    /// The lines of a line file; nothing when it is missing or cannot be read.
-    std::optional<std::vector<std::string>> Zeilen(std::string_view file) const;
+    /// The lines of a line file; nothing when it is missing or cannot be read, which `fault` tells apart.
+    std::optional<std::vector<std::string>> Zeilen(std::string_view file, FileFault* fault = nullptr) const;
 
     void Melden(std::string_view kind, const RecordLayout& layout, int record, std::string_view field,
                 std::string text) {
@@ -38,6 +40,7 @@ private:
     struct Entry {
         RecordFile File;
         ReadStatus Status;
+        FileFault Fault;
     };
     const FileStore& files_;
     std::string directory_;
@@ -74,7 +77,7 @@ bool Leer_Oder(std::string_view text, std::initializer_list<std::string_view> al
 /// The number of a text of 1 to 9 decimal digits only.
 std::optional<int> Dezimalzahl(std::string_view text);
 
-void Dateien_Pruefen(CheckStand& stand, const FileStore& files, const std::string& directory);
+void Dateien_Pruefen(CheckStand& stand);
 void Benutzer_Pruefen(CheckStand& stand);
 void Benutzer_Marken_Pruefen(CheckStand& stand);
 void Benutzer_Credentials_Pruefen(CheckStand& stand);

@@ -1,5 +1,6 @@
 #include "Export.h"
 
+#include "FileTrouble.h"
 #include "TableText.h"
 #include "Tables.h"
 #include "Text.h"
@@ -40,10 +41,6 @@ Json Tabelle_Json(const RecordFile& file, int count) {
     return rows;
 }
 
-Finding Unlesbar(std::string_view table) {
-    return {.Table = std::string(table), .Text = "the file cannot be read", .Kind = FindingKind::Damaged};
-}
-
 } // namespace
 
 Json Export_Erstellen(const FileStore& files, const std::string& directory, std::vector<Finding>& faults) {
@@ -56,7 +53,7 @@ Json Export_Erstellen(const FileStore& files, const std::string& directory, std:
         RecordFile file(*layout);
         const ReadStatus status = file.Laden(files, directory);
         if (status == ReadStatus::Error) {
-            faults.push_back(Unlesbar(layout->Name));
+            faults.push_back(Befund_Unlesbar(layout->Name, layout->File, Lesefehler(files)));
         } else if (status == ReadStatus::Ok) {
             const int count = std::min<int>(file.Count(), layout->Last);
             counts[std::string(layout->Name)] = count;
@@ -68,7 +65,7 @@ Json Export_Erstellen(const FileStore& files, const std::string& directory, std:
         std::string bytes;
         const ReadStatus status = files.ReadAll(directory + std::string(entry.File), bytes);
         if (status == ReadStatus::Error) {
-            faults.push_back(Unlesbar(entry.File));
+            faults.push_back(Befund_Unlesbar(entry.File, entry.File, Lesefehler(files)));
         } else if (status == ReadStatus::Ok) {
             Json& rows = lines[std::string(entry.File)] = Json::array();
             for (const std::string& line : Zeilen_Lesen(bytes)) {

@@ -1,8 +1,18 @@
 #include "Finding.h"
 
+#include "FileTrouble.h"
+
 #include <nlohmann/json.hpp>
 
 namespace qvm {
+
+Finding Befund_Unlesbar(std::string_view table, std::string_view file, FileFault fault) {
+    std::string text = table == file ? "the file cannot be read" : "the file " + std::string(file) + " cannot be read";
+    if (fault != FileFault::Other) {
+        text += ": " + FileFault_English(fault);
+    }
+    return {.Table = std::string(table), .Text = std::move(text), .Kind = FindingKind::Damaged};
+}
 
 std::string Befund_Text(const Finding& finding) {
     std::string text = finding.Table;

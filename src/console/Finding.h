@@ -1,5 +1,7 @@
 #pragma once
 
+#include "FileStore.h"
+
 #include <nlohmann/json_fwd.hpp>
 #include <string>
 #include <string_view>
@@ -21,6 +23,9 @@ namespace FindingKind {
 inline constexpr std::string_view Damaged = "damaged", Dangling = "dangling", Range = "range", Doubled = "doubled",
                                   Gap = "gap", Document = "document";
 }
+
+/// A file of the table that is there and could not be read, with the reason.
+Finding Befund_Unlesbar(std::string_view table, std::string_view file, FileFault fault);
 
 /// "UserRecord, record 3, UserCode: text".
 std::string Befund_Text(const Finding& finding);

@@ -1,3 +1,4 @@
+#include "FileTrouble.h"
 #include "Import.h"
 #include "ImportAngleichen.h"
 #include "Text.h"
@@ -33,7 +34,8 @@ bool Vorlesen(const FileStore& files, const std::string& directory, const Import
         Vorgang step{.New = &file, .NewBytes = file.Bytes, .OldBytes = {}, .Existed = false};
         const ReadStatus status = files.ReadAll(directory + file.Name, step.OldBytes);
         if (status == ReadStatus::Error) {
-            report.Faults.push_back(file.Name + " cannot be read, so no copy of it can be kept");
+            report.Faults.push_back(FileTrouble_English({.File = file.Name, .Fault = Lesefehler(files)}) +
+                                    "; no copy of it can be kept");
             return false;
         }
         step.Existed = status == ReadStatus::Ok;

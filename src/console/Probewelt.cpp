@@ -1,5 +1,6 @@
 #include "Probewelt.h"
 
+#include "FileTrouble.h"
 #include "Frame.h"
 #include "Telegramme.h"
 
@@ -111,6 +112,7 @@ void Probewelt::Dateien_Abschirmen(const FileStore& files) {
             },
         .MakeDirectory = [](const std::string&) { return true; },
         .List = [this](const std::string& directory) { return Auflisten(directory); },
+        .LastFault = [&files] { return Lesefehler(files); },
     };
 }
 

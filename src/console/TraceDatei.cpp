@@ -9,10 +9,12 @@
 namespace qvm {
 
 bool TraceDatei::Oeffnen(const std::string& path, const DateTime& now) {
-    const int descriptor = ::open(path.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600);
+    // A pipe that nobody reads must not hold the command up; one that is read gets the trace like a file.
+    const int descriptor = ::open(path.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC | O_NONBLOCK, 0600);
     if (descriptor < 0) {
         return false;
     }
+    ::fcntl(descriptor, F_SETFL, ::fcntl(descriptor, F_GETFL) & ~O_NONBLOCK);
     file_.reset(::fdopen(descriptor, "a"));
     if (!file_) {
         ::close(descriptor);

@@ -27,35 +27,111 @@ bool Exists(const std::string& path) {
     return name && ::stat(name->c_str(), &info) == 0 && !S_ISDIR(info.st_mode);
 }
 
-ReadStatus ReadAll(const std::string& path, std::string& bytes) {
-    bytes.clear();
-    const auto name = FilePath_Nativ(path);
-    if (!name) {
-        return ReadStatus::Error;
+FileFault Fault_Of_Kind(mode_t mode) {
+    switch (mode & S_IFMT) {
+    case S_IFREG:
+        return FileFault::None;
+    case S_IFDIR:
+        return FileFault::Directory;
+    case S_IFIFO:
+        return FileFault::Pipe;
+    case S_IFSOCK:
+        return FileFault::Socket;
+    default:
+        return FileFault::Device;
     }
-    const FileHandle file(*name, O_RDONLY);
+}
+
+FileFault Fault_Of_Error(int error) {
+    switch (error) {
+    case EACCES:
+    case EPERM:
+        return FileFault::NoRight;
+    case ELOOP:
+        return FileFault::LinkLoop;
+    case EMFILE:
+    case ENFILE:
+        return FileFault::TooManyOpen;
+    case EIO:
+        return FileFault::Broken;
+    default:
+        return FileFault::Other;
+    }
+}
+
+bool IsLink(const std::string& name) {
     struct stat info {};
-    if (!file.Good()) {
-        return errno == ENOENT ? ReadStatus::Missing : ReadStatus::Error;
+    return ::lstat(name.c_str(), &info) == 0 && S_ISLNK(info.st_mode);
+}
+
+/// What stands at a name, before it is opened.
+struct Place {
+    ReadStatus Status = ReadStatus::Ok; ///< Ok: a plain file
+    FileFault Fault = FileFault::None;
+};
+
+Place LookAt(const std::string& name) {
+    struct stat info {};
+    if (::stat(name.c_str(), &info) == 0) {
+        const FileFault fault = Fault_Of_Kind(info.st_mode);
+        return {fault == FileFault::None ? ReadStatus::Ok : ReadStatus::Error, fault};
     }
-    if (::fstat(file.Number(), &info) != 0 || S_ISDIR(info.st_mode)) {
-        return ReadStatus::Error;
+    if (errno != ENOENT) {
+        return {ReadStatus::Error, Fault_Of_Error(errno)};
     }
-    // One more than the file holds, so that the end shows without another turn. Devices and pipes have no size.
-    std::size_t room = static_cast<std::size_t>(std::max<off_t>(info.st_size, 4095)) + 1;
+    return IsLink(name) ? Place{ReadStatus::Error, FileFault::LinkToNothing} : Place{ReadStatus::Missing};
+}
+
+/// True when a file may be made or changed there.
+bool Writable(const std::string& name) {
+    return LookAt(name).Status != ReadStatus::Error;
+}
+
+/// Reads to the end. False with errno when that fails; too much is EFBIG.
+bool ReadWhole(const FileHandle& file, off_t expected, std::string& bytes) {
+    // One more than the file holds, so that the end shows without another turn. The files of /proc have no size.
+    std::size_t room = static_cast<std::size_t>(std::clamp<off_t>(expected, 4095, LargestFile)) + 1;
     std::size_t size = 0;
     while (size <= LargestFile) {
         bytes.resize(std::min(room, LargestFile + 1));
         const ssize_t count = file.Read(bytes.data() + size, bytes.size() - size);
         if (count <= 0) {
             bytes.resize(count < 0 ? 0 : size);
-            return count < 0 ? ReadStatus::Error : ReadStatus::Ok;
+            return count == 0;
         }
         size += static_cast<std::size_t>(count);
         room = size < room ? room : room * 2;
     }
     bytes.clear();
-    return ReadStatus::Error;
+    errno = EFBIG;
+    return false;
+}
+
+ReadStatus ReadAll(const std::string& path, std::string& bytes, FileFault& fault) {
+    bytes.clear();
+    fault = FileFault::None;
+    const auto name = FilePath_Nativ(path);
+    if (!name) {
+        fault = FileFault::Other;
+        return ReadStatus::Error;
+    }
+    const Place place = LookAt(*name);
+    fault = place.Fault;
+    if (place.Status != ReadStatus::Ok) {
+        return place.Status;
+    }
+    // It may have become something else meanwhile.
+    const FileHandle file(*name, O_RDONLY | O_NONBLOCK);
+    struct stat info {};
+    if (!file.Good() || ::fstat(file.Number(), &info) != 0) {
+        fault = Fault_Of_Error(errno);
+        return ReadStatus::Error;
+    }
+    fault = Fault_Of_Kind(info.st_mode);
+    if (fault == FileFault::None && !ReadWhole(file, info.st_size, bytes)) {
+        fault = errno == EFBIG ? FileFault::TooLarge : Fault_Of_Error(errno);
+    }
+    return fault == FileFault::None ? ReadStatus::Ok : ReadStatus::Error;
 }
 
 /// Flushes the entries of a directory. Some file systems cannot, and the files are whole either way.
@@ -78,7 +154,7 @@ bool FillSibling(FileHandle& sibling, const std::string& target, std::string_vie
 
 bool Replace(const std::string& path, std::string_view bytes) {
     const auto name = FilePath_Nativ(path);
-    if (!name) {
+    if (!name || !Writable(*name)) {
         return false;
     }
     const std::string target = FilePath_Ziel(*name);
@@ -107,7 +183,7 @@ struct Before {
 Before Remember(const FileHandle& file, off_t offset, std::size_t count) {
     Before before;
     struct stat info {};
-    if (::fstat(file.Number(), &info) != 0) {
+    if (::fstat(file.Number(), &info) != 0 || !S_ISREG(info.st_mode)) {
         return before;
     }
     before.Size = info.st_size;
@@ -124,11 +200,11 @@ void PutBack(const FileHandle& file, off_t offset, const Before& before) {
 
 bool WriteAt(const std::string& path, std::uint64_t offset, std::string_view bytes) {
     const auto name = FilePath_Nativ(path);
-    if (!name || offset > LargestFile || bytes.size() > LargestFile) {
+    if (!name || offset > LargestFile || bytes.size() > LargestFile || !Writable(*name)) {
         return false;
     }
     const bool made = !Exists(path);
-    FileHandle file(*name, O_RDWR | O_CREAT, FileMode);
+    FileHandle file(*name, O_RDWR | O_CREAT | O_NONBLOCK, FileMode);
     const auto at = static_cast<off_t>(offset);
     const Before before = file.Good() ? Remember(file, at, bytes.size()) : Before{};
     if (!before.Known) {
@@ -147,23 +223,21 @@ bool WriteAt(const std::string& path, std::uint64_t offset, std::string_view byt
 
 bool Append(const std::string& path, std::string_view bytes) {
     const auto name = FilePath_Nativ(path);
-    if (!name) {
+    if (!name || !Writable(*name)) {
         return false;
     }
     const bool made = !Exists(path);
-    FileHandle file(*name, O_WRONLY | O_APPEND | O_CREAT, FileMode);
+    FileHandle file(*name, O_WRONLY | O_APPEND | O_CREAT | O_NONBLOCK, FileMode);
     struct stat info {};
-    if (!file.Good() || ::fstat(file.Number(), &info) != 0) {
+    if (!file.Good() || ::fstat(file.Number(), &info) != 0 || !S_ISREG(info.st_mode)) {
         return false;
     }
     if (file.Write(bytes)) {
         return file.Close();
     }
-    if (S_ISREG(info.st_mode)) {
-        [[maybe_unused]] const int done = ::ftruncate(file.Number(), info.st_size);
-        if (made) {
-            ::unlink(name->c_str());
-        }
+    [[maybe_unused]] const int done = ::ftruncate(file.Number(), info.st_size);
+    if (made) {
+        ::unlink(name->c_str());
     }
     return false;
 }
@@ -189,9 +263,7 @@ std::vector<std::string> List(const std::string& path) {
         if (entry == nullptr) {
             break;
         }
-        struct stat info {};
-        const bool plain = ::fstatat(::dirfd(directory.get()), entry->d_name, &info, 0) == 0 && S_ISREG(info.st_mode);
-        if (plain && entry->d_name[0] != '.') {
+        if (entry->d_name[0] != '.') {
             names.emplace_back(entry->d_name);
         }
     }
@@ -202,14 +274,16 @@ std::vector<std::string> List(const std::string& path) {
 } // namespace
 
 FileStore PosixFiles() {
+    const auto last = std::make_shared<FileFault>(FileFault::None);
     return {.Exists = Exists,
-            .ReadAll = ReadAll,
+            .ReadAll = [last](const std::string& path, std::string& bytes) { return ReadAll(path, bytes, *last); },
             .Replace = Replace,
             .WriteAt = WriteAt,
             .Append = Append,
             .Remove = Remove,
             .MakeDirectory = MakeDirectory,
-            .List = List};
+            .List = List,
+            .LastFault = [last] { return *last; }};
 }
 
 } // namespace qvm

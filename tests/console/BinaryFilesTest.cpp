@@ -207,7 +207,8 @@ TEST_F(Binary, an_export_of_a_file_that_cannot_be_read_is_one_document_on_reques
     const RunResult result = Run({"--json", "export"});
     EXPECT_EQ(result.Code, 1);
     EXPECT_EQ(Json::parse(result.Out)["messages"],
-              Json({"LockEmiRecord: the file cannot be read", "Nothing was exported."}));
+              Json({"LockEmiRecord: the file LSOEMIPART.LMT cannot be read: it is a directory and not a file",
+                    "Nothing was exported."}));
 }
 
 TEST_F(Binary, an_import_into_a_directory_that_cannot_be_made_is_a_fault) {

@@ -30,7 +30,7 @@ TEST_F(Daten_Pruefen_, a_file_that_cannot_be_read_is_damaged) {
     Disk.FailAt = 1;
     const auto findings = Daten_Pruefen(Disk.Store(), Dat);
     ASSERT_FALSE(findings.empty());
-    EXPECT_EQ(Befund_Text(findings[0]), "UserRecord: the file cannot be read");
+    EXPECT_EQ(Befund_Text(findings[0]), "UserRecord: the file BX10X52WUJ9.UBW cannot be read");
 }
 
 TEST_F(Daten_Pruefen_, a_control_character_in_a_text_is_damaged) {

@@ -112,7 +112,7 @@ TEST_F(Export, a_file_that_cannot_be_read_is_named) {
     Disk.FailAt = 1;
     Make();
     ASSERT_EQ(Faults.size(), 1U);
-    EXPECT_EQ(Befund_Text(Faults[0]), "UserRecord: the file cannot be read");
+    EXPECT_EQ(Befund_Text(Faults[0]), "UserRecord: the file BX10X52WUJ9.UBW cannot be read");
 }
 
 } // namespace

@@ -1,11 +1,7 @@
 #include "FilesFixture.h"
 
-#include <csignal>
 #include <gmock/gmock.h>
-#include <poll.h>
 #include <sys/stat.h>
-#include <sys/time.h>
-#include <thread>
 #include <unistd.h>
 
 namespace qvm {
@@ -101,37 +97,6 @@ TEST_F(Files_ReadAll, a_file_larger_than_any_of_the_system_is_an_error) {
     ASSERT_EQ(::truncate((Directory / "file").c_str(), 64 << 20), 0);
     EXPECT_EQ(Files.ReadAll(Directory / "file", bytes), ReadStatus::Ok);
     EXPECT_EQ(bytes.size(), 64U << 20U);
-}
-
-TEST_F(Files_ReadAll, a_pipe_that_delivers_in_pieces_is_read_to_its_end_although_signals_interrupt) {
-    int line[2]{};
-    ASSERT_EQ(::pipe(line), 0);
-    struct sigaction action {};
-    struct sigaction before {};
-    action.sa_handler = [](int) {}; // without SA_RESTART: a waiting read ends with EINTR
-    ::sigaction(SIGALRM, &action, &before);
-    const itimerval often{.it_interval = {.tv_sec = 0, .tv_usec = 2000}, .it_value = {.tv_sec = 0, .tv_usec = 2000}};
-    sigset_t alarm;
-    sigemptyset(&alarm);
-    sigaddset(&alarm, SIGALRM);
-    ::pthread_sigmask(SIG_BLOCK, &alarm, nullptr); // inherited by the writer, so that the reader gets the signals
-    std::thread writer([out = line[1]] {
-        for (int piece = 0; piece < 3; ++piece) {
-            ::poll(nullptr, 0, 15);
-            EXPECT_EQ(::write(out, "0123456789", 10), 10);
-        }
-        ::close(out);
-    });
-    ::pthread_sigmask(SIG_UNBLOCK, &alarm, nullptr);
-    ::setitimer(ITIMER_REAL, &often, nullptr);
-    std::string bytes;
-    EXPECT_EQ(Files.ReadAll("/proc/self/fd/" + std::to_string(line[0]), bytes), ReadStatus::Ok);
-    const itimerval never{};
-    ::setitimer(ITIMER_REAL, &never, nullptr);
-    ::sigaction(SIGALRM, &before, nullptr);
-    writer.join();
-    ::close(line[0]);
-    EXPECT_EQ(bytes, "012345678901234567890123456789");
 }
 
 TEST_F(Files_Replace, a_new_file_holds_the_bytes_is_private_and_alone) {
@@ -268,14 +233,14 @@ TEST_F(Files_MakeDirectory, a_directory_above_must_be_there) {
     EXPECT_FALSE(Files.MakeDirectory(Directory / "a/b"));
 }
 
-TEST_F(Files_List, plain_files_come_sorted_and_nothing_else) {
+TEST_F(Files_List, all_names_but_hidden_ones_come_sorted) {
     for (const char* const name : {"b", "a", "C", ".hidden", ".file.AbCdEf"}) {
         Put(Directory / name, "x");
     }
     std::filesystem::create_directory(Directory / "below");
     std::filesystem::create_symlink("a", Directory / "link");
     std::filesystem::create_symlink("nothing", Directory / "dangling");
-    EXPECT_THAT(Files.List(Directory.Path()), ElementsAre("C", "a", "b", "link"));
+    EXPECT_THAT(Files.List(Directory.Path()), ElementsAre("C", "a", "b", "below", "dangling", "link"));
 }
 
 TEST_F(Files_List, a_directory_that_cannot_be_read_is_empty) {
