@@ -1,4 +1,5 @@
 #include "Befehle.h"
+#include "Dateinamen.h"
 #include "FileTrouble.h"
 #include "Import.h"
 #include "PosixFiles.h"
@@ -118,6 +119,9 @@ ExitCode Befehl_Import(const Umgebung& world, const Console& console, const std:
     const ImportPlan plan = Import_Pruefen(text);
     if (!plan.Faults.empty()) {
         return Fehler_Melden(console, plan);
+    }
+    if (world.Welt.Files.Sweep) {
+        world.Welt.Files.Sweep(world.DatPfad(), Dateinamen());
     }
     return Bericht_Ausgeben(console, Import_Schreiben(world.Welt.Files, world.DatPfad(), world.Welt.Now(), plan));
 }

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -49,6 +50,9 @@ struct FileStore {
     std::function<std::vector<std::string>(const std::string& path)> List;
     /// Why the last ReadAll gave Error; None after any other. May be empty: nothing more is known.
     std::function<FileFault()> LastFault = {};
+    /// Removes what a Replace of one of the files `names` left behind in `directory` when its program was killed, and
+    /// nothing that a living program is writing. May be empty.
+    std::function<void(const std::string& directory, std::span<const std::string_view> names)> Sweep = {};
 };
 
 } // namespace qvm

@@ -11,6 +11,8 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <memory>
+#include <span>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -59,11 +61,6 @@ FileFault Fault_Of_Error(int error) {
     }
 }
 
-bool IsLink(const std::string& name) {
-    struct stat info {};
-    return ::lstat(name.c_str(), &info) == 0 && S_ISLNK(info.st_mode);
-}
-
 /// What stands at a name, before it is opened.
 struct Place {
     ReadStatus Status = ReadStatus::Ok; ///< Ok: a plain file
@@ -79,12 +76,10 @@ Place LookAt(const std::string& name) {
     if (errno != ENOENT) {
         return {ReadStatus::Error, Fault_Of_Error(errno)};
     }
-    return IsLink(name) ? Place{ReadStatus::Error, FileFault::LinkToNothing} : Place{ReadStatus::Missing};
-}
-
-/// True when a file may be made or changed there.
-bool Writable(const std::string& name) {
-    return LookAt(name).Status != ReadStatus::Error;
+    if (::lstat(name.c_str(), &info) == 0) {
+        return {ReadStatus::Error, FileFault::LinkToNothing};
+    }
+    return errno == ENOENT ? Place{ReadStatus::Missing} : Place{ReadStatus::Error, Fault_Of_Error(errno)};
 }
 
 /// Reads to the end. False with errno when that fails; too much is EFBIG.
@@ -152,25 +147,79 @@ bool FillSibling(FileHandle& sibling, const std::string& target, std::string_vie
     return sibling.Close() && written;
 }
 
+/// A sibling on which this program holds a lock. Sweep of another program may have taken the first one for left behind.
+int LockedSibling(const std::string& pattern, std::string& name) {
+    constexpr int Tries = 10;
+    for (int n = 0; n < Tries; ++n) {
+        name = pattern;
+        const int file = ::mkostemp(name.data(), O_CLOEXEC);
+        struct stat info {};
+        if (file < 0) {
+            return file;
+        }
+        // Where there are no locks, nobody sweeps either.
+        ::flock(file, LOCK_EX);
+        if (::fstat(file, &info) != 0 || info.st_nlink > 0) {
+            return file;
+        }
+        ::close(file);
+    }
+    return -1;
+}
+
 bool Replace(const std::string& path, std::string_view bytes) {
     const auto name = FilePath_Nativ(path);
-    if (!name || !Writable(*name)) {
+    if (!name || LookAt(*name).Status == ReadStatus::Error) {
         return false;
     }
     const std::string target = FilePath_Ziel(*name);
     const auto slash = target.rfind('/');
     const std::string directory = slash == std::string::npos ? "./" : target.substr(0, slash + 1);
-    std::string siblingName = directory + "." + target.substr(slash + 1) + ".XXXXXX";
-    FileHandle sibling(::mkostemp(siblingName.data(), O_CLOEXEC));
+    std::string siblingName;
+    FileHandle sibling(LockedSibling(directory + "." + target.substr(slash + 1) + ".XXXXXX", siblingName));
     if (!sibling.Good()) {
         return false;
     }
+    // The lock lasts until the file has its name; it goes with the last descriptor.
+    const FileHandle held(::fcntl(sibling.Number(), F_DUPFD_CLOEXEC, 0));
     if (!FillSibling(sibling, target, bytes) || ::rename(siblingName.c_str(), target.c_str()) != 0) {
         ::unlink(siblingName.c_str());
         return false;
     }
     FlushDirectory(directory);
     return true;
+}
+
+/// True for `.NAME.XXXXXX`, as mkostemp makes it of one of the names.
+bool IsSibling(std::string_view entry, std::span<const std::string_view> names) {
+    constexpr std::size_t Random = 6;
+    return std::any_of(names.begin(), names.end(), [&](std::string_view name) {
+        return entry.size() == name.size() + Random + 2 && entry[0] == '.' && entry.substr(1, name.size()) == name &&
+               entry[name.size() + 1] == '.' && std::all_of(entry.end() - Random, entry.end(), [](char c) {
+                   return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+               });
+    });
+}
+
+void Sweep(const std::string& path, std::span<const std::string_view> names) {
+    const auto native = FilePath_Nativ(path);
+    const std::unique_ptr<DIR, int (*)(DIR*)> directory(native ? ::opendir(native->c_str()) : nullptr, &::closedir);
+    while (directory) {
+        const dirent* const entry = ::readdir(directory.get());
+        if (entry == nullptr) {
+            break;
+        }
+        struct stat info {};
+        const int within = ::dirfd(directory.get());
+        if (!IsSibling(entry->d_name, names) || ::fstatat(within, entry->d_name, &info, AT_SYMLINK_NOFOLLOW) != 0 ||
+            !S_ISREG(info.st_mode)) {
+            continue;
+        }
+        const FileHandle file(::openat(within, entry->d_name, O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC));
+        if (file.Good() && ::flock(file.Number(), LOCK_EX | LOCK_NB) == 0) {
+            ::unlinkat(within, entry->d_name, 0);
+        }
+    }
 }
 
 /// What a failed write must put back.
@@ -200,22 +249,25 @@ void PutBack(const FileHandle& file, off_t offset, const Before& before) {
 
 bool WriteAt(const std::string& path, std::uint64_t offset, std::string_view bytes) {
     const auto name = FilePath_Nativ(path);
-    if (!name || offset > LargestFile || bytes.size() > LargestFile || !Writable(*name)) {
+    if (!name || offset > LargestFile || bytes.size() > LargestFile) {
         return false;
     }
-    const bool made = !Exists(path);
+    const ReadStatus before = LookAt(*name).Status;
+    if (before == ReadStatus::Error) {
+        return false;
+    }
     FileHandle file(*name, O_RDWR | O_CREAT | O_NONBLOCK, FileMode);
     const auto at = static_cast<off_t>(offset);
-    const Before before = file.Good() ? Remember(file, at, bytes.size()) : Before{};
-    if (!before.Known) {
+    const Before old = file.Good() ? Remember(file, at, bytes.size()) : Before{};
+    if (!old.Known) {
         return false;
     }
-    // The system reads a gap as 0x00.
+    // The system reads a gap as 0x00. What is on the disk stays there, whatever closing says.
     if (file.WriteAt(bytes, at) && ::fdatasync(file.Number()) == 0) {
-        return file.Close();
+        return true;
     }
-    PutBack(file, at, before);
-    if (made) {
+    PutBack(file, at, old);
+    if (before == ReadStatus::Missing) {
         ::unlink(name->c_str());
     }
     return false;
@@ -223,10 +275,10 @@ bool WriteAt(const std::string& path, std::uint64_t offset, std::string_view byt
 
 bool Append(const std::string& path, std::string_view bytes) {
     const auto name = FilePath_Nativ(path);
-    if (!name || !Writable(*name)) {
+    const ReadStatus before = name ? LookAt(*name).Status : ReadStatus::Error;
+    if (before == ReadStatus::Error) {
         return false;
     }
-    const bool made = !Exists(path);
     FileHandle file(*name, O_WRONLY | O_APPEND | O_CREAT | O_NONBLOCK, FileMode);
     struct stat info {};
     if (!file.Good() || ::fstat(file.Number(), &info) != 0 || !S_ISREG(info.st_mode)) {
@@ -236,7 +288,7 @@ bool Append(const std::string& path, std::string_view bytes) {
         return file.Close();
     }
     [[maybe_unused]] const int done = ::ftruncate(file.Number(), info.st_size);
-    if (made) {
+    if (before == ReadStatus::Missing) {
         ::unlink(name->c_str());
     }
     return false;
@@ -283,7 +335,8 @@ FileStore PosixFiles() {
             .Remove = Remove,
             .MakeDirectory = MakeDirectory,
             .List = List,
-            .LastFault = [last] { return *last; }};
+            .LastFault = [last] { return *last; },
+            .Sweep = Sweep};
 }
 
 } // namespace qvm

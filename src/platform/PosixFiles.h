@@ -17,7 +17,8 @@ inline constexpr std::size_t LargestFile = std::size_t{64} << 20U;
 ///   pipe) or do something (a device).
 /// - A link to nothing is an error and not a missing file: what it led to, as on a disk that is not mounted, is missed.
 /// - Replace follows a link and keeps the owner. Its sibling is `.NAME.XXXXXX`; List leaves such names out, so that
-///   one left by a loss of power does no harm.
+///   one left by a loss of power does no harm. While it is written it is held by a lock (flock), so that Sweep can tell
+///   it from one that nobody writes.
 /// - WriteAt flushes to the disk. When it or Append fails half-way the file is put back to what it held.
 /// - Append does not flush: a history is written a line at a time while the lock waits for the next telegram.
 /// - ReadAll reads up to LargestFile bytes; more is an error.
