@@ -1,7 +1,9 @@
 #include "Konfiguration.h"
 
 #include "Kern.h"
+#include "Sicherung.h"
 #include "Text.h"
+#include "Words.h"
 #include "Zeilen.h"
 
 #include <algorithm>
@@ -12,8 +14,6 @@ namespace qvm {
 
 namespace {
 
-constexpr std::string_view SettingsFile = "EST7CSB29A.I_1";
-constexpr std::string_view AdapterFile = "CHEUSB25C.I_2";
 constexpr std::string_view LineEnd = "\r\n";
 
 constexpr std::size_t PortAutomatikWidth = 10;
@@ -22,6 +22,11 @@ constexpr std::size_t AdapterFeldWidth = 5;
 /// Characters of PortName before the port number ("USB-Port").
 constexpr std::size_t PortNamePrefix = 8;
 
+/// Lines that every writer leaves in the settings file.
+constexpr std::size_t SettingsLines = 4;
+/// No value comes near this length.
+constexpr std::size_t LongestLine = 80;
+
 constexpr int HighestPort = 16;
 constexpr int HighestChannel = 12;
 
@@ -29,12 +34,55 @@ std::string Pfad(const Kern& kern, std::string_view name) {
     return kern.DatPfad() + std::string(name);
 }
 
-/// The file's lines; none when it is missing or cannot be read, which `unreadable` tells apart.
-std::vector<std::string> Datei_Zeilen(const Kern& kern, std::string_view name, bool& unreadable) {
+/// The file's lines; none when it is missing or cannot be read. `trouble` says what is wrong with it.
+std::vector<std::string> Datei_Zeilen(const Kern& kern, std::string_view name,
+                                      FileTrouble (*examine)(std::string_view bytes), FileTrouble& trouble) {
     std::string bytes;
     const ReadStatus status = kern.Welt.Files.ReadAll(Pfad(kern, name), bytes);
-    unreadable = status == ReadStatus::Error;
+    trouble = {};
+    if (status == ReadStatus::Error) {
+        trouble = {.File = std::string(name), .Fault = Lesefehler(kern.Welt.Files)};
+    } else if (status == ReadStatus::Ok) {
+        trouble = examine(bytes);
+    }
     return status == ReadStatus::Ok ? Zeilen_Lesen(bytes) : std::vector<std::string>{};
+}
+
+/// The first line that no writer makes, from 1; 0 when there is none. A CR LF and a lone LF both end a line.
+int Schlechte_Zeile(std::string_view bytes) {
+    int number = 0;
+    for (const std::string& line : Zeilen_Lesen(bytes.substr(0, (LongestLine + 2) * 64))) {
+        ++number;
+        const bool control = std::any_of(line.begin(), line.end(), [](char c) {
+            const auto byte = static_cast<unsigned char>(c);
+            return byte < 0x20 || byte == 0x7F;
+        });
+        if (control || line.size() > LongestLine) {
+            return number;
+        }
+    }
+    return 0;
+}
+
+FileTrouble Schaden(std::string_view file, FileDamage damage, int line = 0) {
+    return {.File = std::string(file), .Damage = damage, .Number = line};
+}
+
+/// Writes one of the files, where that is allowed.
+bool Datei_Schreiben(const Kern& kern, std::string_view name, const std::string& bytes, bool chosen,
+                     FileTrouble& trouble) {
+    const std::string path = Pfad(kern, name);
+    if (trouble.Fault != FileFault::None || (trouble.Damage != FileDamage::None && !chosen)) {
+        return false;
+    }
+    if (trouble.Damage != FileDamage::None && !Beiseite_Legen(kern.Welt.Files, path, kern.Welt.Now())) {
+        return false;
+    }
+    if (!kern.Welt.Files.Replace(path, bytes)) {
+        return false;
+    }
+    trouble = {};
+    return true;
 }
 
 void Uebernehmen(const std::vector<std::string>& lines, std::size_t index, std::string& value) {
@@ -50,7 +98,8 @@ int Port_Aus_Name(std::string_view portName) {
 
 void Einstellungen_Laden(Kern& kern) {
     Konfiguration& config = kern.Config;
-    const std::vector<std::string> lines = Datei_Zeilen(kern, SettingsFile, config.EinstellungenUnlesbar);
+    const std::vector<std::string> lines =
+        Datei_Zeilen(kern, SettingsFile, Einstellungen_Pruefen, config.EinstellungenMangel);
     Uebernehmen(lines, 0, config.Sprache);
     Uebernehmen(lines, 1, config.Sprachnummer);
     Uebernehmen(lines, 2, config.PortName);
@@ -63,7 +112,8 @@ void Einstellungen_Laden(Kern& kern) {
 
 void Adapter_Laden(Kern& kern) {
     Konfiguration& config = kern.Config;
-    std::vector<std::string> lines = Datei_Zeilen(kern, AdapterFile, config.AdapterUnlesbar);
+    std::vector<std::string> lines =
+        Datei_Zeilen(kern, AdapterSettingsFile, Adapterdatei_Pruefen, config.AdapterMangel);
     for (std::string& line : lines) {
         line = RTrim(line); // the padding is the file's, not the value's
     }
@@ -86,14 +136,38 @@ bool Konfiguration::AdapterModus() const {
     return Trim(PortAutomatik) == "SET";
 }
 
+FileTrouble Einstellungen_Pruefen(std::string_view bytes) {
+    if (const int line = Schlechte_Zeile(bytes); line > 0) {
+        return Schaden(SettingsFile, FileDamage::BadLine, line);
+    }
+    // Files made by hand may end their lines otherwise, and lack the last end. The program's own never do.
+    const bool own = bytes.find(LineEnd) != std::string_view::npos;
+    if (Zeilen_Lesen(bytes).size() < SettingsLines || (own && !bytes.ends_with('\n'))) {
+        return Schaden(SettingsFile, FileDamage::CutLines);
+    }
+    return {};
+}
+
+FileTrouble Adapterdatei_Pruefen(std::string_view bytes) {
+    if (bytes.empty()) {
+        return Schaden(AdapterSettingsFile, FileDamage::CutLines);
+    }
+    if (const int line = Schlechte_Zeile(bytes); line > 0) {
+        return Schaden(AdapterSettingsFile, FileDamage::BadLine, line);
+    }
+    const std::string first = Zeilen_Lesen(bytes).front();
+    const bool known = Trim(first) == "SET" || Trim(first) == "RESET";
+    return known ? FileTrouble{} : Schaden(AdapterSettingsFile, FileDamage::BadLine, 1);
+}
+
 void Konfiguration_Laden(Kern& kern) {
     kern.Config = Konfiguration{};
     Einstellungen_Laden(kern);
     Adapter_Laden(kern);
 }
 
-bool Konfiguration_Speichern(Kern& kern) {
-    const Konfiguration& config = kern.Config;
+bool Konfiguration_Speichern(Kern& kern, ConfigChoice chosen) {
+    Konfiguration& config = kern.Config;
 
     std::string settings;
     for (const std::string* value : {&config.Sprache, &config.Sprachnummer, &config.PortName, &config.RadioChannel}) {
@@ -106,9 +180,35 @@ bool Konfiguration_Speichern(Kern& kern) {
     }
 
     const bool settingsDone =
-        !config.EinstellungenUnlesbar && kern.Welt.Files.Replace(Pfad(kern, SettingsFile), settings);
-    const bool adapterDone = !config.AdapterUnlesbar && kern.Welt.Files.Replace(Pfad(kern, AdapterFile), adapter);
-    return settingsDone && adapterDone;
+        Datei_Schreiben(kern, SettingsFile, settings, chosen == ConfigChoice::Channel, config.EinstellungenMangel);
+    const bool adapterDone =
+        Datei_Schreiben(kern, AdapterSettingsFile, adapter, chosen == ConfigChoice::Port, config.AdapterMangel);
+    // What waits for another choice is not this one's failure.
+    const bool settingsWait = chosen == ConfigChoice::Port && config.EinstellungenMangel.Damage != FileDamage::None;
+    const bool adapterWaits = chosen == ConfigChoice::Channel && config.AdapterMangel.Damage != FileDamage::None;
+    return (settingsDone || settingsWait) && (adapterDone || adapterWaits);
+}
+
+std::vector<FileTrouble> Konfiguration_Maengel(const Konfiguration& config) {
+    std::vector<FileTrouble> found;
+    for (const FileTrouble* trouble : {&config.EinstellungenMangel, &config.AdapterMangel}) {
+        if (!trouble->File.empty()) {
+            found.push_back(*trouble);
+        }
+    }
+    return found;
+}
+
+bool Konfiguration_Verlangen(const Kern& kern) {
+    std::string reasons;
+    for (const FileTrouble& trouble : Konfiguration_Maengel(kern.Config)) {
+        reasons += (reasons.empty() ? "" : "; ") + FileTrouble_Text(kern, trouble);
+    }
+    if (reasons.empty()) {
+        return true;
+    }
+    kern.Meldung(Wort(kern, Word::SettingsUnreliable, {reasons}), Buttons::Ok, Icon::Exclamation);
+    return false;
 }
 
 } // namespace qvm

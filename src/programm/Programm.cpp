@@ -1,5 +1,6 @@
 #include "Programm.h"
 
+#include "Dateinamen.h"
 #include "Migration.h"
 
 namespace qvm {
@@ -123,11 +124,19 @@ StartResult Programm_Start(Programm& programm, bool claimInstance) {
     if (!kern.Welt.Files.MakeDirectory(kern.AppPath + "DAT") || !kern.Welt.Files.MakeDirectory(kern.AppPath + "HIST")) {
         return StartResult::NoDirectory;
     }
+    if (kern.Welt.Files.Sweep) {
+        kern.Welt.Files.Sweep(kern.DatPfad(), Dateinamen());
+    }
     Sendelog_Entfernen(kern);
     Konfiguration_Laden(kern);
     programm.link.PortNummer = kern.Config.PortNummer;
     Sprache_Defaults(kern.Sprache);
-    Sprachdatei_Laden(kern);
+    if (Sprachdatei_Laden(kern) == SprachdateiStatus::Fehlt && !kern.Config.EinstellungenMangel.File.empty()) {
+        // The name of the language is damaged, too. The operator needs words to put it right.
+        kern.Config.Sprache = Konfiguration{}.Sprache;
+        Sprachdatei_Laden(kern);
+    }
+    Konfiguration_Verlangen(kern);
     // A conversion that fails loses nothing and is tried again at the next start.
     Dateien_Umstellen(kern);
     return StartResult::Started;

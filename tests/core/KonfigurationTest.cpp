@@ -185,7 +185,7 @@ TEST_F(KonfigurationDateien, a_file_that_cannot_be_read_counts_as_missing) {
 }
 
 TEST_F(KonfigurationDateien, a_file_that_could_not_be_read_is_not_written_over) {
-    const std::string settings = "English\r\n2\r\nUSB-Port5\r\n9"; // a save ends the last line, too
+    const std::string settings = "English\n2\nUSB-Port5\n9"; // a save ends all lines by CR LF
     for (int failing = 1; failing <= 2; ++failing) {
         files[Settings] = settings;
         files[Adapter] = "RESET     \r\n";
@@ -223,6 +223,105 @@ TEST_F(KonfigurationDateien, when_the_disk_has_died_both_old_files_stay) {
     EXPECT_FALSE(Konfiguration_Speichern(kern));
     EXPECT_EQ(files[Settings], "old settings");
     EXPECT_EQ(files[Adapter], "old adapter");
+}
+
+TEST(Einstellungen_Pruefen, what_the_program_writes_is_good) {
+    for (const char* text : {"Deutsch\r\n1\r\nUSB-PORT\r\n\r\n", "English\r\n2\r\nUSB-Port16\r\n12\r\n"}) {
+        EXPECT_EQ(Einstellungen_Pruefen(text), FileTrouble{}) << text;
+    }
+}
+
+TEST(Einstellungen_Pruefen, files_made_by_hand_are_good_and_so_are_wrong_values) {
+    for (const char* text : {"English\n2\nUSB-Port5\n9", "Klingon\r\n1\r\nUSB-Port17\r\n13\r\n",
+                             "English\r\n2\r\nUSB-Port5\r\n9\r\nmore\r\n"}) {
+        EXPECT_EQ(Einstellungen_Pruefen(text), FileTrouble{}) << text;
+    }
+}
+
+TEST(Einstellungen_Pruefen, a_file_that_was_cut_anywhere_is_damaged) {
+    const std::string whole = "English\r\n2\r\nUSB-Port5\r\n12\r\n";
+    for (std::size_t length = 0; length < whole.size(); ++length) {
+        EXPECT_NE(Einstellungen_Pruefen(whole.substr(0, length)).Damage, FileDamage::None) << length;
+    }
+}
+
+TEST(Einstellungen_Pruefen, control_characters_and_lines_without_end_are_named_by_their_line) {
+    const auto line = [](int number) {
+        return FileTrouble{.File = "EST7CSB29A.I_1", .Damage = FileDamage::BadLine, .Number = number};
+    };
+    EXPECT_EQ(Einstellungen_Pruefen("English\r\n2\r\nUSB\0Port5\r\n9\r\n"s), line(3));
+    EXPECT_EQ(Einstellungen_Pruefen(std::string(81, 'x') + "\r\n2\r\nUSB-Port5\r\n9\r\n"), line(1));
+    EXPECT_EQ(Einstellungen_Pruefen("English\r\n2\r\nUSB-Port5\r\n\x1A\r\n"), line(4));
+    EXPECT_EQ(Einstellungen_Pruefen(std::string(1000000, '\0')), line(1));
+}
+
+TEST(Adapterdatei_Pruefen, may_be_short_but_begins_with_SET_or_RESET) {
+    for (const char* text : {"SET", "RESET     \r\nab", "SET       \r\n", "RESET\n"}) {
+        EXPECT_EQ(Adapterdatei_Pruefen(text), FileTrouble{}) << text;
+    }
+    for (const char* text : {"", "SE", "RES", "RESETT\r\n", "\r\n", "SET       \r\na\x01\r\n"}) {
+        EXPECT_EQ(Adapterdatei_Pruefen(text).File, "CHEUSB25C.I_2") << text;
+    }
+}
+
+/// Settings of which the second half is lost, and a whole adapter file.
+struct DamagedSettings : KonfigurationDateien {
+    static constexpr char Copy[] = "/qvm/DAT/EST7CSB29A.I_1-20260305-103000";
+    const std::string cut = "English\r\n2\r\nUSB";
+    const std::string adapter = "SET       \r\n     \r\n     \r\n     \r\n     \r\n     \r\n";
+
+    DamagedSettings() {
+        files[Settings] = cut;
+        files[Adapter] = adapter;
+        Konfiguration_Laden(kern);
+    }
+};
+
+TEST_F(DamagedSettings, are_known_after_the_load) {
+    EXPECT_EQ(Konfiguration_Maengel(kern.Config),
+              (std::vector{FileTrouble{.File = "EST7CSB29A.I_1", .Damage = FileDamage::CutLines}}));
+}
+
+TEST_F(DamagedSettings, stay_as_they_are_as_long_as_nobody_chose_the_channel_anew) {
+    EXPECT_FALSE(Konfiguration_Speichern(kern));
+    EXPECT_TRUE(Konfiguration_Speichern(kern, ConfigChoice::Port));
+    EXPECT_EQ(files[Settings], cut);
+    EXPECT_EQ(files.size(), 2U);
+}
+
+TEST_F(DamagedSettings, are_kept_under_the_date_before_the_chosen_channel_is_written) {
+    kern.Config.RadioChannel = "7";
+    EXPECT_TRUE(Konfiguration_Speichern(kern, ConfigChoice::Channel));
+    EXPECT_EQ(files[Settings], "English\r\n2\r\nUSB\r\n7\r\n");
+    EXPECT_EQ(files[Copy], cut);
+    EXPECT_TRUE(Konfiguration_Maengel(kern.Config).empty());
+}
+
+TEST_F(DamagedSettings, a_second_copy_of_the_same_second_gets_a_name_of_its_own) {
+    files[Copy] = "an earlier one";
+    EXPECT_TRUE(Konfiguration_Speichern(kern, ConfigChoice::Channel));
+    EXPECT_EQ(files[Copy], "an earlier one");
+    EXPECT_EQ(files[Copy + "-2"s], cut);
+}
+
+TEST_F(DamagedSettings, are_not_written_over_when_no_copy_could_be_kept) {
+    welt.Disk.Operations = 0;
+    welt.Disk.FailAt = 3; // read, look whether the name of the copy is free, write the copy
+    EXPECT_FALSE(Konfiguration_Speichern(kern, ConfigChoice::Channel));
+    EXPECT_EQ(files[Settings], cut);
+    EXPECT_FALSE(files.contains(Copy));
+}
+
+TEST_F(DamagedSettings, refuse_what_addresses_a_lock_with_a_word) {
+    welt.Answers.push_back({.Text = "*"});
+    EXPECT_FALSE(Konfiguration_Verlangen(kern));
+    ASSERT_EQ(welt.Shown.size(), 1U);
+    EXPECT_NE(welt.Shown[0].Text.find("EST7CSB29A.I_1"), std::string::npos);
+}
+
+TEST_F(KonfigurationDateien, good_files_and_missing_ones_refuse_nothing) {
+    Konfiguration_Laden(kern);
+    EXPECT_TRUE(Konfiguration_Verlangen(kern));
 }
 
 TEST(Funkkanal, is_1_to_12_and_1_for_anything_else) {

@@ -68,9 +68,10 @@ void F14::Toolbar1_ButtonClick(std::string_view key) {
 
 void F14::Speichern() {
     const int before = kern.Config.Funkkanal();
+    const FileTrouble damage = kern.Config.EinstellungenMangel;
     const int channel = Combo1.Selected + 1;
     kern.Config.RadioChannel = Ziffern(channel);
-    if (!Konfiguration_Speichern(kern)) {
+    if (!Konfiguration_Speichern(kern, ConfigChoice::Channel)) {
         kern.Config.RadioChannel = channelAtOpen_;
         Konfiguration_Speichern(kern); // one of the files may hold the new channel already
         kern.Meldung(kern.Zeile(AdapterWort::NotSaved), Buttons::Ok, Icon::Exclamation);
@@ -79,7 +80,11 @@ void F14::Speichern() {
     if (channel != before && !Kanal_Umstellen(kern, channel)) {
         // Locks and keys would never be moved to a channel that they were not scheduled for.
         kern.Config.RadioChannel = channelAtOpen_;
-        Konfiguration_Speichern(kern);
+        if (damage.File.empty()) {
+            Konfiguration_Speichern(kern);
+        } else {
+            kern.Config.EinstellungenMangel = damage; // the channel at open was none to go back to
+        }
         kern.Meldung(kern.Zeile(AdapterWort::NotSaved), Buttons::Ok, Icon::Exclamation);
         return;
     }

@@ -295,7 +295,7 @@ void F6::Speichern() {
     if (!open && !Check1.Checked) { // an adapter that is searched may be plugged in at any time
         kern.Meldung(Fester_Text(kern, Word::ComportMissing), Buttons::Ok, Icon::Exclamation);
     }
-    const bool saved = Konfiguration_Speichern(kern);
+    const bool saved = Konfiguration_Speichern(kern, ConfigChoice::Port);
     const bool listSaved = Adapter_Liste_Speichern();
     if (saved && listSaved) {
         dirty_ = false;
