@@ -25,6 +25,7 @@ struct RecordField {
     std::uint16_t Offset;
     std::uint16_t Width;
     Fill Padding = Fill::Blank;
+    std::string_view Only{}; ///< all bytes that a writer leaves here, a blank and 0x00 apart; empty: those of any text
 };
 
 struct RecordLayout {
@@ -34,6 +35,8 @@ struct RecordLayout {
     std::uint16_t First;   ///< first record number that the program reads or writes
     std::uint16_t Last;    ///< last record number that the program reads or writes
     std::span<const RecordField> Fields;
+    std::uint16_t Least = 0;   ///< records that every writer leaves at least; 0: the file grows by single records
+    bool EmptyAllowed = false; ///< a file without a record is one that a writer leaves, too
 };
 
 /// Index of the first field that does not begin where the one before it ends, the number of fields when they do not

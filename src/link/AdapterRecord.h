@@ -12,7 +12,7 @@ namespace AdapterRecord {
 inline constexpr RecordField Adresse{"Adresse", 0, 16}, Name{"Name", 16, 20}, Port{"Port", 36, 2},
     Reserve{"Reserve", 38, 10}, Unused{"Unused", 48, 17, Fill::Null};
 inline constexpr std::array Fields{Adresse, Name, Port, Reserve, Unused};
-inline constexpr RecordLayout Record{"AdapterRecord", "COMSETUPADAPTER.ADP", 65, 1, 20, Fields};
+inline constexpr RecordLayout Record{"AdapterRecord", "COMSETUPADAPTER.ADP", 65, 1, 20, Fields, 20};
 static_assert(sizeof(GapAtField<RecordError(Fields, 65)>) == 1);
 } // namespace AdapterRecord
 

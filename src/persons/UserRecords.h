@@ -12,10 +12,10 @@ namespace UserRecord {
 inline constexpr RecordField UserName{"UserName", 0, 16, Fill::Null}, UserGroupId{"UserGroupId", 16, 15},
     UserRight{"UserRight", 31, 4}, UserCode{"UserCode", 35, 10}, KeyLabel{"KeyLabel", 45, 16, Fill::Null},
     KeyId{"KeyId", 61, 41, Fill::Null}, KeyData{"KeyData", 102, 93, Fill::Null}, FingerFlag{"FingerFlag", 195, 2},
-    FingerId{"FingerId", 197, 21, Fill::NullTo20}, LockMask{"LockMask", 218, 201};
+    FingerId{"FingerId", 197, 21, Fill::NullTo20}, LockMask{"LockMask", 218, 201, Fill::Blank, "XF-"};
 inline constexpr std::array Fields{UserName, UserGroupId, UserRight,  UserCode, KeyLabel,
                                    KeyId,    KeyData,     FingerFlag, FingerId, LockMask};
-inline constexpr RecordLayout Record{"UserRecord", "BX10X52WUJ9.UBW", 419, 1, 250, Fields};
+inline constexpr RecordLayout Record{"UserRecord", "BX10X52WUJ9.UBW", 419, 1, 250, Fields, 250};
 static_assert(sizeof(GapAtField<RecordError(Fields, 419)>) == 1);
 } // namespace UserRecord
 

@@ -83,7 +83,9 @@ enum class DatasetVariant {
 
 namespace DatasetStatus {
 inline constexpr int Good = 0, Stopped = 13, TooManyUsers = 92, TooManyPremium = 93, NoTemplate = 94, Other = 95;
-}
+/// Given by the list for a lock whose files are not to be relied on; Datensatz_Laden does not look.
+inline constexpr int BadFiles = 96;
+} // namespace DatasetStatus
 
 /// Gathers the dataset of a lock from the data files, into `dataset` and into the values of link.Lauf (SerialValue,
 /// TimerMode, FlagLockTimer, FlagCalendar, FlagSetClock, PriorityCode, LockMode; EraseOption is forced to 0 by a

@@ -79,6 +79,7 @@ struct Programmierlauf {
 
     int LockNumber = 0; ///< lock number of the run, 1 to 200
     std::string LockName;
+    bool SchadenHinnehmen = false; ///< damaged data files are taken as they are, without a question
     bool Cancelled = false;
     bool UnitGood = false;     ///< the present unit's session went well
     bool UnitRepeated = false; ///< its login was repeated once

@@ -10,11 +10,42 @@ std::string Two(int value) {
     return {static_cast<char>('0' + value / 10 % 10), static_cast<char>('0' + value % 10)};
 }
 
+/// Records that the program's windows leave in a file that they write as a whole.
+std::size_t Records(const std::string& file) {
+    if (file == "BX10X52WUJ9.UBW") {
+        return 250;
+    }
+    if (file == "TX33Y98BSG9.TBW") {
+        return 15;
+    }
+    if (file == "TIMGRP33T7.PBG" || file == "TIMGRP44T8_S.SBS") {
+        return 8;
+    }
+    if (file == "KL10X49WTTI.CBW") {
+        return 41;
+    }
+    const bool ofLocks = file == "C64UX12H3D.EBW" || file == "CPRT88X3FDA.PRT" || file == "LSOEMIPART.LMT" ||
+                         file == "SBSCLKZU.SB1" || file == "LOCKCLASSCOMX.CMB";
+    return ofLocks ? 200 : 0;
+}
+
+/// A file without contents: blanks, and slots that are off.
+std::string Leer(const std::string& file, std::size_t length) {
+    std::string bytes;
+    for (std::size_t n = 0; n < Records(file); ++n) {
+        bytes += file == "TX33Y98BSG9.TBW" ? std::string(1, '\0') + "00:0000:00" : std::string(length, ' ');
+    }
+    return bytes;
+}
+
 } // namespace
 
 void Datendateien::Put(const std::string& file, std::size_t length, int record, std::size_t offset, std::size_t width,
                        std::string_view text, char pad) {
     std::string& bytes = File(file);
+    if (bytes.empty()) {
+        bytes = Leer(file, length);
+    }
     const std::size_t start = static_cast<std::size_t>(record - 1) * length;
     if (bytes.size() < start + length) {
         bytes.resize(start + length, ' ');

@@ -28,8 +28,8 @@ void DataFiles::AddUser(int n, const User& user, int lock) {
     put(218 + static_cast<std::size_t>(lock - 1), std::string(1, user.Mark));
 }
 
-void DataFiles::AddFinger(int n, std::string_view name, std::string_view label, std::string_view fingerId) {
-    AddUser(n, {.Name = name, .Mark = 'F', .Label = label, .FingerFlag = "FS", .FingerId = fingerId});
+void DataFiles::AddFinger(int n, std::string_view name, std::string_view label, std::string_view fingerId, int lock) {
+    AddUser(n, {.Name = name, .Mark = 'F', .Label = label, .FingerFlag = "FS", .FingerId = fingerId}, lock);
 }
 
 void DataFiles::AddTemplate(int record, std::string_view identifier, std::string_view text) {

@@ -38,7 +38,7 @@ public:
     /// User `n` with a mark for lock 1 alone, or for `lock`.
     void AddUser(int n, const User& user, int lock = 1);
     /// User `n` with a finger: "Slot_Nr: nnn" as label and the given identifier.
-    void AddFinger(int n, std::string_view name, std::string_view label, std::string_view fingerId);
+    void AddFinger(int n, std::string_view name, std::string_view label, std::string_view fingerId, int lock = 1);
     void AddTemplate(int record, std::string_view identifier, std::string_view text);
     void AddTimeSlot(int record, int day, std::string_view from, std::string_view to);
     void AddPersonGroup(int record, std::string_view days, std::string_view id);

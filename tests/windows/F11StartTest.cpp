@@ -229,7 +229,7 @@ struct F11_Adapter : F11_OK {
         programm->Adapter.Saetze[0].TransferKey.fill(0xA1);
         programm->Adapter.Saetze[1].TransferKey.fill(0xB2);
         std::string& record = files.File("LOCKCLASSCOMX.CMB");
-        record.assign(48, ' ');
+        record.assign(std::size_t{48} * 200, ' ');
         record.replace(0, 8, "/1/2/3/4");
         record.replace(16, 13, "PROGSTATION-A");
         Open();

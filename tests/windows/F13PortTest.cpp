@@ -13,7 +13,7 @@ struct F13_Adapter_Port : FensterFixture {
         Config("SET", 3, 5);
         SettledLock(1, "Tor");
         std::string& record = files.File("LOCKCLASSCOMX.CMB");
-        record.assign(48, ' ');
+        record.assign(std::size_t{48} * 200, ' ');
         record.replace(0, address.size(), address);
         record.replace(16, name.size(), name);
         Start();

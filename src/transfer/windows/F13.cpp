@@ -3,6 +3,7 @@
 #include "AdapterScan.h"
 #include "Kanal.h"
 #include "Text.h"
+#include "Words.h"
 
 namespace qvm {
 namespace {
@@ -85,6 +86,9 @@ void F13::FGK13_Click(int row, int column) {
     if (row < 1 || !Fenster.Enabled || !FGK13.Holds(row, column) || FGK13.At(row, column).BackColor == White) {
         return;
     }
+    if (column != F13Column::Mark && !Konfiguration_Verlangen(kern)) {
+        return;
+    }
     Lauf_Ruecksetzen(run);
     FGK13.Row = row;
     FGK13.Column = column;
@@ -130,9 +134,26 @@ bool F13::Historie_Fragen(bool& first) {
     return answer != Answer::Cancel;
 }
 
+std::vector<FileTrouble> F13::Dateien_Pruefen(int row) const {
+    return Datensatz_Dateien_Pruefen(kern, Zeilendaten(row));
+}
+
+bool F13::Dateien_Hinnehmen(int row) const {
+    const std::vector<FileTrouble> troubles = Dateien_Pruefen(row);
+    if (const auto unread = Unlesbare(troubles); !unread.empty()) {
+        kern.Meldung(Wort(kern, Word::FilesUnreadable, {Dateimaengel_Text(kern, unread)}), Buttons::Ok,
+                     Icon::Exclamation);
+        return false;
+    }
+    return troubles.empty() || run.SchadenHinnehmen ||
+           kern.Meldung(Wort(kern, Word::FilesDamagedAsk, {Dateimaengel_Text(kern, troubles)}), Buttons::YesNo,
+                        Icon::Question, SystemTitle, 2) == Answer::Yes;
+}
+
 bool F13::Datensatz(int row) {
     RunState& lauf = run.link.Lauf;
-    if (Datensatz_Laden(run.link, run.Daten, Zeilendaten(row), DatasetVariant::Direct) != DatasetStatus::Good) {
+    if (!Dateien_Hinnehmen(row) ||
+        Datensatz_Laden(run.link, run.Daten, Zeilendaten(row), DatasetVariant::Direct) != DatasetStatus::Good) {
         Fenster.Enabled = true;
         return false;
     }
@@ -234,6 +255,9 @@ void F13::Toolbar1_ButtonClick(std::string_view key) {
 }
 
 void F13::Liste(bool historyOnly) {
+    if (!Konfiguration_Verlangen(kern)) {
+        return;
+    }
     Lauf_Ruecksetzen(run);
     RunState& lauf = run.link.Lauf;
     if (historyOnly) {

@@ -2,9 +2,11 @@
 
 #include "AdapterListe.h"
 #include "Controls.h"
+#include "DatensatzDateien.h"
 #include "F11.h"
 #include "Grid.h"
 #include "Programmierlauf.h"
+#include "Record.h"
 #include "Text.h"
 #include "Timer.h"
 
@@ -12,6 +14,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace qvm {
 
@@ -70,6 +73,8 @@ struct F13 {
     /// "Zurück", "Prog." or "SaveHistory".
     void Toolbar1_ButtonClick(std::string_view key);
     void Datum_Uhrzeit_akt(int row);
+    /// The files that a run of the lock in this row rests on and that cannot be relied on.
+    std::vector<FileTrouble> Dateien_Pruefen(int row) const;
     /// The lock's port, or KeinPort. `stop` is set when the message was shown and the click ends.
     int Adapter_Port(int row, bool& stop);
 
@@ -84,11 +89,14 @@ private:
     bool Ziel_Setzen(int row);
     bool Historie_Fragen(bool& first);
     bool Datensatz(int row);
+    bool Dateien_Hinnehmen(int row) const;
     void F11_Oeffnen(int row);
     bool Port_Vorbereiten(int row);
     void Maus_Verfolgen();
     LockRow Zeilendaten(int row) const;
+    void Lesen(RecordFile& file);
 
+    std::vector<FileTrouble> unread_; ///< files of the grid that could not be read when the window opened
     int hoverRow_ = -1;
     int hoverColumn_ = -1;
 };

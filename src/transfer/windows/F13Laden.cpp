@@ -12,7 +12,15 @@ constexpr int RowFontSize = 12;
 
 } // namespace
 
+/// Loads a file of the grid; one that cannot be read is noted.
+void F13::Lesen(RecordFile& file) {
+    if (file.Laden(kern.Welt.Files, kern.DatPfad()) == ReadStatus::Error) {
+        unread_.push_back({.File = std::string(file.Layout().File), .Fault = Lesefehler(kern.Welt.Files)});
+    }
+}
+
 void F13::F13_FormLaden() {
+    unread_.clear();
     Fenster.Enabled = true;
     Timer1.Start(10);
     Timer2.Start(800);
@@ -25,6 +33,9 @@ void F13::F13_FormLaden() {
     RFk_IconLoad();
     // Shown last, so that the window's first size goes by its contents.
     Fenster.Visible = true;
+    if (!unread_.empty()) {
+        kern.Meldung(Wort(kern, Word::FileNotRead, {Dateimaengel_Text(kern, unread_)}), Buttons::Ok, Icon::Exclamation);
+    }
 }
 
 void F13::Listentasten_Freigeben() {
@@ -69,7 +80,7 @@ void F13::TuerInfo_laden() {
     FGK13.ClearRows(0);
     Texte_Setzen();
     RecordFile locks(LockRecord::Record);
-    locks.Laden(kern.Welt.Files, kern.DatPfad());
+    Lesen(locks);
     for (int row = 1; row < FGK13.Rows(); ++row) {
         const LockInfo lock = Schloss_Lesen(locks, row);
         FGK13.SetText(row, F13Column::Number, Ziffern(row));
@@ -94,7 +105,7 @@ void F13::Adapter_Spalten_Laden() {
     RecordFile adapters(LockAdapterRecord::Record);
     const bool one = Adapter.Saetze.size() == 1;
     if (Adapter.Saetze.size() > 1) {
-        adapters.Laden(kern.Welt.Files, kern.DatPfad());
+        Lesen(adapters);
     }
     for (int row = 1; row < FGK13.Rows(); ++row) {
         if (FGK13.Text(row, F13Column::Serial).empty()) {
@@ -109,7 +120,7 @@ void F13::Adapter_Spalten_Laden() {
 
 void F13::RFk_IconLoad() {
     RecordFile channels(ChannelRecord::Record);
-    channels.Laden(kern.Welt.Files, kern.DatPfad());
+    Lesen(channels);
     for (int row = 1; row < FGK13.Rows(); ++row) {
         if (!FGK13.Text(row, F13Column::Serial).empty()) {
             const bool pending = channels.Text(row, ChannelRecord::LockChange) == "1";

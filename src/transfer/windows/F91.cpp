@@ -42,6 +42,7 @@ void F91::Liste_Leeren() {
     Timer3.Stop();
     FGK91.Resize(1, F91Column::Count);
     checkTexts_.clear();
+    badFiles_.clear();
 }
 
 void F91::Listenzeile_Uebernehmen(const Grid& lockGrid, int gridRow, int listRow) {
@@ -59,7 +60,7 @@ void F91::F91_FormLaden(bool delayed) {
     Timer_Anhalten();
     work_ = Work::None;
     running_ = true;
-    stopped_ = told_ = waitChecked_ = Steht = portsNew_ = adapterGone_ = false;
+    stopped_ = told_ = filesAsked_ = waitChecked_ = Steht = portsNew_ = adapterGone_ = false;
     adapterSeen_.clear();
     Adapter_Merken();
     checkRow_ = 0;
@@ -117,7 +118,7 @@ void F91::Einzelnes_Schloss_Starten(const Grid& lockGrid, int gridRow, const Ada
     Rufen(Schlossgitter_Schliessen);
     F91_FormLaden(false);
     // Its dataset was gathered, and its messages shown, when the lock was clicked.
-    told_ = true;
+    told_ = filesAsked_ = true;
     if (lauf.NetMode != 0) {
         NetHistLesen(lauf.RunRow);
     } else {

@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -150,6 +151,8 @@ private:
     void Zeile_Pruefen(int row);
     /// Flags as at the start of a row, and its dataset. Gives the dataset's status.
     int Zeile_Laden(int row);
+    /// What a row says after Zeile_Laden gave this status for it.
+    std::string Statustext(int status) const;
     bool Zeile_Suchen(int& runRow, bool programming);
     // ---- adapters (F91Adapter.cpp)
 
@@ -192,6 +195,7 @@ private:
     bool running_ = false;
     bool stopped_ = false;     ///< the row under way is the last one
     bool told_ = false;        ///< the rows' messages were shown
+    bool filesAsked_ = false;  ///< the operator was asked about the files of the only row
     bool waitChecked_ = false; ///< the row check of a delayed start was begun
     Check check_ = Check::BeforeStart;
     int checkRow_ = 0; ///< 0: no check is under way
@@ -204,6 +208,8 @@ private:
     std::uint8_t eraseOption_ = 0; ///< as the start dialog has it; a row's assembly may force it to 0 for that row
     std::optional<DateTime> start_;
     std::vector<std::string> checkTexts_; ///< by row
+    std::set<int> badFiles_;              ///< rows whose check found a file that is not to be relied on
+    std::string fileText_;                ///< what was wrong with the files of the row that was loaded last
 };
 
 } // namespace qvm

@@ -63,7 +63,7 @@ bool F91::Zeile_Bereitmachen(int& runRow, bool programming) {
     }
     if (const int status = Zeile_Laden(runRow); status != DatasetStatus::Good) {
         // Its files have changed since the check.
-        Zeile_Uebergehen(runRow, ListMark::PassedOver, kern.Zeile(Datensatz_Statuszeile(status)));
+        Zeile_Uebergehen(runRow, ListMark::PassedOver, Statustext(status));
         return false;
     }
     if (Zeile_Zeigen) {

@@ -1,6 +1,7 @@
 // The rows of the list: their check, what a run needs of them, and their marks.
 
 #include "AdapterScan.h"
+#include "DatensatzDateien.h"
 #include "F91.h"
 #include "Text.h"
 
@@ -29,6 +30,7 @@ void F91::Zeilen_Pruefen(Check check) {
     check_ = check;
     checkRow_ = 1;
     checkTexts_.assign(static_cast<std::size_t>(FGK91.Rows()), {});
+    badFiles_.clear();
     StatusLabel.ForeColor = CheckColour;
     Status_Zeigen(260, 0);
     Pruefung.Start(1);
@@ -74,10 +76,17 @@ void F91::Zeile_Pruefen(int row) {
     if (!running_) {
         return;
     }
-    const std::string& text = kern.Zeile(Datensatz_Statuszeile(status));
+    const std::string text = Statustext(status);
     checkTexts_[static_cast<std::size_t>(row)] = text;
+    if (status == DatasetStatus::BadFiles) {
+        badFiles_.insert(row);
+    }
     FGK91.SetText(row, F91Column::Mark, status == DatasetStatus::Good ? ListMark::Waiting : ListMark::PassedOver);
     FGK91.SetText(row, F91Column::StateText, text);
+}
+
+std::string F91::Statustext(int status) const {
+    return status == DatasetStatus::BadFiles ? fileText_ : kern.Zeile(Datensatz_Statuszeile(status));
 }
 
 int F91::Zeile_Laden(int row) {
@@ -95,6 +104,14 @@ int F91::Zeile_Laden(int row) {
     const LockRow data = Zeilendaten(row);
     run.LockNumber = data.Number;
     run.LockName = data.Name;
+    // Events are read without the files; a damaged one must not keep them in the lock.
+    if (lauf.HistoryOnly == 0 && !filesAsked_) {
+        const auto troubles = Datensatz_Dateien_Pruefen(kern, data);
+        const auto counted = run.SchadenHinnehmen ? Unlesbare(troubles) : troubles;
+        if (fileText_ = Dateimaengel_Text(kern, counted); !fileText_.empty()) {
+            return DatasetStatus::BadFiles;
+        }
+    }
     const int status =
         Datensatz_Laden(run.link, run.Daten, data, told_ ? DatasetVariant::NetworkTold : DatasetVariant::Network);
     if (status != DatasetStatus::Good) {
@@ -117,7 +134,8 @@ bool F91::Zeile_Suchen(int& runRow, bool programming) {
         if (mark == ListMark::Waiting || (programming && mark == ListMark::HistoryRead)) {
             return true;
         }
-        Mark_Setzen(runRow, ListMark::PassedOver, kern.Zeile(261));
+        // Which file is damaged has to stay to be seen; that the row was passed over its mark says.
+        Mark_Setzen(runRow, ListMark::PassedOver, badFiles_.contains(runRow) ? Pruefergebnis(runRow) : kern.Zeile(261));
     }
     return false;
 }
