@@ -4,6 +4,7 @@
 #include "Programm.h"
 #include "Protokoll.h"
 #include "Telegramme.h"
+#include "Vorpruefung.h"
 
 #include <iomanip>
 #include <nlohmann/json.hpp>
@@ -68,11 +69,8 @@ void Starten(Programm& program, int lock) {
     }
 }
 
-Probelauf Durchspielen(const Umgebung& world, int lock) {
+Probelauf Durchspielen(Probewelt& dry, Programm& program, int lock) {
     Probelauf run;
-    Probewelt dry(world.Welt);
-    Programm program(dry.Welt, world.AppPath);
-    Programm_Start(program, false);
     Port_Festlegen(program);
     program.F13.F13_FormLaden();
     program.F13.Timer1.Stop();
@@ -153,11 +151,17 @@ void Lauf_Text(const Console& console, int lock, const Probelauf& run) {
 
 } // namespace
 
-ExitCode Befehl_Dataset(const Umgebung& world, const Console& console, int lock) {
+ExitCode Befehl_Dataset(const Umgebung& world, const Console& console, int lock, bool force) {
     if (const std::string why = world.Datenverzeichnis_Fehler(); !why.empty()) {
         return console.Fehlschlag("dataset", {why});
     }
-    const Probelauf run = Durchspielen(world, lock);
+    Probewelt dry(world.Welt);
+    Programm program(dry.Welt, world.AppPath);
+    Programm_Start(program, false);
+    if (!Dateien_Vorpruefen(console, "dataset", program, {lock}, true, force)) {
+        return ExitCode::Fault;
+    }
+    const Probelauf run = Durchspielen(dry, program, lock);
     for (const std::string& message : run.Messages) {
         console.Meldung(message);
     }

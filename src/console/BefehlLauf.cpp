@@ -6,6 +6,7 @@
 #include "Schlosslauf.h"
 #include "Text.h"
 #include "TraceDatei.h"
+#include "Vorpruefung.h"
 
 #include <functional>
 #include <nlohmann/json.hpp>
@@ -89,6 +90,9 @@ ExitCode Befehl_Lauf(const Umgebung& world, const Console& console, const Option
     Programm program(world.Welt, world.AppPath);
     if (Programm_Start(program, false) == StartResult::NoDirectory) {
         return console.Fehlschlag(word, {"The directories DAT and HIST cannot be made in " + world.AppPath + "."});
+    }
+    if (!Dateien_Vorpruefen(console, word, program, options.Locks, options.Wanted == Command::Program, options.Force)) {
+        return ExitCode::Fault;
     }
     Fortschritt progress(console);
     LaufAuftrag order = Auftrag(options);

@@ -5,6 +5,7 @@
 #include "Ergebnis.h"
 #include "Reihenlauf.h"
 #include "TraceDatei.h"
+#include "Vorpruefung.h"
 
 #include <algorithm>
 #include <functional>
@@ -87,6 +88,9 @@ ExitCode Befehl_Reihe(const Umgebung& world, const Console& console, const Optio
     Programm program(world.Welt, world.AppPath);
     if (Programm_Start(program, false) == StartResult::NoDirectory) {
         return console.Fehlschlag(RunWord, {"The directories DAT and HIST cannot be made in " + world.AppPath + "."});
+    }
+    if (!Dateien_Vorpruefen(console, RunWord, program, options.Locks, !options.HistoryOnly, options.Force)) {
+        return ExitCode::Fault;
     }
     if (const auto messages = Hindernisse(program, options.Locks); !messages.empty()) {
         return console.Fehlschlag(RunWord, messages);

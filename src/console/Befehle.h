@@ -27,7 +27,8 @@ ExitCode Befehl_Reihe(const Umgebung& world, const Console& console, const Optio
 ExitCode Befehl_Ereignisse(const Umgebung& world, const Console& console, const Optionen& options);
 
 /// What a lock would get, telegram by telegram. Nothing is sent and nothing is written.
-ExitCode Befehl_Dataset(const Umgebung& world, const Console& console, int lock);
+/// `force`: damaged data files are taken as they are.
+ExitCode Befehl_Dataset(const Umgebung& world, const Console& console, int lock, bool force);
 
 /// `file`: a path, or empty or "-" for standard input. Codes stay hidden.
 ExitCode Befehl_Decode(const Umgebung& world, const Console& console, const std::string& file);

@@ -54,6 +54,12 @@ void Dateien_Pruefen(CheckStand& stand) {
                          "the length of " + std::to_string(size) + " bytes is not a multiple of " +
                              std::to_string(layout->Length));
         }
+        const int count = stand.File(*layout).Count();
+        if (count < layout->Least && !(count == 0 && layout->EmptyAllowed)) {
+            stand.Melden(FindingKind::Damaged, *layout, 0, "",
+                         "ends with record " + std::to_string(count) + ", the program leaves at least " +
+                             std::to_string(layout->Least));
+        }
         Zeichen_Pruefen(stand, *layout);
     }
     for (const LineFile& entry : Zeilendateien()) {

@@ -1,10 +1,12 @@
 #include "CheckStand.h"
+#include "Konfiguration.h"
 #include "LockRecords.h"
 #include "Tables.h"
 #include "Text.h"
 
 #include <algorithm>
 #include <set>
+#include <utility>
 
 namespace qvm {
 
@@ -15,7 +17,7 @@ std::string Zeile(const std::vector<std::string>& lines, std::size_t number) {
     return number <= lines.size() ? std::string(Trim(lines[number - 1])) : std::string();
 }
 
-void Einstellungen_Pruefen(CheckStand& stand, const std::vector<std::string>& lines) {
+void Einstellungswerte_Pruefen(CheckStand& stand, const std::vector<std::string>& lines) {
     constexpr std::string_view file = "EST7CSB29A.I_1";
     if (const std::string language = Zeile(lines, 1);
         !Leer_Oder(language, {"Deutsch", "English", "Francais", "Nederlands"})) {
@@ -98,8 +100,16 @@ void Dauertueren_Pruefen(CheckStand& stand, const std::vector<std::string>& line
 } // namespace
 
 void Konfiguration_Pruefen(CheckStand& stand) {
+    for (const auto& [file, examine] :
+         {std::pair{SettingsFile, &Einstellungen_Pruefen}, std::pair{AdapterSettingsFile, &Adapterdatei_Pruefen}}) {
+        const auto bytes = stand.Bytes(file);
+        // Bad characters and values are named line by line.
+        if (bytes && examine(*bytes).Damage == FileDamage::CutLines) {
+            stand.Melden(FindingKind::Damaged, file, 0, "", "is cut off, lines are missing");
+        }
+    }
     if (const auto lines = stand.Zeilen("EST7CSB29A.I_1")) {
-        Einstellungen_Pruefen(stand, *lines);
+        Einstellungswerte_Pruefen(stand, *lines);
     }
     if (const auto lines = stand.Zeilen("CHEUSB25C.I_2")) {
         if (const std::string mode = Zeile(*lines, 1); !Leer_Oder(mode, {"SET", "RESET"})) {

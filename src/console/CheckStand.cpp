@@ -39,6 +39,12 @@ std::string CheckStand::Text(const RecordLayout& layout, int record, const Recor
     return File(layout).Text(record, field);
 }
 
+std::optional<std::string> CheckStand::Bytes(std::string_view file) const {
+    std::string bytes;
+    const ReadStatus status = files_.ReadAll(directory_ + std::string(file), bytes);
+    return status == ReadStatus::Ok ? std::optional(std::move(bytes)) : std::nullopt;
+}
+
 std::optional<std::vector<std::string>> CheckStand::Zeilen(std::string_view file, FileFault* fault) const {
     std::string bytes;
     const ReadStatus status = files_.ReadAll(directory_ + std::string(file), bytes);

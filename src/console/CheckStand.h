@@ -25,6 +25,8 @@ public:
     /// Highest record that the file holds and a reader looks at.
     int Letzter(const RecordLayout& layout) const;
     std::string Text(const RecordLayout& layout, int record, const RecordField& field) const;
+    /// The bytes of a file of the directory; nothing when it is missing or cannot be read.
+    std::optional<std::string> Bytes(std::string_view file) const;
     /// The lines of a line file; nothing when it is missing or cannot be read, which `fault` tells apart.
     std::optional<std::vector<std::string>> Zeilen(std::string_view file, FileFault* fault = nullptr) const;
 

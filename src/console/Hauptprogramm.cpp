@@ -12,7 +12,7 @@ ExitCode Befehl_Ausfuehren(const Umgebung& world, const Console& console, const 
     case Command::Events:
         return Befehl_Ereignisse(world, console, options);
     case Command::Dataset:
-        return Befehl_Dataset(world, console, options.Locks.front());
+        return Befehl_Dataset(world, console, options.Locks.front(), options.Force);
     case Command::Export:
         return Befehl_Export(world, console, options.File);
     case Command::Import:

@@ -273,7 +273,7 @@ ImportPlan ImportDokument::Ergebnis() {
         if (const auto table = tables_.find(layout); table != tables_.end()) {
             const auto count = counts_.find(layout);
             plan.Files.push_back({.Name = std::string(layout->File),
-                                  .Bytes = table->second.Bytes(count == counts_.end() ? 0 : count->second),
+                                  .Bytes = table->second.Bytes(count == counts_.end() ? layout->Least : count->second),
                                   .Table = layout});
         }
     }

@@ -43,6 +43,10 @@ void Lauf_Optionen(CLI::App& command, Optionen& options, Texte& texts) {
         ->check(CLI::Range(0, 86400));
 }
 
+void Force_Option(CLI::App& command, Optionen& options) {
+    command.add_flag("--force", options.Force, "go on although a data file is damaged");
+}
+
 void Erase_Option(CLI::App& command, Texte& texts) {
     command.add_option("--erase", texts.Erase, "fingerprints that the lock holds: keep (default) or wipe")
         ->check(CLI::IsMember({"keep", "wipe"}));
@@ -66,16 +70,19 @@ void Befehle_Anlegen(CLI::App& app, Optionen& options, Texte& texts) {
     Lauf_Optionen(*program, options, texts);
     program->add_flag("--history", options.HistoryFirst, "read the history before programming");
     Erase_Option(*program, texts);
+    Force_Option(*program, options);
     Lauf_Optionen(*add("history", "read the history of locks", Command::History), options, texts);
     CLI::App* run = add("run", "work a list of locks off, directly or through network adapters", Command::Run);
     Lauf_Optionen(*run, options, texts);
     Erase_Option(*run, texts);
+    Force_Option(*run, options);
     run->add_flag("--history", options.HistoryFirst, "read the history before programming");
     run->add_flag("--history-only", options.HistoryOnly, "read the history, program nothing")->excludes("--history");
     run->add_option("--at", texts.At, "begin at this time, \"DD.MM.YYYY hh:mm\"");
     Ereignis_Optionen(*add("events", "print the events of history files", Command::Events), options, texts);
-    add("dataset", "show what a lock would get; sends nothing", Command::Dataset)
-        ->add_option("LOCK", options.Locks, "lock number, 1 to 200")
+    CLI::App* dataset = add("dataset", "show what a lock would get; sends nothing", Command::Dataset);
+    Force_Option(*dataset, options);
+    dataset->add_option("LOCK", options.Locks, "lock number, 1 to 200")
         ->required()
         ->expected(1)
         ->check(CLI::Range(1, 200));

@@ -25,6 +25,7 @@ struct Optionen {
     std::optional<DateTime> At; ///< run
     std::optional<Datum> Since; ///< program, history, run
     bool Keep = true;           ///< program --erase keep, run --erase keep
+    bool Force = false;         ///< program, run, dataset: damaged data files are taken as they are
     std::string CodeFrom;       ///< a path, "-", or empty: ask on the terminal
     int TimeoutSeconds = 30;    ///< 0: wait for ever
     std::string File;           ///< export, import, decode
