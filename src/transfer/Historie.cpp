@@ -1,5 +1,6 @@
 #include "Historie.h"
 
+#include "Steuerzeichen.h"
 #include "Text.h"
 #include "Zeit.h"
 
@@ -146,10 +147,10 @@ std::optional<std::string> Uhr_Textdatum(int day, int month, const std::string& 
 }
 
 std::string Historie_Dateiname(const DateTime& now, std::string_view lockName) {
-    std::string lock(lockName);
+    std::string lock = Steuerzeichen_Ersetzen(lockName, '_', '_');
     for (char& character : lock) {
         constexpr std::string_view Forbidden = "/\\:*?\"<>|";
-        if (static_cast<unsigned char>(character) < 0x20 || Forbidden.find(character) != std::string_view::npos) {
+        if (Forbidden.find(character) != std::string_view::npos) {
             character = '_';
         }
     }

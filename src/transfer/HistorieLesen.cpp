@@ -1,5 +1,6 @@
 #include "HistorieLesen.h"
 
+#include "Steuerzeichen.h"
 #include "Text.h"
 
 #include <algorithm>
@@ -19,15 +20,7 @@ std::string_view Naechste_Zeile(std::string_view& rest) {
 }
 
 std::string Feld(std::string_view raw) {
-    std::string text(raw.substr(0, LongestHistoryField));
-    std::replace_if(
-        text.begin(), text.end(),
-        [](char c) {
-            const auto byte = static_cast<unsigned char>(c);
-            return byte < 0x20 || byte == 0x7F;
-        },
-        ' ');
-    return text;
+    return Steuerzeichen_Ersetzen(raw.substr(0, LongestHistoryField));
 }
 
 HistoryLine Zerlegen(std::string_view line) {

@@ -118,6 +118,10 @@ TEST(Historie_Dateiname, it_holds_the_moment_and_the_lock) {
     EXPECT_EQ(Historie_Dateiname(Moment, u8"Tür Süd"_w), u8"H_20260305_070809_Tür Süd.HST"_w);
 }
 
+TEST(Historie_Dateiname, no_control_character_gets_into_a_file_name) {
+    EXPECT_EQ(Historie_Dateiname(Moment, "A\x1B\x7F\x81\x8D\x8F\x90\x9D.\n"), "H_20260305_070809_A_______._.HST");
+}
+
 TEST(Historie_Dateiname, a_lock_name_cannot_leave_the_directory_or_break_a_file_name) {
     EXPECT_EQ(Historie_Dateiname(Moment, "../../etc/x"), "H_20260305_070809_.._.._etc_x.HST");
     EXPECT_EQ(Historie_Dateiname(Moment, "a\\b:c*d?e\"f<g>h|i"), "H_20260305_070809_a_b_c_d_e_f_g_h_i.HST");
