@@ -70,6 +70,13 @@ struct SerialPort {
 /// What became of the serial ports of the PC.
 enum class PortChange { Arrived, Removed };
 
+/// A program that works on the data files. Texts in code page 1252; what the system does not tell is empty.
+struct DataHolder {
+    std::string Program;
+    int Process = 0;
+    std::string User;
+};
+
 using TimerId = std::uint64_t;
 
 /// The world, as the logic sees it. Every service is filled by the front end (or by a test) before the program starts.
@@ -115,6 +122,9 @@ struct Platform {
     std::function<double()> Random;
     /// True when this is the only instance; else the running one has been brought to the foreground.
     std::function<bool()> ClaimInstance;
+    /// Takes the right to write the data files of a directory, UTF-8, for as long as this program runs; asking again is
+    /// granted. Nothing when it is granted, else who has it. Empty where nobody else can be.
+    std::function<std::optional<DataHolder>(const std::string& directory)> ClaimData = {};
 };
 
 } // namespace qvm

@@ -1,10 +1,10 @@
 #include "PortHolder.h"
 
+#include "ProcessNames.h"
+
 #include <algorithm>
-#include <array>
 #include <cctype>
 #include <dirent.h>
-#include <fcntl.h>
 #include <memory>
 #include <string_view>
 #include <sys/stat.h>
@@ -43,17 +43,6 @@ bool Holds(const std::string& process, dev_t device, const std::string& except) 
     });
 }
 
-std::string NameOf(const std::string& process) {
-    std::array<char, 64> name{};
-    const int file = ::open((process + "/comm").c_str(), O_RDONLY | O_CLOEXEC);
-    const ssize_t count = file < 0 ? -1 : ::read(file, name.data(), name.size());
-    if (file >= 0) {
-        ::close(file);
-    }
-    const std::string_view text(name.data(), count > 0 ? static_cast<std::size_t>(count) : 0);
-    return std::string(text.substr(0, text.find('\n')));
-}
-
 std::string Named(const std::string& name, const std::string& number) {
     return (name.empty() ? "process" : name) + " (" + number + ")";
 }
@@ -70,7 +59,7 @@ std::string PortHolder_Name(const std::string& device, int ownHandle) {
         const std::string process = "/proc/" + number;
         const std::string except = number == self ? std::to_string(ownHandle) : std::string();
         if (IsNumber(number) && Holds(process, info.st_rdev, except)) {
-            return Named(NameOf(process), number);
+            return Named(Process_Name(number), number);
         }
     }
     return {};
@@ -83,7 +72,7 @@ bool PortHolder_IsService(std::string_view holder) {
 
 std::string PortHolder_Service() {
     for (const std::string& number : Entries("/proc")) {
-        const std::string name = IsNumber(number) ? NameOf("/proc/" + number) : std::string();
+        const std::string name = IsNumber(number) ? Process_Name(number) : std::string();
         if (PortHolder_IsService(name)) {
             return Named(name, number);
         }

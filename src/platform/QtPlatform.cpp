@@ -2,6 +2,7 @@
 
 #include "BlockCipher.h"
 #include "CodePage850.h"
+#include "DataLock.h"
 #include "PcClock.h"
 #include "PortChanges.h"
 #include "PortNumbers.h"
@@ -51,12 +52,14 @@ struct QtPlatform::Services {
         World.OemToChar = [this](std::string_view text) { return CodePage.To1252(text); };
         World.Random = [] { return QRandomGenerator::system()->generateDouble(); };
         World.ClaimInstance = [this] { return Instance.Claim(); };
+        World.ClaimData = [this](const std::string& directory) { return ClaimData(directory); };
     }
 
     void FillTime();
     void FillPort();
     void FillDialogs(PlatformOptions& options);
     bool OpenPort(int number);
+    std::optional<DataHolder> ClaimData(const std::string& directory);
 
     QtTimers Timers;
     SerialLine Line;
@@ -65,6 +68,7 @@ struct QtPlatform::Services {
     BlockCipher Cipher;
     CodePage850 CodePage;
     SingleInstance Instance;
+    std::unique_ptr<DataLock> Data; ///< held from the first claim that was granted
     Platform World;
 };
 
@@ -103,6 +107,18 @@ bool QtPlatform::Services::OpenPort(int number) {
         return false;
     }
     return Line.Open(device);
+}
+
+std::optional<DataHolder> QtPlatform::Services::ClaimData(const std::string& directory) {
+    if (Data) {
+        return std::nullopt;
+    }
+    auto lock = std::make_unique<DataLock>(directory, DataLock::Use::Write);
+    if (!lock->Try()) {
+        return lock->Holder();
+    }
+    Data = std::move(lock);
+    return std::nullopt;
 }
 
 void QtPlatform::Services::FillDialogs(PlatformOptions& options) {

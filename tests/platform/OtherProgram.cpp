@@ -1,5 +1,6 @@
 #include "OtherProgram.h"
 
+#include "DataLock.h"
 #include "QtPlatform.h"
 
 #include <QCoreApplication>
@@ -48,6 +49,17 @@ int Claim(const char* directory) {
     }
     Print("only");
     return QCoreApplication::exec();
+}
+
+int HoldData(const char* directory, std::string_view use) {
+    ::prctl(PR_SET_NAME, "holder");
+    const DataLock lock(directory, use == "write" ? DataLock::Use::Write : DataLock::Use::Replace);
+    if (!lock.Try()) {
+        return 1;
+    }
+    Print("ready");
+    ::pause();
+    return 0;
 }
 
 } // namespace
@@ -102,6 +114,9 @@ int RoleOf(int argc, char** argv) {
     const std::string_view role = argc > 2 ? argv[1] : "";
     if (role == "--hold-port") {
         return HoldPort(argv[2], argc > 3 ? argv[3] : "exe");
+    }
+    if (role == "--hold-data") {
+        return HoldData(argv[2], argc > 3 ? argv[3] : "");
     }
     return role == "--claim" ? Claim(argv[2]) : -1;
 }

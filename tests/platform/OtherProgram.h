@@ -30,6 +30,7 @@ private:
 /// Runs the role that the arguments ask for and gives the exit code; -1 when they ask for none.
 ///     --hold-port DEVICE [NAME]   calls itself NAME, opens the device in exclusive mode, prints "ready", stays
 ///     --claim DIRECTORY   prints "only" or "second"; the only one stays and prints "shown" when it is called
+///     --hold-data DIRECTORY write|replace   calls itself "holder", takes that lock, prints "ready", stays
 int RoleOf(int argc, char** argv);
 
 } // namespace qvm::test
