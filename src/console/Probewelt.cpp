@@ -44,6 +44,7 @@ Probewelt::Probewelt(const Platform& real) : Welt(real), disk_(real.Files) {
     Welt.OpenFile = Welt.SaveFile = [](const FileDialog&) { return std::nullopt; };
     Welt.ShellOpen = [](const std::string&, const std::string&) { return false; };
     Welt.ClaimInstance = [] { return true; };
+    Welt.ClaimData = {};
 }
 
 ReadStatus Probewelt::Lesen(const std::string& path, std::string& bytes) const {

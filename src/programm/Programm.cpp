@@ -2,6 +2,7 @@
 
 #include "Dateinamen.h"
 #include "Migration.h"
+#include "Words.h"
 
 namespace qvm {
 
@@ -115,6 +116,18 @@ void Programm::Haken_Verbinden() {
     hooks.Finger_Kennung = [this] { Rufen(Fensterhaken.Finger_Kennung); };
 }
 
+namespace {
+
+/// False when another program may write the data files.
+bool Daten_Beanspruchen(Programm& programm) {
+    const Kern& kern = programm.kern;
+    const auto holder = kern.Welt.ClaimData ? kern.Welt.ClaimData(kern.DatPfad()) : std::nullopt;
+    programm.Datenbesitzer = holder.value_or(DataHolder{});
+    return !holder;
+}
+
+} // namespace
+
 StartResult Programm_Start(Programm& programm, bool claimInstance) {
     Kern& kern = programm.kern;
     if (claimInstance && !kern.Welt.ClaimInstance()) {
@@ -124,10 +137,13 @@ StartResult Programm_Start(Programm& programm, bool claimInstance) {
     if (!kern.Welt.Files.MakeDirectory(kern.AppPath + "DAT") || !kern.Welt.Files.MakeDirectory(kern.AppPath + "HIST")) {
         return StartResult::NoDirectory;
     }
-    if (kern.Welt.Files.Sweep) {
-        kern.Welt.Files.Sweep(kern.DatPfad(), Dateinamen());
+    const bool mayWrite = Daten_Beanspruchen(programm);
+    if (mayWrite) {
+        if (kern.Welt.Files.Sweep) {
+            kern.Welt.Files.Sweep(kern.DatPfad(), Dateinamen());
+        }
+        Sendelog_Entfernen(kern);
     }
-    Sendelog_Entfernen(kern);
     Konfiguration_Laden(kern);
     programm.link.PortNummer = kern.Config.PortNummer;
     Sprache_Defaults(kern.Sprache);
@@ -136,10 +152,25 @@ StartResult Programm_Start(Programm& programm, bool claimInstance) {
         kern.Config.Sprache = Konfiguration{}.Sprache;
         Sprachdatei_Laden(kern);
     }
+    if (!mayWrite) {
+        return StartResult::DataHeld;
+    }
     Konfiguration_Verlangen(kern);
     // A conversion that fails loses nothing and is tried again at the next start.
     Dateien_Umstellen(kern);
     return StartResult::Started;
+}
+
+std::string Datenbesitzer_Text(const Programm& programm) {
+    const DataHolder& holder = programm.Datenbesitzer;
+    std::string who = holder.Program;
+    if (holder.Process > 0) {
+        who += (who.empty() ? "" : ", ") + std::to_string(holder.Process);
+    }
+    if (!holder.User.empty()) {
+        who += (who.empty() ? "" : ", ") + holder.User;
+    }
+    return Wort(programm.kern, Word::DataHeld, {who.empty() ? Wort(programm.kern, Word::UnknownProgram) : who});
 }
 
 bool Programm_Ende(Programm& programm) {

@@ -54,6 +54,7 @@ struct Programm {
     // fills a hook of F2 calls F2.Tasten_Freigeben afterwards, or fills it before F2 opens.
     LinkHooks Fensterhaken;
     std::function<void()> F2_Zeigen;                         ///< the main window comes back; a console has none
+    DataHolder Datenbesitzer;                                ///< who has the data files, when Programm_Start says so
     std::function<void(const std::string& path)> F7_Oeffnen; ///< shows the history file of a run, by F7 or otherwise
 
 private:
@@ -70,11 +71,16 @@ enum class StartResult {
     Started,
     AlreadyRunning, ///< another instance was brought to the foreground; end at once, without a message
     NoDirectory,    ///< DAT or HIST cannot be made
+    DataHeld, ///< another program may write the data files, Programm::Datenbesitzer; language and words are loaded
 };
 
-/// The start sequence up to showing the main window: one instance, defaults, directories, configuration, language,
-/// conversion of older files. `claimInstance` false leaves the first step out. A front end with windows then opens F2.
+/// The start sequence up to showing the main window: one instance, defaults, directories, the right to write the data
+/// files, configuration, language, conversion of older files. `claimInstance` false leaves the first step out. A front
+/// end with windows then opens F2.
 StartResult Programm_Start(Programm& programm, bool claimInstance);
+
+/// Who has the data files, after StartResult::DataHeld, as a sentence in the language in use.
+std::string Datenbesitzer_Text(const Programm& programm);
 
 /// Shut-down: configuration saved, port closed, request-to-send off. False when the configuration was not saved.
 bool Programm_Ende(Programm& programm);

@@ -153,6 +153,27 @@ TEST_F(Programm_Start, of_a_second_instance_ends_without_a_message_and_touches_n
     EXPECT_EQ(world.Disk.Files, before);
 }
 
+TEST_F(Programm_Start, beside_a_program_that_may_write_changes_nothing_and_tells_which_that_is) {
+    Old("BX08HAZJNT9.UBW", 276);
+    world.Disk.Files["/q/DAT/EST7CSB29A.I_1"] = "English\r\n2\r\nUSB-Port3\r\n5\r\n";
+    const auto before = world.Disk.Files;
+    std::string claimed;
+    world.World.ClaimData = [&claimed](const std::string& directory) {
+        claimed = directory;
+        return DataHolder{.Program = "qvm7702", .Process = 4711, .User = "anna"};
+    };
+    Programm programm(world.World, "/q");
+    EXPECT_EQ(qvm::Programm_Start(programm, true), StartResult::DataHeld);
+    EXPECT_EQ(claimed, "/q/DAT/");
+    EXPECT_EQ(world.Disk.Files, before);
+    EXPECT_EQ(Datenbesitzer_Text(programm),
+              "Another program is working on the data files: qvm7702, 4711, anna. End it, "
+              "then start again.");
+    programm.Datenbesitzer = {};
+    EXPECT_EQ(Datenbesitzer_Text(programm),
+              "Another program is working on the data files: unknown. End it, then start again.");
+}
+
 TEST_F(Programm_Start, asks_for_no_instance_when_told_so) {
     world.OnlyInstance = false;
     Programm programm(world.World, "/q");

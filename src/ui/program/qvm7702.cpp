@@ -3,6 +3,7 @@
 #include "FrontWindow.h"
 #include "Messages.h"
 #include "Oberflaeche.h"
+#include "ProcessStart.h"
 #include "Programm.h"
 #include "QtPlatform.h"
 #include "Text.h"
@@ -13,7 +14,6 @@
 #include <QTimer>
 #include <QUrl>
 
-#include <csignal>
 #include <cstdlib>
 
 namespace {
@@ -53,6 +53,12 @@ void TellNoDirectory(qvm::ui::MessageBoxes& boxes, const std::string& directory)
                 .Sign = qvm::Icon::Exclamation});
 }
 
+void TellDataHeld(const qvm::ui::MessageBoxes& boxes, const qvm::Programm& programm) {
+    boxes.show({.Text = qvm::Datenbesitzer_Text(programm),
+                .Title = std::string(qvm::SystemTitle),
+                .Sign = qvm::Icon::Exclamation});
+}
+
 /// The end of the program, also out of a wait for an adapter: it would hold the process for seconds, and with it the
 /// claim to be the only instance. By then all is saved and the port is closed.
 void EndSoon() {
@@ -67,7 +73,7 @@ void EndSoon() {
 
 int main(int argc, char** argv) {
     // The far end of a socket may go away while it is told something.
-    std::signal(SIGPIPE, SIG_IGN);
+    qvm::Process_Start();
     QApplication application(argc, argv);
     QApplication::setStyle(new qvm::ui::ClearStyle);
     // The application owns its style. NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks)
@@ -88,6 +94,10 @@ int main(int argc, char** argv) {
     }
     if (start == qvm::StartResult::NoDirectory) {
         TellNoDirectory(boxes, directory);
+        return 1;
+    }
+    if (start == qvm::StartResult::DataHeld) {
+        TellDataHeld(boxes, programm);
         return 1;
     }
     programm.F1.CipherText = qvm::AusUtf8(platform.CipherText());
