@@ -70,8 +70,9 @@ int Simulate(qvm::SimulatorOptions options) {
     if (!loop.Start(fault)) {
         return Fail(fault);
     }
-    std::printf("%s\n", loop.DeviceName().c_str());
-    std::fflush(stdout);
+    if (std::printf("%s\n", loop.DeviceName().c_str()) < 0 || std::fflush(stdout) != 0) {
+        return Fail("standard output cannot be written");
+    }
     loop.Run(stop);
     close(stop);
     if (!loop.WriteState(fault)) {
@@ -85,6 +86,9 @@ int Simulate(qvm::SimulatorOptions options) {
 } // namespace
 
 int main(int argc, char** argv) {
+    // A limit to the size of files, and a reader that goes away, are an error of the write and not a signal.
+    std::signal(SIGXFSZ, SIG_IGN);
+    std::signal(SIGPIPE, SIG_IGN);
     CLI::App app{"A virtual lock system behind a pseudo-terminal: an adapter, locks and wireless units.\n"
                  "Prints the terminal's name, then serves clients until it is ended by a signal.\n"
                  "Exit code: 0 all telegrams were good, 1 wrong use or local fault, 2 faulty telegrams came."};
