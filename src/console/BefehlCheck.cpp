@@ -6,13 +6,24 @@
 
 namespace qvm {
 
+namespace {
+
+std::vector<Finding> Pruefen(const Umgebung& world, const Console& console) {
+    const DataLock lock(world.DatPfad(), DataLock::Use::Read);
+    Sperre_Holen(lock, console);
+    std::vector<Finding> findings = Daten_Pruefen(world.Welt.Files, world.DatPfad());
+    const std::vector<Finding> language = Sprachdatei_Pruefen(world.Welt.Files, world.AppPath);
+    findings.insert(findings.end(), language.begin(), language.end());
+    return findings;
+}
+
+} // namespace
+
 ExitCode Befehl_Check(const Umgebung& world, const Console& console) {
     if (const std::string why = world.Datenverzeichnis_Fehler(); !why.empty()) {
         return console.Fehlschlag("check", {why});
     }
-    std::vector<Finding> findings = Daten_Pruefen(world.Welt.Files, world.DatPfad());
-    const std::vector<Finding> language = Sprachdatei_Pruefen(world.Welt.Files, world.AppPath);
-    findings.insert(findings.end(), language.begin(), language.end());
+    const std::vector<Finding> findings = Pruefen(world, console);
     if (console.Json) {
         nlohmann::ordered_json list = nlohmann::ordered_json::array();
         for (const Finding& finding : findings) {

@@ -155,6 +155,8 @@ ExitCode Befehl_Dataset(const Umgebung& world, const Console& console, int lock,
     if (const std::string why = world.Datenverzeichnis_Fehler(); !why.empty()) {
         return console.Fehlschlag("dataset", {why});
     }
+    const DataLock reading(world.DatPfad(), DataLock::Use::Read);
+    Sperre_Holen(reading, console);
     Probewelt dry(world.Welt);
     Programm program(dry.Welt, world.AppPath);
     Programm_Start(program, false);

@@ -1,17 +1,46 @@
 #include "Befehle.h"
 #include "Export.h"
+#include "FileHandle.h"
+#include "FilePath.h"
 
+#include <fcntl.h>
 #include <nlohmann/json.hpp>
 #include <ostream>
+#include <sys/stat.h>
 
 namespace qvm {
+
+namespace {
+
+/// Not beside an import, which would give files of before it and files of after it.
+nlohmann::ordered_json Lesen(const Umgebung& world, const Console& console, std::vector<Finding>& faults) {
+    const DataLock lock(world.DatPfad(), DataLock::Use::Read);
+    Sperre_Holen(lock, console);
+    return Export_Erstellen(world.Welt.Files, world.DatPfad(), faults);
+}
+
+/// Into what is no file, as a device or a pipe, rather than in its place.
+bool Schreiben(const Umgebung& world, const std::string& file, const std::string& text) {
+    struct stat info {};
+    const auto name = FilePath_Nativ(file);
+    if (!name || ::stat(name->c_str(), &info) != 0 || S_ISREG(info.st_mode)) {
+        return world.Welt.Files.Replace(file, text);
+    }
+    if (!S_ISCHR(info.st_mode) && !S_ISFIFO(info.st_mode)) {
+        return false;
+    }
+    FileHandle handle(*name, O_WRONLY);
+    return handle.Good() && handle.Write(text) && handle.Close();
+}
+
+} // namespace
 
 ExitCode Befehl_Export(const Umgebung& world, const Console& console, const std::string& file) {
     if (const std::string why = world.Datenverzeichnis_Fehler(); !why.empty()) {
         return console.Fehlschlag("export", {why});
     }
     std::vector<Finding> faults;
-    const nlohmann::ordered_json document = Export_Erstellen(world.Welt.Files, world.DatPfad(), faults);
+    const nlohmann::ordered_json document = Lesen(world, console, faults);
     if (!faults.empty()) {
         std::vector<std::string> messages;
         messages.reserve(faults.size() + 1);
@@ -25,7 +54,7 @@ ExitCode Befehl_Export(const Umgebung& world, const Console& console, const std:
         console.Ergebnis(document);
         return console.Out.good() ? ExitCode::Good : ExitCode::Fault;
     }
-    if (!world.Welt.Files.Replace(file, document.dump(2) + "\n")) {
+    if (!Schreiben(world, file, Json_Text(document, 2) + "\n")) {
         return console.Fehlschlag("export", {"The file " + file + " cannot be written."});
     }
     const std::size_t tables = document["tables"].size() + document["lines"].size();

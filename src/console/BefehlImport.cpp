@@ -34,6 +34,12 @@ ExitCode Fehler_Melden(const Console& console, const ImportPlan& plan) {
     return ExitCode::Fault;
 }
 
+ImportReport Schreiben(const Umgebung& world, const Console& console, const ImportPlan& plan) {
+    const DataLock lock(world.DatPfad(), DataLock::Use::Replace);
+    Sperre_Holen(lock, console);
+    return Import_Schreiben(world.Welt.Files, world.DatPfad(), world.Welt.Now(), plan);
+}
+
 ExitCode Bericht_Ausgeben(const Console& console, const ImportReport& report) {
     for (const std::string& fault : report.Faults) {
         console.Meldung(fault);
@@ -120,10 +126,15 @@ ExitCode Befehl_Import(const Umgebung& world, const Console& console, const std:
     if (!plan.Faults.empty()) {
         return Fehler_Melden(console, plan);
     }
+    // Made before it is claimed; when that fails, the writing says so.
+    world.Welt.Files.MakeDirectory(world.DatPfad());
+    if (const std::string why = world.Daten_Beanspruchen(); !why.empty()) {
+        return console.Fehlschlag("import", {why});
+    }
     if (world.Welt.Files.Sweep) {
         world.Welt.Files.Sweep(world.DatPfad(), Dateinamen());
     }
-    return Bericht_Ausgeben(console, Import_Schreiben(world.Welt.Files, world.DatPfad(), world.Welt.Now(), plan));
+    return Bericht_Ausgeben(console, Schreiben(world, console, plan));
 }
 
 } // namespace qvm

@@ -88,8 +88,8 @@ ExitCode Befehl_Lauf(const Umgebung& world, const Console& console, const Option
     }
     AbbruchSignal signal;
     Programm program(world.Welt, world.AppPath);
-    if (Programm_Start(program, false) == StartResult::NoDirectory) {
-        return console.Fehlschlag(word, {"The directories DAT and HIST cannot be made in " + world.AppPath + "."});
+    if (const std::string why = Programm_Beginnen(program, world); !why.empty()) {
+        return console.Fehlschlag(word, {why});
     }
     if (!Dateien_Vorpruefen(console, word, program, options.Locks, options.Wanted == Command::Program, options.Force)) {
         return ExitCode::Fault;

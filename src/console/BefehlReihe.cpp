@@ -44,8 +44,7 @@ std::vector<std::string> Hindernisse(Programm& program, const std::vector<int>& 
 
 /// One document a line, so that a reader can follow the list.
 void Zeile_Ausgeben(const Umgebung& world, const Console& console, const LockResult& result) {
-    console.Out << Ergebnis_Json(world, result).dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace)
-                << '\n';
+    console.Out << Json_Text(Ergebnis_Json(world, result), -1) << '\n';
     console.Out.flush();
 }
 
@@ -86,8 +85,8 @@ ExitCode Befehl_Reihe(const Umgebung& world, const Console& console, const Optio
     }
     AbbruchSignal signal;
     Programm program(world.Welt, world.AppPath);
-    if (Programm_Start(program, false) == StartResult::NoDirectory) {
-        return console.Fehlschlag(RunWord, {"The directories DAT and HIST cannot be made in " + world.AppPath + "."});
+    if (const std::string why = Programm_Beginnen(program, world); !why.empty()) {
+        return console.Fehlschlag(RunWord, {why});
     }
     if (!Dateien_Vorpruefen(console, RunWord, program, options.Locks, !options.HistoryOnly, options.Force)) {
         return ExitCode::Fault;

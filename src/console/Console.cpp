@@ -1,8 +1,9 @@
 #include "Console.h"
 
+#include "Steuerzeichen.h"
 #include "Text.h"
 
-#include <algorithm>
+#include <cstddef>
 #include <nlohmann/json.hpp>
 #include <ostream>
 #include <sys/stat.h>
@@ -10,8 +11,7 @@
 namespace qvm {
 
 void Console::Ergebnis(const nlohmann::ordered_json& document) const {
-    // A path of a file system need not be UTF-8.
-    Out << document.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) << '\n';
+    Out << Json_Text(document, 2) << '\n';
     Out.flush();
 }
 
@@ -40,25 +40,66 @@ std::string Umgebung::Datenverzeichnis_Fehler() const {
     return "There is no directory " + directory + ".";
 }
 
+std::string Umgebung::Daten_Beanspruchen() const {
+    const auto holder = Welt.ClaimData ? Welt.ClaimData(DatPfad()) : std::nullopt;
+    return holder ? Besitz_Meldung(*holder) : std::string();
+}
+
+int Ausgabe_Abschliessen(std::ostream& out, std::ostream& err, int exitCode) {
+    out.flush();
+    if (out.good()) {
+        return exitCode;
+    }
+    err << "Standard output cannot be written; not all of the result has arrived.\n";
+    err.flush();
+    return static_cast<int>(ExitCode::Fault);
+}
+
+std::string Besitzer_Text(const DataHolder& holder) {
+    std::string text = holder.Program.empty() ? "another program" : NachUtf8(holder.Program);
+    if (holder.Process > 0) {
+        text += " (process " + std::to_string(holder.Process) + ")";
+    }
+    return holder.User.empty() ? text : text + " of user " + NachUtf8(holder.User);
+}
+
+std::string Besitz_Meldung(const DataHolder& holder) {
+    return "The data files are in use by " + Besitzer_Text(holder) + ". Nothing was done.";
+}
+
+void Sperre_Holen(const DataLock& lock, const Console& console) {
+    if (!lock.Try()) {
+        console.Meldung("Waiting for " + Besitzer_Text(lock.Holder()) + ", which is at the data files.");
+        lock.Wait();
+    }
+}
+
 std::string Anzeigetext(std::string_view utf8) {
-    std::string text(utf8);
-    std::replace_if(
-        text.begin(), text.end(),
-        [](char c) {
-            const auto byte = static_cast<unsigned char>(c);
-            return byte < 0x20 || byte == 0x7F;
-        },
-        ' ');
-    return text;
+    return Steuerzeichen_Ersetzen_Utf8(utf8);
 }
 
 std::string Anzeige_Aus_1252(std::string_view cp1252) {
-    // The undefined bytes of the code page become the control characters of the same number.
-    std::string text(cp1252);
-    std::replace_if(
-        text.begin(), text.end(),
-        [](char c) { return std::string_view("\x81\x8D\x8F\x90\x9D").find(c) != std::string_view::npos; }, '?');
-    return Anzeigetext(NachUtf8(text));
+    return NachUtf8(Steuerzeichen_Ersetzen(cp1252));
+}
+
+std::string Json_Text(const nlohmann::ordered_json& document, int indent) {
+    // A path of a file system need not be UTF-8.
+    const std::string text = document.dump(indent, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
+    std::string escaped;
+    escaped.reserve(text.size());
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const auto byte = static_cast<unsigned char>(text[at]);
+        const auto next = static_cast<unsigned char>(at + 1 < text.size() ? text[at + 1] : '\0');
+        if (byte == 0x7F) {
+            escaped += "\\u007f";
+        } else if (byte == 0xC2 && next <= 0x9F) {
+            escaped += "\\u00" + HexText(next, 2);
+            ++at;
+        } else {
+            escaped += text[at];
+        }
+    }
+    return escaped;
 }
 
 } // namespace qvm

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "DataLock.h"
 #include "Platform.h"
 
 #include <iosfwd>
@@ -44,7 +45,24 @@ struct Umgebung {
     /// Empty when there is a data directory, otherwise a message. A mistyped --dir must not look like an installation
     /// without data.
     std::string Datenverzeichnis_Fehler() const;
+    /// Takes the right to write the data files. Empty when it was had, otherwise a message that says who has it.
+    std::string Daten_Beanspruchen() const;
 };
+
+/// "qvm7702 (process 4711) of user anna", as far as it is known.
+std::string Besitzer_Text(const DataHolder& holder);
+
+/// The sentence with which a command is refused that may write, beside another program that may.
+std::string Besitz_Meldung(const DataHolder& holder);
+
+/// Waits until files that belong together can be read, or replaced, as `lock` says; says so when that is not at once.
+void Sperre_Holen(const DataLock& lock, const Console& console);
+
+/// The end of a program that exits with `exitCode`: ExitCode::Fault and a word on `err` when `out` did not take all.
+int Ausgabe_Abschliessen(std::ostream& out, std::ostream& err, int exitCode);
+
+/// A document as text, control characters escaped, of which JSON itself leaves some as they are. Indent -1: one line.
+std::string Json_Text(const nlohmann::ordered_json& document, int indent);
 
 /// Text for a terminal: control characters replaced, so that a name from a file cannot steer it.
 std::string Anzeigetext(std::string_view utf8);

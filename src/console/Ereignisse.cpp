@@ -1,6 +1,7 @@
 #include "Ereignisse.h"
 
 #include "Console.h"
+#include "Csv.h"
 #include "Text.h"
 
 #include <algorithm>
@@ -15,17 +16,6 @@ constexpr std::size_t Columns = HistoryFieldCount;
 
 std::array<std::string, Columns + 1> Zellen(const HistoryEvent& event) {
     return {std::string(RTrim(event.Name)), event.Date, event.Time, event.Event, event.State};
-}
-
-std::string Csv_Feld(const std::string& text) {
-    if (text.find_first_of(";\"") == std::string::npos) {
-        return text;
-    }
-    std::string quoted = "\"";
-    for (const char character : text) {
-        quoted += character == '"' ? "\"\"" : std::string(1, character);
-    }
-    return quoted + "\"";
 }
 
 } // namespace

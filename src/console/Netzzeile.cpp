@@ -48,6 +48,12 @@ std::string Grund(const Programm& program, const LaufAuftrag& order, int row, Lo
     // That it was passed over says less than why.
     const std::string& check = program.F91.Pruefergebnis(row);
     const bool passed = text == program.kern.Zeile(261) && !check.empty();
+    const SerialPort& port = program.kern.Welt.Port;
+    const PortFault fault = port.LastFault ? port.LastFault() : PortFault();
+    const bool held = fault.What == PortFault::Kind::Held || fault.What == PortFault::Kind::HeldByService;
+    if (end == LockEnd::Fault && !passed && held) {
+        return Anzeige_Aus_1252(PortFault_Text(program.kern, fault));
+    }
     return Anzeige_Aus_1252(passed ? check : text);
 }
 

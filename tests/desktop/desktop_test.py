@@ -4,6 +4,7 @@
     dbus-run-session -- desktop_test.py BUILD [TEST...]
 """
 import datetime
+import fcntl
 import os
 import signal
 import subprocess
@@ -97,6 +98,23 @@ class Desktop(unittest.TestCase):
 
     def expect_ended(self):
         self.assertEqual(self.process.wait(PATIENCE), 0)
+
+    def test_is_refused_beside_a_program_of_another_login_that_may_write(self):
+        directory = os.open(self.house.place + "DAT", os.O_RDONLY)
+        self.addCleanup(os.close, directory)
+        fcntl.flock(directory, fcntl.LOCK_EX)
+        self.start()
+        self.program.wait(LABEL, rf"Another program is working on the data files: [^,]+, {os.getpid()}, .*")
+        self.program.press("OK")
+        self.assertEqual(self.process.wait(PATIENCE), 1)
+
+    def test_keeps_an_import_out_while_it_runs(self):
+        self.start()
+        self.light("Not connected")
+        refused = self.house.import_document({"format": "qvm7702-export", "version": 1,
+                                              "tables": {"LockEmiRecord": []}})
+        self.assertEqual(refused.returncode, 1)
+        self.assertIn(f"The data files are in use by qvm7702 (process {self.process.pid}) of user ", refused.stderr)
 
     def test_finds_the_adapter_and_programs_a_lock_by_mouse(self):
         self.start()

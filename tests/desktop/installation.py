@@ -90,10 +90,14 @@ class Installation:
             shutil.copy(file, self.place)
         shutil.copy(build + "/src/qvm7702", self.place)
         document = {"format": "qvm7702-export", "version": 1, "tables": tables(), "lines": configuration(language)}
-        subprocess.run([build + "/src/console/qvmctl", "--dir", self.place, "import", "-"], check=True,
-                       input=json.dumps(document), text=True, stdout=subprocess.DEVNULL)
+        self.import_document(document).check_returncode()
         with open(self.place + "world.json", "w", encoding="utf-8") as file:
             json.dump(WORLD, file)
+
+    def import_document(self, document):
+        """Gives the finished import."""
+        return subprocess.run([self.build + "/src/console/qvmctl", "--dir", self.place, "import", "-"], check=False,
+                              input=json.dumps(document), text=True, capture_output=True)
 
     def start_simulator(self, *options):
         """`options`: as --pace or --fault."""

@@ -1,11 +1,11 @@
 #include "Hauptprogramm.h"
 #include "PcClock.h"
+#include "ProcessStart.h"
 #include "QtPlatform.h"
 #include "Zeit.h"
 
 #include <QCoreApplication>
 
-#include <csignal>
 #include <iostream>
 #include <unistd.h>
 
@@ -23,13 +23,13 @@ std::string ProgramDirectory(const std::string& wanted) {
 
 int main(int argc, char** argv) {
     // A reader of the output that goes away must not end a session with a lock half way.
-    std::signal(SIGPIPE, SIG_IGN);
+    qvm::Process_Start();
     QCoreApplication application(argc, argv);
     int exitCode = 0;
     const auto options =
         qvm::Befehlszeile_Lesen(argc, argv, qvm::Heute(qvm::Clock_Now()), std::cout, std::cerr, exitCode);
     if (!options) {
-        return exitCode;
+        return qvm::Ausgabe_Abschliessen(std::cout, std::cerr, exitCode);
     }
     const std::string directory = ProgramDirectory(options->Directory);
     qvm::PlatformOptions world;
@@ -41,5 +41,6 @@ int main(int argc, char** argv) {
     const qvm::Console console{
         .Out = std::cout, .Err = std::cerr, .Json = options->Json, .Terminal = ::isatty(STDERR_FILENO) == 1};
     const qvm::Umgebung surroundings{.Welt = platform.World(), .AppPath = directory};
-    return static_cast<int>(qvm::Befehl_Ausfuehren(surroundings, console, *options));
+    const auto done = static_cast<int>(qvm::Befehl_Ausfuehren(surroundings, console, *options));
+    return qvm::Ausgabe_Abschliessen(std::cout, std::cerr, done);
 }
