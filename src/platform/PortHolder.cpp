@@ -3,11 +3,17 @@
 #include "ProcessNames.h"
 
 #include <algorithm>
+#include <array>
 #include <cctype>
+#include <cstdint>
+#include <cstdio>
 #include <dirent.h>
+#include <fcntl.h>
 #include <memory>
+#include <sstream>
 #include <string_view>
 #include <sys/stat.h>
+#include <sys/sysmacros.h>
 #include <unistd.h>
 #include <vector>
 
@@ -33,14 +39,55 @@ bool IsNumber(std::string_view name) {
            std::all_of(name.begin(), name.end(), [](unsigned char digit) { return std::isdigit(digit) != 0; });
 }
 
-bool Holds(const std::string& process, dev_t device, const std::string& except) {
+/// True when both are the same device. A number of its own has a device whatever node leads to it, but for the
+/// terminals of /dev/pts: each mount of that directory counts its own from 0.
+bool SameDevice(const struct stat& a, const struct stat& b) {
+    constexpr unsigned firstTerminal = 136, lastTerminal = 143;
+    const unsigned kind = major(a.st_rdev);
+    const bool counted = kind >= firstTerminal && kind <= lastTerminal;
+    return S_ISCHR(b.st_mode) && a.st_rdev == b.st_rdev && (!counted || a.st_dev == b.st_dev);
+}
+
+bool Holds(const std::string& process, const struct stat& device, const std::string& except) {
     const std::string handles = process + "/fd/";
     const std::vector<std::string> names = Entries(handles);
     return std::any_of(names.begin(), names.end(), [&](const std::string& name) {
         struct stat info {};
         return IsNumber(name) && name != except && ::stat((handles + name).c_str(), &info) == 0 &&
-               S_ISCHR(info.st_mode) && info.st_rdev == device;
+               SameDevice(device, info);
     });
+}
+
+std::string TextOf(const std::string& path) {
+    std::string text;
+    std::array<char, 4096> piece{};
+    const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    for (ssize_t count = 1; file >= 0 && count > 0;) {
+        count = ::read(file, piece.data(), piece.size());
+        text.append(piece.data(), count > 0 ? static_cast<std::size_t>(count) : 0);
+    }
+    if (file >= 0) {
+        ::close(file);
+    }
+    return text;
+}
+
+/// Number of the process that holds the advisory lock of a serial port's node, as this program does; empty when none
+/// does. Everybody may read the system's list, and it names programs, too, whose open files are hidden.
+std::string LockHolder(const struct stat& node) {
+    std::array<char, 64> place{};
+    std::snprintf(place.data(), place.size(), "%02x:%02x:%ju", major(node.st_dev), minor(node.st_dev),
+                  static_cast<std::uintmax_t>(node.st_ino));
+    std::istringstream lines(TextOf("/proc/locks"));
+    for (std::string line; std::getline(lines, line);) {
+        std::istringstream words(line);
+        std::string number, kind, how, access, process, where;
+        words >> number >> kind >> how >> access >> process >> where;
+        if (kind == "FLOCK" && where == place.data() && IsNumber(process) && process != "0") {
+            return process;
+        }
+    }
+    return {};
 }
 
 std::string Named(const std::string& name, const std::string& number) {
@@ -58,11 +105,12 @@ std::string PortHolder_Name(const std::string& device, int ownHandle) {
     for (const std::string& number : Entries("/proc")) {
         const std::string process = "/proc/" + number;
         const std::string except = number == self ? std::to_string(ownHandle) : std::string();
-        if (IsNumber(number) && Holds(process, info.st_rdev, except)) {
+        if (IsNumber(number) && Holds(process, info, except)) {
             return Named(Process_Name(number), number);
         }
     }
-    return {};
+    const std::string holder = LockHolder(info);
+    return holder.empty() || holder == self ? std::string() : Named(Process_Name(holder), holder);
 }
 
 bool PortHolder_IsService(std::string_view holder) {

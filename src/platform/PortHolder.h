@@ -6,7 +6,9 @@
 namespace qvm {
 
 /// "name (process number)" of a process that has the device open, by a handle other than this program's `ownHandle`;
-/// empty when the system tells none. Processes of other users are hidden from all but the administrator. UTF-8.
+/// empty when the system tells none. What a process has open goes by the file itself, not by its path. The open files
+/// of other users, and of this program, are hidden from all but the administrator; of them only those are found that
+/// hold the advisory lock of the device, as this program does. UTF-8.
 std::string PortHolder_Name(const std::string& device, int ownHandle = -1);
 
 /// True when a name that PortHolder_Name gave is one of the system's services that open every new serial port for some

@@ -1,5 +1,6 @@
 #include "Hauptprogramm.h"
 #include "PcClock.h"
+#include "ProcessGuard.h"
 #include "ProcessStart.h"
 #include "QtPlatform.h"
 #include "Zeit.h"
@@ -22,6 +23,7 @@ std::string ProgramDirectory(const std::string& wanted) {
 } // namespace
 
 int main(int argc, char** argv) {
+    qvm::Memory_Protect();
     // A reader of the output that goes away must not end a session with a lock half way.
     qvm::Process_Start();
     QCoreApplication application(argc, argv);

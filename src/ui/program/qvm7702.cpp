@@ -3,6 +3,7 @@
 #include "FrontWindow.h"
 #include "Messages.h"
 #include "Oberflaeche.h"
+#include "ProcessGuard.h"
 #include "ProcessStart.h"
 #include "Programm.h"
 #include "QtPlatform.h"
@@ -72,6 +73,7 @@ void EndSoon() {
 } // namespace
 
 int main(int argc, char** argv) {
+    qvm::Memory_Protect();
     // The far end of a socket may go away while it is told something.
     qvm::Process_Start();
     QApplication application(argc, argv);
