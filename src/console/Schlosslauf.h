@@ -3,6 +3,7 @@
 #include "Fortschritt.h"
 #include "Optionen.h"
 #include "Programm.h"
+#include "Secret.h"
 
 #include <functional>
 #include <string>
@@ -12,6 +13,8 @@ namespace qvm {
 
 /// What the locks of one command line are to get.
 struct LaufAuftrag {
+    ~LaufAuftrag() { Vergessen(Code); }
+
     bool HistoryOnly = false;  ///< column 10 of the lock grid instead of column 9
     bool HistoryFirst = false; ///< Yes at the question before programming
     std::optional<Datum> Since;

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <array>
-#include <cstdint>
+#include "Secret.h"
+
 #include <functional>
 #include <string>
 #include <string_view>
@@ -14,7 +14,7 @@ struct AdapterSatz {
     std::string Adresse; ///< four decimal bytes, each preceded by "/"
     std::string Name;    ///< begins "PROGSTATION" or "ENROLLMENT1"
     std::string Port;    ///< port number as text
-    std::array<std::uint8_t, 16> TransferKey{};
+    Secret<16> TransferKey{};
 };
 
 /// Port of an adapter that is not there.

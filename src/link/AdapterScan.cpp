@@ -111,8 +111,8 @@ bool Satz_Fragen(const Suche& search, int port) {
     return Fragen(search, {.Port = port, .Satz = true}, RecordWait, reply, TelAdapterDaten_Senden);
 }
 
-/// The record in the reply.
-AdapterSatz Satz_Lesen(const Link& link, int port, const Probe& probe) {
+/// The record in the reply, which is forgotten: probe and record together give the transfer key away.
+AdapterSatz Satz_Lesen(Link& link, int port, const Probe& probe) {
     AdapterSatz adapter;
     for (int n = 0; n < RpAdapterDaten::AdapterAddress.Width; ++n) {
         adapter.Adresse += "/" + Ziffern(link.ReplyByte(RpAdapterDaten::AdapterAddress.Offset + n));
@@ -124,6 +124,9 @@ AdapterSatz Satz_Lesen(const Link& link, int port, const Probe& probe) {
         bytes[n] = link.ReplyByte(RpAdapterDaten::Key.Offset + static_cast<int>(n));
     }
     adapter.TransferKey = TransferKey_Bilden(bytes, probe);
+    Ueberschreiben(bytes);
+    Vergessen(link.Reply);
+    Empfang_Vergessen(link);
     return adapter;
 }
 

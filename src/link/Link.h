@@ -68,6 +68,8 @@ struct Link {
     int PortNummer = 0; ///< the port the link works on
 
     std::vector<std::uint8_t> TxWire; ///< the last telegram as it went over the line
+    int Dispatching = 0;              ///< calls of Antwort_Verteilen on the stack
+    bool ForgetFrame = false;         ///< the frame is to be overwritten when the last of them returns
 
     RunState Lauf;
     AnsweringDevice Device;
@@ -123,6 +125,12 @@ std::uint8_t Bereich_Pruefsumme_Rx(const Link& link, int count, int start);
 void Warte_Ticks(Link& link, int interval, int limit);
 /// Lets events go on for more than `seconds`, or until ReplySeen is set. Midnight makes no difference.
 void Warte_Antwort(Link& link, double seconds);
+
+/// Overwrites the administrator code, the session key, and the telegrams sent and received last. The next run brings
+/// its own. A frame that is being received is not touched.
+void Geheimnisse_Vergessen(Link& link);
+/// Overwrites the frame received last; inside the dispatcher, which may still read it, once that has returned.
+void Empfang_Vergessen(Link& link);
 
 /// The reply dispatcher: acts on the frame in RxBuffer.
 void Antwort_Verteilen(Link& link);

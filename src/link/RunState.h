@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Secret.h"
+
 #include <array>
 #include <cstdint>
 #include <string>
@@ -72,13 +74,13 @@ struct RunState {
     std::int64_t LastAnswer = 0; ///< Platform::Milliseconds of the last frame, or of the end of an ordered wait
 
     // Values that telegrams carry, set before the first telegram of a session.
-    AdminCodeBytes AdminCode{};
+    Secret<3> AdminCode; ///< gone when the run, or the list, has ended
     std::uint8_t FlagLockTimer = 0;
     std::uint8_t FlagCalendar = 0;
     std::uint8_t PriorityCode = 2;
     std::uint8_t LockMode = 0xFF; ///< 0xFF: TelSchlossModus is not sent
     std::uint8_t EraseOption = 0;
-    std::array<std::uint8_t, 16> SitzungsSchluessel{};
+    Secret<16> SitzungsSchluessel; ///< the same
 
     // Progress.
     int TelegramCounter = 0;

@@ -54,6 +54,7 @@ void Ausgeben(Link& link, TraceFrame::Direction way) {
     link.TxWire.clear();
     Stopfen(bytes, link.TxWire);
     link.kern.Welt.Port.Write(link.TxWire);
+    Ueberschreiben(frame);
 }
 
 void Kopfbytes(Link& link, std::uint8_t length, std::uint8_t code) {

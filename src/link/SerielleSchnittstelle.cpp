@@ -93,7 +93,27 @@ void Empfang_Byte(Link& link, std::uint8_t byte) {
     if (network && whole) {
         Netzwerk_Fertig(link, result);
     } else if (result == RxResult::Frame) {
+        ++link.Dispatching;
         Antwort_Verteilen(link);
+        --link.Dispatching;
+        if (link.ForgetFrame) {
+            Empfang_Vergessen(link);
+        }
+    }
+}
+
+void Geheimnisse_Vergessen(Link& link) {
+    link.Lauf.AdminCode.Loeschen();
+    link.Lauf.SitzungsSchluessel.Loeschen();
+    Ueberschreiben(link.TxBuffer);
+    Vergessen(link.TxWire);
+    Empfang_Vergessen(link);
+}
+
+void Empfang_Vergessen(Link& link) {
+    link.ForgetFrame = link.Dispatching > 0;
+    if (!link.ForgetFrame && link.Rx.RxIndex == 0) {
+        Ueberschreiben(link.Rx.RxBuffer);
     }
 }
 

@@ -18,7 +18,7 @@ void Block_Daten_Verschluesseln(Link& link) {
         const auto from = data + static_cast<std::ptrdiff_t>(half);
         std::transform(from, from + CipherBlock, block.begin(),
                        [](std::uint16_t word) { return static_cast<std::uint8_t>(word); });
-        link.kern.Welt.encryptData(block, link.Lauf.SitzungsSchluessel);
+        link.kern.Welt.encryptData(block, link.Lauf.SitzungsSchluessel.Bytes());
         std::copy(block.begin(), block.end(), from);
     }
 }

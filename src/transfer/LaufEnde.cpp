@@ -34,6 +34,10 @@ void Lauf_Beenden(Programmierlauf& run, RunOutcome outcome, std::string_view tex
         run.Bericht.Text = text;
         run.link.Lauf.Phase = RunPhase::None;
         run.link.Lauf.AbbruchWunsch = 0;
+        // A list uses them for its next row.
+        if (run.link.Lauf.RunRows == 0) {
+            Geheimnisse_Vergessen(run.link);
+        }
     }
 }
 

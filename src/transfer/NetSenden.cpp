@@ -18,7 +18,7 @@ void Block_Verschluesseln(const Netzlauf& run, int at) {
     auto words = run.link.TxBuffer.begin() + at;
     std::transform(words, words + CipherBlock, block.begin(),
                    [](std::uint16_t word) { return static_cast<std::uint8_t>(word); });
-    run.kern.Welt.encryptData(block, run.TransferKey);
+    run.kern.Welt.encryptData(block, run.TransferKey.Bytes());
     std::copy(block.begin(), block.end(), words);
 }
 
@@ -95,16 +95,22 @@ void Abwarten(const Netzlauf& run, int timeoutMs, unsigned number) {
 /// One telegram as it goes out: unstuffed for the trace, stuffed for the line.
 struct Sendung {
     std::vector<std::uint8_t> Frame, Wire;
+
+    Sendung() = default;
+    ~Sendung() {
+        Vergessen(Frame);
+        Vergessen(Wire);
+    }
+    Sendung(const Sendung&) = delete;
+    Sendung& operator=(const Sendung&) = delete;
 };
 
-Sendung Sendung_Bilden(const Link& link, int length) {
-    Sendung out;
+void Sendung_Bilden(const Link& link, int length, Sendung& out) {
     out.Frame.reserve(At(length + 1));
     std::transform(link.TxBuffer.begin(), link.TxBuffer.begin() + length + 1, std::back_inserter(out.Frame),
                    [](std::uint16_t word) { return static_cast<std::uint8_t>(word); });
     out.Wire.reserve(2 * out.Frame.size());
     Stopfen(out.Frame, out.Wire);
-    return out;
 }
 
 /// Two writes, and no pause between groups: 3000 turns of an empty loop, the pause that there once was, are
@@ -161,7 +167,8 @@ bool Net_Telegramm_Senden(Netzlauf& run, int length, bool wait, int timeoutMs, i
     // Once for all tries: the cipher works in place. The bytes are kept, as a wait may let others use the buffer.
     const int sent = Verschluesseln(run, length);
     Netz_Feld(run.link, NetzKopf::Sent, 1);
-    const Sendung out = Sendung_Bilden(run.link, sent);
+    Sendung out;
+    Sendung_Bilden(run.link, sent, out);
     run.Runde.Stop();
     run.Antworten.clear();
     Netz_Balken(run);

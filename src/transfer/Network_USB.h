@@ -85,7 +85,7 @@ struct Netzlauf {
 
     // Set before a row begins.
     std::uint8_t NetAdapter = DirectAdapterMark;
-    std::array<std::uint8_t, 16> TransferKey{}; ///< of the row's adapter. Never shown, logged or traced
+    Secret<16> TransferKey; ///< of the row's adapter. Never shown, logged or traced
     std::string LockName;                       ///< for the history file
     std::string SerialText;                     ///< for the history file, as the list shows it
 

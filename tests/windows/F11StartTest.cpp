@@ -246,7 +246,7 @@ TEST_F(F11_Adapter, of_the_lock_is_preselected_and_gives_port_and_transfer_key) 
     EXPECT_EQ(Dialog().Combo1.Selected, 0);
     Ok();
     EXPECT_EQ(world.PortNumber, 7);
-    EXPECT_THAT(Lauf().SitzungsSchluessel, ::testing::Each(0xA1));
+    EXPECT_THAT(Lauf().SitzungsSchluessel.Bytes(), ::testing::Each(0xA1));
     EXPECT_THAT(Tested, ElementsAre("/1/2/3/4"));
     EXPECT_THAT(SentCodes(), ElementsAre(0x04));
 }
@@ -258,7 +258,7 @@ TEST_F(F11_Adapter, chosen_by_hand_gives_port_and_transfer_key) {
     Ok();
     EXPECT_EQ(world.PortNumber, 9);
     EXPECT_EQ(programm->link.PortNummer, 9);
-    EXPECT_THAT(Lauf().SitzungsSchluessel, ::testing::Each(0xB2));
+    EXPECT_THAT(Lauf().SitzungsSchluessel.Bytes(), ::testing::Each(0xB2));
     EXPECT_THAT(Tested, ElementsAre("/5/6/7/8"));
 }
 

@@ -175,6 +175,8 @@ void F91::Ende(int line) {
     Timer_Anhalten();
     work_ = Work::None;
     running_ = false;
+    netz.TransferKey.Loeschen();
+    Geheimnisse_Vergessen(run.link);
     stopped_ = Steht = false;
     checkRow_ = 0;
     ProgStep.clear();
