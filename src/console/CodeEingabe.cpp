@@ -1,5 +1,8 @@
 #include "CodeEingabe.h"
 
+#include "Filter.h"
+
+#include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
 #include <poll.h>
@@ -113,11 +116,6 @@ std::string Aus_Datei(const std::string& from, const std::function<bool()>& inte
     return {};
 }
 
-bool Zeichen_Gueltig(char character) {
-    return (character >= '0' && character <= '9') || (character >= 'A' && character <= 'Z') ||
-           (character >= 'a' && character <= 'z');
-}
-
 } // namespace
 
 std::string Code_Holen(const std::string& from, const std::function<bool()>& interrupted, std::string& code) {
@@ -129,11 +127,10 @@ std::string Code_Holen(const std::string& from, const std::function<bool()>& int
     if (!code.empty() && code.back() == '\r') {
         code.pop_back();
     }
-    bool good = code.size() == CodeLength;
-    for (const char character : code) {
-        good = good && Zeichen_Gueltig(character);
-    }
-    return good ? "" : "The administrator code must have six digits or letters.";
+    const bool good = code.size() == CodeLength && std::all_of(code.begin(), code.end(), [](unsigned char character) {
+                          return Code_Ziffer(character) >= 0;
+                      });
+    return good ? "" : "The administrator code must have six digits, letters or marks of the keypad (+ , - . : ; _).";
 }
 
 } // namespace qvm

@@ -68,6 +68,11 @@ char F13_ASCII_FILTER(char character) {
     return Eines_Von(key, "+,-.") ? '1' : '0';
 }
 
+int Code_Ziffer(int key) {
+    const bool known = Ziffer(key) || Gross(key) || Klein(key) || Eines_Von(key, "+,-.:;_");
+    return known ? F13_ASCII_FILTER(static_cast<char>(key)) - '0' : -1;
+}
+
 int Name_Filter(int key) {
     constexpr std::string_view Umlauts = "\xC4\xD6\xDC\xDF\xE4\xF6\xFC";
     const bool umlaut = key >= 0x80 && key <= 0xFF && Umlauts.find(static_cast<char>(key)) != std::string_view::npos;

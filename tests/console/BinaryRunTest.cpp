@@ -207,7 +207,7 @@ TEST_F(BinaryRun, local_faults_are_one_document_on_request) {
     EXPECT_EQ(messages(Locks.Run({"--json", "--trace", "/dev/full", "program", "1"})),
               Json({"The trace file /dev/full cannot be written."}));
     EXPECT_EQ(messages(Qvmctl({"--dir", Locks.Directory.Path(), "--json", "program", "1", "--code-from", "-"}, "1\n")),
-              Json({"The administrator code must have six digits or letters."}));
+              Json({"The administrator code must have six digits, letters or marks of the keypad (+ , - . : ; _)."}));
     EXPECT_EQ(messages(Qvmctl({"--dir", Locks.Directory.Path(), "--json", "program", "1", "--code-from", "/no/code"})),
               Json({"The file /no/code is not there."}));
 }
@@ -225,6 +225,20 @@ TEST_F(BinaryRun, the_wait_for_a_code_from_a_pipe_can_be_stopped) {
     const RunResult result = run.Wait();
     EXPECT_EQ(result.Code, 1);
     EXPECT_EQ(result.Err, "No administrator code was given.\n");
+}
+
+TEST_F(BinaryRun, writes_no_core_file) {
+    const std::string pipe = Locks.Directory.Path() + "pipe", trace = Locks.Directory.Path() + "trace.txt";
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    Process run(QvmctlPath(), {"--dir", Locks.Directory.Path(), "--trace", trace, "program", "1", "--code-from", pipe});
+    while (!std::filesystem::exists(trace)) {
+        std::this_thread::yield();
+    }
+    std::ifstream limits("/proc/" + std::to_string(run.Id()) + "/limits");
+    const std::string text((std::istreambuf_iterator<char>(limits)), std::istreambuf_iterator<char>());
+    EXPECT_THAT(text, testing::ContainsRegex("Max core file size +0 +0 "));
+    run.Signal(SIGINT);
+    run.Wait();
 }
 
 TEST(Ende_Code, of_units_counts_the_worst) {
@@ -265,10 +279,19 @@ TEST_F(BinaryRun, a_code_of_another_length_is_a_local_fault) {
     for (const char* code : {"12345\n", "1234567\n", "", "12 456\n"}) {
         const RunResult result = Qvmctl({"--dir", Locks.Directory.Path(), "program", "1", "--code-from", "-"}, code);
         EXPECT_EQ(result.Code, 1);
-        EXPECT_EQ(result.Err, "The administrator code must have six digits or letters.\n");
+        EXPECT_EQ(result.Err,
+                  "The administrator code must have six digits, letters or marks of the keypad (+ , - . : ; _).\n");
     }
     Locks.Stop();
     EXPECT_EQ(Locks.State()["line"]["telegrams"], 0);
+}
+
+TEST_F(BinaryRun, the_marks_of_the_keypad_are_digits_of_the_code) {
+    // 104212: "+" is 1, ":" is 0.
+    Locks.Start();
+    const RunResult result = Qvmctl({"--dir", Locks.Directory.Path(), "program", "2", "--code-from", "-"}, "+:4212\n");
+    EXPECT_EQ(result.Code, 0) << result.Err;
+    Locks.Stop();
 }
 
 TEST_F(BinaryRun, the_code_may_stand_in_a_file_and_letters_are_those_of_a_keypad) {

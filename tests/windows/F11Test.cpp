@@ -266,7 +266,7 @@ void PrintTo(const CodeCase& c, std::ostream* out) {
 
 struct F11_Code : F11_Laden, ::testing::WithParamInterface<CodeCase> {};
 
-TEST_P(F11_Code, goes_by_the_keypad_and_packs_a_zero_as_A) {
+TEST_P(F11_Code, goes_by_the_keypad_passes_over_other_keys_and_packs_a_zero_as_A) {
     Open();
     Type(GetParam().Keys);
     Dialog().OK_Click();
@@ -278,7 +278,7 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(CodeCase{"000000", {0xAA, 0xAA, 0xAA}}, CodeCase{"190909", {0x19, 0xA9, 0xA9}},
                       CodeCase{"ADGJMP", {0x23, 0x45, 0x67}}, CodeCase{"TWacfi", {0x89, 0x22, 0x34}},
                       CodeCase{"losvzZ", {0x56, 0x78, 0x99}}, CodeCase{"+,-.:;", {0x11, 0x11, 0xAA}},
-                      CodeCase{"_1_2_3", {0xA1, 0xA2, 0xA3}}, CodeCase{"#\xE4 (7)", {0xAA, 0xAA, 0x7A}}));
+                      CodeCase{"_1_2_3", {0xA1, 0xA2, 0xA3}}, CodeCase{"#7\xE4 (8)9;:_", {0x78, 0x9A, 0xAA}}));
 
 } // namespace
 } // namespace qvm::test

@@ -102,13 +102,13 @@ void F11::Text1_KeyPress(int key) {
         }
         return;
     }
+    const int digit = Code_Ziffer(key);
     if (key == Key::Backspace) {
         count_ = std::max(0, count_ - 1);
-    } else if (key == Key::Escape || key == Key::Delete || key == Key::Tab || key < 0x20 || count_ >= CodeLength) {
+    } else if (digit < 0 || count_ >= CodeLength) {
         return;
     } else {
-        const char digit = F13_ASCII_FILTER(static_cast<char>(key));
-        codeDigits_[static_cast<std::size_t>(count_++)] = static_cast<std::uint8_t>(digit - '0');
+        codeDigits_[static_cast<std::size_t>(count_++)] = static_cast<std::uint8_t>(digit);
     }
     Text1.Text = std::string(static_cast<std::size_t>(count_), '*');
     Text1.Caret = count_;
@@ -116,7 +116,7 @@ void F11::Text1_KeyPress(int key) {
 }
 
 void F11::Eingabe_Leeren() {
-    codeDigits_.fill(0);
+    codeDigits_.Loeschen();
     count_ = 0;
     Text1.Text = std::string();
     Text1.Caret = 0;
@@ -190,6 +190,7 @@ bool F11::Code_Uebernehmen() {
         std::array<std::uint8_t, CodeLength> digits{};
         std::copy_n(codeDigits_.begin(), CodeLength, digits.begin());
         run.link.Lauf.AdminCode = AdminCode_Packen(digits);
+        Ueberschreiben(digits);
     } else {
         kern.Meldung(kern.Zeile(61), Buttons::Ok, Icon::Exclamation);
     }

@@ -54,7 +54,7 @@ struct F11 {
     void F11_Laden(F11Opener opener, const std::string& adapterName);
     /// Words from the catalogue anew.
     void Texte_Setzen();
-    /// One key in the code box.
+    /// One key in the code box. A key that stands for no digit changes nothing.
     void Text1_KeyPress(int key);
     void OK_Click();
     void Cancel_Click();
@@ -76,7 +76,7 @@ private:
     void Direkt_Starten();
     void Schliessen();
 
-    std::array<std::uint8_t, 8> codeDigits_{};
+    Secret<8> codeDigits_;
     int count_ = 0;
 };
 
