@@ -131,13 +131,13 @@ TEST_F(F13_FormLaden, gives_the_tool_buttons_their_tips_and_enables_the_list_key
     EXPECT_TRUE(history.Enabled);
 }
 
-TEST_F(F13_FormLaden, leaves_a_row_without_a_serial_white_and_without_a_picture) {
+TEST_F(F13_FormLaden, leaves_a_row_without_a_serial_white_and_shows_its_channel_all_the_same) {
     files.Lock(1, "Tor", "           ");
     files.Channel(1, "1", "3", "1");
     Begin();
     for (int column = 0; column < 16; ++column) {
         EXPECT_EQ(At(1, column).BackColor, White) << column;
-        EXPECT_EQ(At(1, column).Picture, 0) << column;
+        EXPECT_EQ(At(1, column).Picture, column == F13Column::Status ? ChannelPicture::Image7 : 0) << column;
     }
 }
 
@@ -164,7 +164,8 @@ TEST_F(F13_FormLaden, picks_the_status_picture_by_the_fourth_channel_field) {
     EXPECT_EQ(At(1, F13Column::Status).Picture, ChannelPicture::Image7);
     EXPECT_EQ(At(2, F13Column::Status).Picture, ChannelPicture::Image8);
     EXPECT_EQ(At(3, F13Column::Status).Picture, ChannelPicture::Image8);
-    EXPECT_EQ(At(4, F13Column::Status).Picture, ChannelPicture::Image8); // behind the end of the file
+    EXPECT_EQ(At(4, F13Column::Status).Picture, ChannelPicture::Image8);   // behind the end of the file
+    EXPECT_EQ(At(200, F13Column::Status).Picture, ChannelPicture::Image8); // a row without a lock
 }
 
 TEST_F(F13_FormLaden, without_an_adapter_leaves_the_adapter_columns_empty) {
@@ -224,7 +225,7 @@ TEST_F(F13_FormLaden, opened_again_shows_the_files_as_they_are_now) {
     EXPECT_EQ(Text(1, F13Column::Name), "Neu");
     EXPECT_EQ(Mark(1), "");
     EXPECT_EQ(At(1, F13Column::Program).BackColor, White);
-    EXPECT_EQ(At(1, F13Column::Status).Picture, 0);
+    EXPECT_EQ(At(1, F13Column::Status).Picture, ChannelPicture::Image8);
 }
 
 struct F13_Maus : FensterFixture {

@@ -74,12 +74,14 @@ TEST_F(F6_Name, an_unchanged_name_sends_nothing_and_says_nothing) {
     EXPECT_THAT(world.Shown, IsEmpty());
 }
 
-TEST_F(F6_Name, an_emptied_name_is_not_taken_and_asks_nothing) {
+TEST_F(F6_Name, an_emptied_name_is_not_taken_and_the_operator_is_told_why) {
     Open();
+    world.Answers.push_back({.Text = "Ein Funkadapter muss einen Namen haben, sonst findet ihn keine Suche. "
+                                     "Bitte geben Sie einen Namen ein."});
     Rename(1, "");
     EXPECT_EQ(Cell(1, F6Column::Name), "PROGSTATION 1");
     EXPECT_THAT(Names, IsEmpty());
-    EXPECT_THAT(world.Shown, IsEmpty());
+    EXPECT_EQ(world.Shown.size(), 1U);
     GoBack();
     EXPECT_EQ(returned, 1);
 }

@@ -57,8 +57,19 @@ TEST_F(F6_Fenster, the_automatic_mode_shows_the_grid_and_the_manual_one_the_list
     Open();
     EXPECT_FALSE(Adapters().Check1.Checked);
     EXPECT_FALSE(Adapters().FGK6.Visible);
-    EXPECT_FALSE(Adapters().Command1.Visible);
+    EXPECT_TRUE(Adapters().Command1.Visible);
     EXPECT_TRUE(Adapters().Combo1.Visible);
+}
+
+TEST_F(F6_Fenster, the_search_fills_the_grid_in_the_manual_mode_as_well) {
+    programm->kern.Config.PortAutomatik = "RESET";
+    Open();
+    ASSERT_TRUE(Adapters().Command1.Visible);
+    world.Disk.Files.erase(List);
+    const std::size_t before = world.Written.size();
+    Adapters().Command1_Click();
+    EXPECT_GT(world.Written.size(), before); // the adapter was asked for
+    EXPECT_FALSE(Adapters().FGK6.Visible);
 }
 
 TEST_F(F6_Fenster, the_device_manager_is_offered_where_there_is_one) {

@@ -144,6 +144,17 @@ TEST_F(F91_Fenster, passes_over_a_row_whose_adapter_is_unknown_after_a_second) {
     EXPECT_EQ(world.PortNumber, 5);
 }
 
+TEST_F(F91_Fenster, a_port_above_15_has_the_words_that_the_lock_grid_has_for_it) {
+    Config("SET", 3, 5);
+    Begin();
+    AddAdapter("/10/20/30/40", "PROGSTATION 1", "16");
+    programm->F13.FGK13.SetText(1, F13Column::AdapterId, "/10/20/30/40");
+    Prog({1});
+    world.RunUntil([this] { return Mark(1) == "-"; });
+    EXPECT_EQ(State(1), "L194");
+    EXPECT_THAT(world.Written, IsEmpty());
+}
+
 TEST_F(F91_Fenster, finds_the_adapter_by_its_name_too) {
     Config("SET", 3, 5);
     Begin();

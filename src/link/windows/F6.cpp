@@ -128,7 +128,6 @@ void F6::Zeilen_Zurueck(const std::vector<Zeile>& rows) {
 void F6::Modus_Zeigen() {
     const bool automatic = Check1.Checked;
     FGK6.Visible = automatic;
-    Command1.Visible = automatic; // what it finds goes into the grid
     Combo1.Visible = !automatic;
 }
 

@@ -4,6 +4,7 @@
 #include "AntwortLayouts.h"
 #include "F6.h"
 #include "SeriellesProtokoll.h"
+#include "Words.h"
 
 #include <algorithm>
 #include <iterator>
@@ -114,7 +115,11 @@ void F6::Editor_Uebernehmen() {
     const std::string oldName = FGK6.Text(row, F6Column::Name);
     Editor_Schliessen();
     const bool due = FGK6.At(row, F6Column::Name).BackColor == ChangedName;
-    if (name.empty() || (name == oldName && !due)) { // no search would find an adapter without a name
+    if (name == oldName && !due) {
+        return;
+    }
+    if (name.empty()) { // no search would find an adapter without a name
+        kern.Meldung(Wort(kern, Word::AdapterNameMissing), Buttons::Ok, Icon::Exclamation, InfoTitle);
         return;
     }
     if (Name_Vergeben(row, name)) {

@@ -122,10 +122,8 @@ void F13::RFk_IconLoad() {
     RecordFile channels(ChannelRecord::Record);
     Lesen(channels);
     for (int row = 1; row < FGK13.Rows(); ++row) {
-        if (!FGK13.Text(row, F13Column::Serial).empty()) {
-            const bool pending = channels.Text(row, ChannelRecord::LockChange) == "1";
-            FGK13.SetPicture(row, F13Column::Status, pending ? ChannelPicture::Image7 : ChannelPicture::Image8);
-        }
+        const bool pending = channels.Text(row, ChannelRecord::LockChange) == "1";
+        FGK13.SetPicture(row, F13Column::Status, pending ? ChannelPicture::Image7 : ChannelPicture::Image8);
     }
 }
 

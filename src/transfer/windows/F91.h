@@ -156,7 +156,7 @@ private:
     bool Zeile_Suchen(int& runRow, bool programming);
     // ---- adapters (F91Adapter.cpp)
 
-    enum class Anschluss : std::uint8_t { Offen, Zu, Keiner };
+    enum class Anschluss : std::uint8_t { Offen, Zu, ZuHoch, Keiner };
 
     void Tick_Adaptersuche();
     /// Asks all ports, again when they change meanwhile. Lets events go on; the list may have been stopped behind it.

@@ -13,7 +13,7 @@ namespace {
 /// A node that was just plugged needs a moment until it may be opened.
 constexpr int SearchDelay = 200;
 constexpr int LowestPort = 1, HighestPort = 15;
-constexpr int LineNotReached = 66, LineNoAdapter = 262, LineNoPort = 276;
+constexpr int LineNotReached = 66, LineTooHigh = 194, LineNoAdapter = 262, LineNoPort = 276;
 
 } // namespace
 
@@ -108,6 +108,9 @@ F91::Anschluss F91::Anschluss_Oeffnen(int row) {
     } else {
         Adapter_Test(netz, {});
     }
+    if (port > HighestPort && port != KeinPort) {
+        return Anschluss::ZuHoch;
+    }
     if (port < LowestPort || port > HighestPort) {
         return Anschluss::Keiner;
     }
@@ -132,8 +135,9 @@ bool F91::Adapter_Waehlen(int& runRow) {
         Zeile_Uebergehen(runRow, ListMark::Failed, kern.Zeile(Unberuehrt(runRow) ? LineNoPort : LineNotReached));
         return false;
     }
-    if (found == Anschluss::Keiner) {
-        Zeile_Uebergehen(runRow, ListMark::PassedOver, kern.Zeile(LineNoAdapter));
+    if (found == Anschluss::Keiner || found == Anschluss::ZuHoch) {
+        const int line = found == Anschluss::ZuHoch ? LineTooHigh : LineNoAdapter;
+        Zeile_Uebergehen(runRow, ListMark::PassedOver, kern.Zeile(line));
         return false;
     }
     // A port that cannot be opened shows at the first telegram.
