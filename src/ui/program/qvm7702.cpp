@@ -54,7 +54,7 @@ void TellNoDirectory(qvm::ui::MessageBoxes& boxes, const std::string& directory)
                 .Sign = qvm::Icon::Exclamation});
 }
 
-void TellDataHeld(const qvm::ui::MessageBoxes& boxes, const qvm::Programm& programm) {
+void TellDataHeld(qvm::ui::MessageBoxes& boxes, const qvm::Programm& programm) {
     boxes.show({.Text = qvm::Datenbesitzer_Text(programm),
                 .Title = std::string(qvm::SystemTitle),
                 .Sign = qvm::Icon::Exclamation});
