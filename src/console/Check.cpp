@@ -63,9 +63,8 @@ void Dateien_Pruefen(CheckStand& stand) {
         Zeichen_Pruefen(stand, *layout);
     }
     for (const LineFile& entry : Zeilendateien()) {
-        FileFault fault = FileFault::None;
-        const auto lines = stand.Zeilen(entry.File, &fault);
-        if (fault != FileFault::None) {
+        const auto lines = stand.Zeilen(entry.File);
+        if (const FileFault fault = stand.Lesefehler(entry.File); fault != FileFault::None) {
             stand.Findings.push_back(Befund_Unlesbar(entry.File, entry.File, fault));
         }
         for (std::size_t n = 0; lines && n < lines->size(); ++n) {

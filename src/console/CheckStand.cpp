@@ -10,12 +10,21 @@
 
 namespace qvm {
 
-CheckStand::CheckStand(const FileStore& files, const std::string& directory) : files_(files), directory_(directory) {
+CheckStand::CheckStand(const FileStore& files, const std::string& directory) {
     for (const RecordLayout* layout : Satztabellen()) {
         RecordFile file(*layout);
         const ReadStatus status = file.Laden(files, directory);
         const FileFault fault = status == ReadStatus::Error ? qvm::Lesefehler(files) : FileFault::None;
         tables_.emplace(layout->Name, Entry{std::move(file), status, fault});
+    }
+    for (const LineFile& entry : Zeilendateien()) {
+        std::string bytes;
+        const ReadStatus status = files.ReadAll(directory + std::string(entry.File), bytes);
+        LineEntry& held = lines_[entry.File];
+        held.Fault = status == ReadStatus::Error ? qvm::Lesefehler(files) : FileFault::None;
+        if (status == ReadStatus::Ok) {
+            held.Bytes = std::move(bytes);
+        }
     }
 }
 
@@ -40,21 +49,16 @@ std::string CheckStand::Text(const RecordLayout& layout, int record, const Recor
 }
 
 std::optional<std::string> CheckStand::Bytes(std::string_view file) const {
-    std::string bytes;
-    const ReadStatus status = files_.ReadAll(directory_ + std::string(file), bytes);
-    return status == ReadStatus::Ok ? std::optional(std::move(bytes)) : std::nullopt;
+    return lines_.at(file).Bytes;
 }
 
-std::optional<std::vector<std::string>> CheckStand::Zeilen(std::string_view file, FileFault* fault) const {
-    std::string bytes;
-    const ReadStatus status = files_.ReadAll(directory_ + std::string(file), bytes);
-    if (fault != nullptr) {
-        *fault = status == ReadStatus::Error ? qvm::Lesefehler(files_) : FileFault::None;
-    }
-    if (status != ReadStatus::Ok) {
-        return std::nullopt;
-    }
-    return Zeilen_Lesen(bytes);
+std::optional<std::vector<std::string>> CheckStand::Zeilen(std::string_view file) const {
+    const std::optional<std::string>& bytes = lines_.at(file).Bytes;
+    return bytes ? std::optional(Zeilen_Lesen(*bytes)) : std::nullopt;
+}
+
+FileFault CheckStand::Lesefehler(std::string_view file) const {
+    return lines_.at(file).Fault;
 }
 
 void CheckStand::Melden(std::string_view kind, std::string_view table, int record, std::string_view field,

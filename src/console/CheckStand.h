@@ -25,10 +25,12 @@ public:
     /// Highest record that the file holds and a reader looks at.
     int Letzter(const RecordLayout& layout) const;
     std::string Text(const RecordLayout& layout, int record, const RecordField& field) const;
-    /// The bytes of a file of the directory; nothing when it is missing or cannot be read.
+    /// The bytes of a line file; nothing when it is missing or could not be read.
     std::optional<std::string> Bytes(std::string_view file) const;
-    /// The lines of a line file; nothing when it is missing or cannot be read, which `fault` tells apart.
-    std::optional<std::vector<std::string>> Zeilen(std::string_view file, FileFault* fault = nullptr) const;
+    /// The same as lines.
+    std::optional<std::vector<std::string>> Zeilen(std::string_view file) const;
+    /// Why a line file that is there could not be read; None when it was read or is missing.
+    FileFault Lesefehler(std::string_view file) const;
 
     void Melden(std::string_view kind, const RecordLayout& layout, int record, std::string_view field,
                 std::string text) {
@@ -44,9 +46,12 @@ private:
         ReadStatus Status;
         FileFault Fault;
     };
-    const FileStore& files_;
-    std::string directory_;
+    struct LineEntry {
+        std::optional<std::string> Bytes;
+        FileFault Fault;
+    };
     std::map<std::string_view, Entry> tables_;
+    std::map<std::string_view, LineEntry> lines_;
 };
 
 /// Tells for each text whether it stood before, and in which record.

@@ -259,15 +259,14 @@ bool WriteAt(const std::string& path, std::uint64_t offset, std::string_view byt
     FileHandle file(*name, O_RDWR | O_CREAT | O_NONBLOCK, FileMode);
     const auto at = static_cast<off_t>(offset);
     const Before old = file.Good() ? Remember(file, at, bytes.size()) : Before{};
-    if (!old.Known) {
-        return false;
-    }
     // The system reads a gap as 0x00. What is on the disk stays there, whatever closing says.
-    if (file.WriteAt(bytes, at) && ::fdatasync(file.Number()) == 0) {
+    if (old.Known && file.WriteAt(bytes, at) && ::fdatasync(file.Number()) == 0) {
         return true;
     }
-    PutBack(file, at, old);
-    if (before == ReadStatus::Missing) {
+    if (old.Known) {
+        PutBack(file, at, old);
+    }
+    if (file.Good() && before == ReadStatus::Missing) {
         ::unlink(name->c_str());
     }
     return false;
@@ -281,13 +280,16 @@ bool Append(const std::string& path, std::string_view bytes) {
     }
     FileHandle file(*name, O_WRONLY | O_APPEND | O_CREAT | O_NONBLOCK, FileMode);
     struct stat info {};
-    if (!file.Good() || ::fstat(file.Number(), &info) != 0 || !S_ISREG(info.st_mode)) {
+    if (!file.Good()) {
         return false;
     }
-    if (file.Write(bytes)) {
+    const bool known = ::fstat(file.Number(), &info) == 0 && S_ISREG(info.st_mode);
+    if (known && file.Write(bytes)) {
         return file.Close();
     }
-    [[maybe_unused]] const int done = ::ftruncate(file.Number(), info.st_size);
+    if (known) {
+        [[maybe_unused]] const int done = ::ftruncate(file.Number(), info.st_size);
+    }
     if (before == ReadStatus::Missing) {
         ::unlink(name->c_str());
     }
