@@ -5,8 +5,6 @@
 #include "Zeilen.h"
 
 #include <algorithm>
-#include <string_view>
-#include <vector>
 
 namespace qvm {
 
@@ -45,23 +43,30 @@ void Sprache_Defaults(Sprachkatalog& katalog) {
     katalog.FeiertagsTexte = defaults.FeiertagsTexte;
 }
 
-SprachdateiStatus Sprachdatei_Laden(Kern& kern) {
-    const std::string name(Trim(kern.Config.Sprache));
+std::optional<std::vector<std::string>> Sprachdatei_Lesen(const Kern& kern, std::string_view language) {
+    const std::string name(Trim(language));
     std::string bytes;
     if (!Sprachname_Gueltig(name) ||
         kern.Welt.Files.ReadAll(kern.AppPath + "QVM_" + name + ".DAT", bytes) != ReadStatus::Ok) {
+        return std::nullopt;
+    }
+    return Zeilen_Lesen(bytes);
+}
+
+SprachdateiStatus Sprachdatei_Laden(Kern& kern) {
+    const auto lines = Sprachdatei_Lesen(kern, kern.Config.Sprache);
+    if (!lines) {
         return SprachdateiStatus::Fehlt;
     }
     Sprachkatalog& katalog = kern.Sprache;
-    const std::vector<std::string> lines = Zeilen_Lesen(bytes);
-    const std::size_t used = std::min<std::size_t>(lines.size(), Sprachkatalog::Zeilen - 1);
+    const std::size_t used = std::min<std::size_t>(lines->size(), Sprachkatalog::Zeilen - 1);
     katalog.LanguageText.fill({});
-    std::copy_n(lines.begin(), used, katalog.LanguageText.begin() + 1);
+    std::copy_n(lines->begin(), used, katalog.LanguageText.begin() + 1);
 
     Sprache_Defaults(katalog);
     Beschriften(katalog.TagTexte, TagZeilen, katalog);
     Beschriften(katalog.FeiertagsTexte, FeiertagsZeilen, katalog);
-    return used < lines.size() ? SprachdateiStatus::ZuLang : SprachdateiStatus::Geladen;
+    return used < lines->size() ? SprachdateiStatus::ZuLang : SprachdateiStatus::Geladen;
 }
 
 } // namespace qvm

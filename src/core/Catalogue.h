@@ -2,7 +2,10 @@
 
 #include <array>
 #include <cstddef>
+#include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace qvm {
 
@@ -24,6 +27,10 @@ struct Sprachkatalog {
 
 /// The German labels that stand before the language file is read.
 void Sprache_Defaults(Sprachkatalog& katalog);
+
+/// The lines of AppPath/QVM_<language>.DAT, line n of the catalogue at index n - 1; there may be fewer of them, or
+/// more. Nothing when the file is missing or cannot be read, or when the name would lead to another directory.
+std::optional<std::vector<std::string>> Sprachdatei_Lesen(const Kern& kern, std::string_view language);
 
 enum class SprachdateiStatus { Geladen, Fehlt, ZuLang };
 

@@ -56,6 +56,22 @@ TEST_F(Sprachdatei, line_1_of_the_file_is_line_1_of_the_catalogue) {
     EXPECT_EQ(kern.Zeile(300), "300");
 }
 
+TEST_F(Sprachdatei, another_language_is_read_without_a_change_of_the_words_in_use) {
+    files["/qvm/QVM_Deutsch.DAT"] = Nummern(300);
+    files["/qvm/QVM_English.DAT"] = "one\r\ntwo\n";
+    Sprachdatei_Laden(kern);
+    EXPECT_EQ(Sprachdatei_Lesen(kern, "English"), (std::vector<std::string>{"one", "two"}));
+    EXPECT_EQ(kern.Zeile(1), "1");
+    EXPECT_EQ(kern.Config.Sprache, "Deutsch");
+}
+
+TEST_F(Sprachdatei, one_that_is_missing_or_whose_name_leads_elsewhere_is_not_read) {
+    files["/qvm/../QVM_x.DAT"] = files["/qvm/QVM_.DAT"] = files["/qvm/QVM_../x.DAT"] = "one\n";
+    for (const char* name : {"Francais", "", "../x"}) {
+        EXPECT_EQ(Sprachdatei_Lesen(kern, name), std::nullopt) << name;
+    }
+}
+
 TEST_F(Sprachdatei, numbers_outside_the_catalogue_give_an_empty_line) {
     files["/qvm/QVM_Deutsch.DAT"] = Nummern(300);
     Sprachdatei_Laden(kern);
