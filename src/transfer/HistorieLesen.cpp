@@ -41,12 +41,16 @@ bool Leer(const HistoryLine& line) {
                        [](const std::string& field) { return Trim(field).empty(); });
 }
 
-/// The line of a state has nothing before it but tabs.
-bool Zustandszeile(const HistoryLine& line) {
-    return line.Fields[0].empty() && line.Fields[1].empty() && line.Fields[2].empty();
-}
-
 } // namespace
+
+HistoryLineKind Historie_Zeilenart(const HistoryLine& line) {
+    if (line.Count != HistoryFieldCount) {
+        return HistoryLineKind::Other;
+    }
+    const auto& field = line.Fields;
+    const bool state = field[0].empty() && field[1].empty() && field[2].empty();
+    return state ? HistoryLineKind::State : HistoryLineKind::Event;
+}
 
 HistoryLines Historie_Zeilen(std::string_view bytes, std::size_t most) {
     HistoryLines result;
@@ -66,10 +70,11 @@ HistoryFile Historie_Lesen(std::string_view bytes) {
     while (!bytes.empty()) {
         const HistoryLine line = Zerlegen(Naechste_Zeile(bytes));
         const auto& field = line.Fields;
-        const bool state = line.Count == HistoryFieldCount && Zustandszeile(line);
+        const HistoryLineKind kind = Historie_Zeilenart(line);
+        const bool state = kind == HistoryLineKind::State;
         if (first) {
             history.Serial = field[0];
-        } else if (line.Count == HistoryFieldCount && !state) {
+        } else if (kind == HistoryLineKind::Event) {
             history.Events.push_back({field[0], field[1], field[2], field[3], {}});
         } else if (state && !history.Events.empty() && history.Events.back().State.empty()) {
             history.Events.back().State = field[3];

@@ -18,6 +18,11 @@ struct HistoryLine {
     std::size_t Count = 0;                             ///< fields of the line, those beyond the fourth too; at least 1
 };
 
+/// What a line is, by its shape: an event has name, date, time and text, a state nothing but tabs before its text.
+/// Anything else, the line of the lock above all, is neither.
+enum class HistoryLineKind { Other, Event, State };
+HistoryLineKind Historie_Zeilenart(const HistoryLine& line);
+
 struct HistoryLines {
     std::vector<HistoryLine> Lines;
     std::size_t Total = 0; ///< lines of the file, also those that were not wanted

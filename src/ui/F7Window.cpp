@@ -5,6 +5,7 @@
 #include "GridView.h"
 #include "TextEdge.h"
 #include "Theme.h"
+#include "Worttafel.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -84,6 +85,7 @@ void F7Window::makeGrid() {
 
 void F7Window::makeHits() {
     auto* hits = new QPlainTextEdit(this);
+    hits_ = hits;
     nameWidget(hits, QStringLiteral("F7.Text1"));
     hits->setReadOnly(true);
     hits->setTabChangesFocus(true);
@@ -117,9 +119,18 @@ void F7Window::makeShortcuts() {
     };
     connect(new QShortcut(QKeySequence::Open, this), &QShortcut::activated, this, [press] { press(0); });
     connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, this, [press] { press(1); });
+    connect(new QShortcut(Qt::Key_F3, this), &QShortcut::activated, this, [this] { f7_.Naechster_Treffer(); });
+    connect(new QShortcut(Qt::SHIFT | Qt::Key_F3, this), &QShortcut::activated, this,
+            [this] { f7_.Voriger_Treffer(); });
     auto* copy = new QShortcut(QKeySequence::Copy, grid_);
     copy->setContext(Qt::WidgetShortcut);
     connect(copy, &QShortcut::activated, this, [this] { copyRows(); });
+}
+
+void F7Window::setWords() {
+    const QString keys = word(Word::HitKeys, f7_.kern.Config.Sprache);
+    hits_->setToolTip(keys);
+    hits_->setAccessibleDescription(keys);
 }
 
 void F7Window::showCell(int row, int column) {
@@ -128,6 +139,7 @@ void F7Window::showCell(int row, int column) {
     const QModelIndex index = grid_->gridModel().index(row - 1, column);
     grid_->selectionModel()->setCurrentIndex(index, QItemSelectionModel::Clear);
     grid_->scrollTo(index);
+    grid_->setFocus(Qt::OtherFocusReason);
 }
 
 void F7Window::copyRows() {

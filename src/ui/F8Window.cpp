@@ -2,6 +2,7 @@
 
 #include "TextEdge.h"
 
+#include <QCheckBox>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QPushButton>
@@ -20,6 +21,9 @@ F8Window::F8Window(F8& f8, QWidget* parent)
     content()->setContentsMargins(20, 18, 20, 16);
     content()->setSpacing(14);
     makeOptions();
+    auto* contains = new QCheckBox(this);
+    bind(f8_.Enthaelt, contains, QStringLiteral("F8.Enthaelt"), [this](bool on) { f8_.Enthaelt_Click(on); });
+    content()->addWidget(contains);
     makeSearch();
     content()->addStretch();
     const auto close = [this] { f8_.F8_Schliessen(); };

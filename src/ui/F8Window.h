@@ -7,7 +7,7 @@ class QLineEdit;
 
 namespace qvm::ui {
 
-/// F8 on the screen: the column to search, the text to search for.
+/// F8 on the screen: the column to search, whether a part of its text is enough, the text to search for.
 class F8Window : public WindowBase {
     Q_OBJECT
 

@@ -2,6 +2,7 @@
 
 #include "Catalogue.h"
 #include "Kern.h"
+#include "Stelle.h"
 #include "Text.h"
 #include "TextSlots.h"
 #include "VirtualPlatform.h"
@@ -134,6 +135,21 @@ TEST_P(Sprachdateien, the_events_that_colour_history_rows_differ_from_all_events
     for (const int n : {16, 17, 20}) {
         for (const char* literal : {"E-Key", "Fingerscan", "Transponder", "Guest card"}) {
             EXPECT_NE(Zeile(n), literal) << n;
+        }
+    }
+}
+
+TEST_P(Sprachdateien, the_events_that_colour_history_rows_mean_nothing_else_in_another_language) {
+    for (const std::string_view other : SprachNamen) {
+        const std::string name = "QVM_" + std::string(other) + ".DAT";
+        std::ifstream file(std::string(QVM_BINARY_DIR) + "/lang/" + name, std::ios::binary);
+        welt.Disk.Files["/qvm/" + name] = std::string(std::istreambuf_iterator<char>(file), {});
+        const auto lines = Sprachdatei_Lesen(kern, other);
+        ASSERT_TRUE(lines) << other;
+        for (const int n : {16, 17, 20}) {
+            for (const int m : {13, 14, 15, 16, 17, 18, 19, 20, 112, 113, 114, 196}) {
+                EXPECT_TRUE(n == m || lines->at(At(m) - 1) != Zeile(n)) << other << ' ' << n << ' ' << m;
+            }
         }
     }
 }

@@ -8,6 +8,7 @@
 #include "UiFixture.h"
 #include "WidgetChecks.h"
 
+#include <QCheckBox>
 #include <QClipboard>
 #include <QHeaderView>
 #include <QLabel>
@@ -202,6 +203,48 @@ TEST_F(F7_Window, searches_the_column_that_was_chosen) {
     EXPECT_TRUE(Option(1)->isChecked());
     EXPECT_FALSE(Option(4)->isChecked());
     EXPECT_EQ(Wanted()->text(), QString());
+}
+
+TEST_F(F7_Window, gives_the_keyboard_to_the_hits_and_f3_leads_from_one_to_the_next) {
+    Open();
+    QToolButton* key = Button("Suchen");
+    key->setFocus();
+    OpenSearch();
+    QTest::keyClicks(Wanted(), QStringLiteral("anna"));
+    QTest::keyClick(Wanted(), Qt::Key_Return);
+    Present(*window);
+    EXPECT_TRUE(grid->hasFocus());
+    EXPECT_EQ(grid->currentIndex().row() + 1, 2);
+    QTest::keyClick(grid, Qt::Key_F3);
+    EXPECT_EQ(grid->currentIndex().row() + 1, 5);
+    EXPECT_EQ(grid->currentIndex().column(), F7Column::Name);
+    auto* status = window->findChild<QLabel*>(QStringLiteral("F7.Meldezeile"));
+    EXPECT_EQ(status->text(), QStringLiteral("H.HST   Zeilen: 65   Treffer: 2 / 2"));
+    Hits()->setFocus();
+    QTest::keyClick(Hits(), Qt::Key_F3, Qt::ShiftModifier);
+    EXPECT_EQ(grid->currentIndex().row() + 1, 2);
+    EXPECT_TRUE(grid->hasFocus());
+    EXPECT_EQ(status->text(), QStringLiteral("H.HST   Zeilen: 65   Treffer: 1 / 2"));
+    EXPECT_EQ(Hits()->toolTip(), QString::fromUtf8("F3: nächster Treffer, Umschalt+F3: vorheriger Treffer"));
+    EXPECT_EQ(Hits()->accessibleDescription(), Hits()->toolTip());
+}
+
+TEST_F(F7_Window, searches_for_parts_of_a_text_by_keyboard) {
+    Open();
+    OpenSearch();
+    auto* parts = search->findChild<QCheckBox*>(QStringLiteral("F8.Enthaelt"));
+    ASSERT_NE(parts, nullptr);
+    EXPECT_EQ(parts->text(), QStringLiteral("Auch Teile des Textes finden"));
+    EXPECT_FALSE(parts->isChecked());
+    parts->setFocus();
+    QTest::keyClick(parts, Qt::Key_Space);
+    EXPECT_TRUE(programm->F8.Enthaelt.Checked);
+    QTest::keyClicks(Wanted(), QStringLiteral("a 5"));
+    QTest::keyClick(Wanted(), Qt::Key_Return);
+    Settle();
+    EXPECT_EQ(grid->currentIndex().row() + 1, 11); // Carla 5
+    OpenSearch();
+    EXPECT_FALSE(parts->isChecked());
 }
 
 TEST_F(F7_Window, escape_closes_the_search_then_the_view) {

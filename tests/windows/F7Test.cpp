@@ -186,6 +186,12 @@ struct F7_Band : F7Fixture {
         }
         return colours;
     }
+    /// A language file whose lines 16, 17 and 20 are these.
+    void LanguageFile(const std::string& language, const std::string& opens, const std::string& one,
+                      const std::string& other) {
+        world.Disk.Files["/q/QVM_" + language + ".DAT"] =
+            std::string(15, '\n') + opens + "\r\n" + one + "\r\n\r\n\r\n" + other + "\r\n";
+    }
 };
 
 TEST_F(F7_Band, line_16_opens_one_that_lasts_until_the_next_such_line) {
@@ -227,6 +233,46 @@ TEST_F(F7_Band, upper_and_lower_case_differ) {
 
 TEST_F(F7_Band, other_events_make_none) {
     Show("a\t\t\tL15\nb\t\t\tL18\nc\t\t\tL19\nd\t\t\tL196\nL16\t\t\t\n");
+    EXPECT_THAT(Bands(5), ElementsAre(None, None, None, None, None));
+}
+
+TEST_F(F7_Band, the_words_of_every_language_beside_the_program_make_them) {
+    LanguageFile("Deutsch", "Auf", "Vier", "Acht");
+    LanguageFile("English", "Open", "Four", "Eight");
+    LanguageFile("Francais", "Ouverture", "Quatre", "Huit");
+    LanguageFile("Nederlands", "Openen", "Vierde", "Achtste");
+    for (const auto& [opens, one, other] :
+         {std::array{"Auf", "Vier", "Acht"}, std::array{"Open", "Four", "Eight"},
+          std::array{"Ouverture", "Quatre", "Huit"}, std::array{"Openen", "Vierde", "Achtste"}}) {
+        Show("a\t\t\t" + std::string(one) + "\nb\t\t\t" + opens + "\nc\t\t\t" + other + "\nd\t\t\tX\n");
+        EXPECT_THAT(Bands(5), ElementsAre(Grey, Grey, None, Grey, None)) << opens;
+    }
+}
+
+TEST_F(F7_Band, one_opened_in_a_language_is_closed_in_another) {
+    LanguageFile("English", "Open", "Four", "Eight");
+    Show("a\t\t\tOpen\nb\t\t\tX\nc\t\t\tL16\nd\t\t\tX\n");
+    EXPECT_THAT(Bands(4), ElementsAre(Grey, Grey, None, None));
+}
+
+TEST_F(F7_Band, the_words_in_use_go_before_those_of_a_language_file) {
+    LanguageFile("English", "L17", "L16", "Eight");
+    Show("a\t\t\tL16\nb\t\t\tL17\nc\t\t\tX\n");
+    EXPECT_THAT(Bands(3), ElementsAre(Grey, None, Grey));
+}
+
+TEST_F(F7_Band, a_language_file_that_is_short_or_cannot_be_read_adds_nothing) {
+    world.Disk.Files["/q/QVM_English.DAT"] = std::string(15, '\n') + "Open\n";
+    world.Disk.Files["/q/QVM_Deutsch.DAT"] = std::string(15, '\n') + "Auf\n";
+    world.Disk.Files["/q/HIST/H.HST"] = "a\t\t\tAuf\nb\t\t\tOpen\nc\t\t\tX\nd\t\t\tL16\n";
+    world.Disk.FailAt = 2; // the file of the history is read first, the German words behind it
+    view.F7_Oeffnen("/q/HIST/H.HST");
+    EXPECT_THAT(Bands(4), ElementsAre(None, Grey, Grey, None));
+    EXPECT_THAT(world.Shown, IsEmpty());
+}
+
+TEST_F(F7_Band, the_text_of_a_state_or_of_a_line_that_is_no_event_makes_none) {
+    Show("\t\t\tL16\nL16\n\t\tL17\na\tb\tc\td\tL16\nb\t\t\tX\n");
     EXPECT_THAT(Bands(5), ElementsAre(None, None, None, None, None));
 }
 
@@ -285,14 +331,17 @@ TEST_F(F7_Datei_Waehlen, is_what_the_open_key_does) {
 
 struct F7_Toolbar1 : F7Fixture {};
 
-TEST_F(F7_Toolbar1, search_takes_the_colours_and_the_old_hits_away_and_lets_only_the_search_act) {
+TEST_F(F7_Toolbar1, search_takes_the_old_hits_away_shows_the_bands_again_and_lets_only_the_search_act) {
     Show("a\t\t\tL16\nb\t\t\tX\n");
     Search("a");
+    Search("x", 3);
     view.FGV.Row = 7;
     view.Toolbar1_ButtonClick("Suchen");
-    for (int column = 1; column <= 4; ++column) {
-        EXPECT_EQ(Back(1, column), None) << column;
-        EXPECT_EQ(Back(2, column), None) << column;
+    EXPECT_EQ(Back(1, 1), None);
+    for (int column = 2; column <= 4; ++column) {
+        EXPECT_EQ(Back(1, column), Grey) << column;
+        EXPECT_EQ(Back(2, column), Grey) << column;
+        EXPECT_EQ(Back(3, column), None) << column;
     }
     EXPECT_EQ(view.Text1.Text(), "");
     EXPECT_EQ(view.Meldezeile.Text(), "H.HST   L300 2");
@@ -333,6 +382,79 @@ TEST_F(F7_Toolbar1, colours_go_from_columns_1_to_4_of_every_row) {
         EXPECT_EQ(Back(row, 4), None);
     }
     EXPECT_THAT(ShownCells, ElementsAre(Pair(1, 1)));
+}
+
+// From hit to hit.
+
+struct F7_Treffer : F7Fixture {
+    void SetUp() override {
+        Show("a\t1\nx\t2\nx\t3\nb\t2\nc\t2\n");
+        Search("2", 1); // rows 2, 4 and 5
+        ShownCells.clear();
+    }
+};
+
+TEST_F(F7_Treffer, the_next_one_becomes_the_current_cell_and_behind_the_last_the_first) {
+    view.Naechster_Treffer();
+    EXPECT_EQ(view.Meldezeile.Text(), "H.HST   L300 5   L284 2 / 3");
+    view.Naechster_Treffer();
+    EXPECT_EQ(view.Meldezeile.Text(), "H.HST   L300 5   L284 3 / 3");
+    view.Naechster_Treffer();
+    EXPECT_EQ(view.Meldezeile.Text(), "H.HST   L300 5   L284 1 / 3");
+    EXPECT_THAT(ShownCells, ElementsAre(Pair(4, 2), Pair(5, 2), Pair(2, 2)));
+    EXPECT_EQ(view.FGV.Row, 2);
+    EXPECT_EQ(view.FGV.Column, 2);
+}
+
+TEST_F(F7_Treffer, the_one_before_becomes_the_current_cell_and_before_the_first_the_last) {
+    view.Voriger_Treffer();
+    view.Voriger_Treffer();
+    EXPECT_THAT(ShownCells, ElementsAre(Pair(5, 2), Pair(4, 2)));
+    EXPECT_EQ(view.Meldezeile.Text(), "H.HST   L300 5   L284 2 / 3");
+}
+
+TEST_F(F7_Treffer, count_from_the_row_that_the_operator_went_to) {
+    view.FGV.Row = 3;
+    view.Naechster_Treffer();
+    view.FGV.Row = 3;
+    view.Voriger_Treffer();
+    view.FGV.Row = 1;
+    view.Voriger_Treffer();
+    EXPECT_THAT(ShownCells, ElementsAre(Pair(4, 2), Pair(2, 2), Pair(5, 2)));
+}
+
+TEST_F(F7_Treffer, keep_their_colour_while_they_are_walked_through) {
+    view.Naechster_Treffer();
+    EXPECT_EQ(Back(2, 2), 0xFFFFU);
+    EXPECT_EQ(Back(4, 2), 0xFFFFU);
+}
+
+TEST_F(F7_Treffer, are_left_alone_while_a_new_search_is_asked_for_and_forgotten_by_it) {
+    view.Toolbar1_ButtonClick("Suchen");
+    ShownCells.clear();
+    view.Naechster_Treffer();
+    search.F8_Schliessen();
+    view.Naechster_Treffer();
+    view.Voriger_Treffer();
+    EXPECT_THAT(ShownCells, IsEmpty());
+    EXPECT_EQ(view.Meldezeile.Text(), "H.HST   L300 5");
+}
+
+TEST_F(F7_Treffer, without_one_the_view_stays) {
+    Search("7", 1);
+    ShownCells.clear();
+    view.Naechster_Treffer();
+    view.Voriger_Treffer();
+    EXPECT_THAT(ShownCells, IsEmpty());
+    EXPECT_EQ(view.Meldezeile.Text(), "H.HST   L300 5   L284 0");
+}
+
+TEST_F(F7_Treffer, of_another_file_are_forgotten) {
+    Show("y\n");
+    ShownCells.clear();
+    view.Naechster_Treffer();
+    EXPECT_THAT(ShownCells, IsEmpty());
+    EXPECT_EQ(view.Meldezeile.Text(), "H.HST   L300 1");
 }
 
 // What it shows besides.

@@ -114,7 +114,7 @@ TEST_F(F8_Suche, paints_hits_yellow_and_lists_them) {
     EXPECT_EQ(view.Text1.Text(), "Anna             05.03.2026                 10:30                 Code\r\n"
                                  "Anna             06.03.2026                 07:00                 Code\r\n");
     EXPECT_TRUE(view.Text1.Visible);
-    EXPECT_EQ(view.Meldezeile.Text(), "H.HST   L300 3   L284 2");
+    EXPECT_EQ(view.Meldezeile.Text(), "H.HST   L300 3   L284 1 / 2");
     EXPECT_TRUE(view.Fenster.Enabled);
     EXPECT_FALSE(search.Fenster.Visible);
 }
@@ -179,13 +179,18 @@ TEST_F(F8_Suche, a_day_is_found_by_its_exact_text) {
     EXPECT_EQ(Back(2, 2), None);
 }
 
-TEST_F(F8_Suche, takes_the_bands_away) {
-    Show("a\t\t\tL16\nb\t\t\tX\n");
-    EXPECT_EQ(Back(2, 4), Grey);
+TEST_F(F8_Suche, leaves_the_bands_and_lays_its_hits_over_them) {
+    Show("a\t1\t\tL16\nb\t2\t\tX\nc\t3\t\tL16\n");
     Search("x", 3);
-    EXPECT_EQ(Back(1, 4), None);
+    EXPECT_EQ(Back(1, 4), Grey);
     EXPECT_EQ(Back(2, 4), Yellow);
-    EXPECT_EQ(Back(2, 2), None);
+    EXPECT_EQ(Back(2, 2), Grey);
+    EXPECT_EQ(Back(3, 4), None);
+    Search("2", 1);
+    EXPECT_EQ(Back(1, 2), Grey);
+    EXPECT_EQ(Back(2, 2), Yellow);
+    EXPECT_EQ(Back(2, 4), Grey);
+    EXPECT_EQ(Back(3, 2), None);
 }
 
 TEST_F(F8_Suche, without_a_hit_says_so_and_leaves_the_view_on_its_first_row) {
@@ -219,6 +224,71 @@ TEST_F(F8_Suche, in_an_empty_grid_finds_nothing) {
     view.F7_Datei_Waehlen();
     Search("1");
     EXPECT_EQ(view.Meldezeile.Text(), "L284 0");
+}
+
+// Parts of a text.
+
+struct F8_Enthaelt : F7Fixture {
+    void SearchPart(const std::string& text, int option = 0) {
+        view.Toolbar1_ButtonClick("Suchen");
+        search.Option_Click(option);
+        search.Enthaelt_Click(true);
+        search.Text1.Text = text;
+        search.Command1_Click();
+    }
+};
+
+TEST_F(F8_Enthaelt, finds_the_text_at_the_beginning_in_the_middle_and_at_the_end) {
+    Show("Anna Bauer\nHanna\nBert\n Joh ANN\nAn\n");
+    SearchPart("ann");
+    EXPECT_EQ(Back(1, 1), Yellow);
+    EXPECT_EQ(Back(2, 1), Yellow);
+    EXPECT_EQ(Back(3, 1), None);
+    EXPECT_EQ(Back(4, 1), Yellow);
+    EXPECT_EQ(Back(5, 1), None);
+    EXPECT_EQ(view.Meldezeile.Text(), "H.HST   L300 5   L284 1 / 3");
+}
+
+TEST_F(F8_Enthaelt, finds_a_month_in_the_column_of_the_days) {
+    Show("a\t05.03.2026\nb\t05.04.2026\nc.03.\t01.02.2026\n");
+    SearchPart(".03.", 1);
+    EXPECT_EQ(Back(1, 2), Yellow);
+    EXPECT_EQ(Back(2, 2), None);
+    EXPECT_EQ(Back(3, 2), None);
+    EXPECT_EQ(Back(3, 1), None);
+}
+
+TEST_F(F8_Enthaelt, does_not_find_the_blanks_behind_a_text) {
+    Show("Anna            \nAnna Bauer      \n");
+    SearchPart("Anna ");
+    EXPECT_EQ(Back(1, 1), None);
+    EXPECT_EQ(Back(2, 1), Yellow);
+}
+
+TEST_F(F8_Enthaelt, is_chosen_anew_for_each_search) {
+    Show("Anna\n");
+    SearchPart("nn");
+    EXPECT_EQ(Back(1, 1), Yellow);
+    Search("nn");
+    EXPECT_FALSE(search.Enthaelt.Checked);
+    EXPECT_EQ(Back(1, 1), None);
+}
+
+TEST_F(F8_Enthaelt, leaves_the_column_that_was_chosen) {
+    view.Toolbar1_ButtonClick("Suchen");
+    search.Option_Click(2);
+    search.Enthaelt_Click(true);
+    EXPECT_TRUE(search.Option[2].Checked);
+    search.Enthaelt_Click(false);
+    EXPECT_FALSE(search.Enthaelt.Checked);
+    EXPECT_TRUE(search.Option[2].Checked);
+}
+
+TEST_F(F8_Enthaelt, is_named_in_the_language_in_use) {
+    Show("a\n");
+    kern.Config.Sprache = "English";
+    view.Toolbar1_ButtonClick("Suchen");
+    EXPECT_EQ(search.Enthaelt.Text(), "Find parts of the text, too");
 }
 
 // Where the view goes: the cells made current, in order, behind the reset to the first row.

@@ -1,13 +1,15 @@
 #include "F7.h"
 
-#include "HistorieLesen.h"
+#include "Historienband.h"
 #include "LinkHooks.h"
+#include "Stelle.h"
+
+#include <algorithm>
+#include <utility>
 
 namespace qvm {
 namespace {
 
-/// The event that opens and closes a band, and the two that mark their own row.
-constexpr int BandLine = 16, FirstRowLine = 17, SecondRowLine = 20;
 constexpr int HitsLine = 284, NotOpenedLine = 286, MissingLine = 288, LinesLine = 300;
 
 std::string Dateiname(const std::string& path) {
@@ -16,7 +18,7 @@ std::string Dateiname(const std::string& path) {
 
 } // namespace
 
-F7::F7(Kern& kernel) : kern(kernel) {
+F7::F7(Kern& kernel) : kern(kernel), bands_(RowCount, NoColour) {
     // Nothing to search in before a file is shown.
     Text1.Visible = false;
 }
@@ -47,9 +49,8 @@ void F7::F7_Laden() {
     file_.clear();
     lines_ = 0;
     total_ = 0;
-    hits_ = -1;
-    Text1.Text = std::string();
-    Text1.Visible = false;
+    bands_.assign(RowCount, NoColour);
+    Treffer_Vergessen();
     Texte_Setzen();
     Fenster.Enabled = true;
     Fenster.Visible = true;
@@ -74,9 +75,7 @@ void F7::Toolbar1_ButtonClick(std::string_view key) {
         F7_Datei_Waehlen();
     } else if (key == Toolbar1[1].Key) {
         Farben_Zuruecksetzen();
-        Text1.Text = std::string();
-        Text1.Visible = false;
-        hits_ = -1;
+        Treffer_Vergessen();
         Meldezeile_Setzen();
         Fenster.Enabled = false;
         Rufen(F8_Oeffnen);
@@ -101,40 +100,36 @@ void F7::Datei_Lesen(const std::string& path) {
     Zelle_Setzen(1, F7Column::Name);
 }
 
-/// Without a language file every line of the catalogue is empty and no event is known.
-bool F7::Ist_Ereignis(std::string_view text, int line) const {
-    return !text.empty() && text == kern.Zeile(line);
-}
-
 void F7::Datei_Zeigen(std::string_view bytes) {
     const HistoryLines file = Historie_Zeilen(bytes, RowCount - 1);
+    const Bandtexte texts(kern);
     Colour band = NoColour;
-    const auto flip = [&band] { band = band == NoColour ? BandColour : NoColour; };
+    const auto other = [](Colour colour) { return colour == NoColour ? BandColour : NoColour; };
     for (const HistoryLine& line : file.Lines) {
         const int row = ++lines_;
         // A line with fewer fields leaves the columns behind them as they are.
         for (std::size_t n = 0; n < HistoryFieldCount && n < line.Count; ++n) {
             FGV.SetText(row, F7Column::Name + static_cast<int>(n), line.Fields[n]);
         }
-        const std::string event(RTrim(FGV.Text(row, F7Column::Event)));
-        const bool oneRow = Ist_Ereignis(event, FirstRowLine) || Ist_Ereignis(event, SecondRowLine);
-        if (oneRow || Ist_Ereignis(event, BandLine)) {
-            flip();
-        }
+        const BandMark mark = texts.Marke(line);
+        band = mark == BandMark::Turns ? other(band) : band;
+        bands_[At(row)] = mark == BandMark::OneRow ? other(band) : band;
         for (int column = F7Column::Date; column <= F7Column::Event; ++column) {
-            FGV.SetBackColor(row, column, band);
-        }
-        if (oneRow) {
-            flip();
+            FGV.SetBackColor(row, column, Grundfarbe(row, column));
         }
     }
     total_ = file.Total;
 }
 
+Colour F7::Grundfarbe(int row, int column) const {
+    const bool banded = row > 0 && row < RowCount && column >= F7Column::Date && column <= F7Column::Event;
+    return banded ? bands_[At(row)] : NoColour;
+}
+
 void F7::Farben_Zuruecksetzen() {
     for (int row = 1; row < RowCount; ++row) {
         for (int column = F7Column::Name; column <= F7Column::Event; ++column) {
-            FGV.SetBackColor(row, column, NoColour);
+            FGV.SetBackColor(row, column, Grundfarbe(row, column));
         }
     }
     Zelle_Setzen(1, F7Column::Name);
@@ -152,9 +147,38 @@ void F7::Zelle_Setzen(int row, int column) {
     }
 }
 
-void F7::Treffer_Melden(int hits) {
-    hits_ = hits;
+void F7::Treffer_Vergessen() {
+    searched_ = false;
+    hits_.clear();
+    Text1.Text = std::string();
+    Text1.Visible = false;
+}
+
+void F7::Treffer_Setzen(std::vector<int> rows, int column) {
+    searched_ = true;
+    hits_ = std::move(rows);
+    hitColumn_ = column;
+    hit_ = 0;
     Meldezeile_Setzen();
+}
+
+void F7::Naechster_Treffer() {
+    const auto next = std::upper_bound(hits_.begin(), hits_.end(), FGV.Row);
+    Treffer_Zeigen(next == hits_.end() ? 0 : static_cast<std::size_t>(next - hits_.begin()));
+}
+
+void F7::Voriger_Treffer() {
+    const auto here = std::lower_bound(hits_.begin(), hits_.end(), FGV.Row);
+    Treffer_Zeigen((here == hits_.begin() ? hits_.size() : static_cast<std::size_t>(here - hits_.begin())) - 1);
+}
+
+void F7::Treffer_Zeigen(std::size_t hit) {
+    if (!Fenster.Enabled || hit >= hits_.size()) {
+        return;
+    }
+    hit_ = hit;
+    Meldezeile_Setzen();
+    Zelle_Setzen(hits_[hit], hitColumn_);
 }
 
 void F7::Meldezeile_Setzen() {
@@ -166,8 +190,9 @@ void F7::Meldezeile_Setzen() {
             text += " / " + std::to_string(total_);
         }
     }
-    if (hits_ >= 0) {
-        text += (text.empty() ? "" : "   ") + kern.Zeile(HitsLine) + " " + std::to_string(hits_);
+    if (searched_) {
+        text += (text.empty() ? "" : "   ") + kern.Zeile(HitsLine) + " ";
+        text += hits_.empty() ? "0" : std::to_string(hit_ + 1) + " / " + std::to_string(hits_.size());
     }
     Meldezeile.Text = text;
 }

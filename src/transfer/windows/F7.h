@@ -32,8 +32,10 @@ struct F7 {
 
     Window Fenster;
     Grid FGV{RowCount, F7Column::Count};
-    TextBox Text1;    ///< the hits of the last search, a line each
-    Label Meldezeile; ///< status bar: the file, how many lines it has and how many hits the last search
+    TextBox Text1; ///< the hits of the last search, a line each
+    /// Status bar: the file, how many lines it has, how many hits the last search, and which of them is the present
+    /// one.
+    Label Meldezeile;
     std::array<ToolButton, 3> Toolbar1{
         {{.Key = u8"Öffnen"_w, .Number = 1}, {.Key = "Suchen", .Number = 3}, {.Key = "W95MBX01", .Number = 5}}};
 
@@ -50,14 +52,20 @@ struct F7 {
     void Texte_Setzen();
     /// "Öffnen", "Suchen" or "W95MBX01".
     void Toolbar1_ButtonClick(std::string_view key);
-    /// No colour in columns 1 to 4, bands included; back to the first row.
+    /// Takes the colour of hits off columns 1 to 4, so that the bands show again; back to the first row.
     void Farben_Zuruecksetzen();
+    /// The colour of a cell that is no hit: its band's, from the date on.
+    Colour Grundfarbe(int row, int column) const;
     /// F8 has searched or was closed: this window goes on.
     void F8_Zurueck();
     /// Makes the cell the current one.
     void Zelle_Setzen(int row, int column);
-    /// Tells the status bar how many hits a search had.
-    void Treffer_Melden(int hits);
+    /// What a search has found: these rows, in order, in this column. The first one becomes the present hit.
+    void Treffer_Setzen(std::vector<int> rows, int column);
+    /// To the hit behind the current row, behind the last one again to the first; or likewise backwards. Does nothing
+    /// without a hit and while the window is disabled.
+    void Naechster_Treffer();
+    void Voriger_Treffer();
     /// Columns 1 to 4 of the rows as text, tabs between the columns, a line feed behind each row. Rows that hold no
     /// line of the file are left out.
     std::string Zeilen_Text(const std::vector<int>& rows) const;
@@ -68,13 +76,18 @@ private:
     void F7_Laden();
     void Datei_Lesen(const std::string& path);
     void Datei_Zeigen(std::string_view bytes);
-    bool Ist_Ereignis(std::string_view text, int line) const;
+    void Treffer_Vergessen();
+    void Treffer_Zeigen(std::size_t hit);
     void Meldezeile_Setzen();
 
-    std::string file_;      ///< name of the file shown, empty: none
-    int lines_ = 0;         ///< rows filled
-    std::size_t total_ = 0; ///< lines of the file
-    int hits_ = -1;         ///< of the last search, -1: none since the file was opened
+    std::string file_;          ///< name of the file shown, empty: none
+    int lines_ = 0;             ///< rows filled
+    std::size_t total_ = 0;     ///< lines of the file
+    std::vector<Colour> bands_; ///< by row
+    bool searched_ = false;     ///< since the file was opened
+    std::vector<int> hits_;     ///< rows of the last search's hits, ascending
+    int hitColumn_ = F7Column::Name;
+    std::size_t hit_ = 0; ///< the present one of hits_
 };
 
 } // namespace qvm

@@ -3,6 +3,8 @@
 #include "Text.h"
 #include "Words.h"
 
+#include <utility>
+
 namespace qvm {
 namespace {
 
@@ -23,6 +25,7 @@ std::string Trefferzeile(const Grid& grid, int row) {
 void F8::F8_Laden() {
     Text1.Text = std::string();
     Option_Click(0);
+    Enthaelt.Checked = false;
     Texte_Setzen();
     Fenster.Visible = true;
     if (Text1.SetFocus) {
@@ -35,6 +38,7 @@ void F8::Texte_Setzen() {
     for (std::size_t n = 0; n < Option.size(); ++n) {
         Option[n].Text = kern.Zeile(54 + static_cast<int>(n));
     }
+    Enthaelt.Text = Wort(kern, Word::SearchContains);
     Command1.Text = kern.Zeile(107);
 }
 
@@ -45,6 +49,10 @@ void F8::Option_Click(int index) {
     for (std::size_t n = 0; n < Option.size(); ++n) {
         Option[n].Checked = n == static_cast<std::size_t>(index);
     }
+}
+
+void F8::Enthaelt_Click(bool on) {
+    Enthaelt.Checked = on;
 }
 
 void F8::Text1_KeyPress(int key) {
@@ -86,26 +94,30 @@ int F8::Spalte() const {
     return F7Column::Name;
 }
 
+/// Both in capitals. Blanks behind a cell's text do not count.
+bool F8::Ist_Treffer(std::string_view text, std::string_view wanted) const {
+    const std::string_view kept = RTrim(text);
+    return Enthaelt.Checked ? kept.find(wanted) != std::string_view::npos : kept == wanted;
+}
+
 int F8::Suchen() {
     const std::string wanted = GrossText(Text1.Text());
     const int column = Spalte();
     Grid& grid = f7.FGV;
-    std::string hits;
-    int first = 0;
-    int count = 0;
+    std::string lines;
+    std::vector<int> hits;
     for (int row = 1; row < grid.Rows(); ++row) {
-        const bool hit = RTrim(GrossText(grid.Text(row, column))) == wanted;
-        // What is no hit loses the band that it may stand in.
-        grid.SetBackColor(row, column, hit ? F7::HitColour : F7::NoColour);
+        const bool hit = Ist_Treffer(GrossText(grid.Text(row, column)), wanted);
+        grid.SetBackColor(row, column, hit ? F7::HitColour : f7.Grundfarbe(row, column));
         if (hit) {
-            hits += Trefferzeile(grid, row);
-            first = first == 0 ? row : first;
-            ++count;
+            lines += Trefferzeile(grid, row);
+            hits.push_back(row);
         }
     }
-    f7.Text1.Visible = count > 0;
-    f7.Text1.Text = f7.Text1.Text() + hits;
-    f7.Treffer_Melden(count);
+    const int first = hits.empty() ? 0 : hits.front();
+    f7.Text1.Visible = first > 0;
+    f7.Text1.Text = f7.Text1.Text() + lines;
+    f7.Treffer_Setzen(std::move(hits), column);
     return first;
 }
 

@@ -16,6 +16,7 @@ struct F8 {
 
     Window Fenster;
     std::array<CheckBox, 4> Option; ///< one of them is checked: option n searches column n + 1 of F7
+    CheckBox Enthaelt;              ///< a part of a cell's text is enough; off whenever the window opens
     TextBox Text1;
     Button Command1;
 
@@ -23,16 +24,19 @@ struct F8 {
     /// Words from the catalogue anew.
     void Texte_Setzen();
     void Option_Click(int index);
+    void Enthaelt_Click(bool on);
     /// Only Return acts: it searches.
     void Text1_KeyPress(int key);
-    /// Marks each row whose column is the search text, upper and lower case alike, lists it in F7's Text1, and shows
-    /// the first one in F7. Without a search text only a message is shown. The window closes either way.
+    /// Marks each row whose column is the search text (or contains it, if that is chosen), upper and lower case alike,
+    /// lists it in F7's Text1, and shows the first one in F7. Without a search text only a message is shown. The window
+    /// closes either way.
     void Command1_Click();
     /// Closed without a search.
     void F8_Schliessen();
 
 private:
     int Spalte() const;
+    bool Ist_Treffer(std::string_view text, std::string_view wanted) const;
     /// The row of the first hit, 0 without any.
     int Suchen();
     void Zeigen(int row);
