@@ -46,6 +46,7 @@ struct FileDialog {
     std::string Title;
     std::string Filter; ///< "text|*.EXT|", as the system's own dialogs take it
     std::string Directory;
+    bool NewestFirst = false; ///< the files with their dates, the latest first
 };
 
 /// The one serial port, "19200,N,8,1". Ports go by number, 1 to 16.

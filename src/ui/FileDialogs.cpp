@@ -4,10 +4,14 @@
 #include "TextEdge.h"
 
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QStringList>
+#include <QTreeView>
 
 namespace qvm::ui {
 namespace {
+
+constexpr int FilesWidth = 860, FilesHeight = 520; ///< room for the longest names beside their dates
 
 void fill(QFileDialog& dialog, const FileDialog& wanted) {
     dialog.setObjectName(QStringLiteral("FileDialog"));
@@ -17,6 +21,18 @@ void fill(QFileDialog& dialog, const FileDialog& wanted) {
     if (!filter.isEmpty()) {
         dialog.setNameFilter(filter);
     }
+}
+
+/// The system's own dialog would know neither the order nor how wide a name is.
+void showNewestFirst(QFileDialog& dialog) {
+    constexpr int DateColumn = 3;
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setViewMode(QFileDialog::Detail);
+    if (auto* files = dialog.findChild<QTreeView*>(QStringLiteral("treeView"))) {
+        files->sortByColumn(DateColumn, Qt::DescendingOrder);
+        files->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
+    }
+    dialog.resize(FilesWidth, FilesHeight);
 }
 
 std::optional<std::string> ask(QFileDialog& dialog) {
@@ -47,6 +63,9 @@ std::optional<std::string> openFile(const FileDialog& wanted) {
     QFileDialog dialog(frontWindow());
     fill(dialog, wanted);
     dialog.setFileMode(QFileDialog::ExistingFile);
+    if (wanted.NewestFirst) {
+        showNewestFirst(dialog);
+    }
     return ask(dialog);
 }
 

@@ -293,6 +293,7 @@ TEST_F(F7_Datei_Waehlen, starts_in_hist_with_the_history_files) {
     ASSERT_EQ(world.Dialogs.size(), 1U);
     EXPECT_EQ(world.Dialogs[0].Directory, "/q/HIST/");
     EXPECT_EQ(world.Dialogs[0].Filter, "Vorgangsdateien (*.HST)|*.HST|");
+    EXPECT_TRUE(world.Dialogs[0].NewestFirst);
     EXPECT_EQ(world.Dialogs[0].Title, "QVM 7702 SOFTWARE SYSTEM");
     EXPECT_THAT(Row(1), ElementsAre("a", "b", "c", "d"));
     EXPECT_TRUE(view.Fenster.Visible);

@@ -24,8 +24,10 @@ F7::F7(Kern& kernel) : kern(kernel), bands_(RowCount, NoColour) {
 }
 
 void F7::F7_Datei_Waehlen() {
-    const auto path = kern.Welt.OpenFile(
-        {.Title = std::string(SystemTitle), .Filter = "Vorgangsdateien (*.HST)|*.HST|", .Directory = kern.HistPfad()});
+    const auto path = kern.Welt.OpenFile({.Title = std::string(SystemTitle),
+                                          .Filter = "Vorgangsdateien (*.HST)|*.HST|",
+                                          .Directory = kern.HistPfad(),
+                                          .NewestFirst = true});
     F7_Laden();
     if (path) {
         Datei_Lesen(*path);
