@@ -68,9 +68,9 @@ struct WindowHandlers {
     std::function<void()> onEscape; ///< Escape that no control wanted
 };
 
-/// Title, Visible and Enabled. Showing brings the window to the front; enabling gives the focus back to the widget
-/// that had it. A window whose model is disabled cannot be closed. The window's place and size are remembered under
-/// `name` when `remember` is set.
+/// Title, Visible and Enabled. Showing brings the window to the front, where it stood when it was hidden; enabling
+/// gives the focus back to the widget that had it. A window whose model is disabled cannot be closed. The window's
+/// place and size are remembered under `name` when `remember` is set.
 void bind(Window& model, QWidget* widget, const QString& name, WindowHandlers handlers, bool remember = true);
 
 } // namespace qvm::ui

@@ -29,6 +29,8 @@ public:
             if (!remember_ || !restoreGeometry(window_, window_->objectName())) {
                 takeNaturalSize();
             }
+        } else if (!window_->isMaximized()) {
+            window_->move(place_); // else the window manager chooses a place anew
         }
         window_->show();
         window_->raise();
@@ -67,6 +69,7 @@ public:
             }
             break;
         case QEvent::Hide:
+            place_ = window_->pos();
             if (remember_ && !event->spontaneous()) {
                 saveGeometry(window_, window_->objectName());
             }
@@ -97,6 +100,7 @@ private:
     QWidget* window_;
     WindowHandlers handlers_;
     QPointer<QWidget> focus_;
+    QPoint place_; ///< where the window stood when it was hidden
     bool remember_;
     bool placed_ = false;
 };

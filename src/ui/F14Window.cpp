@@ -17,7 +17,7 @@ constexpr int ChannelLine = 35;
 } // namespace
 
 F14Window::F14Window(F14& model, QWidget* parent)
-    : WindowBase(model.Fenster, QStringLiteral("F14"), Qt::Window, parent), f14_(model), caption_(new QLabel(this)),
+    : WindowBase(model.Fenster, QStringLiteral("F14"), Qt::Dialog, parent), f14_(model), caption_(new QLabel(this)),
       channels_(new QComboBox(this)) {
     QToolBar* bar = addToolBar();
     for (ToolButton& button : f14_.Toolbar1) {

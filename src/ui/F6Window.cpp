@@ -25,7 +25,7 @@ constexpr int PortLine = 283;
 } // namespace
 
 F6Window::F6Window(F6& model, QWidget* parent)
-    : WindowBase(model.Fenster, QStringLiteral("F6"), Qt::Window, parent), f6_(model) {
+    : WindowBase(model.Fenster, QStringLiteral("F6"), Qt::Dialog, parent), f6_(model) {
     makeToolBar();
     auto* check = new QCheckBox(this);
     bind(f6_.Check1, check, QStringLiteral("F6.Check1"), [this](bool on) {

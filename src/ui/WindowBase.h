@@ -22,7 +22,8 @@ class WindowBase : public QWidget {
     Q_OBJECT
 
 public:
-    /// `flags`: Qt::Window or Qt::Dialog. `name`: "F13" for one.
+    /// `flags`: Qt::Window, or Qt::Dialog for one that stands over its parent, which no click may bring before it: only
+    /// of dialogs does a window manager learn whom they belong to. `name`: "F13" for one.
     WindowBase(Window& model, const QString& name, Qt::WindowFlags flags, QWidget* parent);
 
     /// Words of the front end's own in the language in use. Happens whenever the window appears, too.

@@ -19,6 +19,7 @@ from screen import PATIENCE, Atspi, Display, Program, click_at, key, middle, tel
 BUTTON, LABEL, MENU_ENTRY = Atspi.Role.PUSH_BUTTON, Atspi.Role.LABEL, Atspi.Role.MENU_ITEM
 TABLE, TEXT = Atspi.Role.TABLE, Atspi.Role.TEXT
 PROGRAM_COLUMN = 9
+TITLE = "QVM 7702 SOFTWARE SYSTEM"
 CLOCK = ("month", "day", "hour", "minute", "second")
 BUILD = ""
 
@@ -221,10 +222,42 @@ class Desktop(unittest.TestCase):
             self.tab_to("Program locks")
             self.leave_by_keyboard()
 
+    def test_the_main_window_comes_back_where_the_operator_put_it(self):
+        self.house.start_simulator()
+        self.start()
+        self.light("Ready")
+        first = self.program.place(TITLE)
+        self.program.move(TITLE, 317, 203)
+        wait_for("the window moves", lambda: self.program.place(TITLE) not in (None, first))
+        place = self.program.place(TITLE)
+        for _ in range(3):
+            self.program.press("Program locks")
+            self.program.wait(TABLE, "Locks")
+            self.program.press("Back")
+            self.program.wait(BUTTON, "Program locks")
+            wait_for("the main window alone", lambda: self.program.place(TITLE))
+            self.assertEqual(self.program.place(TITLE), place)
+        self.program.press("Exit program")
+        self.expect_ended()
+
+    def test_a_click_brings_the_main_window_not_before_the_channel_window(self):
+        self.house.start_simulator()
+        self.start()
+        self.light("Ready")
+        main = tell(self.program.windows()[0], lambda n: n.get_extents(Atspi.CoordType.SCREEN))
+        self.program.press("Set radio channel")
+        middle(self.program.wait(BUTTON, "Save"))
+        click_at(main.x + main.width - 15, main.y + main.height - 15)
+        time.sleep(1)  # a window manager says nothing when it has finished
+        self.program.press("Back")
+        wait_for("the channel window goes", lambda: self.program.find(BUTTON, "Save") is None)
+        self.program.press("Exit program")
+        self.expect_ended()
+
     def test_a_second_start_ends_in_silence_and_raises_the_first_window(self):
         self.start()
         self.program.wait(BUTTON, "Exit program")
-        self.program.minimise("QVM 7702 SOFTWARE SYSTEM")
+        self.program.minimise(TITLE)
         wait_for("the window is an icon", lambda: not self.program.has_keyboard())
         second = self.house.start_program(stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
         said, _ = second.communicate(timeout=PATIENCE)

@@ -195,6 +195,25 @@ class Program:
     def minimise(self, title):
         xdotool("search", "--onlyvisible", "--name", f"^{title}$", "windowminimize")
 
+    def window(self, title):
+        """The display's number of the visible window of this title, there being one."""
+        found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", f"^{title}$"],
+                               stdout=subprocess.PIPE, text=True, check=False).stdout.split()
+        return found[0] if len(found) == 1 else None
+
+    def place(self, title):
+        """Where that window stands; None when it is not alone."""
+        number = self.window(title)
+        if number is None:
+            return None
+        told = subprocess.run(["xdotool", "getwindowgeometry", "--shell", number],
+                              stdout=subprocess.PIPE, text=True, check=False).stdout
+        values = dict(line.split("=", 1) for line in told.split())
+        return int(values["X"]), int(values["Y"])
+
+    def move(self, title, x, y):
+        xdotool("windowmove", self.window(title), str(x), str(y))
+
     def processor_seconds(self):
         """Processor time used since the start."""
         with open(f"/proc/{self.number}/stat", encoding="ascii") as file:

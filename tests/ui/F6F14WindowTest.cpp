@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QTest>
 #include <QToolButton>
+#include <QWindow>
 
 namespace qvm::test {
 namespace {
@@ -80,6 +81,18 @@ TEST_F(F6_Window, shows_the_adapters_with_their_state_in_pictures_and_words) {
               QStringLiteral("Status angeschlossen"));
     EXPECT_EQ(model.index(1, F6Column::State).data(Qt::AccessibleTextRole).toString(),
               QStringLiteral("Status nicht angeschlossen"));
+}
+
+TEST_F(F6_Window, stands_over_the_main_window_as_the_channel_window_does) {
+    Open();
+    EXPECT_EQ(windows->f6.windowType(), Qt::Dialog); // else no window manager learns whom it belongs to
+    EXPECT_EQ(windows->f6.windowHandle()->transientParent(), windows->f2.windowHandle());
+    programm->F6.Toolbar1_ButtonClick(u8"Zurück"_w);
+    programm->F14.F14_Laden();
+    Present(windows->f14);
+    EXPECT_EQ(windows->f14.windowType(), Qt::Dialog);
+    EXPECT_EQ(windows->f14.windowHandle()->transientParent(), windows->f2.windowHandle());
+    programm->F14.Toolbar1_ButtonClick(u8"Zurück"_w);
 }
 
 TEST_F(F6_Window, opens_the_editor_over_a_name_that_is_clicked) {

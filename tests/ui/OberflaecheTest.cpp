@@ -30,6 +30,24 @@ TEST_F(All_Windows, hand_the_programs_hooks_back_when_they_go) {
     EXPECT_FALSE(programm->F7_Oeffnen);
 }
 
+TEST_F(All_Windows, the_main_window_comes_back_where_the_operator_put_it) {
+    Start();
+    ui::Oberflaeche windows(*programm);
+    programm->F2.F2_Laden();
+    Present(windows.f2);
+    windows.f2.move(211, 97);
+    Settle();
+    programm->F2.Fenster.Visible = false;
+    windows.f2.move(0, 0); // as a window manager may place it
+    windows.f2.setAttribute(Qt::WA_Moved, false);
+    programm->F2.F2_Zeigen();
+    Settle();
+    EXPECT_EQ(windows.f2.pos(), QPoint(211, 97));
+    EXPECT_TRUE(windows.f2.testAttribute(Qt::WA_Moved)); // asks the window manager for that place
+    programm->F2.Hooks.Ende = {};
+    programm->F2.Beenden();
+}
+
 TEST_F(All_Windows, a_return_held_down_presses_no_button) {
     Start();
     ui::Oberflaeche windows(*programm);
