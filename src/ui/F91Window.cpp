@@ -48,6 +48,11 @@ void F91Window::makeGrid() {
     GridModel& model = grid_->gridModel();
     model.setAlignment(F91Column::Number, Qt::AlignRight | Qt::AlignVCenter);
     model.setAlignment(F91Column::Mark, Qt::AlignCenter);
+    model.setPictures(PictureSet::List);
+    model.setTip(F91Column::Mark, [this](int row) {
+        return toQt(row == 0 ? Marken_Legende(f91_.kern)
+                             : Marke_Erklaeren(f91_.kern, f91_.FGK91.Text(row, F91Column::Mark)));
+    });
     grid_->setColumns({650, 3500, 2000, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 600, 7800}, F91Column::StateText);
     grid_->setFrozenColumns(FrozenListColumns);
     f91_.Zeile_Zeigen = [this](int row) { grid_->setCurrentCell(row, F91Column::StateText); };

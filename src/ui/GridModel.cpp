@@ -6,6 +6,7 @@
 #include <QGuiApplication>
 
 #include <algorithm>
+#include <utility>
 
 namespace qvm::ui {
 
@@ -41,6 +42,16 @@ void GridModel::setPictureText(int column, int picture, const QString& text) {
     pictureTexts_[column][picture] = text;
 }
 
+void GridModel::setTip(int column, std::function<QString(int row)> tip) {
+    tips_[column] = std::move(tip);
+}
+
+QVariant GridModel::tip(int row, int column) const {
+    const auto found = tips_.constFind(column);
+    const QString text = found == tips_.constEnd() ? QString() : (*found)(row);
+    return text.isEmpty() ? QVariant() : QVariant(text);
+}
+
 int GridModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : rows_;
 }
@@ -73,9 +84,11 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
                                                                          : Qt::AlignLeft | Qt::AlignVCenter));
     case Qt::AccessibleTextRole:
         return accessibleText(index);
+    case Qt::AccessibleDescriptionRole:
+        return tip(row, index.column());
     case Qt::ToolTipRole:
         // What shows only a picture says in words what it is.
-        return cell.Text.empty() ? accessibleText(index) : QVariant();
+        return cell.Text.empty() ? accessibleText(index) : tip(row, index.column());
     case BackColourRole:
         return cell.BackColor;
     case ForeColourRole:
@@ -125,6 +138,9 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
     case Qt::DisplayRole:
     case Qt::AccessibleTextRole:
         return toQt(grid_.Text(0, section));
+    case Qt::ToolTipRole:
+    case Qt::AccessibleDescriptionRole:
+        return tip(0, section);
     case Qt::TextAlignmentRole:
         return QVariant::fromValue(alignments_.value(section, actionIcons_.contains(section)
                                                                   ? Qt::Alignment(Qt::AlignCenter)

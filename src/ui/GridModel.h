@@ -7,6 +7,8 @@
 #include <QHash>
 #include <QTimer>
 
+#include <functional>
+
 namespace qvm::ui {
 
 /// A grid as Qt's views take it. It keeps no cell of its own. Row 0 of the grid is the header, so that row r of this
@@ -34,6 +36,10 @@ public:
     /// What a screen reader says, behind the column's heading, of cells that hold this picture and no text.
     void setPictureText(int column, int picture, const QString& text);
 
+    /// What cells of the column say in a tool tip, and to a screen reader behind their text: `tip` gives it for a row
+    /// of the grid, row 0 is the heading; an empty text: nothing.
+    void setTip(int column, std::function<QString(int row)> tip);
+
     /// True for a cell that looks like a button; `row` as in the grid.
     bool isAction(int row, int column) const;
 
@@ -47,6 +53,7 @@ private:
     void cellChanged(int row, int column);
     void tellViews();
     QVariant accessibleText(const QModelIndex& index) const;
+    QVariant tip(int row, int column) const;
     QVariant decoration(const Cell& cell, int row, int column) const;
     QVariant font(const Cell& cell) const;
 
@@ -55,6 +62,7 @@ private:
     QHash<int, QString> actionIcons_;
     QHash<int, QHash<int, QString>> pictureTexts_;
     QHash<int, Qt::Alignment> alignments_;
+    QHash<int, std::function<QString(int row)>> tips_;
     int baseFontSize_ = 8;
     int rows_ = 0; ///< as the views know it
     int columns_ = 0;

@@ -3,6 +3,7 @@
 #include "F13.h"
 #include "F6.h"
 #include "F9.h"
+#include "F91.h"
 #include "SvgIconEngine.h"
 #include "Text.h"
 
@@ -56,15 +57,16 @@ struct PictureRow {
 };
 
 // The five state pictures count downwards: the first report level, 0x10, shows the fifth.
-constexpr std::array<PictureRow, 9> PictureRows{{{PictureSet::Adapter, AdapterPicture::Present, "adapter"},
-                                                 {PictureSet::Adapter, AdapterPicture::Absent, "adapter-absent"},
-                                                 {PictureSet::Channel, ChannelPicture::Image7, "channel-change"},
-                                                 {PictureSet::Channel, ChannelPicture::Image8, "channel-settled"},
-                                                 {PictureSet::State, StatePicture::Image1, "state-5"},
-                                                 {PictureSet::State, StatePicture::Image2, "state-4"},
-                                                 {PictureSet::State, StatePicture::Image3, "state-3"},
-                                                 {PictureSet::State, StatePicture::Image4, "state-2"},
-                                                 {PictureSet::State, StatePicture::Image5, "state-1"}}};
+constexpr std::array<PictureRow, 10> PictureRows{{{PictureSet::Adapter, AdapterPicture::Present, "adapter"},
+                                                  {PictureSet::Adapter, AdapterPicture::Absent, "adapter-absent"},
+                                                  {PictureSet::List, ListPicture::Failed, "failed"},
+                                                  {PictureSet::Channel, ChannelPicture::Image7, "channel-change"},
+                                                  {PictureSet::Channel, ChannelPicture::Image8, "channel-settled"},
+                                                  {PictureSet::State, StatePicture::Image1, "state-5"},
+                                                  {PictureSet::State, StatePicture::Image2, "state-4"},
+                                                  {PictureSet::State, StatePicture::Image3, "state-3"},
+                                                  {PictureSet::State, StatePicture::Image4, "state-2"},
+                                                  {PictureSet::State, StatePicture::Image5, "state-1"}}};
 
 QColor mixed(const QColor& a, const QColor& b, qreal share) {
     return QColor::fromRgbF(static_cast<float>(a.redF() + (b.redF() - a.redF()) * share),

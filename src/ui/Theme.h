@@ -19,6 +19,7 @@ enum class PictureSet {
     Adapter, ///< AdapterPicture of F6; of F2's Picture1 any id but 0
     Channel, ///< ChannelPicture of F13
     State,   ///< StatePicture of F9
+    List,    ///< ListPicture of F91
 };
 
 /// The icon of a tool bar key, "PROG" for one; of an unknown key an empty icon.

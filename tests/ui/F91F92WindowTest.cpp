@@ -4,6 +4,7 @@
 #include "F92Window.h"
 #include "GridView.h"
 #include "MonthView.h"
+#include "Theme.h"
 #include "UiFixture.h"
 #include "WidgetChecks.h"
 
@@ -84,6 +85,40 @@ TEST_F(F91_Window, shows_the_rows_under_their_headings) {
     }
     for (int column = 3; column < 16; ++column) {
         EXPECT_TRUE(grid->isColumnHidden(column)) << column;
+    }
+}
+
+TEST_F(F91_Window, explains_each_mark_and_all_of_them_at_the_heading) {
+    Open("English");
+    programm->F91.FGK91.SetText(3, F91Column::Mark, "#");
+    const auto& model = grid->gridModel();
+    const QModelIndex mark = model.index(2, F91Column::Mark);
+    EXPECT_EQ(mark.data(Qt::ToolTipRole).toString(), QStringLiteral("failed, the reason stands beside it"));
+    EXPECT_EQ(mark.data(Qt::AccessibleDescriptionRole).toString(), mark.data(Qt::ToolTipRole).toString());
+    EXPECT_EQ(mark.data(Qt::AccessibleTextRole).toString(), QStringLiteral("#"));
+    EXPECT_FALSE(model.index(39, F91Column::Mark).data(Qt::ToolTipRole).isValid());
+    EXPECT_EQ(model.headerData(F91Column::Mark, Qt::Horizontal, Qt::ToolTipRole).toString(),
+              QStringLiteral("*   waiting\n-   passed over, the reason stands beside it\n>>   programmed\n"
+                             "<<   history read\n#   failed, the reason stands beside it"));
+    EXPECT_FALSE(model.headerData(F91Column::Name, Qt::Horizontal, Qt::ToolTipRole).isValid());
+}
+
+TEST_F(F91_Window, a_failed_row_is_told_by_sign_and_colour_that_can_be_read_in_light_and_dark) {
+    Open();
+    programm->F91.FGK91.SetText(3, F91Column::StateText, "x");
+    programm->F91.FGK91.SetPicture(3, F91Column::StateText, ListPicture::Failed);
+    programm->F91.FGK91.SetBackColor(3, F91Column::StateText, F91::FailedColour);
+    Settle();
+    const QModelIndex state = grid->gridModel().index(2, F91Column::StateText);
+    EXPECT_FALSE(state.data(Qt::DecorationRole).value<QIcon>().isNull());
+    const QRect cell = grid->cellRect(3, F91Column::StateText);
+    EXPECT_EQ(grid->grab(cell).toImage().pixelColor(cell.width() - 3, 4), QColor(0xFF, 0xC0, 0xC0));
+    QPalette dark;
+    dark.setColor(QPalette::Base, QColor(0x20, 0x20, 0x20));
+    dark.setColor(QPalette::Text, QColor(Qt::white));
+    for (const QPalette& palette : {QPalette(Qt::white), dark}) {
+        EXPECT_EQ(ui::cellBackground(F91::FailedColour, true, palette), QColor(0xFF, 0xC0, 0xC0));
+        EXPECT_EQ(ui::cellForeground(Black, F91::FailedColour, palette), QColor(Qt::black));
     }
 }
 

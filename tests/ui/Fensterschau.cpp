@@ -183,6 +183,10 @@ void Fensterschau::list() {
     f91.FGK91.SetText(1, F91Column::Mark, ListMark::Programmed);
     f91.FGK91.SetText(2, F91Column::Mark, ListMark::Failed);
     f91.FGK91.SetText(2, F91Column::StateText, programm_->kern.Zeile(70) + "  /  " + programm_->kern.Zeile(66));
+    f91.FGK91.SetPicture(2, F91Column::StateText, ListPicture::Failed);
+    for (const int column : {F91Column::Mark, F91Column::StateText}) {
+        f91.FGK91.SetBackColor(2, column, F91::FailedColour);
+    }
     f91.FGK91.SetText(3, F91Column::Mark, ListMark::Waiting);
     take(windows_->f91, "F91");
     programm_->F92.F92_Laden();

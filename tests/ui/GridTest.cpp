@@ -48,6 +48,18 @@ TEST_F(GridModel_Test, takes_row_0_as_header_and_the_rest_as_rows) {
     EXPECT_EQ(text(0, 1), QString::fromUtf8("Tür"));
 }
 
+TEST_F(GridModel_Test, says_the_tip_of_a_column_at_its_heading_and_behind_its_texts) {
+    model.setTip(1, [](int row) { return row == 3 ? QString() : QStringLiteral("Zeile %1").arg(row); });
+    grid.SetText(2, 1, "x");
+    grid.SetText(3, 1, "y");
+    EXPECT_EQ(model.headerData(1, Qt::Horizontal, Qt::ToolTipRole).toString(), QStringLiteral("Zeile 0"));
+    EXPECT_EQ(model.index(1, 1).data(Qt::ToolTipRole).toString(), QStringLiteral("Zeile 2"));
+    EXPECT_EQ(model.index(1, 1).data(Qt::AccessibleDescriptionRole).toString(), QStringLiteral("Zeile 2"));
+    EXPECT_FALSE(model.index(2, 1).data(Qt::ToolTipRole).isValid());
+    EXPECT_FALSE(model.index(1, 2).data(Qt::ToolTipRole).isValid());
+    EXPECT_FALSE(model.headerData(2, Qt::Horizontal, Qt::ToolTipRole).isValid());
+}
+
 TEST_F(GridModel_Test, tells_the_views_of_many_changes_once_and_of_all_of_them) {
     const QSignalSpy spy(&model, &QAbstractItemModel::dataChanged);
     grid.SetText(2, 0, "a");

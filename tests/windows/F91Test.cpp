@@ -245,6 +245,48 @@ TEST_F(F91_Fenster, a_mark_or_a_next_row_without_a_row_under_way_changes_nothing
     EXPECT_FALSE(List().Timer1.Running());
 }
 
+TEST_F(F91_Fenster, a_row_that_failed_bears_a_sign_and_a_colour_and_no_other_row_does) {
+    Open({1, 2});
+    world.RunFor(1100);
+    EXPECT_EQ(List().FGK91.At(1, F91Column::StateText).Picture, ListPicture::None);
+    List().Zeile_Aufgeben();
+    EXPECT_EQ(Mark(1), "#");
+    EXPECT_EQ(List().FGK91.At(1, F91Column::StateText).Picture, ListPicture::Failed);
+    EXPECT_EQ(List().FGK91.At(1, F91Column::Mark).BackColor, 0xC0C0FFU);
+    EXPECT_EQ(List().FGK91.At(1, F91Column::StateText).BackColor, 0xC0C0FFU);
+    EXPECT_EQ(List().FGK91.At(1, F91Column::Name).BackColor, White);
+    world.RunFor(3100);
+    List().Zeile_Markieren(">>", "L266");
+    EXPECT_EQ(List().FGK91.At(2, F91Column::StateText).Picture, ListPicture::None);
+    EXPECT_EQ(List().FGK91.At(2, F91Column::Mark).BackColor, White);
+    EXPECT_EQ(List().FGK91.At(2, F91Column::StateText).BackColor, White);
+}
+
+TEST_F(F91_Fenster, a_failed_row_that_is_marked_anew_loses_sign_and_colour) {
+    Open({1});
+    world.RunFor(1100);
+    List().Zeile_Markieren("#", "L66");
+    List().Zeile_Markieren("<<", "L263");
+    EXPECT_EQ(List().FGK91.At(1, F91Column::StateText).Picture, ListPicture::None);
+    EXPECT_EQ(List().FGK91.At(1, F91Column::Mark).BackColor, White);
+}
+
+TEST_F(F91_Fenster, explains_its_marks_in_the_language_in_use) {
+    Begin();
+    Kern& kern = programm->kern;
+    kern.Config.Sprache = "Deutsch";
+    EXPECT_EQ(Marken_Legende(kern), u8"*   wartet\n"
+                                    u8"-   übergangen, der Grund steht daneben\n"
+                                    u8">>   programmiert\n"
+                                    u8"<<   Historie gelesen\n"
+                                    u8"#   fehlgeschlagen, der Grund steht daneben"_w);
+    kern.Config.Sprache = "English";
+    EXPECT_EQ(Marke_Erklaeren(kern, "#"), "failed, the reason stands beside it");
+    EXPECT_EQ(Marke_Erklaeren(kern, "<<"), "history read");
+    EXPECT_EQ(Marke_Erklaeren(kern, ""), "");
+    EXPECT_EQ(Marke_Erklaeren(kern, "x"), "");
+}
+
 TEST_F(F91_Fenster, the_progress_window_has_nothing_to_cancel_between_two_rows) {
     Open({1, 2});
     world.RunFor(1100);

@@ -31,6 +31,16 @@ namespace ListMark {
 inline constexpr std::string_view Waiting = "*", PassedOver = "-", Programmed = ">>", HistoryRead = "<<", Failed = "#";
 }
 
+/// Pictures of column StateText.
+namespace ListPicture {
+inline constexpr int None = 0, Failed = 1;
+}
+
+/// What a mark means, in the language in use; empty for a text that is none.
+std::string Marke_Erklaeren(const Kern& kern, std::string_view mark);
+/// All marks with what they mean, a line each.
+std::string Marken_Legende(const Kern& kern);
+
 /// Step keys of the list run, beside those of the network route.
 inline constexpr std::string_view StepPrgStart = "PrgStart", StepPrgFehler = "PrgFehler",
                                   StepTxDNetzwDaten = "TxDNetzwDaten", StepRxDNetHistory = "RxDNetHistory";
@@ -43,7 +53,8 @@ struct F91 {
     /// What is under way with the present row.
     enum class Work : std::uint8_t { None, Direct, Network };
 
-    static constexpr Colour CheckColour = 0x0000FF; ///< red, of the label while the rows are checked
+    static constexpr Colour CheckColour = 0x0000FF;  ///< red, of the label while the rows are checked
+    static constexpr Colour FailedColour = 0xC0C0FF; ///< light red, behind mark and text of a row that failed
     static constexpr int BarMaximum = 38;
 
     Programmierlauf& run;

@@ -143,6 +143,11 @@ bool F91::Zeile_Suchen(int& runRow, bool programming) {
 void F91::Mark_Setzen(int row, std::string_view mark, std::string_view text) {
     FGK91.SetText(row, F91Column::Mark, mark);
     FGK91.SetText(row, F91Column::StateText, text);
+    const bool failed = mark == ListMark::Failed;
+    FGK91.SetPicture(row, F91Column::StateText, failed ? ListPicture::Failed : ListPicture::None);
+    for (const int column : {F91Column::Mark, F91Column::StateText}) {
+        FGK91.SetBackColor(row, column, failed ? FailedColour : White);
+    }
     if (Zeile_Fertig) {
         Zeile_Fertig(row);
     }
