@@ -12,7 +12,7 @@ namespace qvm {
 /// An adapter that answered the search.
 struct AdapterSatz {
     std::string Adresse; ///< four decimal bytes, each preceded by "/"
-    std::string Name;    ///< begins "PROGSTATION" or "ENROLLMENT1"
+    std::string Name;    ///< begins "PROGSTATION" or "ENROLLMENT1", but in AdapterListe::Fremde
     std::string Port;    ///< port number as text
     Secret<16> TransferKey{};
 };
@@ -30,11 +30,20 @@ struct SuchSchritt {
     int Versuche = 1;
 };
 
+/// The eleven characters that a name begins with tell what an adapter is for.
+inline constexpr std::string_view ProgrammingClass = "PROGSTATION", EnrolmentClass = "ENROLLMENT1";
+
+/// A name of one of the two classes; an adapter of any other name is of no use to a run.
+constexpr bool Adaptername_Brauchbar(std::string_view name) {
+    return name.starts_with(ProgrammingClass) || name.starts_with(EnrolmentClass);
+}
+
 /// The candidate ports, and the adapters found behind them in the order in which they were found; at most 21 of each.
 struct AdapterListe {
     std::vector<int> PortListe; ///< port numbers, 1 to 254
     std::vector<AdapterSatz> Saetze;
-    int ProgStationPort = 0; ///< 0 unknown, KeinPort none
+    std::vector<AdapterSatz> Fremde; ///< adapters whose name is of no class: not for runs, only to be named anew
+    int ProgStationPort = 0;         ///< 0 unknown, KeinPort none
     int EnrollmentPort = 0;
     std::string ProgAdresse; ///< address text of the adapters that these ports lead to
     std::string EnrollmentAdresse;
@@ -47,6 +56,7 @@ struct AdapterListe {
     /// Nothing is known of adapters: an action that needs one searches first.
     void Ports_Vergessen() {
         Saetze.clear();
+        Fremde.clear();
         ProgStationPort = EnrollmentPort = 0;
         ProgAdresse.clear();
         EnrollmentAdresse.clear();

@@ -17,9 +17,6 @@ constexpr int Tries = 4;
 /// Seconds that an identification is waited for: of a candidate port, of a fixed one; and seconds for a record.
 constexpr double CandidateWait = 4.0, FixedWait = 1.8, RecordWait = 1.4;
 
-constexpr std::string_view ProgrammingClass = "PROGSTATION", EnrolmentClass = "ENROLLMENT1";
-static_assert(ProgrammingClass.size() == EnrolmentClass.size());
-
 /// Marks the search, and shows the hourglass, for as long as it lives.
 class Suchlauf {
 public:
@@ -132,14 +129,14 @@ AdapterSatz Satz_Lesen(Link& link, int port, const Probe& probe) {
 
 /// Files the record by the class that its name begins with.
 void Satz_Ablegen(AdapterListe& list, const AdapterSatz& adapter, int port, bool& enrolmentKnown) {
-    const std::string_view name = std::string_view(adapter.Name).substr(0, ProgrammingClass.size());
-    if (name == EnrolmentClass) {
+    const std::string_view name = adapter.Name;
+    if (name.starts_with(EnrolmentClass)) {
         if (!enrolmentKnown) {
             enrolmentKnown = true;
             list.EnrollmentPort = port;
             list.EnrollmentAdresse = adapter.Adresse;
         }
-    } else if (name == ProgrammingClass) {
+    } else if (name.starts_with(ProgrammingClass)) {
         if (list.ProgStationPort == KeinPort) {
             list.ProgStationPort = port;
             list.ProgAdresse = adapter.Adresse;
@@ -150,6 +147,7 @@ void Satz_Ablegen(AdapterListe& list, const AdapterSatz& adapter, int port, bool
         }
         list.Saetze.push_back(adapter);
     } else {
+        list.Fremde.push_back(adapter);
         std::erase(list.PortListe, port);
     }
 }
@@ -246,6 +244,24 @@ void Suche_Abbrechen(Link& link, AdapterListe& list) {
     if (list.SucheLaeuft) {
         ++list.Stand;
         link.ReplySeen = 1; // ends the wait for a reply; the search looks at Stand first
+    }
+}
+
+void Adapter_Umbenennen(AdapterListe& list, std::string_view address, std::string_view name) {
+    const auto of = [address](const AdapterSatz& adapter) { return adapter.Adresse == address; };
+    const auto foreign = std::find_if(list.Fremde.begin(), list.Fremde.end(), of);
+    if (foreign != list.Fremde.end() && name.starts_with(ProgrammingClass)) {
+        list.Saetze.push_back(*foreign);
+    }
+    if (Adaptername_Brauchbar(name)) {
+        std::erase_if(list.Fremde, of);
+    }
+    for (std::vector<AdapterSatz>* adapters : {&list.Saetze, &list.Fremde}) {
+        for (AdapterSatz& adapter : *adapters) {
+            if (of(adapter)) {
+                adapter.Name = name;
+            }
+        }
     }
 }
 

@@ -99,8 +99,10 @@ int GridView::textWidth(int column, int first, int last) const {
     int texts = 0;
     const int step = std::max(1, (last - first + 1) / SampleRows);
     for (int row = first; row <= last; row += step) {
+        const Cell& cell = grid().At(row + 1, column);
+        const int picture = cell.Picture != 0 && !cell.Text.empty() ? iconSize().width() + CellMargin : 0;
         const QString text = model_->index(row, column).data(Qt::DisplayRole).toString();
-        texts = std::max(texts, plain.horizontalAdvance(text));
+        texts = std::max(texts, plain.horizontalAdvance(text) + picture);
     }
     return std::min(texts, givenWidth(column) * WidestFactor) + CellPadding;
 }

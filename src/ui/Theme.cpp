@@ -57,8 +57,9 @@ struct PictureRow {
 };
 
 // The five state pictures count downwards: the first report level, 0x10, shows the fifth.
-constexpr std::array<PictureRow, 10> PictureRows{{{PictureSet::Adapter, AdapterPicture::Present, "adapter"},
+constexpr std::array<PictureRow, 11> PictureRows{{{PictureSet::Adapter, AdapterPicture::Present, "adapter"},
                                                   {PictureSet::Adapter, AdapterPicture::Absent, "adapter-absent"},
+                                                  {PictureSet::Adapter, AdapterPicture::Unusable, "warning"},
                                                   {PictureSet::List, ListPicture::Failed, "failed"},
                                                   {PictureSet::Channel, ChannelPicture::Image7, "channel-change"},
                                                   {PictureSet::Channel, ChannelPicture::Image8, "channel-settled"},

@@ -93,6 +93,19 @@ TEST_F(Adapter_Suche, a_device_of_another_name_is_forgotten_and_leaves_the_candi
     EXPECT_EQ(list.ProgStationPort, 6);
 }
 
+TEST_F(Adapter_Suche, keeps_the_record_of_another_name_apart) {
+    Plug(5, "Keller", {1, 2, 3, 4});
+    Plug(6, "PROGSTATION 1");
+    EXPECT_TRUE(Search());
+    ASSERT_EQ(list.Fremde.size(), 1U);
+    EXPECT_EQ(list.Fremde[0].Name, "Keller");
+    EXPECT_EQ(list.Fremde[0].Adresse, "/1/2/3/4");
+    EXPECT_EQ(list.Fremde[0].Port, "5");
+    EXPECT_EQ(Adapter_Finden(list, "Keller"), nullptr);
+    list.Ports_Vergessen();
+    EXPECT_THAT(list.Fremde, IsEmpty());
+}
+
 TEST_F(Adapter_Suche, a_name_begins_with_its_class_in_capitals) {
     Plug(5, "progstation 1");
     ASSERT_TRUE(Search());

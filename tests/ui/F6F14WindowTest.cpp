@@ -83,6 +83,24 @@ TEST_F(F6_Window, shows_the_adapters_with_their_state_in_pictures_and_words) {
               QStringLiteral("Status nicht angeschlossen"));
 }
 
+TEST_F(F6_Window, says_of_an_adapter_with_a_strange_name_what_is_to_be_done) {
+    Prepare("English", "SET");
+    programm->Adapter.Fremde.push_back({.Adresse = "/1/2/3/5", .Name = "Keller", .Port = "6"});
+    programm->F2.F2_Schnittstelle_Click();
+    Present(windows->f6);
+    grid = windows->f6.findChild<ui::GridView*>(QStringLiteral("F6.FGK6"));
+    const auto& model = grid->gridModel();
+    const QModelIndex state = model.index(1, F6Column::State);
+    EXPECT_EQ(state.data().toString(), QStringLiteral("not usable"));
+    EXPECT_FALSE(state.data(Qt::DecorationRole).value<QIcon>().isNull());
+    EXPECT_EQ(
+        state.data(Qt::ToolTipRole).toString(),
+        QStringLiteral("The name begins neither with PROGSTATION nor with ENROLLMENT1, so the adapter is not used "
+                       "for programming. Please give it a name that begins so."));
+    EXPECT_EQ(state.data(Qt::AccessibleDescriptionRole), state.data(Qt::ToolTipRole));
+    EXPECT_EQ(model.index(0, F6Column::State).data(Qt::ToolTipRole).toString(), QStringLiteral("Status connected"));
+}
+
 TEST_F(F6_Window, stands_over_the_main_window_as_the_channel_window_does) {
     Open();
     EXPECT_EQ(windows->f6.windowType(), Qt::Dialog); // else no window manager learns whom it belongs to

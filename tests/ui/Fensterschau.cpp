@@ -2,6 +2,7 @@
 
 #include "MonthView.h"
 #include "TextSlots.h"
+#include "Words.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -105,6 +106,11 @@ void Fensterschau::settings() {
     take(windows_->f6, "F6");
     programm_->F6.FGK6.SetText(1, F6Column::Address, "/46/108/1/2");
     programm_->F6.FGK6.SetText(1, F6Column::Name, "PROGSTATION-1");
+    programm_->F6.FGK6.SetText(2, F6Column::Address, "/46/108/1/3");
+    programm_->F6.FGK6.SetText(2, F6Column::Name, "Keller");
+    programm_->F6.FGK6.SetText(2, F6Column::Port, "2");
+    programm_->F6.FGK6.SetText(2, F6Column::State, Wort(programm_->kern, Word::AdapterUnusable));
+    programm_->F6.FGK6.SetPicture(2, F6Column::State, AdapterPicture::Unusable);
     programm_->F6.FGK6_Click(1, F6Column::Name);
     take(windows_->f6, "F6-editor");
     programm_->F6.Text3_KeyPress(Key::Escape);

@@ -9,8 +9,9 @@ std::string Padded(std::string_view text, std::size_t width) {
     return out;
 }
 
-/// The reply to a name: the name from index 8 on, blanks behind it.
-std::vector<std::uint8_t> NameReply(std::string_view name) {
+} // namespace
+
+std::vector<std::uint8_t> F6_Fixture::NameReply(std::string_view name) {
     std::vector<std::uint8_t> frame{0x02, 0x1C, 0x6D, 0, 0, 0, 0, 0};
     for (const char c : Padded(name, 20)) {
         frame.push_back(static_cast<std::uint8_t>(c));
@@ -25,8 +26,6 @@ std::vector<std::uint8_t> NameReply(std::string_view name) {
     frame.push_back(static_cast<std::uint8_t>(sum));
     return frame;
 }
-
-} // namespace
 
 void F6_Fixture::SetUp() {
     Config("SET", 3, 5);

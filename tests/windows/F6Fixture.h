@@ -38,6 +38,9 @@ struct F6_Fixture : FensterFixture {
     /// Opens the editor of the row's name, sets its text and ends it with Return.
     void Rename(int row, std::string_view name);
 
+    /// The reply to a name: the name from index 8 on, blanks behind it.
+    static std::vector<std::uint8_t> NameReply(std::string_view name);
+
 private:
     void Answer_Name(std::span<const std::uint8_t> bytes);
 };

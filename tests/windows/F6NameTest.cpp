@@ -116,6 +116,87 @@ TEST_F(F6_Name, the_name_of_an_absent_adapter_is_taken_into_the_list_and_not_sen
     EXPECT_EQ(world.Disk.Files[List].substr(65 + 16, 20), "PROGSTATION Dach    ");
 }
 
+constexpr std::string_view Refusal = "Der Name muss mit PROGSTATION oder ENROLLMENT1 beginnen, sonst findet keine "
+                                     "Suche den Adapter wieder. Der alte Name "
+                                     "bleibt; bitte geben Sie einen solchen Namen ein.";
+
+TEST_F(F6_Name, one_that_would_hide_the_adapter_from_every_search_is_refused_with_the_reason) {
+    for (const int row : {1, 2}) { // connected or not
+        for (const char* name : {"Keller", "progstation 1", "PROGSTATIO", " XPROGSTATION", "ENROLLMENT 1"}) {
+            const std::string before = Cell(row, F6Column::Name);
+            world.Answers.push_back({.Text = std::string(Refusal)});
+            Rename(row, name);
+            EXPECT_EQ(world.Shown.back().Title, "INFO");
+            EXPECT_EQ(world.Shown.back().Sign, Icon::Exclamation);
+            EXPECT_EQ(Cell(row, F6Column::Name), before) << name;
+        }
+    }
+    EXPECT_THAT(Names, IsEmpty());
+    GoBack(); // nothing changed
+    EXPECT_EQ(returned, 1);
+}
+
+// ---- an adapter whose name no run looks for
+
+struct F6_Fremder_Name : F6_Fixture {
+    static constexpr const char* Address = "/1/2/3/4"; ///< of the second row
+    void SetUp() override {
+        F6_Fixture::SetUp();
+        programm->Adapter.Fremde.push_back({.Adresse = Address, .Name = "Keller", .Port = "8"});
+        Open();
+    }
+};
+
+TEST_F(F6_Fremder_Name, is_shown_connected_and_not_usable) {
+    EXPECT_EQ(Picture(2), AdapterPicture::Unusable);
+    EXPECT_EQ(Cell(2, F6Column::State), "nicht verwendbar");
+    EXPECT_EQ(Cell(2, F6Column::Port), "8");
+    EXPECT_EQ(Back(2), F6::ChangedName); // the list says PROGSTATION Keller
+    EXPECT_EQ(Picture(1), AdapterPicture::Present);
+    EXPECT_EQ(Cell(1, F6Column::State), "");
+}
+
+TEST_F(F6_Fremder_Name, is_told_in_the_language_in_use) {
+    programm->kern.Config.Sprache = "English";
+    Adapters().Texte_Setzen();
+    EXPECT_EQ(Cell(2, F6Column::State), "not usable");
+    EXPECT_EQ(Cell(1, F6Column::State), "");
+    EXPECT_EQ(Cell(3, F6Column::State), "");
+}
+
+TEST_F(F6_Fremder_Name, becomes_a_good_one_again_on_its_port) {
+    StoredName = "PROGSTATION Dach";
+    Expect(189);
+    Rename(2, "PROGSTATION Dach");
+    EXPECT_EQ(Names.at(0), std::string("PROGSTATION Dach") + std::string(6, '\0'));
+    EXPECT_THAT(NamePorts, ElementsAre(8));
+    EXPECT_EQ(Picture(2), AdapterPicture::Present);
+    EXPECT_EQ(Cell(2, F6Column::State), "");
+    EXPECT_EQ(Back(2), White);
+    EXPECT_THAT(programm->Adapter.Fremde, IsEmpty());
+    ASSERT_EQ(programm->Adapter.Saetze.size(), 2U);
+    EXPECT_EQ(programm->Adapter.Saetze[1].Name, "PROGSTATION Dach");
+    EXPECT_EQ(programm->Adapter.Saetze[1].Port, "8");
+}
+
+TEST_F(F6_Fremder_Name, may_become_that_of_an_enrolment_adapter_which_is_no_choice_for_a_run) {
+    StoredName = "ENROLLMENT1";
+    Expect(189);
+    Rename(2, "ENROLLMENT1");
+    EXPECT_EQ(Picture(2), AdapterPicture::Present);
+    EXPECT_THAT(programm->Adapter.Fremde, IsEmpty());
+    EXPECT_EQ(programm->Adapter.Saetze.size(), 1U);
+}
+
+TEST_F(F6_Fremder_Name, that_is_not_taken_leaves_everything_as_it_was) {
+    Expect(190);
+    Rename(2, "PROGSTATION Dach");
+    EXPECT_EQ(Cell(2, F6Column::Name), "PROGSTATION Keller");
+    EXPECT_EQ(Picture(2), AdapterPicture::Unusable);
+    EXPECT_EQ(programm->Adapter.Fremde.at(0).Name, "Keller");
+    EXPECT_EQ(programm->Adapter.Saetze.size(), 1U);
+}
+
 // ---- the telegram
 
 TEST_F(F6_Name, a_name_goes_to_the_rows_port_and_the_port_is_set_back) {
@@ -151,10 +232,10 @@ TEST_F(F6_Name, twenty_characters_go_out_and_come_back_whole) {
 
 TEST_F(F6_Name, nothing_of_an_earlier_telegram_goes_out_with_it) {
     programm->link.TxBuffer.fill(0x77);
-    StoredName = "A";
+    StoredName = "ENROLLMENT1";
     Expect(189);
-    Rename(1, "A");
-    EXPECT_EQ(Names.at(0), "A" + std::string(21, '\0'));
+    Rename(1, "ENROLLMENT1");
+    EXPECT_EQ(Names.at(0), "ENROLLMENT1" + std::string(11, '\0'));
 }
 
 TEST_F(F6_Name, a_name_that_reads_back_differently_is_a_failure_and_the_old_text_returns) {

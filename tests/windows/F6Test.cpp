@@ -1,5 +1,6 @@
 // The adapter window: opening, the choice of the port, the list, saving.
 
+#include "AdapterScan.h"
 #include "AutoRegister.h"
 #include "F6Fixture.h"
 
@@ -365,6 +366,7 @@ TEST_F(F6_Fenster, choosing_what_is_chosen_already_is_no_change) {
 /// Ports 5 and 7 answer as adapters with names of their own.
 struct F6_Suche : F6_Fenster {
     std::function<void()> during;
+    std::map<int, std::string> AdapterNames; ///< by port, those of another name than PROGSTATION
 
     void SetUp() override {
         F6_Fenster::SetUp();
@@ -376,13 +378,15 @@ struct F6_Suche : F6_Fenster {
             if (bytes[2] == 0x68) {
                 world.Deliver({0x02, 0x0F, 0x68, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0x23, 0x00, 0xF4}, 10);
             } else if (bytes[2] == 0x6C) {
-                world.Deliver(Record(world.PortNumber), 10);
+                const auto name = AdapterNames.find(world.PortNumber);
+                world.Deliver(Record(world.PortNumber, name == AdapterNames.end() ? "PROGSTATION" : name->second), 10);
             }
         };
     }
-    static std::vector<std::uint8_t> Record(int port) {
+    static std::vector<std::uint8_t> Record(int port, std::string name) {
+        name.resize(20, ' ');
         std::vector<std::uint8_t> frame{0x02, 0x2E, 0x6C, 10, 20, 30, static_cast<std::uint8_t>(port), 0};
-        for (const char c : std::string("PROGSTATION         ")) {
+        for (const char c : name) {
             frame.push_back(static_cast<std::uint8_t>(c));
         }
         frame.resize(0x2E + 2, 0);
@@ -415,6 +419,67 @@ TEST_F(F6_Suche, fills_the_rows_with_what_was_found_and_forgets_the_rest) {
     Expect(60, Answer::Yes);
     GoBack();
     EXPECT_EQ(world.Disk.Files[List].substr(0, 38), "/10/20/30/5     PROGSTATION         5 ");
+}
+
+TEST_F(F6_Suche, finds_an_adapter_of_any_name_also_again_and_leaves_it_out_of_runs) {
+    AdapterNames[5] = "Keller";
+    Open();
+    for (int time = 1; time <= 2; ++time) {
+        Adapters().Command1_Click();
+        EXPECT_EQ(Cell(1, F6Column::Name), "PROGSTATION") << time;
+        EXPECT_EQ(Picture(1), AdapterPicture::Present);
+        EXPECT_EQ(Cell(2, F6Column::Address), "/10/20/30/5");
+        EXPECT_EQ(Cell(2, F6Column::Name), "Keller");
+        EXPECT_EQ(Cell(2, F6Column::Port), "5");
+        EXPECT_EQ(Cell(2, F6Column::State), "nicht verwendbar");
+        EXPECT_EQ(Picture(2), AdapterPicture::Unusable);
+        EXPECT_EQ(Cell(3, F6Column::Address), "");
+        // As after any search for runs.
+        EXPECT_EQ(programm->Adapter.Saetze.size(), 1U);
+        EXPECT_EQ(programm->Adapter.ProgStationPort, 7);
+        EXPECT_THAT(programm->Adapter.PortListe, ElementsAre(7));
+    }
+    Expect(60, Answer::Yes);
+    GoBack();
+    EXPECT_EQ(world.Disk.Files[List].substr(65, 38), "/10/20/30/5     Keller              5 ");
+}
+
+TEST_F(F6_Suche, finds_one_whose_port_an_earlier_search_has_given_up) {
+    AdapterNames = {{5, "A"}, {7, "B"}};
+    Adapter_Suchen(programm->link, programm->Adapter);
+    ASSERT_THAT(programm->Adapter.PortListe, IsEmpty());
+    Open();
+    Adapters().Command1_Click();
+    EXPECT_EQ(Cell(1, F6Column::Name), "A");
+    EXPECT_EQ(Cell(2, F6Column::Name), "B");
+    EXPECT_EQ(programm->Adapter.ProgStationPort, KeinPort);
+}
+
+TEST_F(F6_Suche, one_that_was_named_back_is_found_by_the_search_for_runs) {
+    AdapterNames[5] = "Keller";
+    AdapterNames[7] = "Dach";
+    Open();
+    Adapters().Command1_Click();
+    ASSERT_EQ(Cell(1, F6Column::Name), "Keller");
+    const auto search = world.OnWrite;
+    world.OnWrite = [this, search](std::span<const std::uint8_t> bytes) {
+        if (bytes[2] == 0x6D) {
+            const auto* name = reinterpret_cast<const char*>(bytes.data()) + 3;
+            AdapterNames[world.PortNumber] = std::string(name, ::strnlen(name, 20));
+            world.Deliver(NameReply(AdapterNames[world.PortNumber]), 10);
+        } else {
+            search(bytes);
+        }
+    };
+    Expect(189);
+    Rename(1, "PROGSTATION Keller");
+    ASSERT_EQ(AdapterNames[5], "PROGSTATION Keller");
+    Expect(60, Answer::Yes);
+    GoBack();
+    EXPECT_TRUE(Adapter_Suchen(programm->link, programm->Adapter));
+    EXPECT_EQ(programm->Adapter.ProgStationPort, 5);
+    ASSERT_EQ(programm->Adapter.Saetze.size(), 1U);
+    EXPECT_EQ(programm->Adapter.Saetze[0].Name, "PROGSTATION Keller");
 }
 
 TEST_F(F6_Suche, a_port_change_while_it_runs_puts_the_rows_back_and_is_no_change) {
@@ -463,7 +528,7 @@ TEST_F(F6_Suche, keys_do_nothing_while_it_runs) {
 
 TEST_F(F6_Suche, more_than_18_adapters_fill_18_rows) {
     for (int n = 8; n <= 26; ++n) {
-        programm->Adapter.PortListe.push_back(n);
+        world.AdapterPortNumbers.push_back(n);
     }
     Open();
     Adapters().Command1_Click();

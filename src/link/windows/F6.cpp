@@ -103,6 +103,9 @@ void F6::Texte_Setzen() {
     for (int column = 0; column < F6Column::Count; ++column) {
         FGK6.SetText(0, column, kern.Zeile(Headings[static_cast<std::size_t>(column)]));
     }
+    for (int row = FirstRow; row <= Records; ++row) {
+        Zustand_Setzen(row, FGK6.At(row, F6Column::State).Picture);
+    }
 }
 
 void F6::Gitter_Leeren() {
@@ -160,6 +163,9 @@ void F6::Command1_Click() {
     const Sanduhr hourglass(*this, busy_);
     const std::string before = Inhalt(FGK6);
     const std::vector<Zeile> rows = Zeilen_Merken(FGK6);
+    if (Check1.Checked && !Adapter.SucheLaeuft) {
+        Ports_Ermitteln(kern, Adapter); // a port whose adapter bears a strange name has left the list
+    }
     const int stand = Adapter.Stand;
     Gitter_Leeren();
     Texte_Setzen();
@@ -168,16 +174,35 @@ void F6::Command1_Click() {
         Zeilen_Zurueck(rows); // cut off, or nobody there: the stored list is not to be lost by it
         return;
     }
-    const int found = std::min(static_cast<int>(Adapter.Saetze.size()), Searched);
-    for (int n = 0; n < found; ++n) {
-        const AdapterSatz& adapter = Adapter.Saetze[static_cast<std::size_t>(n)];
-        FGK6.SetText(FirstRow + n, F6Column::Address, adapter.Adresse);
-        FGK6.SetText(FirstRow + n, F6Column::Name, adapter.Name);
-        FGK6.SetText(FirstRow + n, F6Column::Port, adapter.Port);
-        FGK6.SetPicture(FirstRow + n, F6Column::State,
-                        adapter.Name.empty() ? AdapterPicture::None : AdapterPicture::Present);
-    }
+    Fund_Eintragen();
     dirty_ = dirty_ || Inhalt(FGK6) != before;
+}
+
+void F6::Fund_Eintragen() {
+    int row = FirstRow;
+    for (const auto& [adapters, picture] :
+         {std::pair{&Adapter.Saetze, AdapterPicture::Present}, std::pair{&Adapter.Fremde, AdapterPicture::Unusable}}) {
+        for (const AdapterSatz& adapter : *adapters) {
+            if (row < FirstRow + Searched) {
+                FGK6.SetText(row, F6Column::Address, adapter.Adresse);
+                FGK6.SetText(row, F6Column::Name, adapter.Name);
+                FGK6.SetText(row, F6Column::Port, adapter.Port);
+                Zustand_Setzen(row, picture);
+                ++row;
+            }
+        }
+    }
+}
+
+void F6::Zustand_Setzen(int row, int picture) {
+    FGK6.SetPicture(row, F6Column::State, picture);
+    FGK6.SetText(row, F6Column::State,
+                 picture == AdapterPicture::Unusable ? Wort(kern, Word::AdapterUnusable) : std::string());
+}
+
+bool F6::Ist_Da(int row) const {
+    const int picture = FGK6.At(row, F6Column::State).Picture;
+    return picture == AdapterPicture::Present || picture == AdapterPicture::Unusable;
 }
 
 bool F6::Adapter_Liste_Laden() {
@@ -200,15 +225,18 @@ bool F6::Adapter_Liste_Laden() {
 }
 
 void F6::Zustand_Zeigen(int row) {
-    FGK6.SetPicture(row, F6Column::State, AdapterPicture::Absent);
-    for (const AdapterSatz& adapter : Adapter.Saetze) {
-        if (adapter.Adresse != FGK6.Text(row, F6Column::Address)) {
-            continue;
+    Zustand_Setzen(row, AdapterPicture::Absent);
+    for (const auto& [adapters, picture] :
+         {std::pair{&Adapter.Saetze, AdapterPicture::Present}, std::pair{&Adapter.Fremde, AdapterPicture::Unusable}}) {
+        for (const AdapterSatz& adapter : *adapters) {
+            if (adapter.Adresse != FGK6.Text(row, F6Column::Address)) {
+                continue;
+            }
+            Zustand_Setzen(row, picture);
+            // A name must go to this adapter, also when another one has its old port by now.
+            FGK6.SetText(row, F6Column::Port, adapter.Port);
+            Zeile_Faerben(row, adapter.Name == FGK6.Text(row, F6Column::Name) ? White : ChangedName);
         }
-        FGK6.SetPicture(row, F6Column::State, AdapterPicture::Present);
-        // A name must go to this adapter, also when another one has its old port by now.
-        FGK6.SetText(row, F6Column::Port, adapter.Port);
-        Zeile_Faerben(row, adapter.Name == FGK6.Text(row, F6Column::Name) ? White : ChangedName);
     }
 }
 

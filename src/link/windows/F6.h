@@ -22,7 +22,7 @@ inline constexpr int Number = 0, Address = 1, Name = 2, Port = 3, State = 4, Cou
 
 /// Picture ids of the state column.
 namespace AdapterPicture {
-inline constexpr int None = 0, Present = 1, Absent = 2;
+inline constexpr int None = 0, Present = 1, Absent = 2, Unusable = 3; ///< Unusable: there, but its name is of no class
 }
 
 /// Window F6: the serial port or the automatic search, and the adapters with their names.
@@ -80,7 +80,10 @@ private:
     void Gitter_Leeren();
     void Zeilen_Zurueck(const std::vector<Zeile>& rows);
     void Modus_Zeigen();
+    void Zustand_Setzen(int row, int picture);
     void Zustand_Zeigen(int row);
+    void Fund_Eintragen();
+    bool Ist_Da(int row) const;
     void Zeile_Faerben(int row, Colour colour);
     void Editor_Oeffnen(int row, std::string_view text);
     void Editor_Schliessen();

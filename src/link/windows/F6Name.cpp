@@ -122,12 +122,16 @@ void F6::Editor_Uebernehmen() {
         kern.Meldung(Wort(kern, Word::AdapterNameMissing), Buttons::Ok, Icon::Exclamation, InfoTitle);
         return;
     }
+    if (!Adaptername_Brauchbar(name)) {
+        kern.Meldung(Wort(kern, Word::AdapterNameRefused), Buttons::Ok, Icon::Exclamation, InfoTitle);
+        return;
+    }
     if (Name_Vergeben(row, name)) {
         kern.Meldung(kern.Zeile(DuplicateLine), Buttons::Ok, Icon::Exclamation, InfoTitle);
         return;
     }
     FGK6.SetText(row, F6Column::Name, name);
-    if (FGK6.At(row, F6Column::State).Picture == AdapterPicture::Present) {
+    if (Ist_Da(row)) {
         const bool written = Transmit_USB_WORD(row, name, oldName);
         dirty_ = dirty_ || written || FGK6.Text(row, F6Column::Name) != oldName;
     } else {
@@ -144,11 +148,8 @@ bool F6::Transmit_USB_WORD(int row, std::string_view name, std::string_view oldN
     const bool written = Name_Schreiben(port, name);
     if (written) {
         Zeile_Faerben(row, White);
-        for (AdapterSatz& adapter : Adapter.Saetze) {
-            if (adapter.Adresse == FGK6.Text(row, F6Column::Address)) {
-                adapter.Name = name;
-            }
-        }
+        Adapter_Umbenennen(Adapter, FGK6.Text(row, F6Column::Address), name);
+        Zustand_Setzen(row, Adaptername_Brauchbar(name) ? AdapterPicture::Present : AdapterPicture::Unusable);
         kern.Meldung(kern.Zeile(WrittenLine), Buttons::Ok, Icon::Information);
     } else {
         FGK6.SetText(row, F6Column::Name, oldName);
