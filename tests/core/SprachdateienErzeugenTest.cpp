@@ -11,14 +11,15 @@ namespace {
 
 const char* const Head = "line\tuses\tDeutsch\tEnglish\tFrancais\tNederlands\n";
 
-struct Sprachdateien : test::Erzeugung {
-    explicit Sprachdateien(const std::string& catalogue) : Erzeugung("SprachdateienErzeugen", catalogue) {}
+struct NeueSprachdateien : test::Erzeugung {
+    explicit NeueSprachdateien(const std::string& catalogue) : Erzeugung("SprachdateienErzeugen", catalogue) {}
 
     std::string Datei(const std::string& language) const { return Erzeugung::Datei("QVM_" + language + ".DAT"); }
 };
 
 TEST(SprachdateienErzeugen, row_n_becomes_line_n_and_numbers_between_become_empty_lines) {
-    const Sprachdateien made(std::string(Head) + "2\tx\tT\xC3\xBCr\tDoor\tPorte\tDeur\n4\ty\td\te\t\xE2\x82\xAC\tn\n");
+    const NeueSprachdateien made(std::string(Head) +
+                                 "2\tx\tT\xC3\xBCr\tDoor\tPorte\tDeur\n4\ty\td\te\t\xE2\x82\xAC\tn\n");
     EXPECT_EQ(made.exitCode, 0) << made.errors;
     EXPECT_EQ(made.Datei("Deutsch"), "\r\nT\xFCr\r\n\r\nd\r\n");
     EXPECT_EQ(made.Datei("English"), "\r\nDoor\r\n\r\ne\r\n");
@@ -27,7 +28,7 @@ TEST(SprachdateienErzeugen, row_n_becomes_line_n_and_numbers_between_become_empt
 }
 
 TEST(SprachdateienErzeugen, line_300_is_the_last) {
-    EXPECT_EQ(Sprachdateien(std::string(Head) + "300\tx\ta\tb\tc\td\n").exitCode, 0);
+    EXPECT_EQ(NeueSprachdateien(std::string(Head) + "300\tx\ta\tb\tc\td\n").exitCode, 0);
 }
 
 struct Schlecht {
@@ -43,7 +44,7 @@ void PrintTo(const Schlecht& bad, std::ostream* out) {
 struct SchlechterKatalog : testing::TestWithParam<Schlecht> {};
 
 TEST_P(SchlechterKatalog, is_refused_with_its_line_and_writes_no_file) {
-    const Sprachdateien made(GetParam().Catalogue);
+    const NeueSprachdateien made(GetParam().Catalogue);
     EXPECT_EQ(made.exitCode, 1);
     EXPECT_NE(made.errors.find(GetParam().Error), std::string::npos) << made.errors;
     EXPECT_EQ(made.Datei("Deutsch"), "");
