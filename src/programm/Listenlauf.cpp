@@ -9,6 +9,7 @@ void Programm::Liste_Verbinden() {
         F91.Listenzeile_Uebernehmen(F13.FGK13, gridRow, listRow);
     };
     F13.Liste_Leeren = [this] { F91.Liste_Leeren(); };
+    F13.Gescheiterte_Schloesser = [this] { return F91.Gescheiterte_Schloesser(); };
     F11.F13_Verbergen = [this] {
         F13.Timer1.Stop();
         F13.Timer2.Stop();

@@ -91,8 +91,8 @@ void Programm::Fenster_Verbinden() {
         F9.F9_Zeigen();
         F9.Command2.Enabled = true;
     };
-    F11.Zurueck = [this] { F13.Fenster.Enabled = true; };
-    F11.Marke_Loeschen = [this](int row) { F13.FGK13.SetText(row, F13Column::Mark, ""); };
+    F11.Zurueck = [this] { F13.F11_Verlassen(); };
+    F11.Marke_Loeschen = [this](int row) { F13.Marke_Setzen(row, false); };
     F13.Hauptfenster_Zeigen = [this] { Rufen(F2_Zeigen); };
 }
 

@@ -33,6 +33,11 @@ struct F13_Liste : FensterFixture {
         Expect(269, delayed);
         programm->F13.Toolbar1_ButtonClick("Prog.");
     }
+    void ExpectNothingMarked() {
+        world.Answers.push_back(
+            {.Text = std::string(u8"Es ist kein Schloss markiert. Bitte markieren Sie zuerst die gewünschten Schlösser "
+                                 u8"in der Spalte „Prg.“, mit der Maus oder mit der Leertaste."_w)});
+    }
     void SaveHistory(Answer delayed) {
         Expect(269, delayed);
         programm->F13.Toolbar1_ButtonClick("SaveHistory");
@@ -64,9 +69,11 @@ TEST_F(F13_Liste, prog_copies_the_marked_rows_in_order_and_clears_their_marks) {
     EXPECT_THAT(world.Written, IsEmpty());
 }
 
-TEST_F(F13_Liste, prog_with_no_row_marked_opens_nothing_after_its_questions) {
-    Prog(Answer::Yes, Answer::Yes);
-    EXPECT_THAT(Calls, ElementsAre("clear"));
+TEST_F(F13_Liste, prog_with_no_row_marked_says_so_and_asks_nothing) {
+    ExpectNothingMarked();
+    programm->F13.Toolbar1_ButtonClick("Prog.");
+    EXPECT_EQ(world.Shown.size(), 1U);
+    EXPECT_THAT(Calls, IsEmpty());
     EXPECT_EQ(Lauf().RunRows, 0);
     EXPECT_FALSE(programm->F11.Fenster.Visible);
     EXPECT_TRUE(programm->F13.Fenster.Enabled);
@@ -95,7 +102,7 @@ TEST_F(F13_Liste, both_keys_clear_what_an_earlier_run_left) {
     EXPECT_EQ(programm->link.AddressMode, 0);
 
     programm->F11.Cancel_Click();
-    Click(1, F13Column::Mark);
+    Click(200, F13Column::Mark);
     Lauf().RunRows = 9;
     Lauf().TwoPassFlag = Lauf().ReadHistoryFirst = 1;
     SaveHistory(Answer::No);
@@ -120,16 +127,71 @@ TEST_F(F13_Liste, savehistory_takes_yes_as_a_delayed_start_and_cancel_as_no) {
     SaveHistory(Answer::Yes);
     EXPECT_TRUE(programm->F13.DelayedStart);
     programm->F11.Cancel_Click();
-    MarkRows();
     SaveHistory(Answer::Cancel);
     EXPECT_FALSE(programm->F13.DelayedStart);
     EXPECT_TRUE(programm->F11.Fenster.Visible);
 }
 
-TEST_F(F13_Liste, savehistory_with_no_row_marked_opens_nothing) {
-    SaveHistory(Answer::No);
+TEST_F(F13_Liste, savehistory_with_no_row_marked_says_so_and_asks_nothing) {
+    Lauf().NetMode = 0;
+    ExpectNothingMarked();
+    programm->F13.Toolbar1_ButtonClick("SaveHistory");
+    EXPECT_EQ(world.Shown.size(), 1U);
+    EXPECT_THAT(Calls, IsEmpty());
+    EXPECT_EQ(Lauf().NetMode, 0);
+    EXPECT_EQ(Lauf().HistoryOnly, 0);
     EXPECT_FALSE(programm->F11.Fenster.Visible);
     EXPECT_TRUE(programm->F13.Fenster.Enabled);
+}
+
+TEST_F(F13_Liste, says_in_the_language_in_use_that_nothing_is_marked) {
+    programm->kern.Config.Sprache = "Nederlands";
+    world.Answers.push_back({.Text = std::string(u8"Er is geen slot gemarkeerd. Markeer eerst de gewenste sloten in de "
+                                                 u8"kolom ‘Prg.’, met de muis of met de spatiebalk."_w)});
+    programm->F13.Toolbar1_ButtonClick("Prog.");
+}
+
+TEST_F(F13_Liste, marks_come_back_when_the_start_dialog_is_left) {
+    MarkRows();
+    Prog(Answer::No, Answer::No);
+    programm->F11.Cancel_Click();
+    EXPECT_EQ(Mark(1), "X");
+    EXPECT_EQ(Mark(2), "");
+    EXPECT_EQ(Mark(200), "X");
+    EXPECT_EQ(programm->F13.Markenzahl.Text(), "2 markiert");
+    EXPECT_TRUE(programm->F13.Fenster.Enabled);
+    EXPECT_EQ(Lauf().RunRows, 0);
+
+    SaveHistory(Answer::No);
+    EXPECT_EQ(Mark(1), "");
+    programm->F11.Cancel_Click();
+    EXPECT_EQ(Mark(1), "X");
+    EXPECT_EQ(Mark(200), "X");
+}
+
+TEST_F(F13_Liste, marks_of_an_earlier_list_do_not_come_back_behind_a_single_lock) {
+    MarkRows();
+    Prog(Answer::No, Answer::No);
+    programm->F11.Cancel_Click();
+    Click(1, F13Column::Mark);
+    Click(200, F13Column::Mark);
+    OpenStart(2);
+    programm->F11.Cancel_Click();
+    EXPECT_EQ(Mark(1), "");
+    EXPECT_EQ(Mark(2), "X");
+    EXPECT_EQ(Mark(200), "");
+}
+
+TEST_F(F13_Liste, marks_that_went_into_a_list_that_was_started_stay_cleared) {
+    MarkRows();
+    Prog(Answer::No, Answer::No);
+    Type("123456");
+    programm->F11.OK_Click();
+    Begin();
+    OpenStart(2);
+    programm->F11.Cancel_Click();
+    EXPECT_EQ(Mark(1), "");
+    EXPECT_EQ(Mark(200), "");
 }
 
 TEST_F(F13_Liste, runs_without_anybody_who_listens) {

@@ -17,8 +17,14 @@ std::string_view Schalter(const std::string& cell) {
 } // namespace
 
 F13::F13(Programmierlauf& programmierlauf, F11& start, AdapterListe& adapters)
-    : run(programmierlauf), kern(programmierlauf.kern), f11(start), Adapter(adapters), Timer1(kern.Welt, 10),
-      Timer2(kern.Welt, 800) {
+    : run(programmierlauf), kern(programmierlauf.kern), f11(start), Adapter(adapters),
+      Filter(kern, FGK13, {F13Column::Name, F13Column::Serial}), Auswahl(FGK13, GridSelection::Unit::Rows, &Filter),
+      Sprung(kern.Welt, FGK13, F13Column::Name, &Filter), Timer1(kern.Welt, 10), Timer2(kern.Welt, 800) {
+    Command1.Visible = false;
+    Filter.Changed = [this] {
+        Auswahl.FilterChanged();
+        Marken_Zaehlen();
+    };
     Timer1.Ticked = [this] { Maus_Verfolgen(); };
     Timer2.Ticked = [this] {
         Timer2.SetInterval(20);
@@ -231,15 +237,6 @@ void F13::Code_Aendern(int row) {
     Rufen(F17_Oeffnen);
 }
 
-void F13::Marke_Umschalten(int row) {
-    if (FGK13.Text(row, F13Column::Name).empty() || FGK13.Text(row, F13Column::Serial).empty()) {
-        return;
-    }
-    FGK13.SetText(row, F13Column::Mark, FGK13.Text(row, F13Column::Mark) == "X" ? "" : "X");
-    FGK13.SetFontSize(row, F13Column::Mark, 16);
-    FGK13.SetForeColor(row, F13Column::Mark, 0x808080);
-}
-
 void F13::Toolbar1_ButtonClick(std::string_view key) {
     if (key == u8"Zurück"_w) {
         Timer1.Stop();
@@ -251,38 +248,6 @@ void F13::Toolbar1_ButtonClick(std::string_view key) {
         Liste(false);
     } else if (key == "SaveHistory") {
         Liste(true);
-    }
-}
-
-void F13::Liste(bool historyOnly) {
-    if (!Konfiguration_Verlangen(kern)) {
-        return;
-    }
-    Lauf_Ruecksetzen(run);
-    RunState& lauf = run.link.Lauf;
-    if (historyOnly) {
-        lauf.NetMode = 0x80;
-        lauf.HistoryOnly = 1;
-    } else {
-        bool first = false;
-        Historie_Fragen(first);
-        lauf.NetMode = first ? 0xFF : 0;
-    }
-    Rufen(Liste_Leeren);
-    DelayedStart =
-        kern.Meldung(kern.Zeile(269), Buttons::YesNoCancel, Icon::Question, kern.Zeile(90), 2) == Answer::Yes;
-    for (int row = 1; row < FGK13.Rows(); ++row) {
-        if (FGK13.Text(row, F13Column::Mark) != "X") {
-            continue;
-        }
-        FGK13.SetText(row, F13Column::Mark, "");
-        ++lauf.RunRows;
-        if (Listenzeile_Uebernehmen) {
-            Listenzeile_Uebernehmen(row, lauf.RunRows);
-        }
-    }
-    if (lauf.RunRows > 0) {
-        F11_Oeffnen(FGK13.Row);
     }
 }
 

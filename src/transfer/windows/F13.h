@@ -5,6 +5,9 @@
 #include "DatensatzDateien.h"
 #include "F11.h"
 #include "Grid.h"
+#include "GridFilter.h"
+#include "GridJump.h"
+#include "GridSelection.h"
 #include "Programmierlauf.h"
 #include "Record.h"
 #include "Text.h"
@@ -45,6 +48,11 @@ struct F13 {
 
     Window Fenster;
     Grid FGK13{201, F13Column::Count};
+    GridFilter Filter;     ///< by name and serial
+    GridSelection Auswahl; ///< the rows that Space marks
+    GridJump Sprung;       ///< typed letters, to the next name
+    Label Markenzahl;      ///< how many locks are marked, and how many of them the filter hides; empty: none
+    Button Command1;       ///< marks what the last list did not finish; hidden while there is nothing of the kind
     std::array<ToolButton, 3> Toolbar1{
         {{.Key = u8"Zurück"_w, .Number = 11}, {.Key = "Prog.", .Number = 1}, {.Key = "SaveHistory", .Number = 3}}};
     int ProgressTotal = 0;
@@ -60,6 +68,8 @@ struct F13 {
     std::function<void(int gridRow, int listRow)> Listenzeile_Uebernehmen;
     std::function<void()> Liste_Leeren;        ///< clears the run list, and its third timer stops
     std::function<void()> Hauptfenster_Zeigen; ///< the main window comes back and supervises again
+    /// Numbers of the locks that failed or were passed over in the last list.
+    std::function<std::vector<int>()> Gescheiterte_Schloesser;
 
     void F13_FormLaden();
     /// Headings and tips from the catalogue anew; cells stay.
@@ -70,6 +80,15 @@ struct F13 {
     void Del_FGK13_ICON(int row, int column);
     /// A click on a cell, by column: program, history, change code, mark.
     void FGK13_Click(int row, int column);
+    /// A character typed in the grid: the next lock whose name begins so becomes the current one.
+    void FGK13_KeyPress(int key);
+    /// Marks every row of the selection that has name and serial and is shown; clears them when all are marked already.
+    void Auswahl_Markieren();
+    /// Marks the locks that failed or were passed over in the last list, beside those that are marked.
+    void Command1_Click();
+    void Marke_Setzen(int row, bool on);
+    /// The start dialog was left without a start: the window is free again, and what a list key had taken is marked.
+    void F11_Verlassen();
     /// "Zurück", "Prog." or "SaveHistory".
     void Toolbar1_ButtonClick(std::string_view key);
     void Datum_Uhrzeit_akt(int row);
@@ -82,8 +101,13 @@ private:
     void Programmieren(int row);
     void Historie(int row);
     void Code_Aendern(int row);
+    bool Markierbar(int row) const;
+    bool Markiert(int row) const;
     void Marke_Umschalten(int row);
+    void Marken_Zaehlen();
     void Liste(bool historyOnly);
+    void Liste_Uebernehmen(const std::vector<int>& rows);
+    std::vector<int> Gescheiterte_Zeilen() const;
     void Zeile_Fuellen(int row);
     void Listentasten_Freigeben();
     bool Ziel_Setzen(int row);
@@ -99,6 +123,7 @@ private:
     std::vector<FileTrouble> unread_; ///< files of the grid that could not be read when the window opened
     int hoverRow_ = -1;
     int hoverColumn_ = -1;
+    std::vector<int> listRows_; ///< whose marks went into the list that the start dialog is open for
 };
 
 } // namespace qvm

@@ -31,6 +31,10 @@ void F13::F13_FormLaden() {
     TuerInfo_laden();
     Adapter_Spalten_Laden();
     RFk_IconLoad();
+    listRows_.clear();
+    Sprung.Forget();
+    Filter.Set("");
+    Command1.Visible = !Gescheiterte_Zeilen().empty();
     // Shown last, so that the window's first size goes by its contents.
     Fenster.Visible = true;
     if (!unread_.empty()) {
@@ -74,6 +78,7 @@ void F13::Texte_Setzen() {
     Toolbar1[0].Tip = kern.Zeile(119);
     Toolbar1[1].Tip = kern.Zeile(11);
     Toolbar1[2].Tip = kern.Zeile(12);
+    Command1.Text = Wort(kern, Word::MarkUnfinished);
 }
 
 void F13::TuerInfo_laden() {

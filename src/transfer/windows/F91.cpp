@@ -21,8 +21,10 @@ constexpr bool Wird_Kopiert(int column) {
 
 F91::F91(Programmierlauf& programmierlauf, Netzlauf& network, F9& progress, AdapterListe& adapters)
     : run(programmierlauf), netz(network), kern(programmierlauf.kern), f9(progress), Adapter(adapters),
+      Filter(kern, FGK91, {F91Column::Name, F91Column::Serial}), Auswahl(FGK91, GridSelection::Unit::Rows, &Filter),
       Timer1(kern.Welt, StartDelay), Timer2(kern.Welt, 800), Timer3(kern.Welt, 5000), Pruefung(kern.Welt, 1),
       Nachlauf(kern.Welt, 100), Adaptersuche(kern.Welt, 200) {
+    Filter.Changed = [this] { Auswahl.FilterChanged(); };
     Balken.Visible = false;
     Balken.Maximum = BarMaximum;
     Uhren_Zeigen(false);
@@ -75,6 +77,7 @@ void F91::F91_FormLaden(bool delayed) {
     Status_Zeigen(0, 0);
     hint_.reset();
     Texte_Setzen();
+    Filter.Set("");
     Knoepfe_Setzen();
     Fenster.Visible = true;
     if (delayed) {
@@ -173,6 +176,7 @@ void F91::Stoppen() {
 
 void F91::Ende(int line) {
     Timer_Anhalten();
+    Gescheiterte_Merken();
     work_ = Work::None;
     running_ = false;
     netz.TransferKey.Loeschen();

@@ -4,6 +4,8 @@
 #include "Controls.h"
 #include "F9.h"
 #include "Grid.h"
+#include "GridFilter.h"
+#include "GridSelection.h"
 #include "Network_USB.h"
 #include "Programmierlauf.h"
 #include "Timer.h"
@@ -65,6 +67,8 @@ struct F91 {
 
     Window Fenster;
     Grid FGK91{1, F91Column::Count};
+    GridFilter Filter;     ///< by name and serial
+    GridSelection Auswahl; ///< rows, to be copied
     Label StatusLabel;
     Label StartLabel, JetztLabel, RestLabel; ///< delayed start: chosen time, present time, time left
     Label Hinweis;                           ///< what the operator should know of the adapters; empty when nothing
@@ -124,6 +128,8 @@ struct F91 {
     void Anschluss_Geaendert();
     /// Why a row was passed over: the text that it had after the check.
     const std::string& Pruefergebnis(int row) const;
+    /// Numbers of the locks that the last list left marked as failed or passed over; kept when its rows are cleared.
+    const std::vector<int>& Gescheiterte_Schloesser() const { return unfinished_; }
 
     // ---- steps
 
@@ -200,6 +206,7 @@ private:
     /// Nothing, or a word with its place, which follows the language.
     void Hinweis_Zeigen(std::optional<Word> word, const std::string& place = {});
     void Mark_Setzen(int row, std::string_view mark, std::string_view text);
+    void Gescheiterte_Merken();
     LockRow Zeilendaten(int row) const;
 
     Work work_ = Work::None;
@@ -221,6 +228,7 @@ private:
     std::vector<std::string> checkTexts_; ///< by row
     std::set<int> badFiles_;              ///< rows whose check found a file that is not to be relied on
     std::string fileText_;                ///< what was wrong with the files of the row that was loaded last
+    std::vector<int> unfinished_;
 };
 
 } // namespace qvm

@@ -153,6 +153,16 @@ void F91::Mark_Setzen(int row, std::string_view mark, std::string_view text) {
     }
 }
 
+void F91::Gescheiterte_Merken() {
+    unfinished_.clear();
+    for (int row = 1; row < FGK91.Rows(); ++row) {
+        const std::string& mark = FGK91.Text(row, F91Column::Mark);
+        if (mark == ListMark::Failed || mark == ListMark::PassedOver) {
+            unfinished_.push_back(static_cast<int>(Zahlwert(FGK91.Text(row, F91Column::Number))));
+        }
+    }
+}
+
 const std::string& F91::Pruefergebnis(int row) const {
     static const std::string none;
     const auto at = static_cast<std::size_t>(row);

@@ -1,0 +1,123 @@
+// Marks, and the two keys that make a list of them.
+
+#include "F13.h"
+#include "Text.h"
+#include "Words.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace qvm {
+
+bool F13::Markierbar(int row) const {
+    return !FGK13.Text(row, F13Column::Name).empty() && !FGK13.Text(row, F13Column::Serial).empty();
+}
+
+bool F13::Markiert(int row) const {
+    return FGK13.Text(row, F13Column::Mark) == "X";
+}
+
+void F13::Marke_Setzen(int row, bool on) {
+    FGK13.SetText(row, F13Column::Mark, on ? "X" : "");
+    FGK13.SetFontSize(row, F13Column::Mark, 16);
+    FGK13.SetForeColor(row, F13Column::Mark, 0x808080);
+    Marken_Zaehlen();
+}
+
+void F13::Marke_Umschalten(int row) {
+    if (Markierbar(row)) {
+        Marke_Setzen(row, !Markiert(row));
+    }
+}
+
+void F13::Marken_Zaehlen() {
+    int marked = 0;
+    int hidden = 0;
+    for (int row = 1; row < FGK13.Rows(); ++row) {
+        marked += Markiert(row) ? 1 : 0;
+        hidden += Markiert(row) && !Filter.Shows(row) ? 1 : 0;
+    }
+    Markenzahl.Text = marked == 0   ? std::string()
+                      : hidden == 0 ? Wort(kern, Word::MarkedCount, {Ziffern(marked)})
+                                    : Wort(kern, Word::MarkedHidden, {Ziffern(marked), Ziffern(hidden)});
+}
+
+void F13::Auswahl_Markieren() {
+    std::vector<int> rows = Auswahl.Rows();
+    std::erase_if(rows, [this](int row) { return !Markierbar(row); });
+    const bool all = std::all_of(rows.begin(), rows.end(), [this](int row) { return Markiert(row); });
+    for (const int row : rows) {
+        Marke_Setzen(row, !all);
+    }
+}
+
+void F13::FGK13_KeyPress(int key) {
+    if (const int row = Sprung.Letter(key); row != 0) {
+        Auswahl.Go(row, FGK13.Column);
+    }
+}
+
+std::vector<int> F13::Gescheiterte_Zeilen() const {
+    std::vector<int> rows = Gescheiterte_Schloesser ? Gescheiterte_Schloesser() : std::vector<int>();
+    std::erase_if(rows, [this](int row) { return row < 1 || !Markierbar(row); });
+    return rows;
+}
+
+void F13::Command1_Click() {
+    for (const int row : Gescheiterte_Zeilen()) {
+        Marke_Setzen(row, true);
+    }
+}
+
+void F13::Liste(bool historyOnly) {
+    std::vector<int> rows;
+    for (int row = 1; row < FGK13.Rows(); ++row) {
+        if (Markiert(row)) {
+            rows.push_back(row);
+        }
+    }
+    if (rows.empty()) {
+        kern.Meldung(Wort(kern, Word::NothingMarked, {FGK13.Text(0, F13Column::Mark)}), Buttons::Ok, Icon::Exclamation,
+                     kern.Zeile(90));
+        return;
+    }
+    if (!Konfiguration_Verlangen(kern)) {
+        return;
+    }
+    Lauf_Ruecksetzen(run);
+    RunState& lauf = run.link.Lauf;
+    if (historyOnly) {
+        lauf.NetMode = 0x80;
+        lauf.HistoryOnly = 1;
+    } else {
+        bool first = false;
+        Historie_Fragen(first);
+        lauf.NetMode = first ? 0xFF : 0;
+    }
+    Rufen(Liste_Leeren);
+    DelayedStart =
+        kern.Meldung(kern.Zeile(269), Buttons::YesNoCancel, Icon::Question, kern.Zeile(90), 2) == Answer::Yes;
+    Liste_Uebernehmen(rows);
+    F11_Oeffnen(FGK13.Row);
+}
+
+void F13::Liste_Uebernehmen(const std::vector<int>& rows) {
+    RunState& lauf = run.link.Lauf;
+    for (const int row : rows) {
+        Marke_Setzen(row, false);
+        ++lauf.RunRows;
+        if (Listenzeile_Uebernehmen) {
+            Listenzeile_Uebernehmen(row, lauf.RunRows);
+        }
+    }
+    listRows_ = rows;
+}
+
+void F13::F11_Verlassen() {
+    for (const int row : std::exchange(listRows_, {})) {
+        Marke_Setzen(row, true);
+    }
+    Fenster.Enabled = true;
+}
+
+} // namespace qvm
