@@ -1,5 +1,6 @@
 #include "F91Window.h"
 
+#include "GridFilterBar.h"
 #include "GridView.h"
 #include "TextEdge.h"
 #include "Worttafel.h"
@@ -34,8 +35,10 @@ F91Window::~F91Window() {
 }
 
 void F91Window::setWords() {
-    grid_->setAccessibleName(word(Word::LockList, f91_.kern.Config.Sprache));
-    bar_->setAccessibleName(word(Word::Progress, f91_.kern.Config.Sprache));
+    const std::string& language = f91_.kern.Config.Sprache;
+    grid_->setAccessibleName(word(Word::LockList, language));
+    filter_->setWords(word(Word::FilterLocks, language), language);
+    bar_->setAccessibleName(word(Word::Progress, language));
 }
 
 void F91Window::leave() {
@@ -43,6 +46,8 @@ void F91Window::leave() {
 }
 
 void F91Window::makeGrid() {
+    filter_ = new GridFilterBar(f91_.Filter, QStringLiteral("F91.FGK91"), this);
+    content()->addWidget(filter_);
     grid_ = new GridView(f91_.FGK91, this);
     nameWidget(grid_, QStringLiteral("F91.FGK91"));
     GridModel& model = grid_->gridModel();
@@ -56,6 +61,9 @@ void F91Window::makeGrid() {
     grid_->setColumns({650, 3500, 2000, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 600, 7800}, F91Column::StateText);
     grid_->setFrozenColumns(FrozenListColumns);
     f91_.Zeile_Zeigen = [this](int row) { grid_->setCurrentCell(row, F91Column::StateText); };
+    grid_->setSelection(f91_.Auswahl);
+    grid_->setFilter(f91_.Filter);
+    filter_->leadTo(grid_);
     content()->addWidget(grid_, 1);
 }
 

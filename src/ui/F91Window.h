@@ -7,9 +7,10 @@ class QProgressBar;
 
 namespace qvm::ui {
 
+class GridFilterBar;
 class GridView;
 
-/// F91 on the screen: the run list.
+/// F91 on the screen: the run list with a filter line.
 class F91Window : public WindowBase {
     Q_OBJECT
 
@@ -28,6 +29,7 @@ private:
 
     F91& f91_;
     GridView* grid_ = nullptr;
+    GridFilterBar* filter_ = nullptr;
     QProgressBar* bar_ = nullptr;
 };
 

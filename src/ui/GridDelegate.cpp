@@ -1,11 +1,12 @@
 #include "GridDelegate.h"
 
-#include "GridModel.h"
+#include "GridView.h"
 
 #include <QHelpEvent>
 #include <QIcon>
 #include <QPainter>
-#include <QTableView>
+#include <QStyle>
+#include <QStyleOptionButton>
 #include <QToolTip>
 
 #include <algorithm>
@@ -15,6 +16,7 @@ namespace {
 
 constexpr int ButtonInset = 2; ///< between a cell's edge and the button drawn in it
 constexpr qreal ButtonRound = 4;
+constexpr int LargestCheck = 22, CheckInset = 5; ///< of a check box: its side, and to the cell's edge above and below
 
 const GridModel& modelOf(const QModelIndex& index) {
     return static_cast<const GridModel&>(*index.model());
@@ -22,15 +24,18 @@ const GridModel& modelOf(const QModelIndex& index) {
 
 } // namespace
 
-GridDelegate::GridDelegate(const QTableView& focusView, QObject* parent)
-    : QStyledItemDelegate(parent), focusView_(focusView) {}
+GridDelegate::GridDelegate(const GridView& view, QObject* parent) : QStyledItemDelegate(parent), view_(view) {}
 
 void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
     painter->save();
     painter->setClipRect(option.rect);
     paintGround(painter, option, index);
-    paintContent(painter, option, index);
-    if (index == focusView_.currentIndex() && focusView_.hasFocus()) {
+    if (index.data(Qt::CheckStateRole).isValid()) {
+        paintCheck(painter, option, index);
+    } else {
+        paintContent(painter, option, index);
+    }
+    if (index == view_.currentIndex() && view_.hasFocus()) {
         painter->setRenderHint(QPainter::Antialiasing, false);
         painter->setBrush(Qt::NoBrush);
         QPen pen(option.palette.color(QPalette::Highlight), 2);
@@ -56,10 +61,12 @@ bool GridDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const Q
 
 void GridDelegate::paintGround(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
     const auto back = index.data(GridModel::BackColourRole).value<Colour>();
-    const bool alternate = index.row() % 2 == 1;
+    const bool alternate = view_.isStripe(index.row());
     const bool button = modelOf(index).isAction(index.row() + 1, index.column());
     const bool neutral = button || cellTone(back) != CellTone::Exact;
-    painter->fillRect(option.rect, cellBackground(neutral ? White : back, alternate, option.palette));
+    const QColor ground = cellBackground(neutral ? White : back, alternate, option.palette);
+    const RowTint tint = neutral ? view_.tintOf(index.row(), index.column()) : RowTint::None;
+    painter->fillRect(option.rect, tinted(ground, tint, option.palette));
     if (!button) {
         return;
     }
@@ -72,6 +79,20 @@ void GridDelegate::paintGround(QPainter* painter, const QStyleOptionViewItem& op
     const QRectF shape =
         QRectF(option.rect).adjusted(ButtonInset + 1.5, ButtonInset + 0.5, -ButtonInset - 1.5, -ButtonInset - 0.5);
     painter->drawRoundedRect(shape, ButtonRound, ButtonRound);
+}
+
+void GridDelegate::paintCheck(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) {
+    const QStyle& style = *option.widget->style();
+    const int side = std::min(LargestCheck, option.rect.height() - 2 * CheckInset);
+    QStyleOptionButton box;
+    box.palette = option.palette;
+    box.rect = QStyle::alignedRect(option.direction, Qt::AlignCenter, QSize(side, side), option.rect);
+    box.state = option.state & QStyle::State_Enabled;
+    box.state |= index.data(Qt::CheckStateRole) == Qt::Checked ? QStyle::State_On : QStyle::State_Off;
+    if (cellTone(index.data(GridModel::BackColourRole).value<Colour>()) == CellTone::Hover) {
+        box.state |= QStyle::State_MouseOver;
+    }
+    style.drawPrimitive(QStyle::PE_IndicatorCheckBox, &box, painter, option.widget);
 }
 
 void GridDelegate::paintContent(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {

@@ -2,18 +2,18 @@
 
 #include <QStyledItemDelegate>
 
-class QTableView;
-
 namespace qvm::ui {
+
+class GridView;
 
 /// Between a cell's edge and its text.
 inline constexpr int CellMargin = 6;
 
-/// Paints a cell of a GridModel: striped, exact or button-like ground, picture, text, and a frame round the current
-/// cell of `focusView` while that view has the focus.
+/// Paints a cell of a GridModel: striped, tinted, exact or button-like ground, picture, check box, text, and a frame
+/// round the current cell of `view` while that has the focus.
 class GridDelegate : public QStyledItemDelegate {
 public:
-    GridDelegate(const QTableView& focusView, QObject* parent);
+    GridDelegate(const GridView& view, QObject* parent);
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     /// A text that is cut stands whole in the tool tip.
@@ -22,9 +22,10 @@ public:
 
 private:
     void paintGround(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
+    static void paintCheck(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index);
     void paintContent(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
 
-    const QTableView& focusView_;
+    const GridView& view_;
 };
 
 } // namespace qvm::ui

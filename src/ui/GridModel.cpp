@@ -65,6 +65,12 @@ bool GridModel::isAction(int row, int column) const {
     return actionIcons_.contains(column) && (tone == CellTone::Action || tone == CellTone::Hover);
 }
 
+bool GridModel::isCheck(int row, int column) const {
+    const Cell& cell = grid_.At(row, column);
+    const CellTone tone = cellTone(cell.BackColor);
+    return column == checkColumn_ && (tone == CellTone::Action || tone == CellTone::Hover || cell.Text == "X");
+}
+
 QVariant GridModel::data(const QModelIndex& index, int role) const {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid)) {
         return {};
@@ -73,7 +79,9 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     const Cell& cell = grid_.At(row, index.column());
     switch (role) {
     case Qt::DisplayRole:
-        return toQt(cell.Text);
+        return isCheck(row, index.column()) ? QVariant() : toQt(cell.Text);
+    case Qt::CheckStateRole:
+        return isCheck(row, index.column()) ? QVariant(cell.Text == "X" ? Qt::Checked : Qt::Unchecked) : QVariant();
     case Qt::DecorationRole:
         return decoration(cell, row, index.column());
     case Qt::FontRole:
@@ -120,6 +128,9 @@ QVariant GridModel::accessibleText(const QModelIndex& index) const {
     const int row = index.row() + 1;
     const int column = index.column();
     const Cell& cell = grid_.At(row, column);
+    if (isCheck(row, column)) {
+        return toQt(grid_.Text(0, column));
+    }
     if (!cell.Text.empty()) {
         return toQt(cell.Text);
     }
@@ -142,7 +153,7 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
     case Qt::AccessibleDescriptionRole:
         return tip(0, section);
     case Qt::TextAlignmentRole:
-        return QVariant::fromValue(alignments_.value(section, actionIcons_.contains(section)
+        return QVariant::fromValue(alignments_.value(section, actionIcons_.contains(section) || section == checkColumn_
                                                                   ? Qt::Alignment(Qt::AlignCenter)
                                                                   : Qt::AlignLeft | Qt::AlignVCenter));
     default:
@@ -151,7 +162,12 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
 }
 
 Qt::ItemFlags GridModel::flags(const QModelIndex& index) const {
-    return index.isValid() ? Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren : Qt::NoItemFlags;
+    if (!index.isValid()) {
+        return Qt::NoItemFlags;
+    }
+    const bool check = isCheck(index.row() + 1, index.column());
+    return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren |
+           (check ? Qt::ItemIsUserCheckable : Qt::NoItemFlags);
 }
 
 // A window's load writes thousands of cells in one go. The views hear of them once, when the load is over.

@@ -28,6 +28,9 @@ public:
     /// Cells of the column look like buttons while their background says that they can be clicked, and those without
     /// text bear this icon of ownIcon; an empty name: no icon.
     void setActionIcon(int column, const QString& name);
+    /// Cells of the column that can be clicked, or hold an "X", are check boxes: an "X" checks them. A screen reader
+    /// hears the heading and the state.
+    void setCheckColumn(int column) { checkColumn_ = column; }
     /// The font size, in points, of cells that show in the view's own font; others are larger or smaller in
     /// proportion.
     void setBaseFontSize(int points);
@@ -52,6 +55,7 @@ public:
 private:
     void cellChanged(int row, int column);
     void tellViews();
+    bool isCheck(int row, int column) const;
     QVariant accessibleText(const QModelIndex& index) const;
     QVariant tip(int row, int column) const;
     QVariant decoration(const Cell& cell, int row, int column) const;
@@ -63,6 +67,7 @@ private:
     QHash<int, QHash<int, QString>> pictureTexts_;
     QHash<int, Qt::Alignment> alignments_;
     QHash<int, std::function<QString(int row)>> tips_;
+    int checkColumn_ = -1;
     int baseFontSize_ = 8;
     int rows_ = 0; ///< as the views know it
     int columns_ = 0;

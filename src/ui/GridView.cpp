@@ -52,7 +52,14 @@ GridView::GridView(Grid& grid, QWidget* parent)
     setCurrentIndex(model_->index(0, 0));
 }
 
-GridView::~GridView() = default;
+GridView::~GridView() {
+    if (selection_ != nullptr) {
+        selection_->Changed = {};
+    }
+    if (filter_ != nullptr) {
+        filter_->RowsChanged = {};
+    }
+}
 
 void GridView::prepare(QTableView& view) {
     view.setHorizontalHeader(new GridHeader(&view));
@@ -202,16 +209,6 @@ QRect GridView::cellRect(int row, int column) const {
     }
     const QRect seen = visualRect(index) & room;
     return seen.isEmpty() ? QRect() : QRect(viewport()->mapTo(this, seen.topLeft()), seen.size());
-}
-
-bool GridView::cellUnderMouse(int& row, int& column) const {
-    if (!mouse_ || !isVisible() || !isEnabled()) {
-        return false;
-    }
-    const QModelIndex index = mouse_->x() < frozenWidth() ? frozen_->indexAt(*mouse_) : indexAt(*mouse_);
-    row = index.row() + 1;
-    column = index.column();
-    return index.isValid();
 }
 
 void GridView::scrollTo(const QModelIndex& index, ScrollHint hint) {

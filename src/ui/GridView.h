@@ -1,6 +1,8 @@
 #pragma once
 
+#include "GridFilter.h"
 #include "GridModel.h"
+#include "GridSelection.h"
 
 #include <QPersistentModelIndex>
 #include <QTableView>
@@ -32,12 +34,22 @@ public:
     void fitColumns();
     /// The first columns stay in sight.
     void setFrozenColumns(int count);
+    /// Blocks are selected with Shift and the arrows, with Shift and a click, by a drag and with Ctrl+A; Ctrl+C copies
+    /// what of the block is shown. The selection must outlive the view.
+    void setSelection(GridSelection& selection);
+    /// Rows that the filter hides are not shown; Escape clears it before it leaves the window. It must outlive the
+    /// view.
+    void setFilter(GridFilter& filter);
     /// Makes the cell the current one and scrolls to it.
     void setCurrentCell(int row, int column);
     /// The cell's rectangle in coordinates of this widget; empty outside the grid and while scrolled out of sight.
     QRect cellRect(int row, int column) const;
     /// The cell under the mouse pointer, as the last mouse event told. False when it is over none.
     bool cellUnderMouse(int& row, int& column) const;
+    /// How a cell of the model stands out.
+    RowTint tintOf(int row, int column) const;
+    /// The row of the model is one of the darker ones; of the rows that are shown every second one is.
+    bool isStripe(int row) const;
     /// Width that shows every column.
     int columnsWidth() const;
 
@@ -46,6 +58,7 @@ public:
 
     std::function<void(int row, int column)> onClick; ///< mouse, Return or space on a cell
     std::function<void(int key)> onKey;               ///< a key typed on the current cell, as Keys.h codes it
+    std::function<void()> onSpace;                    ///< the space bar, instead of a click
 
 signals:
     /// Cells have moved on the screen: scrolled, resized.
@@ -56,7 +69,9 @@ protected:
     void scrollContentsBy(int dx, int dy) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void changeEvent(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
@@ -70,14 +85,27 @@ private:
     void placeFrozen();
     void stretchColumns();
     void click(const QModelIndex& index);
-    /// A click is a press and a release on the same cell.
+    /// A click is a press and a release on the same cell, without a drag or Shift.
     void released(const QMouseEvent& event, const QModelIndex& index);
+    bool editKey(QKeyEvent* event);
+    void copy() const;
+    /// Does what moves the current cell; the block reaches to it or is left behind.
+    void moving(bool extend, const std::function<void()>& move);
+    /// False when the press leaves block and current cell as they are.
+    bool pressMoves(const QMouseEvent& event, const QModelIndex& index) const;
+    void dragTo(QPoint inViewport);
+    void showSelection();
+    void showRows();
+    QModelIndex cellAt(QPoint inViewport) const;
+    void findHoverRow();
+    void updateRow(int row);
     int givenWidth(int column) const;
     /// Of the rows first to last of the model, or a sample of them; within limits.
     int textWidth(int column, int first, int last) const;
     int contentWidth(int column) const;
     void growStretched(const QModelIndex& first, const QModelIndex& last);
     int frozenWidth() const;
+    void trackMouse(QWidget* on, QEvent* event);
 
     GridModel* model_;
     QTableView* frozen_;
@@ -86,8 +114,13 @@ private:
     std::vector<int> natural_; ///< measured widths
     int stretch_ = -1;
     int frozenColumns_ = 0;
-    void trackMouse(QWidget* on, QEvent* event);
-
+    GridSelection* selection_ = nullptr;
+    GridFilter* filter_ = nullptr;
+    bool extending_ = false;        ///< what moves the current cell now takes the block along
+    bool following_ = false;        ///< the current cell is moved because the selection has moved
+    bool dragged_ = false;          ///< over other cells, since the mouse button went down
+    int hoverRow_ = -1;             ///< of the model, under the mouse
+    std::vector<bool> stripes_;     ///< by row of the model, while a filter decides on them
     std::optional<QPoint> mouse_;   ///< in the viewport; none outside
     QPersistentModelIndex pressed_; ///< where the mouse button went down
 };

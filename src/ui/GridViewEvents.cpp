@@ -6,34 +6,62 @@
 #include <QKeyEvent>
 
 namespace qvm::ui {
+namespace {
+
+bool movesCell(int key) {
+    return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Left || key == Qt::Key_Right ||
+           key == Qt::Key_PageUp || key == Qt::Key_PageDown || key == Qt::Key_Home || key == Qt::Key_End;
+}
+
+} // namespace
 
 void GridView::click(const QModelIndex& index) {
-    if (index.isValid() && onClick) {
+    // The current cell may be one that the filter hides: what nobody sees is not pressed.
+    if (index.isValid() && !isRowHidden(index.row()) && onClick) {
         onClick(index.row() + 1, index.column());
     }
 }
 
 void GridView::keyPressEvent(QKeyEvent* event) {
+    if (editKey(event)) {
+        return;
+    }
     const int code = keyCode(*event);
     const bool combined = event->modifiers().testAnyFlags(Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
     const bool press =
         !combined && (code == Key::Enter || event->key() == Qt::Key_Space || event->key() == Qt::Key_Select);
     const bool typed = code != 0 && code != Key::Tab && code != Key::Escape;
-    if (press && onClick) {
+    if (!combined && event->key() == Qt::Key_Space && onSpace) {
+        onSpace();
+    } else if (press && onClick) {
         click(currentIndex());
     } else if (typed && onKey) {
         onKey(code);
     } else if (code == Key::Escape || code >= ' ' || event->key() == Qt::Key_Space) {
         // Neither an editor nor a search by letters: the window may want it.
         event->ignore();
+    } else if (selection_ != nullptr && movesCell(event->key())) {
+        moving(event->modifiers().testFlag(Qt::ShiftModifier), [&] { QTableView::keyPressEvent(event); });
     } else {
         QTableView::keyPressEvent(event);
     }
 }
 
 void GridView::mousePressEvent(QMouseEvent* event) {
-    pressed_ = indexAt(event->position().toPoint());
-    QTableView::mousePressEvent(event);
+    const QModelIndex index = indexAt(event->position().toPoint());
+    pressed_ = index;
+    dragged_ = false;
+    if (pressMoves(*event, index)) {
+        moving(event->modifiers().testFlag(Qt::ShiftModifier), [&] { QTableView::mousePressEvent(event); });
+    }
+}
+
+void GridView::mouseMoveEvent(QMouseEvent* event) {
+    if (selection_ != nullptr && event->buttons() == Qt::LeftButton && pressed_.isValid()) {
+        dragTo(event->position().toPoint());
+    } else {
+        QTableView::mouseMoveEvent(event);
+    }
 }
 
 void GridView::mouseReleaseEvent(QMouseEvent* event) {
@@ -42,35 +70,51 @@ void GridView::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void GridView::released(const QMouseEvent& event, const QModelIndex& index) {
-    const bool same = index.isValid() && pressed_ == index;
+    const bool same = index.isValid() && pressed_ == index && !dragged_;
+    const bool block = selection_ != nullptr && event.modifiers().testFlag(Qt::ShiftModifier);
     pressed_ = QModelIndex();
-    if (event.button() == Qt::LeftButton && same) {
+    if (event.button() == Qt::LeftButton && same && !block) {
         click(index);
     }
 }
 
 bool GridView::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == frozen_->viewport() && isEnabled()) {
-        trackMouse(frozen_->viewport(), event);
-        if (event->type() == QEvent::MouseButtonPress) {
-            setFocus(Qt::MouseFocusReason);
-            pressed_ = frozen_->indexAt(static_cast<QMouseEvent*>(event)->position().toPoint());
-        } else if (event->type() == QEvent::MouseButtonRelease) {
-            const auto* mouse = static_cast<QMouseEvent*>(event);
-            released(*mouse, frozen_->indexAt(mouse->position().toPoint()));
+    if (watched != frozen_->viewport() || !isEnabled()) {
+        return QTableView::eventFilter(watched, event);
+    }
+    trackMouse(frozen_->viewport(), event);
+    const auto* mouse = static_cast<QMouseEvent*>(event);
+    if (event->type() == QEvent::MouseButtonPress) {
+        setFocus(Qt::MouseFocusReason);
+        const QModelIndex index = frozen_->indexAt(mouse->position().toPoint());
+        pressed_ = index;
+        dragged_ = false;
+        if (index.isValid() && pressMoves(*mouse, index)) {
+            moving(mouse->modifiers().testFlag(Qt::ShiftModifier), [&] { setCurrentIndex(index); });
         }
+        return selection_ != nullptr;
+    }
+    if (event->type() == QEvent::MouseMove && selection_ != nullptr && mouse->buttons() == Qt::LeftButton) {
+        dragTo(viewport()->mapFromGlobal(mouse->globalPosition().toPoint()));
+        return true;
+    }
+    if (event->type() == QEvent::MouseButtonRelease) {
+        released(*mouse, frozen_->indexAt(mouse->position().toPoint()));
     }
     return QTableView::eventFilter(watched, event);
 }
 
 void GridView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     QTableView::currentChanged(current, previous);
-    if (current.isValid()) {
-        grid().Row = current.row() + 1;
+    const int row = current.row() + 1;
+    if (current.isValid() && selection_ == nullptr) {
+        grid().Row = row;
         grid().Column = current.column();
+    } else if (current.isValid() && !following_) {
+        extending_ ? selection_->Extend(row, current.column()) : selection_->Go(row, current.column());
     }
-    frozen_->viewport()->update();
-    viewport()->update();
+    updateRow(previous.row());
+    updateRow(current.row());
 }
 
 void GridView::resizeEvent(QResizeEvent* event) {
@@ -82,6 +126,7 @@ void GridView::resizeEvent(QResizeEvent* event) {
 void GridView::scrollContentsBy(int dx, int dy) {
     QTableView::scrollContentsBy(dx, dy);
     placeFrozen();
+    findHoverRow();
 }
 
 void GridView::changeEvent(QEvent* event) {
@@ -111,7 +156,10 @@ void GridView::trackMouse(QWidget* on, QEvent* event) {
         mouse_ = viewport()->mapFrom(this, on->mapTo(this, static_cast<QMouseEvent*>(event)->position().toPoint()));
     } else if (event->type() == QEvent::Leave) {
         mouse_.reset();
+    } else {
+        return;
     }
+    findHoverRow();
 }
 
 bool GridView::viewportEvent(QEvent* event) {

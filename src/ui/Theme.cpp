@@ -178,6 +178,24 @@ QColor cellBackground(Colour background, bool alternate, const QPalette& palette
     }
 }
 
+QColor tinted(const QColor& ground, RowTint tint, const QPalette& palette) {
+    const auto towards = [&](qreal light, qreal dark) {
+        return mixed(ground, palette.color(QPalette::Active, QPalette::Highlight), isDark(palette) ? dark : light);
+    };
+    switch (tint) {
+    case RowTint::Hover:
+        return towards(0.07, 0.13);
+    case RowTint::PaleCurrent:
+        return towards(0.11, 0.18);
+    case RowTint::Current:
+        return towards(0.18, 0.28);
+    case RowTint::Block:
+        return towards(0.3, 0.42);
+    default:
+        return ground;
+    }
+}
+
 QColor cellForeground(Colour foreground, Colour background, const QPalette& palette) {
     const CellTone tone = cellTone(background);
     if (foreground != Black) {

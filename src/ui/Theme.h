@@ -50,6 +50,13 @@ CellTone cellTone(Colour background);
 /// The background of a cell; `alternate`: the darker stripe of a plain row.
 QColor cellBackground(Colour background, bool alternate, const QPalette& palette);
 
+/// How a row stands out: the mouse is over it, it is the current one (paler without the keyboard), or it belongs to a
+/// selected block.
+enum class RowTint { None, Hover, PaleCurrent, Current, Block };
+
+/// A neutral background with the tint of its row.
+QColor tinted(const QColor& ground, RowTint tint, const QPalette& palette);
+
 /// The text of a cell: black is the palette's text on a neutral background, and whatever reads best on an exact one;
 /// every other colour is exact, but goes as far towards the palette's text as it needs to be seen on a cell that can be
 /// clicked.

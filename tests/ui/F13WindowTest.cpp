@@ -6,6 +6,11 @@
 #include "UiFixture.h"
 #include "WidgetChecks.h"
 
+#include <QAccessible>
+#include <QImage>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
 #include <QTest>
 #include <QToolButton>
 
@@ -144,8 +149,129 @@ TEST_F(F13_Window, is_walked_with_tab_and_names_every_control) {
     Button("Zurück")->setFocus();
     EXPECT_EQ(tabOrder(window.get()),
               (QStringList{QString::fromUtf8("F13.Toolbar1.Zurück"), QStringLiteral("F13.Toolbar1.Prog."),
-                           QStringLiteral("F13.Toolbar1.SaveHistory"), QStringLiteral("F13.FGK13")}));
+                           QStringLiteral("F13.Toolbar1.SaveHistory"), QStringLiteral("F13.FGK13.Filter"),
+                           QStringLiteral("F13.FGK13")}));
     EXPECT_EQ(unnamedControls(window.get()), QStringList());
+}
+
+TEST_F(F13_Window, marks_with_space_wherever_the_cell_and_starts_nothing) {
+    Open();
+    grid->setFocus();
+    grid->setCurrentCell(1, F13Column::Program);
+    QTest::keyClick(grid, Qt::Key_Space);
+    EXPECT_EQ(programm->F13.FGK13.Text(1, F13Column::Mark), "X");
+    EXPECT_FALSE(programm->F11.Fenster.Visible);
+    QTest::keyClick(grid, Qt::Key_Down, Qt::ShiftModifier);
+    QTest::keyClick(grid, Qt::Key_Space);
+    EXPECT_EQ(programm->F13.FGK13.Text(2, F13Column::Mark), "X");
+    QTest::keyClick(grid, Qt::Key_Space);
+    EXPECT_EQ(programm->F13.FGK13.Text(1, F13Column::Mark), "");
+    EXPECT_EQ(programm->F13.FGK13.Text(2, F13Column::Mark), "");
+}
+
+TEST_F(F13_Window, marks_all_that_the_filter_shows_with_ctrl_a_and_space) {
+    SettledLock(3, "Kellertor");
+    Open();
+    auto* line = window->findChild<QLineEdit*>(QStringLiteral("F13.FGK13.Filter"));
+    QTest::keyClick(grid, Qt::Key_F, Qt::ControlModifier);
+    ASSERT_TRUE(line->hasFocus());
+    QTest::keyClicks(line, QStringLiteral("keller"));
+    EXPECT_EQ(window->findChild<QLabel*>(QStringLiteral("F13.FGK13.Count"))->text(), QStringLiteral("2 von 3"));
+    QTest::keyClick(line, Qt::Key_Return);
+    QTest::keyClick(grid, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(grid, Qt::Key_Space);
+    EXPECT_EQ(programm->F13.FGK13.Text(1, F13Column::Mark), "");
+    EXPECT_EQ(programm->F13.FGK13.Text(2, F13Column::Mark), "X");
+    EXPECT_EQ(programm->F13.FGK13.Text(3, F13Column::Mark), "X");
+    auto* marks = window->findChild<QLabel*>(QStringLiteral("F13.Markenzahl"));
+    EXPECT_EQ(marks->text(), QStringLiteral("2 markiert"));
+    line->setText(QStringLiteral("haupt"));
+    EXPECT_EQ(marks->accessibleName(), QStringLiteral("2 markiert, davon 2 nicht angezeigt"));
+}
+
+TEST_F(F13_Window, clears_the_filter_with_escape_and_goes_back_with_the_next_one) {
+    Open();
+    programm->F13.Filter.Set("keller");
+    QTest::keyClick(grid, Qt::Key_Escape);
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_FALSE(programm->F13.Filter.Active());
+    QTest::keyClick(grid, Qt::Key_Escape);
+    EXPECT_FALSE(window->isVisible());
+}
+
+TEST_F(F13_Window, goes_to_the_name_that_is_typed) {
+    Open();
+    grid->setFocus();
+    grid->setCurrentCell(1, F13Column::Serial);
+    QTest::keyClicks(grid, QStringLiteral("ke"));
+    EXPECT_EQ(grid->currentIndex(), grid->gridModel().index(1, F13Column::Serial));
+}
+
+TEST_F(F13_Window, selects_rows_by_a_drag_across_its_keys_and_starts_nothing) {
+    Open();
+    const QPoint from = grid->viewport()->mapFrom(grid, grid->cellRect(1, F13Column::Program).center());
+    const QPoint to = grid->viewport()->mapFrom(grid, grid->cellRect(3, F13Column::Program).center());
+    QTest::mousePress(grid->viewport(), Qt::LeftButton, Qt::NoModifier, from);
+    QMouseEvent move(QEvent::MouseMove, to, grid->viewport()->mapToGlobal(to), Qt::NoButton, Qt::LeftButton, {});
+    QApplication::sendEvent(grid->viewport(), &move);
+    QTest::mouseRelease(grid->viewport(), Qt::LeftButton, Qt::NoModifier, to);
+    EXPECT_EQ(programm->F13.Auswahl.Rows(), (std::vector<int>{1, 2, 3}));
+    EXPECT_FALSE(programm->F11.Fenster.Visible);
+}
+
+TEST_F(F13_Window, reads_its_marks_as_check_boxes_that_a_click_still_toggles) {
+    Open();
+    grid->setCurrentCell(2, F13Column::Mark); // into sight
+    ClickCell(2, F13Column::Mark);
+    QAccessibleTableInterface* table = QAccessible::queryAccessibleInterface(grid)->tableInterface();
+    EXPECT_TRUE(table->cellAt(1, F13Column::Mark)->state().checked);
+    EXPECT_FALSE(table->cellAt(0, F13Column::Mark)->state().checked);
+    EXPECT_TRUE(table->cellAt(0, F13Column::Mark)->state().checkable);
+    EXPECT_FALSE(table->cellAt(9, F13Column::Mark)->state().checkable);
+    EXPECT_EQ(table->cellAt(1, F13Column::Mark)->text(QAccessible::Name), QStringLiteral("Prg."));
+    ClickCell(2, F13Column::Mark);
+    EXPECT_EQ(programm->F13.FGK13.Text(2, F13Column::Mark), "");
+}
+
+TEST_F(F13_Window, keeps_its_keys_near_the_name_in_a_wide_window) {
+    Open();
+    const int narrow = grid->cellRect(1, F13Column::Program).left();
+    window->resize(1900, 700);
+    UiFixture::Settle();
+    EXPECT_EQ(grid->cellRect(1, F13Column::Program).left(), narrow);
+    window->resize(500, 400); // its size is remembered
+}
+
+TEST_F(F13_Window, shows_a_pending_channel_by_a_shape_of_its_own) {
+    Open();
+    const auto shape = [this](int row) {
+        const auto icon = grid->gridModel().index(row - 1, F13Column::Status).data(Qt::DecorationRole).value<QIcon>();
+        return icon.pixmap(24, 24).toImage().convertToFormat(QImage::Format_Alpha8);
+    };
+    const QImage settled = shape(1);
+    const QImage pending = shape(2);
+    ASSERT_EQ(settled.size(), pending.size());
+    int different = 0;
+    for (int y = 0; y < settled.height(); ++y) {
+        for (int x = 0; x < settled.width(); ++x) {
+            const bool one = qAlpha(settled.pixel(x, y)) > 127;
+            different += one != (qAlpha(pending.pixel(x, y)) > 127) ? 1 : 0;
+        }
+    }
+    EXPECT_GT(different, settled.width() * settled.height() / 4);
+}
+
+TEST_F(F13_Window, has_a_key_for_what_the_last_list_did_not_finish) {
+    Open();
+    auto* again = window->findChild<QPushButton*>(QStringLiteral("F13.Command1"));
+    EXPECT_TRUE(again->isHidden());
+    programm->F13.Gescheiterte_Schloesser = [] { return std::vector<int>{2}; };
+    programm->F13.F13_FormLaden();
+    ASSERT_TRUE(again->isVisible());
+    EXPECT_EQ(again->text(), QStringLiteral("Gescheiterte markieren"));
+    QTest::keyClick(grid, Qt::Key_R, Qt::ControlModifier);
+    EXPECT_EQ(programm->F13.FGK13.Text(2, F13Column::Mark), "X");
+    EXPECT_EQ(programm->F13.FGK13.Text(1, F13Column::Mark), "");
 }
 
 TEST_F(F13_Window, lets_go_of_the_mouse_when_it_dies) {

@@ -8,7 +8,9 @@
 #include "UiFixture.h"
 #include "WidgetChecks.h"
 
+#include <QClipboard>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QProgressBar>
 #include <QPushButton>
@@ -130,6 +132,29 @@ TEST_F(F91_Window, keeps_the_present_row_in_sight) {
     EXPECT_EQ(programm->F91.FGK91.Row, 40);
 }
 
+TEST_F(F91_Window, finds_a_lock_of_the_list_by_its_filter_line) {
+    Open();
+    auto* line = Find<QLineEdit>("F91.FGK91.Filter");
+    QTest::keyClick(grid, Qt::Key_F, Qt::ControlModifier);
+    ASSERT_TRUE(line->hasFocus());
+    QTest::keyClicks(line, QStringLiteral("keller 3"));
+    EXPECT_EQ(Find<QLabel>("F91.FGK91.Count")->text(), QStringLiteral("11 von 40"));
+    EXPECT_FALSE(grid->isRowHidden(29));
+    EXPECT_TRUE(grid->isRowHidden(0));
+    programm->F91.F91_FormLaden(false);
+    EXPECT_EQ(line->text(), QString());
+    EXPECT_FALSE(grid->isRowHidden(0));
+}
+
+TEST_F(F91_Window, gives_its_results_to_the_clipboard) {
+    Open();
+    programm->F91.FGK91.SetText(2, F91Column::Mark, ListMark::Failed);
+    programm->F91.FGK91.SetText(2, F91Column::StateText, "Keine Antwort");
+    programm->F91.Auswahl.Go(2, F91Column::Name);
+    QTest::keyClick(grid, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("2\tKeller 2\t00.0A.10.01\t#\tKeine Antwort\n"));
+}
+
 TEST_F(F91_Window, does_not_jump_when_things_come_and_go) {
     Open();
     const QRect close = Find<QPushButton>("F91.Command1")->geometry();
@@ -149,8 +174,9 @@ TEST_F(F91_Window, the_frame_closes_a_list_that_is_not_under_way) {
 TEST_F(F91_Window, names_its_controls_and_is_walked_with_tab) {
     Open();
     grid->setFocus();
-    EXPECT_EQ(tabOrder(window.get()), (QStringList{QStringLiteral("F91.FGK91"), QStringLiteral("F91.Command2"),
-                                                   QStringLiteral("F91.Command1")}));
+    EXPECT_EQ(tabOrder(window.get()),
+              (QStringList{QStringLiteral("F91.FGK91"), QStringLiteral("F91.Command2"), QStringLiteral("F91.Command1"),
+                           QStringLiteral("F91.FGK91.Filter")}));
     EXPECT_EQ(unnamedControls(window.get()), QStringList());
 }
 

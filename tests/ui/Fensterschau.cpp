@@ -144,6 +144,7 @@ void Fensterschau::locks() {
     programm_->F13.FGK13.SetText(Lock, F13Column::AdapterId, "/46/108/1/2");
     programm_->F13.FGK13_Click(Lock, F13Column::Mark);
     take(windows_->f13, "F13");
+    markedLocks();
     programm_->Lauf.link.Lauf.ReadHistoryFirst = 1;
     programm_->Lauf.LockName = programm_->F13.FGK13.Text(Lock, F13Column::Name);
     programm_->F11.F11_Laden(F11Opener::F13, "/46/108/1/2");
@@ -157,6 +158,21 @@ void Fensterschau::locks() {
     programm_->F18.Balken.Value = 136;
     take(windows_->f18, "F18");
     programm_->F18.F18_Schliessen();
+}
+
+void Fensterschau::markedLocks() {
+    F13& f13 = programm_->F13;
+    f13.Gescheiterte_Schloesser = [] { return std::vector<int>{1}; };
+    f13.Command1.Visible = true;
+    f13.Filter.Set("e");
+    f13.Auswahl.Go(1, F13Column::Name);
+    f13.Auswahl.All();
+    f13.Auswahl_Markieren();
+    f13.Filter.Set("in");
+    f13.Auswahl.All();
+    take(windows_->f13, "F13-marked");
+    f13.Filter.Set("");
+    f13.Command1.Visible = false;
 }
 
 void Fensterschau::progress() {

@@ -29,6 +29,7 @@ private:
     void settings();
     void adapters();
     void locks();
+    void markedLocks();
     void progress();
     void list();
     void history();
