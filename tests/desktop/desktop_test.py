@@ -14,11 +14,11 @@ import unittest
 
 from datafiles import without_zeros
 from installation import CODE, Installation
-from screen import PATIENCE, Atspi, Display, Program, click_at, key, middle, tell, typed, wait_for
+from screen import PATIENCE, Atspi, Display, Program, click_at, drag, has_state, key, middle, tell, typed, wait_for
 
 BUTTON, LABEL, MENU_ENTRY = Atspi.Role.PUSH_BUTTON, Atspi.Role.LABEL, Atspi.Role.MENU_ITEM
 TABLE, TEXT = Atspi.Role.TABLE, Atspi.Role.TEXT
-PROGRAM_COLUMN = 9
+NAME_COLUMN, PROGRAM_COLUMN, MARK_COLUMN = 1, 9, 15
 TITLE = "QVM 7702 SOFTWARE SYSTEM"
 CLOCK = ("month", "day", "hour", "minute", "second")
 BUILD = ""
@@ -160,6 +160,59 @@ class Desktop(unittest.TestCase):
         lock = self.expect_dataset("Keller", 2)
         self.assertEqual(lock["table_a"][0], [8, 7, 0, 18, 0])
         self.assertEqual(lock["table_b"][2:4], [[10, 22, 0, 23, 59], [10, 0, 0, 5, 0]])
+
+    def marked(self):
+        """Numbers of the first two locks whose check box is checked."""
+        return [row for row in (1, 2) if has_state(self.cell(row, MARK_COLUMN), Atspi.StateType.CHECKED)]
+
+    def wait_for_marks(self, rows):
+        wait_for(f"the locks {rows} are marked", lambda: self.marked() == rows)
+
+    def open_locks(self):
+        self.house.start_simulator()
+        self.start()
+        self.light("Ready")
+        self.program.press("Program locks")
+        wait_for("the grid has the keyboard", lambda: self.program.focused_name() == "Locks")
+
+    def test_finds_and_marks_locks_by_keyboard(self):
+        self.open_locks()
+        key("ctrl+f")
+        wait_for("the filter line has the keyboard", lambda: self.program.focused_name() == "Filter")
+        typed("KEL")
+        self.program.wait(LABEL, "1 of 2")
+        key("Return")
+        wait_for("the grid has the keyboard", lambda: self.program.focused_name() == "Locks")
+        key("ctrl+a", "space")
+        self.program.wait(LABEL, "1 marked")
+        key("Escape")
+        wait_for("all rows are back", lambda: self.program.find(LABEL, "1 of 2") is None)
+        self.wait_for_marks([2])
+        typed("to")
+        key("space")
+        self.wait_for_marks([1, 2])
+        key("shift+Down", "space")
+        self.wait_for_marks([])
+
+    def test_marks_locks_by_a_drag_and_keeps_the_marks_of_a_list_that_is_not_started(self):
+        self.open_locks()
+        self.program.press("Program marked locks")
+        self.program.wait(LABEL, "No lock is marked.*")
+        self.program.press("OK")
+        drag(middle(self.cell(1, NAME_COLUMN)), middle(self.cell(2, PROGRAM_COLUMN)))
+        key("space")
+        self.program.wait(LABEL, "2 marked")
+        self.wait_for_marks([1, 2])
+        click_at(*middle(self.cell(2, MARK_COLUMN)))
+        self.wait_for_marks([1])
+        self.program.press("Program marked locks")
+        for question in (r"Read the history before programming\?", r"Start the operation at a later time\?"):
+            self.program.wait(LABEL, question)
+            self.program.press("No")
+        self.program.wait(TEXT, "Administrator code")
+        self.wait_for_marks([])
+        self.program.press("Cancel")
+        self.wait_for_marks([1])
 
     def test_survives_an_adapter_pulled_out_in_the_middle_of_a_run(self):
         self.house.start_simulator("--fault", "unplug@8")

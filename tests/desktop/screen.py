@@ -67,6 +67,13 @@ def click_at(x, y):
     xdotool("mousemove", str(x), str(y), "click", "1")
 
 
+def drag(start, end):
+    """With the left button from one place to another, with a stop between as a hand makes it."""
+    between = [(a + b) // 2 for a, b in zip(start, end)]
+    xdotool("mousemove", *map(str, start), "mousedown", "1", "mousemove", *map(str, between),
+            "mousemove", *map(str, end), "mouseup", "1")
+
+
 def tell(node, ask, otherwise=None):
     """What an accessible tells; `otherwise` when it went away meanwhile."""
     try:
