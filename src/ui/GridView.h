@@ -87,6 +87,8 @@ private:
     void click(const QModelIndex& index);
     /// A click is a press and a release on the same cell, without a drag or Shift.
     void released(const QMouseEvent& event, const QModelIndex& index);
+    /// The mouse on the frozen columns; true when nothing is left for their own view.
+    bool frozenMouse(const QMouseEvent& event);
     bool editKey(QKeyEvent* event);
     void copy() const;
     /// Does what moves the current cell; the block reaches to it or is left behind.

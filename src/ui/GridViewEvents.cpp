@@ -79,29 +79,37 @@ void GridView::released(const QMouseEvent& event, const QModelIndex& index) {
 }
 
 bool GridView::eventFilter(QObject* watched, QEvent* event) {
-    if (watched != frozen_->viewport() || !isEnabled()) {
-        return QTableView::eventFilter(watched, event);
+    if (watched == frozen_->viewport() && isEnabled()) {
+        trackMouse(frozen_->viewport(), event);
+        const bool mouse = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseMove ||
+                           event->type() == QEvent::MouseButtonRelease;
+        if (mouse && frozenMouse(*static_cast<QMouseEvent*>(event))) {
+            return true;
+        }
     }
-    trackMouse(frozen_->viewport(), event);
-    const auto* mouse = static_cast<QMouseEvent*>(event);
-    if (event->type() == QEvent::MouseButtonPress) {
+    return QTableView::eventFilter(watched, event);
+}
+
+bool GridView::frozenMouse(const QMouseEvent& event) {
+    const QModelIndex index = frozen_->indexAt(event.position().toPoint());
+    if (event.type() == QEvent::MouseButtonPress) {
         setFocus(Qt::MouseFocusReason);
-        const QModelIndex index = frozen_->indexAt(mouse->position().toPoint());
         pressed_ = index;
         dragged_ = false;
-        if (index.isValid() && pressMoves(*mouse, index)) {
-            moving(mouse->modifiers().testFlag(Qt::ShiftModifier), [&] { setCurrentIndex(index); });
+        if (selection_ != nullptr && index.isValid() && pressMoves(event, index)) {
+            moving(event.modifiers().testFlag(Qt::ShiftModifier), [&] { setCurrentIndex(index); });
         }
         return selection_ != nullptr;
     }
-    if (event->type() == QEvent::MouseMove && selection_ != nullptr && mouse->buttons() == Qt::LeftButton) {
-        dragTo(viewport()->mapFromGlobal(mouse->globalPosition().toPoint()));
-        return true;
+    if (event.type() == QEvent::MouseButtonRelease) {
+        released(event, index);
+        return false;
     }
-    if (event->type() == QEvent::MouseButtonRelease) {
-        released(*mouse, frozen_->indexAt(mouse->position().toPoint()));
+    if (selection_ == nullptr || event.buttons() != Qt::LeftButton || !pressed_.isValid()) {
+        return false;
     }
-    return QTableView::eventFilter(watched, event);
+    dragTo(viewport()->mapFromGlobal(event.globalPosition().toPoint()));
+    return true;
 }
 
 void GridView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
