@@ -60,8 +60,8 @@ TEST_F(Secrets, of_a_direct_run_are_gone_when_it_has_ended) {
 }
 
 TEST_F(Secrets, of_a_refused_run_are_gone_too) {
-    Lock(Serial::S).AdminCode = {0x11, 0x11, 0x11};
     Begin();
+    Lock(Serial::S).AdminCode = {0x11, 0x11, 0x11};
     Expect(70);
     Expect(66);
     Program(1, Answer::No, "918273");

@@ -202,7 +202,9 @@ void F91::Zeile_Aufgeben() {
         // The list goes on behind a run that is given up.
         const int row = std::exchange(lauf.RunRow, 0);
         const int rows = std::exchange(lauf.RunRows, 0);
+        const Secret<3> code = lauf.AdminCode; // forgotten with the end of a run that is in no list
         Lauf_Aufgeben(run, RunOutcome::NotReached);
+        lauf.AdminCode = code;
         lauf.RunRow = row;
         lauf.RunRows = rows;
     } else if (work_ == Work::Network) {
