@@ -13,9 +13,8 @@ namespace qvm {
 /// all else give 0. Backspace, escape and delete stay.
 char F13_ASCII_FILTER(char character);
 
-/// The digit that a key of an administrator code stands for, by the rule above: "0" to "9", letters, "+", ",", "-",
-/// ".",
-/// ":", ";" and "_". Any other key is none, -1.
+/// The digit that a key of an administrator code stands for, by the rule above: "0" to "9", letters, and the
+/// marks + , - . : ; and _. Any other key is none, -1.
 int Code_Ziffer(int key);
 
 /// Keystroke filter of every time in the program, over a text box that always holds "hh:mm".

@@ -54,7 +54,8 @@ enum class ConfigChoice { Nothing, Channel, Port };
 /// that could not be read is left alone, which counts as not written, and so is a damaged one: what stands in the
 /// settings file is replaced only when the radio channel was chosen, the adapter file only when the port was. A copy of
 /// the damaged file is kept then, under its name and the date. A file that waits for another choice than `chosen` is no
-/// failure of the save; with Nothing chosen it is one.
+/// failure of the save; with Nothing chosen it is one, and so it is for a fixed port, which stands in the settings
+/// file.
 bool Konfiguration_Speichern(Kern& kern, ConfigChoice chosen = ConfigChoice::Nothing);
 
 /// The files of the configuration that cannot be relied on.

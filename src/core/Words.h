@@ -16,9 +16,8 @@ std::string_view Wort(Word which, std::string_view language);
 /// In the language in use.
 std::string Wort(const Kern& kern, Word which);
 
-/// The same with its places filled: "%1" gets the first of `places`, up to "%9". A place without a text becomes empty;
-/// a
-/// "%1" inside a filled-in text stays as it is.
+/// The same with its places filled: "%1" gets the first of `places`, up to "%9". A place without a text becomes empty,
+/// and a "%1" inside a filled-in text stays as it is.
 std::string Wort(const Kern& kern, Word which, std::initializer_list<std::string_view> places);
 
 /// `pattern` with its places filled in the same way.

@@ -289,6 +289,13 @@ TEST_F(DamagedSettings, stay_as_they_are_as_long_as_nobody_chose_the_channel_ane
     EXPECT_EQ(files.size(), 2U);
 }
 
+TEST_F(DamagedSettings, do_not_pass_a_fixed_port_for_saved_that_would_stand_in_them) {
+    kern.Config.PortAutomatik = "RESET";
+    kern.Config.PortNummer = 3;
+    EXPECT_FALSE(Konfiguration_Speichern(kern, ConfigChoice::Port));
+    EXPECT_EQ(files[Settings], cut);
+}
+
 TEST_F(DamagedSettings, are_kept_under_the_date_before_the_chosen_channel_is_written) {
     kern.Config.RadioChannel = "7";
     EXPECT_TRUE(Konfiguration_Speichern(kern, ConfigChoice::Channel));

@@ -119,6 +119,16 @@ TEST_F(F14_Fenster, speichern_schedules_every_lock_and_key_and_stays_open) {
     EXPECT_EQ(returned, 1);
 }
 
+TEST_F(F14_Fenster, speichern_behind_damaged_settings_schedules_the_locks_for_the_channel_shown) {
+    files.Channel(1, "5", "5", "0");
+    programm->kern.Config.EinstellungenMangel = {.File = "EST7CSB29A.I_1", .Damage = FileDamage::CutLines};
+    programm->kern.Config.RadioChannel = "1"; // what a file without its fourth line gives
+    Channel().F14_Laden();
+    Press("Speichern");
+    EXPECT_EQ(Record(1), "5  1  1  1  0  ");
+    EXPECT_EQ(programm->kern.Config.EinstellungenMangel.File, "");
+}
+
 TEST_F(F14_Fenster, speichern_of_the_same_channel_touches_no_lock) {
     Channel().Combo1_Click(4);
     Channel().Combo1_Click(2);

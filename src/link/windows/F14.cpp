@@ -77,7 +77,9 @@ void F14::Speichern() {
         kern.Meldung(kern.Zeile(AdapterWort::NotSaved), Buttons::Ok, Icon::Exclamation);
         return;
     }
-    if (channel != before && !Kanal_Umstellen(kern, channel)) {
+    // A channel that came from a damaged file says nothing about what the locks were scheduled for.
+    const bool plan = channel != before || !damage.File.empty();
+    if (plan && !Kanal_Umstellen(kern, channel)) {
         // Locks and keys would never be moved to a channel that they were not scheduled for.
         kern.Config.RadioChannel = channelAtOpen_;
         if (damage.File.empty()) {
