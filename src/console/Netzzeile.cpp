@@ -1,5 +1,6 @@
 #include "Netzzeile.h"
 
+#include "AdapterKunde.h"
 #include "Text.h"
 
 namespace qvm {
@@ -81,8 +82,10 @@ bool Netzzeile_Stumm(const Programm& program, const LaufAuftrag& order) {
            Netz_Stille(program.Netz) >= std::int64_t{1000} * order.TimeoutSeconds;
 }
 
-Netzzeile::Netzzeile(Programm& program, const LaufAuftrag& order, Fortschritt& progress, LockResult& result)
-    : program_(program), order_(order), progress_(progress), result_(result) {
+Netzzeile::Netzzeile(Programm& program, const LaufAuftrag& order, Fortschritt& progress, LockResult& result,
+                     int& interrupts)
+    : program_(program), order_(order), progress_(progress), result_(result), interrupts_(interrupts),
+      watch_(program.kern.Welt, WatchMs) {
     program_.F91.Zeile_Beginnt = [this](int) { result_.Route = "network"; };
     program_.F91.Zeile_Fertig = [this](int row) { Zeile_Uebernehmen(program_, order_, row, state_, result_); };
     program_.F91.Hinweis.Text.Changed = [this] {
@@ -90,34 +93,41 @@ Netzzeile::Netzzeile(Programm& program, const LaufAuftrag& order, Fortschritt& p
             progress_.Meldung(Anzeige_Aus_1252(text));
         }
     };
+    program_.Adapter.Suche_Zeigen = [this](const SuchSchritt& step) {
+        progress_.Meldung(Suchzeile(step, order_.Device));
+    };
+    watch_.Ticked = [this] {
+        if (program_.F91.Laeuft()) { // not a run that goes out directly
+            Tick();
+        }
+    };
+    watch_.Start();
 }
 
 Netzzeile::~Netzzeile() {
     program_.F91.Zeile_Beginnt = {};
     program_.F91.Zeile_Fertig = {};
     program_.F91.Hinweis.Text.Changed = {};
+    program_.Adapter.Suche_Zeigen = {};
     if (program_.F91.Fenster.Visible) {
         program_.F91.Command1_Click();
     }
 }
 
-bool Netzzeile::Abwarten(int& interrupts) {
-    Timer watch(program_.kern.Welt, WatchMs);
-    watch.Ticked = [&] { Tick(interrupts); };
-    watch.Start();
+bool Netzzeile::Abwarten() {
     while (program_.F91.Laeuft()) {
         program_.kern.Welt.ProcessEvents();
     }
-    watch.Stop();
+    watch_.Stop();
     return state_.Cancelling;
 }
 
-void Netzzeile::Tick(int& interrupts) {
+void Netzzeile::Tick() {
     const F91& list = program_.F91;
     progress_.Zeigen(list.Balken.Value, list.Balken.Maximum, Anzeige_Aus_1252(list.StatusLabel.Text()));
     const int now = order_.Interrupts ? order_.Interrupts() : 0;
-    if (now > interrupts) {
-        interrupts = now;
+    if (now > interrupts_) {
+        interrupts_ = now;
         state_.Cancelling = true;
         progress_.Meldung("Cancelled; what the network adapter has by now it may still carry out.");
         result_.End = LockEnd::Cancelled; // unless the row has begun and says it itself

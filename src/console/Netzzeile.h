@@ -22,24 +22,26 @@ bool Netzzeile_Stumm(const Programm& program, const LaufAuftrag& order);
 /// run, as the row may end in it.
 class Netzzeile {
 public:
-    /// `result` gets all that becomes of the row.
-    Netzzeile(Programm& program, const LaufAuftrag& order, Fortschritt& progress, LockResult& result);
+    /// `result` gets all that becomes of the row; `interrupts` is how many there were before, and is kept up to date.
+    /// From here on the row shows itself and can be cancelled, also while its adapter is still searched.
+    Netzzeile(Programm& program, const LaufAuftrag& order, Fortschritt& progress, LockResult& result, int& interrupts);
     ~Netzzeile();
     Netzzeile(const Netzzeile&) = delete;
     Netzzeile& operator=(const Netzzeile&) = delete;
 
-    /// Waits for the end of the row. `interrupts`: how many were there before, and are now. True when the operator
-    /// cancelled it.
-    bool Abwarten(int& interrupts);
+    /// Waits for the end of the row. True when the operator cancelled it.
+    bool Abwarten();
 
 private:
-    void Tick(int& interrupts);
+    void Tick();
 
     Programm& program_;
     const LaufAuftrag& order_;
     Fortschritt& progress_;
     LockResult& result_;
+    int& interrupts_;
     Zeilenumstand state_;
+    Timer watch_;
 };
 
 } // namespace qvm

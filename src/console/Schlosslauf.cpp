@@ -92,7 +92,7 @@ LockResult Schloss_Beschreiben(const Programm& program, int lock) {
 
 LockResult Schlosslauf::Ausfuehren(int lock) {
     LockResult result = Schloss_Beschreiben(program_, lock);
-    Netzzeile row(program_, order_, progress_, result);
+    Netzzeile row(program_, order_, progress_, result, interrupts_);
     messages_.clear();
     telegrams_ = 0;
     silent_ = cancelling_ = false;
@@ -102,7 +102,7 @@ LockResult Schlosslauf::Ausfuehren(int lock) {
         result.End = LockEnd::Fault;
         result.Text = messages_.empty() ? "the run could not be started" : messages_.back();
     } else if (program_.F91.Fenster.Visible) {
-        interrupted_ = row.Abwarten(interrupts_) || interrupted_;
+        interrupted_ = row.Abwarten() || interrupted_;
     } else {
         Warten();
         result.Route = "direct";
