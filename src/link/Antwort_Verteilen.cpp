@@ -161,7 +161,7 @@ void Lebenszeichen_Beantwortet(Link& l) {
     l.Lauf.AnswerSeen = true;
 }
 
-void Historie_Lesen(Link& l) {
+void Historie_Start(Link& l) {
     l.Lauf.HistoryStop = 0;
     l.Lauf.HistoryFileOpen = 0;
     l.Lauf.HistoryLost = false;
@@ -316,7 +316,7 @@ constexpr ReplyRow Replies[] = {
     {0x08, "always", Immer, Lebenszeichen_Beantwortet},
 
     {0x07, "always", Immer, [](Link& l) { TelUhrzeit_Senden(l); }},
-    {0x09, "history wanted", Historie_Gewuenscht, Historie_Lesen},
+    {0x09, "history wanted", Historie_Gewuenscht, Historie_Start},
     {0x09, "otherwise", Immer, [](Link& l) { TelPrioritaet_Senden(l); }},
 
     {0x0A, "always", Immer, [](Link& l) { Rufen(l.Hooks.Benutzer_Slot); }},
@@ -417,7 +417,7 @@ void Nach_Verbunden(Link& link) {
     if (link.Lauf.FlagSetClock == 1) {
         TelDatum_Senden(link);
     } else if (Historie_Gewuenscht(link)) {
-        Historie_Lesen(link);
+        Historie_Start(link);
     } else {
         // Without clock and history the priority telegram is not sent: the erase telegram follows the login at once.
         Datenstart_Senden(link);

@@ -133,7 +133,7 @@ StartResult Programm_Start(Programm& programm, bool claimInstance) {
     if (claimInstance && !kern.Welt.ClaimInstance()) {
         return StartResult::AlreadyRunning;
     }
-    kern.Globals = GlobaleVariablen{};
+    Globale_Defaults(kern.Globals);
     if (!kern.Welt.Files.MakeDirectory(kern.AppPath + "DAT") || !kern.Welt.Files.MakeDirectory(kern.AppPath + "HIST")) {
         return StartResult::NoDirectory;
     }

@@ -41,8 +41,8 @@ void Schalter_Setzen(const LockRow& row, RunState& lauf) {
 }
 
 DatasetEnd Schritte(DatasetStand& stand) {
-    std::string selection;
-    if (!Sperrgruppe_Laden(stand, selection)) {
+    std::string group, selection;
+    if (!QVM_SbGruppenz_laden(stand, group) || !QVM_SbGruppe_Laden(stand, group, selection)) {
         return DatasetEnd::Other;
     }
     stand.link.Lauf.TimerMode = TimerPB_UT;
@@ -73,7 +73,7 @@ int Datensatz_Laden(Link& link, Dataset& dataset, const LockRow& row, DatasetVar
     dataset = Dataset{};
     Address address{};
     const std::string serialText = Einstellung_AEsn(row.Serial, address);
-    const bool inTable = row.Number >= 1 && row.Number <= link.kern.Globals.LockCount;
+    const bool inTable = row.Number >= 1 && row.Number < link.kern.Globals.LockRows;
     if (serialText == SerialError || !inTable) {
         return Status(DatasetEnd::Other, variant);
     }

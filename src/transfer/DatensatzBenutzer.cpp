@@ -238,7 +238,7 @@ DatasetEnd Benutzer_Laden(DatasetStand& stand) {
     if (!Datei_Lesen(stand, loop.users) || !Datei_Lesen(stand, loop.groups)) {
         return DatasetEnd::Other;
     }
-    const int last = std::min(stand.Kernteil().Globals.UserCount, loop.users.Count());
+    const int last = std::min(stand.Kernteil().Globals.UserRows - 1, loop.users.Count());
     for (int record = 1; record <= last; ++record) {
         if (const DatasetEnd end = Benutzer(loop, record); end != DatasetEnd::Good) {
             return end;

@@ -40,9 +40,11 @@ inline constexpr std::uint32_t LastTimerABSerial = 0xB49FFFF;
 /// Reads a data file. False on a file error; a missing file holds no record.
 bool Datei_Lesen(const DatasetStand& stand, RecordFile& file);
 
-/// The five-character selection of the lock's timer group, "X" for each slot that counts; empty without a group.
-/// False on a file error.
-bool Sperrgruppe_Laden(const DatasetStand& stand, std::string& selection);
+/// Name of the lock's timer group, "-" without one. False on a file error.
+bool QVM_SbGruppenz_laden(const DatasetStand& stand, std::string& group);
+/// The five-character selection of that group, "X" for each slot that counts; empty for "-" and for a group that is not
+/// there. False on a file error.
+bool QVM_SbGruppe_Laden(const DatasetStand& stand, std::string_view group, std::string& selection);
 /// Timer tables and timer mode. Says when the lock knows two timers only.
 bool Schaltuhr_Laden(DatasetStand& stand, std::string_view selection);
 /// Slots of all users with a mark for the lock.

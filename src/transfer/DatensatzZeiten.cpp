@@ -60,14 +60,25 @@ void Zwei_Timer_Melden(const DatasetStand& stand) {
 
 } // namespace
 
-bool Sperrgruppe_Laden(const DatasetStand& stand, std::string& selection) {
-    RecordFile bindings(LockGroupRecord::Record), groups(LockTimeGroup::Record);
-    if (!Datei_Lesen(stand, bindings) || !Datei_Lesen(stand, groups)) {
+bool QVM_SbGruppenz_laden(const DatasetStand& stand, std::string& group) {
+    RecordFile bindings(LockGroupRecord::Record);
+    if (!Datei_Lesen(stand, bindings)) {
+        return false;
+    }
+    group = bindings.Text(stand.row.Number, LockGroupRecord::GroupId);
+    if (group.empty()) {
+        group = "-";
+    }
+    return true;
+}
+
+bool QVM_SbGruppe_Laden(const DatasetStand& stand, std::string_view group, std::string& selection) {
+    RecordFile groups(LockTimeGroup::Record);
+    if (!Datei_Lesen(stand, groups)) {
         return false;
     }
     selection.clear();
-    const std::string group = bindings.Text(stand.row.Number, LockGroupRecord::GroupId);
-    if (group.empty() || group == "-") {
+    if (group == "-") {
         return true;
     }
     for (int n = 1; n <= LockGroupRows; ++n) {

@@ -87,13 +87,11 @@ TEST_F(Programm_Start, removes_the_record_of_a_telegram_that_a_killed_program_le
 TEST_F(Programm_Start, sets_the_defaults) {
     Programm programm(world.World, "/q");
     programm.kern.Globals.UserRows = 7;
-    programm.kern.Globals.Versions[8] = "1.2";
+    programm.kern.Globals.LockRows = 8;
     qvm::Programm_Start(programm, true);
     const GlobaleVariablen& globals = programm.kern.Globals;
     EXPECT_EQ(globals.UserRows, 251);
     EXPECT_EQ(globals.LockRows, 201);
-    EXPECT_EQ(globals.MaxAdapter, 21);
-    EXPECT_THAT(globals.Versions, ::testing::Each("0"));
     EXPECT_EQ(programm.link.DeviceClassByte, 0x11);
     const RunState& lauf = programm.link.Lauf;
     EXPECT_EQ(lauf.HistoryOnly, 0);
