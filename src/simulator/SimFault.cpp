@@ -19,9 +19,10 @@ constexpr std::array Kinds{
     KindName{SimFault::Kind::Refuse, "refuse"},   KindName{SimFault::Kind::Late, "late"},
     KindName{SimFault::Kind::Doubled, "doubled"}, KindName{SimFault::Kind::Unplug, "unplug"},
     KindName{SimFault::Kind::Block, "block"},     KindName{SimFault::Kind::NotReached, "notreached"},
-    KindName{SimFault::Kind::Drop, "drop"},
+    KindName{SimFault::Kind::Drop, "drop"},       KindName{SimFault::Kind::Wrong, "wrong"},
+    KindName{SimFault::Kind::Instead, "instead"},
 };
-constexpr int NoContact = 0x64, DefaultDelay = 1000, LongestDelay = 3600000;
+constexpr int NoContact = 0x64, Disconnected = 0x05, DefaultDelay = 1000, LongestDelay = 3600000;
 
 /// A whole number, "0x" before a hexadecimal one; -1 when the text is anything else or beyond `limit`.
 int NumberFrom(std::string_view text, int limit) {
@@ -55,6 +56,10 @@ bool TakeValue(SimFault& fault, std::optional<std::string_view> text) {
     switch (fault.What) {
     case SimFault::Kind::Refuse:
         fault.Value = text ? NumberFrom(*text, 255) : NoContact;
+        return fault.Value >= 0;
+    case SimFault::Kind::Wrong:
+    case SimFault::Kind::Instead:
+        fault.Value = text ? NumberFrom(*text, 255) : Disconnected;
         return fault.Value >= 0;
     case SimFault::Kind::Late:
         fault.Value = text ? NumberFrom(*text, LongestDelay) : DefaultDelay;
@@ -126,7 +131,7 @@ std::string FaultText(const SimFault& fault) {
     }
     text +=
         "@" + std::string{fault.CountAll ? "#" : ""} + std::to_string(fault.Telegram) + (fault.AndAllBehind ? "+" : "");
-    if (fault.What == SimFault::Kind::Refuse) {
+    if (fault.What == SimFault::Kind::Refuse || fault.WrongReply()) {
         text += "=" + Hex(static_cast<std::uint8_t>(fault.Value));
     } else if (fault.What == SimFault::Kind::Late) {
         text += "=" + std::to_string(fault.Value);

@@ -20,6 +20,8 @@ struct SimFault {
         Late,    ///< the reply comes `Value` ms later
         Doubled, ///< the reply comes twice
         Unplug,  ///< the adapter is pulled out when the telegram has come
+        Wrong,   ///< the device does as it was told, but the reply that comes carries `Value` as its code
+        Instead, ///< the device does nothing, and such a reply comes all the same
         // Of a network adapter, at its own telegrams alone.
         Block,      ///< the answer carries another block number
         NotReached, ///< the lock is not reached: after the wait where there is one, else at once
@@ -32,6 +34,9 @@ struct SimFault {
     int Value = 0;
     std::vector<std::uint8_t> Bytes{0x00, 0xFF, 0x55, 0x13}; ///< no start byte among them
 
+    /// Another reply comes than the right one.
+    bool WrongReply() const { return What == Kind::Wrong || What == Kind::Instead; }
+
     bool operator==(const SimFault&) const = default;
 };
 
@@ -40,8 +45,8 @@ struct SimFault {
 const SimFault* FaultAt(const std::vector<SimFault>& faults, int all, int device);
 
 /// A fault as text, the form of the command line and of the world file: KIND@[#]N[+][=VALUE]. "#": telegrams to the
-/// adapter count as well; "+": and all behind. VALUE: the reason (default 0x64), milliseconds (default 1000), or the
-/// garbage in hexadecimal. Empty when the text is none of this.
+/// adapter count as well; "+": and all behind. VALUE: the reason (default 0x64), milliseconds (default 1000), the
+/// reply code (default 0x05), or the garbage in hexadecimal. Empty when the text is none of this.
 std::optional<SimFault> FaultFromText(std::string_view text);
 std::string FaultText(const SimFault& fault);
 

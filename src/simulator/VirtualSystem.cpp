@@ -21,6 +21,15 @@ DeviceAddress AddressAt(std::span<const std::uint8_t> frame, std::size_t index) 
     return address;
 }
 
+/// A reply that belongs to no telegram: long enough for every field that a reply can have, and with a status, a slot
+/// and an event that all mean that the telegram was taken.
+std::vector<std::uint8_t> WrongReply(std::uint8_t code, const DeviceAddress& device) {
+    constexpr std::uint8_t longestReply = 35;
+    std::vector<std::uint8_t> reply = Acknowledge(code, device, longestReply);
+    reply[14] = StatusAccepted;
+    return reply;
+}
+
 } // namespace
 
 VirtualSystem::VirtualSystem(VirtualWorld world, SimSurroundings surroundings)
@@ -135,10 +144,15 @@ void VirtualSystem::TakeFrame(std::vector<std::uint8_t> frame) {
     DeviceReply reply;
     if (fault != nullptr && fault->What == SimFault::Kind::Refuse) {
         reply.Bytes = RefusalReply(static_cast<std::uint8_t>(fault->Value));
+    } else if (fault != nullptr && fault->What == SimFault::Kind::Instead) {
+        // Only the frame below comes.
     } else if (raw) {
         reply.Bytes = AdapterAnswers(frame);
     } else if (!world_.Adapter.Enrolment()) {
         reply = DeviceAnswers(frame);
+    }
+    if (fault != nullptr && fault->WrongReply()) {
+        reply.Bytes = WrongReply(static_cast<std::uint8_t>(fault->Value), AddressAt(frame, 3));
     }
     Reply(reply.Bytes, fault);
     if (reply.Closed && surroundings_.SessionClosed) {

@@ -148,6 +148,8 @@ TEST(SimFaultText, every_kind_can_be_read) {
     EXPECT_EQ(FaultFromText("notreached@2+"),
               (SimFault{.What = Kind::NotReached, .Telegram = 2, .AndAllBehind = true}));
     EXPECT_EQ(FaultFromText("drop@3"), (SimFault{.What = Kind::Drop, .Telegram = 3}));
+    EXPECT_EQ(FaultFromText("wrong@3=0x17"), (SimFault{.What = Kind::Wrong, .Telegram = 3, .Value = 0x17}));
+    EXPECT_EQ(FaultFromText("instead@3"), (SimFault{.What = Kind::Instead, .Telegram = 3, .Value = 0x05}));
 }
 
 TEST(SimFaultText, anything_else_is_refused) {
@@ -159,8 +161,8 @@ TEST(SimFaultText, anything_else_is_refused) {
 }
 
 TEST(SimFaultText, comes_back_as_it_was_written) {
-    for (const char* text :
-         {"silent@5+", "badsum@0", "half@#3", "garbage@1=00FF", "refuse@#3+=0x67", "late@4=500", "drop@1"}) {
+    for (const char* text : {"silent@5+", "badsum@0", "half@#3", "garbage@1=00FF", "refuse@#3+=0x67", "late@4=500",
+                             "drop@1", "wrong@2=0x05", "instead@2=0xE0"}) {
         const auto fault = FaultFromText(text);
         ASSERT_TRUE(fault.has_value()) << text;
         EXPECT_EQ(FaultText(*fault), text);

@@ -102,7 +102,8 @@ int main(int argc, char** argv) {
     app.add_flag("--pace", options.Pace, "bytes take the time that they take at 19200 baud, each way");
     app.add_option("--fault", faults,
                    "KIND@[#]N[+][=VALUE], more than once if wanted. KIND: silent, badsum, half, garbage, "
-                   "refuse, late, doubled, unplug; for a network adapter block, notreached, drop. N: telegram from 0; "
+                   "refuse, late, doubled, unplug, wrong, instead; for a network adapter block, notreached, drop. N: "
+                   "telegram from 0; "
                    "#: the adapter's own count "
                    "as well; +: and all behind. VALUE: reason, milliseconds, garbage in hexadecimal");
     app.add_flag("--trace", options.Trace, "every frame on standard error");
