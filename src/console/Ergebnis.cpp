@@ -19,10 +19,74 @@ std::string_view Unit_Wort(const LockResult::Unit& unit) {
         return "done";
     case UnitReport::State::Failed:
         return unit.Refused ? "refused" : "failed";
+    case UnitReport::State::BrokenOff:
+        return "broken-off";
     case UnitReport::State::Untried:
         break;
     }
     return "untried";
+}
+
+/// How far the session came, for programs.
+std::string_view Unit_Stufe(UnitStage stage) {
+    switch (stage) {
+    case UnitStage::LoggedIn:
+        return "logged-in";
+    case UnitStage::ChangeSent:
+        return "change-sent";
+    case UnitStage::Changed:
+        return "changed";
+    case UnitStage::None:
+        break;
+    }
+    return "none";
+}
+
+/// The same for people; nothing for a unit whose result says it all.
+std::string Unit_Verbleib(const LockResult::Unit& unit) {
+    const bool open = unit.End == UnitReport::State::BrokenOff || unit.End == UnitReport::State::Failed;
+    if (!open || unit.Refused) {
+        return {};
+    }
+    switch (unit.Progress.Stage) {
+    case UnitStage::LoggedIn:
+        return unit.Scanner ? ": logged in, nothing erased" : ": logged in, nothing changed";
+    case UnitStage::ChangeSent:
+        return unit.Scanner ? ": erasing requested, not confirmed" : ": setting sent, not confirmed";
+    case UnitStage::Changed:
+        return unit.Scanner ? ": erased, " + std::to_string(unit.Progress.Templates) + " of " +
+                                  std::to_string(unit.Progress.TemplatesWanted) + " templates"
+                            : ": set, session not closed";
+    case UnitStage::None:
+        break;
+    }
+    return ": not logged in";
+}
+
+Json Unit_Json(const LockResult::Unit& unit) {
+    Json json{{"name", unit.Name},
+              {"result", Unit_Wort(unit)},
+              {"reached", Unit_Stufe(unit.Progress.Stage)},
+              {"note", unit.Note}};
+    if (unit.Scanner) {
+        json["templates"] = unit.Progress.Templates;
+        json["templatesWanted"] = unit.Progress.TemplatesWanted;
+    }
+    return json;
+}
+
+std::string_view Verlust_Wort(HistoryLoss why) {
+    switch (why) {
+    case HistoryLoss::Unwritten:
+        return "unwritten";
+    case HistoryLoss::Broken:
+        return "broken";
+    case HistoryLoss::Endless:
+        return "endless";
+    case HistoryLoss::None:
+        break;
+    }
+    return "";
 }
 
 HistoryFile Historie_Datei(const Umgebung& world, const std::string& path) {
@@ -45,10 +109,17 @@ Json Ergebnis_Json(const Umgebung& world, const LockResult& result) {
               {"faults", result.Faults},
               {"messages", result.Messages},
               {"telegrams", result.Telegrams},
+              {"wanted", result.Wanted},
+              {"acknowledged", result.Acknowledged},
+              {"missing", Json::array()},
+              {"historyLost", Verlust_Wort(result.HistoryLost)},
               {"seconds", result.Seconds}};
+    for (const AccountGap& gap : result.Missing) {
+        json["missing"].push_back(Luecke_Kennung(gap));
+    }
     Json units = Json::array();
     for (const LockResult::Unit& unit : result.Units) {
-        units.push_back({{"name", unit.Name}, {"result", Unit_Wort(unit)}, {"note", unit.Note}});
+        units.push_back(Unit_Json(unit));
     }
     json["units"] = units;
     if (!result.HistoryFile.empty()) {
@@ -72,8 +143,8 @@ void Ergebnis_Text(const Umgebung& world, const Console& console, const LockResu
         out << "  " << fault << "\n";
     }
     for (const LockResult::Unit& unit : result.Units) {
-        out << "  unit \"" << unit.Name << "\": " << Unit_Wort(unit) << (unit.Note.empty() ? "" : ", ") << unit.Note
-            << "\n";
+        out << "  unit \"" << unit.Name << "\": " << Unit_Wort(unit) << Unit_Verbleib(unit)
+            << (unit.Note.empty() ? "" : ", ") << unit.Note << "\n";
     }
     if (!result.HistoryFile.empty()) {
         out << "  history: " << Anzeigetext(result.HistoryFile) << "\n";

@@ -30,7 +30,8 @@ LockEnd Zeilenende(const Programm& program, int row, const Zeilenumstand& state)
         return Ende_Aus_Bericht(program);
     }
     const auto shows = [&](int line) { return !text.empty() && text == kern.Zeile(line); };
-    return shows(276) ? LockEnd::Fault : shows(277) ? LockEnd::Failed : LockEnd::NotReached;
+    const bool missing = program.Netz.Unproven || program.link.Lauf.HistoryLost != HistoryLoss::None;
+    return shows(276) ? LockEnd::Fault : missing ? LockEnd::Failed : LockEnd::NotReached;
 }
 
 std::string Grund(const Programm& program, const LaufAuftrag& order, int row, LockEnd end) {
@@ -72,8 +73,11 @@ void Zeile_Uebernehmen(const Programm& program, const LaufAuftrag& order, int ro
     result.Units.clear();
     Bericht_Uebernehmen(program, order.HistoryOnly || work == F91::Work::Network,
                         order.HistoryOnly || order.HistoryFirst, result);
-    if (work == F91::Work::Network && program.link.Lauf.HistoryLost) {
-        result.Faults.emplace_back("the history could not be written");
+    if (work == F91::Work::Network) {
+        result.HistoryLost = program.link.Lauf.HistoryLost;
+        if (result.HistoryLost == HistoryLoss::Unwritten) {
+            result.Faults.emplace_back("the history could not be written");
+        }
     }
 }
 

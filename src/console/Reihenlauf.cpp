@@ -10,8 +10,6 @@ namespace qvm {
 namespace {
 
 constexpr int WatchMs = 100;
-/// How long the answer to a cancel is waited for.
-constexpr int CancelMs = 3000;
 
 } // namespace
 
@@ -189,7 +187,8 @@ void Reihenlauf::Tick() {
         program_.F91.Zeile_Aufgeben();
         state_.Silent = false;
     }
-    if (state_.Cancelling && now - cancelSince_ >= CancelMs && !program_.Lauf.Gesamtende) {
+    cancelSince_ = Abbruch_Wartet_Seit(program_.Lauf, cancelSince_);
+    if (state_.Cancelling && (atOnce_ || now - cancelSince_ >= CancelMs) && !program_.Lauf.Gesamtende) {
         program_.F9.Command2_Click();
     }
 }
@@ -197,7 +196,8 @@ void Reihenlauf::Tick() {
 void Reihenlauf::Abbrechen(bool again) {
     table_.Meldung(again ? "Giving up." : "Cancelling; once more Ctrl-C gives up at once.");
     state_.Cancelling = true;
-    cancelSince_ = program_.kern.Welt.Milliseconds() - (again ? CancelMs : 0);
+    atOnce_ = again;
+    cancelSince_ = program_.kern.Welt.Milliseconds();
     if (program_.F91.Arbeit() == F91::Work::Direct) {
         program_.F9.Command1_Click();
     } else {

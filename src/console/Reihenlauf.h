@@ -57,6 +57,7 @@ private:
     int interrupts_ = 0;
     int questions_ = 0; ///< how many were answered
     Zeilenumstand state_;
+    bool atOnce_ = false; ///< the operator does not want to wait for the answer to the cancel
     std::int64_t cancelSince_ = 0;
     std::int64_t rowBegun_ = 0;
 };

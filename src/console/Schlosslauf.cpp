@@ -3,13 +3,13 @@
 #include "Netzzeile.h"
 #include "Text.h"
 
+#include <algorithm>
+
 namespace qvm {
 
 namespace {
 
 constexpr int WatchMs = 100;
-/// How long the answer to a cancel is waited for.
-constexpr int CancelMs = 3000;
 
 } // namespace
 
@@ -95,7 +95,7 @@ LockResult Schlosslauf::Ausfuehren(int lock) {
     Netzzeile row(program_, order_, progress_, result, interrupts_);
     messages_.clear();
     telegrams_ = 0;
-    silent_ = cancelling_ = false;
+    silent_ = cancelling_ = atOnce_ = false;
     progress_.Beginnen("Lock " + std::to_string(lock) + " \"" + result.Name + "\"");
     const std::int64_t begun = program_.kern.Welt.Milliseconds();
     if (!Starten(lock)) {
@@ -137,9 +137,7 @@ void Schlosslauf::Tick() {
         interrupted_ = true;
         progress_.Meldung(again ? "Giving up." : "Cancelling; once more Ctrl-C gives up at once.");
         Abbrechen();
-        if (again) {
-            cancelSince_ = now - CancelMs;
-        }
+        atOnce_ = again;
     }
     const std::int64_t silence = Lauf_Stille(program_.Lauf);
     if (!cancelling_ && order_.TimeoutSeconds > 0 && silence >= std::int64_t{1000} * order_.TimeoutSeconds) {
@@ -147,7 +145,8 @@ void Schlosslauf::Tick() {
         progress_.Meldung("No answer for " + std::to_string(order_.TimeoutSeconds) + " s; the run is given up.");
         Abbrechen();
     }
-    if (cancelling_ && now - cancelSince_ >= CancelMs && !program_.Lauf.Gesamtende) {
+    cancelSince_ = Abbruch_Wartet_Seit(program_.Lauf, cancelSince_);
+    if (cancelling_ && (atOnce_ || now - cancelSince_ >= CancelMs) && !program_.Lauf.Gesamtende) {
         program_.F18.F18_Schliessen();
         program_.F9.Command2_Click();
     }
@@ -189,6 +188,10 @@ void Schlosslauf::Bericht_Fuellen(LockResult& result) const {
     Bericht_Uebernehmen(program_, order_.HistoryOnly, order_.HistoryOnly || order_.HistoryFirst, result);
 }
 
+std::int64_t Abbruch_Wartet_Seit(const Programmierlauf& run, std::int64_t since) {
+    return Lauf_Wartet(run) ? run.kern.Welt.Milliseconds() : std::max(since, run.link.Lauf.LastAnswer);
+}
+
 LockEnd Ende_Aus_Bericht(const Programm& program) {
     switch (program.Lauf.Bericht.End) {
     case RunOutcome::Done:
@@ -198,7 +201,10 @@ LockEnd Ende_Aus_Bericht(const Programm& program) {
     case RunOutcome::NotReached:
         return LockEnd::NotReached;
     case RunOutcome::GivenUp:
-        return program.link.Lauf.Incomplete || program.Lauf.Bericht.HistoryLost ? LockEnd::Failed : LockEnd::Busy;
+        return program.link.Lauf.Incomplete || program.Lauf.Bericht.HistoryLost != HistoryLoss::None ? LockEnd::Failed
+                                                                                                     : LockEnd::Busy;
+    case RunOutcome::Incomplete:
+        return LockEnd::Failed;
     case RunOutcome::NoPort:
         return LockEnd::Fault;
     case RunOutcome::Open:
@@ -210,9 +216,10 @@ LockEnd Ende_Aus_Bericht(const Programm& program) {
 
 void Bericht_Uebernehmen(const Programm& program, bool historyOnly, bool historyWanted, LockResult& result) {
     const RunReport& report = program.Lauf.Bericht;
-    if (report.HistoryLost && historyWanted) {
+    if (report.HistoryLost == HistoryLoss::Unwritten && historyWanted) {
         result.Faults.emplace_back("the history could not be written");
     }
+    result.HistoryLost = report.HistoryLost;
     if (report.ChannelUnsaved) {
         result.Faults.emplace_back("the radio channel could not be recorded");
     }
@@ -222,6 +229,9 @@ void Bericht_Uebernehmen(const Programm& program, bool historyOnly, bool history
         const std::size_t name = program.kern.HistPfad().size();
         result.HistoryFile = path.substr(0, name) + NachUtf8(path.substr(name));
     }
+    result.Wanted = report.Telegrams;
+    result.Acknowledged = report.Acknowledged;
+    result.Missing = report.Missing;
     if (historyOnly) {
         return;
     }
@@ -231,7 +241,9 @@ void Bericht_Uebernehmen(const Programm& program, bool historyOnly, bool history
             result.Units.push_back({.Name = Anzeige_Aus_1252(unit.Name),
                                     .End = report.Units[n].End,
                                     .Note = Anzeige_Aus_1252(report.Units[n].Note),
-                                    .Refused = report.Units[n].Refused});
+                                    .Refused = report.Units[n].Refused,
+                                    .Scanner = unit.Type == '2',
+                                    .Progress = report.Units[n].Progress});
         }
     }
 }

@@ -51,9 +51,14 @@ struct LockResult {
         UnitReport::State End;
         std::string Note;
         bool Refused = false; ///< with Failed: it answered, but did not accept the login
+        bool Scanner = false; ///< it takes templates
+        UnitProgress Progress{};
     };
     std::vector<Unit> Units;
     int Telegrams = 0;
+    int Wanted = 0, Acknowledged = 0; ///< telegrams that the lock had to get, and that it has acknowledged
+    std::vector<AccountGap> Missing;  ///< what the rest carries
+    HistoryLoss HistoryLost = HistoryLoss::None;
     double Seconds = 0;
     std::string HistoryFile; ///< path; empty: none was made
     std::string_view Route;  ///< "direct" or "network"; empty: the lock was not begun
@@ -67,6 +72,12 @@ ExitCode Ende_Code(const LockResult& result);
 
 /// Number, name and serial of a lock that is not tried. The lock grid is filled.
 LockResult Schloss_Beschreiben(const Programm& program, int lock);
+/// How long the answer to a cancel is waited for.
+inline constexpr int CancelMs = 3000;
+/// From when on a cancel that was given at `since` waits for its answer: neither in a wait that the run orders nor
+/// between two frames of the session's end does its time run.
+std::int64_t Abbruch_Wartet_Seit(const Programmierlauf& run, std::int64_t since);
+
 /// What a run's report says of its end. Open and Cancelled are Cancelled.
 LockEnd Ende_Aus_Bericht(const Programm& program);
 /// Faults, history file and units of the run that ended last, into `result`.
@@ -109,6 +120,7 @@ private:
     bool interrupted_ = false;
     bool silent_ = false;
     bool cancelling_ = false;
+    bool atOnce_ = false; ///< the operator does not want to wait for the answer to the cancel
     std::int64_t cancelSince_ = 0;
 };
 

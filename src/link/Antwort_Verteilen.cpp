@@ -1,5 +1,6 @@
 #include "Antwort_Verteilen.h"
 
+#include "Historienkette.h"
 #include "Laufbedingungen.h"
 #include "SeriellesProtokoll.h"
 
@@ -14,9 +15,6 @@ constexpr std::uint8_t LoginAccepted = 4;
 constexpr std::uint8_t StepDone = 0xFF;
 constexpr std::uint8_t CodePending = 0xFF;
 constexpr std::uint8_t CodeChanged = 4;
-/// Index of a history record's event byte, and the value that ends the reading.
-constexpr int HistoryEventIndex = 35;
-constexpr std::uint8_t HistoryEndMark = 0xFF;
 
 void Geraet_Merken(Link& link) {
     for (int n = 0; n < 4; ++n) {
@@ -57,7 +55,7 @@ bool Suche(const Link& l) {
 }
 /// Not for a lock whose events could not be kept: a second pass would erase it.
 bool Zweimal(const Link& l) {
-    return !l.Lauf.HistoryLost && l.Lauf.TwoPassFlag != 0 && BereichZweiDurchgaenge(l.Lauf.SerialValue);
+    return !Historie_Aussteht(l) && l.Lauf.TwoPassFlag != 0 && BereichZweiDurchgaenge(l.Lauf.SerialValue);
 }
 bool Id_Anstehend(const Link& l) {
     return BereichN(l.Lauf.SerialValue) && l.Lauf.IdMarke == "P";
@@ -97,15 +95,6 @@ bool Code_Fertig_Kanalwechsel(const Link& l) {
 }
 bool Kennung_Vollstaendig(const Link& l) {
     return l.Rx.RxLength >= 0x0F;
-}
-
-bool Historie_Satz(const Link& l) {
-    return l.Rx.RxLength + 1 >= HistoryEventIndex && l.RxByte(HistoryEventIndex) != HistoryEndMark &&
-           l.Lauf.HistoryStop == 0;
-}
-/// A lock whose events were asked for and could not be kept is not erased.
-bool Historie_Ende_Des_Laufs(const Link& l) {
-    return l.Lauf.HistoryOnly != 0 || l.Lauf.HistoryLost;
 }
 
 // Actions.
@@ -159,30 +148,6 @@ void Kanalwechsel_Fertig(Link& l) {
 }
 void Lebenszeichen_Beantwortet(Link& l) {
     l.Lauf.AnswerSeen = true;
-}
-
-void Historie_Start(Link& l) {
-    l.Lauf.HistoryStop = 0;
-    l.Lauf.HistoryFileOpen = 0;
-    l.Lauf.HistoryLost = false;
-    l.Lauf.HistoryDateTold = false;
-    Rufen(l.Hooks.Historie_Anzeigen);
-    TelHistorie_Senden(l, 0);
-}
-void Historie_Weiter(Link& l) {
-    Rufen(l.Hooks.Historie_Eintrag);
-    // A message of the entry lets events in: a cancel may have been honoured meanwhile.
-    if (l.Lauf.Phase == RunPhase::Open) {
-        TelHistorie_Senden(l, 2);
-    }
-}
-void Historie_Beendet(Link& l) {
-    Rufen(l.Hooks.Historie_Fertig);
-    TelTrennen_Senden(l);
-}
-void Historie_Vorbei(Link& l) {
-    Rufen(l.Hooks.Historie_Fertig);
-    TelPrioritaet_Senden(l);
 }
 
 void Id_Zweiter(Link& l) {
@@ -283,15 +248,6 @@ void Ablehnung(Link& l) {
     }
 }
 
-/// A cancel does not cut a session off: it is closed at the next frame, which is discarded.
-void Abbruch_Ausfuehren(Link& link) {
-    Rufen(link.Hooks.Abbruch);
-    RxBuffer_Leeren(link, 65);
-    Port_Neu(link);
-    link.Lauf.AbbruchWunsch = 0;
-    TelTrennen_Senden(link);
-}
-
 constexpr ReplyRow Replies[] = {
     {0x03, "unit block transfer", Blocktransfer, Unit_Getrennt},
     {0x03, "otherwise", Immer, [](Link& l) { RxBuffer_Leeren(l, 64); }},
@@ -336,6 +292,8 @@ constexpr ReplyRow Replies[] = {
 
     {0x15, "always", Immer, Trennen},
 
+    {0x17, "no record, events wanted", Historie_Kein_Satz, [](Link& l) { Historie_Verlieren(l, HistoryLoss::Broken); }},
+    {0x17, "a record too many", Historie_Satz_Zuviel, [](Link& l) { Historie_Verlieren(l, HistoryLoss::Endless); }},
     {0x17, "a record", Historie_Satz, Historie_Weiter},
     {0x17, "end, history only or lost", Historie_Ende_Des_Laufs, Historie_Beendet},
     {0x17, "end, programming follows", Immer, Historie_Vorbei},
@@ -405,12 +363,17 @@ bool Anmeldung_Angenommen(const Link& link) {
     return link.Rx.RxLength + 1 >= StatusIndex && link.RxByte(StatusIndex) == LoginAccepted;
 }
 
-bool Historie_Gewuenscht(const Link& link) {
-    return link.Lauf.HistoryOnly != 0 || link.Lauf.ReadHistoryFirst != 0;
-}
-
 bool Datenstart_Antwort_Wartet(std::uint32_t serial) {
     return BereichZ(serial) && serial != 0x2000000;
+}
+
+// A cancel does not cut a session off: it is closed at the next frame, which is discarded.
+void Abbruch_Ausfuehren(Link& link) {
+    Rufen(link.Hooks.Abbruch);
+    RxBuffer_Leeren(link, 65);
+    Port_Neu(link);
+    link.Lauf.AbbruchWunsch = 0;
+    TelTrennen_Senden(link);
 }
 
 void Nach_Verbunden(Link& link) {
@@ -465,6 +428,11 @@ void Antwort_Verteilen(Link& link) {
     }
     const std::uint8_t code = link.Rx.RxBuffer[2];
     if (!Antwort_Zulaessig(link, code)) {
+        return;
+    }
+    Rufen(link.Hooks.Antwort_Gekommen);
+    if (Gefaehrdet_Ereignisse(link, code)) {
+        Historie_Verlieren(link, HistoryLoss::Broken);
         return;
     }
     for (const ReplyRow& row : Antwort_Tabelle()) {

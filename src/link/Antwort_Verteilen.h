@@ -31,8 +31,12 @@ bool Antwort_Zulaessig(const Link& link, std::uint8_t code);
 bool Anmeldung_Angenommen(const Link& link);
 /// History is read in this run, first or only.
 bool Historie_Gewuenscht(const Link& link);
+/// Events are wanted and not all there yet, or are lost: nothing may be programmed or erased.
+bool Historie_Aussteht(const Link& link);
 /// What follows a login: the clock, else the history, else the erase telegram.
 void Nach_Verbunden(Link& link);
+/// Ends the session as a cancel does: with TelTrennen, in place of whatever would follow.
+void Abbruch_Ausfuehren(Link& link);
 /// TelDatenStart to a lock; starts the polling where the lock wants it.
 void Datenstart_Senden(Link& link);
 /// True for a lock whose erase reply starts nothing, because its polling goes on until it answers.

@@ -7,6 +7,10 @@ namespace qvm {
 /// Where the reply chain leads into tables, windows and files. Filled once, with designated initialisers. A hook sends
 /// at most one telegram unless its line says otherwise.
 struct LinkHooks {
+    // Every telegram to a device, and every good frame that may act.
+    std::function<void()> Telegramm_Geht;   ///< TxBuffer is about to go out; no telegram
+    std::function<void()> Antwort_Gekommen; ///< before the chain acts on it; no telegram
+
     // Login.
     std::function<void()> Anmeldung_Abgelehnt; ///< 0x04 with another status than 4
     std::function<void()> Suche_Abgelehnt;     ///< the same while channels are searched

@@ -23,6 +23,17 @@ enum class RunPhase : std::uint8_t {
     Closing, ///< a cancel was honoured: only those that close the session
 };
 
+/// Why events of a lock that were asked for are not all on the disk. Such a lock is not erased.
+enum class HistoryLoss : std::uint8_t {
+    None,
+    Unwritten, ///< a record came that could not be written
+    Broken,    ///< what came was no record and no end, or no part of the reading
+    Endless,   ///< more records than any lock can hold
+};
+
+/// So many records a history has at most.
+inline constexpr int MostHistoryRecords = 10000;
+
 /// The flags of a run. Windows write them before the run, the reply chain during it.
 struct RunState {
     RunPhase Phase = RunPhase::None;
@@ -58,15 +69,17 @@ struct RunState {
     int UnitIndex = 0xFF;         ///< current wireless unit, 0 to 4; 0xFF before the first
     std::uint8_t HistoryStop = 0; ///< 0xFF when a record older than the cut-off has come
     std::uint8_t HistoryFileOpen = 0;
-    bool HistoryLost = false;           ///< a record of this run could not be written
-    bool HistoryDateTold = false;       ///< a date that does not exist was reported
-    std::uint8_t HistoryStateShown = 0; ///< 1 when the run's first record with a state was shown
-    std::string HistoryCutoff;          ///< "dd.mm.yyyy", or empty
-    std::string HistoryFileName;        ///< full path of the run's .HST file
-    std::string IdMarke;                ///< "P" while a long transponder identification is pending
-    bool IdSecondPart = false;          ///< and its second telegram is still to go
-    bool ListenWindow = false;          ///< the lock's unit mode is "3": TelZeitfenster goes out
-    int UnitRow = 0;                    ///< template row and its piece in a unit block transfer, from 0
+    HistoryLoss HistoryLost = HistoryLoss::None; ///< of this run
+    bool HistoryRead = false;                    ///< the end of this run's reading came
+    int HistoryRecords = 0;                      ///< records of the reading so far
+    bool HistoryDateTold = false;                ///< a date that does not exist was reported
+    std::uint8_t HistoryStateShown = 0;          ///< 1 when the run's first record with a state was shown
+    std::string HistoryCutoff;                   ///< "dd.mm.yyyy", or empty
+    std::string HistoryFileName;                 ///< full path of the run's .HST file
+    std::string IdMarke;                         ///< "P" while a long transponder identification is pending
+    bool IdSecondPart = false;                   ///< and its second telegram is still to go
+    bool ListenWindow = false;                   ///< the lock's unit mode is "3": TelZeitfenster goes out
+    int UnitRow = 0;                             ///< template row and its piece in a unit block transfer, from 0
     int UnitPiece = 0;
     std::uint16_t UserSlot = 0;  ///< the slot that the lock gave for the current user
     bool AnswerSeen = false;     ///< a reply 0x06 or 0x08 came since TelLebenszeichen

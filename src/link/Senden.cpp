@@ -75,6 +75,7 @@ bool Telegramm_Senden(Link& link) {
     link.TxBuffer[8] = Modusbyte(link.AddressMode);
     link.TxBuffer[9] = HeaderMark1;
     link.TxBuffer[10] = HeaderMark2;
+    Rufen(link.Hooks.Telegramm_Geht);
     Ausgeben(link, TraceFrame::Direction::Sent);
     Rufen(link.Hooks.Fortschritt);
     return true;

@@ -64,6 +64,7 @@ void Programm::Liste_Ansicht_Verbinden() {
                 F91.Balken.Visible = visible;
             },
         .Zeile_Markieren = [this](std::string_view mark, int line) { F91.Zeile_Markieren(mark, kern.Zeile(line)); },
+        .Zeile_Melden = [this](std::string_view mark, const std::string& text) { F91.Zeile_Markieren(mark, text); },
         .Naechste_Zeile = [this](std::string_view step) { F91.Naechste_Zeile(step); },
         .Programmieren_Planen = [this] { F91.Programmieren_Planen(); },
         .Stillstand = [this](NetStandstill reason) { F91.Stillstand(reason); },

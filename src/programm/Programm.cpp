@@ -41,14 +41,12 @@ void Programm::Ansicht_Verbinden() {
                 }
                 F9.Fertig(line);
             },
-        .F9_Schliessen_Freigeben =
-            [this] {
-                F9.Command1.Enabled = false;
-                F9.Command2.Enabled = true;
-            },
+        .Bericht = [this](const std::string& text) { F9.Bericht_Zeigen(text); },
+        .F9_Schliessen_Freigeben = [this] { F9.Schliessen_Freigeben(); },
         .Historie_Beschriften = [this] { F9.Status_Zeigen(264); },
         .Zustand = [this](std::uint8_t state, const std::string& text) { F9.Zustand_Zeigen(state, text); },
         .Kaestchen = [this](int box) { F9.Ankreuzen(box); },
+        .Kaestchen_Beschriften = [this](int box, const std::string& text) { F9.Kaestchen_Beschriften(box, text); },
         .Wartebox_Zeigen = [this] { F18.F18_Zeigen(); },
         .Wartebox_Schliessen = [this] { F18.F18_Schliessen(); },
         .Wartebox_Balken = [this](int value) { F18.Balken.Value = value; },

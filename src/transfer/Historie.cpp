@@ -2,6 +2,7 @@
 
 #include "Steuerzeichen.h"
 #include "Text.h"
+#include "Words.h"
 #include "Zeit.h"
 
 #include <array>
@@ -156,6 +157,21 @@ std::string Historie_Dateiname(const DateTime& now, std::string_view lockName) {
     }
     return "H_" + Ziffern(now.Year, 4) + Ziffern(now.Month, 2) + Ziffern(now.Day, 2) + "_" + Ziffern(now.Hour, 2) +
            Ziffern(now.Minute, 2) + Ziffern(now.Second, 2) + "_" + lock + ".HST";
+}
+
+std::string Historie_Verlust_Text(const Kern& kern, HistoryLoss why) {
+    constexpr int lineUnwritten = 277;
+    switch (why) {
+    case HistoryLoss::Unwritten:
+        return kern.Zeile(lineUnwritten);
+    case HistoryLoss::Broken:
+        return Wort(kern, Word::HistoryBroken);
+    case HistoryLoss::Endless:
+        return Wort(kern, Word::HistoryEndless, {Ziffern(MostHistoryRecords)});
+    case HistoryLoss::None:
+        break;
+    }
+    return {};
 }
 
 bool Datei_Zeile_Anhaengen(const FileStore& files, const std::string& path, std::string_view text) {

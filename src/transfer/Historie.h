@@ -32,6 +32,9 @@ std::optional<std::string> Uhr_Textdatum(int day, int month, const std::string& 
 /// "H_yyyymmdd_hhmmss_<lock>.HST"; characters that a file name cannot hold become "_".
 std::string Historie_Dateiname(const DateTime& now, std::string_view lockName);
 
+/// Why the events of a lock are not all there, in the language in use; empty when they are.
+std::string Historie_Verlust_Text(const Kern& kern, HistoryLoss why);
+
 bool Datei_Zeile_Anhaengen(const FileStore& files, const std::string& path, std::string_view text);
 
 /// Appends the lines of a record to the run's .HST file, which the first record makes, with `firstLine` at its head:

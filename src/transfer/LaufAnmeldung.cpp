@@ -94,6 +94,7 @@ void Schritt_Zweiter_Durchgang(Programmierlauf& run) {
     RunState& lauf = run.link.Lauf;
     run.Timer6.Stop();
     lauf.HistoryOnly = lauf.ReadHistoryFirst = lauf.TwoPassFlag = 0;
+    Konto_Zweiter_Durchgang(run.Konto);
     TelVerbinden_Senden(run.link);
 }
 

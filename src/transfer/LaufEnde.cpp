@@ -30,6 +30,8 @@ void Codeaenderung_Gescheitert(Programmierlauf& run) {
 void Lauf_Beenden(Programmierlauf& run, RunOutcome outcome, std::string_view text) {
     if (!run.Gesamtende) {
         run.Gesamtende = true;
+        Bericht_Fuellen(run);
+        Units_Zeigen(run);
         run.Bericht.End = outcome;
         run.Bericht.Text = text;
         run.link.Lauf.Phase = RunPhase::None;
@@ -71,44 +73,78 @@ bool Zeile_Fehlgeschlagen(Programmierlauf& run, RunOutcome outcome, std::string_
     return true;
 }
 
-void Schloss_Fertig(Programmierlauf& run) {
-    RunState& lauf = run.link.Lauf;
-    Zum_Schloss_Zurueck(run);
-    lauf.UnitModus = 0;
-    // A list says of each lock what became of it; a single run shows a message instead.
-    const bool unerased = lauf.HistoryLost && (lauf.HistoryOnly == 0 || lauf.RunRows != 0);
-    if (!run.Cancelled && (lauf.Incomplete || unerased) &&
-        Zeile_Fehlgeschlagen(run, RunOutcome::GivenUp, run.kern.Zeile(unerased ? 277 : 66))) {
-        return;
+namespace {
+
+/// How a run that came to its end has ended, and why it is not done.
+struct Urteil {
+    RunOutcome Outcome = RunOutcome::Done;
+    std::string Why;
+};
+
+Urteil Beurteilen(const Programmierlauf& run) {
+    const RunState& lauf = run.link.Lauf;
+    const Kern& kern = run.kern;
+    if (run.Cancelled) {
+        return {.Outcome = RunOutcome::Cancelled, .Why = kern.Zeile(82)};
     }
-    const RunOutcome outcome = run.Cancelled                 ? RunOutcome::Cancelled
-                               : lauf.Incomplete || unerased ? RunOutcome::GivenUp
-                                                             : RunOutcome::Done;
-    Lauf_Beenden(run, outcome, run.kern.Zeile(run.Cancelled ? 82 : lauf.HistoryLost ? 277 : 110));
-    if (lauf.RunRows != 0) {
-        const std::string note = Unit_Notiz(run);
-        const bool history = lauf.HistoryOnly != 0;
-        if (run.Liste.Zeile_Markieren) {
-            run.Liste.Zeile_Markieren(history ? "<<" : ">>",
-                                      run.kern.Zeile(history ? 263 : 266) + (note.empty() ? "" : " - " + note));
-        }
-        Rufen(run.Liste.Naechste_Zeile);
-        return;
+    // A list says of each lock what became of it; a single reading whose file could not be written shows a message.
+    const bool told = lauf.HistoryLost == HistoryLoss::Unwritten && lauf.HistoryOnly != 0 && lauf.RunRows == 0;
+    if (lauf.HistoryLost != HistoryLoss::None && !told) {
+        return {.Outcome = RunOutcome::GivenUp, .Why = Historie_Verlust_Text(kern, lauf.HistoryLost)};
     }
+    if (lauf.Incomplete) {
+        return {.Outcome = RunOutcome::GivenUp, .Why = kern.Zeile(lauf.RunRows != 0 ? 66 : 110)};
+    }
+    if (std::string open = Unbewiesen(run); !open.empty()) {
+        return {.Outcome = RunOutcome::Incomplete, .Why = std::move(open)};
+    }
+    return {.Why = kern.Zeile(told ? 277 : 110)};
+}
+
+void Einzelnes_Schloss_Zeigen(Programmierlauf& run, const Urteil& judged) {
+    const RunState& lauf = run.link.Lauf;
     if (run.Ansicht.Fertig) {
         run.Ansicht.Fertig(110);
     }
-    if (lauf.HistoryLost) {
-        run.kern.Meldung(run.kern.Zeile(277), Buttons::Ok, Icon::Exclamation);
+    if (run.Ansicht.Bericht && judged.Outcome == RunOutcome::Incomplete) {
+        run.Ansicht.Bericht(judged.Why);
+    }
+    if (lauf.HistoryLost != HistoryLoss::None) {
+        run.kern.Meldung(Historie_Verlust_Text(run.kern, lauf.HistoryLost), Buttons::Ok, Icon::Exclamation);
     }
     if (!run.Cancelled && lauf.HistoryOnly != 0 && lauf.HistoryFileOpen != 0 && run.Ansicht.Historie_Oeffnen) {
         run.Ansicht.Historie_Oeffnen(lauf.HistoryFileName);
     }
 }
 
+} // namespace
+
+void Schloss_Fertig(Programmierlauf& run) {
+    RunState& lauf = run.link.Lauf;
+    Zum_Schloss_Zurueck(run);
+    lauf.UnitModus = 0;
+    const Urteil judged = Beurteilen(run);
+    const bool good = judged.Outcome == RunOutcome::Done || run.Cancelled;
+    if (!good && Zeile_Fehlgeschlagen(run, judged.Outcome, judged.Why)) {
+        return;
+    }
+    Lauf_Beenden(run, judged.Outcome, judged.Why);
+    if (lauf.RunRows == 0) {
+        Einzelnes_Schloss_Zeigen(run, judged);
+        return;
+    }
+    const std::string note = Unit_Notiz(run);
+    const bool history = lauf.HistoryOnly != 0;
+    if (run.Liste.Zeile_Markieren) {
+        run.Liste.Zeile_Markieren(history ? "<<" : ">>",
+                                  run.kern.Zeile(history ? 263 : 266) + (note.empty() ? "" : " - " + note));
+    }
+    Rufen(run.Liste.Naechste_Zeile);
+}
+
 void Schritt_Schloss_Ende(Programmierlauf& run) {
     const RunState& lauf = run.link.Lauf;
-    if (lauf.HistoryOnly == 0 && !lauf.HistoryLost && !run.Cancelled && Units_Uebrig(run)) {
+    if (lauf.HistoryOnly == 0 && lauf.HistoryLost == HistoryLoss::None && !run.Cancelled && Units_Uebrig(run)) {
         if (run.Ansicht.Kaestchen) {
             run.Ansicht.Kaestchen(1);
         }
@@ -120,6 +156,9 @@ void Schritt_Schloss_Ende(Programmierlauf& run) {
 
 void Schritt_Historie_Fertig(Programmierlauf& run) {
     const RunState& lauf = run.link.Lauf;
+    if (lauf.HistoryRead) {
+        Konto_Historie_Fertig(run.Konto);
+    }
     if (lauf.HistoryOnly == 0) {
         if (run.Ansicht.Status) {
             run.Ansicht.Status(0);

@@ -1,3 +1,4 @@
+#include "Antwort_Verteilen.h"
 #include "Laufschritte.h"
 
 namespace qvm {
@@ -57,6 +58,10 @@ void Schritt_Daten_Schluss(Programmierlauf& run) {
 void Tick_Timer7(Programmierlauf& run) {
     RunState& lauf = run.link.Lauf;
     run.Timer7.Stop();
+    if (lauf.AbbruchWunsch != 0) {
+        Abbruch_Ausfuehren(run.link);
+        return;
+    }
     if (lauf.AnswerSeen || ++lauf.AnswerTicks > PollingTries) {
         lauf.AnswerSeen = false;
         lauf.AnswerTicks = 0;

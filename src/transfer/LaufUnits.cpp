@@ -1,3 +1,4 @@
+#include "Antwort_Verteilen.h"
 #include "Laufschritte.h"
 
 #include <algorithm>
@@ -28,7 +29,8 @@ UnitReport* Aktuelle(Programmierlauf& run) {
 }
 
 /// An ordered wait inside a step. The lock's silence is not counted meanwhile. False when the step must not go on: the
-/// run was cancelled or has ended in the wait, or another one has begun.
+/// run was cancelled or has ended in the wait, or another one has begun. A cancel that was wished in the wait is
+/// honoured at its end: the closing telegram goes out in place of the next one.
 bool Warten(Programmierlauf& run, int interval, int limit) {
     const int number = run.RunNumber;
     run.Waiting = true;
@@ -38,6 +40,9 @@ bool Warten(Programmierlauf& run, int interval, int limit) {
     }
     run.Waiting = false;
     run.link.Lauf.LastAnswer = run.kern.Welt.Milliseconds();
+    if (run.link.Lauf.Phase == RunPhase::Open && run.link.Lauf.AbbruchWunsch != 0) {
+        Abbruch_Ausfuehren(run.link);
+    }
     return run.link.Lauf.Phase == RunPhase::Open;
 }
 
@@ -173,7 +178,7 @@ void Tick_Timer9(Programmierlauf& run) {
 }
 
 void Schritt_Unit_Fertig(Programmierlauf& run) {
-    run.UnitGood = !run.link.Lauf.UnitIncomplete;
+    run.UnitGood = !run.link.Lauf.UnitIncomplete && Konto_Unit_Fertig(run.Konto, run.link.Lauf.UnitIndex);
     if (UnitReport* unit = Aktuelle(run); unit != nullptr && !run.UnitGood) {
         unit->End = UnitReport::State::Failed;
         unit->Note = run.kern.Zeile(66);
@@ -302,7 +307,8 @@ void Schritt_Unit_Getrennt(Programmierlauf& run) {
     lauf.UnitModus = 0;
     Zum_Schloss_Zurueck(run);
     UnitReport* unit = Aktuelle(run);
-    run.UnitGood = unit != nullptr && unit->End != UnitReport::State::Failed && !run.Cancelled;
+    const bool whole = Konto_Unit_Fertig(run.Konto, lauf.UnitIndex);
+    run.UnitGood = unit != nullptr && whole && unit->End != UnitReport::State::Failed && !run.Cancelled;
     if (unit != nullptr && !run.UnitGood && !run.Cancelled) {
         // A failed session of this kind takes the units behind it along.
         Schritt_Unit_Fehlgeschlagen(run);

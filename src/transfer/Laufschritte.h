@@ -60,6 +60,15 @@ void Timer_Anhalten(Programmierlauf& run);
 /// Address, mode and class back to the lock's.
 void Zum_Schloss_Zurueck(Programmierlauf& run);
 
+// The account at the end of a run (LaufNachweis.cpp)
+/// What the account says of lock and units, into the report.
+void Bericht_Fuellen(Programmierlauf& run);
+/// Why the run must not be called done although it came to its end: a sentence about the lock, else about the first
+/// unit that is not done and has not refused either. Empty when all is proven.
+std::string Unbewiesen(const Programmierlauf& run);
+/// Says at the check box of each unit that was left in its session what became of it.
+void Units_Zeigen(const Programmierlauf& run);
+
 // Units (LaufUnits.cpp)
 bool Units_Uebrig(const Programmierlauf& run);
 void Tick_Timer9(Programmierlauf& run);

@@ -1,4 +1,7 @@
+#include "Historie.h"
 #include "NetSchritte.h"
+#include "Text.h"
+#include "Words.h"
 
 #include <algorithm>
 
@@ -8,7 +11,7 @@ namespace {
 using Frame = std::span<const std::uint8_t>;
 
 constexpr int LineSending = 81, LineFetching = 264, LineProgramming = 267, LineProgrammed = 266, LineHistoryRead = 263,
-              LineFailed = 66, LineHistoryLost = 277;
+              LineFailed = 66, LineHistoryUnwritten = 277;
 constexpr std::uint8_t HistoryAndProgram = 0xFF;
 
 /// Replies that come at once are handled in their order; more than these are a flood.
@@ -62,9 +65,13 @@ void Status(const Netzlauf& run, int line) {
 void Historie_Fertig(Netzlauf& run) {
     run.Carry.clear();
     const RunState& lauf = run.link.Lauf;
-    if (lauf.HistoryLost) {
+    if (lauf.HistoryLost != HistoryLoss::None) {
         // Programming can erase the events of the lock.
-        Netz_Zeile_Fertig(run, "#", LineHistoryLost);
+        if (lauf.HistoryLost == HistoryLoss::Unwritten) {
+            Netz_Zeile_Fertig(run, "#", LineHistoryUnwritten);
+        } else {
+            Netz_Zeile_Gescheitert(run, Historie_Verlust_Text(run.kern, lauf.HistoryLost));
+        }
     } else if (lauf.NetMode == HistoryAndProgram) {
         Netz_Zeile_Behalten(run);
     } else {
@@ -72,8 +79,33 @@ void Historie_Fertig(Netzlauf& run) {
     }
 }
 
+/// The next block, or the end of a reading that has become useless.
+void Nach_Historienblock(Netzlauf& run) {
+    const HistoryLoss lost = run.link.Lauf.HistoryLost;
+    if (lost == HistoryLoss::Broken || lost == HistoryLoss::Endless) {
+        Historie_Fertig(run);
+    } else if (Netz_Frist_Vorbei(run)) {
+        Netz_Stillstand(run, NetStandstill::TooLong);
+    } else {
+        Net_Historie_Anfordern(run, NetzCode::HistoryBlock);
+    }
+}
+
+/// The adapter says that the lock is programmed. That proves it only when the adapter has taken everything and has said
+/// that it begins.
+void Programmierung_Fertig(Netzlauf& run) {
+    if (run.Started && run.BlocksTaken == run.BlockCount) {
+        Netz_Zeile_Fertig(run, ">>", LineProgrammed);
+    } else {
+        run.Unproven = true;
+        const int taken = run.BlocksTaken + (run.Started ? 1 : 0); // the clock starts the programming
+        Netz_Zeile_Gescheitert(run, Wort(run.kern, Word::NetMissing, {Ziffern(taken), Ziffern(run.BlockCount + 1)}));
+    }
+}
+
 void Programmierung_Beginnt(Netzlauf& run) {
     run.Phase = NetPhase::Result;
+    run.Started = true;
     run.BarValue = 0;
     if (run.Ansicht.Balken) {
         run.Ansicht.Balken(NetzBarMaximum, 0, true);
@@ -92,19 +124,11 @@ void Nach_Daten(Netzlauf& run) {
 }
 
 void Block_Genommen(Netzlauf& run) {
+    run.BlocksTaken = run.BlockNumber;
     if (run.BlockNumber < run.DataBlocks) {
         Net_Daten_Senden(run, 1, static_cast<int>(run.Daten.Slots.size()));
     } else {
         Netz_Horchen(run);
-    }
-}
-
-/// A history without an end is left in the end.
-void Naechster_Historienblock(Netzlauf& run) {
-    if (Netz_Frist_Vorbei(run)) {
-        Netz_Stillstand(run, NetStandstill::TooLong);
-    } else {
-        Net_Historie_Anfordern(run, NetzCode::HistoryBlock);
     }
 }
 
@@ -115,12 +139,11 @@ void Behandeln(Netzlauf& run, Frame frame) {
         Netz_Horchen(run);
         break;
     case NetzCode::HistoryBlock:
-        Historienblock_Ablegen(run, frame);
-        run.HistoryBlock = Byte(frame, NetzKopf::Block);
-        Naechster_Historienblock(run);
+        Historienblock_Ablegen(run, frame, false);
+        Nach_Historienblock(run);
         break;
     case NetzCode::HistoryLast:
-        Historienblock_Ablegen(run, frame);
+        Historienblock_Ablegen(run, frame, true);
         Historie_Fertig(run);
         break;
     case NetzCode::Data:
@@ -128,16 +151,18 @@ void Behandeln(Netzlauf& run, Frame frame) {
         break;
     case NetzCode::DataTaken:
     case NetzCode::Finger:
+        run.BlocksTaken = run.BlockNumber;
         Nach_Daten(run);
         break;
     case NetzCode::FingerTaken:
+        run.BlocksTaken = run.BlockNumber;
         Net_Uhrzeit_Senden(run);
         break;
     case NetzCode::Programming:
         Programmierung_Beginnt(run);
         break;
     case NetzCode::Programmed:
-        Netz_Zeile_Fertig(run, ">>", LineProgrammed);
+        Programmierung_Fertig(run);
         break;
     default:
         Netz_Zeile_Fertig(run, "#", LineFailed);

@@ -4,6 +4,24 @@
 #include <algorithm>
 
 namespace qvm {
+namespace {
+
+/// Behind the payload stand the checksum's place and the closing byte.
+constexpr std::size_t BehindPayload = 2;
+
+void Verloren(RunState& lauf, HistoryLoss why) {
+    if (lauf.HistoryLost == HistoryLoss::None) {
+        lauf.HistoryLost = why;
+    }
+}
+
+/// The block goes on where the one before it ended. With which number an adapter begins is not known. No number is 0,
+/// which behind the start byte would be taken for a stuffed byte: 1 follows 255.
+bool Folgt(const Netzlauf& run, std::uint8_t number) {
+    return run.HistoryBlocks == 0 || number == run.HistoryBlock % 0xFF + 1;
+}
+
+} // namespace
 
 bool Net_Historie_Anfordern(Netzlauf& run, std::uint8_t code) {
     namespace H = NetzHistorie;
@@ -35,20 +53,35 @@ void Net_Historie_Block(Netzlauf& run, std::span<const std::uint8_t> block, int&
         const std::span<const std::uint8_t> bytes = run.Carry;
         const HistoryRecord record =
             Historie_Zerlegen(run.kern.Welt, bytes.subspan(at).first<std::size_t{HistoryRecordLength}>());
+        if (++lauf.HistoryRecords > MostHistoryRecords) {
+            Verloren(lauf, HistoryLoss::Endless);
+            break;
+        }
         if (!Historie_Schreiben(run.link, record, run.LockName, firstLine)) {
-            lauf.HistoryLost = true;
+            Verloren(lauf, HistoryLoss::Unwritten);
         }
     }
     run.Carry.erase(run.Carry.begin(), run.Carry.begin() + static_cast<std::ptrdiff_t>(at));
 }
 
-void Historienblock_Ablegen(Netzlauf& run, std::span<const std::uint8_t> frame) {
-    // Behind the payload stand the checksum's place and the closing byte.
-    constexpr std::size_t Behind = 2;
-    const std::size_t end = frame.size() - std::min(frame.size(), Behind);
-    const std::size_t first = std::min<std::size_t>(NetzPayload, end);
-    Net_Historie_Block(run, frame.subspan(first, end - first), run.HistoryCounter);
+void Historienblock_Ablegen(Netzlauf& run, std::span<const std::uint8_t> frame, bool last) {
+    RunState& lauf = run.link.Lauf;
+    if (frame.size() < NetzPayload + BehindPayload || !Folgt(run, frame[NetzKopf::Block.Offset])) {
+        Verloren(lauf, HistoryLoss::Broken);
+        return;
+    }
+    // Blocks without an end are a history without end, too, when there is nothing in them.
+    if (++run.HistoryBlocks > MostHistoryRecords) {
+        Verloren(lauf, HistoryLoss::Endless);
+        return;
+    }
+    Net_Historie_Block(run, frame.subspan(NetzPayload, frame.size() - NetzPayload - BehindPayload), run.HistoryCounter);
     run.LastBlock.assign(frame.begin(), frame.end());
+    run.HistoryBlock = frame[NetzKopf::Block.Offset];
+    // Whether a checksum stands behind a last group that is not full is not known: one byte may be left.
+    if (last && run.Carry.size() > 1) {
+        Verloren(lauf, HistoryLoss::Broken);
+    }
 }
 
 } // namespace qvm

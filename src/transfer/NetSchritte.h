@@ -66,12 +66,15 @@ void Netz_Eingang(Netzlauf& run);
 void Tick_Timer3(Netzlauf& run);
 
 // History (NetHistorie.cpp)
-/// Stores the block of a reply 0x0C or 0x0D.
-void Historienblock_Ablegen(Netzlauf& run, std::span<const std::uint8_t> frame);
+/// Stores the block of a reply 0x0C or, as the last one, 0x0D. One that is too short for a block, that does not follow
+/// the one before it, or that ends inside a record sets HistoryLost.
+void Historienblock_Ablegen(Netzlauf& run, std::span<const std::uint8_t> frame, bool last);
 
 // The row (Network_USB.cpp)
 /// Begins a row: what an earlier one left behind no longer counts.
 void Netz_Neubeginn(Netzlauf& run);
+/// The row has failed, with a text that no catalogue line says.
+void Netz_Zeile_Gescheitert(Netzlauf& run, const std::string& text);
 /// The row is done; `step` is next.
 void Netz_Zeile_Fertig(Netzlauf& run, std::string_view mark, int line, std::string_view step = StepPrgNextDataset);
 /// History is there, the same row is to be programmed.

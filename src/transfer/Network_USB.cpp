@@ -110,6 +110,8 @@ void Netz_Neubeginn(Netzlauf& run) {
 
 void Netz_Programmieren_Beginnen(Netzlauf& run) {
     Netz_Neubeginn(run);
+    run.BlocksTaken = 0;
+    run.Started = run.Unproven = false;
     Anzeige_Beginnen(run);
     const unsigned number = run.Number;
     if (!Net_Daten_Senden(run, 0, static_cast<int>(run.Daten.Slots.size())) && run.Number == number &&
@@ -123,7 +125,10 @@ void Netz_Historie_Beginnen(Netzlauf& run) {
     RunState& lauf = run.link.Lauf;
     lauf.HistoryFileOpen = lauf.HistoryStop = 0;
     lauf.HistoryFileName.clear();
-    lauf.HistoryLost = false;
+    lauf.HistoryLost = HistoryLoss::None;
+    lauf.HistoryRecords = 0;
+    run.HistoryBlocks = 0;
+    run.Unproven = false;
     run.HistoryBlock = 1;
     run.HistoryCounter = 1;
     run.Carry.clear();
@@ -145,6 +150,17 @@ void Netz_Zeile_Fertig(Netzlauf& run, std::string_view mark, int line, std::stri
     }
     if (run.Ansicht.Naechste_Zeile) {
         run.Ansicht.Naechste_Zeile(step);
+    }
+}
+
+void Netz_Zeile_Gescheitert(Netzlauf& run, const std::string& text) {
+    Ruhe(run);
+    Anzeige_Beenden(run);
+    if (run.Ansicht.Zeile_Melden) {
+        run.Ansicht.Zeile_Melden("#", text);
+    }
+    if (run.Ansicht.Naechste_Zeile) {
+        run.Ansicht.Naechste_Zeile(StepPrgNextDataset);
     }
 }
 

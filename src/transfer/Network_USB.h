@@ -56,6 +56,8 @@ struct NetView {
     std::function<void(int maximum, int value, bool visible)> Balken;
     /// Mark and status text (catalogue line) of the present row, which is done with it (">>" 266, "<<" 263, "#").
     std::function<void(std::string_view mark, int line)> Zeile_Markieren;
+    /// The same with a text of its own, code page 1252.
+    std::function<void(std::string_view mark, const std::string& text)> Zeile_Melden;
     /// The row is done: raise RunRow and plan `step` in 3000 ms, or show line 265 behind the last row.
     std::function<void(std::string_view step)> Naechste_Zeile;
     /// History and programming were wished and the history is there: ProgQvmUnits for the same row in 100 ms.
@@ -94,12 +96,16 @@ struct Netzlauf {
     int BlockNumber = 0;                 ///< of the block sent last, from 1
     int BlockCount = 0;                  ///< data and fingerprint blocks of the row
     int DataBlocks = 0;                  ///< data blocks among them
+    int BlocksTaken = 0;                 ///< blocks of both kinds that the adapter has acknowledged
+    bool Started = false;                ///< the adapter has said that it programs the lock
+    bool Unproven = false;               ///< it said that the lock is programmed, but the rest does not bear that out
     std::vector<std::uint8_t> Finger;    ///< numbers, flags and templates of all fingerprints, one behind the other
     int TemplateBytes = 0;               ///< bytes of `Finger` that are still to be sent
     std::uint8_t HistoryBlock = 1;       ///< number that history requests carry
     int HistoryCounter = 1;              ///< 1: the next history block opens a new file
     std::vector<std::uint8_t> Carry;     ///< beginning of a record that the next history block ends
     std::vector<std::uint8_t> LastBlock; ///< reply with the history block stored last, to know a double one
+    int HistoryBlocks = 0;               ///< blocks stored of the reading
     int BarValue = 0;
     NetPhase FristPhase = NetPhase::None; ///< which phase the time is limited for
     int FristMinuten = 0;                 ///< the limit
@@ -158,7 +164,7 @@ void Sendelog_Entfernen(const Kern& kern);
 
 /// Decodes a history block, the bytes of a reply from index 32 on: the checksum behind each 128 is left out, the carry
 /// of the block before comes first. `counter` 1 opens a new file with the first record, and becomes 2. A record that
-/// cannot be written sets HistoryLost.
+/// cannot be written sets HistoryLost, and so does one more than any lock can hold, with which the decoding ends.
 void Net_Historie_Block(Netzlauf& run, std::span<const std::uint8_t> block, int& counter);
 
 } // namespace qvm

@@ -1,5 +1,6 @@
 #include "Programmierlauf.h"
 
+#include "Antwort_Verteilen.h"
 #include "Laufschritte.h"
 #include "PortFault.h"
 #include "Words.h"
@@ -63,7 +64,9 @@ void Lauf_Beginnen(Programmierlauf& run) {
     RunState& lauf = run.link.Lauf;
     lauf.Phase = RunPhase::Open;
     lauf.WiederholZaehler = 0;
-    lauf.HistoryLost = false;
+    lauf.HistoryLost = HistoryLoss::None;
+    lauf.HistoryRead = false;
+    lauf.HistoryRecords = 0;
     lauf.AbbruchWunsch = 0;
     lauf.Incomplete = lauf.UnitIncomplete = false;
     lauf.UnitIndex = 0xFF;
@@ -71,6 +74,7 @@ void Lauf_Beginnen(Programmierlauf& run) {
     run.link.TargetAddress = lauf.LockAddress;
     run.link.AddressMode = 0;
     run.link.Rx.Ruecksetzen();
+    run.Konto = Konto_Anlegen(lauf, run.Daten);
     if (!TelVerbinden_Senden(run.link)) {
         const std::string text = run.kern.Zeile(276);
         Rufen(run.Ansicht.Wartebox_Schliessen);
@@ -101,8 +105,13 @@ void Lauf_Aufgeben(Programmierlauf& run, RunOutcome outcome) {
     Lauf_Beenden(run, outcome, run.kern.Zeile(82));
 }
 
+bool Lauf_Wartet(const Programmierlauf& run) {
+    return run.Waiting || run.Timer7.Running() || run.Timer8.Running() || run.Timer9.Running() || run.Timer11.Running();
+}
+
 std::int64_t Lauf_Stille(const Programmierlauf& run) {
-    const bool own = run.Waiting || run.Timer9.Running() || run.Timer11.Running() || run.Timer8.Running();
+    // A lock that is polled may be silent for good.
+    const bool own = Lauf_Wartet(run) && !run.Timer7.Running();
     return run.Gesamtende || own ? 0 : run.kern.Welt.Milliseconds() - run.link.Lauf.LastAnswer;
 }
 
@@ -149,6 +158,16 @@ void Ende_Haken_Setzen(Programmierlauf& run, LinkHooks& hooks) {
 } // namespace
 
 void Lauf_Haken_Setzen(Programmierlauf& run, LinkHooks& hooks) {
+    hooks.Telegramm_Geht = [&run] {
+        if (!run.Gesamtende && !run.Cancelled) {
+            Konto_Gesendet(run.Konto, run.link.TxBuffer, run.link.Lauf);
+        }
+    };
+    hooks.Antwort_Gekommen = [&run] {
+        if (!run.Gesamtende && !run.Cancelled) {
+            Konto_Antwort(run.Konto, run.link.RxByte(2), Anmeldung_Angenommen(run.link));
+        }
+    };
     hooks.Anmeldung_Abgelehnt = Haken(run, Schritt_Anmeldung_Abgelehnt);
     hooks.Suche_Abgelehnt = Haken(run, Schritt_Anmeldung_Abgelehnt);
     hooks.Unit_Abgelehnt = Haken(run, Schritt_Unit_Abgelehnt);
@@ -158,8 +177,7 @@ void Lauf_Haken_Setzen(Programmierlauf& run, LinkHooks& hooks) {
     hooks.Historie_Anzeigen = [&run] { Rufen(run.Ansicht.Historie_Beschriften); };
     hooks.Historie_Eintrag = [&run] {
         if (!Historie_Eintrag(run.link, run.LockName, run.Ansicht.Zustand)) {
-            run.link.Lauf.HistoryLost = true;
-            run.Bericht.HistoryLost = true;
+            run.link.Lauf.HistoryLost = HistoryLoss::Unwritten;
         }
     };
     hooks.Historie_Fertig = Haken(run, Schritt_Historie_Fertig);

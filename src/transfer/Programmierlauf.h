@@ -3,6 +3,7 @@
 #include "Dataset.h"
 #include "Historie.h"
 #include "Link.h"
+#include "RunAccount.h"
 #include "Timer.h"
 
 #include <array>
@@ -22,33 +23,45 @@ enum class RunOutcome {
     Cancelled,  ///< by the operator
     GivenUp,    ///< the lock stayed busy
     NoPort,     ///< the port could not be opened; nothing was sent
+    Incomplete, ///< came to its end, but the lock or a unit did not acknowledge all that it had to get
 };
 
 struct UnitReport {
-    enum class State { Untried, Done, Failed } End = State::Untried;
-    std::string Note;     ///< last text that the unit's blocks gave, or why it failed
-    bool Refused = false; ///< it answered the login, but did not accept it
+    enum class State {
+        Untried,   ///< never spoken to
+        BrokenOff, ///< its session was begun, and left before its end
+        Done,
+        Failed,
+    } End = State::Untried;
+    UnitProgress Progress; ///< how far the session came
+    std::string Note;      ///< last text that the unit's blocks gave, or why it failed
+    bool Refused = false;  ///< it answered the login, but did not accept it
 };
 
 struct RunReport {
     RunOutcome End = RunOutcome::Open;
-    std::string Text;            ///< the message or status text of the end
-    bool HistoryLost = false;    ///< a record came that could not be written
+    std::string Text; ///< the message or status text of the end
+    HistoryLoss HistoryLost = HistoryLoss::None;
     bool ChannelUnsaved = false; ///< the lock moved to another channel, but its channel record could not be written
     std::array<UnitReport, 5> Units;
+    int Telegrams = 0;               ///< that the lock had to get
+    int Acknowledged = 0;            ///< and that it has acknowledged
+    std::vector<AccountGap> Missing; ///< what the rest carries
 };
 
 /// Where a run shows itself. Filled once, with designated initialisers; the windows stand behind it.
 struct RunView {
-    std::function<void()> Fortschritt;             ///< the two bars; values stand in RunState
-    std::function<void()> F9_Zeigen;               ///< progress window, for the present lock
-    std::function<void(int line)> Status;          ///< status label of the progress window, catalogue line (0: empty)
-    std::function<void(int line)> Fertig;          ///< finished state with that status line
-    std::function<void()> F9_Schliessen_Freigeben; ///< only the close button becomes live
-    std::function<void()> Historie_Beschriften;    ///< the reading of events begins
+    std::function<void()> Fortschritt;    ///< the two bars; values stand in RunState
+    std::function<void()> F9_Zeigen;      ///< progress window, for the present lock
+    std::function<void(int line)> Status; ///< status label of the progress window, catalogue line (0: empty)
+    std::function<void(int line)> Fertig; ///< finished state with that status line
+    std::function<void(const std::string& text)> Bericht; ///< status text of the end, where it is no catalogue line
+    std::function<void()> F9_Schliessen_Freigeben;        ///< only the close button becomes live
+    std::function<void()> Historie_Beschriften;           ///< the reading of events begins
     std::function<void(std::uint8_t highNibble, const std::string& text)> Zustand; ///< first state report of a run
     std::function<void(int box)> Kaestchen; ///< ticks check box 1 (lock) or unit + 2
-    std::function<void()> Wartebox_Zeigen;  ///< F18
+    std::function<void(int box, const std::string& text)> Kaestchen_Beschriften; ///< what became of its unit
+    std::function<void()> Wartebox_Zeigen;                                       ///< F18
     std::function<void()> Wartebox_Schliessen;
     std::function<void(int value)> Wartebox_Balken; ///< 100 to 200
     std::function<void(int line)> Wartebox_Text;
@@ -76,6 +89,7 @@ struct Programmierlauf {
     RunView Ansicht;
     ListView Liste;
     RunReport Bericht;
+    RunAccount Konto; ///< of the run that is on, or ended last
 
     int LockNumber = 0; ///< lock number of the run, 1 to 200
     std::string LockName;
@@ -99,12 +113,14 @@ void Lauf_Ruecksetzen(Programmierlauf& run);
 /// Starts the chain with the login telegram; everything else stands in RunState. Clears the report. Without a port the
 /// run ends at once (NoPort) in the finished state.
 void Lauf_Beginnen(Programmierlauf& run);
-/// The operator's cancel: honoured at the next frame.
+/// The operator's cancel: honoured at the next frame, behind an ordered wait and at the next tick of the polling.
 void Lauf_Abbrechen(Programmierlauf& run);
 /// Gives up a run that nobody answers: stops the timers, closes the port and ends with `outcome`.
 void Lauf_Aufgeben(Programmierlauf& run, RunOutcome outcome);
 /// Milliseconds since the lock last answered; 0 while the run is in a wait of its own or has ended.
 std::int64_t Lauf_Stille(const Programmierlauf& run);
+/// True while no reply is awaited: in an ordered wait, between two units, and while an erasing lock is polled.
+bool Lauf_Wartet(const Programmierlauf& run);
 /// The address, serial and reception values that the chain needs of a dataset.
 void Lauf_Werte_Uebernehmen(Programmierlauf& run);
 

@@ -69,6 +69,20 @@ TEST_F(BinaryFault, a_unit_that_is_not_there_counts_more_than_one_that_refuses) 
     Locks.Stop();
 }
 
+TEST_F(BinaryFault, a_wrong_reply_to_the_login_does_not_make_a_lock_programmed) {
+    Locks.Start({"--fault", "wrong@0=0x05"});
+    const RunResult result = Locks.Run({"--json", "program", "2"});
+    EXPECT_EQ(result.Code, 3) << result.Err;
+    const Json lock = Json::parse(result.Out)["locks"][0];
+    EXPECT_EQ(lock["result"], "failed");
+    EXPECT_EQ(lock["acknowledged"], 0);
+    EXPECT_GT(lock["wanted"], 10);
+    EXPECT_EQ(lock["missing"][0], "login");
+    EXPECT_NE(lock["text"], "");
+    Locks.Stop();
+    EXPECT_EQ(Locks.Lock(Leer)["data_complete"], false);
+}
+
 TEST_F(BinaryFault, a_move_to_another_channel_that_cannot_be_recorded_is_a_local_fault) {
     // There is no channel record, and nobody, not even the administrator, makes one there. Without a record the lock is
     // looked for from channel 1 on.

@@ -102,6 +102,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                    .Blinken = {},
                    .Balken = [](int maximum, int value, bool) { Require(value >= 0 && value <= maximum); },
                    .Zeile_Markieren = [&](std::string_view, int) { ++ends; },
+                   .Zeile_Melden = [&](std::string_view, const std::string&) { ++ends; },
                    .Naechste_Zeile = {},
                    .Programmieren_Planen = {},
                    .Stillstand = {},

@@ -176,14 +176,64 @@ TEST_F(Antwort_Verteilen_Reply, a_history_record_is_written_before_the_next_one_
 
 TEST_F(Antwort_Verteilen_Reply, the_end_of_a_history_run_disconnects_and_before_programming_it_leads_to_the_priority) {
     link.Lauf.HistoryOnly = 1;
+    link.TxBuffer[2] = 0x17;
     Reply(0x17, HistoryReply(0xFF));
     EXPECT_THAT(Called, ElementsAre("Historie_Fertig"));
     EXPECT_THAT(Sent(), ElementsAre(0x05));
     link.Lauf.HistoryOnly = 0;
     link.Lauf.ReadHistoryFirst = 1;
+    link.Lauf.HistoryRead = false;
+    link.TxBuffer[2] = 0x17;
     Reply(0x17, HistoryReply(0xFF));
     EXPECT_THAT(Called, ElementsAre("Historie_Fertig"));
     EXPECT_THAT(Sent(), ElementsAre(0x2F));
+}
+
+TEST_F(Antwort_Verteilen_Reply, a_record_too_short_is_no_end_of_a_history_that_is_wanted) {
+    link.Lauf.ReadHistoryFirst = 1;
+    link.TxBuffer[2] = 0x17;
+    Reply(0x17, std::vector<std::uint8_t>(31, 0x20)); // one byte short of the event
+    EXPECT_THAT(Called, ElementsAre("Historie_Fertig"));
+    EXPECT_THAT(Sent(), ElementsAre(0x05));
+    EXPECT_EQ(link.Lauf.HistoryLost, HistoryLoss::Broken);
+    // And what comes behind it does not lead to the erase telegram any more.
+    Reply(0x2F);
+    EXPECT_THAT(Sent(), ElementsAre(0x05));
+}
+
+TEST_F(Antwort_Verteilen_Reply, an_end_that_nobody_asked_for_is_no_end_of_a_history) {
+    link.Lauf.ReadHistoryFirst = 1;
+    link.TxBuffer[2] = 0x09;
+    Reply(0x17, HistoryReply(0xFF));
+    EXPECT_THAT(Sent(), ElementsAre(0x05));
+    EXPECT_EQ(link.Lauf.HistoryLost, HistoryLoss::Broken);
+}
+
+TEST_F(Antwort_Verteilen_Reply, a_history_without_end_is_given_up_behind_ten_thousand_records) {
+    link.Lauf.ReadHistoryFirst = 1;
+    link.TxBuffer[2] = 0x17;
+    link.Lauf.HistoryRecords = 9999;
+    Reply(0x17, HistoryReply(0x13));
+    EXPECT_THAT(Called, ElementsAre("Historie_Eintrag"));
+    EXPECT_THAT(Sent(), ElementsAre(0x17));
+    Reply(0x17, HistoryReply(0x13));
+    EXPECT_THAT(Called, ElementsAre("Historie_Fertig"));
+    EXPECT_THAT(Sent(), ElementsAre(0x05));
+    EXPECT_EQ(link.Lauf.HistoryLost, HistoryLoss::Endless);
+}
+
+TEST_F(Antwort_Verteilen_Reply, no_reply_leads_a_run_that_reads_to_an_erase_or_a_write) {
+    for (int code = 0; code < 0x60; ++code) {
+        SCOPED_TRACE(code);
+        link.Lauf.HistoryOnly = 1;
+        link.Lauf.HistoryLost = HistoryLoss::None;
+        link.TxBuffer[2] = 0x17;
+        Reply(static_cast<std::uint8_t>(code));
+        const std::vector<int> sent = Sent();
+        const bool reads = sent.empty() || sent == std::vector<int>{0x05} || sent == std::vector<int>{0x09} ||
+                           sent == std::vector<int>{0x17} || sent == std::vector<int>{0x66};
+        EXPECT_TRUE(reads) << ::testing::PrintToString(sent);
+    }
 }
 
 TEST_F(Antwort_Verteilen_Reply, the_record_behind_the_cut_off_and_a_record_too_short_end_the_reading) {
@@ -526,7 +576,7 @@ TEST_F(Antwort_Verteilen_Reply, without_a_run_a_late_reply_of_the_chain_does_not
 
 TEST_F(Antwort_Verteilen_Reply, a_lock_whose_events_could_not_be_kept_is_not_erased) {
     link.Lauf.ReadHistoryFirst = 1;
-    link.Lauf.HistoryLost = true;
+    link.Lauf.HistoryLost = HistoryLoss::Unwritten;
     Reply(0x17, HistoryReply(0xFF));
     EXPECT_THAT(Sent(), ElementsAre(0x05));
 }

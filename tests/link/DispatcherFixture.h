@@ -76,6 +76,8 @@ private:
 
 inline LinkHooks DispatcherFixture::Recorder() {
     return LinkHooks{
+        .Telegramm_Geht = {},
+        .Antwort_Gekommen = {},
         QVM_NOTE(Anmeldung_Abgelehnt),
         QVM_NOTE(Suche_Abgelehnt),
         QVM_NOTE(Unit_Abgelehnt),

@@ -1,6 +1,7 @@
 // Every code of a reply, at its time and at a wrong one.
 
 #include "NetzFixture.h"
+#include "Words.h"
 
 namespace qvm::test {
 namespace {
@@ -200,7 +201,7 @@ TEST_F(Netz_Antwort_Test, that_sends_history_blocks_without_end_has_half_an_hour
         // A record whose name differs from block to block.
         Bytes record(23, 1);
         record[5] = static_cast<std::uint8_t>('A' + block % 26);
-        pc.Deliver(Antwort(0x0C, static_cast<std::uint8_t>(1 + block % 200), record), 1000);
+        pc.Deliver(Antwort(0x0C, static_cast<std::uint8_t>(1 + (block - 1) % 255), record), 1000);
         if (frame[27] == 0x0A) {
             Reply(0x0B);
         }
@@ -280,25 +281,28 @@ TEST_F(Netz_Antwort_Test, half_a_frame_during_the_rounds_does_not_swallow_the_ne
     EXPECT_EQ(Log.back(), "next PrgNextDataset");
 }
 
-TEST_F(Netz_Antwort_Test, 0x20_counts_although_0x1F_was_lost) {
+TEST_F(Netz_Antwort_Test, 0x20_without_0x1F_before_it_proves_nothing) {
+    // It may belong to the run before: the adapter has not said that it has taken the clock.
     Geraet = [this](const Bytes& frame) { Reply(frame[27] == 0x14 ? 0x15 : 0x20); };
     Netz_Programmieren_Beginnen(run);
     pc.RunFor(1000);
     EXPECT_EQ(Codes(), "14 1E");
-    EXPECT_EQ(Ereignisse(), "steady, status 81, steady, mark >> 266, next PrgNextDataset");
+    EXPECT_EQ(Ereignisse(), "steady, status 81, steady, mark # " + Wort(kern, Word::NetMissing, {"1", "2"}) +
+                                ", next PrgNextDataset");
 }
 
 TEST_F(Netz_Antwort_Test, a_double_0x20_marks_the_row_once) {
     Geraet = [this](const Bytes& frame) {
-        Reply(frame[27] == 0x14 ? 0x15 : 0x20);
+        Reply(frame[27] == 0x14 ? 0x15 : 0x1F);
         if (frame[27] != 0x14) {
-            Reply(0x20, 1, 21);
+            Reply(0x20, 1, 100);
+            Reply(0x20, 1, 101);
             Reply(0x20, 1, 900);
         }
     };
     Netz_Programmieren_Beginnen(run);
     pc.RunFor(3000);
-    EXPECT_EQ(Ereignisse(), "steady, status 81, steady, mark >> 266, next PrgNextDataset");
+    EXPECT_EQ(Ereignisse(), "steady, status 81, status 267+81, blink, steady, mark >> 266, next PrgNextDataset");
 }
 
 TEST_F(Netz_Antwort_Test, 0x20_before_the_clock_marks_nothing) {

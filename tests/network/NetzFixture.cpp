@@ -109,6 +109,8 @@ NetzTest::NetzTest() {
             },
         .Zeile_Markieren = [this](std::string_view mark,
                                   int line) { Log.push_back("mark " + std::string(mark) + " " + Ziffern(line)); },
+        .Zeile_Melden = [this](std::string_view mark,
+                               const std::string& text) { Log.push_back("mark " + std::string(mark) + " " + text); },
         .Naechste_Zeile = [this](std::string_view step) { Log.push_back("next " + std::string(step)); },
         .Programmieren_Planen = [this] { Log.emplace_back("program"); },
         .Stillstand =

@@ -1,6 +1,7 @@
 // History over the network route: requests, blocks with carry, the file, and what follows.
 
 #include "NetzFixture.h"
+#include "Words.h"
 
 #include <algorithm>
 
@@ -243,17 +244,54 @@ TEST_F(Net_Historie_Test, a_lock_whose_events_could_not_be_written_is_not_progra
     Bloecke({Saetze(2)});
     Netz_Historie_Beginnen(run);
     pc.RunFor(1000);
-    EXPECT_TRUE(link.Lauf.HistoryLost);
+    EXPECT_EQ(link.Lauf.HistoryLost, HistoryLoss::Unwritten);
     EXPECT_EQ(Ereignisse(), "steady, status 81, steady, mark # 277, next PrgNextDataset");
 }
 
 TEST_F(Net_Historie_Test, the_loss_of_one_row_does_not_stick_to_the_next) {
-    link.Lauf.HistoryLost = true;
+    link.Lauf.HistoryLost = HistoryLoss::Unwritten;
     link.Lauf.NetMode = 0xFF;
     Bloecke({Saetze(2)});
     Netz_Historie_Beginnen(run);
     pc.RunFor(1000);
     EXPECT_EQ(Log.back(), "program");
+}
+
+TEST_F(Net_Historie_Test, a_block_whose_number_does_not_follow_breaks_the_reading) {
+    link.Lauf.NetMode = 0xFF;
+    Geraet = [this](const Bytes& frame) {
+        const bool first = frame[27] == 0x0A;
+        pc.Deliver(Antwort(first ? 0x0C : 0x0D, first ? 1 : 3, Satz(1)), 20); // block 2 is lost
+    };
+    Netz_Historie_Beginnen(run);
+    pc.RunFor(1000);
+    EXPECT_EQ(link.Lauf.HistoryLost, HistoryLoss::Broken);
+    EXPECT_EQ(Inhalt(), Datei(1));
+    EXPECT_EQ(Log.back(), "next PrgNextDataset");
+    EXPECT_EQ(Log[Log.size() - 2], "mark # " + Wort(kern, Word::HistoryBroken));
+}
+
+TEST_F(Net_Historie_Test, a_last_block_that_ends_inside_a_record_breaks_the_reading) {
+    link.Lauf.NetMode = 0xFF;
+    Bloecke({Teil(Saetze(2), 0, 43)});
+    Netz_Historie_Beginnen(run);
+    pc.RunFor(1000);
+    EXPECT_EQ(link.Lauf.HistoryLost, HistoryLoss::Broken);
+    EXPECT_EQ(Inhalt(), Datei(1));
+    EXPECT_EQ(Log[Log.size() - 2], "mark # " + Wort(kern, Word::HistoryBroken));
+}
+
+TEST_F(Net_Historie_Test, a_history_without_end_is_given_up_behind_ten_thousand_records) {
+    link.Lauf.NetMode = 0xFF;
+    const Bytes fifty = Gruppen(Saetze(50), false);
+    Geraet = [this, fifty](const Bytes&) {
+        pc.Deliver(Antwort(0x0C, static_cast<std::uint8_t>(Sent.size()), fifty), 20);
+    };
+    Netz_Historie_Beginnen(run);
+    pc.RunFor(60000);
+    EXPECT_EQ(link.Lauf.HistoryLost, HistoryLoss::Endless);
+    EXPECT_EQ(Sent.size(), 201U); // 200 blocks are all right, the 201st holds the record too many
+    EXPECT_EQ(Log[Log.size() - 2], "mark # " + Wort(kern, Word::HistoryEndless, {"10000"}));
 }
 
 TEST_F(Net_Historie_Test, a_lost_reply_leaves_the_row_standing_with_what_has_come) {

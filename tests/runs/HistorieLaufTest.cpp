@@ -120,7 +120,7 @@ TEST_F(Run_History, a_lock_whose_events_could_not_be_written_is_not_erased) {
     TypeCode("123456");
     ASSERT_TRUE(Finish());
     EXPECT_EQ(Outcome(), RunOutcome::GivenUp);
-    EXPECT_TRUE(programm->Lauf.Bericht.HistoryLost);
+    EXPECT_EQ(programm->Lauf.Bericht.HistoryLost, HistoryLoss::Unwritten);
     EXPECT_EQ(Lock(Serial::S).Erases, 0);
     EXPECT_EQ(Sent().back(), 0x05);
 }
@@ -153,7 +153,7 @@ TEST_F(Run_History, reading_alone_says_that_events_were_lost) {
     world.Disk.FailFromThere = true;
     TypeCode("123456");
     ASSERT_TRUE(Finish());
-    EXPECT_TRUE(programm->Lauf.Bericht.HistoryLost);
+    EXPECT_EQ(programm->Lauf.Bericht.HistoryLost, HistoryLoss::Unwritten);
     EXPECT_EQ(programm->Lauf.Bericht.Text, "L277");
     EXPECT_THAT(OpenedHistories, IsEmpty());
 }

@@ -75,11 +75,17 @@ void F9::Fortschritt() {
 
 void F9::Status_Zeigen(int line) {
     statusLine_ = line;
+    statusText_.clear();
     StatusLabel.Text = kern.Zeile(line);
 }
 
+void F9::Bericht_Zeigen(const std::string& text) {
+    statusText_ = text;
+    StatusLabel.Text = text;
+}
+
 void F9::Texte_Setzen() {
-    StatusLabel.Text = kern.Zeile(statusLine_);
+    StatusLabel.Text = statusText_.empty() ? kern.Zeile(statusLine_) : statusText_;
     Command1.Text = kern.Zeile(83);
     Command2.Text = kern.Zeile(119);
     Uhr_Beschriften();
@@ -90,12 +96,16 @@ void F9::Texte_Setzen() {
 
 void F9::Fertig(int line) {
     Status_Zeigen(line);
-    Command1.Enabled = false;
-    Command2.Enabled = true;
+    Schliessen_Freigeben();
     Balken1.Visible = false;
     Balken2.Visible = false;
     StilleLabel.Visible = false;
     Stille.Stop();
+}
+
+void F9::Schliessen_Freigeben() {
+    Command1.Enabled = false;
+    Command2.Enabled = true;
 }
 
 void F9::Zustand_Zeigen(std::uint8_t highNibble, const std::string& text) {
@@ -109,6 +119,12 @@ void F9::Zustand_Zeigen(std::uint8_t highNibble, const std::string& text) {
 void F9::Ankreuzen(int box) {
     if (box >= 1 && box <= static_cast<int>(Check.size())) {
         Check[static_cast<std::size_t>(box - 1)].Checked = true;
+    }
+}
+
+void F9::Kaestchen_Beschriften(int box, const std::string& text) {
+    if (box >= 1 && box <= static_cast<int>(Check.size())) {
+        Check[static_cast<std::size_t>(box - 1)].Text = text;
     }
 }
 

@@ -46,15 +46,21 @@ struct F9 {
     void DeviceParameterSetup();
     /// Catalogue line `line` as the status, 0: none.
     void Status_Zeigen(int line);
+    /// A status of its own, which stays until the next one.
+    void Bericht_Zeigen(const std::string& text);
     /// Words from the catalogue anew.
     void Texte_Setzen();
     void Fortschritt();
     /// Finished state: status line, cancel disabled, close enabled, bars stopped.
     void Fertig(int line);
+    /// Only the close button is live.
+    void Schliessen_Freigeben();
     /// First state report of a history: its text and one of five pictures.
     void Zustand_Zeigen(std::uint8_t highNibble, const std::string& text);
     /// Ticks check box 1 (the lock) to 6.
     void Ankreuzen(int box);
+    /// Another caption than the name, until the next run.
+    void Kaestchen_Beschriften(int box, const std::string& text);
     void Command1_Click();
     void Command2_Click();
 
@@ -63,7 +69,8 @@ private:
     void Stille_Zeigen();
 
     int statusLine_ = 0;
-    DateTime begin_; ///< of the run
+    std::string statusText_; ///< in place of that line
+    DateTime begin_;         ///< of the run
 };
 
 } // namespace qvm

@@ -1,0 +1,95 @@
+#include "Historienkette.h"
+
+#include "Antwort_Verteilen.h"
+#include "Laufbedingungen.h"
+#include "SeriellesProtokoll.h"
+
+#include <algorithm>
+#include <array>
+
+namespace qvm {
+namespace {
+
+/// Index of a history record's event byte, and the value that ends the reading.
+constexpr int HistoryEventIndex = 35;
+constexpr std::uint8_t HistoryEndMark = 0xFF;
+constexpr std::uint8_t HistoryCode = 0x17;
+
+bool Historie_Lang_Genug(const Link& l) {
+    return l.Rx.RxLength + 1 >= HistoryEventIndex;
+}
+
+/// Replies behind which a lock is erased or written to. No reading of events asks for one.
+bool Programmiert(std::uint8_t code) {
+    constexpr std::array codes{0x0A, 0x0B, 0x0D, 0x0E, 0x15, 0x19, 0x1B, 0x1F, 0x21, 0x23, 0x25, 0x27,
+                               0x2F, 0x32, 0x33, 0x37, 0x3B, 0x3D, 0x40, 0x43, 0x48, 0x49, 0x4A};
+    return std::find(codes.begin(), codes.end(), int{code}) != codes.end();
+}
+
+} // namespace
+
+bool Historie_Gewuenscht(const Link& link) {
+    return link.Lauf.HistoryOnly != 0 || link.Lauf.ReadHistoryFirst != 0;
+}
+
+bool Historie_Aussteht(const Link& link) {
+    const RunState& lauf = link.Lauf;
+    return lauf.HistoryOnly != 0 || (lauf.ReadHistoryFirst != 0 && !lauf.HistoryRead) ||
+           lauf.HistoryLost != HistoryLoss::None;
+}
+
+bool Gefaehrdet_Ereignisse(const Link& l, std::uint8_t code) {
+    const bool unit = l.Lauf.UnitModus != 0 || Unit_Sitzung(l);
+    return l.Lauf.Phase == RunPhase::Open && !unit && Programmiert(code) && Historie_Aussteht(l);
+}
+
+bool Historie_Kein_Satz(const Link& l) {
+    return Historie_Gewuenscht(l) && !l.Lauf.HistoryRead && (!Historie_Lang_Genug(l) || l.TxBuffer[2] != HistoryCode);
+}
+bool Historie_Satz(const Link& l) {
+    return Historie_Lang_Genug(l) && l.RxByte(HistoryEventIndex) != HistoryEndMark && l.Lauf.HistoryStop == 0;
+}
+bool Historie_Satz_Zuviel(const Link& l) {
+    return Historie_Satz(l) && l.Lauf.HistoryRecords >= MostHistoryRecords;
+}
+bool Historie_Ende_Des_Laufs(const Link& l) {
+    return l.Lauf.HistoryOnly != 0 || l.Lauf.HistoryLost != HistoryLoss::None;
+}
+
+void Historie_Start(Link& l) {
+    l.Lauf.HistoryStop = 0;
+    l.Lauf.HistoryFileOpen = 0;
+    l.Lauf.HistoryLost = HistoryLoss::None;
+    l.Lauf.HistoryRead = false;
+    l.Lauf.HistoryRecords = 0;
+    l.Lauf.HistoryDateTold = false;
+    Rufen(l.Hooks.Historie_Anzeigen);
+    TelHistorie_Senden(l, 0);
+}
+void Historie_Weiter(Link& l) {
+    ++l.Lauf.HistoryRecords;
+    Rufen(l.Hooks.Historie_Eintrag);
+    // A message of the entry lets events in: a cancel may have been honoured meanwhile.
+    if (l.Lauf.Phase == RunPhase::Open) {
+        TelHistorie_Senden(l, 2);
+    }
+}
+void Historie_Verlieren(Link& l, HistoryLoss why) {
+    if (l.Lauf.HistoryLost == HistoryLoss::None) {
+        l.Lauf.HistoryLost = why;
+    }
+    Rufen(l.Hooks.Historie_Fertig);
+    TelTrennen_Senden(l);
+}
+void Historie_Beendet(Link& l) {
+    l.Lauf.HistoryRead = true;
+    Rufen(l.Hooks.Historie_Fertig);
+    TelTrennen_Senden(l);
+}
+void Historie_Vorbei(Link& l) {
+    l.Lauf.HistoryRead = true;
+    Rufen(l.Hooks.Historie_Fertig);
+    TelPrioritaet_Senden(l);
+}
+
+} // namespace qvm

@@ -1,0 +1,63 @@
+// What the account proves at the end of a run.
+
+#include "Laufschritte.h"
+#include "Words.h"
+
+namespace qvm {
+namespace {
+
+using UnitState = UnitReport::State;
+
+/// Owed to the unit, and neither done nor refused by it.
+bool Offen(const Programmierlauf& run, std::size_t unit) {
+    const UnitReport& report = run.Bericht.Units[unit];
+    const int index = static_cast<int>(unit);
+    return !report.Refused && Konto_Unit_Geplant(run.Konto, index) && !Konto_Unit_Fertig(run.Konto, index);
+}
+
+std::string Stand(const Programmierlauf& run, std::size_t unit) {
+    return Unit_Stand_Text(run.kern, run.Daten.Units[unit], Konto_Unit_Stand(run.Konto, static_cast<int>(unit)));
+}
+
+} // namespace
+
+void Bericht_Fuellen(Programmierlauf& run) {
+    RunReport& report = run.Bericht;
+    report.HistoryLost = run.link.Lauf.HistoryLost;
+    report.Telegrams = run.Konto.Gesamt();
+    report.Acknowledged = run.Konto.Erledigt();
+    report.Missing = Konto_Luecken(run.Konto);
+    for (std::size_t n = 0; n < report.Units.size(); ++n) {
+        const int index = static_cast<int>(n);
+        UnitReport& unit = report.Units[n];
+        unit.Progress = Konto_Unit_Stand(run.Konto, index);
+        if (unit.End == UnitState::Untried && Konto_Unit_Begonnen(run.Konto, index)) {
+            unit.End = UnitState::BrokenOff;
+        }
+    }
+}
+
+std::string Unbewiesen(const Programmierlauf& run) {
+    if (std::string text = Konto_Fehlendes(run.kern, run.Konto); !text.empty()) {
+        return text;
+    }
+    for (std::size_t n = 0; n < run.Bericht.Units.size(); ++n) {
+        if (Offen(run, n)) {
+            const bool begun = Konto_Unit_Begonnen(run.Konto, static_cast<int>(n));
+            return Wort(run.kern, Word::UnitMissing) + (begun ? " " + Stand(run, n) : "");
+        }
+    }
+    return {};
+}
+
+void Units_Zeigen(const Programmierlauf& run) {
+    for (std::size_t n = 0; n < run.Bericht.Units.size(); ++n) {
+        const UnitReport& unit = run.Bericht.Units[n];
+        const bool open = unit.End == UnitState::BrokenOff || (unit.End == UnitState::Failed && !unit.Refused);
+        if (open && run.Ansicht.Kaestchen_Beschriften && Konto_Unit_Geplant(run.Konto, static_cast<int>(n))) {
+            run.Ansicht.Kaestchen_Beschriften(static_cast<int>(n) + 2, Stand(run, n));
+        }
+    }
+}
+
+} // namespace qvm
