@@ -48,16 +48,20 @@ std::vector<std::string> Datei_Zeilen(const Kern& kern, std::string_view name,
     return status == ReadStatus::Ok ? Zeilen_Lesen(bytes) : std::vector<std::string>{};
 }
 
+/// True for a value that a writer may make.
+bool Ist_Wert(std::string_view text) {
+    return text.size() <= LongestLine && std::none_of(text.begin(), text.end(), [](char c) {
+               const auto byte = static_cast<unsigned char>(c);
+               return byte < 0x20 || byte == 0x7F;
+           });
+}
+
 /// The first line that no writer makes, from 1; 0 when there is none. A CR LF and a lone LF both end a line.
 int Schlechte_Zeile(std::string_view bytes) {
     int number = 0;
     for (const std::string& line : Zeilen_Lesen(bytes.substr(0, (LongestLine + 2) * 64))) {
         ++number;
-        const bool control = std::any_of(line.begin(), line.end(), [](char c) {
-            const auto byte = static_cast<unsigned char>(c);
-            return byte < 0x20 || byte == 0x7F;
-        });
-        if (control || line.size() > LongestLine) {
+        if (!Ist_Wert(line)) {
             return number;
         }
     }
@@ -169,14 +173,17 @@ void Konfiguration_Laden(Kern& kern) {
 bool Konfiguration_Speichern(Kern& kern, ConfigChoice chosen) {
     Konfiguration& config = kern.Config;
 
+    // What was read from a damaged line must not damage the new file.
+    const Konfiguration standard;
     std::string settings;
-    for (const std::string* value : {&config.Sprache, &config.Sprachnummer, &config.PortName, &config.RadioChannel}) {
-        settings.append(*value).append(LineEnd);
+    for (const auto field : {&Konfiguration::Sprache, &Konfiguration::Sprachnummer, &Konfiguration::PortName,
+                             &Konfiguration::RadioChannel}) {
+        settings.append(Ist_Wert(config.*field) ? config.*field : standard.*field).append(LineEnd);
     }
 
     std::string adapter = Auf_Breite(config.PortAutomatik, PortAutomatikWidth).append(LineEnd);
     for (const std::string& value : config.AdapterFeld) {
-        adapter.append(Auf_Breite(value, AdapterFeldWidth)).append(LineEnd);
+        adapter.append(Auf_Breite(Ist_Wert(value) ? value : "", AdapterFeldWidth)).append(LineEnd);
     }
 
     const bool settingsDone =

@@ -117,6 +117,8 @@ protected:
         for (const auto& [path, bytes] : disk.Files) {
             good_[path.substr(Dat.size())] = bytes;
         }
+        // One template will do, in the first record.
+        good_["TEmpTCD0UPK.FSD"].erase(0, std::size_t{249} * 3028);
         good_["EST7CSB29A.I_1"] = "Deutsch\r\n1\r\nUSB-Port1\r\n5\r\n";
         Directory.Write("code", "123456\n");
         Directory.Write("QVM_Deutsch.DAT", "");
@@ -168,17 +170,21 @@ protected:
         }
         return held;
     }
-    /// Every file with every attack: what `wants` says must be named by a command that ends with a fault, and no
-    /// command changes what lies there.
+    /// Every file with every attack: what `wants` says must be named by a command that ends with a fault and changes
+    /// nothing that lies there. With the others the command has to come to its end, which a pipe tells best.
     void Attack_All(Command command, const std::function<bool(const std::string& file, const Attack&)>& wants) const {
         for (const auto& [name, bytes] : Good()) {
             for (const Attack& attack : Attacks) {
+                const bool wanted = wants(name, attack);
+                if (!wanted && std::string_view(attack.Name) != "a pipe") {
+                    continue;
+                }
                 SCOPED_TRACE(name + " is " + attack.Name);
                 Restore();
                 attack.Do(Path(name));
                 const auto before = Held();
                 const Outcome outcome = Run(command);
-                if (wants(name, attack)) {
+                if (wanted) {
                     EXPECT_EQ(outcome.Code, ExitCode::Fault);
                     EXPECT_THAT(outcome.Text, testing::HasSubstr(name));
                     EXPECT_EQ(Held(), before);
@@ -199,12 +205,13 @@ private:
     std::map<std::string, std::string> good_;
 };
 
-/// Half of the bytes of a file of single records can be a whole number of records, as if the rest was never written.
+/// What a writer may leave, too: no record in a file of single records or of holidays, and the port search's settings
+/// with their first line alone, here without its end.
 bool Looks_Whole(const std::string& file, const Attack& attack) {
-    const bool grows = file == "RFCHANDIF12.RFX" || file == "TEmpTCD0UPK.FSD" || file == "T6WRSSISN.TSD";
     const std::string name = attack.Name;
-    return (grows && (name == "empty" || name == "cut in the middle")) ||
-           (file == "KL10X49WTTI.CBW" && name == "empty");
+    const bool mayBeEmpty =
+        file == "RFCHANDIF12.RFX" || file == "TEmpTCD0UPK.FSD" || file == "T6WRSSISN.TSD" || file == "KL10X49WTTI.CBW";
+    return (mayBeEmpty && name == "empty") || (file == "CHEUSB25C.I_2" && name.starts_with("cut"));
 }
 
 TEST_F(Hostile_files, leave_the_good_installation_alone) {
@@ -261,7 +268,9 @@ TEST_F(Hostile_files, under_run_are_named_when_the_lock_rests_on_them) {
 }
 
 TEST_F(Hostile_files, under_history_only_the_settings_count) {
-    Attack_All(Command::History, [](const std::string& file, const Attack&) { return Settings.contains(file); });
+    Attack_All(Command::History, [](const std::string& file, const Attack& attack) {
+        return Settings.contains(file) && !Looks_Whole(file, attack);
+    });
 }
 
 TEST_F(Hostile_files, that_are_damaged_are_taken_as_they_are_on_request) {

@@ -311,6 +311,14 @@ TEST_F(DamagedSettings, a_second_copy_of_the_same_second_gets_a_name_of_its_own)
     EXPECT_EQ(files[Copy + "-2"s], cut);
 }
 
+TEST_F(DamagedSettings, leave_nothing_of_their_damage_in_the_new_file) {
+    files[Settings] = "Eng\0lish\r\n\x02\r\nUSB-Port5\r\n"s + std::string(200, '9') + "\r\n";
+    Konfiguration_Laden(kern);
+    kern.Config.RadioChannel = "7";
+    EXPECT_TRUE(Konfiguration_Speichern(kern, ConfigChoice::Channel));
+    EXPECT_EQ(files[Settings], "Deutsch\r\n1\r\nUSB-Port5\r\n7\r\n");
+}
+
 TEST_F(DamagedSettings, are_not_written_over_when_no_copy_could_be_kept) {
     welt.Disk.Operations = 0;
     welt.Disk.FailAt = 3; // read, look whether the name of the copy is free, write the copy

@@ -90,7 +90,12 @@ void WriteEntry(std::ostream& out, const Entry& entry) {
     const RecordLayout& layout = entry.Layout;
     out << "\n### " << layout.File << "\n\n" << entry.Purpose << "\n\n";
     out << "`" << layout.Name << "`, " << layout.Length << (layout.Length == 1 ? " byte" : " bytes")
-        << " a record, records " << layout.First << " to " << layout.Last << ".\n\n";
+        << " a record, records " << layout.First << " to " << layout.Last << ".";
+    if (layout.Least > 0) {
+        out << " With fewer than " << layout.Least << (layout.EmptyAllowed ? ", but not with none," : "")
+            << " a file counts as cut.";
+    }
+    out << "\n\n";
     out << "| Offset | Width | Field | Fill |\n|---:|---:|---|---|\n";
     for (const RecordField& field : layout.Fields) {
         out << "| " << field.Offset << " | " << field.Width << " | " << field.Name << " | " << FillName(field.Padding)
