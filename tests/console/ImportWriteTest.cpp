@@ -11,6 +11,8 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 const std::string Emi = Dat + "LSOEMIPART.LMT";
+/// The table with one mark, as long as every writer makes it.
+const std::string OneX = "X" + std::string(199, ' ');
 const std::string Settings = Dat + "ObJNR09DAT.OBN";
 const std::string Backup = Dat + "backup-20260305-070809/";
 
@@ -28,7 +30,7 @@ protected:
 TEST_F(Import_Schreiben_, replaces_what_is_there_makes_what_is_not_and_keeps_a_dated_copy) {
     const ImportReport report = Import(Disk, Both);
     EXPECT_TRUE(report.Done);
-    EXPECT_EQ(Disk.Files[Emi], "X");
+    EXPECT_EQ(Disk.Files[Emi], OneX);
     EXPECT_EQ(Disk.Files[Settings], "05.03.2026\r\n4\r\n5\r\n");
     EXPECT_EQ(Disk.Files[Backup + "LSOEMIPART.LMT"], "YY");
     EXPECT_EQ(Disk.Files.size(), 3U);
@@ -44,7 +46,7 @@ TEST_F(Import_Schreiben_, tables_that_the_document_does_not_hold_stay_as_they_ar
 }
 
 TEST_F(Import_Schreiben_, a_file_that_already_holds_these_bytes_is_neither_copied_nor_written) {
-    Disk.Files[Emi] = "X";
+    Disk.Files[Emi] = OneX;
     const ImportReport report = Import(Disk, Document("LockEmiRecord", R"([{"record":1,"Emi":"X"}])"));
     EXPECT_TRUE(report.Done);
     EXPECT_THAT(report.Unchanged, ElementsAre("LSOEMIPART.LMT"));
@@ -57,8 +59,8 @@ TEST_F(Import_Schreiben_, an_import_within_the_same_second_keeps_the_first_ones_
     const ImportReport second = Import(Disk, Document("LockEmiRecord", "[]"));
     EXPECT_EQ(second.Backup, Dat + "backup-20260305-070809-2/");
     EXPECT_EQ(Disk.Files[Backup + "LSOEMIPART.LMT"], "YY");
-    EXPECT_EQ(Disk.Files[second.Backup + "LSOEMIPART.LMT"], "X");
-    EXPECT_EQ(Disk.Files[Emi], "");
+    EXPECT_EQ(Disk.Files[second.Backup + "LSOEMIPART.LMT"], OneX);
+    EXPECT_EQ(Disk.Files[Emi], std::string(200, ' '));
 }
 
 TEST_F(Import_Schreiben_, a_plan_with_faults_writes_nothing) {

@@ -136,10 +136,19 @@ TEST(RoundTrip, what_stands_behind_the_last_record_that_is_read_stays_there) {
 
 TEST(RoundTrip, a_shorter_table_makes_a_file_without_more_behind_it_shorter) {
     MemoryFiles disk;
+    const std::string path = Dat + "KL10X49WTTI.CBW";
+    disk.Files[path] = std::string(21 * 41, ' ');
+    Import(disk, R"({"format":"qvm7702-export","version":1,"counts":{"CalendarEntry":20},
+                     "tables":{"CalendarEntry":[{"record":2,"Kind":"1"}]}})");
+    EXPECT_EQ(disk.Files[path], Put(std::string(21 * 20, ' '), 21 * 2 - 1, "1"));
+}
+
+TEST(RoundTrip, a_table_without_a_count_has_as_many_records_as_every_writer_leaves) {
+    MemoryFiles disk;
     const std::string path = Dat + "LSOEMIPART.LMT";
     disk.Files[path] = std::string(200, 'X');
     Import(disk, Document("LockEmiRecord", R"([{"record":2,"Emi":"Y"}])"));
-    EXPECT_EQ(disk.Files[path], " Y");
+    EXPECT_EQ(disk.Files[path], " Y" + std::string(198, ' '));
 }
 
 TEST(RoundTrip, lines_behind_those_that_are_read_stay_when_those_are_all_given) {
