@@ -122,9 +122,14 @@ void ImportTabelle::Text(const Json& value) {
     }
 }
 
-bool ImportTabelle::Nummer_Pruefen() {
+std::optional<int> ImportTabelle::Nummer() const {
     const std::optional<int> number = number_ ? Json_Ganzzahl(*number_) : std::nullopt;
-    if (!number || *number < layout_->First || *number > layout_->Last) {
+    return number && *number >= layout_->First && *number <= layout_->Last ? number : std::nullopt;
+}
+
+bool ImportTabelle::Nummer_Pruefen() {
+    const std::optional<int> number = Nummer();
+    if (!number) {
         faults_->Add(layout_->Name, 0, NumberKey, [this] {
             return (number_ ? Json_Zitat(*number_) + " is not a number" : "is missing") + std::string(" from ") +
                    std::to_string(layout_->First) + " to " + std::to_string(layout_->Last);
@@ -141,11 +146,13 @@ bool ImportTabelle::Nummer_Pruefen() {
 }
 
 void ImportTabelle::Satz_Beenden() {
-    if (!Nummer_Pruefen()) {
+    const bool good = Nummer_Pruefen();
+    const int number = Nummer().value_or(0);
+    // They count whatever is wrong with the number.
+    faults_->Take(pending_, number);
+    if (!good) {
         return;
     }
-    const int number = *Json_Ganzzahl(*number_);
-    faults_->Take(pending_, number);
     Verlaengern(number);
     if (!record_.empty()) {
         file_.SetRecord(number, record_);

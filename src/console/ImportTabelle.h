@@ -41,6 +41,8 @@ private:
     }
     void Zahl(const nlohmann::json& value);
     void Text(const nlohmann::json& value);
+    /// The record's number when there can be one of that number.
+    std::optional<int> Nummer() const;
     bool Nummer_Pruefen();
     void Verlaengern(int upTo);
 

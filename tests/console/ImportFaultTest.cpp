@@ -164,6 +164,17 @@ TEST(Import_Pruefen, the_faults_of_one_record_are_counted_likewise) {
     EXPECT_EQ(plan.MoreFaults, 199900U);
 }
 
+TEST(Import_Pruefen, the_faults_of_a_record_without_a_good_number_count_too) {
+    EXPECT_EQ(Faults(Document("LockRecord", R"([{"Serial":"x"},{"record":201,"Serial":"x"},
+                                                {"record":7},{"record":7,"Name":5}])")),
+              "LockRecord, record: is missing from 1 to 200\n"
+              "LockRecord, Serial: there is no such field\n"
+              "LockRecord, record: 201 is not a number from 1 to 200\n"
+              "LockRecord, Serial: there is no such field\n"
+              "LockRecord, record 7: the record stands twice\n"
+              "LockRecord, record 7, Name: must be a text, not a number\n");
+}
+
 TEST(Import_Pruefen, a_table_or_a_count_that_stands_twice_is_a_fault) {
     EXPECT_EQ(Faults(R"({"format":"qvm7702-export","version":1,"counts":{"TimeSlot":1,"TimeSlot":2},
                      "tables":{"TimeSlot":[],"TimeSlot":[{"record":1}]},
