@@ -171,7 +171,9 @@ void ImportTabelle::Verlaengern(int upTo) {
 }
 
 std::string ImportTabelle::Bytes(int count) {
-    Verlaengern(std::min<int>(count, layout_->Last));
+    // No writer leaves a file of single records without any.
+    const int least = layout_->Least == 0 ? 1 : 0;
+    Verlaengern(std::clamp<int>(count, least, layout_->Last));
     return file_.Bytes();
 }
 

@@ -45,7 +45,8 @@ std::optional<FileTrouble> Satzdatei_Pruefen(const RecordLayout& layout, std::st
         return damaged(FileDamage::CutRecord);
     }
     const std::size_t count = bytes.size() / layout.Length;
-    if (count < layout.Least && !(count == 0 && layout.EmptyAllowed)) {
+    // Who writes single records leaves one at least.
+    if (count < std::max<std::size_t>(layout.Least, 1) && !(count == 0 && layout.EmptyAllowed)) {
         return damaged(FileDamage::TooShort);
     }
     // What stands behind the last record is read by nobody.

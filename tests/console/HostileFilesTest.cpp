@@ -205,13 +205,11 @@ private:
     std::map<std::string, std::string> good_;
 };
 
-/// What a writer may leave, too: no record in a file of single records or of holidays, and the port search's settings
-/// with their first line alone, here without its end.
+/// What a writer may leave, too: no record in a file of holidays, and the port search's settings with their first line
+/// alone, here without its end.
 bool Looks_Whole(const std::string& file, const Attack& attack) {
     const std::string name = attack.Name;
-    const bool mayBeEmpty =
-        file == "RFCHANDIF12.RFX" || file == "TEmpTCD0UPK.FSD" || file == "T6WRSSISN.TSD" || file == "KL10X49WTTI.CBW";
-    return (mayBeEmpty && name == "empty") || (file == "CHEUSB25C.I_2" && name.starts_with("cut"));
+    return (file == "KL10X49WTTI.CBW" && name == "empty") || (file == "CHEUSB25C.I_2" && name.starts_with("cut"));
 }
 
 TEST_F(Hostile_files, leave_the_good_installation_alone) {

@@ -151,6 +151,15 @@ TEST(RoundTrip, a_table_without_a_count_has_as_many_records_as_every_writer_leav
     EXPECT_EQ(disk.Files[path], " Y" + std::string(198, ' '));
 }
 
+TEST(RoundTrip, a_file_of_single_records_is_never_left_empty) {
+    MemoryFiles disk;
+    Import(disk, R"({"format":"qvm7702-export","version":1,"counts":{"ChannelRecord":0},
+                     "tables":{"ChannelRecord":[],"TemplateRecord":[],"WirelessUnitRecord":[]}})");
+    EXPECT_EQ(disk.Files[Dat + "RFCHANDIF12.RFX"], std::string(15, ' '));
+    EXPECT_EQ(disk.Files[Dat + "TEmpTCD0UPK.FSD"], std::string(3028, ' '));
+    EXPECT_EQ(disk.Files[Dat + "T6WRSSISN.TSD"], std::string(241, ' '));
+}
+
 TEST(RoundTrip, lines_behind_those_that_are_read_stay_when_those_are_all_given) {
     MemoryFiles disk;
     const std::string path = Dat + "ObJNR09DAT.OBN";

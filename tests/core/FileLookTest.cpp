@@ -72,8 +72,8 @@ TEST(Satzdatei_Pruefen, every_length_that_is_no_whole_number_of_records_is_cut) 
     }
 }
 
-TEST(Satzdatei_Pruefen, a_file_that_grows_by_single_records_is_never_too_short_and_has_gaps) {
-    EXPECT_EQ(Satzdatei_Pruefen(Grown, ""), std::nullopt);
+TEST(Satzdatei_Pruefen, a_file_that_grows_by_single_records_has_one_at_least_and_gaps) {
+    EXPECT_EQ(Satzdatei_Pruefen(Grown, ""), Damaged(FileDamage::TooShort));
     EXPECT_EQ(Satzdatei_Pruefen(Grown, Good), std::nullopt);
     constexpr RecordLayout text{"Look", "LOOK.DAT", 4, 1, 3, std::span(&LookName, 1)};
     EXPECT_EQ(Satzdatei_Pruefen(text, "\0\0\0\0Anna"s), std::nullopt);
