@@ -1,6 +1,8 @@
 #include "ImportAngleichen.h"
 
+#include "FileLook.h"
 #include "TableText.h"
+#include "Tables.h"
 #include "Text.h"
 #include "Zeilen.h"
 
@@ -76,13 +78,20 @@ std::string Zeilen_Angleichen(const ImportFile& file, std::string_view old) {
     return all ? file.Bytes + std::string(old.substr(behind)) : file.Bytes;
 }
 
+/// False for bytes that refuse a run, or that the program does not overwrite without asking.
+bool Unbeschaedigt(const ImportFile& file, std::string_view bytes) {
+    if (file.Table != nullptr) {
+        return !Satzdatei_Pruefen(*file.Table, bytes);
+    }
+    const LineFile* const entry = Zeilendatei_Suchen(file.Name);
+    return entry == nullptr || Zeilendatei_Pruefen(*entry, bytes).Damage == FileDamage::None;
+}
+
 } // namespace
 
 std::string Import_Angleichen(const ImportFile& file, std::string_view old) {
-    if (file.Table != nullptr) {
-        return Tabelle_Angleichen(file, old);
-    }
-    return file.Lines > 0 ? Zeilen_Angleichen(file, old) : file.Bytes;
+    std::string merged = file.Table != nullptr ? Tabelle_Angleichen(file, old) : Zeilen_Angleichen(file, old);
+    return Unbeschaedigt(file, merged) ? merged : file.Bytes;
 }
 
 } // namespace qvm

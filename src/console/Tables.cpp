@@ -1,6 +1,7 @@
 #include "Tables.h"
 
 #include "AdapterRecord.h"
+#include "Konfiguration.h"
 #include "LockRecords.h"
 #include "TimeRecords.h"
 #include "UnitRecords.h"
@@ -22,8 +23,12 @@ constexpr std::array Tables{
 
 // PERMSELECT.RFS: a date, a line for each of at most 200 doors, "ENDE".
 constexpr std::array LineFiles{
-    LineFile{"EST7CSB29A.I_1", 4},    LineFile{"CHEUSB25C.I_2", 6},  LineFile{"OFSTSETUPDT.FST", 5},
-    LineFile{"ASWTIMQVMLCK.FSN", 11}, LineFile{"ObJNR09DAT.OBN", 3}, LineFile{"PERMSELECT.RFS", 202},
+    LineFile{SettingsFile, 4, &Einstellungen_Pruefen},
+    LineFile{AdapterSettingsFile, 6, &Adapterdatei_Pruefen},
+    LineFile{"OFSTSETUPDT.FST", 5},
+    LineFile{"ASWTIMQVMLCK.FSN", 11},
+    LineFile{"ObJNR09DAT.OBN", 3},
+    LineFile{"PERMSELECT.RFS", 202},
 };
 
 } // namespace
@@ -46,6 +51,10 @@ const LineFile* Zeilendatei_Suchen(std::string_view file) {
     const auto* const found =
         std::find_if(LineFiles.begin(), LineFiles.end(), [&](const LineFile& entry) { return entry.File == file; });
     return found == LineFiles.end() ? nullptr : found;
+}
+
+FileTrouble Zeilendatei_Pruefen(const LineFile& entry, std::string_view bytes) {
+    return entry.Examine == nullptr ? FileTrouble{} : entry.Examine(bytes);
 }
 
 const RecordField* Feld_Suchen(const RecordLayout& layout, std::string_view name) {

@@ -35,8 +35,8 @@ protected:
 };
 
 TEST_F(Binary_Import, of_the_own_export_leaves_every_file_the_one_that_it_was) {
-    Directory.Write("DAT/TEmpTCD0UPK.FSD", std::string(3028 * 2, '\0') + "1    PR800000001"s);
-    Directory.Write("DAT/COMSETUPADAPTER.ADP", std::string(65, ' ') + std::string(65, '\0'));
+    Directory.Write("DAT/TEmpTCD0UPK.FSD", std::string(3028 * 2, '\0') + "1    PR800000001"s + std::string(3012, '\0'));
+    Directory.Write("DAT/COMSETUPADAPTER.ADP", std::string(65 * 20 - 17, ' ') + std::string(17, '\0'));
     const std::string document = Run({"export"}).Out;
     const auto directory = Identity("DAT");
     const auto templates = Identity("DAT/TEmpTCD0UPK.FSD");

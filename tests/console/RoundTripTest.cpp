@@ -84,16 +84,21 @@ ImportReport Into_Itself(MemoryFiles& disk) {
     return Import(disk, document);
 }
 
-/// The same content as the program writes it, padded in every other way.
+/// Sound files, padded in every other way than the program pads them.
 void Padded_Otherwise(MemoryFiles& disk) {
-    // Two templates far apart, zeros between, a third that is cut.
+    // Two templates far apart, zeros between.
     std::string templates(3028 * 4, '\0');
     templates = Put(templates, 0, "1    PR800000001          0 1 2 255");
-    disk.Files[Dat + "TEmpTCD0UPK.FSD"] = Put(templates, 3028 * 3, "2    PR812345678\0\0"s) + "3    PR8";
-    disk.Files[Dat + "COMSETUPADAPTER.ADP"] = std::string(65, '\0') + std::string(65, ' ') + std::string(60, 'x');
-    disk.Files[Dat + "SBSCLKZU.SB1"] = "PB_300000000\0\xFF\0Nacht\0old"s + std::string(31, '\0');
-    // 15 slots of 11 bytes are read, 7 bytes stand behind them.
-    disk.Files[Dat + "TX33Y98BSG9.TBW"] = std::string(11 * 15, ' ') + "beyond\0"s;
+    disk.Files[Dat + "TEmpTCD0UPK.FSD"] = Put(templates, 3028 * 3, "2    PR812345678\0\0"s);
+    disk.Files[Dat + "COMSETUPADAPTER.ADP"] = Put(std::string(65 * 20, ' '), 0, "/1/2/3/4"s + std::string(57, '\0'));
+    disk.Files[Dat + "SBSCLKZU.SB1"] =
+        Put(std::string(55 * 200, ' '), 0, "PB_300000000\0\xFF\0Nacht\0old"s + std::string(31, '\0'));
+    // 15 slots of 11 bytes are read, as many bytes stand behind them.
+    std::string slots;
+    for (int n = 0; n < 15; ++n) {
+        slots += "\x01" + std::string(10, ' ');
+    }
+    disk.Files[Dat + "TX33Y98BSG9.TBW"] = slots + "beyond\0them"s;
     disk.Files[Dat + "ObJNR09DAT.OBN"] = "05.03.2026\n4\n5";
     disk.Files[Dat + "CHEUSB25C.I_2"] = "SET       \r\n1\r\n\r\n\r\n\r\n6\r\nmore\r\nand more";
     disk.Files[Dat + "PERMSELECT.RFS"] = "";
@@ -117,8 +122,9 @@ TEST(RoundTrip, a_change_of_one_field_leaves_all_other_bytes_of_the_file) {
     MemoryFiles disk;
     Padded_Otherwise(disk);
     const std::string path = Dat + "SBSCLKZU.SB1";
-    disk.Files[path] += disk.Files[path];
-    std::string expected = disk.Files[path];
+    std::string& held = disk.Files[path];
+    held.replace(55, 55, held.substr(0, 55));
+    std::string expected = held;
     Import(disk, Document("LockGroupRecord",
                           R"([{"record":1,"GroupId":"PB_300000000","GroupName":"Nacht"},
                               {"record":2,"GroupId":"PB_300000000","GroupName":"Tag"}])"));
@@ -158,6 +164,37 @@ TEST(RoundTrip, a_file_of_single_records_is_never_left_empty) {
     EXPECT_EQ(disk.Files[Dat + "RFCHANDIF12.RFX"], std::string(15, ' '));
     EXPECT_EQ(disk.Files[Dat + "TEmpTCD0UPK.FSD"], std::string(3028, ' '));
     EXPECT_EQ(disk.Files[Dat + "T6WRSSISN.TSD"], std::string(241, ' '));
+}
+
+const std::string SoundSettings = "Deutsch\r\n1\r\nUSB-Port3\r\n5\r\n";
+
+/// Good files, exported, for imports over damaged ones of the same names.
+std::string Sound_Export(MemoryFiles& disk) {
+    disk.Files[Dat + "BX10X52WUJ9.UBW"] = Put(std::string(419 * 250, ' '), 0, "Anna" + std::string(12, '\0'));
+    disk.Files[Dat + "EST7CSB29A.I_1"] = SoundSettings;
+    disk.Files[Dat + "CHEUSB25C.I_2"] = "SET       \r\n";
+    disk.Files[Dat + "SBSCLKZU.SB1"] = Put(std::string(55 * 200, ' '), 15, "ABC");
+    std::vector<Finding> faults;
+    return Export_Erstellen(disk.Store(), Dat, faults).dump();
+}
+
+TEST(RoundTrip, a_good_export_mends_a_damaged_file_that_says_the_same) {
+    MemoryFiles sound;
+    const std::string document = Sound_Export(sound);
+    const auto mends = [&](const std::string& name, const std::string& damaged) {
+        MemoryFiles disk;
+        disk.Files = sound.Files;
+        disk.Files[Dat + name] = damaged;
+        const ImportReport report = Import(disk, document);
+        EXPECT_EQ(disk.Files[Dat + name], sound.Files[Dat + name]) << name;
+        EXPECT_EQ(report.Replaced, std::vector<std::string>{name});
+        EXPECT_EQ(disk.Files[report.Backup + name], damaged) << name;
+    };
+    const std::string users = sound.Files[Dat + "BX10X52WUJ9.UBW"];
+    mends("BX10X52WUJ9.UBW", users.substr(0, users.size() - 1));
+    mends("EST7CSB29A.I_1", SoundSettings.substr(0, SoundSettings.size() - 2));
+    mends("CHEUSB25C.I_2", "SET       \r\n" + std::string(81, ' ') + "\r\n");
+    mends("SBSCLKZU.SB1", Put(std::string(55 * 200, ' '), 15, "ABC\0\x01"s));
 }
 
 TEST(RoundTrip, lines_behind_those_that_are_read_stay_when_those_are_all_given) {
