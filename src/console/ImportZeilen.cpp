@@ -34,6 +34,7 @@ void ImportZeilen::Zeile(const nlohmann::json& value) {
     if (fault.empty()) {
         bytes_ += AusUtf8(value.get_ref<const std::string&>()) + "\r\n";
     } else {
+        good_ = false;
         faults_->Add(entry_->File, static_cast<int>(count_), "", [&fault] { return fault; });
     }
 }
@@ -42,6 +43,14 @@ void ImportZeilen::Beenden() {
     if (count_ > static_cast<std::size_t>(entry_->Lines)) {
         faults_->Add(entry_->File, 0, "", [this] {
             return "has " + std::to_string(count_) + " lines, " + std::to_string(entry_->Lines) + " are read";
+        });
+        return;
+    }
+    const FileTrouble trouble = good_ ? Zeilendatei_Pruefen(*entry_, bytes_) : FileTrouble{};
+    if (trouble.Damage != FileDamage::None) {
+        faults_->Add(entry_->File, trouble.Number, "", [&trouble] {
+            return trouble.Damage == FileDamage::BadLine ? "holds what the program takes for damage"
+                                                         : "lines are missing";
         });
     }
 }

@@ -26,6 +26,7 @@ private:
     const LineFile* entry_;
     ImportFaults* faults_;
     std::size_t count_ = 0;
+    bool good_ = true;
     std::string bytes_;
 };
 
