@@ -2,7 +2,7 @@
 
 #include "Catalogue.h"
 #include "CheckStand.h"
-#include "FileTrouble.h"
+#include "FileLook.h"
 #include "TableText.h"
 #include "Tables.h"
 #include "Text.h"
@@ -38,7 +38,42 @@ void Zeichen_Pruefen(CheckStand& stand, const RecordLayout& layout) {
     }
 }
 
+/// True when a value or a character of the record, or of the line, has been named already; 0: of the whole file.
+bool Benannt(const CheckStand& stand, std::string_view table, int record) {
+    return std::any_of(stand.Findings.begin(), stand.Findings.end(), [&](const Finding& finding) {
+        return finding.Table == table && finding.Record == record &&
+               (finding.Kind == FindingKind::Damaged || finding.Kind == FindingKind::Range);
+    });
+}
+
+void Melden_Wenn_Neu(CheckStand& stand, std::string_view table, int record, std::string text) {
+    if (!Benannt(stand, table, record)) {
+        stand.Melden(FindingKind::Damaged, table, record, "", std::move(text));
+    }
+}
+
 } // namespace
+
+void Schaeden_Pruefen(CheckStand& stand) {
+    for (const RecordLayout* layout : Satztabellen()) {
+        const auto trouble = stand.Da(*layout) ? Satzdatei_Pruefen(*layout, stand.File(*layout).Bytes()) : std::nullopt;
+        if (trouble) {
+            Melden_Wenn_Neu(stand, layout->Name, trouble->Number,
+                            trouble->Damage == FileDamage::BadRecord
+                                ? "holds bytes that the program never leaves there"
+                                : "has no record, the program leaves one at least");
+        }
+    }
+    for (const LineFile& entry : Zeilendateien()) {
+        const auto bytes = stand.Bytes(entry.File);
+        const FileTrouble trouble = bytes ? Zeilendatei_Pruefen(entry, *bytes) : FileTrouble{};
+        if (trouble.Damage != FileDamage::None) {
+            Melden_Wenn_Neu(stand, entry.File, trouble.Number,
+                            trouble.Damage == FileDamage::BadLine ? "holds what the program takes for damage"
+                                                                  : "is cut off, lines are missing");
+        }
+    }
+}
 
 void Dateien_Pruefen(CheckStand& stand) {
     for (const RecordLayout* layout : Satztabellen()) {
@@ -93,6 +128,7 @@ std::vector<Finding> Daten_Pruefen(const FileStore& files, const std::string& di
     Offsets_Pruefen(stand);
     Adapter_Pruefen(stand);
     Gastkarten_Pruefen(stand);
+    Schaeden_Pruefen(stand);
     return std::move(stand.Findings);
 }
 

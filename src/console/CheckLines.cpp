@@ -1,12 +1,10 @@
 #include "CheckStand.h"
-#include "Konfiguration.h"
 #include "LockRecords.h"
 #include "Tables.h"
 #include "Text.h"
 
 #include <algorithm>
 #include <set>
-#include <utility>
 
 namespace qvm {
 
@@ -100,14 +98,6 @@ void Dauertueren_Pruefen(CheckStand& stand, const std::vector<std::string>& line
 } // namespace
 
 void Konfiguration_Pruefen(CheckStand& stand) {
-    for (const auto& [file, examine] :
-         {std::pair{SettingsFile, &Einstellungen_Pruefen}, std::pair{AdapterSettingsFile, &Adapterdatei_Pruefen}}) {
-        const auto bytes = stand.Bytes(file);
-        // Bad characters and values are named line by line.
-        if (bytes && examine(*bytes).Damage == FileDamage::CutLines) {
-            stand.Melden(FindingKind::Damaged, file, 0, "", "is cut off, lines are missing");
-        }
-    }
     if (const auto lines = stand.Zeilen("EST7CSB29A.I_1")) {
         Einstellungswerte_Pruefen(stand, *lines);
     }

@@ -99,5 +99,7 @@ void Einheiten_Pruefen(CheckStand& stand);
 void Adapter_Pruefen(CheckStand& stand);
 void Konfiguration_Pruefen(CheckStand& stand);
 void Gastkarten_Pruefen(CheckStand& stand);
+/// Whatever refuses a run and has not been named by then. Call it last.
+void Schaeden_Pruefen(CheckStand& stand);
 
 } // namespace qvm

@@ -21,8 +21,8 @@ TEST_F(Daten_Pruefen_, an_empty_directory_has_no_finding) {
 }
 
 TEST_F(Daten_Pruefen_, a_length_that_is_no_multiple_is_damaged) {
-    Disk.Files[Dat + "SBSCLKZU.SB1"].resize(100);
-    EXPECT_EQ(Findings(), "damaged LockGroupRecord: the length of 100 bytes is not a multiple of 55\n");
+    Disk.Files[Dat + "SBSCLKZU.SB1"].resize(10990);
+    EXPECT_EQ(Findings(), "damaged LockGroupRecord: the length of 10990 bytes is not a multiple of 55\n");
 }
 
 TEST_F(Daten_Pruefen_, a_file_that_cannot_be_read_is_damaged) {
@@ -41,6 +41,22 @@ TEST_F(Daten_Pruefen_, a_control_character_in_a_text_is_damaged) {
 TEST_F(Daten_Pruefen_, a_control_character_in_a_line_is_damaged) {
     Lines("OFSTSETUPDT.FST", "05.03.2026\x01\r\n09:30\r\n15:00\r\n00\r\n01\r\n");
     EXPECT_EQ(Findings(), "damaged OFSTSETUPDT.FST, line 1: holds a character that no text has\n");
+}
+
+TEST_F(Daten_Pruefen_, what_refuses_a_run_is_damaged_although_no_text_shows_it) {
+    Write(Locks, 1, "\0\x07"s);
+    Write("LOCKCLASSCOMX.CMB", 48 * 4, std::string(48, '\0'));
+    Lines("RFCHANDIF12.RFX", "");
+    EXPECT_EQ(Findings(), "damaged ChannelRecord: has no record, the program leaves one at least\n"
+                          "damaged LockRecord, record 1: holds bytes that the program never leaves there\n"
+                          "damaged LockAdapterRecord, record 5: holds bytes that the program never leaves there\n");
+}
+
+TEST_F(Daten_Pruefen_, settings_that_refuse_every_run_are_damaged) {
+    Lines("EST7CSB29A.I_1", "Deutsch\r\n1" + std::string(80, ' ') + "\r\nUSB-Port3\r\n5\r\n");
+    Lines("CHEUSB25C.I_2", "\r\n1\r\n");
+    EXPECT_EQ(Findings(), "damaged EST7CSB29A.I_1, line 2: holds what the program takes for damage\n"
+                          "damaged CHEUSB25C.I_2, line 1: holds what the program takes for damage\n");
 }
 
 TEST_F(Daten_Pruefen_, a_gap_in_the_user_table_is_named_by_the_empty_user) {
