@@ -8,6 +8,7 @@
 
 #include <iomanip>
 #include <nlohmann/json.hpp>
+#include <optional>
 #include <ostream>
 
 namespace qvm {
@@ -155,8 +156,8 @@ ExitCode Befehl_Dataset(const Umgebung& world, const Console& console, int lock,
     if (const std::string why = world.Datenverzeichnis_Fehler(); !why.empty()) {
         return console.Fehlschlag("dataset", {why});
     }
-    const DataLock reading(world.DatPfad(), DataLock::Use::Read);
-    Sperre_Holen(reading, console);
+    std::optional<DataLock> reading(std::in_place, world.DatPfad(), DataLock::Use::Read);
+    Sperre_Holen(*reading, console);
     Probewelt dry(world.Welt);
     Programm program(dry.Welt, world.AppPath);
     Programm_Start(program, false);
@@ -164,6 +165,8 @@ ExitCode Befehl_Dataset(const Umgebung& world, const Console& console, int lock,
         return ExitCode::Fault;
     }
     const Probelauf run = Durchspielen(dry, program, lock);
+    // A slow reader of the output keeps nobody from the files.
+    reading.reset();
     for (const std::string& message : run.Messages) {
         console.Meldung(message);
     }

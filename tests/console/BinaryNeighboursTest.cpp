@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 #include <memory>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace qvm {
@@ -106,6 +107,20 @@ TEST_F(Binary_Neighbours, an_import_waits_for_who_reads) {
     EXPECT_EQ(import.Wait().Code, 0);
     // As many marks as every writer leaves.
     EXPECT_EQ(Directory.Read(NeighbourFile), "X" + std::string(199, ' '));
+}
+
+TEST_F(Binary_Neighbours, an_import_does_not_wait_for_who_only_prints) {
+    VirtualLocks locks;
+    const std::string pipe = locks.Directory.Path() + "pipe";
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    // Room for one page, and nobody reads on: most of the output stays with the program.
+    const FileHandle slow(pipe, O_RDWR);
+    ASSERT_GE(fcntl(slow.Number(), F_SETPIPE_SZ, 4096), 4096);
+    const Process reader("/bin/sh",
+                         {"-c", R"(exec "$0" --dir "$1" dataset 1 >"$1"pipe)", QvmctlPath(), locks.Directory.Path()});
+    char first = 0;
+    ASSERT_EQ(slow.Read(&first, 1), 1);
+    EXPECT_EQ(Qvmctl({"--dir", locks.Directory.Path(), "import", "-"}, Better).Code, 0);
 }
 
 TEST_F(Binary_Neighbours, a_row_of_a_list_names_who_holds_its_port) {
