@@ -131,9 +131,7 @@ ExitCode Befehl_Import(const Umgebung& world, const Console& console, const std:
     if (const std::string why = world.Daten_Beanspruchen(); !why.empty()) {
         return console.Fehlschlag("import", {why});
     }
-    if (world.Welt.Files.Sweep) {
-        world.Welt.Files.Sweep(world.DatPfad(), Dateinamen());
-    }
+    Reste_Entfernen(world.Welt.Files, world.DatPfad());
     return Bericht_Ausgeben(console, Schreiben(world, console, plan));
 }
 

@@ -1,3 +1,4 @@
+#include "Dateinamen.h"
 #include "FileTrouble.h"
 #include "Import.h"
 #include "ImportAngleichen.h"
@@ -16,7 +17,7 @@ struct Vorgang {
 };
 
 std::string Sicherung_Verzeichnis(const FileStore& files, const std::string& directory, const DateTime& now) {
-    const std::string stem = directory + "backup-" + Ziffern(now.Year, 4) + Ziffern(now.Month, 2) +
+    const std::string stem = directory + std::string(BackupPrefix) + Ziffern(now.Year, 4) + Ziffern(now.Month, 2) +
                              Ziffern(now.Day, 2) + "-" + Ziffern(now.Hour, 2) + Ziffern(now.Minute, 2) +
                              Ziffern(now.Second, 2);
     std::string name = stem;

@@ -50,8 +50,8 @@ struct FileStore {
     std::function<std::vector<std::string>(const std::string& path)> List;
     /// Why the last ReadAll gave Error; None after any other. May be empty: nothing more is known.
     std::function<FileFault()> LastFault = {};
-    /// Removes what a Replace of one of the files `names` left behind in `directory` when its program was killed, and
-    /// nothing that a living program is writing. May be empty.
+    /// Removes what a Replace of one of the files `names`, or of a dated copy beside it, left behind in `directory`
+    /// when its program was killed, and nothing that a living program is writing. May be empty.
     std::function<void(const std::string& directory, std::span<const std::string_view> names)> Sweep = {};
 };
 

@@ -190,14 +190,30 @@ bool Replace(const std::string& path, std::string_view bytes) {
     return true;
 }
 
-/// True for `.NAME.XXXXXX`, as mkostemp makes it of one of the names.
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+/// True for "-YYYYMMDD-HHMMSS" and the same with "-N" behind it, as a copy kept beside a file has it behind the name.
+bool IsDate(std::string_view mark) {
+    constexpr std::string_view Pattern = "-00000000-000000", Longest = "-00000000-000000-00";
+    const bool length =
+        mark.size() == Pattern.size() || (mark.size() > Pattern.size() + 1 && mark.size() <= Longest.size());
+    return length && std::equal(mark.begin(), mark.end(), Longest.begin(),
+                                [](char c, char like) { return like == '0' ? IsDigit(c) : c == like; });
+}
+
+/// True for `.NAME.XXXXXX`, as mkostemp makes it of one of the names or of its dated copy.
 bool IsSibling(std::string_view entry, std::span<const std::string_view> names) {
     constexpr std::size_t Random = 6;
-    return std::any_of(names.begin(), names.end(), [&](std::string_view name) {
-        return entry.size() == name.size() + Random + 2 && entry[0] == '.' && entry.substr(1, name.size()) == name &&
-               entry[name.size() + 1] == '.' && std::all_of(entry.end() - Random, entry.end(), [](char c) {
-                   return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
-               });
+    if (entry.size() < Random + 2 || entry[0] != '.' || entry[entry.size() - Random - 1] != '.' ||
+        !std::all_of(entry.end() - Random, entry.end(),
+                     [](char c) { return IsDigit(c) || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); })) {
+        return false;
+    }
+    const std::string_view target = entry.substr(1, entry.size() - Random - 2);
+    return std::any_of(names.begin(), names.end(), [target](std::string_view name) {
+        return target == name || (target.starts_with(name) && IsDate(target.substr(name.size())));
     });
 }
 

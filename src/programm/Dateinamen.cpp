@@ -47,4 +47,16 @@ std::span<const std::string_view> Dateinamen() {
     return Namen;
 }
 
+void Reste_Entfernen(const FileStore& files, const std::string& directory) {
+    if (!files.Sweep) {
+        return;
+    }
+    files.Sweep(directory, Namen);
+    for (const std::string& name : files.List(directory)) {
+        if (name.starts_with(BackupPrefix)) {
+            files.Sweep(directory + name + "/", Namen);
+        }
+    }
+}
+
 } // namespace qvm

@@ -137,9 +137,7 @@ StartResult Programm_Start(Programm& programm, bool claimInstance) {
     }
     const bool mayWrite = Daten_Beanspruchen(programm);
     if (mayWrite) {
-        if (kern.Welt.Files.Sweep) {
-            kern.Welt.Files.Sweep(kern.DatPfad(), Dateinamen());
-        }
+        Reste_Entfernen(kern.Welt.Files, kern.DatPfad());
         Sendelog_Entfernen(kern);
     }
     Konfiguration_Laden(kern);

@@ -316,11 +316,17 @@ TEST_F(Hostile_files, a_pipe_ends_the_binary_with_its_name) {
 
 TEST_F(Hostile_files, left_by_a_killed_save_are_gone_behind_the_next_import) {
     Directory.Write("DAT/.BX10X52WUJ9.UBW.aB3xY9", "half");
+    Directory.Write("DAT/backup-20260305-070809/.BX10X52WUJ9.UBW.aB3xY9", "half");
+    Directory.Write("DAT/backup-20260305-070809/BX10X52WUJ9.UBW", "kept");
+    Directory.Write("DAT/.EST7CSB29A.I_1-20260305-070809.aB3xY9", "half");
     Directory.Write("DAT/.other.aB3xY9", "kept");
     EXPECT_EQ(Run(Command::Check).Code, ExitCode::Good);
     EXPECT_TRUE(Directory.Has("DAT/.BX10X52WUJ9.UBW.aB3xY9"));
     EXPECT_EQ(Run(Command::Import).Code, ExitCode::Good);
     EXPECT_FALSE(Directory.Has("DAT/.BX10X52WUJ9.UBW.aB3xY9"));
+    EXPECT_FALSE(Directory.Has("DAT/backup-20260305-070809/.BX10X52WUJ9.UBW.aB3xY9"));
+    EXPECT_TRUE(Directory.Has("DAT/backup-20260305-070809/BX10X52WUJ9.UBW"));
+    EXPECT_FALSE(Directory.Has("DAT/.EST7CSB29A.I_1-20260305-070809.aB3xY9"));
     EXPECT_TRUE(Directory.Has("DAT/.other.aB3xY9"));
 }
 

@@ -27,10 +27,30 @@ TEST_F(Files_Sweep, what_a_killed_save_left_goes_and_the_file_stays) {
     EXPECT_EQ(Held(Directory / "USER.UBW"), "held");
 }
 
+TEST_F(Files_Sweep, what_a_killed_copy_left_goes_and_the_copies_stay) {
+    Put(Directory / ".SET.I_1-20260305-103000.aB3xY9", "half");
+    Put(Directory / ".SET.I_1-20260305-103000-2.aB3xY9", "half");
+    Put(Directory / ".SET.I_1-20260305-103000-99.aB3xY9", "half");
+    Put(Directory / "SET.I_1-20260305-103000", "copy");
+    Sweep();
+    EXPECT_THAT(Names(), ElementsAre("SET.I_1-20260305-103000"));
+}
+
 TEST_F(Files_Sweep, names_that_only_resemble_one_stay) {
-    const std::vector<std::string> kept{".OTHER.UBW.aB3xY9", ".USER.UBW.aB3xY",  ".USER.UBW.aB3xY90",
-                                        ".USER.UBW.aB3x-9",  ".USER.UBWXaB3xY9", ".xUSER.UBW.aB3xY9",
-                                        "USER.UBW.aB3xY9",   "xUSER.UBW.aB3xY9"};
+    const std::vector<std::string> kept{".OTHER.UBW.aB3xY9",
+                                        ".USER.UBW.aB3xY",
+                                        ".USER.UBW.aB3xY90",
+                                        ".USER.UBW.aB3x-9",
+                                        ".USER.UBWXaB3xY9",
+                                        ".xUSER.UBW.aB3xY9",
+                                        "USER.UBW.aB3xY9",
+                                        "xUSER.UBW.aB3xY9",
+                                        ".SET.I_1-2026030-103000.aB3xY9",
+                                        ".SET.I_1-20260305-10300x.aB3xY9",
+                                        ".SET.I_1-20260305-103000-.aB3xY9",
+                                        ".SET.I_1-20260305-103000-100.aB3xY9",
+                                        ".SET.I_1-20260305-103000x2.aB3xY9",
+                                        ".SET.I_1-20260305-103000aB3xY9"};
     for (const std::string& name : kept) {
         Put(Directory / name, "x");
     }
