@@ -50,15 +50,16 @@ struct Ausgabe {
     std::vector<std::string> messages = {};
     bool whole = true; ///< every file could be read
 
-    void Datei(const std::string& file);
+    /// `read`: Eingabe_Lesen or Datei_Lesen.
+    void Datei(const std::string& file, const decltype(Eingabe_Lesen)& read);
 
 private:
     void Zeigen(const std::string& file, const HistoryFile& history);
 };
 
-void Ausgabe::Datei(const std::string& file) {
+void Ausgabe::Datei(const std::string& file, const decltype(Eingabe_Lesen)& read) {
     std::string bytes;
-    if (const std::string why = Eingabe_Lesen(world, file, bytes); !why.empty()) {
+    if (const std::string why = read(world, file, bytes); !why.empty()) {
         messages.push_back(why);
         whole = false;
         return;
@@ -104,7 +105,7 @@ ExitCode Befehl_Ereignisse(const Umgebung& world, const Console& console, const 
         console.Out << Historie_Csv_Kopf();
     }
     for (const std::string& file : files) {
-        output.Datei(file);
+        output.Datei(file, options.Files.empty() ? Datei_Lesen : Eingabe_Lesen);
     }
     console.Out.flush();
     const ExitCode exit = output.whole && console.Out.good() ? ExitCode::Good : ExitCode::Fault;

@@ -5,6 +5,7 @@
 #include "PosixFiles.h"
 
 #include <cstdint>
+#include <fstream>
 #include <iostream>
 #include <nlohmann/json.hpp>
 #include <sys/stat.h>
@@ -88,16 +89,30 @@ std::string Zu_Gross() {
     return " is larger than " + std::to_string(LargestFile >> 20U) + " MB, the most that is read.";
 }
 
+std::string Strom_Lesen(std::istream& in, const std::string& name, std::string& bytes) {
+    bytes = Eingabe_Strom(in);
+    if (bytes.size() > LargestFile) {
+        return name + Zu_Gross();
+    }
+    return in.bad() ? name + " cannot be read." : "";
+}
+
 } // namespace
 
 std::string Eingabe_Lesen(const Umgebung& world, const std::string& file, std::string& bytes) {
     if (file == "-") {
-        bytes = Eingabe_Strom(std::cin);
-        if (bytes.size() > LargestFile) {
-            return "Standard input" + Zu_Gross();
-        }
-        return std::cin.bad() ? "Standard input cannot be read." : "";
+        return Strom_Lesen(std::cin, "Standard input", bytes);
     }
+    struct stat info {};
+    if (::stat(file.c_str(), &info) != 0 || S_ISREG(info.st_mode) || S_ISDIR(info.st_mode) || S_ISSOCK(info.st_mode)) {
+        return Datei_Lesen(world, file, bytes);
+    }
+    // Who names a pipe or a device wants what comes from there.
+    std::ifstream in(file, std::ios::binary);
+    return in.is_open() ? Strom_Lesen(in, "The file " + file, bytes) : "The file " + file + " cannot be opened.";
+}
+
+std::string Datei_Lesen(const Umgebung& world, const std::string& file, std::string& bytes) {
     struct stat info {};
     if (::stat(file.c_str(), &info) == 0 && S_ISREG(info.st_mode) &&
         static_cast<std::uintmax_t>(info.st_size) > LargestFile) {
@@ -110,11 +125,7 @@ std::string Eingabe_Lesen(const Umgebung& world, const std::string& file, std::s
     if (status == ReadStatus::Missing) {
         return "The file " + file + " is not there.";
     }
-    const FileFault fault = Lesefehler(world.Welt.Files);
-    return "The file " + file + " cannot be read: " + FileFault_English(fault) +
-           (fault == FileFault::Pipe
-                ? ". What comes through a pipe is read from standard input, with - in place of FILE."
-                : ".");
+    return "The file " + file + " cannot be read: " + FileFault_English(Lesefehler(world.Welt.Files)) + ".";
 }
 
 ExitCode Befehl_Import(const Umgebung& world, const Console& console, const std::string& file) {

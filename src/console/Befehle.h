@@ -37,7 +37,10 @@ struct Programm;
 /// The program's start for a run. Gives why it cannot be, a sentence; empty when all is well.
 std::string Programm_Beginnen(Programm& program, const Umgebung& world);
 
-/// The whole of a file, or of standard input for "-". Gives why it cannot be read, a sentence; empty when all is well.
+/// The whole of what the command line names: a file, a pipe or a device up to its end, standard input for "-". Gives
+/// why it cannot be read, a sentence; empty when all is well.
 std::string Eingabe_Lesen(const Umgebung& world, const std::string& file, std::string& bytes);
+/// The same of a file that nobody named. A pipe or a device in its place is refused.
+std::string Datei_Lesen(const Umgebung& world, const std::string& file, std::string& bytes);
 
 } // namespace qvm

@@ -103,6 +103,24 @@ TEST_F(Binary_Output, of_the_virtual_locks_beyond_the_limit_of_a_files_size_is_a
     EXPECT_EQ(simulator.Wait().Code, 1);
 }
 
+TEST_F(Binary_Output, what_the_command_line_names_is_read_from_a_pipe_or_a_device_too) {
+    for (const std::string command : {"import same.json", "decode trace.txt", "events a.HST"}) {
+        const std::string name = command.substr(0, command.find(' ')), file = command.substr(name.size() + 1);
+        ASSERT_EQ(Shell("\"$0\" --dir . " + command).Code, 0) << command;
+        const std::string direct = name == "events" ? "00.0A.10.01" : Shell("\"$0\" --dir . " + command).Out;
+        for (const std::string& line :
+             {"rm -f fed; mkfifo fed; cat " + file + " >fed & \"$0\" --dir . " + name + " fed",
+              "cat " + file + " | \"$0\" --dir . " + name + " /dev/stdin"}) {
+            const RunResult result = Shell(line);
+            EXPECT_EQ(result.Code, 0) << line << result.Err;
+            EXPECT_THAT(result.Out, HasSubstr(direct)) << line;
+        }
+    }
+    const RunResult endless = Shell("\"$0\" --dir . import /dev/zero");
+    EXPECT_EQ(endless.Code, 1);
+    EXPECT_EQ(endless.Err, "The file /dev/zero is larger than 64 MB, the most that is read.\n");
+}
+
 TEST_F(Binary_Output, an_export_goes_into_a_device_or_a_pipe_and_not_in_its_place) {
     const std::string pipe = Directory.Path() + "pipe", link = Directory.Path() + "full";
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
@@ -133,7 +151,7 @@ TEST_F(Binary_Output, control_characters_of_a_name_reach_neither_terminal_nor_do
                  "or");
     lock.replace(28, 12, "00 0A 10 01 ");
     Directory.Write("DAT/C64UX12H3D.EBW", lock);
-    const RunResult text = Shell("\"$0\" --dir . dataset 1");
+    const RunResult text = Shell("\"$0\" --dir . dataset 1 --force");
     EXPECT_THAT(text.Out, HasSubstr("Lock 1 \"T  [1m?or\"")) << text.Err;
     const std::string document = Shell("\"$0\" --dir . export").Out;
     EXPECT_THAT(document, HasSubstr(R"("T\u007f\u001b[1m\u0081or")"));
