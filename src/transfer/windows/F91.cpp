@@ -1,6 +1,7 @@
 #include "F91.h"
 
 #include "AdapterScan.h"
+#include "F91Takt.h"
 #include "Text.h"
 #include "Words.h"
 
@@ -9,7 +10,6 @@
 namespace qvm {
 namespace {
 
-constexpr int StartDelay = 1000;
 constexpr int MostRows = 200;
 
 /// Copied columns of the lock grid; the numbers are the same on both sides.
@@ -22,7 +22,7 @@ constexpr bool Wird_Kopiert(int column) {
 F91::F91(Programmierlauf& programmierlauf, Netzlauf& network, F9& progress, AdapterListe& adapters)
     : run(programmierlauf), netz(network), kern(programmierlauf.kern), f9(progress), Adapter(adapters),
       Filter(kern, FGK91, {F91Column::Name, F91Column::Serial}), Auswahl(FGK91, GridSelection::Unit::Rows, &Filter),
-      Timer1(kern.Welt, StartDelay), Timer2(kern.Welt, 800), Timer3(kern.Welt, 5000), Pruefung(kern.Welt, 1),
+      Timer1(kern.Welt, ListTakt::StartDelay), Timer2(kern.Welt, 800), Timer3(kern.Welt, 5000), Pruefung(kern.Welt, 1),
       Nachlauf(kern.Welt, 100), Adaptersuche(kern.Welt, 200) {
     Filter.Changed = [this] { Auswahl.FilterChanged(); };
     Balken.Visible = false;
@@ -104,7 +104,7 @@ void F91::Liste_Starten(bool delayed) {
     if (delayed) {
         Rufen(F92_Zeigen);
     } else {
-        Timer1.Start(StartDelay);
+        Timer1.Start(ListTakt::StartDelay);
     }
 }
 

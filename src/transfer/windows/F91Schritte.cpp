@@ -1,6 +1,7 @@
 // The steps of the list, from row to row.
 
 #include "F91.h"
+#include "F91Takt.h"
 #include "Text.h"
 #include "Words.h"
 
@@ -12,8 +13,6 @@ namespace {
 constexpr int BetweenRows = 3000;
 constexpr int BeforeFirstBlock = 2000;
 constexpr int BehindHistory = 100;
-/// While a search has the port.
-constexpr int SearchPoll = 200;
 constexpr int HistoryProgress = 4000;
 constexpr int MinutesOfDay = 24 * 60;
 
@@ -27,7 +26,7 @@ void F91::Step_Planen(std::string_view step, int ms) {
 void F91::Tick_Timer1() {
     Timer1.Stop();
     if (Adapter.SucheLaeuft) {
-        Timer1.Start(SearchPoll);
+        Timer1.Start(ListTakt::SearchPoll);
         return;
     }
     RunState& lauf = run.link.Lauf;

@@ -1,6 +1,7 @@
 // Delayed start: the rows are checked once, then the list waits for its time.
 
 #include "F91.h"
+#include "F91Takt.h"
 #include "F92.h"
 #include "Text.h"
 #include "Zeit.h"
@@ -9,7 +10,6 @@ namespace qvm {
 namespace {
 
 constexpr int WaitInterval = 5000;
-constexpr int StartDelay = 1000;
 
 std::int64_t Minuten(const DateTime& moment) {
     return Sekunden_Seit_2000(moment) / 60;
@@ -46,7 +46,7 @@ void F91::Restzeit() {
         Timer3.Stop();
         Uhren_Zeigen(false);
         Status_Zeigen(0, 0);
-        Step_Planen(StepPrgStart, StartDelay);
+        Step_Planen(StepPrgStart, ListTakt::StartDelay);
         return;
     }
     StartLabel.Text = kern.Zeile(270) + " " + Startzeit_Text(*start_);

@@ -3,14 +3,13 @@
 #include "AdapterScan.h"
 #include "DatensatzDateien.h"
 #include "F91.h"
+#include "F91Takt.h"
 #include "Text.h"
 
 namespace qvm {
 namespace {
 
 constexpr int PassedOverDelay = 1000;
-/// While a search has the port.
-constexpr int SearchPoll = 200;
 constexpr std::uint8_t OnlyHistory = 0x80;
 
 } // namespace
@@ -48,7 +47,7 @@ void F91::Tick_Pruefung() {
         return;
     }
     if (Adapter.SucheLaeuft) {
-        Pruefung.Start(SearchPoll);
+        Pruefung.Start(ListTakt::SearchPoll);
         return;
     }
     checkRow_ = 0;
