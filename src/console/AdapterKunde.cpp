@@ -2,15 +2,13 @@
 
 #include "AdapterScan.h"
 #include "AutoRegister.h"
+#include "Takt.h"
 
 #include <ostream>
 
 namespace qvm {
 
 namespace {
-
-/// How often Ctrl-C is looked for.
-constexpr int WatchMs = 100;
 
 /// The search on standard error: in one line on a terminal, a line for each step elsewhere.
 class Suchanzeige {

@@ -1,13 +1,12 @@
 #include "Netzzeile.h"
 
 #include "AdapterKunde.h"
+#include "Takt.h"
 #include "Text.h"
 
 namespace qvm {
 
 namespace {
-
-constexpr int WatchMs = 100;
 
 LockEnd Zeilenende(const Programm& program, int row, const Zeilenumstand& state) {
     const Kern& kern = program.kern;

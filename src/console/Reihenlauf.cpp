@@ -1,17 +1,12 @@
 #include "Reihenlauf.h"
 
 #include "AdapterKunde.h"
+#include "Takt.h"
 #include "Text.h"
 
 #include <algorithm>
 
 namespace qvm {
-
-namespace {
-
-constexpr int WatchMs = 100;
-
-} // namespace
 
 Reihenlauf::Reihenlauf(Programm& program, const LaufAuftrag& order, const std::optional<DateTime>& at, Tafel& table)
     : program_(program), order_(order), at_(at), table_(table), watch_(program.kern.Welt, WatchMs),

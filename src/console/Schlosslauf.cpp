@@ -1,17 +1,12 @@
 #include "Schlosslauf.h"
 
 #include "Netzzeile.h"
+#include "Takt.h"
 #include "Text.h"
 
 #include <algorithm>
 
 namespace qvm {
-
-namespace {
-
-constexpr int WatchMs = 100;
-
-} // namespace
 
 Schlosslauf::Schlosslauf(Programm& program, const LaufAuftrag& order, Fortschritt& progress)
     : program_(program), order_(order), progress_(progress), watch_(program.kern.Welt, WatchMs),
