@@ -41,6 +41,9 @@ bool Mit_Filter(const Optionen& options) {
     return !options.Name.empty() || options.Date || !options.Event.empty();
 }
 
+/// Eingabe_Lesen or Datei_Lesen.
+using LeseRoutine = std::string(const Umgebung&, const std::string&, std::string&);
+
 /// Where the files of a command come together.
 struct Ausgabe {
     const Umgebung& world;
@@ -50,14 +53,13 @@ struct Ausgabe {
     std::vector<std::string> messages = {};
     bool whole = true; ///< every file could be read
 
-    /// `read`: Eingabe_Lesen or Datei_Lesen.
-    void Datei(const std::string& file, const decltype(Eingabe_Lesen)& read);
+    void Datei(const std::string& file, LeseRoutine* read);
 
 private:
     void Zeigen(const std::string& file, const HistoryFile& history);
 };
 
-void Ausgabe::Datei(const std::string& file, const decltype(Eingabe_Lesen)& read) {
+void Ausgabe::Datei(const std::string& file, LeseRoutine* read) {
     std::string bytes;
     if (const std::string why = read(world, file, bytes); !why.empty()) {
         messages.push_back(why);

@@ -19,7 +19,7 @@ namespace {
 
 constexpr std::string_view RunWord = "run";
 
-LaufAuftrag Auftrag(const Optionen& options) {
+LaufAuftrag Listenauftrag(const Optionen& options) {
     return {.HistoryOnly = options.HistoryOnly,
             .HistoryFirst = options.HistoryFirst,
             .Since = options.Since,
@@ -57,8 +57,9 @@ std::vector<LockResult> Unversucht(const Programm& program, std::vector<int> loc
 }
 
 /// The rows as they end, from `work`; then the report and the exit code of all.
-ExitCode Abarbeiten(const Umgebung& world, const Console& console, const Optionen& options, TraceDatei& trace,
-                    const std::function<std::vector<LockResult>(const std::function<void(const LockResult&)>&)>& work) {
+ExitCode
+Liste_Abarbeiten(const Umgebung& world, const Console& console, const Optionen& options, TraceDatei& trace,
+                 const std::function<std::vector<LockResult>(const std::function<void(const LockResult&)>&)>& work) {
     const auto results = work([&](const LockResult& result) {
         trace.Ablegen();
         if (console.Json) {
@@ -94,7 +95,7 @@ ExitCode Befehl_Reihe(const Umgebung& world, const Console& console, const Optio
     if (const auto messages = Hindernisse(program, options.Locks); !messages.empty()) {
         return console.Fehlschlag(RunWord, messages);
     }
-    LaufAuftrag order = Auftrag(options);
+    LaufAuftrag order = Listenauftrag(options);
     order.Interrupts = [&signal] { return signal.Anzahl(); };
     TraceDatei trace;
     if (!options.Trace.empty() && !trace.Oeffnen(options.Trace, world.Welt.Now())) {
@@ -108,7 +109,7 @@ ExitCode Befehl_Reihe(const Umgebung& world, const Console& console, const Optio
     program.link.Protokoll = [&trace](const TraceFrame& frame) { trace.Schreiben(frame); };
     if (!Adapter_Kennenlernen(program, console,
                               {.Device = options.Port, .FixedToo = true, .Interrupts = order.Interrupts})) {
-        return Abarbeiten(world, console, options, trace, [&](const auto& tell) {
+        return Liste_Abarbeiten(world, console, options, trace, [&](const auto& tell) {
             std::vector<LockResult> results = Unversucht(program, options.Locks);
             std::for_each(results.begin(), results.end(), tell);
             return results;
@@ -122,8 +123,8 @@ ExitCode Befehl_Reihe(const Umgebung& world, const Console& console, const Optio
             runner.Gesendet();
         }
     };
-    return Abarbeiten(world, console, options, trace,
-                      [&](const auto& tell) { return runner.Ausfuehren(options.Locks, tell); });
+    return Liste_Abarbeiten(world, console, options, trace,
+                            [&](const auto& tell) { return runner.Ausfuehren(options.Locks, tell); });
 }
 
 } // namespace qvm

@@ -21,8 +21,8 @@ struct Grid_Jump : ::testing::Test {
                                "Torweg",
                                "Turm",
                                "",
-                               "\xDC"
-                               "bergang",
+                               ("\xDC"
+                                "bergang"),
                                "Keller 2"};
         for (int row = 1; row < 8; ++row) {
             grid.SetText(row, 1, names[row - 1]);
