@@ -191,7 +191,8 @@ bool Konfiguration_Speichern(Kern& kern, ConfigChoice chosen) {
     const bool adapterDone =
         Datei_Schreiben(kern, AdapterSettingsFile, adapter, chosen == ConfigChoice::Port, config.AdapterMangel);
     // What waits for another choice is not this one's failure. A fixed port stands in the settings file itself.
-    const bool settingsWait = chosen == ConfigChoice::Port && config.AdapterModus() && config.EinstellungenMangel.Damage != FileDamage::None;
+    const bool settingsWait =
+        chosen == ConfigChoice::Port && config.AdapterModus() && config.EinstellungenMangel.Damage != FileDamage::None;
     const bool adapterWaits = chosen == ConfigChoice::Channel && config.AdapterMangel.Damage != FileDamage::None;
     return (settingsDone || settingsWait) && (adapterDone || adapterWaits);
 }

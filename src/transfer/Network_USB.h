@@ -88,8 +88,8 @@ struct Netzlauf {
     // Set before a row begins.
     std::uint8_t NetAdapter = DirectAdapterMark;
     Secret<16> TransferKey; ///< of the row's adapter. Never shown, logged or traced
-    std::string LockName;                       ///< for the history file
-    std::string SerialText;                     ///< for the history file, as the list shows it
+    std::string LockName;   ///< for the history file
+    std::string SerialText; ///< for the history file, as the list shows it
 
     // State of the row.
     NetPhase Phase = NetPhase::None;

@@ -426,8 +426,8 @@ TEST_F(Adapter_Suche, the_transfer_key_comes_from_record_probe_and_constants) {
     PlugAnswering(5, {{0x68, Identified}, {0x6C, ReplyWire(0x6C, 0x2E, RecordPayload("PROGSTATION"))}});
     ASSERT_TRUE(Search());
     ASSERT_EQ(list.Saetze.size(), 1U);
-    EXPECT_THAT(list.Saetze[0].TransferKey.Bytes(), ElementsAre(0x4A, 0x83, 0x0F, 0xC5, 0x4A, 0xFC, 0x56, 0x94, 0x17, 0xED,
-                                                        0x22, 0xC1, 0x4B, 0xA2, 0x21, 0xBD));
+    EXPECT_THAT(list.Saetze[0].TransferKey.Bytes(), ElementsAre(0x4A, 0x83, 0x0F, 0xC5, 0x4A, 0xFC, 0x56, 0x94, 0x17,
+                                                                0xED, 0x22, 0xC1, 0x4B, 0xA2, 0x21, 0xBD));
 }
 
 TEST_F(Adapter_Suche, the_probe_goes_out_as_drawn_and_the_keys_of_two_adapters_are_their_own) {
