@@ -80,7 +80,7 @@ int main(int argc, char** argv) {
     std::fill_n(twips.begin(), FirstMark, 2000);
     view.setColumns(twips);
     view.setFrozenColumns(2);
-    view.setSelection(cells);
+    view.setBlocks(cells);
     view.setFilter(filter);
     window.resize(1900, 1000);
     window.show();

@@ -66,7 +66,7 @@ void F13Window::makeGrid() {
     model.setAlignment(F13Column::Status, Qt::AlignCenter);
     grid_->setColumns({650, 3500, 2000, 0, 0, 0, 0, 0, 0, 1300, 1300, 1320, 1300, 0, 0, 600});
     grid_->setFrozenColumns(FrozenColumns);
-    grid_->setSelection(f13_.Auswahl);
+    grid_->setBlocks(f13_.Auswahl);
     grid_->setFilter(f13_.Filter);
     grid_->onClick = [this](int row, int column) { f13_.FGK13_Click(row, column); };
     grid_->onKey = [this](int key) { f13_.FGK13_KeyPress(key); };

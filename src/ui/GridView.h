@@ -36,7 +36,7 @@ public:
     void setFrozenColumns(int count);
     /// Blocks are selected with Shift and the arrows, with Shift and a click, by a drag and with Ctrl+A; Ctrl+C copies
     /// what of the block is shown. The selection must outlive the view.
-    void setSelection(GridSelection& selection);
+    void setBlocks(GridSelection& selection);
     /// Rows that the filter hides are not shown; Escape clears it before it leaves the window. It must outlive the
     /// view.
     void setFilter(GridFilter& filter);

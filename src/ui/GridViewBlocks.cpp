@@ -12,7 +12,7 @@
 
 namespace qvm::ui {
 
-void GridView::setSelection(GridSelection& selection) {
+void GridView::setBlocks(GridSelection& selection) {
     selection_ = &selection;
     selection.Changed = [this] { showSelection(); };
     selection.Go(currentIndex().row() + 1, currentIndex().column());

@@ -43,7 +43,7 @@ struct Grid_Blocks : ::testing::Test {
         layout->addWidget(&view);
         view.setColumns({800, 1500, 1500, 0, 1500, 1500});
         view.setFrozenColumns(2);
-        view.setSelection(cells);
+        view.setBlocks(cells);
         view.setFilter(filter);
         view.onClick = [this](int row, int column) { Clicked.emplace_back(row, column); };
         filter.Changed = [this] { cells.FilterChanged(); };
@@ -197,7 +197,7 @@ TEST_F(Grid_Blocks, let_selection_and_filter_go_with_the_view) {
     {
         Grid second{5, 2};
         GridView brief(second);
-        brief.setSelection(other);
+        brief.setBlocks(other);
         brief.setFilter(sieve);
     }
     EXPECT_FALSE(other.Changed);
