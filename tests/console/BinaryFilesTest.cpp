@@ -122,7 +122,7 @@ TEST_F(Binary, an_import_replaces_and_keeps_a_dated_copy) {
     const Json report = Json::parse(result.Out);
     EXPECT_EQ(report["ok"], true);
     EXPECT_EQ(report["replaced"], Json::parse(R"(["LSOEMIPART.LMT"])"));
-    EXPECT_EQ(Directory.Read(Emi), "X");
+    EXPECT_EQ(Directory.Read(Emi), "X" + std::string(199, ' ')); // as many records as every save leaves
     const std::string backup = report["backup"];
     ASSERT_THAT(backup, testing::MatchesRegex(".*/DAT/backup-[0-9]+-[0-9]+/"));
     EXPECT_EQ(Directory.Read(backup.substr(Directory.Path().size()) + "LSOEMIPART.LMT"), "YY");
@@ -235,8 +235,13 @@ TEST_F(Binary, an_import_that_cannot_be_finished_puts_back_what_it_replaced) {
 
 // Check.
 
+/// As many users as every save of the program leaves, the first ones given.
+std::string All_Users(const std::string& first) {
+    return first + std::string(std::size_t{250} * 419 - first.size(), ' ');
+}
+
 TEST_F(Binary, a_check_of_files_in_order_ends_with_0) {
-    Directory.Write(Users, OneUser());
+    Directory.Write(Users, All_Users(OneUser()));
     Directory.Write("QVM_Deutsch.DAT", "x\r\n");
     const RunResult result = Run({"check"});
     EXPECT_EQ(result.Code, 0);
@@ -245,7 +250,7 @@ TEST_F(Binary, a_check_of_files_in_order_ends_with_0) {
 
 TEST_F(Binary, a_check_with_findings_ends_with_1_and_shows_no_code) {
     const std::string second = OneUser().replace(0, 3, "Max");
-    Directory.Write(Users, OneUser() + second);
+    Directory.Write(Users, All_Users(OneUser() + second));
     Directory.Write("QVM_Deutsch.DAT", "x\r\n");
     const RunResult result = Run({"check"});
     EXPECT_EQ(result.Code, 1);
@@ -259,7 +264,9 @@ TEST_F(Binary, findings_are_one_document_on_request) {
     EXPECT_EQ(result.Code, 1);
     EXPECT_EQ(Json::parse(result.Out), Json::parse(R"({"command":"check","clean":false,"findings":[
         {"table":"UserRecord","record":0,"field":"","kind":"damaged",
-         "text":"the length of 400 bytes is not a multiple of 419"}]})"));
+         "text":"the length of 400 bytes is not a multiple of 419"},
+        {"table":"UserRecord","record":0,"field":"","kind":"damaged",
+         "text":"ends with record 1, the program leaves at least 250"}]})"));
 }
 
 TEST_F(Binary, a_check_names_a_language_file_that_is_missing_or_too_long) {

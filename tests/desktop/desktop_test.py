@@ -210,7 +210,6 @@ class Desktop(unittest.TestCase):
             self.program.wait(LABEL, question)
             self.program.press("No")
         self.program.wait(TEXT, "Administrator code")
-        self.wait_for_marks([])
         self.program.press("Cancel")
         self.wait_for_marks([1])
 
@@ -274,24 +273,6 @@ class Desktop(unittest.TestCase):
             self.program.wait(LABEL, r".*/com1 is not there\. Is the adapter plugged in\?")
             self.tab_to("Program locks")
             self.leave_by_keyboard()
-
-    def test_the_main_window_comes_back_where_the_operator_put_it(self):
-        self.house.start_simulator()
-        self.start()
-        self.light("Ready")
-        first = self.program.place(TITLE)
-        self.program.move(TITLE, 317, 203)
-        wait_for("the window moves", lambda: self.program.place(TITLE) not in (None, first))
-        place = self.program.place(TITLE)
-        for _ in range(3):
-            self.program.press("Program locks")
-            self.program.wait(TABLE, "Locks")
-            self.program.press("Back")
-            self.program.wait(BUTTON, "Program locks")
-            wait_for("the main window alone", lambda: self.program.place(TITLE))
-            self.assertEqual(self.program.place(TITLE), place)
-        self.program.press("Exit program")
-        self.expect_ended()
 
     def test_a_click_brings_the_main_window_not_before_the_channel_window(self):
         self.house.start_simulator()

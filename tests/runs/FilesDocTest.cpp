@@ -160,7 +160,9 @@ TEST(Files_Reference, tells_of_every_layout_in_the_sources) {
 TEST(Files_Reference, a_table_gives_offset_width_and_fill_of_each_field) {
     std::ostringstream out;
     WriteEntry(out, {LockEmiRecord::Record, "EMI."});
-    EXPECT_EQ(out.str(), "\n### LSOEMIPART.LMT\n\nEMI.\n\n`LockEmiRecord`, 1 byte a record, records 1 to 200.\n\n"
+    EXPECT_EQ(out.str(), "\n### LSOEMIPART.LMT\n\nEMI.\n\n`LockEmiRecord`, 1 byte a record, records 1 to 200. With "
+                         "fewer than 200 a file "
+                         "counts as cut.\n\n"
                          "| Offset | Width | Field | Fill |\n|---:|---:|---|---|\n| 0 | 1 | Emi | blank |\n");
 }
 

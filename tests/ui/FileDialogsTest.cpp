@@ -21,6 +21,7 @@ void makeFile(const QTemporaryDir& folder, const QString& name, int day) {
     QFile file(folder.filePath(name));
     ASSERT_TRUE(file.open(QFile::WriteOnly));
     file.write("x\n");
+    ASSERT_TRUE(file.flush()); // or its end would set the time anew
     ASSERT_TRUE(file.setFileTime(QDateTime(QDate(2026, 3, day), QTime(10, 0)), QFileDevice::FileModificationTime));
 }
 
@@ -28,6 +29,7 @@ void makeFile(const QTemporaryDir& folder, const QString& name, int day) {
 void withList(const QTemporaryDir& folder, int files, const std::function<void(QTreeView& list)>& look) {
     bool seen = false;
     int polls = 0;
+    int whole = 0; // how often the list had all its files: it is sorted a moment later
     QTimer poll;
     QObject::connect(&poll, &QTimer::timeout, [&] {
         auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
@@ -35,7 +37,7 @@ void withList(const QTemporaryDir& folder, int files, const std::function<void(Q
             return;
         }
         auto* list = dialog->findChild<QTreeView*>(QStringLiteral("treeView"));
-        if (list != nullptr && list->model()->rowCount(list->rootIndex()) == files) {
+        if (list != nullptr && list->model()->rowCount(list->rootIndex()) == files && ++whole > 20) {
             seen = true;
             look(*list);
         }
