@@ -10,6 +10,8 @@
 #include <QKeyEvent>
 #include <QPainter>
 
+#include <algorithm>
+
 namespace qvm::ui {
 
 void GridView::setBlocks(GridSelection& selection) {

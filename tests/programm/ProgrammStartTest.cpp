@@ -183,8 +183,8 @@ TEST_F(Programm_Start, in_another_language_keeps_the_title_by_which_an_instance_
     Words("English");
     Programm programm(world.World, "/q");
     qvm::Programm_Start(programm, true);
-    programm.F13.F13_FormLaden();
-    EXPECT_EQ(programm.F13.Fenster.Title(), "QVM 7702 SOFTWARE SYSTEM");
+    programm.F2.F2_Laden();
+    EXPECT_EQ(programm.F2.Fenster.Title(), "QVM 7702 SOFTWARE SYSTEM");
     EXPECT_EQ(SystemTitle, "QVM 7702 SOFTWARE SYSTEM");
 }
 
