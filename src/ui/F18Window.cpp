@@ -1,5 +1,6 @@
 #include "F18Window.h"
 
+#include "Mnemonics.h"
 #include "Worttafel.h"
 
 #include <QHBoxLayout>
@@ -19,6 +20,9 @@ F18Window::F18Window(F18& f18, QWidget* parent)
     auto* cancel = new QPushButton(this);
     const auto end = [&f18] { f18.Command1_Click(); };
     bind(f18.Command1, cancel, QStringLiteral("F18.Command1"), end);
+    // As in the progress window: the key that began the run must not end the search.
+    cancel->setFocusPolicy(Qt::NoFocus);
+    firstLetterMnemonic(f18.Command1, cancel);
     auto* row = new QHBoxLayout;
     row->addStretch();
     row->addWidget(cancel);

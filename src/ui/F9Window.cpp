@@ -1,5 +1,6 @@
 #include "F9Window.h"
 
+#include "Mnemonics.h"
 #include "TextEdge.h"
 #include "Worttafel.h"
 
@@ -27,17 +28,9 @@ F9Window::F9Window(F9& f9, QWidget* parent)
     content()->addStretch();
     makeButtons();
     setMinimumWidth(500);
-    finish({.onClose =
-                [this] {
-                    // A run under way is cancelled first; the window stays until the run has ended.
-                    f9_.Command2.Enabled ? f9_.Command2_Click() : f9_.Command1_Click();
-                },
-            .onEscape =
-                [this] {
-                    if (f9_.Command2.Enabled) {
-                        f9_.Command2_Click();
-                    }
-                }});
+    // A run under way is cancelled first; the window stays until the run has ended.
+    const auto leave = [this] { f9_.Command2.Enabled ? f9_.Command2_Click() : f9_.Command1_Click(); };
+    finish({.onClose = leave, .onEscape = leave});
 }
 
 void F9Window::setWords() {
@@ -125,7 +118,18 @@ void F9Window::makeButtons() {
     row->addWidget(cancel);
     row->addWidget(close);
     content()->addLayout(row);
-    setDefaultButton(close);
+    // The key that began the run may be pressed twice: no button is to hear the second time.
+    cancel->setFocusPolicy(Qt::NoFocus);
+    firstLetterMnemonic(f9_.Command1, cancel);
+    firstLetterMnemonic(f9_.Command2, close);
+    watch(f9_.Beendet, close, [this, close] {
+        close->setFocusPolicy(f9_.Beendet ? Qt::StrongFocus : Qt::NoFocus);
+        if (f9_.Beendet) {
+            close->setFocus(Qt::OtherFocusReason);
+        } else {
+            close->clearFocus();
+        }
+    });
 }
 
 } // namespace qvm::ui

@@ -1,5 +1,9 @@
 #include "Mnemonics.h"
 
+#include "Bind.h"
+#include "TextEdge.h"
+
+#include <QAbstractButton>
 #include <QAction>
 #include <QActionEvent>
 #include <QEvent>
@@ -83,6 +87,14 @@ private:
 
 void uniqueMnemonics(QWidget* menu) {
     new MnemonicKeeper(menu);
+}
+
+void firstLetterMnemonic(Button& model, QAbstractButton* widget) {
+    watch(model.Text, widget, [&model, widget] {
+        const QString caption = captionOf(model.Text());
+        widget->setText(caption.isEmpty() ? caption : QLatin1Char('&') + caption);
+        widget->setAccessibleName(toQt(model.Text()));
+    });
 }
 
 } // namespace qvm::ui

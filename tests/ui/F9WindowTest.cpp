@@ -33,6 +33,11 @@ struct F9_Window : UiFixture {
     Widget* Find(const char* name) {
         return window->findChild<Widget*>(QString::fromUtf8(name));
     }
+    /// To whatever has the keyboard.
+    void pressInFocus(Qt::Key key) const {
+        QWidget* focused = window->focusWidget();
+        QTest::keyClick(focused != nullptr ? focused : window.get(), key);
+    }
 };
 
 TEST_F(F9_Window, shows_the_lock_and_only_the_units_that_there_are) {
@@ -78,8 +83,6 @@ TEST_F(F9_Window, closes_with_return_once_the_run_has_ended) {
 
 TEST_F(F9_Window, cancels_at_the_first_close_of_its_frame_and_goes_at_the_second) {
     Open();
-    QTest::keyClick(window.get(), Qt::Key_Escape);
-    EXPECT_FALSE(programm->F9.Command2.Enabled);
     window->close();
     EXPECT_TRUE(window->isVisible());
     EXPECT_EQ(Find<QLabel>("F9.StatusLabel")->text(), QStringLiteral("Vorgang abgebrochen"));
@@ -87,12 +90,53 @@ TEST_F(F9_Window, cancels_at_the_first_close_of_its_frame_and_goes_at_the_second
     EXPECT_FALSE(window->isVisible());
 }
 
-TEST_F(F9_Window, names_its_controls_and_is_walked_with_tab) {
+TEST_F(F9_Window, gives_no_button_the_keyboard_while_the_run_is_under_way) {
     Open();
-    programm->F9.Command2.Enabled = true;
-    Find<QPushButton>("F9.Command1")->setFocus();
-    EXPECT_EQ(tabOrder(window.get()), (QStringList{QStringLiteral("F9.Command1"), QStringLiteral("F9.Command2")}));
+    for (const bool cancelled : {false, true}) {
+        if (cancelled) {
+            programm->F9.Command1_Click(); // which makes the closing button live
+        }
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space, Qt::Key_Tab, Qt::Key_Space}) {
+            pressInFocus(key);
+        }
+        EXPECT_EQ(window->focusWidget(), nullptr) << cancelled;
+        EXPECT_TRUE(window->isVisible()) << cancelled;
+    }
     EXPECT_EQ(unnamedControls(window.get()), QStringList());
+}
+
+TEST_F(F9_Window, does_not_hear_the_key_that_began_the_run) {
+    Open();
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Space}) {
+        pressInFocus(key);
+    }
+    EXPECT_EQ(Find<QLabel>("F9.StatusLabel")->text(), QString());
+    EXPECT_FALSE(programm->F9.Command2.Enabled);
+}
+
+TEST_F(F9_Window, is_cancelled_by_escape) {
+    Open();
+    QTest::keyClick(window.get(), Qt::Key_Escape);
+    EXPECT_EQ(Find<QLabel>("F9.StatusLabel")->text(), QStringLiteral("Vorgang abgebrochen"));
+    EXPECT_TRUE(window->isVisible());
+}
+
+TEST_F(F9_Window, is_cancelled_by_the_mnemonic_of_its_button) {
+    Open();
+    QTest::keyClick(window.get(), Qt::Key_A, Qt::AltModifier);
+    // The button shows that it is pressed before it acts.
+    ASSERT_TRUE(QTest::qWaitFor([this] { return programm->F9.Command2.Enabled(); }));
+    EXPECT_EQ(Find<QLabel>("F9.StatusLabel")->text(), QStringLiteral("Vorgang abgebrochen"));
+    EXPECT_EQ(window->focusWidget(), nullptr);
+}
+
+TEST_F(F9_Window, gives_the_keyboard_to_its_closing_button_at_the_end_and_takes_it_back_for_the_next_run) {
+    Open();
+    programm->F9.Fertig(110);
+    EXPECT_EQ(window->focusWidget(), Find<QPushButton>("F9.Command2"));
+    EXPECT_EQ(tabOrder(window.get()), QStringList{QStringLiteral("F9.Command2")});
+    programm->F9.F9_Vorbereiten(140);
+    EXPECT_EQ(window->focusWidget(), nullptr);
 }
 
 TEST_F(F9_Window, says_what_its_bars_show_in_the_language_in_use) {
@@ -127,6 +171,19 @@ TEST_P(F9_Sprachen, fits_the_wait_box_too) {
 INSTANTIATE_TEST_SUITE_P(Languages, F9_Sprachen, ::testing::ValuesIn(Languages));
 
 struct F18_Window : UiFixture {};
+
+TEST_F(F18_Window, does_not_hear_the_key_that_began_the_search) {
+    Start("English");
+    ui::F18Window window(programm->F18, nullptr);
+    programm->F18.F18_Zeigen();
+    Present(window);
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Space}) {
+        QTest::keyClick(window.focusWidget() != nullptr ? window.focusWidget() : &window, key);
+    }
+    EXPECT_TRUE(window.isVisible());
+    QTest::keyClick(&window, Qt::Key_C, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&window] { return !window.isVisible(); }));
+}
 
 TEST_F(F18_Window, shows_the_channels_tried_and_ends_the_search_by_button_escape_and_frame) {
     Start();

@@ -51,15 +51,14 @@ TEST_F(All_Windows, the_main_window_comes_back_where_the_operator_put_it) {
 TEST_F(All_Windows, a_return_held_down_presses_no_button) {
     Start();
     ui::Oberflaeche windows(*programm);
-    RunState& lauf = programm->link.Lauf;
-    programm->Lauf.Gesamtende = false;
     programm->F9.F9_Vorbereiten(100);
     programm->F9.F9_Zeigen();
+    programm->F9.Fertig(110);
     Present(windows.f9);
     press(windows.f9, Qt::Key_Return, true);
-    EXPECT_EQ(lauf.AbbruchWunsch, 0);
+    EXPECT_TRUE(windows.f9.isVisible());
     press(windows.f9, Qt::Key_Return, false);
-    EXPECT_EQ(lauf.AbbruchWunsch, 1);
+    EXPECT_FALSE(windows.f9.isVisible());
 }
 
 } // namespace

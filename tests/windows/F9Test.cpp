@@ -181,6 +181,19 @@ TEST_F(F9_Fenster, finished_shows_the_line_stops_the_bars_and_swaps_the_buttons)
     EXPECT_TRUE(Window().Fenster.Visible);
 }
 
+TEST_F(F9_Fenster, is_finished_at_the_end_only_and_not_when_a_cancel_has_made_its_closing_button_live) {
+    Run();
+    EXPECT_FALSE(Window().Beendet);
+    Window().Command1_Click();
+    EXPECT_TRUE(Window().Command2.Enabled);
+    EXPECT_FALSE(Window().Beendet);
+    programm->Lauf.Ansicht.Fertig(110);
+    EXPECT_TRUE(Window().Beendet);
+    Window().Command2_Click();
+    StartRun();
+    EXPECT_FALSE(Window().Beendet);
+}
+
 TEST_F(F9_Fenster, finished_during_a_channel_search_is_shown_all_the_same) {
     files.Lock(1, "Tor", SerialS);
     files.Channel(1, "7", "3", "1");

@@ -36,6 +36,7 @@ void F9::F9_Vorbereiten(int progressTotal) {
     Zustandsbild.Id = StatePicture::None;
     Command1.Enabled = true;
     Command2.Enabled = false;
+    Beendet = false;
     begin_ = kern.Welt.Now();
     Texte_Setzen();
     DeviceParameterSetup();
@@ -101,6 +102,7 @@ void F9::Fertig(int line) {
     Balken2.Visible = false;
     StilleLabel.Visible = false;
     Stille.Stop();
+    Beendet = true;
 }
 
 void F9::Schliessen_Freigeben() {

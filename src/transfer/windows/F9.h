@@ -35,6 +35,7 @@ struct F9 {
     std::array<CheckBox, 6> Check; ///< the lock and its five units, ticked when done
     Button Command1;               ///< cancel
     Button Command2;               ///< close
+    Observed<bool> Beendet{false}; ///< the finished state: what the window shows now is the run's result
     Timer Stille;                  ///< looks at the silence once a second
 
     std::function<void()> F13_Freigeben; ///< the close button gives the grid back
