@@ -196,8 +196,7 @@ LockEnd Ende_Aus_Bericht(const Programm& program) {
     case RunOutcome::NotReached:
         return LockEnd::NotReached;
     case RunOutcome::GivenUp:
-        return program.link.Lauf.Incomplete || program.Lauf.Bericht.HistoryLost != HistoryLoss::None ? LockEnd::Failed
-                                                                                                     : LockEnd::Busy;
+        return program.Lauf.Bericht.HistoryLost != HistoryLoss::None ? LockEnd::Failed : LockEnd::Busy;
     case RunOutcome::Incomplete:
         return LockEnd::Failed;
     case RunOutcome::NoPort:

@@ -20,9 +20,6 @@ bool Kanal_Suche(const Link& l) {
 void Nur_Abgelehnt(Link& /*link*/) {}
 
 void Noch_Einmal_Trennen(Link& l) {
-    if (!Zuletzt(l, 0x05)) {
-        (Unit_Sitzung(l) ? l.Lauf.UnitIncomplete : l.Lauf.Incomplete) = true;
-    }
     Rufen(l.Hooks.Abfrage_Stoppen);
     if (++l.Lauf.WiederholZaehler < 40) {
         TelTrennen_Senden(l);

@@ -113,13 +113,11 @@ void Unit_Datenstart(Link& l) {
     TelDatenStart_Senden(l, 0);
 }
 void Suche_Erfolgreich(Link& l) {
-    l.Lauf.Incomplete = false;
     l.Lauf.KanalSuche = 0;
     Geraet_Merken(l);
     TelKanalLesen_Senden(l, Systemkanal(l));
 }
 void Angemeldet(Link& l) {
-    l.Lauf.Incomplete = false;
     l.Lauf.WiederholZaehler = 0;
     Geraet_Merken(l);
     Nach_Verbunden(l);
@@ -129,7 +127,6 @@ void Anmeldung_Verweigert(Link& l) {
     Rufen(l.Hooks.Anmeldung_Abgelehnt);
 }
 void Unit_Angemeldet(Link& l) {
-    l.Lauf.UnitIncomplete = false;
     l.Lauf.WiederholZaehler = 0;
     TelUnitEinstellung_Senden(l, l.Lauf.LockAddress);
 }

@@ -43,6 +43,15 @@ void Lauf_Beenden(Programmierlauf& run, RunOutcome outcome, std::string_view tex
     }
 }
 
+void Ende_Zeigen(const Programmierlauf& run, RunOutcome outcome, const std::string& text) {
+    if (run.Ansicht.Fertig) {
+        run.Ansicht.Fertig(110);
+    }
+    if (run.Ansicht.Bericht && outcome != RunOutcome::Done) {
+        run.Ansicht.Bericht(text);
+    }
+}
+
 void Timer_Anhalten(Programmierlauf& run) {
     run.Timer6.Stop();
     run.Timer7.Stop();
@@ -87,28 +96,18 @@ Urteil Beurteilen(const Programmierlauf& run) {
     if (run.Cancelled) {
         return {.Outcome = RunOutcome::Cancelled, .Why = kern.Zeile(82)};
     }
-    // A list says of each lock what became of it; a single reading whose file could not be written shows a message.
-    const bool told = lauf.HistoryLost == HistoryLoss::Unwritten && lauf.HistoryOnly != 0 && lauf.RunRows == 0;
-    if (lauf.HistoryLost != HistoryLoss::None && !told) {
+    if (lauf.HistoryLost != HistoryLoss::None) {
         return {.Outcome = RunOutcome::GivenUp, .Why = Historie_Verlust_Text(kern, lauf.HistoryLost)};
-    }
-    if (lauf.Incomplete) {
-        return {.Outcome = RunOutcome::GivenUp, .Why = kern.Zeile(lauf.RunRows != 0 ? 66 : 110)};
     }
     if (std::string open = Unbewiesen(run); !open.empty()) {
         return {.Outcome = RunOutcome::Incomplete, .Why = std::move(open)};
     }
-    return {.Why = kern.Zeile(told ? 277 : 110)};
+    return {.Why = kern.Zeile(110)};
 }
 
 void Einzelnes_Schloss_Zeigen(Programmierlauf& run, const Urteil& judged) {
     const RunState& lauf = run.link.Lauf;
-    if (run.Ansicht.Fertig) {
-        run.Ansicht.Fertig(110);
-    }
-    if (run.Ansicht.Bericht && judged.Outcome == RunOutcome::Incomplete) {
-        run.Ansicht.Bericht(judged.Why);
-    }
+    Ende_Zeigen(run, judged.Outcome, judged.Why);
     if (lauf.HistoryLost != HistoryLoss::None) {
         run.kern.Meldung(Historie_Verlust_Text(run.kern, lauf.HistoryLost), Buttons::Ok, Icon::Exclamation);
     }
@@ -129,7 +128,7 @@ void Schloss_Fertig(Programmierlauf& run) {
         return;
     }
     Lauf_Beenden(run, judged.Outcome, judged.Why);
-    if (lauf.RunRows == 0) {
+    if (lauf.RunRows == 0 || run.Cancelled) {
         Einzelnes_Schloss_Zeigen(run, judged);
         return;
     }
@@ -187,6 +186,8 @@ void Schritt_Abbruch(Programmierlauf& run) {
         Zum_Schloss_Zurueck(run);
     }
     if (lauf.RunRows != 0) {
+        // The list tells of its row while it stops.
+        Bericht_Fuellen(run);
         Rufen(run.Liste.Stoppen);
         lauf.RunRow = lauf.RunRows = 0;
     }
@@ -236,15 +237,16 @@ void Schritt_Key_Abgelehnt(Programmierlauf& run) {
 void Schritt_Trennen_Aufgegeben(Programmierlauf& run) {
     Timer_Anhalten(run);
     Codeaenderung_Gescheitert(run);
-    if (Zeile_Fehlgeschlagen(run, RunOutcome::GivenUp, run.kern.Zeile(66))) {
+    const std::string open = run.Cancelled ? run.kern.Zeile(82) : Unbewiesen(run);
+    const std::string text = open.empty() ? run.kern.Zeile(66) : open;
+    if (Zeile_Fehlgeschlagen(run, RunOutcome::GivenUp, text)) {
         return;
     }
+    const RunOutcome outcome = run.Cancelled ? RunOutcome::Cancelled : RunOutcome::GivenUp;
     Zum_Schloss_Zurueck(run);
     run.link.Lauf.UnitModus = 0;
-    Lauf_Beenden(run, run.Cancelled ? RunOutcome::Cancelled : RunOutcome::GivenUp, run.kern.Zeile(110));
-    if (run.Ansicht.Fertig) {
-        run.Ansicht.Fertig(110);
-    }
+    Lauf_Beenden(run, outcome, text);
+    Ende_Zeigen(run, outcome, text);
 }
 
 void Schritt_Code_Ergebnis(Programmierlauf& run) {

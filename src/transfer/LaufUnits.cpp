@@ -100,6 +100,16 @@ void Typ2_Beginnen(Programmierlauf& run) {
     Unit_Ansprechen(run);
 }
 
+/// Between two units, and between two channels, no session is open: a cancel takes effect at once. True when it did.
+bool Abgebrochen(Programmierlauf& run) {
+    if (run.link.Lauf.AbbruchWunsch == 0 && !run.Cancelled) {
+        return false;
+    }
+    Schritt_Abbruch(run);
+    Schloss_Fertig(run);
+    return true;
+}
+
 /// A unit's session has ended badly and takes the units behind it along.
 void Units_Abbrechen(Programmierlauf& run, RunOutcome outcome, int messageLine) {
     Timer_Anhalten(run);
@@ -156,10 +166,11 @@ void Tick_Timer9(Programmierlauf& run) {
         }
     }
     run.UnitGood = run.UnitRepeated = false;
-    // Between two units no session is open, so that a cancel takes effect at once.
-    run.Cancelled = run.Cancelled || lauf.AbbruchWunsch != 0;
+    if (Abgebrochen(run)) {
+        return;
+    }
     const int next = Naechste_Unit(run);
-    if (next >= Units || run.Cancelled) {
+    if (next >= Units) {
         Schloss_Fertig(run);
         return;
     }
@@ -178,7 +189,7 @@ void Tick_Timer9(Programmierlauf& run) {
 }
 
 void Schritt_Unit_Fertig(Programmierlauf& run) {
-    run.UnitGood = !run.link.Lauf.UnitIncomplete && Konto_Unit_Fertig(run.Konto, run.link.Lauf.UnitIndex);
+    run.UnitGood = Konto_Unit_Fertig(run.Konto, run.link.Lauf.UnitIndex);
     if (UnitReport* unit = Aktuelle(run); unit != nullptr && !run.UnitGood) {
         unit->End = UnitReport::State::Failed;
         unit->Note = run.kern.Zeile(66);
@@ -214,9 +225,7 @@ void Tick_Timer11(Programmierlauf& run) {
     RunState& lauf = run.link.Lauf;
     run.Timer11.Stop();
     lauf.LastAnswer = run.kern.Welt.Milliseconds();
-    if (lauf.AbbruchWunsch != 0) {
-        run.Cancelled = true;
-        Schloss_Fertig(run);
+    if (Abgebrochen(run)) {
         return;
     }
     if (lauf.UnitModus != 0xFA || lauf.EintragFertig >= UnitChannels) {
@@ -234,8 +243,8 @@ void Schritt_Unit_Fehlgeschlagen(Programmierlauf& run) {
     }
     const bool list = run.link.Lauf.RunRows != 0;
     Units_Abbrechen(run, RunOutcome::NotReached, 66);
-    if (!list && run.Ansicht.Fertig) {
-        run.Ansicht.Fertig(110);
+    if (!list) {
+        Ende_Zeigen(run, RunOutcome::NotReached, run.kern.Zeile(66));
     }
 }
 

@@ -55,6 +55,8 @@ void Codeaenderung_Gescheitert(Programmierlauf& run);
 void Mit_Meldung_Enden(Programmierlauf& run, RunOutcome outcome, int line);
 /// Ends the run once; later calls change nothing.
 void Lauf_Beenden(Programmierlauf& run, RunOutcome outcome, std::string_view text);
+/// Finished state of the progress window; `text` is its status for every outcome but Done.
+void Ende_Zeigen(const Programmierlauf& run, RunOutcome outcome, const std::string& text);
 /// Timers 6 to 9 and 11.
 void Timer_Anhalten(Programmierlauf& run);
 /// Address, mode and class back to the lock's.

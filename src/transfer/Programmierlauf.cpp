@@ -68,7 +68,6 @@ void Lauf_Beginnen(Programmierlauf& run) {
     lauf.HistoryRead = false;
     lauf.HistoryRecords = 0;
     lauf.AbbruchWunsch = 0;
-    lauf.Incomplete = lauf.UnitIncomplete = false;
     lauf.UnitIndex = 0xFF;
     lauf.LastAnswer = run.kern.Welt.Milliseconds();
     run.link.TargetAddress = lauf.LockAddress;

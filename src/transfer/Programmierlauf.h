@@ -21,7 +21,7 @@ enum class RunOutcome {
     Refused,    ///< the lock refused: wrong code, no free slot, a refusal reason
     NotReached, ///< no contact
     Cancelled,  ///< by the operator
-    GivenUp,    ///< the lock stayed busy
+    GivenUp,    ///< the lock stayed busy, or its events could not be kept
     NoPort,     ///< the port could not be opened; nothing was sent
     Incomplete, ///< came to its end, but the lock or a unit did not acknowledge all that it had to get
 };

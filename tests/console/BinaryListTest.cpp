@@ -21,6 +21,11 @@ class BinaryList : public testing::Test {
 protected:
     VirtualLocks Locks;
 
+    void UnitOfLock2() {
+        Locks.Import(Json::parse(R"({"WirelessUnitRecord":[{"record":2,"UnitMode":"2","Name1":"Leser","Sn1_1":"01",)"
+                                 R"("Sn2_1":"60","Sn3_1":"00","Sn4_1":"03","Module1":"1"}]})"),
+                     Json::object());
+    }
     static std::vector<Json> Documents(const std::string& out) {
         std::vector<Json> documents;
         std::istringstream lines(out);
@@ -158,6 +163,46 @@ TEST_F(BinaryList, ctrl_c_closes_the_session_and_leaves_the_other_locks_alone) {
     EXPECT_EQ(locks[1]["result"], "untried");
     Locks.Stop();
     EXPECT_EQ(Locks.Lock(Leer)["sessions"], 0);
+}
+
+TEST_F(BinaryList, ctrl_c_between_a_lock_and_its_unit_ends_the_list) {
+    UnitOfLock2();
+    Locks.Start({"--trace"});
+    auto run = Locks.Begin({"--json", "run", "2", "3"});
+    ASSERT_TRUE(Locks.Simulator().WaitFor("> 02 0D 05")); // the unit is spoken to 1.2 s behind it
+    run->Signal(SIGINT);
+    const RunResult result = run->Wait();
+    EXPECT_EQ(result.Code, 3) << result.Err;
+    const std::vector<Json> locks = Documents(result.Out);
+    ASSERT_EQ(locks.size(), 2U);
+    EXPECT_EQ(locks[0]["result"], "cancelled");
+    EXPECT_EQ(locks[0]["units"][0]["result"], "untried");
+    EXPECT_EQ(locks[1]["result"], "untried");
+}
+
+TEST_F(BinaryList, ctrl_c_names_the_unit_whose_session_broke_off) {
+    UnitOfLock2();
+    Locks.Start();
+    const RunResult good = Locks.Run({"--json", "run", "2"});
+    ASSERT_EQ(good.Code, 0) << good.Err;
+    // The unit's login, its setting and its disconnect come last.
+    const int setting = Documents(good.Out).at(0)["telegrams"].get<int>() - 2;
+    for (const bool json : {true, false}) {
+        Locks.Restart({"--trace", "--fault", "silent@" + std::to_string(setting)});
+        const std::vector<std::string> words{"run", "2"}, asked{"--json", "run", "2"};
+        auto run = Locks.Begin(json ? asked : words);
+        ASSERT_TRUE(Locks.Simulator().WaitFor("> 02 11 3D"));
+        run->Signal(SIGINT);
+        const RunResult result = run->Wait();
+        EXPECT_EQ(result.Code, 3) << result.Err;
+        if (json) {
+            const Json unit = Documents(result.Out).at(0)["units"][0];
+            EXPECT_EQ(unit["result"], "broken-off");
+            EXPECT_EQ(unit["reached"], "change-sent");
+        } else {
+            EXPECT_THAT(result.Out, HasSubstr("\n  unit \"Leser\": broken-off: setting sent, not confirmed\n"));
+        }
+    }
 }
 
 TEST_F(BinaryList, wrong_use_is_a_local_fault) {

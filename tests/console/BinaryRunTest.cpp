@@ -174,6 +174,9 @@ TEST_F(BinaryRun, a_history_that_cannot_be_written_is_a_local_fault) {
     const RunResult result = Locks.Run({"history", "1", "--since", "01.01.2020"});
     EXPECT_EQ(result.Code, 1);
     EXPECT_THAT(result.Out, HasSubstr("\n  the history could not be written\n"));
+    const RunResult alone = Locks.Run({"--json", "history", "1", "--since", "01.01.2020"});
+    EXPECT_EQ(alone.Code, 1);
+    EXPECT_EQ(Json::parse(alone.Out)["locks"][0]["result"], "failed");
     const RunResult first = Locks.Run({"--json", "program", "1", "--history"});
     EXPECT_EQ(first.Code, 1);
     const Json report = Json::parse(first.Out);

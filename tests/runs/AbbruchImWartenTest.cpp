@@ -109,5 +109,20 @@ TEST(Unfinished_Run, names_what_the_lock_did_not_get) {
     EXPECT_FALSE(scene.programm->F9.Check[0].Checked);
 }
 
+TEST(Unfinished_Run, names_what_a_lock_did_not_get_that_became_busy) {
+    Scene scene(RunKind::Old);
+    scene.devices.Faults = {{.What = SimFault::Kind::Refuse, .Telegram = 19, .Value = 0x67}};
+    scene.Begin();
+    scene.Start();
+    ASSERT_TRUE(scene.Finish());
+    // The lock mode is refused; the disconnect that goes out in its place is taken, so that only the end of data is
+    // missing beside it.
+    EXPECT_EQ(scene.DeviceCodes()[19], 0x32);
+    EXPECT_EQ(scene.Outcome(), RunOutcome::Incomplete);
+    EXPECT_EQ(scene.Status(), u8"Nicht vollständig: 2 von 22 Telegrammen wurden vom Schloss nicht bestätigt "
+                              u8"(Schlossmodus, Datenende). Bitte wiederholen Sie den Vorgang."_w);
+    EXPECT_EQ(scene.programm->Lauf.Bericht.Text, scene.Status());
+}
+
 } // namespace
 } // namespace qvm::test

@@ -154,7 +154,9 @@ TEST_F(Run_History, reading_alone_says_that_events_were_lost) {
     TypeCode("123456");
     ASSERT_TRUE(Finish());
     EXPECT_EQ(programm->Lauf.Bericht.HistoryLost, HistoryLoss::Unwritten);
+    EXPECT_EQ(Outcome(), RunOutcome::GivenUp);
     EXPECT_EQ(programm->Lauf.Bericht.Text, "L277");
+    EXPECT_EQ(Status(), "L277");
     EXPECT_THAT(OpenedHistories, IsEmpty());
 }
 

@@ -1,6 +1,7 @@
 // How a run ends when it does not go through: refusals, no contact, cancel, a busy lock, a missing port.
 
 #include "RunFixture.h"
+#include "Text.h"
 
 namespace qvm::test {
 namespace {
@@ -137,8 +138,20 @@ TEST_F(Run_End, a_busy_lock_is_asked_39_times_more_and_then_given_up) {
     const Codes sent = Sent();
     EXPECT_EQ(std::count(sent.begin(), sent.end(), 0x05), 39);
     EXPECT_EQ(Outcome(), RunOutcome::GivenUp);
-    EXPECT_EQ(Status(), "L110");
+    EXPECT_THAT(Status(), ::testing::StartsWith(u8"Nicht vollständig: "_w));
+    EXPECT_EQ(Status(), programm->Lauf.Bericht.Text);
     Expect_Next_Run_Works();
+}
+
+TEST_F(Run_End, a_cancelled_run_whose_lock_stays_busy_still_says_that_it_was_cancelled) {
+    Refuse(5, 0x67, true);
+    Begin();
+    Program(1);
+    world.RunUntil([this] { return system->Codes().size() == 5; });
+    programm->F9.Command1_Click();
+    ASSERT_TRUE(Finish());
+    EXPECT_EQ(Outcome(), RunOutcome::Cancelled);
+    EXPECT_EQ(Status(), "L82");
 }
 
 TEST_F(Run_End, a_cancel_discards_the_next_reply_and_closes_the_session) {
@@ -152,6 +165,7 @@ TEST_F(Run_End, a_cancel_discards_the_next_reply_and_closes_the_session) {
     EXPECT_EQ(Sent().back(), 0x05);
     EXPECT_EQ(Sent().size(), 6U);
     EXPECT_EQ(Outcome(), RunOutcome::Cancelled);
+    EXPECT_EQ(Status(), "L82");
     EXPECT_EQ(Lock(Serial::S).Sessions, 1);
     Expect_Next_Run_Works();
 }

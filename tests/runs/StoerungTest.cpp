@@ -69,7 +69,7 @@ Ending AfterRefusal65(RunKind kind, int code, Whose whose) {
 }
 
 /// The lock's own conversation goes on until its first disconnect, or until its second when there are two passes.
-Ending AfterBusy(RunKind kind, int code, Whose whose, std::size_t position, const std::vector<int>& codes) {
+Ending AfterBusy(RunKind kind, int code, Whose whose, std::size_t position) {
     if (whose == Whose::Unit2) {
         return AfterNoContact(kind, code, whose, false); // every reason counts alike in these sessions
     }
@@ -79,19 +79,15 @@ Ending AfterBusy(RunKind kind, int code, Whose whose, std::size_t position, cons
     if (whose == Whose::Unit1) {
         return Missing; // the unit was told to disconnect before it had its setting
     }
-    const auto last = std::find(codes.begin(), codes.end(), 0x05) - codes.begin();
-    const auto at = static_cast<std::ptrdiff_t>(position);
     // There is no session to be closed before a login was heard: the lock does not answer, or is found by the search
     // that is on.
-    if (at == 0) {
+    if (position == 0) {
         return Searches(kind) ? Done : Ending{RunOutcome::NotReached, 67};
     }
-    if (at == 1 && kind == RunKind::SearchHistory) {
+    if (position == 1 && kind == RunKind::SearchHistory) {
         return {RunOutcome::NotReached, 67}; // the search passes the lock's channel and never comes back to it
     }
-    const bool passBehind = kind == RunKind::TwoPass && at < last;
-    // The pass behind it is whole, but the lock was to have two.
-    return passBehind ? Missing : Ending{RunOutcome::GivenUp};
+    return Missing; // of a lock of two passes, too: a whole one behind it does not make it good
 }
 
 Ending Expected(RunKind kind, const SimFault& fault, const std::vector<int>& codes) {
@@ -115,7 +111,7 @@ Ending Expected(RunKind kind, const SimFault& fault, const std::vector<int>& cod
         case 0x65:
             return AfterRefusal65(kind, code, whose);
         case 0x67:
-            return AfterBusy(kind, code, whose, position, codes);
+            return AfterBusy(kind, code, whose, position);
         default:
             return Stands;
         }

@@ -151,7 +151,7 @@ TEST_F(Run_Units, a_unit_of_type_2_that_is_nowhere_ends_the_run_with_the_units_b
     const Codes behind = Behind();
     EXPECT_EQ(std::count(behind.begin(), behind.end(), 0x28), 13);
     EXPECT_EQ(std::count(behind.begin(), behind.end(), 0x04), 0);
-    EXPECT_EQ(Status(), "L110");
+    EXPECT_EQ(Status(), "L66");
     EXPECT_EQ(Outcome(), RunOutcome::NotReached);
     EXPECT_EQ(programm->Lauf.Bericht.Units[0].End, UnitReport::State::Failed);
     EXPECT_EQ(programm->Lauf.Bericht.Units[1].End, UnitReport::State::Untried);
@@ -212,7 +212,7 @@ TEST_F(Run_Units, a_unit_that_never_erases_is_disconnected_after_twenty_repeats_
     EXPECT_FALSE(programm->F9.Check[1].Checked);
     EXPECT_EQ(programm->Lauf.Bericht.Units[1].End, UnitReport::State::Untried);
     EXPECT_EQ(Outcome(), RunOutcome::NotReached);
-    EXPECT_EQ(Status(), "L110");
+    EXPECT_EQ(Status(), "L66");
 }
 
 TEST_F(Run_Units, a_cancel_behind_the_last_unit_ends_the_run_as_cancelled) {
