@@ -3,6 +3,7 @@
 #include "Historienkette.h"
 #include "Laufbedingungen.h"
 #include "SeriellesProtokoll.h"
+#include "Telegramme.h"
 
 #include <algorithm>
 #include <string_view>
@@ -90,11 +91,20 @@ bool Leser(const Link& l) {
 bool Wird_Abgefragt(const Link& l) {
     return Datenstart_Antwort_Wartet(l.Lauf.SerialValue);
 }
-bool Code_Fertig_Kanalwechsel(const Link& l) {
-    return Kanalwechsel(l) && l.RxByte(StatusIndex) == CodeChanged;
+bool Code_Beantwortet(const Link& l) {
+    return l.AnswerDue == TelCodeAendern::Telegram.Code;
 }
-bool Kennung_Vollstaendig(const Link& l) {
-    return l.Rx.RxLength >= 0x0F;
+bool Code_Fertig_Kanalwechsel(const Link& l) {
+    return Code_Beantwortet(l) && Kanalwechsel(l) && l.RxByte(StatusIndex) == CodeChanged;
+}
+bool Erwartet(const Link& l, const AdapterAntwort& wanted) {
+    const std::uint8_t code = l.RxByte(2);
+    return (code == wanted.Code || code == wanted.OtherCode) && l.Rx.RxLength >= wanted.Shortest &&
+           l.Rx.RxLength <= wanted.Longest;
+}
+/// A search waits for an identification, and this is one: whole, and the first.
+bool Kennung_Erwartet(const Link& l) {
+    return l.ReplySeen == 0 && l.ReplyWanted && Erwartet(l, *l.ReplyWanted);
 }
 
 // Actions.
@@ -210,11 +220,6 @@ void Trennen(Link& l) {
     l.Lauf.WiederholZaehler = 0;
     TelTrennen_Senden(l);
 }
-bool Erwartet(const Link& l, const AdapterAntwort& wanted) {
-    const std::uint8_t code = l.RxByte(2);
-    return (code == wanted.Code || code == wanted.OtherCode) && l.Rx.RxLength >= wanted.Shortest &&
-           l.Rx.RxLength <= wanted.Longest;
-}
 /// The first wanted reply stays until the next wait: what comes behind it in the same event is not waited for.
 void Antwort_Gesehen(Link& l) {
     if (l.ReplySeen == 0 && (!l.ReplyWanted || Erwartet(l, *l.ReplyWanted))) {
@@ -285,7 +290,7 @@ constexpr ReplyRow Replies[] = {
     {0x37, "always", Immer, Naechster_Benutzer},
 
     {0x12, "done, channel change", Code_Fertig_Kanalwechsel, [](Link& l) { TelKanalLesen_Senden(l, Systemkanal(l)); }},
-    {0x12, "otherwise", Immer, [](Link& l) { Rufen(l.Hooks.Code_Ergebnis); }},
+    {0x12, "a code change was sent", Code_Beantwortet, [](Link& l) { Rufen(l.Hooks.Code_Ergebnis); }},
 
     {0x15, "always", Immer, Trennen},
 
@@ -331,8 +336,8 @@ constexpr ReplyRow Replies[] = {
     {0x4A, "always", Immer, [](Link& l) { Rufen(l.Hooks.Unit_Block_Quittung); }},
     {0x4B, "always", Immer, [](Link& l) { Rufen(l.Hooks.Unit_Gefunden); }},
 
-    {0x68, "whole identification", Kennung_Vollstaendig, Adapter_Erkannt},
-    {0x6A, "whole identification", Kennung_Vollstaendig, Adapter_Erkannt},
+    {0x68, "identification that is waited for", Kennung_Erwartet, Adapter_Erkannt},
+    {0x6A, "identification that is waited for", Kennung_Erwartet, Adapter_Erkannt},
     {0x6C, "always", Immer, Adapter_Daten},
     {0x6D, "always", Immer, Antwort_Gesehen},
     {0x69, "always", Immer, Ablehnung},
@@ -405,18 +410,6 @@ void Zeit_Tabellen_Start(Link& link) {
     }
 }
 
-bool Antwort_Zulaessig(const Link& link, std::uint8_t code) {
-    constexpr std::uint8_t firstOfWindows = 0x60;
-    const RunState& lauf = link.Lauf;
-    if (code >= firstOfWindows || code == 0x12 || code == 0x4B || lauf.Phase == RunPhase::Open) {
-        return true;
-    }
-    if (lauf.Phase == RunPhase::Closing) {
-        return code == 0x03 || code == 0x05;
-    }
-    return lauf.CodeChangePending != 0 || lauf.SuchLauf != 0 || lauf.LaufZiel == "F20" || lauf.LaufZiel == "F22";
-}
-
 void Antwort_Verteilen(Link& link) {
     link.Lauf.LastAnswer = link.kern.Welt.Milliseconds();
     if (link.Lauf.AbbruchWunsch != 0) {
@@ -434,6 +427,7 @@ void Antwort_Verteilen(Link& link) {
     }
     for (const ReplyRow& row : Antwort_Tabelle()) {
         if (row.Code == code && row.Condition(link)) {
+            Antwort_Abhaken(link, code);
             row.Action(link);
             return;
         }

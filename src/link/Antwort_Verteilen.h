@@ -25,8 +25,11 @@ std::span<const ReplyRow> Antwort_Tabelle();
 std::span<const ReplyRow> Ablehnung_Tabelle();
 
 /// Whether a reply may act now. A late reply of a run that has ended or was cancelled must not go on with it: behind a
-/// cancel only those that close the session act, without a run only what a window has asked for.
+/// cancel only those that close the session act, without a run only what a window has asked for; a refusal, or the
+/// result of a code change, that no device owes is noise then.
 bool Antwort_Zulaessig(const Link& link, std::uint8_t code);
+/// The reply, or refusal, that came answers the last telegram: nothing is due any more.
+void Antwort_Abhaken(Link& link, std::uint8_t code);
 /// True when a login was accepted: the status byte lies inside the frame and is 4.
 bool Anmeldung_Angenommen(const Link& link);
 /// History is read in this run, first or only.

@@ -57,6 +57,9 @@ struct Link {
     std::uint8_t UsbDone = 0;                         ///< 0x5A when the network automaton holds a frame
     std::uint8_t ReplySeen = 0;                       ///< set by the dispatcher for replies that a wait looks at
     std::optional<AdapterAntwort> ReplyWanted;        ///< the only reply that sets it; none: each of them does
+    /// Code of the last addressed telegram, until its reply, a refusal, a telegram to the adapter itself or the end of
+    /// a run; 0: no device owes an answer.
+    std::uint8_t AnswerDue = 0;
     /// The frame that set ReplySeen, as RxFrame gave it then. Bytes behind it in the same event do not touch it.
     std::vector<std::uint8_t> Reply;
     Address TargetAddress{};

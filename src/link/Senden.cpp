@@ -76,6 +76,7 @@ bool Telegramm_Senden(Link& link) {
     link.TxBuffer[9] = HeaderMark1;
     link.TxBuffer[10] = HeaderMark2;
     Rufen(link.Hooks.Telegramm_Geht);
+    link.AnswerDue = static_cast<std::uint8_t>(link.TxBuffer[2]);
     Ausgeben(link, TraceFrame::Direction::Sent);
     Rufen(link.Hooks.Fortschritt);
     return true;
@@ -85,6 +86,7 @@ bool Telegramm_Roh_Senden(Link& link) {
     if (!Bereit(link)) {
         return false;
     }
+    link.AnswerDue = 0;
     Ausgeben(link, TraceFrame::Direction::SentRaw);
     return true;
 }

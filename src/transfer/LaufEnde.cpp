@@ -1,5 +1,6 @@
 #include "Kanal.h"
 #include "Laufschritte.h"
+#include "Telegramme.h"
 
 namespace qvm {
 namespace {
@@ -36,6 +37,7 @@ void Lauf_Beenden(Programmierlauf& run, RunOutcome outcome, std::string_view tex
         run.Bericht.Text = text;
         run.link.Lauf.Phase = RunPhase::None;
         run.link.Lauf.AbbruchWunsch = 0;
+        run.link.AnswerDue = 0;
         // A list uses them for its next row.
         if (run.link.Lauf.RunRows == 0) {
             Geheimnisse_Vergessen(run.link);
@@ -201,7 +203,8 @@ void Schritt_Kein_Kontakt(Programmierlauf& run) {
         Schloss_Fertig(run);
         return;
     }
-    if (lauf.CodeChangePending == 0 && lauf.Phase == RunPhase::None) {
+    const bool codeChange = lauf.CodeChangePending != 0 || run.link.TxBuffer[2] == TelCodeAendern::Telegram.Code;
+    if (!codeChange && lauf.Phase == RunPhase::None) {
         return;
     }
     Codeaenderung_Gescheitert(run);

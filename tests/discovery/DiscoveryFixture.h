@@ -1,6 +1,7 @@
 #pragma once
 
 #include "AdapterScan.h"
+#include "AntwortRahmen.h"
 #include "AutoRegister.h"
 #include "VirtualPlatform.h"
 #include "VirtualSystem.h"
@@ -23,8 +24,6 @@ using Bytes = std::vector<std::uint8_t>;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-/// A reply as it goes over the wire: `length` at index 1, `payload` from index 3 on, zeros behind it.
-Bytes ReplyWire(std::uint8_t code, std::uint8_t length, const Bytes& payload);
 /// What follows index 3 of a complete record: the address, a 0, the name as it stands in its 20 bytes, two zeros, then
 /// key bytes 0 to 15.
 Bytes RecordPayload(std::string_view name);

@@ -95,6 +95,34 @@ TEST_F(Antwort_Verteilen_Refusal, reasons_68_69_unknown_ones_and_none_do_nothing
     EXPECT_THAT(Called, IsEmpty());
 }
 
+TEST_F(Antwort_Verteilen_Refusal, without_a_run_one_that_no_device_owes_is_noise) {
+    link.Lauf.Phase = RunPhase::None;
+    const auto expectNoise = [this] {
+        for (const int reason : {0x64, 0x65, 0x66, 0x67, 0x68, 0x69, 0x6A}) {
+            Refuse(static_cast<std::uint8_t>(reason));
+            EXPECT_THAT(Called, IsEmpty()) << reason;
+            EXPECT_THAT(Sent(), IsEmpty()) << reason;
+        }
+    };
+    expectNoise();
+    TelEKeyLesen_Senden(link, 0, 0, false);
+    Refuse(0x66);
+    EXPECT_THAT(Called, ElementsAre("Key_Abgelehnt"));
+    expectNoise();
+    TelEKeyLesen_Senden(link, 0, 0, false);
+    Reply(0x81, std::vector<std::uint8_t>(32));
+    expectNoise();
+    TelCodeAendern_Senden(link, {}, {});
+    Refuse(0x64);
+    EXPECT_THAT(Called, ElementsAre("Kein_Kontakt"));
+    TelKarteStart_Senden(link);
+    TelAdapterDaten_Senden(link);
+    expectNoise();
+    link.Lauf.CodeChangePending = 0xFF;
+    Refuse(0x65);
+    EXPECT_THAT(Called, ElementsAre("Abgelehnt"));
+}
+
 TEST_F(Antwort_Verteilen_Refusal, a_busy_lock_is_asked_39_times_to_disconnect_and_then_given_up) {
     for (int n = 1; n <= 39; ++n) {
         Refuse(0x67);

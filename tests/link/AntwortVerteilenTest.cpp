@@ -1,4 +1,5 @@
 #include "DispatcherFixture.h"
+#include "SeriellesProtokoll.h"
 
 #include <gmock/gmock.h>
 #include <map>
@@ -510,30 +511,71 @@ TEST_F(Antwort_Verteilen_Reply, a_unit_of_type_2_is_opened_keyed_joined_and_fill
 }
 
 TEST_F(Antwort_Verteilen_Reply, a_code_change_goes_to_its_window_or_on_to_the_channel_of_a_unit) {
+    TelCodeAendern_Senden(link, {}, {});
     ReplyStatus(0x12, 4);
     EXPECT_THAT(Called, ElementsAre("Code_Ergebnis"));
     link.Lauf.LaufZiel = "F22";
+    TelCodeAendern_Senden(link, {}, {});
     ReplyStatus(0x12, 4);
     EXPECT_THAT(Sent(), ElementsAre(0x28));
+    TelCodeAendern_Senden(link, {}, {});
     ReplyStatus(0x12, 2);
     EXPECT_THAT(Called, ElementsAre("Code_Ergebnis"));
 }
 
+TEST_F(Antwort_Verteilen_Reply, the_result_of_a_code_change_acts_once_and_only_while_its_telegram_was_the_last) {
+    for (const RunPhase phase : {RunPhase::None, RunPhase::Open}) {
+        link.Lauf.Phase = phase;
+        ReplyStatus(0x12, 4);
+        EXPECT_THAT(Called, IsEmpty());
+        TelCodeAendern_Senden(link, {}, {});
+        Reply(0x6D);
+        ReplyStatus(0x12, 1);
+        EXPECT_THAT(Called, ElementsAre("Code_Ergebnis"));
+        ReplyStatus(0x12, 1);
+        EXPECT_THAT(Called, IsEmpty());
+        TelCodeAendern_Senden(link, {}, {});
+        TelAdapterDaten_Senden(link);
+        ReplyStatus(0x12, 4);
+        EXPECT_THAT(Called, IsEmpty());
+    }
+    EXPECT_THAT(Sent(), IsEmpty());
+}
+
 // Adapters, cards, credentials.
 
-TEST_F(Antwort_Verteilen_Reply, an_identification_of_the_adapter_counts_only_when_it_is_whole) {
-    Reply(0x68, std::vector<std::uint8_t>(12)); // L 0x0E
+TEST_F(Antwort_Verteilen_Reply, an_identification_of_the_adapter_counts_only_when_it_is_whole_and_the_first) {
+    for (const std::uint8_t code : {std::uint8_t{0x68}, std::uint8_t{0x6A}}) {
+        link.ReplySeen = 0;
+        link.ReplyWanted = AdapterAntwort{.Code = 0x68, .OtherCode = 0x6A, .Shortest = 0x0F};
+        Reply(code, std::vector<std::uint8_t>(12)); // L 0x0E
+        EXPECT_EQ(link.ReplySeen, 0);
+        EXPECT_THAT(Called, IsEmpty());
+        Reply(code, std::vector<std::uint8_t>(13)); // L 0x0F
+        EXPECT_EQ(link.ReplySeen, 1);
+        EXPECT_THAT(Called, ElementsAre("Adapter_Erkannt"));
+        Reply(code, std::vector<std::uint8_t>(13));
+        EXPECT_THAT(Called, IsEmpty());
+    }
+}
+
+TEST_F(Antwort_Verteilen_Reply, an_identification_that_no_search_waits_for_is_noise) {
+    link.ReplySeen = 0;
+    for (const int code : {0x68, 0x6A}) {
+        link.ReplyWanted.reset();
+        Reply(static_cast<std::uint8_t>(code), std::vector<std::uint8_t>(20));
+        EXPECT_THAT(Called, IsEmpty());
+        link.ReplyWanted = AdapterAntwort{.Code = 0x6C, .OtherCode = 0x6C, .Shortest = 0x2E, .Longest = 0x2E};
+        Reply(static_cast<std::uint8_t>(code), std::vector<std::uint8_t>(0x2C)); // L 0x2E
+        EXPECT_THAT(Called, IsEmpty());
+    }
     EXPECT_EQ(link.ReplySeen, 0);
-    Reply(0x68, std::vector<std::uint8_t>(13)); // L 0x0F
-    EXPECT_EQ(link.ReplySeen, 1);
-    EXPECT_THAT(Called, ElementsAre("Adapter_Erkannt"));
 }
 
 TEST_F(Antwort_Verteilen_Reply, replies_that_lead_to_windows_call_their_hooks) {
-    const std::map<int, std::string> hooks{
-        {0x6A, "Adapter_Erkannt"}, {0x6C, "Adapter_Daten"}, {0x6F, "Karte_Quittung"},
-        {0x72, "Karte_Start"},     {0x73, "Karte_Block"},   {0x81, "EKey_Ergebnis"},
-        {0xA1, "Finger_Schritt"},  {0xA2, "Finger_Daten"},  {0xA3, "Finger_Kennung"}};
+    const std::map<int, std::string> hooks{{0x6C, "Adapter_Daten"}, {0x6F, "Karte_Quittung"}, {0x72, "Karte_Start"},
+                                           {0x73, "Karte_Block"},   {0x81, "EKey_Ergebnis"},  {0xA1, "Finger_Schritt"},
+                                           {0xA2, "Finger_Daten"},  {0xA3, "Finger_Kennung"}};
     for (const auto& [code, hook] : hooks) {
         Reply(static_cast<std::uint8_t>(code), std::vector<std::uint8_t>(20));
         EXPECT_THAT(Called, ElementsAre(hook)) << code;
@@ -567,8 +609,12 @@ TEST_F(Antwort_Verteilen_Reply, without_a_run_a_late_reply_of_the_chain_does_not
         EXPECT_THAT(Sent(), IsEmpty()) << code;
         EXPECT_THAT(Called, IsEmpty()) << code;
     }
-    ReplyStatus(0x12, 4);
-    EXPECT_THAT(Called, ElementsAre("Code_Ergebnis"));
+    Reply(0x4B);
+    EXPECT_THAT(Called, IsEmpty());
+    link.Lauf.SuchMarke = 0xAD;
+    Reply(0x4B);
+    EXPECT_THAT(Called, ElementsAre("Unit_Gefunden"));
+    link.Lauf.SuchMarke = 0;
     link.Lauf.CodeChangePending = 0xFF;
     ReplyStatus(0x04, 4);
     EXPECT_EQ(link.Lauf.CodeChangePending, 0);

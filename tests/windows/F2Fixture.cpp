@@ -1,31 +1,19 @@
 #include "F2Fixture.h"
 
+#include "AntwortRahmen.h"
+
 #include <algorithm>
 #include <utility>
 
 namespace qvm::test {
 namespace {
 
-/// A reply: `length` at index 1, `payload` from index 3 on, zeros up to the byte outside the sum, then the checksum.
-std::vector<std::uint8_t> Reply(std::uint8_t code, std::uint8_t length, const std::vector<std::uint8_t>& payload) {
-    std::vector<std::uint8_t> frame{0x02, length, code};
-    frame.insert(frame.end(), payload.begin(), payload.end());
-    frame.resize(std::size_t{length} + 2, 0);
-    unsigned sum = 0;
-    for (std::size_t n = 0; n <= length; ++n) {
-        sum = sum * 2 > 255 ? sum * 2 - 255 : sum * 2;
-        sum = sum + frame[n] > 255 ? sum + frame[n] - 255 : sum + frame[n];
-    }
-    frame.push_back(static_cast<std::uint8_t>(sum));
-    return frame;
-}
-
 /// The record: address 10.20.30.40 at index 3, the name at 8.
 std::vector<std::uint8_t> AdapterRecordReply() {
     std::vector<std::uint8_t> payload{10, 20, 30, 40, 0};
     const std::string name = "PROGSTATION         ";
     payload.insert(payload.end(), name.begin(), name.end());
-    return Reply(0x6C, 0x2E, payload);
+    return ReplyWire(0x6C, 0x2E, payload);
 }
 
 } // namespace
