@@ -7,6 +7,7 @@
 #include <QPointer>
 #include <QScreen>
 #include <QWidget>
+#include <QWindow>
 
 namespace qvm::ui {
 namespace {
@@ -30,7 +31,7 @@ public:
                 takeNaturalSize();
             }
         } else if (!window_->isMaximized()) {
-            window_->move(place_); // else the window manager chooses a place anew
+            comeBack();
         }
         window_->show();
         window_->raise();
@@ -69,7 +70,7 @@ public:
             }
             break;
         case QEvent::Hide:
-            place_ = window_->pos();
+            place_ = window_->geometry().topLeft();
             if (remember_ && !event->spontaneous()) {
                 saveGeometry(window_, window_->objectName());
             }
@@ -96,11 +97,20 @@ private:
         }
     }
 
+    /// Where it stood when it was hidden. A widget that is moved to where it believes to be moves nothing, and the
+    /// window manager is not told a place; it would choose one anew. So the place is told to the window itself.
+    void comeBack() {
+        window_->setGeometry(QRect(place_, window_->size()));
+        if (QWindow* window = window_->windowHandle()) {
+            window->setPosition(place_);
+        }
+    }
+
     Window& model_;
     QWidget* window_;
     WindowHandlers handlers_;
     QPointer<QWidget> focus_;
-    QPoint place_; ///< where the window stood when it was hidden
+    QPoint place_; ///< where its content stood when it was hidden
     bool remember_;
     bool placed_ = false;
 };

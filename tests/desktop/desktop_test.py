@@ -229,6 +229,23 @@ class Desktop(unittest.TestCase):
         self.assertIsNotNone(self.program.find(LABEL, "Operation cancelled"))
         self.leave_lock_window()
 
+    def test_the_main_window_comes_back_where_it_was_put(self):
+        self.house.start_simulator()
+        self.start()
+        self.light("Ready")
+        for corner in ((40, 70), (330, 160)):
+            before = self.program.place(TITLE)
+            self.program.move(TITLE, *corner)
+            wait_for("the window is moved", lambda: self.program.place(TITLE) not in (None, before))
+            place = self.program.place(TITLE)
+            for _ in range(2):
+                self.program.press("Program locks")
+                wait_for("the main window goes", lambda: self.program.find(BUTTON, "Program locks") is None)
+                self.program.press("Back")
+                self.program.wait(BUTTON, "Program locks")
+                wait_for("the main window stands still", lambda: self.program.window(TITLE))
+                self.assertEqual(self.program.place(TITLE), place)
+
     def test_survives_an_adapter_pulled_out_in_the_middle_of_a_run(self):
         self.house.start_simulator("--fault", "unplug@8")
         self.start()
