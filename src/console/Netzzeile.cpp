@@ -113,7 +113,7 @@ Netzzeile::~Netzzeile() {
     program_.F91.Hinweis.Text.Changed = {};
     program_.Adapter.Suche_Zeigen = {};
     if (program_.F91.Fenster.Visible) {
-        program_.F91.Command1_Click();
+        program_.F91.F91_Schliessen();
     }
 }
 

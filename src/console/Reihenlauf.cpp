@@ -39,7 +39,7 @@ Reihenlauf::~Reihenlauf() {
     if (program_.kern.Welt.OnPortChange) {
         program_.kern.Welt.OnPortChange(nullptr);
     }
-    program_.F91.Command1_Click();
+    program_.F91.F91_Schliessen();
     if (program_.kern.Welt.Port.IsOpen()) {
         program_.kern.Welt.Port.SetRts(false);
         program_.kern.Welt.Port.Close();

@@ -21,7 +21,7 @@ Schlosslauf::Schlosslauf(Programm& program, const LaufAuftrag& order, Fortschrit
 
 Schlosslauf::~Schlosslauf() {
     program_.kern.Welt.ShowMessage = shownBefore_;
-    program_.F13.Toolbar1_ButtonClick(u8"Zurück"_w);
+    program_.F13.F13_Schliessen();
     if (program_.kern.Welt.Port.IsOpen()) {
         program_.kern.Welt.Port.SetRts(false);
         program_.kern.Welt.Port.Close();

@@ -16,4 +16,9 @@ Verlassen Verlassen_Fragen(const Kern& kern, std::string_view title) {
     return Verlassen::Bleiben;
 }
 
+bool Verlust_Hinnehmen(const Kern& kern, std::string_view question, std::string_view title) {
+    constexpr int no = 2;
+    return kern.Meldung(question, Buttons::YesNo, Icon::Question, title, no) == Answer::Yes;
+}
+
 } // namespace qvm

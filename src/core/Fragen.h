@@ -16,4 +16,7 @@ enum class Verlassen {
 /// What becomes of the changes of a window that is being left.
 Verlassen Verlassen_Fragen(const Kern& kern, std::string_view title);
 
+/// A question whose Yes loses something: Return alone says No, as closing the question does. True for Yes.
+bool Verlust_Hinnehmen(const Kern& kern, std::string_view question, std::string_view title = SystemTitle);
+
 } // namespace qvm

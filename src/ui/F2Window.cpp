@@ -56,6 +56,7 @@ F2Window::F2Window(F2& model) : f2_(model) {
         card_->showReason();
     });
     setWords();
+    card_->setFocus();
     layout()->setSizeConstraint(QLayout::SetFixedSize);
     const auto close = [this] { f2_.Beenden(); };
     bind(f2_.Fenster, this, QStringLiteral("F2"), {.onClose = close, .onEscape = {}});

@@ -42,6 +42,8 @@ void F8Window::makeOptions() {
             option->setAccessibleName(toQt(model.Text()));
         });
         watch(model.Checked, option, [&model, option] {
+            // Tab goes to the chosen one, the arrow keys to the others.
+            option->setFocusPolicy(model.Checked ? Qt::StrongFocus : Qt::ClickFocus);
             if (model.Checked) {
                 option->setChecked(true);
             }

@@ -27,7 +27,8 @@ F91Window::F91Window(F91& f91, QWidget* parent)
     makeButtons();
     setMinimumSize(520, 340);
     grid_->setFocus();
-    finish({.onClose = [this] { leave(); }, .onEscape = {}});
+    // Escape leaves a list; it does not stop one whose row is under way.
+    finish({.onClose = [this] { leave(); }, .onEscape = [this] { f91_.Command1_Click(); }});
 }
 
 F91Window::~F91Window() {

@@ -24,7 +24,7 @@ F92Window::F92Window(F92& f92, QWidget* parent)
     content()->setSpacing(12);
     makeHead();
     makeChoice();
-    makeButton();
+    makeButtons();
     layout()->setSizeConstraint(QLayout::SetFixedSize);
     const auto close = [this] { f92_.Schliessen_Click(); };
     finish({.onClose = close, .onEscape = close}, false);
@@ -91,14 +91,23 @@ QListWidget* F92Window::addList(QHBoxLayout* row, ListBox& model, const char* na
     return list;
 }
 
-void F92Window::makeButton() {
+/// No key presses OK from elsewhere: the window comes with the present time in it, and a second Return behind the
+/// question before it would start the list.
+void F92Window::makeButtons() {
     auto* ok = new QPushButton(this);
     bind(f92_.OK, ok, QStringLiteral("F92.OK"), [this] { f92_.OK_Click(); });
+    auto* cancel = new QPushButton(this);
+    bind(f92_.Abbrechen, cancel, QStringLiteral("F92.Abbrechen"), [this] { f92_.Schliessen_Click(); });
     auto* row = new QHBoxLayout;
     row->addStretch();
     row->addWidget(ok);
+    row->addWidget(cancel);
     content()->addLayout(row);
-    setDefaultButton(ok);
+}
+
+void F92Window::showEvent(QShowEvent* event) {
+    WindowBase::showEvent(event);
+    month_->setFocus(Qt::OtherFocusReason);
 }
 
 } // namespace qvm::ui

@@ -22,10 +22,13 @@ public:
 
     void setWords() override;
 
+protected:
+    void showEvent(QShowEvent* event) override;
+
 private:
     void makeHead();
     void makeChoice();
-    void makeButton();
+    void makeButtons();
     QListWidget* addList(QHBoxLayout* row, ListBox& model, const char* name, const char* caption,
                          std::function<void(int)> choose);
 

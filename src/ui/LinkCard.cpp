@@ -43,6 +43,9 @@ LinkCard::LinkCard(F2& model, QWidget* parent)
     font.setPointSizeF(font.pointSizeF() * 1.15);
     font.setBold(true);
     state_->setFont(font);
+    // The keyboard rests here when the program starts: no key does anything to it, and its words are spoken.
+    state_->setFocusPolicy(Qt::TabFocus);
+    setFocusProxy(state_);
     auto* picture = new QLabel(this);
     f2_.Picture1.Id = AdapterPicture::Present;
     bind(f2_.Picture1, picture, QStringLiteral("F2.Picture1"), PictureSet::Adapter, AdapterSize);

@@ -229,6 +229,30 @@ class Desktop(unittest.TestCase):
         self.assertIsNotNone(self.program.find(LABEL, "Operation cancelled"))
         self.leave_lock_window()
 
+    def test_asks_before_marks_are_lost_and_goes_back_at_escape(self):
+        self.open_locks()
+        key("Down", "space")
+        self.program.wait(LABEL, "1 marked")
+        key("Escape")
+        self.program.wait(LABEL, r"Marked locks: 1\. If you leave the window, the marks are lost\. .*")
+        key("Escape")
+        wait_for("the grid has the keyboard", lambda: self.program.focused_name() == "Locks")
+        self.program.wait(LABEL, "1 marked")
+        self.program.press("Back")
+        self.program.wait(LABEL, "Marked locks: 1.*")
+        self.program.press("Yes")
+        self.program.wait(BUTTON, "Program locks")
+
+    def test_begins_with_the_keyboard_where_return_and_space_do_nothing(self):
+        self.start()
+        self.light("Not connected")
+        wait_for("the state has the keyboard", lambda: self.program.focused_name() == "Not connected")
+        key("Return", "space", "Escape")
+        self.tab_to("Exit program")
+        self.assertIsNone(self.process.poll())
+        key("Return")
+        self.expect_ended()
+
     def test_the_main_window_comes_back_where_it_was_put(self):
         self.house.start_simulator()
         self.start()

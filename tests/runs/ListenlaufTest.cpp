@@ -279,6 +279,7 @@ TEST_F(List_Run, closing_between_two_rows_ends_the_list) {
     BeginList();
     Prog({1, 2});
     world.RunUntil([this] { return RowAt(1).first == ">>"; });
+    world.Answers.push_back({.Text = "*", .Reply = Answer::Yes});
     programm->F91.Command1_Click();
     EXPECT_FALSE(programm->F91.Fenster.Visible);
     EXPECT_FALSE(programm->F9.Fenster.Visible);

@@ -93,6 +93,21 @@ TEST_F(F15_Window, offers_the_four_languages_with_the_one_in_use_selected) {
     EXPECT_EQ(list->currentRow(), 2);
 }
 
+TEST_F(F15_Window, is_entered_at_the_language_in_use_again_behind_a_choice_that_was_cancelled) {
+    Open("Francais");
+    auto* list = windows->f15.findChild<QListWidget*>(QStringLiteral("F15.Sprachen"));
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Up, Qt::Key_Home}) {
+        programm->F2.F2_Sprache_Click();
+        Settle();
+        EXPECT_EQ(windows->f15.focusWidget(), list);
+        EXPECT_EQ(list->currentRow(), 2);
+        EXPECT_EQ(list->selectedItems(), QList<QListWidgetItem*>{list->item(2)});
+        QTest::keyClick(list, key);
+        EXPECT_NE(list->currentRow(), 2);
+        QTest::keyClick(list, Qt::Key_Escape);
+    }
+}
+
 TEST_F(F15_Window, leaves_everything_as_it_was_when_cancelled) {
     Open();
     programm->F2.F2_Sprache_Click();

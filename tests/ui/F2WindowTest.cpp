@@ -132,6 +132,23 @@ TEST_F(F2_Window, opens_the_lock_window_by_its_key_and_goes) {
     programm->F2.Timer2.Stop();
 }
 
+TEST_F(F2_Window, begins_with_the_keyboard_where_return_and_space_do_nothing) {
+    Open();
+    Connected();
+    FillHooks();
+    int ends = 0;
+    programm->F2.Hooks.Ende = [&ends] { ++ends; };
+    auto* state = Find<QLabel>("F2.State");
+    EXPECT_EQ(windows->f2.focusWidget(), state);
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space, Qt::Key_Escape}) {
+        QTest::keyClick(state, key);
+    }
+    EXPECT_EQ(ends, 0);
+    EXPECT_TRUE(windows->f2.isVisible());
+    EXPECT_TRUE(windows->f2.isEnabled());
+    EXPECT_TRUE(opened.empty());
+}
+
 TEST_F(F2_Window, opens_the_lock_window_by_keyboard_alone) {
     Open();
     Connected();
@@ -295,7 +312,8 @@ TEST_F(F2_Window, is_walked_with_tab_and_names_every_control) {
     EXPECT_EQ(tabOrder(&windows->f2),
               (QStringList{QStringLiteral("F2.Toolbar1.Ende"), QStringLiteral("F2.Toolbar1.EYE"),
                            QStringLiteral("F2.Toolbar1.636I259"), QStringLiteral("F2.Toolbar1.Schaltuhr"),
-                           QStringLiteral("F2.Toolbar1.Neu"), QStringLiteral("F2.Toolbar1.PROG")}));
+                           QStringLiteral("F2.Toolbar1.Neu"), QStringLiteral("F2.Toolbar1.PROG"),
+                           QStringLiteral("F2.State")}));
     EXPECT_EQ(unnamedControls(&windows->f2), QStringList());
 }
 

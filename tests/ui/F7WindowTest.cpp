@@ -229,6 +229,27 @@ TEST_F(F7_Window, gives_the_keyboard_to_the_hits_and_f3_leads_from_one_to_the_ne
     EXPECT_EQ(Hits()->accessibleDescription(), Hits()->toolTip());
 }
 
+TEST_F(F7_Window, the_choice_of_the_search_is_entered_at_the_chosen_one) {
+    Open();
+    OpenSearch();
+    for (const int chosen : {3, 2}) {
+        Option(chosen)->click();
+        for (const auto& [start, key] : {std::pair<QWidget*, Qt::Key>{Wanted(), Qt::Key_Backtab},
+                                         {search->findChild<QWidget*>(QStringLiteral("F8.Command1")), Qt::Key_Tab}}) {
+            QWidget* at = start;
+            at->setFocus();
+            for (int steps = 0; steps < 5 && qobject_cast<QRadioButton*>(at) == nullptr; ++steps) {
+                QTest::keyClick(at, key, key == Qt::Key_Backtab ? Qt::ShiftModifier : Qt::NoModifier);
+                at = search->focusWidget();
+            }
+            EXPECT_EQ(at, Option(chosen));
+        }
+    }
+    QTest::keyClick(Option(2), Qt::Key_Left);
+    EXPECT_EQ(search->focusWidget(), Option(1));
+    EXPECT_TRUE(programm->F8.Option[0].Checked);
+}
+
 TEST_F(F7_Window, searches_for_parts_of_a_text_by_keyboard) {
     Open();
     OpenSearch();

@@ -166,9 +166,21 @@ TEST_F(F91_Window, does_not_jump_when_things_come_and_go) {
 
 TEST_F(F91_Window, the_frame_closes_a_list_that_is_not_under_way) {
     Open();
+    world.Answers.push_back({.Text = "*", .Reply = Answer::Yes});
     window->close();
     EXPECT_FALSE(window->isVisible());
     EXPECT_FALSE(programm->F91.Laeuft());
+}
+
+TEST_F(F91_Window, escape_leaves_a_list_that_waits_only_after_a_question) {
+    Open();
+    world.Answers.push_back({.Text = "*", .Reply = Answer::Cancel});
+    QTest::keyClick(grid, Qt::Key_Escape);
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_TRUE(programm->F91.Laeuft());
+    world.Answers.push_back({.Text = "*", .Reply = Answer::Yes});
+    QTest::keyClick(grid, Qt::Key_Escape);
+    EXPECT_FALSE(window->isVisible());
 }
 
 TEST_F(F91_Window, names_its_controls_and_is_walked_with_tab) {
@@ -247,6 +259,32 @@ TEST_F(F92_Window, return_takes_the_time_and_the_list_waits) {
     EXPECT_FALSE(time->isVisible());
     EXPECT_TRUE(programm->F91.Timer3.Running());
     EXPECT_TRUE(programm->F91.Laeuft());
+}
+
+TEST_F(F92_Window, opens_with_the_keyboard_on_the_month_and_no_key_there_starts_the_list) {
+    OpenTime();
+    auto* month = time->findChild<ui::MonthView*>();
+    ASSERT_NE(time->focusWidget(), nullptr);
+    EXPECT_TRUE(month->isAncestorOf(time->focusWidget()));
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
+        QTest::keyClick(time->focusWidget(), key);
+        QTest::keyClick(List("F92.Stunden"), key);
+        EXPECT_TRUE(time->isVisible());
+    }
+    auto* ok = time->findChild<QPushButton*>(QStringLiteral("F92.OK"));
+    ok->setFocus();
+    QTest::keyClick(ok, Qt::Key_Return);
+    EXPECT_FALSE(time->isVisible());
+    EXPECT_TRUE(programm->F91.Laeuft());
+}
+
+TEST_F(F92_Window, cancel_gives_the_list_up) {
+    OpenTime();
+    auto* cancel = time->findChild<QPushButton*>(QStringLiteral("F92.Abbrechen"));
+    EXPECT_EQ(cancel->accessibleName(), QStringLiteral("Abbrechen"));
+    cancel->click();
+    EXPECT_FALSE(time->isVisible());
+    EXPECT_FALSE(programm->F91.Laeuft());
 }
 
 TEST_F(F92_Window, escape_gives_the_list_up) {

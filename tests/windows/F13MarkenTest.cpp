@@ -23,6 +23,10 @@ struct F13_Marken : FensterFixture {
         }
         return rows;
     }
+    /// A message in the program's own words, UTF-8.
+    void ExpectOwn(std::string_view text, Answer answer) {
+        world.Answers.push_back({.Text = AusUtf8(text), .Reply = answer});
+    }
     void SelectRows(int first, int last) {
         Window().Auswahl.Go(first, F13Column::Name);
         Window().Auswahl.Extend(last, F13Column::Name);
@@ -133,6 +137,33 @@ TEST_F(F13_Marken, a_started_run_takes_its_mark_out_of_the_count) {
 }
 
 // ---- behind a list
+
+TEST_F(F13_Marken, zurueck_asks_before_marks_are_lost_and_return_alone_says_no) {
+    SelectRows(1, 3);
+    Window().Auswahl_Markieren();
+    for (const Answer stay : {Answer::No, Answer::Cancel}) {
+        ExpectOwn("Markierte Schlösser: 3. Wenn Sie das Fenster verlassen, gehen die Markierungen verloren. Trotzdem "
+                  "verlassen?",
+                  stay);
+        Window().Toolbar1_ButtonClick(u8"Zurück"_w);
+        EXPECT_EQ(world.Shown.back().Choice, Buttons::YesNo);
+        EXPECT_EQ(world.Shown.back().DefaultButton, 2);
+        EXPECT_TRUE(Window().Fenster.Visible);
+        EXPECT_EQ(Marked(), "1 2 3 ");
+    }
+    world.Answers.push_back({.Text = "*", .Reply = Answer::Yes});
+    Window().Toolbar1_ButtonClick(u8"Zurück"_w);
+    EXPECT_FALSE(Window().Fenster.Visible);
+}
+
+TEST_F(F13_Marken, zurueck_without_marks_asks_nothing) {
+    Window().Auswahl.Go(2, F13Column::Name);
+    Window().Auswahl_Markieren();
+    Window().Auswahl_Markieren();
+    Window().Toolbar1_ButtonClick(u8"Zurück"_w);
+    EXPECT_FALSE(Window().Fenster.Visible);
+    EXPECT_THAT(world.Shown, IsEmpty());
+}
 
 struct F13_Gescheiterte : F13_Marken {
     /// A list of the locks 1 to 3 and 5, ended with these marks.

@@ -1,6 +1,7 @@
 // The run list: its rows, words, buttons, label, and the steps that need no device.
 
 #include "FensterFixture.h"
+#include "Text.h"
 
 namespace qvm::test {
 namespace {
@@ -126,6 +127,57 @@ TEST_F(F91_Fenster, a_row_with_history_searches_no_channel) {
     EXPECT_EQ(Lauf().ReadHistoryFirst, 1);
     EXPECT_EQ(Lauf().HistoryOnly, 0);
     EXPECT_EQ(Lauf().NetMode, 0xFF);
+}
+
+TEST_F(F91_Fenster, close_asks_while_something_of_the_list_is_still_to_come) {
+    Open({1, 2});
+    for (const Answer stay : {Answer::No, Answer::Cancel}) {
+        world.Answers.push_back(
+            {.Text = AusUtf8("Die Liste ist noch nicht abgearbeitet. Wenn Sie das Fenster verlassen, "
+                             "werden die übrigen Schlösser nicht mehr bearbeitet. Trotzdem "
+                             "verlassen?"),
+             .Reply = stay});
+        List().Command1_Click();
+        EXPECT_EQ(world.Shown.back().Choice, Buttons::YesNo);
+        EXPECT_EQ(world.Shown.back().DefaultButton, 2);
+        EXPECT_TRUE(List().Fenster.Visible);
+        EXPECT_TRUE(List().Laeuft());
+    }
+    world.Answers.push_back({.Text = "*", .Reply = Answer::Yes});
+    List().Command1_Click();
+    EXPECT_FALSE(List().Fenster.Visible);
+    EXPECT_FALSE(List().Laeuft());
+    EXPECT_THAT(SentCodes(), IsEmpty());
+}
+
+TEST_F(F91_Fenster, begins_no_row_while_it_is_asked_whether_to_leave) {
+    Open({1, 2});
+    world.Answers.push_back({.Text = "*", .Reply = Answer::No, .AfterMs = 60000});
+    List().Command1_Click();
+    EXPECT_THAT(SentCodes(), IsEmpty());
+    EXPECT_EQ(Mark(1), "");
+    EXPECT_TRUE(world.RunUntil([this] { return List().Arbeit() == F91::Work::Direct; }, 5000));
+}
+
+TEST_F(F91_Fenster, a_list_whose_hour_comes_during_the_question_waits_for_the_answer) {
+    Open({1}, Answer::No, Answer::Yes);
+    programm->F92.Zeit_Waehlen(10, 31);
+    programm->F92.OK_Click();
+    world.RunFor(20000);
+    ASSERT_TRUE(List().RestLabel.Visible);
+    world.Answers.push_back({.Text = "*", .Reply = Answer::Yes, .AfterMs = 600000});
+    List().Command1_Click();
+    EXPECT_FALSE(List().Fenster.Visible);
+    EXPECT_THAT(SentCodes(), IsEmpty());
+}
+
+TEST_F(F91_Fenster, close_behind_the_end_of_a_list_asks_nothing) {
+    Open({1});
+    List().Command2_Click();
+    world.Shown.clear();
+    List().Command1_Click();
+    EXPECT_FALSE(List().Fenster.Visible);
+    EXPECT_THAT(world.Shown, IsEmpty());
 }
 
 TEST_F(F91_Fenster, passes_over_a_row_whose_adapter_is_unknown_after_a_second) {
@@ -306,6 +358,7 @@ TEST_F(F91_Fenster, closing_goes_back_to_the_main_window_with_an_empty_list) {
     Open({1});
     bool back = false;
     programm->F2_Zeigen = [&] { back = true; };
+    world.Answers.push_back({.Text = "*", .Reply = Answer::Yes});
     List().Command1_Click();
     EXPECT_TRUE(back);
     EXPECT_FALSE(List().Fenster.Visible);

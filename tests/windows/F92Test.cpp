@@ -25,6 +25,7 @@ TEST_F(F92_Fenster, offers_24_hours_and_60_minutes_preset_to_now) {
     EXPECT_EQ(Time().Minuten.Selected, 30);
     EXPECT_EQ(Time().Kopf.Text(), "10:30 / 05.03.2026");
     EXPECT_EQ(Time().OK.Text(), "L84");
+    EXPECT_EQ(Time().Abbrechen.Text(), "L83");
     EXPECT_TRUE(Time().Fenster.Visible);
 }
 

@@ -237,13 +237,19 @@ void F13::Code_Aendern(int row) {
     Rufen(F17_Oeffnen);
 }
 
+void F13::F13_Schliessen() {
+    Timer1.Stop();
+    Timer2.Stop();
+    Aufrufer = 0;
+    Fenster.Visible = false;
+    Rufen(Hauptfenster_Zeigen);
+}
+
 void F13::Toolbar1_ButtonClick(std::string_view key) {
     if (key == u8"Zurück"_w) {
-        Timer1.Stop();
-        Timer2.Stop();
-        Aufrufer = 0;
-        Fenster.Visible = false;
-        Rufen(Hauptfenster_Zeigen);
+        if (Marken_Hinnehmen()) {
+            F13_Schliessen();
+        }
     } else if (key == "Prog.") {
         Liste(false);
     } else if (key == "SaveHistory") {

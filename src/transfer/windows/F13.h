@@ -89,8 +89,10 @@ struct F13 {
     void Marke_Setzen(int row, bool on);
     /// The start dialog was left without a start: the window is free again, and what a list key had taken is marked.
     void F11_Verlassen();
-    /// "Zurück", "Prog." or "SaveHistory".
+    /// "Zurück", which asks first while locks are marked, "Prog." or "SaveHistory".
     void Toolbar1_ButtonClick(std::string_view key);
+    /// The window goes, with its marks, and the main window comes back.
+    void F13_Schliessen();
     void Datum_Uhrzeit_akt(int row);
     /// The files that a run of the lock in this row rests on and that cannot be relied on.
     std::vector<FileTrouble> Dateien_Pruefen(int row) const;
@@ -104,7 +106,10 @@ private:
     bool Markierbar(int row) const;
     bool Markiert(int row) const;
     void Marke_Umschalten(int row);
+    std::vector<int> Markierte_Zeilen() const;
     void Marken_Zaehlen();
+    /// True when there are no marks to lose, or the operator wants to lose them.
+    bool Marken_Hinnehmen() const;
     void Liste(bool historyOnly);
     void Liste_Uebernehmen(const std::vector<int>& rows);
     std::vector<int> Gescheiterte_Zeilen() const;

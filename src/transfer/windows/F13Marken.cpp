@@ -1,6 +1,7 @@
 // Marks, and the two keys that make a list of them.
 
 #include "F13.h"
+#include "Fragen.h"
 #include "Text.h"
 #include "Words.h"
 
@@ -30,16 +31,28 @@ void F13::Marke_Umschalten(int row) {
     }
 }
 
-void F13::Marken_Zaehlen() {
-    int marked = 0;
-    int hidden = 0;
+std::vector<int> F13::Markierte_Zeilen() const {
+    std::vector<int> rows;
     for (int row = 1; row < FGK13.Rows(); ++row) {
-        marked += Markiert(row) ? 1 : 0;
-        hidden += Markiert(row) && !Filter.Shows(row) ? 1 : 0;
+        if (Markiert(row)) {
+            rows.push_back(row);
+        }
     }
-    Markenzahl.Text = marked == 0   ? std::string()
-                      : hidden == 0 ? Wort(kern, Word::MarkedCount, {Ziffern(marked)})
-                                    : Wort(kern, Word::MarkedHidden, {Ziffern(marked), Ziffern(hidden)});
+    return rows;
+}
+
+void F13::Marken_Zaehlen() {
+    const std::vector<int> rows = Markierte_Zeilen();
+    const auto hidden = std::count_if(rows.begin(), rows.end(), [this](int row) { return !Filter.Shows(row); });
+    const std::string marked = Ziffern(static_cast<int>(rows.size()));
+    Markenzahl.Text = rows.empty()  ? std::string()
+                      : hidden == 0 ? Wort(kern, Word::MarkedCount, {marked})
+                                    : Wort(kern, Word::MarkedHidden, {marked, Ziffern(static_cast<int>(hidden))});
+}
+
+bool F13::Marken_Hinnehmen() const {
+    const std::size_t marked = Markierte_Zeilen().size();
+    return marked == 0 || Verlust_Hinnehmen(kern, Wort(kern, Word::LeaveMarks, {Ziffern(static_cast<int>(marked))}));
 }
 
 void F13::Auswahl_Markieren() {
@@ -70,12 +83,7 @@ void F13::Command1_Click() {
 }
 
 void F13::Liste(bool historyOnly) {
-    std::vector<int> rows;
-    for (int row = 1; row < FGK13.Rows(); ++row) {
-        if (Markiert(row)) {
-            rows.push_back(row);
-        }
-    }
+    const std::vector<int> rows = Markierte_Zeilen();
     if (rows.empty()) {
         kern.Meldung(Wort(kern, Word::NothingMarked, {FGK13.Text(0, F13Column::Mark)}), Buttons::Ok, Icon::Exclamation,
                      kern.Zeile(90));

@@ -2,6 +2,7 @@
 
 #include "AdapterScan.h"
 #include "F91Takt.h"
+#include "Fragen.h"
 #include "Text.h"
 #include "Words.h"
 
@@ -29,15 +30,20 @@ F91::F91(Programmierlauf& programmierlauf, Netzlauf& network, F9& progress, Adap
     Balken.Maximum = BarMaximum;
     Uhren_Zeigen(false);
     Knoepfe_Setzen();
-    Timer1.Ticked = [this] { Tick_Timer1(); };
-    Timer2.Ticked = [this] { StatusLabel.Visible = !StatusLabel.Visible(); };
-    Timer3.Ticked = [this] { Tick_Timer3(); };
-    Pruefung.Ticked = [this] { Tick_Pruefung(); };
-    Adaptersuche.Ticked = [this] { Tick_Adaptersuche(); };
-    Nachlauf.Ticked = [this] {
-        Nachlauf.Stop();
-        ProgQvmUnits(run.link.Lauf.RunRow);
+    // While the operator is asked whether to leave it, the list waits for the answer.
+    const auto step = [this](void (F91::*tick)()) {
+        return [this, tick] {
+            if (!asking_) {
+                (this->*tick)();
+            }
+        };
     };
+    Timer1.Ticked = step(&F91::Tick_Timer1);
+    Timer2.Ticked = [this] { StatusLabel.Visible = !StatusLabel.Visible(); };
+    Timer3.Ticked = step(&F91::Tick_Timer3);
+    Pruefung.Ticked = step(&F91::Tick_Pruefung);
+    Adaptersuche.Ticked = [this] { Tick_Adaptersuche(); };
+    Nachlauf.Ticked = step(&F91::Tick_Nachlauf);
 }
 
 void F91::Liste_Leeren() {
@@ -129,7 +135,24 @@ void F91::Einzelnes_Schloss_Starten(const Grid& lockGrid, int gridRow, const Ada
     }
 }
 
+void F91::Tick_Nachlauf() {
+    Nachlauf.Stop();
+    ProgQvmUnits(run.link.Lauf.RunRow);
+}
+
 void F91::Command1_Click() {
+    if (work_ != Work::None || asking_) {
+        return;
+    }
+    asking_ = true;
+    const bool leave = !running_ || Verlust_Hinnehmen(kern, Wort(kern, Word::LeaveList));
+    asking_ = false;
+    if (leave) {
+        F91_Schliessen();
+    }
+}
+
+void F91::F91_Schliessen() {
     if (work_ != Work::None) {
         return;
     }

@@ -110,8 +110,11 @@ struct F91 {
     void F91_FormLaden(bool delayed);
     /// Words from the catalogue anew; the texts of rows stay.
     void Texte_Setzen();
-    /// Close: not while a row is under way.
+    /// Close: not while a row is under way, and with a question while something of the list is still to come; until it
+    /// is answered no row begins.
     void Command1_Click();
+    /// The same without a question.
+    void F91_Schliessen();
     /// Stop: nothing follows. A network row is given up, a direct one still comes to its end.
     void Command2_Click();
     /// A row that nobody answers: it fails, and the list goes on. Does nothing while no row is under way.
@@ -162,6 +165,7 @@ private:
     void Tick_Timer1();
     void Tick_Timer3();
     void Tick_Pruefung();
+    void Tick_Nachlauf();
     void Restzeit();
     void Naechster_Datensatz();
     void Zeilen_Pruefen(Check check);
@@ -211,6 +215,7 @@ private:
 
     Work work_ = Work::None;
     bool running_ = false;
+    bool asking_ = false;      ///< whether to leave the list
     bool stopped_ = false;     ///< the row under way is the last one
     bool told_ = false;        ///< the rows' messages were shown
     bool filesAsked_ = false;  ///< the operator was asked about the files of the only row

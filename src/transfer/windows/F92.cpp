@@ -44,6 +44,7 @@ void F92::F92_Laden() {
 void F92::Texte_Setzen() {
     Fenster.Title = Fenstertitel(Wort(kern, Word::DelayedStart));
     OK.Text = kern.Zeile(84);
+    Abbrechen.Text = kern.Zeile(83);
     Kopf.Text = Startzeit_Text(Zeitpunkt());
 }
 

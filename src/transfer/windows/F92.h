@@ -24,6 +24,7 @@ struct F92 {
     ListBox Minuten; ///< 60 minutes
     Datum Tag;       ///< the day that the month view shows as chosen
     Button OK;
+    Button Abbrechen;
 
     std::function<void(const DateTime& start)> Gewaehlt;
     std::function<void()> Verworfen;     ///< closed without a choice
@@ -39,7 +40,7 @@ struct F92 {
     /// Hour 0 to 23 and minute 0 to 59; others change nothing.
     void Zeit_Waehlen(int hour, int minute);
     void OK_Click();
-    /// The frame's close button.
+    /// Cancel, and the frame's close button: no time is chosen.
     void Schliessen_Click();
 
 private:
