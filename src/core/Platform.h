@@ -103,6 +103,9 @@ struct Platform {
     SerialPort Port;
     /// Numbers of the ports that can hold an adapter, in the system's order.
     std::function<std::vector<int>()> AdapterPorts;
+    /// The device behind a port number, for the operator to read: "/dev/ttyUSB0". UTF-8, empty for a number that can
+    /// have none. The function is empty where the system itself goes by these numbers.
+    std::function<std::string(int number)> PortDevice = {};
     /// Who hears of serial ports that come and go, from inside ProcessEvents. One receiver; a new one replaces it. What
     /// happens within a moment is reported as at most one removal, then one arrival. One call is finished before the
     /// next begins, unless the receiver itself runs ProcessEvents.

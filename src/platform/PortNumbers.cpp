@@ -1,13 +1,17 @@
 #include "PortNumbers.h"
 
+#include "FilePath.h"
+
 #include <QSerialPortInfo>
 
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
+#include <filesystem>
 #include <set>
 #include <string_view>
 #include <sys/stat.h>
+#include <system_error>
 #include <utility>
 
 namespace qvm {
@@ -96,6 +100,20 @@ std::string PortNumbers::Device(int number) const {
         return *device_;
     }
     return LinkThere(Link(number)) ? Link(number) : "/dev/" + std::string(UsbDevice) + std::to_string(number - 1);
+}
+
+std::string PortNumbers::Describe(int number) const {
+    const std::string device = Device(number);
+    if (device_ || device.empty() || device != Link(number)) {
+        return device;
+    }
+    std::string target = FilePath_Ziel(device);
+    if (target == device) { // nothing is there yet
+        std::error_code noLink;
+        target = std::filesystem::read_symlink(device, noLink).string();
+    }
+    const std::string name = device.substr(directory_.size());
+    return target.empty() ? name : name + " -> " + target;
 }
 
 std::vector<int> PortNumbers::Adapters(const std::vector<SerialDevice>& devices) const {

@@ -32,6 +32,8 @@ public:
     /// The device behind a number from 1 to 255, whether it is there or not. Empty for other numbers, and for all but
     /// 1 when the device was given by name.
     std::string Device(int number) const;
+    /// The same for an operator: a link with what it leads to, "com3 -> /dev/ttyUSB0"; without its directory.
+    std::string Describe(int number) const;
     /// Numbers of the ports that can hold an adapter, ascending: links that lead to something, and those of `devices`
     /// with the adapter's USB identity.
     std::vector<int> Adapters(const std::vector<SerialDevice>& devices) const;

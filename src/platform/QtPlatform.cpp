@@ -98,6 +98,7 @@ void QtPlatform::Services::FillPort() {
     };
     World.OnPortChange = [this](std::function<void(PortChange)> receiver) { Changes.OnChange(std::move(receiver)); };
     World.AdapterPorts = [this] { return Numbers.Adapters(SerialDevices()); };
+    World.PortDevice = [this](int number) { return Numbers.Describe(number); };
 }
 
 bool QtPlatform::Services::OpenPort(int number) {

@@ -66,6 +66,24 @@ TEST_F(PortNumbers_Device, a_device_given_by_name_is_number_1_whatever_links_the
     EXPECT_EQ(named.Device(2), "");
 }
 
+TEST_F(PortNumbers_Device, is_described_by_its_path_and_a_link_by_what_it_leads_to) {
+    Link("com2", "/dev/null");
+    Link("com3", "com2");
+    Link("com4", "/dev/no-such-device");
+    EXPECT_EQ(Numbers.Describe(1), "/dev/ttyUSB0");
+    EXPECT_EQ(Numbers.Describe(2), "com2 -> /dev/null");
+    EXPECT_EQ(Numbers.Describe(3), "com3 -> /dev/null");
+    EXPECT_EQ(Numbers.Describe(4), "com4 -> /dev/no-such-device");
+    EXPECT_EQ(Numbers.Describe(0), "");
+    EXPECT_EQ(Numbers.Describe(256), "");
+}
+
+TEST_F(PortNumbers_Device, given_by_name_is_described_by_that) {
+    const PortNumbers named(Directory.Path(), "/dev/serial/adapter");
+    EXPECT_EQ(named.Describe(1), "/dev/serial/adapter");
+    EXPECT_EQ(named.Describe(2), "");
+}
+
 TEST_F(PortNumbers_Adapters, nothing_there_gives_none) {
     EXPECT_EQ(Numbers.Adapters(None), std::vector<int>{});
 }

@@ -37,6 +37,18 @@ TEST_F(F6_Fenster, offers_sixteen_ports_with_the_configured_one_selected) {
     EXPECT_EQ(Adapters().Combo1.Selected(), 0);
 }
 
+TEST_F(F6_Fenster, names_the_device_behind_each_number_where_the_system_has_no_com_ports) {
+    world.World.PortDevice = [](int number) {
+        return number == 3 ? std::string("com3 -> /dev/pts/4") : "/dev/ttyUSB" + std::to_string(number - 1);
+    };
+    Open();
+    ASSERT_EQ(Adapters().Combo1.Entries().size(), 16U);
+    EXPECT_EQ(Adapters().Combo1.Entries()[0], "1: /dev/ttyUSB0");
+    EXPECT_EQ(Adapters().Combo1.Entries()[2], "3: com3 -> /dev/pts/4");
+    EXPECT_EQ(Adapters().Combo1.Entries()[15], "16: /dev/ttyUSB15");
+    EXPECT_EQ(Adapters().Combo1.Selected(), 4);
+}
+
 TEST_F(F6_Fenster, opens_the_port_anew) {
     Open();
     EXPECT_TRUE(world.PortOpen);

@@ -5,6 +5,7 @@
 #include "AdapterWorte.h"
 #include "AutoRegister.h"
 #include "Fragen.h"
+#include "Portname.h"
 #include "Record.h"
 #include "Words.h"
 
@@ -78,7 +79,8 @@ F6::F6(Link& serialLink, AdapterListe& adapters) : link(serialLink), kern(serial
 void F6::F6_Laden() {
     std::vector<std::string> entries;
     for (int port = 1; port <= Ports; ++port) {
-        entries.push_back("Prolific USB-to-Serial Comm Port ( COM" + Ziffern(port) + " )");
+        entries.push_back(kern.Welt.PortDevice ? Portname(kern.Welt, port)
+                                               : "Prolific USB-to-Serial Comm Port ( COM" + Ziffern(port) + " )");
     }
     Combo1.Entries = std::move(entries);
     const int port = kern.Config.PortNummer;
