@@ -103,6 +103,16 @@ struct ToolButton {
     Observed<std::string> Tip{};
     Observed<bool> Enabled{true};
     Observed<bool> Visible{true};
+    Observed<std::string> Warum{}; ///< why it does nothing at present; empty: it acts
+};
+
+/// A fact under its caption, which may lead to a window.
+struct Fact {
+    Observed<std::string> Caption;
+    Observed<std::string> Text;
+    Observed<std::string> Tip;   ///< what stands behind the text; may be empty
+    Observed<std::string> Warum; ///< as that of a ToolButton
+    Observed<bool> Leads{false}; ///< a click opens a window
 };
 
 /// What every window has. Geometry is the front end's affair.

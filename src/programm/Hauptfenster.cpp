@@ -1,5 +1,6 @@
 // What leads from the main window to the others and back.
 
+#include "Bestandslese.h"
 #include "Programm.h"
 
 #include <utility>
@@ -14,6 +15,9 @@ void Programm::Hauptfenster_Verbinden() {
     F2.Hooks.F13_Oeffnen = [this] { F13.F13_FormLaden(); };
     F2.Hooks.F14_Oeffnen = [this] { F14.F14_Laden(); };
     F2.Hooks.F15_Oeffnen = [this] { F15.F15_Laden(); };
+    F2.Hooks.Bestand_Lesen = [this] { return Bestand_Lesen(kern); };
+    F2.Hooks.Historien_Lesen = [this] { return Historien_Liste(kern); };
+    F2.Hooks.Historie_Oeffnen = [this](const std::string& path) { F7.F7_Oeffnen(path); };
     F2.Hooks.F9_Schliessen = [this] {
         F9.Stille.Stop();
         F9.Fenster.Visible = false;

@@ -62,6 +62,13 @@ void bindDisplay(CheckBox& model, QCheckBox* widget, const QString& name);
 /// accessible name. Reached with Tab, pressed with space or Return. Object name: the bar's name, a point, the key.
 QToolButton* addToolButton(ToolButton& model, QToolBar* bar, std::function<void(std::string_view key)> onClick);
 
+/// Return presses the button as space does.
+void pressByReturn(QToolButton* button);
+/// A button that does nothing at present, and why: it is drawn as disabled and keeps the keyboard, which would jump
+/// away from a disabled one. An empty reason: it acts.
+void setWaiting(QToolButton* button, const QString& why);
+bool isWaiting(const QWidget* widget);
+
 /// What the user can do to a window as a whole. An empty handler ignores it.
 struct WindowHandlers {
     std::function<void()> onClose;  ///< the frame's close button; the window itself stays as it is

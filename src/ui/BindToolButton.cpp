@@ -57,7 +57,23 @@ public:
     }
 };
 
+constexpr const char* WaitingProperty = "waiting";
+
 } // namespace
+
+void pressByReturn(QToolButton* button) {
+    button->installEventFilter(new ReturnPresses(button));
+}
+
+void setWaiting(QToolButton* button, const QString& why) {
+    button->setProperty(WaitingProperty, !why.isEmpty());
+    button->setAccessibleDescription(why);
+    button->update();
+}
+
+bool isWaiting(const QWidget* widget) {
+    return widget != nullptr && widget->property(WaitingProperty).toBool();
+}
 
 QToolButton* addToolButton(ToolButton& model, QToolBar* bar, std::function<void(std::string_view)> onClick) {
     const QString name = bar->objectName() + QLatin1Char('.') + toQt(model.Key);
@@ -66,15 +82,21 @@ QToolButton* addToolButton(ToolButton& model, QToolBar* bar, std::function<void(
     auto* button = static_cast<QToolButton*>(bar->widgetForAction(action));
     nameWidget(button, name);
     button->setFocusPolicy(Qt::TabFocus);
-    button->installEventFilter(new ReturnPresses(button));
-    watch(model.Tip, action, [&model, bar, action, button] {
+    pressByReturn(button);
+    const auto showTip = [&model, action, button] {
         const QString tip = toQt(model.Tip());
+        const QString why = toQt(model.Warum());
+        action->setToolTip(why.isEmpty() ? tip : tip + QLatin1Char('\n') + why);
+        button->setAccessibleName(tip);
+        setWaiting(button, why);
+    };
+    watch(model.Tip, action, [&model, bar, action, showTip] {
         action->setText(captionOf(model.Tip()));
         action->setIconText(inTwoLines(captionOf(model.Tip())));
-        action->setToolTip(tip);
-        button->setAccessibleName(tip);
+        showTip();
         alignCaptions(*bar);
     });
+    watch(model.Warum, action, showTip);
     watch(model.Enabled, action, [&model, action] { action->setEnabled(model.Enabled); });
     watch(model.Visible, action, [&model, action] { action->setVisible(model.Visible); });
     QObject::connect(action, &QAction::triggered, action, [&model, click = std::move(onClick)] {

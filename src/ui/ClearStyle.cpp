@@ -1,5 +1,6 @@
 #include "ClearStyle.h"
 
+#include "Bind.h"
 #include "Theme.h"
 
 #include <QPainter>
@@ -32,6 +33,19 @@ void ClearStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
         painter->drawEllipse(edge);
     }
     painter->restore();
+}
+
+void ClearStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                                    const QWidget* widget) const {
+    const auto* button = qstyleoption_cast<const QStyleOptionToolButton*>(option);
+    if (control != CC_ToolButton || button == nullptr || !isWaiting(widget)) {
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
+        return;
+    }
+    QStyleOptionToolButton resting(*button);
+    resting.state &= ~(State_Enabled | State_MouseOver | State_Sunken | State_Raised);
+    resting.palette.setCurrentColorGroup(QPalette::Disabled);
+    QProxyStyle::drawComplexControl(control, &resting, painter, widget);
 }
 
 QIcon ClearStyle::standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const {

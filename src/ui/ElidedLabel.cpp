@@ -19,6 +19,11 @@ void ElidedLabel::setFullText(const QString& text) {
     fit();
 }
 
+void ElidedLabel::setTip(const QString& tip) {
+    tip_ = tip;
+    fit();
+}
+
 void ElidedLabel::resizeEvent(QResizeEvent* event) {
     QLabel::resizeEvent(event);
     fit();
@@ -34,7 +39,7 @@ void ElidedLabel::changeEvent(QEvent* event) {
 void ElidedLabel::fit() {
     const QString shown = fontMetrics().elidedText(text_, Qt::ElideRight, contentsRect().width());
     setText(shown);
-    setToolTip(shown == text_ ? QString() : text_);
+    setToolTip(!tip_.isEmpty() || shown == text_ ? tip_ : text_);
 }
 
 } // namespace qvm::ui

@@ -11,6 +11,8 @@ public:
     explicit ElidedLabel(QWidget* parent = nullptr);
 
     void setFullText(const QString& text);
+    /// A tool tip of its own, whether the text fits or not; empty: none.
+    void setTip(const QString& tip);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -20,6 +22,7 @@ private:
     void fit();
 
     QString text_;
+    QString tip_;
 };
 
 } // namespace qvm::ui

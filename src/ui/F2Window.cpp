@@ -6,6 +6,7 @@
 #include "LabelDrawing.h"
 #include "LinkCard.h"
 #include "Mnemonics.h"
+#include "OverviewCard.h"
 #include "TextEdge.h"
 #include "Theme.h"
 #include "Worte.h"
@@ -51,8 +52,13 @@ F2Window::F2Window(F2& model) : f2_(model) {
     setCentralWidget(makePage());
     makeStatusBar();
     watch(f2_.Label1.ForeColor, this, [this] { card_->showLight(); });
-    watch(f2_.Meldezeile.Text, this, [this] {
-        reason_->setFullText(toQt(f2_.Meldezeile.Text()));
+    const auto showLine = [this] {
+        const std::string& search = f2_.Suchzeile.Text;
+        reason_->setFullText(toQt(search.empty() ? f2_.Meldezeile.Text() : search));
+    };
+    watch(f2_.Suchzeile.Text, this, showLine);
+    watch(f2_.Meldezeile.Text, this, [this, showLine] {
+        showLine();
         card_->showReason();
     });
     setWords();
@@ -68,6 +74,7 @@ void F2Window::makeMenus() {
     bind(f2_.F2_Datei, file->menuAction(), QStringLiteral("F2.F2_Datei"), {});
     addEntry(file, f2_.F2_Schnittstelle, "F2_Schnittstelle", [this] { f2_.F2_Schnittstelle_Click(); });
     addEntry(file, f2_.F2_Sprache, "F2_Sprache", [this] { f2_.F2_Sprache_Click(); });
+    addHistories(file);
     file->addSeparator();
     QAction* quit = addEntry(file, f2_.F2_Ende, "F2_Ende", [this] { f2_.F2_Ende_Click(); });
     quit->setShortcut(Qt::CTRL | Qt::Key_Q);
@@ -79,6 +86,19 @@ void F2Window::makeMenus() {
     uniqueMnemonics(menuBar());
     uniqueMnemonics(file);
     uniqueMnemonics(help);
+}
+
+void F2Window::addHistories(QMenu* menu) {
+    histories_ = menu->addSection(QString());
+    histories_->setVisible(false);
+    for (std::size_t n = 0; n < f2_.Historien.size(); ++n) {
+        const std::string name = "Historie" + std::to_string(n + 1);
+        addEntry(menu, f2_.Historien[n], name.c_str(), [this, n] { f2_.Historie_Click(n); });
+    }
+    connect(menu, &QMenu::aboutToShow, this, [this] {
+        f2_.Historien_Lesen();
+        histories_->setVisible(!f2_.Historien.front().Text().empty());
+    });
 }
 
 void F2Window::makePopups() {
@@ -134,6 +154,7 @@ QWidget* F2Window::makePage() {
     brand->addWidget(picture);
     brand->addLayout(texts, 1);
     rows->addLayout(brand);
+    rows->addWidget(new OverviewCard(f2_, page));
     rows->addLayout(makeLinkRow());
     return page;
 }
@@ -168,6 +189,7 @@ void F2Window::setWords() {
     const std::string& language = f2_.kern.Config.Sprache;
     version_->setText(toQt(Wort(f2_.kern, VersionLine, "Version")) + QLatin1Char(' ') + toQt(ProgrammVersion));
     bar_->setAccessibleName(word(Word::KeyBar, language));
+    histories_->setText(word(Word::LatestHistories, language));
     card_->showLight();
 }
 

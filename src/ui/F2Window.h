@@ -6,6 +6,7 @@
 
 #include <string_view>
 
+class QAction;
 class QLabel;
 class QMenu;
 class QToolBar;
@@ -30,6 +31,7 @@ public:
 
 private:
     void makeMenus();
+    void addHistories(QMenu* menu);
     void makePopups();
     void makeToolBar();
     QWidget* makePage();
@@ -44,6 +46,7 @@ private:
     QLabel* version_ = nullptr;
     LinkCard* card_ = nullptr;
     ElidedLabel* reason_ = nullptr;
+    QAction* histories_ = nullptr; ///< the heading over them
 };
 
 } // namespace qvm::ui

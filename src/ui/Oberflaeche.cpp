@@ -120,6 +120,7 @@ Oberflaeche::~Oberflaeche() {
     hooks.Kalender_Menue = {};
     hooks.Schaltuhr_Menue = {};
     hooks.Ende = {};
+    hooks.Historie_Oeffnen = [&program = programm_](const std::string& path) { program.F7.F7_Oeffnen(path); };
     programm_.F7_Oeffnen = {};
     for (auto& [hook, before] : replaced_) {
         *hook = std::move(before);
@@ -135,6 +136,10 @@ void Oberflaeche::connectMainWindow() {
     for (std::function<void()>* hook : {&hooks.F6_Oeffnen, &hooks.F7_Oeffnen, &hooks.F13_Oeffnen, &hooks.F14_Oeffnen}) {
         keepPlace(*hook);
     }
+    hooks.Historie_Oeffnen = [this](const std::string& path) {
+        place_ = f2.pos();
+        programm_.F7.F7_Oeffnen(path);
+    };
     programm_.F7_Oeffnen = [this](const std::string& path) { programm_.F7.F7_Oeffnen(path); };
     programm_.F2.Tasten_Freigeben();
 }

@@ -253,6 +253,33 @@ class Desktop(unittest.TestCase):
         key("Return")
         self.expect_ended()
 
+    def test_opens_one_of_the_latest_histories_without_an_adapter(self):
+        os.makedirs(self.house.place + "HIST", exist_ok=True)
+        for name in ("H_20260104_083000_Tor.HST", "H_20251231_120000_Keller.HST"):
+            with open(self.house.place + "HIST/" + name, "wb") as file:
+                file.write(b"00.0A.10.01\r\nAnna\t04.01.2026\t08:12\tCode\r\n")
+        self.start()
+        self.light("Not connected")
+        key("alt+f")
+        self.program.wait(MENU_ENTRY, "1 +Tor, 04.01.2026 08:30")
+        key("2")
+        self.program.wait(LABEL, ".*H_20251231_120000_Keller.HST.*")
+        key("Escape")
+        self.light("Not connected")
+
+    def test_a_fact_of_the_main_window_leads_to_the_window_behind_it(self):
+        self.house.start_simulator()
+        self.start()
+        self.light("Ready")
+        self.program.wait(BUTTON, "Locks: 2")
+        self.program.press(r"Port: 1: com1 -> /dev/pts/[0-9]+")
+        self.program.press("Back")
+        wait_for("the port window goes", lambda: self.program.find(BUTTON, "Save") is None)
+        self.program.press("Radio channel: 5")
+        self.program.wait(BUTTON, "Save")
+        self.program.press("Back")
+        wait_for("the channel window goes", lambda: self.program.find(BUTTON, "Save") is None)
+
     def test_the_main_window_comes_back_where_it_was_put(self):
         self.house.start_simulator()
         self.start()

@@ -72,7 +72,9 @@ TEST_F(F2_Window, has_the_menus_in_the_language_in_use) {
     Open("Nederlands");
     QStringList texts;
     for (const QAction* entry : Find<QMenu>("F2.Datei")->actions()) {
-        texts += entry->isSeparator() ? QStringLiteral("-") : entry->text().remove(QLatin1Char('&'));
+        if (entry->isVisible()) {
+            texts += entry->isSeparator() ? QStringLiteral("-") : entry->text().remove(QLatin1Char('&'));
+        }
     }
     EXPECT_EQ(texts, (QStringList{QStringLiteral("Interface"), QStringLiteral("Taal"), QStringLiteral("-"),
                                   QStringLiteral("Afsluiten")}));
@@ -313,7 +315,9 @@ TEST_F(F2_Window, is_walked_with_tab_and_names_every_control) {
               (QStringList{QStringLiteral("F2.Toolbar1.Ende"), QStringLiteral("F2.Toolbar1.EYE"),
                            QStringLiteral("F2.Toolbar1.636I259"), QStringLiteral("F2.Toolbar1.Schaltuhr"),
                            QStringLiteral("F2.Toolbar1.Neu"), QStringLiteral("F2.Toolbar1.PROG"),
-                           QStringLiteral("F2.State")}));
+                           QStringLiteral("F2.Uebersicht.Adapter"), QStringLiteral("F2.Uebersicht.Anschluss"),
+                           QStringLiteral("F2.Uebersicht.Schloesser"), QStringLiteral("F2.Uebersicht.Funkkanal"),
+                           QStringLiteral("F2.Uebersicht.Kanalwechsel"), QStringLiteral("F2.State")}));
     EXPECT_EQ(unnamedControls(&windows->f2), QStringList());
 }
 

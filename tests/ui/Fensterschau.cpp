@@ -76,8 +76,13 @@ void Fensterschau::mainWindow() {
     take(windows_->f2, "F2-red");
     f2.Label1.ForeColor = Lampe::Gelb;
     f2.Meldezeile.Text = std::string();
+    f2.Warten_Zeigen(true);
     take(windows_->f2, "F2-yellow");
+    f2.Warten_Zeigen(false);
     f2.Label1.ForeColor = Lampe::Gruen;
+    adapters();
+    programm_->Adapter.ProgAdresse = "/46/108/1/2";
+    f2.Uebersicht_Lesen();
     f2.Verbunden = 1;
     f2.AdapterVersion = 12;
     f2.Label7.Visible = true;

@@ -14,6 +14,8 @@ namespace {
 /// Milliseconds of Timer2: at the first open, once the port is ready, between two scans, after a key found no adapter.
 constexpr int FirstInterval = 1000, ReadyInterval = 200, ScanInterval = 40000, KeyInterval = 30000;
 constexpr int GuardInterval = 2000;
+/// A search that is over sooner is not told: at each supervision of a good adapter the keys would flicker.
+constexpr int PatienceInterval = 300;
 /// How often, and how many milliseconds apart, a port is tried again that may only be out of reach for a moment. Behind
 /// these tries it is looked for as often as an adapter is.
 constexpr int RetryInterval = 2000, FastRetries = 30;
@@ -43,9 +45,11 @@ void Anschluss_Schliessen(const Kern& kern) {
 
 F2::F2(Link& serialLink, AdapterListe& adapters)
     : link(serialLink), kern(serialLink.kern), Adapter(adapters), Timer1(kern.Welt, GuardInterval),
-      Timer2(kern.Welt, FirstInterval), Wiederholung(kern.Welt, RetryInterval) {
+      Timer2(kern.Welt, FirstInterval), Suchanzeige(kern.Welt, PatienceInterval),
+      Wiederholung(kern.Welt, RetryInterval) {
     Timer1.Ticked = [this] { Timer1_Timer(); };
     Timer2.Ticked = [this] { Timer2_Timer(); };
+    Suchanzeige.Ticked = [this] { Warten_Zeigen(true); };
     Wiederholung.Ticked = [this] { Wiederholung_Timer(); };
     Label1.ForeColor = Lampe::Rot;
     Picture1.Id = AdapterPictureId;
@@ -71,6 +75,7 @@ void F2::F2_Laden() {
     Timer2.Stop();
     Timer2.SetInterval(FirstInterval);
     Rufen(Hooks.Lauf_Timer_Anhalten);
+    Uebersicht_Lesen();
     Fenster.Visible = true;
     Fenster.Enabled = true;
     if (geladen_) {
@@ -92,6 +97,7 @@ void F2::F2_Zeigen() {
         return;
     }
     ++rueckkehr_;
+    Uebersicht_Lesen();
     Fenster.Visible = true;
     Fenster.Enabled = true;
     if (Label1.ForeColor == Lampe::Rot && kern.Welt.Port.IsOpen() && !Lauf_Aktiv()) {
@@ -113,7 +119,7 @@ void F2::Timer2_Timer() {
     if (ScanLaeuft != 0 || Lauf_Aktiv()) {
         return; // it ticks on and finds the line free one day
     }
-    ScanLaeuft = 1;
+    Suche_Beginnt();
     Timer2.Stop();
     Timer2.SetInterval(ScanInterval);
     Verbunden = 0;
@@ -134,7 +140,7 @@ void F2::Nachsuchen() {
     Timer2.Stop();
     Timer2.SetInterval(KeyInterval);
     if (Label1.ForeColor == Lampe::Gruen) {
-        ScanLaeuft = 1;
+        Suche_Beginnt();
         Port_Neu(link);
         Suchen();
         Scan_Fertig();
@@ -146,6 +152,8 @@ void F2::Nachsuchen() {
 
 void F2::Scan_Fertig() {
     ScanLaeuft = 0;
+    Warten_Zeigen(false);
+    Anschluss_Setzen();
     if (std::exchange(schnittstelleWartet_, false) && Da()) {
         F2_Schnittstelle_Click();
     }
@@ -217,6 +225,7 @@ void F2::Anschluss_Zeigen() {
     Verbunden = 0;
     Label1.ForeColor = open ? Lampe::Gelb : Lampe::Rot;
     Melden(Anschlussgrund());
+    Anschluss_Setzen();
     Timer2.Stop();
     if (!nachholen_) {
         Wiederholung.Stop();
@@ -242,6 +251,7 @@ void F2::Port_Verloren(Grund reason) {
     Label7.Visible = false;
     Picture1.Visible = false;
     Melden(reason);
+    Anschluss_Setzen();
 }
 
 void F2::Port_Geaendert(PortChange change) {
@@ -304,6 +314,7 @@ void F2::Beenden() {
     beendet_ = true;
     Timer1.Stop();
     Timer2.Stop();
+    Suchanzeige.Stop();
     Wiederholung.Stop();
     ++Adapter.Stand; // a scan under way ends with its present wait
     if (!Herunterfahren(kern)) {

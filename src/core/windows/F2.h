@@ -1,6 +1,7 @@
 #pragma once
 
 #include "AdapterListe.h"
+#include "Bestand.h"
 #include "Controls.h"
 #include "Link.h"
 #include "PortFault.h"
@@ -9,9 +10,12 @@
 #include "Timer.h"
 
 #include <array>
+#include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace qvm {
 
@@ -34,6 +38,9 @@ struct F2Hooks {
     std::function<void()> Lauf_Timer_Anhalten;             ///< the timers of a run, when F2 opens
     std::function<bool()> Listenzeile_Laeuft;              ///< a row of a list run holds the port
     std::function<void()> Anschluss_Geaendert;             ///< ports came or went: for an open list of locks
+    std::function<Bestand()> Bestand_Lesen;                ///< what the data files hold, read anew
+    std::function<std::vector<Historiendatei>()> Historien_Lesen;  ///< the latest histories, the newest first
+    std::function<void(const std::string& path)> Historie_Oeffnen; ///< F7 with this file; it hides F2 itself
 };
 
 /// Window F2, the frame of the program: menus, tool bar, link light, port arrival and removal, adapter supervision.
@@ -52,9 +59,18 @@ struct F2 {
     Label Label3, Label6; ///< successful connections and scans, hidden
     Label Label7;         ///< the adapter's name beside Picture1, shown while an adapter is known
     Picture Picture1;
+    /// Status bar: why the keys do nothing while a search takes its time; empty when they act. It stands before
+    /// Meldezeile.
+    Label Suchzeile;
     Label Meldezeile; ///< status bar: why the port is not open, empty when it is; also the light's tool tip
     MenuEntry F2_Datei, F2_Schnittstelle, F2_Sprache, F2_Ende, F2_Einzel, F2_Perm, F2_PersonB, F2_SchlossB,
         F2_Gasttimer, F2_Help, F2_Version;
+    std::array<MenuEntry, LetzteHistorien> Historien; ///< the latest histories; those without text are none
+
+    /// The facts that the window tells.
+    enum class Angabe : std::uint8_t { Adapter, Anschluss, Funkkanal, Personen, Schloesser, Kanalwechsel };
+    std::array<Fact, 6> Uebersicht; ///< by Angabe
+
     std::array<ToolButton, 13> Toolbar1{{{.Key = "Ende", .Number = 1},
                                          {.Key = "INFO", .Number = 3},
                                          {.Key = u8"Öffnen"_w, .Number = 5},
@@ -70,6 +86,7 @@ struct F2 {
                                          {.Key = "RfidCard", .Number = 25}}};
     Timer Timer1;       ///< reply guard; no step starts it
     Timer Timer2;       ///< adapter supervision
+    Timer Suchanzeige;  ///< one shot: the search under way takes so long that it is told
     Timer Wiederholung; ///< tries again a port that may be free or allowed in a moment, or one that a run held
 
     int Verbunden = 0;      ///< 1 when the adapter has answered and the tool bar is live
@@ -103,6 +120,19 @@ struct F2 {
     /// The manual in the language in use, by the program that the system has for it.
     void F2_Help_Click();
     void F2_Version_Click();
+    /// The entries of the latest histories anew: before their menu opens.
+    void Historien_Lesen();
+    /// Opens history `number` from 0 on, with an adapter or without.
+    void Historie_Click(std::size_t number);
+
+    Fact& Zeile(Angabe which) { return Uebersicht[static_cast<std::size_t>(which)]; }
+    /// Opens the window where a fact is changed, as its key or menu entry does.
+    void Angabe_Click(Angabe which);
+    /// The facts anew, with the data files read: whenever the window comes into sight.
+    void Uebersicht_Lesen();
+
+    /// The keys say why they do nothing while a search takes its time, or act again.
+    void Warten_Zeigen(bool on);
 
     /// Device events. A run under way keeps its port: what has to be done is done when the run has ended.
     void Port_Geaendert(PortChange change);
@@ -123,7 +153,12 @@ private:
     bool Taste_Belegt(std::string_view key) const;
     void Taste_Ausfuehren(const Taste& key);
     void Oeffnen(const std::function<void()>& hook, bool stopTimer, Weiter then);
+    void Uebersicht_Setzen();
+    void Anschluss_Setzen();
+    void Anzahl_Setzen(Angabe which, const Anzahl& number);
+    void Angaben_Freigeben();
     void Nachsuchen();
+    void Suche_Beginnt();
     void Suchen();
     void Scan_Fertig();
     void Port_Bereiten();
@@ -154,6 +189,8 @@ private:
     std::string fehlertext_; ///< the same in the words of the port
     int versuche_ = 0;       ///< of Wiederholung
     int rueckkehr_ = 0;      ///< how often F2 came back
+    Bestand bestand_;        ///< as it was read last
+    std::vector<Historiendatei> historien_;
 };
 
 /// Configuration saved, port closed, request-to-send off. False when the configuration was not saved.

@@ -80,6 +80,7 @@ void F2::Tasten_Freigeben() {
     F2_PersonB.Enabled = static_cast<bool>(Hooks.F4_Oeffnen);
     F2_SchlossB.Enabled = static_cast<bool>(Hooks.F41_Oeffnen);
     F2_Gasttimer.Enabled = static_cast<bool>(Hooks.F42_Oeffnen);
+    Angaben_Freigeben();
 }
 
 void F2::Toolbar1_ButtonClick(std::string_view key) {

@@ -70,6 +70,8 @@ void F2::Texte_Setzen() {
         }
     }
     Meldezeile_Setzen();
+    Uebersicht_Setzen();
+    Warten_Zeigen(!Suchzeile.Text().empty());
 }
 
 /// A fixed port that comes back is not opened by itself: the adapter window does it.
