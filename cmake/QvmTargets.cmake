@@ -25,9 +25,9 @@ if(QVM_FUZZ)
 endif()
 
 # qvm_unoptimised(<target>)
-# For what no fuzzer runs: with sanitizers it compiles in half the time without optimisation, and runs fast enough.
+# For what takes longer to optimise than its tests to run: in a debug build it is left as it is.
 function(qvm_unoptimised target)
-  if(QVM_FUZZ)
+  if(CMAKE_BUILD_TYPE STREQUAL "Debug")
     target_compile_options(${target} PRIVATE -O0)
   endif()
 endfunction()
@@ -88,7 +88,8 @@ endfunction()
 
 # qvm_test(<folder> [QT] [SLICES <count>] [DEPS <target>...] [HEADERS <header>...])
 # The tests of tests/<folder> as one program test_<folder>, linked to what that folder may use and no more. QT: its
-# libraries bring definitions of Qt along, so that it cannot share the compiled headers. SLICES: so many runs that may
+# libraries bring definitions of Qt along, so that such programs share compiled headers among themselves only, and with
+# HEADERS, what they include everywhere besides, not even that. SLICES: so many runs that may
 # go on at a time, each with its share of the tests; a run for every single test spent most of its time on starting.
 function(qvm_test folder)
   cmake_parse_arguments(PARSE_ARGV 1 arg "QT" "SLICES" "DEPS;HEADERS")
@@ -99,10 +100,16 @@ function(qvm_test folder)
   add_executable(test_${folder} ${sources})
   target_link_libraries(test_${folder} PRIVATE ${arg_DEPS} test_support GTest::gtest_main)
   qvm_test_options(test_${folder})
-  if(arg_QT)
-    target_precompile_headers(test_${folder} PRIVATE ${QVM_TEST_HEADERS} ${arg_HEADERS})
-  else()
+  get_property(qtTest GLOBAL PROPERTY QVM_QT_TEST)
+  if(NOT arg_QT)
     target_precompile_headers(test_${folder} REUSE_FROM test_support)
+  elseif(arg_HEADERS)
+    target_precompile_headers(test_${folder} PRIVATE ${QVM_TEST_HEADERS} ${arg_HEADERS})
+  elseif(qtTest)
+    target_precompile_headers(test_${folder} REUSE_FROM ${qtTest})
+  else()
+    target_precompile_headers(test_${folder} PRIVATE ${QVM_TEST_HEADERS})
+    set_property(GLOBAL PROPERTY QVM_QT_TEST test_${folder})
   endif()
   if(NOT arg_SLICES)
     set(arg_SLICES 1)

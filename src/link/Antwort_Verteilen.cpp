@@ -45,13 +45,13 @@ bool Unit_Angenommen(const Link& l) {
 bool Kanalwechsel(const Link& l) {
     return l.Lauf.LaufZiel == "F22";
 }
-bool Suchlauf(const Link& l) {
+bool Units_Gesucht(const Link& l) {
     return l.Lauf.SuchLauf != 0;
 }
-bool Suche_Angenommen(const Link& l) {
+bool Kanalsuche_Angenommen(const Link& l) {
     return l.Lauf.KanalSuche != 0 && Anmeldung_Angenommen(l);
 }
-bool Suche(const Link& l) {
+bool Kanal_Gesucht(const Link& l) {
     return l.Lauf.KanalSuche != 0;
 }
 /// Not for a lock whose events could not be kept: a second pass would erase it.
@@ -258,9 +258,9 @@ constexpr ReplyRow Replies[] = {
     {0x04, "unit block transfer", Blocktransfer, Unit_Datenstart},
     {0x04, "unit session, accepted", Unit_Angenommen, Unit_Angemeldet},
     {0x04, "unit session, refused", Unit_Sitzung, [](Link& l) { Rufen(l.Hooks.Unit_Abgelehnt); }},
-    {0x04, "units are searched by logins", Suchlauf, [](Link& l) { Rufen(l.Hooks.Suchlauf_Schritt); }},
-    {0x04, "channel search, accepted", Suche_Angenommen, Suche_Erfolgreich},
-    {0x04, "channel search, refused", Suche, Suche_Verweigert},
+    {0x04, "units are searched by logins", Units_Gesucht, [](Link& l) { Rufen(l.Hooks.Suchlauf_Schritt); }},
+    {0x04, "channel search, accepted", Kanalsuche_Angenommen, Suche_Erfolgreich},
+    {0x04, "channel search, refused", Kanal_Gesucht, Suche_Verweigert},
     {0x04, "accepted", Anmeldung_Angenommen, Angemeldet},
     {0x04, "refused", Immer, Anmeldung_Verweigert},
 
@@ -372,7 +372,7 @@ bool Datenstart_Antwort_Wartet(std::uint32_t serial) {
 // A cancel does not cut a session off: it is closed at the next frame, which is discarded.
 void Abbruch_Ausfuehren(Link& link) {
     Rufen(link.Hooks.Abbruch);
-    RxBuffer_Leeren(link, 65);
+    RxBuffer_Leeren(link, 65); // the code that is left is RpNeustart
     Port_Neu(link);
     link.Lauf.AbbruchWunsch = 0;
     TelTrennen_Senden(link);

@@ -76,10 +76,10 @@ void F2::Texte_Setzen() {
 
 /// A fixed port that comes back is not opened by itself: the adapter window does it.
 bool F2::Nur_Von_Hand() const {
-    using Kind = PortFault::Kind;
-    const Kind what = fehler_.What;
-    return !kern.Config.AdapterModus() &&
-           (what == Kind::NotThere || what == Kind::Broken || what == Kind::NotSerial || what == Kind::NoSuchNumber);
+    using Fault = PortFault::Kind;
+    const Fault what = fehler_.What;
+    return !kern.Config.AdapterModus() && (what == Fault::NotThere || what == Fault::Broken ||
+                                           what == Fault::NotSerial || what == Fault::NoSuchNumber);
 }
 
 void F2::Meldezeile_Setzen() {

@@ -1,0 +1,51 @@
+// Which header a file may include.
+
+#include "SourceFiles.h"
+
+#include <cstddef>
+#include <gtest/gtest.h>
+#include <map>
+#include <regex>
+#include <string>
+
+namespace qvm::test {
+namespace {
+
+TEST(Sources, every_folder_is_named_in_the_table_of_layers) {
+    for (const Source& source : All()) {
+        EXPECT_TRUE(FolderKnown(source.Folder)) << source.Path;
+    }
+}
+
+TEST(Sources, an_include_never_points_upwards) {
+    const auto sources = All();
+    std::map<std::string, std::string> folderOf;
+    for (const Source& source : sources) {
+        folderOf[source.Path.filename().string()] = source.Folder;
+    }
+    static const std::regex include(R"re(^\s*#include\s+"([^"]+)")re");
+    for (const Source& source : sources) {
+        for (std::size_t n = 0; n < source.Lines.size(); ++n) {
+            std::smatch match;
+            if (!std::regex_search(source.Lines[n], match, include)) {
+                continue;
+            }
+            const std::string name = match[1];
+            ASSERT_TRUE(folderOf.contains(name)) << At(source, n) << ": " << name;
+            const std::string& target = folderOf[name];
+            EXPECT_TRUE(MayInclude(source.Folder, target)) << At(source, n) << " includes " << name << " of " << target;
+        }
+    }
+}
+
+TEST(Sources, an_include_never_takes_in_a_source_file) {
+    static const std::regex include(R"re(#include\s+[<"].*\.cpp[>"])re");
+    for (const Source& source : All()) {
+        for (std::size_t n = 0; n < source.Lines.size(); ++n) {
+            EXPECT_FALSE(std::regex_search(source.Lines[n], include)) << At(source, n);
+        }
+    }
+}
+
+} // namespace
+} // namespace qvm::test

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace qvm::test {
+
+/// A file of src/, line by line.
+struct Source {
+    std::filesystem::path Path;
+    std::string Folder; ///< below src/
+    std::vector<std::string> Lines;
+
+    std::string Name() const { return Path.filename().string(); }
+};
+
+/// Whether the table of layers names the folder, and whether a file of `folder` may include a header of `target`.
+bool FolderKnown(const std::string& folder);
+bool MayInclude(const std::string& folder, const std::string& target);
+
+/// Every .cpp and .h file of src/.
+std::vector<Source> All();
+/// The line without a comment and without the inside of its literals.
+std::string Code(const std::string& line);
+/// Where a line stands, counted from 0, as an editor takes it.
+std::string At(const Source& source, std::size_t line);
+
+} // namespace qvm::test
