@@ -113,7 +113,7 @@ int Measure(int rounds) {
                               .ShowMessage = {},
                               .OpenFile = {},
                               .SaveFile = {},
-                              .ShellOpen = {},
+                              .OpenWithLinkedApp = {},
                               .BringToFront = {}});
     qvm::Platform& world = platform.World();
     if (!world.Port.Open(1)) {

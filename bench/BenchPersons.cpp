@@ -29,7 +29,7 @@ struct Installation {
         for (int row = 2; row <= 251; ++row) {
             Fill(row);
         }
-        F5_Speichern(kern, table, groups);
+        F5_Speichern(kern, table);
     }
 
     void Fill(int row) {
@@ -51,7 +51,7 @@ void LoadTheUserTable(benchmark::State& state) {
         state.PauseTiming();
         world.table.FGK4.ClearRows(0);
         state.ResumeTiming();
-        benchmark::DoNotOptimize(F5_TabelleLaden(world.kern, world.table, world.groups));
+        benchmark::DoNotOptimize(F5_TabelleLaden(world.kern, world.table));
     }
 }
 BENCHMARK(LoadTheUserTable)->Unit(benchmark::kMillisecond);
@@ -59,7 +59,7 @@ BENCHMARK(LoadTheUserTable)->Unit(benchmark::kMillisecond);
 void SaveTheUserTableToMemory(benchmark::State& state) {
     Installation world;
     for (auto _ : state) {
-        benchmark::DoNotOptimize(F5_Speichern(world.kern, world.table, world.groups));
+        benchmark::DoNotOptimize(F5_Speichern(world.kern, world.table));
     }
 }
 BENCHMARK(SaveTheUserTableToMemory)->Unit(benchmark::kMillisecond);
@@ -72,7 +72,7 @@ void SaveTheUserTableToDisk(benchmark::State& state) {
     world.kern.Welt.Files.MakeDirectory(world.kern.AppPath);
     world.kern.Welt.Files.MakeDirectory(world.kern.DatPfad());
     for (auto _ : state) {
-        if (!F5_Speichern(world.kern, world.table, world.groups)) {
+        if (!F5_Speichern(world.kern, world.table)) {
             state.SkipWithError("the table was not saved");
         }
     }

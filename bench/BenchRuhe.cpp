@@ -206,7 +206,7 @@ int Measure(const std::string& directory, int seconds) {
                               .ShowMessage = {},
                               .OpenFile = {},
                               .SaveFile = {},
-                              .ShellOpen = {},
+                              .OpenWithLinkedApp = {},
                               .BringToFront = {}});
     qvm::Platform& world = platform.World();
     world.OnPortChange([](qvm::PortChange) {});

@@ -42,7 +42,7 @@ Probewelt::Probewelt(const Platform& real) : Welt(real), disk_(real.Files) {
         return question ? Answer::No : Answer::Ok;
     };
     Welt.OpenFile = Welt.SaveFile = [](const FileDialog&) { return std::nullopt; };
-    Welt.ShellOpen = [](const std::string&, const std::string&) { return false; };
+    Welt.OpenWithLinkedApp = [](const std::string&, const std::string&) { return false; };
     Welt.ClaimInstance = [] { return true; };
     Welt.ClaimData = {};
 }
@@ -88,10 +88,10 @@ std::vector<std::string> Probewelt::Auflisten(const std::string& directory) cons
 
 void Probewelt::Dateien_Abschirmen(const FileStore& files) {
     Welt.Files = FileStore{
-        .Exists =
+        .Datei_Vorhanden =
             [this, &files](const std::string& path) {
                 const auto found = written_.find(path);
-                return found == written_.end() ? files.Exists(path) : found->second.has_value();
+                return found == written_.end() ? files.Datei_Vorhanden(path) : found->second.has_value();
             },
         .ReadAll = [this](const std::string& path, std::string& bytes) { return Lesen(path, bytes); },
         .Replace =

@@ -231,7 +231,7 @@ void Bericht_Uebernehmen(const Programm& program, bool historyOnly, bool history
     }
     for (std::size_t n = 0; n < report.Units.size(); ++n) {
         const ProgUnit& unit = program.Lauf.Daten.Units[n];
-        if (unit.Present) {
+        if (unit.UnitPresent) {
             result.Units.push_back({.Name = Anzeige_Aus_1252(unit.Name),
                                     .End = report.Units[n].End,
                                     .Note = Anzeige_Aus_1252(report.Units[n].Note),

@@ -31,7 +31,7 @@ enum class FileFault : std::uint8_t {
 /// Paths are as the platform takes them. No function throws.
 struct FileStore {
     /// True when a file of that name exists; any error counts as false.
-    std::function<bool(const std::string& path)> Exists;
+    std::function<bool(const std::string& path)> Datei_Vorhanden;
     /// The whole file in one read. `bytes` is empty unless the result is Ok. Only plain files are read: a pipe or a
     /// device would keep the program waiting.
     std::function<ReadStatus(const std::string& path, std::string& bytes)> ReadAll;

@@ -98,7 +98,7 @@ struct Platform {
     std::function<std::optional<std::string>(const FileDialog& dialog)> OpenFile;
     std::function<std::optional<std::string>(const FileDialog& dialog)> SaveFile;
     /// Opens a file or a web page with the program that the system has for it.
-    std::function<bool(const std::string& target, const std::string& directory)> ShellOpen;
+    std::function<bool(const std::string& target, const std::string& directory)> OpenWithLinkedApp;
 
     SerialPort Port;
     /// Numbers of the ports that can hold an adapter, in the system's order.

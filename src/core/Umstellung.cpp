@@ -48,7 +48,7 @@ bool Datei_Umstellen(Kern& kern, const Umstellung& step) {
     const std::string directory = kern.DatPfad();
     const std::string sourcePath = directory + std::string(step.Source.File);
     const std::string targetPath = directory + std::string(step.Target.File);
-    if (!files.Exists(sourcePath)) {
+    if (!files.Datei_Vorhanden(sourcePath)) {
         return true;
     }
     RecordFile source(step.Source);

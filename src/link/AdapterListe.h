@@ -48,6 +48,9 @@ struct AdapterListe {
     std::string ProgAdresse; ///< address text of the adapters that these ports lead to
     std::string EnrollmentAdresse;
 
+    int PortAnzahl() const { return static_cast<int>(PortListe.size()); }
+    int AdapterAnzahl() const { return static_cast<int>(Saetze.size()); }
+
     int Stand = 0;            ///< raised whenever the ports are determined anew: a search under way then ends
     bool SucheLaeuft = false; ///< a search is under way
 

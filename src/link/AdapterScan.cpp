@@ -210,7 +210,7 @@ bool Adapter_Suchen(Link& link, AdapterListe& list) {
         return false;
     }
     const Suchlauf running(link.kern.Welt, list);
-    const bool fixed = list.PortListe.empty();
+    const bool fixed = list.PortAnzahl() == 0;
     const int portBefore = link.PortNummer;
     Suche search{.link = link,
                  .list = list,
@@ -266,7 +266,7 @@ void Adapter_Umbenennen(AdapterListe& list, std::string_view address, std::strin
 }
 
 void Adapter_Bereithalten(Link& link, AdapterListe& list) {
-    if (list.ProgStationPort == 0 && list.Saetze.empty() && link.kern.Config.AdapterModus()) {
+    if (list.ProgStationPort == 0 && list.AdapterAnzahl() == 0 && link.kern.Config.AdapterModus()) {
         Adapter_Suchen(link, list);
     }
 }

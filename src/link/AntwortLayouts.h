@@ -7,6 +7,13 @@
 /// The bytes of each reply that the program reads. What else a device puts into a reply is not known.
 namespace qvm {
 
+/// What a cancel leaves of the frame at hand; nothing that comes from a device under this code is acted on.
+namespace RpNeustart {
+inline constexpr Layout Reply{
+    "RpNeustart", 0x00, 0x01, Build::Reply, {}, 0, "Stands in index 2 behind a cancel; from a device it does nothing."};
+static_assert(LayoutError(Reply) == -1);
+} // namespace RpNeustart
+
 namespace RpVerbunden {
 inline constexpr Field DeviceAddress{"address", 3, 4, Kind::Bytes}, Serial{"serial", 7, 4, Kind::Bytes};
 inline constexpr Field Status{"status", 14};

@@ -18,7 +18,7 @@ int Ports_Ermitteln(const Kern& kern, AdapterListe& list) {
             list.PortListe.push_back(port);
         }
     }
-    if (list.PortListe.empty()) {
+    if (list.PortAnzahl() == 0) {
         return KeinPort;
     }
     return list.PortListe.back() <= HighestPort ? list.PortListe.back() : PortAusserhalb;

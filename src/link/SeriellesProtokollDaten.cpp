@@ -120,9 +120,9 @@ bool TelBenutzerDaten_Senden(Link& link, const BenutzerDaten& data) {
 bool TelBenutzerZeitgruppen_Senden(Link& link, std::uint16_t slot, const std::array<std::uint8_t, 3>& masks) {
     Telegramm_Beginnen(link, TelBenutzerZeitgruppen::Telegram);
     Feld_Setzen(link, TelBenutzerZeitgruppen::UserSlot, slot);
-    Feld_Setzen(link, TelBenutzerZeitgruppen::Mask3, masks[2]);
-    Feld_Setzen(link, TelBenutzerZeitgruppen::Mask2, masks[1]);
-    Feld_Setzen(link, TelBenutzerZeitgruppen::Mask1, masks[0]);
+    Feld_Setzen(link, TelBenutzerZeitgruppen::TimerBits3, masks[2]);
+    Feld_Setzen(link, TelBenutzerZeitgruppen::TimerBits2, masks[1]);
+    Feld_Setzen(link, TelBenutzerZeitgruppen::TimerBits1, masks[0]);
     return Telegramm_Abschicken(link, TelBenutzerZeitgruppen::Telegram);
 }
 

@@ -26,13 +26,13 @@ constexpr std::array All{TelUnitTrennen::Telegram,       TelVerbinden::Telegram,
                          TelKarteLesen::Telegram,        TelFingerAnlernen::Telegram,  TelFingerAbfrage::Telegram,
                          TelUnitVerbinden::Telegram};
 
-constexpr std::array WithFields{RpVerbunden::Reply,        RpLeben::Reply,        RpLeben::Reply8,
-                                RpBenutzerSlot::Reply,     RpCodeErgebnis::Reply, RpHistorieSatz::Reply,
-                                RpBlockQuittung::Reply,    RpUnitGefunden::Reply, RpAdapterKennung::Reply,
-                                RpAdapterKennung::Reply6A, RpAblehnung::Reply,    RpAdapterDaten::Reply,
-                                RpAdapterName::Reply,      RpKarte::Reply,        RpKarteStart::Reply,
-                                RpKarteBlock::Reply,       RpEKey::Reply,         RpFingerStatus::Reply,
-                                RpFingerDaten::Reply,      RpFingerKennung::Reply};
+constexpr std::array WithFields{RpNeustart::Reply,       RpVerbunden::Reply,        RpLeben::Reply,
+                                RpLeben::Reply8,         RpBenutzerSlot::Reply,     RpCodeErgebnis::Reply,
+                                RpHistorieSatz::Reply,   RpBlockQuittung::Reply,    RpUnitGefunden::Reply,
+                                RpAdapterKennung::Reply, RpAdapterKennung::Reply6A, RpAblehnung::Reply,
+                                RpAdapterDaten::Reply,   RpAdapterName::Reply,      RpKarte::Reply,
+                                RpKarteStart::Reply,     RpKarteBlock::Reply,       RpEKey::Reply,
+                                RpFingerStatus::Reply,   RpFingerDaten::Reply,      RpFingerKennung::Reply};
 
 constexpr std::size_t ReplyCount = WithFields.size() + QuittungCodes.size();
 

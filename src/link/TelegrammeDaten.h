@@ -100,9 +100,9 @@ static_assert(LayoutError(Telegram) == -1);
 
 namespace TelBenutzerZeitgruppen {
 inline constexpr Field UserSlot{"user slot", 14, 2, Kind::Word};
-inline constexpr Field Mask3{"mask of slots 17 to 24", 16}, Mask2{"mask of slots 9 to 16", 17};
-inline constexpr Field Mask1{"mask of slots 1 to 8", 18};
-inline constexpr std::array Fields{UserSlot, Mask3, Mask2, Mask1};
+inline constexpr Field TimerBits3{"mask of slots 17 to 24", 16}, TimerBits2{"mask of slots 9 to 16", 17};
+inline constexpr Field TimerBits1{"mask of slots 1 to 8", 18};
+inline constexpr std::array Fields{UserSlot, TimerBits3, TimerBits2, TimerBits1};
 inline constexpr Layout Telegram{"TelBenutzerZeitgruppen", 0x37, 0x12, Build::Kopf, Fields};
 static_assert(LayoutError(Telegram) == -1);
 } // namespace TelBenutzerZeitgruppen

@@ -119,12 +119,12 @@ static_assert(NetzLayoutError(Layout) == -1);
 /// Record of a user with a code. What follows the function depends on the kind: 1 nothing.
 namespace NetzCodeBenutzer {
 inline constexpr NetzFeld Art{"kind: 1, 2 plain key, 3 long key", 0}, UserName{"user name", 1, 16, Kind::Text},
-    Code{"user code", 17, 5, Kind::UserCode}, Timer{"timer selector", 22}, Mask3{"mask of slots 17 to 24", 23},
-    Mask2{"mask of slots 9 to 16", 24}, Mask1{"mask of slots 1 to 8", 25}, Function{"weighting", 26};
+    Code{"user code", 17, 5, Kind::UserCode}, Timer{"timer selector", 22}, TimerBits3{"mask of slots 17 to 24", 23},
+    TimerBits2{"mask of slots 9 to 16", 24}, TimerBits1{"mask of slots 1 to 8", 25}, Function{"weighting", 26};
 inline constexpr NetzFeld PlainId{"identification", 27, 4, Kind::Secret},
     PlainData{"identification data", 31, 16, Kind::Secret}, PlainRest{"unused", 47, 17, Kind::Fixed, 0};
-inline constexpr std::array Plain{Art,   UserName, Code,    Timer,     Mask3,    Mask2,
-                                  Mask1, Function, PlainId, PlainData, PlainRest};
+inline constexpr std::array Plain{Art,        UserName, Code,    Timer,     TimerBits3, TimerBits2,
+                                  TimerBits1, Function, PlainId, PlainData, PlainRest};
 inline constexpr NetzLayout PlainLayout{"NetzCodeBenutzer", -1,    0,
                                         NetzRecord,         Plain, "Kinds 1 and 2; 27..46 are 0 with kind 1."};
 static_assert(NetzLayoutError(PlainLayout) == -1);
@@ -132,8 +132,8 @@ static_assert(NetzLayoutError(PlainLayout) == -1);
 inline constexpr NetzFeld LongGap{"unused", 27, 4, Kind::Fixed, 0}, LongGroup{"group digit", 31},
     LongId{"identification", 32, 10, Kind::Secret}, LongData{"identification data", 42, 16, Kind::Secret},
     LongRest{"unused", 58, 6, Kind::Fixed, 0};
-inline constexpr std::array Long{Art,      UserName, Code,      Timer,  Mask3,    Mask2,   Mask1,
-                                 Function, LongGap,  LongGroup, LongId, LongData, LongRest};
+inline constexpr std::array Long{Art,      UserName, Code,      Timer,  TimerBits3, TimerBits2, TimerBits1,
+                                 Function, LongGap,  LongGroup, LongId, LongData,   LongRest};
 inline constexpr NetzLayout LongLayout{"NetzCodeBenutzerLang",
                                        -1,
                                        0,
@@ -146,12 +146,12 @@ static_assert(NetzLayoutError(LongLayout) == -1);
 /// Record of a user with a fingerprint template.
 namespace NetzFingerBenutzer {
 inline constexpr NetzFeld Art{"kind", 0, 1, Kind::Fixed, 4}, UserName{"user name", 1, 16, Kind::Text},
-    Number{"finger number", 17, 2, Kind::Word}, Timer{"timer selector", 19}, Mask3{"mask of slots 17 to 24", 20},
-    Mask2{"mask of slots 9 to 16", 21}, Mask1{"mask of slots 1 to 8", 22}, Function{"weighting", 23},
+    Number{"finger number", 17, 2, Kind::Word}, Timer{"timer selector", 19}, TimerBits3{"mask of slots 17 to 24", 20},
+    TimerBits2{"mask of slots 9 to 16", 21}, TimerBits1{"mask of slots 1 to 8", 22}, Function{"weighting", 23},
     Premium{"premium flag", 24}, Template{"template bytes 70 to 98", 25, 29, Kind::Secret},
     Unused{"unused", 54, 10, Kind::Fixed, 0};
-inline constexpr std::array Fields{Art,   UserName, Number,  Timer,    Mask3, Mask2,
-                                   Mask1, Function, Premium, Template, Unused};
+inline constexpr std::array Fields{Art,        UserName, Number,  Timer,    TimerBits3, TimerBits2,
+                                   TimerBits1, Function, Premium, Template, Unused};
 inline constexpr NetzLayout Layout{"NetzFingerBenutzer", -1, 0, NetzRecord, Fields};
 static_assert(NetzLayoutError(Layout) == -1);
 inline constexpr int FirstTemplateByte = 70;

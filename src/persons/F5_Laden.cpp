@@ -1,5 +1,6 @@
 #include "F5_Laden.h"
 
+#include "GroupTable.h"
 #include "Kern.h"
 #include "LockRecords.h"
 #include "Record.h"
@@ -130,7 +131,7 @@ bool F5_SchloesserLaden(Kern& kern, UserTable& table) {
     return true;
 }
 
-bool F5_Laden(Kern& kern, UserTable& table, const GroupTable& groups) {
+bool F5_Laden(Kern& kern, UserTable& table) {
     RecordFile users(UserRecord::Record);
     const ReadStatus status = users.Laden(kern.Welt.Files, kern.DatPfad());
     if (status == ReadStatus::Error) {
@@ -141,7 +142,7 @@ bool F5_Laden(Kern& kern, UserTable& table, const GroupTable& groups) {
         return true;
     }
     for (int user = 1; user <= UserGrid::Users; ++user) {
-        Benutzer_Laden(table.FGK4, groups, UserGrid::RowOf(user), users.Record(user));
+        Benutzer_Laden(table.FGK4, table.GroupTablePerson, UserGrid::RowOf(user), users.Record(user));
     }
     return true;
 }
@@ -160,10 +161,10 @@ bool F5_KanalFarben(Kern& kern, UserTable& table) {
     return true;
 }
 
-bool F5_TabelleLaden(Kern& kern, UserTable& table, const GroupTable& groups) {
+bool F5_TabelleLaden(Kern& kern, UserTable& table) {
     table.LoadFailed = false;
     const bool locks = F5_SchloesserLaden(kern, table);
-    const bool users = F5_Laden(kern, table, groups);
+    const bool users = F5_Laden(kern, table);
     const bool colours = F5_KanalFarben(kern, table);
     return locks && users && colours;
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "GroupTable.h"
 #include "UserTable.h"
 
 #include <string_view>
@@ -11,7 +10,7 @@ struct Kern;
 
 /// Fills the table as the window does when it opens: lock names, then users, then the colours of the keys, which look
 /// at the users' keys. False when a file could not be read.
-bool F5_TabelleLaden(Kern& kern, UserTable& table, const GroupTable& groups);
+bool F5_TabelleLaden(Kern& kern, UserTable& table);
 
 /// Lock names of C64UX12H3D.EBW, upright, into row 0, and the length of the longest. A missing file has no names.
 /// False on a file error; the row stays as it was and the table is marked as failed.
@@ -20,7 +19,7 @@ bool F5_SchloesserLaden(Kern& kern, UserTable& table);
 /// Users of BX10X52WUJ9.UBW into rows 2 to 251. Nothing happens when the file is missing. A mark for a lock without a
 /// name is dropped, so the lock names must stand. A group identifier that no entry has shows as "-".
 /// False on a file error; the rows stay as they were and the table is marked as failed.
-bool F5_Laden(Kern& kern, UserTable& table, const GroupTable& groups);
+bool F5_Laden(Kern& kern, UserTable& table);
 
 /// Colours column 6 by RFCHANDIF12.RFX: red for an E-Key whose channel differs from the target channel. Transponders,
 /// and keys without a target channel, are never red. A missing file makes all black. False on a file error.

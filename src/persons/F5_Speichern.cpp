@@ -1,5 +1,6 @@
 #include "F5_Speichern.h"
 
+#include "GroupTable.h"
 #include "Kern.h"
 #include "Record.h"
 #include "Text.h"
@@ -72,7 +73,7 @@ bool F5_Pruefen(Kern& kern, const UserTable& table) {
     return true;
 }
 
-std::string F5_Satz(const UserTable& table, const GroupTable& groups, int row) {
+std::string F5_Satz(const UserTable& table, int row) {
     const Grid& grid = table.FGK4;
     std::string record;
     record.reserve(UserRecord::Record.Length);
@@ -80,7 +81,8 @@ std::string F5_Satz(const UserTable& table, const GroupTable& groups, int row) {
         Feld_Schreiben(record, field, RTrim(grid.Text(row, column)));
     };
     write(UserRecord::UserName, UserColumn::Name);
-    Feld_Schreiben(record, UserRecord::UserGroupId, Gruppenkennung(groups, Trim(grid.Text(row, UserColumn::Group))));
+    Feld_Schreiben(record, UserRecord::UserGroupId,
+                   Gruppenkennung(table.GroupTablePerson, Trim(grid.Text(row, UserColumn::Group))));
     write(UserRecord::UserRight, UserColumn::Right);
     write(UserRecord::UserCode, UserColumn::Code);
     write(UserRecord::KeyLabel, UserColumn::KeyLabel);
@@ -92,7 +94,7 @@ std::string F5_Satz(const UserTable& table, const GroupTable& groups, int row) {
     return record;
 }
 
-bool F5_Speichern(Kern& kern, UserTable& table, const GroupTable& groups) {
+bool F5_Speichern(Kern& kern, UserTable& table) {
     if (!F5_Pruefen(kern, table) || table.LoadFailed) {
         return false;
     }
@@ -101,7 +103,7 @@ bool F5_Speichern(Kern& kern, UserTable& table, const GroupTable& groups) {
         return false;
     }
     for (int user = 1; user <= UserGrid::Users; ++user) {
-        users.SetRecord(user, F5_Satz(table, groups, UserGrid::RowOf(user)));
+        users.SetRecord(user, F5_Satz(table, UserGrid::RowOf(user)));
     }
     if (!users.Speichern(kern.Welt.Files, kern.DatPfad())) {
         return false;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Grid.h"
+#include "GroupTable.h"
 
 namespace qvm {
 
@@ -43,8 +44,9 @@ inline constexpr Colour LockName = 0xC00000;
 /// The user table: the working copy of the whole file. Load fills it, save writes every row.
 struct UserTable {
     Grid FGK4{252, 210};
-    bool UserDirty = false;  ///< something is to be saved
-    int LongestLockName = 0; ///< characters
+    GroupTable GroupTablePerson{}; ///< the person timer groups: what column 2 offers, loads and saves
+    bool UserDirty = false;        ///< something is to be saved
+    int LongestLockName = 0;       ///< characters
     /// A load ended in a file error, so that the table lacks rows or marks that the files may hold. It must not be
     /// saved.
     bool LoadFailed = false;

@@ -345,7 +345,7 @@ std::vector<std::string> List(const std::string& path) {
 
 FileStore PosixFiles() {
     const auto last = std::make_shared<FileFault>(FileFault::None);
-    return {.Exists = Exists,
+    return {.Datei_Vorhanden = Exists,
             .ReadAll = [last](const std::string& path, std::string& bytes) { return ReadAll(path, bytes, *last); },
             .Replace = Replace,
             .WriteAt = WriteAt,

@@ -128,7 +128,7 @@ void QtPlatform::Services::FillDialogs(PlatformOptions& options) {
     World.OpenFile = options.OpenFile ? std::move(options.OpenFile) : cancelled;
     World.SaveFile = options.SaveFile ? std::move(options.SaveFile) : cancelled;
     const auto nothing = [](const std::string&, const std::string&) { return false; };
-    World.ShellOpen = options.ShellOpen ? std::move(options.ShellOpen) : nothing;
+    World.OpenWithLinkedApp = options.OpenWithLinkedApp ? std::move(options.OpenWithLinkedApp) : nothing;
     World.Hourglass = options.Hourglass ? std::move(options.Hourglass) : [](bool) {};
 }
 

@@ -28,12 +28,12 @@ struct ProgSlot {
     std::uint16_t FingerNumber = 0;
     std::uint8_t PrFlag = 0; ///< 1: premium template
     std::uint8_t Kind = SlotKind::Code;
-    std::array<std::uint8_t, 3> TimerBits{}; ///< group masks of slots 1 to 8, 9 to 16, 17 to 24
+    std::array<std::uint8_t, 3> TimerBits{}; ///< TimerBits1 to 3: masks of a group's slots 1 to 8, 9 to 16, 17 to 24
 };
 
 /// A wireless unit as the run needs it.
 struct ProgUnit {
-    bool Present = false;
+    bool UnitPresent = false;
     char Type = ' '; ///< module class "1" or "2"
     std::string UnitNo;
     std::string Name;

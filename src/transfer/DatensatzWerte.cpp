@@ -42,7 +42,7 @@ ProgUnit Unit_Bereiten(const UnitRecord& record, std::size_t index) {
         unit.Type = type[0];
     }
     // A serial that is not four bytes cannot be addressed: its unit counts as absent.
-    unit.Present = Einstellung_AEsn(Sn_Verbinden(stored.Sn), unit.Serial) != SerialError && Ist_Da(unit.Serial);
+    unit.UnitPresent = Einstellung_AEsn(Sn_Verbinden(stored.Sn), unit.Serial) != SerialError && Ist_Da(unit.Serial);
     return unit;
 }
 
@@ -80,7 +80,7 @@ bool DeviceParameter_Laden(DatasetStand& stand) {
     dataset.UnitCount = 0;
     for (std::size_t n = 0; n < dataset.Units.size(); ++n) {
         dataset.Units[n] = Unit_Bereiten(record, n);
-        dataset.UnitCount += dataset.Units[n].Present ? 1 : 0;
+        dataset.UnitCount += dataset.Units[n].UnitPresent ? 1 : 0;
     }
     return true;
 }

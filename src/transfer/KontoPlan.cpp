@@ -145,7 +145,7 @@ RunAccount Konto_Anlegen(const RunState& lauf, const Dataset& daten) {
     }
     plan.Pass = 0;
     for (plan.Who = 0; lauf.HistoryOnly == 0 && plan.Who < static_cast<int>(daten.Units.size()); ++plan.Who) {
-        if (const ProgUnit& unit = daten.Units[static_cast<std::size_t>(plan.Who)]; unit.Present) {
+        if (const ProgUnit& unit = daten.Units[static_cast<std::size_t>(plan.Who)]; unit.UnitPresent) {
             Unit(plan, daten, unit.Type);
         }
     }

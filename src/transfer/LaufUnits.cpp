@@ -16,7 +16,7 @@ constexpr int UnitChannels = 12;
 int Naechste_Unit(const Programmierlauf& run) {
     const int present = run.link.Lauf.UnitIndex;
     for (int u = present == NotBegun ? 0 : present + 1; u < Units; ++u) {
-        if (run.Daten.Units[static_cast<std::size_t>(u)].Present) {
+        if (run.Daten.Units[static_cast<std::size_t>(u)].UnitPresent) {
             return u;
         }
     }

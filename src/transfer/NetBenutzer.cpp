@@ -23,7 +23,7 @@ void Fingerbenutzer(Link& link, const ProgSlot& slot, int base) {
     Netz_Feld(link, F::UserName, slot.Name, base);
     Netz_Feld(link, F::Number, slot.FingerNumber, base);
     Netz_Feld(link, F::Timer, Timernummer(link.Lauf, slot), base);
-    Masken(link, F::Mask3, slot, base);
+    Masken(link, F::TimerBits3, slot, base);
     Netz_Feld(link, F::Function, Wertigkeit(slot.Funktion), base);
     Netz_Feld(link, F::Premium, slot.PrFlag, base);
     const std::span<const std::uint8_t> bytes = slot.Template;
@@ -52,7 +52,7 @@ void Codebenutzer(Link& link, const ProgSlot& slot, int base) {
     Netz_Feld(link, C::UserName, slot.Name, base);
     Netz_Feld(link, C::Code, Code_Packen(slot.CodeDigits), base);
     Netz_Feld(link, C::Timer, Timernummer(link.Lauf, slot), base);
-    Masken(link, C::Mask3, slot, base);
+    Masken(link, C::TimerBits3, slot, base);
     Netz_Feld(link, C::Function, Wertigkeit(slot.Funktion), base);
     Schluessel(link, slot, base);
 }

@@ -16,7 +16,7 @@ std::array<Address, AddressPlaces> Unit_Adressen(const Dataset& dataset) {
     std::array<Address, AddressPlaces> places{};
     std::size_t next2 = 0, next1 = FirstOfType1;
     for (const ProgUnit& unit : dataset.Units) {
-        if (!unit.Present) {
+        if (!unit.UnitPresent) {
             continue;
         }
         if (unit.Type == '2' && next2 < FirstOfType1) {

@@ -20,8 +20,8 @@ TEST_F(Dateien, a_missing_file_is_told_from_an_empty_one) {
     EXPECT_EQ(bytes, "");
     disk.Files["/a"] = "";
     EXPECT_EQ(files.ReadAll("/a", bytes), ReadStatus::Ok);
-    EXPECT_TRUE(files.Exists("/a"));
-    EXPECT_FALSE(files.Exists("/b"));
+    EXPECT_TRUE(files.Datei_Vorhanden("/a"));
+    EXPECT_FALSE(files.Datei_Vorhanden("/b"));
 }
 
 TEST_F(Dateien, replaced_appended_and_removed) {
@@ -31,7 +31,7 @@ TEST_F(Dateien, replaced_appended_and_removed) {
     EXPECT_EQ(disk.Files["/a"], "abcd");
     EXPECT_TRUE(files.Remove("/a"));
     EXPECT_FALSE(files.Remove("/a"));
-    EXPECT_FALSE(files.Exists("/a"));
+    EXPECT_FALSE(files.Datei_Vorhanden("/a"));
 }
 
 TEST_F(Dateien, writing_in_place_keeps_the_tail_and_fills_a_gap_with_zeros) {
@@ -41,7 +41,7 @@ TEST_F(Dateien, writing_in_place_keeps_the_tail_and_fills_a_gap_with_zeros) {
     EXPECT_TRUE(files.WriteAt("/b", 3, "Z"));
     EXPECT_EQ(disk.Files["/b"], "\0\0\0Z"s);
     EXPECT_FALSE(files.WriteAt("/c", 1ULL << 60U, "Z"));
-    EXPECT_FALSE(files.Exists("/c"));
+    EXPECT_FALSE(files.Datei_Vorhanden("/c"));
 }
 
 TEST_F(Dateien, a_directory_lists_its_own_files_sorted) {
@@ -83,7 +83,7 @@ TEST_F(Dateien, all_operations_from_one_on_fail_when_the_disk_has_died) {
 }
 
 TEST_F(Dateien, looking_is_no_operation) {
-    files.Exists("/a");
+    files.Datei_Vorhanden("/a");
     files.List("/");
     EXPECT_EQ(disk.Operations, 0);
 }

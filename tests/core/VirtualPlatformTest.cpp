@@ -335,8 +335,8 @@ TEST_F(Welt, random_values_are_scripted_or_a_fixed_sequence_below_one) {
 TEST_F(Welt, the_remaining_services_answer_as_the_test_sets_them) {
     welt.AdapterPortNumbers = {3, 5};
     EXPECT_EQ(world.AdapterPorts(), (std::vector<int>{3, 5}));
-    EXPECT_TRUE(world.ShellOpen("manual.pdf", "/qvm"));
-    EXPECT_EQ(welt.ShellOpened, (std::vector<std::string>{"manual.pdf"}));
+    EXPECT_TRUE(world.OpenWithLinkedApp("manual.pdf", "/qvm"));
+    EXPECT_EQ(welt.OpenedInLinkedApp, (std::vector<std::string>{"manual.pdf"}));
     EXPECT_TRUE(world.ClaimInstance());
     welt.OnlyInstance = false;
     EXPECT_FALSE(world.ClaimInstance());

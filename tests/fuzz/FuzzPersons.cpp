@@ -45,10 +45,11 @@ void Channels(const Kern& kern, int number) {
     }
 }
 
-void Table(Kern& kern, const GroupTable& groups) {
+void Table(Kern& kern) {
     UserTable table;
-    Expect(F5_TabelleLaden(kern, table, groups));
-    F5_Speichern(kern, table, groups);
+    table.GroupTablePerson[1] = {"1", "Timer-A", "", "", "PB_2008TimA"};
+    Expect(F5_TabelleLaden(kern, table));
+    F5_Speichern(kern, table);
 }
 
 } // namespace
@@ -62,8 +63,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     world.Files = disk.Store();
     world.ShowMessage = [](const Message&) { return Answer::Ok; };
     Kern kern(world);
-    GroupTable groups;
-    groups[1] = {"1", "Timer-A", "", "", "PB_2008TimA"};
 
     // The first byte names the file, the second a lock or row; the rest is the file. Lock names stand unless fuzzed.
     const std::string content(data + 2, data + size);
@@ -82,7 +81,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         Expect(disk.Files["DAT/BX10X52WUJ9.UBW"].size() == 419U * 251U);
         break;
     default:
-        Table(kern, groups);
+        Table(kern);
         break;
     }
     return 0;

@@ -138,11 +138,11 @@ void NetzTest::Werte_Setzen() {
     daten.UnitMode = "3";
     daten.AlwaysOn = "1";
     daten.ListenSeconds = 0x1234;
-    daten.Units[0] = {.Present = true, .Type = '1', .UnitNo = "", .Name = "", .Serial = {0x01, 0x60, 0x12, 0x34}};
-    daten.Units[1] = {.Present = true, .Type = '2', .UnitNo = "", .Name = "", .Serial = {0x02, 0x02, 0x02, 0x02}};
-    daten.Units[2] = {.Present = true, .Type = '1', .UnitNo = "", .Name = "", .Serial = {0x01, 0x60, 0x12, 0x35}};
-    daten.Units[3] = {.Present = true, .Type = '1', .UnitNo = "", .Name = "", .Serial = {0x01, 0x60, 0x12, 0x36}};
-    daten.Units[4] = {.Present = true, .Type = '2', .UnitNo = "", .Name = "", .Serial = {0x01, 0x6F, 0x00, 0x01}};
+    daten.Units[0] = {.UnitPresent = true, .Type = '1', .UnitNo = "", .Name = "", .Serial = {0x01, 0x60, 0x12, 0x34}};
+    daten.Units[1] = {.UnitPresent = true, .Type = '2', .UnitNo = "", .Name = "", .Serial = {0x02, 0x02, 0x02, 0x02}};
+    daten.Units[2] = {.UnitPresent = true, .Type = '1', .UnitNo = "", .Name = "", .Serial = {0x01, 0x60, 0x12, 0x35}};
+    daten.Units[3] = {.UnitPresent = true, .Type = '1', .UnitNo = "", .Name = "", .Serial = {0x01, 0x60, 0x12, 0x36}};
+    daten.Units[4] = {.UnitPresent = true, .Type = '2', .UnitNo = "", .Name = "", .Serial = {0x01, 0x6F, 0x00, 0x01}};
     for (int n = 0; n < 11; ++n) {
         daten.TimerTableA[At(n)] = {Byte(1 + n), 7, Byte(2 * n), 18, 30};
     }

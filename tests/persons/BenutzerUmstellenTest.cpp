@@ -104,7 +104,7 @@ TEST_F(Benutzer_Umstellen, the_converted_table_loads) {
     File(MiddleFile) = Middle("Anna Berg");
     Expect("*");
     qvm::Benutzer_Umstellen(kern);
-    F5_TabelleLaden(kern, table, groups);
+    F5_TabelleLaden(kern, table);
     EXPECT_EQ(table.FGK4.Text(2, 1), "Anna Berg");
     EXPECT_EQ(table.FGK4.Text(2, 2), "Timer-B");
     EXPECT_EQ(table.FGK4.Text(2, 6), "12 : 34 : 56 : 78");

@@ -40,7 +40,7 @@ TEST_F(F5_KanalFarben, a_transponder_is_not_red_when_the_whole_window_is_loaded)
     File(UserFile) = PlainUser("Anna", "");
     File(UserFile).replace(61, 12, "#1-ID#1:2:3:");
     Channels(1, "1  5  7  0  1  ");
-    EXPECT_TRUE(F5_TabelleLaden(kern, table, groups));
+    EXPECT_TRUE(F5_TabelleLaden(kern, table));
     EXPECT_EQ(KeyColour(2), Black);
 }
 

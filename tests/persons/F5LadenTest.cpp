@@ -32,7 +32,7 @@ TEST_F(F5_Laden, fills_every_column_of_a_user) {
     File(UserFile) = FullUser();
     ASSERT_EQ(File(UserFile).size(), 419U);
 
-    EXPECT_TRUE(F5_TabelleLaden(kern, table, groups));
+    EXPECT_TRUE(F5_TabelleLaden(kern, table));
 
     EXPECT_EQ(table.FGK4.Text(2, 1), "Anna Berg");
     EXPECT_EQ(table.FGK4.Text(2, 2), "Timer-B");
@@ -54,7 +54,7 @@ TEST_F(F5_Laden, shows_marks_in_their_colours_and_sizes) {
     NameLock(200, "Tor");
     File(UserFile) = FullUser();
 
-    F5_TabelleLaden(kern, table, groups);
+    F5_TabelleLaden(kern, table);
 
     const Cell& access = table.FGK4.At(2, 8);
     EXPECT_EQ(access.Text, "X");
@@ -73,7 +73,7 @@ TEST_F(F5_Laden, shows_marks_in_their_colours_and_sizes) {
 }
 
 TEST_F(F5_Laden, a_missing_file_leaves_the_grid_empty) {
-    EXPECT_TRUE(F5_TabelleLaden(kern, table, groups));
+    EXPECT_TRUE(F5_TabelleLaden(kern, table));
     for (int row = 2; row <= 251; ++row) {
         EXPECT_EQ(table.FGK4.Text(row, 1), "");
         EXPECT_EQ(table.FGK4.Text(row, 2), "");
@@ -83,7 +83,7 @@ TEST_F(F5_Laden, a_missing_file_leaves_the_grid_empty) {
 
 TEST_F(F5_Laden, an_empty_file_is_250_rows_without_a_name) {
     File(UserFile) = "";
-    EXPECT_TRUE(F5_TabelleLaden(kern, table, groups));
+    EXPECT_TRUE(F5_TabelleLaden(kern, table));
     EXPECT_EQ(table.FGK4.Text(2, 1), "");
     EXPECT_EQ(table.FGK4.Text(2, 2), "-");
     EXPECT_EQ(table.FGK4.Text(251, 2), "-");
@@ -94,7 +94,7 @@ TEST_F(F5_Laden, a_partial_last_record_counts_as_far_as_it_goes) {
     File(UserFile) = PlainUser("Anna", "X") + PlainUser("Bert", "X").substr(0, 16 + 15 + 4 + 3);
     File(UserFile).replace(419 + 35, 3, "123"); // three of the code's characters are there
 
-    EXPECT_TRUE(F5_TabelleLaden(kern, table, groups));
+    EXPECT_TRUE(F5_TabelleLaden(kern, table));
 
     EXPECT_EQ(table.FGK4.Text(2, 8), "X");
     EXPECT_EQ(table.FGK4.Text(3, 1), "Bert");
@@ -107,7 +107,7 @@ TEST_F(F5_Laden, an_over_long_file_fills_250_rows_and_no_more) {
     for (int user = 1; user <= 251; ++user) {
         File(UserFile) += PlainUser("U" + Ziffern(user), "");
     }
-    EXPECT_TRUE(F5_TabelleLaden(kern, table, groups));
+    EXPECT_TRUE(F5_TabelleLaden(kern, table));
     EXPECT_EQ(table.FGK4.Text(2, 1), "U1");
     EXPECT_EQ(table.FGK4.Text(251, 1), "U250");
 }
@@ -115,7 +115,7 @@ TEST_F(F5_Laden, an_over_long_file_fills_250_rows_and_no_more) {
 TEST_F(F5_Laden, a_damaged_file_marks_nothing_but_x_and_f) {
     NameLock(1, "Eingang");
     File(UserFile) = std::string(419, '\xFF') + std::string(419, '\x01');
-    EXPECT_TRUE(F5_TabelleLaden(kern, table, groups));
+    EXPECT_TRUE(F5_TabelleLaden(kern, table));
     EXPECT_EQ(table.FGK4.Text(2, 1), std::string(16, '\xFF'));
     EXPECT_EQ(table.FGK4.Text(2, 2), "-");
     EXPECT_EQ(table.FGK4.Text(2, 8), "");
@@ -125,7 +125,7 @@ TEST_F(F5_Laden, a_damaged_file_marks_nothing_but_x_and_f) {
 TEST_F(F5_Laden, a_mark_for_a_lock_without_a_name_is_dropped) {
     NameLock(1, "Eingang");
     File(UserFile) = PlainUser("Anna", "XXF");
-    F5_TabelleLaden(kern, table, groups);
+    F5_TabelleLaden(kern, table);
     EXPECT_EQ(table.FGK4.Text(2, 8), "X");
     EXPECT_EQ(table.FGK4.Text(2, 9), "");
     EXPECT_EQ(table.FGK4.At(2, 9).ForeColor, 0xFFFFFFU);
@@ -136,7 +136,7 @@ TEST_F(F5_Laden, a_blank_at_the_front_of_the_mask_is_the_place_of_lock_1) {
     NameLock(1, "Eingang");
     NameLock(2, "Keller");
     File(UserFile) = PlainUser("Anna", " X");
-    F5_TabelleLaden(kern, table, groups);
+    F5_TabelleLaden(kern, table);
     EXPECT_EQ(table.FGK4.Text(2, 8), "");
     EXPECT_EQ(table.FGK4.Text(2, 9), "X");
 }
@@ -144,29 +144,29 @@ TEST_F(F5_Laden, a_blank_at_the_front_of_the_mask_is_the_place_of_lock_1) {
 TEST_F(F5_Laden, a_group_that_is_no_longer_there_shows_a_dash) {
     File(UserFile) = PlainUser("Anna", "");
     File(UserFile).replace(16, 10, "PB_0000099");
-    F5_TabelleLaden(kern, table, groups);
+    F5_TabelleLaden(kern, table);
     EXPECT_EQ(table.FGK4.Text(2, 2), "-");
 }
 
 TEST_F(F5_Laden, a_blank_group_identifier_does_not_match_an_unused_group) {
     File(UserFile) = PlainUser("Anna", "");
     File(UserFile).replace(16, 1, " ");
-    F5_TabelleLaden(kern, table, groups);
+    F5_TabelleLaden(kern, table);
     EXPECT_EQ(table.FGK4.Text(2, 2), "-");
 }
 
 TEST_F(F5_Laden, looks_through_eight_groups) {
-    groups[8] = {"8", "Achte", "", "", "PB_0000008"};
+    table.GroupTablePerson[8] = {"8", "Achte", "", "", "PB_0000008"};
     File(UserFile) = PlainUser("Anna", "");
     File(UserFile).replace(16, 10, "PB_0000008");
-    F5_TabelleLaden(kern, table, groups);
+    F5_TabelleLaden(kern, table);
     EXPECT_EQ(table.FGK4.Text(2, 2), "Achte");
 }
 
 TEST_F(F5_Laden, a_field_stops_at_its_first_null) {
     File(UserFile) = PlainUser("Anna", "");
     File(UserFile).replace(0, 10, std::string("An\0na Berg", 10));
-    F5_TabelleLaden(kern, table, groups);
+    F5_TabelleLaden(kern, table);
     EXPECT_EQ(table.FGK4.Text(2, 1), "An");
 }
 
@@ -175,7 +175,7 @@ TEST_F(F5_Laden, a_file_error_leaves_the_rows_as_they_were_and_marks_the_table) 
     table.FGK4.SetText(2, 1, "vorher");
     Welt.Disk.FailAt = 2; // lock names first, then users
 
-    EXPECT_FALSE(F5_TabelleLaden(kern, table, groups));
+    EXPECT_FALSE(F5_TabelleLaden(kern, table));
 
     EXPECT_EQ(table.FGK4.Text(2, 1), "vorher");
     EXPECT_TRUE(table.LoadFailed);
@@ -202,7 +202,7 @@ TEST_P(FingerPictureAtLoad, follows_flag_name_and_identifier) {
     File(UserFile) = PlainUser(c.Name, "");
     File(UserFile).replace(195, 2, c.Flag);
     File(UserFile).replace(197, std::string(c.FingerId).size(), c.FingerId);
-    F5_TabelleLaden(kern, table, groups);
+    F5_TabelleLaden(kern, table);
     EXPECT_EQ(table.FGK4.At(2, 7).Picture, c.Picture);
 }
 

@@ -32,7 +32,7 @@ TEST_F(F5_Speichern, the_record_of_a_full_row_byte_for_byte) {
     Mark(2, 11, "F", 0xC000); // not the colour of an "F": no mark
     Mark(2, 207, "X", 0xC000);
 
-    ASSERT_TRUE(qvm::F5_Speichern(kern, table, groups));
+    ASSERT_TRUE(qvm::F5_Speichern(kern, table));
 
     const std::string expected = "J\xF6rg Wei\xDF" + Nulls(7) +      //   0 UserName
                                  "PB_2008TimA" + Blanks(4) +         //  16 UserGroupId
@@ -50,7 +50,7 @@ TEST_F(F5_Speichern, the_record_of_a_full_row_byte_for_byte) {
 }
 
 TEST_F(F5_Speichern, the_record_of_an_empty_row_byte_for_byte) {
-    ASSERT_TRUE(qvm::F5_Speichern(kern, table, groups));
+    ASSERT_TRUE(qvm::F5_Speichern(kern, table));
     const std::string expected = Blanks(16) + "-" + Blanks(14) + Blanks(4) + Blanks(10) + Blanks(16) + Blanks(41) +
                                  Blanks(93) + "--" + Blanks(21) + Dashes(200) + " ";
     ASSERT_EQ(expected.size(), 419U);
@@ -59,14 +59,14 @@ TEST_F(F5_Speichern, the_record_of_an_empty_row_byte_for_byte) {
 
 TEST_F(F5_Speichern, the_first_save_makes_a_file_of_250_records) {
     table.UserDirty = true;
-    EXPECT_TRUE(qvm::F5_Speichern(kern, table, groups));
+    EXPECT_TRUE(qvm::F5_Speichern(kern, table));
     EXPECT_EQ(File(UserFile).size(), 104750U);
     EXPECT_FALSE(table.UserDirty);
 }
 
 TEST_F(F5_Speichern, what_lies_behind_record_250_stays) {
     File(UserFile) = std::string(419 * 250, '?') + "a record 251 that somebody left";
-    EXPECT_TRUE(qvm::F5_Speichern(kern, table, groups));
+    EXPECT_TRUE(qvm::F5_Speichern(kern, table));
     EXPECT_EQ(File(UserFile).substr(104750), "a record 251 that somebody left");
     EXPECT_EQ(File(UserFile).find('?'), std::string::npos);
 }
@@ -75,20 +75,20 @@ TEST_F(F5_Speichern, user_250_stands_in_record_250) {
     for (int row = 2; row <= 251; ++row) {
         table.FGK4.SetText(row, 1, "N" + Ziffern(row - 1));
     }
-    EXPECT_TRUE(qvm::F5_Speichern(kern, table, groups));
+    EXPECT_TRUE(qvm::F5_Speichern(kern, table));
     EXPECT_EQ(FileField(250, 0, 16), "N250" + Nulls(12));
 }
 
 TEST_F(F5_Speichern, a_name_of_exactly_16_characters_has_no_pad) {
     table.FGK4.SetText(2, 1, "Sechzehn Zeichen");
-    EXPECT_TRUE(qvm::F5_Speichern(kern, table, groups));
+    EXPECT_TRUE(qvm::F5_Speichern(kern, table));
     EXPECT_EQ(FileField(1, 0, 17), "Sechzehn Zeichen-");
 }
 
 TEST_F(F5_Speichern, texts_are_cut_at_the_width_of_their_field) {
     table.FGK4.SetText(2, 1, "Siebzehn Zeichen!");
     table.FGK4.SetText(2, 6, "#1-ID#111:112:113:114:115:116:117:118:119:120");
-    EXPECT_TRUE(qvm::F5_Speichern(kern, table, groups));
+    EXPECT_TRUE(qvm::F5_Speichern(kern, table));
     EXPECT_EQ(FileField(1, 0, 16), "Siebzehn Zeichen");
     EXPECT_EQ(FileField(1, 61, 41), "#1-ID#111:112:113:114:115:116:117:118:119");
     EXPECT_EQ(FileField(1, 102, 1), " ");
@@ -97,43 +97,43 @@ TEST_F(F5_Speichern, texts_are_cut_at_the_width_of_their_field) {
 TEST_F(F5_Speichern, an_unknown_right_stays_in_the_field) {
     File(UserFile) = PlainUser("Anna", "");
     File(UserFile).replace(31, 2, "7x");
-    F5_TabelleLaden(kern, table, groups);
+    F5_TabelleLaden(kern, table);
     EXPECT_EQ(table.FGK4.Text(2, 3), "7x");
-    EXPECT_TRUE(qvm::F5_Speichern(kern, table, groups));
+    EXPECT_TRUE(qvm::F5_Speichern(kern, table));
     EXPECT_EQ(FileField(1, 31, 4), "7x  ");
 }
 
 TEST_F(F5_Speichern, a_mark_for_a_lock_without_a_name_is_gone_after_load_and_save) {
     NameLock(1, "Eingang");
     File(UserFile) = PlainUser("Anna", "XX");
-    F5_TabelleLaden(kern, table, groups);
-    EXPECT_TRUE(qvm::F5_Speichern(kern, table, groups));
+    F5_TabelleLaden(kern, table);
+    EXPECT_TRUE(qvm::F5_Speichern(kern, table));
     EXPECT_EQ(FileField(1, 218, 4), "X---");
 }
 
 TEST_F(F5_Speichern, a_group_that_is_no_longer_there_is_saved_as_a_dash) {
     File(UserFile) = PlainUser("Anna", "");
     File(UserFile).replace(16, 10, "PB_0000099");
-    F5_TabelleLaden(kern, table, groups);
-    EXPECT_TRUE(qvm::F5_Speichern(kern, table, groups));
+    F5_TabelleLaden(kern, table);
+    EXPECT_TRUE(qvm::F5_Speichern(kern, table));
     EXPECT_EQ(FileField(1, 16, 15), "-" + Blanks(14));
 }
 
 TEST_F(F5_Speichern, an_empty_group_cell_does_not_match_an_unused_group) {
-    groups[4] = {"4", "", "", "", "PB_UNUSED"};
+    table.GroupTablePerson[4] = {"4", "", "", "", "PB_UNUSED"};
     table.FGK4.SetText(2, 1, "Anna");
-    EXPECT_TRUE(qvm::F5_Speichern(kern, table, groups));
+    EXPECT_TRUE(qvm::F5_Speichern(kern, table));
     EXPECT_EQ(FileField(1, 16, 15), "-" + Blanks(14));
 }
 
 TEST_F(F5_Speichern, looks_through_seven_groups_only) {
-    groups[7] = {"7", "Siebte", "", "", "PB_0000007"};
-    groups[8] = {"8", "Achte", "", "", "PB_0000008"};
+    table.GroupTablePerson[7] = {"7", "Siebte", "", "", "PB_0000007"};
+    table.GroupTablePerson[8] = {"8", "Achte", "", "", "PB_0000008"};
     table.FGK4.SetText(2, 1, "Anna");
     table.FGK4.SetText(2, 2, " Siebte");
     table.FGK4.SetText(3, 1, "Bert");
     table.FGK4.SetText(3, 2, "Achte");
-    EXPECT_TRUE(qvm::F5_Speichern(kern, table, groups));
+    EXPECT_TRUE(qvm::F5_Speichern(kern, table));
     EXPECT_EQ(FileField(1, 16, 15), "PB_0000007" + Blanks(5));
     EXPECT_EQ(FileField(2, 16, 15), "-" + Blanks(14));
 }
@@ -143,7 +143,7 @@ TEST_F(F5_Speichern, the_finger_flag_follows_the_picture) {
     table.FGK4.SetPicture(3, 7, FingerPicture::Premium);
     table.FGK4.SetPicture(4, 7, FingerPicture::Standard);
     table.FGK4.SetPicture(5, 7, FingerPicture::None);
-    EXPECT_TRUE(qvm::F5_Speichern(kern, table, groups));
+    EXPECT_TRUE(qvm::F5_Speichern(kern, table));
     EXPECT_EQ(FileField(1, 195, 2), "NO");
     EXPECT_EQ(FileField(2, 195, 2), "FS");
     EXPECT_EQ(FileField(3, 195, 2), "FS");
@@ -155,23 +155,23 @@ TEST_F(F5_Speichern, a_text_that_is_no_mark_does_not_shift_the_mask) {
     Mark(2, 8, "XX", 0xC000);
     Mark(2, 9, " ", 0x808080);
     Mark(2, 10, " X ", 0xC000);
-    EXPECT_TRUE(qvm::F5_Speichern(kern, table, groups));
+    EXPECT_TRUE(qvm::F5_Speichern(kern, table));
     EXPECT_EQ(FileField(1, 218, 201), "--X" + Dashes(197) + " ");
 }
 
 TEST_F(F5_Speichern, a_table_that_was_not_loaded_completely_is_not_saved) {
     File(UserFile) = PlainUser("Anna", "X");
     Welt.Disk.FailAt = 1; // the lock names
-    F5_TabelleLaden(kern, table, groups);
+    F5_TabelleLaden(kern, table);
     Welt.Disk.FailAt = 0;
     table.UserDirty = true;
 
-    EXPECT_FALSE(qvm::F5_Speichern(kern, table, groups));
+    EXPECT_FALSE(qvm::F5_Speichern(kern, table));
 
     EXPECT_EQ(File(UserFile), PlainUser("Anna", "X"));
     EXPECT_TRUE(table.UserDirty);
-    EXPECT_TRUE(F5_TabelleLaden(kern, table, groups));
-    EXPECT_TRUE(qvm::F5_Speichern(kern, table, groups));
+    EXPECT_TRUE(F5_TabelleLaden(kern, table));
+    EXPECT_TRUE(qvm::F5_Speichern(kern, table));
 }
 
 TEST_F(F5_Speichern, each_file_operation_that_fails_leaves_the_old_file_and_the_dirty_flag) {
@@ -186,7 +186,7 @@ TEST_F(F5_Speichern, each_file_operation_that_fails_leaves_the_old_file_and_the_
         Welt.Disk.Operations = 0;
         Welt.Disk.FailAt = failing;
         Welt.Disk.FailFromThere = true;
-        saved = qvm::F5_Speichern(kern, table, groups);
+        saved = qvm::F5_Speichern(kern, table);
         if (!saved) {
             EXPECT_EQ(File(UserFile), old) << "operation " << failing;
             EXPECT_TRUE(table.UserDirty);
@@ -215,7 +215,7 @@ TEST_F(F5_Pruefen, a_gap_refuses_the_save_and_leaves_the_file_as_it_was) {
     table.UserDirty = true;
     Expect("Nicht moeglich\nUnvollstaendig\n [Name - Benutzer Nr. 2]");
 
-    EXPECT_FALSE(qvm::F5_Speichern(kern, table, groups));
+    EXPECT_FALSE(qvm::F5_Speichern(kern, table));
 
     EXPECT_EQ(File(UserFile), PlainUser("Alt", ""));
     EXPECT_TRUE(table.UserDirty);
@@ -229,7 +229,7 @@ TEST_F(F5_Pruefen, a_key_without_a_name_refuses_the_save) {
     table.FGK4.SetText(2, 1, "Anna");
     table.FGK4.SetText(3, 6, "1 : 2 : 3 : 4");
     Expect("Nicht moeglich\nUnvollstaendig\n [Name - Benutzer Nr. 2]");
-    EXPECT_FALSE(qvm::F5_Speichern(kern, table, groups));
+    EXPECT_FALSE(qvm::F5_Speichern(kern, table));
     EXPECT_FALSE(Has(UserFile));
 }
 

@@ -32,13 +32,12 @@ struct Persons : testing::Test {
     VirtualPlatform Welt;
     Kern kern{Welt.World};
     UserTable table;
-    GroupTable groups;
 
     Persons() {
         kern.AppPath = "/qvm/";
-        groups[1] = {"1", "Timer-A", "", "", "PB_2008TimA"};
-        groups[2] = {"2", "Timer-B", "", "", "PB_2008TimB"};
-        groups[3] = {"3", "Putzdienst", "", "", "PB_0000003"};
+        table.GroupTablePerson[1] = {"1", "Timer-A", "", "", "PB_2008TimA"};
+        table.GroupTablePerson[2] = {"2", "Timer-B", "", "", "PB_2008TimB"};
+        table.GroupTablePerson[3] = {"3", "Putzdienst", "", "", "PB_0000003"};
     }
 
     std::string& File(const char* path) { return Welt.Disk.Files[path]; }

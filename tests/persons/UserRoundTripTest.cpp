@@ -66,8 +66,8 @@ TEST(UserRoundTrip, every_field_survives_load_and_save) {
             records.push_back(Draw().Record());
             world.File(test::Persons::UserFile) += records.back();
         }
-        RC_ASSERT(F5_TabelleLaden(world.kern, world.table, world.groups));
-        RC_ASSERT(F5_Speichern(world.kern, world.table, world.groups));
+        RC_ASSERT(F5_TabelleLaden(world.kern, world.table));
+        RC_ASSERT(F5_Speichern(world.kern, world.table));
         for (std::size_t n = 0; n < records.size(); ++n) {
             const std::string saved = world.FileField(static_cast<int>(n) + 1, 0, 419);
             RC_ASSERT(saved == records[n]);
@@ -82,12 +82,12 @@ TEST(UserRoundTrip, a_second_save_writes_the_same_bytes_whatever_the_file_held) 
         } world;
         world.NameLock(1, "Tor");
         world.File(test::Persons::UserFile) = "N" + bytes; // one record at most: no gap
-        RC_ASSERT(F5_TabelleLaden(world.kern, world.table, world.groups));
-        RC_ASSERT(F5_Speichern(world.kern, world.table, world.groups));
+        RC_ASSERT(F5_TabelleLaden(world.kern, world.table));
+        RC_ASSERT(F5_Speichern(world.kern, world.table));
         const std::string first = world.File(test::Persons::UserFile);
         RC_ASSERT(first.size() == 104750);
-        RC_ASSERT(F5_TabelleLaden(world.kern, world.table, world.groups));
-        RC_ASSERT(F5_Speichern(world.kern, world.table, world.groups));
+        RC_ASSERT(F5_TabelleLaden(world.kern, world.table));
+        RC_ASSERT(F5_Speichern(world.kern, world.table));
         RC_ASSERT(world.File(test::Persons::UserFile) == first);
     }));
 }

@@ -175,7 +175,7 @@ TEST_F(Files_without_right, a_directory_that_may_not_be_entered_shows_nothing) {
     const test::OtherUser user;
     ASSERT_TRUE(user.Good());
     std::string bytes;
-    EXPECT_FALSE(Files.Exists(Directory / "file"));
+    EXPECT_FALSE(Files.Datei_Vorhanden(Directory / "file"));
     EXPECT_EQ(Files.ReadAll(Directory / "file", bytes), ReadStatus::Error);
     EXPECT_THAT(Files.List(Directory.Path()), IsEmpty());
 }

@@ -29,11 +29,11 @@ mode_t ModeOf(const std::string& path) {
 
 TEST_F(Files_Exists, a_file_is_there_a_directory_or_nothing_is_not) {
     Put(Directory / "file", "");
-    EXPECT_TRUE(Files.Exists(Directory / "file"));
-    EXPECT_FALSE(Files.Exists(Directory / "nothing"));
-    EXPECT_FALSE(Files.Exists(Directory.Path()));
-    EXPECT_FALSE(Files.Exists(""));
-    EXPECT_FALSE(Files.Exists(Directory / "file\0more"s));
+    EXPECT_TRUE(Files.Datei_Vorhanden(Directory / "file"));
+    EXPECT_FALSE(Files.Datei_Vorhanden(Directory / "nothing"));
+    EXPECT_FALSE(Files.Datei_Vorhanden(Directory.Path()));
+    EXPECT_FALSE(Files.Datei_Vorhanden(""));
+    EXPECT_FALSE(Files.Datei_Vorhanden(Directory / "file\0more"s));
 }
 
 TEST_F(Files_ReadAll, every_byte_value_comes_back) {
@@ -253,8 +253,8 @@ TEST_F(Files_List, a_directory_that_cannot_be_read_is_empty) {
 TEST_F(Files_Names, a_name_in_code_page_1252_is_stored_in_utf_8_and_found_by_both) {
     EXPECT_TRUE(Files.Append(Directory / "H_Haust\xFCr\x80.HST", "x"));
     EXPECT_THAT(Names(), ElementsAre("H_Haust\xC3\xBCr\xE2\x82\xAC.HST"));
-    EXPECT_TRUE(Files.Exists(Directory / "H_Haust\xFCr\x80.HST"));
-    EXPECT_TRUE(Files.Exists(Directory / "H_Haust\xC3\xBCr\xE2\x82\xAC.HST"));
+    EXPECT_TRUE(Files.Datei_Vorhanden(Directory / "H_Haust\xFCr\x80.HST"));
+    EXPECT_TRUE(Files.Datei_Vorhanden(Directory / "H_Haust\xC3\xBCr\xE2\x82\xAC.HST"));
 }
 
 TEST_F(Files_Names, utf_8_above_and_code_page_1252_below_go_together) {

@@ -41,7 +41,7 @@ int Claim(const char* directory) {
                          .ShowMessage = {},
                          .OpenFile = {},
                          .SaveFile = {},
-                         .ShellOpen = {},
+                         .OpenWithLinkedApp = {},
                          .BringToFront = [] { Print("shown"); }});
     if (!platform.World().ClaimInstance()) {
         Print("second");

@@ -21,7 +21,7 @@ inline PlatformOptions OptionsFor(std::string directory, std::optional<std::stri
             .ShowMessage = {},
             .OpenFile = {},
             .SaveFile = {},
-            .ShellOpen = {},
+            .OpenWithLinkedApp = {},
             .BringToFront = {}};
 }
 

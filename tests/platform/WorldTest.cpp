@@ -25,7 +25,7 @@ TEST_F(World_, the_front_end_gets_messages_and_dialogs_as_they_are_and_its_answe
         asked.push_back("save " + dialog.Title);
         return std::optional<std::string>("saved");
     };
-    options.ShellOpen = [&](const std::string& target, const std::string& directory) {
+    options.OpenWithLinkedApp = [&](const std::string& target, const std::string& directory) {
         asked.push_back("shell " + target + " in " + directory);
         return true;
     };
@@ -34,7 +34,7 @@ TEST_F(World_, the_front_end_gets_messages_and_dialogs_as_they_are_and_its_answe
     EXPECT_EQ(world.ShowMessage({.Text = "text \xFC", .Title = "title", .Choice = Buttons::YesNo}), Answer::Yes);
     EXPECT_EQ(world.OpenFile({.Title = "a", .Filter = "f|*.F|", .Directory = "d"}), "opened");
     EXPECT_EQ(world.SaveFile({.Title = "b", .Filter = "g", .Directory = "e"}), "saved");
-    EXPECT_TRUE(world.ShellOpen("page", "here"));
+    EXPECT_TRUE(world.OpenWithLinkedApp("page", "here"));
     EXPECT_EQ(asked, (std::vector<std::string>{"title|text \xFC", "open f|*.F|", "save b", "shell page in here"}));
 }
 
@@ -51,7 +51,7 @@ TEST_F(World_, without_a_front_end_a_question_is_answered_with_the_last_of_its_b
 TEST_F(World_, without_a_front_end_dialogs_are_cancelled_and_nothing_is_opened) {
     EXPECT_EQ(World().OpenFile({.Title = "a", .Filter = "f", .Directory = "d"}), std::nullopt);
     EXPECT_EQ(World().SaveFile({.Title = "a", .Filter = "f", .Directory = "d"}), std::nullopt);
-    EXPECT_FALSE(World().ShellOpen("page", "here"));
+    EXPECT_FALSE(World().OpenWithLinkedApp("page", "here"));
 }
 
 TEST_F(World_, the_hourglass_is_the_front_ends_and_does_nothing_without_one) {

@@ -50,9 +50,9 @@ struct Programm_Start : Welt {
             log.push_back("read " + path);
             return store.ReadAll(path, bytes);
         };
-        platform.Files.Exists = [&log, store](const std::string& path) {
+        platform.Files.Datei_Vorhanden = [&log, store](const std::string& path) {
             log.push_back("look for " + path);
-            return store.Exists(path);
+            return store.Datei_Vorhanden(path);
         };
         Programm programm(platform, "/q");
         qvm::Programm_Start(programm, true);

@@ -127,7 +127,7 @@ struct Attack : Scene {
         const auto& units = programm->Lauf.Bericht.Units;
         const auto& wanted = programm->Lauf.Daten.Units;
         for (std::size_t n = 0; n < units.size(); ++n) {
-            if (!OnlyHistory(kind) && wanted[n].Present && units[n].End != UnitReport::State::Done) {
+            if (!OnlyHistory(kind) && wanted[n].UnitPresent && units[n].End != UnitReport::State::Done) {
                 return false;
             }
         }

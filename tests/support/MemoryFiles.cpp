@@ -33,7 +33,7 @@ bool MemoryFiles::Fails() {
 
 FileStore MemoryFiles::Store() {
     FileStore store;
-    store.Exists = [this](const std::string& path) { return Files.contains(path); };
+    store.Datei_Vorhanden = [this](const std::string& path) { return Files.contains(path); };
     store.ReadAll = [this](const std::string& path, std::string& bytes) {
         bytes.clear();
         if (Fails()) {

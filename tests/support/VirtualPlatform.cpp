@@ -91,8 +91,8 @@ void VirtualPlatform::FillWorld() {
         DialogAnswers.pop_front();
         return answer;
     };
-    World.ShellOpen = [this](const std::string& target, const std::string&) {
-        ShellOpened.push_back(target);
+    World.OpenWithLinkedApp = [this](const std::string& target, const std::string&) {
+        OpenedInLinkedApp.push_back(target);
         return true;
     };
     World.AdapterPorts = [this] { return AdapterPortNumbers; };

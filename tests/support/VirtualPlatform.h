@@ -44,8 +44,8 @@ public:
     // failure and counts as cancelled.
     std::deque<std::optional<std::string>> DialogAnswers;
     std::vector<FileDialog> Dialogs;
-    std::vector<std::string> ShellOpened; ///< targets given to ShellOpen
-    bool OnlyInstance = true;             ///< what ClaimInstance says
+    std::vector<std::string> OpenedInLinkedApp; ///< targets given to OpenWithLinkedApp
+    bool OnlyInstance = true;                   ///< what ClaimInstance says
 
     // The port. Bytes written by the program reach OnWrite at once; bytes for the program are delivered as events.
     bool PortCanOpen = true;

@@ -109,20 +109,20 @@ TEST_F(Datensatz_Werte, each_units_block_gives_its_name_serial_type_and_number) 
     ASSERT_EQ(Load(), 0);
     EXPECT_EQ(dataset.UnitCount, 2);
     const ProgUnit& first = dataset.Units[0];
-    EXPECT_TRUE(first.Present);
+    EXPECT_TRUE(first.UnitPresent);
     EXPECT_EQ(first.Name, "Reader east");
     EXPECT_EQ(first.Serial, (Address{0x01, 0x60, 0x00, 0x01}));
     EXPECT_EQ(first.Type, '1');
     EXPECT_EQ(first.UnitNo, "11");
     const ProgUnit& second = dataset.Units[1];
-    EXPECT_TRUE(second.Present);
+    EXPECT_TRUE(second.UnitPresent);
     EXPECT_EQ(second.Name, "Reader west");
     EXPECT_EQ(second.Serial, (Address{0x01, 0x63, 0xFF, 0xFE}));
     EXPECT_EQ(second.Type, '2');
     EXPECT_EQ(second.UnitNo, "12");
-    EXPECT_FALSE(dataset.Units[2].Present);
-    EXPECT_FALSE(dataset.Units[3].Present);
-    EXPECT_FALSE(dataset.Units[4].Present);
+    EXPECT_FALSE(dataset.Units[2].UnitPresent);
+    EXPECT_FALSE(dataset.Units[3].UnitPresent);
+    EXPECT_FALSE(dataset.Units[4].UnitPresent);
 }
 
 TEST_F(Datensatz_Werte, the_fifth_unit_has_the_type_of_the_third_ones_field) {
@@ -141,7 +141,7 @@ TEST_F(Datensatz_Werte, the_fifth_unit_has_the_type_of_the_third_ones_field) {
 TEST_F(Datensatz_Werte, a_fifth_unit_without_a_third_has_no_type) {
     files.AddUnit(1, 5, "E", {"01", "60", "00", "05"}, "1", "15");
     ASSERT_EQ(Load(), 0);
-    EXPECT_TRUE(dataset.Units[4].Present);
+    EXPECT_TRUE(dataset.Units[4].UnitPresent);
     EXPECT_EQ(dataset.Units[4].Type, ' ');
 }
 
@@ -149,8 +149,8 @@ TEST_F(Datensatz_Werte, a_serial_that_begins_with_0_needs_a_second_byte_and_a_va
     const auto present = [&](const std::vector<std::string>& serial) {
         files.AddUnit(1, 1, "Reader", serial, "2", "11");
         EXPECT_EQ(Load(), 0);
-        EXPECT_EQ(dataset.UnitCount, dataset.Units[0].Present ? 1 : 0);
-        return dataset.Units[0].Present;
+        EXPECT_EQ(dataset.UnitCount, dataset.Units[0].UnitPresent ? 1 : 0);
+        return dataset.Units[0].UnitPresent;
     };
     EXPECT_TRUE(present({"00 ", "50 ", "00 ", "00 "}));  // 5242880
     EXPECT_FALSE(present({"00 ", "50 ", "00 ", "01 "})); // 5242881
@@ -165,7 +165,7 @@ TEST_F(Datensatz_Werte, a_unit_whose_serial_is_no_serial_is_absent) {
     const auto present = [&](const std::vector<std::string>& serial) {
         files.AddUnit(1, 1, "Reader", serial, "2", "11");
         EXPECT_EQ(Load(), 0);
-        return dataset.Units[0].Present;
+        return dataset.Units[0].UnitPresent;
     };
     EXPECT_FALSE(present({"   ", "   ", "   ", "   "}));
     EXPECT_FALSE(present({"   ", "50 ", "00 ", "00 "}));
@@ -194,7 +194,7 @@ TEST_F(Datensatz_Werte, a_unit_record_that_is_cut_has_the_units_before_the_cut) 
     ASSERT_EQ(Load(), 0);
     EXPECT_EQ(dataset.UnitCount, 1);
     EXPECT_EQ(dataset.Units[1].Name, "Reader west");
-    EXPECT_FALSE(dataset.Units[1].Present);
+    EXPECT_FALSE(dataset.Units[1].UnitPresent);
 }
 
 } // namespace

@@ -73,7 +73,7 @@ TEST_F(F1_Window, opens_the_support_page_and_closes_by_return_and_by_escape) {
     programm->F2.F2_Version_Click();
     Settle();
     windows->f1.findChild<QPushButton*>(QStringLiteral("F1.Web"))->click();
-    EXPECT_EQ(world.ShellOpened, std::vector<std::string>{"https://www.example.com/qvm7702"});
+    EXPECT_EQ(world.OpenedInLinkedApp, std::vector<std::string>{"https://www.example.com/qvm7702"});
     QTest::keyClick(&windows->f1, Qt::Key_Return);
     EXPECT_FALSE(windows->f1.isVisible());
     programm->F2.F2_Version_Click();

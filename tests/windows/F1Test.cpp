@@ -60,7 +60,7 @@ TEST_F(F1_Fenster, opens_the_support_page) {
     Box().F1_Laden(0);
     EXPECT_TRUE(Box().Web.Visible);
     Box().Web_Click();
-    EXPECT_THAT(world.ShellOpened, ElementsAre("https://www.example.com/qvm7702"));
+    EXPECT_THAT(world.OpenedInLinkedApp, ElementsAre("https://www.example.com/qvm7702"));
     EXPECT_TRUE(Box().Fenster.Visible);
 }
 
@@ -73,7 +73,7 @@ TEST_F(F1_Fenster, has_no_support_key_without_a_support_page) {
 TEST_F(F1_Fenster, names_the_support_page_when_the_system_does_not_open_it) {
     Start();
     Box().SupportPage = "https://www.example.com/qvm7702";
-    world.World.ShellOpen = [](const std::string&, const std::string&) { return false; };
+    world.World.OpenWithLinkedApp = [](const std::string&, const std::string&) { return false; };
     world.Answers.push_back({.Text = "L286 https://www.example.com/qvm7702"});
     Box().Web_Click();
     EXPECT_EQ(world.Shown[0].Sign, Icon::Exclamation);

@@ -114,8 +114,8 @@ TEST_F(F2_Menues, hilfe_opens_the_manual_of_the_language_and_of_any_other_the_ge
         world.Disk.Files["/q/QVM_System_" + std::string(code) + ".pdf"] = "%PDF";
     }
     std::string directory;
-    world.World.ShellOpen = [&](const std::string& target, const std::string& in) {
-        world.ShellOpened.push_back(target);
+    world.World.OpenWithLinkedApp = [&](const std::string& target, const std::string& in) {
+        world.OpenedInLinkedApp.push_back(target);
         directory = in;
         return true;
     };
@@ -123,8 +123,9 @@ TEST_F(F2_Menues, hilfe_opens_the_manual_of_the_language_and_of_any_other_the_ge
         programm->kern.Config.Sprache = language;
         Main().F2_Help_Click();
     }
-    EXPECT_THAT(world.ShellOpened, ElementsAre("/q/QVM_System_de.pdf", "/q/QVM_System_en.pdf", "/q/QVM_System_fr.pdf",
-                                               "/q/QVM_System_nl.pdf", "/q/QVM_System_de.pdf", "/q/QVM_System_en.pdf"));
+    EXPECT_THAT(world.OpenedInLinkedApp,
+                ElementsAre("/q/QVM_System_de.pdf", "/q/QVM_System_en.pdf", "/q/QVM_System_fr.pdf",
+                            "/q/QVM_System_nl.pdf", "/q/QVM_System_de.pdf", "/q/QVM_System_en.pdf"));
     EXPECT_EQ(directory, "/q/");
 }
 
@@ -132,7 +133,7 @@ TEST_F(F2_Menues, hilfe_names_a_manual_that_is_missing) {
     Open();
     world.Answers.push_back({.Text = "L288 QVM_System_de.pdf"});
     Main().F2_Help_Click();
-    EXPECT_THAT(world.ShellOpened, IsEmpty());
+    EXPECT_THAT(world.OpenedInLinkedApp, IsEmpty());
     EXPECT_EQ(world.Shown[0].Sign, Icon::Exclamation);
     EXPECT_EQ(world.Shown[0].Title, "QVM 7702 SOFTWARE SYSTEM");
 }
@@ -140,7 +141,7 @@ TEST_F(F2_Menues, hilfe_names_a_manual_that_is_missing) {
 TEST_F(F2_Menues, hilfe_names_a_manual_that_the_system_does_not_open) {
     Open();
     world.Disk.Files["/q/QVM_System_de.pdf"] = "%PDF";
-    world.World.ShellOpen = [](const std::string&, const std::string&) { return false; };
+    world.World.OpenWithLinkedApp = [](const std::string&, const std::string&) { return false; };
     world.Answers.push_back({.Text = "L286 QVM_System_de.pdf"});
     Main().F2_Help_Click();
     EXPECT_EQ(world.Shown.size(), 1U);

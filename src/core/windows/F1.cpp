@@ -42,7 +42,7 @@ void F1::Texte_Setzen() {
 }
 
 void F1::Web_Click() {
-    if (!kern.Welt.ShellOpen(SupportPage, kern.AppPath)) {
+    if (!kern.Welt.OpenWithLinkedApp(SupportPage, kern.AppPath)) {
         kern.Meldung(Wort(kern, EigeneZeile::NichtGeoeffnet, u8"Kann nicht geöffnet werden:"_w) + " " + SupportPage,
                      Buttons::Ok, Icon::Exclamation);
     }

@@ -191,7 +191,7 @@ F2::Grund F2::Anschlussgrund() const {
     if (kern.Welt.Port.IsOpen()) {
         return Grund::Keiner;
     }
-    return kern.Config.AdapterModus() && Adapter.PortListe.empty() ? Grund::KeinAdapter : Grund::Anschluss;
+    return kern.Config.AdapterModus() && Adapter.PortAnzahl() == 0 ? Grund::KeinAdapter : Grund::Anschluss;
 }
 
 void F2::Melden(Grund reason) {

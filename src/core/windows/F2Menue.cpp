@@ -171,10 +171,10 @@ void F2::F2_Version_Click() {
 void F2::F2_Help_Click() {
     const std::string file(Handbuch_Datei(Trim(kern.Config.Sprache)));
     const std::string path = kern.AppPath + file;
-    if (!kern.Welt.Files.Exists(path)) {
+    if (!kern.Welt.Files.Datei_Vorhanden(path)) {
         kern.Meldung(Wort(kern, EigeneZeile::DateiFehlt, "Datei nicht gefunden:") + " " + file, Buttons::Ok,
                      Icon::Exclamation);
-    } else if (!kern.Welt.ShellOpen(path, kern.AppPath)) {
+    } else if (!kern.Welt.OpenWithLinkedApp(path, kern.AppPath)) {
         kern.Meldung(Wort(kern, EigeneZeile::NichtGeoeffnet, u8"Kann nicht geöffnet werden:"_w) + " " + file,
                      Buttons::Ok, Icon::Exclamation);
     }

@@ -108,8 +108,8 @@ void F13::TuerInfo_laden() {
 
 void F13::Adapter_Spalten_Laden() {
     RecordFile adapters(LockAdapterRecord::Record);
-    const bool one = Adapter.Saetze.size() == 1;
-    if (Adapter.Saetze.size() > 1) {
+    const bool one = Adapter.AdapterAnzahl() == 1;
+    if (Adapter.AdapterAnzahl() > 1) {
         Lesen(adapters);
     }
     for (int row = 1; row < FGK13.Rows(); ++row) {

@@ -20,7 +20,7 @@
 namespace {
 
 /// A path, or a web address.
-bool ShellOpen(const std::string& target, const std::string& /*directory*/) {
+bool OpenWithLinkedApp(const std::string& target, const std::string& /*directory*/) {
     const QString text = QString::fromStdString(target);
     return QDesktopServices::openUrl(text.startsWith(QLatin1Char('/')) ? QUrl::fromLocalFile(text) : QUrl(text));
 }
@@ -39,7 +39,7 @@ qvm::PlatformOptions Options(const std::string& directory, qvm::ui::MessageBoxes
     options.ShowMessage = [&boxes](const qvm::Message& message) { return boxes.show(message); };
     options.OpenFile = qvm::ui::openFile;
     options.SaveFile = qvm::ui::saveFile;
-    options.ShellOpen = ShellOpen;
+    options.OpenWithLinkedApp = OpenWithLinkedApp;
     options.BringToFront = qvm::ui::bringToFront;
     options.Hourglass = Hourglass;
     return options;
