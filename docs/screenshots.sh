@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Takes a picture of every window in German and English, at 100 % and 200 %, light and dark, under a virtual display.
+# Takes a picture of every window in German and English, under the colours of several desktops, light and dark, at 100 %
+# and, for two of them, at 200 %, on a virtual display.
 #
 #   docs/screenshots.sh [FOLDER [BUILD]]
 #
@@ -32,9 +33,10 @@ export DISPLAY=:$number QT_QPA_PLATFORM=xcb XDG_CONFIG_HOME=$place/config XDG_RU
 export ASAN_OPTIONS=${ASAN_OPTIONS:-detect_leaks=0}
 
 status=0
+declare -A palettes=([100]="breeze-light breeze-dark adwaita-dark high-contrast" [200]="breeze-light breeze-dark")
 for language in Deutsch English; do
     for scale in 100 200; do
-        for palette in light dark; do
+        for palette in ${palettes[$scale]}; do
             target=$folder/$language-$scale-$palette
             mkdir -p "$target"
             rm -f "$target"/*.png

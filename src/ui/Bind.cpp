@@ -1,6 +1,8 @@
 #include "Bind.h"
 
+#include "ElidedLabel.h"
 #include "LabelDrawing.h"
+#include "LabelInk.h"
 #include "TextEdge.h"
 
 #include <QAbstractButton>
@@ -13,12 +15,46 @@
 #include <QProgressBar>
 #include <QSignalBlocker>
 
+#include <algorithm>
+
 namespace qvm::ui {
 namespace {
 
 template <class Model>
 void watchState(Model& model, QWidget* widget) {
     watch(model.Visible, widget, [&model, widget] { widget->setVisible(model.Visible); });
+    watch(model.Enabled, widget, [&model, widget] { widget->setEnabled(model.Enabled); });
+}
+
+void watchInk(Label& model, QLabel* widget) {
+    watch(model.ForeColor, widget, [&model, widget] {
+        if (auto* ink = widget->findChild<LabelInk*>()) {
+            ink->show();
+        } else if (model.ForeColor != Black) {
+            new LabelInk(widget, [&model](const QColor& text, const QColor& ground) {
+                return labelForeground(model.ForeColor, text, ground);
+            });
+        }
+    });
+}
+
+template <class Model>
+void bindPressed(Model& model, QAbstractButton* widget, const QString& name, std::function<void()> onClick) {
+    nameWidget(widget, name);
+    // A screen reader that lists the window would find a hidden button by its name.
+    const auto show = [&model, widget] {
+        const std::string text = model.Visible ? model.Text() : std::string();
+        widget->setText(captionOf(text));
+        widget->setAccessibleName(toQt(text));
+        widget->setVisible(model.Visible);
+    };
+    watch(model.Text, widget, show);
+    watch(model.Visible, widget, show);
+    QObject::connect(widget, &QAbstractButton::clicked, widget, [click = std::move(onClick)] {
+        if (click) {
+            click();
+        }
+    });
     watch(model.Enabled, widget, [&model, widget] { widget->setEnabled(model.Enabled); });
 }
 
@@ -46,13 +82,14 @@ void bind(Label& model, QLabel* widget, const QString& name) {
         widget->setText(toQt(model.Text()));
         widget->setAccessibleName(widget->text());
     });
-    watch(model.ForeColor, widget, [&model, widget] {
-        QPalette palette;
-        if (model.ForeColor != Black) {
-            palette.setColor(QPalette::WindowText, exactColour(model.ForeColor));
-        }
-        widget->setPalette(palette);
-    });
+    watchInk(model, widget);
+    watchState(model, widget);
+}
+
+void bind(Label& model, ElidedLabel* widget, const QString& name) {
+    nameWidget(widget, name);
+    watch(model.Text, widget, [&model, widget] { widget->setFullText(toQt(model.Text())); });
+    watchInk(model, widget);
     watchState(model, widget);
 }
 
@@ -77,31 +114,11 @@ void bind(TextBox& model, QLineEdit* widget, const QString& name) {
 }
 
 void bind(Label& model, QAbstractButton* widget, const QString& name, std::function<void()> onClick) {
-    nameWidget(widget, name);
-    watch(model.Text, widget, [&model, widget] {
-        widget->setText(captionOf(model.Text()));
-        widget->setAccessibleName(toQt(model.Text()));
-    });
-    QObject::connect(widget, &QAbstractButton::clicked, widget, [click = std::move(onClick)] {
-        if (click) {
-            click();
-        }
-    });
-    watchState(model, widget);
+    bindPressed(model, widget, name, std::move(onClick));
 }
 
 void bind(Button& model, QAbstractButton* widget, const QString& name, std::function<void()> onClick) {
-    nameWidget(widget, name);
-    watch(model.Text, widget, [&model, widget] {
-        widget->setText(captionOf(model.Text()));
-        widget->setAccessibleName(toQt(model.Text()));
-    });
-    QObject::connect(widget, &QAbstractButton::clicked, widget, [click = std::move(onClick)] {
-        if (click) {
-            click();
-        }
-    });
-    watchState(model, widget);
+    bindPressed(model, widget, name, std::move(onClick));
 }
 
 void bind(CheckBox& model, QCheckBox* widget, const QString& name, std::function<void(bool)> onClick) {
@@ -143,10 +160,13 @@ void bind(ProgressBar& model, QProgressBar* widget, const QString& name) {
 
 void bind(ListBox& model, QComboBox* widget, const QString& name, std::function<void(int)> onSelect) {
     nameWidget(widget, name);
+    widget->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     watch(model.Entries, widget, [&model, widget] {
         const QSignalBlocker quiet(widget);
         widget->clear();
         widget->addItems(entriesOf(model));
+        // The box would keep the least width of its first entries.
+        widget->setMinimumWidth(std::max(widget->minimumWidth(), widget->sizeHint().width()));
         widget->setCurrentIndex(model.Selected);
     });
     watch(model.Selected, widget, [&model, widget] {

@@ -27,6 +27,8 @@ class QWidget;
 /// let go. `name` is the control's name, "F13.FGK13" for one, and becomes the object name.
 namespace qvm::ui {
 
+class ElidedLabel;
+
 /// Calls `show` now and whenever the value changes, until `owner` dies.
 template <class T>
 void watch(Observed<T>& value, QObject* owner, const std::function<void()>& show) {
@@ -40,6 +42,8 @@ void nameWidget(QWidget* widget, const QString& name, const QString& accessibleN
 
 /// The accessible name follows the text.
 void bind(Label& model, QLabel* widget, const QString& name);
+/// The same with as much of the text as there is room for.
+void bind(Label& model, ElidedLabel* widget, const QString& name);
 /// A label that can be pressed.
 void bind(Label& model, QAbstractButton* widget, const QString& name, std::function<void()> onClick);
 void bind(TextBox& model, QLineEdit* widget, const QString& name);

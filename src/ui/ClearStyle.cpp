@@ -13,6 +13,11 @@ constexpr float FrameStrength = 0.55F; ///< of the text's colour
 
 } // namespace
 
+void ClearStyle::polish(QPalette& palette) {
+    QProxyStyle::polish(palette);
+    palette = legiblePalette(palette);
+}
+
 void ClearStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                const QWidget* widget) const {
     QProxyStyle::drawPrimitive(element, option, painter, widget);

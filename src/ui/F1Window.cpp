@@ -1,6 +1,7 @@
 #include "F1Window.h"
 
 #include "LabelDrawing.h"
+#include "LabelInk.h"
 #include "Theme.h"
 #include "Worttafel.h"
 
@@ -61,7 +62,7 @@ QLayout* F1Window::makeFacts() {
     grid->setColumnStretch(1, 1);
     const auto add = [&](int row, Label& model, const char* name) {
         auto* caption = new QLabel(this);
-        caption->setForegroundRole(QPalette::PlaceholderText);
+        makeWeak(caption);
         auto* value = new QLabel(this);
         bind(model, value, QStringLiteral("F1.") + QLatin1String(name));
         value->setTextInteractionFlags(Qt::TextSelectableByMouse);

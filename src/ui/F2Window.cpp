@@ -4,6 +4,7 @@
 #include "ElidedLabel.h"
 #include "F1.h"
 #include "LabelDrawing.h"
+#include "LabelInk.h"
 #include "LinkCard.h"
 #include "Mnemonics.h"
 #include "OverviewCard.h"
@@ -142,7 +143,7 @@ QWidget* F2Window::makePage() {
     enlarge(name, 1.8, true);
     version_ = new QLabel(page);
     version_->setObjectName(QStringLiteral("F2.Version"));
-    version_->setForegroundRole(QPalette::PlaceholderText);
+    makeWeak(version_);
     auto* texts = new QVBoxLayout;
     texts->setSpacing(4);
     texts->addStretch();

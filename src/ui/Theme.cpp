@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <initializer_list>
 
 // The drawings lie in a static library, from which the linker would drop them unasked.
 static void initDrawings() {
@@ -83,22 +84,42 @@ qreal luminance(const QColor& colour) {
     return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
 }
 
-/// 1 to 21. Source: as above.
-qreal contrast(const QColor& a, const QColor& b) {
-    const qreal one = luminance(a) + 0.05;
-    const qreal two = luminance(b) + 0.05;
-    return std::max(one, two) / std::min(one, two);
+/// A sign of some size, as a cross, needs less contrast than a text.
+constexpr qreal EnoughForText = 4.5, EnoughForDisabled = 3, EnoughForSign = 3.2;
+
+/// What shows where `colour` is painted on `ground`.
+QColor painted(const QColor& colour, const QColor& ground) {
+    const QColor opaque(colour.red(), colour.green(), colour.blue());
+    return mixed(ground, opaque, colour.alphaF());
 }
 
-/// The colour, mixed with as much of `text` as a sign of some size needs to be told from its ground.
-QColor legible(const QColor& colour, const QColor& ground, const QColor& text) {
-    constexpr qreal Enough = 3.2;
-    constexpr int Steps = 10;
-    QColor seen = colour;
-    for (int step = 1; step <= Steps && contrast(seen, ground) < Enough; ++step) {
-        seen = mixed(colour, text, static_cast<qreal>(step) / Steps);
+/// Disabled texts stand on the grounds of enabled controls, too, and on buttons that a style shades from their colour.
+void liftDisabled(QPalette& palette, QPalette::ColorRole text, std::initializer_list<QPalette::ColorRole> grounds) {
+    constexpr int Plain = 100, Shaded = 135; // percent
+    const auto lift = [&](const QColor& ground) {
+        palette.setColor(QPalette::Disabled, text,
+                         legible(palette.color(QPalette::Disabled, text), ground, palette.color(QPalette::Active, text),
+                                 EnoughForDisabled));
+    };
+    for (const QPalette::ColorRole ground : grounds) {
+        for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Disabled}) {
+            lift(palette.color(group, ground));
+            lift(palette.color(group, ground).lighter(ground == QPalette::Button ? Shaded : Plain));
+        }
     }
-    return seen;
+}
+
+/// The selection moves away from its text, as the text is often white already.
+void spreadSelection(QPalette& palette, QPalette::ColorGroup group) {
+    const QColor text = palette.color(group, QPalette::HighlightedText);
+    const QColor ground = palette.color(group, QPalette::Highlight);
+    const QColor away = luminance(text) > luminance(ground) ? QColor(Qt::black) : QColor(Qt::white);
+    constexpr int Steps = 20;
+    QColor seen = ground;
+    for (int step = 1; step <= Steps && contrast(text, seen) < EnoughForText; ++step) {
+        seen = mixed(ground, away, static_cast<qreal>(step) / Steps);
+    }
+    palette.setColor(group, QPalette::Highlight, seen);
 }
 
 } // namespace
@@ -152,6 +173,42 @@ QPixmap lampPixmap(Colour colour, int size, qreal devicePixelRatio) {
     return lamp;
 }
 
+qreal contrast(const QColor& a, const QColor& b) {
+    const qreal one = luminance(painted(a, b)) + 0.05;
+    const qreal two = luminance(b) + 0.05;
+    return std::max(one, two) / std::min(one, two);
+}
+
+QColor legible(const QColor& colour, const QColor& ground, const QColor& text, qreal enough) {
+    constexpr int Steps = 20;
+    const QColor from = painted(colour, ground);
+    QColor seen = contrast(colour, ground) < enough ? from : colour;
+    for (int step = 1; step <= Steps && contrast(seen, ground) < enough; ++step) {
+        seen = mixed(from, text, static_cast<qreal>(step) / Steps);
+    }
+    return seen;
+}
+
+QColor weakText(const QColor& text, const QColor& ground) {
+    constexpr qreal Weakest = 0.4; // share of the ground
+    return legible(mixed(text, ground, Weakest), ground, text, EnoughForText);
+}
+
+QPalette legiblePalette(const QPalette& palette) {
+    QPalette better = palette;
+    liftDisabled(better, QPalette::WindowText, {QPalette::Window, QPalette::Base});
+    liftDisabled(better, QPalette::ButtonText, {QPalette::Button, QPalette::Window});
+    liftDisabled(better, QPalette::Text, {QPalette::Base, QPalette::Window});
+    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
+        const QColor ground = better.color(group, QPalette::Base);
+        if (contrast(better.color(group, QPalette::PlaceholderText), ground) < EnoughForText) {
+            better.setColor(group, QPalette::PlaceholderText, weakText(better.color(group, QPalette::Text), ground));
+        }
+        spreadSelection(better, group);
+    }
+    return better;
+}
+
 bool isDark(const QPalette& palette) {
     return luminance(palette.color(QPalette::Base)) < luminance(palette.color(QPalette::Text));
 }
@@ -196,12 +253,17 @@ QColor tinted(const QColor& ground, RowTint tint, const QPalette& palette) {
     }
 }
 
+QColor labelForeground(Colour foreground, const QColor& text, const QColor& ground) {
+    return foreground == Black ? text : legible(exactColour(foreground), ground, text, EnoughForText);
+}
+
 QColor cellForeground(Colour foreground, Colour background, const QPalette& palette) {
     const CellTone tone = cellTone(background);
     if (foreground != Black) {
         const QColor exact = exactColour(foreground);
         const bool button = tone == CellTone::Action || tone == CellTone::Hover;
-        return button ? legible(exact, cellBackground(background, false, palette), palette.color(QPalette::Text))
+        return button ? legible(exact, cellBackground(background, false, palette), palette.color(QPalette::Text),
+                                EnoughForSign)
                       : exact;
     }
     if (tone != CellTone::Exact) {

@@ -62,7 +62,25 @@ QColor tinted(const QColor& ground, RowTint tint, const QPalette& palette);
 /// clicked.
 QColor cellForeground(Colour foreground, Colour background, const QPalette& palette);
 
+/// The text of a label: black is the palette's text; every other colour goes as far towards it as it needs to be read.
+QColor labelForeground(Colour foreground, const QColor& text, const QColor& ground);
+
 /// True when the palette is light on dark.
 bool isDark(const QPalette& palette);
+
+/// How far apart two colours are in brightness, 1 to 21; what shines through is mixed with `b`. Source: Web Content
+/// Accessibility Guidelines 2.1, which ask for 4.5 between a text and its ground.
+qreal contrast(const QColor& a, const QColor& b);
+
+/// The ink of a text that stands back behind others: mixed from the text's and the ground's colour, with a contrast of
+/// 4.5 at least unless the text itself has less.
+QColor weakText(const QColor& text, const QColor& ground);
+
+/// The colour as it is, or moved towards `text` as far as a contrast of `enough` to `ground` needs.
+QColor legible(const QColor& colour, const QColor& ground, const QColor& text, qreal enough);
+
+/// A desktop's palette made legible: weak texts and texts on the selection have a contrast of 4.5 at least, texts of
+/// disabled controls 3, where text and ground themselves are so far apart. What has enough stays as it is.
+QPalette legiblePalette(const QPalette& palette);
 
 } // namespace qvm::ui

@@ -27,16 +27,20 @@ const char* const Windows[] = {"F1",          "F2",
 /// The names of the languages are the same in each.
 const char* const WithoutWords[] = {"F15"};
 
-struct Form {
-    const char* Language;
+/// A size and a palette in which the pictures are taken.
+struct Look {
     int Percent;
+    const char* Palette;
     bool Dark;
 };
 
-QString pathOf(const QString& folder, const Form& form, const char* window) {
+constexpr Look Looks[] = {{100, "breeze-light", false}, {100, "breeze-dark", true},   {100, "adwaita-dark", true},
+                          {100, "high-contrast", true}, {200, "breeze-light", false}, {200, "breeze-dark", true}};
+
+QString pathOf(const QString& folder, const char* language, const Look& look, const char* window) {
     return QStringLiteral("%1/%2-%3-%4/%5.png")
-        .arg(folder, QLatin1String(form.Language), QString::number(form.Percent),
-             QLatin1String(form.Dark ? "dark" : "light"), QLatin1String(window));
+        .arg(folder, QLatin1String(language), QString::number(look.Percent), QLatin1String(look.Palette),
+             QLatin1String(window));
 }
 
 bool hasColours(const QImage& image, int fewest) {
@@ -58,8 +62,8 @@ int brightnessOf(const QImage& image) {
     return qGray(one.pixel(0, 0));
 }
 
-void checkOne(const QString& folder, const Form& form, const char* window, QStringList& faults) {
-    const QString path = pathOf(folder, form, window);
+void checkOne(const QString& folder, const char* language, const Look& look, const char* window, QStringList& faults) {
+    const QString path = pathOf(folder, language, look, window);
     const QImage image(path);
     if (image.width() < SmallestSide || image.height() < SmallestSide) {
         faults += path + QStringLiteral(": missing or too small");
@@ -68,11 +72,11 @@ void checkOne(const QString& folder, const Form& form, const char* window, QStri
     if (!hasColours(image, FewestColours)) {
         faults += path + QStringLiteral(": empty");
     }
-    if ((brightnessOf(image) < 128) != form.Dark) {
+    if ((brightnessOf(image) < 128) != look.Dark) {
         faults += path + QStringLiteral(": not of its palette");
     }
-    const QImage plain(pathOf(folder, {form.Language, 100, form.Dark}, window));
-    const QSize expected = plain.size() * form.Percent / 100;
+    const QImage plain(pathOf(folder, language, {100, look.Palette, look.Dark}, window));
+    const QSize expected = plain.size() * look.Percent / 100;
     // Text of twice the size is not to the pixel twice as wide.
     if (std::abs(image.width() - expected.width()) > expected.width() / 8 ||
         std::abs(image.height() - expected.height()) > expected.height() / 8) {
@@ -86,13 +90,12 @@ QStringList checkPictures(const QString& folder) {
     QStringList faults;
     for (const char* window : Windows) {
         for (const char* language : {"Deutsch", "English"}) {
-            for (const int percent : {100, 200}) {
-                checkOne(folder, {language, percent, false}, window, faults);
-                checkOne(folder, {language, percent, true}, window, faults);
+            for (const Look& look : Looks) {
+                checkOne(folder, language, look, window, faults);
             }
         }
-        const QImage german(pathOf(folder, {"Deutsch", 100, false}, window));
-        const QImage english(pathOf(folder, {"English", 100, false}, window));
+        const QImage german(pathOf(folder, "Deutsch", Looks[0], window));
+        const QImage english(pathOf(folder, "English", Looks[0], window));
         const bool wordless = std::string_view(window) == WithoutWords[0];
         if (!wordless && german == english) {
             faults += QLatin1String(window) + QStringLiteral(": the same in both languages");

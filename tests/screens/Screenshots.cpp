@@ -1,12 +1,14 @@
 // Pictures of every window over the demonstration installation, in virtual time, so that they come out the same again.
 //
-//   qvm_screenshots PLACE LANGUAGE light|dark PREFIX   writes PREFIX<window>.png; PLACE: a program folder with its data
-//   qvm_screenshots --check FOLDER                     looks whether the pictures of docs/screenshots.sh are sound
+//   qvm_screenshots PLACE LANGUAGE PALETTE PREFIX   writes PREFIX<window>.png; PLACE: a program folder with its data,
+//                                                   PALETTE: a desktop's, "breeze-dark" for one
+//   qvm_screenshots --check FOLDER                  looks whether the pictures of docs/screenshots.sh are sound
 //
 // A text that does not fit its place is a fault in either case.
 #include "Bilderpruefung.h"
 #include "ClearStyle.h"
 #include "Fensterschau.h"
+#include "Palettes.h"
 #include "WidgetChecks.h"
 
 #include <QApplication>
@@ -17,23 +19,6 @@
 #include <cstdio>
 
 namespace {
-
-QPalette darkPalette() {
-    QPalette palette(QColor(55, 55, 58), QColor(45, 45, 48)); // shades of these two, too
-    const QColor white(Qt::white), grey(130, 130, 130);
-    palette.setColor(QPalette::Base, QColor(30, 30, 30));
-    palette.setColor(QPalette::AlternateBase, QColor(38, 38, 40));
-    palette.setColor(QPalette::ToolTipBase, QColor(60, 60, 60));
-    palette.setColor(QPalette::Highlight, QColor(42, 130, 218));
-    palette.setColor(QPalette::Link, QColor(90, 170, 255));
-    palette.setColor(QPalette::PlaceholderText, QColor(160, 160, 160));
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText,
-                            QPalette::HighlightedText}) {
-        palette.setColor(role, white);
-        palette.setColor(QPalette::Disabled, role, grey);
-    }
-    return palette;
-}
 
 /// The language files and the data of a program folder.
 void load(const QString& place, qvm::test::MemoryFiles& disk) {
@@ -76,12 +61,13 @@ int main(int argc, char** argv) {
     if (arguments.size() == 3 && arguments.at(1) == QLatin1String("--check")) {
         faults = qvm::test::checkPictures(arguments.at(2));
     } else if (arguments.size() == 5) {
-        if (arguments.at(3) == QLatin1String("dark")) {
-            QApplication::setPalette(darkPalette());
+        if (!qvm::test::dressProgram(arguments.at(3))) {
+            std::fprintf(stderr, "%s: no palette of that name\n", qUtf8Printable(arguments.at(3)));
+            return 2;
         }
         faults = takePictures(arguments.at(1), arguments.at(2).toStdString(), arguments.at(4));
     } else {
-        std::fputs("qvm_screenshots PLACE LANGUAGE light|dark PREFIX | --check FOLDER\n", stderr);
+        std::fputs("qvm_screenshots PLACE LANGUAGE PALETTE PREFIX | --check FOLDER\n", stderr);
         return 2;
     }
     for (const QString& fault : faults) {

@@ -2,6 +2,7 @@
 
 #include "Bind.h"
 
+#include "PaintedTexts.h"
 #include "TextEdge.h"
 #include "UiFixture.h"
 #include "WidgetChecks.h"
@@ -46,7 +47,11 @@ TEST(Bind, a_label_shows_text_colour_and_state) {
     EXPECT_EQ(widget.textFormat(), Qt::PlainText);
     EXPECT_EQ(widget.accessibleName(), QStringLiteral("<b>Tor</b>"));
     model.ForeColor = Colour{0x0000FF};
-    EXPECT_EQ(widget.palette().color(QPalette::WindowText), QColor(255, 0, 0));
+    const QColor red = widget.palette().color(QPalette::WindowText);
+    EXPECT_GE(wcagContrast(red, widget.palette().color(QPalette::Window)), 4.5);
+    EXPECT_GT(red.red(), 150);
+    EXPECT_EQ(red.green(), 0);
+    EXPECT_EQ(red.blue(), 0);
     model.ForeColor = Black;
     EXPECT_EQ(widget.palette().color(QPalette::WindowText), QApplication::palette().color(QPalette::WindowText));
     model.Enabled = false;
