@@ -88,11 +88,11 @@ private:
         }
     }
 
-    /// What the content needs, as far as the screen has it.
+    /// What the window was made for or its content needs, as far as the screen has it.
     void takeNaturalSize() {
         window_->ensurePolished();
-        const QSize wanted = window_->sizeHint();
-        if (!window_->testAttribute(Qt::WA_Resized) && wanted.isValid()) {
+        const QSize wanted = window_->testAttribute(Qt::WA_Resized) ? window_->size() : window_->sizeHint();
+        if (wanted.isValid()) {
             window_->resize(wanted.boundedTo(window_->screen()->availableSize() * 9 / 10));
         }
     }

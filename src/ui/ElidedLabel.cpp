@@ -16,12 +16,21 @@ ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) {
 void ElidedLabel::setFullText(const QString& text) {
     text_ = text;
     setAccessibleName(text);
+    updateGeometry();
     fit();
 }
 
 void ElidedLabel::setTip(const QString& tip) {
     tip_ = tip;
     fit();
+}
+
+QSize ElidedLabel::sizeHint() const {
+    return {fontMetrics().horizontalAdvance(text_) + 2 * frameWidth(), QLabel::sizeHint().height()};
+}
+
+QSize ElidedLabel::minimumSizeHint() const {
+    return {0, QLabel::minimumSizeHint().height()};
 }
 
 void ElidedLabel::resizeEvent(QResizeEvent* event) {

@@ -5,7 +5,8 @@
 namespace qvm::ui {
 
 /// A line of text that takes the width it gets, with "..." where it does not fit; the whole text then is its tool tip.
-/// It never asks for more room, so that nothing around it moves.
+/// It never asks for more room, so that nothing around it moves; where its policy lets it (Maximum for one) it takes as
+/// much as the whole text needs.
 class ElidedLabel : public QLabel {
 public:
     explicit ElidedLabel(QWidget* parent = nullptr);
@@ -13,6 +14,8 @@ public:
     void setFullText(const QString& text);
     /// A tool tip of its own, whether the text fits or not; empty: none.
     void setTip(const QString& tip);
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
 
 protected:
     void resizeEvent(QResizeEvent* event) override;

@@ -25,7 +25,7 @@ F11Window::F11Window(F11& f11, QWidget* parent)
     content()->addWidget(keep);
     content()->addStretch();
     makeButtons();
-    setMinimumWidth(420);
+    setLeastSize(420);
     const auto cancel = [this] { f11_.Cancel_Click(); };
     finish({.onClose = cancel, .onEscape = cancel});
 }

@@ -33,7 +33,7 @@ F13Window::F13Window(F13& f13, QWidget* parent)
     makeFilterBar();
     makeGrid();
     const auto back = [this] { f13_.Toolbar1_ButtonClick(u8"Zurück"_w); };
-    setMinimumSize(480, 320);
+    setLeastSize(480, 320);
     grid_->setFocus();
     finish({.onClose = back, .onEscape = back});
 }

@@ -23,8 +23,8 @@ F14Window::F14Window(F14& model, QWidget* parent)
     for (ToolButton& button : f14_.Toolbar1) {
         addToolButton(button, bar, [this](std::string_view key) { f14_.Toolbar1_ButtonClick(key); });
     }
-    bind(f14_.Combo1, channels_, QStringLiteral("F14.Combo1"), [this](int index) { f14_.Combo1_Click(index); });
     channels_->setMinimumWidth(ChannelWidth);
+    bind(f14_.Combo1, channels_, QStringLiteral("F14.Combo1"), [this](int index) { f14_.Combo1_Click(index); });
     // All twelve channels at once.
     channels_->setMaxVisibleItems(12);
     auto* row = new QHBoxLayout;
@@ -35,7 +35,7 @@ F14Window::F14Window(F14& model, QWidget* parent)
     content()->setContentsMargins(24, 24, 24, 24);
     content()->addLayout(row);
     content()->addStretch();
-    setMinimumWidth(NarrowestWidth);
+    setLeastSize(NarrowestWidth);
     const auto back = [this] { f14_.Toolbar1_ButtonClick(f14_.Toolbar1[0].Key); };
     finish({.onClose = back, .onEscape = back}, false);
 }

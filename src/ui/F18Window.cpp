@@ -30,7 +30,7 @@ F18Window::F18Window(F18& f18, QWidget* parent)
     content()->addWidget(bar_);
     content()->addSpacing(6);
     content()->addLayout(row);
-    setMinimumWidth(380);
+    setLeastSize(380);
     finish({.onClose = end, .onEscape = end});
 }
 

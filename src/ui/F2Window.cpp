@@ -28,6 +28,8 @@ namespace {
 
 constexpr int BrandSize = 72, MainIconSize = 32, PageMargin = 28, StatusMargin = 8;
 constexpr int VersionLine = 136;
+constexpr int WidestBar = 50;        ///< in heights of a line: 800 points with letters of usual size
+constexpr qreal SmallCaption = 0.85; ///< of the font
 
 QAction* addEntry(QMenu* menu, MenuEntry& entry, const char* name, std::function<void()> onClick) {
     QAction* action = menu->addAction(QString());
@@ -186,12 +188,35 @@ void F2Window::makeStatusBar() {
     }
 }
 
+/// The captions of some languages are longer than a small screen is wide.
+void F2Window::fitCaptions() {
+    const auto write = [this](const QFont& font) {
+        bar_->setFont(font);
+        // Before they are shown, keys do not tell their layout that they have changed.
+        bar_->layout()->invalidate();
+        layout()->invalidate();
+    };
+    QFont font = this->font();
+    write(font);
+    if (bar_->sizeHint().width() > WidestBar * fontMetrics().height()) {
+        font.setPointSizeF(font.pointSizeF() * SmallCaption);
+        write(font);
+    }
+}
+
+void F2Window::showEvent(QShowEvent* event) {
+    fitCaptions();
+    layout()->activate();
+    QMainWindow::showEvent(event);
+}
+
 void F2Window::setWords() {
     const std::string& language = f2_.kern.Config.Sprache;
     version_->setText(toQt(Wort(f2_.kern, VersionLine, "Version")) + QLatin1Char(' ') + toQt(ProgrammVersion));
     bar_->setAccessibleName(word(Word::KeyBar, language));
     histories_->setText(word(Word::LatestHistories, language));
     card_->showLight();
+    fitCaptions();
 }
 
 void F2Window::popUp(QMenu* menu, std::string_view key) {

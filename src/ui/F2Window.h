@@ -29,6 +29,9 @@ public:
     void popUpCalendarMenu() { popUp(calendarMenu_, "636I259"); }
     void popUpClockMenu() { popUp(clockMenu_, "Schaltuhr"); }
 
+protected:
+    void showEvent(QShowEvent* event) override;
+
 private:
     void makeMenus();
     void addHistories(QMenu* menu);
@@ -37,6 +40,7 @@ private:
     QWidget* makePage();
     QLayout* makeLinkRow();
     void makeStatusBar();
+    void fitCaptions();
     void popUp(QMenu* menu, std::string_view key);
 
     F2& f2_;

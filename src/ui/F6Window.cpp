@@ -38,7 +38,7 @@ F6Window::F6Window(F6& model, QWidget* parent)
     content()->addWidget(grid_, 1);
     content()->addStretch();
     content()->addLayout(makeBottomRow());
-    setMinimumSize(MinimumWidth, MinimumHeight);
+    setLeastSize(MinimumWidth, MinimumHeight);
     resize(FirstWidth, FirstHeight);
     const auto back = [this] { pressKey(f6_.Toolbar1[0].Key); };
     finish({.onClose = back, .onEscape = back});

@@ -58,7 +58,7 @@ F7Window::F7Window(F7& f7, QWidget* parent)
     makeStatus();
     makeShortcuts();
     const auto back = [this] { f7_.Toolbar1_ButtonClick("W95MBX01"); };
-    setMinimumSize(480, 360);
+    setLeastSize(480, 360);
     grid_->setFocus();
     finish({.onClose = back, .onEscape = back});
 }

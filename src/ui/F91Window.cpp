@@ -1,12 +1,12 @@
 #include "F91Window.h"
 
+#include "ElidedLabel.h"
 #include "GridFilterBar.h"
 #include "GridView.h"
 #include "TextEdge.h"
 #include "Worttafel.h"
 
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -25,7 +25,7 @@ F91Window::F91Window(F91& f91, QWidget* parent)
     makeGrid();
     makeState();
     makeButtons();
-    setMinimumSize(520, 340);
+    setLeastSize(520, 340);
     grid_->setFocus();
     // Escape leaves a list; it does not stop one whose row is under way.
     finish({.onClose = [this] { leave(); }, .onEscape = [this] { f91_.Command1_Click(); }});
@@ -69,7 +69,7 @@ void F91Window::makeGrid() {
 }
 
 void F91Window::makeState() {
-    auto* status = new QLabel(this);
+    auto* status = new ElidedLabel(this);
     bind(f91_.StatusLabel, status, QStringLiteral("F91.StatusLabel"));
     QFont bold = status->font();
     bold.setBold(true);
@@ -92,7 +92,8 @@ void F91Window::makeState() {
     const std::pair<Label*, const char*> labels[] = {
         {&f91_.StartLabel, "F91.StartLabel"}, {&f91_.JetztLabel, "F91.JetztLabel"}, {&f91_.RestLabel, "F91.RestLabel"}};
     for (const auto& [model, name] : labels) {
-        auto* label = new QLabel(this);
+        auto* label = new ElidedLabel(this);
+        label->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
         bind(*model, label, QString::fromLatin1(name));
         keepRoom(label);
         times->addWidget(label);

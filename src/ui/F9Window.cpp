@@ -27,7 +27,7 @@ F9Window::F9Window(F9& f9, QWidget* parent)
     content()->addSpacing(6);
     content()->addStretch();
     makeButtons();
-    setMinimumWidth(500);
+    setLeastSize(500);
     // A run under way is cancelled first; the window stays until the run has ended.
     const auto leave = [this] { f9_.Command2.Enabled ? f9_.Command2_Click() : f9_.Command1_Click(); };
     finish({.onClose = leave, .onEscape = leave});

@@ -58,6 +58,26 @@ bool WindowBase::eventFilter(QObject* watched, QEvent* event) {
 
 void WindowBase::finish(WindowHandlers handlers, bool remember) {
     setWords();
+void WindowBase::setLeastSize(int width, int height) {
+    least_ = QSize(width, height);
+    keepLeastSize();
+}
+
+void WindowBase::keepLeastSize() {
+    // A size that is set keeps the layout from setting its own, which larger letters or a longer text may need.
+    if (least_.isValid()) {
+        setMinimumSize(least_.expandedTo(outer_->totalMinimumSize()));
+    }
+}
+
+bool WindowBase::event(QEvent* event) {
+    const bool handled = QWidget::event(event);
+    if (event->type() == QEvent::LayoutRequest) {
+        keepLeastSize();
+    }
+    return handled;
+}
+
     bind(model_, this, objectName(), std::move(handlers), remember);
 }
 
@@ -65,6 +85,7 @@ void WindowBase::showEvent(QShowEvent* event) {
     setWords();
     QWidget::showEvent(event);
 }
+    keepLeastSize();
 
 void WindowBase::keyPressEvent(QKeyEvent* event) {
     const bool press = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;

@@ -37,8 +37,11 @@ protected:
     /// Return presses this button wherever the focus stands, unless the control there wants the key itself. Once it is
     /// enabled it takes a focus that nothing else has.
     void setDefaultButton(QPushButton* button);
+    /// In device independent pixels: the window never gets smaller than this, nor than its content needs.
+    void setLeastSize(int width, int height = 0);
     /// To be called at the end of the constructor: title, visibility, place. `remember`: place and size.
     void finish(WindowHandlers handlers, bool remember = true);
+    bool event(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -46,10 +49,13 @@ protected:
     Window& windowModel() const { return model_; }
 
 private:
+    void keepLeastSize();
+
     Window& model_;
     QVBoxLayout* outer_;
     QVBoxLayout* content_;
     QPushButton* default_ = nullptr;
+    QSize least_; ///< as set
 };
 
 } // namespace qvm::ui
