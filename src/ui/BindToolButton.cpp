@@ -36,7 +36,8 @@ void alignCaptions(const QToolBar& bar) {
     }
     for (QAction* action : bar.actions()) {
         const QString text = action->iconText().trimmed();
-        action->setIconText(two && !text.contains(QLatin1Char('\n')) ? text + QStringLiteral("\n ") : text);
+        action->setIconText(two && !text.isEmpty() && !text.contains(QLatin1Char('\n')) ? text + QStringLiteral("\n ")
+                                                                                        : text);
     }
 }
 
@@ -83,22 +84,22 @@ QToolButton* addToolButton(ToolButton& model, QToolBar* bar, std::function<void(
     nameWidget(button, name);
     button->setFocusPolicy(Qt::TabFocus);
     pressByReturn(button);
-    const auto showTip = [&model, action, button] {
-        const QString tip = toQt(model.Tip());
+    // A screen reader that lists the bar would find a hidden key by its name.
+    const auto show = [&model, bar, action, button] {
+        const QString tip = toQt(model.Visible ? model.Tip() : std::string());
         const QString why = toQt(model.Warum());
+        action->setText(captionOf(model.Visible ? model.Tip() : std::string()));
+        action->setIconText(inTwoLines(action->text()));
         action->setToolTip(why.isEmpty() ? tip : tip + QLatin1Char('\n') + why);
         button->setAccessibleName(tip);
         setWaiting(button, why);
-    };
-    watch(model.Tip, action, [&model, bar, action, showTip] {
-        action->setText(captionOf(model.Tip()));
-        action->setIconText(inTwoLines(captionOf(model.Tip())));
-        showTip();
+        action->setVisible(model.Visible);
         alignCaptions(*bar);
-    });
-    watch(model.Warum, action, showTip);
+    };
+    watch(model.Tip, action, show);
+    watch(model.Visible, action, show);
+    watch(model.Warum, action, show);
     watch(model.Enabled, action, [&model, action] { action->setEnabled(model.Enabled); });
-    watch(model.Visible, action, [&model, action] { action->setVisible(model.Visible); });
     QObject::connect(action, &QAction::triggered, action, [&model, click = std::move(onClick)] {
         if (click) {
             click(model.Key);

@@ -3,6 +3,7 @@
 #include "KeyEdit.h"
 #include "MonthView.h"
 #include "TextEdge.h"
+#include "Words.h"
 #include "Worttafel.h"
 
 #include <QCheckBox>
@@ -34,12 +35,15 @@ void F11Window::setWords() {
     adapterCaption_->setText(word(Word::Adapter, f11_.kern.Config.Sprache));
     adapters_->setAccessibleName(adapterCaption_->text());
     month_->setLanguage(f11_.kern.Config.Sprache);
+    tellCount();
+    nameDate();
 }
 
 void F11Window::makeCode() {
     auto* prompt = new QLabel(this);
     bind(f11_.Prompt, prompt, QStringLiteral("F11.Prompt"));
-    auto* code = new KeyEdit(f11_.Text1, QStringLiteral("F11.Text1"), this);
+    auto* code = code_ = new KeyEdit(f11_.Text1, QStringLiteral("F11.Text1"), this);
+    code->setEchoMode(QLineEdit::Password);
     code->onKey = [this](int key) { f11_.Text1_KeyPress(key); };
     QFont wide = code->font();
     wide.setPointSizeF(wide.pointSizeF() * 1.5);
@@ -47,8 +51,9 @@ void F11Window::makeCode() {
     code->setFont(wide);
     code->setMinimumWidth(QFontMetrics(wide).horizontalAdvance(QStringLiteral("******")) + 60);
     prompt->setBuddy(code);
-    auto* count = new QLabel(this);
+    auto* count = count_ = new QLabel(this);
     bind(f11_.Anzahl, count, QStringLiteral("F11.Anzahl"));
+    watch(f11_.Anzahl.Text, count, [this] { tellCount(); });
     count->setMinimumWidth(count->fontMetrics().horizontalAdvance(QStringLiteral("00")));
     auto* row = new QHBoxLayout;
     row->addWidget(code, 1);
@@ -67,8 +72,10 @@ void F11Window::makeCutoff() {
     bind(f11_.CutoffText, caption, QStringLiteral("F11.CutoffText"));
     date_ = new QPushButton(ownIcon(QStringLiteral("calendar")), QString(), this);
     bind(f11_.CutoffDate, date_, QStringLiteral("F11.CutoffDate"), [this] { pickDate(); });
+    watch(f11_.CutoffDate.Text, date_, [this] { nameDate(); });
     month_ = new MonthView(QStringLiteral("F11.MonthView"), this);
     month_->hide();
+    month_->makePopup();
     month_->onPick = [this](const Datum& day) {
         month_->close();
         f11_.Datum_Waehlen(day);
@@ -77,6 +84,20 @@ void F11Window::makeCutoff() {
     row->addWidget(caption, 1);
     row->addWidget(date_);
     content()->addLayout(row);
+}
+
+/// The box shows nothing of the code; how much of it stands is said, too.
+void F11Window::tellCount() {
+    const std::string count = Wort(f11_.kern, Word::CodeCount, {f11_.Anzahl.Text(), std::to_string(F11::CodeLength)});
+    count_->setText(toQt(f11_.Anzahl.Text()));
+    count_->setAccessibleName(toQt(count));
+    code_->setAccessibleDescription(toQt(count));
+}
+
+/// A date alone does not say what it is for.
+void F11Window::nameDate() {
+    date_->setText(captionOf(f11_.CutoffDate.Text()));
+    date_->setAccessibleName(toQt(f11_.CutoffText.Text()) + QLatin1Char(' ') + toQt(f11_.CutoffDate.Text()));
 }
 
 void F11Window::makeAdapters() {

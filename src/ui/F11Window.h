@@ -9,6 +9,7 @@ class QPushButton;
 
 namespace qvm::ui {
 
+class KeyEdit;
 class MonthView;
 
 /// F11 on the screen: the start dialog over the window that opened it.
@@ -26,10 +27,14 @@ private:
     void makeAdapters();
     void makeButtons();
     void pickDate();
+    void tellCount();
+    void nameDate();
 
     F11& f11_;
     QLabel* adapterCaption_ = nullptr;
     QComboBox* adapters_ = nullptr;
+    KeyEdit* code_ = nullptr;
+    QLabel* count_ = nullptr;
     QPushButton* date_ = nullptr;
     MonthView* month_ = nullptr;
 };

@@ -2,6 +2,7 @@
 
 #include "Bind.h"
 #include "FrozenView.h"
+#include "GridAccess.h"
 #include "GridDelegate.h"
 #include "GridHeader.h"
 #include "Stelle.h"
@@ -25,6 +26,7 @@ constexpr int WidestFactor = 2;                 ///< a column grows to this many
 GridView::GridView(Grid& grid, QWidget* parent)
     : QTableView(parent), model_(new GridModel(grid, this)), frozen_(new FrozenView(this)), edge_(new QWidget(this)),
       twips_(static_cast<std::size_t>(grid.Columns()), 1000) {
+    describeGrids();
     prepare(*this);
     prepare(*frozen_);
     setItemDelegate(new GridDelegate(*this, this));

@@ -1,5 +1,6 @@
 // Mouse, keyboard and the other events of the grid's view.
 
+#include "GridAccess.h"
 #include "GridView.h"
 #include "Keys.h"
 
@@ -112,8 +113,16 @@ bool GridView::frozenMouse(const QMouseEvent& event) {
     return true;
 }
 
+// A table view would tell the screen reader of cells in a count that takes in the hidden columns.
+
+void GridView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+    QAbstractItemView::selectionChanged(selected, deselected); // NOLINT(bugprone-parent-virtual-call)
+    tellCurrentCell(this, true);
+}
+
 void GridView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
-    QTableView::currentChanged(current, previous);
+    QAbstractItemView::currentChanged(current, previous); // NOLINT(bugprone-parent-virtual-call)
+    tellCurrentCell(this, false);
     const int row = current.row() + 1;
     if (current.isValid() && selection_ == nullptr) {
         grid().Row = row;

@@ -3,6 +3,7 @@
 #include "Bind.h"
 #include "QtWords.h"
 #include "Theme.h"
+#include "WindowAccess.h"
 #include "Worttafel.h"
 
 #include <QGuiApplication>
@@ -23,6 +24,7 @@ QDate toDate(const Datum& day) {
 } // namespace
 
 MonthView::MonthView(const QString& name, QWidget* parent) : QCalendarWidget(parent) {
+    describeWindows();
     nameWidget(this, name);
     setFirstDayOfWeek(Qt::Monday);
     setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
@@ -87,6 +89,7 @@ void MonthView::changeEvent(QEvent* event) {
 void MonthView::setLanguage(std::string_view sprache) {
     setLocale(localeOf(sprache));
     setFirstDayOfWeek(Qt::Monday);
+    setAccessibleName(word(Word::Calendar, sprache));
     namePart("qt_calendar_prevmonth", word(Word::PreviousMonth, sprache));
     namePart("qt_calendar_nextmonth", word(Word::NextMonth, sprache));
     namePart("qt_calendar_monthbutton", word(Word::Month, sprache));
@@ -114,8 +117,12 @@ void MonthView::setLastDay(const Datum& day) {
     setMaximumDate(toDate(day));
 }
 
-void MonthView::popUpUnder(QWidget* widget) {
+void MonthView::makePopup() {
     setWindowFlags(Qt::Popup);
+}
+
+void MonthView::popUpUnder(QWidget* widget) {
+    makePopup();
     adjustSize();
     QRect place(widget->mapToGlobal(QPoint(0, widget->height())), sizeHint());
     if (const QScreen* screen = widget->screen()) {
@@ -128,6 +135,20 @@ void MonthView::popUpUnder(QWidget* widget) {
     setGeometry(place);
     show();
     setFocus();
+}
+
+void MonthView::showEvent(QShowEvent* event) {
+    QCalendarWidget::showEvent(event);
+    if (isWindow()) {
+        tellPopup(this, true);
+    }
+}
+
+void MonthView::hideEvent(QHideEvent* event) {
+    if (isWindow()) {
+        tellPopup(this, false);
+    }
+    QCalendarWidget::hideEvent(event);
 }
 
 void MonthView::keyPressEvent(QKeyEvent* event) {

@@ -23,6 +23,8 @@ public:
     /// The first and the last day that can be picked.
     void setFirstDay(const Datum& day);
     void setLastDay(const Datum& day);
+    /// From now on it is no part of its parent's page; until then it is.
+    void makePopup();
     /// Pops up under the widget, on the screen; Escape or a click elsewhere closes it.
     void popUpUnder(QWidget* widget);
 
@@ -30,6 +32,8 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:

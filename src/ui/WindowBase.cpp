@@ -1,6 +1,7 @@
 #include "WindowBase.h"
 
 #include "Theme.h"
+#include "WindowAccess.h"
 
 #include <QKeyEvent>
 #include <QPushButton>
@@ -22,6 +23,7 @@ void keepRoom(QWidget* widget) {
 
 WindowBase::WindowBase(Window& model, const QString& name, Qt::WindowFlags flags, QWidget* parent)
     : QWidget(parent, flags), model_(model), outer_(new QVBoxLayout(this)), content_(new QVBoxLayout) {
+    describeWindows();
     setObjectName(name);
     setWindowIcon(programIcon());
     outer_->setContentsMargins(0, 0, 0, 0);
@@ -56,8 +58,6 @@ bool WindowBase::eventFilter(QObject* watched, QEvent* event) {
     return QWidget::eventFilter(watched, event);
 }
 
-void WindowBase::finish(WindowHandlers handlers, bool remember) {
-    setWords();
 void WindowBase::setLeastSize(int width, int height) {
     least_ = QSize(width, height);
     keepLeastSize();
@@ -78,14 +78,16 @@ bool WindowBase::event(QEvent* event) {
     return handled;
 }
 
+void WindowBase::finish(WindowHandlers handlers, bool remember) {
+    setWords();
     bind(model_, this, objectName(), std::move(handlers), remember);
 }
 
 void WindowBase::showEvent(QShowEvent* event) {
     setWords();
+    keepLeastSize();
     QWidget::showEvent(event);
 }
-    keepLeastSize();
 
 void WindowBase::keyPressEvent(QKeyEvent* event) {
     const bool press = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;

@@ -6,6 +6,7 @@
 import datetime
 import fcntl
 import os
+import re
 import signal
 import subprocess
 import sys
@@ -14,11 +15,12 @@ import unittest
 
 from datafiles import without_zeros
 from installation import CODE, Installation
-from screen import PATIENCE, Atspi, Display, Program, click_at, drag, has_state, key, middle, tell, typed, wait_for
+from screen import (PATIENCE, Atspi, Display, Program, click_at, drag, has_state, key, middle, name_of, tell, typed,
+                    wait_for)
 
 BUTTON, LABEL, MENU_ENTRY = Atspi.Role.PUSH_BUTTON, Atspi.Role.LABEL, Atspi.Role.MENU_ITEM
-TABLE, TEXT = Atspi.Role.TABLE, Atspi.Role.TEXT
-NAME_COLUMN, PROGRAM_COLUMN, MARK_COLUMN = 1, 9, 15
+DIALOG, TABLE, PASSWORD = Atspi.Role.DIALOG, Atspi.Role.TABLE, Atspi.Role.PASSWORD_TEXT
+NAME_COLUMN, PROGRAM_COLUMN, MARK_COLUMN = 1, 3, 7  # of those in sight
 TITLE = "QVM 7702 SOFTWARE SYSTEM"
 CLOCK = ("month", "day", "hour", "minute", "second")
 BUILD = ""
@@ -53,7 +55,7 @@ class Desktop(unittest.TestCase):
         click_at(*middle(self.cell(1, PROGRAM_COLUMN)))
         self.program.wait(LABEL, r"Read the history before programming\?")
         self.program.press("No")
-        click_at(*middle(self.program.wait(TEXT, "Administrator code")))
+        click_at(*middle(self.program.wait(PASSWORD, "Administrator code")))
         typed(CODE)
         self.program.press("OK")
 
@@ -209,7 +211,7 @@ class Desktop(unittest.TestCase):
         for question in (r"Read the history before programming\?", r"Start the operation at a later time\?"):
             self.program.wait(LABEL, question)
             self.program.press("No")
-        self.program.wait(TEXT, "Administrator code")
+        self.program.wait(PASSWORD, "Administrator code")
         self.program.press("Cancel")
         self.wait_for_marks([1])
 
@@ -391,6 +393,67 @@ class Desktop(unittest.TestCase):
         self.program.wait(BUTTON, "Exit program")
         self.program.press("Exit program")
         self.expect_ended()
+
+
+    def note(self, title):
+        """Waits for the window of this title and keeps its role."""
+        def seek():
+            return next((w for w in self.program.windows() if re.fullmatch(title, name_of(w))), None)
+        try:
+            window = wait_for("the window " + title, seek)
+        except AssertionError as fault:
+            raise AssertionError(f"{fault}\n{self.program.describe()}") from None
+        self.roles.append((name_of(window), tell(window, lambda w: w.get_role_name())))
+        for other in self.program.windows():
+            self.assertNotEqual(tell(other, lambda w: w.get_role_name()), "filler", name_of(other))
+
+    def test_tells_a_screen_reader_what_each_window_is(self):
+        self.roles = []
+        self.house.start_simulator()
+        self.start()
+        self.light("Ready")
+        self.note("QVM 7702 SOFTWARE SYSTEM")
+        for entry, leave in (("Interface", "Back"), ("Language", "Cancel")):
+            key("alt+f")
+            self.program.press(entry, MENU_ENTRY)
+            self.note(".* - " + entry)
+            self.program.press(leave)
+            wait_for("the window goes", lambda: len(self.program.windows()) == 1)
+        self.program.press("Program locks")
+        click_at(*middle(self.cell(1, PROGRAM_COLUMN)))
+        self.program.wait(LABEL, r"Read the history before programming\?")
+        self.program.press("Yes")
+        self.note("Start transfer")
+        self.program.press("Read history from .*")
+        month = self.program.wait(DIALOG, "Calendar")
+        self.assertEqual(name_of(tell(month, lambda m: m.get_parent())), "Start transfer")
+        key("Escape")
+        code = self.program.wait(PASSWORD, "Administrator code")
+        click_at(*middle(code))
+        typed(CODE[:3])
+        wait_for("the count is told", lambda: tell(code, lambda c: c.get_description()) == "3 of 6")
+        typed(CODE[3:])
+        self.program.press("OK")
+        self.wait_for_end()
+        self.note("Tor")
+        self.assertEqual([role for _, role in self.roles], ["frame", "dialog", "dialog", "dialog", "dialog"])
+
+    def test_opens_every_window_within_a_small_screen_at_a_large_scale(self):
+        self.display.close()
+        self.display = Display("1366x768")
+        self.addCleanup(self.display.close)
+        self.process = self.house.start_program(scale="1.5")
+        self.program = Program(self.process.pid)
+        self.program.wait(BUTTON, "Exit program")
+        key("alt+f")
+        self.program.press("Interface", MENU_ENTRY)
+        self.program.wait(TABLE, ".*")
+        wait_for("both windows", lambda: len(self.program.places()) >= 2)
+        for left, top, right, bottom in self.program.places():
+            self.assertGreater(right - left, 600)  # it is in pixels
+            self.assertGreaterEqual(min(left, top), 0)
+            self.assertLessEqual(right, 1366)
+            self.assertLessEqual(bottom, 768)
 
 
 if __name__ == "__main__":

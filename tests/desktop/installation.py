@@ -128,9 +128,9 @@ class Installation:
     def silent_port(self):
         return FarEnd(self.place + "com1")
 
-    def start_program(self, **streams):
+    def start_program(self, scale="1", **streams):
         environment = dict(os.environ, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_QPA_PLATFORM="xcb",
-                           XDG_CONFIG_HOME=self.place + "config")
+                           XDG_CONFIG_HOME=self.place + "config", QT_SCALE_FACTOR=scale)
         # What is never given back at the end is the business of other tests.
         environment.setdefault("ASAN_OPTIONS", "detect_leaks=0")
         program = subprocess.Popen([self.place + "qvm7702"], env=environment, **streams)

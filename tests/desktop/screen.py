@@ -32,10 +32,10 @@ def wait_for(what, probe, seconds=PATIENCE):
 class Display:
     """An X server on a free number with a window manager. Ends with close()."""
 
-    def __init__(self):
+    def __init__(self, size="1400x1000"):
         read_end, write_end = os.pipe()
         self.server = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(write_end), "-screen", "0", "1400x1000x24", "-nolisten", "tcp"],
+            ["Xvfb", "-displayfd", str(write_end), "-screen", "0", size + "x24", "-nolisten", "tcp"],
             pass_fds=[write_end], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         os.close(write_end)
         with os.fdopen(read_end) as pipe:
@@ -179,6 +179,11 @@ class Program:
         for window in self.windows():
             add(window, 0)
         return "\n".join(lines)
+
+    def places(self):
+        """Left, top, right and bottom of each of the program's windows on the screen, in pixels."""
+        boxes = [tell(window, lambda w: w.get_extents(Atspi.CoordType.SCREEN)) for window in self.windows()]
+        return [(box.x, box.y, box.x + box.width, box.y + box.height) for box in boxes if box is not None]
 
     def press(self, name, role=Atspi.Role.PUSH_BUTTON):
         """Clicks the button with the mouse."""

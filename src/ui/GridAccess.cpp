@@ -1,0 +1,303 @@
+#include "GridAccess.h"
+
+#include "GridView.h"
+
+#include <QAccessibleWidget>
+#include <QHash>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPointer>
+
+#include <utility>
+
+namespace qvm::ui {
+namespace {
+
+/// The columns in sight, as the model counts them.
+QList<int> columnsOf(const GridView& grid) {
+    QList<int> shown;
+    for (int column = 0; column < grid.gridModel().columnCount(); ++column) {
+        if (!grid.isColumnHidden(column)) {
+            shown += column;
+        }
+    }
+    return shown;
+}
+
+/// The heading of a column when `row` is -1, else a cell; row and column as the model counts them.
+class CellAccess : public QAccessibleInterface, public QAccessibleTableCellInterface {
+public:
+    CellAccess(GridView& grid, int row, int column) : grid_(&grid), row_(row), column_(column) {}
+
+    bool isHeading() const { return row_ < 0; }
+    int row() const { return row_; }
+    int column() const { return column_; }
+
+    bool isValid() const override {
+        return grid_ != nullptr && row_ < grid_->gridModel().rowCount() && column_ < grid_->gridModel().columnCount();
+    }
+    QObject* object() const override { return nullptr; }
+    QWindow* window() const override { return isValid() ? grid_->window()->windowHandle() : nullptr; }
+    QAccessibleInterface* parent() const override { return QAccessible::queryAccessibleInterface(grid_); }
+    QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
+    QAccessibleInterface* childAt(int /*x*/, int /*y*/) const override { return nullptr; }
+    int childCount() const override { return 0; }
+    int indexOfChild(const QAccessibleInterface* /*child*/) const override { return -1; }
+    QAccessible::Role role() const override { return isHeading() ? QAccessible::ColumnHeader : QAccessible::Cell; }
+    void setText(QAccessible::Text /*kind*/, const QString& /*text*/) override {}
+    QString text(QAccessible::Text kind) const override;
+    QRect rect() const override;
+    QAccessible::State state() const override;
+    void* interface_cast(QAccessible::InterfaceType type) override {
+        return type == QAccessible::TableCellInterface && !isHeading()
+                   ? static_cast<QAccessibleTableCellInterface*>(this)
+                   : nullptr;
+    }
+
+    int columnExtent() const override { return 1; }
+    int rowExtent() const override { return 1; }
+    int columnIndex() const override {
+        return grid_ == nullptr ? -1 : static_cast<int>(columnsOf(*grid_).indexOf(column_));
+    }
+    int rowIndex() const override { return row_; }
+    bool isSelected() const override {
+        return isValid() && grid_->selectionModel()->isSelected(grid_->gridModel().index(row_, column_));
+    }
+    QList<QAccessibleInterface*> rowHeaderCells() const override { return {}; }
+    QList<QAccessibleInterface*> columnHeaderCells() const override {
+        const QAccessibleInterface* table = parent();
+        return table == nullptr ? QList<QAccessibleInterface*>() : QList{table->child(columnIndex())};
+    }
+    QAccessibleInterface* table() const override { return parent(); }
+
+private:
+    QPointer<GridView> grid_;
+    int row_;
+    int column_;
+};
+
+QString CellAccess::text(QAccessible::Text kind) const {
+    if ((kind != QAccessible::Name && kind != QAccessible::Description) || !isValid()) {
+        return {};
+    }
+    const int role = kind == QAccessible::Name ? Qt::AccessibleTextRole : Qt::AccessibleDescriptionRole;
+    const GridModel& model = grid_->gridModel();
+    return isHeading() ? model.headerData(column_, Qt::Horizontal, role).toString()
+                       : model.index(row_, column_).data(role).toString();
+}
+
+QRect CellAccess::rect() const {
+    if (!isValid()) {
+        return {};
+    }
+    if (isHeading()) {
+        const QHeaderView* header = grid_->horizontalHeader();
+        const QPoint corner(header->sectionViewportPosition(column_), 0);
+        return {header->viewport()->mapToGlobal(corner), QSize(header->sectionSize(column_), header->height())};
+    }
+    const QRect place = grid_->visualRect(grid_->gridModel().index(row_, column_));
+    return {grid_->viewport()->mapToGlobal(place.topLeft()), place.size()};
+}
+
+QAccessible::State CellAccess::state() const {
+    QAccessible::State state;
+    if (!isValid()) {
+        state.invalid = true;
+        return state;
+    }
+    const QRect room(grid_->mapToGlobal(QPoint(0, 0)), grid_->size());
+    state.invisible = !grid_->isVisible() || (!isHeading() && grid_->isRowHidden(row_));
+    state.offscreen = !room.intersects(rect());
+    state.disabled = !grid_->isEnabled();
+    if (isHeading()) {
+        return state;
+    }
+    const QModelIndex index = grid_->gridModel().index(row_, column_);
+    state.focusable = grid_->isEnabled();
+    state.focused = index == grid_->currentIndex() && grid_->hasFocus();
+    state.selectable = grid_->selectionMode() != QAbstractItemView::NoSelection;
+    state.selected = isSelected();
+    const QVariant mark = index.data(Qt::CheckStateRole);
+    state.checkable = mark.isValid();
+    state.checked = mark.isValid() && mark.toInt() == Qt::Checked;
+    return state;
+}
+
+/// Children: the headings, then the cells row by row, then the editors that are open over a cell.
+class GridAccess : public QAccessibleWidget, public QAccessibleTableInterface {
+public:
+    explicit GridAccess(GridView& grid) : QAccessibleWidget(&grid, QAccessible::Table), grid_(grid) {}
+
+    int childCount() const override { return cellCount() + static_cast<int>(editors().size()); }
+    QAccessibleInterface* child(int index) const override;
+    QAccessibleInterface* childAt(int x, int y) const override;
+    int indexOfChild(const QAccessibleInterface* child) const override;
+    void* interface_cast(QAccessible::InterfaceType type) override {
+        return type == QAccessible::TableInterface ? static_cast<QAccessibleTableInterface*>(this)
+                                                   : QAccessibleWidget::interface_cast(type);
+    }
+
+    QAccessibleInterface* caption() const override { return nullptr; }
+    QAccessibleInterface* summary() const override { return nullptr; }
+    QAccessibleInterface* cellAt(int row, int column) const override;
+    int columnCount() const override { return static_cast<int>(columnsOf(grid_).size()); }
+    int rowCount() const override { return grid_.gridModel().rowCount(); }
+    QString columnDescription(int column) const override;
+    QString rowDescription(int /*row*/) const override { return {}; }
+    int selectedCellCount() const override { return static_cast<int>(selectedCells().size()); }
+    int selectedColumnCount() const override { return 0; }
+    int selectedRowCount() const override { return static_cast<int>(selectedRows().size()); }
+    QList<QAccessibleInterface*> selectedCells() const override;
+    QList<int> selectedColumns() const override { return {}; }
+    QList<int> selectedRows() const override;
+    bool isColumnSelected(int /*column*/) const override { return false; }
+    bool isRowSelected(int row) const override { return grid_.selectionModel()->isRowSelected(row, {}); }
+    // What is chosen is the operator's own affair.
+    bool selectRow(int /*row*/) override { return false; }
+    bool selectColumn(int /*column*/) override { return false; }
+    bool unselectRow(int /*row*/) override { return false; }
+    bool unselectColumn(int /*column*/) override { return false; }
+    // Cells are asked for by row and column each time, and those that are gone say so.
+    void modelChange(QAccessibleTableModelChangeEvent* /*event*/) override {}
+
+protected:
+    ~GridAccess() override;
+
+private:
+    int cellCount() const { return (rowCount() + 1) * columnCount(); }
+    QList<QWidget*> editors() const;
+    QAccessibleInterface* cell(int row, int column) const;
+
+    GridView& grid_;
+    mutable QHash<std::pair<int, int>, QAccessible::Id> cells_; ///< those that have been asked for
+};
+
+GridAccess::~GridAccess() {
+    for (const QAccessible::Id id : std::as_const(cells_)) {
+        QAccessible::deleteAccessibleInterface(id);
+    }
+}
+
+QAccessibleInterface* GridAccess::cell(int row, int column) const {
+    const auto known = cells_.constFind({row, column});
+    if (known != cells_.constEnd()) {
+        return QAccessible::accessibleInterface(*known);
+    }
+    auto* made = new CellAccess(grid_, row, column);
+    cells_.insert({row, column}, QAccessible::registerAccessibleInterface(made));
+    return made;
+}
+
+QList<QWidget*> GridAccess::editors() const {
+    QList<QWidget*> open;
+    for (QWidget* child : grid_.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+        const bool editor = qobject_cast<QLineEdit*>(child) != nullptr || qobject_cast<QListWidget*>(child) != nullptr;
+        if (editor && child->isVisibleTo(&grid_)) {
+            open += child;
+        }
+    }
+    return open;
+}
+
+QAccessibleInterface* GridAccess::child(int index) const {
+    const QList<int> columns = columnsOf(grid_);
+    if (index < 0 || columns.isEmpty()) {
+        return nullptr;
+    }
+    if (index < cellCount()) {
+        const auto width = static_cast<int>(columns.size());
+        return cell(index / width - 1, columns[index % width]);
+    }
+    const QList<QWidget*> open = editors();
+    const int editor = index - cellCount();
+    return editor < open.size() ? QAccessible::queryAccessibleInterface(open[editor]) : nullptr;
+}
+
+QAccessibleInterface* GridAccess::childAt(int x, int y) const {
+    for (QWidget* editor : editors()) {
+        if (editor->rect().contains(editor->mapFromGlobal(QPoint(x, y)))) {
+            return QAccessible::queryAccessibleInterface(editor);
+        }
+    }
+    const QHeaderView& header = *grid_.horizontalHeader();
+    const QPoint onHeader = header.viewport()->mapFromGlobal(QPoint(x, y));
+    if (header.viewport()->rect().contains(onHeader)) {
+        const int column = header.logicalIndexAt(onHeader);
+        return column < 0 ? nullptr : cell(-1, column);
+    }
+    const QModelIndex index = grid_.indexAt(grid_.viewport()->mapFromGlobal(QPoint(x, y)));
+    return index.isValid() ? cell(index.row(), index.column()) : nullptr;
+}
+
+int GridAccess::indexOfChild(const QAccessibleInterface* child) const {
+    if (child == nullptr) {
+        return -1;
+    }
+    if (child->object() != nullptr) {
+        const auto editor = editors().indexOf(qobject_cast<QWidget*>(child->object()));
+        return editor < 0 ? -1 : cellCount() + static_cast<int>(editor);
+    }
+    if (child->parent() != this) {
+        return -1;
+    }
+    const auto& of = static_cast<const CellAccess&>(*child);
+    const int column = of.columnIndex();
+    return column < 0 ? -1 : (of.row() + 1) * columnCount() + column;
+}
+
+QAccessibleInterface* GridAccess::cellAt(int row, int column) const {
+    const QList<int> columns = columnsOf(grid_);
+    return row < 0 || row >= rowCount() || column < 0 || column >= columns.size() ? nullptr
+                                                                                  : cell(row, columns[column]);
+}
+
+QString GridAccess::columnDescription(int column) const {
+    const QList<int> columns = columnsOf(grid_);
+    return column < 0 || column >= columns.size()
+               ? QString()
+               : grid_.gridModel().headerData(columns[column], Qt::Horizontal, Qt::AccessibleTextRole).toString();
+}
+
+QList<QAccessibleInterface*> GridAccess::selectedCells() const {
+    QList<QAccessibleInterface*> found;
+    for (const QModelIndex& index : grid_.selectionModel()->selectedIndexes()) {
+        if (!grid_.isColumnHidden(index.column())) {
+            found += cell(index.row(), index.column());
+        }
+    }
+    return found;
+}
+
+QList<int> GridAccess::selectedRows() const {
+    QList<int> found;
+    for (const QModelIndex& index : grid_.selectionModel()->selectedRows()) {
+        found += index.row();
+    }
+    return found;
+}
+
+QAccessibleInterface* gridInterface(const QString& className, QObject* object) {
+    return className == QLatin1String(GridView::staticMetaObject.className())
+               ? new GridAccess(static_cast<GridView&>(*object))
+               : nullptr;
+}
+
+} // namespace
+
+void describeGrids() {
+    QAccessible::installFactory(gridInterface);
+}
+
+void tellCurrentCell(GridView* grid, bool chosen) {
+    const QModelIndex current = grid->currentIndex();
+    const auto column = columnsOf(*grid).indexOf(current.column());
+    if (!QAccessible::isActive() || !grid->hasFocus() || column < 0) {
+        return;
+    }
+    QAccessibleEvent event(grid, chosen ? QAccessible::Selection : QAccessible::Focus);
+    event.setChild((current.row() + 1) * static_cast<int>(columnsOf(*grid).size()) + static_cast<int>(column));
+    QAccessible::updateAccessibility(&event);
+}
+
+} // namespace qvm::ui

@@ -1,0 +1,296 @@
+// What a screen reader finds: the tree of every window in every language.
+
+#include "Fensterschau.h"
+#include "FrozenView.h"
+#include "GridView.h"
+#include "MonthView.h"
+#include "UiFixture.h"
+#include "WidgetChecks.h"
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QAccessibleInterface>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTest>
+#include <QToolButton>
+
+#include <algorithm>
+#include <functional>
+#include <iterator>
+#include <map>
+#include <utility>
+
+namespace qvm::test {
+namespace {
+
+constexpr std::pair<std::string_view, QAccessible::Role> TopLevels[] = {
+    {"F1", QAccessible::Dialog},
+    {"F2", QAccessible::Window},
+    {"F2-red", QAccessible::Window},
+    {"F2-yellow", QAccessible::Window},
+    {"F2-file", QAccessible::PopupMenu},
+    {"F2-calendars", QAccessible::PopupMenu},
+    {"F2-clocks", QAccessible::PopupMenu},
+    {"F6", QAccessible::Dialog},
+    {"F6-editor", QAccessible::Dialog},
+    {"F6-manual", QAccessible::Dialog},
+    {"F7", QAccessible::Window},
+    {"F7-found", QAccessible::Window},
+    {"F8", QAccessible::Dialog},
+    {"F9", QAccessible::Dialog},
+    {"F9-finished", QAccessible::Dialog},
+    {"F11", QAccessible::Dialog},
+    {"F11-month", QAccessible::Dialog},
+    {"F13", QAccessible::Window},
+    {"F13-marked", QAccessible::Window},
+    {"F14", QAccessible::Dialog},
+    {"F15", QAccessible::Dialog},
+    {"F18", QAccessible::Dialog},
+    {"F91", QAccessible::Window},
+    {"F92", QAccessible::Dialog},
+    {"MessageBox", QAccessible::AlertMessage},
+    {"MessageBox-two-lines", QAccessible::AlertMessage}};
+
+QAccessible::Role TopLevelRole(std::string_view window) {
+    const auto* found = std::find_if(std::begin(TopLevels), std::end(TopLevels),
+                                     [window](const auto& row) { return row.first == window; });
+    return found == std::end(TopLevels) ? QAccessible::NoRole : found->second;
+}
+
+/// The role that a screen reader knows a control of this kind by; NoRole for what is no control.
+QAccessible::Role ControlRole(const QObject* object) {
+    if (qobject_cast<const QPushButton*>(object) != nullptr || qobject_cast<const QToolButton*>(object) != nullptr) {
+        return QAccessible::Button;
+    }
+    return qobject_cast<const QCheckBox*>(object) != nullptr        ? QAccessible::CheckBox
+           : qobject_cast<const QRadioButton*>(object) != nullptr   ? QAccessible::RadioButton
+           : qobject_cast<const QComboBox*>(object) != nullptr      ? QAccessible::ComboBox
+           : qobject_cast<const QLineEdit*>(object) != nullptr      ? QAccessible::EditableText
+           : qobject_cast<const QPlainTextEdit*>(object) != nullptr ? QAccessible::EditableText
+           : qobject_cast<const QListWidget*>(object) != nullptr    ? QAccessible::List
+           : qobject_cast<const ui::GridView*>(object) != nullptr   ? QAccessible::Table
+           : qobject_cast<const QProgressBar*>(object) != nullptr   ? QAccessible::ProgressBar
+                                                                    : QAccessible::NoRole;
+}
+
+std::string NameOf(const QAccessibleInterface& node) {
+    return node.text(QAccessible::Name).toStdString();
+}
+
+/// Calls `visit` for the node and all below it; of a grid for its headings, two rows and its editors.
+void Walk(QAccessibleInterface& node, const std::function<void(QAccessibleInterface& node)>& visit) {
+    visit(node);
+    const bool grid = qobject_cast<ui::GridView*>(node.object()) != nullptr;
+    const int columns = grid ? node.tableInterface()->columnCount() : 0;
+    const int cells = grid ? columns * (node.tableInterface()->rowCount() + 1) : 0;
+    for (int n = 0; n < node.childCount(); ++n) {
+        if (grid && n >= 3 * columns && n < cells) {
+            n = cells - 1;
+            continue;
+        }
+        if (QAccessibleInterface* child = node.child(n)) {
+            Walk(*child, visit);
+        }
+    }
+}
+
+struct Accessible_Tree : UiFixture, ::testing::WithParamInterface<std::string_view> {
+    int windows = 0;
+
+    void Show(const std::function<void(QWidget& window, QAccessibleInterface& top, const char* name)>& check) {
+        QAccessible::setActive(true);
+        SettledLock(1, "Haupteingang");
+        SettledLock(2, "Keller", "00.0A.10.02");
+        SettledLock(3, "Serverraum", "01.50.0C.10");
+        LanguageFiles();
+        Fensterschau(world, GetParam()).run([&](QWidget& window, const char* name) {
+            SCOPED_TRACE(name);
+            ++windows;
+            QAccessibleInterface* top = QAccessible::queryAccessibleInterface(&window);
+            ASSERT_NE(top, nullptr);
+            check(window, *top, name);
+        });
+        EXPECT_EQ(windows, static_cast<int>(std::size(TopLevels)));
+    }
+};
+
+TEST_P(Accessible_Tree, a_window_is_a_window_and_a_dialog_a_dialog_with_its_title) {
+    Show([](QWidget& window, QAccessibleInterface& top, const char* name) {
+        EXPECT_EQ(top.role(), TopLevelRole(name));
+        if (top.role() != QAccessible::PopupMenu) {
+            EXPECT_NE(NameOf(top), "");
+        }
+        if (!window.windowTitle().isEmpty()) {
+            EXPECT_EQ(NameOf(top), window.windowTitle().toStdString());
+        }
+    });
+}
+
+TEST_P(Accessible_Tree, holds_every_control_by_its_role_name_and_state) {
+    Show([](QWidget& window, QAccessibleInterface& top, const char* /*name*/) {
+        QStringList reached;
+        Walk(top, [&](QAccessibleInterface& node) {
+            auto* widget = qobject_cast<QWidget*>(node.object());
+            // Parts of Qt's own that belong to a control, as the list of a combo box does, are not the program's.
+            const bool own = widget != nullptr && !widget->objectName().isEmpty() &&
+                             !widget->objectName().startsWith(QLatin1String("qt_"));
+            const QAccessible::Role role = ControlRole(widget);
+            if (!own || role == QAccessible::NoRole || !widget->isVisible()) {
+                return;
+            }
+            SCOPED_TRACE(widget->objectName().toStdString());
+            reached += widget->objectName();
+            EXPECT_EQ(node.role(), role);
+            EXPECT_NE(NameOf(node), "");
+            EXPECT_NE(NameOf(node), widget->objectName().toStdString());
+            const QAccessible::State state = node.state();
+            EXPECT_EQ(static_cast<bool>(state.disabled), !widget->isEnabled());
+            EXPECT_EQ(static_cast<bool>(state.focusable), widget->focusPolicy() != Qt::NoFocus);
+            EXPECT_FALSE(state.invisible);
+            EXPECT_EQ(static_cast<bool>(state.passwordEdit), widget->objectName() == QLatin1String("F11.Text1"));
+            if (const auto* button = qobject_cast<QAbstractButton*>(widget)) {
+                EXPECT_EQ(static_cast<bool>(state.checked), button->isChecked());
+                EXPECT_EQ(static_cast<bool>(state.checkable), button->isCheckable());
+            }
+        });
+        for (const QString& name : controlsOf(&window)) {
+            if (!name.startsWith(QLatin1String("qt_")) && ControlRole(window.findChild<QWidget*>(name)) != 0) {
+                EXPECT_EQ(reached.count(name), 1) << name.toStdString();
+            }
+        }
+    });
+}
+
+TEST_P(Accessible_Tree, has_no_name_for_a_key_that_is_hidden) {
+    Show([](QWidget& /*window*/, QAccessibleInterface& top, const char* /*name*/) {
+        Walk(top, [](QAccessibleInterface& node) {
+            const auto* button = qobject_cast<QAbstractButton*>(node.object());
+            if (button != nullptr && button->isHidden() && !button->objectName().startsWith(QLatin1String("qt_"))) {
+                EXPECT_EQ(NameOf(node), "") << button->objectName().toStdString();
+            }
+        });
+    });
+}
+
+TEST_P(Accessible_Tree, holds_of_a_grid_only_the_columns_that_have_a_heading) {
+    int grids = 0;
+    Show([&grids](QWidget& window, QAccessibleInterface& /*top*/, const char* name) {
+        for (ui::GridView* grid : window.findChildren<ui::GridView*>()) {
+            if (!grid->isVisible()) {
+                continue;
+            }
+            ++grids;
+            QAccessibleInterface* node = QAccessible::queryAccessibleInterface(grid);
+            QAccessibleTableInterface* table = node->tableInterface();
+            const int columns = table->columnCount();
+            const int rows = table->rowCount();
+            EXPECT_EQ(rows, grid->gridModel().rowCount());
+            EXPECT_EQ(columns, std::string_view(name).starts_with("F13") ? 8 : 5);
+            // A grid's own editor follows its cells.
+            const int editors = std::string_view(name) == "F6-editor" ? 1 : 0;
+            ASSERT_EQ(node->childCount(), columns * (rows + 1) + editors);
+            for (int n = 0; n < columns; ++n) {
+                EXPECT_EQ(node->child(n)->role(), QAccessible::ColumnHeader);
+                EXPECT_NE(NameOf(*node->child(n)), "") << n;
+            }
+            for (int n = 0; n < node->childCount(); ++n) {
+                ASSERT_EQ(node->indexOfChild(node->child(n)), n);
+                ASSERT_EQ(node->child(n)->parent(), node);
+            }
+            EXPECT_EQ(node->child(-1), nullptr);
+            EXPECT_EQ(node->child(node->childCount()), nullptr);
+            EXPECT_EQ(table->cellAt(rows, 0), nullptr);
+            EXPECT_EQ(table->cellAt(0, columns), nullptr);
+            EXPECT_EQ(table->cellAt(-1, -1), nullptr);
+            EXPECT_EQ(table->cellAt(0, 1), node->child(columns + 1));
+            EXPECT_EQ(node->child(columns + 1)->tableCellInterface()->columnIndex(), 1);
+            EXPECT_EQ(node->child(columns + 1)->tableCellInterface()->columnHeaderCells().value(0), node->child(1));
+        }
+    });
+    EXPECT_EQ(grids, 7); // F6 with and without its editor, F7 and F13 twice, F91; none where F6 shows its ports alone
+}
+
+TEST_P(Accessible_Tree, finds_the_month_of_the_start_dialog_below_the_dialog) {
+    int months = 0;
+    Show([&months](QWidget& window, QAccessibleInterface& top, const char* name) {
+        if (std::string_view(name) != "F11-month") {
+            return;
+        }
+        ++months;
+        QAccessibleInterface* dialog = QAccessible::queryAccessibleInterface(window.parentWidget());
+        ASSERT_EQ(top.parent(), dialog);
+        EXPECT_EQ(dialog->child(dialog->indexOfChild(&top)), &top);
+        window.close();
+        EXPECT_EQ(dialog->indexOfChild(&top), -1);
+        EXPECT_EQ(dialog->child(dialog->childCount()), nullptr);
+    });
+    EXPECT_EQ(months, 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(Languages, Accessible_Tree, ::testing::ValuesIn(Languages));
+
+/// Names as a screen reader says them.
+struct SpokenNames {
+    std::string Language, Locks, List, Code, Count, Date, Month, Progress, Hours;
+};
+
+void PrintTo(const SpokenNames& names, std::ostream* out) {
+    *out << names.Language;
+}
+
+struct Spoken_Names : UiFixture, ::testing::WithParamInterface<SpokenNames> {};
+
+TEST_P(Spoken_Names, are_words_of_the_language_in_use) {
+    SettledLock(1, "Haupteingang");
+    SettledLock(2, "Keller", "00.0A.10.02");
+    SettledLock(3, "Serverraum", "01.50.0C.10");
+    LanguageFiles();
+    std::map<std::string, std::string> said;
+    Fensterschau(world, GetParam().Language).run([&said](QWidget& window, const char* name) {
+        if (std::string_view(name) == "F11") {
+            QTest::keyClicks(window.findChild<QLineEdit*>(QStringLiteral("F11.Text1")), QStringLiteral("123"));
+        }
+        Walk(*QAccessible::queryAccessibleInterface(&window), [&said](QAccessibleInterface& node) {
+            if (node.object() != nullptr) {
+                said[node.object()->objectName().toStdString()] = NameOf(node);
+                said[node.object()->objectName().toStdString() + "?"] =
+                    node.text(QAccessible::Description).toStdString();
+                said[node.object()->objectName().toStdString() + "="] = node.text(QAccessible::Value).toStdString();
+            }
+        });
+    });
+    const SpokenNames& names = GetParam();
+    EXPECT_EQ(said["F13.FGK13"], names.Locks);
+    EXPECT_EQ(said["F91.FGK91"], names.List);
+    EXPECT_EQ(said["F11.Text1"], names.Code);
+    EXPECT_EQ(said["F11.Text1?"], names.Count);
+    EXPECT_EQ(said["F11.Text1="].find_first_of("0123456789"), std::string::npos);
+    EXPECT_EQ(said["F11.Anzahl"], names.Count);
+    EXPECT_EQ(said["F11.CutoffDate"], names.Date);
+    EXPECT_EQ(said["F11.MonthView"], names.Month);
+    EXPECT_EQ(said["F92.MonthView"], names.Month);
+    EXPECT_EQ(said["F9.Balken1"], names.Progress);
+    EXPECT_EQ(said["F92.Stunden"], names.Hours);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Languages, Spoken_Names,
+    ::testing::Values(SpokenNames{"Deutsch", "Schlösser", "Schlossliste", "Administrator-Code", "3 von 6",
+                                  "Historie auslesen ab 13.02.2026", "Kalender", "Fortschritt", "Stunden"},
+                      SpokenNames{"English", "Locks", "List of locks", "Administrator code", "3 of 6",
+                                  "Read history from 13.02.2026", "Calendar", "Progress", "Hours"},
+                      SpokenNames{"Francais", "Serrures", "Liste des serrures", "Code administrateur", "3 sur 6",
+                                  "Lire l'historique depuis 13.02.2026", "Calendrier", "Progression", "Heures"},
+                      SpokenNames{"Nederlands", "Sloten", "Lijst van sloten", "Beheerderscode", "3 van 6",
+                                  "Historie lezen vanaf 13.02.2026", "Kalender", "Voortgang", "Uren"}));
+
+} // namespace
+} // namespace qvm::test
