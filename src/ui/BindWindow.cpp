@@ -4,6 +4,7 @@
 
 #include <QEvent>
 #include <QKeyEvent>
+#include <QLayout>
 #include <QPointer>
 #include <QScreen>
 #include <QWidget>
@@ -91,6 +92,13 @@ private:
     /// What the window was made for or its content needs, as far as the screen has it.
     void takeNaturalSize() {
         window_->ensurePolished();
+        // What has been filled since the window was made is not in the hints that its layouts keep.
+        for (QWidget* child : window_->findChildren<QWidget*>()) {
+            child->updateGeometry();
+        }
+        if (QLayout* layout = window_->layout()) {
+            layout->activate(); // asks those within it, too
+        }
         const QSize wanted = window_->testAttribute(Qt::WA_Resized) ? window_->size() : window_->sizeHint();
         if (wanted.isValid()) {
             window_->resize(wanted.boundedTo(window_->screen()->availableSize() * 9 / 10));
