@@ -106,6 +106,7 @@ void Probewelt::Dateien_Abschirmen(const FileStore& files) {
                 std::string held;
                 return Lesen(path, held) != ReadStatus::Error && Schreiben_Ab(path, held.size(), bytes);
             },
+        .Flush = [](const std::string&) { return true; },
         .Remove =
             [this](const std::string& path) {
                 written_[path] = std::nullopt;

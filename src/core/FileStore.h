@@ -42,6 +42,9 @@ struct FileStore {
     std::function<bool(const std::string& path, std::uint64_t offset, std::string_view bytes)> WriteAt;
     /// Appends `bytes`; makes the file if it is missing.
     std::function<bool(const std::string& path, std::string_view bytes)> Append;
+    /// What was appended to the file, and its name in its directory, is on the disk afterwards, and outlives the PC
+    /// (true). False when the disk said otherwise.
+    std::function<bool(const std::string& path)> Flush;
     std::function<bool(const std::string& path)> Remove;
     /// True when the directory exists afterwards.
     std::function<bool(const std::string& path)> MakeDirectory;

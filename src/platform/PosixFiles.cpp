@@ -129,12 +129,19 @@ ReadStatus ReadAll(const std::string& path, std::string& bytes, FileFault& fault
     return fault == FileFault::None ? ReadStatus::Ok : ReadStatus::Error;
 }
 
-/// Flushes the entries of a directory. Some file systems cannot, and the files are whole either way.
-void FlushDirectory(const std::string& directory) {
+/// Flushes the entries of a directory. Some file systems cannot, and a user who may write there need not be allowed to
+/// read it: neither is a fault of the disk. False for such a one.
+bool FlushDirectory(const std::string& directory) {
     const FileHandle handle(directory, O_RDONLY | O_DIRECTORY);
-    if (handle.Good()) {
-        ::fsync(handle.Number());
+    if (!handle.Good()) {
+        return errno == EACCES;
     }
+    return ::fsync(handle.Number()) == 0 || errno == EINVAL || errno == ENOTSUP;
+}
+
+std::string DirectoryOf(const std::string& target) {
+    const auto slash = target.rfind('/');
+    return slash == std::string::npos ? "./" : target.substr(0, slash + 1);
 }
 
 bool FillSibling(FileHandle& sibling, const std::string& target, std::string_view bytes) {
@@ -173,10 +180,10 @@ bool Replace(const std::string& path, std::string_view bytes) {
         return false;
     }
     const std::string target = FilePath_Ziel(*name);
-    const auto slash = target.rfind('/');
-    const std::string directory = slash == std::string::npos ? "./" : target.substr(0, slash + 1);
+    const std::string directory = DirectoryOf(target);
+    const std::string entry = target.substr(target.rfind('/') + 1);
     std::string siblingName;
-    FileHandle sibling(LockedSibling(directory + "." + target.substr(slash + 1) + ".XXXXXX", siblingName));
+    FileHandle sibling(LockedSibling(directory + "." + entry + ".XXXXXX", siblingName));
     if (!sibling.Good()) {
         return false;
     }
@@ -186,6 +193,7 @@ bool Replace(const std::string& path, std::string_view bytes) {
         ::unlink(siblingName.c_str());
         return false;
     }
+    // The file is whole either way.
     FlushDirectory(directory);
     return true;
 }
@@ -312,6 +320,15 @@ bool Append(const std::string& path, std::string_view bytes) {
     return false;
 }
 
+bool Flush(const std::string& path) {
+    const auto name = FilePath_Nativ(path);
+    if (!name || LookAt(*name).Status != ReadStatus::Ok) {
+        return false;
+    }
+    const FileHandle file(*name, O_RDONLY | O_NONBLOCK);
+    return file.Good() && ::fsync(file.Number()) == 0 && FlushDirectory(DirectoryOf(FilePath_Ziel(*name)));
+}
+
 bool Remove(const std::string& path) {
     const auto name = FilePath_Nativ(path);
     return name && ::unlink(name->c_str()) == 0;
@@ -350,6 +367,7 @@ FileStore PosixFiles() {
             .Replace = Replace,
             .WriteAt = WriteAt,
             .Append = Append,
+            .Flush = Flush,
             .Remove = Remove,
             .MakeDirectory = MakeDirectory,
             .List = List,

@@ -199,6 +199,17 @@ bool Historie_Schreiben(Link& link, const HistoryRecord& record, std::string_vie
     return true;
 }
 
+bool Historie_Sichern(Link& link) {
+    RunState& lauf = link.Lauf;
+    if (lauf.HistoryFileOpen == 0 || link.kern.Welt.Files.Flush(lauf.HistoryFileName)) {
+        return true;
+    }
+    if (lauf.HistoryLost == HistoryLoss::None) {
+        lauf.HistoryLost = HistoryLoss::Unwritten;
+    }
+    return false;
+}
+
 bool Historie_Eintrag(Link& link, std::string_view lockName, const ZustandAnzeige& show) {
     // Everything is taken out of the buffer first: a message box lets further frames in.
     const HistoryRecord record = Aus_Empfang(link);

@@ -41,6 +41,10 @@ bool Datei_Zeile_Anhaengen(const FileStore& files, const std::string& path, std:
 /// all of them or none. False on a file error; the next record then makes the file if there is none yet.
 bool Historie_Schreiben(Link& link, const HistoryRecord& record, std::string_view lockName, std::string_view firstLine);
 
+/// The run's .HST file is on the disk, so that it outlives the PC; true as well when the run made none. To be asked
+/// before its lock is erased. False sets HistoryLost.
+bool Historie_Sichern(Link& link);
+
 /// What the progress window is shown of the first record with a state.
 using ZustandAnzeige = std::function<void(std::uint8_t highNibble, const std::string& text)>;
 

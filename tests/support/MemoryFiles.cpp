@@ -67,6 +67,14 @@ FileStore MemoryFiles::Store() {
         Files[path].append(bytes);
         return true;
     };
+    store.Flush = [this](const std::string& path) {
+        const auto file = Files.find(path);
+        if (FlushFails || file == Files.end()) {
+            return false;
+        }
+        Flushed[path] = file->second;
+        return true;
+    };
     store.Remove = [this](const std::string& path) { return !Fails() && Files.erase(path) == 1; };
     store.MakeDirectory = [this](const std::string& path) {
         if (Fails()) {

@@ -12,11 +12,13 @@ namespace qvm::test {
 class MemoryFiles {
 public:
     std::map<std::string, std::string> Files;
+    std::map<std::string, std::string> Flushed; ///< what each file held when it was flushed last
     std::vector<std::string> Directories;
 
     int Operations = 0;         ///< ReadAll, Replace, WriteAt, Append, Remove and MakeDirectory done so far
     int FailAt = 0;             ///< the operation of this number fails (1: the next after Operations was 0); 0: none
     bool FailFromThere = false; ///< and all after it
+    bool FlushFails = false;
 
     /// The record of functions over this object, which must outlive it.
     FileStore Store();

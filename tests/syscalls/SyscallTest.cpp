@@ -120,6 +120,20 @@ TEST_F(Each_call, of_a_line_appended_fails_once) {
     Break_Write("-", "one", [&] { return Files.Append(Path("a"), "one"); });
 }
 
+TEST_F(Each_call, of_a_flush_fails_once_and_who_asked_hears_of_it) {
+    bool done = false;
+    int unflushed = 0;
+    const int broken = Break([&] { Put("a", "one"); }, [&] { done = Files.Flush(Path("a")); },
+                             [&](const std::string& call, int error) {
+                                 const bool harmless = call == "close" || (call == "open" && error == EINTR);
+                                 EXPECT_EQ(done, harmless);
+                                 unflushed += call == "fsync" ? 1 : 0;
+                                 EXPECT_EQ(Held(), (std::map<std::string, std::string>{{"a", "one"}}));
+                             });
+    EXPECT_GT(broken, 12);
+    EXPECT_GE(unflushed, 8) << "file and directory, with each error";
+}
+
 TEST_F(Each_call, of_a_read_fails_once_and_a_file_that_is_there_is_never_missing) {
     ReadStatus status{};
     std::string bytes;
