@@ -117,6 +117,9 @@ Json Ergebnis_Json(const Umgebung& world, const LockResult& result) {
     for (const AccountGap& gap : result.Missing) {
         json["missing"].push_back(Luecke_Kennung(gap));
     }
+    if (result.EraseConfirmed) {
+        json["eraseConfirmed"] = *result.EraseConfirmed;
+    }
     Json units = Json::array();
     for (const LockResult::Unit& unit : result.Units) {
         units.push_back(Unit_Json(unit));
@@ -141,6 +144,9 @@ void Ergebnis_Text(const Umgebung& world, const Console& console, const LockResu
     out << (result.Text.empty() ? "" : ": ") << result.Text << "\n";
     for (const std::string& fault : result.Faults) {
         out << "  " << fault << "\n";
+    }
+    if (result.End == LockEnd::Done && !result.EraseConfirmed.value_or(true)) {
+        out << "  the lock did not confirm the erasing: old entries may still be there\n";
     }
     for (const LockResult::Unit& unit : result.Units) {
         out << "  unit \"" << unit.Name << "\": " << Unit_Wort(unit) << Unit_Verbleib(unit)

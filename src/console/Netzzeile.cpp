@@ -70,9 +70,10 @@ void Zeile_Uebernehmen(const Programm& program, const LaufAuftrag& order, int ro
         return;
     }
     result.Units.clear();
-    Bericht_Uebernehmen(program, order.HistoryOnly || work == F91::Work::Network,
+    const bool network = work == F91::Work::Network;
+    Bericht_Uebernehmen(program, network ? RunReport() : program.Lauf.Bericht, order.HistoryOnly || network,
                         order.HistoryOnly || order.HistoryFirst, result);
-    if (work == F91::Work::Network) {
+    if (network) {
         result.HistoryLost = program.link.Lauf.HistoryLost;
         if (result.HistoryLost == HistoryLoss::Unwritten) {
             result.Faults.emplace_back("the history could not be written");

@@ -180,7 +180,7 @@ void Schlosslauf::Bericht_Fuellen(LockResult& result) const {
     } else if (result.End != LockEnd::Done) {
         result.Text = Anzeige_Aus_1252(report.Text);
     }
-    Bericht_Uebernehmen(program_, order_.HistoryOnly, order_.HistoryOnly || order_.HistoryFirst, result);
+    Bericht_Uebernehmen(program_, report, order_.HistoryOnly, order_.HistoryOnly || order_.HistoryFirst, result);
 }
 
 std::int64_t Abbruch_Wartet_Seit(const Programmierlauf& run, std::int64_t since) {
@@ -208,8 +208,8 @@ LockEnd Ende_Aus_Bericht(const Programm& program) {
     return LockEnd::Cancelled;
 }
 
-void Bericht_Uebernehmen(const Programm& program, bool historyOnly, bool historyWanted, LockResult& result) {
-    const RunReport& report = program.Lauf.Bericht;
+void Bericht_Uebernehmen(const Programm& program, const RunReport& report, bool historyOnly, bool historyWanted,
+                         LockResult& result) {
     if (report.HistoryLost == HistoryLoss::Unwritten && historyWanted) {
         result.Faults.emplace_back("the history could not be written");
     }
@@ -226,6 +226,7 @@ void Bericht_Uebernehmen(const Programm& program, bool historyOnly, bool history
     result.Wanted = report.Telegrams;
     result.Acknowledged = report.Acknowledged;
     result.Missing = report.Missing;
+    result.EraseConfirmed = report.EraseConfirmed;
     if (historyOnly) {
         return;
     }

@@ -59,6 +59,7 @@ struct LockResult {
     int Wanted = 0, Acknowledged = 0; ///< telegrams that the lock had to get, and that it has acknowledged
     std::vector<AccountGap> Missing;  ///< what the rest carries
     HistoryLoss HistoryLost = HistoryLoss::None;
+    std::optional<bool> EraseConfirmed; ///< by the lock; nothing when it was to get no erase telegram
     double Seconds = 0;
     std::string HistoryFile; ///< path; empty: none was made
     std::string_view Route;  ///< "direct" or "network"; empty: the lock was not begun
@@ -80,8 +81,10 @@ std::int64_t Abbruch_Wartet_Seit(const Programmierlauf& run, std::int64_t since)
 
 /// What a run's report says of its end. Open and Cancelled are Cancelled.
 LockEnd Ende_Aus_Bericht(const Programm& program);
-/// Faults, history file and units of the run that ended last, into `result`.
-void Bericht_Uebernehmen(const Programm& program, bool historyOnly, bool historyWanted, LockResult& result);
+/// Faults, history file and units of a run that ended, into `result`. `report`: of that run; an empty one for a row
+/// through a network adapter.
+void Bericht_Uebernehmen(const Programm& program, const RunReport& report, bool historyOnly, bool historyWanted,
+                         LockResult& result);
 
 /// Runs one lock after the other through the handlers of F13, F11 and F9, as an operator would. One lives while the
 /// locks of a command are worked off.

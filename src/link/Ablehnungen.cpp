@@ -17,15 +17,9 @@ bool Kanal_Suche(const Link& l) {
     return l.Lauf.KanalSuche != 0 || l.Lauf.LaufZiel == "F20";
 }
 
-void Nur_Abgelehnt(Link& /*link*/) {}
-
-void Noch_Einmal_Trennen(Link& l) {
+void Belegt(Link& l) {
     Rufen(l.Hooks.Abfrage_Stoppen);
-    if (++l.Lauf.WiederholZaehler < 40) {
-        TelTrennen_Senden(l);
-    } else {
-        Rufen(l.Hooks.Trennen_Aufgegeben);
-    }
+    Noch_Einmal_Trennen(l);
 }
 
 constexpr int UnitChannels = 12;
@@ -38,7 +32,7 @@ constexpr ReplyRow Refusals[] = {
      [](Link& l) { Rufen(l.Hooks.Unit_Naechster_Kanal); }},
     {0x69, "unit session otherwise", [](const Link& l) { return Unit_Oeffnung(l) || Blocktransfer(l); },
      [](Link& l) { Rufen(l.Hooks.Unit_Fehlgeschlagen); }},
-    {0x69, "TelLebenszeichen", [](const Link& l) { return Zuletzt(l, 0x08); }, Nur_Abgelehnt},
+    {0x69, "TelLebenszeichen", [](const Link& l) { return Zuletzt(l, 0x08); }, Ohne_Wirkung},
     {0x69, "unit-list scan", [](const Link& l) { return l.Lauf.SuchMarke == 0xAD; },
      [](Link& l) { Rufen(l.Hooks.Unit_Kanal_Leer); }},
     {0x69, "units are searched by logins", [](const Link& l) { return l.Lauf.SuchLauf != 0; },
@@ -50,13 +44,21 @@ constexpr ReplyRow Refusals[] = {
     {0x69, "no contact", [](const Link& l) { return Grund(l, 0x64); }, [](Link& l) { Rufen(l.Hooks.Kein_Kontakt); }},
     {0x69, "refused", [](const Link& l) { return Grund(l, 0x65); }, [](Link& l) { Rufen(l.Hooks.Abgelehnt); }},
     {0x69, "key refused", [](const Link& l) { return Grund(l, 0x66); }, [](Link& l) { Rufen(l.Hooks.Key_Abgelehnt); }},
-    {0x69, "busy", [](const Link& l) { return Grund(l, 0x67); }, Noch_Einmal_Trennen},
+    {0x69, "busy", [](const Link& l) { return Grund(l, 0x67); }, Belegt},
     {0x69, "card refused", [](const Link& l) { return Grund(l, 0x6A); },
      [](Link& l) { Rufen(l.Hooks.Karte_Abgelehnt); }},
-    {0x69, "any other reason", Immer, Nur_Abgelehnt},
+    {0x69, "any other reason", Immer, Ohne_Wirkung},
 };
 
 } // namespace
+
+void Noch_Einmal_Trennen(Link& link) {
+    if (++link.Lauf.WiederholZaehler < 40) {
+        TelTrennen_Senden(link);
+    } else {
+        Rufen(link.Hooks.Trennen_Aufgegeben);
+    }
+}
 
 std::span<const ReplyRow> Ablehnung_Tabelle() {
     return Refusals;

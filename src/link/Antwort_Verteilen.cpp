@@ -16,6 +16,13 @@ constexpr std::uint8_t LoginAccepted = 4;
 constexpr std::uint8_t StepDone = 0xFF;
 constexpr std::uint8_t CodePending = 0xFF;
 constexpr std::uint8_t CodeChanged = 4;
+constexpr std::uint8_t RefusalCode = 0x69;
+
+/// Replies that windows ask for, with and without a run.
+bool Eines_Fensters(std::uint8_t code) {
+    constexpr std::uint8_t firstOfWindows = 0x60;
+    return code >= firstOfWindows || code == 0x12 || code == 0x4B;
+}
 
 void Geraet_Merken(Link& link) {
     for (int n = 0; n < 4; ++n) {
@@ -109,8 +116,6 @@ bool Kennung_Erwartet(const Link& l) {
 
 // Actions.
 
-void Nichts(Link& /*link*/) {}
-
 void Codeaenderung_Verbunden(Link& l) {
     l.Lauf.CodeChangePending = 0;
     l.Lauf.KanalSuche = 0;
@@ -152,6 +157,9 @@ void Unit_Getrennt(Link& l) {
 void Kanalwechsel_Fertig(Link& l) {
     l.Lauf.LaufZiel.clear();
     Rufen(l.Hooks.Kanalwechsel_Ende);
+}
+void Puffer_Leeren(Link& l) {
+    RxBuffer_Leeren(l, 64);
 }
 void Lebenszeichen_Beantwortet(Link& l) {
     l.Lauf.AnswerSeen = true;
@@ -252,7 +260,7 @@ void Ablehnung(Link& l) {
 
 constexpr ReplyRow Replies[] = {
     {0x03, "unit block transfer", Blocktransfer, Unit_Getrennt},
-    {0x03, "otherwise", Immer, [](Link& l) { RxBuffer_Leeren(l, 64); }},
+    {0x03, "otherwise", Immer, Puffer_Leeren},
 
     {0x04, "a code change waits for its login", Code_Erwartet, Codeaenderung_Verbunden},
     {0x04, "unit block transfer", Blocktransfer, Unit_Datenstart},
@@ -321,7 +329,7 @@ constexpr ReplyRow Replies[] = {
     {0x3B, "always", Immer, Zeit_Tabellen_Start},
 
     {0x27, "unit block transfer", Blocktransfer, [](Link& l) { Rufen(l.Hooks.Unit_Bloecke_Start); }},
-    {0x27, "the lock is polled", Wird_Abgefragt, Nichts},
+    {0x27, "the lock is polled", Wird_Abgefragt, Ohne_Wirkung},
     {0x27, "otherwise", Immer, Datenstart_Beantwortet},
     {0x2F, "always", Immer, Datenstart_Senden},
 
@@ -357,8 +365,24 @@ bool Immer(const Link& /*link*/) {
     return true;
 }
 
+void Ohne_Wirkung(Link& /*link*/) {}
+
 std::span<const ReplyRow> Antwort_Tabelle() {
     return Replies;
+}
+
+bool Antwort_Fuehrt_Weiter(const Link& link) {
+    const std::uint8_t code = link.Rx.RxBuffer[2];
+    const bool refusal = code == RefusalCode;
+    if (!refusal && Eines_Fensters(code)) {
+        return false;
+    }
+    const std::span<const ReplyRow> rows = refusal ? Ablehnung_Tabelle() : Antwort_Tabelle();
+    const auto row = std::find_if(rows.begin(), rows.end(), [&](const ReplyRow& candidate) {
+        return candidate.Code == code && candidate.Condition(link);
+    });
+    return row != rows.end() && row->Action != Ohne_Wirkung && row->Action != Puffer_Leeren &&
+           row->Action != Lebenszeichen_Beantwortet;
 }
 
 bool Anmeldung_Angenommen(const Link& link) {
@@ -412,11 +436,13 @@ void Zeit_Tabellen_Start(Link& link) {
 
 void Antwort_Verteilen(Link& link) {
     link.Lauf.LastAnswer = link.kern.Welt.Milliseconds();
-    if (link.Lauf.AbbruchWunsch != 0) {
+    const std::uint8_t code = link.Rx.RxBuffer[2];
+    // A lock that has just acknowledged its erasing is deaf: the cancel waits until it answers the polling.
+    const bool deaf = code == 0x27 && link.TxBuffer[2] == code && !Blocktransfer(link) && Wird_Abgefragt(link);
+    if (link.Lauf.AbbruchWunsch != 0 && !deaf) {
         Abbruch_Ausfuehren(link);
         return;
     }
-    const std::uint8_t code = link.Rx.RxBuffer[2];
     if (!Antwort_Zulaessig(link, code)) {
         return;
     }

@@ -18,6 +18,8 @@ struct ReplyRow {
 
 /// The condition of a row that always matches; no row of the same code may stand behind it.
 bool Immer(const Link& link);
+/// The action of a row at which nothing happens.
+void Ohne_Wirkung(Link& link);
 
 /// The whole reply chain.
 std::span<const ReplyRow> Antwort_Tabelle();
@@ -30,6 +32,9 @@ std::span<const ReplyRow> Ablehnung_Tabelle();
 bool Antwort_Zulaessig(const Link& link, std::uint8_t code);
 /// The reply, or refusal, that came answers the last telegram: nothing is due any more.
 void Antwort_Abhaken(Link& link, std::uint8_t code);
+/// Whether the reply chain goes anywhere at the frame in RxBuffer. What only windows ask for leads no run on, nor does
+/// a sign of life, or a row that does nothing.
+bool Antwort_Fuehrt_Weiter(const Link& link);
 /// True when a login was accepted: the status byte lies inside the frame and is 4.
 bool Anmeldung_Angenommen(const Link& link);
 /// History is read in this run, first or only.
@@ -38,6 +43,8 @@ bool Historie_Gewuenscht(const Link& link);
 bool Historie_Aussteht(const Link& link);
 /// What follows a login: the clock, else the history, else the erase telegram.
 void Nach_Verbunden(Link& link);
+/// TelTrennen to a device that may not let itself be disconnected: at the 40th time the run gives up.
+void Noch_Einmal_Trennen(Link& link);
 /// Ends the session as a cancel does: with TelTrennen, in place of whatever would follow.
 void Abbruch_Ausfuehren(Link& link);
 /// TelDatenStart to a lock; starts the polling where the lock wants it.

@@ -15,6 +15,16 @@ constexpr int HistoryEventIndex = 35;
 constexpr std::uint8_t HistoryEndMark = 0xFF;
 constexpr std::uint8_t HistoryCode = 0x17;
 
+/// The frame carries the serial of another lock. One without a serial is taken.
+bool Fremdes_Schloss(const Link& l) {
+    constexpr int serialIndex = 7;
+    Address serial{};
+    for (std::size_t n = 0; n < serial.size(); ++n) {
+        serial[n] = l.RxByte(serialIndex + static_cast<int>(n));
+    }
+    return serial != Address{} && serial != l.Lauf.LockAddress;
+}
+
 bool Historie_Lang_Genug(const Link& l) {
     return l.Rx.RxLength + 1 >= HistoryEventIndex;
 }
@@ -44,7 +54,8 @@ bool Gefaehrdet_Ereignisse(const Link& l, std::uint8_t code) {
 }
 
 bool Historie_Kein_Satz(const Link& l) {
-    return Historie_Gewuenscht(l) && !l.Lauf.HistoryRead && (!Historie_Lang_Genug(l) || l.TxBuffer[2] != HistoryCode);
+    return Historie_Gewuenscht(l) && !l.Lauf.HistoryRead &&
+           (!Historie_Lang_Genug(l) || l.TxBuffer[2] != HistoryCode || Fremdes_Schloss(l));
 }
 bool Historie_Satz(const Link& l) {
     return Historie_Lang_Genug(l) && l.RxByte(HistoryEventIndex) != HistoryEndMark && l.Lauf.HistoryStop == 0;
@@ -75,21 +86,27 @@ void Historie_Weiter(Link& l) {
     }
 }
 void Historie_Verlieren(Link& l, HistoryLoss why) {
-    if (l.Lauf.HistoryLost == HistoryLoss::None) {
+    // Behind the end of the reading a wrong reply costs no event any more.
+    if (l.Lauf.HistoryLost == HistoryLoss::None && !l.Lauf.HistoryRead) {
         l.Lauf.HistoryLost = why;
     }
     Rufen(l.Hooks.Historie_Fertig);
-    TelTrennen_Senden(l);
+    Noch_Einmal_Trennen(l);
 }
 void Historie_Beendet(Link& l) {
     l.Lauf.HistoryRead = true;
     Rufen(l.Hooks.Historie_Fertig);
-    TelTrennen_Senden(l);
+    Noch_Einmal_Trennen(l);
 }
 void Historie_Vorbei(Link& l) {
     l.Lauf.HistoryRead = true;
     Rufen(l.Hooks.Historie_Fertig);
-    TelPrioritaet_Senden(l);
+    // The hook puts the events on the disk. Without them there the lock is not erased.
+    if (l.Lauf.HistoryLost == HistoryLoss::None) {
+        TelPrioritaet_Senden(l);
+    } else {
+        Noch_Einmal_Trennen(l);
+    }
 }
 
 } // namespace qvm

@@ -7,6 +7,9 @@ namespace {
 
 constexpr std::size_t PieceLength = 32;
 
+/// No telegram has this code.
+constexpr std::uint8_t NeverSent = 0;
+
 /// Adds the items of a conversation in its order.
 struct Planner {
     RunAccount& account;
@@ -120,6 +123,8 @@ void Unit(Planner& plan, const Dataset& daten, char type) {
         for (const int code : {0x04, 0x3D, 0x05}) {
             add(static_cast<std::uint8_t>(code));
         }
+    } else if (type != '2') {
+        add(NeverSent); // nobody knows how such a unit is programmed, but the lock is to have it
     }
     if (type != '2') {
         return;

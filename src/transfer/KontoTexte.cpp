@@ -65,6 +65,9 @@ std::string Konto_Fehlendes(const Kern& kern, const RunAccount& account) {
         list += (list.empty() ? "" : ", ") + Luecke_Text(kern, gap);
     }
     const int whole = account.Gesamt();
+    if (account.Erledigt() == whole) {
+        return Wort(kern, Word::RunUnwanted, {list});
+    }
     return Wort(kern, Word::RunMissing, {Ziffern(whole - account.Erledigt()), Ziffern(whole), list});
 }
 

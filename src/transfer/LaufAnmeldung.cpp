@@ -85,7 +85,8 @@ void Schritt_Kanal_Weiter(Programmierlauf& run) {
 }
 
 void Schritt_Kanal_Gesetzt(Programmierlauf& run) {
-    run.Bericht.ChannelUnsaved = !Kanal_Ausgefuehrt(run.kern, run.LockNumber);
+    // A 0x29 that answers something else does not say where the lock listens.
+    run.Bericht.ChannelUnsaved = Konto_Kanal_Gesetzt(run.Konto) && !Kanal_Ausgefuehrt(run.kern, run.LockNumber);
     Rufen(run.Ansicht.Wartebox_Schliessen);
     Rufen(run.Ansicht.F9_Zeigen);
 }

@@ -45,11 +45,11 @@ void Lauf_Beenden(Programmierlauf& run, RunOutcome outcome, std::string_view tex
     }
 }
 
-void Ende_Zeigen(const Programmierlauf& run, RunOutcome outcome, const std::string& text) {
+void Ende_Zeigen(const Programmierlauf& run, const std::string& text) {
     if (run.Ansicht.Fertig) {
         run.Ansicht.Fertig(110);
     }
-    if (run.Ansicht.Bericht && outcome != RunOutcome::Done) {
+    if (run.Ansicht.Bericht && text != run.kern.Zeile(110)) {
         run.Ansicht.Bericht(text);
     }
 }
@@ -104,12 +104,13 @@ Urteil Beurteilen(const Programmierlauf& run) {
     if (std::string open = Unbewiesen(run); !open.empty()) {
         return {.Outcome = RunOutcome::Incomplete, .Why = std::move(open)};
     }
-    return {.Why = kern.Zeile(110)};
+    const std::string more = Erledigt_Zusatz(run);
+    return {.Why = kern.Zeile(110) + (more.empty() ? "" : ". " + more)};
 }
 
 void Einzelnes_Schloss_Zeigen(Programmierlauf& run, const Urteil& judged) {
     const RunState& lauf = run.link.Lauf;
-    Ende_Zeigen(run, judged.Outcome, judged.Why);
+    Ende_Zeigen(run, judged.Why);
     if (lauf.HistoryLost != HistoryLoss::None) {
         run.kern.Meldung(Historie_Verlust_Text(run.kern, lauf.HistoryLost), Buttons::Ok, Icon::Exclamation);
     }
@@ -134,11 +135,12 @@ void Schloss_Fertig(Programmierlauf& run) {
         Einzelnes_Schloss_Zeigen(run, judged);
         return;
     }
-    const std::string note = Unit_Notiz(run);
-    const bool history = lauf.HistoryOnly != 0;
+    std::string text = run.kern.Zeile(lauf.HistoryOnly != 0 ? 263 : 266);
+    for (const std::string& note : {Unit_Notiz(run), Erledigt_Zusatz(run)}) {
+        text += note.empty() ? "" : " - " + note;
+    }
     if (run.Liste.Zeile_Markieren) {
-        run.Liste.Zeile_Markieren(history ? "<<" : ">>",
-                                  run.kern.Zeile(history ? 263 : 266) + (note.empty() ? "" : " - " + note));
+        run.Liste.Zeile_Markieren(lauf.HistoryOnly != 0 ? "<<" : ">>", text);
     }
     Rufen(run.Liste.Naechste_Zeile);
 }
@@ -157,7 +159,7 @@ void Schritt_Schloss_Ende(Programmierlauf& run) {
 
 void Schritt_Historie_Fertig(Programmierlauf& run) {
     const RunState& lauf = run.link.Lauf;
-    if (lauf.HistoryRead) {
+    if (lauf.HistoryRead && Historie_Sichern(run.link)) {
         Konto_Historie_Fertig(run.Konto);
     }
     if (lauf.HistoryOnly == 0) {
@@ -245,11 +247,10 @@ void Schritt_Trennen_Aufgegeben(Programmierlauf& run) {
     if (Zeile_Fehlgeschlagen(run, RunOutcome::GivenUp, text)) {
         return;
     }
-    const RunOutcome outcome = run.Cancelled ? RunOutcome::Cancelled : RunOutcome::GivenUp;
     Zum_Schloss_Zurueck(run);
     run.link.Lauf.UnitModus = 0;
-    Lauf_Beenden(run, outcome, text);
-    Ende_Zeigen(run, outcome, text);
+    Lauf_Beenden(run, run.Cancelled ? RunOutcome::Cancelled : RunOutcome::GivenUp, text);
+    Ende_Zeigen(run, text);
 }
 
 void Schritt_Code_Ergebnis(Programmierlauf& run) {

@@ -27,6 +27,7 @@ void Bericht_Fuellen(Programmierlauf& run) {
     report.Telegrams = run.Konto.Gesamt();
     report.Acknowledged = run.Konto.Erledigt();
     report.Missing = Konto_Luecken(run.Konto);
+    report.EraseConfirmed = Konto_Loeschen_Bestaetigt(run.Konto);
     for (std::size_t n = 0; n < report.Units.size(); ++n) {
         const int index = static_cast<int>(n);
         UnitReport& unit = report.Units[n];
@@ -44,10 +45,17 @@ std::string Unbewiesen(const Programmierlauf& run) {
     for (std::size_t n = 0; n < run.Bericht.Units.size(); ++n) {
         if (Offen(run, n)) {
             const bool begun = Konto_Unit_Begonnen(run.Konto, static_cast<int>(n));
-            return Wort(run.kern, Word::UnitMissing) + (begun ? " " + Stand(run, n) : "");
+            const std::string& note = run.Bericht.Units[n].Note;
+            return Wort(run.kern, Word::UnitMissing) + (begun ? " " + Stand(run, n) : "") +
+                   (note.empty() ? "" : " (" + note + ")");
         }
     }
     return {};
+}
+
+std::string Erledigt_Zusatz(const Programmierlauf& run) {
+    const bool unsure = !Konto_Loeschen_Bestaetigt(run.Konto).value_or(true);
+    return unsure ? Wort(run.kern, Word::EraseUnconfirmed) : std::string();
 }
 
 void Units_Zeigen(const Programmierlauf& run) {

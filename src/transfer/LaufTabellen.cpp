@@ -58,15 +58,16 @@ void Schritt_Daten_Schluss(Programmierlauf& run) {
 void Tick_Timer7(Programmierlauf& run) {
     RunState& lauf = run.link.Lauf;
     run.Timer7.Stop();
-    if (lauf.AbbruchWunsch != 0) {
-        Abbruch_Ausfuehren(run.link);
-        return;
-    }
     if (lauf.AnswerSeen || ++lauf.AnswerTicks > PollingTries) {
         lauf.AnswerSeen = false;
         lauf.AnswerTicks = 0;
-        TelKalenderFlag_Senden(run.link);
+        if (lauf.AbbruchWunsch != 0) {
+            Abbruch_Ausfuehren(run.link);
+        } else {
+            TelKalenderFlag_Senden(run.link);
+        }
     } else {
+        // Under a cancel, too: what a deaf lock is sent in its place is lost, and the session stays open.
         run.Timer7.Start(1000);
         TelLebenszeichen_Senden(run.link);
     }

@@ -141,6 +141,10 @@ std::string Block_Notiz(std::uint8_t status) {
 
 } // namespace
 
+bool Block_Angenommen(std::uint8_t status) {
+    return status == 0 || status == 2 || status == 10 || status == 11;
+}
+
 bool Units_Uebrig(const Programmierlauf& run) {
     return Naechste_Unit(run) < Units;
 }
@@ -165,7 +169,7 @@ void Tick_Timer9(Programmierlauf& run) {
             run.Ansicht.Kaestchen(lauf.UnitIndex + 2);
         }
     }
-    run.UnitGood = run.UnitRepeated = false;
+    run.UnitGood = run.UnitRepeated = run.BlockRefused = false;
     if (Abgebrochen(run)) {
         return;
     }
@@ -244,7 +248,7 @@ void Schritt_Unit_Fehlgeschlagen(Programmierlauf& run) {
     const bool list = run.link.Lauf.RunRows != 0;
     Units_Abbrechen(run, RunOutcome::NotReached, 66);
     if (!list) {
-        Ende_Zeigen(run, RunOutcome::NotReached, run.kern.Zeile(66));
+        Ende_Zeigen(run, run.kern.Zeile(66));
     }
 }
 
@@ -289,10 +293,15 @@ void Schritt_Unit_Block_Quittung(Programmierlauf& run) {
     if (run.Waiting || lauf.UnitRow < 0 || lauf.UnitRow >= static_cast<int>(rows.size())) {
         return;
     }
-    if (std::string note = Block_Notiz(run.link.RxByte(14)); !note.empty()) {
-        if (UnitReport* unit = Aktuelle(run)) {
-            unit->Note = std::move(note);
-        }
+    const std::uint8_t status = run.link.RxByte(14);
+    UnitReport* const unit = Aktuelle(run);
+    // The text of a refused block stays, whatever the others give.
+    if (std::string note = Block_Notiz(status); unit != nullptr && !note.empty() && !run.BlockRefused) {
+        unit->Note = std::move(note);
+    }
+    if (unit != nullptr && !Block_Angenommen(status)) {
+        run.BlockRefused = true;
+        unit->End = UnitReport::State::Failed;
     }
     const ProgSlot& row = *rows[static_cast<std::size_t>(lauf.UnitRow)];
     ++lauf.UnitPiece;
@@ -318,8 +327,9 @@ void Schritt_Unit_Getrennt(Programmierlauf& run) {
     UnitReport* unit = Aktuelle(run);
     const bool whole = Konto_Unit_Fertig(run.Konto, lauf.UnitIndex);
     run.UnitGood = unit != nullptr && whole && unit->End != UnitReport::State::Failed && !run.Cancelled;
-    if (unit != nullptr && !run.UnitGood && !run.Cancelled) {
-        // A failed session of this kind takes the units behind it along.
+    if (unit != nullptr && !run.UnitGood && !run.Cancelled && !run.BlockRefused) {
+        // A failed session of this kind takes the units behind it along. One that had all its telegrams, but did not
+        // accept them, does not.
         Schritt_Unit_Fehlgeschlagen(run);
         return;
     }

@@ -55,8 +55,8 @@ void Codeaenderung_Gescheitert(Programmierlauf& run);
 void Mit_Meldung_Enden(Programmierlauf& run, RunOutcome outcome, int line);
 /// Ends the run once; later calls change nothing.
 void Lauf_Beenden(Programmierlauf& run, RunOutcome outcome, std::string_view text);
-/// Finished state of the progress window; `text` is its status for every outcome but Done.
-void Ende_Zeigen(const Programmierlauf& run, RunOutcome outcome, const std::string& text);
+/// Finished state of the progress window with a status.
+void Ende_Zeigen(const Programmierlauf& run, const std::string& text);
 /// Timers 6 to 9 and 11.
 void Timer_Anhalten(Programmierlauf& run);
 /// Address, mode and class back to the lock's.
@@ -68,6 +68,8 @@ void Bericht_Fuellen(Programmierlauf& run);
 /// Why the run must not be called done although it came to its end: a sentence about the lock, else about the first
 /// unit that is not done and has not refused either. Empty when all is proven.
 std::string Unbewiesen(const Programmierlauf& run);
+/// What must be said of a run that is done nevertheless; empty for nothing.
+std::string Erledigt_Zusatz(const Programmierlauf& run);
 /// Says at the check box of each unit that was left in its session what became of it.
 void Units_Zeigen(const Programmierlauf& run);
 
@@ -83,6 +85,8 @@ void Schritt_Unit_Datenstart_Wiederholen(Programmierlauf& run);
 void Schritt_Unit_Naechster_Kanal(Programmierlauf& run);
 void Schritt_Unit_Fehlgeschlagen(Programmierlauf& run);
 void Schritt_Unit_Kein_Kontakt(Programmierlauf& run);
+/// Whether the status of a block's acknowledge lets the block pass. Some that do have a text of their own.
+bool Block_Angenommen(std::uint8_t status);
 /// The last text that the units of this run gave, "" for none.
 std::string Unit_Notiz(const Programmierlauf& run);
 

@@ -59,7 +59,7 @@ void Lauf_Beginnen(Programmierlauf& run) {
     run.Bericht = {};
     run.Cancelled = false;
     run.Gesamtende = false;
-    run.UnitGood = run.UnitRepeated = run.Waiting = false;
+    run.UnitGood = run.UnitRepeated = run.BlockRefused = run.Waiting = false;
     ++run.RunNumber;
     RunState& lauf = run.link.Lauf;
     lauf.Phase = RunPhase::Open;
@@ -121,6 +121,15 @@ std::function<void()> Haken(Programmierlauf& run, void (*step)(Programmierlauf&)
     return [&run, step] { step(run); };
 }
 
+AccountReply Antwort_Lesen(const Link& link) {
+    constexpr std::uint8_t login = 0x04, block = 0x4A;
+    const std::uint8_t code = link.RxByte(2);
+    return {.Code = code,
+            .Leads = Antwort_Fuehrt_Weiter(link),
+            .Accepted = code == login ? Anmeldung_Angenommen(link) : code != block || Block_Angenommen(link.RxByte(14)),
+            .Slot = link.RxByte(14) * 256 + link.RxByte(15)};
+}
+
 /// The hooks from the end of a lock on, and all refusals.
 void Ende_Haken_Setzen(Programmierlauf& run, LinkHooks& hooks) {
     hooks.Daten_Schluss = Haken(run, Schritt_Daten_Schluss);
@@ -164,7 +173,7 @@ void Lauf_Haken_Setzen(Programmierlauf& run, LinkHooks& hooks) {
     };
     hooks.Antwort_Gekommen = [&run] {
         if (!run.Gesamtende && !run.Cancelled) {
-            Konto_Antwort(run.Konto, run.link.RxByte(2), Anmeldung_Angenommen(run.link));
+            Konto_Antwort(run.Konto, Antwort_Lesen(run.link));
         }
     };
     hooks.Anmeldung_Abgelehnt = Haken(run, Schritt_Anmeldung_Abgelehnt);

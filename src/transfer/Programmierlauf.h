@@ -9,6 +9,7 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -47,6 +48,9 @@ struct RunReport {
     int Telegrams = 0;               ///< that the lock had to get
     int Acknowledged = 0;            ///< and that it has acknowledged
     std::vector<AccountGap> Missing; ///< what the rest carries
+    /// Whether the lock acknowledged its erase telegram; nothing when it was to get none. A lock that is polled goes on
+    /// without that, so that a good run may lack it: what was in the lock before may still be there.
+    std::optional<bool> EraseConfirmed;
 };
 
 /// Where a run shows itself. Filled once, with designated initialisers; the windows stand behind it.
@@ -97,6 +101,7 @@ struct Programmierlauf {
     bool Cancelled = false;
     bool UnitGood = false;     ///< the present unit's session went well
     bool UnitRepeated = false; ///< its login was repeated once
+    bool BlockRefused = false; ///< it did not accept a block
     bool Waiting = false;      ///< an ordered wait inside a reply step is on
     int RunNumber = 0;         ///< which run this is: a wait of an earlier one may still be on the stack
     bool Gesamtende = true;    ///< the run has ended, one way or the other

@@ -1,6 +1,5 @@
 #include "RunAccount.h"
 
-#include "Antwort_Verteilen.h"
 #include "TelegrammeDaten.h"
 #include "TelegrammeUnit.h"
 
@@ -14,6 +13,8 @@ using State = AccountItem::State;
 
 /// The telegram whose reply nobody waits for: a short time later the next one goes out, whatever came.
 constexpr std::uint8_t NobodyWaits = 0x66;
+
+constexpr std::uint8_t Refused = 0x69, SignOfLife = 0x08;
 
 /// Detail of an item that no run owes.
 constexpr int Unwanted = -1;
@@ -130,17 +131,26 @@ void Mitnehmen(RunAccount& account, std::size_t acknowledged) {
     }
 }
 
-/// Whether the chain goes anywhere at a reply. Others are no answer to a run's telegram.
-bool Fuehrt_Weiter(std::uint8_t code) {
-    constexpr std::uint8_t firstOfWindows = 0x60;
-    const std::span<const ReplyRow> rows = Antwort_Tabelle();
-    const bool window = code >= firstOfWindows || code == 0x12 || code == 0x4B;
-    return code == 0x69 ||
-           (!window && std::any_of(rows.begin(), rows.end(), [code](const ReplyRow& row) { return row.Code == code; }));
-}
-
 bool Des_Schlosses(const AccountItem& item) {
     return item.Part != AccountPart::Unit;
+}
+
+bool Dem_Schloss_Geschuldet(const AccountItem& item) {
+    return Des_Schlosses(item) && item.Detail != Unwanted;
+}
+
+bool Loeschen_Ist_Aus(const RunAccount& account) {
+    return std::any_of(account.Items.begin(), account.Items.end(),
+                       [](const AccountItem& item) { return item.Part == AccountPart::Erase && item.Out; });
+}
+
+/// Takes a place that the lock gives. False when another user has it: one of both is not in the lock any more.
+bool Platz_Frei(RunAccount& account, int slot) {
+    if (std::find(account.Slots.begin(), account.Slots.end(), slot) != account.Slots.end()) {
+        return false;
+    }
+    account.Slots.push_back(slot);
+    return true;
 }
 
 bool Der_Unit(const AccountItem& item, int unit) {
@@ -150,18 +160,24 @@ bool Der_Unit(const AccountItem& item, int unit) {
 } // namespace
 
 int RunAccount::Gesamt() const {
-    return static_cast<int>(std::count_if(Items.begin(), Items.end(), Des_Schlosses));
+    return static_cast<int>(std::count_if(Items.begin(), Items.end(), Dem_Schloss_Geschuldet));
 }
 
 int RunAccount::Erledigt() const {
     return static_cast<int>(std::count_if(Items.begin(), Items.end(), [](const AccountItem& item) {
-        return Des_Schlosses(item) && item.Is == State::Acknowledged;
+        return Dem_Schloss_Geschuldet(item) && item.Is == State::Acknowledged;
     }));
+}
+
+bool RunAccount::Vollstaendig() const {
+    return std::all_of(Items.begin(), Items.end(),
+                       [](const AccountItem& item) { return !Des_Schlosses(item) || item.Is == State::Acknowledged; });
 }
 
 void Konto_Gesendet(RunAccount& account, Words frame, const RunState& lauf) {
     account.LastCode = static_cast<std::uint8_t>(frame[2]);
-    if (account.LastCode == 0x08) {
+    account.AtUnit = An_Unit(lauf);
+    if (account.LastCode == SignOfLife) {
         return; // a sign of life asks on for the telegram before it
     }
     account.Awaited = Posten_Finden(account, frame, lauf);
@@ -178,31 +194,46 @@ void Konto_Gesendet(RunAccount& account, Words frame, const RunState& lauf) {
     if (item.Code == 0x27) {
         Dahinter_Oeffnen(account, at);
     }
+    if (item.Part == AccountPart::Erase) {
+        account.EraseEchoed = false;
+        account.Slots.clear();
+    }
 }
 
-void Konto_Antwort(RunAccount& account, std::uint8_t code, bool accepted) {
+void Konto_Antwort(RunAccount& account, const AccountReply& reply) {
+    if (reply.Code == 0x27 && !account.AtUnit && Loeschen_Ist_Aus(account)) {
+        account.EraseEchoed = true; // late, too: it proves nothing but the erasing
+    }
     if (account.Awaited < 0) {
         return;
     }
     const auto at = static_cast<std::size_t>(account.Awaited);
     AccountItem& item = account.Items[at];
-    const bool signOfLife = code == 0x06 || code == 0x08 || code == 0x69;
-    if (signOfLife && account.LastCode == 0x08) {
+    if (reply.Code == Refused && item.Part == AccountPart::Erase) {
+        // A sign of life may be refused; but as long as the erasing is not acknowledged, nobody knows which of both
+        // was.
+        if (account.LastCode != SignOfLife || !account.EraseEchoed) {
+            item.Is = State::Open;
+            account.Awaited = -1;
+        }
         return;
     }
     const std::uint8_t own = item.Code == 0xFE ? std::uint8_t{0x04} : item.Code;
-    if (item.Carried && (code == own || item.Code == NobodyWaits)) {
+    if (item.Carried && (reply.Code == own || item.Code == NobodyWaits)) {
         return; // nor does it end here: what comes before the next telegram still counts
     }
-    if (!item.Carried && !Fuehrt_Weiter(code)) {
+    if (!reply.Leads) {
         return; // the reply is still to come
     }
     account.Awaited = -1;
-    const bool right = code == own && (item.Code != 0x04 || accepted);
+    const bool right = reply.Code == own && (reply.Accepted || item.Code == 0xFE);
     if (item.Is != State::Sent || (right && item.Part == AccountPart::History)) {
         return; // the end of the history is told apart
     }
     item.Is = right ? State::Acknowledged : State::Open;
+    if (right && item.Code == 0x0A && !Platz_Frei(account, reply.Slot)) {
+        item.Is = State::Twice;
+    }
     if (right) {
         Mitnehmen(account, at);
     }
@@ -219,6 +250,18 @@ void Konto_Historie_Fertig(RunAccount& account) {
 void Konto_Zweiter_Durchgang(RunAccount& account) {
     account.Pass = 1;
     account.Awaited = -1;
+}
+
+bool Konto_Kanal_Gesetzt(const RunAccount& account) {
+    return std::any_of(account.Items.begin(), account.Items.end(), [](const AccountItem& item) {
+        return item.Part == AccountPart::Channel && item.Code == 0x29 && item.Is == State::Acknowledged;
+    });
+}
+
+std::optional<bool> Konto_Loeschen_Bestaetigt(const RunAccount& account) {
+    const bool owed = std::any_of(account.Items.begin(), account.Items.end(),
+                                  [](const AccountItem& item) { return item.Part == AccountPart::Erase; });
+    return owed ? std::optional<bool>(account.EraseEchoed) : std::nullopt;
 }
 
 std::vector<AccountGap> Konto_Luecken(const RunAccount& account) {

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -84,11 +85,23 @@ struct RunAccount {
     int Awaited = -1;          ///< the item whose reply the next frame is; -1: none
     int Pass = 0;              ///< the pass that is on
     std::uint8_t LastCode = 0; ///< of the telegram sent last
+    bool AtUnit = false;       ///< which was for a unit
+    bool EraseEchoed = false;  ///< the lock has acknowledged its erase telegram
+    std::vector<int> Slots;    ///< places that the lock has given to users since it was erased
 
     /// Telegrams that the lock, without its units, must get, and those that it has acknowledged.
     int Gesamt() const;
     int Erledigt() const;
-    bool Vollstaendig() const { return Gesamt() == Erledigt(); }
+    /// The lock has acknowledged all of them, and was told nothing else.
+    bool Vollstaendig() const;
+};
+
+/// What the account looks at in a reply.
+struct AccountReply {
+    std::uint8_t Code = 0;
+    bool Leads = true;    ///< the reply chain goes somewhere at it
+    bool Accepted = true; ///< the status of a login, or of a unit's block, is a good one
+    int Slot = 0;         ///< the place that a reply 0x0A gives to a user
 };
 
 /// Detail of a unit block: its row, from 1, and its piece, from 0.
@@ -101,13 +114,17 @@ RunAccount Konto_Anlegen(const RunState& lauf, const Dataset& daten);
 
 /// A telegram goes out. `frame`: its words from the start byte on; `lauf` tells whom it is for.
 void Konto_Gesendet(RunAccount& account, std::span<const std::uint16_t> frame, const RunState& lauf);
-/// A good frame came, and the reply chain is about to look at it. `accepted`: what a login's status says.
-void Konto_Antwort(RunAccount& account, std::uint8_t code, bool accepted);
+/// A good frame came, and the reply chain is about to look at it.
+void Konto_Antwort(RunAccount& account, const AccountReply& reply);
 /// The history has come to its end.
 void Konto_Historie_Fertig(RunAccount& account);
 /// The lock is logged into a second time: telegrams count for the second pass from here on.
 void Konto_Zweiter_Durchgang(RunAccount& account);
 
+/// The lock has said that it listens on the system's channel.
+bool Konto_Kanal_Gesetzt(const RunAccount& account);
+/// Whether the lock has acknowledged its erase telegram; nothing when the run owes none.
+std::optional<bool> Konto_Loeschen_Bestaetigt(const RunAccount& account);
 /// What the lock did not get, each kind once, runs of users together.
 std::vector<AccountGap> Konto_Luecken(const RunAccount& account);
 /// True when the run owes the unit (0 to 4) anything, when something went out to it, and when the whole conversation

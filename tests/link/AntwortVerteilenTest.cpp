@@ -1,6 +1,7 @@
 #include "DispatcherFixture.h"
 #include "SeriellesProtokoll.h"
 
+#include <algorithm>
 #include <gmock/gmock.h>
 #include <map>
 #include <set>
@@ -164,7 +165,8 @@ TEST_F(Antwort_Verteilen_Reply, the_date_is_followed_by_the_time_and_that_by_his
 
 std::vector<std::uint8_t> HistoryReply(std::uint8_t event) {
     std::vector<std::uint8_t> bytes(33, 0x20);
-    bytes[32] = event; // index 35
+    std::fill_n(bytes.begin() + 4, 4, std::uint8_t{0}); // no serial
+    bytes[32] = event;                                  // index 35
     return bytes;
 }
 
@@ -221,6 +223,67 @@ TEST_F(Antwort_Verteilen_Reply, a_history_without_end_is_given_up_behind_ten_tho
     EXPECT_THAT(Called, ElementsAre("Historie_Fertig"));
     EXPECT_THAT(Sent(), ElementsAre(0x05));
     EXPECT_EQ(link.Lauf.HistoryLost, HistoryLoss::Endless);
+}
+
+TEST_F(Antwort_Verteilen_Reply, an_end_or_a_record_of_another_lock_is_no_part_of_a_history) {
+    link.Lauf.LockAddress = {0x00, 0x0A, 0x10, 0x01};
+    for (const std::uint8_t event : {std::uint8_t{0xFF}, std::uint8_t{0x13}}) {
+        for (const std::uint8_t last : {std::uint8_t{0x01}, std::uint8_t{0x02}}) {
+            link.Lauf.ReadHistoryFirst = 1;
+            link.Lauf.HistoryLost = HistoryLoss::None;
+            link.Lauf.HistoryRead = false;
+            link.TxBuffer[2] = 0x17;
+            std::vector<std::uint8_t> bytes = HistoryReply(event);
+            bytes[5] = 0x0A; // the serial stands at 7 to 10
+            bytes[6] = 0x10;
+            bytes[7] = last;
+            Reply(0x17, bytes);
+            const bool own = last == 0x01;
+            EXPECT_EQ(link.Lauf.HistoryLost, own ? HistoryLoss::None : HistoryLoss::Broken);
+            EXPECT_THAT(Sent(), ElementsAre(!own ? 0x05 : event == 0xFF ? 0x2F : 0x17));
+        }
+    }
+}
+
+TEST_F(Antwort_Verteilen_Reply, a_device_that_answers_all_with_records_is_given_up_at_the_40th_disconnect) {
+    link.Lauf.ReadHistoryFirst = 1;
+    link.TxBuffer[2] = 0x09;
+    for (int n = 1; n < 40; ++n) {
+        Reply(0x17, HistoryReply(0x13));
+        EXPECT_THAT(Sent(), ElementsAre(0x05)) << n;
+    }
+    Reply(0x17, HistoryReply(0x13));
+    EXPECT_THAT(Sent(), IsEmpty());
+    EXPECT_THAT(Called, ElementsAre("Historie_Fertig", "Trennen_Aufgegeben"));
+}
+
+TEST_F(Antwort_Verteilen_Reply, a_device_that_answers_all_with_the_end_of_a_history_is_given_up_too) {
+    link.Lauf.HistoryOnly = 1;
+    link.TxBuffer[2] = 0x17;
+    for (int n = 1; n < 40; ++n) {
+        Reply(0x17, HistoryReply(0xFF));
+        EXPECT_THAT(Sent(), ElementsAre(0x05)) << n;
+    }
+    Reply(0x17, HistoryReply(0xFF));
+    EXPECT_THAT(Sent(), IsEmpty());
+    EXPECT_EQ(link.Lauf.HistoryLost, HistoryLoss::None);
+}
+
+TEST_F(Antwort_Verteilen_Reply, behind_the_end_of_a_reading_a_wrong_reply_costs_no_event) {
+    link.Lauf.HistoryOnly = 1;
+    link.TxBuffer[2] = 0x17;
+    Reply(0x17, HistoryReply(0xFF));
+    Reply(0x2F);
+    EXPECT_THAT(Sent(), ElementsAre(0x05));
+    EXPECT_EQ(link.Lauf.HistoryLost, HistoryLoss::None);
+}
+
+TEST_F(Antwort_Verteilen_Reply, an_end_whose_events_did_not_reach_the_disk_leads_to_no_erase) {
+    link.Lauf.ReadHistoryFirst = 1;
+    link.TxBuffer[2] = 0x17;
+    link.Hooks.Historie_Fertig = [this] { link.Lauf.HistoryLost = HistoryLoss::Unwritten; };
+    Reply(0x17, HistoryReply(0xFF));
+    EXPECT_THAT(Sent(), ElementsAre(0x05));
 }
 
 TEST_F(Antwort_Verteilen_Reply, no_reply_leads_a_run_that_reads_to_an_erase_or_a_write) {
@@ -638,6 +701,46 @@ TEST_F(Antwort_Verteilen_Reply, a_cancel_discards_the_frame_reopens_the_port_and
     EXPECT_EQ(world.Opens, opens + 1);
     EXPECT_EQ(link.Lauf.AbbruchWunsch, 0);
     EXPECT_EQ(link.Rx.RxBuffer[14], 0);
+}
+
+TEST_F(Antwort_Verteilen_Reply, a_cancel_waits_while_a_lock_has_acknowledged_its_erasing_and_is_deaf) {
+    link.Lauf.SerialValue = SerialZ;
+    link.Lauf.AbbruchWunsch = 1;
+    link.TxBuffer[2] = 0x27;
+    Reply(0x27);
+    EXPECT_THAT(Sent(), IsEmpty());
+    EXPECT_THAT(Called, IsEmpty());
+    link.TxBuffer[2] = 0x08;
+    Reply(0x06);
+    EXPECT_THAT(Called, ElementsAre("Abbruch"));
+    EXPECT_THAT(Sent(), ElementsAre(0x05));
+}
+
+TEST_F(Antwort_Verteilen_Reply, which_replies_lead_a_run_anywhere) {
+    const auto leads = [this](int code, std::uint8_t reason = 0) {
+        link.Rx.RxBuffer[2] = static_cast<std::uint8_t>(code);
+        link.Rx.RxBuffer[3] = reason;
+        link.Rx.RxLength = 15;
+        link.Rx.FrameSize = 17;
+        return Antwort_Fuehrt_Weiter(link);
+    };
+    link.TxBuffer[2] = 0x25;
+    for (const int code : {0x04, 0x05, 0x0A, 0x17, 0x27, 0x2F, 0x4A}) {
+        EXPECT_TRUE(leads(code)) << code;
+    }
+    for (const int code : {0x00, 0x03, 0x06, 0x08, 0x12, 0x4B, 0x55, 0x68, 0x6F, 0xA1, 0xFF}) {
+        EXPECT_FALSE(leads(code)) << code;
+    }
+    for (const std::uint8_t reason : {std::uint8_t{0x64}, std::uint8_t{0x65}, std::uint8_t{0x67}}) {
+        EXPECT_TRUE(leads(0x69, reason)) << int{reason};
+    }
+    EXPECT_FALSE(leads(0x69, 0x68));
+    link.TxBuffer[2] = 0x08;
+    EXPECT_FALSE(leads(0x69, 0x64));
+    link.Lauf.SerialValue = SerialZ;
+    EXPECT_FALSE(leads(0x27)) << "the polling leads on, not the echo";
+    link.Lauf.UnitModus = 0xFD;
+    EXPECT_TRUE(leads(0x03));
 }
 
 } // namespace

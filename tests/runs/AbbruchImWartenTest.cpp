@@ -73,21 +73,48 @@ TEST(Cancel_In_An_Ordered_Wait, of_a_port_that_is_closed_at_once_names_the_unit_
     EXPECT_EQ(scene.programm->Lauf.Bericht.Units[0].Progress.Stage, UnitStage::Changed);
 }
 
-TEST(Cancel_In_An_Ordered_Wait, of_a_lock_that_is_polled_goes_out_at_the_next_tick) {
-    Scene scene(RunKind::Polled);
-    scene.devices.Locks[0].EraseBusyMs = 1500; // it hears again before the first tick
+/// A polled lock whose run is cancelled `afterMs` behind its erase telegram: what went out from that on.
+Codes CancelledPolling(Scene& scene, int afterMs) {
     scene.Begin();
     scene.Start();
-    ASSERT_TRUE(scene.world.RunUntil(
+    EXPECT_TRUE(scene.world.RunUntil(
         [&scene] { return scene.programm->Lauf.Timer7.Running() && scene.DeviceCodes().back() == 0x27; }));
-    scene.world.RunFor(1000); // the acknowledge has come
+    scene.world.RunFor(afterMs);
     EXPECT_TRUE(Lauf_Wartet(scene.programm->Lauf));
     scene.programm->F9.Command1_Click();
-    ASSERT_TRUE(scene.Finish());
-    const std::vector<int> all = scene.DeviceCodes();
-    EXPECT_THAT(Codes(all.end() - 2, all.end()), ElementsAre(0x27, 0x05));
+    EXPECT_TRUE(scene.Finish(60000));
     EXPECT_EQ(scene.Outcome(), RunOutcome::Cancelled);
-    EXPECT_EQ(scene.Lock(Serial::Z).Sessions, 1);
+    EXPECT_EQ(scene.Lock(Serial::Z).Sessions, 1) << "the session was left open";
+    const std::vector<int> all = scene.DeviceCodes();
+    return {std::find(all.begin(), all.end(), 0x27), all.end()};
+}
+
+TEST(Cancel_In_An_Ordered_Wait, of_a_lock_that_hears_again_closes_its_session_at_the_answer) {
+    Scene scene(RunKind::Polled);
+    scene.devices.Locks[0].EraseBusyMs = 1500; // less than the first tick
+    EXPECT_THAT(CancelledPolling(scene, 1000), ElementsAre(0x27, 0x08, 0x05));
+}
+
+TEST(Cancel_In_An_Ordered_Wait, of_a_deaf_lock_goes_on_polling_it_until_it_hears_the_disconnect) {
+    // Deaf for 2.5 s; the ticks are at 2 s and at 3 s. Once before the acknowledge of the erase telegram, once behind.
+    for (const int afterMs : {0, 1000, 2200}) {
+        SCOPED_TRACE(afterMs);
+        Scene scene(RunKind::Polled);
+        EXPECT_THAT(CancelledPolling(scene, afterMs), ElementsAre(0x27, 0x08, 0x08, 0x05));
+    }
+}
+
+TEST(Cancel_In_An_Ordered_Wait, of_a_lock_that_never_answers_its_polling_goes_out_behind_the_last_try) {
+    Scene scene(RunKind::Polled);
+    scene.devices.Locks[0].EraseBusyMs = 12500; // ten ticks unanswered from 2 s on; the eleventh is at 12 s
+    scene.Begin();
+    scene.Start();
+    ASSERT_TRUE(scene.world.RunUntil([&scene] { return scene.DeviceCodes().back() == 0x08; }));
+    scene.programm->F9.Command1_Click();
+    EXPECT_FALSE(scene.Finish(30000)); // the disconnect is lost
+    const std::vector<int> all = scene.DeviceCodes();
+    EXPECT_EQ(std::count(all.begin(), all.end(), 0x08), 10);
+    EXPECT_EQ(all.back(), 0x05);
 }
 
 TEST(Unfinished_Run, names_what_the_lock_did_not_get) {

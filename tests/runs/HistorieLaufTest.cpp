@@ -125,6 +125,41 @@ TEST_F(Run_History, a_lock_whose_events_could_not_be_written_is_not_erased) {
     EXPECT_EQ(Sent().back(), 0x05);
 }
 
+TEST_F(Run_History, is_flushed_to_the_disk_before_the_lock_is_told_to_erase) {
+    devices.Locks[0].History = {Event(4, 3, 26, "Anna", 2), Event(3, 3, 26, "Anna", 2)};
+    Begin();
+    Codes before;
+    const FileStore good = world.World.Files;
+    world.World.Files.Flush = [&](const std::string& path) {
+        before = Sent();
+        return good.Flush(path);
+    };
+    Program(1, Answer::Yes);
+    ASSERT_TRUE(Finish());
+    EXPECT_EQ(Outcome(), RunOutcome::Done);
+    EXPECT_THAT(before, ElementsAre(0x04, 0x07, 0x09, 0x17, 0x17, 0x17));
+    ASSERT_EQ(world.Disk.Flushed.size(), 1U);
+    const auto& [path, bytes] = *world.Disk.Flushed.begin();
+    EXPECT_EQ(bytes, world.Disk.Files.at(path));
+    EXPECT_EQ(Lock(Serial::S).Erases, 1);
+}
+
+TEST_F(Run_History, that_does_not_reach_the_disk_keeps_the_lock_from_being_erased) {
+    devices.Locks[0].History = {Event(4, 3, 26, "Anna", 2)};
+    world.Disk.FlushFails = true;
+    Begin();
+    Expect(277);
+    world.Answers.push_front({.Text = "L63", .Reply = Answer::Yes});
+    programm->F13.FGK13_Click(1, F13Column::Program);
+    TypeCode("123456");
+    ASSERT_TRUE(Finish());
+    EXPECT_EQ(Outcome(), RunOutcome::GivenUp);
+    EXPECT_EQ(programm->Lauf.Bericht.HistoryLost, HistoryLoss::Unwritten);
+    EXPECT_EQ(Status(), "L277");
+    EXPECT_EQ(Lock(Serial::S).Erases, 0);
+    EXPECT_EQ(Sent().back(), 0x05);
+}
+
 TEST_F(Run_History, lost_events_also_keep_the_second_pass_from_erasing) {
     files.Lock(1, "Tresor", Serial::TwoPass, " XXXX");
     files.User(1, {.Name = "Anna", .KeyId = "1 : 2 : 3 : 4", .Marks = {{1, 'X'}}});

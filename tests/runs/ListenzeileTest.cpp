@@ -123,6 +123,30 @@ TEST_F(Run_List_Row, a_busy_lock_fails_the_row) {
     EXPECT_EQ(Outcome(), RunOutcome::Incomplete);
 }
 
+TEST_F(Run_List_Row, a_lock_that_did_not_confirm_its_erasing_is_marked_with_that) {
+    devices.Locks[0].Serial = AddressOf(Serial::Z);
+    devices.Locks[0].EchoErase = false;
+    files.Lock(1, "Tresor", Serial::Z, " XXX ");
+    StartRow();
+    ASSERT_TRUE(Finish());
+    ASSERT_EQ(Marks.size(), 1U);
+    EXPECT_EQ(Marks[0].first, ">>");
+    EXPECT_EQ(Marks[0].second, u8"L266 - Das Schloss hat das Löschen nicht bestätigt: Alte Einträge können noch "
+                               u8"vorhanden sein."_w);
+    EXPECT_EQ(Outcome(), RunOutcome::Done);
+}
+
+TEST_F(Run_List_Row, an_unfinished_lock_is_marked_with_what_is_missing) {
+    devices.Faults = {{.What = SimFault::Kind::Wrong, .Telegram = 2, .Value = 0x05}};
+    StartRow();
+    ASSERT_TRUE(Finish());
+    ASSERT_EQ(Marks.size(), 1U);
+    EXPECT_EQ(Marks[0].first, "#");
+    EXPECT_THAT(Marks[0].second, ::testing::StartsWith(u8"Nicht vollständig: "_w));
+    EXPECT_EQ(NextRows, 1);
+    EXPECT_EQ(Outcome(), RunOutcome::Incomplete);
+}
+
 TEST_F(Run_List_Row, a_slot_out_of_range_fails_the_row) {
     files.User(1, {.Name = "Anna", .Marks = {{1, 'X'}}});
     devices.Locks[0].ForcedSlot = 3000;

@@ -237,6 +237,16 @@ TEST_F(Run_End, the_last_good_slot_is_2999) {
     EXPECT_EQ(Lock(Serial::S).Users[0].Slot, 2999);
 }
 
+TEST_F(Run_End, two_users_in_one_place_of_the_lock_are_not_done) {
+    files.User(2, {.Name = "Bert", .Marks = {{1, 'X'}}});
+    devices.Locks[0].ForcedSlot = 7;
+    Begin();
+    Program(1);
+    ASSERT_TRUE(Finish());
+    EXPECT_EQ(Outcome(), RunOutcome::Incomplete);
+    EXPECT_THAT(Status(), ::testing::HasSubstr("(Benutzer 2)"));
+}
+
 TEST_F(Run_End, without_a_port_nothing_is_sent_and_the_run_ends_at_once) {
     Begin();
     world.PortCanOpen = false;

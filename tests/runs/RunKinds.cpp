@@ -18,6 +18,14 @@ bool Searches(RunKind kind) {
 bool HasUnits(RunKind kind) {
     return kind == RunKind::Unit1 || kind == RunKind::Unit2 || kind == RunKind::BothUnits;
 }
+bool IsPolled(RunKind kind) {
+    return kind == RunKind::Polled || kind == RunKind::LongId;
+}
+LockUser OldUser() {
+    LockUser user;
+    user.Slot = 700;
+    return user;
+}
 bool HasFingers(RunKind kind) {
     return kind == RunKind::Unit2 || kind == RunKind::BothUnits;
 }
@@ -62,6 +70,9 @@ Scene::Scene(RunKind kindOfRun) : kind(kindOfRun) {
         user.KeyId = "1 : 2 : 3 : 4";
     }
     files.User(1, user);
+    if (IsPolled(kind)) {
+        lock.Users = {OldUser()};
+    }
     if (OnlyHistory(kind) || kind == RunKind::HistoryFirst) {
         lock.History = {HistoryLine{4, 3, 26, 9, 7, 'A'}, HistoryLine{3, 3, 26, 9, 7, 'B'}};
     }

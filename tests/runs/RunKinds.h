@@ -35,6 +35,9 @@ const char* KindName(RunKind kind);
 bool OnlyHistory(RunKind kind);
 bool Searches(RunKind kind);
 bool HasUnits(RunKind kind);
+/// The lock is polled while it erases. It holds OldUser, who shows whether it erased.
+bool IsPolled(RunKind kind);
+LockUser OldUser();
 /// The run sends templates to a unit of type 2.
 bool HasFingers(RunKind kind);
 std::string_view SerialOf(RunKind kind);

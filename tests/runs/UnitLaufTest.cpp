@@ -1,6 +1,7 @@
 // The wireless units behind a lock.
 
 #include "RunFixture.h"
+#include "Text.h"
 
 namespace qvm::test {
 namespace {
@@ -237,6 +238,36 @@ TEST_F(Run_Units, a_status_of_a_block_is_noted_and_the_session_goes_on) {
     EXPECT_EQ(programm->Lauf.Bericht.Units[0].Note, "FS-Memory Full");
     EXPECT_EQ(programm->Lauf.Bericht.Units[0].End, UnitReport::State::Done);
     EXPECT_EQ(Outcome(), RunOutcome::Done);
+}
+
+TEST_F(Run_Units, a_block_that_is_not_accepted_fails_the_unit_and_the_next_one_follows) {
+    Type2(1, "00012CCD");
+    Type1(2, "01600002");
+    Finger(1, 1, "8001", {3, 0, 1});
+    devices.Units[0].BlockStatus = 5;
+    Begin();
+    ProgramWithFinger();
+    ASSERT_TRUE(Finish());
+    const auto& units = programm->Lauf.Bericht.Units;
+    EXPECT_EQ(units[0].End, UnitReport::State::Failed);
+    EXPECT_EQ(units[0].Note, "FS-ERROR");
+    EXPECT_EQ(units[0].Progress, (UnitProgress{.Stage = UnitStage::Changed, .Templates = 0, .TemplatesWanted = 1}));
+    EXPECT_EQ(units[1].End, UnitReport::State::Done);
+    EXPECT_FALSE(programm->F9.Check[1].Checked);
+    EXPECT_TRUE(programm->F9.Check[2].Checked);
+    EXPECT_EQ(Outcome(), RunOutcome::Incomplete);
+    EXPECT_EQ(Status(), u8"Eine Funkeinheit wurde nicht vollständig programmiert. Finger1: gelöscht, 0 von 1 "
+                        u8"Fingervorlagen übertragen. (FS-ERROR)"_w);
+}
+
+TEST_F(Run_Units, one_of_a_type_that_nobody_knows_leaves_the_run_unfinished) {
+    files.Unit(1, 1, "Neu", "01600001", '3');
+    Begin();
+    Program(1);
+    ASSERT_TRUE(Finish());
+    EXPECT_THAT(Behind(), IsEmpty());
+    EXPECT_EQ(programm->Lauf.Bericht.Units[0].End, UnitReport::State::Failed);
+    EXPECT_EQ(Outcome(), RunOutcome::Incomplete);
 }
 
 TEST_F(Run_Units, history_alone_touches_no_unit) {
