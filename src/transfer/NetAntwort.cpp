@@ -21,9 +21,19 @@ std::uint8_t Byte(Frame frame, const NetzFeld& field) {
     return field.Offset < frame.size() ? frame[field.Offset] : std::uint8_t{0};
 }
 
+enum class Whose { Unknown, Ours, Foreign };
+
+/// Whose row a reply is of, by the serial in its header. A reply of a row that was given up may come at any time; one
+/// without a serial is taken as it was before adapters named it.
+Whose Wessen(const Netzlauf& run, Frame frame) {
+    Address serial{};
+    std::copy_n(frame.begin() + NetzKopf::Serial.Offset, serial.size(), serial.begin());
+    return serial == Address{} ? Whose::Unknown : serial == run.link.Lauf.LockAddress ? Whose::Ours : Whose::Foreign;
+}
+
 /// Whether a reply means anything at this point of the row. One that does not leaves everything as it was.
 bool Gilt(const Netzlauf& run, Frame frame) {
-    if (frame.size() < static_cast<std::size_t>(NetzKopf::Code.End())) {
+    if (frame.size() < static_cast<std::size_t>(NetzKopf::Code.End()) || Wessen(run, frame) == Whose::Foreign) {
         return false;
     }
     switch (Byte(frame, NetzKopf::Code)) {
@@ -65,6 +75,7 @@ void Status(const Netzlauf& run, int line) {
 void Historie_Fertig(Netzlauf& run) {
     run.Carry.clear();
     const RunState& lauf = run.link.Lauf;
+    Historie_Sichern(run.link);
     if (lauf.HistoryLost != HistoryLoss::None) {
         // Programming can erase the events of the lock.
         if (lauf.HistoryLost == HistoryLoss::Unwritten) {
@@ -91,11 +102,12 @@ void Nach_Historienblock(Netzlauf& run) {
     }
 }
 
-/// The adapter says that the lock is programmed. That proves it only when the adapter has taken everything and has said
-/// that it begins.
-void Programmierung_Fertig(Netzlauf& run) {
-    if (run.Started && run.BlocksTaken == run.BlockCount) {
-        Netz_Zeile_Fertig(run, ">>", LineProgrammed);
+/// The adapter says that the lock is programmed. That proves it only when the adapter has taken everything, and has
+/// said that it begins or names the lock: without either it may be the end of the row before.
+void Programmierung_Fertig(Netzlauf& run, Frame frame) {
+    const bool ours = run.Started || Wessen(run, frame) == Whose::Ours;
+    if (ours && run.BlocksTaken == run.BlockCount) {
+        Netz_Zeile_Programmiert(run);
     } else {
         run.Unproven = true;
         const int taken = run.BlocksTaken + (run.Started ? 1 : 0); // the clock starts the programming
@@ -162,7 +174,7 @@ void Behandeln(Netzlauf& run, Frame frame) {
         Programmierung_Beginnt(run);
         break;
     case NetzCode::Programmed:
-        Programmierung_Fertig(run);
+        Programmierung_Fertig(run, frame);
         break;
     default:
         Netz_Zeile_Fertig(run, "#", LineFailed);

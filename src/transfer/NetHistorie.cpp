@@ -21,6 +21,13 @@ bool Folgt(const Netzlauf& run, std::uint8_t number) {
     return run.HistoryBlocks == 0 || number == run.HistoryBlock % 0xFF + 1;
 }
 
+/// Whether what is left behind the last whole record is the beginning of one more. Bytes of one value fill a block up.
+/// Whether a checksum stands behind a last group that is not full is not known, so that the last byte may be any.
+bool Angefangener_Satz(std::span<const std::uint8_t> rest) {
+    return rest.size() > 1 &&
+           std::any_of(rest.begin(), rest.end() - 1, [&rest](std::uint8_t byte) { return byte != rest.front(); });
+}
+
 } // namespace
 
 bool Net_Historie_Anfordern(Netzlauf& run, std::uint8_t code) {
@@ -78,8 +85,7 @@ void Historienblock_Ablegen(Netzlauf& run, std::span<const std::uint8_t> frame, 
     Net_Historie_Block(run, frame.subspan(NetzPayload, frame.size() - NetzPayload - BehindPayload), run.HistoryCounter);
     run.LastBlock.assign(frame.begin(), frame.end());
     run.HistoryBlock = frame[NetzKopf::Block.Offset];
-    // Whether a checksum stands behind a last group that is not full is not known: one byte may be left.
-    if (last && run.Carry.size() > 1) {
+    if (last && Angefangener_Satz(run.Carry)) {
         Verloren(lauf, HistoryLoss::Broken);
     }
 }

@@ -11,24 +11,36 @@ constexpr std::size_t AddressPlaces = 5, AddressesSent = 4;
 
 /// Units of type 2 take the places 0 and 1, units of type 1 the places 2 to 4, in their order; a unit too many is
 /// dropped. A third unit of type 1 has a place, but is not sent.
-std::array<Address, AddressPlaces> Unit_Adressen(const Dataset& dataset) {
+std::array<const ProgUnit*, AddressPlaces> Unit_Plaetze(const Dataset& dataset) {
     constexpr std::size_t FirstOfType1 = 2;
-    std::array<Address, AddressPlaces> places{};
+    std::array<const ProgUnit*, AddressPlaces> places{};
     std::size_t next2 = 0, next1 = FirstOfType1;
     for (const ProgUnit& unit : dataset.Units) {
         if (!unit.UnitPresent) {
             continue;
         }
         if (unit.Type == '2' && next2 < FirstOfType1) {
-            places[next2++] = unit.Serial;
+            places[next2++] = &unit;
         } else if (unit.Type == '1' && next1 < AddressPlaces) {
-            places[next1++] = unit.Serial;
+            places[next1++] = &unit;
         }
     }
     return places;
 }
 
 } // namespace
+
+std::vector<std::string> Units_Ohne_Platz(const Dataset& dataset) {
+    const auto places = Unit_Plaetze(dataset);
+    std::vector<std::string> names;
+    for (const ProgUnit& unit : dataset.Units) {
+        if (unit.UnitPresent &&
+            std::find(places.begin(), places.begin() + AddressesSent, &unit) == places.begin() + AddressesSent) {
+            names.push_back(unit.Name);
+        }
+    }
+    return names;
+}
 
 void Net_Kopf(Netzlauf& run, int block, int count, int length, std::uint8_t code, int clear) {
     Link& link = run.link;
@@ -38,9 +50,10 @@ void Net_Kopf(Netzlauf& run, int block, int count, int length, std::uint8_t code
     Netz_Feld(link, NetzKopf::Count, static_cast<unsigned>(count));
     Netz_Feld(link, NetzKopf::Length, static_cast<unsigned>(length));
     Netz_Feld(link, NetzKopf::Serial, link.Lauf.LockAddress);
-    const auto addresses = Unit_Adressen(run.Daten);
+    const auto places = Unit_Plaetze(run.Daten);
     for (std::size_t n = 0; n < AddressesSent; ++n) {
-        std::copy(addresses[n].begin(), addresses[n].end(),
+        const Address address = places[n] != nullptr ? places[n]->Serial : Address{};
+        std::copy(address.begin(), address.end(),
                   link.TxBuffer.begin() + NetzKopf::Units.Offset + static_cast<std::ptrdiff_t>(n * sizeof(Address)));
     }
     Netz_Feld(link, NetzKopf::Code, code);

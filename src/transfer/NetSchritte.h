@@ -5,7 +5,9 @@
 
 #include <cstdint>
 #include <span>
+#include <string>
 #include <string_view>
+#include <vector>
 
 /// The parts that the telegrams of the network route are made of. Nothing outside the route includes this.
 namespace qvm {
@@ -73,6 +75,10 @@ void Historienblock_Ablegen(Netzlauf& run, std::span<const std::uint8_t> frame, 
 // The row (Network_USB.cpp)
 /// Begins a row: what an earlier one left behind no longer counts.
 void Netz_Neubeginn(Netzlauf& run);
+/// The lock is programmed. Units that the telegrams have no place for are named.
+void Netz_Zeile_Programmiert(Netzlauf& run);
+/// Units of the lock that are present and have no place in the header.
+std::vector<std::string> Units_Ohne_Platz(const Dataset& dataset);
 /// The row has failed, with a text that no catalogue line says.
 void Netz_Zeile_Gescheitert(Netzlauf& run, const std::string& text);
 /// The row is done; `step` is next.

@@ -2,6 +2,7 @@
 
 #include "NetSchritte.h"
 #include "Text.h"
+#include "Words.h"
 
 #include <algorithm>
 #include <array>
@@ -153,15 +154,38 @@ void Netz_Zeile_Fertig(Netzlauf& run, std::string_view mark, int line, std::stri
     }
 }
 
-void Netz_Zeile_Gescheitert(Netzlauf& run, const std::string& text) {
+namespace {
+
+/// The row is done, with a text of its own.
+void Zeile_Melden(Netzlauf& run, std::string_view mark, const std::string& text) {
     Ruhe(run);
     Anzeige_Beenden(run);
     if (run.Ansicht.Zeile_Melden) {
-        run.Ansicht.Zeile_Melden("#", text);
+        run.Ansicht.Zeile_Melden(mark, text);
     }
     if (run.Ansicht.Naechste_Zeile) {
         run.Ansicht.Naechste_Zeile(StepPrgNextDataset);
     }
+}
+
+} // namespace
+
+void Netz_Zeile_Gescheitert(Netzlauf& run, const std::string& text) {
+    Zeile_Melden(run, "#", text);
+}
+
+void Netz_Zeile_Programmiert(Netzlauf& run) {
+    constexpr int lineProgrammed = 266;
+    const std::vector<std::string> left = Units_Ohne_Platz(run.Daten);
+    if (left.empty()) {
+        Netz_Zeile_Fertig(run, ">>", lineProgrammed);
+        return;
+    }
+    std::string names;
+    for (const std::string& name : left) {
+        names += (names.empty() ? "" : ", ") + name;
+    }
+    Zeile_Melden(run, ">>", run.kern.Zeile(lineProgrammed) + " - " + Wort(run.kern, Word::NetUnitsLeft, {names}));
 }
 
 void Netz_Zeile_Behalten(Netzlauf& run) {

@@ -3,6 +3,8 @@
 #include "NetzFixture.h"
 #include "Words.h"
 
+#include <utility>
+
 namespace qvm::test {
 namespace {
 
@@ -289,6 +291,51 @@ TEST_F(Netz_Antwort_Test, 0x20_without_0x1F_before_it_proves_nothing) {
     EXPECT_EQ(Codes(), "14 1E");
     EXPECT_EQ(Ereignisse(), "steady, status 81, steady, mark # " + Wort(kern, Word::NetMissing, {"1", "2"}) +
                                 ", next PrgNextDataset");
+}
+
+TEST_F(Netz_Antwort_Test, 0x20_that_names_the_lock_counts_without_0x1F_when_all_blocks_were_taken) {
+    Geraet = [this](const Bytes& frame) { ReplyOf(frame[27] == 0x14 ? 0x15 : 0x20, link.Lauf.LockAddress); };
+    Netz_Programmieren_Beginnen(run);
+    pc.RunFor(1000);
+    EXPECT_EQ(Codes(), "14 1E");
+    EXPECT_EQ(Ereignisse(), "steady, status 81, steady, mark >> 266, next PrgNextDataset");
+}
+
+TEST_F(Netz_Antwort_Test, of_another_lock_means_nothing_at_any_point_of_a_row) {
+    constexpr Address other{0x01, 0x50, 0x0C, 0x11};
+    for (const int code : {0x0B, 0x0C, 0x0D, 0x14, 0x15, 0x16, 0x17, 0x1F, 0x20, 0xFF}) {
+        for (const int telegram : {0x14, 0x16, 0x1E}) {
+            SCOPED_TRACE(code * 256 + telegram);
+            daten.Slots.clear();
+            Fingerbenutzer(200);
+            Log.clear();
+            Sent.clear();
+            bool strange = true;
+            Gutes_Geraet();
+            Geraet = [this, good = Geraet, &strange, code, telegram, other](const Bytes& frame) {
+                if (std::exchange(strange, strange && frame[27] != telegram) && frame[27] == telegram) {
+                    ReplyOf(static_cast<std::uint8_t>(code), other);
+                }
+                good(frame);
+            };
+            Netz_Programmieren_Beginnen(run);
+            pc.RunFor(60000);
+            EXPECT_FALSE(strange);
+            EXPECT_EQ(Codes(), "14 16 1E");
+            EXPECT_EQ(Log.back(), "next PrgNextDataset");
+            EXPECT_EQ(Log[Log.size() - 2], "mark >> 266");
+        }
+    }
+}
+
+TEST_F(Netz_Antwort_Test, a_unit_that_has_no_place_in_the_telegrams_is_named_behind_the_mark) {
+    daten.Units[3].UnitPresent = true;
+    daten.Units[3].Name = "Garage";
+    Gutes_Geraet();
+    Netz_Programmieren_Beginnen(run);
+    pc.RunFor(30000);
+    EXPECT_EQ(Log[Log.size() - 2], "mark >> " + kern.Zeile(266) + " - " + Wort(kern, Word::NetUnitsLeft, {"Garage"}));
+    EXPECT_EQ(Log.back(), "next PrgNextDataset");
 }
 
 TEST_F(Netz_Antwort_Test, a_double_0x20_marks_the_row_once) {

@@ -141,7 +141,7 @@ void NetzTest::Werte_Setzen() {
     daten.Units[0] = {.UnitPresent = true, .Type = '1', .UnitNo = "", .Name = "", .Serial = {0x01, 0x60, 0x12, 0x34}};
     daten.Units[1] = {.UnitPresent = true, .Type = '2', .UnitNo = "", .Name = "", .Serial = {0x02, 0x02, 0x02, 0x02}};
     daten.Units[2] = {.UnitPresent = true, .Type = '1', .UnitNo = "", .Name = "", .Serial = {0x01, 0x60, 0x12, 0x35}};
-    daten.Units[3] = {.UnitPresent = true, .Type = '1', .UnitNo = "", .Name = "", .Serial = {0x01, 0x60, 0x12, 0x36}};
+    daten.Units[3] = {.UnitPresent = false, .Type = '1', .UnitNo = "", .Name = "", .Serial = {0x01, 0x60, 0x12, 0x36}};
     daten.Units[4] = {.UnitPresent = true, .Type = '2', .UnitNo = "", .Name = "", .Serial = {0x01, 0x6F, 0x00, 0x01}};
     for (int n = 0; n < 11; ++n) {
         daten.TimerTableA[At(n)] = {Byte(1 + n), 7, Byte(2 * n), 18, 30};
@@ -200,6 +200,10 @@ void NetzTest::Taken(std::span<const std::uint8_t> bytes) {
 
 Bytes NetzTest::Antwort(std::uint8_t code, std::uint8_t block, const Bytes& payload) {
     return test::NetReplyWire(code, block, payload);
+}
+
+void NetzTest::ReplyOf(std::uint8_t code, const Address& lock) {
+    pc.Deliver(test::NetReplyWire(code, 1, {}, lock), 20);
 }
 
 void NetzTest::Gutes_Geraet() {

@@ -34,6 +34,8 @@ protected:
     void Reply(std::uint8_t code, std::uint8_t block = 1, int delayMs = 20) {
         pc.Deliver(Antwort(code, block), delayMs);
     }
+    /// The same from an adapter that names the lock in its header.
+    void ReplyOf(std::uint8_t code, const Address& lock);
     /// The adapter answers in the order of a good run: blocks, fingerprints, programming, programmed.
     void Gutes_Geraet();
     /// Users 1 to `count` without key: "USER001" with code 123451 and so on.

@@ -281,6 +281,36 @@ TEST_F(Net_Historie_Test, a_last_block_that_ends_inside_a_record_breaks_the_read
     EXPECT_EQ(Log[Log.size() - 2], "mark # " + Wort(kern, Word::HistoryBroken));
 }
 
+TEST_F(Net_Historie_Test, a_last_block_that_is_filled_up_holds_all_of_its_records) {
+    for (const int filler : {0x00, 0x20, 0xFF}) {
+        for (const std::size_t count : {std::size_t{1}, std::size_t{2}, std::size_t{21}}) {
+            for (const bool sum : {false, true}) {
+                Bytes block = Saetze(1);
+                block.insert(block.end(), count, static_cast<std::uint8_t>(filler));
+                if (sum) {
+                    block.back() = 0x5A;
+                }
+                Sent.clear();
+                Bloecke({block});
+                Netz_Historie_Beginnen(run);
+                pc.RunFor(1000);
+                EXPECT_EQ(link.Lauf.HistoryLost, HistoryLoss::None) << filler << " " << count << " " << sum;
+                EXPECT_EQ(link.Lauf.HistoryRecords, 1);
+            }
+        }
+    }
+}
+
+TEST_F(Net_Historie_Test, that_does_not_reach_the_disk_is_not_followed_by_programming) {
+    link.Lauf.NetMode = 0xFF;
+    pc.Disk.FlushFails = true;
+    Bloecke({Saetze(2)});
+    Netz_Historie_Beginnen(run);
+    pc.RunFor(1000);
+    EXPECT_EQ(link.Lauf.HistoryLost, HistoryLoss::Unwritten);
+    EXPECT_EQ(Log[Log.size() - 2], "mark # 277");
+}
+
 TEST_F(Net_Historie_Test, a_history_without_end_is_given_up_behind_ten_thousand_records) {
     link.Lauf.NetMode = 0xFF;
     const Bytes fifty = Gruppen(Saetze(50), false);

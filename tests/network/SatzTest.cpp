@@ -108,6 +108,7 @@ TEST_F(Erster_Block, sends_a_length_word_of_677_without_users) {
 TEST_F(Erster_Block, a_third_unit_of_type_1_and_of_type_2_and_absent_units_are_not_sent) {
     daten.Units[0].Type = '2';
     daten.Units[2].UnitPresent = false;
+    daten.Units[3].UnitPresent = true;
     Net_Daten_Senden(run, 0, 0);
     EXPECT_EQ(HexZeile(Sent[0], 10, 16), "01 60 12 34 02 02 02 02 01 60 12 36 00 00 00 00");
 }

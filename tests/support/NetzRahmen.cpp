@@ -1,5 +1,7 @@
 #include "NetzRahmen.h"
 
+#include <algorithm>
+
 namespace qvm::test {
 namespace {
 
@@ -17,13 +19,14 @@ std::uint8_t Sum(std::span<const std::uint8_t> bytes) {
 
 } // namespace
 
-std::vector<std::uint8_t> NetReplyWire(std::uint8_t code, std::uint8_t block,
-                                       const std::vector<std::uint8_t>& payload) {
+std::vector<std::uint8_t> NetReplyWire(std::uint8_t code, std::uint8_t block, const std::vector<std::uint8_t>& payload,
+                                       const std::array<std::uint8_t, 4>& lock) {
     std::vector<std::uint8_t> frame(32, 0);
     frame[0] = 0x02;
     frame[1] = block;
     frame[2] = 0x90;
     frame[3] = 1;
+    std::copy(lock.begin(), lock.end(), frame.begin() + 6);
     frame[27] = code;
     frame.insert(frame.end(), payload.begin(), payload.end());
     const std::size_t length = frame.size() + 1;
