@@ -72,6 +72,26 @@ TEST_F(F13_Dateien, the_history_is_read_beside_a_cut_user_file) {
     EXPECT_TRUE(StartOpen());
 }
 
+TEST_F(F13_Dateien, no_history_is_read_while_nobody_can_tell_on_which_channel_the_lock_is) {
+    Open();
+    Unreadable("RFCHANDIF12.RFX", FileFault::Broken);
+    ExpectAny();
+    Click(1, F13Column::History);
+    EXPECT_EQ(world.Shown.back().Choice, Buttons::Ok);
+    EXPECT_NE(world.Shown.back().Text.find("RFCHANDIF12.RFX"), std::string::npos);
+    EXPECT_FALSE(StartOpen());
+    EXPECT_TRUE(GridEnabled());
+    EXPECT_THAT(world.Written, IsEmpty());
+}
+
+TEST_F(F13_Dateien, the_history_is_read_beside_a_cut_channel_file) {
+    Open();
+    files.File("RFCHANDIF12.RFX").resize(17);
+    Expect(65, Answer::Ok);
+    Click(1, F13Column::History);
+    EXPECT_TRUE(StartOpen());
+}
+
 TEST_F(F13_Dateien, a_lock_file_that_cannot_be_read_is_named_when_the_window_opens) {
     Start();
     Unreadable("C64UX12H3D.EBW", FileFault::Pipe);

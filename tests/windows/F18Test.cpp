@@ -91,10 +91,19 @@ TEST_F(F18_Wartebox, begins_at_100_again_for_the_next_search) {
 }
 
 TEST_F(F18_Wartebox, makes_way_for_the_progress_window_when_the_lock_has_moved) {
+    for (AccountItem& item : programm->Lauf.Konto.Items) {
+        item.Is = item.Code == 0x29 ? AccountItem::State::Acknowledged : item.Is;
+    }
     programm->link.Hooks.Kanal_Gesetzt();
     EXPECT_FALSE(Box().Fenster.Visible);
     EXPECT_TRUE(programm->F9.Fenster.Visible);
     EXPECT_EQ(ChannelFile(), "3     3  0     ");
+}
+
+TEST_F(F18_Wartebox, leaves_the_channel_record_alone_at_a_reply_that_nobody_asked_for) {
+    programm->link.Hooks.Kanal_Gesetzt();
+    EXPECT_TRUE(programm->F9.Fenster.Visible);
+    EXPECT_EQ(ChannelFile(), "7     3  0     ");
 }
 
 } // namespace

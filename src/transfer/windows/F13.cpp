@@ -1,8 +1,10 @@
 #include "F13.h"
 
 #include "AdapterScan.h"
+#include "FileLook.h"
 #include "Kanal.h"
 #include "Text.h"
+#include "UserRecords.h"
 #include "Words.h"
 
 namespace qvm {
@@ -144,11 +146,23 @@ std::vector<FileTrouble> F13::Dateien_Pruefen(int row) const {
     return Datensatz_Dateien_Pruefen(kern, Zeilendaten(row));
 }
 
-bool F13::Dateien_Hinnehmen(int row) const {
-    const std::vector<FileTrouble> troubles = Dateien_Pruefen(row);
-    if (const auto unread = Unlesbare(troubles); !unread.empty()) {
+bool F13::Lesbar(const std::vector<FileTrouble>& troubles) const {
+    const auto unread = Unlesbare(troubles);
+    if (!unread.empty()) {
         kern.Meldung(Wort(kern, Word::FilesUnreadable, {Dateimaengel_Text(kern, unread)}), Buttons::Ok,
                      Icon::Exclamation);
+    }
+    return unread.empty();
+}
+
+bool F13::Kanaele_Lesbar() const {
+    const auto trouble = Satzdatei_Pruefen(ChannelRecord::Record, kern.Welt.Files, kern.DatPfad());
+    return !trouble || Lesbar({*trouble});
+}
+
+bool F13::Dateien_Hinnehmen(int row) const {
+    const std::vector<FileTrouble> troubles = Dateien_Pruefen(row);
+    if (!Lesbar(troubles)) {
         return false;
     }
     return troubles.empty() || run.SchadenHinnehmen ||
@@ -203,7 +217,8 @@ void F13::Programmieren(int row) {
 }
 
 void F13::Historie(int row) {
-    if (!Ziel_Setzen(row)) {
+    // A lock whose channel is not known would be searched, and moved.
+    if (!Ziel_Setzen(row) || !Kanaele_Lesbar()) {
         return;
     }
     if (kern.Meldung(kern.Zeile(65), Buttons::OkCancel, Icon::Question) != Answer::Ok) {

@@ -119,6 +119,10 @@ private:
     bool Historie_Fragen(bool& first);
     bool Datensatz(int row);
     bool Dateien_Hinnehmen(int row) const;
+    /// False, with a message, when one of the files cannot be read.
+    bool Lesbar(const std::vector<FileTrouble>& troubles) const;
+    /// The same of the file that says where the locks listen.
+    bool Kanaele_Lesbar() const;
     void F11_Oeffnen(int row);
     bool Port_Vorbereiten(int row);
     void Maus_Verfolgen();
