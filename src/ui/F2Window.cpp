@@ -26,7 +26,7 @@
 namespace qvm::ui {
 namespace {
 
-constexpr int BrandSize = 72, MainIconSize = 32, PageMargin = 28, StatusMargin = 8;
+constexpr int BrandSize = 60, MainIconSize = 32, PageMargin = 18, StatusMargin = 8;
 constexpr int VersionLine = 136;
 constexpr int WidestBar = 50;        ///< in heights of a line: 800 points with letters of usual size
 constexpr qreal SmallCaption = 0.85; ///< of the font

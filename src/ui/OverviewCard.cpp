@@ -94,12 +94,13 @@ void OverviewCard::addFact(QGridLayout* grid, int row, int column, F2::Angabe wh
         caption->setText(title);
         const QString tip = tipOf(fact);
         text->setFullText(value);
-        button->setText(value);
+        // A screen reader that lists the window would find the one that is hidden by its name.
+        button->setText(fact.Leads ? value : QString());
         setWaiting(button, toQt(fact.Warum()));
-        for (QWidget* widget : {static_cast<QWidget*>(text), static_cast<QWidget*>(button)}) {
-            widget->setAccessibleName(spoken);
-            widget->setAccessibleDescription(tip);
-        }
+        text->setAccessibleName(fact.Leads ? QString() : spoken);
+        button->setAccessibleName(fact.Leads ? spoken : QString());
+        text->setAccessibleDescription(tip);
+        button->setAccessibleDescription(tip);
         text->setTip(tip);
         button->setToolTip(tip.isEmpty() ? value : tip);
         text->setVisible(!fact.Leads);
