@@ -86,7 +86,8 @@ struct ListBox {
 };
 
 struct Picture {
-    Observed<int> Id{0}; ///< which picture; 0: none
+    Observed<int> Id{0};        ///< which picture; 0: none
+    Observed<std::string> Name; ///< what it says, for those who do not see it; also its tool tip
     Observed<bool> Visible{true};
 };
 

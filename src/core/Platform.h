@@ -38,6 +38,7 @@ struct Message {
     Buttons Choice = Buttons::Ok;
     Icon Sign = Icon::None;
     int DefaultButton = 1; ///< 1-based, in the order of the names in Buttons
+    std::string About{};   ///< lines below the text: which lock is meant; empty: none
 
     bool operator==(const Message&) const = default;
 };

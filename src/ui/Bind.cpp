@@ -218,6 +218,13 @@ void bind(Picture& model, QLabel* widget, const QString& name, PictureSet set, i
         return icon.isNull() ? QPixmap() : icon.pixmap(QSize(size, size), ratio);
     });
     watch(model.Id, widget, [drawing] { drawing->show(); });
+    watch(model.Name, widget, [&model, widget] {
+        const QString said = toQt(model.Name());
+        if (said != widget->accessibleName()) {
+            widget->setAccessibleName(said);
+            widget->setToolTip(said);
+        }
+    });
     watch(model.Visible, widget, [&model, widget] { widget->setVisible(model.Visible); });
 }
 

@@ -123,7 +123,11 @@ void MessageBoxes::fill(QMessageBox& box, const Message& message) const {
     box.setTextFormat(Qt::PlainText);
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);
     // Line breaks come in both orders, and each is one line.
-    box.setText(toQt(message.Text).remove(QLatin1Char('\r')));
+    QString shown = toQt(message.Text);
+    if (!message.About.empty()) {
+        shown += QLatin1Char('\n') + toQt(message.About);
+    }
+    box.setText(shown.remove(QLatin1Char('\r')));
     box.setIcon(iconOf(message.Sign));
     int number = 0;
     for (const auto& [meaning, standard] : buttonsOf(message.Choice)) {

@@ -211,6 +211,18 @@ TEST(Bind, a_picture_follows_its_id) {
     EXPECT_TRUE(widget.pixmap(Qt::ReturnByValue).isNull());
 }
 
+TEST(Bind, a_picture_says_its_name) {
+    Picture model;
+    QLabel widget;
+    ui::bind(model, &widget, Name, ui::PictureSet::State, 32);
+    EXPECT_EQ(widget.accessibleName(), QString());
+    model.Name = std::string("Zustand");
+    EXPECT_EQ(widget.accessibleName(), QStringLiteral("Zustand"));
+    EXPECT_EQ(widget.toolTip(), QStringLiteral("Zustand"));
+    model.Name = std::string();
+    EXPECT_EQ(widget.accessibleName(), QString());
+}
+
 TEST(Bind, a_menu_entry_without_a_text_is_not_there) {
     MenuEntry model;
     QAction action;

@@ -50,6 +50,16 @@ struct Message_Boxes : UiFixture {
     }
 };
 
+TEST_F(Message_Boxes, name_what_they_are_about_below_their_text) {
+    QMessageBox box;
+    Message message = Question(Buttons::YesNo);
+    boxes.fill(box, message);
+    EXPECT_EQ(box.text(), QStringLiteral("x"));
+    message.About = "Schloss 3: T\xFCr";
+    boxes.fill(box, message);
+    EXPECT_EQ(box.text(), QString::fromUtf8("x\nSchloss 3: Tür"));
+}
+
 struct ButtonWords {
     const char* Language;
     const char *Yes, *No, *Cancel;
