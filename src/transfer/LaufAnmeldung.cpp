@@ -47,9 +47,7 @@ void Schritt_Anmeldung_Abgelehnt(Programmierlauf& run) {
         kern.Meldung(kern.Zeile(line), Buttons::Ok, Icon::Exclamation);
     }
     kern.Meldung(failed, Buttons::Ok, Icon::Exclamation);
-    if (run.Ansicht.Fertig) {
-        run.Ansicht.Fertig(78);
-    }
+    Ende_Zeigen(run, 78);
     Port_Neu(run.link);
 }
 

@@ -30,7 +30,7 @@ void Platz_Ungueltig(Programmierlauf& run) {
         return;
     }
     Lauf_Beenden(run, RunOutcome::Refused, text);
-    Rufen(run.Ansicht.F9_Schliessen_Freigeben);
+    Ende_Zeigen(run, 72);
     run.kern.Meldung(text, Buttons::Ok, Icon::Exclamation);
 }
 

@@ -1,6 +1,7 @@
 #include "Kanal.h"
 #include "Laufschritte.h"
 #include "Telegramme.h"
+#include "Words.h"
 
 namespace qvm {
 namespace {
@@ -45,12 +46,9 @@ void Lauf_Beenden(Programmierlauf& run, RunOutcome outcome, std::string_view tex
     }
 }
 
-void Ende_Zeigen(const Programmierlauf& run, const std::string& text) {
+void Ende_Zeigen(const Programmierlauf& run, int line) {
     if (run.Ansicht.Fertig) {
-        run.Ansicht.Fertig(110);
-    }
-    if (run.Ansicht.Bericht && text != run.kern.Zeile(110)) {
-        run.Ansicht.Bericht(text);
+        run.Ansicht.Fertig(line);
     }
 }
 
@@ -90,13 +88,14 @@ namespace {
 struct Urteil {
     RunOutcome Outcome = RunOutcome::Done;
     std::string Why;
+    int Line = 0; ///< of the catalogue, where `Why` is one
 };
 
 Urteil Beurteilen(const Programmierlauf& run) {
     const RunState& lauf = run.link.Lauf;
     const Kern& kern = run.kern;
     if (run.Cancelled) {
-        return {.Outcome = RunOutcome::Cancelled, .Why = kern.Zeile(82)};
+        return {.Outcome = RunOutcome::Cancelled, .Why = kern.Zeile(82), .Line = 82};
     }
     if (lauf.HistoryLost != HistoryLoss::None) {
         return {.Outcome = RunOutcome::GivenUp, .Why = Historie_Verlust_Text(kern, lauf.HistoryLost)};
@@ -104,13 +103,18 @@ Urteil Beurteilen(const Programmierlauf& run) {
     if (std::string open = Unbewiesen(run); !open.empty()) {
         return {.Outcome = RunOutcome::Incomplete, .Why = std::move(open)};
     }
-    const std::string more = Erledigt_Zusatz(run);
-    return {.Why = kern.Zeile(110) + (more.empty() ? "" : ". " + more)};
+    if (std::string refused = Units_Abgelehnt(run); !refused.empty()) {
+        return {.Why = std::move(refused)};
+    }
+    if (const std::string more = Erledigt_Zusatz(run); !more.empty()) {
+        return {.Why = kern.Zeile(110) + ". " + more};
+    }
+    return {.Why = kern.Zeile(110), .Line = 110};
 }
 
 void Einzelnes_Schloss_Zeigen(Programmierlauf& run, const Urteil& judged) {
     const RunState& lauf = run.link.Lauf;
-    Ende_Zeigen(run, judged.Why);
+    Ende_Zeigen(run, judged.Line);
     if (lauf.HistoryLost != HistoryLoss::None) {
         run.kern.Meldung(Historie_Verlust_Text(run.kern, lauf.HistoryLost), Buttons::Ok, Icon::Exclamation);
     }
@@ -162,12 +166,9 @@ void Schritt_Historie_Fertig(Programmierlauf& run) {
     if (lauf.HistoryRead && Historie_Sichern(run.link)) {
         Konto_Historie_Fertig(run.Konto);
     }
-    if (lauf.HistoryOnly == 0) {
-        if (run.Ansicht.Status) {
-            run.Ansicht.Status(0);
-        }
-    } else if (lauf.RunRows == 0 && run.Ansicht.Fertig) {
-        run.Ansicht.Fertig(110);
+    // Not the end yet: the session is still to be closed.
+    if (run.Ansicht.Status && (lauf.HistoryOnly == 0 || lauf.RunRows == 0)) {
+        run.Ansicht.Status(lauf.HistoryOnly == 0 ? 0 : 115);
     }
 }
 
@@ -250,7 +251,7 @@ void Schritt_Trennen_Aufgegeben(Programmierlauf& run) {
     Zum_Schloss_Zurueck(run);
     run.link.Lauf.UnitModus = 0;
     Lauf_Beenden(run, run.Cancelled ? RunOutcome::Cancelled : RunOutcome::GivenUp, text);
-    Ende_Zeigen(run, text);
+    Ende_Zeigen(run);
 }
 
 void Schritt_Code_Ergebnis(Programmierlauf& run) {

@@ -3,6 +3,8 @@
 #include "Laufschritte.h"
 #include "Words.h"
 
+#include <algorithm>
+
 namespace qvm {
 namespace {
 
@@ -21,6 +23,11 @@ std::string Stand(const Programmierlauf& run, std::size_t unit) {
 
 } // namespace
 
+bool RunReport::AllGood() const {
+    return End == RunOutcome::Done && HistoryLost == HistoryLoss::None &&
+           std::none_of(Units.begin(), Units.end(), [](const UnitReport& unit) { return unit.Refused; });
+}
+
 void Bericht_Fuellen(Programmierlauf& run) {
     RunReport& report = run.Bericht;
     report.HistoryLost = run.link.Lauf.HistoryLost;
@@ -28,6 +35,7 @@ void Bericht_Fuellen(Programmierlauf& run) {
     report.Acknowledged = run.Konto.Erledigt();
     report.Missing = Konto_Luecken(run.Konto);
     report.EraseConfirmed = Konto_Loeschen_Bestaetigt(run.Konto);
+    report.Lock = Konto_Schloss(run.Konto);
     for (std::size_t n = 0; n < report.Units.size(); ++n) {
         const int index = static_cast<int>(n);
         UnitReport& unit = report.Units[n];
@@ -56,6 +64,16 @@ std::string Unbewiesen(const Programmierlauf& run) {
 std::string Erledigt_Zusatz(const Programmierlauf& run) {
     const bool unsure = !Konto_Loeschen_Bestaetigt(run.Konto).value_or(true);
     return unsure ? Wort(run.kern, Word::EraseUnconfirmed) : std::string();
+}
+
+std::string Units_Abgelehnt(const Programmierlauf& run) {
+    std::string names;
+    for (std::size_t n = 0; n < run.Bericht.Units.size(); ++n) {
+        if (run.Bericht.Units[n].Refused) {
+            names += (names.empty() ? "" : ", ") + run.Daten.Units[n].Name;
+        }
+    }
+    return names.empty() ? names : Wort(run.kern, Word::UnitsRefused, {names});
 }
 
 void Units_Zeigen(const Programmierlauf& run) {

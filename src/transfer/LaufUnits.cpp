@@ -248,7 +248,7 @@ void Schritt_Unit_Fehlgeschlagen(Programmierlauf& run) {
     const bool list = run.link.Lauf.RunRows != 0;
     Units_Abbrechen(run, RunOutcome::NotReached, 66);
     if (!list) {
-        Ende_Zeigen(run, run.kern.Zeile(66));
+        Ende_Zeigen(run, 66);
     }
 }
 

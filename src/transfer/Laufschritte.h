@@ -55,8 +55,8 @@ void Codeaenderung_Gescheitert(Programmierlauf& run);
 void Mit_Meldung_Enden(Programmierlauf& run, RunOutcome outcome, int line);
 /// Ends the run once; later calls change nothing.
 void Lauf_Beenden(Programmierlauf& run, RunOutcome outcome, std::string_view text);
-/// Finished state of the progress window with a status.
-void Ende_Zeigen(const Programmierlauf& run, const std::string& text);
+/// Finished state of the progress window, with that status line, or with the report's text.
+void Ende_Zeigen(const Programmierlauf& run, int line = 0);
 /// Timers 6 to 9 and 11.
 void Timer_Anhalten(Programmierlauf& run);
 /// Address, mode and class back to the lock's.
@@ -70,6 +70,8 @@ void Bericht_Fuellen(Programmierlauf& run);
 std::string Unbewiesen(const Programmierlauf& run);
 /// What must be said of a run that is done nevertheless; empty for nothing.
 std::string Erledigt_Zusatz(const Programmierlauf& run);
+/// Which units refused their login, as a sentence; empty when none did.
+std::string Units_Abgelehnt(const Programmierlauf& run);
 /// Says at the check box of each unit that was left in its session what became of it.
 void Units_Zeigen(const Programmierlauf& run);
 

@@ -83,9 +83,7 @@ void Lauf_Beginnen(Programmierlauf& run) {
         const SerialPort& port = run.kern.Welt.Port;
         const std::string reason = PortFault_Text(run.kern, port.LastFault ? port.LastFault() : PortFault());
         Lauf_Beenden(run, RunOutcome::NoPort, reason.empty() ? text : reason);
-        if (run.Ansicht.Fertig) {
-            run.Ansicht.Fertig(276);
-        }
+        Ende_Zeigen(run);
     }
 }
 

@@ -51,17 +51,19 @@ struct RunReport {
     /// Whether the lock acknowledged its erase telegram; nothing when it was to get none. A lock that is polled goes on
     /// without that, so that a good run may lack it: what was in the lock before may still be there.
     std::optional<bool> EraseConfirmed;
+    LockData Lock = LockData::Untouched;
+
+    /// Done, and nothing else went wrong either: every unit accepted its login, every event is on the disk.
+    bool AllGood() const;
 };
 
 /// Where a run shows itself. Filled once, with designated initialisers; the windows stand behind it.
 struct RunView {
-    std::function<void()> Fortschritt;    ///< the two bars; values stand in RunState
-    std::function<void()> F9_Zeigen;      ///< progress window, for the present lock
-    std::function<void(int line)> Status; ///< status label of the progress window, catalogue line (0: empty)
-    std::function<void(int line)> Fertig; ///< finished state with that status line
-    std::function<void(const std::string& text)> Bericht; ///< status text of the end, where it is no catalogue line
-    std::function<void()> F9_Schliessen_Freigeben;        ///< only the close button becomes live
-    std::function<void()> Historie_Beschriften;           ///< the reading of events begins
+    std::function<void()> Fortschritt;          ///< the two bars; values stand in RunState
+    std::function<void()> F9_Zeigen;            ///< progress window, for the present lock
+    std::function<void(int line)> Status;       ///< status label of the progress window, catalogue line (0: empty)
+    std::function<void(int line)> Fertig;       ///< finished state with that status line; 0: with the report's text
+    std::function<void()> Historie_Beschriften; ///< the reading of events begins
     std::function<void(std::uint8_t highNibble, const std::string& text)> Zustand; ///< first state report of a run
     std::function<void(int box)> Kaestchen; ///< ticks check box 1 (lock) or unit + 2
     std::function<void(int box, const std::string& text)> Kaestchen_Beschriften; ///< what became of its unit

@@ -264,6 +264,18 @@ std::optional<bool> Konto_Loeschen_Bestaetigt(const RunAccount& account) {
     return owed ? std::optional<bool>(account.EraseEchoed) : std::nullopt;
 }
 
+LockData Konto_Schloss(const RunAccount& account) {
+    constexpr std::uint8_t erase = 0x27;
+    const auto erased = [](const AccountItem& item) { return Des_Schlosses(item) && item.Code == erase && item.Out; };
+    const auto there = [](const AccountItem& item) {
+        return !Des_Schlosses(item) || item.Part == AccountPart::Disconnect || item.Is == State::Acknowledged;
+    };
+    if (std::none_of(account.Items.begin(), account.Items.end(), erased)) {
+        return LockData::Untouched;
+    }
+    return std::all_of(account.Items.begin(), account.Items.end(), there) ? LockData::Complete : LockData::Incomplete;
+}
+
 std::vector<AccountGap> Konto_Luecken(const RunAccount& account) {
     std::vector<AccountGap> gaps;
     for (const AccountItem& item : account.Items) {

@@ -80,6 +80,13 @@ struct UnitProgress {
     bool operator==(const UnitProgress&) const = default;
 };
 
+/// What the lock itself holds behind a run, as far as its account knows.
+enum class LockData : std::uint8_t {
+    Untouched,  ///< it was not told to erase itself
+    Incomplete, ///< it was, and has not acknowledged all that it had to get
+    Complete,   ///< it has; whether its session was closed is another matter
+};
+
 struct RunAccount {
     std::vector<AccountItem> Items;
     int Awaited = -1;          ///< the item whose reply the next frame is; -1: none
@@ -125,6 +132,7 @@ void Konto_Zweiter_Durchgang(RunAccount& account);
 bool Konto_Kanal_Gesetzt(const RunAccount& account);
 /// Whether the lock has acknowledged its erase telegram; nothing when the run owes none.
 std::optional<bool> Konto_Loeschen_Bestaetigt(const RunAccount& account);
+LockData Konto_Schloss(const RunAccount& account);
 /// What the lock did not get, each kind once, runs of users together.
 std::vector<AccountGap> Konto_Luecken(const RunAccount& account);
 /// True when the run owes the unit (0 to 4) anything, when something went out to it, and when the whole conversation

@@ -3,6 +3,7 @@
 #include "Mnemonics.h"
 #include "TextEdge.h"
 #include "Worttafel.h"
+#include "WrappingLabel.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
@@ -13,7 +14,7 @@
 namespace qvm::ui {
 namespace {
 
-constexpr int StatePictureSize = 32;
+constexpr int StatePictureSize = 32, SignSize = 26;
 
 } // namespace
 
@@ -22,6 +23,7 @@ F9Window::F9Window(F9& f9, QWidget* parent)
     content()->setContentsMargins(20, 18, 20, 16);
     content()->setSpacing(12);
     makeHead();
+    makeStatus();
     makeProgress();
     makeBoxes();
     content()->addSpacing(6);
@@ -57,11 +59,22 @@ void F9Window::makeHead() {
     content()->addLayout(row);
 }
 
-void F9Window::makeProgress() {
-    auto* status = new QLabel(this);
+void F9Window::makeStatus() {
+    auto* sign = new QLabel(this);
+    bind(f9_.Zeichen, sign, QStringLiteral("F9.Zeichen"), PictureSet::RunEnd, SignSize);
+    auto* status = new WrappingLabel(1, this);
     bind(f9_.StatusLabel, status, QStringLiteral("F9.StatusLabel"));
-    status->setMinimumHeight(status->fontMetrics().lineSpacing() + 2);
-    content()->addWidget(status);
+    auto* outcome = new WrappingLabel(2, this);
+    bind(f9_.FolgeLabel, outcome, QStringLiteral("F9.FolgeLabel"));
+    auto* row = new QGridLayout;
+    row->setColumnStretch(1, 1);
+    row->addWidget(sign, 0, 0, Qt::AlignTop);
+    row->addWidget(status, 0, 1);
+    row->addWidget(outcome, 1, 1);
+    content()->addLayout(row);
+}
+
+void F9Window::makeProgress() {
     telegrams_ = new QProgressBar(this);
     bind(f9_.Balken1, telegrams_, QStringLiteral("F9.Balken1"));
     activity_ = new QProgressBar(this);
@@ -124,6 +137,9 @@ void F9Window::makeButtons() {
     firstLetterMnemonic(f9_.Command2, close);
     watch(f9_.Beendet, close, [this, close] {
         close->setFocusPolicy(f9_.Beendet ? Qt::StrongFocus : Qt::NoFocus);
+        // What a screen reader says of the button that it comes to is the result of the run.
+        const QStringList result{toQt(f9_.Zeichen.Name()), toQt(f9_.StatusLabel.Text()), toQt(f9_.FolgeLabel.Text())};
+        close->setAccessibleDescription(f9_.Beendet ? result.join(QLatin1Char('\n')).trimmed() : QString());
         if (f9_.Beendet) {
             close->setFocus(Qt::OtherFocusReason);
         } else {

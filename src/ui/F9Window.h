@@ -18,6 +18,7 @@ public:
 
 private:
     void makeHead();
+    void makeStatus();
     void makeProgress();
     void makeBoxes();
     void makeButtons();

@@ -58,10 +58,13 @@ struct PictureRow {
 };
 
 // The five state pictures count downwards: the first report level, 0x10, shows the fifth.
-constexpr std::array<PictureRow, 11> PictureRows{{{PictureSet::Adapter, AdapterPicture::Present, "adapter"},
+constexpr std::array<PictureRow, 14> PictureRows{{{PictureSet::Adapter, AdapterPicture::Present, "adapter"},
                                                   {PictureSet::Adapter, AdapterPicture::Absent, "adapter-absent"},
                                                   {PictureSet::Adapter, AdapterPicture::Unusable, "warning"},
                                                   {PictureSet::List, ListPicture::Failed, "failed"},
+                                                  {PictureSet::RunEnd, RunSign::Done, "run-done"},
+                                                  {PictureSet::RunEnd, RunSign::Attention, "run-attention"},
+                                                  {PictureSet::RunEnd, RunSign::Failed, "failed"},
                                                   {PictureSet::Channel, ChannelPicture::Image7, "channel-change"},
                                                   {PictureSet::Channel, ChannelPicture::Image8, "channel-settled"},
                                                   {PictureSet::State, StatePicture::Image1, "state-5"},

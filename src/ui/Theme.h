@@ -20,6 +20,7 @@ enum class PictureSet {
     Channel, ///< ChannelPicture of F13
     State,   ///< StatePicture of F9
     List,    ///< ListPicture of F91
+    RunEnd,  ///< RunSign of F9
 };
 
 /// The icon of a tool bar key, "PROG" for one; of an unknown key an empty icon.

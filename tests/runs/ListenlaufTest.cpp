@@ -101,7 +101,7 @@ TEST_F(List_Run, a_failed_last_row_ends_the_list_in_the_finished_state) {
     ASSERT_TRUE(FinishList());
     EXPECT_EQ(RowAt(2), Row("#", "L71  /  L66"));
     Expect_Ended(265);
-    EXPECT_EQ(Status(), "L110");
+    EXPECT_EQ(Status(), "L71  /  L66");
 }
 
 TEST_F(List_Run, a_refusal_in_the_middle_fails_the_row_without_a_box) {

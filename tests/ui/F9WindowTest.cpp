@@ -3,6 +3,7 @@
 #include "F9Window.h"
 
 #include "F18Window.h"
+#include "Theme.h"
 #include "UiFixture.h"
 #include "WidgetChecks.h"
 
@@ -61,6 +62,49 @@ TEST_F(F9_Window, follows_the_bars_and_the_state_report) {
     programm->F9.Zustand_Zeigen(0x20, "Zustand: Stufe 2");
     EXPECT_FALSE(Find<QLabel>("F9.Zustandsbild")->pixmap(Qt::ReturnByValue).isNull());
     EXPECT_TRUE(Find<QLabel>("F9.Label15")->isVisible());
+}
+
+TEST_F(F9_Window, shows_and_says_how_the_run_ended) {
+    Open();
+    auto* sign = Find<QLabel>("F9.Zeichen");
+    EXPECT_TRUE(sign->pixmap(Qt::ReturnByValue).isNull());
+    RunReport& report = programm->Lauf.Bericht;
+    report.End = RunOutcome::Incomplete;
+    report.Text = "Es fehlt etwas.";
+    report.Lock = LockData::Incomplete;
+    programm->F9.Fertig(0);
+    Settle();
+    EXPECT_FALSE(sign->pixmap(Qt::ReturnByValue).isNull());
+    EXPECT_EQ(sign->accessibleName(), QStringLiteral("Achtung"));
+    EXPECT_EQ(Find<QLabel>("F9.StatusLabel")->text(), QStringLiteral("Es fehlt etwas."));
+    const QString outcome = QString::fromUtf8("Das Schloss enthält keine vollständigen Daten. Bitte programmieren Sie "
+                                              "es noch einmal.");
+    EXPECT_EQ(Find<QLabel>("F9.FolgeLabel")->text(), outcome);
+    // The closing button has the keyboard: what is said of it is what a blind operator hears.
+    EXPECT_EQ(Find<QPushButton>("F9.Command2")->accessibleDescription(),
+              QStringLiteral("Achtung\nEs fehlt etwas.\n") + outcome);
+    programm->F9.F9_Vorbereiten(140);
+    EXPECT_TRUE(sign->pixmap(Qt::ReturnByValue).isNull());
+    EXPECT_EQ(sign->accessibleName(), QString());
+    EXPECT_EQ(Find<QPushButton>("F9.Command2")->accessibleDescription(), QString());
+}
+
+TEST_F(F9_Window, has_a_sign_of_another_shape_for_each_end) {
+    Open();
+    QList<QImage> shapes;
+    for (const int sign : {RunSign::Done, RunSign::Attention, RunSign::Failed}) {
+        QImage shape = ui::pictureIcon(ui::PictureSet::RunEnd, sign).pixmap(26, 26).toImage();
+        // Without colour: what is light and what is dark.
+        shape = shape.convertToFormat(QImage::Format_ARGB32);
+        for (int y = 0; y < shape.height(); ++y) {
+            for (int x = 0; x < shape.width(); ++x) {
+                const bool light = qGray(shape.pixel(x, y)) > 170 || qAlpha(shape.pixel(x, y)) < 128;
+                shape.setPixel(x, y, light ? 0xFFFFFFFF : 0xFF000000);
+            }
+        }
+        EXPECT_FALSE(shapes.contains(shape)) << sign;
+        shapes += shape;
+    }
 }
 
 TEST_F(F9_Window, does_not_jump_when_things_come_and_go) {
@@ -155,6 +199,20 @@ TEST_P(F9_Sprachen, fits_every_text) {
     programm->F9.Zustand_Zeigen(0x50, programm->kern.Zeile(114));
     programm->F9.StilleLabel.Text = programm->kern.Zeile(274) + " 125 s";
     programm->F9.StilleLabel.Visible = true;
+    Settle();
+    EXPECT_EQ(allTextsFit(window.get()), QStringList());
+}
+
+TEST_P(F9_Sprachen, grows_for_a_long_reason) {
+    Open(GetParam());
+    RunReport& report = programm->Lauf.Bericht;
+    report.End = RunOutcome::Incomplete;
+    report.Lock = LockData::Incomplete;
+    // A lock that was erased and got nothing else.
+    programm->Lauf.Konto = Konto_Anlegen(programm->Lauf.link.Lauf, programm->Lauf.Daten);
+    report.Text = Konto_Fehlendes(programm->kern, programm->Lauf.Konto);
+    ASSERT_GT(report.Text.size(), 200U);
+    programm->F9.Fertig(0);
     Settle();
     EXPECT_EQ(allTextsFit(window.get()), QStringList());
 }

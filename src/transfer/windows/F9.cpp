@@ -1,12 +1,56 @@
 #include "F9.h"
 
 #include "Text.h"
+#include "Words.h"
 #include "Zeit.h"
 
 namespace qvm {
 namespace {
 
 constexpr int SilenceShownAfterMs = 5000;
+
+int Endzeichen(const RunReport& report) {
+    if (report.AllGood()) {
+        return RunSign::Done;
+    }
+    if (report.HistoryLost != HistoryLoss::None) {
+        return RunSign::Failed;
+    }
+    switch (report.End) {
+    case RunOutcome::Open:
+        return RunSign::None;
+    case RunOutcome::Refused:
+    case RunOutcome::NotReached:
+    case RunOutcome::NoPort:
+        // A unit may fail while the lock has all it needs.
+        return report.Lock == LockData::Complete ? RunSign::Attention : RunSign::Failed;
+    case RunOutcome::Done: // but a unit refused
+    case RunOutcome::Cancelled:
+    case RunOutcome::GivenUp:
+    case RunOutcome::Incomplete:
+        break;
+    }
+    return RunSign::Attention;
+}
+
+std::string Zeichenname(const Kern& kern, int sign) {
+    switch (sign) {
+    case RunSign::Done:
+        return Wort(kern, Word::SignDone);
+    case RunSign::Attention:
+        return Wort(kern, Word::SignAttention);
+    case RunSign::Failed:
+        return Wort(kern, Word::SignFailed);
+    default:
+        return {};
+    }
+}
+
+std::string Folge_Text(const Kern& kern, LockData lock) {
+    return lock == LockData::Incomplete ? Wort(kern, Word::LockIncomplete)
+           : lock == LockData::Complete ? Wort(kern, Word::LockDone)
+                                        : std::string();
+}
 
 } // namespace
 
@@ -31,6 +75,8 @@ void F9::F9_Vorbereiten(int progressTotal) {
     Balken2.Visible = true;
     NameLabel.Text = run.LockName;
     Status_Zeigen(0);
+    Zeichen_Setzen(RunSign::None);
+    Folge_Zeigen(LockData::Untouched);
     StilleLabel.Visible = false;
     Label15.Visible = false;
     Zustandsbild.Id = StatePicture::None;
@@ -80,13 +126,15 @@ void F9::Status_Zeigen(int line) {
     StatusLabel.Text = kern.Zeile(line);
 }
 
-void F9::Bericht_Zeigen(const std::string& text) {
+void F9::Text_Zeigen(const std::string& text) {
     statusText_ = text;
     StatusLabel.Text = text;
 }
 
 void F9::Texte_Setzen() {
     StatusLabel.Text = statusText_.empty() ? kern.Zeile(statusLine_) : statusText_;
+    Zeichen_Setzen(Zeichen.Id);
+    Folge_Zeigen(folge_);
     Command1.Text = kern.Zeile(83);
     Command2.Text = kern.Zeile(119);
     Uhr_Beschriften();
@@ -95,19 +143,31 @@ void F9::Texte_Setzen() {
     }
 }
 
+void F9::Zeichen_Setzen(int sign) {
+    Zeichen.Id = sign;
+    Zeichen.Name = Zeichenname(kern, sign);
+}
+
+void F9::Folge_Zeigen(LockData lock) {
+    folge_ = lock;
+    FolgeLabel.Text = Folge_Text(kern, lock);
+}
+
 void F9::Fertig(int line) {
-    Status_Zeigen(line);
-    Schliessen_Freigeben();
+    if (line != 0) {
+        Status_Zeigen(line);
+    } else {
+        Text_Zeigen(run.Bericht.Text);
+    }
+    Zeichen_Setzen(Endzeichen(run.Bericht));
+    Folge_Zeigen(run.Bericht.AllGood() ? LockData::Untouched : run.Bericht.Lock);
+    Command1.Enabled = false;
+    Command2.Enabled = true;
     Balken1.Visible = false;
     Balken2.Visible = false;
     StilleLabel.Visible = false;
     Stille.Stop();
     Beendet = true;
-}
-
-void F9::Schliessen_Freigeben() {
-    Command1.Enabled = false;
-    Command2.Enabled = true;
 }
 
 void F9::Zustand_Zeigen(std::uint8_t highNibble, const std::string& text) {
@@ -138,6 +198,9 @@ void F9::Command1_Click() {
     Lauf_Abbrechen(run);
     Label15.Visible = false;
     Status_Zeigen(82);
+    if (Konto_Schloss(run.Konto) == LockData::Incomplete) {
+        Folge_Zeigen(LockData::Incomplete);
+    }
     // A silent lock would never let the run end by itself.
     Command2.Enabled = true;
 }

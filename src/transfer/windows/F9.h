@@ -15,6 +15,11 @@ namespace StatePicture {
 inline constexpr int None = 0, Image1 = 1, Image2 = 2, Image3 = 3, Image4 = 4, Image5 = 5;
 }
 
+/// Picture ids of the signs of a run's end. Each has a shape of its own.
+namespace RunSign {
+inline constexpr int None = 0, Done = 1, Attention = 2, Failed = 3;
+}
+
 /// Window F9: progress of one lock's run.
 struct F9 {
     explicit F9(Programmierlauf& programmierlauf);
@@ -25,6 +30,8 @@ struct F9 {
     Window Fenster;
     Label NameLabel; ///< the lock's name
     Label StatusLabel;
+    Picture Zeichen;  ///< how the run ended: RunSign, none before its end
+    Label FolgeLabel; ///< below the status: what the lock now holds, where the status does not say it
     Label DatumLabel; ///< "Datum : dd.mm.yyyy", or dashes when the clock is not sent and in a list
     Label ZeitLabel;
     Label StilleLabel; ///< how long the lock has been silent, once that is more than 5 seconds
@@ -47,15 +54,12 @@ struct F9 {
     void DeviceParameterSetup();
     /// Catalogue line `line` as the status, 0: none.
     void Status_Zeigen(int line);
-    /// A status of its own, which stays until the next one.
-    void Bericht_Zeigen(const std::string& text);
     /// Words from the catalogue anew.
     void Texte_Setzen();
     void Fortschritt();
-    /// Finished state: status line, cancel disabled, close enabled, bars stopped.
+    /// Finished state: status line, or with 0 the text of the run's report; sign, what the lock holds, cancel disabled,
+    /// close enabled, bars stopped.
     void Fertig(int line);
-    /// Only the close button is live.
-    void Schliessen_Freigeben();
     /// First state report of a history: its text and one of five pictures.
     void Zustand_Zeigen(std::uint8_t highNibble, const std::string& text);
     /// Ticks check box 1 (the lock) to 6.
@@ -68,10 +72,15 @@ struct F9 {
 private:
     void Uhr_Beschriften();
     void Stille_Zeigen();
+    /// A status of its own, which stays until the next one.
+    void Text_Zeigen(const std::string& text);
+    void Zeichen_Setzen(int sign);
+    void Folge_Zeigen(LockData lock);
 
     int statusLine_ = 0;
     std::string statusText_; ///< in place of that line
-    DateTime begin_;         ///< of the run
+    LockData folge_ = LockData::Untouched;
+    DateTime begin_; ///< of the run
 };
 
 } // namespace qvm

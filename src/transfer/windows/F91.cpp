@@ -216,7 +216,7 @@ void F91::Ende(int line) {
     Rufen(F92_Schliessen);
     Knoepfe_Setzen();
     if (f9.Fenster.Visible && run.Gesamtende) {
-        f9.Fertig(110);
+        f9.Fertig(run.Bericht.End == RunOutcome::Done ? 110 : 0);
     }
 }
 
