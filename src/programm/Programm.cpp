@@ -83,10 +83,7 @@ void Programm::Fenster_Verbinden() {
         F13.RFk_IconLoad();
         F13.Fenster.Enabled = true;
     };
-    F18.F9_Zeigen = [this] {
-        F9.F9_Zeigen();
-        F9.Command2.Enabled = true;
-    };
+    F18.F9_Zeigen = [this] { F9.Suche_Endet(); };
     F11.Zurueck = [this] { F13.F11_Verlassen(); };
     F11.Marke_Loeschen = [this](int row) { F13.Marke_Setzen(row, false); };
     F13.Hauptfenster_Zeigen = [this] { Rufen(F2_Zeigen); };

@@ -1,6 +1,7 @@
 // The wait box of a channel search.
 
 #include "FensterFixture.h"
+#include "Text.h"
 
 namespace qvm::test {
 namespace {
@@ -68,6 +69,28 @@ TEST_F(F18_Wartebox, its_button_closes_it_and_ends_the_search_at_the_next_reply)
     Refuse();
     EXPECT_TRUE(programm->Lauf.Gesamtende);
     EXPECT_THAT(SentCodes(), ElementsAre(0x04, 0x04));
+}
+
+TEST_F(F18_Wartebox, left_in_a_silent_search_says_how_that_ends_and_counts_nothing) {
+    world.RunFor(8000);
+    Box().Command1_Click();
+    const F9& window = programm->F9;
+    EXPECT_TRUE(window.Fenster.Visible);
+    EXPECT_EQ(window.StatusLabel.Text(), u8"Die Kanalsuche wird mit der nächsten Antwort beendet. Mit „L119“ endet "
+                                         u8"sie sofort."_w);
+    world.RunFor(20000);
+    EXPECT_FALSE(window.StilleLabel.Visible);
+    programm->F9.Command2_Click();
+    EXPECT_EQ(programm->Lauf.Bericht.End, RunOutcome::Cancelled);
+    EXPECT_TRUE(programm->F13.Fenster.Enabled);
+}
+
+TEST_F(F18_Wartebox, left_before_a_channel_answers_says_no_more_that_the_search_ends) {
+    Box().Command1_Click();
+    programm->link.Hooks.Kanal_Gesetzt();
+    EXPECT_EQ(programm->F9.StatusLabel.Text(), "");
+    world.RunFor(8000);
+    EXPECT_TRUE(programm->F9.StilleLabel.Visible);
 }
 
 TEST_F(F18_Wartebox, left_before_a_channel_answers_gives_the_run_no_close_button) {

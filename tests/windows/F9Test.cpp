@@ -301,6 +301,52 @@ TEST_F(F9_Fenster, counts_no_silence_while_the_run_waits_by_itself) {
     EXPECT_FALSE(Window().StilleLabel.Visible);
 }
 
+TEST_F(F9_Fenster, counts_nothing_on_behind_a_cancel) {
+    Run();
+    world.RunFor(7000);
+    EXPECT_TRUE(Window().StilleLabel.Visible);
+    Window().Command1_Click();
+    EXPECT_FALSE(Window().StilleLabel.Visible);
+    world.RunFor(20000);
+    EXPECT_FALSE(Window().StilleLabel.Visible);
+    world.Deliver(AliveReply); // the cancel is honoured, and its own telegram stays without an answer
+    world.RunFor(20000);
+    EXPECT_THAT(SentCodes(), ElementsAre(0x04, 0x05));
+    EXPECT_FALSE(Window().StilleLabel.Visible);
+    EXPECT_EQ(Window().StatusLabel.Text(), "L82");
+}
+
+TEST_F(F9_Fenster, says_that_the_adapter_was_pulled_out_instead_of_counting_the_silence) {
+    Run();
+    world.RunFor(7000);
+    world.PortOpen = false;
+    world.RunFor(1000);
+    EXPECT_EQ(Window().StatusLabel.Text(),
+              "Der Funkadapter wurde getrennt. Bitte stecken Sie ihn wieder an, und wiederholen Sie den Vorgang.");
+    EXPECT_EQ(Window().Zeichen.Id(), RunSign::Attention);
+    EXPECT_FALSE(Window().StilleLabel.Visible);
+    EXPECT_TRUE(Window().Command1.Enabled);
+    world.RunFor(20000);
+    EXPECT_FALSE(Window().StilleLabel.Visible);
+}
+
+TEST_F(F9_Fenster, ends_at_once_when_a_run_without_an_adapter_is_cancelled) {
+    Run();
+    world.PortOpen = false;
+    world.RunFor(1000);
+    Window().Command1_Click();
+    EXPECT_TRUE(programm->Lauf.Gesamtende);
+    EXPECT_EQ(programm->Lauf.Bericht.End, RunOutcome::Cancelled);
+    EXPECT_TRUE(Window().Beendet);
+    EXPECT_EQ(Window().StatusLabel.Text(), "L82");
+    EXPECT_FALSE(Window().Command1.Enabled);
+    EXPECT_THAT(SentCodes(), ElementsAre(0x04));
+    Window().Command2_Click();
+    EXPECT_TRUE(programm->F13.Fenster.Enabled);
+    StartRun();
+    EXPECT_THAT(SentCodes(), ElementsAre(0x04, 0x04));
+}
+
 TEST_F(F9_Fenster, shows_no_silence_in_the_finished_state) {
     Run();
     world.RunFor(7000);

@@ -4,6 +4,8 @@
 #include "Words.h"
 #include "Zeit.h"
 
+#include <utility>
+
 namespace qvm {
 namespace {
 
@@ -77,6 +79,7 @@ void F9::F9_Vorbereiten(int progressTotal) {
     Status_Zeigen(0);
     Zeichen_Setzen(RunSign::None);
     Folge_Zeigen(LockData::Untouched);
+    searchEnds_ = false;
     StilleLabel.Visible = false;
     Label15.Visible = false;
     Zustandsbild.Id = StatePicture::None;
@@ -99,9 +102,19 @@ void F9::DeviceParameterSetup() {
 }
 
 void F9::F9_Zeigen() {
+    if (std::exchange(searchEnds_, false)) {
+        Status_Zeigen(0);
+    }
     Fenster.Title = run.LockName;
     Fenster.Visible = true;
     Stille.Start(1000);
+}
+
+void F9::Suche_Endet() {
+    F9_Zeigen();
+    searchEnds_ = true;
+    Text_Zeigen(Wort(kern, Word::SearchEnds, {kern.Zeile(119)}));
+    Command2.Enabled = true;
 }
 
 void F9::Uhr_Beschriften() {
@@ -195,9 +208,16 @@ void F9::Command1_Click() {
     if (!Command1.Enabled) {
         return;
     }
+    if (Adapter_Fehlt()) {
+        // Nothing can be sent, and no reply will come.
+        Lauf_Aufgeben(run, RunOutcome::Cancelled);
+        Fertig(82);
+        return;
+    }
     Lauf_Abbrechen(run);
     Label15.Visible = false;
     Status_Zeigen(82);
+    StilleLabel.Visible = false;
     if (Konto_Schloss(run.Konto) == LockData::Incomplete) {
         Folge_Zeigen(LockData::Incomplete);
     }
@@ -214,8 +234,19 @@ void F9::Command2_Click() {
     Rufen(F13_Freigeben);
 }
 
+bool F9::Adapter_Fehlt() const {
+    return !run.Gesamtende && !kern.Welt.Port.IsOpen();
+}
+
 void F9::Stille_Zeigen() {
-    const auto silence = Lauf_Stille(run);
+    const bool cancelled = run.Cancelled || run.link.Lauf.AbbruchWunsch != 0;
+    if (Adapter_Fehlt() && !cancelled) {
+        StilleLabel.Visible = false;
+        Text_Zeigen(Wort(kern, Word::AdapterPulled));
+        Zeichen_Setzen(RunSign::Attention);
+        return;
+    }
+    const auto silence = cancelled || searchEnds_ ? 0 : Lauf_Stille(run);
     if (silence > SilenceShownAfterMs) {
         StilleLabel.Text = kern.Zeile(274) + " " + Ziffern(silence / 1000) + " s";
         StilleLabel.Visible = true;

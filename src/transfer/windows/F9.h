@@ -34,7 +34,7 @@ struct F9 {
     Label FolgeLabel; ///< below the status: what the lock now holds, where the status does not say it
     Label DatumLabel; ///< "Datum : dd.mm.yyyy", or dashes when the clock is not sent and in a list
     Label ZeitLabel;
-    Label StilleLabel; ///< how long the lock has been silent, once that is more than 5 seconds
+    Label StilleLabel; ///< how long the lock has been silent, once that is more than 5 seconds; not behind a cancel
     Label Label15;     ///< first state report of a history
     Picture Zustandsbild;
     ProgressBar Balken1;           ///< telegrams, up to the dataset's total
@@ -48,6 +48,8 @@ struct F9 {
     std::function<void()> F13_Freigeben; ///< the close button gives the grid back
 
     void F9_Zeigen();
+    /// A channel search was cancelled, and no channel has answered yet: shown with its close button live.
+    void Suche_Endet();
     /// Bars, check boxes and labels at the start of a run. The first bar's maximum is the dataset's total plus 20 when
     /// that is above 30, else 160.
     void F9_Vorbereiten(int progressTotal);
@@ -72,6 +74,7 @@ struct F9 {
 private:
     void Uhr_Beschriften();
     void Stille_Zeigen();
+    bool Adapter_Fehlt() const;
     /// A status of its own, which stays until the next one.
     void Text_Zeigen(const std::string& text);
     void Zeichen_Setzen(int sign);
@@ -80,7 +83,8 @@ private:
     int statusLine_ = 0;
     std::string statusText_; ///< in place of that line
     LockData folge_ = LockData::Untouched;
-    DateTime begin_; ///< of the run
+    bool searchEnds_ = false; ///< Suche_Endet, until the window is shown anew
+    DateTime begin_;          ///< of the run
 };
 
 } // namespace qvm
