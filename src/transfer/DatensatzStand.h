@@ -2,6 +2,7 @@
 
 #include "Dataset.h"
 #include "Record.h"
+#include "Schlosszeile.h"
 
 #include <cstdint>
 #include <string_view>
@@ -24,7 +25,7 @@ struct DatasetStand {
     bool Netzfenster() const { return variant != DatasetVariant::Direct; }
     void Melden(std::string_view text, Icon sign = Icon::None) const {
         if (variant != DatasetVariant::NetworkTold) {
-            Kernteil().Meldung(text, Buttons::Ok, sign);
+            Meldung_Zu(Kernteil(), Schloss_Zeile(Kernteil(), row.Number, row.Name), text, Buttons::Ok, sign);
         }
     }
 };

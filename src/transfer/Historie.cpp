@@ -1,5 +1,6 @@
 #include "Historie.h"
 
+#include "Schlosszeile.h"
 #include "Steuerzeichen.h"
 #include "Text.h"
 #include "Words.h"
@@ -71,9 +72,10 @@ void Zustand_Zeigen(RunState& lauf, std::uint8_t event, const std::string& state
 }
 
 /// What a device means by a date that does not exist is not known. Its record is kept, without the date.
-void Datum_Melden(const Kern& kern, const HistoryRecord& record) {
-    kern.Meldung(kern.Zeile(275) + " " + Ziffern(record.Day, 2) + "." + Ziffern(record.Month, 2) + "." +
-                 Jahr_Text(record.Year));
+void Datum_Melden(const Kern& kern, const HistoryRecord& record, std::string_view about) {
+    Meldung_Zu(kern, std::string(about),
+               kern.Zeile(275) + " " + Ziffern(record.Day, 2) + "." + Ziffern(record.Month, 2) + "." +
+                   Jahr_Text(record.Year));
 }
 
 } // namespace
@@ -210,7 +212,7 @@ bool Historie_Sichern(Link& link) {
     return false;
 }
 
-bool Historie_Eintrag(Link& link, std::string_view lockName, const ZustandAnzeige& show) {
+bool Historie_Eintrag(Link& link, std::string_view lockName, const ZustandAnzeige& show, std::string_view about) {
     // Everything is taken out of the buffer first: a message box lets further frames in.
     const HistoryRecord record = Aus_Empfang(link);
     const std::string serial = Seriennummer(link);
@@ -226,7 +228,7 @@ bool Historie_Eintrag(Link& link, std::string_view lockName, const ZustandAnzeig
     // One box a run is enough, and a list goes on without any.
     if (!date && !link.Lauf.HistoryDateTold && link.Lauf.RunRows == 0) {
         link.Lauf.HistoryDateTold = true;
-        Datum_Melden(kern, record);
+        Datum_Melden(kern, record, about);
     }
     return written;
 }

@@ -50,7 +50,7 @@ using ZustandAnzeige = std::function<void(std::uint8_t highNibble, const std::st
 
 /// Decodes the record in the link's RxBuffer and writes its lines into the run's .HST file, which the first record
 /// makes. Sets HistoryStop when the record is older than HistoryCutoff; that record is still written. False on a file
-/// error.
-bool Historie_Eintrag(Link& link, std::string_view lockName, const ZustandAnzeige& show);
+/// error. `about`: which lock it is, for a message box.
+bool Historie_Eintrag(Link& link, std::string_view lockName, const ZustandAnzeige& show, std::string_view about = {});
 
 } // namespace qvm

@@ -1,5 +1,6 @@
 #include "Kanal.h"
 #include "Laufschritte.h"
+#include "Schlosszeile.h"
 
 #include <algorithm>
 #include <array>
@@ -44,9 +45,9 @@ void Schritt_Anmeldung_Abgelehnt(Programmierlauf& run) {
     Lauf_Beenden(run, RunOutcome::Refused, line != 0 ? kern.Zeile(line) : failed);
     std::fill_n(run.link.Rx.RxBuffer.begin(), 66, std::uint8_t{0});
     if (line != 0) {
-        kern.Meldung(kern.Zeile(line), Buttons::Ok, Icon::Exclamation);
+        Meldung_Zu(kern, Worum(run), kern.Zeile(line), Buttons::Ok, Icon::Exclamation);
     }
-    kern.Meldung(failed, Buttons::Ok, Icon::Exclamation);
+    Meldung_Zu(kern, Worum(run), failed, Buttons::Ok, Icon::Exclamation);
     Ende_Zeigen(run, 78);
     Port_Neu(run.link);
 }
@@ -64,7 +65,7 @@ void Schritt_Unit_Abgelehnt(Programmierlauf& run) {
     }
     run.Timer9.Start(600);
     if (line != 0 && run.link.Lauf.RunRows == 0) {
-        run.kern.Meldung(run.kern.Zeile(line), Buttons::Ok, Icon::Exclamation);
+        Meldung_Zu(run.kern, Worum_Unit(run), run.kern.Zeile(line), Buttons::Ok, Icon::Exclamation);
     }
 }
 

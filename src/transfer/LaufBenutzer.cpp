@@ -1,4 +1,5 @@
 #include "Laufschritte.h"
+#include "Schlosszeile.h"
 
 #include <algorithm>
 #include <array>
@@ -31,7 +32,7 @@ void Platz_Ungueltig(Programmierlauf& run) {
     }
     Lauf_Beenden(run, RunOutcome::Refused, text);
     Ende_Zeigen(run, 72);
-    run.kern.Meldung(text, Buttons::Ok, Icon::Exclamation);
+    Meldung_Zu(run.kern, Worum(run), text, Buttons::Ok, Icon::Exclamation);
 }
 
 void Vorlage_Senden(Programmierlauf& run, const ProgSlot& user) {

@@ -1,5 +1,6 @@
 #include "Kanal.h"
 #include "Laufschritte.h"
+#include "Schlosszeile.h"
 #include "Telegramme.h"
 #include "Words.h"
 
@@ -13,11 +14,25 @@ constexpr std::string_view CodeTitle = "QVM 5508 Businnes";
 
 } // namespace
 
+std::string Worum(const Programmierlauf& run) {
+    const bool open = Konto_Schloss(run.Konto) == LockData::Incomplete;
+    return Lauf_Schloss(run) + (open ? "\n" + Wort(run.kern, Word::LockIncomplete) : "");
+}
+
+std::string Worum_Unit(const Programmierlauf& run) {
+    const int unit = run.link.Lauf.UnitIndex;
+    const bool known = unit >= 0 && unit < static_cast<int>(run.Daten.Units.size());
+    const std::string name = known ? run.Daten.Units[static_cast<std::size_t>(unit)].Name : std::string();
+    const bool done = Konto_Schloss(run.Konto) == LockData::Complete;
+    return Worum(run) + "\n" + Wort(run.kern, Word::UnitLine, {name}) +
+           (done ? "\n" + Wort(run.kern, Word::LockDone) : "");
+}
+
 void Mit_Meldung_Enden(Programmierlauf& run, RunOutcome outcome, int line) {
     const std::string text = run.kern.Zeile(line);
     Rufen(run.Ansicht.Wartebox_Schliessen);
     Lauf_Beenden(run, outcome, text);
-    run.kern.Meldung(text, Buttons::Ok, Icon::Exclamation);
+    Meldung_Zu(run.kern, Worum(run), text, Buttons::Ok, Icon::Exclamation);
     Rufen(run.Ansicht.Zum_Schlossgitter);
 }
 
@@ -116,7 +131,8 @@ void Einzelnes_Schloss_Zeigen(Programmierlauf& run, const Urteil& judged) {
     const RunState& lauf = run.link.Lauf;
     Ende_Zeigen(run, judged.Line);
     if (lauf.HistoryLost != HistoryLoss::None) {
-        run.kern.Meldung(Historie_Verlust_Text(run.kern, lauf.HistoryLost), Buttons::Ok, Icon::Exclamation);
+        Meldung_Zu(run.kern, Worum(run), Historie_Verlust_Text(run.kern, lauf.HistoryLost), Buttons::Ok,
+                   Icon::Exclamation);
     }
     if (!run.Cancelled && lauf.HistoryOnly != 0 && lauf.HistoryFileOpen != 0 && run.Ansicht.Historie_Oeffnen) {
         run.Ansicht.Historie_Oeffnen(lauf.HistoryFileName);
@@ -235,7 +251,9 @@ void Schritt_Key_Abgelehnt(Programmierlauf& run) {
     const auto mode = run.link.Lauf.KeyMode;
     const int line = lines[mode < 3 ? mode : 0];
     if (!Zeile_Fehlgeschlagen(run, RunOutcome::Refused, run.kern.Zeile(line))) {
-        run.kern.Meldung(run.kern.Zeile(line), Buttons::Ok, Icon::Information);
+        // What a reader of keys asked for is no lock's affair.
+        Meldung_Zu(run.kern, run.Gesamtende ? std::string() : Lauf_Schloss(run), run.kern.Zeile(line), Buttons::Ok,
+                   Icon::Information);
         Rufen(run.Ansicht.Hauptfenster_Freigeben);
     }
 }

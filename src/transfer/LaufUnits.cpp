@@ -1,5 +1,6 @@
 #include "Antwort_Verteilen.h"
 #include "Laufschritte.h"
+#include "Schlosszeile.h"
 
 #include <algorithm>
 
@@ -214,7 +215,7 @@ void Schritt_Unit_Kein_Kontakt(Programmierlauf& run) {
     const bool list = run.link.Lauf.RunRows != 0;
     Units_Abbrechen(run, RunOutcome::NotReached, 67);
     if (!list) {
-        run.kern.Meldung(run.kern.Zeile(67), Buttons::Ok, Icon::Exclamation);
+        Meldung_Zu(run.kern, Worum_Unit(run), run.kern.Zeile(67), Buttons::Ok, Icon::Exclamation);
         Rufen(run.Ansicht.Zum_Schlossgitter);
     }
 }

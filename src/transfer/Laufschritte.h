@@ -62,6 +62,11 @@ void Timer_Anhalten(Programmierlauf& run);
 /// Address, mode and class back to the lock's.
 void Zum_Schloss_Zurueck(Programmierlauf& run);
 
+/// What stands below the text of a box of a run that has ended: its lock, and what that holds where it is not whole.
+std::string Worum(const Programmierlauf& run);
+/// The same of a box about the present wireless unit, which is named; the lock is done when it is.
+std::string Worum_Unit(const Programmierlauf& run);
+
 // The account at the end of a run (LaufNachweis.cpp)
 /// What the account says of lock and units, into the report.
 void Bericht_Fuellen(Programmierlauf& run);

@@ -3,6 +3,7 @@
 #include "Antwort_Verteilen.h"
 #include "Laufschritte.h"
 #include "PortFault.h"
+#include "Schlosszeile.h"
 #include "Words.h"
 
 namespace qvm {
@@ -102,6 +103,10 @@ void Lauf_Aufgeben(Programmierlauf& run, RunOutcome outcome) {
     Lauf_Beenden(run, outcome, run.kern.Zeile(82));
 }
 
+std::string Lauf_Schloss(const Programmierlauf& run) {
+    return Schloss_Zeile(run.kern, run.LockNumber, run.LockName);
+}
+
 bool Lauf_Wartet(const Programmierlauf& run) {
     return run.Waiting || run.Timer7.Running() || run.Timer8.Running() || run.Timer9.Running() || run.Timer11.Running();
 }
@@ -182,7 +187,7 @@ void Lauf_Haken_Setzen(Programmierlauf& run, LinkHooks& hooks) {
 
     hooks.Historie_Anzeigen = [&run] { Rufen(run.Ansicht.Historie_Beschriften); };
     hooks.Historie_Eintrag = [&run] {
-        if (!Historie_Eintrag(run.link, run.LockName, run.Ansicht.Zustand)) {
+        if (!Historie_Eintrag(run.link, run.LockName, run.Ansicht.Zustand, Lauf_Schloss(run))) {
             run.link.Lauf.HistoryLost = HistoryLoss::Unwritten;
         }
     };

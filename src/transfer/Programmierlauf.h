@@ -128,6 +128,8 @@ void Lauf_Aufgeben(Programmierlauf& run, RunOutcome outcome);
 std::int64_t Lauf_Stille(const Programmierlauf& run);
 /// True while no reply is awaited: in an ordered wait, between two units, and while an erasing lock is polled.
 bool Lauf_Wartet(const Programmierlauf& run);
+/// "Lock 3: Serverraum": the lock that the run is for, in the language in use.
+std::string Lauf_Schloss(const Programmierlauf& run);
 /// The address, serial and reception values that the chain needs of a dataset.
 void Lauf_Werte_Uebernehmen(Programmierlauf& run);
 

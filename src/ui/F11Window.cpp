@@ -40,6 +40,9 @@ void F11Window::setWords() {
 }
 
 void F11Window::makeCode() {
+    auto* lock = new QLabel(this);
+    bindHeading(f11_.Schloss, lock, QStringLiteral("F11.Schloss"));
+    content()->addWidget(lock);
     auto* prompt = new QLabel(this);
     bind(f11_.Prompt, prompt, QStringLiteral("F11.Prompt"));
     auto* code = code_ = new KeyEdit(f11_.Text1, QStringLiteral("F11.Text1"), this);

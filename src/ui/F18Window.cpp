@@ -13,6 +13,8 @@ namespace qvm::ui {
 F18Window::F18Window(F18& f18, QWidget* parent)
     : WindowBase(f18.Fenster, QStringLiteral("F18"), Qt::Dialog, parent), f18_(f18), bar_(new QProgressBar(this)) {
     content()->setContentsMargins(20, 18, 20, 16);
+    auto* lock = new QLabel(this);
+    bindHeading(f18.Schloss, lock, QStringLiteral("F18.Schloss"));
     auto* text = new QLabel(this);
     bind(f18.Text, text, QStringLiteral("F18.Text"));
     bind(f18.Balken, bar_, QStringLiteral("F18.Balken"));
@@ -26,6 +28,7 @@ F18Window::F18Window(F18& f18, QWidget* parent)
     auto* row = new QHBoxLayout;
     row->addStretch();
     row->addWidget(cancel);
+    content()->addWidget(lock);
     content()->addWidget(text);
     content()->addWidget(bar_);
     content()->addSpacing(6);

@@ -1,9 +1,11 @@
 #include "WindowBase.h"
 
+#include "TextEdge.h"
 #include "Theme.h"
 #include "WindowAccess.h"
 
 #include <QKeyEvent>
+#include <QLabel>
 #include <QPushButton>
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -19,6 +21,19 @@ void keepRoom(QWidget* widget) {
     QSizePolicy policy = widget->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     widget->setSizePolicy(policy);
+}
+
+void bindHeading(Label& model, QLabel* widget, const QString& name) {
+    bind(model, widget, name);
+    widget->setWordWrap(true);
+    QFont bold = widget->font();
+    bold.setBold(true);
+    widget->setFont(bold);
+    watch(model.Text, widget, [&model, widget] {
+        widget->setText(toQt(model.Text()));
+        widget->setAccessibleName(widget->text());
+        widget->setVisible(!model.Text().empty());
+    });
 }
 
 WindowBase::WindowBase(Window& model, const QString& name, Qt::WindowFlags flags, QWidget* parent)

@@ -6,6 +6,7 @@
 
 #include <functional>
 
+class QLabel;
 class QPushButton;
 class QToolBar;
 class QVBoxLayout;
@@ -14,6 +15,9 @@ namespace qvm::ui {
 
 /// Lets a widget keep its room while it is hidden, so that nothing jumps when it comes and goes.
 void keepRoom(QWidget* widget);
+
+/// The line that says what a window is about, which stands out; without a text it takes no room.
+void bindHeading(Label& model, QLabel* widget, const QString& name);
 
 /// What every window but the main window starts from: icon, binding, an optional tool bar over a content area, and a
 /// button that Return presses. Windows are never deleted while the program runs, only hidden: their handlers may be on

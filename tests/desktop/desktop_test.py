@@ -53,7 +53,7 @@ class Desktop(unittest.TestCase):
         """From the main window to the first telegram of lock 1, by mouse."""
         self.program.press("Program locks")
         click_at(*middle(self.cell(1, PROGRAM_COLUMN)))
-        self.program.wait(LABEL, r"Read the history before programming\?")
+        self.program.wait(LABEL, r"Read the history before programming\?\nLock 1: Tor")
         self.program.press("No")
         click_at(*middle(self.program.wait(PASSWORD, "Administrator code")))
         typed(CODE)
@@ -146,7 +146,7 @@ class Desktop(unittest.TestCase):
         self.tab_to("Locks")
         key("Down", "Right", "Right", "Right")  # the second lock; number, name, serial, program
         key("Return")
-        self.program.wait(LABEL, r"Read the history before programming\?")
+        self.program.wait(LABEL, r"Read the history before programming\?\nLock 2: Keller")
         key("alt+n")
         wait_for("the code box has the keyboard", lambda: self.program.focused_name() == "Administrator code")
         typed(CODE)
@@ -305,7 +305,7 @@ class Desktop(unittest.TestCase):
         self.light("Ready")
         self.start_run()
         self.house.simulator.wait(PATIENCE)
-        self.program.wait(LABEL, "No answer for .*")
+        self.program.wait(LABEL, r"The wireless adapter was disconnected\..*")
         used = self.program.processor_seconds()
         time.sleep(1)
         self.assertLess(self.program.processor_seconds() - used, 0.3)

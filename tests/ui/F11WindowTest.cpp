@@ -51,6 +51,24 @@ TEST_F(F11_Window, gives_the_code_box_the_focus_after_half_a_second_and_counts_s
     EXPECT_EQ(code->accessibleName(), QStringLiteral("Administrator-Code"));
 }
 
+TEST_F(F11_Window, names_the_lock_over_the_code_and_nothing_for_a_list) {
+    programm.reset();
+    Start();
+    programm->Lauf.LockNumber = 3;
+    programm->Lauf.LockName = "T\xFCr";
+    window = std::make_unique<ui::F11Window>(programm->F11, nullptr);
+    programm->F11.F11_Laden(F11Opener::F13, "");
+    Present(*window);
+    auto* lock = Find<QLabel>("F11.Schloss");
+    EXPECT_EQ(lock->text(), QString::fromUtf8("Schloss 3: Tür"));
+    EXPECT_TRUE(lock->isVisible());
+    EXPECT_LT(lock->geometry().bottom(), Find<QLabel>("F11.Prompt")->geometry().top());
+    programm->Lauf.link.Lauf.RunRows = 2;
+    programm->F11.F11_Laden(F11Opener::F13, "");
+    EXPECT_FALSE(lock->isVisible());
+    window.reset();
+}
+
 TEST_F(F11_Window, runs_ok_with_return_in_the_code_box_once_six_characters_stand) {
     Open();
     auto* code = Find<QLineEdit>("F11.Text1");

@@ -243,6 +243,16 @@ TEST_F(F18_Window, does_not_hear_the_key_that_began_the_search) {
     EXPECT_TRUE(QTest::qWaitFor([&window] { return !window.isVisible(); }));
 }
 
+TEST_F(F18_Window, names_the_lock) {
+    Start("English");
+    programm->Lauf.LockNumber = 7;
+    programm->Lauf.LockName = "Keller";
+    ui::F18Window window(programm->F18, nullptr);
+    programm->F18.F18_Zeigen();
+    Present(window);
+    EXPECT_EQ(window.findChild<QLabel*>(QStringLiteral("F18.Schloss"))->text(), QStringLiteral("Lock 7: Keller"));
+}
+
 TEST_F(F18_Window, shows_the_channels_tried_and_ends_the_search_by_button_escape_and_frame) {
     Start();
     ui::F18Window window(programm->F18, nullptr);

@@ -2,6 +2,7 @@
 
 #include "AdapterScan.h"
 #include "Filter.h"
+#include "Schlosszeile.h"
 #include "Text.h"
 
 #include <algorithm>
@@ -52,8 +53,13 @@ void F11::Texte_Setzen() {
     OK.Text = kern.Zeile(84);
     Cancel.Text = kern.Zeile(83);
     Prompt.Text = kern.Zeile(85);
+    Schloss.Text = Schlosszeile();
     CutoffText.Text = kern.Zeile(179);
     Check1.Text = kern.Zeile(268);
+}
+
+std::string F11::Schlosszeile() const {
+    return run.link.Lauf.RunRows == 0 ? Lauf_Schloss(run) : std::string();
 }
 
 void F11::Adapter_Fuellen(F11Opener opener, const std::string& adapterName) {
@@ -145,7 +151,8 @@ bool F11::Port_Bereitmachen(bool& network) {
         const AdapterSatz* adapter = Gewaehlter_Adapter();
         if (adapter == nullptr) {
             // It was pulled out since it was chosen. Another one is not the one that was chosen.
-            kern.Meldung(kern.Zeile(192) + "\r\n" + kern.Zeile(193), Buttons::Ok, Icon::Exclamation);
+            Meldung_Zu(kern, Schlosszeile(), kern.Zeile(192) + "\r\n" + kern.Zeile(193), Buttons::Ok,
+                       Icon::Exclamation);
             return false;
         }
         number = static_cast<int>(Zahlwert(adapter->Port));
@@ -192,7 +199,7 @@ bool F11::Code_Uebernehmen() {
         run.link.Lauf.AdminCode = AdminCode_Packen(digits);
         Ueberschreiben(digits);
     } else {
-        kern.Meldung(kern.Zeile(61), Buttons::Ok, Icon::Exclamation);
+        Meldung_Zu(kern, Schlosszeile(), kern.Zeile(61), Buttons::Ok, Icon::Exclamation);
     }
     Eingabe_Leeren();
     return complete;

@@ -31,6 +31,7 @@ struct F11 {
     AdapterListe& Adapter;
 
     Window Fenster;
+    Label Schloss; ///< which lock is to be run; empty for a list
     Label Prompt;
     TextBox Text1;    ///< one "*" for each character typed
     Label Anzahl;     ///< how many stand
@@ -68,6 +69,7 @@ struct F11 {
 
 private:
     void Eingabe_Leeren();
+    std::string Schlosszeile() const;
     void Adapter_Fuellen(F11Opener opener, const std::string& adapterName);
     /// False, behind a message, when the adapter that was chosen is gone.
     bool Port_Bereitmachen(bool& network);

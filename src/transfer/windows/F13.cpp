@@ -3,6 +3,7 @@
 #include "AdapterScan.h"
 #include "FileLook.h"
 #include "Kanal.h"
+#include "Schlosszeile.h"
 #include "Text.h"
 #include "UserRecords.h"
 #include "Words.h"
@@ -55,7 +56,7 @@ int F13::Adapter_Port(int row, bool& stop) {
         return run.link.PortNummer;
     }
     if (FGK13.Text(row, F13Column::AdapterId).empty()) {
-        kern.Meldung(kern.Zeile(198), Buttons::Ok, Icon::Exclamation);
+        Meldung_Zu(kern, Schloss(row), kern.Zeile(198), Buttons::Ok, Icon::Exclamation);
         stop = true;
         return KeinPort;
     }
@@ -78,11 +79,11 @@ bool F13::Port_Vorbereiten(int row) {
         return false;
     }
     if (port == KeinPort) {
-        kern.Meldung(kern.Zeile(192) + "\r\n" + kern.Zeile(193), Buttons::Ok, Icon::Exclamation);
+        Meldung_Zu(kern, Schloss(row), kern.Zeile(192) + "\r\n" + kern.Zeile(193), Buttons::Ok, Icon::Exclamation);
         return false;
     }
     if (port > HighestPort) {
-        kern.Meldung(kern.Zeile(194), Buttons::Ok, Icon::Exclamation);
+        Meldung_Zu(kern, Schloss(row), kern.Zeile(194), Buttons::Ok, Icon::Exclamation);
         return false;
     }
     // A port that cannot be opened shows at the first telegram.
@@ -136,8 +137,13 @@ bool F13::Ziel_Setzen(int row) {
     return true;
 }
 
-bool F13::Historie_Fragen(bool& first) {
-    const Answer answer = kern.Meldung(kern.Zeile(63), Buttons::YesNoCancel, Icon::Question, kern.Zeile(90), 2);
+std::string F13::Schloss(int row) const {
+    return Schloss_Zeile(kern, row, FGK13.Text(row, F13Column::Name));
+}
+
+bool F13::Historie_Fragen(bool& first, const std::string& about) {
+    const Answer answer =
+        Meldung_Zu(kern, about, kern.Zeile(63), Buttons::YesNoCancel, Icon::Question, kern.Zeile(90), 2);
     first = answer == Answer::Yes;
     return answer != Answer::Cancel;
 }
@@ -149,8 +155,8 @@ std::vector<FileTrouble> F13::Dateien_Pruefen(int row) const {
 bool F13::Lesbar(const std::vector<FileTrouble>& troubles) const {
     const auto unread = Unlesbare(troubles);
     if (!unread.empty()) {
-        kern.Meldung(Wort(kern, Word::FilesUnreadable, {Dateimaengel_Text(kern, unread)}), Buttons::Ok,
-                     Icon::Exclamation);
+        Meldung_Zu(kern, Lauf_Schloss(run), Wort(kern, Word::FilesUnreadable, {Dateimaengel_Text(kern, unread)}),
+                   Buttons::Ok, Icon::Exclamation);
     }
     return unread.empty();
 }
@@ -166,8 +172,8 @@ bool F13::Dateien_Hinnehmen(int row) const {
         return false;
     }
     return troubles.empty() || run.SchadenHinnehmen ||
-           kern.Meldung(Wort(kern, Word::FilesDamagedAsk, {Dateimaengel_Text(kern, troubles)}), Buttons::YesNo,
-                        Icon::Question, SystemTitle, 2) == Answer::Yes;
+           Meldung_Zu(kern, Schloss(row), Wort(kern, Word::FilesDamagedAsk, {Dateimaengel_Text(kern, troubles)}),
+                      Buttons::YesNo, Icon::Question, SystemTitle, 2) == Answer::Yes;
 }
 
 bool F13::Datensatz(int row) {
@@ -198,13 +204,13 @@ void F13::Programmieren(int row) {
     const bool settled = !channel.ChangePending && channel.Channel == channel.Target;
     bool first = false;
     // A lock that stays on its channel is asked for before its dataset is gathered, the others after it.
-    if (settled && !Historie_Fragen(first)) {
+    if (settled && !Historie_Fragen(first, Schloss(row))) {
         return;
     }
     if (!Ziel_Setzen(row) || !Datensatz(row)) {
         return;
     }
-    if (!settled && !Historie_Fragen(first)) {
+    if (!settled && !Historie_Fragen(first, Schloss(row))) {
         return;
     }
     lauf.HistoryOnly = 0;
@@ -221,7 +227,7 @@ void F13::Historie(int row) {
     if (!Ziel_Setzen(row) || !Kanaele_Lesbar()) {
         return;
     }
-    if (kern.Meldung(kern.Zeile(65), Buttons::OkCancel, Icon::Question) != Answer::Ok) {
+    if (Meldung_Zu(kern, Schloss(row), kern.Zeile(65), Buttons::OkCancel, Icon::Question) != Answer::Ok) {
         return;
     }
     RunState& lauf = run.link.Lauf;

@@ -116,7 +116,9 @@ private:
     void Zeile_Fuellen(int row);
     void Listentasten_Freigeben();
     bool Ziel_Setzen(int row);
-    bool Historie_Fragen(bool& first);
+    /// Which lock stands in the row, for a message box.
+    std::string Schloss(int row) const;
+    bool Historie_Fragen(bool& first, const std::string& about);
     bool Datensatz(int row);
     bool Dateien_Hinnehmen(int row) const;
     /// False, with a message, when one of the files cannot be read.

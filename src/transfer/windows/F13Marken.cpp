@@ -99,7 +99,7 @@ void F13::Liste(bool historyOnly) {
         lauf.HistoryOnly = 1;
     } else {
         bool first = false;
-        Historie_Fragen(first);
+        Historie_Fragen(first, "");
         lauf.NetMode = first ? 0xFF : 0;
     }
     Rufen(Liste_Leeren);

@@ -20,6 +20,7 @@ void F18::Text_Zeigen(int line) {
 void F18::Texte_Setzen() {
     Fenster.Title = Fenstertitel(Wort(run.kern, Word::ChannelSearch));
     Text.Text = run.kern.Zeile(textLine_);
+    Schloss.Text = Lauf_Schloss(run);
     Command1.Text = run.kern.Zeile(83);
 }
 

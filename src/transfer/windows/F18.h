@@ -15,6 +15,7 @@ struct F18 {
 
     Programmierlauf& run;
     Window Fenster;
+    Label Schloss; ///< which lock is searched
     Label Text;
     ProgressBar Balken; ///< 100 to 200
     Button Command1;    ///< ends the search at its next reply
