@@ -1,6 +1,7 @@
 #include "Fortschritt.h"
 
-#include <algorithm>
+#include "Bildschirm.h"
+
 #include <ostream>
 
 namespace qvm {
@@ -16,6 +17,7 @@ void Fortschritt::Beginnen(const std::string& what) {
     Wischen();
     what_ = Anzeigetext(what);
     status_.clear();
+    step_.clear();
     percent_ = shownStep_ = -1;
     if (!console_.Terminal) {
         console_.Err << what_ << " ...\n";
@@ -23,21 +25,21 @@ void Fortschritt::Beginnen(const std::string& what) {
     }
 }
 
-void Fortschritt::Zeigen(int done, int total, const std::string& status) {
-    const int percent =
-        total <= 0 ? 0 : static_cast<int>(std::clamp<std::int64_t>(std::int64_t{100} * done / total, 0, 100));
+void Fortschritt::Zeigen(int percent, const std::string& status, const std::string& step) {
     const std::string text = Anzeigetext(status);
-    if (percent == percent_ && text == status_) {
+    if (percent == percent_ && text == status_ && (step == step_ || !console_.Terminal)) {
         return;
     }
     if (console_.Terminal) {
         Wischen();
         const int filled = percent * BarWidth / 100;
-        console_.Err << what_ << " [" << std::string(static_cast<std::size_t>(filled), '#')
-                     << std::string(static_cast<std::size_t>(BarWidth - filled), '.') << "] " << percent << " %";
-        if (!text.empty()) {
-            console_.Err << "  " << text;
+        std::string line = what_ + " [" + std::string(static_cast<std::size_t>(filled), '#') +
+                           std::string(static_cast<std::size_t>(BarWidth - filled), '.') + "] " +
+                           std::to_string(percent) + " %";
+        for (const std::string& part : {text, Anzeigetext(step)}) {
+            line += (part.empty() ? "" : "  ") + part;
         }
+        console_.Err << Gekuerzt(line, Bildschirm().Columns - 1);
         bar_ = true;
     } else if (percent / PlainStep != shownStep_ || text != status_) {
         console_.Err << what_ << ": " << percent << " %" << (text.empty() ? "" : "  ") << text << "\n";
@@ -46,6 +48,7 @@ void Fortschritt::Zeigen(int done, int total, const std::string& status) {
     console_.Err.flush();
     percent_ = percent;
     status_ = text;
+    step_ = step;
 }
 
 void Fortschritt::Meldung(const std::string& text) {

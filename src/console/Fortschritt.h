@@ -2,7 +2,6 @@
 
 #include "Console.h"
 
-#include <cstdint>
 #include <string>
 
 namespace qvm {
@@ -14,8 +13,8 @@ public:
 
     /// `what`: which lock, UTF-8.
     void Beginnen(const std::string& what);
-    /// `done` of `total` telegrams; `status`: a note behind the bar, UTF-8.
-    void Zeigen(int done, int total, const std::string& status);
+    /// `status`: a note behind the bar, UTF-8. `step`: what changes too often for plain lines; on a terminal only.
+    void Zeigen(int percent, const std::string& status, const std::string& step = {});
     /// A line of its own above the bar.
     void Meldung(const std::string& text);
     /// Removes the bar.
@@ -27,6 +26,7 @@ private:
     const Console& console_;
     std::string what_;
     std::string status_;
+    std::string step_;
     int percent_ = -1;
     int shownStep_ = -1;
     bool bar_ = false;

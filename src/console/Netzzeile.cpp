@@ -1,6 +1,7 @@
 #include "Netzzeile.h"
 
 #include "AdapterKunde.h"
+#include "RunProgress.h"
 #include "Takt.h"
 #include "Text.h"
 
@@ -128,7 +129,7 @@ bool Netzzeile::Abwarten() {
 
 void Netzzeile::Tick() {
     const F91& list = program_.F91;
-    progress_.Zeigen(list.Balken.Value, list.Balken.Maximum, Anzeige_Aus_1252(list.StatusLabel.Text()));
+    progress_.Zeigen(Prozent(list.Balken.Value, list.Balken.Maximum), Anzeige_Aus_1252(list.StatusLabel.Text()));
     const int now = order_.Interrupts ? order_.Interrupts() : 0;
     if (now > interrupts_) {
         interrupts_ = now;

@@ -1,6 +1,7 @@
 #include "Reihenlauf.h"
 
 #include "AdapterKunde.h"
+#include "RunProgress.h"
 #include "Takt.h"
 #include "Text.h"
 
@@ -219,10 +220,9 @@ std::string Reihenlauf::Fuss() const {
         return Anzeige_Aus_1252(list.StartLabel.Text() + "   " + list.RestLabel.Text());
     }
     if (list.Arbeit() == F91::Work::Direct) {
-        const RunState& run = program_.link.Lauf;
-        const int percent = run.ProgressMaximum > 0 ? 100 * run.ProgressValue / run.ProgressMaximum : 0;
         const std::int64_t silence = Lauf_Stille(program_.Lauf) / 5000 * 5;
-        return "Lock " + std::to_string(program_.Lauf.LockNumber) + ": " + std::to_string(percent) + " %" +
+        return "Lock " + std::to_string(program_.Lauf.LockNumber) + ": " +
+               Anzeige_Aus_1252(Fortschritt_Text(program_.kern, Lauf_Fortschritt(program_.Lauf))) +
                (silence > 0 ? "  no answer for " + std::to_string(silence) + " s" : "");
     }
     return Anzeige_Aus_1252(list.StatusLabel.Text());

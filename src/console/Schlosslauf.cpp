@@ -1,6 +1,7 @@
 #include "Schlosslauf.h"
 
 #include "Netzzeile.h"
+#include "RunProgress.h"
 #include "Takt.h"
 #include "Text.h"
 
@@ -164,8 +165,8 @@ void Schlosslauf::Anzeigen() {
     } else if (program_.F18.Fenster.Visible) {
         status = "searching channel " + std::to_string(program_.link.TargetChannel);
     }
-    const RunState& run = program_.link.Lauf;
-    progress_.Zeigen(run.ProgressValue, run.ProgressMaximum, status);
+    const RunProgress run = Lauf_Fortschritt(program_.Lauf);
+    progress_.Zeigen(run.Percent, status, Anzeige_Aus_1252(Schritt_Text(program_.kern, run)));
 }
 
 LockEnd Schlosslauf::Ende_Bestimmen() const {

@@ -41,6 +41,7 @@ void Programm::Ansicht_Verbinden() {
                 }
                 F9.Fertig(line);
             },
+        .F9_Schliessen_Freigeben = [this] { F9.Schliessen_Freigeben(); },
         .Historie_Beschriften = [this] { F9.Status_Zeigen(264); },
         .Zustand = [this](std::uint8_t state, const std::string& text) { F9.Zustand_Zeigen(state, text); },
         .Kaestchen = [this](int box) { F9.Ankreuzen(box); },

@@ -1,5 +1,6 @@
 #include "Kanal.h"
 #include "Laufschritte.h"
+#include "RunProgress.h"
 #include "Schlosszeile.h"
 #include "Telegramme.h"
 #include "Words.h"
@@ -182,9 +183,14 @@ void Schritt_Historie_Fertig(Programmierlauf& run) {
     if (lauf.HistoryRead && Historie_Sichern(run.link)) {
         Konto_Historie_Fertig(run.Konto);
     }
-    // Not the end yet: the session is still to be closed.
-    if (run.Ansicht.Status && (lauf.HistoryOnly == 0 || lauf.RunRows == 0)) {
-        run.Ansicht.Status(lauf.HistoryOnly == 0 ? 0 : 115);
+    Lauf_Tempo_Neu(run);
+    const bool single = lauf.HistoryOnly != 0 && lauf.RunRows == 0;
+    if (run.Ansicht.Status && (lauf.HistoryOnly == 0 || single)) {
+        run.Ansicht.Status(single ? 115 : 0);
+    }
+    // There is nothing left to cancel, but it is not the end yet: the session is still to be closed.
+    if (single) {
+        Rufen(run.Ansicht.F9_Schliessen_Freigeben);
     }
 }
 

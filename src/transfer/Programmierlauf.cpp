@@ -3,6 +3,7 @@
 #include "Antwort_Verteilen.h"
 #include "Laufschritte.h"
 #include "PortFault.h"
+#include "RunProgress.h"
 #include "Schlosszeile.h"
 #include "Words.h"
 
@@ -75,6 +76,7 @@ void Lauf_Beginnen(Programmierlauf& run) {
     run.link.AddressMode = 0;
     run.link.Rx.Ruecksetzen();
     run.Konto = Konto_Anlegen(lauf, run.Daten);
+    Lauf_Tempo_Neu(run);
     if (!TelVerbinden_Senden(run.link)) {
         const std::string text = run.kern.Zeile(276);
         Rufen(run.Ansicht.Wartebox_Schliessen);

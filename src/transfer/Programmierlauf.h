@@ -59,11 +59,12 @@ struct RunReport {
 
 /// Where a run shows itself. Filled once, with designated initialisers; the windows stand behind it.
 struct RunView {
-    std::function<void()> Fortschritt;          ///< the two bars; values stand in RunState
-    std::function<void()> F9_Zeigen;            ///< progress window, for the present lock
-    std::function<void(int line)> Status;       ///< status label of the progress window, catalogue line (0: empty)
-    std::function<void(int line)> Fertig;       ///< finished state with that status line; 0: with the report's text
-    std::function<void()> Historie_Beschriften; ///< the reading of events begins
+    std::function<void()> Fortschritt;             ///< the two bars; values stand in RunState
+    std::function<void()> F9_Zeigen;               ///< progress window, for the present lock
+    std::function<void(int line)> Status;          ///< status label of the progress window, catalogue line (0: empty)
+    std::function<void(int line)> Fertig;          ///< finished state with that status line; 0: with the report's text
+    std::function<void()> F9_Schliessen_Freigeben; ///< the run can only be closed: no cancel any more
+    std::function<void()> Historie_Beschriften;    ///< the reading of events begins
     std::function<void(std::uint8_t highNibble, const std::string& text)> Zustand; ///< first state report of a run
     std::function<void(int box)> Kaestchen; ///< ticks check box 1 (lock) or unit + 2
     std::function<void(int box, const std::string& text)> Kaestchen_Beschriften; ///< what became of its unit
@@ -84,6 +85,12 @@ struct ListView {
     std::function<void()> Stoppen;
 };
 
+/// From when on the time that a run has left is reckoned.
+struct RunPace {
+    std::int64_t Since = 0; ///< Platform::Milliseconds
+    int Done = 0;           ///< telegrams acknowledged by then
+};
+
 /// A direct run of one lock: the reply chain's steps, its timers, and what became of it. The dispatcher drives it
 /// through the link's hooks; nothing in here waits for a reply.
 struct Programmierlauf {
@@ -96,6 +103,7 @@ struct Programmierlauf {
     ListView Liste;
     RunReport Bericht;
     RunAccount Konto; ///< of the run that is on, or ended last
+    RunPace Tempo;
 
     int LockNumber = 0; ///< lock number of the run, 1 to 200
     std::string LockName;

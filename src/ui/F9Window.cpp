@@ -85,6 +85,9 @@ void F9Window::makeProgress() {
         keepRoom(bar);
         content()->addWidget(bar);
     }
+    auto* step = new WrappingLabel(1, this);
+    bind(f9_.SchrittLabel, step, QStringLiteral("F9.SchrittLabel"));
+    content()->addWidget(step);
     auto* date = new QLabel(this);
     bind(f9_.DatumLabel, date, QStringLiteral("F9.DatumLabel"));
     auto* time = new QLabel(this);

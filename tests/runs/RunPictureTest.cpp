@@ -164,6 +164,8 @@ TEST_F(Run_Picture, of_a_history_comes_when_the_session_is_closed_and_not_with_t
     EXPECT_FALSE(programm->F9.Beendet);
     EXPECT_EQ(Status(), "L115");
     EXPECT_EQ(programm->F9.Zeichen.Id(), RunSign::None);
+    EXPECT_FALSE(programm->F9.Command1.Enabled);
+    EXPECT_TRUE(programm->F9.Command2.Enabled);
 }
 
 TEST_F(Run_Picture, of_a_unit_that_refuses_names_it_and_says_that_the_lock_is_done) {

@@ -240,7 +240,7 @@ TEST_P(Disturbed_Run, ends_as_cancelled_whenever_the_operator_cancels) {
         scene.Start();
         scene.world.RunUntil([&scene, count] { return scene.DeviceCodes().size() >= count; });
         const std::string channels = scene.files.File("RFCHANDIF12.RFX");
-        // Behind the last event a reading of events is finished but for its disconnect, and has no cancel any more.
+        // Behind the last event a reading of events is at its end but for its disconnect, and has no cancel any more.
         const bool historyOnly = scene.kind == RunKind::HistoryOnly || scene.kind == RunKind::SearchHistory;
         const bool finished = historyOnly && codes[count - 1] == 0x05;
         EXPECT_EQ(scene.programm->F9.Command1.Enabled, !finished);

@@ -186,7 +186,12 @@ void Fensterschau::progress() {
     f9.F9_Vorbereiten(140);
     f9.F9_Zeigen();
     f9.Stille.Stop();
-    programm_->Lauf.link.Lauf.ProgressValue = 64;
+    programm_->Lauf.Gesamtende = false;
+    programm_->Lauf.Konto = Konto_Anlegen(programm_->Lauf.link.Lauf, programm_->Lauf.Daten);
+    for (std::size_t n = 0; n < 6; ++n) {
+        programm_->Lauf.Konto.Items[n].Is = AccountItem::State::Acknowledged;
+    }
+    programm_->Lauf.Tempo.Since = programm_->kern.Welt.Milliseconds() - 5000;
     programm_->Lauf.link.Lauf.SecondProgress = 12;
     f9.Fortschritt();
     f9.StilleLabel.Text = programm_->kern.Zeile(274) + " 12 s";
@@ -194,6 +199,7 @@ void Fensterschau::progress() {
     take(windows_->f9, "F9");
     f9.Zustand_Zeigen(0x20, programm_->kern.Zeile(114));
     f9.Ankreuzen(1);
+    programm_->Lauf.Gesamtende = true;
     programm_->Lauf.Bericht.End = RunOutcome::Done;
     f9.Fertig(110);
     take(windows_->f9, "F9-finished");

@@ -106,11 +106,30 @@ TEST_F(F9_Fenster, counts_every_telegram_and_wraps_five_before_the_maximum) {
     Run(); // maximum 160
     Lauf().TelegramCounter = 154;
     TelLebenszeichen_Senden(programm->link);
-    EXPECT_EQ(Window().Balken1.Value, 155);
+    EXPECT_EQ(Lauf().ProgressValue, 155);
     TelLebenszeichen_Senden(programm->link);
+    EXPECT_EQ(Lauf().ProgressValue, 0);
+    TelLebenszeichen_Senden(programm->link);
+    EXPECT_EQ(Lauf().ProgressValue, 1);
+}
+
+TEST_F(F9_Fenster, shows_on_its_first_bar_what_the_lock_has_acknowledged_of_all_that_it_is_to_get) {
+    Run("----X"); // the clock is sent
+    // Login, date, time, priority, erase, calendar, two of timers, six of holidays, timer switch, end of data,
+    // disconnect.
+    EXPECT_EQ(Window().Balken1.Maximum, 17);
     EXPECT_EQ(Window().Balken1.Value, 0);
-    TelLebenszeichen_Senden(programm->link);
-    EXPECT_EQ(Window().Balken1.Value, 1);
+    EXPECT_EQ(Window().SchrittLabel.Text(), "0 %, Anmeldung");
+    auto& items = programm->Lauf.Konto.Items;
+    for (std::size_t n = 0; n < 5; ++n) {
+        items[n].Is = AccountItem::State::Acknowledged;
+    }
+    programm->Lauf.Konto.Awaited = 5;
+    world.RunFor(1000);
+    EXPECT_EQ(Window().Balken1.Value, 5);
+    EXPECT_EQ(Window().SchrittLabel.Text(), "29 %, Kalenderschalter");
+    world.RunFor(1000); // five in two seconds, twelve to go
+    EXPECT_EQ(Window().SchrittLabel.Text(), "29 %, Kalenderschalter, noch etwa 5 s");
 }
 
 TEST_F(F9_Fenster, steps_the_second_bar_by_four_and_wraps_above_27) {
@@ -128,7 +147,7 @@ TEST_F(F9_Fenster, steps_the_second_bar_every_500_ms_between_two_passes) {
     programm->Lauf.Timer6.Start(500);
     world.RunFor(1000);
     EXPECT_EQ(Window().Balken2.Value, 12);
-    EXPECT_EQ(Window().Balken1.Value, 1);
+    EXPECT_EQ(Window().Balken1.Value, 0);
 }
 
 // ---- states of a history
@@ -176,7 +195,7 @@ TEST_F(F9_Fenster, finished_shows_the_line_stops_the_bars_and_swaps_the_buttons)
     EXPECT_EQ(Window().StatusLabel.Text(), "L110");
     EXPECT_FALSE(Window().Command1.Enabled);
     EXPECT_TRUE(Window().Command2.Enabled);
-    EXPECT_FALSE(Window().Balken1.Visible);
+    EXPECT_TRUE(Window().Balken1.Visible); // how far the run has come
     EXPECT_FALSE(Window().Balken2.Visible);
     EXPECT_TRUE(Window().Fenster.Visible);
 }
@@ -328,6 +347,10 @@ TEST_F(F9_Fenster, says_that_the_adapter_was_pulled_out_instead_of_counting_the_
     EXPECT_TRUE(Window().Command1.Enabled);
     world.RunFor(20000);
     EXPECT_FALSE(Window().StilleLabel.Visible);
+    world.PortOpen = true; // as when a telegram could be sent again
+    world.RunFor(1000);
+    EXPECT_EQ(Window().StatusLabel.Text(), "");
+    EXPECT_EQ(Window().Zeichen.Id(), RunSign::None);
 }
 
 TEST_F(F9_Fenster, ends_at_once_when_a_run_without_an_adapter_is_cancelled) {

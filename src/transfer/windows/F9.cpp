@@ -1,5 +1,6 @@
 #include "F9.h"
 
+#include "RunProgress.h"
 #include "Text.h"
 #include "Words.h"
 #include "Zeit.h"
@@ -79,8 +80,9 @@ void F9::F9_Vorbereiten(int progressTotal) {
     Status_Zeigen(0);
     Zeichen_Setzen(RunSign::None);
     Folge_Zeigen(LockData::Untouched);
-    searchEnds_ = false;
+    searchEnds_ = pulled_ = false;
     StilleLabel.Visible = false;
+    SchrittLabel.Text = std::string();
     Label15.Visible = false;
     Zustandsbild.Id = StatePicture::None;
     Command1.Enabled = true;
@@ -128,9 +130,13 @@ void F9::Uhr_Beschriften() {
 }
 
 void F9::Fortschritt() {
-    const RunState& lauf = run.link.Lauf;
-    Balken1.Value = lauf.ProgressValue;
-    Balken2.Value = lauf.SecondProgress;
+    Balken2.Value = run.link.Lauf.SecondProgress;
+    const RunProgress progress = Lauf_Fortschritt(run);
+    if (progress.Total > 0) {
+        Balken1.Maximum = progress.Endless ? 0 : progress.Total;
+        Balken1.Value = progress.Endless ? 0 : progress.Done;
+    }
+    SchrittLabel.Text = run.Gesamtende ? std::string() : Fortschritt_Text(kern, progress);
 }
 
 void F9::Status_Zeigen(int line) {
@@ -174,13 +180,17 @@ void F9::Fertig(int line) {
     }
     Zeichen_Setzen(Endzeichen(run.Bericht));
     Folge_Zeigen(run.Bericht.AllGood() ? LockData::Untouched : run.Bericht.Lock);
-    Command1.Enabled = false;
-    Command2.Enabled = true;
-    Balken1.Visible = false;
+    Schliessen_Freigeben();
+    Fortschritt();
     Balken2.Visible = false;
     StilleLabel.Visible = false;
     Stille.Stop();
     Beendet = true;
+}
+
+void F9::Schliessen_Freigeben() {
+    Command1.Enabled = false;
+    Command2.Enabled = true;
 }
 
 void F9::Zustand_Zeigen(std::uint8_t highNibble, const std::string& text) {
@@ -239,12 +249,19 @@ bool F9::Adapter_Fehlt() const {
 }
 
 void F9::Stille_Zeigen() {
+    Fortschritt(); // the time left goes on by itself
     const bool cancelled = run.Cancelled || run.link.Lauf.AbbruchWunsch != 0;
     if (Adapter_Fehlt() && !cancelled) {
+        pulled_ = true;
         StilleLabel.Visible = false;
         Text_Zeigen(Wort(kern, Word::AdapterPulled));
         Zeichen_Setzen(RunSign::Attention);
         return;
+    }
+    if (std::exchange(pulled_, false) && !cancelled) {
+        // Something was sent through the adapter that was plugged in again.
+        Status_Zeigen(0);
+        Zeichen_Setzen(RunSign::None);
     }
     const auto silence = cancelled || searchEnds_ ? 0 : Lauf_Stille(run);
     if (silence > SilenceShownAfterMs) {

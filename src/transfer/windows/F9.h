@@ -30,14 +30,15 @@ struct F9 {
     Window Fenster;
     Label NameLabel; ///< the lock's name
     Label StatusLabel;
-    Picture Zeichen;  ///< how the run ended: RunSign, none before its end
+    Picture Zeichen;  ///< RunSign: how the run ended; before its end none, unless the adapter is gone
     Label FolgeLabel; ///< below the status: what the lock now holds, where the status does not say it
     Label DatumLabel; ///< "Datum : dd.mm.yyyy", or dashes when the clock is not sent and in a list
     Label ZeitLabel;
-    Label StilleLabel; ///< how long the lock has been silent, once that is more than 5 seconds; not behind a cancel
-    Label Label15;     ///< first state report of a history
+    Label SchrittLabel; ///< percent, step and time left; empty before the first telegram and at the end
+    Label StilleLabel;  ///< how long the lock has been silent, once that is more than 5 seconds; not behind a cancel
+    Label Label15;      ///< first state report of a history
     Picture Zustandsbild;
-    ProgressBar Balken1;           ///< telegrams, up to the dataset's total
+    ProgressBar Balken1;           ///< telegrams acknowledged; a maximum of 0: nobody knows how many there will be
     ProgressBar Balken2;           ///< running indicator, 0 to 30
     std::array<CheckBox, 6> Check; ///< the lock and its five units, ticked when done
     Button Command1;               ///< cancel
@@ -50,18 +51,21 @@ struct F9 {
     void F9_Zeigen();
     /// A channel search was cancelled, and no channel has answered yet: shown with its close button live.
     void Suche_Endet();
-    /// Bars, check boxes and labels at the start of a run. The first bar's maximum is the dataset's total plus 20 when
-    /// that is above 30, else 160.
+    /// Bars, check boxes and labels at the start of a run. ProgressMaximum, where the count of telegrams begins anew,
+    /// is the dataset's total plus 20 when that is above 30, else 160; the first bar takes it until the run begins.
     void F9_Vorbereiten(int progressTotal);
     void DeviceParameterSetup();
     /// Catalogue line `line` as the status, 0: none.
     void Status_Zeigen(int line);
     /// Words from the catalogue anew.
     void Texte_Setzen();
+    /// A telegram has gone out, or time has passed.
     void Fortschritt();
     /// Finished state: status line, or with 0 the text of the run's report; sign, what the lock holds, cancel disabled,
     /// close enabled, bars stopped.
     void Fertig(int line);
+    /// Only the close button is live.
+    void Schliessen_Freigeben();
     /// First state report of a history: its text and one of five pictures.
     void Zustand_Zeigen(std::uint8_t highNibble, const std::string& text);
     /// Ticks check box 1 (the lock) to 6.
@@ -84,6 +88,7 @@ private:
     std::string statusText_; ///< in place of that line
     LockData folge_ = LockData::Untouched;
     bool searchEnds_ = false; ///< Suche_Endet, until the window is shown anew
+    bool pulled_ = false;     ///< the status says that the adapter is gone
     DateTime begin_;          ///< of the run
 };
 
