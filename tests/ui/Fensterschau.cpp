@@ -200,13 +200,16 @@ void Fensterschau::progress() {
     f9.Zustand_Zeigen(0x20, programm_->kern.Zeile(114));
     f9.Ankreuzen(1);
     programm_->Lauf.Gesamtende = true;
-    programm_->Lauf.Bericht.End = RunOutcome::Done;
-    f9.Fertig(110);
-    take(windows_->f9, "F9-finished");
     programm_->Lauf.Bericht.End = RunOutcome::Cancelled;
     programm_->Lauf.Bericht.Lock = LockData::Incomplete;
     f9.Fertig(82);
     take(windows_->f9, "F9-cancelled");
+    for (AccountItem& item : programm_->Lauf.Konto.Items) {
+        item.Is = AccountItem::State::Acknowledged;
+    }
+    programm_->Lauf.Bericht.End = RunOutcome::Done;
+    f9.Fertig(110);
+    take(windows_->f9, "F9-finished");
     f9.Fenster.Visible = false;
     programm_->F13.Fenster.Visible = false;
 }
