@@ -36,11 +36,11 @@ std::optional<int> Restzeit(const Programmierlauf& run, const RunProgress& progr
 
 /// In steps in which nobody takes it for exact.
 std::string Restzeit_Text(const Kern& kern, int seconds) {
-    constexpr int Minute = 60, Step = 5;
-    if (seconds <= Minute) {
-        return Wort(kern, Word::TimeLeftSeconds, {Ziffern((seconds + Step - 1) / Step * Step)});
+    constexpr int perMinute = 60, step = 5;
+    if (seconds <= perMinute) {
+        return Wort(kern, Word::TimeLeftSeconds, {Ziffern((seconds + step - 1) / step * step)});
     }
-    return Wort(kern, Word::TimeLeftMinutes, {Ziffern((seconds + Minute - 1) / Minute)});
+    return Wort(kern, Word::TimeLeftMinutes, {Ziffern((seconds + perMinute - 1) / perMinute)});
 }
 
 std::string Unit_Schritt(const Programmierlauf& run, const AccountItem& item) {

@@ -25,7 +25,6 @@ void keepRoom(QWidget* widget) {
 
 void bindHeading(Label& model, QLabel* widget, const QString& name) {
     bind(model, widget, name);
-    widget->setWordWrap(true);
     QFont bold = widget->font();
     bold.setBold(true);
     widget->setFont(bold);

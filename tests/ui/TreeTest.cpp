@@ -47,6 +47,7 @@ constexpr std::pair<std::string_view, QAccessible::Role> TopLevels[] = {
     {"F8", QAccessible::Dialog},
     {"F9", QAccessible::Dialog},
     {"F9-finished", QAccessible::Dialog},
+    {"F9-cancelled", QAccessible::Dialog},
     {"F11", QAccessible::Dialog},
     {"F11-month", QAccessible::Dialog},
     {"F13", QAccessible::Window},
