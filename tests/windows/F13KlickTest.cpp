@@ -120,7 +120,8 @@ TEST_F(F13_Klick, program_asks_for_the_history_with_no_as_default) {
                                        .Title = "L90",
                                        .Choice = Buttons::YesNoCancel,
                                        .Sign = Icon::Question,
-                                       .DefaultButton = 2, .About = "Schloss 1: Tor"}));
+                                       .DefaultButton = 2,
+                                       .About = "Schloss 1: Tor"}));
 }
 
 TEST_F(F13_Klick, program_with_yes_reads_the_history_first) {

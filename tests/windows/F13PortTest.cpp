@@ -28,7 +28,8 @@ struct F13_Adapter_Port : FensterFixture {
                                            .Title = "QVM 7702 SOFTWARE SYSTEM",
                                            .Choice = Buttons::Ok,
                                            .Sign = Icon::Exclamation,
-                                           .DefaultButton = 1, .About = "Schloss 1: Tor"}));
+                                           .DefaultButton = 1,
+                                           .About = "Schloss 1: Tor"}));
         EXPECT_EQ(world.Opens, 0);
         EXPECT_EQ(Mark(1), "");
         EXPECT_FALSE(programm->F11.Fenster.Visible);
