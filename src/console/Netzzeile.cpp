@@ -20,7 +20,7 @@ LockEnd Zeilenende(const Programm& program, int row, const Zeilenumstand& state)
     if (mark != ListMark::Failed) {
         return LockEnd::Done;
     }
-    if (state.Silent) {
+    if (program.F91.Verstummt()) {
         return LockEnd::Silent;
     }
     if (state.Cancelling && text == kern.Zeile(82)) {
@@ -138,10 +138,8 @@ void Netzzeile::Tick() {
         result_.End = LockEnd::Cancelled; // unless the row has begun and says it itself
         program_.F91.Command2_Click();
     } else if (Netzzeile_Stumm(program_, order_)) {
-        state_.Silent = true;
         progress_.Meldung("No answer from the network adapter; the run is given up.");
         program_.F91.Zeile_Aufgeben();
-        state_.Silent = false;
     }
 }
 

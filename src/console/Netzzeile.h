@@ -8,7 +8,6 @@ namespace qvm {
 
 /// What surrounds the end of a row of the run list, beside what the list itself knows.
 struct Zeilenumstand {
-    bool Silent = false;     ///< given up for its silence
     bool Cancelling = false; ///< the operator wants the end
 };
 

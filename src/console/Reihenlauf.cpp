@@ -98,6 +98,7 @@ bool Reihenlauf::Starten(const std::vector<int>& locks) {
         dialog.Text1_KeyPress(static_cast<unsigned char>(character));
     }
     dialog.OK_Click();
+    program_.F91.Geduld = order_.TimeoutSeconds;
     if (at_ && program_.F92.Fenster.Visible) {
         program_.F92.Tag_Waehlen({.Year = at_->Year, .Month = at_->Month, .Day = at_->Day});
         program_.F92.Zeit_Waehlen(at_->Hour, at_->Minute);
@@ -138,7 +139,6 @@ void Reihenlauf::Zeile_Beginnt(int row) {
         rowBegun_ = program_.kern.Welt.Milliseconds();
         telegramsBefore_ = telegrams_;
     }
-    state_.Silent = false;
     Ergebnis(row).Route = program_.F91.Arbeit() == F91::Work::Network ? "network" : "direct";
     Anzeigen();
 }
@@ -175,13 +175,9 @@ void Reihenlauf::Tick() {
         interrupts_ = interrupts;
         Abbrechen(state_.Cancelling);
     }
-    const bool waits = order_.TimeoutSeconds > 0 && !state_.Cancelling;
-    const bool mute = program_.F91.Arbeit() == F91::Work::Direct &&
-                      Lauf_Stille(program_.Lauf) >= std::int64_t{1000} * order_.TimeoutSeconds;
-    if (waits && (mute || Netzzeile_Stumm(program_, order_))) {
-        state_.Silent = true;
+    // A direct row the list gives up by itself.
+    if (!state_.Cancelling && Netzzeile_Stumm(program_, order_)) {
         program_.F91.Zeile_Aufgeben();
-        state_.Silent = false;
     }
     cancelSince_ = Abbruch_Wartet_Seit(program_.Lauf, cancelSince_);
     if (state_.Cancelling && (atOnce_ || now - cancelSince_ >= CancelMs) && !program_.Lauf.Gesamtende) {

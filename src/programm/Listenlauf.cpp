@@ -16,7 +16,10 @@ void Programm::Liste_Verbinden() {
         F13.Aufrufer = 0;
         F13.Fenster.Visible = false;
     };
-    F11.Liste_Starten = [this] { F91.Liste_Starten(F13.DelayedStart); };
+    F11.Liste_Starten = [this] {
+        F91.Geduld = F11.Geduld_Sekunden();
+        F91.Liste_Starten(F13.DelayedStart);
+    };
     F11.Adapter_Test = [this](const AdapterSatz& adapter) {
         Adapter_Test(Netz, {adapter.Adresse, adapter.Name});
         return Netz.NetAdapter == NetAdapterMark;

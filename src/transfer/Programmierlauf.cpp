@@ -96,13 +96,31 @@ void Lauf_Abbrechen(Programmierlauf& run) {
     }
 }
 
-void Lauf_Aufgeben(Programmierlauf& run, RunOutcome outcome) {
-    Schritt_Abbruch(run);
-    run.kern.Welt.Port.Close();
+namespace {
+
+/// Whatever the run still waits for does not come any more.
+void Warten_Beenden(Programmierlauf& run, RunOutcome outcome, std::string_view text) {
     Rufen(run.Ansicht.Wartebox_Schliessen);
     Zum_Schloss_Zurueck(run);
     run.link.Lauf.UnitModus = 0;
-    Lauf_Beenden(run, outcome, run.kern.Zeile(82));
+    Lauf_Beenden(run, outcome, text);
+}
+
+} // namespace
+
+void Lauf_Aufgeben(Programmierlauf& run, RunOutcome outcome) {
+    Schritt_Abbruch(run);
+    run.kern.Welt.Port.Close();
+    Warten_Beenden(run, outcome, run.kern.Zeile(82));
+}
+
+void Lauf_Verlassen(Programmierlauf& run, RunOutcome outcome, std::string_view text) {
+    if (run.kern.Welt.Port.IsOpen()) {
+        Abbruch_Ausfuehren(run.link);
+    } else {
+        Schritt_Abbruch(run);
+    }
+    Warten_Beenden(run, outcome, text);
 }
 
 std::string Lauf_Schloss(const Programmierlauf& run) {

@@ -21,6 +21,7 @@ F11Window::F11Window(F11& f11, QWidget* parent)
     makeCode();
     makeAdapters();
     makeCutoff();
+    makePatience();
     auto* keep = new QCheckBox(this);
     bind(f11.Check1, keep, QStringLiteral("F11.Check1"));
     content()->addWidget(keep);
@@ -117,6 +118,22 @@ void F11Window::makeAdapters() {
     row->addWidget(adapterCaption_);
     row->addWidget(adapters_, 1);
     content()->addLayout(row);
+}
+
+void F11Window::makePatience() {
+    auto* caption = new QLabel(this);
+    bind(f11_.GeduldText, caption, QStringLiteral("F11.GeduldText"));
+    auto* choice = new QComboBox(this);
+    bind(f11_.Geduld, choice, QStringLiteral("F11.Geduld"));
+    caption->setBuddy(choice);
+    auto* row = new QHBoxLayout;
+    row->addWidget(caption, 1);
+    row->addWidget(choice);
+    content()->addLayout(row);
+    watch(f11_.GeduldText.Text, caption, [this, caption, choice] {
+        caption->setText(toQt(f11_.GeduldText.Text()));
+        choice->setAccessibleName(caption->text());
+    });
 }
 
 void F11Window::makeButtons() {

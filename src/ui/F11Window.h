@@ -25,6 +25,7 @@ private:
     void makeCode();
     void makeCutoff();
     void makeAdapters();
+    void makePatience();
     void makeButtons();
     void pickDate();
     void tellCount();

@@ -293,6 +293,7 @@ TEST_F(List_Run, a_silent_lock_stands_until_it_is_given_up_and_the_list_goes_on)
     devices.Faults.push_back({.What = SimFault::Kind::Silent, .Telegram = 4});
     BeginList();
     Prog({1, 2});
+    programm->F91.Geduld = 0;
     world.RunFor(60000);
     EXPECT_EQ(RowAt(1).first, "*");
     EXPECT_EQ(programm->F91.Arbeit(), F91::Work::Direct);

@@ -16,6 +16,7 @@ namespace qvm::test {
 namespace {
 
 struct F11_Window : UiFixture {
+    int listRows = 0; ///< of the list that is begun
     std::unique_ptr<ui::F11Window> window;
 
     /// Opened from the lock window, a history wanted.
@@ -27,6 +28,7 @@ struct F11_Window : UiFixture {
             AddAdapter("00.11.22.44", "NETWORK-1 Nordhalle", "2");
         }
         programm->Lauf.link.Lauf.HistoryOnly = 1;
+        programm->Lauf.link.Lauf.RunRows = listRows;
         window = std::make_unique<ui::F11Window>(programm->F11, nullptr);
         programm->F11.F11_Laden(F11Opener::F13, "");
         Present(*window);
@@ -145,9 +147,35 @@ TEST_F(F11_Window, is_walked_with_tab_in_reading_order_and_names_every_control) 
     EXPECT_EQ(unnamedControls(window.get()), QStringList());
 }
 
+TEST_F(F11_Window, asks_for_the_patience_with_a_silent_lock_when_a_list_is_begun) {
+    listRows = 3;
+    Open("Deutsch", "SET");
+    auto* patience = Find<QComboBox>("F11.Geduld");
+    ASSERT_TRUE(patience->isVisible());
+    EXPECT_TRUE(Find<QLabel>("F11.GeduldText")->isVisible());
+    EXPECT_EQ(patience->accessibleName(), QStringLiteral("Stummes Schloss aufgeben nach"));
+    EXPECT_EQ(patience->currentText(), QStringLiteral("60 s"));
+    QTest::keyClick(patience, Qt::Key_End);
+    EXPECT_EQ(patience->currentText(), QStringLiteral("nie"));
+    EXPECT_EQ(programm->F11.Geduld_Sekunden(), 0);
+    Find<QLineEdit>("F11.Text1")->setFocus();
+    EXPECT_EQ(tabOrder(window.get()),
+              (QStringList{QStringLiteral("F11.Text1"), QStringLiteral("F11.Combo1"), QStringLiteral("F11.CutoffDate"),
+                           QStringLiteral("F11.Geduld"), QStringLiteral("F11.Check1"), QStringLiteral("F11.OK"),
+                           QStringLiteral("F11.Cancel")}));
+    EXPECT_EQ(unnamedControls(window.get()), QStringList());
+}
+
+TEST_F(F11_Window, does_not_ask_for_it_when_a_single_lock_is_begun) {
+    Open();
+    EXPECT_FALSE(Find<QComboBox>("F11.Geduld")->isVisible());
+    EXPECT_FALSE(Find<QLabel>("F11.GeduldText")->isVisible());
+}
+
 struct F11_Sprachen : F11_Window, ::testing::WithParamInterface<std::string_view> {};
 
 TEST_P(F11_Sprachen, fits_every_text) {
+    listRows = 3;
     Open(GetParam(), "SET");
     EXPECT_EQ(allTextsFit(window.get()), QStringList());
 }

@@ -280,5 +280,30 @@ INSTANTIATE_TEST_SUITE_P(
                       CodeCase{"losvzZ", {0x56, 0x78, 0x99}}, CodeCase{"+,-.:;", {0x11, 0x11, 0xAA}},
                       CodeCase{"_1_2_3", {0xA1, 0xA2, 0xA3}}, CodeCase{"#7\xE4 (8)9;:_", {0x78, 0x9A, 0xAA}}));
 
+// ---- patience with silent locks
+
+TEST_F(F11_Laden, asks_how_long_a_list_waits_for_a_silent_lock_and_offers_a_minute_first) {
+    Lauf().RunRows = 2;
+    Open();
+    EXPECT_TRUE(Dialog().Geduld.Visible);
+    EXPECT_TRUE(Dialog().GeduldText.Visible);
+    EXPECT_EQ(Dialog().GeduldText.Text(), "Stummes Schloss aufgeben nach");
+    EXPECT_THAT(Dialog().Geduld.Entries(), ElementsAre("30 s", "60 s", "120 s", "300 s", "600 s", "nie"));
+    EXPECT_EQ(Dialog().Geduld.Selected, 1);
+    EXPECT_EQ(Dialog().Geduld_Sekunden(), 60);
+    Dialog().Geduld.Selected = 5;
+    EXPECT_EQ(Dialog().Geduld_Sekunden(), 0);
+    Dialog().Geduld.Selected = -1;
+    EXPECT_EQ(Dialog().Geduld_Sekunden(), 60);
+    Open();
+    EXPECT_EQ(Dialog().Geduld.Selected, 1);
+}
+
+TEST_F(F11_Laden, does_not_ask_so_for_a_single_lock) {
+    Open();
+    EXPECT_FALSE(Dialog().Geduld.Visible);
+    EXPECT_FALSE(Dialog().GeduldText.Visible);
+}
+
 } // namespace
 } // namespace qvm::test

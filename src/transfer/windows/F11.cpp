@@ -4,6 +4,7 @@
 #include "Filter.h"
 #include "Schlosszeile.h"
 #include "Text.h"
+#include "Words.h"
 
 #include <algorithm>
 
@@ -12,6 +13,9 @@ namespace {
 
 constexpr int CutoffDays = 20;
 constexpr std::string_view NoCutoff = "-- -- . -- -- . -- --";
+/// What is offered, 0 for never, and which of them stands at first.
+constexpr std::array Patience = {30, 60, 120, 300, 600, 0};
+constexpr int UsualPatience = 1;
 constexpr std::string_view Enrollment = "ENROLLMENT1", ProgStation = "PROGSTATION";
 
 bool Beginnt(std::string_view text, std::string_view start) {
@@ -44,6 +48,7 @@ void F11::F11_Laden(F11Opener opener, const std::string& adapterName) {
     CutoffText.Enabled = fromGrid && history;
     CutoffDate.Enabled = fromGrid && history;
     Adapter_Fuellen(opener, adapterName);
+    Geduld_Anbieten();
     Fenster.Visible = true;
     Fokus.Start(500);
 }
@@ -56,6 +61,25 @@ void F11::Texte_Setzen() {
     Schloss.Text = Schlosszeile();
     CutoffText.Text = kern.Zeile(179);
     Check1.Text = kern.Zeile(268);
+    GeduldText.Text = Wort(kern, Word::SilentRow);
+    std::vector<std::string> choices;
+    for (const int seconds : Patience) {
+        choices.push_back(seconds == 0 ? Wort(kern, Word::SilentRowNever) : Ziffern(seconds) + " s");
+    }
+    Geduld.Entries = choices;
+}
+
+void F11::Geduld_Anbieten() {
+    const bool list = run.link.Lauf.RunRows > 0;
+    GeduldText.Visible = list;
+    Geduld.Visible = list;
+    Geduld.Selected = UsualPatience;
+}
+
+int F11::Geduld_Sekunden() const {
+    const int chosen = Geduld.Selected;
+    const bool offered = chosen >= 0 && chosen < static_cast<int>(Patience.size());
+    return Patience[static_cast<std::size_t>(offered ? chosen : UsualPatience)];
 }
 
 std::string F11::Schlosszeile() const {

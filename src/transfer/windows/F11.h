@@ -39,6 +39,8 @@ struct F11 {
     Label CutoffDate; ///< "dd.mm.yyyy", or dashes when no history is read
     CheckBox Check1;  ///< checked: option 0 of the erase telegram
     ListBox Combo1;   ///< adapters; hidden unless the adapter mode is on
+    Label GeduldText;
+    ListBox Geduld; ///< how long a list waits for a silent lock; hidden unless a list is begun
     Button OK, Cancel;
     Timer Fokus; ///< gives the code box the focus, 500 ms after opening
 
@@ -64,12 +66,15 @@ struct F11 {
     /// The last day that can be picked.
     Datum Letzter_Tag() const;
     int Stellen() const { return count_; }
+    /// Seconds after which a list gives up a silent lock; 0: never.
+    int Geduld_Sekunden() const;
     /// The adapter of the chosen list entry; nullptr when there is none.
     const AdapterSatz* Gewaehlter_Adapter() const;
 
 private:
     void Eingabe_Leeren();
     std::string Schlosszeile() const;
+    void Geduld_Anbieten();
     void Adapter_Fuellen(F11Opener opener, const std::string& adapterName);
     /// False, behind a message, when the adapter that was chosen is gone.
     bool Port_Bereitmachen(bool& network);

@@ -24,7 +24,7 @@ F91::F91(Programmierlauf& programmierlauf, Netzlauf& network, F9& progress, Adap
     : run(programmierlauf), netz(network), kern(programmierlauf.kern), f9(progress), Adapter(adapters),
       Filter(kern, FGK91, {F91Column::Name, F91Column::Serial}), Auswahl(FGK91, GridSelection::Unit::Rows, &Filter),
       Timer1(kern.Welt, ListTakt::StartDelay), Timer2(kern.Welt, 800), Timer3(kern.Welt, 5000), Pruefung(kern.Welt, 1),
-      Nachlauf(kern.Welt, 100), Adaptersuche(kern.Welt, 200) {
+      Nachlauf(kern.Welt, 100), Adaptersuche(kern.Welt, 200), Wache(kern.Welt, ListTakt::SilenceLook) {
     Filter.Changed = [this] { Auswahl.FilterChanged(); };
     Balken.Visible = false;
     Balken.Maximum = BarMaximum;
@@ -44,6 +44,7 @@ F91::F91(Programmierlauf& programmierlauf, Netzlauf& network, F9& progress, Adap
     Pruefung.Ticked = step(&F91::Tick_Pruefung);
     Adaptersuche.Ticked = [this] { Tick_Adaptersuche(); };
     Nachlauf.Ticked = step(&F91::Tick_Nachlauf);
+    Wache.Ticked = step(&F91::Tick_Wache);
 }
 
 void F91::Liste_Leeren() {
@@ -117,6 +118,7 @@ void F91::Liste_Starten(bool delayed) {
 void F91::Einzelnes_Schloss_Starten(const Grid& lockGrid, int gridRow, const AdapterSatz* adapter) {
     RunState& lauf = run.link.Lauf;
     Liste_Leeren();
+    Geduld = 0; // the operator is at hand
     Listenzeile_Uebernehmen(lockGrid, gridRow, 1);
     if (adapter != nullptr) {
         FGK91.SetText(1, F91Column::AdapterId, adapter->Adresse);

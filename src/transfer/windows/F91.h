@@ -81,6 +81,8 @@ struct F91 {
     Timer Pruefung;                          ///< row check, one row a tick
     Timer Nachlauf;                          ///< one shot: programming behind a network row's history
     Timer Adaptersuche;                      ///< one shot: ports came or went
+    Timer Wache;                             ///< looks at the silence of a direct row once a second
+    int Geduld = 0;                          ///< seconds of silence after which a direct row is given up; 0: never
 
     std::string ProgStep;
     bool Steht = false; ///< the present network row goes on no more by itself; the operator has to stop it
@@ -117,8 +119,11 @@ struct F91 {
     void F91_Schliessen();
     /// Stop: nothing follows. A network row is given up, a direct one still comes to its end.
     void Command2_Click();
-    /// A row that nobody answers: it fails, and the list goes on. Does nothing while no row is under way.
+    /// A row that nobody answers: it fails, and the list goes on. The session with a direct lock is closed before, as
+    /// by a cancel. Does nothing while no row is under way.
     void Zeile_Aufgeben();
+    /// True while a row is marked because nobody answered it.
+    bool Verstummt() const { return silent_; }
     /// Something of the list is still to come.
     bool Laeuft() const { return running_; }
     /// None between two rows and before the first: the port is free then.
@@ -166,6 +171,7 @@ private:
     void Tick_Timer3();
     void Tick_Pruefung();
     void Tick_Nachlauf();
+    void Tick_Wache();
     void Restzeit();
     void Naechster_Datensatz();
     void Zeilen_Pruefen(Check check);
@@ -216,6 +222,7 @@ private:
     Work work_ = Work::None;
     bool running_ = false;
     bool asking_ = false;      ///< whether to leave the list
+    bool silent_ = false;      ///< the row is being given up for its silence
     bool stopped_ = false;     ///< the row under way is the last one
     bool told_ = false;        ///< the rows' messages were shown
     bool filesAsked_ = false;  ///< the operator was asked about the files of the only row

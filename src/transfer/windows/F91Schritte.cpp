@@ -5,8 +5,6 @@
 #include "Text.h"
 #include "Words.h"
 
-#include <utility>
-
 namespace qvm {
 namespace {
 
@@ -122,6 +120,7 @@ void F91::Direkt_Beginnen(int row, bool search) {
     if (Zeile_Beginnt) {
         Zeile_Beginnt(row);
     }
+    Wache.Start();
     Lauf_Beginnen(run);
 }
 
@@ -193,26 +192,6 @@ void F91::Frist_Zeigen(int minutes) {
     } else if (hint_ == Word::NetTimeLimit) {
         Hinweis_Zeigen(adapterGone_ ? std::optional(Word::AdapterGone) : std::nullopt);
     }
-}
-
-void F91::Zeile_Aufgeben() {
-    RunState& lauf = run.link.Lauf;
-    if (work_ == Work::Direct) {
-        // The list goes on behind a run that is given up.
-        const int row = std::exchange(lauf.RunRow, 0);
-        const int rows = std::exchange(lauf.RunRows, 0);
-        const Secret<3> code = lauf.AdminCode; // forgotten with the end of a run that is in no list
-        Lauf_Aufgeben(run, RunOutcome::NotReached);
-        lauf.AdminCode = code;
-        lauf.RunRow = row;
-        lauf.RunRows = rows;
-    } else if (work_ == Work::Network) {
-        Netz_Abbrechen(netz);
-    } else {
-        return;
-    }
-    Zeile_Markieren(ListMark::Failed, kern.Zeile(66));
-    Naechste_Zeile(StepPrgNextDataset);
 }
 
 } // namespace qvm

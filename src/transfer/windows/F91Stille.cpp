@@ -1,0 +1,55 @@
+// A row that nobody answers does not hold up the rows behind it.
+
+#include "F91.h"
+
+#include <cstdint>
+#include <utility>
+
+namespace qvm {
+namespace {
+
+constexpr int LineSilent = 66, LineStopped = 82;
+
+} // namespace
+
+void F91::Tick_Wache() {
+    if (work_ != Work::Direct) {
+        Wache.Stop();
+        return;
+    }
+    if (Geduld <= 0 || Lauf_Stille(run) < std::int64_t{1000} * Geduld) {
+        return;
+    }
+    if (run.link.Lauf.AbbruchWunsch == 0) {
+        Zeile_Aufgeben();
+        return;
+    }
+    // The reply at which the cancel would have closed the session does not come. The cancel ends the list by itself.
+    Lauf_Verlassen(run, RunOutcome::Cancelled, kern.Zeile(LineStopped));
+    f9.Fertig(LineStopped);
+}
+
+void F91::Zeile_Aufgeben() {
+    if (work_ == Work::None) {
+        return;
+    }
+    silent_ = true;
+    if (work_ == Work::Network) {
+        Netz_Abbrechen(netz);
+    } else {
+        // The list goes on behind a run that is given up.
+        RunState& lauf = run.link.Lauf;
+        const int row = std::exchange(lauf.RunRow, 0);
+        const int rows = std::exchange(lauf.RunRows, 0);
+        const Secret<3> code = lauf.AdminCode; // forgotten with the end of a run that is in no list
+        Lauf_Verlassen(run, RunOutcome::NotReached, kern.Zeile(LineSilent));
+        lauf.AdminCode = code;
+        lauf.RunRow = row;
+        lauf.RunRows = rows;
+    }
+    Zeile_Markieren(ListMark::Failed, kern.Zeile(LineSilent));
+    silent_ = false;
+    Naechste_Zeile(StepPrgNextDataset);
+}
+
+} // namespace qvm
