@@ -16,6 +16,11 @@ Reihenlauf::Reihenlauf(Programm& program, const LaufAuftrag& order, const std::o
     watch_.Ticked = [this] { Tick(); };
     program_.F91.Zeile_Beginnt = [this](int row) { Zeile_Beginnt(row); };
     program_.F91.Zeile_Fertig = [this](int row) { Zeile_Fertig(row); };
+    program_.F91.Zeile_Notiz = [this](int row, const std::string& note) {
+        const std::string text = Anzeige_Aus_1252(note);
+        Ergebnis(row).Messages.push_back(text);
+        table_.Meldung(text);
+    };
     program_.F91.Hinweis.Text.Changed = [this] {
         if (const std::string& text = program_.F91.Hinweis.Text(); !text.empty()) {
             table_.Meldung(Anzeige_Aus_1252(text));
@@ -35,6 +40,7 @@ Reihenlauf::~Reihenlauf() {
     program_.kern.Welt.ShowMessage = shownBefore_;
     program_.F91.Zeile_Beginnt = {};
     program_.F91.Zeile_Fertig = {};
+    program_.F91.Zeile_Notiz = {};
     program_.F91.Hinweis.Text.Changed = {};
     program_.Adapter.Suche_Zeigen = {};
     if (program_.kern.Welt.OnPortChange) {

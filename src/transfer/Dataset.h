@@ -60,6 +60,8 @@ struct Dataset {
     // Reception setting of the lock.
     std::string UnitMode, AlwaysOn, Reserved1, SignalFlag, RssiLevel;
     int ListenSeconds = 0;
+
+    std::vector<std::string> Notes; ///< what the network variant has to say of the limits
 };
 
 /// The cells of a lock's row that the assembly looks at, as F13 or F91 show them.
@@ -74,12 +76,9 @@ struct LockRow {
     std::string SetClock;     ///< column 8
 };
 
-/// Which window asks. The network window returns a status by cause and names fingerprint users differently.
-enum class DatasetVariant {
-    Direct,
-    Network,
-    NetworkTold, ///< the same without messages, for a row whose check has shown them
-};
+/// Which window asks. The network window returns a status by cause and names fingerprint users differently. What is to
+/// be said of the limits the direct variant shows in message boxes; the network variant leaves it in Dataset::Notes.
+enum class DatasetVariant { Direct, Network };
 
 namespace DatasetStatus {
 inline constexpr int Good = 0, Stopped = 13, TooManyUsers = 92, TooManyPremium = 93, NoTemplate = 94, Other = 95;
@@ -89,7 +88,7 @@ inline constexpr int BadFiles = 96;
 
 /// Gathers the dataset of a lock from the data files, into `dataset` and into the values of link.Lauf (SerialValue,
 /// TimerMode, FlagLockTimer, FlagCalendar, FlagSetClock, PriorityCode, LockMode; EraseOption is forced to 0 by a
-/// fingerprint user). Each file is read once. Shows the messages of the limits. A missing file leaves its tables
+/// fingerprint user). Each file is read once. A missing file leaves its tables
 /// cleared.
 int Datensatz_Laden(Link& link, Dataset& dataset, const LockRow& row, DatasetVariant variant);
 

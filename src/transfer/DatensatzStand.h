@@ -24,7 +24,9 @@ struct DatasetStand {
     const Kern& Kernteil() const { return link.kern; }
     bool Netzfenster() const { return variant != DatasetVariant::Direct; }
     void Melden(std::string_view text, Icon sign = Icon::None) const {
-        if (variant != DatasetVariant::NetworkTold) {
+        if (Netzfenster()) {
+            dataset.Notes.emplace_back(text);
+        } else {
             Meldung_Zu(Kernteil(), Schloss_Zeile(Kernteil(), row.Number, row.Name), text, Buttons::Ok, sign);
         }
     }

@@ -2,6 +2,7 @@
 // own.
 
 #include "NetzlaufFixture.h"
+#include "Text.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -177,9 +178,10 @@ struct Big_List : NetzlaufFixture {
 
 TEST_F(Big_List, ends_with_the_content_or_the_failure_of_each_lock) {
     Start();
-    world.Answers.push_back({.Text = "L248"});
-    world.Answers.push_back({.Text = "L273"});
-    world.Answers.push_back({.Text = "User 250_0250_FPFehler bei der zuweisung der Fingerprint Daten. "});
+    world.Answers.push_back(
+        {.Text = std::string(u8"Hinweise aus der Prüfung der Liste:\r\n\r\nZeile 50 Door 50: L248\r\n"
+                             u8"Zeile 120 Door 120: L273  /  User 250_0250_FPFehler bei der zuweisung der "
+                             u8"Fingerprint Daten."_w)});
     Prog(All());
     ASSERT_TRUE(Work());
     for (int lock = 1; lock <= Locks; ++lock) {

@@ -1,6 +1,7 @@
 // A list of locks is worked off, one after the other, over the virtual system.
 
 #include "ListenFixture.h"
+#include "Text.h"
 
 #include <set>
 
@@ -148,8 +149,9 @@ TEST_F(List_Run, rows_with_a_bad_dataset_are_passed_over) {
     files.User(2, {.Name = "Bert", .Label = "Slot_Nr: 002", .FingerFlag = "FS", .FingerId = "7", .Marks = {{2, 'F'}}});
     BeginList();
     // Shown by the check alone, not when the row is worked off.
-    Expect(273);
-    world.Answers.push_back({.Text = "Bert_0002_FP    Fehler bei der zuweisung der Fingerprint Daten. "});
+    world.Answers.push_back(
+        {.Text = std::string(u8"Hinweise aus der Prüfung der Liste:\r\n\r\nZeile 2 Keller: L273  /  "
+                             u8"Bert_0002_FP Fehler bei der zuweisung der Fingerprint Daten."_w)});
     Prog({1, 2, 3});
     std::vector<Row> checked;
     programm->F91.Zeile_Beginnt = [&](int) { checked = AllRows(); };
@@ -176,7 +178,8 @@ TEST_F(List_Run, with_no_row_left_behind_the_last_programmed_one_a_box_says_so) 
 TEST_F(List_Run, an_erase_option_forced_by_a_finger_holds_for_its_row_alone) {
     files.User(2, {.Name = "Bert", .Label = "Slot_Nr: 002", .FingerFlag = "--", .Marks = {{2, 'F'}}});
     BeginList();
-    Expect(273);
+    world.Answers.push_back(
+        {.Text = std::string(u8"Hinweise aus der Prüfung der Liste:\r\n\r\nZeile 2 Keller: L273"_w)});
     for (const int lock : {1, 2, 3}) {
         programm->F13.FGK13.SetText(lock, F13Column::Mark, "X");
     }

@@ -64,8 +64,7 @@ INSTANTIATE_TEST_SUITE_P(All, Net_Run_With_Users,
 /// Two locks of one class with the same data: one goes through the network adapter, the other directly.
 struct Twins {
     std::string_view Name, Network, Direct;
-    bool Parts;           ///< timer tables of the long form
-    std::size_t Messages; ///< that the check of each row shows
+    bool Parts; ///< timer tables of the long form
 };
 void PrintTo(const Twins& twins, std::ostream* out) {
     *out << twins.Name;
@@ -125,7 +124,7 @@ TEST_P(Net_Run_Of_Twins, both_locks_hold_the_same) {
     Fill(2);
     Fill_Shared();
     BeginNet({1});
-    world.Answers.assign(2 * twins.Messages, {.Text = "*"});
+    world.Answers.push_back({.Text = "*"}); // the notes of the row check
     Prog({1, 2});
     ASSERT_TRUE(Work());
     EXPECT_EQ(RowAt(1), NetProgrammed);
@@ -168,10 +167,10 @@ TEST_P(Net_Run_Of_Twins, both_locks_hold_the_same) {
 }
 
 INSTANTIATE_TEST_SUITE_P(All, Net_Run_Of_Twins,
-                         ::testing::Values(Twins{"short tables", "00.0A.10.01", "00.0A.10.02", false, 2},
-                                           Twins{"long tables", "01.20.00.01", "01.20.00.02", true, 1},
-                                           Twins{"background erase", "01.C0.01.00", "01.C0.01.01", true, 1},
-                                           Twins{"yearly days as single ones", "0C.00.00.01", "0C.00.00.02", false, 1}),
+                         ::testing::Values(Twins{"short tables", "00.0A.10.01", "00.0A.10.02", false},
+                                           Twins{"long tables", "01.20.00.01", "01.20.00.02", true},
+                                           Twins{"background erase", "01.C0.01.00", "01.C0.01.01", true},
+                                           Twins{"yearly days as single ones", "0C.00.00.01", "0C.00.00.02", false}),
                          [](const auto& twins) {
                              std::string name{twins.param.Name};
                              std::replace(name.begin(), name.end(), ' ', '_');

@@ -94,8 +94,8 @@ TEST_F(Datensatz_Benutzer, one_user_more_than_the_lock_holds_stops_with_a_messag
     EXPECT_EQ(dataset.Slots.size(), 47U);
     ASSERT_EQ(pc.Shown.size(), 1U);
     EXPECT_EQ(pc.Shown[0], (Message{.Text = "too many users", .Title = "QVM 7702 SOFTWARE SYSTEM"}));
-    Expect("too many users");
     EXPECT_EQ(Load(DatasetVariant::Network), 92);
+    EXPECT_THAT(dataset.Notes, ElementsAre("too many users"));
 }
 
 TEST_F(Datensatz_Benutzer, fingers_count_towards_the_same_limit_and_the_refused_one_does_not_warn) {

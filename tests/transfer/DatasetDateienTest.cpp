@@ -60,13 +60,9 @@ TEST_F(Datensatz_Dateien, each_read_that_fails_ends_the_assembly_without_a_run) 
     for (int n = 1; n <= 10; ++n) {
         pc.Disk.Operations = 0;
         pc.Disk.FailAt = n;
-        pc.Answers.clear();
         // The store of templates is the sixth file and read at the first finger.
-        if (n >= 6) {
-            Expect("mind the adapter");
-        }
         EXPECT_EQ(Load(DatasetVariant::Network), 95) << "read " << n;
-        EXPECT_TRUE(pc.Answers.empty()) << "read " << n;
+        EXPECT_EQ(dataset.Notes.size(), n >= 6 ? 1U : 0U) << "read " << n;
         pc.Disk.Operations = 0;
         pc.Answers.clear();
         pc.Disk.FailAt = n;

@@ -64,8 +64,8 @@ TEST_F(Datensatz_Finger, a_short_name_is_padded_and_a_long_one_cut_at_nine) {
 TEST_F(Datensatz_Finger, the_network_variant_puts_a_zero_before_the_number_and_cuts_at_sixteen) {
     files.AddUser(1, {.Name = "Bob", .Mark = 'F', .Label = "Slot_Nr: 012"});
     files.AddUser(2, {.Name = "Maximilian Huber", .Mark = 'F', .Label = "Slot_Nr: 250"});
-    Expect("mind the adapter");
     ASSERT_EQ(Load(DatasetVariant::Network), 0);
+    EXPECT_THAT(dataset.Notes, ElementsAre("mind the adapter"));
     EXPECT_EQ(dataset.Slots.at(0).Name, "Bob_0012_FP     ");
     EXPECT_EQ(dataset.Slots.at(1).Name, "Maximilia_0250_F");
 }
@@ -167,9 +167,9 @@ TEST_F(Datensatz_Finger, a_missing_template_stops_with_the_slots_name) {
     EXPECT_EQ(Load(), 13);
     EXPECT_EQ(pc.Shown.at(1).Sign, Icon::None);
     EXPECT_EQ(dataset.Slots.size(), 1U);
-    Expect("mind the adapter");
-    Expect(u8"Jürgen_0007_FP  Fehler bei der zuweisung der Fingerprint Daten. "_w);
     EXPECT_EQ(Load(DatasetVariant::Network), 94);
+    EXPECT_THAT(dataset.Notes, ElementsAre("mind the adapter",
+                                           u8"Jürgen_0007_FP  Fehler bei der zuweisung der Fingerprint Daten. "_w));
 }
 
 TEST_F(Datensatz_Finger, an_identifier_without_digits_matches_nothing) {
@@ -204,9 +204,8 @@ TEST_F(Datensatz_Finger, forty_premium_fingers_are_taken_and_the_next_stops) {
     Expect("too many premium fingers");
     EXPECT_EQ(Load(), 13);
     EXPECT_EQ(dataset.FingerCount, 41);
-    Expect("mind the adapter");
-    Expect("too many premium fingers");
     EXPECT_EQ(Load(DatasetVariant::Network), 93);
+    EXPECT_THAT(dataset.Notes, ElementsAre("mind the adapter", "too many premium fingers"));
 }
 
 TEST_F(Datensatz_Finger, a_premium_identifier_of_another_type_does_not_count_as_premium) {

@@ -24,7 +24,8 @@ F91::F91(Programmierlauf& programmierlauf, Netzlauf& network, F9& progress, Adap
     : run(programmierlauf), netz(network), kern(programmierlauf.kern), f9(progress), Adapter(adapters),
       Filter(kern, FGK91, {F91Column::Name, F91Column::Serial}), Auswahl(FGK91, GridSelection::Unit::Rows, &Filter),
       Timer1(kern.Welt, ListTakt::StartDelay), Timer2(kern.Welt, 800), Timer3(kern.Welt, 5000), Pruefung(kern.Welt, 1),
-      Nachlauf(kern.Welt, 100), Adaptersuche(kern.Welt, 200), Wache(kern.Welt, ListTakt::SilenceLook) {
+      Nachlauf(kern.Welt, 100), Adaptersuche(kern.Welt, 200), Notizbox(kern.Welt, 1),
+      Wache(kern.Welt, ListTakt::SilenceLook) {
     Filter.Changed = [this] { Auswahl.FilterChanged(); };
     Balken.Visible = false;
     Balken.Maximum = BarMaximum;
@@ -45,10 +46,13 @@ F91::F91(Programmierlauf& programmierlauf, Netzlauf& network, F9& progress, Adap
     Adaptersuche.Ticked = [this] { Tick_Adaptersuche(); };
     Nachlauf.Ticked = step(&F91::Tick_Nachlauf);
     Wache.Ticked = step(&F91::Tick_Wache);
+    Notizbox.Ticked = [this] { Tick_Notizbox(); };
 }
 
 void F91::Liste_Leeren() {
     Timer3.Stop();
+    Notizbox.Stop();
+    notes_.clear();
     FGK91.Resize(1, F91Column::Count);
     checkTexts_.clear();
     badFiles_.clear();

@@ -17,6 +17,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace qvm {
@@ -81,6 +82,7 @@ struct F91 {
     Timer Pruefung;                          ///< row check, one row a tick
     Timer Nachlauf;                          ///< one shot: programming behind a network row's history
     Timer Adaptersuche;                      ///< one shot: ports came or went
+    Timer Notizbox;                          ///< one shot: what the row check has noted
     Timer Wache;                             ///< looks at the silence of a direct row once a second
     int Geduld = 0;                          ///< seconds of silence after which a direct row is given up; 0: never
 
@@ -91,7 +93,9 @@ struct F91 {
     std::function<void()> Schlossgitter_Schliessen; ///< F13 leaves the screen
     std::function<void()> F92_Zeigen;               ///< asks for the time of a delayed start
     std::function<void()> F92_Schliessen;
-    std::function<void(int row)> Zeile_Zeigen;  ///< the view scrolls to this row
+    std::function<void(int row)> Zeile_Zeigen; ///< the view scrolls to this row
+    /// The row check has something to say of a row. When it is filled there is no box at the end of the check.
+    std::function<void(int row, const std::string& note)> Zeile_Notiz;
     std::function<void(int row)> Zeile_Fertig;  ///< a row has its final mark
     std::function<void(int row)> Zeile_Beginnt; ///< the session with this row's lock begins
 
@@ -172,6 +176,11 @@ private:
     void Tick_Pruefung();
     void Tick_Nachlauf();
     void Tick_Wache();
+    void Tick_Notizbox();
+    /// The notes of the row that was just loaded, as one line.
+    std::string Notizen_Sammeln(int row);
+    /// Has the notes of the check shown, once. True when there are some: the box has to come before what follows.
+    bool Notizen_Melden();
     void Restzeit();
     void Naechster_Datensatz();
     void Zeilen_Pruefen(Check check);
@@ -224,7 +233,7 @@ private:
     bool asking_ = false;      ///< whether to leave the list
     bool silent_ = false;      ///< the row is being given up for its silence
     bool stopped_ = false;     ///< the row under way is the last one
-    bool told_ = false;        ///< the rows' messages were shown
+    bool told_ = false;        ///< the rows' notes were shown
     bool filesAsked_ = false;  ///< the operator was asked about the files of the only row
     bool waitChecked_ = false; ///< the row check of a delayed start was begun
     Check check_ = Check::BeforeStart;
@@ -237,9 +246,10 @@ private:
     std::string hintPlace_;
     std::uint8_t eraseOption_ = 0; ///< as the start dialog has it; a row's assembly may force it to 0 for that row
     std::optional<DateTime> start_;
-    std::vector<std::string> checkTexts_; ///< by row
-    std::set<int> badFiles_;              ///< rows whose check found a file that is not to be relied on
-    std::string fileText_;                ///< what was wrong with the files of the row that was loaded last
+    std::vector<std::string> checkTexts_;            ///< by row
+    std::vector<std::pair<int, std::string>> notes_; ///< rows of the check, and what is to be said of them
+    std::set<int> badFiles_;                         ///< rows whose check found a file that is not to be relied on
+    std::string fileText_;                           ///< what was wrong with the files of the row that was loaded last
     std::vector<int> unfinished_;
 };
 

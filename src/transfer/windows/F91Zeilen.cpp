@@ -37,21 +37,19 @@ void F91::Zeilen_Pruefen(Check check) {
 
 void F91::Tick_Pruefung() {
     if (checkRow_ > 0 && checkRow_ <= run.link.Lauf.RunRows) {
-        // A message of the row lets events in: the list may have been stopped meanwhile.
         Zeile_Pruefen(checkRow_);
-        checkRow_ += checkRow_ > 0 ? 1 : 0;
+        ++checkRow_;
         return;
     }
     Pruefung.Stop();
     if (checkRow_ == 0) {
         return;
     }
-    if (Adapter.SucheLaeuft) {
+    if (Adapter.SucheLaeuft || Notizen_Melden()) {
         Pruefung.Start(ListTakt::SearchPoll);
         return;
     }
     checkRow_ = 0;
-    told_ = true;
     StatusLabel.ForeColor = Black;
     Status_Zeigen(0, 0);
     if (check_ == Check::BeforeStart) {
@@ -72,16 +70,14 @@ void F91::Zeile_Pruefen(int row) {
         Zeile_Zeigen(row);
     }
     const int status = Zeile_Laden(row);
-    if (!running_) {
-        return;
-    }
     const std::string text = Statustext(status);
     checkTexts_[static_cast<std::size_t>(row)] = text;
     if (status == DatasetStatus::BadFiles) {
         badFiles_.insert(row);
     }
     FGK91.SetText(row, F91Column::Mark, status == DatasetStatus::Good ? ListMark::Waiting : ListMark::PassedOver);
-    FGK91.SetText(row, F91Column::StateText, text);
+    const std::string notes = Notizen_Sammeln(row);
+    FGK91.SetText(row, F91Column::StateText, notes.empty() ? text : text + "  /  " + notes);
 }
 
 std::string F91::Statustext(int status) const {
@@ -99,6 +95,7 @@ int F91::Zeile_Laden(int row) {
     lauf.RunRows = runRows;
     lauf.HistoryOnly = mode == OnlyHistory ? 1 : 0;
     lauf.EraseOption = eraseOption_;
+    run.Daten.Notes.clear();
 
     const LockRow data = Zeilendaten(row);
     run.LockNumber = data.Number;
@@ -111,8 +108,7 @@ int F91::Zeile_Laden(int row) {
             return DatasetStatus::BadFiles;
         }
     }
-    const int status =
-        Datensatz_Laden(run.link, run.Daten, data, told_ ? DatasetVariant::NetworkTold : DatasetVariant::Network);
+    const int status = Datensatz_Laden(run.link, run.Daten, data, DatasetVariant::Network);
     if (status != DatasetStatus::Good) {
         return status;
     }

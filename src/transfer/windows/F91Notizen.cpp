@@ -1,0 +1,68 @@
+// What the row check has to say of the rows: beside their state, and in one box for all of them.
+
+#include "F91.h"
+#include "Text.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace qvm {
+namespace {
+
+/// More would not fit on a small screen.
+constexpr std::size_t MostNoteLines = 12;
+
+/// A message's text on one line.
+std::string Einzeilig(std::string_view text) {
+    std::string line;
+    for (const char character : text) {
+        const bool blank = static_cast<unsigned char>(character) <= ' ';
+        if (!blank) {
+            line += character;
+        } else if (!line.empty() && line.back() != ' ') {
+            line += ' ';
+        }
+    }
+    return std::string(Trim(line));
+}
+
+} // namespace
+
+std::string F91::Notizen_Sammeln(int row) {
+    std::string joined;
+    for (const std::string& note : run.Daten.Notes) {
+        joined += (joined.empty() ? "" : "  /  ") + Einzeilig(note);
+        if (!told_ && Zeile_Notiz) {
+            Zeile_Notiz(row, note);
+        }
+    }
+    if (!joined.empty() && !told_) {
+        notes_.emplace_back(row, joined);
+    }
+    return joined;
+}
+
+bool F91::Notizen_Melden() {
+    if (std::exchange(told_, true) || notes_.empty() || Zeile_Notiz) {
+        return false;
+    }
+    // Of a turn of its own: the list goes on while the box is open.
+    Notizbox.Start(1);
+    return true;
+}
+
+void F91::Tick_Notizbox() {
+    Notizbox.Stop();
+    std::string text = Wort(kern, Word::CheckNotes) + "\r\n";
+    const std::size_t shown = std::min(notes_.size(), MostNoteLines);
+    for (std::size_t n = 0; n < shown; ++n) {
+        const auto& [row, note] = notes_[n];
+        text += "\r\n" + Wort(kern, Word::CheckNoteRow, {Ziffern(row), FGK91.Text(row, F91Column::Name), note});
+    }
+    if (shown < notes_.size()) {
+        text += "\r\n\r\n" + Wort(kern, Word::CheckNotesMore, {Ziffern(notes_.size() - shown)});
+    }
+    kern.Meldung(text, Buttons::Ok, Icon::Information);
+}
+
+} // namespace qvm
