@@ -16,6 +16,12 @@ if(QVM_SANITIZE)
   target_link_options(qvm_flags INTERFACE -fsanitize=${QVM_SANITIZE})
 endif()
 
+# Debug builds link dozens of programs, the sanitized ones large, and GNU ld takes ten times as long.
+find_program(QVM_LLD ld.lld)
+if(QVM_LLD AND CMAKE_BUILD_TYPE STREQUAL "Debug")
+  target_link_options(qvm_flags INTERFACE -fuse-ld=lld)
+endif()
+
 # Not where Qt's tools generate code, which has names of its own taste.
 target_compile_options(qvm_flags INTERFACE
   $<$<AND:$<CXX_COMPILER_ID:Clang>,$<NOT:$<BOOL:$<TARGET_PROPERTY:AUTOMOC>>>>:-Wreserved-identifier>)
