@@ -1,5 +1,6 @@
 // Every text of every window against its ground, under the colours of real desktops.
 
+#include "Bind.h"
 #include "ClearStyle.h"
 #include "Fensterschau.h"
 #include "GridView.h"
@@ -31,8 +32,8 @@ struct Painted_Contrast : UiFixture, ::testing::WithParamInterface<DesktopPalett
         QApplication::setStyle(QStringLiteral("Fusion"));
     }
 
-    /// What the guidelines ask of this text: a control that cannot be used is less, as is a sign in a colour of its
-    /// own that a cell holds instead of a text.
+    /// What the guidelines ask of this text: of a control that cannot be used now it is less, as is a sign in a colour
+    /// of its own that a cell holds instead of a text.
     static double Enough(QWidget& window, const PaintedText& text) {
         const QPoint middle = text.Where.center();
         if (auto* menu = qobject_cast<QMenu*>(&window)) {
@@ -52,7 +53,7 @@ struct Painted_Contrast : UiFixture, ::testing::WithParamInterface<DesktopPalett
         }
         const bool otherDay = widget->parentWidget()->objectName() == QLatin1String("qt_calendar_calendarview") &&
                               text.Ink.rgb() == widget->palette().color(QPalette::Disabled, QPalette::Text).rgb();
-        return widget->isEnabled() && !otherDay ? EnoughForText : EnoughForDisabled;
+        return widget->isEnabled() && !ui::isWaiting(widget) && !otherDay ? EnoughForText : EnoughForDisabled;
     }
 
     void Check(QWidget& window, const char* name) {
