@@ -36,7 +36,9 @@ public:
         }
         window_->show();
         window_->raise();
-        window_->activateWindow();
+        if (!window_->testAttribute(Qt::WA_ShowWithoutActivating)) {
+            window_->activateWindow();
+        }
     }
 
     void showEnabled() {

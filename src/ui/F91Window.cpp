@@ -28,7 +28,7 @@ F91Window::F91Window(F91& f91, QWidget* parent)
     setLeastSize(520, 340);
     grid_->setFocus();
     // Escape leaves a list; it does not stop one whose row is under way.
-    finish({.onClose = [this] { leave(); }, .onEscape = [this] { f91_.Command1_Click(); }});
+    finish({.onClose = [this] { leave(); }, .onEscape = [this] { f91_.Escape(); }});
 }
 
 F91Window::~F91Window() {
@@ -76,6 +76,10 @@ void F91Window::makeState() {
     status->setFont(bold);
     status->setMinimumHeight(status->fontMetrics().lineSpacing() + 2);
     keepRoom(status);
+    auto* progress = new QLabel(this);
+    bind(f91_.StandLabel, progress, QStringLiteral("F91.StandLabel"));
+    progress->setWordWrap(true);
+    keepRoom(progress);
     auto* hint = new QLabel(this);
     bind(f91_.Hinweis, hint, QStringLiteral("F91.Hinweis"));
     hint->setWordWrap(true);
@@ -85,6 +89,7 @@ void F91Window::makeState() {
     bar_->setTextVisible(false);
     keepRoom(bar_);
     content()->addWidget(status);
+    content()->addWidget(progress);
     content()->addWidget(hint);
     content()->addWidget(bar_);
     auto* times = new QHBoxLayout;

@@ -30,6 +30,14 @@ F9Window::F9Window(F9& f9, QWidget* parent)
     content()->addStretch();
     makeButtons();
     setLeastSize(500);
+    // In a list the list's window has the keyboard, at every row. No window manager gives it to a window that takes
+    // none.
+    watch(f9_.InListe, this, [this] {
+        setAttribute(Qt::WA_ShowWithoutActivating, f9_.InListe);
+        if (windowFlags().testFlag(Qt::WindowDoesNotAcceptFocus) != f9_.InListe()) {
+            setWindowFlag(Qt::WindowDoesNotAcceptFocus, f9_.InListe);
+        }
+    });
     // A run under way is cancelled first; the window stays until the run has ended.
     const auto leave = [this] { f9_.Command2.Enabled ? f9_.Command2_Click() : f9_.Command1_Click(); };
     finish({.onClose = leave, .onEscape = leave});

@@ -73,7 +73,18 @@ public:
     }
 };
 
-/// Lets a window belong to the run list while that is open, else to the window that it was made for.
+/// Where a window of this size stands beside another one: to its right, else to its left, else at the right edge of the
+/// screen, where it covers neither names nor buttons.
+QPoint beside(const QRect& other, const QSize& size, const QRect& room) {
+    const int right = room.right() + 1 - size.width();
+    const int left = other.left() - size.width();
+    const int x = other.right() + 1 <= right ? other.right() + 1 : left >= room.left() ? left : right;
+    const int y = other.center().y() - size.height() / 2;
+    return {std::max(room.left(), x), std::max(room.top(), std::min(y, room.bottom() + 1 - size.height()))};
+}
+
+/// Lets a window belong to the run list while that is open, and stand beside it; else to the window that it was made
+/// for.
 class ListOwner : public QObject {
 public:
     ListOwner(QWidget* window, QWidget* list) : QObject(window), window_(window), list_(list) {
@@ -83,6 +94,10 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (event->type() == QEvent::Show && !event->spontaneous() && window_->windowHandle() != nullptr) {
             const QWidget* owner = list_->isVisible() ? list_ : window_->parentWidget();
+            if (owner == list_) {
+                window_->move(beside(list_->frameGeometry(), window_->frameGeometry().size(),
+                                     list_->screen()->availableGeometry()));
+            }
             window_->windowHandle()->setTransientParent(owner != nullptr ? owner->windowHandle() : nullptr);
         }
         return QObject::eventFilter(watched, event);

@@ -231,6 +231,30 @@ class Desktop(unittest.TestCase):
         self.assertIsNotNone(self.program.find(LABEL, "Operation cancelled"))
         self.leave_lock_window()
 
+    def test_a_list_keeps_the_keyboard_at_every_row(self):
+        self.open_locks()
+        for row in (1, 2):
+            click_at(*middle(self.cell(row, MARK_COLUMN)))
+        self.wait_for_marks([1, 2])
+        self.program.press("Program marked locks")
+        for question in (r"Read the history before programming\?", r"Start the operation at a later time\?"):
+            self.program.wait(LABEL, question)
+            self.program.press("No")
+        click_at(*middle(self.program.wait(PASSWORD, "Administrator code")))
+        typed(CODE)
+        self.program.press("OK")
+        seen = set()
+
+        def ended():
+            for place in ("Lock 1 of 2", "Lock 2 of 2"):
+                if self.program.find(LABEL, place + " .*") is not None:
+                    self.assertEqual(self.program.focused_name(), "List of locks")
+                    seen.add(place)
+            return self.program.find(LABEL, "2 done, 0 failed or passed over")
+        wait_for("both locks are done", ended)
+        self.assertIn("Lock 2 of 2", seen)  # the first one may be too quick to be seen
+        self.assertEqual(self.program.focused_name(), "List of locks")
+
     def test_asks_before_marks_are_lost_and_goes_back_at_escape(self):
         self.open_locks()
         key("Down", "space")

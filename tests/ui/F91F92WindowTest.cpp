@@ -2,6 +2,7 @@
 
 #include "F91Window.h"
 #include "F92Window.h"
+#include "F9Window.h"
 #include "GridView.h"
 #include "MonthView.h"
 #include "Theme.h"
@@ -121,6 +122,46 @@ TEST_F(F91_Window, a_failed_row_is_told_by_sign_and_colour_that_can_be_read_in_l
     for (const QPalette& palette : {QPalette(Qt::white), dark}) {
         EXPECT_EQ(ui::cellBackground(F91::FailedColour, true, palette), QColor(0xFF, 0xC0, 0xC0));
         EXPECT_EQ(ui::cellForeground(Black, F91::FailedColour, palette), QColor(Qt::black));
+    }
+}
+
+TEST_F(F91_Window, has_a_progress_window_at_every_row_that_takes_no_keyboard) {
+    Open();
+    const auto progress = std::make_unique<ui::F9Window>(programm->F9, nullptr);
+    for (int row = 1; row <= 2; ++row) {
+        ASSERT_TRUE(world.RunUntil([&] { return programm->F91.Arbeit() != F91::Work::None; }));
+        Settle();
+        EXPECT_TRUE(progress->isVisible());
+        EXPECT_TRUE(progress->windowFlags().testFlag(Qt::WindowDoesNotAcceptFocus));
+        EXPECT_TRUE(progress->testAttribute(Qt::WA_ShowWithoutActivating));
+        programm->F91.Zeile_Aufgeben();
+    }
+    programm->F91.F91_Schliessen();
+    // A single lock's window has the keyboard again.
+    programm->F9.F9_Vorbereiten(140);
+    programm->F9.F9_Zeigen();
+    Settle();
+    EXPECT_TRUE(progress->isVisible());
+    EXPECT_FALSE(progress->windowFlags().testFlag(Qt::WindowDoesNotAcceptFocus));
+    EXPECT_FALSE(progress->testAttribute(Qt::WA_ShowWithoutActivating));
+    programm->F9.Stille.Stop();
+}
+
+TEST_F(F91_Window, shows_how_far_the_list_is_and_the_row_under_way_in_light_and_dark) {
+    Open("English");
+    ASSERT_TRUE(world.RunUntil([this] { return programm->F91.Arbeit() != F91::Work::None; }));
+    Settle();
+    EXPECT_EQ(Find<QLabel>("F91.StandLabel")->text(), QStringLiteral("Lock 1 of 40   0 done, 0 failed or passed over"));
+    const QModelIndex name = grid->gridModel().index(0, F91Column::Name);
+    EXPECT_EQ(programm->F91.FGK91.At(1, F91Column::Name).BackColor, F91::UnderWayColour);
+    QPalette dark;
+    dark.setColor(QPalette::Base, QColor(0x20, 0x20, 0x20));
+    dark.setColor(QPalette::Text, QColor(Qt::white));
+    for (const QPalette& palette : {QPalette(Qt::white), dark}) {
+        const QColor ground = ui::cellBackground(F91::UnderWayColour, false, palette);
+        const QColor ink = ui::cellForeground(Black, F91::UnderWayColour, palette);
+        EXPECT_NE(ground, palette.color(QPalette::Base));
+        EXPECT_GT(std::abs(ground.lightness() - ink.lightness()), 120) << name.data().toString().toStdString();
     }
 }
 

@@ -104,14 +104,16 @@ TEST_F(F91_Fenster, says_in_red_that_the_rows_are_checked) {
     EXPECT_EQ(List().StatusLabel.ForeColor, Black);
 }
 
-TEST_F(F91_Fenster, a_direct_row_shows_the_progress_window_without_date_and_time) {
+TEST_F(F91_Fenster, a_direct_row_shows_the_progress_window_with_the_date_and_time_that_the_lock_gets) {
     Open({1});
     world.RunFor(2000);
     EXPECT_EQ(List().Arbeit(), F91::Work::Direct);
     EXPECT_TRUE(programm->F9.Fenster.Visible);
     EXPECT_EQ(programm->F9.Fenster.Title(), "Tor");
-    EXPECT_EQ(programm->F9.DatumLabel.Text(), "L55 : --.--.----");
-    EXPECT_EQ(Lauf().FlagSetClock, 1); // and the lock gets both all the same
+    EXPECT_EQ(programm->F9.DatumLabel.Text(), "L55 : 05.03.2026");
+    EXPECT_EQ(programm->F9.ZeitLabel.Text(), "L56 : 10:30:01");
+    EXPECT_TRUE(programm->F9.InListe);
+    EXPECT_EQ(Lauf().FlagSetClock, 1);
     EXPECT_EQ(Lauf().KanalSuche, 1);
     EXPECT_EQ(programm->link.TargetChannel, 3);
     EXPECT_THAT(SentCodes(), ElementsAre(0x04));
@@ -377,6 +379,78 @@ TEST_F(F91_Fenster, a_stop_while_the_rows_are_checked_ends_the_list) {
     EXPECT_EQ(List().StatusLabel.Text(), "L82");
     EXPECT_EQ(Mark(2), "");
     EXPECT_THAT(world.Written, IsEmpty());
+}
+
+TEST_F(F91_Fenster, the_row_under_way_is_highlighted_and_no_other) {
+    Open({1, 2, 7});
+    const auto colours = [this](int column) {
+        std::vector<Colour> all;
+        for (int row = 1; row < List().FGK91.Rows(); ++row) {
+            all.push_back(List().FGK91.At(row, column).BackColor);
+        }
+        return all;
+    };
+    const Colour blue = 0xFFE0C8;
+    EXPECT_THAT(colours(F91Column::Name), ElementsAre(White, White, White));
+    world.RunFor(1100);
+    EXPECT_EQ(List().Arbeit(), F91::Work::Direct);
+    for (const int column : {F91Column::Number, F91Column::Name, F91Column::Serial}) {
+        EXPECT_THAT(colours(column), ElementsAre(blue, White, White));
+    }
+    List().Zeile_Aufgeben();
+    EXPECT_THAT(colours(F91Column::Name), ElementsAre(White, White, White));
+    world.RunFor(3100);
+    EXPECT_THAT(colours(F91Column::Name), ElementsAre(White, blue, White));
+    List().Stoppen();
+    EXPECT_THAT(colours(F91Column::Name), ElementsAre(White, White, White));
+}
+
+TEST_F(F91_Fenster, says_how_far_the_list_is_and_how_long_it_may_still_take) {
+    Open({1, 2, 7});
+    EXPECT_EQ(List().StandLabel.Text(), "");
+    world.RunFor(1100);
+    EXPECT_EQ(List().StandLabel.Text(), u8"Schloss 1 von 3   0 erledigt, 0 gescheitert oder übergangen"_w);
+    // 37 s for the first row and 3 s behind it; two such rows are to come.
+    world.RunFor(37000);
+    List().Zeile_Markieren(">>", "L266");
+    List().Naechste_Zeile("PrgNextDataset");
+    EXPECT_EQ(List().StandLabel.Text(), u8"1 erledigt, 0 gescheitert oder übergangen   noch etwa 2 min"_w);
+    world.RunFor(3100);
+    EXPECT_EQ(List().StandLabel.Text(),
+              u8"Schloss 2 von 3   1 erledigt, 0 gescheitert oder übergangen   noch etwa 2 min"_w);
+    List().Zeile_Aufgeben();
+    world.RunFor(3100);
+    EXPECT_EQ(List().StandLabel.Text(),
+              u8"Schloss 3 von 3   1 erledigt, 1 gescheitert oder übergangen   noch etwa 1 min"_w);
+    List().Zeile_Markieren(">>", "L266");
+    List().Naechste_Zeile("PrgNextDataset");
+    EXPECT_EQ(List().StandLabel.Text(), u8"2 erledigt, 1 gescheitert oder übergangen"_w);
+}
+
+TEST_F(F91_Fenster, a_history_that_is_not_the_end_of_its_row_counts_as_open) {
+    Open({1, 2}, Answer::Yes);
+    world.RunFor(1100);
+    List().Zeile_Markieren("<<", "L263");
+    List().Texte_Setzen();
+    EXPECT_EQ(List().StandLabel.Text(), u8"Schloss 1 von 2   0 erledigt, 0 gescheitert oder übergangen"_w);
+}
+
+TEST_F(F91_Fenster, escape_cancels_the_lock_that_a_stopped_list_waits_for_and_nothing_before) {
+    Open({1, 2});
+    world.RunFor(1100);
+    List().Escape();
+    EXPECT_EQ(Lauf().AbbruchWunsch, 0);
+    EXPECT_EQ(List().Arbeit(), F91::Work::Direct);
+    List().Command2_Click();
+    EXPECT_EQ(Lauf().AbbruchWunsch, 0);
+    List().Escape();
+    EXPECT_EQ(Lauf().AbbruchWunsch, 1);
+    EXPECT_EQ(programm->F9.StatusLabel.Text(), "L82");
+    List().Escape(); // a silent lock: it is given up
+    EXPECT_EQ(Mark(1), "#");
+    EXPECT_EQ(State(1), "L82");
+    EXPECT_FALSE(List().Laeuft());
+    EXPECT_FALSE(programm->F9.Fenster.Visible);
 }
 
 } // namespace

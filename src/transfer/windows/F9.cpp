@@ -108,6 +108,7 @@ void F9::F9_Zeigen() {
         Status_Zeigen(0);
     }
     Fenster.Title = run.LockName;
+    InListe = run.link.Lauf.RunRows != 0;
     Fenster.Visible = true;
     Stille.Start(1000);
 }
@@ -120,8 +121,7 @@ void F9::Suche_Endet() {
 }
 
 void F9::Uhr_Beschriften() {
-    // The lock grid's window alone shows what the lock's clock gets.
-    const bool clock = run.link.Lauf.FlagSetClock == 1 && run.link.Lauf.RunRows == 0;
+    const bool clock = run.link.Lauf.FlagSetClock == 1;
     const DateTime& now = begin_;
     DatumLabel.Text = kern.Zeile(55) + " : " + (clock ? Datum_Text(Heute(now)) : "--.--.----");
     ZeitLabel.Text =

@@ -32,7 +32,7 @@ struct F9 {
     Label StatusLabel;
     Picture Zeichen;  ///< RunSign: how the run ended; before its end none, unless the adapter is gone
     Label FolgeLabel; ///< below the status: what the lock now holds, where the status does not say it
-    Label DatumLabel; ///< "Datum : dd.mm.yyyy", or dashes when the clock is not sent and in a list
+    Label DatumLabel; ///< "Datum : dd.mm.yyyy", or dashes when the clock is not sent
     Label ZeitLabel;
     Label SchrittLabel; ///< percent, step and time left; empty before the first telegram and at the end
     Label StilleLabel;  ///< how long the lock has been silent, once that is more than 5 seconds; not behind a cancel
@@ -44,6 +44,7 @@ struct F9 {
     Button Command1;               ///< cancel
     Button Command2;               ///< close
     Observed<bool> Beendet{false}; ///< the finished state: what the window shows now is the run's result
+    Observed<bool> InListe{false}; ///< shows a row of a list: the list's window keeps the keyboard
     Timer Stille;                  ///< looks at the silence once a second
 
     std::function<void()> F13_Freigeben; ///< the close button gives the grid back

@@ -54,6 +54,7 @@ void F91::Liste_Leeren() {
     Notizbox.Stop();
     notes_.clear();
     FGK91.Resize(1, F91Column::Count);
+    underWay_ = 0;
     checkTexts_.clear();
     badFiles_.clear();
 }
@@ -77,6 +78,8 @@ void F91::F91_FormLaden(bool delayed) {
     adapterSeen_.clear();
     Adapter_Merken();
     checkRow_ = 0;
+    underWay_ = rowsEnded_ = 0;
+    StandLabel.Text = "";
     start_.reset();
     eraseOption_ = run.link.Lauf.EraseOption;
     ProgStep.clear();
@@ -107,6 +110,9 @@ void F91::Texte_Setzen() {
     Command2.Text = kern.Zeile(83);
     Status_Zeigen(statusLine_, statusSecond_);
     Hinweis_Zeigen(hint_, hintPlace_);
+    if (!StandLabel.Text().empty()) {
+        Stand_Zeigen();
+    }
 }
 
 void F91::Liste_Starten(bool delayed) {
@@ -175,6 +181,16 @@ void F91::F91_Schliessen() {
     Rufen(Hauptfenster_Zeigen);
 }
 
+void F91::Escape() {
+    if (work_ != Work::Direct || !stopped_) {
+        Command1_Click();
+    } else if (f9.Command2.Enabled) {
+        f9.Command2_Click();
+    } else {
+        f9.Command1_Click();
+    }
+}
+
 void F91::Command2_Click() {
     if (!running_) {
         return;
@@ -208,6 +224,7 @@ void F91::Ende(int line) {
     Gescheiterte_Merken();
     work_ = Work::None;
     running_ = false;
+    Unterwegs_Setzen(0);
     netz.TransferKey.Loeschen();
     Geheimnisse_Vergessen(run.link);
     stopped_ = Steht = false;

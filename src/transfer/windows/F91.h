@@ -58,6 +58,8 @@ struct F91 {
 
     static constexpr Colour CheckColour = 0x0000FF;  ///< red, of the label while the rows are checked
     static constexpr Colour FailedColour = 0xC0C0FF; ///< light red, behind mark and text of a row that failed
+    static constexpr Colour UnderWayColour =
+        0xFFE0C8; ///< light blue, behind number, name and serial of the row under way
     static constexpr int BarMaximum = 38;
 
     Programmierlauf& run;
@@ -71,6 +73,7 @@ struct F91 {
     GridFilter Filter;     ///< by name and serial
     GridSelection Auswahl; ///< rows, to be copied
     Label StatusLabel;
+    Label StandLabel; ///< "lock 3 of 26", how many are done and failed, and an estimate of the time left
     Label StartLabel, JetztLabel, RestLabel; ///< delayed start: chosen time, present time, time left
     Label Hinweis;                           ///< what the operator should know of the adapters; empty when nothing
     ProgressBar Balken;                      ///< of a network row
@@ -121,6 +124,9 @@ struct F91 {
     void Command1_Click();
     /// The same without a question.
     void F91_Schliessen();
+    /// Close; but in a list that is stopped and still waits for a lock, what the progress window's own keys would do:
+    /// that window does not have the keyboard in a list.
+    void Escape();
     /// Stop: nothing follows. A network row is given up, a direct one still comes to its end.
     void Command2_Click();
     /// A row that nobody answers: it fails, and the list goes on. The session with a direct lock is closed before, as
@@ -181,6 +187,9 @@ private:
     std::string Notizen_Sammeln(int row);
     /// Has the notes of the check shown, once. True when there are some: the box has to come before what follows.
     bool Notizen_Melden();
+    /// Marks this row as the one under way, 0: none, and says how far the list is.
+    void Unterwegs_Setzen(int row);
+    void Stand_Zeigen();
     void Restzeit();
     void Naechster_Datensatz();
     void Zeilen_Pruefen(Check check);
@@ -242,6 +251,9 @@ private:
     bool portsNew_ = false;         ///< ports came or went behind the last search
     bool adapterGone_ = false;      ///< and the operator was told
     std::vector<bool> adapterSeen_; ///< by row: its adapter was there
+    int underWay_ = 0;              ///< the row that is marked so, 0: none
+    int rowsEnded_ = 0;             ///< that were begun and are over
+    std::int64_t listBegun_ = 0;    ///< milliseconds, at the first of them
     std::optional<Word> hint_;
     std::string hintPlace_;
     std::uint8_t eraseOption_ = 0; ///< as the start dialog has it; a row's assembly may force it to 0 for that row

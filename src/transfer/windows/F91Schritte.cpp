@@ -94,6 +94,7 @@ void F91::NetHistLesen(int& runRow) {
 
 void F91::Netz_Beginnen(std::string_view step) {
     work_ = Work::Network;
+    Unterwegs_Setzen(run.link.Lauf.RunRow);
     Steht = false;
     Adapter_Gut();
     f9.Stille.Stop();
@@ -108,6 +109,7 @@ void F91::Netz_Beginnen(std::string_view step) {
 void F91::Direkt_Beginnen(int row, bool search) {
     RunState& lauf = run.link.Lauf;
     work_ = Work::Direct;
+    Unterwegs_Setzen(row);
     Adapter_Gut();
     lauf.KanalSuche = search ? 1 : 0;
     lauf.KanalIndex = 0;
@@ -129,6 +131,8 @@ void F91::Naechste_Zeile(std::string_view step) {
         return;
     }
     work_ = Work::None;
+    ++rowsEnded_;
+    Unterwegs_Setzen(0);
     Steht = false;
     Blinken(false);
     Status_Zeigen(0, 0);
