@@ -6,6 +6,7 @@
 #include "PosixFiles.h"
 #include "RunBinary.h"
 #include "VirtualPlatform.h"
+#include "VirtualSystem.h"
 
 #include <csignal>
 #include <filesystem>
@@ -16,11 +17,14 @@
 #include <iterator>
 #include <map>
 #include <set>
+#include <span>
 #include <sstream>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
 #include <unistd.h>
+#include <utility>
+#include <vector>
 
 namespace qvm::test {
 namespace {
@@ -141,9 +145,19 @@ protected:
         ExitCode Code{};
         std::string Text; ///< both outputs
     };
-    /// One command in this process, on the real files, in virtual time; no device answers.
+    /// One command in this process, on the real files, in virtual time. The adapter answers, the lock does not: a
+    /// command that addresses it gets to the files that it needs for that.
     Outcome Run(Command command, bool force = false) const {
         VirtualPlatform world;
+        VirtualSystem system(
+            {}, {.Now = [&world] { return world.Elapsed(); },
+                 .After = [&world](int ms, std::function<void()> action) { world.At(ms, std::move(action)); },
+                 .Send = [&world](std::vector<std::uint8_t> bytes) { world.Deliver(bytes); },
+                 .Decipher = {},
+                 .Unplug = {},
+                 .SessionClosed = {},
+                 .Trace = {}});
+        world.OnWrite = [&system](std::span<const std::uint8_t> bytes) { system.Receive(bytes); };
         world.World.Files = PosixFiles();
         world.World.ShowMessage = [](const Message& message) {
             return message.Choice == Buttons::Ok ? Answer::Ok : Answer::No;

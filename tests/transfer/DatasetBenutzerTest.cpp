@@ -93,7 +93,9 @@ TEST_F(Datensatz_Benutzer, one_user_more_than_the_lock_holds_stops_with_a_messag
     EXPECT_EQ(Load(), 13);
     EXPECT_EQ(dataset.Slots.size(), 47U);
     ASSERT_EQ(pc.Shown.size(), 1U);
-    EXPECT_EQ(pc.Shown[0], (Message{.Text = "too many users", .Title = "QVM 7702 SOFTWARE SYSTEM"}));
+    EXPECT_EQ(
+        pc.Shown[0],
+        (Message{.Text = "too many users", .Title = "QVM 7702 SOFTWARE SYSTEM", .About = "Schloss 1: Front door"}));
     EXPECT_EQ(Load(DatasetVariant::Network), 92);
     EXPECT_THAT(dataset.Notes, ElementsAre("too many users"));
 }

@@ -43,7 +43,8 @@ TEST_F(Datensatz_Finger, the_warning_comes_once_a_dataset_with_an_exclamation_ma
     EXPECT_EQ(pc.Shown[0], (Message{.Text = "mind the adapter",
                                     .Title = "QVM 7702 SOFTWARE SYSTEM",
                                     .Choice = Buttons::Ok,
-                                    .Sign = Icon::Exclamation}));
+                                    .Sign = Icon::Exclamation,
+                                    .About = "Schloss 1: Front door"}));
     Expect("mind the adapter");
     ASSERT_EQ(Load(), 0);
     EXPECT_EQ(dataset.FingerCount, 2);

@@ -128,7 +128,8 @@ TEST_F(Datensatz_Zeiten, an_old_lock_says_that_it_has_two_timers_and_gets_record
     EXPECT_EQ(pc.Shown[0], (Message{.Text = "two timers\n\rno others",
                                     .Title = "QVM 7702 SOFTWARE SYSTEM",
                                     .Choice = Buttons::Ok,
-                                    .Sign = Icon::Information}));
+                                    .Sign = Icon::Information,
+                                    .About = "Schloss 1: Front door"}));
 }
 
 TEST_F(Datensatz_Zeiten, the_serial_decides_which_tables_a_lock_gets) {
