@@ -17,15 +17,14 @@ using Json = nlohmann::json;
 class BinaryCancel : public testing::Test, protected CutRun {
 protected:
     BinaryCancel() {
-        Locks.Import({{"WirelessUnitRecord",
-                       Json::array({{{"record", 2},
-                                     {"UnitMode", "2"},
-                                     {"Name1", "Scanner"},
-                                     {"Sn1_1", "00"},
-                                     {"Sn2_1", "01"},
-                                     {"Sn3_1", "2C"},
-                                     {"Sn4_1", "CD"},
-                                     {"Module1", "2"}}})}},
+        Locks.Import({{"WirelessUnitRecord", Json::array({{{"record", 2},
+                                                           {"UnitMode", "2"},
+                                                           {"Name1", "Scanner"},
+                                                           {"Sn1_1", "00"},
+                                                           {"Sn2_1", "01"},
+                                                           {"Sn3_1", "2C"},
+                                                           {"Sn4_1", "CD"},
+                                                           {"Module1", "2"}}})}},
                      Json::object());
         Json world = VirtualLocks::World();
         world["units"] = Json::array(
