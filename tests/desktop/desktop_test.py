@@ -445,7 +445,7 @@ class Desktop(unittest.TestCase):
             wait_for("the window goes", lambda: len(self.program.windows()) == 1)
         self.program.press("Program locks")
         click_at(*middle(self.cell(1, PROGRAM_COLUMN)))
-        self.program.wait(LABEL, r"Read the history before programming\?")
+        self.program.wait(LABEL, r"Read the history before programming\?\nLock 1: Tor")
         self.program.press("Yes")
         self.note("Start transfer")
         self.program.press("Read history from .*")

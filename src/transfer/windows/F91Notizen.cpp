@@ -60,7 +60,8 @@ void F91::Tick_Notizbox() {
         text += "\r\n" + Wort(kern, Word::CheckNoteRow, {Ziffern(row), FGK91.Text(row, F91Column::Name), note});
     }
     if (shown < notes_.size()) {
-        text += "\r\n\r\n" + Wort(kern, Word::CheckNotesMore, {Ziffern(notes_.size() - shown)});
+        text +=
+            "\r\n\r\n" + Wort(kern, Word::CheckNotesMore, {Ziffern(static_cast<std::int64_t>(notes_.size() - shown))});
     }
     kern.Meldung(text, Buttons::Ok, Icon::Information);
 }
