@@ -29,6 +29,7 @@ MonthView::MonthView(const QString& name, QWidget* parent) : QCalendarWidget(par
     setFirstDayOfWeek(Qt::Monday);
     setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     setGridVisible(false);
+    setDateEditEnabled(false); // any key, Space too, would open a line over the month to type a date into
     // The tiny arrow of a menu touches the month's name and reads as a comma.
     if (auto* month = findChild<QToolButton*>(QStringLiteral("qt_calendar_monthbutton"))) {
         month->setStyleSheet(QStringLiteral("QToolButton::menu-indicator { image: none; }"));
