@@ -379,7 +379,9 @@ class Desktop(unittest.TestCase):
             self.light("Searching the wireless adapter")
             line.hang_up()
             self.light("Not connected")
-            self.program.wait(LABEL, r".*/com1 is not there\. Is the adapter plugged in\?")
+            # The second as soon as the ports have been looked at anew.
+            self.program.wait(LABEL, r".*/com1 is not there\. Is the adapter plugged in\?|"
+                                     r"No wireless adapter is connected\.")
             self.tab_to("Program locks")
             self.leave_by_keyboard()
 
