@@ -3,8 +3,7 @@
 #include "Datendateien.h"
 #include "F13.h"
 #include "Programm.h"
-#include "VirtualPlatform.h"
-#include "VirtualSystem.h"
+#include "VirtualLine.h"
 
 #include <benchmark/benchmark.h>
 #include <string>
@@ -35,14 +34,7 @@ void Lauf_250_Benutzer(benchmark::State& state) {
     VirtualWorld devices;
     devices.Locks.resize(1);
     devices.Locks[0].Serial = {0x00, 0x0A, 0x10, 0x01};
-    VirtualSystem system(devices,
-                         {.Now = [&world] { return world.Elapsed(); },
-                          .After = [&world](int ms, std::function<void()> action) { world.At(ms, std::move(action)); },
-                          .Send = [&world](std::vector<std::uint8_t> bytes) { world.Deliver(bytes); },
-                          .Decipher = {},
-                          .Unplug = {},
-                          .SessionClosed = {},
-                          .Trace = {}});
+    VirtualSystem system(devices, test::LineOf(world));
     system.KeepTelegrams(false);
     world.OnWrite = [&system](std::span<const std::uint8_t> bytes) { system.Receive(bytes); };
     programm.F13.F13_FormLaden();

@@ -5,8 +5,7 @@
 #include "Hauptprogramm.h"
 #include "PosixFiles.h"
 #include "RunBinary.h"
-#include "VirtualPlatform.h"
-#include "VirtualSystem.h"
+#include "VirtualLine.h"
 
 #include <csignal>
 #include <filesystem>
@@ -149,14 +148,7 @@ protected:
     /// command that addresses it gets to the files that it needs for that.
     Outcome Run(Command command, bool force = false) const {
         VirtualPlatform world;
-        VirtualSystem system(
-            {}, {.Now = [&world] { return world.Elapsed(); },
-                 .After = [&world](int ms, std::function<void()> action) { world.At(ms, std::move(action)); },
-                 .Send = [&world](std::vector<std::uint8_t> bytes) { world.Deliver(bytes); },
-                 .Decipher = {},
-                 .Unplug = {},
-                 .SessionClosed = {},
-                 .Trace = {}});
+        VirtualSystem system({}, LineOf(world));
         world.OnWrite = [&system](std::span<const std::uint8_t> bytes) { system.Receive(bytes); };
         world.World.Files = PosixFiles();
         world.World.ShowMessage = [](const Message& message) {

@@ -6,16 +6,7 @@
 namespace qvm::test {
 namespace {
 
-struct Run_End : RunFixture {
-    Run_End() {
-        AddLock(1, "Tresor", Serial::S, " XXX ");
-        files.Emi(1, 'Y');
-        files.User(1, {.Name = "Anna", .Marks = {{1, 'X'}}});
-    }
-    void Refuse(int telegram, int reason, bool andAllBehind = false) {
-        devices.Faults.push_back(
-            {.What = SimFault::Kind::Refuse, .Telegram = telegram, .AndAllBehind = andAllBehind, .Value = reason});
-    }
+struct Run_End : SmallRun {
     /// The next run must work: nothing of the failed one may stand in its way.
     void Expect_Next_Run_Works() {
         world.PortCanOpen = true;

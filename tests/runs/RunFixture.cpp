@@ -1,6 +1,7 @@
 #include "RunFixture.h"
 
 #include "Text.h"
+#include "VirtualLine.h"
 
 #include <algorithm>
 
@@ -53,19 +54,13 @@ VirtualUnit& RunFixture::AddUnit(std::string_view serialHex, int type) {
 }
 
 SimSurroundings RunFixture::Surroundings() {
-    return {
-        .Now = [this] { return world.Elapsed(); },
-        .After = [this](int ms, std::function<void()> action) { world.At(ms, std::move(action)); },
-        .Send = [this](std::vector<std::uint8_t> bytes) { world.Deliver(std::move(bytes)); },
-        .Decipher = Entmischen,
-        .Unplug =
-            [this] {
-                world.PortCanOpen = false;
-                world.PortOpen = false;
-            },
-        .SessionClosed = {},
-        .Trace = {},
+    SimSurroundings line = LineOf(world);
+    line.Decipher = Entmischen;
+    line.Unplug = [this] {
+        world.PortCanOpen = false;
+        world.PortOpen = false;
     };
+    return line;
 }
 
 void RunFixture::Begin() {
@@ -124,6 +119,17 @@ VirtualLock& RunFixture::Lock(std::string_view serial) {
 Codes RunFixture::Sent() const {
     const auto codes = system->Codes();
     return Codes(codes.begin(), codes.end());
+}
+
+SmallRun::SmallRun() {
+    AddLock(1, "Tresor", Serial::S, " XXX ");
+    files.Emi(1, 'Y');
+    files.User(1, {.Name = "Anna", .Marks = {{1, 'X'}}});
+}
+
+void SmallRun::Refuse(int telegram, int reason, bool andAllBehind) {
+    devices.Faults.push_back(
+        {.What = SimFault::Kind::Refuse, .Telegram = telegram, .AndAllBehind = andAllBehind, .Value = reason});
 }
 
 } // namespace qvm::test

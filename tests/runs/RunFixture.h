@@ -66,4 +66,11 @@ DeviceAddress AddressOf(std::string_view serial);
 /// Undoes the test platform's stand-in for the cipher: one place back, then each byte less the key's.
 void Entmischen(std::span<std::uint8_t, 16> block, std::span<const std::uint8_t, 16> key);
 
+/// One lock with one user, for runs that do not go through.
+struct SmallRun : RunFixture {
+    SmallRun();
+    /// The device refuses a telegram, counted from 0, with a reason of 0x69; `andAllBehind`: every later one, too.
+    void Refuse(int telegram, int reason, bool andAllBehind = false);
+};
+
 } // namespace qvm::test

@@ -11,16 +11,7 @@ constexpr std::string_view Incomplete =
     u8"Das Schloss enthält keine vollständigen Daten. Bitte programmieren Sie es noch einmal."_w;
 constexpr std::string_view LockDone = "Das Schloss selbst ist fertig programmiert.";
 
-struct Run_Picture : RunFixture {
-    Run_Picture() {
-        AddLock(1, "Tresor", Serial::S, " XXX ");
-        files.Emi(1, 'Y');
-        files.User(1, {.Name = "Anna", .Marks = {{1, 'X'}}});
-    }
-    void Refuse(int telegram, int reason, bool andAllBehind = false) {
-        devices.Faults.push_back(
-            {.What = SimFault::Kind::Refuse, .Telegram = telegram, .AndAllBehind = andAllBehind, .Value = reason});
-    }
+struct Run_Picture : SmallRun {
     void Unit(std::string_view serial, char type, bool there = true) {
         files.Reception(1, '2', '0', '0', 0, 0, 0, '0', "255");
         files.Unit(1, 1, "Leser", serial, type);
