@@ -74,14 +74,6 @@ function(qvm_library name)
   endif()
 endfunction()
 
-# qvm_test_options(<target>)
-# Optimised, GCC 12 warns of copies in std::string that it has made up itself (GCC bug 105651), and mostly in tests.
-function(qvm_test_options target)
-  qvm_unoptimised(${target})
-  target_compile_options(${target} PRIVATE
-    $<$<AND:$<CXX_COMPILER_ID:GNU>,$<VERSION_LESS:$<CXX_COMPILER_VERSION>,13>>:-Wno-array-bounds;-Wno-stringop-overflow;-Wno-stringop-overread>)
-endfunction()
-
 # qvm_test_support()
 # What tests share, with the headers of the test framework compiled once for all test programs.
 set(QVM_TEST_HEADERS <gmock/gmock.h> <gtest/gtest.h> <map> <rapidcheck.h> <string> <vector>)
@@ -90,7 +82,7 @@ function(qvm_test_support)
   target_compile_definitions(test_support PUBLIC
     QVM_SOURCE_DIR="${PROJECT_SOURCE_DIR}" QVM_BINARY_DIR="${PROJECT_BINARY_DIR}")
   target_precompile_headers(test_support PRIVATE ${QVM_TEST_HEADERS})
-  qvm_test_options(test_support)
+  qvm_unoptimised(test_support)
 endfunction()
 
 # qvm_test(<folder> [QT] [SLICES <count>] [DEPS <target>...] [HEADERS <header>...])
@@ -106,7 +98,7 @@ function(qvm_test folder)
   endif()
   add_executable(test_${folder} ${sources})
   target_link_libraries(test_${folder} PRIVATE ${arg_DEPS} test_support GTest::gtest_main)
-  qvm_test_options(test_${folder})
+  qvm_unoptimised(test_${folder})
   get_property(qtTest GLOBAL PROPERTY QVM_QT_TEST)
   if(NOT arg_QT)
     target_precompile_headers(test_${folder} REUSE_FROM test_support)
