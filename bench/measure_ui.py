@@ -31,7 +31,7 @@ LOCKS = 200
 INPUTS = 60
 TAB = 0xFF09
 SIZE = 1600, 1200
-TOOLBAR = 1000, 100  # of the main window, at the display's corner
+KEYS = 1000, 262  # where the main window, at the corner of the display, has all that takes the focus
 TITLE = "^QVM 7702 SOFTWARE SYSTEM$"
 
 
@@ -138,7 +138,7 @@ def lock_window(place, env, key):
 
 def served(place, env, line, closed=False):
     """Milliseconds from a key to the changed screen, one for each of many keys. `line` leads to the far end."""
-    screen = Screen(env["DISPLAY"], *TOOLBAR)
+    screen = Screen(env["DISPLAY"], *KEYS)
     with line:
         program, _ = start_program(place, env)
         try:
