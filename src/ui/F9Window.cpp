@@ -72,11 +72,13 @@ void F9Window::makeStatus() {
     bind(f9_.Zeichen, sign, QStringLiteral("F9.Zeichen"), PictureSet::RunEnd, SignSize);
     auto* status = new WrappingLabel(1, this);
     bind(f9_.StatusLabel, status, QStringLiteral("F9.StatusLabel"));
+    status->setAlignment(Qt::AlignLeft | Qt::AlignVCenter); // beside the middle of the sign
     auto* outcome = new WrappingLabel(2, this);
     bind(f9_.FolgeLabel, outcome, QStringLiteral("F9.FolgeLabel"));
     auto* row = new QGridLayout;
     row->setColumnStretch(1, 1);
-    row->addWidget(sign, 0, 0, Qt::AlignTop);
+    row->setVerticalSpacing(2);
+    row->addWidget(sign, 0, 0, Qt::AlignVCenter);
     row->addWidget(status, 0, 1);
     row->addWidget(outcome, 1, 1);
     content()->addLayout(row);

@@ -230,6 +230,17 @@ void Fensterschau::list() {
     }
     f91.FGK91.SetText(3, F91Column::Mark, ListMark::Waiting);
     take(windows_->f91, "F91");
+    f91.StatusLabel.Text = programm_->kern.Zeile(114);
+    f91.StandLabel.Text = Wort(programm_->kern, Word::ListPosition, {"3", "5"}) + "   " +
+                          Wort(programm_->kern, Word::ListCounts, {"1", "1"}) + "   " +
+                          Wort(programm_->kern, Word::ListTimeLeft, {"4"});
+    f91.Balken.Visible = true;
+    f91.Balken.Value = f91.Balken.Maximum() / 3;
+    for (const int column : {F91Column::Number, F91Column::Name, F91Column::Serial}) {
+        f91.FGK91.SetBackColor(3, column, F91::UnderWayColour);
+    }
+    f91.Zeile_Zeigen(3);
+    take(windows_->f91, "F91-running");
     programm_->F92.F92_Laden();
     take(windows_->f92, "F92");
     programm_->F92.Fenster.Visible = false;
