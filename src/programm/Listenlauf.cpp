@@ -10,12 +10,7 @@ void Programm::Liste_Verbinden() {
     };
     F13.Liste_Leeren = [this] { F91.Liste_Leeren(); };
     F13.Gescheiterte_Schloesser = [this] { return F91.Gescheiterte_Schloesser(); };
-    F11.F13_Verbergen = [this] {
-        F13.Timer1.Stop();
-        F13.Timer2.Stop();
-        F13.Aufrufer = 0;
-        F13.Fenster.Visible = false;
-    };
+    F11.F13_Verbergen = [this] { F13.F13_Verbergen(); };
     F11.Liste_Starten = [this] {
         F91.Geduld = F11.Geduld_Sekunden();
         F91.Liste_Starten(F13.DelayedStart);
@@ -27,7 +22,11 @@ void Programm::Liste_Verbinden() {
     F11.Netzlauf_Starten = [this] {
         F91.Einzelnes_Schloss_Starten(F13.FGK13, F11.LockRowOfGrid, F11.Gewaehlter_Adapter());
     };
-    F91.Schlossgitter_Schliessen = [this] { Rufen(F11.F13_Verbergen); };
+    F91.Schlossgitter_Schliessen = [this] {
+        // The lock of the run comes back without its mark, as behind the direct route.
+        F13.Marke_Setzen(F11.LockRowOfGrid, false);
+        Rufen(F11.F13_Verbergen);
+    };
     F91.Hauptfenster_Zeigen = [this] {
         F13.Fenster.Enabled = true;
         Rufen(F2_Zeigen);

@@ -224,5 +224,65 @@ TEST_F(F13_Gescheiterte, are_left_out_when_the_lock_is_gone) {
     EXPECT_EQ(Marked(), "2 ");
 }
 
+// ---- one lock through a network adapter
+
+struct F13_Netzlauf : F13_Gescheiterte {
+    F13_Netzlauf() {
+        programm->kern.Config.PortAutomatik = "SET";
+        AddAdapter("/1/2/3/4", "PROGSTATION-A", "7");
+        Begin();
+        programm->F11.Adapter_Test = [](const AdapterSatz&) { return true; };
+    }
+    /// "Program" or "History" of one lock until F91 is there.
+    void Single(int row, int column = F13Column::Program) {
+        if (column == F13Column::Program) {
+            Expect(63, Answer::No);
+        } else {
+            Expect(65, Answer::Ok);
+        }
+        Click(row, column);
+        Type("123456");
+        programm->F11.OK_Click();
+    }
+    /// The same up to its end with this mark, back to F13.
+    void SingleEnds(int row, std::string_view mark, int column = F13Column::Program) {
+        Single(row, column);
+        EXPECT_FALSE(Window().Fenster.Visible);
+        programm->F91.Zeile_Markieren(mark, "");
+        programm->F91.Naechste_Zeile(StepPrgNextDataset);
+        programm->F91.Command1_Click();
+        EXPECT_FALSE(programm->F91.Fenster.Visible);
+        Begin();
+    }
+};
+
+TEST_F(F13_Netzlauf, leaves_the_marks_of_the_other_locks) {
+    for (const int row : {1, 3, 5}) {
+        Click(row, F13Column::Mark);
+    }
+    SingleEnds(2, ListMark::Failed);
+    EXPECT_EQ(Marked(), "1 3 5 ");
+    EXPECT_EQ(Window().Markenzahl.Text(), "3 markiert");
+    EXPECT_EQ(world.Shown.size(), 1U); // whether to read the history first
+}
+
+TEST_F(F13_Netzlauf, gives_no_mark_to_another_lock_in_the_same_place) {
+    Click(1, F13Column::Mark);
+    Click(3, F13Column::Mark);
+    Single(2);
+    EXPECT_FALSE(Window().Fenster.Visible);
+    files.Lock(3, "Neues Tor", "00.0B.10.09");
+    Begin();
+    EXPECT_EQ(Marked(), "1 ");
+}
+
+TEST_F(F13_Netzlauf, marks_that_were_given_up_do_not_come_back) {
+    Click(1, F13Column::Mark);
+    world.Answers.push_back({.Text = "*", .Reply = Answer::Yes});
+    Window().Toolbar1_ButtonClick(u8"Zurück"_w);
+    Begin();
+    EXPECT_EQ(Marked(), "");
+}
+
 } // namespace
 } // namespace qvm::test

@@ -258,11 +258,20 @@ void F13::Code_Aendern(int row) {
     Rufen(F17_Oeffnen);
 }
 
-void F13::F13_Schliessen() {
+void F13::F13_Verbergen() {
+    kept_.clear();
+    for (const int row : Markierte_Zeilen()) {
+        kept_.emplace_back(row, FGK13.Text(row, F13Column::Serial));
+    }
     Timer1.Stop();
     Timer2.Stop();
     Aufrufer = 0;
     Fenster.Visible = false;
+}
+
+void F13::F13_Schliessen() {
+    F13_Verbergen();
+    kept_.clear();
     Rufen(Hauptfenster_Zeigen);
 }
 

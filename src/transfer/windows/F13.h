@@ -17,6 +17,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace qvm {
@@ -93,6 +94,8 @@ struct F13 {
     void Toolbar1_ButtonClick(std::string_view key);
     /// The window goes, with its marks, and the main window comes back.
     void F13_Schliessen();
+    /// The window goes for a run that the main window follows. Its marks come back with it.
+    void F13_Verbergen();
     void Datum_Uhrzeit_akt(int row);
     /// The files that a run of the lock in this row rests on and that cannot be relied on.
     std::vector<FileTrouble> Dateien_Pruefen(int row) const;
@@ -108,6 +111,7 @@ private:
     void Marke_Umschalten(int row);
     std::vector<int> Markierte_Zeilen() const;
     void Marken_Zaehlen();
+    void Marken_Zurueckholen();
     /// True when there are no marks to lose, or the operator wants to lose them.
     bool Marken_Hinnehmen() const;
     void Liste(bool historyOnly);
@@ -135,6 +139,7 @@ private:
     int hoverRow_ = -1;
     int hoverColumn_ = -1;
     std::vector<int> listRows_; ///< whose marks went into the list that the start dialog is open for
+    std::vector<std::pair<int, std::string>> kept_; ///< rows and serials that were marked when the window was hidden
 };
 
 } // namespace qvm

@@ -34,6 +34,7 @@ void F13::F13_FormLaden() {
     listRows_.clear();
     Sprung.Forget();
     Filter.Set("");
+    Marken_Zurueckholen();
     Command1.Visible = !Gescheiterte_Zeilen().empty();
     // Shown last, so that the window's first size goes by its contents.
     Fenster.Visible = true;

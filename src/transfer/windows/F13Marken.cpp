@@ -50,6 +50,15 @@ void F13::Marken_Zaehlen() {
                                     : Wort(kern, Word::MarkedHidden, {marked, Ziffern(static_cast<int>(hidden))});
 }
 
+void F13::Marken_Zurueckholen() {
+    for (const auto& [row, serial] : std::exchange(kept_, {})) {
+        // The files may have another lock there by now.
+        if (Markierbar(row) && FGK13.Text(row, F13Column::Serial) == serial) {
+            Marke_Setzen(row, true);
+        }
+    }
+}
+
 bool F13::Marken_Hinnehmen() const {
     const std::size_t marked = Markierte_Zeilen().size();
     return marked == 0 || Verlust_Hinnehmen(kern, Wort(kern, Word::LeaveMarks, {Ziffern(static_cast<int>(marked))}));
