@@ -284,5 +284,34 @@ TEST_F(F13_Netzlauf, marks_that_were_given_up_do_not_come_back) {
     EXPECT_EQ(Marked(), "");
 }
 
+TEST_F(F13_Netzlauf, that_fails_leaves_what_the_last_list_did_not_finish) {
+    List({ListMark::Programmed, ListMark::Failed, ListMark::Programmed, ListMark::Failed});
+    SingleEnds(1, ListMark::Failed);
+    Window().Command1_Click();
+    EXPECT_EQ(Marked(), "2 5 ");
+}
+
+TEST_F(F13_Netzlauf, that_goes_well_takes_its_lock_from_the_failed_ones) {
+    List({ListMark::Programmed, ListMark::Failed, ListMark::Programmed, ListMark::Failed});
+    SingleEnds(2, ListMark::Programmed);
+    EXPECT_TRUE(Window().Command1.Visible);
+    Window().Command1_Click();
+    EXPECT_EQ(Marked(), "5 ");
+}
+
+TEST_F(F13_Netzlauf, that_reads_a_history_alone_does_not_program_a_failed_lock) {
+    List({ListMark::Programmed, ListMark::Failed, ListMark::Programmed, ListMark::Programmed});
+    SingleEnds(2, ListMark::HistoryRead, F13Column::History);
+    Window().Command1_Click();
+    EXPECT_EQ(Marked(), "2 ");
+}
+
+TEST_F(F13_Netzlauf, the_next_list_counts_again) {
+    SingleEnds(1, ListMark::Programmed);
+    List({ListMark::Failed, ListMark::Programmed, ListMark::Programmed, ListMark::Programmed});
+    Window().Command1_Click();
+    EXPECT_EQ(Marked(), "1 ");
+}
+
 } // namespace
 } // namespace qvm::test

@@ -116,6 +116,7 @@ void F91::Texte_Setzen() {
 }
 
 void F91::Liste_Starten(bool delayed) {
+    single_ = false;
     F91_FormLaden(delayed);
     ProgStep = StepPrgStart;
     if (delayed) {
@@ -128,6 +129,7 @@ void F91::Liste_Starten(bool delayed) {
 void F91::Einzelnes_Schloss_Starten(const Grid& lockGrid, int gridRow, const AdapterSatz* adapter) {
     RunState& lauf = run.link.Lauf;
     Liste_Leeren();
+    single_ = true;
     Geduld = 0; // the operator is at hand
     Listenzeile_Uebernehmen(lockGrid, gridRow, 1);
     if (adapter != nullptr) {
@@ -221,7 +223,11 @@ void F91::Stoppen() {
 
 void F91::Ende(int line) {
     Timer_Anhalten();
-    Gescheiterte_Merken();
+    if (single_) {
+        Gescheiterte_Nachtragen();
+    } else {
+        Gescheiterte_Merken();
+    }
     work_ = Work::None;
     running_ = false;
     Unterwegs_Setzen(0);

@@ -146,7 +146,8 @@ struct F91 {
     void Anschluss_Geaendert();
     /// Why a row was passed over: the text that it had after the check.
     const std::string& Pruefergebnis(int row) const;
-    /// Numbers of the locks that the last list left marked as failed or passed over; kept when its rows are cleared.
+    /// Numbers of the locks that the last list left marked as failed or passed over; kept when its rows are cleared. A
+    /// single lock is no list: it is only taken out when it was done now.
     const std::vector<int>& Gescheiterte_Schloesser() const { return unfinished_; }
 
     // ---- steps
@@ -235,6 +236,8 @@ private:
     void Hinweis_Zeigen(std::optional<Word> word, const std::string& place = {});
     void Mark_Setzen(int row, std::string_view mark, std::string_view text);
     void Gescheiterte_Merken();
+    /// A lock that was done by itself is no failed one of the last list any more.
+    void Gescheiterte_Nachtragen();
     LockRow Zeilendaten(int row) const;
 
     Work work_ = Work::None;
@@ -262,6 +265,8 @@ private:
     std::vector<std::pair<int, std::string>> notes_; ///< rows of the check, and what is to be said of them
     std::set<int> badFiles_;                         ///< rows whose check found a file that is not to be relied on
     std::string fileText_;                           ///< what was wrong with the files of the row that was loaded last
+    bool single_ = false;                            ///< one lock by itself, and no list
+    bool unfinishedEvents_ = false;                  ///< the last list was to read histories alone
     std::vector<int> unfinished_;
 };
 

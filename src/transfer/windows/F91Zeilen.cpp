@@ -148,8 +148,17 @@ void F91::Mark_Setzen(int row, std::string_view mark, std::string_view text) {
     }
 }
 
+void F91::Gescheiterte_Nachtragen() {
+    const std::string& mark = FGK91.Text(1, F91Column::Mark);
+    const bool events = run.link.Lauf.NetMode != 0 && (mark == ListMark::HistoryRead || mark == ListMark::Programmed);
+    if (unfinishedEvents_ ? events : mark == ListMark::Programmed) {
+        std::erase(unfinished_, static_cast<int>(Zahlwert(FGK91.Text(1, F91Column::Number))));
+    }
+}
+
 void F91::Gescheiterte_Merken() {
     unfinished_.clear();
+    unfinishedEvents_ = run.link.Lauf.NetMode == OnlyHistory;
     for (int row = 1; row < FGK91.Rows(); ++row) {
         const std::string& mark = FGK91.Text(row, F91Column::Mark);
         if (mark == ListMark::Failed || mark == ListMark::PassedOver) {
