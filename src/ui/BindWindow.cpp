@@ -3,6 +3,7 @@
 #include "TextEdge.h"
 
 #include <QEvent>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLayout>
 #include <QPointer>
@@ -107,12 +108,18 @@ private:
         }
     }
 
-    /// Where it stood when it was hidden. A widget that is moved to where it believes to be moves nothing, and the
-    /// window manager is not told a place; it would choose one anew. So the place is told to the window itself.
+    /// Where it stood when it was hidden, also when that was half over an edge; but on the screen when the middle of
+    /// its upper edge is on none any more, by which it could be moved. A widget that is moved to where it believes to
+    /// be moves nothing, and the window manager is not told a place; it would choose one anew. So the place is told to
+    /// the window itself.
     void comeBack() {
-        window_->setGeometry(QRect(place_, window_->size()));
+        QRect place(place_, window_->size());
+        if (QGuiApplication::screenAt(QPoint(place.center().x(), place.top())) == nullptr) {
+            place = onScreen(place);
+        }
+        window_->setGeometry(place);
         if (QWindow* window = window_->windowHandle()) {
-            window->setPosition(place_);
+            window->setPosition(place.topLeft());
         }
     }
 

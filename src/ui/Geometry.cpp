@@ -1,6 +1,7 @@
 #include "Geometry.h"
 
 #include <QGuiApplication>
+#include <QRect>
 #include <QScreen>
 #include <QSettings>
 #include <QStandardPaths>
@@ -9,26 +10,21 @@
 #include <algorithm>
 
 namespace qvm::ui {
-namespace {
 
-/// Moves and shrinks the window so that all of it lies on one screen.
-void keepOnScreen(QWidget* window) {
-    const QScreen* screen = QGuiApplication::screenAt(window->geometry().center());
+QRect onScreen(QRect place) {
+    const QScreen* screen = QGuiApplication::screenAt(place.center());
     if (screen == nullptr) {
         screen = QGuiApplication::primaryScreen();
     }
-    if (screen == nullptr || window->isMaximized() || window->isFullScreen()) {
-        return;
+    if (screen == nullptr) {
+        return place;
     }
     const QRect room = screen->availableGeometry();
-    QRect place = window->geometry();
     place.setSize(place.size().boundedTo(room.size()));
     place.moveLeft(std::clamp(place.left(), room.left(), room.right() - place.width() + 1));
     place.moveTop(std::clamp(place.top(), room.top(), room.bottom() - place.height() + 1));
-    window->setGeometry(place);
+    return place;
 }
-
-} // namespace
 
 QString geometryFile() {
     return QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation) + QStringLiteral("/windows.ini");
@@ -40,7 +36,9 @@ bool restoreGeometry(QWidget* window, const QString& key) {
     if (state.isEmpty() || !window->restoreGeometry(state)) {
         return false;
     }
-    keepOnScreen(window);
+    if (!window->isMaximized() && !window->isFullScreen()) {
+        window->setGeometry(onScreen(window->geometry()));
+    }
     return true;
 }
 

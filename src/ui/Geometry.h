@@ -1,5 +1,6 @@
 #pragma once
 
+class QRect;
 class QString;
 class QWidget;
 
@@ -8,6 +9,9 @@ namespace qvm::ui {
 
 /// Path of the file.
 QString geometryFile();
+
+/// The place, moved and shrunk so that all of it lies on one screen; as it is when there is no screen.
+QRect onScreen(QRect place);
 
 /// Gives the window the place and size it had last, always on a screen. False when none is known.
 bool restoreGeometry(QWidget* window, const QString& key);

@@ -15,6 +15,7 @@
 #include <QMenu>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
 #include <QToolBar>
 #include <QToolButton>
@@ -295,6 +296,27 @@ TEST_F(BindWindow_Test, gives_the_focus_back_when_it_is_enabled_again) {
     EXPECT_FALSE(first->isEnabled());
     model.Enabled = true;
     EXPECT_TRUE(second->hasFocus());
+}
+
+TEST_F(BindWindow_Test, comes_back_where_it_was) {
+    const QRect room = window.screen()->availableGeometry();
+    const QRect place(room.topLeft() + QPoint(60, 70), QSize(200, 100));
+    model.Visible = true;
+    window.setGeometry(place);
+    model.Visible = false;
+    model.Visible = true;
+    EXPECT_EQ(window.geometry(), place);
+}
+
+TEST_F(BindWindow_Test, comes_back_on_the_screen_when_its_place_is_gone) {
+    const QRect room = window.screen()->availableGeometry();
+    model.Visible = true;
+    // As on a screen that was taken away.
+    window.setGeometry(QRect(room.bottomRight() + QPoint(3000, 40), QSize(200, 100)));
+    model.Visible = false;
+    model.Visible = true;
+    EXPECT_TRUE(room.contains(window.geometry())) << window.x() << ' ' << window.y();
+    EXPECT_EQ(window.size(), QSize(200, 100));
 }
 
 // ---- tool bars
