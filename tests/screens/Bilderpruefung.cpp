@@ -11,11 +11,37 @@ namespace {
 constexpr int FewestColours = 24; ///< smoothed letters alone have more
 constexpr int SmallestSide = 40;
 
-const char* const Windows[] = {
-    "F1",           "F2",          "F2-red",    "F2-yellow",   "F2-file",  "F2-calendars", "F2-clocks",
-    "F6",           "F6-editor",   "F6-manual", "F7",          "F7-found", "F8",           "F9",
-    "F9-cancelled", "F9-finished", "F11",       "F11-month",   "F13",      "F13-marked",   "F14",
-    "F15",          "F18",         "F91",       "F91-running", "F92",      "MessageBox",   "MessageBox-two-lines"};
+const char* const Windows[] = {"F1",
+                               "F2",
+                               "F2-red",
+                               "F2-yellow",
+                               "F2-file",
+                               "F2-calendars",
+                               "F2-clocks",
+                               "F6",
+                               "F6-editor",
+                               "F6-manual",
+                               "F7",
+                               "F7-found",
+                               "F8",
+                               "F9",
+                               "F9-cancelled",
+                               "F9-finished",
+                               "F9-list",
+                               "F11",
+                               "F11-list",
+                               "F11-month",
+                               "F13",
+                               "F13-marked",
+                               "F14",
+                               "F15",
+                               "F18",
+                               "F91",
+                               "F91-running",
+                               "F92",
+                               "MessageBox",
+                               "MessageBox-two-lines",
+                               "MessageBox-about"};
 /// The names of the languages are the same in each.
 const char* const WithoutWords[] = {"F15"};
 

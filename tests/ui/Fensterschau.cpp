@@ -20,6 +20,16 @@ namespace {
 constexpr const char* History = "/q/HIST/H_3_050326_Serverraum.HST";
 constexpr int Lock = 3; ///< that is programmed
 
+/// Files as a run names them, more than the menu shows.
+void storeHistories(VirtualPlatform& world) {
+    for (int day = 10; day < 22; ++day) {
+        const std::string lock = day % 2 == 0 ? "Serverraum"
+                                              : "Haupteingang S\xFC"
+                                                "d";
+        world.Disk.Files["/q/HIST/H_202602" + std::to_string(day) + "_171200_" + lock + ".HST"] = "";
+    }
+}
+
 /// Events as a lock's memory gives them, newest first.
 std::string historyBytes() {
     std::string bytes = "01.50.0C.10\r\n";
@@ -40,6 +50,7 @@ Fensterschau::Fensterschau(VirtualPlatform& world, std::string_view language) : 
     world_.Disk.Files["/q/DAT/EST7CSB29A.I_1"] = std::string(language) + "\r\n1\r\nUSB-Port1\r\n5\r\n";
     world_.Disk.Files["/q/DAT/CHEUSB25C.I_2"] = "SET\r\n";
     world_.Disk.Files[History] = historyBytes();
+    storeHistories(world_);
     programm_ = std::make_unique<Programm>(world_.World, "/q");
     Programm_Start(*programm_, true);
     boxes_.setWords(programm_->kern);
@@ -220,6 +231,9 @@ void Fensterschau::list() {
         f91.Listenzeile_Uebernehmen(programm_->F13.FGK13, row, row);
     }
     programm_->Lauf.link.Lauf.RunRows = 5;
+    programm_->F11.F11_Laden(F11Opener::F13, "/46/108/1/2");
+    take(windows_->f11, "F11-list");
+    programm_->F11.Fenster.Visible = false;
     f91.F91_FormLaden(false);
     f91.FGK91.SetText(1, F91Column::Mark, ListMark::Programmed);
     f91.FGK91.SetText(2, F91Column::Mark, ListMark::Failed);
@@ -241,10 +255,22 @@ void Fensterschau::list() {
     }
     f91.Zeile_Zeigen(3);
     take(windows_->f91, "F91-running");
+    besideList();
     programm_->F92.F92_Laden();
     take(windows_->f92, "F92");
     programm_->F92.Fenster.Visible = false;
     f91.Fenster.Visible = false;
+}
+
+void Fensterschau::besideList() {
+    F9& f9 = programm_->F9;
+    programm_->Lauf.LockName = programm_->F91.FGK91.Text(Lock, F91Column::Name);
+    f9.F9_Vorbereiten(140);
+    f9.F9_Zeigen();
+    f9.Stille.Stop();
+    f9.Balken1.Value = f9.Balken1.Maximum() / 3;
+    take(windows_->f9, "F9-list");
+    f9.Fenster.Visible = false;
 }
 
 void Fensterschau::history() {
@@ -271,6 +297,11 @@ void Fensterschau::messageBoxes() {
              .Title = std::string(SystemTitle),
              .Sign = Icon::Information},
             "MessageBox-two-lines");
+    showBox({.Text = kern.Zeile(66),
+             .Title = std::string(SystemTitle),
+             .Sign = Icon::Exclamation,
+             .About = Wort(kern, Word::LockLine, {"3", "Serverraum"}) + "\r\n" + Wort(kern, Word::LockIncomplete)},
+            "MessageBox-about");
 }
 
 void Fensterschau::showBox(const Message& message, const char* name) {

@@ -32,6 +32,7 @@ private:
     void markedLocks();
     void progress();
     void list();
+    void besideList();
     void history();
     void messageBoxes();
     void take(QWidget& window, const char* name);
