@@ -23,9 +23,7 @@ constexpr int Lock = 3; ///< that is programmed
 /// Files as a run names them, more than the menu shows.
 void storeHistories(VirtualPlatform& world) {
     for (int day = 10; day < 22; ++day) {
-        const std::string lock = day % 2 == 0 ? "Serverraum"
-                                              : "Haupteingang S\xFC"
-                                                "d";
+        const char* lock = day % 2 == 0 ? "Serverraum" : "Haupteingang Süd";
         world.Disk.Files["/q/HIST/H_202602" + std::to_string(day) + "_171200_" + lock + ".HST"] = "";
     }
 }
