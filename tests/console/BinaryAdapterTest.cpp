@@ -173,7 +173,7 @@ TEST_F(BinaryAdapter, that_goes_while_a_list_waits_for_its_hour_is_told_and_so_i
     first->Signal(SIGTERM);
     first->Wait();
     EXPECT_TRUE(
-        run->WaitFor("The wireless adapter is gone. Please plug it in again before the next lock's turn comes.\n"));
+        run->WaitFor("The wireless adapter has been disconnected. Please plug it in again before the next lock's turn comes.\n"));
     const auto second = Locks.Plug("com3", VirtualLocks::World());
     EXPECT_TRUE(run->WaitFor("The wireless adapter is back. The list goes on with it.\n"));
     run->Signal(SIGINT);

@@ -124,7 +124,7 @@ class Desktop(unittest.TestCase):
         self.light("Not connected")
         self.house.start_simulator()
         self.house.simulator.send_signal(signal.SIGSTOP)
-        self.light("Searching the wireless adapter")
+        self.light("Searching for the wireless adapter")
         self.house.simulator.send_signal(signal.SIGCONT)
         self.light("Ready")
         self.start_run()
@@ -250,7 +250,7 @@ class Desktop(unittest.TestCase):
                 if self.program.find(LABEL, place + " .*") is not None:
                     self.assertEqual(self.program.focused_name(), "List of locks")
                     seen.add(place)
-            return self.program.find(LABEL, "2 done, 0 failed or passed over")
+            return self.program.find(LABEL, "2 done, 0 failed or skipped")
         wait_for("both locks are done", ended)
         self.assertIn("Lock 2 of 2", seen)  # the first one may be too quick to be seen
         self.assertEqual(self.program.focused_name(), "List of locks")
@@ -355,7 +355,7 @@ class Desktop(unittest.TestCase):
     def test_answers_keys_while_the_line_is_flooded_with_garbage(self):
         with self.house.flooded_port() as flood:
             self.start()
-            self.light("Searching the wireless adapter")
+            self.light("Searching for the wireless adapter")
             wait_for("the program takes from the flood", lambda: flood.taken > 100000)
             taken = flood.taken
             self.tab_to("Program locks")
@@ -365,18 +365,18 @@ class Desktop(unittest.TestCase):
     def test_answers_keys_while_a_device_sends_a_byte_a_second(self):
         with self.house.dripping_port() as drip:
             self.start()
-            self.light("Searching the wireless adapter")
+            self.light("Searching for the wireless adapter")
             wait_for("some bytes are sent", lambda: drip.sent >= 3)
             self.tab_to("Program locks")
-            self.light("Searching the wireless adapter")
+            self.light("Searching for the wireless adapter")
             self.program.wait(LABEL, "No connection to the wireless adapter!")  # the search has ended
-            self.light("Searching the wireless adapter")
+            self.light("Searching for the wireless adapter")
             self.leave_by_keyboard()
 
     def test_answers_keys_and_says_why_when_the_far_end_is_closed(self):
         with self.house.silent_port() as line:
             self.start()
-            self.light("Searching the wireless adapter")
+            self.light("Searching for the wireless adapter")
             line.hang_up()
             self.light("Not connected")
             # The second as soon as the ports have been looked at anew.

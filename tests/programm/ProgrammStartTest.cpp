@@ -165,11 +165,11 @@ TEST_F(Programm_Start, beside_a_program_that_may_write_changes_nothing_and_tells
     EXPECT_EQ(claimed, "/q/DAT/");
     EXPECT_EQ(world.Disk.Files, before);
     EXPECT_EQ(Datenbesitzer_Text(programm),
-              "Another program is working on the data files: qvm7702, 4711, anna. End it, "
+              "Another program is working on the data files: qvm7702, 4711, anna. Close it, "
               "then start again.");
     programm.Datenbesitzer = {};
     EXPECT_EQ(Datenbesitzer_Text(programm),
-              "Another program is working on the data files: unknown. End it, then start again.");
+              "Another program is working on the data files: unknown. Close it, then start again.");
 }
 
 TEST_F(Programm_Start, asks_for_no_instance_when_told_so) {

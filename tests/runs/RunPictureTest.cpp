@@ -185,7 +185,7 @@ TEST_F(Run_Picture, speaks_the_language_in_use) {
     ASSERT_TRUE(Finish());
     programm->kern.Config.Sprache = "English";
     programm->F9.Texte_Setzen();
-    EXPECT_EQ(programm->F9.FolgeLabel.Text(), "The lock holds no complete data. Please program it again.");
+    EXPECT_EQ(programm->F9.FolgeLabel.Text(), "The lock does not hold complete data. Please program it again.");
     EXPECT_EQ(programm->F9.Zeichen.Name(), "Attention");
 }
 

@@ -96,7 +96,7 @@ TEST_F(F6_Window, says_of_an_adapter_with_a_strange_name_what_is_to_be_done) {
     EXPECT_EQ(
         state.data(Qt::ToolTipRole).toString(),
         QStringLiteral("The name begins neither with PROGSTATION nor with ENROLLMENT1, so the adapter is not used "
-                       "for programming. Please give it a name that begins so."));
+                       "for programming. Please give it a name that begins this way."));
     EXPECT_EQ(state.data(Qt::AccessibleDescriptionRole), state.data(Qt::ToolTipRole));
     EXPECT_EQ(model.index(0, F6Column::State).data(Qt::ToolTipRole).toString(), QStringLiteral("Status connected"));
 }

@@ -96,13 +96,13 @@ TEST_F(F91_Window, explains_each_mark_and_all_of_them_at_the_heading) {
     programm->F91.FGK91.SetText(3, F91Column::Mark, "#");
     const auto& model = grid->gridModel();
     const QModelIndex mark = model.index(2, F91Column::Mark);
-    EXPECT_EQ(mark.data(Qt::ToolTipRole).toString(), QStringLiteral("failed, the reason stands beside it"));
+    EXPECT_EQ(mark.data(Qt::ToolTipRole).toString(), QStringLiteral("failed, the reason is given beside it"));
     EXPECT_EQ(mark.data(Qt::AccessibleDescriptionRole).toString(), mark.data(Qt::ToolTipRole).toString());
     EXPECT_EQ(mark.data(Qt::AccessibleTextRole).toString(), QStringLiteral("#"));
     EXPECT_FALSE(model.index(39, F91Column::Mark).data(Qt::ToolTipRole).isValid());
     EXPECT_EQ(model.headerData(F91Column::Mark, Qt::Horizontal, Qt::ToolTipRole).toString(),
-              QStringLiteral("*   waiting\n-   passed over, the reason stands beside it\n>>   programmed\n"
-                             "<<   history read\n#   failed, the reason stands beside it"));
+              QStringLiteral("*   waiting\n-   skipped, the reason is given beside it\n>>   programmed\n"
+                             "<<   history read\n#   failed, the reason is given beside it"));
     EXPECT_FALSE(model.headerData(F91Column::Name, Qt::Horizontal, Qt::ToolTipRole).isValid());
 }
 
@@ -151,7 +151,7 @@ TEST_F(F91_Window, shows_how_far_the_list_is_and_the_row_under_way_in_light_and_
     Open("English");
     ASSERT_TRUE(world.RunUntil([this] { return programm->F91.Arbeit() != F91::Work::None; }));
     Settle();
-    EXPECT_EQ(Find<QLabel>("F91.StandLabel")->text(), QStringLiteral("Lock 1 of 40   0 done, 0 failed or passed over"));
+    EXPECT_EQ(Find<QLabel>("F91.StandLabel")->text(), QStringLiteral("Lock 1 of 40   0 done, 0 failed or skipped"));
     const QModelIndex name = grid->gridModel().index(0, F91Column::Name);
     EXPECT_EQ(programm->F91.FGK91.At(1, F91Column::Name).BackColor, F91::UnderWayColour);
     QPalette dark;

@@ -121,8 +121,8 @@ TEST_F(Overview_Card, a_key_that_rests_says_why_and_keeps_the_keyboard) {
     Open("English");
     Key("PROG")->setFocus();
     programm->F2.Warten_Zeigen(true);
-    const QString why =
-        QStringLiteral("The wireless adapter is being searched. The keys work as soon as the search is over.");
+    const QString why = QStringLiteral(
+        "The wireless adapter is being searched for. The buttons can be used as soon as the search is over.");
     EXPECT_TRUE(Key("PROG")->hasFocus());
     EXPECT_EQ(Key("PROG")->toolTip(), QStringLiteral("Program locks\n") + why);
     EXPECT_EQ(Key("PROG")->accessibleName(), QStringLiteral("Program locks"));
@@ -168,7 +168,7 @@ TEST_F(Overview_Card, its_menu_offers_the_latest_histories_by_their_digits_and_k
         }
     }
     EXPECT_EQ(shown, (QStringList{QStringLiteral("&Interface"), QStringLiteral("&Language"),
-                                  QStringLiteral("Latest histories"), QStringLiteral("&1  Keller, 05.03.2026 17:01"),
+                                  QStringLiteral("Recent histories"), QStringLiteral("&1  Keller, 05.03.2026 17:01"),
                                   QStringLiteral("&2  Tor, 04.01.2026 08:30"), QString(), QStringLiteral("&Exit")}));
     QTest::keyClick(menu, Qt::Key_2);
     EXPECT_TRUE(windows->f7.isVisible());

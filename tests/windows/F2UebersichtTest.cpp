@@ -1,6 +1,7 @@
 // What the main window tells of adapter and installation, and the keys that rest during a search.
 
 #include "F2Fixture.h"
+#include "Text.h"
 
 #include <algorithm>
 #include <utility>
@@ -183,7 +184,8 @@ TEST_F(F2_Uebersicht, a_search_that_takes_its_time_says_at_each_key_why_it_does_
         299);
     world.At(200 + 301, [&] {
         ++looked;
-        const std::string why = "Der Funkadapter wird gesucht. Die Tasten wirken, sobald die Suche beendet ist.";
+        const std::string why =
+            AusUtf8("Der Funkadapter wird gesucht. Die Schaltflächen sind verfügbar, sobald die Suche beendet ist.");
         EXPECT_EQ(Main().ScanLaeuft, 1);
         EXPECT_EQ(Main().Suchzeile.Text(), why);
         for (const char* key : {"Ende", "PROG", "Neu", "EYE"}) {

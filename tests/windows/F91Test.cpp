@@ -330,12 +330,12 @@ TEST_F(F91_Fenster, explains_its_marks_in_the_language_in_use) {
     Kern& kern = programm->kern;
     kern.Config.Sprache = "Deutsch";
     EXPECT_EQ(Marken_Legende(kern), u8"*   wartet\n"
-                                    u8"-   übergangen, der Grund steht daneben\n"
+                                    u8"-   übersprungen, der Grund steht daneben\n"
                                     u8">>   programmiert\n"
                                     u8"<<   Historie gelesen\n"
                                     u8"#   fehlgeschlagen, der Grund steht daneben"_w);
     kern.Config.Sprache = "English";
-    EXPECT_EQ(Marke_Erklaeren(kern, "#"), "failed, the reason stands beside it");
+    EXPECT_EQ(Marke_Erklaeren(kern, "#"), "failed, the reason is given beside it");
     EXPECT_EQ(Marke_Erklaeren(kern, "<<"), "history read");
     EXPECT_EQ(Marke_Erklaeren(kern, ""), "");
     EXPECT_EQ(Marke_Erklaeren(kern, "x"), "");
@@ -409,22 +409,22 @@ TEST_F(F91_Fenster, says_how_far_the_list_is_and_how_long_it_may_still_take) {
     Open({1, 2, 7});
     EXPECT_EQ(List().StandLabel.Text(), "");
     world.RunFor(1100);
-    EXPECT_EQ(List().StandLabel.Text(), u8"Schloss 1 von 3   0 erledigt, 0 gescheitert oder übergangen"_w);
+    EXPECT_EQ(List().StandLabel.Text(), u8"Schloss 1 von 3   0 erledigt, 0 gescheitert oder übersprungen"_w);
     // 37 s for the first row and 3 s behind it; two such rows are to come.
     world.RunFor(37000);
     List().Zeile_Markieren(">>", "L266");
     List().Naechste_Zeile("PrgNextDataset");
-    EXPECT_EQ(List().StandLabel.Text(), u8"1 erledigt, 0 gescheitert oder übergangen   noch etwa 2 min"_w);
+    EXPECT_EQ(List().StandLabel.Text(), u8"1 erledigt, 0 gescheitert oder übersprungen   noch etwa 2 min"_w);
     world.RunFor(3100);
     EXPECT_EQ(List().StandLabel.Text(),
-              u8"Schloss 2 von 3   1 erledigt, 0 gescheitert oder übergangen   noch etwa 2 min"_w);
+              u8"Schloss 2 von 3   1 erledigt, 0 gescheitert oder übersprungen   noch etwa 2 min"_w);
     List().Zeile_Aufgeben();
     world.RunFor(3100);
     EXPECT_EQ(List().StandLabel.Text(),
-              u8"Schloss 3 von 3   1 erledigt, 1 gescheitert oder übergangen   noch etwa 1 min"_w);
+              u8"Schloss 3 von 3   1 erledigt, 1 gescheitert oder übersprungen   noch etwa 1 min"_w);
     List().Zeile_Markieren(">>", "L266");
     List().Naechste_Zeile("PrgNextDataset");
-    EXPECT_EQ(List().StandLabel.Text(), u8"2 erledigt, 1 gescheitert oder übergangen"_w);
+    EXPECT_EQ(List().StandLabel.Text(), u8"2 erledigt, 1 gescheitert oder übersprungen"_w);
 }
 
 TEST_F(F91_Fenster, a_history_that_is_not_the_end_of_its_row_counts_as_open) {
@@ -432,7 +432,7 @@ TEST_F(F91_Fenster, a_history_that_is_not_the_end_of_its_row_counts_as_open) {
     world.RunFor(1100);
     List().Zeile_Markieren("<<", "L263");
     List().Texte_Setzen();
-    EXPECT_EQ(List().StandLabel.Text(), u8"Schloss 1 von 2   0 erledigt, 0 gescheitert oder übergangen"_w);
+    EXPECT_EQ(List().StandLabel.Text(), u8"Schloss 1 von 2   0 erledigt, 0 gescheitert oder übersprungen"_w);
 }
 
 TEST_F(F91_Fenster, escape_cancels_the_lock_that_a_stopped_list_waits_for_and_nothing_before) {
