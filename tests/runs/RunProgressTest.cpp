@@ -4,6 +4,8 @@
 
 #include "RunKinds.h"
 
+#include <utility>
+
 namespace qvm::test {
 namespace {
 
@@ -85,6 +87,13 @@ TEST_F(Run_Step, counts_the_events_whose_number_nobody_knows) {
     EXPECT_EQ(Fortschritt_Text(programm->kern, Lauf_Fortschritt(programm->Lauf)), "Historie, 2 Ereignisse");
     EXPECT_EQ(programm->F9.SchrittLabel.Text(), "Historie, 2 Ereignisse");
     EXPECT_EQ(programm->F9.Balken1.Maximum(), 0);
+    for (const auto& [language, text] :
+         {std::pair{"English", "History, 2 events"}, std::pair{"Francais", "Historique, 2 \xE9v\xE9nements"},
+          std::pair{"Nederlands", "Historie, 2 gebeurtenissen"}}) {
+        programm->kern.Config.Sprache = language;
+        programm->F9.Fortschritt();
+        EXPECT_EQ(programm->F9.SchrittLabel.Text(), text); // nothing stands before it
+    }
 }
 
 TEST_F(Run_Step, names_a_unit_and_its_templates) {

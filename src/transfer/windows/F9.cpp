@@ -12,6 +12,11 @@ namespace {
 
 constexpr int SilenceShownAfterMs = 5000;
 
+/// Only German steps begin in upper case by themselves; they stand behind a percentage as a rule.
+std::string Zeilenanfang(std::string text) {
+    return text.empty() ? text : GrossText(text.substr(0, 1)) + text.substr(1);
+}
+
 int Endzeichen(const RunReport& report) {
     if (report.AllGood()) {
         return RunSign::Done;
@@ -136,7 +141,7 @@ void F9::Fortschritt() {
         Balken1.Maximum = progress.Endless ? 0 : progress.Total;
         Balken1.Value = progress.Endless ? 0 : progress.Done;
     }
-    SchrittLabel.Text = run.Gesamtende ? std::string() : Fortschritt_Text(kern, progress);
+    SchrittLabel.Text = run.Gesamtende ? std::string() : Zeilenanfang(Fortschritt_Text(kern, progress));
 }
 
 void F9::Status_Zeigen(int line) {
