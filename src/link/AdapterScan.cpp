@@ -1,5 +1,6 @@
 #include "AdapterScan.h"
 
+#include "Adapterklasse.h"
 #include "AntwortLayouts.h"
 #include "SeriellesProtokoll.h"
 #include "Text.h"

@@ -1,5 +1,6 @@
 #include "LockQuellen.h"
 
+#include "Adapterklasse.h"
 #include "F12_Laden.h"
 #include "Kern.h"
 #include "Text.h"
@@ -12,7 +13,6 @@ namespace {
 
 constexpr std::string_view NoUnit = " - ";
 constexpr std::string_view NoAdapter = " - ";
-constexpr std::string_view EnrolmentDevice = "ENROLLMENT1";
 
 std::string Unit_Kuerzel(const Kern& kern, std::string_view mode) {
     constexpr int FirstLine = 157; // "1", "2", "3": lines 157, 158, 159
@@ -27,8 +27,8 @@ LockAdapter Adapter_Eintrag(const RecordFile& adapters, int record) {
     entry.Record = record;
     entry.Adresse = adapters.Text(record, AdapterView::Adresse);
     entry.Name = adapters.Text(record, AdapterView::Name);
-    entry.Text = entry.Name.starts_with(EnrolmentDevice) ? std::string(NoAdapter)
-                                                         : std::string(Trim(entry.Name + " [" + entry.Adresse + "]"));
+    entry.Text = entry.Name.starts_with(EnrolmentClass) ? std::string(NoAdapter)
+                                                        : std::string(Trim(entry.Name + " [" + entry.Adresse + "]"));
     return entry;
 }
 

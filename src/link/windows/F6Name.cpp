@@ -1,6 +1,7 @@
 // The editor of the name column, and the way of a new name to its adapter.
 
 #include "AdapterScan.h"
+#include "Adapterklasse.h"
 #include "AntwortLayouts.h"
 #include "F6.h"
 #include "SeriellesProtokoll.h"

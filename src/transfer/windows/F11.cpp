@@ -1,6 +1,7 @@
 #include "F11.h"
 
 #include "AdapterScan.h"
+#include "Adapterklasse.h"
 #include "Filter.h"
 #include "Schlosszeile.h"
 #include "Text.h"
@@ -16,11 +17,6 @@ constexpr std::string_view NoCutoff = "-- -- . -- -- . -- --";
 /// What is offered, 0 for never, and which of them stands at first.
 constexpr std::array Patience = {30, 60, 120, 300, 600, 0};
 constexpr int UsualPatience = 1;
-constexpr std::string_view Enrollment = "ENROLLMENT1", ProgStation = "PROGSTATION";
-
-bool Beginnt(std::string_view text, std::string_view start) {
-    return text.substr(0, start.size()) == start;
-}
 
 } // namespace
 
@@ -92,8 +88,8 @@ void F11::Adapter_Fuellen(F11Opener opener, const std::string& adapterName) {
     int remembered = -1;
     int station = -1;
     for (const AdapterSatz& adapter : Adapter.Saetze) {
-        const bool wanted =
-            opener == F11Opener::F13 ? !Beginnt(adapter.Name, Enrollment) : Beginnt(adapter.Name, ProgStation);
+        const bool wanted = opener == F11Opener::F13 ? !adapter.Name.starts_with(EnrolmentClass)
+                                                     : adapter.Name.starts_with(ProgrammingClass);
         if (!wanted) {
             continue;
         }
@@ -101,7 +97,7 @@ void F11::Adapter_Fuellen(F11Opener opener, const std::string& adapterName) {
         if (!adapterName.empty() && remembered < 0 && (adapter.Adresse == adapterName || adapter.Name == adapterName)) {
             remembered = index;
         }
-        if (Beginnt(adapter.Name, ProgStation)) {
+        if (adapter.Name.starts_with(ProgrammingClass)) {
             station = index;
         }
         entries.push_back(adapter.Name + " [" + adapter.Adresse + "]");
