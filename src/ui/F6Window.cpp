@@ -81,7 +81,7 @@ void F6Window::makeGrid() {
         const bool unusable = f6_.FGK6.At(row, F6Column::State).Picture == AdapterPicture::Unusable;
         return unusable ? word(Word::AdapterUnusableTip, f6_.kern.Config.Sprache) : QString();
     });
-    grid_->setColumns({800, 2500, 4000, 1500, 2300}, F6Column::Name);
+    grid_->setColumns({800, 2500, 3500, 1500, 2800}, F6Column::Name);
     grid_->onClick = [this](int row, int column) { f6_.FGK6_Click(row, column); };
     grid_->onKey = [this](int key) { f6_.FGK6_KeyPress(key); };
     editor_ = new OverlayEditor(f6_.Text3, *grid_, QStringLiteral("F6.Text3"));

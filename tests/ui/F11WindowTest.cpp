@@ -53,6 +53,12 @@ TEST_F(F11_Window, gives_the_code_box_the_focus_after_half_a_second_and_counts_s
     EXPECT_EQ(code->accessibleName(), QStringLiteral("Administrator-Code"));
 }
 
+TEST_F(F11_Window, its_boxes_end_at_one_edge) {
+    Open("Deutsch", "SET");
+    const auto right = [this](QWidget* box) { return box->mapTo(window.get(), box->rect().topRight()).x(); };
+    EXPECT_EQ(right(Find<QComboBox>("F11.Combo1")), right(Find<QPushButton>("F11.CutoffDate")));
+}
+
 TEST_F(F11_Window, names_the_lock_over_the_code_and_nothing_for_a_list) {
     programm.reset();
     Start();

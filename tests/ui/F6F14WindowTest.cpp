@@ -1,9 +1,12 @@
 // The port and adapter window and the channel window on the screen.
 
+#include "GridDelegate.h"
 #include "GridView.h"
 #include "Oberflaeche.h"
+#include "TextEdge.h"
 #include "UiFixture.h"
 #include "WidgetChecks.h"
+#include "Words.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -99,6 +102,15 @@ TEST_F(F6_Window, says_of_an_adapter_with_a_strange_name_what_is_to_be_done) {
                        "for programming. Please give it a name that begins this way."));
     EXPECT_EQ(state.data(Qt::AccessibleDescriptionRole), state.data(Qt::ToolTipRole));
     EXPECT_EQ(model.index(0, F6Column::State).data(Qt::ToolTipRole).toString(), QStringLiteral("Status connected"));
+}
+
+TEST_F(F6_Window, has_room_for_every_state_in_every_language) {
+    Open();
+    for (const std::string_view language : Languages) {
+        const QString state = ui::toQt(Wort(Word::AdapterUnusable, language));
+        const int needed = grid->fontMetrics().horizontalAdvance(state) + grid->iconSize().width() + 3 * ui::CellMargin;
+        EXPECT_GE(grid->columnWidth(F6Column::State), needed) << language;
+    }
 }
 
 TEST_F(F6_Window, stands_over_the_main_window_as_the_channel_window_does) {
