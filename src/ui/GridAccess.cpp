@@ -28,9 +28,11 @@ QList<int> columnsOf(const GridView& grid) {
 /// The heading of a column when `row` is -1, else a cell; row and column as the model counts them.
 class CellAccess : public QAccessibleInterface, public QAccessibleTableCellInterface {
 public:
-    CellAccess(GridView& grid, int row, int column) : grid_(&grid), row_(row), column_(column) {}
+    CellAccess(GridView& grid, int row, int column) : grid_(&grid), row_(row), column_(column), told_(check()) {}
 
     bool isHeading() const { return row_ < 0; }
+    /// Checked or not is another than when this was asked last; not for a cell without a check box.
+    bool checkChanged();
     int row() const { return row_; }
     int column() const { return column_; }
 
@@ -72,9 +74,15 @@ public:
     QAccessibleInterface* table() const override { return parent(); }
 
 private:
+    QVariant check() const {
+        return isHeading() || !isValid() ? QVariant()
+                                         : grid_->gridModel().index(row_, column_).data(Qt::CheckStateRole);
+    }
+
     QPointer<GridView> grid_;
     int row_;
     int column_;
+    QVariant told_; ///< its check box, as it was when this was asked last
 };
 
 QString CellAccess::text(QAccessible::Text kind) const {
@@ -100,6 +108,11 @@ QRect CellAccess::rect() const {
     return {grid_->viewport()->mapToGlobal(place.topLeft()), place.size()};
 }
 
+bool CellAccess::checkChanged() {
+    const QVariant before = std::exchange(told_, check());
+    return before.isValid() && told_.isValid() && before != told_;
+}
+
 QAccessible::State CellAccess::state() const {
     QAccessible::State state;
     if (!isValid()) {
@@ -118,7 +131,7 @@ QAccessible::State CellAccess::state() const {
     state.focused = index == grid_->currentIndex() && grid_->hasFocus();
     state.selectable = grid_->selectionMode() != QAbstractItemView::NoSelection;
     state.selected = isSelected();
-    const QVariant mark = index.data(Qt::CheckStateRole);
+    const QVariant mark = check();
     state.checkable = mark.isValid();
     state.checked = mark.isValid() && mark.toInt() == Qt::Checked;
     return state;
@@ -160,6 +173,8 @@ public:
     bool unselectColumn(int /*column*/) override { return false; }
     // Cells are asked for by row and column each time, and those that are gone say so.
     void modelChange(QAccessibleTableModelChangeEvent* /*event*/) override {}
+    /// Tells which check boxes have changed; nobody keeps a state of a cell that has not been asked for.
+    void tellChecks(const QModelIndex& first, const QModelIndex& last) const;
 
 protected:
     ~GridAccess() override;
@@ -187,6 +202,26 @@ QAccessibleInterface* GridAccess::cell(int row, int column) const {
     auto* made = new CellAccess(grid_, row, column);
     cells_.insert({row, column}, QAccessible::registerAccessibleInterface(made));
     return made;
+}
+
+void GridAccess::tellChecks(const QModelIndex& first, const QModelIndex& last) const {
+    const auto within = [&first, &last](const std::pair<int, int>& place) {
+        return place.first >= first.row() && place.first <= last.row() && place.second >= first.column() &&
+               place.second <= last.column();
+    };
+    QList<CellAccess*> changed;
+    for (auto known = cells_.constBegin(); known != cells_.constEnd(); ++known) {
+        auto* cell = static_cast<CellAccess*>(QAccessible::accessibleInterface(known.value()));
+        if (within(known.key()) && cell != nullptr && cell->checkChanged()) {
+            changed += cell;
+        }
+    }
+    for (CellAccess* cell : changed) {
+        QAccessible::State checks;
+        checks.checked = true;
+        QAccessibleStateChangeEvent event(cell, checks);
+        QAccessible::updateAccessibility(&event);
+    }
 }
 
 QList<QWidget*> GridAccess::editors() const {
@@ -298,6 +333,15 @@ void tellCurrentCell(GridView* grid, bool chosen) {
     QAccessibleEvent event(grid, chosen ? QAccessible::Selection : QAccessible::Focus);
     event.setChild((current.row() + 1) * static_cast<int>(columnsOf(*grid).size()) + static_cast<int>(column));
     QAccessible::updateAccessibility(&event);
+}
+
+void tellChecks(GridView* grid, const QModelIndex& first, const QModelIndex& last) {
+    if (!QAccessible::isActive()) {
+        return;
+    }
+    if (const auto* access = dynamic_cast<const GridAccess*>(QAccessible::queryAccessibleInterface(grid))) {
+        access->tellChecks(first, last);
+    }
 }
 
 } // namespace qvm::ui

@@ -1,5 +1,7 @@
 #pragma once
 
+class QModelIndex;
+
 namespace qvm::ui {
 
 class GridView;
@@ -10,5 +12,8 @@ void describeGrids();
 
 /// Tells the screen reader that the current cell has the keyboard, or has been chosen.
 void tellCurrentCell(GridView* grid, bool chosen);
+
+/// Tells the screen reader of check boxes between two cells that were checked or cleared. Qt's tables do not.
+void tellChecks(GridView* grid, const QModelIndex& first, const QModelIndex& last);
 
 } // namespace qvm::ui

@@ -49,6 +49,8 @@ GridView::GridView(Grid& grid, QWidget* parent)
     });
     connect(model_, &QAbstractItemModel::headerDataChanged, this, &GridView::fitColumns);
     connect(model_, &QAbstractItemModel::dataChanged, this, &GridView::growStretched);
+    connect(model_, &QAbstractItemModel::dataChanged, this,
+            [this](const QModelIndex& first, const QModelIndex& last) { tellChecks(this, first, last); });
     watch(grid.Enabled, this, [this] { setEnabled(this->grid().Enabled); });
     watch(grid.Visible, this, [this] { setVisible(this->grid().Visible); });
     setCurrentIndex(model_->index(0, 0));

@@ -15,8 +15,8 @@ import unittest
 
 from datafiles import without_zeros
 from installation import CODE, Installation
-from screen import (PATIENCE, Atspi, Display, Program, click_at, drag, has_state, key, middle, name_of, tell, typed,
-                    wait_for)
+from screen import (PATIENCE, Atspi, Display, Heard, Program, click_at, drag, has_state, key, middle, name_of, tell,
+                    typed, wait_for)
 
 BUTTON, LABEL, MENU_ENTRY = Atspi.Role.PUSH_BUTTON, Atspi.Role.LABEL, Atspi.Role.MENU_ITEM
 DIALOG, TABLE, PASSWORD = Atspi.Role.DIALOG, Atspi.Role.TABLE, Atspi.Role.PASSWORD_TEXT
@@ -195,6 +195,18 @@ class Desktop(unittest.TestCase):
         self.wait_for_marks([1, 2])
         key("shift+Down", "space")
         self.wait_for_marks([])
+
+    def test_tells_a_screen_reader_of_a_mark_that_comes_and_goes(self):
+        self.open_locks()
+        wait_for("the cell is there", lambda: name_of(self.cell(2, MARK_COLUMN)) != "")
+        cell = self.cell(2, MARK_COLUMN)
+        place = tell(cell, lambda n: n.get_index_in_parent())
+        heard = Heard("object:state-changed:checked")
+        self.addCleanup(heard.close)
+        click_at(*middle(cell))
+        wait_for("the mark is told", lambda: heard.events() == [(place, 1)])
+        key("space")  # a second click so soon would be a double click
+        wait_for("its end is told", lambda: heard.events() == [(place, 1), (place, 0)])
 
     def test_marks_locks_by_a_drag_and_keeps_the_marks_of_a_list_that_is_not_started(self):
         self.open_locks()

@@ -129,6 +129,29 @@ def middle(node):
     return box.x + box.width // 2, box.y + box.height // 2
 
 
+class Heard:
+    """What the accessibility bus tells of one kind of change from now on, by place among the parent's children and the
+    event's own number."""
+
+    def __init__(self, kind):
+        self.kind = kind
+        self.told = []
+        self.listener = Atspi.EventListener.new(self.take)
+        self.listener.register(kind)
+
+    def take(self, event):
+        self.told.append((tell(event.source, lambda n: n.get_index_in_parent()), event.detail1))
+
+    def events(self):
+        context = GLib.MainContext.default()
+        while context.pending():
+            context.iteration(False)
+        return self.told
+
+    def close(self):
+        self.listener.deregister(self.kind)
+
+
 class Program:
     """A program by its process number."""
 
