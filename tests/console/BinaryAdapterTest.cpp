@@ -172,8 +172,8 @@ TEST_F(BinaryAdapter, that_goes_while_a_list_waits_for_its_hour_is_told_and_so_i
     ASSERT_TRUE(run->WaitFor("Entries checked"));
     first->Signal(SIGTERM);
     first->Wait();
-    EXPECT_TRUE(
-        run->WaitFor("The wireless adapter has been disconnected. Please plug it in again before the next lock's turn comes.\n"));
+    EXPECT_TRUE(run->WaitFor(
+        "The wireless adapter has been disconnected. Please plug it in again before the next lock's turn comes.\n"));
     const auto second = Locks.Plug("com3", VirtualLocks::World());
     EXPECT_TRUE(run->WaitFor("The wireless adapter is back. The list goes on with it.\n"));
     run->Signal(SIGINT);
