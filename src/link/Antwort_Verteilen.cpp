@@ -249,6 +249,14 @@ void Schloss_Ende(Link& l) {
     Rufen(l.Hooks.Schloss_Ende);
 }
 
+/// The device that the run is with is not silent: the frame leads on, or is what the last telegram asked for. What a
+/// polled lock says leads on only with the next tick.
+bool Bricht_Stille(const Link& l, std::uint8_t code) {
+    const bool polled =
+        l.TxBuffer[2] == TelLebenszeichen::Telegram.Code && (code == 0x06 || code == 0x08 || code == 0x27);
+    return polled || (l.AnswerDue != 0 && code == l.AnswerDue) || Antwort_Fuehrt_Weiter(l);
+}
+
 void Ablehnung(Link& l) {
     for (const ReplyRow& row : Ablehnung_Tabelle()) {
         if (row.Condition(l)) {
@@ -435,16 +443,20 @@ void Zeit_Tabellen_Start(Link& link) {
 }
 
 void Antwort_Verteilen(Link& link) {
-    link.Lauf.LastAnswer = link.kern.Welt.Milliseconds();
+    const std::int64_t now = link.kern.Welt.Milliseconds();
     const std::uint8_t code = link.Rx.RxBuffer[2];
     // A lock that has just acknowledged its erasing is deaf: the cancel waits until it answers the polling.
     const bool deaf = code == 0x27 && link.TxBuffer[2] == code && !Blocktransfer(link) && Wird_Abgefragt(link);
     if (link.Lauf.AbbruchWunsch != 0 && !deaf) {
+        link.Lauf.LastAnswer = now;
         Abbruch_Ausfuehren(link);
         return;
     }
     if (!Antwort_Zulaessig(link, code)) {
         return;
+    }
+    if (Bricht_Stille(link, code)) {
+        link.Lauf.LastAnswer = now;
     }
     Rufen(link.Hooks.Antwort_Gekommen);
     if (Gefaehrdet_Ereignisse(link, code)) {

@@ -79,10 +79,12 @@ struct RunState {
     bool ListenWindow = false;                   ///< the lock's unit mode is "3": TelZeitfenster goes out
     int UnitRow = 0;                             ///< template row and its piece in a unit block transfer, from 0
     int UnitPiece = 0;
-    std::uint16_t UserSlot = 0;  ///< the slot that the lock gave for the current user
-    bool AnswerSeen = false;     ///< a reply 0x06 or 0x08 came since TelLebenszeichen
-    int AnswerTicks = 0;         ///< ticks of Timer7 without an answer
-    std::int64_t LastAnswer = 0; ///< Platform::Milliseconds of the last frame, or of the end of an ordered wait
+    std::uint16_t UserSlot = 0; ///< the slot that the lock gave for the current user
+    bool AnswerSeen = false;    ///< a reply 0x06 or 0x08 came since TelLebenszeichen
+    int AnswerTicks = 0;        ///< ticks of Timer7 without an answer
+    /// Platform::Milliseconds of the last frame that broke the device's silence, or of the end of an ordered wait. What
+    /// nobody asked for, and what leads nowhere, does not break it.
+    std::int64_t LastAnswer = 0;
 
     // Values that telegrams carry, set before the first telegram of a session.
     Secret<3> AdminCode; ///< gone when the run, or the list, has ended

@@ -136,7 +136,8 @@ void Lauf_Aufgeben(Programmierlauf& run, RunOutcome outcome);
 /// Leaves a lock that is silent, so that a list can go on: its session is closed as by a cancel while the port is open,
 /// but nobody waits for the answer. The port stays as it is; the report says `outcome` and `text`.
 void Lauf_Verlassen(Programmierlauf& run, RunOutcome outcome, std::string_view text);
-/// Milliseconds since the lock last answered; 0 while the run is in a wait of its own or has ended.
+/// Milliseconds since the lock last answered what it was asked, or said what leads the run on; 0 while the run is in a
+/// wait of its own or has ended.
 std::int64_t Lauf_Stille(const Programmierlauf& run);
 /// True while no reply is awaited: in an ordered wait, between two units, and while an erasing lock is polled.
 bool Lauf_Wartet(const Programmierlauf& run);

@@ -743,5 +743,55 @@ TEST_F(Antwort_Verteilen_Reply, which_replies_lead_a_run_anywhere) {
     EXPECT_TRUE(leads(0x03));
 }
 
+// Silence.
+
+TEST_F(Antwort_Verteilen_Reply, what_breaks_the_silence_of_a_lock) {
+    const auto breaks = [this](std::uint8_t code, std::vector<std::uint8_t> bytes = {}) {
+        world.RunFor(1000);
+        const std::int64_t before = link.Lauf.LastAnswer;
+        const std::int64_t now = world.World.Milliseconds();
+        Reply(code, std::move(bytes));
+        EXPECT_TRUE(link.Lauf.LastAnswer == before || link.Lauf.LastAnswer == now);
+        return link.Lauf.LastAnswer == now;
+    };
+    TelVerbinden_Senden(link);
+    for (const int code : {0x03, 0x06, 0x08, 0x12, 0x4B, 0x55, 0x68, 0x6A, 0x6C, 0x81, 0xA1, 0xFF}) {
+        EXPECT_FALSE(breaks(static_cast<std::uint8_t>(code))) << code;
+    }
+    EXPECT_FALSE(breaks(0x69, {0x68})) << "a refusal that means nothing";
+    EXPECT_TRUE(breaks(0x69, {0x67})) << "busy";
+    TelVerbinden_Senden(link);
+    EXPECT_TRUE(breaks(0x04, {1, 1, 1, 1, 0x0A, 0x0B, 0x0C, 0x0D, 0, 0, 0, 4}));
+    EXPECT_TRUE(breaks(0x27));
+    TelTrennen_Senden(link);
+    link.Lauf.Phase = RunPhase::Closing;
+    EXPECT_FALSE(breaks(0x0A)) << "behind a cancel only the end of the session counts";
+    EXPECT_TRUE(breaks(0x05));
+}
+
+TEST_F(Antwort_Verteilen_Reply, a_polled_lock_breaks_its_silence_with_each_sign_of_life) {
+    link.Lauf.SerialValue = SerialZ;
+    TelDatenStart_Senden(link, 0);
+    const auto breaks = [this](std::uint8_t code) {
+        world.RunFor(1000);
+        Reply(code);
+        return link.Lauf.LastAnswer == world.World.Milliseconds();
+    };
+    EXPECT_TRUE(breaks(0x27)) << "it acknowledges its erasing";
+    for (const int code : {0x06, 0x08, 0x27}) {
+        TelLebenszeichen_Senden(link);
+        EXPECT_TRUE(breaks(static_cast<std::uint8_t>(code))) << code;
+    }
+    TelLebenszeichen_Senden(link);
+    EXPECT_FALSE(breaks(0x12));
+}
+
+TEST_F(Antwort_Verteilen_Reply, a_frame_at_which_a_cancel_is_honoured_breaks_the_silence) {
+    link.Lauf.AbbruchWunsch = 1;
+    world.RunFor(1000);
+    Reply(0x12);
+    EXPECT_EQ(link.Lauf.LastAnswer, world.World.Milliseconds());
+}
+
 } // namespace
 } // namespace qvm::test

@@ -1,6 +1,7 @@
 // A lock of a list that says nothing: it is given up after the time that the start dialog offers, its session is
 // closed, and the rows behind it get their turn.
 
+#include "AntwortRahmen.h"
 #include "ListenFixture.h"
 
 #include <algorithm>
@@ -44,6 +45,25 @@ TEST_F(List_Silence, of_a_minute_gives_the_row_up_and_the_list_goes_on) {
     ASSERT_TRUE(FinishList());
     EXPECT_THAT(AllRows(), ElementsAre(Failed, Programmed));
     EXPECT_EQ(programm->F91.StatusLabel.Text(), "L265");
+}
+
+TEST_F(List_Silence, is_not_broken_by_frames_that_nobody_asked_for) {
+    // The result of a code change, an identification of an adapter, a sign of life, an unknown code.
+    const std::vector<std::uint8_t> codes{0x12, 0x68, 0x06, 0x55};
+    Lost(4);
+    BeginList();
+    Prog({1, 2});
+    ASSERT_TRUE(world.RunUntil([this] { return system->Codes().size() == 5; }));
+    for (int n = 0; n < 12; ++n) {
+        world.RunFor(4900);
+        world.Deliver(ReplyWire(codes[static_cast<std::size_t>(n) % codes.size()], 0x0F, {1, 1, 1, 1}));
+    }
+    EXPECT_EQ(programm->F9.StilleLabel.Text(), "L274 58 s");
+    EXPECT_EQ(RowAt(1), Waiting);
+    world.RunFor(2500);
+    EXPECT_EQ(RowAt(1), Failed);
+    ASSERT_TRUE(FinishList());
+    EXPECT_THAT(AllRows(), ElementsAre(Failed, Programmed));
 }
 
 TEST_F(List_Silence, closes_the_session_before_the_next_row) {

@@ -302,6 +302,10 @@ TEST_F(F9_Fenster, says_how_long_the_lock_has_been_silent_once_that_is_more_than
 TEST_F(F9_Fenster, takes_the_silence_back_when_the_lock_answers) {
     Run();
     world.RunFor(7000);
+    world.Deliver(AliveReply); // not what it was asked
+    world.RunFor(1000);
+    EXPECT_EQ(Window().StilleLabel.Text(), "L274 8 s");
+    TelLebenszeichen_Senden(programm->link);
     world.Deliver(AliveReply);
     world.RunFor(1000);
     EXPECT_FALSE(Window().StilleLabel.Visible);
