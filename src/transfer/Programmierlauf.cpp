@@ -127,6 +127,14 @@ std::string Lauf_Schloss(const Programmierlauf& run) {
     return Schloss_Zeile(run.kern, run.LockNumber, run.LockName);
 }
 
+bool Lauf_Ohne_Adapter(const Programmierlauf& run) {
+    return !run.Gesamtende && !run.kern.Welt.Port.IsOpen();
+}
+
+bool Lauf_Abgebrochen(const Programmierlauf& run) {
+    return run.Cancelled || run.link.Lauf.AbbruchWunsch != 0;
+}
+
 bool Lauf_Wartet(const Programmierlauf& run) {
     return run.Waiting || run.Timer7.Running() || run.Timer8.Running() || run.Timer9.Running() || run.Timer11.Running();
 }

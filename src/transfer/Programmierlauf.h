@@ -139,6 +139,10 @@ void Lauf_Verlassen(Programmierlauf& run, RunOutcome outcome, std::string_view t
 /// Milliseconds since the lock last answered what it was asked, or said what leads the run on; 0 while the run is in a
 /// wait of its own or has ended.
 std::int64_t Lauf_Stille(const Programmierlauf& run);
+/// A run is on whose adapter was pulled out: nothing can be sent, and no reply will come.
+bool Lauf_Ohne_Adapter(const Programmierlauf& run);
+/// The operator has cancelled the run, whether or not the cancel has taken effect.
+bool Lauf_Abgebrochen(const Programmierlauf& run);
 /// True while no reply is awaited: in an ordered wait, between two units, and while an erasing lock is polled.
 bool Lauf_Wartet(const Programmierlauf& run);
 /// "Lock 3: Serverraum": the lock that the run is for, in the language in use.

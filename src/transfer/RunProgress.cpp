@@ -25,6 +25,10 @@ bool Zaehlt(const Programmierlauf& run, const AccountItem& item) {
 }
 
 std::optional<int> Restzeit(const Programmierlauf& run, const RunProgress& progress) {
+    // Behind a cancel the rest does not go out, and without an adapter nothing does.
+    if (Lauf_Abgebrochen(run) || Lauf_Ohne_Adapter(run)) {
+        return {};
+    }
     const std::int64_t passed = run.kern.Welt.Milliseconds() - run.Tempo.Since;
     const int seen = progress.Done - run.Tempo.Done;
     const int left = progress.Total - progress.Done;

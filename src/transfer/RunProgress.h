@@ -14,7 +14,8 @@ struct RunProgress {
     int Percent = 0;                ///< 100 only when nothing is left
     bool Endless = false;           ///< events are read, and nobody knows how many there are
     std::string Step;               ///< in the language in use: "user 12 of 40"; empty once nothing is left
-    std::optional<int> SecondsLeft; ///< estimated from what went before; nothing while there is too little to go by
+    std::optional<int> SecondsLeft; ///< estimated from what went before; nothing while there is too little to go by,
+                                    ///< behind a cancel, and without an adapter
 };
 
 /// `done` of `total`, 0 to 100, rounded down; 0 of nothing.

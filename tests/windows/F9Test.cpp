@@ -16,6 +16,18 @@ struct F9_Fenster : FensterFixture {
         StartRun();
     }
     F9& Window() { return programm->F9; }
+    /// The run's first five telegrams were acknowledged, two seconds ago.
+    void Five_Of_Seventeen() {
+        Run("----X");
+        auto& items = programm->Lauf.Konto.Items;
+        ASSERT_EQ(items.size(), 17U);
+        for (std::size_t n = 0; n < 5; ++n) {
+            items[n].Is = AccountItem::State::Acknowledged;
+        }
+        programm->Lauf.Konto.Awaited = 5;
+        world.RunFor(2000);
+        ASSERT_EQ(Window().SchrittLabel.Text(), "29 %, Kalenderschalter, noch etwa 5 s");
+    }
 };
 
 TEST_F(F9_Fenster, opens_with_1500_and_30_on_its_bars) {
@@ -337,6 +349,27 @@ TEST_F(F9_Fenster, counts_nothing_on_behind_a_cancel) {
     EXPECT_THAT(SentCodes(), ElementsAre(0x04, 0x05));
     EXPECT_FALSE(Window().StilleLabel.Visible);
     EXPECT_EQ(Window().StatusLabel.Text(), "L82");
+}
+
+TEST_F(F9_Fenster, counts_no_time_left_behind_a_cancel) {
+    Five_Of_Seventeen();
+    Window().Command1_Click();
+    EXPECT_EQ(Window().SchrittLabel.Text(), "29 %, Kalenderschalter");
+    world.RunFor(20000);
+    EXPECT_EQ(Window().SchrittLabel.Text(), "29 %, Kalenderschalter");
+    world.Deliver(AliveReply); // the cancel is honoured, and its own telegram stays without an answer
+    world.RunFor(20000);
+    EXPECT_EQ(Lauf().AbbruchWunsch, 0);
+    EXPECT_EQ(Window().SchrittLabel.Text(), "29 %, Kalenderschalter");
+}
+
+TEST_F(F9_Fenster, counts_no_time_left_while_the_adapter_is_pulled_out) {
+    Five_Of_Seventeen();
+    world.PortOpen = false;
+    world.RunFor(1000);
+    EXPECT_EQ(Window().SchrittLabel.Text(), "29 %, Kalenderschalter");
+    world.RunFor(20000);
+    EXPECT_EQ(Window().SchrittLabel.Text(), "29 %, Kalenderschalter");
 }
 
 TEST_F(F9_Fenster, says_that_the_adapter_was_pulled_out_instead_of_counting_the_silence) {

@@ -223,8 +223,7 @@ void F9::Command1_Click() {
     if (!Command1.Enabled) {
         return;
     }
-    if (Adapter_Fehlt()) {
-        // Nothing can be sent, and no reply will come.
+    if (Lauf_Ohne_Adapter(run)) {
         Lauf_Aufgeben(run, RunOutcome::Cancelled);
         Fertig(82);
         return;
@@ -233,6 +232,7 @@ void F9::Command1_Click() {
     Label15.Visible = false;
     Status_Zeigen(82);
     StilleLabel.Visible = false;
+    Fortschritt(); // without a time left
     if (Konto_Schloss(run.Konto) == LockData::Incomplete) {
         Folge_Zeigen(LockData::Incomplete);
     }
@@ -249,14 +249,10 @@ void F9::Command2_Click() {
     Rufen(F13_Freigeben);
 }
 
-bool F9::Adapter_Fehlt() const {
-    return !run.Gesamtende && !kern.Welt.Port.IsOpen();
-}
-
 void F9::Stille_Zeigen() {
     Fortschritt(); // the time left goes on by itself
-    const bool cancelled = run.Cancelled || run.link.Lauf.AbbruchWunsch != 0;
-    if (Adapter_Fehlt() && !cancelled) {
+    const bool cancelled = Lauf_Abgebrochen(run);
+    if (Lauf_Ohne_Adapter(run) && !cancelled) {
         pulled_ = true;
         StilleLabel.Visible = false;
         Text_Zeigen(Wort(kern, Word::AdapterPulled));

@@ -79,7 +79,6 @@ struct F9 {
 private:
     void Uhr_Beschriften();
     void Stille_Zeigen();
-    bool Adapter_Fehlt() const;
     /// A status of its own, which stays until the next one.
     void Text_Zeigen(const std::string& text);
     void Zeichen_Setzen(int sign);
