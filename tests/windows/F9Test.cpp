@@ -372,6 +372,18 @@ TEST_F(F9_Fenster, counts_no_time_left_while_the_adapter_is_pulled_out) {
     EXPECT_EQ(Window().SchrittLabel.Text(), "29 %, Kalenderschalter");
 }
 
+TEST_F(F9_Fenster, has_the_line_again_that_stood_there_before_the_adapter_was_pulled_out) {
+    Run();
+    Window().Status_Zeigen(264);
+    world.PortOpen = false;
+    world.RunFor(2000);
+    EXPECT_THAT(Window().StatusLabel.Text(), ::testing::StartsWith("Der Funkadapter wurde getrennt."));
+    world.PortOpen = true;
+    world.RunFor(1000);
+    EXPECT_EQ(Window().StatusLabel.Text(), "L264");
+    EXPECT_EQ(Window().Zeichen.Id(), RunSign::None);
+}
+
 TEST_F(F9_Fenster, says_that_the_adapter_was_pulled_out_instead_of_counting_the_silence) {
     Run();
     world.RunFor(7000);

@@ -85,7 +85,7 @@ void F9::F9_Vorbereiten(int progressTotal) {
     Status_Zeigen(0);
     Zeichen_Setzen(RunSign::None);
     Folge_Zeigen(LockData::Untouched);
-    searchEnds_ = pulled_ = false;
+    searchEnds_ = false;
     StilleLabel.Visible = false;
     SchrittLabel.Text = std::string();
     Label15.Visible = false;
@@ -147,16 +147,24 @@ void F9::Fortschritt() {
 void F9::Status_Zeigen(int line) {
     statusLine_ = line;
     statusText_.clear();
-    StatusLabel.Text = kern.Zeile(line);
+    pulled_ = false;
+    Status_Setzen();
 }
 
 void F9::Text_Zeigen(const std::string& text) {
     statusText_ = text;
-    StatusLabel.Text = text;
+    pulled_ = false;
+    Status_Setzen();
+}
+
+void F9::Status_Setzen() {
+    StatusLabel.Text = pulled_               ? Wort(kern, Word::AdapterPulled)
+                       : statusText_.empty() ? kern.Zeile(statusLine_)
+                                             : statusText_;
 }
 
 void F9::Texte_Setzen() {
-    StatusLabel.Text = statusText_.empty() ? kern.Zeile(statusLine_) : statusText_;
+    Status_Setzen();
     Zeichen_Setzen(Zeichen.Id);
     Folge_Zeigen(folge_);
     Command1.Text = kern.Zeile(83);
@@ -255,13 +263,13 @@ void F9::Stille_Zeigen() {
     if (Lauf_Ohne_Adapter(run) && !cancelled) {
         pulled_ = true;
         StilleLabel.Visible = false;
-        Text_Zeigen(Wort(kern, Word::AdapterPulled));
+        Status_Setzen();
         Zeichen_Setzen(RunSign::Attention);
         return;
     }
     if (std::exchange(pulled_, false) && !cancelled) {
         // Something was sent through the adapter that was plugged in again.
-        Status_Zeigen(0);
+        Status_Setzen();
         Zeichen_Setzen(RunSign::None);
     }
     const auto silence = cancelled || searchEnds_ ? 0 : Lauf_Stille(run);

@@ -81,6 +81,8 @@ private:
     void Stille_Zeigen();
     /// A status of its own, which stays until the next one.
     void Text_Zeigen(const std::string& text);
+    /// That status, or in its place that the adapter is gone.
+    void Status_Setzen();
     void Zeichen_Setzen(int sign);
     void Folge_Zeigen(LockData lock);
 
@@ -88,7 +90,7 @@ private:
     std::string statusText_; ///< in place of that line
     LockData folge_ = LockData::Untouched;
     bool searchEnds_ = false; ///< Suche_Endet, until the window is shown anew
-    bool pulled_ = false;     ///< the status says that the adapter is gone
+    bool pulled_ = false;     ///< the adapter is gone, and that stands in place of the status
     DateTime begin_;          ///< of the run
 };
 
