@@ -76,7 +76,6 @@ void F9::F9_Vorbereiten(int progressTotal) {
     RunState& lauf = run.link.Lauf;
     lauf.ProgressMaximum = progressTotal > 30 ? progressTotal + 20 : 160;
     lauf.TelegramCounter = lauf.ProgressValue = lauf.SecondProgress = 0;
-    Balken1.Maximum = lauf.ProgressMaximum;
     Balken1.Value = 0;
     Balken1.Visible = true;
     Balken2.Value = 0;

@@ -53,7 +53,7 @@ struct F9 {
     /// A channel search was cancelled, and no channel has answered yet: shown with its close button live.
     void Suche_Endet();
     /// Bars, check boxes and labels at the start of a run. ProgressMaximum, where the count of telegrams begins anew,
-    /// is the dataset's total plus 20 when that is above 30, else 160; the first bar takes it until the run begins.
+    /// is the dataset's total plus 20 when that is above 30, else 160.
     void F9_Vorbereiten(int progressTotal);
     void DeviceParameterSetup();
     /// Catalogue line `line` as the status, 0: none.
