@@ -92,7 +92,8 @@ bool Zeile_Fehlgeschlagen(Programmierlauf& run, RunOutcome outcome, std::string_
     Timer_Anhalten(run);
     Lauf_Beenden(run, outcome, text);
     if (run.Liste.Zeile_Markieren) {
-        run.Liste.Zeile_Markieren("#", std::string(text));
+        const std::string moved = run.Bericht.ChannelUnsaved ? " - " + Wort(run.kern, Word::ChannelUnsaved) : "";
+        run.Liste.Zeile_Markieren("#", std::string(text) + moved);
     }
     Rufen(run.Liste.Naechste_Zeile);
     return true;
@@ -119,10 +120,11 @@ Urteil Beurteilen(const Programmierlauf& run) {
     if (std::string open = Unbewiesen(run); !open.empty()) {
         return {.Outcome = RunOutcome::Incomplete, .Why = std::move(open)};
     }
-    if (std::string refused = Units_Abgelehnt(run); !refused.empty()) {
-        return {.Why = std::move(refused)};
+    const std::string more = Erledigt_Zusatz(run);
+    if (const std::string refused = Units_Abgelehnt(run); !refused.empty()) {
+        return {.Why = refused + (more.empty() ? "" : " " + more)};
     }
-    if (const std::string more = Erledigt_Zusatz(run); !more.empty()) {
+    if (!more.empty()) {
         return {.Why = kern.Zeile(110) + ". " + more};
     }
     return {.Why = kern.Zeile(110), .Line = 110};

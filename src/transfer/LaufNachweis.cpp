@@ -24,6 +24,10 @@ std::string Stand(const Programmierlauf& run, std::size_t unit) {
 } // namespace
 
 bool RunReport::AllGood() const {
+    return AllDone() && EraseConfirmed.value_or(true) && !ChannelUnsaved;
+}
+
+bool RunReport::AllDone() const {
     return End == RunOutcome::Done && HistoryLost == HistoryLoss::None &&
            std::none_of(Units.begin(), Units.end(), [](const UnitReport& unit) { return unit.Refused; });
 }
@@ -62,8 +66,14 @@ std::string Unbewiesen(const Programmierlauf& run) {
 }
 
 std::string Erledigt_Zusatz(const Programmierlauf& run) {
-    const bool unsure = !Konto_Loeschen_Bestaetigt(run.Konto).value_or(true);
-    return unsure ? Wort(run.kern, Word::EraseUnconfirmed) : std::string();
+    std::string text;
+    if (!Konto_Loeschen_Bestaetigt(run.Konto).value_or(true)) {
+        text = Wort(run.kern, Word::EraseUnconfirmed);
+    }
+    if (run.Bericht.ChannelUnsaved) {
+        text += (text.empty() ? "" : " ") + Wort(run.kern, Word::ChannelUnsaved);
+    }
+    return text;
 }
 
 std::string Units_Abgelehnt(const Programmierlauf& run) {

@@ -54,7 +54,9 @@ struct RunReport {
     std::optional<bool> EraseConfirmed;
     LockData Lock = LockData::Untouched;
 
-    /// Done, and nothing else went wrong either: every unit accepted its login, every event is on the disk.
+    /// Done, every unit accepted its login, every event is on the disk.
+    bool AllDone() const;
+    /// All done, and nothing is left to be told: the erasing was confirmed, the radio channel is recorded.
     bool AllGood() const;
 };
 

@@ -1,6 +1,7 @@
 // Runs to a lock that must move to the system's radio channel.
 
 #include "RunFixture.h"
+#include "Text.h"
 
 namespace qvm::test {
 namespace {
@@ -41,6 +42,21 @@ TEST_F(Run_Search, a_lock_on_its_old_channel_is_moved_and_then_programmed) {
     EXPECT_FALSE(programm->F18.Fenster.Visible);
     EXPECT_TRUE(programm->F9.Fenster.Visible);
     EXPECT_EQ(system->JudgementLines(), "");
+}
+
+TEST_F(Run_Search, a_new_channel_that_could_not_be_recorded_is_told_and_bears_no_sign_of_success) {
+    Begin();
+    Program(1);
+    world.Disk.FailAt = world.Disk.Operations + 1;
+    world.Disk.FailFromThere = true;
+    ASSERT_TRUE(Finish());
+    EXPECT_EQ(Outcome(), RunOutcome::Done);
+    EXPECT_EQ(Lock(Serial::S).Channel, 7);
+    EXPECT_EQ(ChannelFile(), "4     7  1     ");
+    EXPECT_EQ(Status(), u8"L110. Der neue Funkkanal des Schlosses konnte nicht gespeichert werden: Das Schloss wird "
+                        u8"beim nächsten Mal wieder gesucht."_w);
+    EXPECT_EQ(programm->F9.Zeichen.Id(), RunSign::Attention);
+    EXPECT_EQ(programm->F9.FolgeLabel.Text(), "");
 }
 
 TEST_F(Run_Search, a_lock_elsewhere_is_found_on_the_first_channel_that_answers) {

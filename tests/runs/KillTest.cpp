@@ -1,6 +1,7 @@
 // A list run is killed, or runs out of disk: no event that came is lost, and the next run works.
 
 #include "CutList.h"
+#include "Text.h"
 
 #include <algorithm>
 #include <array>
@@ -95,9 +96,10 @@ struct MoveList : ListenFixture {
         };
         Prog({1});
         EXPECT_TRUE(FinishList());
-        EXPECT_EQ(RowAt(1), CutList::Programmed);
+        EXPECT_EQ(RowAt(1), expected);
         EXPECT_EQ(Lock("00.0A.10.01").Channel, 7);
     }
+    Row expected = CutList::Programmed;
     std::string Record() { return files.File("RFCHANDIF12.RFX").substr(0, 15); }
 };
 
@@ -257,12 +259,15 @@ TEST(List_On_A_Full_Disk, without_room_for_the_record_of_its_channel_a_lock_is_f
     MoveList run;
     {
         const FullDisk disk(run.world, 1, true);
+        run.expected = {">>", std::string(u8"L266 - Der neue Funkkanal des Schlosses konnte nicht gespeichert werden: "
+                                          u8"Das Schloss wird beim nächsten Mal wieder gesucht."_w)};
         run.Run();
         EXPECT_TRUE(disk.failed);
     }
     EXPECT_TRUE(run.programm->Lauf.Bericht.ChannelUnsaved);
     EXPECT_EQ(run.Record(), MoveList::OldRecord);
 
+    run.expected = CutList::Programmed;
     run.devices = run.system->World();
     run.Run();
     EXPECT_EQ(run.Record(), MoveList::NewRecord);

@@ -170,6 +170,18 @@ TEST_F(Run_Picture, of_a_unit_that_refuses_names_it_and_says_that_the_lock_is_do
     Expect_Picture("Die Anmeldung wurde abgelehnt von: Leser.", RunSign::Attention, LockDone);
 }
 
+TEST_F(Run_Picture, of_a_lock_that_did_not_confirm_its_erasing_bears_no_sign_of_success) {
+    files.Lock(1, "Tresor", Serial::Z, " XXX ");
+    devices.Locks[0].Serial = AddressOf(Serial::Z);
+    devices.Locks[0].EchoErase = false;
+    Begin();
+    Program(1);
+    ASSERT_TRUE(Finish());
+    EXPECT_EQ(Outcome(), RunOutcome::Done);
+    Expect_Picture(u8"L110. Das Schloss hat das Löschen nicht bestätigt: Alte Einträge können noch vorhanden sein."_w,
+                   RunSign::Attention, "");
+}
+
 TEST_F(Run_Picture, of_a_unit_that_is_nowhere_says_that_the_lock_is_done) {
     Unit("00012CCD", '2', false);
     Begin();

@@ -191,7 +191,7 @@ void F9::Fertig(int line) {
         Text_Zeigen(run.Bericht.Text);
     }
     Zeichen_Setzen(Endzeichen(run.Bericht));
-    Folge_Zeigen(run.Bericht.AllGood() ? LockData::Untouched : run.Bericht.Lock);
+    Folge_Zeigen(run.Bericht.AllDone() ? LockData::Untouched : run.Bericht.Lock);
     Schliessen_Freigeben();
     Fortschritt();
     Balken2.Visible = false;
