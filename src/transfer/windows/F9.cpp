@@ -184,7 +184,7 @@ void F9::Folge_Zeigen(LockData lock) {
     FolgeLabel.Text = Folge_Text(kern, lock);
 }
 
-void F9::Fertig(int line) {
+void F9::Urteil_Zeigen(int line) {
     if (line != 0) {
         Status_Zeigen(line);
     } else {
@@ -192,12 +192,20 @@ void F9::Fertig(int line) {
     }
     Zeichen_Setzen(Endzeichen(run.Bericht));
     Folge_Zeigen(run.Bericht.AllDone() ? LockData::Untouched : run.Bericht.Lock);
-    Schliessen_Freigeben();
     Fortschritt();
     Balken2.Visible = false;
     StilleLabel.Visible = false;
     Stille.Stop();
+}
+
+void F9::Abschliessen() {
+    Schliessen_Freigeben();
     Beendet = true;
+}
+
+void F9::Fertig(int line) {
+    Urteil_Zeigen(line);
+    Abschliessen();
 }
 
 void F9::Schliessen_Freigeben() {

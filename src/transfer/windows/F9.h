@@ -62,8 +62,12 @@ struct F9 {
     void Texte_Setzen();
     /// A telegram has gone out, or time has passed.
     void Fortschritt();
-    /// Finished state: status line, or with 0 the text of the run's report; sign, what the lock holds, cancel disabled,
-    /// close enabled, bars stopped.
+    /// How the run ended: status line, or with 0 the text of the run's report; sign, what the lock holds, bars stopped.
+    /// A list shows it behind each of its rows.
+    void Urteil_Zeigen(int line);
+    /// Finished state behind that: cancel disabled, close enabled.
+    void Abschliessen();
+    /// Both.
     void Fertig(int line);
     /// Only the close button is live.
     void Schliessen_Freigeben();

@@ -245,7 +245,7 @@ void F91::Ende(int line) {
     Rufen(F92_Schliessen);
     Knoepfe_Setzen();
     if (f9.Fenster.Visible && run.Gesamtende) {
-        f9.Fertig(run.Bericht.End == RunOutcome::Done ? 110 : 0);
+        f9.Abschliessen(); // it shows the verdict of the last run, whatever rows were passed over behind it
     }
 }
 

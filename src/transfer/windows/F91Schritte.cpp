@@ -12,6 +12,7 @@ constexpr int BetweenRows = 3000;
 constexpr int BeforeFirstBlock = 2000;
 constexpr int BehindHistory = 100;
 constexpr int HistoryProgress = 4000;
+constexpr int LineAllGood = 110;
 constexpr int MinutesOfDay = 24 * 60;
 
 } // namespace
@@ -129,6 +130,9 @@ void F91::Direkt_Beginnen(int row, bool search) {
 void F91::Naechste_Zeile(std::string_view step) {
     if (work_ == Work::None) {
         return;
+    }
+    if (work_ == Work::Direct) {
+        f9.Urteil_Zeigen(run.Bericht.AllGood() ? LineAllGood : 0);
     }
     work_ = Work::None;
     ++rowsEnded_;
