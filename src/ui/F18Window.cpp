@@ -2,6 +2,7 @@
 
 #include "Mnemonics.h"
 #include "Worttafel.h"
+#include "WrappingLabel.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -15,7 +16,7 @@ F18Window::F18Window(F18& f18, QWidget* parent)
     content()->setContentsMargins(20, 18, 20, 16);
     auto* lock = new QLabel(this);
     bindHeading(f18.Schloss, lock, QStringLiteral("F18.Schloss"));
-    auto* text = new QLabel(this);
+    auto* text = new WrappingLabel(2, this); // so long is what it says of an adapter that is gone
     bind(f18.Text, text, QStringLiteral("F18.Text"));
     bind(f18.Balken, bar_, QStringLiteral("F18.Balken"));
     bar_->setTextVisible(false);

@@ -101,6 +101,44 @@ TEST_F(F18_Wartebox, left_before_a_channel_answers_gives_the_run_no_close_button
     EXPECT_FALSE(programm->F9.Command2.Enabled);
 }
 
+TEST_F(F18_Wartebox, says_that_the_adapter_was_pulled_out_and_goes_on_when_it_is_back) {
+    world.RunFor(5000);
+    EXPECT_EQ(Box().Text.Text(), "L81");
+    world.PortOpen = false;
+    world.RunFor(1000);
+    EXPECT_EQ(Box().Text.Text(),
+              "Der Funkadapter wurde getrennt. Bitte stecken Sie ihn wieder an, und wiederholen Sie den Vorgang.");
+    EXPECT_TRUE(Box().Fenster.Visible);
+    EXPECT_TRUE(Box().Command1.Enabled);
+    world.PortOpen = true; // as when a telegram could be sent again
+    world.RunFor(1000);
+    EXPECT_EQ(Box().Text.Text(), "L81");
+}
+
+TEST_F(F18_Wartebox, its_button_ends_a_search_without_an_adapter_at_once) {
+    world.PortOpen = false;
+    world.RunFor(1000);
+    Box().Command1_Click();
+    EXPECT_FALSE(Box().Fenster.Visible);
+    EXPECT_TRUE(programm->Lauf.Gesamtende);
+    EXPECT_EQ(programm->Lauf.Bericht.End, RunOutcome::Cancelled);
+    EXPECT_TRUE(programm->F9.Fenster.Visible);
+    EXPECT_TRUE(programm->F9.Beendet);
+    EXPECT_EQ(programm->F9.StatusLabel.Text(), "L82");
+    EXPECT_THAT(SentCodes(), ElementsAre(0x04));
+    programm->F9.Command2_Click();
+    EXPECT_TRUE(programm->F13.Fenster.Enabled);
+    StartRun();
+    EXPECT_EQ(Box().Text.Text(), "L81");
+}
+
+TEST_F(F18_Wartebox, that_is_closed_looks_at_no_adapter) {
+    Box().Command1_Click();
+    world.PortOpen = false;
+    world.RunFor(3000);
+    EXPECT_EQ(Box().Text.Text(), "L81");
+}
+
 TEST_F(F18_Wartebox, begins_at_100_again_for_the_next_search) {
     Refuse();
     Box().Command1_Click();

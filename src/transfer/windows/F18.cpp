@@ -3,28 +3,62 @@
 #include "Words.h"
 
 namespace qvm {
+namespace {
+
+constexpr int LineCancelled = 82;
+
+} // namespace
+
+F18::F18(Programmierlauf& programmierlauf) : run(programmierlauf), Wache(programmierlauf.kern.Welt, 1000) {
+    Balken.Minimum = 100;
+    Balken.Maximum = 200;
+    Balken.Value = 100;
+    Wache.Ticked = [this] {
+        pulled_ = Lauf_Ohne_Adapter(run);
+        Text_Setzen();
+    };
+}
 
 void F18::F18_Zeigen() {
     Balken.Value = 100;
     textLine_ = 81;
+    pulled_ = false;
     Texte_Setzen();
     Command1.Enabled = true;
     Fenster.Visible = true;
+    Wache.Start();
+}
+
+void F18::F18_Schliessen() {
+    Wache.Stop();
+    Fenster.Visible = false;
 }
 
 void F18::Text_Zeigen(int line) {
     textLine_ = line;
-    Text.Text = run.kern.Zeile(line);
+    pulled_ = false;
+    Text_Setzen();
+}
+
+void F18::Text_Setzen() {
+    Text.Text = pulled_ ? Wort(run.kern, Word::AdapterPulled) : run.kern.Zeile(textLine_);
 }
 
 void F18::Texte_Setzen() {
     Fenster.Title = Fenstertitel(Wort(run.kern, Word::ChannelSearch));
-    Text.Text = run.kern.Zeile(textLine_);
+    Text_Setzen();
     Schloss.Text = Lauf_Schloss(run);
     Command1.Text = run.kern.Zeile(83);
 }
 
 void F18::Command1_Click() {
+    if (Lauf_Ohne_Adapter(run)) {
+        Lauf_Aufgeben(run, RunOutcome::Cancelled); // closes the box
+        if (run.Ansicht.Fertig) {
+            run.Ansicht.Fertig(LineCancelled);
+        }
+        return;
+    }
     run.link.Lauf.KanalIndex = 12;
     F18_Schliessen();
     // No reply may come any more: some window must be left to close the run with.

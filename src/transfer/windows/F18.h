@@ -2,23 +2,21 @@
 
 #include "Controls.h"
 #include "Programmierlauf.h"
+#include "Timer.h"
 
 namespace qvm {
 
 /// Window F18: the wait box of a channel search.
 struct F18 {
-    explicit F18(Programmierlauf& programmierlauf) : run(programmierlauf) {
-        Balken.Minimum = 100;
-        Balken.Maximum = 200;
-        Balken.Value = 100;
-    }
+    explicit F18(Programmierlauf& programmierlauf);
 
     Programmierlauf& run;
     Window Fenster;
-    Label Schloss; ///< which lock is searched
-    Label Text;
+    Label Schloss;      ///< which lock is searched
+    Label Text;         ///< that it is being searched, or that the adapter is gone
     ProgressBar Balken; ///< 100 to 200
-    Button Command1;    ///< ends the search at its next reply
+    Button Command1;    ///< ends the search at its next reply; at once when the adapter is gone
+    Timer Wache;        ///< looks at the adapter once a second
 
     std::function<void()> F9_Zeigen; ///< the progress window takes over, with its close button live
 
@@ -27,11 +25,14 @@ struct F18 {
     void Text_Zeigen(int line);
     /// Words from the catalogue anew.
     void Texte_Setzen();
-    void F18_Schliessen() { Fenster.Visible = false; }
+    void F18_Schliessen();
     void Command1_Click();
 
 private:
+    void Text_Setzen();
+
     int textLine_ = 0;
+    bool pulled_ = false; ///< the adapter is gone, and that stands in place of the line
 };
 
 } // namespace qvm
