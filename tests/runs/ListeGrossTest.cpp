@@ -70,7 +70,9 @@ struct Big_List : NetzlaufFixture {
         Wanted[60] = {"#", "L111  /  L66"};
         Wanted[80] = {"#", "L66"};
         Wanted[100] = Wanted[150] = {"-", "L262"}; // adapter unknown
-        Wanted[50] = Wanted[120] = Wanted[180] = {"-", "L261"};
+        Wanted[180] = {"-", "L261"};
+        Wanted[50] = {"-", "L261  /  L248"};
+        Wanted[120] = {"-", "L261  /  L273  /  User 250_0250_FPFehler bei der zuweisung der Fingerprint Daten."};
         Wanted[140] = {"#", "L72"};
         Wanted[160] = {"#", "L66"};
         Wanted[200] = {"#", "L70  /  L66"};
@@ -179,8 +181,8 @@ struct Big_List : NetzlaufFixture {
 TEST_F(Big_List, ends_with_the_content_or_the_failure_of_each_lock) {
     Start();
     world.Answers.push_back(
-        {.Text = std::string(u8"Hinweise aus der Prüfung der Liste:\r\n\r\nZeile 50 Door 50: L248\r\n"
-                             u8"Zeile 120 Door 120: L273  /  User 250_0250_FPFehler bei der zuweisung der "
+        {.Text = std::string(u8"Hinweise aus der Prüfung der Liste:\r\n\r\nSchloss 50: Door 50 - L248\r\n"
+                             u8"Schloss 120: Door 120 - L273  /  User 250_0250_FPFehler bei der zuweisung der "
                              u8"Fingerprint Daten."_w)});
     Prog(All());
     ASSERT_TRUE(Work());

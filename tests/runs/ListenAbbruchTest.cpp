@@ -13,6 +13,7 @@ constexpr std::string_view First = "00.0A.10.01", Second = "00.0A.10.02", Reader
 struct List_Cancel : ListenFixture {
     /// What the row's report said of the first unit when the list told of the row.
     std::vector<UnitReport> Told;
+    std::string Note; ///< of the row check, behind the first row's text
 
     List_Cancel() {
         AddLock(1, "Tor", First, " XXX ");
@@ -28,6 +29,7 @@ struct List_Cancel : ListenFixture {
         files.User(
             1, {.Name = "Bert", .Label = "Slot_Nr: 002", .FingerFlag = "FS", .FingerId = "8001", .Marks = {{1, 'F'}}});
         files.Template(250, "8001", {3, 0, 1});
+        Note = "  /  L273";
     }
     Programmierlauf& Run() { return programm->Lauf; }
     /// Runs both locks and presses the list's cancel button when `now` says so.
@@ -43,7 +45,7 @@ struct List_Cancel : ListenFixture {
         ASSERT_TRUE(FinishList());
     }
     void Expect_Cancelled(std::size_t sent) {
-        EXPECT_THAT(AllRows(), ElementsAre(Row("#", "L82"), Row("*", "L259")));
+        EXPECT_THAT(AllRows(), ElementsAre(Row("#", "L82" + Note), Row("*", "L259")));
         world.RunFor(60000);
         EXPECT_EQ(system->Codes().size(), sent) << "something went out behind the cancel";
         EXPECT_EQ(Lock(Second).Sessions, 0);

@@ -40,7 +40,7 @@ TEST_F(List_Notes, stand_beside_their_rows_and_come_in_one_box_at_the_end_of_the
     Finger();
     TwoTimers(4, "Garage", "00.0A.10.04");
     BeginList();
-    ExpectBox("\r\nZeile 1 Tor: L273\r\nZeile 3 Garage: L180 L181");
+    ExpectBox("\r\nSchloss 1: Tor - L273\r\nSchloss 4: Garage - L180 L181");
     Prog({1, 2, 4});
     ASSERT_TRUE(world.RunUntil([this] { return world.Answers.empty(); }));
     EXPECT_THAT(AllRows(), ElementsAre(Row("*", "L259  /  L273"), Row("*", "L259"), Row("*", "L259  /  L180 L181")));
@@ -48,27 +48,27 @@ TEST_F(List_Notes, stand_beside_their_rows_and_come_in_one_box_at_the_end_of_the
     EXPECT_EQ(world.Shown.back().Sign, Icon::Information);
     EXPECT_TRUE(Sent().empty()) << "the box comes before the first lock";
     ASSERT_TRUE(FinishList());
-    EXPECT_THAT(AllRows(), ElementsAre(Row(">>", "L266"), Row(">>", "L266"), Row(">>", "L266")));
+    EXPECT_THAT(AllRows(), ElementsAre(Row(">>", "L266  /  L273"), Row(">>", "L266"), Row(">>", "L266  /  L180 L181")));
 }
 
 TEST_F(List_Notes, hold_nothing_up_while_their_box_is_open) {
     Finger();
     BeginList();
-    ExpectBox("\r\nZeile 1 Tor: L273", 3600000);
+    ExpectBox("\r\nSchloss 1: Tor - L273", 3600000);
     Prog({1, 2});
     std::vector<std::int64_t> done;
     programm->F91.Zeile_Fertig = [&](int) { done.push_back(world.Elapsed()); };
     ASSERT_TRUE(FinishList(7200000));
     ASSERT_EQ(done.size(), 2U);
     EXPECT_LT(done[1], 3600000) << "both locks are done before the box is answered";
-    EXPECT_THAT(AllRows(), ElementsAre(Row(">>", "L266"), Row(">>", "L266")));
+    EXPECT_THAT(AllRows(), ElementsAre(Row(">>", "L266  /  L273"), Row(">>", "L266")));
 }
 
 TEST_F(List_Notes, of_a_delayed_start_come_once_and_do_not_keep_it_from_its_hour) {
     Finger();
     BeginList();
     Prog({1, 2}, Answer::No, Answer::Yes);
-    ExpectBox("\r\nZeile 1 Tor: L273", 6 * 3600000);
+    ExpectBox("\r\nSchloss 1: Tor - L273", 6 * 3600000);
     programm->F92.Zeit_Waehlen(12, 5);
     programm->F92.OK_Click();
     std::vector<std::int64_t> begun;
@@ -78,19 +78,44 @@ TEST_F(List_Notes, of_a_delayed_start_come_once_and_do_not_keep_it_from_its_hour
     // 12:05:00 is 5700 s after the start; the list looks each 5 s.
     EXPECT_GE(begun[0], 5700000);
     EXPECT_LT(begun[1], 5800000);
-    EXPECT_THAT(AllRows(), ElementsAre(Row(">>", "L266"), Row(">>", "L266")));
+    EXPECT_THAT(AllRows(), ElementsAre(Row(">>", "L266  /  L273"), Row(">>", "L266")));
 }
 
 TEST_F(List_Notes, of_a_row_that_is_passed_over_come_before_the_end_of_the_list) {
     TooMany(5);
     BeginList();
     Prog({5});
-    ExpectBox("\r\nZeile 1 Speicher: L248");
+    ExpectBox("\r\nSchloss 5: Speicher - L248");
     ExpectNothingLeft();
     ASSERT_TRUE(FinishList());
-    EXPECT_EQ(RowAt(1), Row("-", "L261"));
+    EXPECT_EQ(RowAt(1), Row("-", "L261  /  L248"));
     EXPECT_EQ(programm->F91.Pruefergebnis(1), "L254");
     ASSERT_EQ(world.Shown.size(), 4U); // two questions before
+}
+
+TEST_F(List_Notes, stay_behind_the_text_of_a_row_that_failed) {
+    Finger();
+    devices.Faults.push_back({.What = SimFault::Kind::Refuse, .Telegram = 2, .Value = 0x65});
+    BeginList();
+    ExpectBox("\r\nSchloss 1: Tor - L273");
+    Prog({1, 2});
+    ASSERT_TRUE(FinishList());
+    EXPECT_THAT(AllRows(), ElementsAre(Row("#", "L68  /  L273"), Row(">>", "L266")));
+}
+
+TEST_F(List_Notes, of_a_list_before_are_not_those_of_the_next) {
+    Finger();
+    BeginList();
+    ExpectBox("\r\nSchloss 1: Tor - L273");
+    Prog({1});
+    ASSERT_TRUE(FinishList());
+    programm->F91.F91_Schliessen();
+    programm->F13.F13_FormLaden();
+    programm->F13.Timer1.Stop();
+    programm->F13.Timer2.Stop();
+    Prog({2});
+    ASSERT_TRUE(FinishList());
+    EXPECT_THAT(AllRows(), ElementsAre(Row(">>", "L266")));
 }
 
 TEST_F(List_Notes, of_very_many_rows_are_counted_behind_the_first_twelve) {
@@ -103,11 +128,11 @@ TEST_F(List_Notes, of_very_many_rows_are_counted_behind_the_first_twelve) {
         files.Lock(n, "Tor " + std::to_string(n), serial, "XXXX ");
         locks.push_back(n);
         if (n <= 12) {
-            lines += "\r\nZeile " + std::to_string(n) + " Tor " + std::to_string(n) + ": L180 L181";
+            lines += "\r\nSchloss " + std::to_string(n) + ": Tor " + std::to_string(n) + " - L180 L181";
         }
     }
     BeginList();
-    ExpectBox(lines + "\r\n\r\nWeitere Zeilen mit Hinweisen: 2. Sie stehen in der Spalte Status.");
+    ExpectBox(lines + "\r\n\r\nWeitere Zeilen mit Hinweisen: 2. Siehe Spalte Status.");
     Prog(locks);
     ASSERT_TRUE(world.RunUntil([this] { return world.Answers.empty(); }));
     EXPECT_EQ(RowAt(14), Row("*", "L259  /  L180 L181"));
@@ -116,14 +141,14 @@ TEST_F(List_Notes, of_very_many_rows_are_counted_behind_the_first_twelve) {
 TEST_F(List_Notes, of_a_list_that_is_stopped_and_begun_anew_are_told_anew) {
     Finger();
     BeginList();
-    ExpectBox("\r\nZeile 1 Tor: L273");
+    ExpectBox("\r\nSchloss 1: Tor - L273");
     Prog({1});
     ASSERT_TRUE(world.RunUntil([this] { return world.Answers.empty(); }));
     programm->F91.F91_Schliessen();
     programm->F13.F13_FormLaden();
     programm->F13.Timer1.Stop();
     programm->F13.Timer2.Stop();
-    ExpectBox("\r\nZeile 1 Tor: L273");
+    ExpectBox("\r\nSchloss 1: Tor - L273");
     Prog({1});
     ASSERT_TRUE(world.RunUntil([this] { return world.Answers.empty(); }));
 }
@@ -136,6 +161,7 @@ TEST_F(List_Notes, go_to_who_listens_in_place_of_the_box) {
     programm->F91.Zeile_Notiz = [&](int row, const std::string& note) { heard.emplace_back(row, note); };
     Prog({1, 2, 4});
     ASSERT_TRUE(FinishList());
+    EXPECT_THAT(AllRows(), ElementsAre(Row(">>", "L266"), Row(">>", "L266"), Row(">>", "L266")));
     EXPECT_THAT(heard, ElementsAre(std::pair(1, std::string("L273")), std::pair(3, std::string("L180\n\rL181"))));
 }
 

@@ -150,13 +150,16 @@ TEST_F(List_Run, rows_with_a_bad_dataset_are_passed_over) {
     BeginList();
     // Shown by the check alone, not when the row is worked off.
     world.Answers.push_back(
-        {.Text = std::string(u8"Hinweise aus der Prüfung der Liste:\r\n\r\nZeile 2 Keller: L273  /  "
+        {.Text = std::string(u8"Hinweise aus der Prüfung der Liste:\r\n\r\nSchloss 2: Keller - L273  /  "
                              u8"Bert_0002_FP Fehler bei der zuweisung der Fingerprint Daten."_w)});
     Prog({1, 2, 3});
     std::vector<Row> checked;
     programm->F91.Zeile_Beginnt = [&](int) { checked = AllRows(); };
     ASSERT_TRUE(FinishList());
-    EXPECT_THAT(AllRows(), ElementsAre(Programmed, Skipped, Programmed));
+    EXPECT_THAT(AllRows(), ElementsAre(Programmed,
+                                       Row("-", "L261  /  L273  /  Bert_0002_FP Fehler bei der zuweisung der "
+                                                "Fingerprint Daten."),
+                                       Programmed));
     EXPECT_EQ(programm->F91.Pruefergebnis(2), "L256");
     EXPECT_EQ(Lock("00.0A.10.02").Sessions, 0);
 }
@@ -179,7 +182,7 @@ TEST_F(List_Run, an_erase_option_forced_by_a_finger_holds_for_its_row_alone) {
     files.User(2, {.Name = "Bert", .Label = "Slot_Nr: 002", .FingerFlag = "--", .Marks = {{2, 'F'}}});
     BeginList();
     world.Answers.push_back(
-        {.Text = std::string(u8"Hinweise aus der Prüfung der Liste:\r\n\r\nZeile 2 Keller: L273"_w)});
+        {.Text = std::string(u8"Hinweise aus der Prüfung der Liste:\r\n\r\nSchloss 2: Keller - L273"_w)});
     for (const int lock : {1, 2, 3}) {
         programm->F13.FGK13.SetText(lock, F13Column::Mark, "X");
     }

@@ -127,8 +127,10 @@ TEST_P(Net_Run_Of_Twins, both_locks_hold_the_same) {
     world.Answers.push_back({.Text = "*"}); // the notes of the row check
     Prog({1, 2});
     ASSERT_TRUE(Work());
-    EXPECT_EQ(RowAt(1), NetProgrammed);
-    EXPECT_EQ(RowAt(2), NetProgrammed);
+    for (const int row : {1, 2}) {
+        EXPECT_EQ(RowAt(row).first, ">>");
+        EXPECT_THAT(RowAt(row).second, ::testing::StartsWith("L266  /  ")) << "programmed, and its notes";
+    }
     EXPECT_EQ(Net->JudgementLines(), "");
     EXPECT_EQ(system->JudgementLines(), "");
     const VirtualLock &net = NetLock(twins.Network), &direct = Lock(twins.Direct);

@@ -56,6 +56,7 @@ void F91::Liste_Leeren() {
     FGK91.Resize(1, F91Column::Count);
     underWay_ = 0;
     checkTexts_.clear();
+    rowNotes_.clear();
     badFiles_.clear();
 }
 

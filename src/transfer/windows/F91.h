@@ -184,8 +184,10 @@ private:
     void Tick_Nachlauf();
     void Tick_Wache();
     void Tick_Notizbox();
-    /// The notes of the row that was just loaded, as one line.
-    std::string Notizen_Sammeln(int row);
+    /// Keeps the notes of the row that was just loaded, as one line.
+    void Notizen_Sammeln(int row);
+    /// A row's text with what the check has noted of it.
+    std::string Mit_Notizen(int row, std::string_view text) const;
     /// Has the notes of the check shown, once. True when there are some: the box has to come before what follows.
     bool Notizen_Melden();
     /// Marks this row as the one under way, 0: none, and says how far the list is.
@@ -262,6 +264,7 @@ private:
     std::uint8_t eraseOption_ = 0; ///< as the start dialog has it; a row's assembly may force it to 0 for that row
     std::optional<DateTime> start_;
     std::vector<std::string> checkTexts_;            ///< by row
+    std::vector<std::string> rowNotes_;              ///< by row: what the check has noted of it, on one line
     std::vector<std::pair<int, std::string>> notes_; ///< rows of the check, and what is to be said of them
     std::set<int> badFiles_;                         ///< rows whose check found a file that is not to be relied on
     std::string fileText_;                           ///< what was wrong with the files of the row that was loaded last

@@ -1,6 +1,7 @@
 // What the row check has to say of the rows: beside their state, and in one box for all of them.
 
 #include "F91.h"
+#include "Schlosszeile.h"
 #include "Text.h"
 
 #include <algorithm>
@@ -11,6 +12,7 @@ namespace {
 
 /// More would not fit on a small screen.
 constexpr std::size_t MostNoteLines = 12;
+constexpr std::string_view BetweenNotes = "  /  ";
 
 /// A message's text on one line.
 std::string Einzeilig(std::string_view text) {
@@ -28,10 +30,11 @@ std::string Einzeilig(std::string_view text) {
 
 } // namespace
 
-std::string F91::Notizen_Sammeln(int row) {
+void F91::Notizen_Sammeln(int row) {
     std::string joined;
     for (const std::string& note : run.Daten.Notes) {
-        joined += (joined.empty() ? "" : "  /  ") + Einzeilig(note);
+        joined += (joined.empty() ? std::string_view() : BetweenNotes);
+        joined += Einzeilig(note);
         if (!told_ && Zeile_Notiz) {
             Zeile_Notiz(row, note);
         }
@@ -39,7 +42,17 @@ std::string F91::Notizen_Sammeln(int row) {
     if (!joined.empty() && !told_) {
         notes_.emplace_back(row, joined);
     }
-    return joined;
+    rowNotes_[static_cast<std::size_t>(row)] = std::move(joined);
+}
+
+std::string F91::Mit_Notizen(int row, std::string_view text) const {
+    std::string state(text);
+    const auto at = static_cast<std::size_t>(row);
+    if (at < rowNotes_.size() && !rowNotes_[at].empty()) {
+        state += BetweenNotes;
+        state += rowNotes_[at];
+    }
+    return state;
 }
 
 bool F91::Notizen_Melden() {
@@ -57,7 +70,8 @@ void F91::Tick_Notizbox() {
     const std::size_t shown = std::min(notes_.size(), MostNoteLines);
     for (std::size_t n = 0; n < shown; ++n) {
         const auto& [row, note] = notes_[n];
-        text += "\r\n" + Wort(kern, Word::CheckNoteRow, {Ziffern(row), FGK91.Text(row, F91Column::Name), note});
+        const LockRow lock = Zeilendaten(row);
+        text += "\r\n" + Schloss_Zeile(kern, lock.Number, lock.Name) + " - " + note;
     }
     if (shown < notes_.size()) {
         text +=

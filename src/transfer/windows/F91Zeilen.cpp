@@ -29,6 +29,7 @@ void F91::Zeilen_Pruefen(Check check) {
     check_ = check;
     checkRow_ = 1;
     checkTexts_.assign(static_cast<std::size_t>(FGK91.Rows()), {});
+    rowNotes_ = checkTexts_;
     badFiles_.clear();
     StatusLabel.ForeColor = CheckColour;
     Status_Zeigen(260, 0);
@@ -76,8 +77,8 @@ void F91::Zeile_Pruefen(int row) {
         badFiles_.insert(row);
     }
     FGK91.SetText(row, F91Column::Mark, status == DatasetStatus::Good ? ListMark::Waiting : ListMark::PassedOver);
-    const std::string notes = Notizen_Sammeln(row);
-    FGK91.SetText(row, F91Column::StateText, notes.empty() ? text : text + "  /  " + notes);
+    Notizen_Sammeln(row);
+    FGK91.SetText(row, F91Column::StateText, Mit_Notizen(row, text));
 }
 
 std::string F91::Statustext(int status) const {
@@ -137,7 +138,8 @@ bool F91::Zeile_Suchen(int& runRow, bool programming) {
 
 void F91::Mark_Setzen(int row, std::string_view mark, std::string_view text) {
     FGK91.SetText(row, F91Column::Mark, mark);
-    FGK91.SetText(row, F91Column::StateText, text);
+    // Who has heard the notes one by one is not told them again.
+    FGK91.SetText(row, F91Column::StateText, Zeile_Notiz ? std::string(text) : Mit_Notizen(row, text));
     const bool failed = mark == ListMark::Failed;
     FGK91.SetPicture(row, F91Column::StateText, failed ? ListPicture::Failed : ListPicture::None);
     for (const int column : {F91Column::Mark, F91Column::StateText}) {
