@@ -193,6 +193,7 @@ TEST_F(F91_Fenster, passes_over_a_row_whose_adapter_is_unknown_after_a_second) {
     EXPECT_EQ(List().ProgStep, "PrgFehler");
     EXPECT_EQ(List().Timer1.Interval(), 1000);
     EXPECT_EQ(Lauf().RunRow, 2);
+    EXPECT_EQ(List().StandLabel.Text(), u8"0 erledigt, 1 gescheitert oder übersprungen"_w);
     world.RunFor(1100);
     EXPECT_EQ(List().Arbeit(), F91::Work::Direct);
     EXPECT_EQ(world.PortNumber, 5);
@@ -425,6 +426,65 @@ TEST_F(F91_Fenster, says_how_far_the_list_is_and_how_long_it_may_still_take) {
     List().Zeile_Markieren(">>", "L266");
     List().Naechste_Zeile("PrgNextDataset");
     EXPECT_EQ(List().StandLabel.Text(), u8"2 erledigt, 1 gescheitert oder übersprungen"_w);
+}
+
+TEST_F(F91_Fenster, the_time_left_counts_on_while_a_row_is_under_way) {
+    Open({1, 2, 7});
+    List().Geduld = 0;
+    world.RunFor(1100);
+    world.RunFor(176000);
+    List().Zeile_Markieren(">>", "L266");
+    List().Naechste_Zeile("PrgNextDataset");
+    // 176 s for the first row and 3 s behind it; two such rows are to come.
+    EXPECT_EQ(List().StandLabel.Text(), u8"1 erledigt, 0 gescheitert oder übersprungen   noch etwa 6 min"_w);
+    world.RunFor(3100);
+    const std::string position(u8"Schloss 2 von 3   1 erledigt, 0 gescheitert oder übersprungen   "_w);
+    EXPECT_EQ(List().StandLabel.Text(), position + "noch etwa 6 min");
+    world.RunFor(130000);
+    EXPECT_EQ(List().StandLabel.Text(), position + "noch etwa 4 min");
+    // Longer than the first row took: one more row is to come in any case.
+    world.RunFor(300000);
+    EXPECT_EQ(List().StandLabel.Text(), position + "noch etwa 3 min");
+    List().Zeile_Markieren(">>", "L266");
+    List().Naechste_Zeile("PrgNextDataset");
+    world.RunFor(3100);
+    // The last one takes longer than any before it: nobody knows how long.
+    world.RunFor(600000);
+    EXPECT_EQ(List().StandLabel.Text(), u8"Schloss 3 von 3   2 erledigt, 0 gescheitert oder übersprungen"_w);
+}
+
+TEST_F(F91_Fenster, a_list_that_was_stopped_has_no_time_left) {
+    Open({1, 2, 7});
+    world.RunFor(38000);
+    List().Zeile_Markieren(">>", "L266");
+    List().Naechste_Zeile("PrgNextDataset");
+    world.RunFor(3100);
+    ASSERT_EQ(List().Arbeit(), F91::Work::Direct);
+    List().Command2_Click();
+    const std::string_view position = u8"Schloss 2 von 3   1 erledigt, 0 gescheitert oder übersprungen"_w;
+    EXPECT_EQ(List().StandLabel.Text(), position);
+    world.RunFor(5000);
+    EXPECT_EQ(List().StandLabel.Text(), position);
+}
+
+TEST_F(F91_Fenster, rows_passed_over_make_no_row_last_longer) {
+    Config("SET", 3, 5);
+    Begin();
+    AddAdapter("/10/20/30/40", "PROGSTATION 1", "5");
+    for (const int lock : {1, 7}) {
+        programm->F13.FGK13.SetText(lock, F13Column::AdapterId, "/10/20/30/40");
+    }
+    Prog({1, 2, 7});
+    List().Geduld = 0;
+    ASSERT_TRUE(world.RunUntil([this] { return List().Arbeit() == F91::Work::Direct; }));
+    world.RunFor(56000);
+    List().Zeile_Markieren(">>", "L266");
+    List().Naechste_Zeile("PrgNextDataset");
+    ASSERT_TRUE(world.RunUntil([this] { return Mark(2) == "-"; }));
+    ASSERT_TRUE(world.RunUntil([this] { return List().Arbeit() == F91::Work::Direct; }));
+    // 56 s for the first row and 3 s behind it.
+    EXPECT_EQ(List().StandLabel.Text(),
+              u8"Schloss 3 von 3   1 erledigt, 1 gescheitert oder übersprungen   noch etwa 1 min"_w);
 }
 
 TEST_F(F91_Fenster, a_history_that_is_not_the_end_of_its_row_counts_as_open) {

@@ -25,7 +25,7 @@ F91::F91(Programmierlauf& programmierlauf, Netzlauf& network, F9& progress, Adap
       Filter(kern, FGK91, {F91Column::Name, F91Column::Serial}), Auswahl(FGK91, GridSelection::Unit::Rows, &Filter),
       Timer1(kern.Welt, ListTakt::StartDelay), Timer2(kern.Welt, 800), Timer3(kern.Welt, 5000), Pruefung(kern.Welt, 1),
       Nachlauf(kern.Welt, 100), Adaptersuche(kern.Welt, 200), Notizbox(kern.Welt, 1),
-      Wache(kern.Welt, ListTakt::SilenceLook) {
+      Wache(kern.Welt, ListTakt::Watch) {
     Filter.Changed = [this] { Auswahl.FilterChanged(); };
     Balken.Visible = false;
     Balken.Maximum = BarMaximum;
@@ -80,6 +80,7 @@ void F91::F91_FormLaden(bool delayed) {
     Adapter_Merken();
     checkRow_ = 0;
     underWay_ = rowsEnded_ = 0;
+    worked_ = 0;
     StandLabel.Text = "";
     start_.reset();
     eraseOption_ = run.link.Lauf.EraseOption;
@@ -203,6 +204,7 @@ void F91::Command2_Click() {
     if (work_ == Work::Direct) {
         stopped_ = true;
         Status_Zeigen(82, 0);
+        Stand_Zeigen();
         Knoepfe_Setzen();
         return;
     }

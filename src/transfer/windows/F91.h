@@ -86,7 +86,7 @@ struct F91 {
     Timer Nachlauf;                          ///< one shot: programming behind a network row's history
     Timer Adaptersuche;                      ///< one shot: ports came or went
     Timer Notizbox;                          ///< one shot: what the row check has noted
-    Timer Wache;                             ///< looks at the silence of a direct row once a second
+    Timer Wache;                             ///< each second of a row: the time left, and a direct lock's silence
     int Geduld = 0;                          ///< seconds of silence after which a direct row is given up; 0: never
 
     std::string ProgStep;
@@ -193,6 +193,8 @@ private:
     /// Marks this row as the one under way, 0: none, and says how far the list is.
     void Unterwegs_Setzen(int row);
     void Stand_Zeigen();
+    /// Milliseconds that so many rows may still take, with the one under way among them; 0 or less: nobody knows.
+    std::int64_t Restdauer(int open) const;
     void Restzeit();
     void Naechster_Datensatz();
     void Zeilen_Pruefen(Check check);
@@ -257,8 +259,9 @@ private:
     bool adapterGone_ = false;      ///< and the operator was told
     std::vector<bool> adapterSeen_; ///< by row: its adapter was there
     int underWay_ = 0;              ///< the row that is marked so, 0: none
+    std::int64_t rowBegun_ = 0;     ///< milliseconds
     int rowsEnded_ = 0;             ///< that were begun and are over
-    std::int64_t listBegun_ = 0;    ///< milliseconds, at the first of them
+    std::int64_t worked_ = 0;       ///< milliseconds that these took, each with the wait behind it
     std::optional<Word> hint_;
     std::string hintPlace_;
     std::uint8_t eraseOption_ = 0; ///< as the start dialog has it; a row's assembly may force it to 0 for that row

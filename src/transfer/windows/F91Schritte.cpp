@@ -104,6 +104,7 @@ void F91::Netz_Beginnen(std::string_view step) {
     if (Zeile_Beginnt) {
         Zeile_Beginnt(run.link.Lauf.RunRow);
     }
+    Wache.Start();
     Step_Planen(step, BeforeFirstBlock);
 }
 
@@ -136,6 +137,7 @@ void F91::Naechste_Zeile(std::string_view step) {
     }
     work_ = Work::None;
     ++rowsEnded_;
+    worked_ += kern.Welt.Milliseconds() - rowBegun_ + BetweenRows;
     Unterwegs_Setzen(0);
     Steht = false;
     Blinken(false);

@@ -3,6 +3,8 @@
 #include "F91.h"
 #include "Text.h"
 
+#include <algorithm>
+
 namespace qvm {
 namespace {
 
@@ -42,10 +44,10 @@ void F91::Unterwegs_Setzen(int row) {
     };
     paint(underWay_, White);
     paint(row, UnderWayColour);
-    underWay_ = row;
-    if (row > 0 && rowsEnded_ == 0) {
-        listBegun_ = kern.Welt.Milliseconds();
+    if (row > 0 && row != underWay_) {
+        rowBegun_ = kern.Welt.Milliseconds();
     }
+    underWay_ = row;
     Stand_Zeigen();
 }
 
@@ -56,12 +58,20 @@ void F91::Stand_Zeigen() {
         text = Wort(kern, Word::ListPosition, {Ziffern(underWay_), Ziffern(FGK91.Rows() - 1)}) + std::string(Gap);
     }
     text += Wort(kern, Word::ListCounts, {Ziffern(count.Done), Ziffern(count.Failed)});
-    if (running_ && rowsEnded_ > 0 && count.Open > 0) {
-        // As long as the rows so far took on the average, with the waits between them.
-        const std::int64_t left = (kern.Welt.Milliseconds() - listBegun_) / rowsEnded_ * count.Open;
+    if (const std::int64_t left = Restdauer(count.Open); left > 0) {
         text += std::string(Gap) + Wort(kern, Word::ListTimeLeft, {Ziffern((left + MsOfMinute - 1) / MsOfMinute)});
     }
     StandLabel.Text = text;
+}
+
+std::int64_t F91::Restdauer(int open) const {
+    if (!running_ || stopped_ || rowsEnded_ == 0) {
+        return 0;
+    }
+    // As long as the rows so far took on the average; the one under way is that much nearer to its end.
+    const std::int64_t each = worked_ / rowsEnded_;
+    const std::int64_t here = underWay_ > 0 ? kern.Welt.Milliseconds() - rowBegun_ : 0;
+    return each * open - std::min(each, here);
 }
 
 } // namespace qvm

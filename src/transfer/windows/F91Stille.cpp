@@ -13,11 +13,12 @@ constexpr int LineSilent = 66, LineStopped = 82;
 } // namespace
 
 void F91::Tick_Wache() {
-    if (work_ != Work::Direct) {
+    if (work_ == Work::None) {
         Wache.Stop();
         return;
     }
-    if (Geduld <= 0 || Lauf_Stille(run) < std::int64_t{1000} * Geduld) {
+    Stand_Zeigen();
+    if (work_ != Work::Direct || Geduld <= 0 || Lauf_Stille(run) < std::int64_t{1000} * Geduld) {
         return;
     }
     if (run.link.Lauf.AbbruchWunsch == 0) {

@@ -145,6 +145,7 @@ void F91::Mark_Setzen(int row, std::string_view mark, std::string_view text) {
     for (const int column : {F91Column::Mark, F91Column::StateText}) {
         FGK91.SetBackColor(row, column, failed ? FailedColour : White);
     }
+    Stand_Zeigen();
     if (Zeile_Fertig) {
         Zeile_Fertig(row);
     }
