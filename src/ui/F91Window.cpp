@@ -61,7 +61,7 @@ void F91Window::makeGrid() {
     });
     grid_->setColumns({650, 3500, 2000, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 600, 7800}, F91Column::StateText);
     grid_->setFrozenColumns(FrozenListColumns);
-    f91_.Zeile_Zeigen = [this](int row) { grid_->setCurrentCell(row, F91Column::StateText); };
+    f91_.Zeile_Zeigen = [this](int row) { grid_->scrollToRow(row); };
     grid_->setBlocks(f91_.Auswahl);
     grid_->setFilter(f91_.Filter);
     filter_->leadTo(grid_);

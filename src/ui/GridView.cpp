@@ -215,6 +215,10 @@ QRect GridView::cellRect(int row, int column) const {
     return seen.isEmpty() ? QRect() : QRect(viewport()->mapTo(this, seen.topLeft()), seen.size());
 }
 
+void GridView::scrollToRow(int row) {
+    scrollTo(model_->index(row - 1, 0));
+}
+
 void GridView::scrollTo(const QModelIndex& index, ScrollHint hint) {
     if (!index.isValid()) {
         return;

@@ -42,6 +42,8 @@ public:
     void setFilter(GridFilter& filter);
     /// Makes the cell the current one and scrolls to it.
     void setCurrentCell(int row, int column);
+    /// Scrolls to the row, unless the filter hides it; the current cell and the block stay where they are.
+    void scrollToRow(int row);
     /// The cell's rectangle in coordinates of this widget; empty outside the grid and while scrolled out of sight.
     QRect cellRect(int row, int column) const;
     /// The cell under the mouse pointer, as the last mouse event told. False when it is over none.

@@ -167,10 +167,48 @@ TEST_F(F91_Window, shows_how_far_the_list_is_and_the_row_under_way_in_light_and_
 
 TEST_F(F91_Window, keeps_the_present_row_in_sight) {
     Open();
+    ASSERT_TRUE(grid->cellRect(40, F91Column::StateText).isEmpty());
     programm->F91.Zeile_Zeigen(40);
     Settle();
     EXPECT_FALSE(grid->cellRect(40, F91Column::StateText).isEmpty());
-    EXPECT_EQ(programm->F91.FGK91.Row, 40);
+}
+
+TEST_F(F91_Window, leaves_cell_and_block_where_the_operator_put_them_while_the_list_goes_on) {
+    Open();
+    F91& list = programm->F91;
+    list.Auswahl.Go(5, F91Column::Name);
+    QTest::keyClick(grid, Qt::Key_Down, Qt::ShiftModifier);
+    QTest::keyClick(grid, Qt::Key_Down, Qt::ShiftModifier);
+    const auto expectBlock = [&] {
+        EXPECT_EQ(list.FGK91.Row, 7);
+        EXPECT_EQ(list.Auswahl.Block().Top, 5);
+        EXPECT_EQ(list.Auswahl.Block().Bottom, 7);
+    };
+    expectBlock();
+    ASSERT_TRUE(world.RunUntil([&] { return list.Arbeit() != F91::Work::None; }));
+    expectBlock();
+    list.Zeile_Aufgeben();
+    ASSERT_TRUE(world.RunUntil([&] { return list.Arbeit() != F91::Work::None; }));
+    expectBlock();
+    list.Zeile_Zeigen(40);
+    Settle();
+    EXPECT_FALSE(grid->cellRect(40, F91Column::StateText).isEmpty());
+    expectBlock();
+}
+
+TEST_F(F91_Window, goes_to_no_row_that_the_filter_hides_and_says_which_one_is_under_way) {
+    Open("English");
+    F91& list = programm->F91;
+    list.Filter.Set("keller 3");
+    list.Auswahl.Go(30, F91Column::Name);
+    ASSERT_TRUE(world.RunUntil([&] { return list.Arbeit() != F91::Work::None; }));
+    Settle();
+    EXPECT_EQ(list.FGK91.Row, 30);
+    EXPECT_TRUE(grid->isRowHidden(0));
+    EXPECT_TRUE(grid->cellRect(1, F91Column::Name).isEmpty());
+    EXPECT_EQ(Find<QLabel>("F91.StandLabel")->text(),
+              QStringLiteral("Lock 1 of 40   hidden by the filter: Lock 1: Haupteingang Nordost   0 done, 0 failed or "
+                             "skipped"));
 }
 
 TEST_F(F91_Window, finds_a_lock_of_the_list_by_its_filter_line) {

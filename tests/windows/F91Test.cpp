@@ -487,6 +487,22 @@ TEST_F(F91_Fenster, rows_passed_over_make_no_row_last_longer) {
               u8"Schloss 3 von 3   1 erledigt, 1 gescheitert oder übersprungen   noch etwa 1 min"_w);
 }
 
+TEST_F(F91_Fenster, names_the_row_under_way_while_the_filter_hides_it) {
+    Open({1, 2, 7});
+    world.RunFor(1100);
+    ASSERT_EQ(List().Arbeit(), F91::Work::Direct);
+    List().Filter.Set("Keller");
+    EXPECT_EQ(List().StandLabel.Text(), u8"Schloss 1 von 3   vom Filter verborgen: Schloss 1: Tor   0 erledigt, 0 "
+                                        u8"gescheitert oder übersprungen"_w);
+    List().Zeile_Aufgeben();
+    world.RunFor(3100);
+    EXPECT_THAT(List().StandLabel.Text(), ::testing::StartsWith("Schloss 2 von 3   0 erledigt"));
+    List().Filter.Set("Dach");
+    EXPECT_THAT(List().StandLabel.Text(), ::testing::HasSubstr("   vom Filter verborgen: Schloss 2: Keller   "));
+    List().Filter.Set("");
+    EXPECT_THAT(List().StandLabel.Text(), ::testing::StartsWith("Schloss 2 von 3   0 erledigt"));
+}
+
 TEST_F(F91_Fenster, a_history_that_is_not_the_end_of_its_row_counts_as_open) {
     Open({1, 2}, Answer::Yes);
     world.RunFor(1100);

@@ -26,7 +26,12 @@ F91::F91(Programmierlauf& programmierlauf, Netzlauf& network, F9& progress, Adap
       Timer1(kern.Welt, ListTakt::StartDelay), Timer2(kern.Welt, 800), Timer3(kern.Welt, 5000), Pruefung(kern.Welt, 1),
       Nachlauf(kern.Welt, 100), Adaptersuche(kern.Welt, 200), Notizbox(kern.Welt, 1),
       Wache(kern.Welt, ListTakt::Watch) {
-    Filter.Changed = [this] { Auswahl.FilterChanged(); };
+    Filter.Changed = [this] {
+        Auswahl.FilterChanged();
+        if (underWay_ > 0) {
+            Stand_Zeigen();
+        }
+    };
     Balken.Visible = false;
     Balken.Maximum = BarMaximum;
     Uhren_Zeigen(false);

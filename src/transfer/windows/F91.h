@@ -73,7 +73,8 @@ struct F91 {
     GridFilter Filter;     ///< by name and serial
     GridSelection Auswahl; ///< rows, to be copied
     Label StatusLabel;
-    Label StandLabel; ///< "lock 3 of 26", how many are done and failed, and an estimate of the time left
+    Label StandLabel; ///< "lock 3 of 26", which one while the filter hides it, how many are done and failed, and an
+                      ///< estimate of the time left
     Label StartLabel, JetztLabel, RestLabel; ///< delayed start: chosen time, present time, time left
     Label Hinweis;                           ///< what the operator should know of the adapters; empty when nothing
     ProgressBar Balken;                      ///< of a network row
@@ -96,7 +97,7 @@ struct F91 {
     std::function<void()> Schlossgitter_Schliessen; ///< F13 leaves the screen
     std::function<void()> F92_Zeigen;               ///< asks for the time of a delayed start
     std::function<void()> F92_Schliessen;
-    std::function<void(int row)> Zeile_Zeigen; ///< the view scrolls to this row
+    std::function<void(int row)> Zeile_Zeigen; ///< the view scrolls to this row; cell and block stay
     /// The row check has something to say of a row. When it is filled there is no box at the end of the check.
     std::function<void(int row, const std::string& note)> Zeile_Notiz;
     std::function<void(int row)> Zeile_Fertig;  ///< a row has its final mark

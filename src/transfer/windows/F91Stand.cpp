@@ -1,6 +1,7 @@
 // How far the list is, and which row is under way.
 
 #include "F91.h"
+#include "Schlosszeile.h"
 #include "Text.h"
 
 #include <algorithm>
@@ -56,6 +57,10 @@ void F91::Stand_Zeigen() {
     std::string text;
     if (underWay_ > 0) {
         text = Wort(kern, Word::ListPosition, {Ziffern(underWay_), Ziffern(FGK91.Rows() - 1)}) + std::string(Gap);
+        if (!Filter.Shows(underWay_)) {
+            const LockRow lock = Zeilendaten(underWay_);
+            text += Wort(kern, Word::ListHidden, {Schloss_Zeile(kern, lock.Number, lock.Name)}) + std::string(Gap);
+        }
     }
     text += Wort(kern, Word::ListCounts, {Ziffern(count.Done), Ziffern(count.Failed)});
     if (const std::int64_t left = Restdauer(count.Open); left > 0) {
