@@ -27,15 +27,18 @@ endif()
 target_compile_options(qvm_flags INTERFACE
   $<$<AND:$<CXX_COMPILER_ID:Clang>,$<NOT:$<BOOL:$<TARGET_PROPERTY:AUTOMOC>>>>:-Wreserved-identifier>)
 
+# The fuzzers are led by what they reach in the program, not in the tests.
 if(QVM_FUZZ)
-  target_compile_options(qvm_flags INTERFACE -fsanitize=fuzzer-no-link)
+  target_compile_options(qvm_flags INTERFACE
+    $<$<NOT:$<BOOL:$<TARGET_PROPERTY:QVM_UNOPTIMISED>>>:-fsanitize=fuzzer-no-link>)
 endif()
 
 # qvm_unoptimised(<target>)
 # For what takes longer to optimise than its tests to run: in a debug build it is left as it is.
 function(qvm_unoptimised target)
   if(CMAKE_BUILD_TYPE STREQUAL "Debug")
-    target_compile_options(${target} PRIVATE -O0)
+    target_compile_options(${target} PRIVATE -O0 $<$<BOOL:${QVM_FUZZ}>:-g0>)
+    set_target_properties(${target} PROPERTIES QVM_UNOPTIMISED ON)
   endif()
 endfunction()
 
@@ -85,15 +88,16 @@ function(qvm_test_support)
   qvm_unoptimised(test_support)
 endfunction()
 
-# qvm_test(<folder> [QT] [SLICES <count>] [DEPS <target>...] [HEADERS <header>...])
-# The tests of tests/<folder> as one program test_<folder>, linked to what that folder may use and no more. QT: its
+# qvm_test(<folder> [QT] [PROGRAM] [SLICES <count>] [DEPS <target>...] [HEADERS <header>...])
+# The tests of tests/<folder> as one program test_<folder>, linked to what that folder may use and no more. PROGRAM: it
+# needs the program as it is handed out. QT: its
 # libraries bring definitions of Qt along, so that such programs share compiled headers among themselves only, and with
 # HEADERS, what they include everywhere besides, not even that. SLICES: so many runs that may
 # go on at a time, each with its share of the tests; a run for every single test spent most of its time on starting.
 function(qvm_test folder)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "QT" "SLICES" "DEPS;HEADERS")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "QT;PROGRAM" "SLICES" "DEPS;HEADERS")
   file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp")
-  if(NOT sources)
+  if(NOT sources OR QVM_TESTS STREQUAL "PROGRAM" AND NOT arg_PROGRAM)
     return()
   endif()
   add_executable(test_${folder} ${sources})

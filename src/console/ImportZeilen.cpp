@@ -3,6 +3,7 @@
 #include "Text.h"
 
 #include <nlohmann/json.hpp>
+#include <utility>
 
 namespace qvm {
 
@@ -30,12 +31,12 @@ void ImportZeilen::Zeile(const nlohmann::json& value) {
     if (count_ > static_cast<std::size_t>(entry_->Lines)) {
         return;
     }
-    const std::string fault = Zeilenfehler(value);
+    std::string fault = Zeilenfehler(value);
     if (fault.empty()) {
         bytes_ += AusUtf8(value.get_ref<const std::string&>()) + "\r\n";
     } else {
         good_ = false;
-        faults_->Add(entry_->File, static_cast<int>(count_), "", [&fault] { return fault; });
+        faults_->Add(entry_->File, static_cast<int>(count_), "", [&fault] { return std::move(fault); });
     }
 }
 

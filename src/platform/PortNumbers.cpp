@@ -103,7 +103,7 @@ std::string PortNumbers::Device(int number) const {
 }
 
 std::string PortNumbers::Describe(int number) const {
-    const std::string device = Device(number);
+    std::string device = Device(number);
     if (device_ || device.empty() || device != Link(number)) {
         return device;
     }

@@ -13,7 +13,7 @@ namespace {
 constexpr int FewestTelegrams = 5;
 constexpr std::int64_t ShortestMs = 2000;
 /// More is no estimate any more.
-constexpr std::int64_t LongestSeconds = 99 * 60;
+constexpr std::int64_t LongestSeconds = 99LL * 60;
 
 using State = AccountItem::State;
 
@@ -40,7 +40,7 @@ std::optional<int> Restzeit(const Programmierlauf& run, const RunProgress& progr
 
 /// In steps in which nobody takes it for exact.
 std::string Restzeit_Text(const Kern& kern, int seconds) {
-    constexpr int perMinute = 60, step = 5;
+    constexpr std::int64_t perMinute = 60, step = 5;
     if (seconds <= perMinute) {
         return Wort(kern, Word::TimeLeftSeconds, {Ziffern((seconds + step - 1) / step * step)});
     }

@@ -59,6 +59,7 @@ void F11::Texte_Setzen() {
     Check1.Text = kern.Zeile(268);
     GeduldText.Text = Wort(kern, Word::SilentRow);
     std::vector<std::string> choices;
+    choices.reserve(Patience.size());
     for (const int seconds : Patience) {
         choices.push_back(seconds == 0 ? Wort(kern, Word::SilentRowNever) : Ziffern(seconds) + " s");
     }
