@@ -438,7 +438,8 @@ TEST_F(F91_Fenster, the_time_left_counts_on_while_a_row_is_under_way) {
     // 176 s for the first row and 3 s behind it; two such rows are to come.
     EXPECT_EQ(List().StandLabel.Text(), u8"1 erledigt, 0 gescheitert oder übersprungen   noch etwa 6 min"_w);
     world.RunFor(3100);
-    const std::string position(u8"Schloss 2 von 3   1 erledigt, 0 gescheitert oder übersprungen   "_w);
+    const std::string_view german = u8"Schloss 2 von 3   1 erledigt, 0 gescheitert oder übersprungen   "_w;
+    const std::string position(german);
     EXPECT_EQ(List().StandLabel.Text(), position + "noch etwa 6 min");
     world.RunFor(130000);
     EXPECT_EQ(List().StandLabel.Text(), position + "noch etwa 4 min");
