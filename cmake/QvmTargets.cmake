@@ -120,7 +120,7 @@ function(qvm_test folder)
   math(EXPR last "${arg_SLICES} - 1")
   foreach(slice RANGE ${last})
     add_test(NAME ${folder}.${slice} COMMAND test_${folder})
-    set_tests_properties(${folder}.${slice} PROPERTIES TIMEOUT 900
+    set_tests_properties(${folder}.${slice} PROPERTIES TIMEOUT 900 COST ${arg_SLICES}
       ENVIRONMENT "GTEST_TOTAL_SHARDS=${arg_SLICES};GTEST_SHARD_INDEX=${slice}")
   endforeach()
 endfunction()
