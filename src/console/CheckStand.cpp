@@ -1,6 +1,7 @@
 #include "CheckStand.h"
 
 #include "FileTrouble.h"
+#include "Seriennummer.h"
 #include "Tables.h"
 #include "Text.h"
 #include "Zeilen.h"
@@ -87,17 +88,17 @@ std::string Zitat(std::string_view cp1252) {
 
 SerialText Seriennummer(const CheckStand& stand, const RecordLayout& layout, int record, const RecordField& sn1,
                         const RecordField& sn2, const RecordField& sn3, const RecordField& sn4) {
-    SerialText serial{.Good = true};
+    SerialText serial;
+    bool narrow = true;
     for (const RecordField* field : {&sn1, &sn2, &sn3, &sn4}) {
         const std::string part = stand.Text(layout, record, *field);
-        const std::int64_t value = HexWert(part);
         serial.Blank = serial.Blank && part.empty();
-        serial.Good = serial.Good && part.size() <= 2 && value >= 0;
+        narrow = narrow && part.size() <= 2;
         serial.Text += (field == &sn1 ? "" : ".") + part;
-        serial.Value = serial.Value << 8 | static_cast<std::uint32_t>(value & 0xFF);
     }
-    if (!serial.Good) {
-        serial.Value = 0;
+    if (const auto bytes = Serie_Zerlegen(serial.Text); bytes && narrow) {
+        serial.Good = true;
+        serial.Value = Serie_Zahl(*bytes);
     }
     return serial;
 }

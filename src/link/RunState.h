@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Secret.h"
+#include "Seriennummer.h"
 
 #include <array>
 #include <cstdint>
@@ -9,7 +10,6 @@
 namespace qvm {
 
 using AdminCodeBytes = std::array<std::uint8_t, 3>;
-using Address = std::array<std::uint8_t, 4>;
 
 /// Text values of RunState::TimerMode.
 inline constexpr const char* TimerPB_UT = "TimerPB_UT";

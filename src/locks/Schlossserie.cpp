@@ -1,5 +1,6 @@
 #include "Schlossserie.h"
 
+#include "Seriennummer.h"
 #include "Text.h"
 
 #include <algorithm>
@@ -36,16 +37,8 @@ void Serie_Schreiben(std::string& record, const SerialFields& fields, std::strin
 }
 
 std::int64_t Serie_Wert(std::string_view serial) {
-    constexpr std::size_t Length = 11; // "aa.bb.cc.dd"
-    const std::string_view text = Trim(serial);
-    if (text.size() != Length || std::count(text.begin(), text.end(), '.') != 3) {
-        return -1;
-    }
-    std::string digits;
-    for (std::size_t start = 1; start <= Length; start += 3) {
-        digits += Mid(text, start, 2);
-    }
-    return HexWert(digits); // a point that stands elsewhere is among the digits
+    const auto bytes = Serie_Zerlegen(serial);
+    return bytes && GrossText(Trim(serial)) == Serie_Text(*bytes) ? std::int64_t{Serie_Zahl(*bytes)} : -1;
 }
 
 } // namespace qvm

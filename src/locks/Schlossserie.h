@@ -19,7 +19,7 @@ std::string Serie_Lesen(const RecordFile& file, int record, const SerialFields& 
 /// Cuts the text at its points into the four fields. A missing part is blank; what follows a fourth point is dropped.
 void Serie_Schreiben(std::string& record, const SerialFields& fields, std::string_view serial);
 
-/// The number of the four pairs, first pair highest; -1 for a text that is not four pairs of hexadecimal digits.
+/// The number of a serial that is written out, in four pairs; -1 for any other text.
 std::int64_t Serie_Wert(std::string_view serial);
 
 } // namespace qvm

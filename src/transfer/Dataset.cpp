@@ -72,12 +72,12 @@ bool Datei_Lesen(const DatasetStand& stand, RecordFile& file) {
 int Datensatz_Laden(Link& link, Dataset& dataset, const LockRow& row, DatasetVariant variant) {
     dataset = Dataset{};
     Address address{};
-    const std::string serialText = Einstellung_AEsn(row.Serial, address);
+    const bool good = Einstellung_AEsn(row.Serial, address) != SerialError;
     const bool inTable = row.Number >= 1 && row.Number < link.kern.Globals.LockRows;
-    if (serialText == SerialError || !inTable) {
+    if (!good || !inTable) {
         return Status(DatasetEnd::Other, variant);
     }
-    const auto serial = static_cast<std::uint32_t>(HexWert(serialText));
+    const auto serial = Serie_Zahl(address);
     link.Lauf.SerialValue = serial;
     dataset.MaxUser = MaxUserAnz(serial);
     DatasetStand stand{link, dataset, row, variant, serial};

@@ -1,6 +1,7 @@
 #include "Historie.h"
 
 #include "Schlosszeile.h"
+#include "Seriennummer.h"
 #include "Steuerzeichen.h"
 #include "Text.h"
 #include "Words.h"
@@ -13,17 +14,13 @@ namespace {
 
 constexpr std::size_t NameAt = 5, NameWidth = 16, EventAt = 21;
 constexpr int FirstRecordByte = 14; // of a reply 0x17
-constexpr int FirstSerialByte = 7, LastSerialByte = 10;
+constexpr int FirstSerialByte = 7;
 
 constexpr std::uint8_t LowNibble = 0x0F, HighNibble = 0xF0;
 
 std::string Seriennummer(const Link& link) {
-    std::string text;
-    for (int n = FirstSerialByte; n <= LastSerialByte; ++n) {
-        text += HexText(link.RxByte(n), 2);
-        text += n < LastSerialByte ? "." : "";
-    }
-    return text;
+    return Serie_Text({link.RxByte(FirstSerialByte), link.RxByte(FirstSerialByte + 1), link.RxByte(FirstSerialByte + 2),
+                       link.RxByte(FirstSerialByte + 3)});
 }
 
 HistoryRecord Aus_Empfang(const Link& link) {
