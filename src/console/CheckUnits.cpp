@@ -1,4 +1,5 @@
 #include "CheckStand.h"
+#include "Modelle.h"
 #include "Text.h"
 #include "UnitRecords.h"
 
@@ -21,14 +22,6 @@ const std::array<UnitFields, 5> UnitSlots{{{Name1, Sn1_1, Sn2_1, Sn3_1, Sn4_1, M
                                            {Name4, Sn1_4, Sn2_4, Sn3_4, Sn4_4, Module4, UnitNo4},
                                            {Name5, Sn1_5, Sn2_5, Sn3_5, Sn4_5, Module5, UnitNo5}}};
 
-/// The class that a unit's serial belongs to: "1", "2", or empty.
-std::string Klasse(std::uint32_t serial) {
-    if (serial >= 0x1600001 && serial <= 0x1640000) {
-        return "1";
-    }
-    return serial >= 1 && serial <= 0x500000 ? "2" : "";
-}
-
 void Einheit_Pruefen(CheckStand& stand, int lock, const UnitFields& unit, DoubledTexts& serials) {
     const SerialText serial = Seriennummer(stand, Units, lock, unit.Sn1, unit.Sn2, unit.Sn3, unit.Sn4);
     const std::string module = stand.Text(Units, lock, unit.Module);
@@ -47,12 +40,13 @@ void Einheit_Pruefen(CheckStand& stand, int lock, const UnitFields& unit, Double
     if (!serial.Good || serial.Value == 0) {
         return;
     }
-    if (Klasse(serial.Value).empty()) {
+    const std::string own(1, Sn_Klasse(serial.Value));
+    if (own == "0") {
         stand.Melden(FindingKind::Range, Units, lock, unit.Sn1.Name,
                      Zitat(serial.Text) + " is not the serial of a unit");
-    } else if ((module == "1" || module == "2") && module != Klasse(serial.Value)) {
+    } else if ((module == "1" || module == "2") && module != own) {
         stand.Melden(FindingKind::Range, Units, lock, unit.Module.Name,
-                     "the serial " + Zitat(serial.Text) + " is one of class " + Klasse(serial.Value));
+                     "the serial " + Zitat(serial.Text) + " is one of class " + own);
     }
     if (const auto first = serials.Sehen(HexText(serial.Value, 8), 0)) {
         stand.Melden(FindingKind::Doubled, Units, lock, unit.Sn1.Name,

@@ -1,6 +1,6 @@
 #include "CheckStand.h"
-#include "Dataset.h"
 #include "LockRecords.h"
+#include "Modelle.h"
 #include "Text.h"
 #include "TimeRecords.h"
 #include "UserRecords.h"

@@ -12,7 +12,7 @@ namespace qvm {
 /// The four bytes of a serial number, the highest first. They are also what a telegram addresses the device by.
 using Address = std::array<std::uint8_t, 4>;
 
-/// The bytes as one number.
+/// The bytes as one number. What it says of the device stands in Modelle.h.
 constexpr std::uint32_t Serie_Zahl(const Address& bytes) {
     std::uint32_t number = 0;
     for (const std::uint8_t byte : bytes) {

@@ -2,6 +2,7 @@
 
 #include "Historienkette.h"
 #include "Laufbedingungen.h"
+#include "Modelle.h"
 #include "SeriellesProtokoll.h"
 #include "Telegramme.h"
 
@@ -395,10 +396,6 @@ bool Antwort_Fuehrt_Weiter(const Link& link) {
 
 bool Anmeldung_Angenommen(const Link& link) {
     return link.Rx.RxLength + 1 >= StatusIndex && link.RxByte(StatusIndex) == LoginAccepted;
-}
-
-bool Datenstart_Antwort_Wartet(std::uint32_t serial) {
-    return BereichZ(serial) && serial != 0x2000000;
 }
 
 // A cancel does not cut a session off: it is closed at the next frame, which is discarded.

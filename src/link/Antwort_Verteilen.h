@@ -49,12 +49,6 @@ void Noch_Einmal_Trennen(Link& link);
 void Abbruch_Ausfuehren(Link& link);
 /// TelDatenStart to a lock; starts the polling where the lock wants it.
 void Datenstart_Senden(Link& link);
-/// True for a lock whose erase reply starts nothing, because its polling goes on until it answers.
-///
-/// Up to 0x1000000 and above 0x2000000 the reply to TelDatenStart leads on; between them the lock is polled, and only
-/// the last number of that range goes on at the reply as well. Whether a polled lock acknowledges TelDatenStart at all
-/// is not known.
-bool Datenstart_Antwort_Wartet(std::uint32_t serial);
 /// The timer tables, or the calendars for a lock without them.
 void Zeit_Tabellen_Start(Link& link);
 

@@ -102,16 +102,4 @@ struct RunState {
     int SecondProgress = 0; ///< running indicator, 0 to 27
 };
 
-/// Firmware ranges, by the serial value.
-constexpr bool BereichN(std::uint32_t serial) {
-    return (serial >= 0x1500C06 && serial <= 0x1600000) || (serial >= 0x1C000AE && serial <= 0x1D00000);
-}
-constexpr bool BereichZ(std::uint32_t serial) {
-    return serial >= 0x1000001 && serial <= 0x2000000;
-}
-/// Locks of this range log in twice when a user has a transponder. Both ends are excluded.
-constexpr bool BereichZweiDurchgaenge(std::uint32_t serial) {
-    return serial > 0xE6E9000 && serial < 0xFDFF59C;
-}
-
 } // namespace qvm

@@ -2,6 +2,7 @@
 
 #include "Kern.h"
 #include "LockTable.h"
+#include "Modelle.h"
 #include "Schlossserie.h"
 #include "Text.h"
 

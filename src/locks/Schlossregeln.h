@@ -9,11 +9,6 @@ namespace qvm {
 
 struct Kern;
 
-/// True for a serial value of a lock without an EMI setting: between 0x0B49FFFF and 0x0DFFB9EF, both ends excluded.
-constexpr bool Ohne_Emi(std::int64_t serial) {
-    return serial > 0x0B49FFFF && serial < 0x0DFFB9EF;
-}
-
 /// Picture of column 10 for a serial that has just been entered: not applicable for a lock without an EMI setting and
 /// for an empty text; off for any other.
 int Emi_Bild(std::string_view serial);

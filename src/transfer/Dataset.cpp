@@ -1,6 +1,7 @@
 #include "Dataset.h"
 
 #include "DatensatzStand.h"
+#include "Modelle.h"
 #include "Text.h"
 
 namespace qvm {

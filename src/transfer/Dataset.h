@@ -92,9 +92,6 @@ inline constexpr int BadFiles = 96;
 /// cleared.
 int Datensatz_Laden(Link& link, Dataset& dataset, const LockRow& row, DatasetVariant variant);
 
-/// Maximum of users of a lock.
-int MaxUserAnz(std::uint32_t serial);
-
 /// What Einstellung_AEsn gives for a text that is no serial.
 inline constexpr std::string_view SerialError = "FEHLER";
 

@@ -1,4 +1,5 @@
 #include "DatensatzStand.h"
+#include "Modelle.h"
 #include "Text.h"
 #include "TimeRecords.h"
 #include "Zeit.h"
@@ -13,11 +14,6 @@ constexpr int FirstPermanent = 22, LastPermanent = 41;
 constexpr std::size_t MostHolidays = 20;
 constexpr std::uint8_t EveryYear = 99;
 constexpr std::size_t DayAndMonth = 6; // "dd.mm.", which " - -" follows where a year would stand
-
-/// Locks without a table of their own for permanent holidays. Both ends are excluded.
-constexpr bool Eine_Tabelle(std::uint32_t serial) {
-    return serial > 0xA000000 && serial < 0xD912D64;
-}
 
 std::uint8_t Byte(int value) {
     return static_cast<std::uint8_t>(value);
@@ -79,7 +75,7 @@ bool Kalender_Laden(DatasetStand& stand) {
             dataset.HolidayTableA[used++] = *row;
         }
     }
-    if (Eine_Tabelle(stand.serial)) {
+    if (Eine_Feiertagstabelle(stand.serial)) {
         const std::uint8_t year = Byte(stand.Kernteil().Welt.Now().Year % 100);
         Jahrestage_Fuellen(dataset.HolidayTableA, used, calendar, year);
     } else {

@@ -32,14 +32,6 @@ struct DatasetStand {
     }
 };
 
-/// A number range with both ends included.
-constexpr bool Im_Bereich(std::uint32_t value, std::uint32_t from, std::uint32_t to) {
-    return value >= from && value <= to;
-}
-
-/// Locks up to here know the timers A and B only, unless they belong to a newer family.
-inline constexpr std::uint32_t LastTimerABSerial = 0xB49FFFF;
-
 /// Reads a data file. False on a file error; a missing file holds no record.
 bool Datei_Lesen(const DatasetStand& stand, RecordFile& file);
 

@@ -1,5 +1,6 @@
 #include "DatensatzStand.h"
 #include "LockRecords.h"
+#include "Modelle.h"
 #include "Schlossregeln.h"
 #include "UnitRecords.h"
 #include "Units.h"
@@ -21,16 +22,8 @@ std::uint8_t Modus(std::string_view text) {
 /// The fifth unit's type is read from the third unit's field. The systems in the field depend on it.
 constexpr std::array<std::size_t, 5> TypeOfUnit{0, 1, 2, 3, 2};
 
-/// Serial values of units whose first byte is 0. As their second byte must not be 0 either, those below 65536 never
-/// count as present.
-constexpr std::uint32_t FirstLowSerial = 11469, LastLowSerial = 5242880;
-
 bool Ist_Da(const Address& serial) {
-    if (serial[0] != 0) {
-        return true;
-    }
-    const std::uint32_t value = std::uint32_t{serial[1]} << 16U | std::uint32_t{serial[2]} << 8U | serial[3];
-    return serial[1] != 0 && Im_Bereich(value, FirstLowSerial, LastLowSerial);
+    return serial[0] != 0 || (serial[1] != 0 && Unit_Mit_Kleiner_Nummer(Serie_Zahl(serial)));
 }
 
 ProgUnit Unit_Bereiten(const UnitRecord& record, std::size_t index) {

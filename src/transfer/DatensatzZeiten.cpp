@@ -1,5 +1,6 @@
 #include "DatensatzStand.h"
 #include "LockRecords.h"
+#include "Modelle.h"
 #include "Text.h"
 #include "TimeRecords.h"
 #include "Zeit.h"
@@ -15,12 +16,6 @@ constexpr int PersonRecords = 11; // record 11 is the first lock timer and serve
 constexpr int TimersAB = 5;
 /// Old locks get their second timer from record 5 on, one slot before the group "Timer-B" begins.
 constexpr int FirstRecordB = 5;
-
-/// Families that take the full timer tables.
-constexpr bool Volle_Tabellen(std::uint32_t serial) {
-    return Im_Bereich(serial, 0x1000001, 0x1600000) || Im_Bereich(serial, 0x1D00001, 0x2000000) ||
-           Im_Bereich(serial, 0x1C00001, 0x1D00000);
-}
 
 /// Hour and minute of "hh:mm"; 00:00 for a text that is no time of day.
 std::pair<std::uint8_t, std::uint8_t> Uhrzeit(std::string_view text) {
@@ -102,13 +97,13 @@ bool Schaltuhr_Laden(DatasetStand& stand, std::string_view selection) {
         return false;
     }
     if (file == ReadStatus::Missing) {
-        // Above the limit the full mode stays, and empty tables go out in it.
-        if (stand.serial <= LastTimerABSerial) {
+        // For all others the full mode stays, and empty tables go out in it.
+        if (Timer_A_Und_B(stand.serial)) {
             lauf.TimerMode = Timer_A_B;
         }
-    } else if (Volle_Tabellen(stand.serial)) {
+    } else if (Volle_Zeittabellen(stand.serial)) {
         Volle_Tabellen_Fuellen(stand.dataset, slots, selection);
-    } else if (stand.serial <= LastTimerABSerial) {
+    } else if (Timer_A_Und_B(stand.serial)) {
         Zwei_Timer_Melden(stand);
         lauf.TimerMode = Timer_A_B;
         Timer_A_B_Fuellen(stand.dataset, slots);

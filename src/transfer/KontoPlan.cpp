@@ -1,5 +1,6 @@
 // Which telegrams a run owes, from its order and its dataset.
 
+#include "Modelle.h"
 #include "RunAccount.h"
 
 namespace qvm {

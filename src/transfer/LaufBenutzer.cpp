@@ -1,4 +1,5 @@
 #include "Laufschritte.h"
+#include "Modelle.h"
 #include "Schlosszeile.h"
 
 #include <algorithm>

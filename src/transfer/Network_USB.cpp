@@ -1,5 +1,6 @@
 #include "Network_USB.h"
 
+#include "Modelle.h"
 #include "NetSchritte.h"
 #include "Text.h"
 #include "Words.h"
@@ -11,8 +12,6 @@
 namespace qvm {
 namespace {
 
-/// Addresses of network adapters, as one number.
-constexpr std::uint32_t FirstNetAdapter = 0x3E00001, LastNetAdapter = 0x3F00000;
 constexpr int LineSending = 81, LineHistoryRead = 263, LineDatasetBad = 258;
 
 /// A decimal byte that ends at "/" or at the end of the text; nothing when it is none.
@@ -94,8 +93,7 @@ void Adapter_Test(Netzlauf& run, std::initializer_list<std::string_view> texts) 
     run.NetAdapter = DirectAdapterMark;
     for (const std::string_view text : texts) {
         if (const auto number = Adapter_Nummer(text)) {
-            const bool network = *number >= FirstNetAdapter && *number <= LastNetAdapter;
-            run.NetAdapter = network ? NetAdapterMark : DirectAdapterMark;
+            run.NetAdapter = Netzadapter(*number) ? NetAdapterMark : DirectAdapterMark;
             return;
         }
     }

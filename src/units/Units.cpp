@@ -79,13 +79,6 @@ std::string Sn_Verbinden(const std::array<std::string, 4>& groups) {
     return text == "..." ? std::string{} : text;
 }
 
-char Sn_Klasse(std::int64_t value) {
-    if (value >= 0x1600001 && value <= 0x1640000) {
-        return '1';
-    }
-    return value >= 1 && value <= 0x500000 ? '2' : '0';
-}
-
 int Pegel_Eintrag(std::string_view rssiLevel) {
     const auto found = std::find(Levels.begin(), Levels.end(), Trim(rssiLevel));
     return found == Levels.end() ? 4 : static_cast<int>(found - Levels.begin());

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -50,10 +49,6 @@ int Lauschzeit_Sekunden(const UnitRecord& record);
 std::array<std::string, 4> Sn_Teilen(std::string_view serial);
 /// The groups joined by points; empty when all four are.
 std::string Sn_Verbinden(const std::array<std::string, 4>& groups);
-
-/// Module class by the number that a serial's eight hexadecimal digits are: '1' for 0x1600001 to 0x1640000, '2' for 1
-/// to 0x500000, '0' (refused) for all else.
-char Sn_Klasse(std::int64_t value);
 
 /// Entry of the level list, 0 to 4, for a stored text. Any other text, "000" for a level never chosen included, shows
 /// as entry 4.

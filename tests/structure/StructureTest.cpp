@@ -89,6 +89,21 @@ TEST(Sources, the_logic_opens_no_file_itself) {
     EXPECT_EQ(Offenders(All(), pattern), std::vector<std::string>{});
 }
 
+TEST(Sources, ranges_of_serials_stand_on_one_page) {
+    // All of them are numbers of seven digits and more, which nothing else in the logic is.
+    const std::regex serial(R"(\b0[xX][0-9A-Fa-f]{7,8}\b)");
+    std::vector<std::string> found;
+    for (const Source& source : All()) {
+        for (std::size_t n = 0; n < source.Lines.size(); ++n) {
+            const bool own = source.Name() == "Modelle.h" || source.Folder == "simulator";
+            if (!own && std::regex_search(Code(source.Lines[n]), serial)) {
+                found.push_back(At(source, n) + ": " + source.Lines[n]);
+            }
+        }
+    }
+    EXPECT_EQ(found, std::vector<std::string>{});
+}
+
 TEST(Sources, no_variable_stands_at_namespace_scope) {
     // Code at namespace scope begins in column 1; a variable there that is neither constant nor part of a declaration
     // of a function or type is mutable state.

@@ -118,26 +118,6 @@ TEST(Sn_Verbinden, joins_with_points_and_shows_no_serial_as_nothing) {
     EXPECT_EQ(Sn_Verbinden({}), "");
 }
 
-TEST(Sn_Klasse, class_1_is_1600001_to_1640000) {
-    EXPECT_EQ(Sn_Klasse(23068672), '0');
-    EXPECT_EQ(Sn_Klasse(23068673), '1');
-    EXPECT_EQ(Sn_Klasse(23330816), '1');
-    EXPECT_EQ(Sn_Klasse(23330817), '0');
-}
-
-TEST(Sn_Klasse, class_2_is_1_to_500000) {
-    EXPECT_EQ(Sn_Klasse(1), '2');
-    EXPECT_EQ(Sn_Klasse(5242880), '2');
-    EXPECT_EQ(Sn_Klasse(5242881), '0');
-}
-
-TEST(Sn_Klasse, nothing_zero_and_the_largest_serial_are_refused) {
-    EXPECT_EQ(Sn_Klasse(0), '0');
-    EXPECT_EQ(Sn_Klasse(-1), '0');
-    EXPECT_EQ(Sn_Klasse(0xFFFFFFFF), '0');
-    EXPECT_EQ(Sn_Klasse(HexWert("")), '0'); // all boxes empty
-}
-
 // ---- level
 
 TEST(Pegel, five_texts_have_their_entries) {

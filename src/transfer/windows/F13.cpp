@@ -3,6 +3,7 @@
 #include "AdapterScan.h"
 #include "FileLook.h"
 #include "Kanal.h"
+#include "Modelle.h"
 #include "Schlosszeile.h"
 #include "Text.h"
 #include "UserRecords.h"

@@ -4,6 +4,7 @@
 #include "DatensatzDateien.h"
 #include "F91.h"
 #include "F91Takt.h"
+#include "Modelle.h"
 #include "Text.h"
 
 namespace qvm {
