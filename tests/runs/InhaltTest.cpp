@@ -447,5 +447,11 @@ INSTANTIATE_TEST_SUITE_P(Classes, Lock_Content,
                                            0x05000003U, 0x0A000001U, 0x0B49FFFFU, 0x0C000001U, 0x0D912D63U, 0x0D912D64U,
                                            0x0DFFB9EFU, 0x0F000001U));
 
+// On each side of the ends of the two ranges that take a reader's setting, and of those whose locks are polled.
+INSTANTIATE_TEST_SUITE_P(Ends, Lock_Content,
+                         ::testing::Values(0x01000000U, 0x01000001U, 0x01500C05U, 0x01500C06U, 0x01600000U, 0x01600001U,
+                                           0x01C000ADU, 0x01C000AEU, 0x01D00000U, 0x01D00001U, 0x01FFFFFFU, 0x02000000U,
+                                           0x02000001U));
+
 } // namespace
 } // namespace qvm::test
