@@ -152,7 +152,7 @@ void F11Window::makeButtons() {
 
 void F11Window::pickDate() {
     month_->setLastDay(f11_.Letzter_Tag());
-    if (const auto day = Datum_Lesen(f11_.CutoffDate.Text())) {
+    if (const auto day = f11_.Stichtag()) {
         month_->setDay(*day);
     }
     month_->popUpUnder(date_);

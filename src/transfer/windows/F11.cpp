@@ -36,8 +36,7 @@ void F11::F11_Laden(F11Opener opener, const std::string& adapterName) {
     Check1.Checked = true;
 
     const bool history = lauf.HistoryOnly != 0 || lauf.ReadHistoryFirst != 0 || lauf.NetMode != 0;
-    lauf.HistoryCutoff = history ? Datum_Text(Datum_Plus(Heute(kern.Welt.Now()), -CutoffDays)) : std::string();
-    CutoffDate.Text = history ? lauf.HistoryCutoff : std::string(NoCutoff);
+    Stichtag_Setzen(history ? std::optional(Datum_Plus(Heute(kern.Welt.Now()), -CutoffDays)) : std::nullopt);
 
     const bool fromGrid = opener == F11Opener::F13;
     Check1.Enabled = fromGrid;
@@ -86,6 +85,7 @@ std::string F11::Schlosszeile() const {
 void F11::Adapter_Fuellen(F11Opener opener, const std::string& adapterName) {
     Combo1.Visible = kern.Config.AdapterModus();
     std::vector<std::string> entries;
+    offered_.clear();
     int remembered = -1;
     int station = -1;
     for (const AdapterSatz& adapter : Adapter.Saetze) {
@@ -102,6 +102,7 @@ void F11::Adapter_Fuellen(F11Opener opener, const std::string& adapterName) {
             station = index;
         }
         entries.push_back(adapter.Name + " [" + adapter.Adresse + "]");
+        offered_.push_back(adapter.Adresse);
     }
     Combo1.Entries = entries;
     Combo1.Selected = remembered >= 0 ? remembered : station;
@@ -109,17 +110,10 @@ void F11::Adapter_Fuellen(F11Opener opener, const std::string& adapterName) {
 
 const AdapterSatz* F11::Gewaehlter_Adapter() const {
     const int selected = Combo1.Selected;
-    const auto& entries = Combo1.Entries();
-    if (selected < 0 || selected >= static_cast<int>(entries.size())) {
+    if (selected < 0 || selected >= static_cast<int>(offered_.size())) {
         return nullptr;
     }
-    const std::string& entry = entries[static_cast<std::size_t>(selected)];
-    const auto open = entry.rfind('[');
-    const auto close = entry.rfind(']');
-    if (open == std::string::npos || close == std::string::npos || close < open) {
-        return nullptr;
-    }
-    return Adapter_Finden(Adapter, entry.substr(open + 1, close - open - 1));
+    return Adapter_Finden(Adapter, offered_[static_cast<std::size_t>(selected)]);
 }
 
 void F11::Text1_KeyPress(int key) {
@@ -156,9 +150,14 @@ Datum F11::Letzter_Tag() const {
 
 void F11::Datum_Waehlen(const Datum& date) {
     if (CutoffDate.Enabled && Datum_Gueltig(date) && date <= Letzter_Tag()) {
-        run.link.Lauf.HistoryCutoff = Datum_Text(date);
-        CutoffDate.Text = run.link.Lauf.HistoryCutoff;
+        Stichtag_Setzen(date);
     }
+}
+
+void F11::Stichtag_Setzen(const std::optional<Datum>& day) {
+    stichtag_ = day;
+    run.link.Lauf.HistoryCutoff = day ? Datum_Text(*day) : std::string();
+    CutoffDate.Text = day ? run.link.Lauf.HistoryCutoff : std::string(NoCutoff);
 }
 
 bool F11::Port_Bereitmachen(bool& network) {

@@ -11,7 +11,9 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace qvm {
 
@@ -65,6 +67,8 @@ struct F11 {
     void Datum_Waehlen(const Datum& date);
     /// The last day that can be picked.
     Datum Letzter_Tag() const;
+    /// The day from which events are read; nothing when no history is read.
+    std::optional<Datum> Stichtag() const { return stichtag_; }
     int Stellen() const { return count_; }
     /// Seconds after which a list gives up a silent lock; 0: never.
     int Geduld_Sekunden() const;
@@ -73,6 +77,7 @@ struct F11 {
 
 private:
     void Eingabe_Leeren();
+    void Stichtag_Setzen(const std::optional<Datum>& day);
     std::string Schlosszeile() const;
     void Geduld_Anbieten();
     void Adapter_Fuellen(F11Opener opener, const std::string& adapterName);
@@ -85,6 +90,8 @@ private:
 
     Secret<8> codeDigits_;
     int count_ = 0;
+    std::optional<Datum> stichtag_;
+    std::vector<std::string> offered_; ///< address of the adapter of each entry
 };
 
 } // namespace qvm
