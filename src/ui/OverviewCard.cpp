@@ -14,7 +14,7 @@
 namespace qvm::ui {
 namespace {
 
-constexpr int TextMargin = 6, RowGap = 2, ColumnGap = 10, HalfGap = 24;
+constexpr int TextMargin = 6, RowGap = 2, ValueGap = 10, HalfGap = 24;
 constexpr int LeastCharacters = 8; ///< of a value, however narrow the window
 constexpr int Columns = 5;         ///< caption, value, gap, caption, value
 
@@ -63,8 +63,8 @@ OverviewCard::OverviewCard(F2& model, QWidget* parent) : QWidget(parent), f2_(mo
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setVerticalSpacing(RowGap);
-    grid->setHorizontalSpacing(ColumnGap);
-    grid->setColumnMinimumWidth(2, HalfGap - 2 * ColumnGap);
+    grid->setHorizontalSpacing(ValueGap);
+    grid->setColumnMinimumWidth(2, HalfGap - 2 * ValueGap);
     grid->setColumnStretch(1, 3);
     grid->setColumnStretch(Columns - 1, 1);
     using Angabe = F2::Angabe;

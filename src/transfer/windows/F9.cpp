@@ -13,7 +13,7 @@ namespace {
 constexpr int SilenceShownAfterMs = 5000;
 
 /// Only German steps begin in upper case by themselves; they stand behind a percentage as a rule.
-std::string Zeilenanfang(std::string text) {
+std::string Zeilenanfang(const std::string& text) {
     return text.empty() ? text : GrossText(text.substr(0, 1)) + text.substr(1);
 }
 
