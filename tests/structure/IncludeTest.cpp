@@ -7,14 +7,38 @@
 #include <map>
 #include <regex>
 #include <string>
+#include <vector>
 
 namespace qvm::test {
 namespace {
 
-TEST(Sources, every_folder_is_named_in_the_table_of_layers) {
+TEST(Sources, every_folder_belongs_to_a_target) {
     for (const Source& source : All()) {
         EXPECT_TRUE(FolderKnown(source.Folder)) << source.Path;
     }
+}
+
+TEST(Sources, the_walls_between_the_layers_stand_in_the_build) {
+    const std::map<std::string, std::vector<std::string>> walls{
+        {"core", {"link", "locks", "platform", "simulator"}},
+        {"link", {"locks", "persons", "transfer", "link/windows"}},
+        {"locks", {"link", "persons", "timemodel", "units", "transfer"}},
+        {"timemodel", {"link", "locks", "persons"}},
+        {"transfer", {"transfer/windows", "programm", "platform"}},
+        {"programm", {"platform", "simulator", "console", "ui"}},
+        {"platform", {"link", "programm", "ui"}},
+        {"simulator", {"link", "locks", "transfer", "programm", "platform"}},
+        {"console", {"ui", "simulator"}},
+        {"ui", {"platform", "console", "simulator"}},
+    };
+    for (const auto& [folder, targets] : walls) {
+        ASSERT_TRUE(FolderKnown(folder)) << folder;
+        for (const std::string& target : targets) {
+            EXPECT_TRUE(FolderKnown(target)) << target;
+            EXPECT_FALSE(MayInclude(folder, target)) << folder << " may include " << target;
+        }
+    }
+    EXPECT_TRUE(MayInclude("ui/program", "core")) << "what is used through another layer may be used directly";
 }
 
 TEST(Sources, an_include_never_points_upwards) {

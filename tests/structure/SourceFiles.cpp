@@ -4,6 +4,7 @@
 #include <map>
 #include <regex>
 #include <set>
+#include <sstream>
 
 namespace qvm::test {
 namespace {
@@ -12,56 +13,38 @@ namespace fs = std::filesystem;
 
 const fs::path Sources = fs::path(QVM_SOURCE_DIR) / "src";
 
-/// Folder of src/ -> the folders whose headers it may include, itself always among them.
-const std::map<std::string, std::set<std::string>> Layers{
-    {"core", {}},
-    {"link", {"core"}},
-    {"locks", {"core"}},
-    {"persons", {"core", "locks"}},
-    {"timemodel", {"core"}},
-    {"units", {"core", "locks"}},
-    {"transfer", {"core", "link", "locks", "persons", "timemodel", "units"}},
-    {"transfer/windows", {"core", "link", "locks", "persons", "timemodel", "units", "transfer"}},
-    {"core/windows", {"core", "link"}},
-    {"link/windows", {"core", "link", "locks", "persons"}},
-    {"programm",
-     {"core", "link", "locks", "persons", "timemodel", "units", "transfer", "transfer/windows", "core/windows",
-      "link/windows"}},
-    {"platform", {"core"}},
-    {"simulator", {"core"}},
-    {"simulator/program", {"core", "simulator"}},
-    {"console",
-     {"core", "link", "locks", "persons", "timemodel", "units", "transfer", "transfer/windows", "core/windows",
-      "link/windows", "programm", "platform"}},
-    {"console/program",
-     {"core", "link", "locks", "persons", "timemodel", "units", "transfer", "transfer/windows", "core/windows",
-      "link/windows", "programm", "platform", "console"}},
-    {"ui",
-     {"core", "link", "locks", "persons", "timemodel", "units", "transfer", "transfer/windows", "core/windows",
-      "link/windows", "programm"}},
-    {"ui/program",
-     {"core", "link", "locks", "persons", "timemodel", "units", "transfer", "transfer/windows", "core/windows",
-      "link/windows", "programm", "platform", "ui"}},
-};
+/// Folder of src/ -> the folders whose headers it may include, itself not among them.
+using LayerTable = std::map<std::string, std::set<std::string>>;
 
-} // namespace
-
-bool FolderKnown(const std::string& folder) {
-    return Layers.contains(folder);
+/// As the build has written it: a line for each folder, the first word its name.
+LayerTable ReadLayers() {
+    LayerTable layers;
+    std::ifstream in(QVM_BINARY_DIR "/tests/layers.txt");
+    for (std::string line; std::getline(in, line);) {
+        std::istringstream words(line);
+        std::string folder;
+        words >> folder;
+        std::set<std::string>& targets = layers[folder];
+        for (std::string target; words >> target;) {
+            targets.insert(target);
+        }
+    }
+    return layers;
 }
 
-bool MayInclude(const std::string& folder, const std::string& target) {
-    return target == folder || Layers.at(folder).contains(target);
+const LayerTable& Layers() {
+    static const LayerTable layers = ReadLayers();
+    return layers;
 }
 
-std::vector<Source> All() {
+std::vector<Source> ReadTree(const fs::path& root) {
     std::vector<Source> found;
-    for (const auto& entry : fs::recursive_directory_iterator(Sources)) {
+    for (const auto& entry : fs::recursive_directory_iterator(root)) {
         const auto ending = entry.path().extension();
         if (ending != ".cpp" && ending != ".h") {
             continue;
         }
-        Source source{entry.path(), fs::relative(entry.path().parent_path(), Sources).string(), {}};
+        Source source{entry.path(), fs::relative(entry.path().parent_path(), root).string(), {}};
         std::ifstream in(entry.path());
         for (std::string line; std::getline(in, line);) {
             source.Lines.push_back(line);
@@ -71,6 +54,20 @@ std::vector<Source> All() {
     return found;
 }
 
+} // namespace
+
+bool FolderKnown(const std::string& folder) {
+    return Layers().contains(folder);
+}
+
+bool MayInclude(const std::string& folder, const std::string& target) {
+    return target == folder || Layers().at(folder).contains(target);
+}
+
+std::vector<Source> All() {
+    return ReadTree(Sources);
+}
+
 std::string Code(const std::string& line) {
     static const std::regex literal(R"("(\\.|[^"\\])*")");
     std::string code = std::regex_replace(line, literal, "\"\"");
@@ -78,7 +75,7 @@ std::string Code(const std::string& line) {
 }
 
 std::string At(const Source& source, std::size_t line) {
-    return fs::relative(source.Path, Sources).string() + ":" + std::to_string(line + 1);
+    return fs::relative(source.Path, QVM_SOURCE_DIR).string() + ":" + std::to_string(line + 1);
 }
 
 } // namespace qvm::test

@@ -16,7 +16,8 @@ struct Source {
     std::string Name() const { return Path.filename().string(); }
 };
 
-/// Whether the table of layers names the folder, and whether a file of `folder` may include a header of `target`.
+/// Whether src/CMakeLists.txt makes a target of the folder, and whether that lets a file of `folder` include a header
+/// of `target`.
 bool FolderKnown(const std::string& folder);
 bool MayInclude(const std::string& folder, const std::string& target);
 
