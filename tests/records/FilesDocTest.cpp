@@ -106,8 +106,8 @@ void WriteEntry(std::ostream& out, const Entry& entry) {
 std::string Document() {
     std::ostringstream out;
     out << "# Data files\n\n"
-           "Generated from the record layouts; do not edit. `QVM_WRITE_DOCS=1 test_runs "
-           "--gtest_filter='Files_Reference.*'`\nwrites it anew.\n\n"
+           "Generated from the record layouts; do not edit. `QVM_WRITE_DOCS=1 test_records` writes it "
+           "anew.\n\n"
            "The files lie in the directory `DAT` of the program. Each is a row of records of one length, numbered\n"
            "from 1, without a head. Text is one byte a character, Windows code page 1252. A reader stops at the\n"
            "first 0x00 of a field and strips blanks on both sides. A writer cuts a text that is too long and fills\n"
