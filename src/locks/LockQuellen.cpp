@@ -1,9 +1,10 @@
-#include "LockQuellen.h"
-
+#include "AdapterRecord.h"
 #include "Adapterklasse.h"
 #include "F12_Laden.h"
 #include "Kern.h"
 #include "Text.h"
+#include "TimeRecords.h"
+#include "UnitRecords.h"
 
 #include <utility>
 
@@ -13,6 +14,8 @@ namespace {
 
 constexpr std::string_view NoUnit = " - ";
 constexpr std::string_view NoAdapter = " - ";
+/// The list of adapters has a record more than a lock is offered.
+constexpr int LastOffered = 19;
 
 std::string Unit_Kuerzel(const Kern& kern, std::string_view mode) {
     constexpr int FirstLine = 157; // "1", "2", "3": lines 157, 158, 159
@@ -25,8 +28,8 @@ std::string Unit_Kuerzel(const Kern& kern, std::string_view mode) {
 LockAdapter Adapter_Eintrag(const RecordFile& adapters, int record) {
     LockAdapter entry;
     entry.Record = record;
-    entry.Adresse = adapters.Text(record, AdapterView::Adresse);
-    entry.Name = adapters.Text(record, AdapterView::Name);
+    entry.Adresse = adapters.Text(record, AdapterRecord::Adresse);
+    entry.Name = adapters.Text(record, AdapterRecord::Name);
     entry.Text = entry.Name.starts_with(EnrolmentClass) ? std::string(NoAdapter)
                                                         : std::string(Trim(entry.Name + " [" + entry.Adresse + "]"));
     return entry;
@@ -35,16 +38,16 @@ LockAdapter Adapter_Eintrag(const RecordFile& adapters, int record) {
 } // namespace
 
 bool Offsetnamen_Laden(Kern& kern, LockTable& table) {
-    RecordFile offsets(OffsetView::Record);
+    RecordFile offsets(GuestOffset::Record);
     if (offsets.Laden(kern.Welt.Files, kern.DatPfad()) == ReadStatus::Error) {
         table.LoadFailed = true; // else a save would drop every lock's offset group
         return false;
     }
     table.Offsets = {};
-    for (int n = OffsetView::Record.First; n <= OffsetView::Record.Last; ++n) {
+    for (int n = GuestOffset::Record.First; n <= GuestOffset::Record.Last; ++n) {
         OffsetEntry& entry = table.Offsets[static_cast<std::size_t>(n)];
-        entry.Name = offsets.Text(n, OffsetView::Name);
-        entry.Id = offsets.Text(n, OffsetView::OffsetId);
+        entry.Name = offsets.Text(n, GuestOffset::Name);
+        entry.Id = offsets.Text(n, GuestOffset::OffsetId);
         if (entry.Id.empty()) { // the identifiers never change, but a first save of the offsets has left them blank
             entry.Id = "OFST0x0" + Ziffern(n);
         }
@@ -53,28 +56,28 @@ bool Offsetnamen_Laden(Kern& kern, LockTable& table) {
 }
 
 bool Schlossgruppen_Laden(Kern& kern, LockTable& table) {
-    RecordFile groups(LockGroupView::Record);
+    RecordFile groups(LockTimeGroup::Record);
     if (groups.Laden(kern.Welt.Files, kern.DatPfad()) == ReadStatus::Error) {
         table.LoadFailed = true; // else a save would drop every lock's group
         return false;
     }
     table.GroupTableLock = {};
-    for (int n = LockGroupView::Record.First; n <= LockGroupView::Record.Last; ++n) {
+    for (int n = LockTimeGroup::Record.First; n <= LockTimeGroup::LastUsed; ++n) {
         table.GroupTableLock[static_cast<std::size_t>(n)] = {
-            groups.Text(n, LockGroupView::Num), groups.Text(n, LockGroupView::Name),
-            groups.Text(n, LockGroupView::Days), groups.Text(n, LockGroupView::Count),
-            groups.Text(n, LockGroupView::PbId)};
+            groups.Text(n, LockTimeGroup::Num), groups.Text(n, LockTimeGroup::Name),
+            groups.Text(n, LockTimeGroup::Days), groups.Text(n, LockTimeGroup::Count),
+            groups.Text(n, LockTimeGroup::PbId)};
     }
     return true;
 }
 
 bool UnitTypen_Laden(Kern& kern, LockTable& table) {
-    RecordFile units(UnitModeView::Record);
+    RecordFile units(WirelessUnitRecord::Record);
     const bool good = units.Laden(kern.Welt.Files, kern.DatPfad()) != ReadStatus::Error;
     for (int row = LockGrid::FirstRow; row <= LockGrid::LastRow; ++row) {
         const bool serial = !Trim(table.FGK12.Text(row, LockColumn::Serial)).empty();
         Cell cell = table.FGK12.At(row, LockColumn::UnitType);
-        cell.Text = serial ? Unit_Kuerzel(kern, units.Text(row, UnitModeView::UnitMode)) : std::string(NoUnit);
+        cell.Text = serial ? Unit_Kuerzel(kern, units.Text(row, WirelessUnitRecord::UnitMode)) : std::string(NoUnit);
         cell.ForeColor = LockLook::Set;
         cell.FontSize = LockLook::UnitTypeSize;
         cell.Bold = true;
@@ -84,11 +87,11 @@ bool UnitTypen_Laden(Kern& kern, LockTable& table) {
 }
 
 bool AdapterAuswahl_Laden(Kern& kern, LockTable& table) {
-    RecordFile adapters(AdapterView::Record);
+    RecordFile adapters(AdapterRecord::Record);
     const bool good = adapters.Laden(kern.Welt.Files, kern.DatPfad()) != ReadStatus::Error;
     table.Adapters.clear();
     bool offersNone = false;
-    for (int n = AdapterView::Record.First; n <= AdapterView::Record.Last; ++n) {
+    for (int n = AdapterRecord::Record.First; n <= LastOffered; ++n) {
         LockAdapter entry = Adapter_Eintrag(adapters, n);
         if (entry.Name.empty() && entry.Adresse.empty()) {
             continue;

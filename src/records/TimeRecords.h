@@ -28,6 +28,7 @@ static_assert(sizeof(GapAtField<RecordError(Fields, 71)>) == 1);
 
 /// A lock timer group: a selection of the five lock slots.
 namespace LockTimeGroup {
+inline constexpr int LastUsed = 5; ///< the records behind it are always empty
 inline constexpr RecordField Num{"Num", 0, 3}, Name{"Name", 3, 40}, Days{"Days", 43, 5, Fill::Blank, "X-"},
     Count{"Count", 48, 3}, PbId{"PbId", 51, 15};
 inline constexpr std::array Fields{Num, Name, Days, Count, PbId};

@@ -2,6 +2,7 @@
 
 #include "Grid.h"
 #include "GroupTable.h"
+#include "TimeRecords.h"
 
 #include <string>
 
@@ -15,7 +16,7 @@ struct Kern;
 namespace GroupColumn {
 inline constexpr int Number = 0, Name = 1, SlotCount = 2, Days = 3, PbId = 4, Count = 5;
 }
-inline constexpr int PersonGroupRows = 7, LockGroupRows = 5;
+inline constexpr int PersonGroupRows = 7, LockGroupRows = LockTimeGroup::LastUsed;
 
 /// Identifiers of the fixed groups.
 inline constexpr char TimerA_PbId[] = "PB_2008TimA", TimerB_PbId[] = "PB_2008TimB";

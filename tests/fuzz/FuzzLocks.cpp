@@ -1,15 +1,17 @@
 // Files of the lock table and of its neighbours. Input: a byte a record file saying how many of the next bytes are its
 // contents, counted in sixteens; a table that was loaded and saved must come back the same.
 
+#include "AdapterRecord.h"
 #include "F12_Laden.h"
 #include "F12_Speichern.h"
 #include "Kern.h"
-#include "LockQuellen.h"
 #include "LockRecords.h"
 #include "MemoryFiles.h"
 #include "Schloss.h"
 #include "Schlossregeln.h"
 #include "Schlossserie.h"
+#include "TimeRecords.h"
+#include "UnitRecords.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -31,8 +33,8 @@ void Verlangen(bool condition) {
 void Dateien_Fuellen(test::MemoryFiles& disk, std::string_view input) {
     for (const RecordLayout* layout :
          {&LockRecord::Record, &LockPrioRecord::Record, &LockEmiRecord::Record, &LockGroupRecord::Record,
-          &LockAdapterRecord::Record, &DoorModeRecord::Record, &OffsetView::Record, &LockGroupView::Record,
-          &AdapterView::Record, &UnitModeView::Record}) {
+          &LockAdapterRecord::Record, &DoorModeRecord::Record, &GuestOffset::Record, &LockTimeGroup::Record,
+          &AdapterRecord::Record, &WirelessUnitRecord::Record}) {
         if (input.empty()) {
             return;
         }
