@@ -1,60 +1,38 @@
 #include "Dateinamen.h"
 
-#include "AdapterRecord.h"
-#include "Konfiguration.h"
-#include "LockRecords.h"
-#include "TimeRecords.h"
+#include "Tables.h"
 #include "UnitRecords.h"
 #include "UserRecords.h"
 
-#include <array>
+#include <vector>
 
 namespace qvm {
 
 namespace {
 
-constexpr std::array Namen{
-    UserRecord::Record.File,
-    UserRecordV1::Record.File,
-    UserRecordV2::Record.File,
-    ChannelRecord::Record.File,
-    TemplateRecord::Record.File,
-    LockRecord::Record.File,
-    LockPrioRecord::Record.File,
-    LockEmiRecord::Record.File,
-    LockGroupRecord::Record.File,
-    LockAdapterRecord::Record.File,
-    DoorModeRecord::Record.File,
-    WirelessUnitRecord::Record.File,
-    UnitRecordOld::Record.File,
-    TimeSlot::Record.File,
-    TimeGroup::Record.File,
-    LockTimeGroup::Record.File,
-    CalendarEntry::Record.File,
-    GuestOffset::Record.File,
-    AdapterRecord::Record.File,
-    SettingsFile,
-    AdapterSettingsFile,
-    std::string_view("OFSTSETUPDT.FST"),
-    std::string_view("ASWTIMQVMLCK.FSN"),
-    std::string_view("ObJNR09DAT.OBN"),
-    std::string_view("PERMSELECT.RFS"),
-};
+/// The names of all files that the program keeps in the data directory.
+std::vector<std::string_view> Dateinamen() {
+    std::vector names{UserRecordV1::Record.File, UserRecordV2::Record.File, UnitRecordOld::Record.File};
+    for (const RecordLayout* layout : Satztabellen()) {
+        names.push_back(layout->File);
+    }
+    for (const LineFile& entry : Zeilendateien()) {
+        names.push_back(entry.File);
+    }
+    return names;
+}
 
 } // namespace
-
-std::span<const std::string_view> Dateinamen() {
-    return Namen;
-}
 
 void Reste_Entfernen(const FileStore& files, const std::string& directory) {
     if (!files.Sweep) {
         return;
     }
-    files.Sweep(directory, Namen);
+    const std::vector<std::string_view> names = Dateinamen();
+    files.Sweep(directory, names);
     for (const std::string& name : files.List(directory)) {
         if (name.starts_with(BackupPrefix)) {
-            files.Sweep(directory + name + "/", Namen);
+            files.Sweep(directory + name + "/", names);
         }
     }
 }

@@ -2,20 +2,16 @@
 
 #include "FileStore.h"
 
-#include <span>
 #include <string>
 #include <string_view>
 
 namespace qvm {
 
-/// The names of all files that the program keeps in the data directory, older forms among them.
-std::span<const std::string_view> Dateinamen();
-
 /// The copies of an import lie in directories of the data directory whose names begin so.
 inline constexpr std::string_view BackupPrefix = "backup-";
 
 /// Removes what killed programs left of the files they were writing in the data directory (with a separator at its
-/// end), and in the directories of copies. What a living program is writing stays.
+/// end), older forms among them, and in the directories of copies. What a living program is writing stays.
 void Reste_Entfernen(const FileStore& files, const std::string& directory);
 
 } // namespace qvm
