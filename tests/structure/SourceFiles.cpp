@@ -68,6 +68,10 @@ std::vector<Source> All() {
     return ReadTree(Sources);
 }
 
+std::vector<Source> AllTests() {
+    return ReadTree(fs::path(QVM_SOURCE_DIR) / "tests");
+}
+
 std::string Code(const std::string& line) {
     static const std::regex literal(R"("(\\.|[^"\\])*")");
     std::string code = std::regex_replace(line, literal, "\"\"");

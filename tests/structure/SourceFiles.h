@@ -7,10 +7,10 @@
 
 namespace qvm::test {
 
-/// A file of src/, line by line.
+/// A file of src/ or tests/, line by line.
 struct Source {
     std::filesystem::path Path;
-    std::string Folder; ///< below src/
+    std::string Folder; ///< below src/, or below tests/
     std::vector<std::string> Lines;
 
     std::string Name() const { return Path.filename().string(); }
@@ -23,6 +23,8 @@ bool MayInclude(const std::string& folder, const std::string& target);
 
 /// Every .cpp and .h file of src/.
 std::vector<Source> All();
+/// Every .cpp and .h file of tests/.
+std::vector<Source> AllTests();
 /// The line without a comment and without the inside of its literals.
 std::string Code(const std::string& line);
 /// Where a line stands, counted from 0, as an editor takes it.
