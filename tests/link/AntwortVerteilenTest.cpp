@@ -663,6 +663,8 @@ TEST_F(Antwort_Verteilen_Reply, behind_a_cancel_only_replies_that_close_the_sess
     link.Lauf.UnitModus = 0xFD;
     Reply(0x05);
     EXPECT_THAT(Sent(), ElementsAre(0x03));
+    Reply(0x03);
+    EXPECT_THAT(Called, ElementsAre("Unit_Getrennt"));
 }
 
 TEST_F(Antwort_Verteilen_Reply, without_a_run_a_late_reply_of_the_chain_does_nothing) {
