@@ -12,7 +12,7 @@ namespace qvm {
 namespace {
 
 const RecordLayout& Locks = LockRecord::Record;
-constexpr int LockCount = 200;
+constexpr int LockCount = LockRecord::Record.Last;
 
 SerialText Schloss_Serie(const CheckStand& stand, int lock) {
     return Seriennummer(stand, Locks, lock, LockRecord::Sn1, LockRecord::Sn2, LockRecord::Sn3, LockRecord::Sn4);

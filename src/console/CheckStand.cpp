@@ -5,6 +5,7 @@
 #include "Tables.h"
 #include "Text.h"
 #include "Zeilen.h"
+#include "Zeit.h"
 
 #include <algorithm>
 #include <utility>
@@ -104,15 +105,8 @@ SerialText Seriennummer(const CheckStand& stand, const RecordLayout& layout, int
 }
 
 std::optional<int> Uhrzeit_Minuten(std::string_view text) {
-    if (text.size() != 5 || text[2] != ':') {
-        return std::nullopt;
-    }
-    const std::optional<int> hour = Dezimalzahl(text.substr(0, 2));
-    const std::optional<int> minute = Dezimalzahl(text.substr(3, 2));
-    if (!hour || !minute || *hour > 23 || *minute > 59) {
-        return std::nullopt;
-    }
-    return *hour * 60 + *minute;
+    constexpr std::size_t Length = 5; // the run takes single digits, too; a writer leaves none
+    return text.size() == Length ? Uhrzeit_Lesen(text) : std::nullopt;
 }
 
 bool Leer_Oder(std::string_view text, std::initializer_list<std::string_view> allowed) {

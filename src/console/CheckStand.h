@@ -77,7 +77,7 @@ struct SerialText {
 SerialText Seriennummer(const CheckStand& stand, const RecordLayout& layout, int record, const RecordField& sn1,
                         const RecordField& sn2, const RecordField& sn3, const RecordField& sn4);
 
-/// Minutes since midnight of "hh:mm", or nothing.
+/// Minutes since midnight of "hh:mm", two digits each, or nothing.
 std::optional<int> Uhrzeit_Minuten(std::string_view text);
 /// True when the text is empty or one of the given ones.
 bool Leer_Oder(std::string_view text, std::initializer_list<std::string_view> allowed);

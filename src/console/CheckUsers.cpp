@@ -95,7 +95,7 @@ void Benutzer_Pruefen(CheckStand& stand) {
 }
 
 void Benutzer_Marken_Pruefen(CheckStand& stand) {
-    constexpr int Locks = 200;
+    constexpr int Locks = LockRecord::Record.Last;
     std::vector<int> marked(Locks + 1, 0);
     for (int user = 1; user <= stand.Letzter(Users); ++user) {
         if (Name(stand, user).empty()) {

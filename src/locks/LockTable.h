@@ -2,6 +2,7 @@
 
 #include "Grid.h"
 #include "GroupTable.h"
+#include "LockRecords.h"
 
 #include <array>
 #include <string>
@@ -11,8 +12,8 @@ namespace qvm {
 
 /// Where the locks stand in FGK12: lock n in row n, record n of every file.
 namespace LockGrid {
-inline constexpr int Rows = 201, Columns = 19;
-inline constexpr int FirstRow = 1, LastRow = 200;
+inline constexpr int FirstRow = 1, LastRow = LockRecord::Record.Last;
+inline constexpr int Rows = LastRow + 1, Columns = 19;
 } // namespace LockGrid
 
 /// Columns of FGK12. Column 3 is never shown, 4 to 8 are the five switches.

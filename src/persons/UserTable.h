@@ -2,13 +2,15 @@
 
 #include "Grid.h"
 #include "GroupTable.h"
+#include "LockRecords.h"
+#include "UserRecords.h"
 
 namespace qvm {
 
 /// Where users and locks stand in FGK4.
 namespace UserGrid {
-inline constexpr int Users = 250; ///< record n of the file is user n
-inline constexpr int Locks = 200;
+inline constexpr int Users = UserRecord::Record.Last; ///< record n of the file is user n
+inline constexpr int Locks = LockRecord::Record.Last;
 inline constexpr int FirstRow = 2, LastRow = 251; ///< rows of the users
 constexpr int RowOf(int user) {
     return user + 1;
