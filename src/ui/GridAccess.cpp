@@ -26,7 +26,7 @@ QList<int> columnsOf(const GridView& grid) {
 }
 
 /// The heading of a column when `row` is -1, else a cell; row and column as the model counts them.
-class CellAccess : public QAccessibleInterface, public QAccessibleTableCellInterface {
+class CellAccess final : public QAccessibleInterface, public QAccessibleTableCellInterface {
 public:
     CellAccess(GridView& grid, int row, int column) : grid_(&grid), row_(row), column_(column), told_(check()) {}
 
