@@ -12,8 +12,6 @@
 namespace qvm {
 namespace {
 
-constexpr int LowestPort = 1, HighestPort = 15;
-
 std::string_view Schalter(const std::string& cell) {
     return Trim(cell);
 }
@@ -36,17 +34,6 @@ F13::F13(Programmierlauf& programmierlauf, F11& start, AdapterListe& adapters)
     };
 }
 
-LockRow F13::Zeilendaten(int row) const {
-    return {.Number = row,
-            .Name = FGK13.Text(row, F13Column::Name),
-            .Serial = FGK13.Text(row, F13Column::Serial),
-            .PersonTimers = FGK13.Text(row, F13Column::PersonTimers),
-            .Calendars = FGK13.Text(row, F13Column::Calendars),
-            .LockTimer = FGK13.Text(row, F13Column::LockTimer),
-            .CalendarFlag = FGK13.Text(row, F13Column::CalendarFlag),
-            .SetClock = FGK13.Text(row, F13Column::SetClock)};
-}
-
 void F13::Datum_Uhrzeit_akt(int row) {
     run.link.Lauf.FlagSetClock = Schalter(FGK13.Text(row, F13Column::SetClock)).empty() ? 0 : 1;
 }
@@ -64,10 +51,7 @@ int F13::Adapter_Port(int row, bool& stop) {
     Fenster.Enabled = false;
     Adapter_Bereithalten(run.link, Adapter);
     Fenster.Enabled = true;
-    const AdapterSatz* adapter = Adapter_Finden(Adapter, FGK13.Text(row, F13Column::AdapterId));
-    if (adapter == nullptr) {
-        adapter = Adapter_Finden(Adapter, FGK13.Text(row, F13Column::AdapterName));
-    }
+    const AdapterSatz* adapter = Adapter_Der_Zeile(Adapter, FGK13, row);
     // An entry without a usable port number is as good as none.
     const int port = adapter == nullptr ? KeinPort : static_cast<int>(Zahlwert(adapter->Port));
     return port < LowestPort ? KeinPort : port;
@@ -150,7 +134,7 @@ bool F13::Historie_Fragen(bool& first, const std::string& about) {
 }
 
 std::vector<FileTrouble> F13::Dateien_Pruefen(int row) const {
-    return Datensatz_Dateien_Pruefen(kern, Zeilendaten(row));
+    return Datensatz_Dateien_Pruefen(kern, Gitterzeile_Lesen(FGK13, row));
 }
 
 bool F13::Lesbar(const std::vector<FileTrouble>& troubles) const {
@@ -179,8 +163,8 @@ bool F13::Dateien_Hinnehmen(int row) const {
 
 bool F13::Datensatz(int row) {
     RunState& lauf = run.link.Lauf;
-    if (!Dateien_Hinnehmen(row) ||
-        Datensatz_Laden(run.link, run.Daten, Zeilendaten(row), DatasetVariant::Direct) != DatasetStatus::Good) {
+    if (!Dateien_Hinnehmen(row) || Datensatz_Laden(run.link, run.Daten, Gitterzeile_Lesen(FGK13, row),
+                                                   DatasetVariant::Direct) != DatasetStatus::Good) {
         Fenster.Enabled = true;
         return false;
     }

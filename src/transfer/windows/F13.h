@@ -4,6 +4,7 @@
 #include "Controls.h"
 #include "DatensatzDateien.h"
 #include "F11.h"
+#include "Gitterzeile.h"
 #include "Grid.h"
 #include "GridFilter.h"
 #include "GridJump.h"
@@ -25,13 +26,6 @@ namespace qvm {
 /// Picture ids of the status icon: the lock must still change its channel, or not.
 namespace ChannelPicture {
 inline constexpr int None = 0, Image7 = 7, Image8 = 8;
-}
-
-/// Columns of the lock grid.
-namespace F13Column {
-inline constexpr int Number = 0, Name = 1, Serial = 2, Offset = 3, PersonTimers = 4, Calendars = 5, LockTimer = 6,
-                     CalendarFlag = 7, SetClock = 8, Program = 9, History = 10, Code = 11, Status = 12, AdapterId = 13,
-                     AdapterName = 14, Mark = 15, Count = 16;
 }
 
 /// Window F13: all locks; every transfer begins here. It holds no data of its own.
@@ -132,7 +126,6 @@ private:
     void F11_Oeffnen(int row);
     bool Port_Vorbereiten(int row);
     void Maus_Verfolgen();
-    LockRow Zeilendaten(int row) const;
     void Lesen(RecordFile& file);
 
     std::vector<FileTrouble> unread_; ///< files of the grid that could not be read when the window opened

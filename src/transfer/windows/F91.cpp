@@ -13,7 +13,7 @@ namespace {
 
 constexpr int MostRows = 200;
 
-/// Copied columns of the lock grid; the numbers are the same on both sides.
+/// Columns that the run list has of the lock grid.
 constexpr bool Wird_Kopiert(int column) {
     return column <= F91Column::SetClock || (column >= F91Column::Status && column <= F91Column::AdapterName);
 }

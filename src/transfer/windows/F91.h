@@ -3,6 +3,7 @@
 #include "AdapterListe.h"
 #include "Controls.h"
 #include "F9.h"
+#include "Gitterzeile.h"
 #include "Grid.h"
 #include "GridFilter.h"
 #include "GridSelection.h"
@@ -21,13 +22,6 @@
 #include <vector>
 
 namespace qvm {
-
-/// Columns of the run list. Those up to SetClock and from Status to AdapterName are copies of the lock grid.
-namespace F91Column {
-inline constexpr int Number = 0, Name = 1, Serial = 2, Offset = 3, PersonTimers = 4, Calendars = 5, LockTimer = 6,
-                     CalendarFlag = 7, SetClock = 8, Status = 12, AdapterId = 13, AdapterName = 14, Mark = 16,
-                     StateText = 17, Count = 18;
-}
 
 /// States of a row, in column Mark.
 namespace ListMark {
@@ -218,7 +212,6 @@ private:
     void Adapter_Melden();
     /// A row begins: that an adapter is back is old news.
     void Adapter_Gut();
-    const AdapterSatz* Adapter_Der_Zeile(int row) const;
     bool War_Da(int row) const;
     /// Adapter and route of the row, and its port opened.
     Anschluss Anschluss_Oeffnen(int row);
@@ -243,7 +236,6 @@ private:
     void Gescheiterte_Merken();
     /// A lock that was done by itself is no failed one of the last list any more.
     void Gescheiterte_Nachtragen();
-    LockRow Zeilendaten(int row) const;
 
     Work work_ = Work::None;
     bool running_ = false;

@@ -12,7 +12,6 @@ namespace {
 
 /// A node that was just plugged needs a moment until it may be opened.
 constexpr int SearchDelay = 200;
-constexpr int LowestPort = 1, HighestPort = 15;
 constexpr int LineNotReached = 66, LineTooHigh = 194, LineNoAdapter = 262, LineNoPort = 276;
 
 } // namespace
@@ -53,15 +52,10 @@ void F91::Adapter_Nachsuchen() {
     }
 }
 
-const AdapterSatz* F91::Adapter_Der_Zeile(int row) const {
-    const AdapterSatz* adapter = Adapter_Finden(Adapter, FGK91.Text(row, F91Column::AdapterId));
-    return adapter != nullptr ? adapter : Adapter_Finden(Adapter, FGK91.Text(row, F91Column::AdapterName));
-}
-
 void F91::Adapter_Merken() {
     adapterSeen_.resize(static_cast<std::size_t>(FGK91.Rows()));
     for (int row = 1; row < FGK91.Rows(); ++row) {
-        if (Adapter_Der_Zeile(row) != nullptr) {
+        if (Adapter_Der_Zeile(Adapter, FGK91, row) != nullptr) {
             adapterSeen_[static_cast<std::size_t>(row)] = true;
         }
     }
@@ -77,7 +71,7 @@ void F91::Adapter_Melden() {
     for (int row = std::max(1, run.link.Lauf.RunRow); row <= run.link.Lauf.RunRows; ++row) {
         const std::string& mark = FGK91.Text(row, F91Column::Mark);
         const bool over = mark == ListMark::PassedOver || mark == ListMark::Failed || mark == ListMark::Programmed;
-        gone = gone || (!over && War_Da(row) && Adapter_Der_Zeile(row) == nullptr);
+        gone = gone || (!over && War_Da(row) && Adapter_Der_Zeile(Adapter, FGK91, row) == nullptr);
     }
     if (gone != adapterGone_) {
         adapterGone_ = gone;
@@ -94,7 +88,7 @@ void F91::Adapter_Gut() {
 F91::Anschluss F91::Anschluss_Oeffnen(int row) {
     Link& link = run.link;
     kern.Welt.Port.Close();
-    const AdapterSatz* adapter = Adapter_Der_Zeile(row);
+    const AdapterSatz* adapter = Adapter_Der_Zeile(Adapter, FGK91, row);
     int port = kern.Config.AdapterModus() ? KeinPort : link.PortNummer;
     if (adapter != nullptr) {
         Adapter_Test(netz, {adapter->Adresse, adapter->Name});

@@ -70,7 +70,7 @@ void F91::Tick_Notizbox() {
     const std::size_t shown = std::min(notes_.size(), MostNoteLines);
     for (std::size_t n = 0; n < shown; ++n) {
         const auto& [row, note] = notes_[n];
-        const LockRow lock = Zeilendaten(row);
+        const LockRow lock = Gitterzeile_Lesen(FGK91, row);
         text += "\r\n" + Schloss_Zeile(kern, lock.Number, lock.Name) + " - " + note;
     }
     if (shown < notes_.size()) {

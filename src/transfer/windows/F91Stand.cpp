@@ -58,7 +58,7 @@ void F91::Stand_Zeigen() {
     if (underWay_ > 0) {
         text = Wort(kern, Word::ListPosition, {Ziffern(underWay_), Ziffern(FGK91.Rows() - 1)}) + std::string(Gap);
         if (!Filter.Shows(underWay_)) {
-            const LockRow lock = Zeilendaten(underWay_);
+            const LockRow lock = Gitterzeile_Lesen(FGK91, underWay_);
             text += Wort(kern, Word::ListHidden, {Schloss_Zeile(kern, lock.Number, lock.Name)}) + std::string(Gap);
         }
     }

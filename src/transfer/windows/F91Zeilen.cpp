@@ -15,17 +15,6 @@ constexpr std::uint8_t OnlyHistory = 0x80;
 
 } // namespace
 
-LockRow F91::Zeilendaten(int row) const {
-    return {.Number = static_cast<int>(Zahlwert(FGK91.Text(row, F91Column::Number))),
-            .Name = FGK91.Text(row, F91Column::Name),
-            .Serial = FGK91.Text(row, F91Column::Serial),
-            .PersonTimers = FGK91.Text(row, F91Column::PersonTimers),
-            .Calendars = FGK91.Text(row, F91Column::Calendars),
-            .LockTimer = FGK91.Text(row, F91Column::LockTimer),
-            .CalendarFlag = FGK91.Text(row, F91Column::CalendarFlag),
-            .SetClock = FGK91.Text(row, F91Column::SetClock)};
-}
-
 void F91::Zeilen_Pruefen(Check check) {
     check_ = check;
     checkRow_ = 1;
@@ -99,7 +88,7 @@ int F91::Zeile_Laden(int row) {
     lauf.EraseOption = eraseOption_;
     run.Daten.Notes.clear();
 
-    const LockRow data = Zeilendaten(row);
+    const LockRow data = Gitterzeile_Lesen(FGK91, row);
     run.LockNumber = data.Number;
     run.LockName = data.Name;
     // Events are read without the files; a damaged one must not keep them in the lock.
