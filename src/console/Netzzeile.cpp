@@ -30,7 +30,7 @@ LockEnd Zeilenende(const Programm& program, int row, const Zeilenumstand& state)
         return Ende_Aus_Bericht(program);
     }
     const auto shows = [&](int line) { return !text.empty() && text == kern.Zeile(line); };
-    const bool missing = program.Netz.Unproven || program.link.Lauf.HistoryLost != HistoryLoss::None;
+    const bool missing = program.Netz.Unproven || program.link.Lauf.Chain.HistoryLost != HistoryLoss::None;
     return shows(276) ? LockEnd::Fault : missing ? LockEnd::Failed : LockEnd::NotReached;
 }
 
@@ -75,7 +75,7 @@ void Zeile_Uebernehmen(const Programm& program, const LaufAuftrag& order, int ro
     Bericht_Uebernehmen(program, network ? RunReport() : program.Lauf.Bericht, order.HistoryOnly || network,
                         order.HistoryOnly || order.HistoryFirst, result);
     if (network) {
-        result.HistoryLost = program.link.Lauf.HistoryLost;
+        result.HistoryLost = program.link.Lauf.Chain.HistoryLost;
         if (result.HistoryLost == HistoryLoss::Unwritten) {
             result.Faults.emplace_back("the history could not be written");
         }

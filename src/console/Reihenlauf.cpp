@@ -75,7 +75,7 @@ Answer Reihenlauf::Antworten(const Message& message) {
 LockResult* Reihenlauf::Zeile_Der_Meldung() {
     // The row check comes before all rows, and goes through all of them.
     const int checked = program_.F91.Prueft();
-    const int row = checked > 0 ? checked : program_.link.Lauf.RunRow;
+    const int row = checked > 0 ? checked : program_.link.Lauf.List.RunRow;
     return row >= 1 && row <= static_cast<int>(results_.size()) ? &Ergebnis(row) : nullptr;
 }
 
@@ -164,7 +164,7 @@ void Reihenlauf::Zeile_Fertig(int row) {
 
 void Reihenlauf::Erzaehlen(bool all) {
     // A row that was read may still be programmed: it stands once the list has gone on.
-    const int done = all ? static_cast<int>(results_.size()) : program_.link.Lauf.RunRow - 1;
+    const int done = all ? static_cast<int>(results_.size()) : program_.link.Lauf.List.RunRow - 1;
     while (static_cast<int>(told_) < std::min(done, static_cast<int>(results_.size()))) {
         tell_(results_[told_++]);
     }
@@ -172,7 +172,7 @@ void Reihenlauf::Erzaehlen(bool all) {
 
 void Reihenlauf::Tick() {
     Anzeigen();
-    if (program_.link.Lauf.RunRows != 0) {
+    if (program_.link.Lauf.List.RunRows != 0) {
         Erzaehlen(false);
     }
     const std::int64_t now = program_.kern.Welt.Milliseconds();

@@ -185,7 +185,7 @@ void Schlosslauf::Bericht_Fuellen(LockResult& result) const {
 }
 
 std::int64_t Abbruch_Wartet_Seit(const Programmierlauf& run, std::int64_t since) {
-    return Lauf_Wartet(run) ? run.kern.Welt.Milliseconds() : std::max(since, run.link.Lauf.LastAnswer);
+    return Lauf_Wartet(run) ? run.kern.Welt.Milliseconds() : std::max(since, run.link.Lauf.Chain.LastAnswer);
 }
 
 LockEnd Ende_Aus_Bericht(const Programm& program) {
@@ -218,9 +218,9 @@ void Bericht_Uebernehmen(const Programm& program, const RunReport& report, bool 
     if (report.ChannelUnsaved) {
         result.Faults.emplace_back("the radio channel could not be recorded");
     }
-    if (program.link.Lauf.HistoryFileOpen != 0) {
+    if (program.link.Lauf.Chain.HistoryFileOpen != 0) {
         // A directory in UTF-8 and a name in code page 1252, which the platform puts on the disk as UTF-8.
-        const std::string& path = program.link.Lauf.HistoryFileName;
+        const std::string& path = program.link.Lauf.Chain.HistoryFileName;
         const std::size_t name = program.kern.HistPfad().size();
         result.HistoryFile = path.substr(0, name) + NachUtf8(path.substr(name));
     }

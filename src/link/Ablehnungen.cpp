@@ -14,7 +14,7 @@ bool Grund(const Link& l, std::uint8_t reason) {
 }
 /// A lock is searched, or the unit that a window asked for.
 bool Kanal_Suche(const Link& l) {
-    return l.Lauf.KanalSuche != 0 || l.Lauf.LaufZiel == "F20";
+    return l.Lauf.Chain.KanalSuche != 0 || l.Lauf.Chain.LaufZiel == "F20";
 }
 
 void Belegt(Link& l) {
@@ -28,14 +28,14 @@ constexpr ReplyRow Refusals[] = {
     {0x69, "TelDatenStart in a unit session", [](const Link& l) { return Zuletzt(l, 0x27) && Blocktransfer(l); },
      [](Link& l) { Rufen(l.Hooks.Unit_Datenstart_Wiederholen); }},
     {0x69, "unit opening, channels left",
-     [](const Link& l) { return l.Lauf.UnitTry == 0x38 && l.Lauf.EintragFertig < UnitChannels; },
+     [](const Link& l) { return l.Lauf.Chain.UnitTry == 0x38 && l.Lauf.Chain.EintragFertig < UnitChannels; },
      [](Link& l) { Rufen(l.Hooks.Unit_Naechster_Kanal); }},
     {0x69, "unit session otherwise", [](const Link& l) { return Unit_Oeffnung(l) || Blocktransfer(l); },
      [](Link& l) { Rufen(l.Hooks.Unit_Fehlgeschlagen); }},
     {0x69, "TelLebenszeichen", [](const Link& l) { return Zuletzt(l, 0x08); }, Ohne_Wirkung},
-    {0x69, "unit-list scan", [](const Link& l) { return l.Lauf.SuchMarke == 0xAD; },
+    {0x69, "unit-list scan", [](const Link& l) { return l.Lauf.Chain.SuchMarke == 0xAD; },
      [](Link& l) { Rufen(l.Hooks.Unit_Kanal_Leer); }},
-    {0x69, "units are searched by logins", [](const Link& l) { return l.Lauf.SuchLauf != 0; },
+    {0x69, "units are searched by logins", [](const Link& l) { return l.Lauf.Chain.SuchLauf != 0; },
      [](Link& l) { Rufen(l.Hooks.Suchlauf_Schritt); }},
     {0x69, "no contact, channel search", [](const Link& l) { return Grund(l, 0x64) && Kanal_Suche(l); },
      [](Link& l) { Rufen(l.Hooks.Kanal_Weiter); }},
@@ -53,7 +53,7 @@ constexpr ReplyRow Refusals[] = {
 } // namespace
 
 void Noch_Einmal_Trennen(Link& link) {
-    if (++link.Lauf.WiederholZaehler < 40) {
+    if (++link.Lauf.Chain.WiederholZaehler < 40) {
         TelTrennen_Senden(link);
     } else {
         Rufen(link.Hooks.Trennen_Aufgegeben);

@@ -45,59 +45,59 @@ int Systemkanal(const Link& link) {
 // Conditions.
 
 bool Code_Erwartet(const Link& l) {
-    return l.Lauf.CodeChangePending == CodePending;
+    return l.Lauf.Chain.CodeChangePending == CodePending;
 }
 bool Unit_Angenommen(const Link& l) {
     return Unit_Sitzung(l) && Anmeldung_Angenommen(l);
 }
 bool Kanalwechsel(const Link& l) {
-    return l.Lauf.LaufZiel == "F22";
+    return l.Lauf.Chain.LaufZiel == "F22";
 }
 bool Units_Gesucht(const Link& l) {
-    return l.Lauf.SuchLauf != 0;
+    return l.Lauf.Chain.SuchLauf != 0;
 }
 bool Kanalsuche_Angenommen(const Link& l) {
-    return l.Lauf.KanalSuche != 0 && Anmeldung_Angenommen(l);
+    return l.Lauf.Chain.KanalSuche != 0 && Anmeldung_Angenommen(l);
 }
 bool Kanal_Gesucht(const Link& l) {
-    return l.Lauf.KanalSuche != 0;
+    return l.Lauf.Chain.KanalSuche != 0;
 }
 /// Not for a lock whose events could not be kept: a second pass would erase it.
 bool Zweimal(const Link& l) {
-    return !Historie_Aussteht(l) && l.Lauf.TwoPassFlag != 0 && BereichZweiDurchgaenge(l.Lauf.SerialValue);
+    return !Historie_Aussteht(l) && l.Lauf.Chain.TwoPassFlag != 0 && BereichZweiDurchgaenge(l.Lauf.Order.SerialValue);
 }
 bool Id_Anstehend(const Link& l) {
-    return BereichN(l.Lauf.SerialValue) && l.Lauf.IdMarke == "P";
+    return BereichN(l.Lauf.Order.SerialValue) && l.Lauf.Chain.IdMarke == "P";
 }
 bool Id_Zweiter_Teil(const Link& l) {
-    return BereichN(l.Lauf.SerialValue) && l.Lauf.IdSecondPart;
+    return BereichN(l.Lauf.Order.SerialValue) && l.Lauf.Chain.IdSecondPart;
 }
 bool Modus_PB(const Link& l) {
-    return l.Lauf.TimerMode == TimerPB_UT;
+    return l.Lauf.Values.TimerMode == TimerPB_UT;
 }
 bool Modus_Nicht_PB(const Link& l) {
     return !Modus_PB(l);
 }
 bool Timer_Fertig(const Link& l) {
-    return l.Lauf.TimerPart == StepDone;
+    return l.Lauf.Chain.TimerPart == StepDone;
 }
 bool Nicht_PB_Oder_Fertig(const Link& l) {
     return Modus_Nicht_PB(l) || Timer_Fertig(l);
 }
 bool Feiertage_Fertig(const Link& l) {
-    return l.Lauf.HolidayPart == StepDone;
+    return l.Lauf.Chain.HolidayPart == StepDone;
 }
 bool Ohne_Schlossmodus(const Link& l) {
-    return l.Lauf.LockMode == 0xFF;
+    return l.Lauf.Values.LockMode == 0xFF;
 }
 bool Hoerfenster(const Link& l) {
-    return l.Lauf.ListenWindow;
+    return l.Lauf.Values.ListenWindow;
 }
 bool Leser(const Link& l) {
-    return BereichN(l.Lauf.SerialValue);
+    return BereichN(l.Lauf.Order.SerialValue);
 }
 bool Wird_Abgefragt(const Link& l) {
-    return Datenstart_Antwort_Wartet(l.Lauf.SerialValue);
+    return Datenstart_Antwort_Wartet(l.Lauf.Order.SerialValue);
 }
 bool Code_Beantwortet(const Link& l) {
     return l.AnswerDue == TelCodeAendern::Telegram.Code;
@@ -118,23 +118,23 @@ bool Kennung_Erwartet(const Link& l) {
 // Actions.
 
 void Codeaenderung_Verbunden(Link& l) {
-    l.Lauf.CodeChangePending = 0;
-    l.Lauf.KanalSuche = 0;
+    l.Lauf.Chain.CodeChangePending = 0;
+    l.Lauf.Chain.KanalSuche = 0;
     Geraet_Merken(l);
 }
 void Unit_Datenstart(Link& l) {
-    l.Lauf.UnitVersuche = 0;
-    l.Lauf.UnitRow = 0;
-    l.Lauf.UnitPiece = 0;
+    l.Lauf.Chain.UnitVersuche = 0;
+    l.Lauf.Chain.UnitRow = 0;
+    l.Lauf.Chain.UnitPiece = 0;
     TelDatenStart_Senden(l, 0);
 }
 void Suche_Erfolgreich(Link& l) {
-    l.Lauf.KanalSuche = 0;
+    l.Lauf.Chain.KanalSuche = 0;
     Geraet_Merken(l);
     TelKanalLesen_Senden(l, Systemkanal(l));
 }
 void Angemeldet(Link& l) {
-    l.Lauf.WiederholZaehler = 0;
+    l.Lauf.Chain.WiederholZaehler = 0;
     Geraet_Merken(l);
     Nach_Verbunden(l);
 }
@@ -143,11 +143,11 @@ void Anmeldung_Verweigert(Link& l) {
     Rufen(l.Hooks.Anmeldung_Abgelehnt);
 }
 void Unit_Angemeldet(Link& l) {
-    l.Lauf.WiederholZaehler = 0;
-    TelUnitEinstellung_Senden(l, l.Lauf.LockAddress);
+    l.Lauf.Chain.WiederholZaehler = 0;
+    TelUnitEinstellung_Senden(l, l.Lauf.Order.LockAddress);
 }
 void Suche_Verweigert(Link& l) {
-    l.Lauf.KanalSuche = 0;
+    l.Lauf.Chain.KanalSuche = 0;
     Geraet_Merken(l);
     Rufen(l.Hooks.Suche_Abgelehnt);
 }
@@ -156,47 +156,47 @@ void Unit_Getrennt(Link& l) {
     Rufen(l.Hooks.Unit_Getrennt);
 }
 void Kanalwechsel_Fertig(Link& l) {
-    l.Lauf.LaufZiel.clear();
+    l.Lauf.Chain.LaufZiel.clear();
     Rufen(l.Hooks.Kanalwechsel_Ende);
 }
 void Puffer_Leeren(Link& l) {
     RxBuffer_Leeren(l, 64);
 }
 void Lebenszeichen_Beantwortet(Link& l) {
-    l.Lauf.AnswerSeen = true;
+    l.Lauf.Chain.AnswerSeen = true;
 }
 
 void Id_Zweiter(Link& l) {
-    l.Lauf.IdSecondPart = false;
+    l.Lauf.Chain.IdSecondPart = false;
     l.DeviceClassByte = 0xC3;
     Rufen(l.Hooks.Id_Daten2);
 }
 void Id_Abschliessen(Link& l) {
     l.DeviceClassByte = 0x11;
-    l.Lauf.IdMarke.clear();
-    l.Lauf.IdSecondPart = false;
+    l.Lauf.Chain.IdMarke.clear();
+    l.Lauf.Chain.IdSecondPart = false;
 }
 void Naechster_Benutzer(Link& l) {
-    ++l.Lauf.SlotCursor;
+    ++l.Lauf.Chain.SlotCursor;
     Rufen(l.Hooks.Benutzer_Beginnen);
 }
 
 void Schaltuhr_B_Beginnen(Link& l) {
-    l.Lauf.TimerPart = 0;
+    l.Lauf.Chain.TimerPart = 0;
     Rufen(l.Hooks.Schaltuhr_B);
 }
 void EinzelFeiertage_Beginnen(Link& l) {
-    l.Lauf.TimerPart = 0;
-    l.Lauf.HolidayPart = 0;
+    l.Lauf.Chain.TimerPart = 0;
+    l.Lauf.Chain.HolidayPart = 0;
     Rufen(l.Hooks.EinzelFeiertage);
 }
 void PermFeiertage_Beginnen(Link& l) {
-    l.Lauf.HolidayPart = 0;
+    l.Lauf.Chain.HolidayPart = 0;
     Rufen(l.Hooks.PermFeiertage);
 }
 void Benutzer_Anfangen(Link& l) {
-    l.Lauf.HolidayPart = 0;
-    l.Lauf.SlotCursor = 0;
+    l.Lauf.Chain.HolidayPart = 0;
+    l.Lauf.Chain.SlotCursor = 0;
     Rufen(l.Hooks.Benutzer_Beginnen);
 }
 
@@ -210,12 +210,12 @@ void Kanal_Gelesen(Link& l) {
     Rufen(l.Hooks.Kanal_Setzen_Planen);
 }
 void Unit_Offen(Link& l) {
-    l.Lauf.UnitModus = 0xFD;
-    l.Lauf.UnitTry = 0;
-    TelUnitOeffnen_Senden(l, l.Lauf.LockAddress);
+    l.Lauf.Chain.UnitModus = 0xFD;
+    l.Lauf.Chain.UnitTry = 0;
+    TelUnitOeffnen_Senden(l, l.Lauf.Order.LockAddress);
 }
 void Kanal_Gesetzt(Link& l) {
-    l.Lauf.KanalSuche = 0;
+    l.Lauf.Chain.KanalSuche = 0;
     // From this reply on the lock listens on the system's channel; every later login of the run goes out on it.
     l.TargetChannel = static_cast<std::uint8_t>(Systemkanal(l));
     Rufen(l.Hooks.Kanal_Gesetzt);
@@ -226,7 +226,7 @@ void Unit_Schluessel(Link& l) {
     TelUnitSchluessel_Senden(l);
 }
 void Trennen(Link& l) {
-    l.Lauf.WiederholZaehler = 0;
+    l.Lauf.Chain.WiederholZaehler = 0;
     TelTrennen_Senden(l);
 }
 /// The first wanted reply stays until the next wait: what comes behind it in the same event is not waited for.
@@ -401,14 +401,18 @@ bool Anmeldung_Angenommen(const Link& link) {
 // A cancel does not cut a session off: it is closed at the next frame, which is discarded.
 void Abbruch_Ausfuehren(Link& link) {
     Rufen(link.Hooks.Abbruch);
+    Sitzung_Schliessen(link);
+}
+
+void Sitzung_Schliessen(Link& link) {
     RxBuffer_Leeren(link, 65); // the code that is left is RpNeustart
     Port_Neu(link);
-    link.Lauf.AbbruchWunsch = 0;
+    link.Lauf.Chain.AbbruchWunsch = 0;
     TelTrennen_Senden(link);
 }
 
 void Nach_Verbunden(Link& link) {
-    if (link.Lauf.FlagSetClock == 1) {
+    if (link.Lauf.Values.FlagSetClock == 1) {
         TelDatum_Senden(link);
     } else if (Historie_Gewuenscht(link)) {
         Historie_Start(link);
@@ -419,20 +423,20 @@ void Nach_Verbunden(Link& link) {
 }
 
 void Datenstart_Senden(Link& link) {
-    if (BereichZ(link.Lauf.SerialValue) && link.Lauf.UnitModus != 0xFD) {
-        link.Lauf.AnswerSeen = false;
-        link.Lauf.AnswerTicks = 0;
+    if (BereichZ(link.Lauf.Order.SerialValue) && link.Lauf.Chain.UnitModus != 0xFD) {
+        link.Lauf.Chain.AnswerSeen = false;
+        link.Lauf.Chain.AnswerTicks = 0;
         Rufen(link.Hooks.Abfrage_Starten);
     }
-    TelDatenStart_Senden(link, link.Lauf.EraseOption);
+    TelDatenStart_Senden(link, link.Lauf.Order.EraseOption);
 }
 
 void Zeit_Tabellen_Start(Link& link) {
-    link.Lauf.TimerPart = 0;
-    link.Lauf.HolidayPart = 0;
-    if (link.Lauf.TimerMode == TimerPB_UT) {
+    link.Lauf.Chain.TimerPart = 0;
+    link.Lauf.Chain.HolidayPart = 0;
+    if (link.Lauf.Values.TimerMode == TimerPB_UT) {
         Rufen(link.Hooks.Schaltuhr_A);
-    } else if (link.Lauf.TimerMode == Timer_ERROR) {
+    } else if (link.Lauf.Values.TimerMode == Timer_ERROR) {
         Rufen(link.Hooks.EinzelFeiertage);
     } else {
         Rufen(link.Hooks.Schaltuhr_A_Kurz);
@@ -444,8 +448,8 @@ void Antwort_Verteilen(Link& link) {
     const std::uint8_t code = link.Rx.RxBuffer[2];
     // A lock that has just acknowledged its erasing is deaf: the cancel waits until it answers the polling.
     const bool deaf = code == 0x27 && link.TxBuffer[2] == code && !Blocktransfer(link) && Wird_Abgefragt(link);
-    if (link.Lauf.AbbruchWunsch != 0 && !deaf) {
-        link.Lauf.LastAnswer = now;
+    if (link.Lauf.Chain.AbbruchWunsch != 0 && !deaf) {
+        link.Lauf.Chain.LastAnswer = now;
         Abbruch_Ausfuehren(link);
         return;
     }
@@ -453,7 +457,7 @@ void Antwort_Verteilen(Link& link) {
         return;
     }
     if (Bricht_Stille(link, code)) {
-        link.Lauf.LastAnswer = now;
+        link.Lauf.Chain.LastAnswer = now;
     }
     Rufen(link.Hooks.Antwort_Gekommen);
     if (Gefaehrdet_Ereignisse(link, code)) {

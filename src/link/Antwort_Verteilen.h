@@ -47,6 +47,8 @@ void Nach_Verbunden(Link& link);
 void Noch_Einmal_Trennen(Link& link);
 /// Ends the session as a cancel does: with TelTrennen, in place of whatever would follow.
 void Abbruch_Ausfuehren(Link& link);
+/// The closing telegram of a cancel alone; nobody is told of it.
+void Sitzung_Schliessen(Link& link);
 /// TelDatenStart to a lock; starts the polling where the lock wants it.
 void Datenstart_Senden(Link& link);
 /// The timer tables, or the calendars for a lock without them.

@@ -10,8 +10,8 @@ constexpr std::uint8_t FirstOfWindows = 0x60;
 
 /// A window without a run waits for replies of the chain.
 bool Fenster_Wartet(const RunState& lauf) {
-    return lauf.CodeChangePending != 0 || lauf.SuchLauf != 0 || lauf.SuchMarke != 0 || lauf.LaufZiel == "F20" ||
-           lauf.LaufZiel == "F22";
+    return lauf.Chain.CodeChangePending != 0 || lauf.Chain.SuchLauf != 0 || lauf.Chain.SuchMarke != 0 ||
+           lauf.Chain.LaufZiel == "F20" || lauf.Chain.LaufZiel == "F22";
 }
 
 } // namespace
@@ -19,10 +19,10 @@ bool Fenster_Wartet(const RunState& lauf) {
 bool Antwort_Zulaessig(const Link& link, std::uint8_t code) {
     const RunState& lauf = link.Lauf;
     // In a run each of them counts, be it only as the wrong answer.
-    if (lauf.Phase == RunPhase::Open || (code >= FirstOfWindows && code != Refusal)) {
+    if (lauf.Chain.Phase == RunPhase::Open || (code >= FirstOfWindows && code != Refusal)) {
         return true;
     }
-    if (lauf.Phase == RunPhase::Closing) {
+    if (lauf.Chain.Phase == RunPhase::Closing) {
         return code == 0x03 || code == 0x05 || code == Refusal;
     }
     const bool due = code == Refusal ? link.AnswerDue != 0 : code == CodeChange && link.AnswerDue == CodeChange;

@@ -22,7 +22,7 @@ bool Fremdes_Schloss(const Link& l) {
     for (std::size_t n = 0; n < serial.size(); ++n) {
         serial[n] = l.RxByte(serialIndex + static_cast<int>(n));
     }
-    return serial != Address{} && serial != l.Lauf.LockAddress;
+    return serial != Address{} && serial != l.Lauf.Order.LockAddress;
 }
 
 bool Historie_Lang_Genug(const Link& l) {
@@ -39,70 +39,70 @@ bool Programmiert(std::uint8_t code) {
 } // namespace
 
 bool Historie_Gewuenscht(const Link& link) {
-    return link.Lauf.HistoryOnly != 0 || link.Lauf.ReadHistoryFirst != 0;
+    return link.Lauf.Chain.HistoryOnly != 0 || link.Lauf.Chain.ReadHistoryFirst != 0;
 }
 
 bool Historie_Aussteht(const Link& link) {
     const RunState& lauf = link.Lauf;
-    return lauf.HistoryOnly != 0 || (lauf.ReadHistoryFirst != 0 && !lauf.HistoryRead) ||
-           lauf.HistoryLost != HistoryLoss::None;
+    return lauf.Chain.HistoryOnly != 0 || (lauf.Chain.ReadHistoryFirst != 0 && !lauf.Chain.HistoryRead) ||
+           lauf.Chain.HistoryLost != HistoryLoss::None;
 }
 
 bool Gefaehrdet_Ereignisse(const Link& l, std::uint8_t code) {
-    const bool unit = l.Lauf.UnitModus != 0 || Unit_Sitzung(l);
-    return l.Lauf.Phase == RunPhase::Open && !unit && Programmiert(code) && Historie_Aussteht(l);
+    const bool unit = l.Lauf.Chain.UnitModus != 0 || Unit_Sitzung(l);
+    return l.Lauf.Chain.Phase == RunPhase::Open && !unit && Programmiert(code) && Historie_Aussteht(l);
 }
 
 bool Historie_Kein_Satz(const Link& l) {
-    return Historie_Gewuenscht(l) && !l.Lauf.HistoryRead &&
+    return Historie_Gewuenscht(l) && !l.Lauf.Chain.HistoryRead &&
            (!Historie_Lang_Genug(l) || l.TxBuffer[2] != HistoryCode || Fremdes_Schloss(l));
 }
 bool Historie_Satz(const Link& l) {
-    return Historie_Lang_Genug(l) && l.RxByte(HistoryEventIndex) != HistoryEndMark && l.Lauf.HistoryStop == 0;
+    return Historie_Lang_Genug(l) && l.RxByte(HistoryEventIndex) != HistoryEndMark && l.Lauf.Chain.HistoryStop == 0;
 }
 bool Historie_Satz_Zuviel(const Link& l) {
-    return Historie_Satz(l) && l.Lauf.HistoryRecords >= MostHistoryRecords;
+    return Historie_Satz(l) && l.Lauf.Chain.HistoryRecords >= MostHistoryRecords;
 }
 bool Historie_Ende_Des_Laufs(const Link& l) {
-    return l.Lauf.HistoryOnly != 0 || l.Lauf.HistoryLost != HistoryLoss::None;
+    return l.Lauf.Chain.HistoryOnly != 0 || l.Lauf.Chain.HistoryLost != HistoryLoss::None;
 }
 
 void Historie_Start(Link& l) {
-    l.Lauf.HistoryStop = 0;
-    l.Lauf.HistoryFileOpen = 0;
-    l.Lauf.HistoryLost = HistoryLoss::None;
-    l.Lauf.HistoryRead = false;
-    l.Lauf.HistoryRecords = 0;
-    l.Lauf.HistoryDateTold = false;
+    l.Lauf.Chain.HistoryStop = 0;
+    l.Lauf.Chain.HistoryFileOpen = 0;
+    l.Lauf.Chain.HistoryLost = HistoryLoss::None;
+    l.Lauf.Chain.HistoryRead = false;
+    l.Lauf.Chain.HistoryRecords = 0;
+    l.Lauf.Chain.HistoryDateTold = false;
     Rufen(l.Hooks.Historie_Anzeigen);
     TelHistorie_Senden(l, 0);
 }
 void Historie_Weiter(Link& l) {
-    ++l.Lauf.HistoryRecords;
+    ++l.Lauf.Chain.HistoryRecords;
     Rufen(l.Hooks.Historie_Eintrag);
     // A message of the entry lets events in: a cancel may have been honoured meanwhile.
-    if (l.Lauf.Phase == RunPhase::Open) {
+    if (l.Lauf.Chain.Phase == RunPhase::Open) {
         TelHistorie_Senden(l, 2);
     }
 }
 void Historie_Verlieren(Link& l, HistoryLoss why) {
     // Behind the end of the reading a wrong reply costs no event any more.
-    if (l.Lauf.HistoryLost == HistoryLoss::None && !l.Lauf.HistoryRead) {
-        l.Lauf.HistoryLost = why;
+    if (l.Lauf.Chain.HistoryLost == HistoryLoss::None && !l.Lauf.Chain.HistoryRead) {
+        l.Lauf.Chain.HistoryLost = why;
     }
     Rufen(l.Hooks.Historie_Fertig);
     Noch_Einmal_Trennen(l);
 }
 void Historie_Beendet(Link& l) {
-    l.Lauf.HistoryRead = true;
+    l.Lauf.Chain.HistoryRead = true;
     Rufen(l.Hooks.Historie_Fertig);
     Noch_Einmal_Trennen(l);
 }
 void Historie_Vorbei(Link& l) {
-    l.Lauf.HistoryRead = true;
+    l.Lauf.Chain.HistoryRead = true;
     Rufen(l.Hooks.Historie_Fertig);
     // The hook puts the events on the disk. Without them there the lock is not erased.
-    if (l.Lauf.HistoryLost == HistoryLoss::None) {
+    if (l.Lauf.Chain.HistoryLost == HistoryLoss::None) {
         TelPrioritaet_Senden(l);
     } else {
         Noch_Einmal_Trennen(l);

@@ -11,7 +11,7 @@ namespace qvm {
 
 using AdminCodeBytes = std::array<std::uint8_t, 3>;
 
-/// Text values of RunState::TimerMode.
+/// Text values of LockValues::TimerMode.
 inline constexpr const char* TimerPB_UT = "TimerPB_UT";
 inline constexpr const char* Timer_A_B = "Timer_A_B";
 inline constexpr const char* Timer_ERROR = "Timer_ERROR";
@@ -34,27 +34,41 @@ enum class HistoryLoss : std::uint8_t {
 /// So many records a history has at most.
 inline constexpr int MostHistoryRecords = 10000;
 
-/// The flags of a run. Windows write them before the run, the reply chain during it.
-struct RunState {
+/// What is asked of a run.
+struct RunOrder {
+    std::uint32_t SerialValue = 0; ///< the lock's serial as one number
+    Address LockAddress{};         ///< the lock's four serial bytes; TargetAddress is the unit's in a unit session
+    std::string HistoryCutoff;     ///< "dd.mm.yyyy", or empty
+    Secret<3> AdminCode;           ///< gone when the run, or the list, has ended
+    std::uint8_t EraseOption = 0;
+};
+
+/// What the data files say of the lock and its telegrams carry. Set by dataset assembly.
+struct LockValues {
+    std::string TimerMode = TimerPB_UT;
+    std::uint8_t FlagSetClock = 0; ///< 1: date and time go out after the login
+    bool ListenWindow = false;     ///< the lock's unit mode is "3": TelZeitfenster goes out
+    std::uint8_t FlagLockTimer = 0;
+    std::uint8_t FlagCalendar = 0;
+    std::uint8_t PriorityCode = 2;
+    std::uint8_t LockMode = 0xFF; ///< 0xFF: TelSchlossModus is not sent
+};
+
+/// Where the reply chain stands. It begins anew with each lock: nothing in here outlives a run.
+struct ChainState {
     RunPhase Phase = RunPhase::None;
     std::uint8_t AbbruchWunsch = 0;     ///< set by cancel buttons, honoured at the next frame
     std::string LaufZiel;               ///< "", "UNIT", "F20" or "F22": who asked for the login
     std::uint8_t UnitModus = 0;         ///< 0 normal, 0xFA unit opening, 0xFD unit block transfer
     std::uint8_t HistoryOnly = 0;       ///< 1 while only history is read
     std::uint8_t ReadHistoryFirst = 0;  ///< 1 when history is read before the lock is programmed
-    std::uint8_t NetMode = 0;           ///< 0 program only, 0xFF history and program, 0x80 history only
+    std::uint8_t TwoPassFlag = 0;       ///< the run must log in again after its first 0x05
     std::uint8_t KanalSuche = 0;        ///< non-zero while the login walks the channels
     std::uint8_t KanalIndex = 0;        ///< channel step of such a search, 0 to 12
     std::uint8_t SuchLauf = 0;          ///< non-zero while a unit search by logins runs
     std::uint8_t SuchMarke = 0;         ///< 0xAD while the unit-list scan runs
     std::uint8_t CodeChangePending = 0; ///< 0xFF while the code change waits for its login
     std::uint8_t CodeChangeRefused = 0; ///< set beside it when the login was refused
-    std::uint8_t FlagSetClock = 0;      ///< 1: date and time go out after the login
-    std::uint8_t KeyMode = 0;           ///< what an E-Key read is for: 0 learn, 1 synchronise, 2 search
-    std::string TimerMode = TimerPB_UT; ///< set by dataset assembly
-    std::uint32_t SerialValue = 0;      ///< the lock's serial as one number
-    Address LockAddress{};              ///< the lock's four serial bytes; TargetAddress is the unit's in a unit session
-    std::uint8_t TwoPassFlag = 0;       ///< the run must log in again after its first 0x05
     int SlotCursor = 0;                 ///< current row of the user list
     std::uint8_t TimerPart = 0;         ///< step of the table telegrams, 0xFF when done
     std::uint8_t HolidayPart = 0;
@@ -62,9 +76,9 @@ struct RunState {
     int UnitVersuche = 0;     ///< repeats of TelDatenStart in a unit session
     int UnitTry = 0;          ///< 0x38 while a type 2 unit is being opened
     int EintragFertig = 0;    ///< channel tries of a unit's opening
-    int RunRow = 0;           ///< current and total rows of the list run; RunRows 0: no list
-    int RunRows = 0;
-    int UnitIndex = 0xFF;         ///< current wireless unit, 0 to 4; 0xFF before the first
+    int UnitIndex = 0xFF;     ///< current wireless unit, 0 to 4; 0xFF before the first
+    int UnitRow = 0;          ///< template row and its piece in a unit block transfer, from 0
+    int UnitPiece = 0;
     std::uint8_t HistoryStop = 0; ///< 0xFF when a record older than the cut-off has come
     std::uint8_t HistoryFileOpen = 0;
     HistoryLoss HistoryLost = HistoryLoss::None; ///< of this run
@@ -72,34 +86,45 @@ struct RunState {
     int HistoryRecords = 0;                      ///< records of the reading so far
     bool HistoryDateTold = false;                ///< a date that does not exist was reported
     std::uint8_t HistoryStateShown = 0;          ///< 1 when the run's first record with a state was shown
-    std::string HistoryCutoff;                   ///< "dd.mm.yyyy", or empty
     std::string HistoryFileName;                 ///< full path of the run's .HST file
     std::string IdMarke;                         ///< "P" while a long transponder identification is pending
     bool IdSecondPart = false;                   ///< and its second telegram is still to go
-    bool ListenWindow = false;                   ///< the lock's unit mode is "3": TelZeitfenster goes out
-    int UnitRow = 0;                             ///< template row and its piece in a unit block transfer, from 0
-    int UnitPiece = 0;
-    std::uint16_t UserSlot = 0; ///< the slot that the lock gave for the current user
-    bool AnswerSeen = false;    ///< a reply 0x06 or 0x08 came since TelLebenszeichen
-    int AnswerTicks = 0;        ///< ticks of Timer7 without an answer
+    std::uint16_t UserSlot = 0;                  ///< the slot that the lock gave for the current user
+    bool AnswerSeen = false;                     ///< a reply 0x06 or 0x08 came since TelLebenszeichen
+    int AnswerTicks = 0;                         ///< ticks of Timer7 without an answer
     /// Platform::Milliseconds of the last frame that broke the device's silence, or of the end of an ordered wait. What
     /// nobody asked for, and what leads nowhere, does not break it.
     std::int64_t LastAnswer = 0;
 
-    // Values that telegrams carry, set before the first telegram of a session.
-    Secret<3> AdminCode; ///< gone when the run, or the list, has ended
-    std::uint8_t FlagLockTimer = 0;
-    std::uint8_t FlagCalendar = 0;
-    std::uint8_t PriorityCode = 2;
-    std::uint8_t LockMode = 0xFF; ///< 0xFF: TelSchlossModus is not sent
-    std::uint8_t EraseOption = 0;
-    Secret<16> SitzungsSchluessel; ///< the same
+    bool operator==(const ChainState&) const = default;
+};
 
-    // Progress.
+/// The list run that the lock is a row of. It outlives its rows.
+struct ListState {
+    int RunRow = 0; ///< current and total rows of the list run; RunRows 0: no list
+    int RunRows = 0;
+    std::uint8_t NetMode = 0; ///< 0 program only, 0xFF history and program, 0x80 history only
+
+    bool operator==(const ListState&) const = default;
+};
+
+/// The progress window's bars.
+struct ProgressState {
     int TelegramCounter = 0;
     int ProgressMaximum = 1500; ///< maximum of the first bar
     int ProgressValue = 0;
     int SecondProgress = 0; ///< running indicator, 0 to 27
+};
+
+/// What windows and reply chain know of the run, in records of one life span each.
+struct RunState {
+    RunOrder Order;
+    LockValues Values;
+    ChainState Chain;
+    ListState List;
+    ProgressState Progress;
+    std::uint8_t KeyMode = 0;      ///< what an E-Key read is for: 0 learn, 1 synchronise, 2 search
+    Secret<16> SitzungsSchluessel; ///< gone when the run, or the list, has ended
 };
 
 } // namespace qvm

@@ -23,15 +23,15 @@ bool Bereit(Link& link) {
     return true;
 }
 
-void Fortschritt_Zaehlen(RunState& run) {
-    ++run.TelegramCounter;
-    if (run.TelegramCounter > run.ProgressMaximum - ProgressReserve) {
-        run.TelegramCounter = 0;
+void Fortschritt_Zaehlen(ProgressState& bars) {
+    ++bars.TelegramCounter;
+    if (bars.TelegramCounter > bars.ProgressMaximum - ProgressReserve) {
+        bars.TelegramCounter = 0;
     }
-    run.ProgressValue = run.TelegramCounter;
-    run.SecondProgress += SecondStep;
-    if (run.SecondProgress > SecondMaximum) {
-        run.SecondProgress = 0;
+    bars.ProgressValue = bars.TelegramCounter;
+    bars.SecondProgress += SecondStep;
+    if (bars.SecondProgress > SecondMaximum) {
+        bars.SecondProgress = 0;
     }
 }
 
@@ -69,7 +69,7 @@ bool Telegramm_Senden(Link& link) {
     if (!Bereit(link)) {
         return false;
     }
-    Fortschritt_Zaehlen(link.Lauf);
+    Fortschritt_Zaehlen(link.Lauf.Progress);
     std::copy(link.TargetAddress.begin(), link.TargetAddress.end(), link.TxBuffer.begin() + 3);
     link.TxBuffer[7] = link.DeviceClassByte;
     link.TxBuffer[8] = Modusbyte(link.AddressMode);

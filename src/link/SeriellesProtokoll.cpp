@@ -13,14 +13,14 @@ bool TelUnitTrennen_Senden(Link& link) {
 
 bool TelVerbinden_Senden(Link& link) {
     Telegramm_Beginnen(link, TelVerbinden::Telegram);
-    Feld_Setzen(link, TelVerbinden::AdminCode, link.Lauf.AdminCode);
+    Feld_Setzen(link, TelVerbinden::AdminCode, link.Lauf.Order.AdminCode);
     Feld_Setzen(link, TelVerbinden::Channel, link.TargetChannel);
     return Telegramm_Abschicken(link, TelVerbinden::Telegram);
 }
 
 bool TelVerbindenKurz_Senden(Link& link) {
     Telegramm_Beginnen(link, TelVerbindenKurz::Telegram);
-    Feld_Setzen(link, TelVerbindenKurz::AdminCode, link.Lauf.AdminCode);
+    Feld_Setzen(link, TelVerbindenKurz::AdminCode, link.Lauf.Order.AdminCode);
     Feld_Setzen(link, TelVerbindenKurz::Channel, link.TargetChannel);
     return Telegramm_Abschicken(link, TelVerbindenKurz::Telegram);
 }
@@ -67,11 +67,11 @@ bool TelHistorie_Senden(Link& link, std::uint8_t which) {
 }
 
 bool TelSperrTimerFlag_Senden(Link& link) {
-    return Wert_Abschicken(link, TelSperrTimerFlag::Telegram, TelSperrTimerFlag::Flag, link.Lauf.FlagLockTimer);
+    return Wert_Abschicken(link, TelSperrTimerFlag::Telegram, TelSperrTimerFlag::Flag, link.Lauf.Values.FlagLockTimer);
 }
 
 bool TelKalenderFlag_Senden(Link& link) {
-    return Wert_Abschicken(link, TelKalenderFlag::Telegram, TelKalenderFlag::Flag, link.Lauf.FlagCalendar);
+    return Wert_Abschicken(link, TelKalenderFlag::Telegram, TelKalenderFlag::Flag, link.Lauf.Values.FlagCalendar);
 }
 
 bool TelDatenStart_Senden(Link& link, std::uint8_t option) {
@@ -87,11 +87,11 @@ bool TelKanalSetzen_Senden(Link& link, int channel) {
 }
 
 bool TelPrioritaet_Senden(Link& link) {
-    return Wert_Abschicken(link, TelPrioritaet::Telegram, TelPrioritaet::Priority, link.Lauf.PriorityCode);
+    return Wert_Abschicken(link, TelPrioritaet::Telegram, TelPrioritaet::Priority, link.Lauf.Values.PriorityCode);
 }
 
 bool TelSchlossModus_Senden(Link& link) {
-    return Wert_Abschicken(link, TelSchlossModus::Telegram, TelSchlossModus::Mode, link.Lauf.LockMode);
+    return Wert_Abschicken(link, TelSchlossModus::Telegram, TelSchlossModus::Mode, link.Lauf.Values.LockMode);
 }
 
 bool TelZeitfenster_Senden(Link& link, std::uint8_t first, std::uint8_t second, int seconds) {

@@ -70,7 +70,7 @@ bool TelUnitSuche_Senden(Link& link) {
 
 bool TelUnitVerbinden_Senden(Link& link) {
     Telegramm_Beginnen(link, TelUnitVerbinden::Telegram);
-    Feld_Setzen(link, TelUnitVerbinden::AdminCode, link.Lauf.AdminCode);
+    Feld_Setzen(link, TelUnitVerbinden::AdminCode, link.Lauf.Order.AdminCode);
     return Telegramm_Abschicken(link, TelUnitVerbinden::Telegram);
 }
 

@@ -29,7 +29,7 @@ void Programm::Ansicht_Verbinden() {
             [this] {
                 F9.F9_Zeigen();
                 // The wait box may have been left before a channel answered: the run that goes on is not to be closed.
-                F9.Command2.Enabled = Lauf.Gesamtende || Lauf.Cancelled || link.Lauf.AbbruchWunsch != 0;
+                F9.Command2.Enabled = Lauf.Gesamtende || Lauf.Cancelled || link.Lauf.Chain.AbbruchWunsch != 0;
             },
         .Status = [this](int line) { F9.Status_Zeigen(line); },
         .Fertig =
@@ -72,7 +72,7 @@ void Programm::Ansicht_Verbinden() {
         .Hauptfenster_Freigeben =
             [this] {
                 // In the middle of a run, or beside the lock grid or the run list, the main window stays away.
-                if (link.Lauf.Phase == RunPhase::None && !F13.Fenster.Visible && !F91.Fenster.Visible) {
+                if (link.Lauf.Chain.Phase == RunPhase::None && !F13.Fenster.Visible && !F91.Fenster.Visible) {
                     Rufen(F2_Zeigen);
                 }
             },

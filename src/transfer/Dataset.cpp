@@ -36,9 +36,9 @@ int Status(DatasetEnd end, DatasetVariant variant) {
 }
 
 void Schalter_Setzen(const LockRow& row, RunState& lauf) {
-    lauf.FlagLockTimer = Schalter(row.LockTimer);
-    lauf.FlagCalendar = Schalter(row.CalendarFlag);
-    lauf.FlagSetClock = Schalter(row.SetClock);
+    lauf.Values.FlagLockTimer = Schalter(row.LockTimer);
+    lauf.Values.FlagCalendar = Schalter(row.CalendarFlag);
+    lauf.Values.FlagSetClock = Schalter(row.SetClock);
 }
 
 DatasetEnd Schritte(DatasetStand& stand) {
@@ -46,7 +46,7 @@ DatasetEnd Schritte(DatasetStand& stand) {
     if (!QVM_SbGruppenz_laden(stand, group) || !QVM_SbGruppe_Laden(stand, group, selection)) {
         return DatasetEnd::Other;
     }
-    stand.link.Lauf.TimerMode = TimerPB_UT;
+    stand.link.Lauf.Values.TimerMode = TimerPB_UT;
     if (!Schaltuhr_Laden(stand, selection)) {
         return DatasetEnd::Other;
     }
@@ -79,7 +79,7 @@ int Datensatz_Laden(Link& link, Dataset& dataset, const LockRow& row, DatasetVar
         return Status(DatasetEnd::Other, variant);
     }
     const auto serial = Serie_Zahl(address);
-    link.Lauf.SerialValue = serial;
+    link.Lauf.Order.SerialValue = serial;
     dataset.MaxUser = MaxUserAnz(serial);
     DatasetStand stand{link, dataset, row, variant, serial};
     return Status(Schritte(stand), variant);

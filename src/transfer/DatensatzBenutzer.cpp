@@ -144,7 +144,7 @@ DatasetEnd Codebenutzer(UserLoop& loop, int record, const std::string& name) {
 
 /// The first fingerprint user warns and keeps the lock's fingerprint memory from being wiped.
 void Finger_Vermerken(UserLoop& loop) {
-    loop.stand.link.Lauf.EraseOption = 0;
+    loop.stand.link.Lauf.Order.EraseOption = 0;
     if (loop.stand.dataset.AnyFinger) {
         return;
     }

@@ -57,8 +57,8 @@ bool Vorgaben_Laden(DatasetStand& stand) {
     }
     const int record = stand.row.Number;
     RunState& lauf = stand.link.Lauf;
-    lauf.PriorityCode = Prioritaet_Code(priorities.Text(record, LockPrioRecord::Prio));
-    lauf.LockMode = Ohne_Emi(stand.serial) ? NoMode : Modus(modes.Text(record, LockEmiRecord::Emi));
+    lauf.Values.PriorityCode = Prioritaet_Code(priorities.Text(record, LockPrioRecord::Prio));
+    lauf.Values.LockMode = Ohne_Emi(stand.serial) ? NoMode : Modus(modes.Text(record, LockEmiRecord::Emi));
     return true;
 }
 

@@ -99,16 +99,16 @@ bool Schaltuhr_Laden(DatasetStand& stand, std::string_view selection) {
     if (file == ReadStatus::Missing) {
         // For all others the full mode stays, and empty tables go out in it.
         if (Timer_A_Und_B(stand.serial)) {
-            lauf.TimerMode = Timer_A_B;
+            lauf.Values.TimerMode = Timer_A_B;
         }
     } else if (Volle_Zeittabellen(stand.serial)) {
         Volle_Tabellen_Fuellen(stand.dataset, slots, selection);
     } else if (Timer_A_Und_B(stand.serial)) {
         Zwei_Timer_Melden(stand);
-        lauf.TimerMode = Timer_A_B;
+        lauf.Values.TimerMode = Timer_A_B;
         Timer_A_B_Fuellen(stand.dataset, slots);
     } else {
-        lauf.TimerMode = Timer_ERROR;
+        lauf.Values.TimerMode = Timer_ERROR;
     }
     return true;
 }

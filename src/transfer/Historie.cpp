@@ -37,11 +37,11 @@ std::optional<std::string> Datum_Des_Satzes(const HistoryRecord& record) {
 
 /// A record older than the cut-off is the last one wanted. Without a cut-off it is today.
 void Grenze_Pruefen(const Kern& kern, RunState& lauf, const std::optional<std::string>& date) {
-    if (!Datum_Lesen(lauf.HistoryCutoff)) {
-        lauf.HistoryCutoff = Datum_Text(Heute(kern.Welt.Now()));
+    if (!Datum_Lesen(lauf.Order.HistoryCutoff)) {
+        lauf.Order.HistoryCutoff = Datum_Text(Heute(kern.Welt.Now()));
     }
-    if (date && *Datum_Lesen(*date) < *Datum_Lesen(lauf.HistoryCutoff)) {
-        lauf.HistoryStop = 0xFF;
+    if (date && *Datum_Lesen(*date) < *Datum_Lesen(lauf.Order.HistoryCutoff)) {
+        lauf.Chain.HistoryStop = 0xFF;
     }
 }
 
@@ -49,8 +49,8 @@ void Grenze_Pruefen(const Kern& kern, RunState& lauf, const std::optional<std::s
 void Dateiname_Bilden(Link& link, std::string_view lockName) {
     RunState& lauf = link.Lauf;
     const Kern& kern = link.kern;
-    lauf.HistoryStateShown = 0;
-    lauf.HistoryFileName = kern.HistPfad() + Historie_Dateiname(kern.Welt.Now(), lockName);
+    lauf.Chain.HistoryStateShown = 0;
+    lauf.Chain.HistoryFileName = kern.HistPfad() + Historie_Dateiname(kern.Welt.Now(), lockName);
 }
 
 std::string Satzzeile(const Kern& kern, const HistoryRecord& record, const std::optional<std::string>& date) {
@@ -59,10 +59,10 @@ std::string Satzzeile(const Kern& kern, const HistoryRecord& record, const std::
 }
 
 void Zustand_Zeigen(RunState& lauf, std::uint8_t event, const std::string& state, const ZustandAnzeige& show) {
-    if (state.empty() || lauf.HistoryStateShown != 0) {
+    if (state.empty() || lauf.Chain.HistoryStateShown != 0) {
         return;
     }
-    lauf.HistoryStateShown = 1;
+    lauf.Chain.HistoryStateShown = 1;
     if (show) {
         show(event & HighNibble, state);
     }
@@ -182,7 +182,7 @@ bool Historie_Schreiben(Link& link, const HistoryRecord& record, std::string_vie
     const Kern& kern = link.kern;
     RunState& lauf = link.Lauf;
     std::string lines;
-    if (lauf.HistoryFileOpen == 0) {
+    if (lauf.Chain.HistoryFileOpen == 0) {
         Dateiname_Bilden(link, lockName);
         lines = std::string(firstLine) + "\r\n";
     }
@@ -191,20 +191,20 @@ bool Historie_Schreiben(Link& link, const HistoryRecord& record, std::string_vie
         lines += "\r\n\t\t\t" + state;
     }
     // In one piece: a full disk or the end of the program leaves a record with its state, or none of it.
-    if (!Datei_Zeile_Anhaengen(kern.Welt.Files, lauf.HistoryFileName, lines)) {
+    if (!Datei_Zeile_Anhaengen(kern.Welt.Files, lauf.Chain.HistoryFileName, lines)) {
         return false;
     }
-    lauf.HistoryFileOpen = 1;
+    lauf.Chain.HistoryFileOpen = 1;
     return true;
 }
 
 bool Historie_Sichern(Link& link) {
     RunState& lauf = link.Lauf;
-    if (lauf.HistoryFileOpen == 0 || link.kern.Welt.Files.Flush(lauf.HistoryFileName)) {
+    if (lauf.Chain.HistoryFileOpen == 0 || link.kern.Welt.Files.Flush(lauf.Chain.HistoryFileName)) {
         return true;
     }
-    if (lauf.HistoryLost == HistoryLoss::None) {
-        lauf.HistoryLost = HistoryLoss::Unwritten;
+    if (lauf.Chain.HistoryLost == HistoryLoss::None) {
+        lauf.Chain.HistoryLost = HistoryLoss::Unwritten;
     }
     return false;
 }
@@ -223,8 +223,8 @@ bool Historie_Eintrag(Link& link, std::string_view lockName, const ZustandAnzeig
         Zustand_Zeigen(link.Lauf, record.Event, state, show);
     }
     // One box a run is enough, and a list goes on without any.
-    if (!date && !link.Lauf.HistoryDateTold && link.Lauf.RunRows == 0) {
-        link.Lauf.HistoryDateTold = true;
+    if (!date && !link.Lauf.Chain.HistoryDateTold && link.Lauf.List.RunRows == 0) {
+        link.Lauf.Chain.HistoryDateTold = true;
         Datum_Melden(kern, record, about);
     }
     return written;

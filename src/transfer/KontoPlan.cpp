@@ -30,12 +30,12 @@ struct Planner {
 
 void Anmeldung(Planner& plan, const RunState& lauf) {
     plan.Add(AccountPart::Login, 0x04);
-    if (plan.Pass == 0 && lauf.KanalSuche != 0) {
+    if (plan.Pass == 0 && lauf.Chain.KanalSuche != 0) {
         plan.Add(AccountPart::Channel, 0x28);
         plan.Add(AccountPart::Channel, 0x66).Carried = true;
         plan.Add(AccountPart::Channel, 0x29);
     }
-    if (lauf.FlagSetClock == 1) {
+    if (lauf.Values.FlagSetClock == 1) {
         plan.Add(AccountPart::Clock, 0x07);
         plan.Add(AccountPart::Clock, 0x09);
     }
@@ -43,10 +43,10 @@ void Anmeldung(Planner& plan, const RunState& lauf) {
 
 void Zeiten(Planner& plan, const RunState& lauf) {
     constexpr int PartsA = 3, PartsB = 2, HolidayParts = 3;
-    if (lauf.TimerMode == TimerPB_UT) {
+    if (lauf.Values.TimerMode == TimerPB_UT) {
         plan.Parts(AccountPart::Timers, 0x19, PartsA);
         plan.Parts(AccountPart::Timers, 0x1B, PartsB);
-    } else if (lauf.TimerMode != Timer_ERROR) {
+    } else if (lauf.Values.TimerMode != Timer_ERROR) {
         plan.Add(AccountPart::Timers, 0x19);
         plan.Add(AccountPart::Timers, 0x1B);
     }
@@ -66,30 +66,30 @@ void Benutzer(Planner& plan, const RunState& lauf, const ProgSlot& user) {
         add(0x0B);
         add(0x0D);
         add(0x0E);
-        if (BereichN(lauf.SerialValue) && Schluessel_Zerlegen(user.TransponderA).Kind == KeyForm::Form::Long) {
+        if (BereichN(lauf.Order.SerialValue) && Schluessel_Zerlegen(user.TransponderA).Kind == KeyForm::Form::Long) {
             add(0x43, 1);
             add(0x43, 2);
         }
     }
-    if (finger || lauf.TimerMode == TimerPB_UT) {
+    if (finger || lauf.Values.TimerMode == TimerPB_UT) {
         add(0x37);
     }
 }
 
 void Durchgang(Planner& plan, const RunState& lauf, const Dataset& daten) {
-    const bool history = plan.Pass == 0 && (lauf.HistoryOnly != 0 || lauf.ReadHistoryFirst != 0);
+    const bool history = plan.Pass == 0 && (lauf.Chain.HistoryOnly != 0 || lauf.Chain.ReadHistoryFirst != 0);
     Anmeldung(plan, lauf);
     if (history) {
         plan.Add(AccountPart::History, 0x17);
     }
-    if (lauf.HistoryOnly == 0) {
-        if (history || lauf.FlagSetClock == 1) {
+    if (lauf.Chain.HistoryOnly == 0) {
+        if (history || lauf.Values.FlagSetClock == 1) {
             plan.Add(AccountPart::Priority, 0x2F);
         }
-        plan.Add(AccountPart::Erase, 0x27).Carried = BereichZ(lauf.SerialValue);
+        plan.Add(AccountPart::Erase, 0x27).Carried = BereichZ(lauf.Order.SerialValue);
         plan.Add(AccountPart::CalendarFlag, 0x25);
-        if (lauf.ListenWindow || BereichN(lauf.SerialValue)) {
-            plan.Add(AccountPart::Reception, lauf.ListenWindow ? 0x33 : 0x3B);
+        if (lauf.Values.ListenWindow || BereichN(lauf.Order.SerialValue)) {
+            plan.Add(AccountPart::Reception, lauf.Values.ListenWindow ? 0x33 : 0x3B);
         }
         Zeiten(plan, lauf);
         for (plan.Who = 0; plan.Who < static_cast<int>(daten.Slots.size()); ++plan.Who) {
@@ -97,7 +97,7 @@ void Durchgang(Planner& plan, const RunState& lauf, const Dataset& daten) {
         }
         plan.Who = -1;
         plan.Add(AccountPart::TimerFlag, 0x23);
-        if (lauf.LockMode != 0xFF) {
+        if (lauf.Values.LockMode != 0xFF) {
             plan.Add(AccountPart::Mode, 0x32);
         }
         plan.Add(AccountPart::DataEnd, 0x15);
@@ -145,12 +145,13 @@ void Unit(Planner& plan, const Dataset& daten, char type) {
 RunAccount Konto_Anlegen(const RunState& lauf, const Dataset& daten) {
     RunAccount account;
     Planner plan{.account = account};
-    const bool twice = lauf.TwoPassFlag != 0 && lauf.HistoryOnly == 0 && BereichZweiDurchgaenge(lauf.SerialValue);
+    const bool twice =
+        lauf.Chain.TwoPassFlag != 0 && lauf.Chain.HistoryOnly == 0 && BereichZweiDurchgaenge(lauf.Order.SerialValue);
     for (plan.Pass = 0; plan.Pass <= (twice ? 1 : 0); ++plan.Pass) {
         Durchgang(plan, lauf, daten);
     }
     plan.Pass = 0;
-    for (plan.Who = 0; lauf.HistoryOnly == 0 && plan.Who < static_cast<int>(daten.Units.size()); ++plan.Who) {
+    for (plan.Who = 0; lauf.Chain.HistoryOnly == 0 && plan.Who < static_cast<int>(daten.Units.size()); ++plan.Who) {
         if (const ProgUnit& unit = daten.Units[static_cast<std::size_t>(plan.Who)]; unit.UnitPresent) {
             Unit(plan, daten, unit.Type);
         }

@@ -12,7 +12,7 @@ constexpr int SearchSteps = 12;
 
 /// Beyond the last channel of a search.
 void Suche_Gescheitert(Programmierlauf& run) {
-    run.link.Lauf.KanalSuche = 0;
+    run.link.Lauf.Chain.KanalSuche = 0;
     Codeaenderung_Gescheitert(run);
     if (Zeile_Fehlgeschlagen(run, RunOutcome::NotReached, run.kern.Zeile(66))) {
         return;
@@ -56,7 +56,7 @@ void Schritt_Unit_Abgelehnt(Programmierlauf& run) {
     // The unit's box stays unticked; the units behind it are tried.
     run.UnitGood = false;
     const int line = Anmeldung_Zeile(run.link.RxByte(14));
-    const int index = run.link.Lauf.UnitIndex;
+    const int index = run.link.Lauf.Chain.UnitIndex;
     if (index >= 0 && index < static_cast<int>(run.Bericht.Units.size())) {
         UnitReport& unit = run.Bericht.Units[static_cast<std::size_t>(index)];
         unit.End = UnitReport::State::Failed;
@@ -64,21 +64,21 @@ void Schritt_Unit_Abgelehnt(Programmierlauf& run) {
         unit.Note = run.kern.Zeile(line != 0 ? line : 66);
     }
     run.Timer9.Start(600);
-    if (line != 0 && run.link.Lauf.RunRows == 0) {
+    if (line != 0 && run.link.Lauf.List.RunRows == 0) {
         Meldung_Zu(run.kern, Worum_Unit(run), run.kern.Zeile(line), Buttons::Ok, Icon::Exclamation);
     }
 }
 
 void Schritt_Kanal_Weiter(Programmierlauf& run) {
     RunState& lauf = run.link.Lauf;
-    if (lauf.KanalIndex >= SearchSteps) {
+    if (lauf.Chain.KanalIndex >= SearchSteps) {
         Suche_Gescheitert(run);
         return;
     }
-    run.link.TargetChannel = static_cast<std::uint8_t>(lauf.KanalIndex + 1);
-    ++lauf.KanalIndex;
+    run.link.TargetChannel = static_cast<std::uint8_t>(lauf.Chain.KanalIndex + 1);
+    ++lauf.Chain.KanalIndex;
     if (run.Ansicht.Wartebox_Balken) {
-        run.Ansicht.Wartebox_Balken(100 + 6 * lauf.KanalIndex);
+        run.Ansicht.Wartebox_Balken(100 + 6 * lauf.Chain.KanalIndex);
     }
     TelVerbinden_Senden(run.link);
 }
@@ -93,7 +93,7 @@ void Schritt_Kanal_Gesetzt(Programmierlauf& run) {
 void Schritt_Zweiter_Durchgang(Programmierlauf& run) {
     RunState& lauf = run.link.Lauf;
     run.Timer6.Stop();
-    lauf.HistoryOnly = lauf.ReadHistoryFirst = lauf.TwoPassFlag = 0;
+    lauf.Chain.HistoryOnly = lauf.Chain.ReadHistoryFirst = lauf.Chain.TwoPassFlag = 0;
     Konto_Zweiter_Durchgang(run.Konto);
     TelVerbinden_Senden(run.link);
 }

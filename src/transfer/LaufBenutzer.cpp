@@ -13,7 +13,7 @@ constexpr int FirstSlot = 1, LastSlot = 2999;
 constexpr std::size_t SliceStart = 70, SliceLength = 29;
 
 const ProgSlot* Benutzer(const Programmierlauf& run) {
-    const int cursor = run.link.Lauf.SlotCursor;
+    const int cursor = run.link.Lauf.Chain.SlotCursor;
     const auto& slots = run.Daten.Slots;
     return cursor >= 0 && cursor < static_cast<int>(slots.size()) ? &slots[static_cast<std::size_t>(cursor)] : nullptr;
 }
@@ -47,8 +47,8 @@ void Vorlage_Senden(Programmierlauf& run, const ProgSlot& user) {
 } // namespace
 
 void Schritt_Benutzer_Beginnen(Programmierlauf& run) {
-    run.link.Lauf.IdMarke.clear();
-    run.link.Lauf.IdSecondPart = false;
+    run.link.Lauf.Chain.IdMarke.clear();
+    run.link.Lauf.Chain.IdSecondPart = false;
     if (Benutzer(run) != nullptr) {
         TelBenutzerBeginn_Senden(run.link);
     } else {
@@ -66,7 +66,7 @@ void Schritt_Benutzer_Slot(Programmierlauf& run) {
         Platz_Ungueltig(run);
         return;
     }
-    run.link.Lauf.UserSlot = static_cast<std::uint16_t>(slot);
+    run.link.Lauf.Chain.UserSlot = static_cast<std::uint16_t>(slot);
     if (user->Kind == SlotKind::Finger) {
         Vorlage_Senden(run, *user);
     } else {
@@ -76,7 +76,7 @@ void Schritt_Benutzer_Slot(Programmierlauf& run) {
 
 void Schritt_Benutzer_Name2(Programmierlauf& run) {
     if (const ProgSlot* user = Benutzer(run)) {
-        TelBenutzerName2_Senden(run.link, run.link.Lauf.UserSlot, user->Name);
+        TelBenutzerName2_Senden(run.link, run.link.Lauf.Chain.UserSlot, user->Name);
     }
 }
 
@@ -88,14 +88,14 @@ void Schritt_Benutzer_Daten(Programmierlauf& run) {
     RunState& lauf = run.link.Lauf;
     const KeyForm key = Schluessel_Zerlegen(user->TransponderA);
     BenutzerDaten data;
-    data.Slot = lauf.UserSlot;
+    data.Slot = lauf.Chain.UserSlot;
     data.Code = Code_Packen(user->CodeDigits);
-    data.TimerSelector = Timer_Auswahl(lauf.TimerMode, *user);
+    data.TimerSelector = Timer_Auswahl(lauf.Values.TimerMode, *user);
     data.Weighting = Wertigkeit(user->Funktion);
-    if (key.Kind == KeyForm::Form::Long && BereichN(lauf.SerialValue)) {
+    if (key.Kind == KeyForm::Form::Long && BereichN(lauf.Order.SerialValue)) {
         // These locks take a long identification in two telegrams of its own.
-        lauf.IdMarke = "P";
-        lauf.IdSecondPart = true;
+        lauf.Chain.IdMarke = "P";
+        lauf.Chain.IdSecondPart = true;
     } else if (key.Kind != KeyForm::Form::None) {
         data.WithId = true;
         std::copy_n(key.Values.begin(), data.Id.size(), data.Id.begin());
@@ -113,13 +113,13 @@ void Schritt_Id_Daten1(Programmierlauf& run) {
 void Schritt_Id_Daten2(Programmierlauf& run) {
     if (const ProgSlot* user = Benutzer(run)) {
         const KeyForm key = Schluessel_Zerlegen(user->TransponderA);
-        TelIdDaten2_Senden(run.link, key.GroupDigit, run.link.Lauf.UserSlot, key.Values);
+        TelIdDaten2_Senden(run.link, key.GroupDigit, run.link.Lauf.Chain.UserSlot, key.Values);
     }
 }
 
 void Schritt_Benutzer_Zeitgruppen(Programmierlauf& run) {
     if (const ProgSlot* user = Benutzer(run)) {
-        TelBenutzerZeitgruppen_Senden(run.link, run.link.Lauf.UserSlot, user->TimerBits);
+        TelBenutzerZeitgruppen_Senden(run.link, run.link.Lauf.Chain.UserSlot, user->TimerBits);
     }
 }
 

@@ -21,7 +21,7 @@ std::string Worum(const Programmierlauf& run) {
 }
 
 std::string Worum_Unit(const Programmierlauf& run) {
-    const int unit = run.link.Lauf.UnitIndex;
+    const int unit = run.link.Lauf.Chain.UnitIndex;
     const bool known = unit >= 0 && unit < static_cast<int>(run.Daten.Units.size());
     const std::string name = known ? run.Daten.Units[static_cast<std::size_t>(unit)].Name : std::string();
     const bool done = Konto_Schloss(run.Konto) == LockData::Complete;
@@ -39,9 +39,9 @@ void Mit_Meldung_Enden(Programmierlauf& run, RunOutcome outcome, int line) {
 
 void Codeaenderung_Gescheitert(Programmierlauf& run) {
     RunState& lauf = run.link.Lauf;
-    if (lauf.CodeChangePending != 0) {
-        lauf.CodeChangePending = 0;
-        lauf.CodeChangeRefused = 1;
+    if (lauf.Chain.CodeChangePending != 0) {
+        lauf.Chain.CodeChangePending = 0;
+        lauf.Chain.CodeChangeRefused = 1;
     }
 }
 
@@ -52,11 +52,11 @@ void Lauf_Beenden(Programmierlauf& run, RunOutcome outcome, std::string_view tex
         Units_Zeigen(run);
         run.Bericht.End = outcome;
         run.Bericht.Text = text;
-        run.link.Lauf.Phase = RunPhase::None;
-        run.link.Lauf.AbbruchWunsch = 0;
+        run.link.Lauf.Chain.Phase = RunPhase::None;
+        run.link.Lauf.Chain.AbbruchWunsch = 0;
         run.link.AnswerDue = 0;
         // A list uses them for its next row.
-        if (run.link.Lauf.RunRows == 0) {
+        if (run.link.Lauf.List.RunRows == 0) {
             Geheimnisse_Vergessen(run.link);
         }
     }
@@ -77,15 +77,15 @@ void Timer_Anhalten(Programmierlauf& run) {
 }
 
 void Zum_Schloss_Zurueck(Programmierlauf& run) {
-    run.link.TargetAddress = run.link.Lauf.LockAddress;
+    run.link.TargetAddress = run.link.Lauf.Order.LockAddress;
     run.link.AddressMode = 0;
     run.link.DeviceClassByte = 0x11;
-    run.link.Lauf.LaufZiel.clear();
-    run.link.Lauf.UnitTry = 0;
+    run.link.Lauf.Chain.LaufZiel.clear();
+    run.link.Lauf.Chain.UnitTry = 0;
 }
 
 bool Zeile_Fehlgeschlagen(Programmierlauf& run, RunOutcome outcome, std::string_view text) {
-    if (run.link.Lauf.RunRows == 0) {
+    if (run.link.Lauf.List.RunRows == 0) {
         return false;
     }
     // The next row may be another lock: nothing of this one may still go out.
@@ -114,8 +114,8 @@ Urteil Beurteilen(const Programmierlauf& run) {
     if (run.Cancelled) {
         return {.Outcome = RunOutcome::Cancelled, .Why = kern.Zeile(82), .Line = 82};
     }
-    if (lauf.HistoryLost != HistoryLoss::None) {
-        return {.Outcome = RunOutcome::GivenUp, .Why = Historie_Verlust_Text(kern, lauf.HistoryLost)};
+    if (lauf.Chain.HistoryLost != HistoryLoss::None) {
+        return {.Outcome = RunOutcome::GivenUp, .Why = Historie_Verlust_Text(kern, lauf.Chain.HistoryLost)};
     }
     if (std::string open = Unbewiesen(run); !open.empty()) {
         return {.Outcome = RunOutcome::Incomplete, .Why = std::move(open)};
@@ -133,12 +133,13 @@ Urteil Beurteilen(const Programmierlauf& run) {
 void Einzelnes_Schloss_Zeigen(Programmierlauf& run, const Urteil& judged) {
     const RunState& lauf = run.link.Lauf;
     Ende_Zeigen(run, judged.Line);
-    if (lauf.HistoryLost != HistoryLoss::None) {
-        Meldung_Zu(run.kern, Worum(run), Historie_Verlust_Text(run.kern, lauf.HistoryLost), Buttons::Ok,
+    if (lauf.Chain.HistoryLost != HistoryLoss::None) {
+        Meldung_Zu(run.kern, Worum(run), Historie_Verlust_Text(run.kern, lauf.Chain.HistoryLost), Buttons::Ok,
                    Icon::Exclamation);
     }
-    if (!run.Cancelled && lauf.HistoryOnly != 0 && lauf.HistoryFileOpen != 0 && run.Ansicht.Historie_Oeffnen) {
-        run.Ansicht.Historie_Oeffnen(lauf.HistoryFileName);
+    if (!run.Cancelled && lauf.Chain.HistoryOnly != 0 && lauf.Chain.HistoryFileOpen != 0 &&
+        run.Ansicht.Historie_Oeffnen) {
+        run.Ansicht.Historie_Oeffnen(lauf.Chain.HistoryFileName);
     }
 }
 
@@ -147,30 +148,31 @@ void Einzelnes_Schloss_Zeigen(Programmierlauf& run, const Urteil& judged) {
 void Schloss_Fertig(Programmierlauf& run) {
     RunState& lauf = run.link.Lauf;
     Zum_Schloss_Zurueck(run);
-    lauf.UnitModus = 0;
+    lauf.Chain.UnitModus = 0;
     const Urteil judged = Beurteilen(run);
     const bool good = judged.Outcome == RunOutcome::Done || run.Cancelled;
     if (!good && Zeile_Fehlgeschlagen(run, judged.Outcome, judged.Why)) {
         return;
     }
     Lauf_Beenden(run, judged.Outcome, judged.Why);
-    if (lauf.RunRows == 0 || run.Cancelled) {
+    if (lauf.List.RunRows == 0 || run.Cancelled) {
         Einzelnes_Schloss_Zeigen(run, judged);
         return;
     }
-    std::string text = run.kern.Zeile(lauf.HistoryOnly != 0 ? 263 : 266);
+    std::string text = run.kern.Zeile(lauf.Chain.HistoryOnly != 0 ? 263 : 266);
     for (const std::string& note : {Unit_Notiz(run), Erledigt_Zusatz(run)}) {
         text += note.empty() ? "" : " - " + note;
     }
     if (run.Liste.Zeile_Markieren) {
-        run.Liste.Zeile_Markieren(lauf.HistoryOnly != 0 ? "<<" : ">>", text);
+        run.Liste.Zeile_Markieren(lauf.Chain.HistoryOnly != 0 ? "<<" : ">>", text);
     }
     Rufen(run.Liste.Naechste_Zeile);
 }
 
 void Schritt_Schloss_Ende(Programmierlauf& run) {
     const RunState& lauf = run.link.Lauf;
-    if (lauf.HistoryOnly == 0 && lauf.HistoryLost == HistoryLoss::None && !run.Cancelled && Units_Uebrig(run)) {
+    if (lauf.Chain.HistoryOnly == 0 && lauf.Chain.HistoryLost == HistoryLoss::None && !run.Cancelled &&
+        Units_Uebrig(run)) {
         if (run.Ansicht.Kaestchen) {
             run.Ansicht.Kaestchen(1);
         }
@@ -182,12 +184,12 @@ void Schritt_Schloss_Ende(Programmierlauf& run) {
 
 void Schritt_Historie_Fertig(Programmierlauf& run) {
     const RunState& lauf = run.link.Lauf;
-    if (lauf.HistoryRead && Historie_Sichern(run.link)) {
+    if (lauf.Chain.HistoryRead && Historie_Sichern(run.link)) {
         Konto_Historie_Fertig(run.Konto);
     }
     Lauf_Tempo_Neu(run);
-    const bool single = lauf.HistoryOnly != 0 && lauf.RunRows == 0;
-    if (run.Ansicht.Status && (lauf.HistoryOnly == 0 || single)) {
+    const bool single = lauf.Chain.HistoryOnly != 0 && lauf.List.RunRows == 0;
+    if (run.Ansicht.Status && (lauf.Chain.HistoryOnly == 0 || single)) {
         run.Ansicht.Status(single ? 115 : 0);
     }
     // There is nothing left to cancel, but it is not the end yet: the session is still to be closed.
@@ -196,42 +198,47 @@ void Schritt_Historie_Fertig(Programmierlauf& run) {
     }
 }
 
-void Schritt_Abbruch(Programmierlauf& run) {
+void Kette_Abbrechen(Programmierlauf& run) {
     RunState& lauf = run.link.Lauf;
     Timer_Anhalten(run);
     run.Cancelled = true;
-    lauf.TwoPassFlag = lauf.KanalSuche = lauf.ReadHistoryFirst = 0;
-    lauf.Phase = RunPhase::Closing;
-    lauf.CodeChangePending = 0;
-    lauf.LaufZiel.clear();
-    lauf.UnitIndex = NoUnitLeft;
-    lauf.UnitTry = 0;
-    lauf.IdMarke.clear();
-    lauf.IdSecondPart = false;
+    lauf.Chain.TwoPassFlag = lauf.Chain.KanalSuche = lauf.Chain.ReadHistoryFirst = 0;
+    lauf.Chain.Phase = RunPhase::Closing;
+    lauf.Chain.CodeChangePending = 0;
+    lauf.Chain.LaufZiel.clear();
+    lauf.Chain.UnitIndex = NoUnitLeft;
+    lauf.Chain.UnitTry = 0;
+    lauf.Chain.IdMarke.clear();
+    lauf.Chain.IdSecondPart = false;
     run.link.DeviceClassByte = 0x11;
-    if (lauf.UnitModus == 0xFA) {
+    if (lauf.Chain.UnitModus == 0xFA) {
         // The unit was not open yet; what is open is the lock. A block transfer stays, so that its end closes the unit.
-        lauf.UnitModus = 0;
+        lauf.Chain.UnitModus = 0;
         Zum_Schloss_Zurueck(run);
     }
-    if (lauf.RunRows != 0) {
+}
+
+void Schritt_Abbruch(Programmierlauf& run) {
+    Kette_Abbrechen(run);
+    ListState& list = run.link.Lauf.List;
+    if (list.RunRows != 0) {
         // The list tells of its row while it stops.
         Bericht_Fuellen(run);
         Rufen(run.Liste.Stoppen);
-        lauf.RunRow = lauf.RunRows = 0;
+        list.RunRow = list.RunRows = 0;
     }
 }
 
 void Schritt_Kein_Kontakt(Programmierlauf& run) {
     Timer_Anhalten(run);
     RunState& lauf = run.link.Lauf;
-    if (run.Cancelled && lauf.Phase == RunPhase::Closing) {
+    if (run.Cancelled && lauf.Chain.Phase == RunPhase::Closing) {
         // The session that the cancel wanted to close is gone.
         Schloss_Fertig(run);
         return;
     }
-    const bool codeChange = lauf.CodeChangePending != 0 || run.link.TxBuffer[2] == TelCodeAendern::Telegram.Code;
-    if (!codeChange && lauf.Phase == RunPhase::None) {
+    const bool codeChange = lauf.Chain.CodeChangePending != 0 || run.link.TxBuffer[2] == TelCodeAendern::Telegram.Code;
+    if (!codeChange && lauf.Chain.Phase == RunPhase::None) {
         return;
     }
     Codeaenderung_Gescheitert(run);
@@ -244,7 +251,7 @@ void Schritt_Kein_Kontakt(Programmierlauf& run) {
 
 void Schritt_Abgelehnt(Programmierlauf& run) {
     Timer_Anhalten(run);
-    if (run.Cancelled && run.link.Lauf.Phase == RunPhase::Closing) {
+    if (run.Cancelled && run.link.Lauf.Chain.Phase == RunPhase::Closing) {
         Schloss_Fertig(run);
         return;
     }
@@ -275,7 +282,7 @@ void Schritt_Trennen_Aufgegeben(Programmierlauf& run) {
         return;
     }
     Zum_Schloss_Zurueck(run);
-    run.link.Lauf.UnitModus = 0;
+    run.link.Lauf.Chain.UnitModus = 0;
     Lauf_Beenden(run, run.Cancelled ? RunOutcome::Cancelled : RunOutcome::GivenUp, text);
     Ende_Zeigen(run);
 }

@@ -34,7 +34,7 @@ bool RunReport::AllDone() const {
 
 void Bericht_Fuellen(Programmierlauf& run) {
     RunReport& report = run.Bericht;
-    report.HistoryLost = run.link.Lauf.HistoryLost;
+    report.HistoryLost = run.link.Lauf.Chain.HistoryLost;
     report.Telegrams = run.Konto.Gesamt();
     report.Acknowledged = run.Konto.Erledigt();
     report.Missing = Konto_Luecken(run.Konto);

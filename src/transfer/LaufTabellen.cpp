@@ -29,26 +29,28 @@ void Schritt_ReaderEinstellung(Programmierlauf& run) {
 }
 
 void Schritt_Schaltuhr_A(Programmierlauf& run) {
-    TelSchaltuhrA_Senden(run.link, run.Daten.TimerTableA, Naechster_Teil(run.link.Lauf.TimerPart, LastTimerPartA));
+    TelSchaltuhrA_Senden(run.link, run.Daten.TimerTableA,
+                         Naechster_Teil(run.link.Lauf.Chain.TimerPart, LastTimerPartA));
 }
 
 void Schritt_Schaltuhr_B(Programmierlauf& run) {
-    TelSchaltuhrB_Senden(run.link, run.Daten.TimerTableB, Naechster_Teil(run.link.Lauf.TimerPart, LastTimerPartB));
+    TelSchaltuhrB_Senden(run.link, run.Daten.TimerTableB,
+                         Naechster_Teil(run.link.Lauf.Chain.TimerPart, LastTimerPartB));
 }
 
 void Schritt_EinzelFeiertage(Programmierlauf& run) {
     TelEinzelFeiertage_Senden(run.link, run.Daten.HolidayTableA,
-                              Naechster_Teil(run.link.Lauf.HolidayPart, LastHolidayPart));
+                              Naechster_Teil(run.link.Lauf.Chain.HolidayPart, LastHolidayPart));
 }
 
 void Schritt_PermFeiertage(Programmierlauf& run) {
     TelPermFeiertage_Senden(run.link, run.Daten.HolidayTableB,
-                            Naechster_Teil(run.link.Lauf.HolidayPart, LastHolidayPart));
+                            Naechster_Teil(run.link.Lauf.Chain.HolidayPart, LastHolidayPart));
 }
 
 void Schritt_Daten_Schluss(Programmierlauf& run) {
     TelDatenEnde_Senden(run.link);
-    if (run.link.Lauf.TwoPassFlag != 0) {
+    if (run.link.Lauf.Chain.TwoPassFlag != 0) {
         run.Timer6.Start(500);
     } else if (run.Ansicht.Status) {
         run.Ansicht.Status(115);
@@ -58,10 +60,10 @@ void Schritt_Daten_Schluss(Programmierlauf& run) {
 void Tick_Timer7(Programmierlauf& run) {
     RunState& lauf = run.link.Lauf;
     run.Timer7.Stop();
-    if (lauf.AnswerSeen || ++lauf.AnswerTicks > PollingTries) {
-        lauf.AnswerSeen = false;
-        lauf.AnswerTicks = 0;
-        if (lauf.AbbruchWunsch != 0) {
+    if (lauf.Chain.AnswerSeen || ++lauf.Chain.AnswerTicks > PollingTries) {
+        lauf.Chain.AnswerSeen = false;
+        lauf.Chain.AnswerTicks = 0;
+        if (lauf.Chain.AbbruchWunsch != 0) {
             Abbruch_Ausfuehren(run.link);
         } else {
             TelKalenderFlag_Senden(run.link);

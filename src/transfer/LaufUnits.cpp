@@ -15,7 +15,7 @@ constexpr int DatenstartRepeats = 20;
 constexpr int UnitChannels = 12;
 
 int Naechste_Unit(const Programmierlauf& run) {
-    const int present = run.link.Lauf.UnitIndex;
+    const int present = run.link.Lauf.Chain.UnitIndex;
     for (int u = present == NotBegun ? 0 : present + 1; u < Units; ++u) {
         if (run.Daten.Units[static_cast<std::size_t>(u)].UnitPresent) {
             return u;
@@ -25,7 +25,7 @@ int Naechste_Unit(const Programmierlauf& run) {
 }
 
 UnitReport* Aktuelle(Programmierlauf& run) {
-    const int u = run.link.Lauf.UnitIndex;
+    const int u = run.link.Lauf.Chain.UnitIndex;
     return u >= 0 && u < Units ? &run.Bericht.Units[static_cast<std::size_t>(u)] : nullptr;
 }
 
@@ -40,11 +40,11 @@ bool Warten(Programmierlauf& run, int interval, int limit) {
         return false;
     }
     run.Waiting = false;
-    run.link.Lauf.LastAnswer = run.kern.Welt.Milliseconds();
-    if (run.link.Lauf.Phase == RunPhase::Open && run.link.Lauf.AbbruchWunsch != 0) {
+    run.link.Lauf.Chain.LastAnswer = run.kern.Welt.Milliseconds();
+    if (run.link.Lauf.Chain.Phase == RunPhase::Open && run.link.Lauf.Chain.AbbruchWunsch != 0) {
         Abbruch_Ausfuehren(run.link);
     }
-    return run.link.Lauf.Phase == RunPhase::Open;
+    return run.link.Lauf.Chain.Phase == RunPhase::Open;
 }
 
 /// What the unit sessions send: every slot that holds a template is a row.
@@ -60,14 +60,14 @@ std::vector<const ProgSlot*> Zeilen(const Programmierlauf& run) {
 
 void Stueck_Senden(Programmierlauf& run, const std::vector<const ProgSlot*>& rows) {
     const RunState& lauf = run.link.Lauf;
-    const ProgSlot& row = *rows[static_cast<std::size_t>(lauf.UnitRow)];
+    const ProgSlot& row = *rows[static_cast<std::size_t>(lauf.Chain.UnitRow)];
     UnitBlock block;
     block.Rows = static_cast<std::uint16_t>(rows.size());
-    block.Row = static_cast<std::uint16_t>(lauf.UnitRow + 1);
-    block.Piece = static_cast<std::uint8_t>(lauf.UnitPiece);
+    block.Row = static_cast<std::uint16_t>(lauf.Chain.UnitRow + 1);
+    block.Piece = static_cast<std::uint8_t>(lauf.Chain.UnitPiece);
     block.Type = row.PrFlag;
     block.RowAddress = row.FingerNumber;
-    const std::size_t start = static_cast<std::size_t>(lauf.UnitPiece) * PieceLength;
+    const std::size_t start = static_cast<std::size_t>(lauf.Chain.UnitPiece) * PieceLength;
     for (std::size_t n = 0; n < PieceLength && start + n < row.Template.size(); ++n) {
         block.Data[n] = row.Template[start + n];
     }
@@ -77,7 +77,7 @@ void Stueck_Senden(Programmierlauf& run, const std::vector<const ProgSlot*>& row
 /// Raw telegram that turns the adapter to the unit, then the opening.
 void Unit_Ansprechen(Programmierlauf& run) {
     TelAdapterZiel_Senden(run.link, run.link.AddressMode);
-    if (Warten(run, 100, 80) && run.link.Lauf.UnitModus == 0xFA) {
+    if (Warten(run, 100, 80) && run.link.Lauf.Chain.UnitModus == 0xFA) {
         TelKanalLesen_Senden(run.link, run.kern.Config.Funkkanal());
     }
 }
@@ -85,8 +85,8 @@ void Unit_Ansprechen(Programmierlauf& run) {
 void Typ1_Beginnen(Programmierlauf& run) {
     RunState& lauf = run.link.Lauf;
     run.link.AddressMode = 0;
-    lauf.UnitModus = 0;
-    lauf.LaufZiel = "UNIT";
+    lauf.Chain.UnitModus = 0;
+    lauf.Chain.LaufZiel = "UNIT";
     TelVerbindenKurz_Senden(run.link);
 }
 
@@ -94,16 +94,16 @@ void Typ2_Beginnen(Programmierlauf& run) {
     RunState& lauf = run.link.Lauf;
     run.Daten.UnitCount = std::max(0, run.Daten.UnitCount - 1);
     run.link.AddressMode = 1;
-    lauf.LaufZiel.clear();
-    lauf.UnitModus = 0xFA;
-    lauf.UnitTry = OpeningMark;
-    lauf.EintragFertig = 0;
+    lauf.Chain.LaufZiel.clear();
+    lauf.Chain.UnitModus = 0xFA;
+    lauf.Chain.UnitTry = OpeningMark;
+    lauf.Chain.EintragFertig = 0;
     Unit_Ansprechen(run);
 }
 
 /// Between two units, and between two channels, no session is open: a cancel takes effect at once. True when it did.
 bool Abgebrochen(Programmierlauf& run) {
-    if (run.link.Lauf.AbbruchWunsch == 0 && !run.Cancelled) {
+    if (run.link.Lauf.Chain.AbbruchWunsch == 0 && !run.Cancelled) {
         return false;
     }
     Schritt_Abbruch(run);
@@ -114,7 +114,7 @@ bool Abgebrochen(Programmierlauf& run) {
 /// A unit's session has ended badly and takes the units behind it along.
 void Units_Abbrechen(Programmierlauf& run, RunOutcome outcome, int messageLine) {
     Timer_Anhalten(run);
-    run.link.Lauf.UnitModus = 0;
+    run.link.Lauf.Chain.UnitModus = 0;
     Zum_Schloss_Zurueck(run);
     if (UnitReport* unit = Aktuelle(run)) {
         unit->End = UnitReport::State::Failed;
@@ -162,12 +162,12 @@ std::string Unit_Notiz(const Programmierlauf& run) {
 void Tick_Timer9(Programmierlauf& run) {
     RunState& lauf = run.link.Lauf;
     run.Timer9.Stop();
-    lauf.WiederholZaehler = 0;
-    lauf.LastAnswer = run.kern.Welt.Milliseconds();
+    lauf.Chain.WiederholZaehler = 0;
+    lauf.Chain.LastAnswer = run.kern.Welt.Milliseconds();
     if (UnitReport* last = Aktuelle(run); last != nullptr && run.UnitGood) {
         last->End = UnitReport::State::Done;
         if (run.Ansicht.Kaestchen) {
-            run.Ansicht.Kaestchen(lauf.UnitIndex + 2);
+            run.Ansicht.Kaestchen(lauf.Chain.UnitIndex + 2);
         }
     }
     run.UnitGood = run.UnitRepeated = run.BlockRefused = false;
@@ -179,7 +179,7 @@ void Tick_Timer9(Programmierlauf& run) {
         Schloss_Fertig(run);
         return;
     }
-    lauf.UnitIndex = next;
+    lauf.Chain.UnitIndex = next;
     const ProgUnit& unit = run.Daten.Units[static_cast<std::size_t>(next)];
     run.link.TargetAddress = unit.Serial;
     run.link.TargetChannel = static_cast<std::uint8_t>(run.kern.Config.Funkkanal());
@@ -194,7 +194,7 @@ void Tick_Timer9(Programmierlauf& run) {
 }
 
 void Schritt_Unit_Fertig(Programmierlauf& run) {
-    run.UnitGood = Konto_Unit_Fertig(run.Konto, run.link.Lauf.UnitIndex);
+    run.UnitGood = Konto_Unit_Fertig(run.Konto, run.link.Lauf.Chain.UnitIndex);
     if (UnitReport* unit = Aktuelle(run); unit != nullptr && !run.UnitGood) {
         unit->End = UnitReport::State::Failed;
         unit->Note = run.kern.Zeile(66);
@@ -212,7 +212,7 @@ void Schritt_Unit_Kein_Kontakt(Programmierlauf& run) {
         TelVerbindenKurz_Senden(run.link);
         return;
     }
-    const bool list = run.link.Lauf.RunRows != 0;
+    const bool list = run.link.Lauf.List.RunRows != 0;
     Units_Abbrechen(run, RunOutcome::NotReached, 67);
     if (!list) {
         Meldung_Zu(run.kern, Worum_Unit(run), run.kern.Zeile(67), Buttons::Ok, Icon::Exclamation);
@@ -229,15 +229,15 @@ void Schritt_Unit_Naechster_Kanal(Programmierlauf& run) {
 void Tick_Timer11(Programmierlauf& run) {
     RunState& lauf = run.link.Lauf;
     run.Timer11.Stop();
-    lauf.LastAnswer = run.kern.Welt.Milliseconds();
+    lauf.Chain.LastAnswer = run.kern.Welt.Milliseconds();
     if (Abgebrochen(run)) {
         return;
     }
-    if (lauf.UnitModus != 0xFA || lauf.EintragFertig >= UnitChannels) {
+    if (lauf.Chain.UnitModus != 0xFA || lauf.Chain.EintragFertig >= UnitChannels) {
         return;
     }
-    ++lauf.EintragFertig;
-    run.link.TargetChannel = static_cast<std::uint8_t>(lauf.EintragFertig);
+    ++lauf.Chain.EintragFertig;
+    run.link.TargetChannel = static_cast<std::uint8_t>(lauf.Chain.EintragFertig);
     Unit_Ansprechen(run);
 }
 
@@ -246,7 +246,7 @@ void Schritt_Unit_Fehlgeschlagen(Programmierlauf& run) {
         Schloss_Fertig(run);
         return;
     }
-    const bool list = run.link.Lauf.RunRows != 0;
+    const bool list = run.link.Lauf.List.RunRows != 0;
     Units_Abbrechen(run, RunOutcome::NotReached, 66);
     if (!list) {
         Ende_Zeigen(run, 66);
@@ -257,7 +257,7 @@ void Schritt_Unit_Datenstart_Wiederholen(Programmierlauf& run) {
     if (run.Waiting) {
         return;
     }
-    if (++run.link.Lauf.UnitVersuche > DatenstartRepeats) {
+    if (++run.link.Lauf.Chain.UnitVersuche > DatenstartRepeats) {
         if (UnitReport* unit = Aktuelle(run)) {
             unit->End = UnitReport::State::Failed;
             unit->Note = run.kern.Zeile(66);
@@ -265,7 +265,7 @@ void Schritt_Unit_Datenstart_Wiederholen(Programmierlauf& run) {
         TelTrennen_Senden(run.link);
         return;
     }
-    if (Warten(run, 100, 80) && run.link.Lauf.UnitModus == 0xFD) {
+    if (Warten(run, 100, 80) && run.link.Lauf.Chain.UnitModus == 0xFD) {
         TelDatenStart_Senden(run.link, 0);
     }
 }
@@ -275,7 +275,7 @@ void Schritt_Unit_Bloecke_Start(Programmierlauf& run) {
         return;
     }
     // The unit erases its memory after the acknowledge and hears nothing meanwhile.
-    if (!Warten(run, 1000, 5000) || run.link.Lauf.UnitModus != 0xFD) {
+    if (!Warten(run, 1000, 5000) || run.link.Lauf.Chain.UnitModus != 0xFD) {
         return;
     }
     const auto rows = Zeilen(run);
@@ -283,15 +283,15 @@ void Schritt_Unit_Bloecke_Start(Programmierlauf& run) {
         TelTrennen_Senden(run.link);
         return;
     }
-    run.link.Lauf.UnitRow = 0;
-    run.link.Lauf.UnitPiece = 0;
+    run.link.Lauf.Chain.UnitRow = 0;
+    run.link.Lauf.Chain.UnitPiece = 0;
     Stueck_Senden(run, rows);
 }
 
 void Schritt_Unit_Block_Quittung(Programmierlauf& run) {
     RunState& lauf = run.link.Lauf;
     const auto rows = Zeilen(run);
-    if (run.Waiting || lauf.UnitRow < 0 || lauf.UnitRow >= static_cast<int>(rows.size())) {
+    if (run.Waiting || lauf.Chain.UnitRow < 0 || lauf.Chain.UnitRow >= static_cast<int>(rows.size())) {
         return;
     }
     const std::uint8_t status = run.link.RxByte(14);
@@ -304,29 +304,29 @@ void Schritt_Unit_Block_Quittung(Programmierlauf& run) {
         run.BlockRefused = true;
         unit->End = UnitReport::State::Failed;
     }
-    const ProgSlot& row = *rows[static_cast<std::size_t>(lauf.UnitRow)];
-    ++lauf.UnitPiece;
-    if (static_cast<std::size_t>(lauf.UnitPiece) * PieceLength < row.Template.size()) {
+    const ProgSlot& row = *rows[static_cast<std::size_t>(lauf.Chain.UnitRow)];
+    ++lauf.Chain.UnitPiece;
+    if (static_cast<std::size_t>(lauf.Chain.UnitPiece) * PieceLength < row.Template.size()) {
         Stueck_Senden(run, rows);
         return;
     }
-    lauf.UnitPiece = 0;
-    ++lauf.UnitRow;
-    if (lauf.UnitRow >= static_cast<int>(rows.size())) {
+    lauf.Chain.UnitPiece = 0;
+    ++lauf.Chain.UnitRow;
+    if (lauf.Chain.UnitRow >= static_cast<int>(rows.size())) {
         TelTrennen_Senden(run.link);
         return;
     }
-    if (Warten(run, 100, row.PrFlag == 1 ? 1800 : 400) && lauf.UnitModus == 0xFD) {
+    if (Warten(run, 100, row.PrFlag == 1 ? 1800 : 400) && lauf.Chain.UnitModus == 0xFD) {
         Stueck_Senden(run, rows);
     }
 }
 
 void Schritt_Unit_Getrennt(Programmierlauf& run) {
     RunState& lauf = run.link.Lauf;
-    lauf.UnitModus = 0;
+    lauf.Chain.UnitModus = 0;
     Zum_Schloss_Zurueck(run);
     UnitReport* unit = Aktuelle(run);
-    const bool whole = Konto_Unit_Fertig(run.Konto, lauf.UnitIndex);
+    const bool whole = Konto_Unit_Fertig(run.Konto, lauf.Chain.UnitIndex);
     run.UnitGood = unit != nullptr && whole && unit->End != UnitReport::State::Failed && !run.Cancelled;
     if (unit != nullptr && !run.UnitGood && !run.Cancelled && !run.BlockRefused) {
         // A failed session of this kind takes the units behind it along. One that had all its telegrams, but did not
@@ -341,7 +341,7 @@ void Schritt_Unit_Getrennt(Programmierlauf& run) {
     if (unit != nullptr && run.UnitGood) {
         unit->End = UnitReport::State::Done;
         if (run.Ansicht.Kaestchen) {
-            run.Ansicht.Kaestchen(lauf.UnitIndex + 2);
+            run.Ansicht.Kaestchen(lauf.Chain.UnitIndex + 2);
         }
     }
     Schloss_Fertig(run);

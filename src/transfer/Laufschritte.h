@@ -39,6 +39,9 @@ void Schritt_Benutzer_Zeitgruppen(Programmierlauf& run);
 // End of a lock (LaufEnde.cpp)
 void Schritt_Schloss_Ende(Programmierlauf& run);
 void Schritt_Historie_Fertig(Programmierlauf& run);
+/// The chain leads nowhere any more; the list is not told.
+void Kette_Abbrechen(Programmierlauf& run);
+/// The same by the operator's cancel, which stops the list.
 void Schritt_Abbruch(Programmierlauf& run);
 void Schritt_Kein_Kontakt(Programmierlauf& run);
 void Schritt_Abgelehnt(Programmierlauf& run);

@@ -28,7 +28,9 @@ enum class Whose { Unknown, Ours, Foreign };
 Whose Wessen(const Netzlauf& run, Frame frame) {
     Address serial{};
     std::copy_n(frame.begin() + NetzKopf::Serial.Offset, serial.size(), serial.begin());
-    return serial == Address{} ? Whose::Unknown : serial == run.link.Lauf.LockAddress ? Whose::Ours : Whose::Foreign;
+    return serial == Address{}                         ? Whose::Unknown
+           : serial == run.link.Lauf.Order.LockAddress ? Whose::Ours
+                                                       : Whose::Foreign;
 }
 
 /// Whether a reply means anything at this point of the row. One that does not leaves everything as it was.
@@ -76,14 +78,14 @@ void Historie_Fertig(Netzlauf& run) {
     run.Carry.clear();
     const RunState& lauf = run.link.Lauf;
     Historie_Sichern(run.link);
-    if (lauf.HistoryLost != HistoryLoss::None) {
+    if (lauf.Chain.HistoryLost != HistoryLoss::None) {
         // Programming can erase the events of the lock.
-        if (lauf.HistoryLost == HistoryLoss::Unwritten) {
+        if (lauf.Chain.HistoryLost == HistoryLoss::Unwritten) {
             Netz_Zeile_Fertig(run, "#", LineHistoryUnwritten);
         } else {
-            Netz_Zeile_Gescheitert(run, Historie_Verlust_Text(run.kern, lauf.HistoryLost));
+            Netz_Zeile_Gescheitert(run, Historie_Verlust_Text(run.kern, lauf.Chain.HistoryLost));
         }
-    } else if (lauf.NetMode == HistoryAndProgram) {
+    } else if (lauf.List.NetMode == HistoryAndProgram) {
         Netz_Zeile_Behalten(run);
     } else {
         Netz_Zeile_Fertig(run, "<<", LineHistoryRead, StepNexHstRead);
@@ -92,7 +94,7 @@ void Historie_Fertig(Netzlauf& run) {
 
 /// The next block, or the end of a reading that has become useless.
 void Nach_Historienblock(Netzlauf& run) {
-    const HistoryLoss lost = run.link.Lauf.HistoryLost;
+    const HistoryLoss lost = run.link.Lauf.Chain.HistoryLost;
     if (lost == HistoryLoss::Broken || lost == HistoryLoss::Endless) {
         Historie_Fertig(run);
     } else if (Netz_Frist_Vorbei(run)) {

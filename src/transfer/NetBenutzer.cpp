@@ -6,7 +6,7 @@ namespace qvm {
 namespace {
 
 std::uint8_t Timernummer(const RunState& lauf, const ProgSlot& slot) {
-    return lauf.TimerMode == Timer_A_B ? Timer_Auswahl(lauf.TimerMode, slot) : std::uint8_t{0};
+    return lauf.Values.TimerMode == Timer_A_B ? Timer_Auswahl(lauf.Values.TimerMode, slot) : std::uint8_t{0};
 }
 
 void Masken(Link& link, const NetzFeld& first, const ProgSlot& slot, int base) {

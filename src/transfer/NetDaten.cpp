@@ -25,13 +25,13 @@ void Werte(Netzlauf& run) {
     Link& link = run.link;
     const RunState& lauf = link.Lauf;
     const Dataset& daten = run.Daten;
-    Netz_Feld(link, D::Code1, lauf.AdminCode);
-    Netz_Feld(link, D::Code2, lauf.AdminCode);
+    Netz_Feld(link, D::Code1, lauf.Order.AdminCode);
+    Netz_Feld(link, D::Code2, lauf.Order.AdminCode);
     Netz_Feld(link, D::Channel, static_cast<unsigned>(run.kern.Config.Funkkanal() - 1));
-    Netz_Feld(link, D::Mode, lauf.LockMode);
-    Netz_Feld(link, D::CalendarFlag, lauf.FlagCalendar);
-    Netz_Feld(link, D::TimerFlag, lauf.FlagLockTimer);
-    Netz_Feld(link, D::Priority, lauf.PriorityCode);
+    Netz_Feld(link, D::Mode, lauf.Values.LockMode);
+    Netz_Feld(link, D::CalendarFlag, lauf.Values.FlagCalendar);
+    Netz_Feld(link, D::TimerFlag, lauf.Values.FlagLockTimer);
+    Netz_Feld(link, D::Priority, lauf.Values.PriorityCode);
     if (daten.SignalFlag == "1") {
         Netz_Feld(link, D::Pair1, 3);
         Netz_Feld(link, D::Pair2, 1);
@@ -40,7 +40,7 @@ void Werte(Netzlauf& run) {
         Netz_Feld(link, D::AlwaysOn, daten.AlwaysOn == "1" ? 1 : 0);
         Netz_Feld(link, D::Seconds, static_cast<unsigned>(daten.ListenSeconds));
     }
-    Netz_Feld(link, D::Erase, lauf.EraseOption);
+    Netz_Feld(link, D::Erase, lauf.Order.EraseOption);
 }
 
 template <class Table>

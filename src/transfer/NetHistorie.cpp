@@ -10,8 +10,8 @@ namespace {
 constexpr std::size_t BehindPayload = 2;
 
 void Verloren(RunState& lauf, HistoryLoss why) {
-    if (lauf.HistoryLost == HistoryLoss::None) {
-        lauf.HistoryLost = why;
+    if (lauf.Chain.HistoryLost == HistoryLoss::None) {
+        lauf.Chain.HistoryLost = why;
     }
 }
 
@@ -37,7 +37,7 @@ bool Net_Historie_Anfordern(Netzlauf& run, std::uint8_t code) {
     Netz_Frist_Setzen(run); // for all blocks together
     Net_Kopf(run, run.HistoryBlock, 1, H::LengthWord, code, NetzClearShort);
     Netz_Festes(link, H::Next);
-    Netz_Feld(link, H::AdminCode, link.Lauf.AdminCode);
+    Netz_Feld(link, H::AdminCode, link.Lauf.Order.AdminCode);
     Netz_Feld(link, H::Sum, Bereich_Pruefsumme_Tx(link, H::Sum.Offset - NetzPayload, NetzPayload));
     return Net_Telegramm_Senden(run, H::LengthWord, true, 8000, 1);
 }
@@ -46,7 +46,7 @@ void Net_Historie_Block(Netzlauf& run, std::span<const std::uint8_t> block, int&
     RunState& lauf = run.link.Lauf;
     if (counter == 1) {
         counter = 2;
-        lauf.HistoryFileOpen = 0;
+        lauf.Chain.HistoryFileOpen = 0;
         run.Carry.clear();
     }
     for (std::size_t n = 0; n < block.size(); ++n) {
@@ -60,7 +60,7 @@ void Net_Historie_Block(Netzlauf& run, std::span<const std::uint8_t> block, int&
         const std::span<const std::uint8_t> bytes = run.Carry;
         const HistoryRecord record =
             Historie_Zerlegen(run.kern.Welt, bytes.subspan(at).first<std::size_t{HistoryRecordLength}>());
-        if (++lauf.HistoryRecords > MostHistoryRecords) {
+        if (++lauf.Chain.HistoryRecords > MostHistoryRecords) {
             Verloren(lauf, HistoryLoss::Endless);
             break;
         }

@@ -49,7 +49,7 @@ void Net_Kopf(Netzlauf& run, int block, int count, int length, std::uint8_t code
     Netz_Feld(link, NetzKopf::Block, static_cast<unsigned>(block));
     Netz_Feld(link, NetzKopf::Count, static_cast<unsigned>(count));
     Netz_Feld(link, NetzKopf::Length, static_cast<unsigned>(length));
-    Netz_Feld(link, NetzKopf::Serial, link.Lauf.LockAddress);
+    Netz_Feld(link, NetzKopf::Serial, link.Lauf.Order.LockAddress);
     const auto places = Unit_Plaetze(run.Daten);
     for (std::size_t n = 0; n < AddressesSent; ++n) {
         const Address address = places[n] != nullptr ? places[n]->Serial : Address{};

@@ -122,10 +122,10 @@ void Netz_Programmieren_Beginnen(Netzlauf& run) {
 void Netz_Historie_Beginnen(Netzlauf& run) {
     Netz_Neubeginn(run);
     RunState& lauf = run.link.Lauf;
-    lauf.HistoryFileOpen = lauf.HistoryStop = 0;
-    lauf.HistoryFileName.clear();
-    lauf.HistoryLost = HistoryLoss::None;
-    lauf.HistoryRecords = 0;
+    lauf.Chain.HistoryFileOpen = lauf.Chain.HistoryStop = 0;
+    lauf.Chain.HistoryFileName.clear();
+    lauf.Chain.HistoryLost = HistoryLoss::None;
+    lauf.Chain.HistoryRecords = 0;
     run.HistoryBlocks = 0;
     run.Unproven = false;
     run.HistoryBlock = 1;

@@ -13,7 +13,7 @@ Programmierlauf::Programmierlauf(Link& serialLink)
     : link(serialLink), kern(serialLink.kern), Timer6(kern.Welt, 500), Timer7(kern.Welt, 1000), Timer8(kern.Welt, 20),
       Timer9(kern.Welt, 900), Timer11(kern.Welt, 500) {
     Timer6.Ticked = [this] {
-        int& second = link.Lauf.SecondProgress;
+        int& second = link.Lauf.Progress.SecondProgress;
         second = second + 4 > 27 ? 0 : second + 4;
         Rufen(Ansicht.Fortschritt);
     };
@@ -27,25 +27,7 @@ Programmierlauf::Programmierlauf(Link& serialLink)
 }
 
 void Lauf_Ruecksetzen(Programmierlauf& run) {
-    RunState& lauf = run.link.Lauf;
-    lauf.HistoryOnly = lauf.ReadHistoryFirst = lauf.NetMode = 0;
-    lauf.KanalSuche = lauf.KanalIndex = 0;
-    lauf.LaufZiel.clear();
-    lauf.UnitModus = 0;
-    lauf.AbbruchWunsch = 0;
-    lauf.TwoPassFlag = 0;
-    lauf.SuchLauf = lauf.SuchMarke = 0;
-    lauf.CodeChangePending = lauf.CodeChangeRefused = 0;
-    lauf.WiederholZaehler = 0;
-    lauf.HistoryFileOpen = lauf.HistoryStop = 0;
-    lauf.HistoryFileName.clear();
-    lauf.IdMarke.clear();
-    lauf.IdSecondPart = false;
-    lauf.UnitIndex = 0xFF;
-    lauf.UnitTry = lauf.EintragFertig = lauf.UnitVersuche = 0;
-    lauf.RunRow = lauf.RunRows = 0;
-    lauf.SlotCursor = 0;
-    lauf.TimerPart = lauf.HolidayPart = 0;
+    run.link.Lauf.Chain = {};
     run.link.DeviceClassByte = 0x11;
     run.link.AddressMode = 0;
     run.Bericht = {};
@@ -54,7 +36,7 @@ void Lauf_Ruecksetzen(Programmierlauf& run) {
 }
 
 void Lauf_Werte_Uebernehmen(Programmierlauf& run) {
-    run.link.Lauf.ListenWindow = run.Daten.UnitMode == "3";
+    run.link.Lauf.Values.ListenWindow = run.Daten.UnitMode == "3";
 }
 
 void Lauf_Beginnen(Programmierlauf& run) {
@@ -64,15 +46,15 @@ void Lauf_Beginnen(Programmierlauf& run) {
     run.UnitGood = run.UnitRepeated = run.BlockRefused = run.Waiting = false;
     ++run.RunNumber;
     RunState& lauf = run.link.Lauf;
-    lauf.Phase = RunPhase::Open;
-    lauf.WiederholZaehler = 0;
-    lauf.HistoryLost = HistoryLoss::None;
-    lauf.HistoryRead = false;
-    lauf.HistoryRecords = 0;
-    lauf.AbbruchWunsch = 0;
-    lauf.UnitIndex = 0xFF;
-    lauf.LastAnswer = run.kern.Welt.Milliseconds();
-    run.link.TargetAddress = lauf.LockAddress;
+    lauf.Chain.Phase = RunPhase::Open;
+    lauf.Chain.WiederholZaehler = 0;
+    lauf.Chain.HistoryLost = HistoryLoss::None;
+    lauf.Chain.HistoryRead = false;
+    lauf.Chain.HistoryRecords = 0;
+    lauf.Chain.AbbruchWunsch = 0;
+    lauf.Chain.UnitIndex = 0xFF;
+    lauf.Chain.LastAnswer = run.kern.Welt.Milliseconds();
+    run.link.TargetAddress = lauf.Order.LockAddress;
     run.link.AddressMode = 0;
     run.link.Rx.Ruecksetzen();
     run.Konto = Konto_Anlegen(lauf, run.Daten);
@@ -92,7 +74,7 @@ void Lauf_Beginnen(Programmierlauf& run) {
 
 void Lauf_Abbrechen(Programmierlauf& run) {
     if (!run.Gesamtende) {
-        run.link.Lauf.AbbruchWunsch = 1;
+        run.link.Lauf.Chain.AbbruchWunsch = 1;
     }
 }
 
@@ -102,7 +84,7 @@ namespace {
 void Warten_Beenden(Programmierlauf& run, RunOutcome outcome, std::string_view text) {
     Rufen(run.Ansicht.Wartebox_Schliessen);
     Zum_Schloss_Zurueck(run);
-    run.link.Lauf.UnitModus = 0;
+    run.link.Lauf.Chain.UnitModus = 0;
     Lauf_Beenden(run, outcome, text);
 }
 
@@ -115,10 +97,14 @@ void Lauf_Aufgeben(Programmierlauf& run, RunOutcome outcome) {
 }
 
 void Lauf_Verlassen(Programmierlauf& run, RunOutcome outcome, std::string_view text) {
-    if (run.kern.Welt.Port.IsOpen()) {
-        Abbruch_Ausfuehren(run.link);
-    } else {
+    // Only a cancel by the operator ends the list with its row.
+    if (outcome == RunOutcome::Cancelled) {
         Schritt_Abbruch(run);
+    } else {
+        Kette_Abbrechen(run);
+    }
+    if (run.kern.Welt.Port.IsOpen()) {
+        Sitzung_Schliessen(run.link);
     }
     Warten_Beenden(run, outcome, text);
 }
@@ -132,7 +118,7 @@ bool Lauf_Ohne_Adapter(const Programmierlauf& run) {
 }
 
 bool Lauf_Abgebrochen(const Programmierlauf& run) {
-    return run.Cancelled || run.link.Lauf.AbbruchWunsch != 0;
+    return run.Cancelled || run.link.Lauf.Chain.AbbruchWunsch != 0;
 }
 
 bool Lauf_Wartet(const Programmierlauf& run) {
@@ -142,7 +128,7 @@ bool Lauf_Wartet(const Programmierlauf& run) {
 std::int64_t Lauf_Stille(const Programmierlauf& run) {
     // A lock that is polled may be silent for good.
     const bool own = Lauf_Wartet(run) && !run.Timer7.Running();
-    return run.Gesamtende || own ? 0 : run.kern.Welt.Milliseconds() - run.link.Lauf.LastAnswer;
+    return run.Gesamtende || own ? 0 : run.kern.Welt.Milliseconds() - run.link.Lauf.Chain.LastAnswer;
 }
 
 namespace {
@@ -216,7 +202,7 @@ void Lauf_Haken_Setzen(Programmierlauf& run, LinkHooks& hooks) {
     hooks.Historie_Anzeigen = [&run] { Rufen(run.Ansicht.Historie_Beschriften); };
     hooks.Historie_Eintrag = [&run] {
         if (!Historie_Eintrag(run.link, run.LockName, run.Ansicht.Zustand, Lauf_Schloss(run))) {
-            run.link.Lauf.HistoryLost = HistoryLoss::Unwritten;
+            run.link.Lauf.Chain.HistoryLost = HistoryLoss::Unwritten;
         }
     };
     hooks.Historie_Fertig = Haken(run, Schritt_Historie_Fertig);

@@ -81,7 +81,7 @@ struct RunView {
     std::function<void()> Hauptfenster_Freigeben;
 };
 
-/// The list run's part at the end of a lock. Used only while RunState::RunRows is not 0.
+/// The list run's part at the end of a lock. Used only while ListState::RunRows is not 0.
 struct ListView {
     std::function<void(const std::string& mark, const std::string& text)> Zeile_Markieren; ///< the present row
     std::function<void()> Naechste_Zeile; ///< the row is done: raises RunRow and plans the next one
@@ -126,7 +126,7 @@ struct Programmierlauf {
     Timer Timer11; ///< one shot: next radio channel of a unit's opening
 };
 
-/// All flags of a run back to their start, before a lock or a list is begun. Dataset and erase option stay.
+/// Nothing of an earlier run is left in chain and report, before a lock is begun. The list stays.
 void Lauf_Ruecksetzen(Programmierlauf& run);
 /// Starts the chain with the login telegram; everything else stands in RunState. Clears the report. Without a port the
 /// run ends at once (NoPort) in the finished state.
@@ -136,7 +136,8 @@ void Lauf_Abbrechen(Programmierlauf& run);
 /// Gives up a run that nobody answers: stops the timers, closes the port and ends with `outcome`.
 void Lauf_Aufgeben(Programmierlauf& run, RunOutcome outcome);
 /// Leaves a lock that is silent, so that a list can go on: its session is closed as by a cancel while the port is open,
-/// but nobody waits for the answer. The port stays as it is; the report says `outcome` and `text`.
+/// but nobody waits for the answer. The port stays as it is; the report says `outcome` and `text`. Cancelled ends the
+/// list, too.
 void Lauf_Verlassen(Programmierlauf& run, RunOutcome outcome, std::string_view text);
 /// Milliseconds since the lock last answered what it was asked, or said what leads the run on; 0 while the run is in a
 /// wait of its own or has ended.

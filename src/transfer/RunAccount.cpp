@@ -53,14 +53,14 @@ bool Benutzercode(std::uint8_t code) {
 }
 
 bool An_Unit(const RunState& lauf) {
-    return lauf.UnitModus != 0 || lauf.LaufZiel == "UNIT";
+    return lauf.Chain.UnitModus != 0 || lauf.Chain.LaufZiel == "UNIT";
 }
 
 /// The item that a telegram is; -1 when the run owes no such one.
 int Posten_Finden(const RunAccount& account, Words frame, const RunState& lauf) {
     const auto code = static_cast<std::uint8_t>(frame[2]);
     const bool unit = An_Unit(lauf);
-    const int who = unit ? lauf.UnitIndex : Benutzercode(code) ? lauf.SlotCursor : -1;
+    const int who = unit ? lauf.Chain.UnitIndex : Benutzercode(code) ? lauf.Chain.SlotCursor : -1;
     const int detail = Kennzeichen(frame);
     const auto found = std::find_if(account.Items.begin(), account.Items.end(), [&](const AccountItem& item) {
         return item.Code == code && item.Detail == detail && item.Who == who &&
@@ -114,8 +114,8 @@ void Ungewollt(RunAccount& account, std::uint8_t code, const RunState& lauf) {
     account.Items.push_back({.Part = unit ? AccountPart::Unit : Art(code),
                              .Code = code,
                              .Detail = Unwanted,
-                             .Who = unit                 ? lauf.UnitIndex
-                                    : Benutzercode(code) ? lauf.SlotCursor
+                             .Who = unit                 ? lauf.Chain.UnitIndex
+                                    : Benutzercode(code) ? lauf.Chain.SlotCursor
                                                          : -1,
                              .Pass = account.Pass,
                              .Out = true,

@@ -61,7 +61,7 @@ std::string Unit_Schritt(const Programmierlauf& run, const AccountItem& item) {
 std::string Schritt(const Programmierlauf& run, const AccountItem& item) {
     switch (item.Part) {
     case AccountPart::History:
-        return Wort(run.kern, Word::StepHistory, {Ziffern(run.link.Lauf.HistoryRecords)});
+        return Wort(run.kern, Word::StepHistory, {Ziffern(run.link.Lauf.Chain.HistoryRecords)});
     case AccountPart::User:
         return Wort(run.kern, Word::StepUsers,
                     {Ziffern(item.Who + 1), Ziffern(static_cast<int>(run.Daten.Slots.size()))});

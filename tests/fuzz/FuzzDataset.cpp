@@ -122,7 +122,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         Require(!slot.Name.empty() && slot.Name.size() <= 16 && slot.Template.size() <= 1000);
         (void)Schluessel_Zerlegen(slot.TransponderA);
         (void)Dezimalwerte(slot.TransponderB, 16);
-        (void)Timer_Auswahl(link.Lauf.TimerMode, slot);
+        (void)Timer_Auswahl(link.Lauf.Values.TimerMode, slot);
     }
     return 0;
 }

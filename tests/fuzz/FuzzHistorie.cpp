@@ -33,7 +33,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     kern.Sprache.LanguageText.fill("text");
     Link link(kern);
     const std::string name(reinterpret_cast<const char*>(data), NameLength);
-    link.Lauf.HistoryCutoff.assign(reinterpret_cast<const char*>(data + NameLength), CutoffLength);
+    link.Lauf.Order.HistoryCutoff.assign(reinterpret_cast<const char*>(data + NameLength), CutoffLength);
 
     std::ptrdiff_t lines = 1;
     int shown = 0;

@@ -92,8 +92,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     link.PortNummer = 1;
     Dataset dataset;
     const std::uint8_t kind = in.Next();
-    link.Lauf.NetMode = (kind & 1U) != 0 ? 0xFF : 0x80;
-    link.Lauf.RunRow = link.Lauf.RunRows = 1;
+    link.Lauf.List.NetMode = (kind & 1U) != 0 ? 0xFF : 0x80;
+    link.Lauf.List.RunRow = link.Lauf.List.RunRows = 1;
     Fill(dataset, in);
     Netzlauf run(link, dataset);
     run.LockName = "Lock";

@@ -14,26 +14,26 @@ struct Antwort_Verteilen_Refusal : DispatcherFixture {
 };
 
 TEST_F(Antwort_Verteilen_Refusal, a_refused_erase_of_a_unit_is_repeated) {
-    link.Lauf.UnitModus = 0xFD;
+    link.Lauf.Chain.UnitModus = 0xFD;
     TelDatenStart_Senden(link, 0);
     Refuse(0x64);
     EXPECT_THAT(Called, ElementsAre("Unit_Datenstart_Wiederholen"));
 }
 
 TEST_F(Antwort_Verteilen_Refusal, a_unit_that_is_being_opened_is_tried_on_the_next_channel_until_all_twelve_are_used) {
-    link.Lauf.UnitModus = 0xFA;
-    link.Lauf.UnitTry = 0x38;
+    link.Lauf.Chain.UnitModus = 0xFA;
+    link.Lauf.Chain.UnitTry = 0x38;
     TelKanalLesen_Senden(link, 1);
-    link.Lauf.EintragFertig = 11;
+    link.Lauf.Chain.EintragFertig = 11;
     Refuse(0x64);
     EXPECT_THAT(Called, ElementsAre("Unit_Naechster_Kanal"));
-    link.Lauf.EintragFertig = 12;
+    link.Lauf.Chain.EintragFertig = 12;
     Refuse(0x64);
     EXPECT_THAT(Called, ElementsAre("Unit_Fehlgeschlagen"));
 }
 
 TEST_F(Antwort_Verteilen_Refusal, any_other_refusal_in_a_unit_session_ends_it) {
-    link.Lauf.UnitModus = 0xFD;
+    link.Lauf.Chain.UnitModus = 0xFD;
     TelUnitOeffnen_Senden(link, {});
     Refuse(0x65);
     EXPECT_THAT(Called, ElementsAre("Unit_Fehlgeschlagen"));
@@ -45,16 +45,16 @@ TEST_F(Antwort_Verteilen_Refusal, a_refused_sign_of_life_changes_nothing) {
         Refuse(static_cast<std::uint8_t>(reason));
         EXPECT_THAT(Called, IsEmpty());
         EXPECT_THAT(Sent(), IsEmpty());
-        EXPECT_FALSE(link.Lauf.AnswerSeen);
+        EXPECT_FALSE(link.Lauf.Chain.AnswerSeen);
     }
 }
 
 TEST_F(Antwort_Verteilen_Refusal, an_empty_channel_of_a_scan_is_counted_and_the_scan_goes_on) {
-    link.Lauf.SuchMarke = 0xAD;
+    link.Lauf.Chain.SuchMarke = 0xAD;
     Refuse(0x64);
     EXPECT_THAT(Called, ElementsAre("Unit_Kanal_Leer"));
-    link.Lauf.SuchMarke = 0;
-    link.Lauf.SuchLauf = 1;
+    link.Lauf.Chain.SuchMarke = 0;
+    link.Lauf.Chain.SuchLauf = 1;
     Refuse(0x64);
     EXPECT_THAT(Called, ElementsAre("Suchlauf_Schritt"));
 }
@@ -62,14 +62,14 @@ TEST_F(Antwort_Verteilen_Refusal, an_empty_channel_of_a_scan_is_counted_and_the_
 TEST_F(Antwort_Verteilen_Refusal, no_contact_goes_to_the_search_the_unit_or_the_end) {
     Refuse(0x64);
     EXPECT_THAT(Called, ElementsAre("Kein_Kontakt"));
-    link.Lauf.LaufZiel = "UNIT";
+    link.Lauf.Chain.LaufZiel = "UNIT";
     Refuse(0x64);
     EXPECT_THAT(Called, ElementsAre("Unit_Kein_Kontakt"));
-    link.Lauf.LaufZiel = "F20";
+    link.Lauf.Chain.LaufZiel = "F20";
     Refuse(0x64);
     EXPECT_THAT(Called, ElementsAre("Kanal_Weiter"));
-    link.Lauf.LaufZiel.clear();
-    link.Lauf.KanalSuche = 1;
+    link.Lauf.Chain.LaufZiel.clear();
+    link.Lauf.Chain.KanalSuche = 1;
     Refuse(0x64);
     EXPECT_THAT(Called, ElementsAre("Kanal_Weiter"));
     EXPECT_THAT(Sent(), IsEmpty());
@@ -96,7 +96,7 @@ TEST_F(Antwort_Verteilen_Refusal, reasons_68_69_unknown_ones_and_none_do_nothing
 }
 
 TEST_F(Antwort_Verteilen_Refusal, without_a_run_one_that_no_device_owes_is_noise) {
-    link.Lauf.Phase = RunPhase::None;
+    link.Lauf.Chain.Phase = RunPhase::None;
     const auto expectNoise = [this] {
         for (const int reason : {0x64, 0x65, 0x66, 0x67, 0x68, 0x69, 0x6A}) {
             Refuse(static_cast<std::uint8_t>(reason));
@@ -118,7 +118,7 @@ TEST_F(Antwort_Verteilen_Refusal, without_a_run_one_that_no_device_owes_is_noise
     TelKarteStart_Senden(link);
     TelAdapterDaten_Senden(link);
     expectNoise();
-    link.Lauf.CodeChangePending = 0xFF;
+    link.Lauf.Chain.CodeChangePending = 0xFF;
     Refuse(0x65);
     EXPECT_THAT(Called, ElementsAre("Abgelehnt"));
 }

@@ -57,28 +57,28 @@ TEST_F(Antwort_Verteilen_Reply, an_unknown_code_does_nothing) {
 // Login.
 
 TEST_F(Antwort_Verteilen_Reply, an_accepted_login_with_the_clock_switch_sends_the_date) {
-    link.Lauf.FlagSetClock = 1;
-    link.Lauf.ReadHistoryFirst = 1;
+    link.Lauf.Values.FlagSetClock = 1;
+    link.Lauf.Chain.ReadHistoryFirst = 1;
     ReplyStatus(0x04, 4);
     EXPECT_THAT(Sent(), ElementsAre(0x07));
     EXPECT_EQ(link.Device.Serial, (Address{0x0A, 0x0B, 0x0C, 0x0D}));
 }
 
 TEST_F(Antwort_Verteilen_Reply, an_accepted_login_without_clock_begins_the_history_when_it_is_wanted) {
-    link.Lauf.ReadHistoryFirst = 1;
-    link.Lauf.HistoryStop = 0xFF;
-    link.Lauf.HistoryFileOpen = 1;
+    link.Lauf.Chain.ReadHistoryFirst = 1;
+    link.Lauf.Chain.HistoryStop = 0xFF;
+    link.Lauf.Chain.HistoryFileOpen = 1;
     ReplyStatus(0x04, 4);
     EXPECT_THAT(Sent(), ElementsAre(0x17));
     EXPECT_EQ(SentByte(14), 0);
-    EXPECT_EQ(link.Lauf.HistoryStop, 0);
-    EXPECT_EQ(link.Lauf.HistoryFileOpen, 0);
+    EXPECT_EQ(link.Lauf.Chain.HistoryStop, 0);
+    EXPECT_EQ(link.Lauf.Chain.HistoryFileOpen, 0);
     EXPECT_THAT(Called, ElementsAre("Historie_Anzeigen"));
 }
 
 TEST_F(Antwort_Verteilen_Reply, an_accepted_login_without_clock_and_history_sends_the_erase_telegram_at_once) {
-    link.Lauf.SerialValue = SerialS;
-    link.Lauf.EraseOption = 1;
+    link.Lauf.Order.SerialValue = SerialS;
+    link.Lauf.Order.EraseOption = 1;
     ReplyStatus(0x04, 4);
     EXPECT_THAT(Sent(), ElementsAre(0x27));
     EXPECT_EQ(SentByte(14), 1);
@@ -97,33 +97,33 @@ TEST_F(Antwort_Verteilen_Reply, a_login_is_refused_by_any_other_status_and_by_a_
 }
 
 TEST_F(Antwort_Verteilen_Reply, a_login_for_a_code_change_sends_nothing_and_ends_its_wait) {
-    link.Lauf.CodeChangePending = 0xFF;
-    link.Lauf.KanalSuche = 1;
+    link.Lauf.Chain.CodeChangePending = 0xFF;
+    link.Lauf.Chain.KanalSuche = 1;
     ReplyStatus(0x04, 4);
     EXPECT_THAT(Sent(), IsEmpty());
     EXPECT_THAT(Called, IsEmpty());
-    EXPECT_EQ(link.Lauf.CodeChangePending, 0);
-    EXPECT_EQ(link.Lauf.KanalSuche, 0);
+    EXPECT_EQ(link.Lauf.Chain.CodeChangePending, 0);
+    EXPECT_EQ(link.Lauf.Chain.KanalSuche, 0);
 }
 
 TEST_F(Antwort_Verteilen_Reply, a_login_found_by_the_channel_search_moves_the_lock_to_the_systems_channel) {
-    link.Lauf.KanalSuche = 1;
+    link.Lauf.Chain.KanalSuche = 1;
     ReplyStatus(0x04, 4);
     EXPECT_THAT(Sent(), ElementsAre(0x28));
     EXPECT_EQ(SentByte(14), 6);
-    EXPECT_EQ(link.Lauf.KanalSuche, 0);
+    EXPECT_EQ(link.Lauf.Chain.KanalSuche, 0);
 }
 
 TEST_F(Antwort_Verteilen_Reply, a_login_refused_during_the_channel_search_goes_to_the_search) {
-    link.Lauf.KanalSuche = 1;
+    link.Lauf.Chain.KanalSuche = 1;
     ReplyStatus(0x04, 1);
     EXPECT_THAT(Sent(), IsEmpty());
     EXPECT_THAT(Called, ElementsAre("Suche_Abgelehnt"));
 }
 
 TEST_F(Antwort_Verteilen_Reply, a_unit_of_type_1_gets_the_locks_serial_after_its_login_only_when_it_accepts) {
-    link.Lauf.LaufZiel = "UNIT";
-    link.Lauf.LockAddress = {0x0A, 0x0B, 0x0C, 0x0D};
+    link.Lauf.Chain.LaufZiel = "UNIT";
+    link.Lauf.Order.LockAddress = {0x0A, 0x0B, 0x0C, 0x0D};
     ReplyStatus(0x04, 4);
     EXPECT_THAT(Sent(), ElementsAre(0x3D));
     EXPECT_EQ(SentByte(14), 0x0A);
@@ -134,19 +134,19 @@ TEST_F(Antwort_Verteilen_Reply, a_unit_of_type_1_gets_the_locks_serial_after_its
 }
 
 TEST_F(Antwort_Verteilen_Reply, a_unit_in_block_transfer_is_erased_with_option_0_after_its_login_whatever_the_status) {
-    link.Lauf.UnitModus = 0xFD;
-    link.Lauf.EraseOption = 1;
-    link.Lauf.SerialValue = SerialZ;
-    link.Lauf.UnitRow = 3;
+    link.Lauf.Chain.UnitModus = 0xFD;
+    link.Lauf.Order.EraseOption = 1;
+    link.Lauf.Order.SerialValue = SerialZ;
+    link.Lauf.Chain.UnitRow = 3;
     ReplyStatus(0x04, 0);
     EXPECT_THAT(Sent(), ElementsAre(0x27));
     EXPECT_EQ(SentByte(14), 0);
-    EXPECT_EQ(link.Lauf.UnitRow, 0);
+    EXPECT_EQ(link.Lauf.Chain.UnitRow, 0);
     EXPECT_THAT(Called, IsEmpty()) << "no polling in a unit session";
 }
 
 TEST_F(Antwort_Verteilen_Reply, a_login_of_a_unit_search_goes_to_the_search) {
-    link.Lauf.SuchLauf = 1;
+    link.Lauf.Chain.SuchLauf = 1;
     ReplyStatus(0x04, 4);
     EXPECT_THAT(Called, ElementsAre("Suchlauf_Schritt"));
 }
@@ -158,7 +158,7 @@ TEST_F(Antwort_Verteilen_Reply, the_date_is_followed_by_the_time_and_that_by_his
     EXPECT_THAT(Sent(), ElementsAre(0x09));
     Reply(0x09);
     EXPECT_THAT(Sent(), ElementsAre(0x2F));
-    link.Lauf.HistoryOnly = 1;
+    link.Lauf.Chain.HistoryOnly = 1;
     Reply(0x09);
     EXPECT_THAT(Sent(), ElementsAre(0x17));
 }
@@ -178,14 +178,14 @@ TEST_F(Antwort_Verteilen_Reply, a_history_record_is_written_before_the_next_one_
 }
 
 TEST_F(Antwort_Verteilen_Reply, the_end_of_a_history_run_disconnects_and_before_programming_it_leads_to_the_priority) {
-    link.Lauf.HistoryOnly = 1;
+    link.Lauf.Chain.HistoryOnly = 1;
     link.TxBuffer[2] = 0x17;
     Reply(0x17, HistoryReply(0xFF));
     EXPECT_THAT(Called, ElementsAre("Historie_Fertig"));
     EXPECT_THAT(Sent(), ElementsAre(0x05));
-    link.Lauf.HistoryOnly = 0;
-    link.Lauf.ReadHistoryFirst = 1;
-    link.Lauf.HistoryRead = false;
+    link.Lauf.Chain.HistoryOnly = 0;
+    link.Lauf.Chain.ReadHistoryFirst = 1;
+    link.Lauf.Chain.HistoryRead = false;
     link.TxBuffer[2] = 0x17;
     Reply(0x17, HistoryReply(0xFF));
     EXPECT_THAT(Called, ElementsAre("Historie_Fertig"));
@@ -193,45 +193,45 @@ TEST_F(Antwort_Verteilen_Reply, the_end_of_a_history_run_disconnects_and_before_
 }
 
 TEST_F(Antwort_Verteilen_Reply, a_record_too_short_is_no_end_of_a_history_that_is_wanted) {
-    link.Lauf.ReadHistoryFirst = 1;
+    link.Lauf.Chain.ReadHistoryFirst = 1;
     link.TxBuffer[2] = 0x17;
     Reply(0x17, std::vector<std::uint8_t>(31, 0x20)); // one byte short of the event
     EXPECT_THAT(Called, ElementsAre("Historie_Fertig"));
     EXPECT_THAT(Sent(), ElementsAre(0x05));
-    EXPECT_EQ(link.Lauf.HistoryLost, HistoryLoss::Broken);
+    EXPECT_EQ(link.Lauf.Chain.HistoryLost, HistoryLoss::Broken);
     // And what comes behind it does not lead to the erase telegram any more.
     Reply(0x2F);
     EXPECT_THAT(Sent(), ElementsAre(0x05));
 }
 
 TEST_F(Antwort_Verteilen_Reply, an_end_that_nobody_asked_for_is_no_end_of_a_history) {
-    link.Lauf.ReadHistoryFirst = 1;
+    link.Lauf.Chain.ReadHistoryFirst = 1;
     link.TxBuffer[2] = 0x09;
     Reply(0x17, HistoryReply(0xFF));
     EXPECT_THAT(Sent(), ElementsAre(0x05));
-    EXPECT_EQ(link.Lauf.HistoryLost, HistoryLoss::Broken);
+    EXPECT_EQ(link.Lauf.Chain.HistoryLost, HistoryLoss::Broken);
 }
 
 TEST_F(Antwort_Verteilen_Reply, a_history_without_end_is_given_up_behind_ten_thousand_records) {
-    link.Lauf.ReadHistoryFirst = 1;
+    link.Lauf.Chain.ReadHistoryFirst = 1;
     link.TxBuffer[2] = 0x17;
-    link.Lauf.HistoryRecords = 9999;
+    link.Lauf.Chain.HistoryRecords = 9999;
     Reply(0x17, HistoryReply(0x13));
     EXPECT_THAT(Called, ElementsAre("Historie_Eintrag"));
     EXPECT_THAT(Sent(), ElementsAre(0x17));
     Reply(0x17, HistoryReply(0x13));
     EXPECT_THAT(Called, ElementsAre("Historie_Fertig"));
     EXPECT_THAT(Sent(), ElementsAre(0x05));
-    EXPECT_EQ(link.Lauf.HistoryLost, HistoryLoss::Endless);
+    EXPECT_EQ(link.Lauf.Chain.HistoryLost, HistoryLoss::Endless);
 }
 
 TEST_F(Antwort_Verteilen_Reply, an_end_or_a_record_of_another_lock_is_no_part_of_a_history) {
-    link.Lauf.LockAddress = {0x00, 0x0A, 0x10, 0x01};
+    link.Lauf.Order.LockAddress = {0x00, 0x0A, 0x10, 0x01};
     for (const std::uint8_t event : {std::uint8_t{0xFF}, std::uint8_t{0x13}}) {
         for (const std::uint8_t last : {std::uint8_t{0x01}, std::uint8_t{0x02}}) {
-            link.Lauf.ReadHistoryFirst = 1;
-            link.Lauf.HistoryLost = HistoryLoss::None;
-            link.Lauf.HistoryRead = false;
+            link.Lauf.Chain.ReadHistoryFirst = 1;
+            link.Lauf.Chain.HistoryLost = HistoryLoss::None;
+            link.Lauf.Chain.HistoryRead = false;
             link.TxBuffer[2] = 0x17;
             std::vector<std::uint8_t> bytes = HistoryReply(event);
             bytes[5] = 0x0A; // the serial stands at 7 to 10
@@ -239,14 +239,14 @@ TEST_F(Antwort_Verteilen_Reply, an_end_or_a_record_of_another_lock_is_no_part_of
             bytes[7] = last;
             Reply(0x17, bytes);
             const bool own = last == 0x01;
-            EXPECT_EQ(link.Lauf.HistoryLost, own ? HistoryLoss::None : HistoryLoss::Broken);
+            EXPECT_EQ(link.Lauf.Chain.HistoryLost, own ? HistoryLoss::None : HistoryLoss::Broken);
             EXPECT_THAT(Sent(), ElementsAre(!own ? 0x05 : event == 0xFF ? 0x2F : 0x17));
         }
     }
 }
 
 TEST_F(Antwort_Verteilen_Reply, a_device_that_answers_all_with_records_is_given_up_at_the_40th_disconnect) {
-    link.Lauf.ReadHistoryFirst = 1;
+    link.Lauf.Chain.ReadHistoryFirst = 1;
     link.TxBuffer[2] = 0x09;
     for (int n = 1; n < 40; ++n) {
         Reply(0x17, HistoryReply(0x13));
@@ -258,7 +258,7 @@ TEST_F(Antwort_Verteilen_Reply, a_device_that_answers_all_with_records_is_given_
 }
 
 TEST_F(Antwort_Verteilen_Reply, a_device_that_answers_all_with_the_end_of_a_history_is_given_up_too) {
-    link.Lauf.HistoryOnly = 1;
+    link.Lauf.Chain.HistoryOnly = 1;
     link.TxBuffer[2] = 0x17;
     for (int n = 1; n < 40; ++n) {
         Reply(0x17, HistoryReply(0xFF));
@@ -266,22 +266,22 @@ TEST_F(Antwort_Verteilen_Reply, a_device_that_answers_all_with_the_end_of_a_hist
     }
     Reply(0x17, HistoryReply(0xFF));
     EXPECT_THAT(Sent(), IsEmpty());
-    EXPECT_EQ(link.Lauf.HistoryLost, HistoryLoss::None);
+    EXPECT_EQ(link.Lauf.Chain.HistoryLost, HistoryLoss::None);
 }
 
 TEST_F(Antwort_Verteilen_Reply, behind_the_end_of_a_reading_a_wrong_reply_costs_no_event) {
-    link.Lauf.HistoryOnly = 1;
+    link.Lauf.Chain.HistoryOnly = 1;
     link.TxBuffer[2] = 0x17;
     Reply(0x17, HistoryReply(0xFF));
     Reply(0x2F);
     EXPECT_THAT(Sent(), ElementsAre(0x05));
-    EXPECT_EQ(link.Lauf.HistoryLost, HistoryLoss::None);
+    EXPECT_EQ(link.Lauf.Chain.HistoryLost, HistoryLoss::None);
 }
 
 TEST_F(Antwort_Verteilen_Reply, an_end_whose_events_did_not_reach_the_disk_leads_to_no_erase) {
-    link.Lauf.ReadHistoryFirst = 1;
+    link.Lauf.Chain.ReadHistoryFirst = 1;
     link.TxBuffer[2] = 0x17;
-    link.Hooks.Historie_Fertig = [this] { link.Lauf.HistoryLost = HistoryLoss::Unwritten; };
+    link.Hooks.Historie_Fertig = [this] { link.Lauf.Chain.HistoryLost = HistoryLoss::Unwritten; };
     Reply(0x17, HistoryReply(0xFF));
     EXPECT_THAT(Sent(), ElementsAre(0x05));
 }
@@ -289,8 +289,8 @@ TEST_F(Antwort_Verteilen_Reply, an_end_whose_events_did_not_reach_the_disk_leads
 TEST_F(Antwort_Verteilen_Reply, no_reply_leads_a_run_that_reads_to_an_erase_or_a_write) {
     for (int code = 0; code < 0x60; ++code) {
         SCOPED_TRACE(code);
-        link.Lauf.HistoryOnly = 1;
-        link.Lauf.HistoryLost = HistoryLoss::None;
+        link.Lauf.Chain.HistoryOnly = 1;
+        link.Lauf.Chain.HistoryLost = HistoryLoss::None;
         link.TxBuffer[2] = 0x17;
         Reply(static_cast<std::uint8_t>(code));
         const std::vector<int> sent = Sent();
@@ -301,10 +301,10 @@ TEST_F(Antwort_Verteilen_Reply, no_reply_leads_a_run_that_reads_to_an_erase_or_a
 }
 
 TEST_F(Antwort_Verteilen_Reply, the_record_behind_the_cut_off_and_a_record_too_short_end_the_reading) {
-    link.Lauf.HistoryStop = 0xFF;
+    link.Lauf.Chain.HistoryStop = 0xFF;
     Reply(0x17, HistoryReply(0x13));
     EXPECT_THAT(Sent(), ElementsAre(0x2F));
-    link.Lauf.HistoryStop = 0;
+    link.Lauf.Chain.HistoryStop = 0;
     Reply(0x17, {1, 2, 3});
     EXPECT_THAT(Sent(), ElementsAre(0x2F));
     EXPECT_THAT(Called, ElementsAre("Historie_Fertig"));
@@ -312,32 +312,32 @@ TEST_F(Antwort_Verteilen_Reply, the_record_behind_the_cut_off_and_a_record_too_s
 
 TEST_F(Antwort_Verteilen_Reply, the_priority_is_followed_by_the_erase_telegram_and_polling_only_in_range_z) {
     for (const std::uint32_t serial : {SerialS, SerialT, 0x01000000U, 0x02000001U}) {
-        link.Lauf.SerialValue = serial;
+        link.Lauf.Order.SerialValue = serial;
         Reply(0x2F);
         EXPECT_THAT(Sent(), ElementsAre(0x27)) << serial;
         EXPECT_THAT(Called, IsEmpty()) << serial;
     }
     for (const std::uint32_t serial : {0x01000001U, SerialZ, 0x02000000U}) {
-        link.Lauf.SerialValue = serial;
-        link.Lauf.AnswerSeen = true;
-        link.Lauf.AnswerTicks = 7;
+        link.Lauf.Order.SerialValue = serial;
+        link.Lauf.Chain.AnswerSeen = true;
+        link.Lauf.Chain.AnswerTicks = 7;
         Reply(0x2F);
         EXPECT_THAT(Sent(), ElementsAre(0x27)) << serial;
         EXPECT_THAT(Called, ElementsAre("Abfrage_Starten")) << serial;
-        EXPECT_FALSE(link.Lauf.AnswerSeen);
-        EXPECT_EQ(link.Lauf.AnswerTicks, 0);
+        EXPECT_FALSE(link.Lauf.Chain.AnswerSeen);
+        EXPECT_EQ(link.Lauf.Chain.AnswerTicks, 0);
     }
 }
 
 TEST_F(Antwort_Verteilen_Reply, the_erase_reply_leads_on_except_for_a_polled_lock) {
     for (const std::uint32_t serial : {SerialS, 0x01000000U, 0x02000000U, 0x02000001U, SerialT}) {
-        link.Lauf.SerialValue = serial;
+        link.Lauf.Order.SerialValue = serial;
         Reply(0x27);
         EXPECT_THAT(Sent(), ElementsAre(0x25)) << serial;
         EXPECT_THAT(Called, ElementsAre("Abfrage_Stoppen")) << serial;
     }
     for (const std::uint32_t serial : {0x01000001U, SerialZ, 0x01FFFFFFU}) {
-        link.Lauf.SerialValue = serial;
+        link.Lauf.Order.SerialValue = serial;
         Reply(0x27);
         EXPECT_THAT(Sent(), IsEmpty()) << serial;
         EXPECT_THAT(Called, IsEmpty()) << serial;
@@ -346,9 +346,9 @@ TEST_F(Antwort_Verteilen_Reply, the_erase_reply_leads_on_except_for_a_polled_loc
 
 TEST_F(Antwort_Verteilen_Reply, a_sign_of_life_is_remembered_and_answers_nothing) {
     for (const int code : {0x06, 0x08}) {
-        link.Lauf.AnswerSeen = false;
+        link.Lauf.Chain.AnswerSeen = false;
         Reply(static_cast<std::uint8_t>(code));
-        EXPECT_TRUE(link.Lauf.AnswerSeen);
+        EXPECT_TRUE(link.Lauf.Chain.AnswerSeen);
         EXPECT_THAT(Sent(), IsEmpty());
     }
 }
@@ -356,14 +356,14 @@ TEST_F(Antwort_Verteilen_Reply, a_sign_of_life_is_remembered_and_answers_nothing
 // Settings and tables.
 
 TEST_F(Antwort_Verteilen_Reply, the_calendar_flag_leads_to_listen_window_reader_setting_or_tables_in_this_order) {
-    link.Lauf.SerialValue = SerialN;
-    link.Lauf.ListenWindow = true;
+    link.Lauf.Order.SerialValue = SerialN;
+    link.Lauf.Values.ListenWindow = true;
     Reply(0x25);
     EXPECT_THAT(Called, ElementsAre("Zeitfenster"));
-    link.Lauf.ListenWindow = false;
+    link.Lauf.Values.ListenWindow = false;
     Reply(0x25);
     EXPECT_THAT(Called, ElementsAre("ReaderEinstellung"));
-    link.Lauf.SerialValue = SerialZ;
+    link.Lauf.Order.SerialValue = SerialZ;
     Reply(0x25);
     EXPECT_THAT(Called, ElementsAre("Schaltuhr_A"));
 }
@@ -373,49 +373,49 @@ TEST_F(Antwort_Verteilen_Reply, the_tables_begin_by_the_timer_mode_with_both_ste
         {TimerPB_UT, "Schaltuhr_A"}, {Timer_A_B, "Schaltuhr_A_Kurz"}, {Timer_ERROR, "EinzelFeiertage"}};
     for (const int code : {0x33, 0x3B}) {
         for (const auto& [mode, hook] : first) {
-            link.Lauf.TimerMode = mode;
-            link.Lauf.TimerPart = link.Lauf.HolidayPart = 0xFF;
+            link.Lauf.Values.TimerMode = mode;
+            link.Lauf.Chain.TimerPart = link.Lauf.Chain.HolidayPart = 0xFF;
             Reply(static_cast<std::uint8_t>(code));
             EXPECT_THAT(Called, ElementsAre(hook));
-            EXPECT_EQ(link.Lauf.TimerPart, 0);
-            EXPECT_EQ(link.Lauf.HolidayPart, 0);
+            EXPECT_EQ(link.Lauf.Chain.TimerPart, 0);
+            EXPECT_EQ(link.Lauf.Chain.HolidayPart, 0);
         }
     }
 }
 
 TEST_F(Antwort_Verteilen_Reply, table_parts_follow_one_another_until_their_mark) {
-    link.Lauf.TimerPart = 1;
+    link.Lauf.Chain.TimerPart = 1;
     Reply(0x19);
     EXPECT_THAT(Called, ElementsAre("Schaltuhr_A"));
-    link.Lauf.TimerPart = 0xFF;
+    link.Lauf.Chain.TimerPart = 0xFF;
     Reply(0x19);
     EXPECT_THAT(Called, ElementsAre("Schaltuhr_B"));
-    EXPECT_EQ(link.Lauf.TimerPart, 0);
-    link.Lauf.TimerPart = 1;
+    EXPECT_EQ(link.Lauf.Chain.TimerPart, 0);
+    link.Lauf.Chain.TimerPart = 1;
     Reply(0x1B);
     EXPECT_THAT(Called, ElementsAre("Schaltuhr_B"));
-    link.Lauf.TimerPart = 0xFF;
+    link.Lauf.Chain.TimerPart = 0xFF;
     Reply(0x1B);
     EXPECT_THAT(Called, ElementsAre("EinzelFeiertage"));
-    link.Lauf.HolidayPart = 2;
+    link.Lauf.Chain.HolidayPart = 2;
     Reply(0x1F);
     EXPECT_THAT(Called, ElementsAre("EinzelFeiertage"));
-    link.Lauf.HolidayPart = 0xFF;
+    link.Lauf.Chain.HolidayPart = 0xFF;
     Reply(0x1F);
     EXPECT_THAT(Called, ElementsAre("PermFeiertage"));
-    EXPECT_EQ(link.Lauf.HolidayPart, 0);
-    link.Lauf.HolidayPart = 1;
+    EXPECT_EQ(link.Lauf.Chain.HolidayPart, 0);
+    link.Lauf.Chain.HolidayPart = 1;
     Reply(0x21);
     EXPECT_THAT(Called, ElementsAre("PermFeiertage"));
-    link.Lauf.HolidayPart = 0xFF;
-    link.Lauf.SlotCursor = 9;
+    link.Lauf.Chain.HolidayPart = 0xFF;
+    link.Lauf.Chain.SlotCursor = 9;
     Reply(0x21);
     EXPECT_THAT(Called, ElementsAre("Benutzer_Beginnen"));
-    EXPECT_EQ(link.Lauf.SlotCursor, 0);
+    EXPECT_EQ(link.Lauf.Chain.SlotCursor, 0);
 }
 
 TEST_F(Antwort_Verteilen_Reply, short_tables_go_out_once_each) {
-    link.Lauf.TimerMode = Timer_A_B;
+    link.Lauf.Values.TimerMode = Timer_A_B;
     Reply(0x19);
     EXPECT_THAT(Called, ElementsAre("Schaltuhr_B_Kurz"));
     Reply(0x1B);
@@ -438,19 +438,19 @@ TEST_F(Antwort_Verteilen_Reply, a_user_is_led_from_slot_to_data) {
 TEST_F(Antwort_Verteilen_Reply, user_data_are_followed_by_group_masks_or_by_the_next_user) {
     Reply(0x0E);
     EXPECT_THAT(Called, ElementsAre("Benutzer_Zeitgruppen"));
-    link.Lauf.TimerMode = Timer_A_B;
-    link.Lauf.SlotCursor = 4;
+    link.Lauf.Values.TimerMode = Timer_A_B;
+    link.Lauf.Chain.SlotCursor = 4;
     Reply(0x0E);
     EXPECT_THAT(Called, ElementsAre("Benutzer_Beginnen"));
-    EXPECT_EQ(link.Lauf.SlotCursor, 5);
+    EXPECT_EQ(link.Lauf.Chain.SlotCursor, 5);
     Reply(0x37);
-    EXPECT_EQ(link.Lauf.SlotCursor, 6);
+    EXPECT_EQ(link.Lauf.Chain.SlotCursor, 6);
 }
 
 TEST_F(Antwort_Verteilen_Reply, a_long_identification_takes_two_telegrams_the_second_under_another_class) {
-    link.Lauf.SerialValue = SerialN;
-    link.Lauf.IdMarke = "P";
-    link.Lauf.IdSecondPart = true;
+    link.Lauf.Order.SerialValue = SerialN;
+    link.Lauf.Chain.IdMarke = "P";
+    link.Lauf.Chain.IdSecondPart = true;
     Reply(0x0E);
     EXPECT_THAT(Called, ElementsAre("Id_Daten1"));
     EXPECT_EQ(link.DeviceClassByte, 0x11);
@@ -460,28 +460,28 @@ TEST_F(Antwort_Verteilen_Reply, a_long_identification_takes_two_telegrams_the_se
     Reply(0x43);
     EXPECT_THAT(Called, ElementsAre("Benutzer_Zeitgruppen"));
     EXPECT_EQ(link.DeviceClassByte, 0x11);
-    EXPECT_EQ(link.Lauf.IdMarke, "");
+    EXPECT_EQ(link.Lauf.Chain.IdMarke, "");
 }
 
 TEST_F(Antwort_Verteilen_Reply, an_identification_reply_outside_range_n_goes_on_as_user_data_do) {
-    link.Lauf.SerialValue = SerialT;
-    link.Lauf.TimerMode = Timer_A_B;
+    link.Lauf.Order.SerialValue = SerialT;
+    link.Lauf.Values.TimerMode = Timer_A_B;
     link.DeviceClassByte = 0xC3;
-    link.Lauf.SlotCursor = 0;
+    link.Lauf.Chain.SlotCursor = 0;
     Reply(0x43);
     EXPECT_THAT(Called, ElementsAre("Benutzer_Beginnen"));
     EXPECT_EQ(link.DeviceClassByte, 0x11);
-    EXPECT_EQ(link.Lauf.SlotCursor, 1);
+    EXPECT_EQ(link.Lauf.Chain.SlotCursor, 1);
 }
 
 // Closing.
 
 TEST_F(Antwort_Verteilen_Reply, the_lock_mode_goes_out_unless_there_is_none) {
-    link.Lauf.LockMode = 0x14;
+    link.Lauf.Values.LockMode = 0x14;
     Reply(0x23);
     EXPECT_THAT(Sent(), ElementsAre(0x32));
     EXPECT_EQ(SentByte(14), 0x14);
-    link.Lauf.LockMode = 0xFF;
+    link.Lauf.Values.LockMode = 0xFF;
     Reply(0x23);
     EXPECT_THAT(Called, ElementsAre("Daten_Schluss"));
     Reply(0x32);
@@ -489,34 +489,34 @@ TEST_F(Antwort_Verteilen_Reply, the_lock_mode_goes_out_unless_there_is_none) {
 }
 
 TEST_F(Antwort_Verteilen_Reply, the_end_of_data_disconnects_and_clears_the_repeat_count) {
-    link.Lauf.WiederholZaehler = 12;
+    link.Lauf.Chain.WiederholZaehler = 12;
     Reply(0x15);
     EXPECT_THAT(Sent(), ElementsAre(0x05));
-    EXPECT_EQ(link.Lauf.WiederholZaehler, 0);
+    EXPECT_EQ(link.Lauf.Chain.WiederholZaehler, 0);
 }
 
 TEST_F(Antwort_Verteilen_Reply, a_disconnect_ends_the_lock_or_what_was_under_way) {
     Reply(0x05);
     EXPECT_THAT(Called, ElementsAre("Abfrage_Stoppen", "Schloss_Ende"));
-    link.Lauf.LaufZiel = "UNIT";
+    link.Lauf.Chain.LaufZiel = "UNIT";
     Reply(0x05);
     EXPECT_THAT(Called, ElementsAre("Unit_Fertig"));
-    link.Lauf.LaufZiel = "F22";
+    link.Lauf.Chain.LaufZiel = "F22";
     Reply(0x05);
     EXPECT_THAT(Called, ElementsAre("Kanalwechsel_Ende"));
-    EXPECT_EQ(link.Lauf.LaufZiel, "");
-    link.Lauf.UnitModus = 0xFD;
+    EXPECT_EQ(link.Lauf.Chain.LaufZiel, "");
+    link.Lauf.Chain.UnitModus = 0xFD;
     Reply(0x05);
     EXPECT_THAT(Sent(), ElementsAre(0x03));
 }
 
 TEST_F(Antwort_Verteilen_Reply, a_two_pass_lock_logs_in_again_only_inside_its_range) {
-    link.Lauf.TwoPassFlag = 1;
-    link.Lauf.SerialValue = SerialTwoPass;
+    link.Lauf.Chain.TwoPassFlag = 1;
+    link.Lauf.Order.SerialValue = SerialTwoPass;
     Reply(0x05);
     EXPECT_THAT(Called, ElementsAre("Zweiter_Durchgang"));
     for (const std::uint32_t serial : {0x0E6E9000U, 0x0FDFF59CU}) {
-        link.Lauf.SerialValue = serial;
+        link.Lauf.Order.SerialValue = serial;
         Reply(0x05);
         EXPECT_THAT(Called, ElementsAre("Abfrage_Stoppen", "Schloss_Ende")) << serial;
     }
@@ -533,24 +533,24 @@ TEST_F(Antwort_Verteilen_Reply, reading_the_channel_is_answered_with_the_key_act
 
 TEST_F(Antwort_Verteilen_Reply, a_channel_set_goes_on_as_after_a_login_and_later_logins_use_the_systems_channel) {
     link.TargetChannel = 3;
-    link.Lauf.KanalSuche = 1;
+    link.Lauf.Chain.KanalSuche = 1;
     Reply(0x29);
     EXPECT_THAT(Called, ElementsAre("Kanal_Gesetzt"));
     EXPECT_THAT(Sent(), ElementsAre(0x27));
     EXPECT_EQ(link.TargetChannel, 7);
-    EXPECT_EQ(link.Lauf.KanalSuche, 0);
-    link.Lauf.LaufZiel = "F22";
+    EXPECT_EQ(link.Lauf.Chain.KanalSuche, 0);
+    link.Lauf.Chain.LaufZiel = "F22";
     Reply(0x29);
     EXPECT_THAT(Sent(), ElementsAre(0x05));
 }
 
 TEST_F(Antwort_Verteilen_Reply, a_unit_of_type_2_is_opened_keyed_joined_and_filled) {
-    link.Lauf.UnitModus = 0xFA;
-    link.Lauf.UnitTry = 0x38;
+    link.Lauf.Chain.UnitModus = 0xFA;
+    link.Lauf.Chain.UnitTry = 0x38;
     Reply(0x29);
     EXPECT_THAT(Sent(), ElementsAre(0x49));
-    EXPECT_EQ(link.Lauf.UnitModus, 0xFD);
-    EXPECT_EQ(link.Lauf.UnitTry, 0);
+    EXPECT_EQ(link.Lauf.Chain.UnitModus, 0xFD);
+    EXPECT_EQ(link.Lauf.Chain.UnitTry, 0);
     world.RandomValues = {0.0, 1.0 - 1e-9};
     Reply(0x49);
     EXPECT_THAT(Sent(), ElementsAre(0x48));
@@ -564,7 +564,7 @@ TEST_F(Antwort_Verteilen_Reply, a_unit_of_type_2_is_opened_keyed_joined_and_fill
     EXPECT_THAT(Called, ElementsAre("Unit_Block_Quittung"));
     Reply(0x03);
     EXPECT_THAT(Called, ElementsAre("Unit_Getrennt"));
-    link.Lauf.UnitModus = 0;
+    link.Lauf.Chain.UnitModus = 0;
     Reply(0x03);
     EXPECT_THAT(Called, IsEmpty());
     Reply(0x3D);
@@ -577,7 +577,7 @@ TEST_F(Antwort_Verteilen_Reply, a_code_change_goes_to_its_window_or_on_to_the_ch
     TelCodeAendern_Senden(link, {}, {});
     ReplyStatus(0x12, 4);
     EXPECT_THAT(Called, ElementsAre("Code_Ergebnis"));
-    link.Lauf.LaufZiel = "F22";
+    link.Lauf.Chain.LaufZiel = "F22";
     TelCodeAendern_Senden(link, {}, {});
     ReplyStatus(0x12, 4);
     EXPECT_THAT(Sent(), ElementsAre(0x28));
@@ -588,7 +588,7 @@ TEST_F(Antwort_Verteilen_Reply, a_code_change_goes_to_its_window_or_on_to_the_ch
 
 TEST_F(Antwort_Verteilen_Reply, the_result_of_a_code_change_acts_once_and_only_while_its_telegram_was_the_last) {
     for (const RunPhase phase : {RunPhase::None, RunPhase::Open}) {
-        link.Lauf.Phase = phase;
+        link.Lauf.Chain.Phase = phase;
         ReplyStatus(0x12, 4);
         EXPECT_THAT(Called, IsEmpty());
         TelCodeAendern_Senden(link, {}, {});
@@ -652,7 +652,7 @@ TEST_F(Antwort_Verteilen_Reply, replies_that_lead_to_windows_call_their_hooks) {
 // Phases.
 
 TEST_F(Antwort_Verteilen_Reply, behind_a_cancel_only_replies_that_close_the_session_act) {
-    link.Lauf.Phase = RunPhase::Closing;
+    link.Lauf.Chain.Phase = RunPhase::Closing;
     for (const int code : {0x04, 0x07, 0x09, 0x0A, 0x0E, 0x15, 0x17, 0x19, 0x25, 0x27, 0x28, 0x29, 0x2F, 0x4A}) {
         ReplyStatus(static_cast<std::uint8_t>(code), 4);
         EXPECT_THAT(Sent(), IsEmpty()) << code;
@@ -660,7 +660,7 @@ TEST_F(Antwort_Verteilen_Reply, behind_a_cancel_only_replies_that_close_the_sess
     }
     Reply(0x05);
     EXPECT_THAT(Called, ElementsAre("Abfrage_Stoppen", "Schloss_Ende"));
-    link.Lauf.UnitModus = 0xFD;
+    link.Lauf.Chain.UnitModus = 0xFD;
     Reply(0x05);
     EXPECT_THAT(Sent(), ElementsAre(0x03));
     Reply(0x03);
@@ -668,7 +668,7 @@ TEST_F(Antwort_Verteilen_Reply, behind_a_cancel_only_replies_that_close_the_sess
 }
 
 TEST_F(Antwort_Verteilen_Reply, without_a_run_a_late_reply_of_the_chain_does_nothing) {
-    link.Lauf.Phase = RunPhase::None;
+    link.Lauf.Chain.Phase = RunPhase::None;
     for (const int code : {0x03, 0x04, 0x05, 0x07, 0x17, 0x27, 0x29}) {
         ReplyStatus(static_cast<std::uint8_t>(code), 4);
         EXPECT_THAT(Sent(), IsEmpty()) << code;
@@ -676,18 +676,18 @@ TEST_F(Antwort_Verteilen_Reply, without_a_run_a_late_reply_of_the_chain_does_not
     }
     Reply(0x4B);
     EXPECT_THAT(Called, IsEmpty());
-    link.Lauf.SuchMarke = 0xAD;
+    link.Lauf.Chain.SuchMarke = 0xAD;
     Reply(0x4B);
     EXPECT_THAT(Called, ElementsAre("Unit_Gefunden"));
-    link.Lauf.SuchMarke = 0;
-    link.Lauf.CodeChangePending = 0xFF;
+    link.Lauf.Chain.SuchMarke = 0;
+    link.Lauf.Chain.CodeChangePending = 0xFF;
     ReplyStatus(0x04, 4);
-    EXPECT_EQ(link.Lauf.CodeChangePending, 0);
+    EXPECT_EQ(link.Lauf.Chain.CodeChangePending, 0);
 }
 
 TEST_F(Antwort_Verteilen_Reply, a_lock_whose_events_could_not_be_kept_is_not_erased) {
-    link.Lauf.ReadHistoryFirst = 1;
-    link.Lauf.HistoryLost = HistoryLoss::Unwritten;
+    link.Lauf.Chain.ReadHistoryFirst = 1;
+    link.Lauf.Chain.HistoryLost = HistoryLoss::Unwritten;
     Reply(0x17, HistoryReply(0xFF));
     EXPECT_THAT(Sent(), ElementsAre(0x05));
 }
@@ -695,19 +695,19 @@ TEST_F(Antwort_Verteilen_Reply, a_lock_whose_events_could_not_be_kept_is_not_era
 // Cancel.
 
 TEST_F(Antwort_Verteilen_Reply, a_cancel_discards_the_frame_reopens_the_port_and_disconnects) {
-    link.Lauf.AbbruchWunsch = 1;
+    link.Lauf.Chain.AbbruchWunsch = 1;
     const int opens = world.Opens;
     Reply(0x0A, std::vector<std::uint8_t>(12, 0x55));
     EXPECT_THAT(Called, ElementsAre("Abbruch"));
     EXPECT_THAT(Sent(), ElementsAre(0x05));
     EXPECT_EQ(world.Opens, opens + 1);
-    EXPECT_EQ(link.Lauf.AbbruchWunsch, 0);
+    EXPECT_EQ(link.Lauf.Chain.AbbruchWunsch, 0);
     EXPECT_EQ(link.Rx.RxBuffer[14], 0);
 }
 
 TEST_F(Antwort_Verteilen_Reply, a_cancel_waits_while_a_lock_has_acknowledged_its_erasing_and_is_deaf) {
-    link.Lauf.SerialValue = SerialZ;
-    link.Lauf.AbbruchWunsch = 1;
+    link.Lauf.Order.SerialValue = SerialZ;
+    link.Lauf.Chain.AbbruchWunsch = 1;
     link.TxBuffer[2] = 0x27;
     Reply(0x27);
     EXPECT_THAT(Sent(), IsEmpty());
@@ -739,9 +739,9 @@ TEST_F(Antwort_Verteilen_Reply, which_replies_lead_a_run_anywhere) {
     EXPECT_FALSE(leads(0x69, 0x68));
     link.TxBuffer[2] = 0x08;
     EXPECT_FALSE(leads(0x69, 0x64));
-    link.Lauf.SerialValue = SerialZ;
+    link.Lauf.Order.SerialValue = SerialZ;
     EXPECT_FALSE(leads(0x27)) << "the polling leads on, not the echo";
-    link.Lauf.UnitModus = 0xFD;
+    link.Lauf.Chain.UnitModus = 0xFD;
     EXPECT_TRUE(leads(0x03));
 }
 
@@ -750,11 +750,11 @@ TEST_F(Antwort_Verteilen_Reply, which_replies_lead_a_run_anywhere) {
 TEST_F(Antwort_Verteilen_Reply, what_breaks_the_silence_of_a_lock) {
     const auto breaks = [this](std::uint8_t code, std::vector<std::uint8_t> bytes = {}) {
         world.RunFor(1000);
-        const std::int64_t before = link.Lauf.LastAnswer;
+        const std::int64_t before = link.Lauf.Chain.LastAnswer;
         const std::int64_t now = world.World.Milliseconds();
         Reply(code, std::move(bytes));
-        EXPECT_TRUE(link.Lauf.LastAnswer == before || link.Lauf.LastAnswer == now);
-        return link.Lauf.LastAnswer == now;
+        EXPECT_TRUE(link.Lauf.Chain.LastAnswer == before || link.Lauf.Chain.LastAnswer == now);
+        return link.Lauf.Chain.LastAnswer == now;
     };
     TelVerbinden_Senden(link);
     for (const int code : {0x03, 0x06, 0x08, 0x12, 0x4B, 0x55, 0x68, 0x6A, 0x6C, 0x81, 0xA1, 0xFF}) {
@@ -766,18 +766,18 @@ TEST_F(Antwort_Verteilen_Reply, what_breaks_the_silence_of_a_lock) {
     EXPECT_TRUE(breaks(0x04, {1, 1, 1, 1, 0x0A, 0x0B, 0x0C, 0x0D, 0, 0, 0, 4}));
     EXPECT_TRUE(breaks(0x27));
     TelTrennen_Senden(link);
-    link.Lauf.Phase = RunPhase::Closing;
+    link.Lauf.Chain.Phase = RunPhase::Closing;
     EXPECT_FALSE(breaks(0x0A)) << "behind a cancel only the end of the session counts";
     EXPECT_TRUE(breaks(0x05));
 }
 
 TEST_F(Antwort_Verteilen_Reply, a_polled_lock_breaks_its_silence_with_each_sign_of_life) {
-    link.Lauf.SerialValue = SerialZ;
+    link.Lauf.Order.SerialValue = SerialZ;
     TelDatenStart_Senden(link, 0);
     const auto breaks = [this](std::uint8_t code) {
         world.RunFor(1000);
         Reply(code);
-        return link.Lauf.LastAnswer == world.World.Milliseconds();
+        return link.Lauf.Chain.LastAnswer == world.World.Milliseconds();
     };
     EXPECT_TRUE(breaks(0x27)) << "it acknowledges its erasing";
     for (const int code : {0x06, 0x08, 0x27}) {
@@ -789,10 +789,10 @@ TEST_F(Antwort_Verteilen_Reply, a_polled_lock_breaks_its_silence_with_each_sign_
 }
 
 TEST_F(Antwort_Verteilen_Reply, a_frame_at_which_a_cancel_is_honoured_breaks_the_silence) {
-    link.Lauf.AbbruchWunsch = 1;
+    link.Lauf.Chain.AbbruchWunsch = 1;
     world.RunFor(1000);
     Reply(0x12);
-    EXPECT_EQ(link.Lauf.LastAnswer, world.World.Milliseconds());
+    EXPECT_EQ(link.Lauf.Chain.LastAnswer, world.World.Milliseconds());
 }
 
 } // namespace

@@ -22,7 +22,7 @@ struct DispatcherFixture : ::testing::Test {
         link.PortNummer = 1;
         kern.Config.RadioChannel = "7";
         Port_Oeffnen(link, 1);
-        link.Lauf.Phase = RunPhase::Open;
+        link.Lauf.Chain.Phase = RunPhase::Open;
         link.Hooks = Recorder();
     }
 

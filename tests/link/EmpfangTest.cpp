@@ -143,7 +143,7 @@ protected:
 };
 
 TEST_F(Mithoeren, sees_a_received_frame_with_its_checksum_before_the_dispatcher_answers_it) {
-    link.Lauf.Phase = RunPhase::Open;
+    link.Lauf.Chain.Phase = RunPhase::Open;
     Receive("02 06 07 00 A1 A2 A3 A4 21");
     ASSERT_EQ(seen.size(), 2U);
     EXPECT_EQ(seen[0].Way, TraceFrame::Direction::Received);

@@ -43,8 +43,8 @@ TEST_F(GoldenRoh, raw_telegrams_show_no_progress) {
     link.Hooks.Fortschritt = [&] { ++shown; };
     EXPECT_TRUE(TelAdapterDaten_Senden(link));
     EXPECT_EQ(shown, 0);
-    EXPECT_EQ(link.Lauf.TelegramCounter, 0);
-    EXPECT_EQ(link.Lauf.SecondProgress, 0);
+    EXPECT_EQ(link.Lauf.Progress.TelegramCounter, 0);
+    EXPECT_EQ(link.Lauf.Progress.SecondProgress, 0);
 }
 
 } // namespace

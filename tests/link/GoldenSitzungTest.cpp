@@ -71,19 +71,19 @@ TEST_F(GoldenSitzung, TelHistorie_for_the_next_record) {
 }
 
 TEST_F(GoldenSitzung, TelSperrTimerFlag) {
-    link.Lauf.FlagLockTimer = 1;
+    link.Lauf.Values.FlagLockTimer = 1;
     EXPECT_TRUE(TelSperrTimerFlag_Senden(link));
     EXPECT_EQ(Wire(), "02 0E 23 11 22 33 44 11 00 33 88 01 00 00 01 B0");
 }
 
 TEST_F(GoldenSitzung, TelKalenderFlag) {
-    link.Lauf.FlagCalendar = 1;
+    link.Lauf.Values.FlagCalendar = 1;
     EXPECT_TRUE(TelKalenderFlag_Senden(link));
     EXPECT_EQ(Wire(), "02 0E 25 11 22 33 44 11 00 33 88 01 00 00 01 D0");
 }
 
 TEST_F(GoldenSitzung, TelDatenStart_carries_the_given_option_and_not_the_one_of_the_run) {
-    link.Lauf.EraseOption = 1;
+    link.Lauf.Order.EraseOption = 1;
     EXPECT_TRUE(TelDatenStart_Senden(link, 0));
     EXPECT_EQ(Wire(), "02 0E 27 11 22 33 44 11 00 33 88 01 00 00 00 EF");
 }
@@ -109,13 +109,13 @@ TEST_F(GoldenSitzung, TelKanalSetzen_carries_the_channel_less_1) {
 }
 
 TEST_F(GoldenSitzung, TelPrioritaet) {
-    link.Lauf.PriorityCode = 3;
+    link.Lauf.Values.PriorityCode = 3;
     EXPECT_TRUE(TelPrioritaet_Senden(link));
     EXPECT_EQ(Wire(), "02 0E 2F 11 22 33 44 11 00 33 88 01 00 00 03 73");
 }
 
 TEST_F(GoldenSitzung, TelSchlossModus) {
-    link.Lauf.LockMode = 0x14;
+    link.Lauf.Values.LockMode = 0x14;
     EXPECT_TRUE(TelSchlossModus_Senden(link));
     EXPECT_EQ(Wire(), "02 0E 32 11 22 33 44 11 00 33 88 01 00 00 14 B4");
 }

@@ -39,7 +39,7 @@ protected:
         link.PortNummer = 1;
         link.TxBuffer.fill(0x5A);
         link.TargetAddress = {0x11, 0x22, 0x33, 0x44};
-        link.Lauf.AdminCode = {0x12, 0x3A, 0x45};
+        link.Lauf.Order.AdminCode = {0x12, 0x3A, 0x45};
     }
 
     /// Everything that went over the line so far.

@@ -43,8 +43,8 @@ TEST_F(Telegramm_Senden_Test, sends_nothing_counts_nothing_and_says_nothing_when
     EXPECT_FALSE(Telegramm_Senden(link));
     EXPECT_EQ(Wire(), "");
     EXPECT_FALSE(platform.Rts);
-    EXPECT_EQ(link.Lauf.TelegramCounter, 0);
-    EXPECT_EQ(link.Lauf.SecondProgress, 0);
+    EXPECT_EQ(link.Lauf.Progress.TelegramCounter, 0);
+    EXPECT_EQ(link.Lauf.Progress.SecondProgress, 0);
     EXPECT_EQ(shown, 0);
     EXPECT_TRUE(platform.Shown.empty());
 }
@@ -126,36 +126,36 @@ TEST_F(Telegramm_Senden_Test, raises_the_first_bar_by_one_and_the_second_by_four
     Telegramm(0x05);
     Telegramm_Senden(link);
     Telegramm_Senden(link);
-    EXPECT_EQ(link.Lauf.TelegramCounter, 2);
-    EXPECT_EQ(link.Lauf.ProgressValue, 2);
-    EXPECT_EQ(link.Lauf.SecondProgress, 8);
+    EXPECT_EQ(link.Lauf.Progress.TelegramCounter, 2);
+    EXPECT_EQ(link.Lauf.Progress.ProgressValue, 2);
+    EXPECT_EQ(link.Lauf.Progress.SecondProgress, 8);
 }
 
 TEST_F(Telegramm_Senden_Test, lets_the_first_bar_begin_anew_when_it_comes_within_5_of_its_maximum) {
-    link.Lauf.ProgressMaximum = 20;
-    link.Lauf.TelegramCounter = 14;
+    link.Lauf.Progress.ProgressMaximum = 20;
+    link.Lauf.Progress.TelegramCounter = 14;
     Telegramm(0x05);
     Telegramm_Senden(link);
-    EXPECT_EQ(link.Lauf.ProgressValue, 15);
+    EXPECT_EQ(link.Lauf.Progress.ProgressValue, 15);
     Telegramm_Senden(link);
-    EXPECT_EQ(link.Lauf.TelegramCounter, 0);
-    EXPECT_EQ(link.Lauf.ProgressValue, 0);
+    EXPECT_EQ(link.Lauf.Progress.TelegramCounter, 0);
+    EXPECT_EQ(link.Lauf.Progress.ProgressValue, 0);
 }
 
 TEST_F(Telegramm_Senden_Test, lets_the_second_bar_begin_anew_behind_27) {
-    link.Lauf.SecondProgress = 23;
+    link.Lauf.Progress.SecondProgress = 23;
     Telegramm(0x05);
     Telegramm_Senden(link);
-    EXPECT_EQ(link.Lauf.SecondProgress, 27);
+    EXPECT_EQ(link.Lauf.Progress.SecondProgress, 27);
     Telegramm_Senden(link);
-    EXPECT_EQ(link.Lauf.SecondProgress, 0);
+    EXPECT_EQ(link.Lauf.Progress.SecondProgress, 0);
 }
 
 TEST_F(Telegramm_Senden_Test, shows_the_progress_of_the_telegram_that_left) {
     int value = 0;
     std::size_t written = 0;
     link.Hooks.Fortschritt = [&] {
-        value = link.Lauf.ProgressValue;
+        value = link.Lauf.Progress.ProgressValue;
         written = platform.Written.size();
     };
     Telegramm(0x05);

@@ -294,7 +294,7 @@ TEST_F(Netz_Antwort_Test, 0x20_without_0x1F_before_it_proves_nothing) {
 }
 
 TEST_F(Netz_Antwort_Test, 0x20_that_names_the_lock_counts_without_0x1F_when_all_blocks_were_taken) {
-    Geraet = [this](const Bytes& frame) { ReplyOf(frame[27] == 0x14 ? 0x15 : 0x20, link.Lauf.LockAddress); };
+    Geraet = [this](const Bytes& frame) { ReplyOf(frame[27] == 0x14 ? 0x15 : 0x20, link.Lauf.Order.LockAddress); };
     Netz_Programmieren_Beginnen(run);
     pc.RunFor(1000);
     EXPECT_EQ(Codes(), "14 1E");

@@ -127,13 +127,13 @@ NetzTest::NetzTest() {
 
 void NetzTest::Werte_Setzen() {
     RunState& lauf = link.Lauf;
-    lauf.LockAddress = {0x01, 0x50, 0x0C, 0x10};
-    lauf.AdminCode = {0x12, 0x3A, 0x45};
-    lauf.LockMode = 0x14;
-    lauf.FlagCalendar = 1;
-    lauf.PriorityCode = 3;
-    lauf.EraseOption = 1;
-    lauf.RunRow = lauf.RunRows = 1;
+    lauf.Order.LockAddress = {0x01, 0x50, 0x0C, 0x10};
+    lauf.Order.AdminCode = {0x12, 0x3A, 0x45};
+    lauf.Values.LockMode = 0x14;
+    lauf.Values.FlagCalendar = 1;
+    lauf.Values.PriorityCode = 3;
+    lauf.Order.EraseOption = 1;
+    lauf.List.RunRow = lauf.List.RunRows = 1;
     daten.SignalFlag = "1";
     daten.UnitMode = "3";
     daten.AlwaysOn = "1";

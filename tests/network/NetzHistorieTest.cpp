@@ -67,22 +67,22 @@ protected:
             }
         };
     }
-    std::string Inhalt() { return pc.Disk.Files[link.Lauf.HistoryFileName]; }
+    std::string Inhalt() { return pc.Disk.Files[link.Lauf.Chain.HistoryFileName]; }
 };
 
 TEST_F(Net_Historie_Test, one_block_becomes_a_file_and_the_next_row_follows) {
-    link.Lauf.NetMode = 0x80;
+    link.Lauf.List.NetMode = 0x80;
     Bloecke({Gruppen(Saetze(3))});
     Netz_Historie_Beginnen(run);
     pc.RunFor(1000);
-    EXPECT_EQ(link.Lauf.HistoryFileName, "/qvm/HIST/H_20260305_103000_Tor.HST");
+    EXPECT_EQ(link.Lauf.Chain.HistoryFileName, "/qvm/HIST/H_20260305_103000_Tor.HST");
     EXPECT_EQ(Inhalt(), Datei(3));
     EXPECT_EQ(Ereignisse(), "steady, status 81, steady, mark << 263, next NexHstRead");
     EXPECT_EQ(run.HistoryCounter, 2);
 }
 
 TEST_F(Net_Historie_Test, with_history_and_programming_the_row_is_kept) {
-    link.Lauf.NetMode = 0xFF;
+    link.Lauf.List.NetMode = 0xFF;
     Bloecke({Gruppen(Saetze(1))});
     Netz_Historie_Beginnen(run);
     pc.RunFor(1000);
@@ -90,7 +90,7 @@ TEST_F(Net_Historie_Test, with_history_and_programming_the_row_is_kept) {
 }
 
 TEST_F(Net_Historie_Test, the_next_request_carries_the_number_of_the_reply) {
-    link.Lauf.NetMode = 0x80;
+    link.Lauf.List.NetMode = 0x80;
     Geraet = [this](const Bytes&) {
         const bool last = Sent.size() == 3;
         pc.Deliver(Antwort(last ? 0x0D : 0x0C, static_cast<std::uint8_t>(40 + Sent.size()),
@@ -107,7 +107,7 @@ TEST_F(Net_Historie_Test, the_next_request_carries_the_number_of_the_reply) {
 
 TEST_F(Net_Historie_Test, a_record_cut_by_the_end_of_a_block_goes_on_in_the_next_one) {
     // 50 records of 22 bytes in blocks of 512 bytes: four groups each, no part group but the last.
-    link.Lauf.NetMode = 0x80;
+    link.Lauf.List.NetMode = 0x80;
     const Bytes all = Saetze(50);
     Bloecke({Gruppen(Teil(all, 0, 512)), Gruppen(Teil(all, 512, 512)), Gruppen(Teil(all, 1024, 512))});
     Netz_Historie_Beginnen(run);
@@ -116,7 +116,7 @@ TEST_F(Net_Historie_Test, a_record_cut_by_the_end_of_a_block_goes_on_in_the_next
 }
 
 TEST_F(Net_Historie_Test, a_block_of_whole_records_leaves_no_carry) {
-    link.Lauf.NetMode = 0x80;
+    link.Lauf.List.NetMode = 0x80;
     // 64 records are 1408 bytes, eleven groups.
     int counter = 1;
     Net_Historie_Block(run, Gruppen(Saetze(64)), counter);
@@ -137,18 +137,18 @@ TEST_F(Net_Historie_Test, what_is_left_behind_the_last_record_waits_for_the_next
 TEST_F(Net_Historie_Test, a_counter_of_1_opens_a_new_file_without_the_carry) {
     int counter = 1;
     Net_Historie_Block(run, Teil(Saetze(2), 0, 30), counter);
-    const std::string first = link.Lauf.HistoryFileName;
+    const std::string first = link.Lauf.Chain.HistoryFileName;
     pc.RunFor(5000);
     counter = 1;
     Net_Historie_Block(run, Saetze(1), counter);
     EXPECT_EQ(first, "/qvm/HIST/H_20260305_103000_Tor.HST");
-    EXPECT_EQ(link.Lauf.HistoryFileName, "/qvm/HIST/H_20260305_103005_Tor.HST");
+    EXPECT_EQ(link.Lauf.Chain.HistoryFileName, "/qvm/HIST/H_20260305_103005_Tor.HST");
     EXPECT_EQ(pc.Disk.Files[first], Datei(1));
     EXPECT_EQ(Inhalt(), Datei(1));
 }
 
 TEST_F(Net_Historie_Test, an_empty_history_makes_no_file) {
-    link.Lauf.NetMode = 0x80;
+    link.Lauf.List.NetMode = 0x80;
     Bloecke({{}});
     Netz_Historie_Beginnen(run);
     pc.RunFor(1000);
@@ -157,7 +157,7 @@ TEST_F(Net_Historie_Test, an_empty_history_makes_no_file) {
 }
 
 TEST_F(Net_Historie_Test, the_carry_of_one_row_does_not_reach_the_next) {
-    link.Lauf.NetMode = 0x80;
+    link.Lauf.List.NetMode = 0x80;
     Bloecke({Teil(Saetze(2), 0, 30)});
     Netz_Historie_Beginnen(run);
     pc.RunFor(1000);
@@ -183,15 +183,15 @@ TEST_F(Net_Historie_Test, a_state_becomes_a_line_of_its_own_and_an_impossible_da
 }
 
 TEST_F(Net_Historie_Test, no_cut_off_ends_the_reading) {
-    link.Lauf.HistoryCutoff = "01.03.2026";
+    link.Lauf.Order.HistoryCutoff = "01.03.2026";
     int counter = 1;
     Net_Historie_Block(run, Saetze(3), counter);
-    EXPECT_EQ(link.Lauf.HistoryStop, 0);
+    EXPECT_EQ(link.Lauf.Chain.HistoryStop, 0);
     EXPECT_EQ(Inhalt(), Datei(3));
 }
 
 TEST_F(Net_Historie_Test, 0x0B_blinks_and_waits_for_blocks_that_come_unasked) {
-    link.Lauf.NetMode = 0x80;
+    link.Lauf.List.NetMode = 0x80;
     Geraet = [this](const Bytes& frame) {
         if (frame[27] == 0x0A) {
             Reply(0x0B);
@@ -210,7 +210,7 @@ TEST_F(Net_Historie_Test, 0x0B_blinks_and_waits_for_blocks_that_come_unasked) {
 }
 
 TEST_F(Net_Historie_Test, a_block_that_comes_twice_is_stored_once) {
-    link.Lauf.NetMode = 0x80;
+    link.Lauf.List.NetMode = 0x80;
     Geraet = [this](const Bytes& frame) {
         if (frame[27] == 0x0A) {
             pc.Deliver(Antwort(0x0C, 1, Satz(1)), 20);
@@ -226,7 +226,7 @@ TEST_F(Net_Historie_Test, a_block_that_comes_twice_is_stored_once) {
 }
 
 TEST_F(Net_Historie_Test, blocks_are_taken_whatever_their_checksum) {
-    link.Lauf.NetMode = 0x80;
+    link.Lauf.List.NetMode = 0x80;
     Geraet = [this](const Bytes&) {
         Bytes block = Antwort(0x0D, 1, Satz(1));
         block[block.size() - 2] ^= 0x40;
@@ -238,19 +238,19 @@ TEST_F(Net_Historie_Test, blocks_are_taken_whatever_their_checksum) {
 }
 
 TEST_F(Net_Historie_Test, a_lock_whose_events_could_not_be_written_is_not_programmed) {
-    link.Lauf.NetMode = 0xFF;
+    link.Lauf.List.NetMode = 0xFF;
     pc.Disk.FailAt = 1;
     pc.Disk.FailFromThere = true;
     Bloecke({Saetze(2)});
     Netz_Historie_Beginnen(run);
     pc.RunFor(1000);
-    EXPECT_EQ(link.Lauf.HistoryLost, HistoryLoss::Unwritten);
+    EXPECT_EQ(link.Lauf.Chain.HistoryLost, HistoryLoss::Unwritten);
     EXPECT_EQ(Ereignisse(), "steady, status 81, steady, mark # 277, next PrgNextDataset");
 }
 
 TEST_F(Net_Historie_Test, the_loss_of_one_row_does_not_stick_to_the_next) {
-    link.Lauf.HistoryLost = HistoryLoss::Unwritten;
-    link.Lauf.NetMode = 0xFF;
+    link.Lauf.Chain.HistoryLost = HistoryLoss::Unwritten;
+    link.Lauf.List.NetMode = 0xFF;
     Bloecke({Saetze(2)});
     Netz_Historie_Beginnen(run);
     pc.RunFor(1000);
@@ -258,25 +258,25 @@ TEST_F(Net_Historie_Test, the_loss_of_one_row_does_not_stick_to_the_next) {
 }
 
 TEST_F(Net_Historie_Test, a_block_whose_number_does_not_follow_breaks_the_reading) {
-    link.Lauf.NetMode = 0xFF;
+    link.Lauf.List.NetMode = 0xFF;
     Geraet = [this](const Bytes& frame) {
         const bool first = frame[27] == 0x0A;
         pc.Deliver(Antwort(first ? 0x0C : 0x0D, first ? 1 : 3, Satz(1)), 20); // block 2 is lost
     };
     Netz_Historie_Beginnen(run);
     pc.RunFor(1000);
-    EXPECT_EQ(link.Lauf.HistoryLost, HistoryLoss::Broken);
+    EXPECT_EQ(link.Lauf.Chain.HistoryLost, HistoryLoss::Broken);
     EXPECT_EQ(Inhalt(), Datei(1));
     EXPECT_EQ(Log.back(), "next PrgNextDataset");
     EXPECT_EQ(Log[Log.size() - 2], "mark # " + Wort(kern, Word::HistoryBroken));
 }
 
 TEST_F(Net_Historie_Test, a_last_block_that_ends_inside_a_record_breaks_the_reading) {
-    link.Lauf.NetMode = 0xFF;
+    link.Lauf.List.NetMode = 0xFF;
     Bloecke({Teil(Saetze(2), 0, 43)});
     Netz_Historie_Beginnen(run);
     pc.RunFor(1000);
-    EXPECT_EQ(link.Lauf.HistoryLost, HistoryLoss::Broken);
+    EXPECT_EQ(link.Lauf.Chain.HistoryLost, HistoryLoss::Broken);
     EXPECT_EQ(Inhalt(), Datei(1));
     EXPECT_EQ(Log[Log.size() - 2], "mark # " + Wort(kern, Word::HistoryBroken));
 }
@@ -294,38 +294,38 @@ TEST_F(Net_Historie_Test, a_last_block_that_is_filled_up_holds_all_of_its_record
                 Bloecke({block});
                 Netz_Historie_Beginnen(run);
                 pc.RunFor(1000);
-                EXPECT_EQ(link.Lauf.HistoryLost, HistoryLoss::None) << filler << " " << count << " " << sum;
-                EXPECT_EQ(link.Lauf.HistoryRecords, 1);
+                EXPECT_EQ(link.Lauf.Chain.HistoryLost, HistoryLoss::None) << filler << " " << count << " " << sum;
+                EXPECT_EQ(link.Lauf.Chain.HistoryRecords, 1);
             }
         }
     }
 }
 
 TEST_F(Net_Historie_Test, that_does_not_reach_the_disk_is_not_followed_by_programming) {
-    link.Lauf.NetMode = 0xFF;
+    link.Lauf.List.NetMode = 0xFF;
     pc.Disk.FlushFails = true;
     Bloecke({Saetze(2)});
     Netz_Historie_Beginnen(run);
     pc.RunFor(1000);
-    EXPECT_EQ(link.Lauf.HistoryLost, HistoryLoss::Unwritten);
+    EXPECT_EQ(link.Lauf.Chain.HistoryLost, HistoryLoss::Unwritten);
     EXPECT_EQ(Log[Log.size() - 2], "mark # 277");
 }
 
 TEST_F(Net_Historie_Test, a_history_without_end_is_given_up_behind_ten_thousand_records) {
-    link.Lauf.NetMode = 0xFF;
+    link.Lauf.List.NetMode = 0xFF;
     const Bytes fifty = Gruppen(Saetze(50), false);
     Geraet = [this, fifty](const Bytes&) {
         pc.Deliver(Antwort(0x0C, static_cast<std::uint8_t>(Sent.size()), fifty), 20);
     };
     Netz_Historie_Beginnen(run);
     pc.RunFor(60000);
-    EXPECT_EQ(link.Lauf.HistoryLost, HistoryLoss::Endless);
+    EXPECT_EQ(link.Lauf.Chain.HistoryLost, HistoryLoss::Endless);
     EXPECT_EQ(Sent.size(), 201U); // 200 blocks are all right, the 201st holds the record too many
     EXPECT_EQ(Log[Log.size() - 2], "mark # " + Wort(kern, Word::HistoryEndless, {"10000"}));
 }
 
 TEST_F(Net_Historie_Test, a_lost_reply_leaves_the_row_standing_with_what_has_come) {
-    link.Lauf.NetMode = 0x80;
+    link.Lauf.List.NetMode = 0x80;
     Geraet = [this](const Bytes& frame) {
         if (frame[27] == 0x0A) {
             pc.Deliver(Antwort(0x0C, 1, Satz(1)), 20);

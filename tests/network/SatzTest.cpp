@@ -63,10 +63,10 @@ TEST_F(Benutzersatz, the_timer_selector_counts_only_with_the_timers_a_and_b) {
     daten.Slots[0].TimerName = "PB_2008TimB";
     daten.Slots[3].TimerName = "PB_2008TimA";
     EXPECT_EQ(Satz(0).substr(std::size_t{22} * 3, 2), "00");
-    link.Lauf.TimerMode = Timer_A_B;
+    link.Lauf.Values.TimerMode = Timer_A_B;
     EXPECT_EQ(Satz(0).substr(std::size_t{22} * 3, 2), "02");
     EXPECT_EQ(Satz(3).substr(std::size_t{19} * 3, 2), "01");
-    link.Lauf.TimerMode = Timer_ERROR;
+    link.Lauf.Values.TimerMode = Timer_ERROR;
     EXPECT_EQ(Satz(3).substr(std::size_t{19} * 3, 2), "00");
 }
 

@@ -133,10 +133,10 @@ TEST_F(Programm_Hauptfenster, a_refused_key_in_the_middle_of_a_run_does_not_brin
     programm.Lauf.Ansicht.Hauptfenster_Freigeben();
     EXPECT_FALSE(programm.F2.Fenster.Visible);
     programm.F13.Fenster.Visible = false;
-    programm.link.Lauf.Phase = RunPhase::Open;
+    programm.link.Lauf.Chain.Phase = RunPhase::Open;
     programm.Lauf.Ansicht.Hauptfenster_Freigeben();
     EXPECT_FALSE(programm.F2.Fenster.Visible);
-    programm.link.Lauf.Phase = RunPhase::None;
+    programm.link.Lauf.Chain.Phase = RunPhase::None;
     programm.Lauf.Ansicht.Hauptfenster_Freigeben();
     EXPECT_TRUE(programm.F2.Fenster.Visible);
 }
@@ -249,7 +249,7 @@ TEST_F(Programm_Hauptfenster, the_end_saves_what_the_windows_left_in_the_configu
 TEST_F(Programm_Hauptfenster, the_end_in_the_middle_of_a_run_asks_nothing) {
     int ends = 0;
     programm.F2.Hooks.Ende = [&ends] { ++ends; };
-    programm.link.Lauf.Phase = RunPhase::Open;
+    programm.link.Lauf.Chain.Phase = RunPhase::Open;
     programm.F2.Beenden();
     EXPECT_EQ(ends, 1);
     EXPECT_THAT(world.Shown, IsEmpty());

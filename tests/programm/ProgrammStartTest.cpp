@@ -94,16 +94,16 @@ TEST_F(Programm_Start, sets_the_defaults) {
     EXPECT_EQ(globals.LockRows, 201);
     EXPECT_EQ(programm.link.DeviceClassByte, 0x11);
     const RunState& lauf = programm.link.Lauf;
-    EXPECT_EQ(lauf.HistoryOnly, 0);
-    EXPECT_EQ(lauf.ReadHistoryFirst, 0);
-    EXPECT_EQ(lauf.NetMode, 0);
-    EXPECT_EQ(lauf.KanalSuche, 0);
-    EXPECT_EQ(lauf.AbbruchWunsch, 0);
-    EXPECT_EQ(lauf.TwoPassFlag, 0);
-    EXPECT_EQ(lauf.UnitModus, 0);
-    EXPECT_EQ(lauf.LaufZiel, "");
-    EXPECT_EQ(lauf.TelegramCounter, 0);
-    EXPECT_EQ(lauf.RunRows, 0);
+    EXPECT_EQ(lauf.Chain.HistoryOnly, 0);
+    EXPECT_EQ(lauf.Chain.ReadHistoryFirst, 0);
+    EXPECT_EQ(lauf.List.NetMode, 0);
+    EXPECT_EQ(lauf.Chain.KanalSuche, 0);
+    EXPECT_EQ(lauf.Chain.AbbruchWunsch, 0);
+    EXPECT_EQ(lauf.Chain.TwoPassFlag, 0);
+    EXPECT_EQ(lauf.Chain.UnitModus, 0);
+    EXPECT_EQ(lauf.Chain.LaufZiel, "");
+    EXPECT_EQ(lauf.Progress.TelegramCounter, 0);
+    EXPECT_EQ(lauf.List.RunRows, 0);
     EXPECT_TRUE(programm.Lauf.Gesamtende);
 }
 

@@ -80,7 +80,7 @@ TEST_F(Run_Search, a_lock_that_answers_nowhere_is_tried_thirteen_times_and_repor
     EXPECT_EQ(programm->F18.Balken.Value(), 172);
     EXPECT_FALSE(programm->F18.Fenster.Visible);
     EXPECT_TRUE(programm->F13.Fenster.Enabled);
-    EXPECT_EQ(programm->link.Lauf.KanalSuche, 0);
+    EXPECT_EQ(programm->link.Lauf.Chain.KanalSuche, 0);
     EXPECT_EQ(ChannelFile().substr(9, 1), "1");
 }
 

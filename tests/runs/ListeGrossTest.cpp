@@ -106,7 +106,7 @@ struct Big_List : NetzlaufFixture {
         // The adapter fails some locks in ways of its own; the test plays it for them. The list holds every lock.
         const auto route = world.OnWrite;
         world.OnWrite = [this, route](std::span<const std::uint8_t> bytes) {
-            const int lock = programm->link.Lauf.RunRow;
+            const int lock = programm->link.Lauf.List.RunRow;
             if (world.PortNumber == 2 && Wanted[lock].first == "#") {
                 NetTaken(bytes);
             } else {

@@ -75,7 +75,7 @@ TEST_F(List_Silence, closes_the_session_before_the_next_row) {
     EXPECT_EQ(Sent().back(), 0x05);
     EXPECT_EQ(Count(0x05), 1);
     EXPECT_EQ(Count(0x04), 1) << "no other lock was called yet";
-    EXPECT_EQ(programm->link.Lauf.AdminCode, (AdminCodeBytes{0x12, 0x34, 0x56})) << "the next row needs it";
+    EXPECT_EQ(programm->link.Lauf.Order.AdminCode, (AdminCodeBytes{0x12, 0x34, 0x56})) << "the next row needs it";
 }
 
 TEST_F(List_Silence, of_an_adapter_that_was_pulled_out_sends_nothing_more_to_the_lock) {
@@ -133,7 +133,7 @@ TEST_F(List_Silence, does_not_count_while_the_run_itself_waits) {
     std::int64_t waited = 0;
     const std::function<void()> look = [&] {
         if (programm->Lauf.Waiting) {
-            waited = std::max(waited, world.World.Milliseconds() - programm->link.Lauf.LastAnswer);
+            waited = std::max(waited, world.World.Milliseconds() - programm->link.Lauf.Chain.LastAnswer);
         }
         world.At(100, look);
     };
@@ -177,7 +177,7 @@ TEST_F(List_Silence, of_the_last_row_ends_the_list) {
     ASSERT_TRUE(FinishList());
     EXPECT_THAT(AllRows(), ElementsAre(Failed));
     EXPECT_EQ(programm->F91.StatusLabel.Text(), "L265");
-    EXPECT_EQ(programm->link.Lauf.AdminCode, AdminCodeBytes{}) << "the code is forgotten with the list";
+    EXPECT_EQ(programm->link.Lauf.Order.AdminCode, AdminCodeBytes{}) << "the code is forgotten with the list";
 }
 
 } // namespace

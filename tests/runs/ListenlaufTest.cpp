@@ -132,7 +132,7 @@ TEST_F(List_Run, a_late_refusal_between_two_rows_changes_nothing) {
     programm->link.Rx.RxBuffer[3] = 0x65;
     programm->link.Rx.RxLength = 13;
     Antwort_Verteilen(programm->link);
-    EXPECT_EQ(programm->link.Lauf.RunRow, 2);
+    EXPECT_EQ(programm->link.Lauf.List.RunRow, 2);
     ASSERT_TRUE(FinishList());
     EXPECT_THAT(AllRows(), ElementsAre(Programmed, Programmed));
 }
@@ -290,7 +290,7 @@ TEST_F(List_Run, closing_between_two_rows_ends_the_list) {
     EXPECT_FALSE(programm->F91.Fenster.Visible);
     EXPECT_FALSE(programm->F9.Fenster.Visible);
     EXPECT_EQ(programm->F91.FGK91.Rows(), 1);
-    EXPECT_EQ(programm->link.Lauf.RunRows, 0);
+    EXPECT_EQ(programm->link.Lauf.List.RunRows, 0);
     world.RunFor(10000);
     EXPECT_EQ(Lock("00.0A.10.02").Sessions, 0);
 }
@@ -444,7 +444,7 @@ TEST_F(List_Run, a_serial_refusal_is_no_news_of_a_row_that_a_network_adapter_has
     programm->link.Hooks.Karte_Abgelehnt();
     programm->link.Hooks.Abgelehnt();
     EXPECT_EQ(RowAt(1), Row("*", "L259"));
-    EXPECT_EQ(programm->link.Lauf.RunRow, 1);
+    EXPECT_EQ(programm->link.Lauf.List.RunRow, 1);
 }
 
 TEST_F(List_Run, a_cancelled_list_of_histories_opens_none) {
@@ -511,7 +511,7 @@ TEST_F(List_Run, a_single_lock_goes_through_the_network_adapter_that_was_chosen)
     Expect_Ended(265);
     programm->F91.Command1_Click();
     EXPECT_EQ(programm->F91.FGK91.Rows(), 1);
-    EXPECT_EQ(programm->link.Lauf.RunRows, 0);
+    EXPECT_EQ(programm->link.Lauf.List.RunRows, 0);
 }
 
 TEST_F(List_Run, a_single_history_through_the_network_adapter_is_read_only) {

@@ -27,7 +27,7 @@ struct Run_List_Row : RunFixture {
         } else {
             Program(1);
         }
-        programm->link.Lauf.RunRows = programm->link.Lauf.RunRow = 1;
+        programm->link.Lauf.List.RunRows = programm->link.Lauf.List.RunRow = 1;
     }
     void Refuse(int telegram, int reason, bool behind = false) {
         devices.Faults.push_back(

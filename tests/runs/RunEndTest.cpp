@@ -200,7 +200,7 @@ TEST_F(Run_End, a_cancel_in_a_block_transfer_closes_the_unit_as_well) {
     const Codes sent = Sent();
     EXPECT_THAT(Codes(sent.end() - 2, sent.end()), ElementsAre(0x05, 0x03));
     EXPECT_EQ(Outcome(), RunOutcome::Cancelled);
-    EXPECT_EQ(programm->link.Lauf.UnitModus, 0);
+    EXPECT_EQ(programm->link.Lauf.Chain.UnitModus, 0);
     Expect_Next_Run_Works();
 }
 

@@ -249,7 +249,7 @@ TEST_P(Disturbed_Run, ends_as_cancelled_whenever_the_operator_cancels) {
         // A polled lock is deaf while it erases: it gets its disconnect when it hears again.
         ASSERT_TRUE(scene.Finish(60000));
         EXPECT_EQ(scene.Outcome(), finished ? RunOutcome::Done : RunOutcome::Cancelled);
-        EXPECT_EQ(scene.programm->link.Lauf.AbbruchWunsch, 0);
+        EXPECT_EQ(scene.programm->link.Lauf.Chain.AbbruchWunsch, 0);
         EXPECT_LE(scene.Lock(SerialOf(scene.kind)).Erases, erases + (codes[count - 1] == 0x27 ? 1 : 0));
         EXPECT_EQ(scene.files.File("RFCHANDIF12.RFX"), channels);
         Expect_Ready(scene);

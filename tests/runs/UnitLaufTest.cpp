@@ -55,7 +55,7 @@ TEST_F(Run_Units, a_unit_of_type_1_is_told_its_lock_and_its_box_is_ticked) {
     EXPECT_FALSE(programm->F9.Check[2].Checked);
     EXPECT_EQ(Outcome(), RunOutcome::Done);
     EXPECT_EQ(programm->link.TargetAddress, AddressOf(Serial::S));
-    EXPECT_EQ(programm->link.Lauf.LaufZiel, "");
+    EXPECT_EQ(programm->link.Lauf.Chain.LaufZiel, "");
     EXPECT_EQ(system->JudgementLines(), "");
 }
 
@@ -79,7 +79,7 @@ TEST_F(Run_Units, a_unit_of_type_2_gets_key_and_templates_in_pieces_of_32_bytes)
     EXPECT_EQ(unit.Rows[0].Bytes, values);
     EXPECT_TRUE(programm->F9.Check[1].Checked);
     EXPECT_EQ(Outcome(), RunOutcome::Done);
-    EXPECT_EQ(programm->link.Lauf.UnitModus, 0);
+    EXPECT_EQ(programm->link.Lauf.Chain.UnitModus, 0);
     EXPECT_EQ(programm->link.AddressMode, 0);
     EXPECT_EQ(system->JudgementLines(), "");
 }
@@ -225,7 +225,7 @@ TEST_F(Run_Units, a_cancel_behind_the_last_unit_ends_the_run_as_cancelled) {
     programm->F9.Command1_Click();
     ASSERT_TRUE(Finish());
     EXPECT_EQ(Outcome(), RunOutcome::Cancelled);
-    EXPECT_EQ(programm->link.Lauf.AbbruchWunsch, 0);
+    EXPECT_EQ(programm->link.Lauf.Chain.AbbruchWunsch, 0);
 }
 
 TEST_F(Run_Units, a_status_of_a_block_is_noted_and_the_session_goes_on) {

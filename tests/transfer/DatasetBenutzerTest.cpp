@@ -275,9 +275,9 @@ TEST_F(Datensatz_Benutzer, the_users_of_the_lock_before_are_gone) {
 
 TEST_F(Datensatz_Benutzer, a_lock_with_code_users_only_keeps_its_erase_option) {
     files.AddUser(1, {.Name = "Anna"});
-    link.Lauf.EraseOption = 1;
+    link.Lauf.Order.EraseOption = 1;
     ASSERT_EQ(Load(), 0);
-    EXPECT_EQ(link.Lauf.EraseOption, 1);
+    EXPECT_EQ(link.Lauf.Order.EraseOption, 1);
 }
 
 } // namespace

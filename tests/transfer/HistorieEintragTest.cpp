@@ -20,7 +20,7 @@ protected:
         kern.Sprache.LanguageText[275] = "L275";
         kern.Sprache.LanguageText[15] = "Code";
         kern.Sprache.LanguageText[112] = "level 3";
-        link.Lauf.HistoryCutoff = "01.01.2026";
+        link.Lauf.Order.HistoryCutoff = "01.01.2026";
     }
 
     /// Puts the reply 0x17 of lock 01.50.0C.06 into the buffer.
@@ -54,9 +54,9 @@ TEST_F(Historie_Eintraege, the_first_record_makes_the_file_with_the_locks_serial
     ASSERT_TRUE(Entry(4, 3, 26, 0x01));
     EXPECT_EQ(File(), "01.50.0C.06\r\n"
                       "Anna Berg       \t04.03.2026\t09:05\tCode\r\n");
-    EXPECT_EQ(link.Lauf.HistoryFileName, "/qvm/HIST/H_20260305_103000_Front.HST");
-    EXPECT_EQ(link.Lauf.HistoryFileOpen, 1);
-    EXPECT_EQ(link.Lauf.HistoryStop, 0);
+    EXPECT_EQ(link.Lauf.Chain.HistoryFileName, "/qvm/HIST/H_20260305_103000_Front.HST");
+    EXPECT_EQ(link.Lauf.Chain.HistoryFileOpen, 1);
+    EXPECT_EQ(link.Lauf.Chain.HistoryStop, 0);
     EXPECT_EQ(pc.Disk.Files.size(), 1U);
 }
 
@@ -72,12 +72,12 @@ TEST_F(Historie_Eintraege, later_records_go_into_the_same_file_whatever_the_cloc
 
 TEST_F(Historie_Eintraege, a_new_run_makes_a_new_file) {
     ASSERT_TRUE(Entry(4, 3, 26, 0x01));
-    link.Lauf.HistoryFileOpen = 0;
+    link.Lauf.Chain.HistoryFileOpen = 0;
     pc.RunFor(61000);
     ASSERT_TRUE(Entry(4, 3, 26, 0x01, "Back"));
-    EXPECT_EQ(link.Lauf.HistoryFileName, "/qvm/HIST/H_20260305_103101_Back.HST");
-    EXPECT_EQ(pc.Disk.Files[link.Lauf.HistoryFileName], "01.50.0C.06\r\n"
-                                                        "Anna Berg       \t04.03.2026\t09:05\tCode\r\n");
+    EXPECT_EQ(link.Lauf.Chain.HistoryFileName, "/qvm/HIST/H_20260305_103101_Back.HST");
+    EXPECT_EQ(pc.Disk.Files[link.Lauf.Chain.HistoryFileName], "01.50.0C.06\r\n"
+                                                              "Anna Berg       \t04.03.2026\t09:05\tCode\r\n");
 }
 
 TEST_F(Historie_Eintraege, a_state_stands_on_a_line_of_its_own_directly_behind_its_record) {
@@ -102,7 +102,7 @@ TEST_F(Historie_Eintraege, only_the_first_state_of_a_run_is_shown) {
     ASSERT_TRUE(Entry(4, 3, 26, 0x31));
     ASSERT_TRUE(Entry(4, 3, 26, 0x20));
     EXPECT_EQ(states, (std::vector<std::pair<int, std::string>>{{0x30, "level 3"}}));
-    link.Lauf.HistoryFileOpen = 0;
+    link.Lauf.Chain.HistoryFileOpen = 0;
     ASSERT_TRUE(Entry(4, 3, 26, 0x20));
     EXPECT_EQ(states, (std::vector<std::pair<int, std::string>>{{0x30, "level 3"}, {0x20, "level 2"}}));
 }
@@ -113,39 +113,39 @@ TEST_F(Historie_Eintraege, nobody_has_to_look_at_the_state) {
 }
 
 TEST_F(Historie_Eintraege, a_record_older_than_the_cut_off_is_written_and_is_the_last_one) {
-    link.Lauf.HistoryCutoff = "04.03.2026";
+    link.Lauf.Order.HistoryCutoff = "04.03.2026";
     ASSERT_TRUE(Entry(4, 3, 26, 0x01));
-    EXPECT_EQ(link.Lauf.HistoryStop, 0);
+    EXPECT_EQ(link.Lauf.Chain.HistoryStop, 0);
     ASSERT_TRUE(Entry(3, 3, 26, 0x01));
-    EXPECT_EQ(link.Lauf.HistoryStop, 0xFF);
+    EXPECT_EQ(link.Lauf.Chain.HistoryStop, 0xFF);
     EXPECT_EQ(File(), "01.50.0C.06\r\n"
                       "Anna Berg       \t04.03.2026\t09:05\tCode\r\n"
                       "Anna Berg       \t03.03.2026\t09:05\tCode\r\n");
 }
 
 TEST_F(Historie_Eintraege, dates_and_not_their_texts_are_compared) {
-    link.Lauf.HistoryCutoff = "02.03.2026";
+    link.Lauf.Order.HistoryCutoff = "02.03.2026";
     ASSERT_TRUE(Entry(31, 12, 25, 0x01));
-    EXPECT_EQ(link.Lauf.HistoryStop, 0xFF);
-    link.Lauf.HistoryStop = 0;
+    EXPECT_EQ(link.Lauf.Chain.HistoryStop, 0xFF);
+    link.Lauf.Chain.HistoryStop = 0;
     ASSERT_TRUE(Entry(1, 4, 26, 0x01));
-    EXPECT_EQ(link.Lauf.HistoryStop, 0);
+    EXPECT_EQ(link.Lauf.Chain.HistoryStop, 0);
 }
 
 TEST_F(Historie_Eintraege, without_a_cut_off_it_is_today) {
-    link.Lauf.HistoryCutoff = "";
+    link.Lauf.Order.HistoryCutoff = "";
     ASSERT_TRUE(Entry(5, 3, 26, 0x01));
-    EXPECT_EQ(link.Lauf.HistoryCutoff, "05.03.2026");
-    EXPECT_EQ(link.Lauf.HistoryStop, 0);
+    EXPECT_EQ(link.Lauf.Order.HistoryCutoff, "05.03.2026");
+    EXPECT_EQ(link.Lauf.Chain.HistoryStop, 0);
     ASSERT_TRUE(Entry(4, 3, 26, 0x01));
-    EXPECT_EQ(link.Lauf.HistoryStop, 0xFF);
+    EXPECT_EQ(link.Lauf.Chain.HistoryStop, 0xFF);
 }
 
 TEST_F(Historie_Eintraege, a_cut_off_that_is_no_date_counts_as_none) {
-    link.Lauf.HistoryCutoff = "-- -- . -- -- . -- --";
+    link.Lauf.Order.HistoryCutoff = "-- -- . -- -- . -- --";
     ASSERT_TRUE(Entry(4, 3, 26, 0x01));
-    EXPECT_EQ(link.Lauf.HistoryCutoff, "05.03.2026");
-    EXPECT_EQ(link.Lauf.HistoryStop, 0xFF);
+    EXPECT_EQ(link.Lauf.Order.HistoryCutoff, "05.03.2026");
+    EXPECT_EQ(link.Lauf.Chain.HistoryStop, 0xFF);
 }
 
 TEST_F(Historie_Eintraege, a_date_that_does_not_exist_is_told_and_left_empty_and_is_not_older) {
@@ -153,7 +153,7 @@ TEST_F(Historie_Eintraege, a_date_that_does_not_exist_is_told_and_left_empty_and
     ASSERT_TRUE(Entry(31, 2, 5, 0x01));
     ASSERT_EQ(pc.Shown.size(), 1U);
     EXPECT_EQ(pc.Shown[0].Title, "QVM 7702 SOFTWARE SYSTEM");
-    EXPECT_EQ(link.Lauf.HistoryStop, 0);
+    EXPECT_EQ(link.Lauf.Chain.HistoryStop, 0);
     EXPECT_EQ(File(), "01.50.0C.06\r\n"
                       "Anna Berg       \t\t09:05\tCode\r\n");
 }
@@ -187,7 +187,7 @@ TEST_F(Historie_Eintraege, a_file_that_cannot_be_made_loses_the_record_and_the_n
     pc.Disk.FailAt = 1;
     EXPECT_FALSE(Entry(4, 3, 26, 0x21));
     EXPECT_TRUE(pc.Disk.Files.empty());
-    EXPECT_EQ(link.Lauf.HistoryFileOpen, 0);
+    EXPECT_EQ(link.Lauf.Chain.HistoryFileOpen, 0);
     EXPECT_TRUE(states.empty());
     ASSERT_TRUE(Entry(3, 3, 26, 0x01));
     EXPECT_EQ(File(), "01.50.0C.06\r\n"
@@ -213,7 +213,7 @@ TEST_F(Historie_Eintraege, the_cut_off_is_noticed_even_when_nothing_can_be_writt
     pc.Disk.FailAt = 1;
     pc.Disk.FailFromThere = true;
     EXPECT_FALSE(Entry(31, 12, 25, 0x01));
-    EXPECT_EQ(link.Lauf.HistoryStop, 0xFF);
+    EXPECT_EQ(link.Lauf.Chain.HistoryStop, 0xFF);
 }
 
 } // namespace

@@ -24,8 +24,8 @@ struct Konto_Test : ::testing::Test {
     RunAccount konto;
 
     Konto_Test() {
-        lauf.SerialValue = OldSerial;
-        lauf.TimerMode = Timer_ERROR; // no timer tables: as few telegrams as a lock can get
+        lauf.Order.SerialValue = OldSerial;
+        lauf.Values.TimerMode = Timer_ERROR; // no timer tables: as few telegrams as a lock can get
     }
     void User(const std::string& name) {
         ProgSlot slot;
@@ -67,7 +67,7 @@ struct Konto_Test : ::testing::Test {
         }
     }
     void OneUser(int cursor, int slot) {
-        lauf.SlotCursor = cursor;
+        lauf.Chain.SlotCursor = cursor;
         Send(0x0A);
         Reply(0x0A, slot);
         for (const int code : {0x0B, 0x0D, 0x0E}) {
@@ -97,25 +97,25 @@ TEST_F(Konto_Test, of_a_bare_lock_owes_login_erase_switches_holidays_and_end) {
 }
 
 TEST_F(Konto_Test, grows_with_clock_history_search_mode_and_users) {
-    lauf.FlagSetClock = 1;     // 0x07, 0x09, and 0x2F behind them
-    lauf.ReadHistoryFirst = 1; // the history
-    lauf.KanalSuche = 1;       // 0x28, 0x66, 0x29
-    lauf.LockMode = 0x0A;      // 0x32
-    lauf.ListenWindow = true;  // 0x33
-    User("Anna");              // 0x0A, 0x0B, 0x0D, 0x0E
+    lauf.Values.FlagSetClock = 1;    // 0x07, 0x09, and 0x2F behind them
+    lauf.Chain.ReadHistoryFirst = 1; // the history
+    lauf.Chain.KanalSuche = 1;       // 0x28, 0x66, 0x29
+    lauf.Values.LockMode = 0x0A;     // 0x32
+    lauf.Values.ListenWindow = true; // 0x33
+    User("Anna");                    // 0x0A, 0x0B, 0x0D, 0x0E
     Plan();
     EXPECT_EQ(konto.Gesamt(), 12 + 3 + 1 + 3 + 1 + 1 + 4);
 }
 
 TEST_F(Konto_Test, of_timers_by_user_owes_their_parts_and_the_groups_of_each_user) {
-    lauf.TimerMode = TimerPB_UT; // three parts of 0x19, two of 0x1B, and 0x37 of the user
+    lauf.Values.TimerMode = TimerPB_UT; // three parts of 0x19, two of 0x1B, and 0x37 of the user
     User("Anna");
     Plan();
     EXPECT_EQ(konto.Gesamt(), 12 + 5 + 5);
 }
 
 TEST_F(Konto_Test, of_a_reading_owes_login_events_and_disconnect_alone) {
-    lauf.HistoryOnly = 1;
+    lauf.Chain.HistoryOnly = 1;
     User("Anna");
     Unit(0, '1');
     Plan();
@@ -180,7 +180,7 @@ TEST_F(Konto_Test, a_user_who_is_sent_twice_is_not_good) {
     Plan();
     OneUser(0, 7);
     EXPECT_EQ(konto.Erledigt(), 4);
-    lauf.SlotCursor = 0;
+    lauf.Chain.SlotCursor = 0;
     Both(0x0B);
     EXPECT_EQ(konto.Erledigt(), 3);
 }
@@ -210,7 +210,7 @@ TEST_F(Konto_Test, an_erase_opens_what_stands_behind_it_and_frees_the_places) {
 }
 
 TEST_F(Konto_Test, a_polled_lock_is_whole_without_the_echo_of_its_erase_but_not_confirmed) {
-    lauf.SerialValue = PolledSerial;
+    lauf.Order.SerialValue = PolledSerial;
     Plan();
     Both(0x04);
     Send(0x27);
@@ -224,7 +224,7 @@ TEST_F(Konto_Test, a_polled_lock_is_whole_without_the_echo_of_its_erase_but_not_
 }
 
 TEST_F(Konto_Test, a_late_echo_of_a_polled_lock_confirms_the_erase_and_disturbs_nothing) {
-    lauf.SerialValue = PolledSerial;
+    lauf.Order.SerialValue = PolledSerial;
     Plan();
     Both(0x04);
     Send(0x27);
@@ -236,7 +236,7 @@ TEST_F(Konto_Test, a_late_echo_of_a_polled_lock_confirms_the_erase_and_disturbs_
 }
 
 TEST_F(Konto_Test, an_echo_before_the_erase_confirms_nothing) {
-    lauf.SerialValue = PolledSerial;
+    lauf.Order.SerialValue = PolledSerial;
     Plan();
     Send(0x04);
     Idle(0x27);
@@ -245,7 +245,7 @@ TEST_F(Konto_Test, an_echo_before_the_erase_confirms_nothing) {
 }
 
 TEST_F(Konto_Test, a_refusal_behind_a_sign_of_life_counts_against_an_erase_without_echo) {
-    lauf.SerialValue = PolledSerial;
+    lauf.Order.SerialValue = PolledSerial;
     for (const bool echo : {false, true}) {
         Plan();
         Both(0x04);
@@ -263,7 +263,7 @@ TEST_F(Konto_Test, a_refusal_behind_a_sign_of_life_counts_against_an_erase_witho
 }
 
 TEST_F(Konto_Test, a_refusal_at_once_counts_against_the_erase_whatever_came_before) {
-    lauf.SerialValue = PolledSerial;
+    lauf.Order.SerialValue = PolledSerial;
     Plan();
     Both(0x04);
     Send(0x27);
@@ -274,7 +274,7 @@ TEST_F(Konto_Test, a_refusal_at_once_counts_against_the_erase_whatever_came_befo
 }
 
 TEST_F(Konto_Test, nobody_waits_for_the_reply_to_0x66) {
-    lauf.KanalSuche = 1;
+    lauf.Chain.KanalSuche = 1;
     Plan();
     Both(0x04);
     Both(0x28);
@@ -287,7 +287,7 @@ TEST_F(Konto_Test, nobody_waits_for_the_reply_to_0x66) {
 }
 
 TEST_F(Konto_Test, a_0x29_that_was_not_asked_for_moves_no_lock) {
-    lauf.KanalSuche = 1;
+    lauf.Chain.KanalSuche = 1;
     Plan();
     Both(0x04);
     Send(0x28);
@@ -311,8 +311,8 @@ TEST_F(Konto_Test, a_telegram_that_is_not_owed_counts_against_the_lock_but_not_a
 }
 
 TEST_F(Konto_Test, of_two_passes_owes_both) {
-    lauf.SerialValue = TwoPassSerial;
-    lauf.TwoPassFlag = 1;
+    lauf.Order.SerialValue = TwoPassSerial;
+    lauf.Chain.TwoPassFlag = 1;
     Plan();
     EXPECT_EQ(konto.Gesamt(), 24);
     Both(0x04);
@@ -323,16 +323,16 @@ TEST_F(Konto_Test, of_two_passes_owes_both) {
 }
 
 TEST_F(Konto_Test, the_second_pass_reads_no_history_and_searches_no_channel) {
-    lauf.SerialValue = TwoPassSerial;
-    lauf.TwoPassFlag = 1;
-    lauf.ReadHistoryFirst = 1;
-    lauf.KanalSuche = 1;
+    lauf.Order.SerialValue = TwoPassSerial;
+    lauf.Chain.TwoPassFlag = 1;
+    lauf.Chain.ReadHistoryFirst = 1;
+    lauf.Chain.KanalSuche = 1;
     Plan();
     EXPECT_EQ(konto.Gesamt(), 24 + 1 + 1 + 3); // the priority goes out behind the history
 }
 
 TEST_F(Konto_Test, a_history_is_good_with_its_end) {
-    lauf.HistoryOnly = 1;
+    lauf.Chain.HistoryOnly = 1;
     Plan();
     Both(0x04);
     Both(0x17);
@@ -363,8 +363,8 @@ TEST_F(Konto_Test, of_a_unit_of_type_1_is_no_part_of_the_locks_telegrams) {
     EXPECT_EQ(konto.Gesamt(), 12);
     EXPECT_TRUE(Konto_Unit_Geplant(konto, 1));
     EXPECT_FALSE(Konto_Unit_Begonnen(konto, 1));
-    lauf.LaufZiel = "UNIT";
-    lauf.UnitIndex = 1;
+    lauf.Chain.LaufZiel = "UNIT";
+    lauf.Chain.UnitIndex = 1;
     Both(0x04);
     EXPECT_EQ(Konto_Unit_Stand(konto, 1).Stage, UnitStage::LoggedIn);
     Send(0x3D);
@@ -382,8 +382,8 @@ TEST_F(Konto_Test, a_block_that_a_unit_does_not_accept_is_open) {
     User("Bert");
     daten.Slots[0].Template = {3, 0, 1};
     Plan();
-    lauf.UnitModus = 0xFD;
-    lauf.UnitIndex = 0;
+    lauf.Chain.UnitModus = 0xFD;
+    lauf.Chain.UnitIndex = 0;
     for (const bool accepted : {false, true}) {
         Both(0x27);
         // 14: 1; 15, 16: rows; 17, 18: the row; 19: the piece.

@@ -27,8 +27,8 @@ struct F11_Window : UiFixture {
             AddAdapter("00.11.22.33", "PROGSTATION USB", "1");
             AddAdapter("00.11.22.44", "NETWORK-1 Nordhalle", "2");
         }
-        programm->Lauf.link.Lauf.HistoryOnly = 1;
-        programm->Lauf.link.Lauf.RunRows = listRows;
+        programm->Lauf.link.Lauf.Chain.HistoryOnly = 1;
+        programm->Lauf.link.Lauf.List.RunRows = listRows;
         window = std::make_unique<ui::F11Window>(programm->F11, nullptr);
         programm->F11.F11_Laden(F11Opener::F13, "");
         Present(*window);
@@ -71,7 +71,7 @@ TEST_F(F11_Window, names_the_lock_over_the_code_and_nothing_for_a_list) {
     EXPECT_EQ(lock->text(), QString::fromUtf8("Schloss 3: Tür"));
     EXPECT_TRUE(lock->isVisible());
     EXPECT_LT(lock->geometry().bottom(), Find<QLabel>("F11.Prompt")->geometry().top());
-    programm->Lauf.link.Lauf.RunRows = 2;
+    programm->Lauf.link.Lauf.List.RunRows = 2;
     programm->F11.F11_Laden(F11Opener::F13, "");
     EXPECT_FALSE(lock->isVisible());
     window.reset();
@@ -125,7 +125,7 @@ TEST_F(F11_Window, picks_the_cut_off_date_in_a_month_up_to_today) {
     month->onPick({.Year = 2026, .Month = 1, .Day = 31});
     EXPECT_FALSE(month->isVisible());
     EXPECT_EQ(date->text(), QStringLiteral("31.01.2026"));
-    EXPECT_EQ(programm->Lauf.link.Lauf.HistoryCutoff, "31.01.2026");
+    EXPECT_EQ(programm->Lauf.link.Lauf.Order.HistoryCutoff, "31.01.2026");
 }
 
 TEST_F(F11_Window, shows_the_adapters_only_in_adapter_mode) {

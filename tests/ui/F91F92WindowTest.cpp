@@ -41,7 +41,7 @@ struct F91_Window : UiFixture {
         for (int n = 1; n <= 40; ++n) {
             programm->F91.Listenzeile_Uebernehmen(programm->F13.FGK13, n, n);
         }
-        programm->link.Lauf.RunRows = 40;
+        programm->link.Lauf.List.RunRows = 40;
         programm->F91.Liste_Starten(false);
         Present(*window);
     }

@@ -269,7 +269,7 @@ TEST_F(F18_Window, shows_the_channels_tried_and_ends_the_search_by_button_escape
     Start();
     ui::F18Window window(programm->F18, nullptr);
     for (int way = 0; way < 3; ++way) {
-        programm->Lauf.link.Lauf.KanalIndex = 0;
+        programm->Lauf.link.Lauf.Chain.KanalIndex = 0;
         programm->F18.F18_Zeigen();
         Present(window);
         programm->F18.Balken.Value = 118;
@@ -282,7 +282,7 @@ TEST_F(F18_Window, shows_the_channels_tried_and_ends_the_search_by_button_escape
         } else {
             window.close();
         }
-        EXPECT_EQ(programm->Lauf.link.Lauf.KanalIndex, 12) << way;
+        EXPECT_EQ(programm->Lauf.link.Lauf.Chain.KanalIndex, 12) << way;
         EXPECT_FALSE(window.isVisible()) << way;
     }
 }

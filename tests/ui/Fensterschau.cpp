@@ -159,7 +159,7 @@ void Fensterschau::locks() {
     programm_->F13.FGK13_Click(Lock, F13Column::Mark);
     take(windows_->f13, "F13");
     markedLocks();
-    programm_->Lauf.link.Lauf.ReadHistoryFirst = 1;
+    programm_->Lauf.link.Lauf.Chain.ReadHistoryFirst = 1;
     programm_->Lauf.LockName = programm_->F13.FGK13.Text(Lock, F13Column::Name);
     programm_->F11.F11_Laden(F11Opener::F13, "/46/108/1/2");
     take(windows_->f11, "F11");
@@ -201,7 +201,7 @@ void Fensterschau::progress() {
         programm_->Lauf.Konto.Items[n].Is = AccountItem::State::Acknowledged;
     }
     programm_->Lauf.Tempo.Since = programm_->kern.Welt.Milliseconds() - 5000;
-    programm_->Lauf.link.Lauf.SecondProgress = 12;
+    programm_->Lauf.link.Lauf.Progress.SecondProgress = 12;
     f9.Fortschritt();
     f9.StilleLabel.Text = programm_->kern.Zeile(274) + " 12 s";
     f9.StilleLabel.Visible = true;
@@ -228,7 +228,7 @@ void Fensterschau::list() {
     for (int row = 1; row <= 5; ++row) {
         f91.Listenzeile_Uebernehmen(programm_->F13.FGK13, row, row);
     }
-    programm_->Lauf.link.Lauf.RunRows = 5;
+    programm_->Lauf.link.Lauf.List.RunRows = 5;
     programm_->F11.F11_Laden(F11Opener::F13, "/46/108/1/2");
     take(windows_->f11, "F11-list");
     programm_->F11.Fenster.Visible = false;

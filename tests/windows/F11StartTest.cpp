@@ -36,7 +36,7 @@ TEST_F(F11_OK, sends_the_login_and_shows_the_progress_window_with_the_locks_name
     OpenStart();
     Ok();
     EXPECT_THAT(SentCodes(), ElementsAre(0x04));
-    EXPECT_EQ(Lauf().AdminCode, (AdminCodeBytes{0x12, 0x34, 0x56}));
+    EXPECT_EQ(Lauf().Order.AdminCode, (AdminCodeBytes{0x12, 0x34, 0x56}));
     EXPECT_FALSE(Dialog().Fenster.Visible);
     EXPECT_TRUE(programm->F9.Fenster.Visible);
     EXPECT_EQ(programm->F9.Fenster.Title(), "Tor");
@@ -97,22 +97,22 @@ TEST_F(F11_OK, can_be_tried_again_after_a_short_code) {
     Ok("");
     Ok("654321");
     EXPECT_THAT(SentCodes(), ElementsAre(0x04));
-    EXPECT_EQ(Lauf().AdminCode, (AdminCodeBytes{0x65, 0x43, 0x21}));
+    EXPECT_EQ(Lauf().Order.AdminCode, (AdminCodeBytes{0x65, 0x43, 0x21}));
 }
 
 TEST_F(F11_OK, takes_the_erase_option_from_the_check_box) {
     Open();
     OpenStart();
-    Lauf().EraseOption = 1;
+    Lauf().Order.EraseOption = 1;
     Ok();
-    EXPECT_EQ(Lauf().EraseOption, 0);
+    EXPECT_EQ(Lauf().Order.EraseOption, 0);
 
     programm->F9.Command1_Click();
     programm->F9.Command2_Click();
     OpenStart();
     Dialog().Check1.Checked = false;
     Ok();
-    EXPECT_EQ(Lauf().EraseOption, 1);
+    EXPECT_EQ(Lauf().Order.EraseOption, 1);
 }
 
 TEST_F(F11_OK, clears_the_last_status_text) {
@@ -179,7 +179,7 @@ TEST_P(F11_Balken, is_the_datasets_total_plus_20_above_30_and_else_160) {
     Open();
     OpenStart();
     Ok();
-    EXPECT_EQ(Lauf().ProgressMaximum, GetParam().Maximum);
+    EXPECT_EQ(Lauf().Progress.ProgressMaximum, GetParam().Maximum);
 }
 
 // A dataset counts 20 and 8 a user.
@@ -190,7 +190,7 @@ TEST_F(F11_OK, a_history_has_4020_on_the_first_bar) {
     Open();
     OpenHistory();
     Ok();
-    EXPECT_EQ(Lauf().ProgressMaximum, 4020);
+    EXPECT_EQ(Lauf().Progress.ProgressMaximum, 4020);
 }
 
 TEST_F(F11_OK, a_history_after_a_programming_has_4020_and_the_other_way_round_160) {
@@ -201,17 +201,17 @@ TEST_F(F11_OK, a_history_after_a_programming_has_4020_and_the_other_way_round_16
     Dialog().Cancel_Click();
     OpenStart();
     Ok();
-    EXPECT_EQ(Lauf().ProgressMaximum, 160);
+    EXPECT_EQ(Lauf().Progress.ProgressMaximum, 160);
 }
 
 TEST_F(F11_OK, the_bars_begin_anew) {
     Open();
-    Lauf().TelegramCounter = 77;
-    Lauf().SecondProgress = 20;
+    Lauf().Progress.TelegramCounter = 77;
+    Lauf().Progress.SecondProgress = 20;
     OpenStart();
     Ok();
-    EXPECT_EQ(Lauf().ProgressValue, 1);       // the login
-    EXPECT_EQ(programm->F9.Balken1.Value, 0); // not acknowledged
+    EXPECT_EQ(Lauf().Progress.ProgressValue, 1); // the login
+    EXPECT_EQ(programm->F9.Balken1.Value, 0);    // not acknowledged
     EXPECT_EQ(programm->F9.Balken2.Value, 4);
 }
 
@@ -295,8 +295,8 @@ TEST_F(F11_Adapter, of_the_network_takes_the_network_route) {
     OpenStart();
     Ok();
     EXPECT_THAT(Calls, ElementsAre("network"));
-    EXPECT_EQ(Lauf().AdminCode, (AdminCodeBytes{0x12, 0x34, 0x56}));
-    EXPECT_EQ(Lauf().NetMode, 0);
+    EXPECT_EQ(Lauf().Order.AdminCode, (AdminCodeBytes{0x12, 0x34, 0x56}));
+    EXPECT_EQ(Lauf().List.NetMode, 0);
     EXPECT_FALSE(Dialog().Fenster.Visible);
     EXPECT_FALSE(programm->F9.Fenster.Visible);
     EXPECT_THAT(world.Written, IsEmpty());
@@ -309,7 +309,7 @@ TEST_F(F11_Adapter, of_the_network_reads_a_history_in_net_mode_0x80) {
     OpenHistory();
     Ok();
     EXPECT_THAT(Calls, ElementsAre("network"));
-    EXPECT_EQ(Lauf().NetMode, 0x80);
+    EXPECT_EQ(Lauf().List.NetMode, 0x80);
 }
 
 TEST_F(F11_Adapter, of_the_network_needs_six_characters_too) {
@@ -319,7 +319,7 @@ TEST_F(F11_Adapter, of_the_network_needs_six_characters_too) {
     Expect(61);
     Ok("123");
     EXPECT_THAT(Calls, IsEmpty());
-    EXPECT_EQ(Lauf().NetMode, 0);
+    EXPECT_EQ(Lauf().List.NetMode, 0);
     EXPECT_TRUE(Dialog().Fenster.Visible);
     EXPECT_EQ(Dialog().Stellen(), 0);
 }
@@ -341,8 +341,8 @@ TEST_F(F11_Liste, hands_over_to_the_list_and_hides_both_windows) {
     const int opens = world.Opens;
     Ok("987654");
     EXPECT_THAT(Calls, ElementsAre("list"));
-    EXPECT_EQ(Lauf().AdminCode, (AdminCodeBytes{0x98, 0x76, 0x54}));
-    EXPECT_EQ(Lauf().EraseOption, 0);
+    EXPECT_EQ(Lauf().Order.AdminCode, (AdminCodeBytes{0x98, 0x76, 0x54}));
+    EXPECT_EQ(Lauf().Order.EraseOption, 0);
     EXPECT_FALSE(Dialog().Fenster.Visible);
     EXPECT_FALSE(programm->F13.Fenster.Visible);
     EXPECT_FALSE(programm->F9.Fenster.Visible);
@@ -354,7 +354,7 @@ TEST_F(F11_Liste, takes_the_erase_option_from_the_check_box) {
     OpenList();
     Dialog().Check1.Checked = false;
     Ok();
-    EXPECT_EQ(Lauf().EraseOption, 1);
+    EXPECT_EQ(Lauf().Order.EraseOption, 1);
 }
 
 TEST_F(F11_Liste, does_not_begin_with_fewer_than_six_characters) {
@@ -371,7 +371,7 @@ TEST_F(F11_Liste, does_not_begin_with_fewer_than_six_characters) {
 TEST_F(F11_Liste, that_was_cancelled_does_not_stick_to_the_next_click) {
     OpenList();
     Dialog().Cancel_Click();
-    EXPECT_EQ(programm->link.Lauf.RunRows, 0);
+    EXPECT_EQ(programm->link.Lauf.List.RunRows, 0);
     OpenStart(2);
     Ok();
     EXPECT_THAT(Calls, ElementsAre("answers"));

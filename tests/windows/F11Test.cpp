@@ -89,13 +89,13 @@ constexpr const char* Dashes = "-- -- . -- -- . -- --";
 struct F11_Grenzdatum : F11_Laden, ::testing::WithParamInterface<CutoffCase> {};
 
 TEST_P(F11_Grenzdatum, stands_20_days_back_when_history_is_read_and_is_live_from_the_grid_only) {
-    Lauf().HistoryOnly = GetParam().HistoryOnly;
-    Lauf().ReadHistoryFirst = GetParam().ReadHistoryFirst;
-    Lauf().NetMode = GetParam().NetMode;
-    Lauf().HistoryCutoff = "01.01.2001"; // of an earlier run
+    Lauf().Chain.HistoryOnly = GetParam().HistoryOnly;
+    Lauf().Chain.ReadHistoryFirst = GetParam().ReadHistoryFirst;
+    Lauf().List.NetMode = GetParam().NetMode;
+    Lauf().Order.HistoryCutoff = "01.01.2001"; // of an earlier run
     Open(GetParam().Opener);
     EXPECT_EQ(Dialog().CutoffDate.Text(), GetParam().Shown);
-    EXPECT_EQ(Lauf().HistoryCutoff, GetParam().Cutoff);
+    EXPECT_EQ(Lauf().Order.HistoryCutoff, GetParam().Cutoff);
     EXPECT_EQ(Dialog().CutoffDate.Enabled, GetParam().DateEnabled);
     EXPECT_EQ(Dialog().CutoffText.Enabled, GetParam().DateEnabled);
     EXPECT_EQ(Dialog().Check1.Enabled, GetParam().BoxEnabled);
@@ -115,29 +115,29 @@ INSTANTIATE_TEST_SUITE_P(
         CutoffCase{"none from F12", 0, 0, 0, F11Opener::F12, Dashes, "", false, false}));
 
 TEST_F(F11_Laden, takes_a_picked_date_up_to_today) {
-    Lauf().HistoryOnly = 1;
+    Lauf().Chain.HistoryOnly = 1;
     Open();
     Dialog().Datum_Waehlen({.Year = 2025, .Month = 12, .Day = 24});
-    EXPECT_EQ(Lauf().HistoryCutoff, "24.12.2025");
+    EXPECT_EQ(Lauf().Order.HistoryCutoff, "24.12.2025");
     EXPECT_EQ(Dialog().CutoffDate.Text(), "24.12.2025");
     Dialog().Datum_Waehlen({.Year = 2026, .Month = 3, .Day = 5});
-    EXPECT_EQ(Lauf().HistoryCutoff, "05.03.2026");
+    EXPECT_EQ(Lauf().Order.HistoryCutoff, "05.03.2026");
 }
 
 TEST_F(F11_Laden, takes_no_date_after_today_and_none_that_does_not_exist) {
-    Lauf().HistoryOnly = 1;
+    Lauf().Chain.HistoryOnly = 1;
     Open();
     Dialog().Datum_Waehlen({.Year = 2026, .Month = 3, .Day = 6});
     Dialog().Datum_Waehlen({.Year = 2026, .Month = 2, .Day = 29});
     Dialog().Datum_Waehlen({.Year = 2025, .Month = 13, .Day = 1});
-    EXPECT_EQ(Lauf().HistoryCutoff, "13.02.2026");
+    EXPECT_EQ(Lauf().Order.HistoryCutoff, "13.02.2026");
     EXPECT_EQ(Dialog().CutoffDate.Text(), "13.02.2026");
 }
 
 TEST_F(F11_Laden, takes_no_date_when_no_history_is_read) {
     Open();
     Dialog().Datum_Waehlen({.Year = 2026, .Month = 1, .Day = 1});
-    EXPECT_EQ(Lauf().HistoryCutoff, "");
+    EXPECT_EQ(Lauf().Order.HistoryCutoff, "");
     EXPECT_EQ(Dialog().CutoffDate.Text(), Dashes);
 }
 
@@ -213,7 +213,7 @@ TEST_F(F11_Laden, drops_the_seventh_key) {
     EXPECT_EQ(Dialog().Text1.Text(), "******");
     EXPECT_EQ(Dialog().Anzahl.Text(), "6");
     Dialog().OK_Click();
-    EXPECT_EQ(Lauf().AdminCode, (AdminCodeBytes{0x12, 0x34, 0x56}));
+    EXPECT_EQ(Lauf().Order.AdminCode, (AdminCodeBytes{0x12, 0x34, 0x56}));
 }
 
 TEST_F(F11_Laden, backspace_takes_one_back_and_stops_at_none) {
@@ -228,7 +228,7 @@ TEST_F(F11_Laden, backspace_takes_one_back_and_stops_at_none) {
     Dialog().Text1_KeyPress(8);
     Type("3");
     Dialog().OK_Click();
-    EXPECT_EQ(Lauf().AdminCode, (AdminCodeBytes{0x98, 0x76, 0x53}));
+    EXPECT_EQ(Lauf().Order.AdminCode, (AdminCodeBytes{0x98, 0x76, 0x53}));
 }
 
 TEST_F(F11_Laden, escape_delete_and_tab_are_no_characters) {
@@ -270,7 +270,7 @@ TEST_P(F11_Code, goes_by_the_keypad_passes_over_other_keys_and_packs_a_zero_as_A
     Open();
     Type(GetParam().Keys);
     Dialog().OK_Click();
-    EXPECT_EQ(Lauf().AdminCode, GetParam().Code);
+    EXPECT_EQ(Lauf().Order.AdminCode, GetParam().Code);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -283,7 +283,7 @@ INSTANTIATE_TEST_SUITE_P(
 // ---- patience with silent locks
 
 TEST_F(F11_Laden, asks_how_long_a_list_waits_for_a_silent_lock_and_offers_a_minute_first) {
-    Lauf().RunRows = 2;
+    Lauf().List.RunRows = 2;
     Open();
     EXPECT_TRUE(Dialog().Geduld.Visible);
     EXPECT_TRUE(Dialog().GeduldText.Visible);

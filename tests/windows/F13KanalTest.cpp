@@ -25,8 +25,8 @@ TEST_P(F13_Kanal, program_searches_unless_the_lock_stands_on_its_target) {
     files.Channel(1, GetParam().Channel, GetParam().Target, GetParam().Flag);
     Open();
     OpenStart();
-    EXPECT_EQ(Lauf().KanalSuche, GetParam().Search ? 1 : 0);
-    EXPECT_EQ(Lauf().KanalIndex, 0);
+    EXPECT_EQ(Lauf().Chain.KanalSuche, GetParam().Search ? 1 : 0);
+    EXPECT_EQ(Lauf().Chain.KanalIndex, 0);
     EXPECT_EQ(programm->link.TargetChannel, GetParam().First);
 }
 
@@ -36,7 +36,7 @@ TEST_P(F13_Kanal, history_searches_by_the_same_rule_but_starts_on_the_systems_ch
     Open();
     Expect(65);
     Click(1, F13Column::History);
-    EXPECT_EQ(Lauf().KanalSuche, GetParam().Search ? 1 : 0);
+    EXPECT_EQ(Lauf().Chain.KanalSuche, GetParam().Search ? 1 : 0);
     EXPECT_EQ(programm->link.TargetChannel, 3);
 }
 
@@ -45,7 +45,7 @@ TEST_P(F13_Kanal, code_change_searches_by_the_same_rule) {
     files.Channel(1, GetParam().Channel, GetParam().Target, GetParam().Flag);
     Open();
     Click(1, F13Column::Code);
-    EXPECT_EQ(Lauf().KanalSuche, GetParam().Search ? 1 : 0);
+    EXPECT_EQ(Lauf().Chain.KanalSuche, GetParam().Search ? 1 : 0);
     EXPECT_EQ(programm->link.TargetChannel, 3);
 }
 
@@ -86,9 +86,9 @@ TEST_F(F13_Klick, of_a_lock_that_moves_yes_reads_the_history_first) {
     Open();
     Expect(63, Answer::Yes);
     Click(1, F13Column::Program);
-    EXPECT_EQ(Lauf().HistoryOnly, 0);
-    EXPECT_EQ(Lauf().ReadHistoryFirst, 1);
-    EXPECT_EQ(Lauf().NetMode, 0xFF);
+    EXPECT_EQ(Lauf().Chain.HistoryOnly, 0);
+    EXPECT_EQ(Lauf().Chain.ReadHistoryFirst, 1);
+    EXPECT_EQ(Lauf().List.NetMode, 0xFF);
     EXPECT_TRUE(StartOpen());
 }
 
@@ -103,7 +103,7 @@ TEST_F(F13_Klick, of_a_lock_that_moves_cancel_ends_with_its_dataset_gathered) {
     EXPECT_TRUE(GridEnabled());
     EXPECT_EQ(Mark(1), "X");
     EXPECT_EQ(programm->Lauf.Daten.Slots.size(), 1U);
-    EXPECT_EQ(Lauf().KanalSuche, 0);
+    EXPECT_EQ(Lauf().Chain.KanalSuche, 0);
 }
 
 // ---- two passes
@@ -132,12 +132,12 @@ struct F13_ZweiDurchgaenge : F13_Klick, ::testing::WithParamInterface<TwoPassCas
 
 TEST_P(F13_ZweiDurchgaenge, are_marked_between_the_borders_with_a_transponder) {
     Prepare("0");
-    EXPECT_EQ(Lauf().TwoPassFlag, GetParam().Flag);
+    EXPECT_EQ(Lauf().Chain.TwoPassFlag, GetParam().Flag);
 }
 
 TEST_P(F13_ZweiDurchgaenge, are_marked_in_a_channel_search_too) {
     Prepare("1");
-    EXPECT_EQ(Lauf().TwoPassFlag, GetParam().Flag);
+    EXPECT_EQ(Lauf().Chain.TwoPassFlag, GetParam().Flag);
 }
 
 INSTANTIATE_TEST_SUITE_P(Borders, F13_ZweiDurchgaenge,

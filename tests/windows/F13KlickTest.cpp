@@ -8,12 +8,12 @@ namespace {
 TEST_F(F13_Klick, a_white_cell_does_nothing_at_all) {
     SettledLock(1, "Tor");
     Open();
-    Lauf().TwoPassFlag = 1;
+    Lauf().Chain.TwoPassFlag = 1;
     const int opens = world.Opens;
     Click(1, F13Column::Name);
     Click(2, F13Column::Program); // a row without a serial
     Click(2, F13Column::Mark);
-    EXPECT_EQ(Lauf().TwoPassFlag, 1);
+    EXPECT_EQ(Lauf().Chain.TwoPassFlag, 1);
     EXPECT_EQ(world.Opens, opens);
     EXPECT_EQ(Mark(2), "");
     EXPECT_FALSE(StartOpen());
@@ -22,7 +22,7 @@ TEST_F(F13_Klick, a_white_cell_does_nothing_at_all) {
 TEST_F(F13_Klick, the_header_cells_outside_and_a_disabled_window_do_nothing) {
     SettledLock(1, "Tor");
     Open();
-    Lauf().TwoPassFlag = 1;
+    Lauf().Chain.TwoPassFlag = 1;
     programm->F13.FGK13.SetBackColor(0, F13Column::Program, 0xE0E0E0);
     Click(0, F13Column::Program);
     Click(-1, F13Column::Program);
@@ -31,44 +31,24 @@ TEST_F(F13_Klick, the_header_cells_outside_and_a_disabled_window_do_nothing) {
     Click(1, -1);
     programm->F13.Fenster.Enabled = false;
     Click(1, F13Column::Mark);
-    EXPECT_EQ(Lauf().TwoPassFlag, 1);
+    EXPECT_EQ(Lauf().Chain.TwoPassFlag, 1);
     EXPECT_EQ(Mark(1), "");
 }
 
-TEST_F(F13_Klick, clears_all_flags_of_an_earlier_run) {
+TEST_F(F13_Klick, nothing_of_an_earlier_run_reaches_the_next) {
     SettledLock(1, "Tor");
+    SettledLock(2, "Hof");
     Open();
-    RunState& lauf = Lauf();
-    lauf.HistoryOnly = lauf.ReadHistoryFirst = lauf.NetMode = lauf.KanalSuche = lauf.KanalIndex = 9;
-    lauf.LaufZiel = "UNIT";
-    lauf.UnitModus = 0xFD;
-    lauf.AbbruchWunsch = lauf.TwoPassFlag = lauf.SuchLauf = lauf.SuchMarke = 0xAD;
-    lauf.WiederholZaehler = 12;
-    lauf.HistoryFileOpen = 1;
-    lauf.HistoryStop = 0xFF;
-    lauf.IdMarke = "P";
-    lauf.RunRow = 1;
-    lauf.RunRows = 4;
+    StartRun(1);
+    Lauf().Chain.AbbruchWunsch = Lauf().Chain.KanalIndex = 1;
+    Lauf().List = {.RunRow = 1, .RunRows = 4, .NetMode = 0x80};
+    ASSERT_NE(Lauf().Chain, ChainState{}); // its phase, at least
     programm->link.DeviceClassByte = 0xC3;
     programm->link.AddressMode = 1;
-    Click(1, F13Column::Status); // a cell with a picture and no action of its own
-    EXPECT_EQ(lauf.HistoryOnly, 0);
-    EXPECT_EQ(lauf.ReadHistoryFirst, 0);
-    EXPECT_EQ(lauf.NetMode, 0);
-    EXPECT_EQ(lauf.KanalSuche, 0);
-    EXPECT_EQ(lauf.KanalIndex, 0);
-    EXPECT_EQ(lauf.LaufZiel, "");
-    EXPECT_EQ(lauf.UnitModus, 0);
-    EXPECT_EQ(lauf.AbbruchWunsch, 0);
-    EXPECT_EQ(lauf.TwoPassFlag, 0);
-    EXPECT_EQ(lauf.SuchLauf, 0);
-    EXPECT_EQ(lauf.SuchMarke, 0);
-    EXPECT_EQ(lauf.WiederholZaehler, 0);
-    EXPECT_EQ(lauf.HistoryFileOpen, 0);
-    EXPECT_EQ(lauf.HistoryStop, 0);
-    EXPECT_EQ(lauf.IdMarke, "");
-    EXPECT_EQ(lauf.RunRow, 0);
-    EXPECT_EQ(lauf.RunRows, 0);
+    programm->F13.Fenster.Enabled = true;
+    Click(2, F13Column::Status); // a cell with a picture and no action of its own
+    EXPECT_EQ(Lauf().Chain, ChainState{});
+    EXPECT_EQ(Lauf().List, ListState{});
     EXPECT_EQ(programm->link.DeviceClassByte, 0x11);
     EXPECT_EQ(programm->link.AddressMode, 0);
 }
@@ -129,9 +109,9 @@ TEST_F(F13_Klick, program_with_yes_reads_the_history_first) {
     Open();
     Expect(63, Answer::Yes);
     Click(1, F13Column::Program);
-    EXPECT_EQ(Lauf().HistoryOnly, 0);
-    EXPECT_EQ(Lauf().ReadHistoryFirst, 1);
-    EXPECT_EQ(Lauf().NetMode, 0xFF);
+    EXPECT_EQ(Lauf().Chain.HistoryOnly, 0);
+    EXPECT_EQ(Lauf().Chain.ReadHistoryFirst, 1);
+    EXPECT_EQ(Lauf().List.NetMode, 0xFF);
     EXPECT_TRUE(StartOpen());
     EXPECT_FALSE(GridEnabled());
 }
@@ -140,14 +120,14 @@ TEST_F(F13_Klick, program_with_no_only_programs) {
     SettledLock(1, "Tor");
     Open();
     OpenStart();
-    EXPECT_EQ(Lauf().HistoryOnly, 0);
-    EXPECT_EQ(Lauf().ReadHistoryFirst, 0);
-    EXPECT_EQ(Lauf().NetMode, 0);
-    EXPECT_EQ(Lauf().KanalSuche, 0);
+    EXPECT_EQ(Lauf().Chain.HistoryOnly, 0);
+    EXPECT_EQ(Lauf().Chain.ReadHistoryFirst, 0);
+    EXPECT_EQ(Lauf().List.NetMode, 0);
+    EXPECT_EQ(Lauf().Chain.KanalSuche, 0);
     EXPECT_EQ(programm->link.TargetChannel, 3);
-    EXPECT_EQ(Lauf().SerialValue, 0x000A1001U);
+    EXPECT_EQ(Lauf().Order.SerialValue, 0x000A1001U);
     EXPECT_EQ(programm->link.TargetAddress, (Address{0x00, 0x0A, 0x10, 0x01}));
-    EXPECT_EQ(Lauf().LockAddress, (Address{0x00, 0x0A, 0x10, 0x01}));
+    EXPECT_EQ(Lauf().Order.LockAddress, (Address{0x00, 0x0A, 0x10, 0x01}));
     EXPECT_FALSE(GridEnabled());
     EXPECT_EQ(Mark(1), "X");
     EXPECT_THAT(world.Written, IsEmpty());
@@ -162,7 +142,7 @@ TEST_F(F13_Klick, program_with_cancel_ends_before_the_dataset_and_leaves_the_mar
     EXPECT_FALSE(StartOpen());
     EXPECT_TRUE(GridEnabled());
     EXPECT_EQ(Mark(1), "X");
-    EXPECT_EQ(Lauf().ReadHistoryFirst, 0);
+    EXPECT_EQ(Lauf().Chain.ReadHistoryFirst, 0);
 }
 
 TEST_F(F13_Klick, a_second_click_on_program_takes_the_mark_away_again) {
@@ -212,9 +192,9 @@ TEST_F(F13_Klick, the_values_of_the_dataset_stand_when_the_dialog_opens) {
     Open();
     OpenStart();
     EXPECT_EQ(programm->Lauf.Daten.Slots.size(), 1U);
-    EXPECT_EQ(Lauf().FlagLockTimer, 0);
-    EXPECT_EQ(Lauf().FlagCalendar, 1);
-    EXPECT_EQ(Lauf().FlagSetClock, 0);
+    EXPECT_EQ(Lauf().Values.FlagLockTimer, 0);
+    EXPECT_EQ(Lauf().Values.FlagCalendar, 1);
+    EXPECT_EQ(Lauf().Values.FlagSetClock, 0);
 }
 
 // ---- history
@@ -228,10 +208,10 @@ TEST_F(F13_Klick, history_asks_and_opens_the_dialog_for_reading_only) {
     EXPECT_EQ(world.Shown[0].Title, "QVM 7702 SOFTWARE SYSTEM");
     EXPECT_EQ(world.Shown[0].Choice, Buttons::OkCancel);
     EXPECT_EQ(world.Shown[0].DefaultButton, 1);
-    EXPECT_EQ(Lauf().HistoryOnly, 1);
+    EXPECT_EQ(Lauf().Chain.HistoryOnly, 1);
     EXPECT_EQ(programm->F13.ProgressTotal, 4000);
-    EXPECT_EQ(Lauf().SerialValue, 0x000A1001U);
-    EXPECT_EQ(Lauf().FlagSetClock, 1);
+    EXPECT_EQ(Lauf().Order.SerialValue, 0x000A1001U);
+    EXPECT_EQ(Lauf().Values.FlagSetClock, 1);
     EXPECT_EQ(Mark(1), "X");
     EXPECT_TRUE(StartOpen());
     EXPECT_FALSE(GridEnabled());
@@ -241,10 +221,10 @@ TEST_F(F13_Klick, history_asks_and_opens_the_dialog_for_reading_only) {
 TEST_F(F13_Klick, history_takes_the_clock_switch_from_the_row) {
     SettledLock(1, "Tor", SerialS, "XXXX ");
     Open();
-    Lauf().FlagSetClock = 1;
+    Lauf().Values.FlagSetClock = 1;
     Expect(65);
     Click(1, F13Column::History);
-    EXPECT_EQ(Lauf().FlagSetClock, 0);
+    EXPECT_EQ(Lauf().Values.FlagSetClock, 0);
 }
 
 TEST_F(F13_Klick, history_with_cancel_changes_nothing) {
@@ -252,7 +232,7 @@ TEST_F(F13_Klick, history_with_cancel_changes_nothing) {
     Open();
     Expect(65, Answer::Cancel);
     Click(1, F13Column::History);
-    EXPECT_EQ(Lauf().HistoryOnly, 0);
+    EXPECT_EQ(Lauf().Chain.HistoryOnly, 0);
     EXPECT_EQ(Mark(1), "");
     EXPECT_FALSE(StartOpen());
     EXPECT_TRUE(GridEnabled());
@@ -284,7 +264,7 @@ TEST_F(F13_Klick, change_code_turns_the_adapter_to_the_lock_and_opens_its_window
     EXPECT_THAT(world.Written, ElementsAre(0x02, 0x0E, 0x6B, 0x03, 0x00, 0x0A, 0x10, 0x01, 0, 0, 0, 0, 0, 0, 0, 0xB5));
     EXPECT_EQ(Code_Windows, 1);
     EXPECT_EQ(SentBeforeCode.size(), 16U);
-    EXPECT_EQ(Lauf().HistoryOnly, 0);
+    EXPECT_EQ(Lauf().Chain.HistoryOnly, 0);
     EXPECT_EQ(programm->F13.ProgressTotal, 400);
     EXPECT_FALSE(GridEnabled());
     EXPECT_FALSE(StartOpen());
@@ -294,11 +274,11 @@ TEST_F(F13_Klick, change_code_turns_the_adapter_to_the_lock_and_opens_its_window
 TEST_F(F13_Klick, change_code_is_dead_while_its_window_does_not_exist) {
     SettledLock(1, "Tor");
     Begin();
-    Lauf().TwoPassFlag = 1;
+    Lauf().Chain.TwoPassFlag = 1;
     Click(1, F13Column::Code);
     EXPECT_THAT(world.Written, IsEmpty());
     EXPECT_TRUE(GridEnabled());
-    EXPECT_EQ(Lauf().TwoPassFlag, 1);
+    EXPECT_EQ(Lauf().Chain.TwoPassFlag, 1);
 }
 
 TEST_F(F13_Klick, change_code_sends_nothing_in_address_mode_1) {

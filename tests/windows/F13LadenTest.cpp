@@ -34,11 +34,11 @@ TEST_F(F13_FormLaden, shows_the_window_under_the_system_title_with_caller_code_t
 
 TEST_F(F13_FormLaden, clears_the_list_count) {
     Start();
-    Lauf().RunRow = 3;
-    Lauf().RunRows = 7;
+    Lauf().List.RunRow = 3;
+    Lauf().List.RunRows = 7;
     Begin();
-    EXPECT_EQ(Lauf().RunRow, 0);
-    EXPECT_EQ(Lauf().RunRows, 0);
+    EXPECT_EQ(Lauf().List.RunRow, 0);
+    EXPECT_EQ(Lauf().List.RunRows, 0);
 }
 
 TEST_F(F13_FormLaden, has_a_header_and_two_hundred_rows_of_sixteen_columns) {

@@ -63,7 +63,7 @@ TEST_F(F13_Liste, prog_copies_the_marked_rows_in_order_and_clears_their_marks) {
     EXPECT_EQ(Mark(1), "");
     EXPECT_EQ(Mark(2), "");
     EXPECT_EQ(Mark(200), "");
-    EXPECT_EQ(Lauf().RunRows, 2);
+    EXPECT_EQ(Lauf().List.RunRows, 2);
     EXPECT_TRUE(programm->F11.Fenster.Visible);
     EXPECT_FALSE(programm->F13.Fenster.Enabled);
     EXPECT_THAT(world.Written, IsEmpty());
@@ -74,7 +74,7 @@ TEST_F(F13_Liste, prog_with_no_row_marked_says_so_and_asks_nothing) {
     programm->F13.Toolbar1_ButtonClick("Prog.");
     EXPECT_EQ(world.Shown.size(), 1U);
     EXPECT_THAT(Calls, IsEmpty());
-    EXPECT_EQ(Lauf().RunRows, 0);
+    EXPECT_EQ(Lauf().List.RunRows, 0);
     EXPECT_FALSE(programm->F11.Fenster.Visible);
     EXPECT_TRUE(programm->F13.Fenster.Enabled);
 }
@@ -88,35 +88,36 @@ TEST_F(F13_Liste, prog_takes_a_lock_marked_by_a_cancelled_single_run_along) {
 
 TEST_F(F13_Liste, both_keys_clear_what_an_earlier_run_left) {
     MarkRows();
-    Lauf().TwoPassFlag = Lauf().HistoryOnly = Lauf().ReadHistoryFirst = Lauf().AbbruchWunsch = 1;
-    Lauf().RunRow = 5;
-    Lauf().RunRows = 9;
+    Lauf().Chain.TwoPassFlag = Lauf().Chain.HistoryOnly = Lauf().Chain.ReadHistoryFirst = Lauf().Chain.AbbruchWunsch =
+        1;
+    Lauf().List.RunRow = 5;
+    Lauf().List.RunRows = 9;
     programm->link.AddressMode = 1;
     Prog(Answer::No, Answer::No);
-    EXPECT_EQ(Lauf().TwoPassFlag, 0);
-    EXPECT_EQ(Lauf().HistoryOnly, 0);
-    EXPECT_EQ(Lauf().ReadHistoryFirst, 0);
-    EXPECT_EQ(Lauf().AbbruchWunsch, 0);
-    EXPECT_EQ(Lauf().RunRow, 0);
-    EXPECT_EQ(Lauf().RunRows, 2);
+    EXPECT_EQ(Lauf().Chain.TwoPassFlag, 0);
+    EXPECT_EQ(Lauf().Chain.HistoryOnly, 0);
+    EXPECT_EQ(Lauf().Chain.ReadHistoryFirst, 0);
+    EXPECT_EQ(Lauf().Chain.AbbruchWunsch, 0);
+    EXPECT_EQ(Lauf().List.RunRow, 0);
+    EXPECT_EQ(Lauf().List.RunRows, 2);
     EXPECT_EQ(programm->link.AddressMode, 0);
 
     programm->F11.Cancel_Click();
     Click(200, F13Column::Mark);
-    Lauf().RunRows = 9;
-    Lauf().TwoPassFlag = Lauf().ReadHistoryFirst = 1;
+    Lauf().List.RunRows = 9;
+    Lauf().Chain.TwoPassFlag = Lauf().Chain.ReadHistoryFirst = 1;
     SaveHistory(Answer::No);
-    EXPECT_EQ(Lauf().TwoPassFlag, 0);
-    EXPECT_EQ(Lauf().ReadHistoryFirst, 0);
-    EXPECT_EQ(Lauf().RunRows, 1);
+    EXPECT_EQ(Lauf().Chain.TwoPassFlag, 0);
+    EXPECT_EQ(Lauf().Chain.ReadHistoryFirst, 0);
+    EXPECT_EQ(Lauf().List.RunRows, 1);
 }
 
 TEST_F(F13_Liste, savehistory_asks_only_for_the_start_and_reads_only) {
     MarkRows();
     SaveHistory(Answer::No);
     EXPECT_EQ(world.Shown.size(), 1U);
-    EXPECT_EQ(Lauf().NetMode, 0x80);
-    EXPECT_EQ(Lauf().HistoryOnly, 1);
+    EXPECT_EQ(Lauf().List.NetMode, 0x80);
+    EXPECT_EQ(Lauf().Chain.HistoryOnly, 1);
     EXPECT_FALSE(programm->F13.DelayedStart);
     EXPECT_THAT(Copies, ElementsAre(Copy{1, 1}, Copy{200, 2}));
     EXPECT_TRUE(programm->F11.Fenster.Visible);
@@ -133,13 +134,13 @@ TEST_F(F13_Liste, savehistory_takes_yes_as_a_delayed_start_and_cancel_as_no) {
 }
 
 TEST_F(F13_Liste, savehistory_with_no_row_marked_says_so_and_asks_nothing) {
-    Lauf().NetMode = 0;
+    Lauf().List.NetMode = 0;
     ExpectNothingMarked();
     programm->F13.Toolbar1_ButtonClick("SaveHistory");
     EXPECT_EQ(world.Shown.size(), 1U);
     EXPECT_THAT(Calls, IsEmpty());
-    EXPECT_EQ(Lauf().NetMode, 0);
-    EXPECT_EQ(Lauf().HistoryOnly, 0);
+    EXPECT_EQ(Lauf().List.NetMode, 0);
+    EXPECT_EQ(Lauf().Chain.HistoryOnly, 0);
     EXPECT_FALSE(programm->F11.Fenster.Visible);
     EXPECT_TRUE(programm->F13.Fenster.Enabled);
 }
@@ -160,7 +161,7 @@ TEST_F(F13_Liste, marks_come_back_when_the_start_dialog_is_left) {
     EXPECT_EQ(Mark(200), "X");
     EXPECT_EQ(programm->F13.Markenzahl.Text(), "2 markiert");
     EXPECT_TRUE(programm->F13.Fenster.Enabled);
-    EXPECT_EQ(Lauf().RunRows, 0);
+    EXPECT_EQ(Lauf().List.RunRows, 0);
 
     SaveHistory(Answer::No);
     EXPECT_EQ(Mark(1), "");
@@ -199,7 +200,7 @@ TEST_F(F13_Liste, runs_without_anybody_who_listens) {
     programm->F13.Listenzeile_Uebernehmen = {};
     MarkRows();
     Prog(Answer::No, Answer::No);
-    EXPECT_EQ(Lauf().RunRows, 2);
+    EXPECT_EQ(Lauf().List.RunRows, 2);
     EXPECT_EQ(Mark(1), "");
 }
 
@@ -218,11 +219,11 @@ struct F13_Liste_Antworten : F13_Liste, ::testing::WithParamInterface<ListAnswer
 TEST_P(F13_Liste_Antworten, each_change_nothing_but_their_own_value) {
     MarkRows();
     Prog(GetParam().History, GetParam().Delayed);
-    EXPECT_EQ(Lauf().NetMode, GetParam().NetMode);
+    EXPECT_EQ(Lauf().List.NetMode, GetParam().NetMode);
     EXPECT_EQ(programm->F13.DelayedStart, GetParam().DelayedStart);
-    EXPECT_EQ(Lauf().HistoryOnly, 0);
-    EXPECT_EQ(Lauf().ReadHistoryFirst, 0);
-    EXPECT_EQ(Lauf().RunRows, 2);
+    EXPECT_EQ(Lauf().Chain.HistoryOnly, 0);
+    EXPECT_EQ(Lauf().Chain.ReadHistoryFirst, 0);
+    EXPECT_EQ(Lauf().List.RunRows, 2);
     EXPECT_TRUE(programm->F11.Fenster.Visible);
 }
 

@@ -112,7 +112,7 @@ TEST_F(F13_Marken, a_hidden_lock_that_is_marked_goes_into_the_list) {
     Expect(63, Answer::No);
     Expect(269, Answer::No);
     Window().Toolbar1_ButtonClick("Prog.");
-    EXPECT_EQ(Lauf().RunRows, 1);
+    EXPECT_EQ(Lauf().List.RunRows, 1);
     EXPECT_EQ(programm->F91.FGK91.Text(1, F91Column::Name), "Keller");
 }
 

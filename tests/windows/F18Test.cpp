@@ -52,7 +52,7 @@ TEST_F(F18_Wartebox, closes_with_a_message_when_no_channel_answers) {
     EXPECT_EQ(Box().Text.Text(), "L82");
     EXPECT_EQ(programm->F9.StatusLabel.Text(), "L82");
     EXPECT_TRUE(programm->F13.Fenster.Enabled);
-    EXPECT_EQ(Lauf().KanalSuche, 0);
+    EXPECT_EQ(Lauf().Chain.KanalSuche, 0);
     EXPECT_EQ(ChannelFile(), "7     3  1     ");
     EXPECT_EQ(SentCodes(), std::vector<int>(13, 0x04));
     EXPECT_EQ(world.Shown.back().Sign, Icon::Exclamation);
@@ -61,7 +61,7 @@ TEST_F(F18_Wartebox, closes_with_a_message_when_no_channel_answers) {
 TEST_F(F18_Wartebox, its_button_closes_it_and_ends_the_search_at_the_next_reply) {
     Refuse();
     Box().Command1_Click();
-    EXPECT_EQ(Lauf().KanalIndex, 12);
+    EXPECT_EQ(Lauf().Chain.KanalIndex, 12);
     EXPECT_FALSE(Box().Fenster.Visible);
     EXPECT_FALSE(programm->Lauf.Gesamtende);
     EXPECT_THAT(SentCodes(), ElementsAre(0x04, 0x04));
@@ -147,7 +147,7 @@ TEST_F(F18_Wartebox, begins_at_100_again_for_the_next_search) {
     StartRun();
     EXPECT_TRUE(Box().Fenster.Visible);
     EXPECT_EQ(Box().Balken.Value, 100);
-    EXPECT_EQ(Lauf().KanalIndex, 0);
+    EXPECT_EQ(Lauf().Chain.KanalIndex, 0);
     EXPECT_EQ(programm->link.TargetChannel, 7);
 }
 

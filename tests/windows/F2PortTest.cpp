@@ -38,7 +38,7 @@ struct F2_Port_Geaendert : F2Fixture {
         programm->F13.Timer2.Stop();
         AdapterAnswers = false;
         StartRun();
-        ASSERT_EQ(Lauf().Phase, RunPhase::Open);
+        ASSERT_EQ(Lauf().Chain.Phase, RunPhase::Open);
         ASSERT_FALSE(Main().Fenster.Visible);
     }
 };
@@ -219,7 +219,7 @@ TEST_F(F2_Port_Geaendert, in_a_run_the_removal_of_another_port_is_ignored) {
     EXPECT_EQ(world.Opens, opens);
     EXPECT_EQ(world.Closes, closes);
     EXPECT_EQ(Light(), Lampe::Gruen);
-    EXPECT_EQ(Lauf().Phase, RunPhase::Open);
+    EXPECT_EQ(Lauf().Chain.Phase, RunPhase::Open);
 }
 
 TEST_F(F2_Port_Geaendert, in_a_run_a_pulled_adapter_stops_it_until_the_operator_cancels) {
@@ -227,17 +227,17 @@ TEST_F(F2_Port_Geaendert, in_a_run_a_pulled_adapter_stops_it_until_the_operator_
     const int opens = world.Opens;
     PullOut();
     ExpectGone();
-    EXPECT_EQ(Lauf().Phase, RunPhase::Open);
+    EXPECT_EQ(Lauf().Chain.Phase, RunPhase::Open);
     EXPECT_TRUE(programm->F9.Fenster.Visible);
     PutBack();
     world.RunFor(60000);
     EXPECT_EQ(world.Opens, opens);
     EXPECT_EQ(Light(), Lampe::Rot);
-    EXPECT_EQ(Lauf().Phase, RunPhase::Open);
+    EXPECT_EQ(Lauf().Chain.Phase, RunPhase::Open);
 
     programm->F9.Command1_Click();
     programm->F9.Command2_Click();
-    EXPECT_EQ(Lauf().Phase, RunPhase::None);
+    EXPECT_EQ(Lauf().Chain.Phase, RunPhase::None);
     EXPECT_TRUE(programm->F13.Fenster.Enabled);
     world.RunFor(2000);
     EXPECT_TRUE(world.PortOpen);
@@ -257,7 +257,7 @@ TEST_F(F2_Port_Geaendert, in_a_run_a_port_that_vanishes_only_after_the_news_is_n
     world.PortOpen = false;
     world.RunFor(2000);
     ExpectGone();
-    EXPECT_EQ(Lauf().Phase, RunPhase::Open);
+    EXPECT_EQ(Lauf().Chain.Phase, RunPhase::Open);
 }
 
 TEST_F(F2_Port_Geaendert, in_a_run_an_arrival_waits_for_its_end) {

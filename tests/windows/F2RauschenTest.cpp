@@ -96,9 +96,9 @@ TEST_F(F2_Rauschen, opens_no_box_and_changes_nothing_behind_a_run) {
     Connect();
     Begin();
     StartRun();
-    ASSERT_NE(Lauf().Phase, RunPhase::None);
+    ASSERT_NE(Lauf().Chain.Phase, RunPhase::None);
     Lauf_Aufgeben(programm->Lauf, RunOutcome::Cancelled);
-    ASSERT_EQ(Lauf().Phase, RunPhase::None);
+    ASSERT_EQ(Lauf().Chain.Phase, RunPhase::None);
     Port_Oeffnen(programm->link, 5);
     Noise();
 }

@@ -273,10 +273,10 @@ TEST_F(F2_Aufsicht, does_not_start_again_behind_an_editor_that_opened_during_the
 TEST_F(F2_Aufsicht, does_not_speak_into_a_run) {
     Connect();
     const int probes = Probes();
-    Lauf().Phase = RunPhase::Open;
+    Lauf().Chain.Phase = RunPhase::Open;
     world.RunFor(100000);
     EXPECT_EQ(Probes(), probes);
-    Lauf().Phase = RunPhase::None;
+    Lauf().Chain.Phase = RunPhase::None;
     world.RunFor(50000);
     EXPECT_GT(Probes(), probes);
 }

@@ -113,8 +113,8 @@ TEST_F(F91_Fenster, a_direct_row_shows_the_progress_window_with_the_date_and_tim
     EXPECT_EQ(programm->F9.DatumLabel.Text(), "L55 : 05.03.2026");
     EXPECT_EQ(programm->F9.ZeitLabel.Text(), "L56 : 10:30:01");
     EXPECT_TRUE(programm->F9.InListe);
-    EXPECT_EQ(Lauf().FlagSetClock, 1);
-    EXPECT_EQ(Lauf().KanalSuche, 1);
+    EXPECT_EQ(Lauf().Values.FlagSetClock, 1);
+    EXPECT_EQ(Lauf().Chain.KanalSuche, 1);
     EXPECT_EQ(programm->link.TargetChannel, 3);
     EXPECT_THAT(SentCodes(), ElementsAre(0x04));
     EXPECT_FALSE(List().Command1.Enabled);
@@ -125,10 +125,10 @@ TEST_F(F91_Fenster, a_row_with_history_searches_no_channel) {
     Open({1}, Answer::Yes);
     world.RunFor(2000);
     EXPECT_EQ(List().Arbeit(), F91::Work::Direct);
-    EXPECT_EQ(Lauf().KanalSuche, 0);
-    EXPECT_EQ(Lauf().ReadHistoryFirst, 1);
-    EXPECT_EQ(Lauf().HistoryOnly, 0);
-    EXPECT_EQ(Lauf().NetMode, 0xFF);
+    EXPECT_EQ(Lauf().Chain.KanalSuche, 0);
+    EXPECT_EQ(Lauf().Chain.ReadHistoryFirst, 1);
+    EXPECT_EQ(Lauf().Chain.HistoryOnly, 0);
+    EXPECT_EQ(Lauf().List.NetMode, 0xFF);
 }
 
 TEST_F(F91_Fenster, close_asks_while_something_of_the_list_is_still_to_come) {
@@ -192,7 +192,7 @@ TEST_F(F91_Fenster, passes_over_a_row_whose_adapter_is_unknown_after_a_second) {
     EXPECT_EQ(State(1), "L262");
     EXPECT_EQ(List().ProgStep, "PrgFehler");
     EXPECT_EQ(List().Timer1.Interval(), 1000);
-    EXPECT_EQ(Lauf().RunRow, 2);
+    EXPECT_EQ(Lauf().List.RunRow, 2);
     EXPECT_EQ(List().StandLabel.Text(), u8"0 erledigt, 1 gescheitert oder übersprungen"_w);
     world.RunFor(1100);
     EXPECT_EQ(List().Arbeit(), F91::Work::Direct);
@@ -296,7 +296,7 @@ TEST_F(F91_Fenster, a_mark_or_a_next_row_without_a_row_under_way_changes_nothing
     List().Naechste_Zeile("PrgNextDataset");
     EXPECT_EQ(Mark(1), "#");
     EXPECT_EQ(State(1), "L82");
-    EXPECT_EQ(Lauf().RunRow, 1);
+    EXPECT_EQ(Lauf().List.RunRow, 1);
     EXPECT_FALSE(List().Timer1.Running());
 }
 
@@ -352,7 +352,7 @@ TEST_F(F91_Fenster, the_progress_window_has_nothing_to_cancel_between_two_rows) 
     EXPECT_NE(programm->F9.StatusLabel.Text(), "L82");
     world.RunFor(3100);
     EXPECT_EQ(Mark(1), "#");
-    EXPECT_EQ(Lauf().RunRow, 2);
+    EXPECT_EQ(Lauf().List.RunRow, 2);
     EXPECT_EQ(List().Arbeit(), F91::Work::Direct);
     EXPECT_TRUE(programm->F9.Command1.Enabled);
 }
@@ -367,7 +367,7 @@ TEST_F(F91_Fenster, closing_goes_back_to_the_main_window_with_an_empty_list) {
     EXPECT_FALSE(List().Fenster.Visible);
     EXPECT_FALSE(List().Laeuft());
     EXPECT_EQ(List().FGK91.Rows(), 1);
-    EXPECT_EQ(Lauf().RunRows, 0);
+    EXPECT_EQ(Lauf().List.RunRows, 0);
     world.RunFor(10000);
     EXPECT_THAT(world.Written, IsEmpty());
 }
@@ -516,12 +516,12 @@ TEST_F(F91_Fenster, escape_cancels_the_lock_that_a_stopped_list_waits_for_and_no
     Open({1, 2});
     world.RunFor(1100);
     List().Escape();
-    EXPECT_EQ(Lauf().AbbruchWunsch, 0);
+    EXPECT_EQ(Lauf().Chain.AbbruchWunsch, 0);
     EXPECT_EQ(List().Arbeit(), F91::Work::Direct);
     List().Command2_Click();
-    EXPECT_EQ(Lauf().AbbruchWunsch, 0);
+    EXPECT_EQ(Lauf().Chain.AbbruchWunsch, 0);
     List().Escape();
-    EXPECT_EQ(Lauf().AbbruchWunsch, 1);
+    EXPECT_EQ(Lauf().Chain.AbbruchWunsch, 1);
     EXPECT_EQ(programm->F9.StatusLabel.Text(), "L82");
     List().Escape(); // a silent lock: it is given up
     EXPECT_EQ(Mark(1), "#");

@@ -116,13 +116,13 @@ TEST_F(F9_Fenster, ticks_the_lock_and_the_units_by_number_and_clears_them_for_th
 
 TEST_F(F9_Fenster, counts_every_telegram_and_wraps_five_before_the_maximum) {
     Run(); // maximum 160
-    Lauf().TelegramCounter = 154;
+    Lauf().Progress.TelegramCounter = 154;
     TelLebenszeichen_Senden(programm->link);
-    EXPECT_EQ(Lauf().ProgressValue, 155);
+    EXPECT_EQ(Lauf().Progress.ProgressValue, 155);
     TelLebenszeichen_Senden(programm->link);
-    EXPECT_EQ(Lauf().ProgressValue, 0);
+    EXPECT_EQ(Lauf().Progress.ProgressValue, 0);
     TelLebenszeichen_Senden(programm->link);
-    EXPECT_EQ(Lauf().ProgressValue, 1);
+    EXPECT_EQ(Lauf().Progress.ProgressValue, 1);
 }
 
 TEST_F(F9_Fenster, shows_on_its_first_bar_what_the_lock_has_acknowledged_of_all_that_it_is_to_get) {
@@ -254,7 +254,7 @@ TEST_F(F9_Fenster, cancel_only_wishes_and_makes_the_close_button_live) {
     Run();
     programm->Lauf.Ansicht.Zustand(0x10, "Zustand");
     Window().Command1_Click();
-    EXPECT_EQ(Lauf().AbbruchWunsch, 1);
+    EXPECT_EQ(Lauf().Chain.AbbruchWunsch, 1);
     EXPECT_EQ(Window().StatusLabel.Text(), "L82");
     EXPECT_FALSE(Window().Label15.Visible);
     EXPECT_TRUE(Window().Command2.Enabled);
@@ -271,7 +271,7 @@ TEST_F(F9_Fenster, cancel_takes_effect_at_the_next_reply) {
     world.Deliver(AliveReply);
     world.RunFor(100);
     EXPECT_THAT(SentCodes(), ElementsAre(0x04, 0x05));
-    EXPECT_EQ(Lauf().AbbruchWunsch, 0);
+    EXPECT_EQ(Lauf().Chain.AbbruchWunsch, 0);
 }
 
 TEST_F(F9_Fenster, close_after_a_cancel_gives_a_silent_lock_up) {
@@ -280,7 +280,7 @@ TEST_F(F9_Fenster, close_after_a_cancel_gives_a_silent_lock_up) {
     Window().Command2_Click();
     EXPECT_TRUE(programm->Lauf.Gesamtende);
     EXPECT_EQ(programm->Lauf.Bericht.End, RunOutcome::Cancelled);
-    EXPECT_EQ(Lauf().AbbruchWunsch, 0);
+    EXPECT_EQ(Lauf().Chain.AbbruchWunsch, 0);
     EXPECT_FALSE(world.PortOpen);
     EXPECT_FALSE(Window().Fenster.Visible);
     EXPECT_TRUE(programm->F13.Fenster.Enabled);
@@ -295,7 +295,7 @@ TEST_F(F9_Fenster, the_run_after_a_given_up_one_begins_like_the_first) {
     EXPECT_THAT(SentCodes(), ElementsAre(0x04, 0x04));
     EXPECT_EQ(Window().StatusLabel.Text(), "");
     EXPECT_FALSE(Window().Command2.Enabled);
-    EXPECT_EQ(Lauf().AbbruchWunsch, 0);
+    EXPECT_EQ(Lauf().Chain.AbbruchWunsch, 0);
 }
 
 // ---- silence
@@ -359,7 +359,7 @@ TEST_F(F9_Fenster, counts_no_time_left_behind_a_cancel) {
     EXPECT_EQ(Window().SchrittLabel.Text(), "29 %, Kalenderschalter");
     world.Deliver(AliveReply); // the cancel is honoured, and its own telegram stays without an answer
     world.RunFor(20000);
-    EXPECT_EQ(Lauf().AbbruchWunsch, 0);
+    EXPECT_EQ(Lauf().Chain.AbbruchWunsch, 0);
     EXPECT_EQ(Window().SchrittLabel.Text(), "29 %, Kalenderschalter");
 }
 

@@ -30,10 +30,10 @@ TEST_F(Fenster_Titel, names_what_the_window_is_for) {
 }
 
 TEST_F(Fenster_Titel, of_a_list_says_whether_it_programs_or_reads) {
-    programm->link.Lauf.NetMode = 0xFF;
+    programm->link.Lauf.List.NetMode = 0xFF;
     programm->F91.F91_FormLaden(false);
     EXPECT_EQ(programm->F91.Fenster.Title(), "QVM 7702 SOFTWARE SYSTEM - L11");
-    programm->link.Lauf.NetMode = 0x80;
+    programm->link.Lauf.List.NetMode = 0x80;
     programm->F91.F91_FormLaden(false);
     EXPECT_EQ(programm->F91.Fenster.Title(), "QVM 7702 SOFTWARE SYSTEM - L12");
 }

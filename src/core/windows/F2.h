@@ -166,7 +166,7 @@ private:
     void Wiederholung_Starten();
     bool Da() const { return Fenster.Visible && Fenster.Enabled; }
     bool Lauf_Aktiv() const {
-        return link.Lauf.Phase != RunPhase::None || (Hooks.Listenzeile_Laeuft && Hooks.Listenzeile_Laeuft());
+        return link.Lauf.Chain.Phase != RunPhase::None || (Hooks.Listenzeile_Laeuft && Hooks.Listenzeile_Laeuft());
     }
     /// Why there is no adapter.
     enum class Grund { Keiner, Stumm, KeinAdapter, Anschluss };

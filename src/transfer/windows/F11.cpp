@@ -35,7 +35,7 @@ void F11::F11_Laden(F11Opener opener, const std::string& adapterName) {
     Texte_Setzen();
     Check1.Checked = true;
 
-    const bool history = lauf.HistoryOnly != 0 || lauf.ReadHistoryFirst != 0 || lauf.NetMode != 0;
+    const bool history = lauf.Chain.HistoryOnly != 0 || lauf.Chain.ReadHistoryFirst != 0 || lauf.List.NetMode != 0;
     Stichtag_Setzen(history ? std::optional(Datum_Plus(Heute(kern.Welt.Now()), -CutoffDays)) : std::nullopt);
 
     const bool fromGrid = opener == F11Opener::F13;
@@ -66,7 +66,7 @@ void F11::Texte_Setzen() {
 }
 
 void F11::Geduld_Anbieten() {
-    const bool list = run.link.Lauf.RunRows > 0;
+    const bool list = run.link.Lauf.List.RunRows > 0;
     GeduldText.Visible = list;
     Geduld.Visible = list;
     Geduld.Selected = UsualPatience;
@@ -79,7 +79,7 @@ int F11::Geduld_Sekunden() const {
 }
 
 std::string F11::Schlosszeile() const {
-    return run.link.Lauf.RunRows == 0 ? Lauf_Schloss(run) : std::string();
+    return run.link.Lauf.List.RunRows == 0 ? Lauf_Schloss(run) : std::string();
 }
 
 void F11::Adapter_Fuellen(F11Opener opener, const std::string& adapterName) {
@@ -156,8 +156,8 @@ void F11::Datum_Waehlen(const Datum& date) {
 
 void F11::Stichtag_Setzen(const std::optional<Datum>& day) {
     stichtag_ = day;
-    run.link.Lauf.HistoryCutoff = day ? Datum_Text(*day) : std::string();
-    CutoffDate.Text = day ? run.link.Lauf.HistoryCutoff : std::string(NoCutoff);
+    run.link.Lauf.Order.HistoryCutoff = day ? Datum_Text(*day) : std::string();
+    CutoffDate.Text = day ? run.link.Lauf.Order.HistoryCutoff : std::string(NoCutoff);
 }
 
 bool F11::Port_Bereitmachen(bool& network) {
@@ -186,9 +186,9 @@ bool F11::Port_Bereitmachen(bool& network) {
 
 void F11::OK_Click() {
     RunState& lauf = run.link.Lauf;
-    lauf.EraseOption = Check1.Checked ? 0 : 1;
+    lauf.Order.EraseOption = Check1.Checked ? 0 : 1;
     f9.Status_Zeigen(0);
-    if (lauf.RunRows > 0) {
+    if (lauf.List.RunRows > 0) {
         if (Code_Uebernehmen()) {
             Schliessen();
             Rufen(F13_Verbergen);
@@ -203,8 +203,8 @@ void F11::OK_Click() {
     if (!network) {
         Direkt_Starten();
     } else if (Code_Uebernehmen()) {
-        if (lauf.HistoryOnly != 0) {
-            lauf.NetMode = 0x80;
+        if (lauf.Chain.HistoryOnly != 0) {
+            lauf.List.NetMode = 0x80;
         }
         Schliessen();
         Rufen(Netzlauf_Starten);
@@ -216,7 +216,7 @@ bool F11::Code_Uebernehmen() {
     if (complete) {
         std::array<std::uint8_t, CodeLength> digits{};
         std::copy_n(codeDigits_.begin(), CodeLength, digits.begin());
-        run.link.Lauf.AdminCode = AdminCode_Packen(digits);
+        run.link.Lauf.Order.AdminCode = AdminCode_Packen(digits);
         Ueberschreiben(digits);
     } else {
         Meldung_Zu(kern, Schlosszeile(), kern.Zeile(61), Buttons::Ok, Icon::Exclamation);
@@ -232,12 +232,12 @@ void F11::Direkt_Starten() {
     }
     Rufen(Antworttabelle_Leeren);
     // Assembly resets its total to 4000 at its end; the dataset's own value was stored aside.
-    f9.F9_Vorbereiten(lauf.HistoryOnly != 0 ? run.Daten.ProgressTotal : run.Daten.ProgressStored);
+    f9.F9_Vorbereiten(lauf.Chain.HistoryOnly != 0 ? run.Daten.ProgressTotal : run.Daten.ProgressStored);
     if (!Code_Uebernehmen()) {
         return;
     }
     Schliessen();
-    if (lauf.KanalSuche != 0) {
+    if (lauf.Chain.KanalSuche != 0) {
         f18.F18_Zeigen();
     } else {
         f9.F9_Zeigen();
@@ -253,7 +253,7 @@ void F11::Schliessen() {
 void F11::Cancel_Click() {
     Eingabe_Leeren();
     // A list that was not begun must not go with whatever opens the dialog next.
-    run.link.Lauf.RunRow = run.link.Lauf.RunRows = 0;
+    run.link.Lauf.List = {};
     Schliessen();
     Rufen(Zurueck);
 }

@@ -35,7 +35,7 @@ F13::F13(Programmierlauf& programmierlauf, F11& start, AdapterListe& adapters)
 }
 
 void F13::Datum_Uhrzeit_akt(int row) {
-    run.link.Lauf.FlagSetClock = Schalter(FGK13.Text(row, F13Column::SetClock)).empty() ? 0 : 1;
+    run.link.Lauf.Values.FlagSetClock = Schalter(FGK13.Text(row, F13Column::SetClock)).empty() ? 0 : 1;
 }
 
 int F13::Adapter_Port(int row, bool& stop) {
@@ -84,6 +84,7 @@ void F13::FGK13_Click(int row, int column) {
         return;
     }
     Lauf_Ruecksetzen(run);
+    run.link.Lauf.List = {};
     FGK13.Row = row;
     FGK13.Column = column;
     f11.LockRowOfGrid = row;
@@ -117,8 +118,8 @@ bool F13::Ziel_Setzen(int row) {
         return false;
     }
     run.link.TargetAddress = address;
-    run.link.Lauf.LockAddress = address;
-    run.link.Lauf.SerialValue = static_cast<std::uint32_t>(HexWert(hex));
+    run.link.Lauf.Order.LockAddress = address;
+    run.link.Lauf.Order.SerialValue = static_cast<std::uint32_t>(HexWert(hex));
     return true;
 }
 
@@ -170,7 +171,7 @@ bool F13::Datensatz(int row) {
     }
     Lauf_Werte_Uebernehmen(run);
     ProgressTotal = run.Daten.ProgressTotal;
-    lauf.TwoPassFlag = BereichZweiDurchgaenge(lauf.SerialValue) && run.Daten.AnyTransponder ? 1 : 0;
+    lauf.Chain.TwoPassFlag = BereichZweiDurchgaenge(lauf.Order.SerialValue) && run.Daten.AnyTransponder ? 1 : 0;
     return true;
 }
 
@@ -198,12 +199,12 @@ void F13::Programmieren(int row) {
     if (!settled && !Historie_Fragen(first, Schloss(row))) {
         return;
     }
-    lauf.HistoryOnly = 0;
-    lauf.ReadHistoryFirst = first ? 1 : 0;
-    lauf.NetMode = first ? 0xFF : 0;
+    lauf.Chain.HistoryOnly = 0;
+    lauf.Chain.ReadHistoryFirst = first ? 1 : 0;
+    lauf.List.NetMode = first ? 0xFF : 0;
     run.link.TargetChannel = static_cast<std::uint8_t>(settled ? kern.Config.Funkkanal() : channel.Channel);
-    lauf.KanalSuche = settled ? 0 : 1;
-    lauf.KanalIndex = 0;
+    lauf.Chain.KanalSuche = settled ? 0 : 1;
+    lauf.Chain.KanalIndex = 0;
     F11_Oeffnen(row);
 }
 
@@ -217,10 +218,10 @@ void F13::Historie(int row) {
     }
     RunState& lauf = run.link.Lauf;
     const KanalStand channel = Kanal_Stand(kern, row);
-    lauf.KanalSuche = channel.ChangePending || channel.Channel != channel.Target ? 1 : 0;
+    lauf.Chain.KanalSuche = channel.ChangePending || channel.Channel != channel.Target ? 1 : 0;
     Marke_Umschalten(row);
     Datum_Uhrzeit_akt(row);
-    lauf.HistoryOnly = 1;
+    lauf.Chain.HistoryOnly = 1;
     run.link.TargetChannel = static_cast<std::uint8_t>(kern.Config.Funkkanal());
     ProgressTotal = run.Daten.ProgressTotal = 4000;
     F11_Oeffnen(row);
@@ -232,8 +233,8 @@ void F13::Code_Aendern(int row) {
     }
     RunState& lauf = run.link.Lauf;
     const KanalStand channel = Kanal_Stand(kern, row);
-    lauf.KanalSuche = channel.ChangePending || channel.Channel != channel.Target ? 1 : 0;
-    lauf.HistoryOnly = 0;
+    lauf.Chain.KanalSuche = channel.ChangePending || channel.Channel != channel.Target ? 1 : 0;
+    lauf.Chain.HistoryOnly = 0;
     ProgressTotal = 400;
     run.link.TargetChannel = static_cast<std::uint8_t>(kern.Config.Funkkanal());
     if (run.link.AddressMode != 1) {

@@ -26,7 +26,7 @@ void F13::F13_FormLaden() {
     Timer2.Start(800);
     Aufrufer = CallerCode;
     hoverRow_ = hoverColumn_ = -1;
-    run.link.Lauf.RunRow = run.link.Lauf.RunRows = 0;
+    run.link.Lauf.List = {};
     Listentasten_Freigeben();
     TuerInfo_laden();
     Adapter_Spalten_Laden();

@@ -103,13 +103,14 @@ void F13::Liste(bool historyOnly) {
     }
     Lauf_Ruecksetzen(run);
     RunState& lauf = run.link.Lauf;
+    lauf.List = {};
     if (historyOnly) {
-        lauf.NetMode = 0x80;
-        lauf.HistoryOnly = 1;
+        lauf.List.NetMode = 0x80;
+        lauf.Chain.HistoryOnly = 1;
     } else {
         bool first = false;
         Historie_Fragen(first, "");
-        lauf.NetMode = first ? 0xFF : 0;
+        lauf.List.NetMode = first ? 0xFF : 0;
     }
     Rufen(Liste_Leeren);
     DelayedStart =
@@ -122,9 +123,9 @@ void F13::Liste_Uebernehmen(const std::vector<int>& rows) {
     RunState& lauf = run.link.Lauf;
     for (const int row : rows) {
         Marke_Setzen(row, false);
-        ++lauf.RunRows;
+        ++lauf.List.RunRows;
         if (Listenzeile_Uebernehmen) {
-            Listenzeile_Uebernehmen(row, lauf.RunRows);
+            Listenzeile_Uebernehmen(row, lauf.List.RunRows);
         }
     }
     listRows_ = rows;

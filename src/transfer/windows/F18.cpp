@@ -59,7 +59,7 @@ void F18::Command1_Click() {
         }
         return;
     }
-    run.link.Lauf.KanalIndex = 12;
+    run.link.Lauf.Chain.KanalIndex = 12;
     F18_Schliessen();
     // No reply may come any more: some window must be left to close the run with.
     if (!run.Gesamtende) {

@@ -74,8 +74,8 @@ F9::F9(Programmierlauf& programmierlauf)
 
 void F9::F9_Vorbereiten(int progressTotal) {
     RunState& lauf = run.link.Lauf;
-    lauf.ProgressMaximum = progressTotal > 30 ? progressTotal + 20 : 160;
-    lauf.TelegramCounter = lauf.ProgressValue = lauf.SecondProgress = 0;
+    lauf.Progress.ProgressMaximum = progressTotal > 30 ? progressTotal + 20 : 160;
+    lauf.Progress.TelegramCounter = lauf.Progress.ProgressValue = lauf.Progress.SecondProgress = 0;
     Balken1.Value = 0;
     Balken1.Visible = true;
     Balken2.Value = 0;
@@ -98,7 +98,7 @@ void F9::F9_Vorbereiten(int progressTotal) {
 }
 
 void F9::DeviceParameterSetup() {
-    const bool programming = run.link.Lauf.HistoryOnly == 0;
+    const bool programming = run.link.Lauf.Chain.HistoryOnly == 0;
     for (std::size_t n = 0; n < Check.size(); ++n) {
         Check[n].Checked = false;
         const std::string name = n == 0 ? run.LockName : programming ? run.Daten.Units[n - 1].Name : std::string();
@@ -112,7 +112,7 @@ void F9::F9_Zeigen() {
         Status_Zeigen(0);
     }
     Fenster.Title = run.LockName;
-    InListe = run.link.Lauf.RunRows != 0;
+    InListe = run.link.Lauf.List.RunRows != 0;
     Fenster.Visible = true;
     Stille.Start(1000);
 }
@@ -125,7 +125,7 @@ void F9::Suche_Endet() {
 }
 
 void F9::Uhr_Beschriften() {
-    const bool clock = run.link.Lauf.FlagSetClock == 1;
+    const bool clock = run.link.Lauf.Values.FlagSetClock == 1;
     const DateTime& now = begin_;
     DatumLabel.Text = kern.Zeile(55) + " : " + (clock ? Datum_Text(Heute(now)) : "--.--.----");
     ZeitLabel.Text =
@@ -134,7 +134,7 @@ void F9::Uhr_Beschriften() {
 }
 
 void F9::Fortschritt() {
-    Balken2.Value = run.link.Lauf.SecondProgress;
+    Balken2.Value = run.link.Lauf.Progress.SecondProgress;
     const RunProgress progress = Lauf_Fortschritt(run);
     if (progress.Total > 0) {
         Balken1.Maximum = progress.Endless ? 0 : progress.Total;

@@ -88,7 +88,7 @@ void F91::F91_FormLaden(bool delayed) {
     worked_ = 0;
     StandLabel.Text = "";
     start_.reset();
-    eraseOption_ = run.link.Lauf.EraseOption;
+    eraseOption_ = run.link.Lauf.Order.EraseOption;
     ProgStep.clear();
     Balken.Visible = false;
     Balken.Value = 0;
@@ -107,7 +107,7 @@ void F91::F91_FormLaden(bool delayed) {
 }
 
 void F91::Texte_Setzen() {
-    Fenster.Title = Fenstertitel(kern.Zeile(run.link.Lauf.NetMode == 0x80 ? 12 : 11));
+    Fenster.Title = Fenstertitel(kern.Zeile(run.link.Lauf.List.NetMode == 0x80 ? 12 : 11));
     FGK91.SetText(0, F91Column::Number, kern.Zeile(37));
     FGK91.SetText(0, F91Column::Name, kern.Zeile(9));
     FGK91.SetText(0, F91Column::Serial, kern.Zeile(10));
@@ -144,21 +144,21 @@ void F91::Einzelnes_Schloss_Starten(const Grid& lockGrid, int gridRow, const Ada
         FGK91.SetText(1, F91Column::AdapterName, adapter->Name);
     }
     FGK91.SetText(1, F91Column::Mark, ListMark::Waiting);
-    lauf.RunRow = lauf.RunRows = 1;
+    lauf.List.RunRow = lauf.List.RunRows = 1;
     Rufen(Schlossgitter_Schliessen);
     F91_FormLaden(false);
     // Its dataset was gathered, and its messages shown, when the lock was clicked.
     told_ = filesAsked_ = true;
-    if (lauf.NetMode != 0) {
-        NetHistLesen(lauf.RunRow);
+    if (lauf.List.NetMode != 0) {
+        NetHistLesen(lauf.List.RunRow);
     } else {
-        ProgQvmUnits(lauf.RunRow);
+        ProgQvmUnits(lauf.List.RunRow);
     }
 }
 
 void F91::Tick_Nachlauf() {
     Nachlauf.Stop();
-    ProgQvmUnits(run.link.Lauf.RunRow);
+    ProgQvmUnits(run.link.Lauf.List.RunRow);
 }
 
 void F91::Command1_Click() {
@@ -185,7 +185,7 @@ void F91::F91_Schliessen() {
     f9.Stille.Stop();
     f9.Fenster.Visible = false;
     Liste_Leeren();
-    run.link.Lauf.RunRow = run.link.Lauf.RunRows = 0;
+    run.link.Lauf.List = {};
     Fenster.Visible = false;
     Rufen(Hauptfenster_Zeigen);
 }

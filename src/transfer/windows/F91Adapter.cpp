@@ -68,7 +68,7 @@ bool F91::War_Da(int row) const {
 
 void F91::Adapter_Melden() {
     bool gone = !kern.Config.AdapterModus() && !kern.Welt.Port.IsOpen();
-    for (int row = std::max(1, run.link.Lauf.RunRow); row <= run.link.Lauf.RunRows; ++row) {
+    for (int row = std::max(1, run.link.Lauf.List.RunRow); row <= run.link.Lauf.List.RunRows; ++row) {
         const std::string& mark = FGK91.Text(row, F91Column::Mark);
         const bool over = mark == ListMark::PassedOver || mark == ListMark::Failed || mark == ListMark::Programmed;
         gone = gone || (!over && War_Da(row) && Adapter_Der_Zeile(Adapter, FGK91, row) == nullptr);

@@ -37,17 +37,17 @@ void F91::Tick_Timer1() {
         Netz_Programmieren_Beginnen(netz);
     } else if (ProgStep == StepRxDNetHistory) {
         Netz_Historie_Beginnen(netz);
-    } else if (ProgStep == StepNexHstRead && lauf.NetMode != 0) {
-        NetHistLesen(lauf.RunRow);
+    } else if (ProgStep == StepNexHstRead && lauf.List.NetMode != 0) {
+        NetHistLesen(lauf.List.RunRow);
     }
 }
 
 void F91::Naechster_Datensatz() {
     RunState& lauf = run.link.Lauf;
-    if (lauf.NetMode != 0) {
-        NetHistLesen(lauf.RunRow);
+    if (lauf.List.NetMode != 0) {
+        NetHistLesen(lauf.List.RunRow);
     } else {
-        ProgQvmUnits(lauf.RunRow);
+        ProgQvmUnits(lauf.List.RunRow);
     }
 }
 
@@ -77,7 +77,7 @@ void F91::ProgQvmUnits(int& runRow) {
     if (netz.NetAdapter == NetAdapterMark) {
         Netz_Beginnen(StepTxDNetzwDaten);
     } else {
-        Direkt_Beginnen(runRow, run.link.Lauf.NetMode == 0);
+        Direkt_Beginnen(runRow, run.link.Lauf.List.NetMode == 0);
     }
 }
 
@@ -88,21 +88,21 @@ void F91::NetHistLesen(int& runRow) {
     if (netz.NetAdapter == NetAdapterMark) {
         Netz_Beginnen(StepRxDNetHistory);
     } else {
-        run.link.Lauf.ReadHistoryFirst = 1;
+        run.link.Lauf.Chain.ReadHistoryFirst = 1;
         Direkt_Beginnen(runRow, false);
     }
 }
 
 void F91::Netz_Beginnen(std::string_view step) {
     work_ = Work::Network;
-    Unterwegs_Setzen(run.link.Lauf.RunRow);
+    Unterwegs_Setzen(run.link.Lauf.List.RunRow);
     Steht = false;
     Adapter_Gut();
     f9.Stille.Stop();
     f9.Fenster.Visible = false;
     Knoepfe_Setzen();
     if (Zeile_Beginnt) {
-        Zeile_Beginnt(run.link.Lauf.RunRow);
+        Zeile_Beginnt(run.link.Lauf.List.RunRow);
     }
     Wache.Start();
     Step_Planen(step, BeforeFirstBlock);
@@ -113,13 +113,13 @@ void F91::Direkt_Beginnen(int row, bool search) {
     work_ = Work::Direct;
     Unterwegs_Setzen(row);
     Adapter_Gut();
-    lauf.KanalSuche = search ? 1 : 0;
-    lauf.KanalIndex = 0;
+    lauf.Chain.KanalSuche = search ? 1 : 0;
+    lauf.Chain.KanalIndex = 0;
     run.link.TargetChannel = static_cast<std::uint8_t>(kern.Config.Funkkanal());
     Balken.Visible = false;
     Status_Zeigen(81, 0);
     Knoepfe_Setzen();
-    f9.F9_Vorbereiten(lauf.HistoryOnly != 0 ? HistoryProgress : run.Daten.ProgressStored);
+    f9.F9_Vorbereiten(lauf.Chain.HistoryOnly != 0 ? HistoryProgress : run.Daten.ProgressStored);
     f9.F9_Zeigen();
     if (Zeile_Beginnt) {
         Zeile_Beginnt(row);
@@ -146,10 +146,10 @@ void F91::Naechste_Zeile(std::string_view step) {
     // Between two rows there is nothing to cancel.
     f9.Command1.Enabled = false;
     RunState& lauf = run.link.Lauf;
-    ++lauf.RunRow;
+    ++lauf.List.RunRow;
     if (stopped_) {
         Ende(82);
-    } else if (lauf.RunRow > lauf.RunRows) {
+    } else if (lauf.List.RunRow > lauf.List.RunRows) {
         Ende(265);
     } else {
         Step_Planen(step, BetweenRows);
@@ -176,7 +176,7 @@ void F91::Stillstand(NetStandstill reason) {
     }
     if (reason != NetStandstill::NoReply) {
         // The next row may have another port.
-        const bool untouched = reason == NetStandstill::NoPort && Unberuehrt(run.link.Lauf.RunRow);
+        const bool untouched = reason == NetStandstill::NoPort && Unberuehrt(run.link.Lauf.List.RunRow);
         Netz_Abbrechen(netz);
         Zeile_Markieren(ListMark::Failed, kern.Zeile(untouched ? 276 : 66));
         Naechste_Zeile(StepPrgNextDataset);

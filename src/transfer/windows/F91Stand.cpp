@@ -53,7 +53,7 @@ void F91::Unterwegs_Setzen(int row) {
 }
 
 void F91::Stand_Zeigen() {
-    const Zaehlung count = Zaehlen(FGK91, run.link.Lauf.NetMode == ListOfHistories);
+    const Zaehlung count = Zaehlen(FGK91, run.link.Lauf.List.NetMode == ListOfHistories);
     std::string text;
     if (underWay_ > 0) {
         text = Wort(kern, Word::ListPosition, {Ziffern(underWay_), Ziffern(FGK91.Rows() - 1)}) + std::string(Gap);

@@ -3,7 +3,6 @@
 #include "F91.h"
 
 #include <cstdint>
-#include <utility>
 
 namespace qvm {
 namespace {
@@ -21,7 +20,7 @@ void F91::Tick_Wache() {
     if (work_ != Work::Direct || Geduld <= 0 || Lauf_Stille(run) < std::int64_t{1000} * Geduld) {
         return;
     }
-    if (run.link.Lauf.AbbruchWunsch == 0) {
+    if (run.link.Lauf.Chain.AbbruchWunsch == 0) {
         Zeile_Aufgeben();
         return;
     }
@@ -38,15 +37,7 @@ void F91::Zeile_Aufgeben() {
     if (work_ == Work::Network) {
         Netz_Abbrechen(netz);
     } else {
-        // The list goes on behind a run that is given up.
-        RunState& lauf = run.link.Lauf;
-        const int row = std::exchange(lauf.RunRow, 0);
-        const int rows = std::exchange(lauf.RunRows, 0);
-        const Secret<3> code = lauf.AdminCode; // forgotten with the end of a run that is in no list
         Lauf_Verlassen(run, RunOutcome::NotReached, kern.Zeile(LineSilent));
-        lauf.AdminCode = code;
-        lauf.RunRow = row;
-        lauf.RunRows = rows;
     }
     Zeile_Markieren(ListMark::Failed, kern.Zeile(LineSilent));
     silent_ = false;

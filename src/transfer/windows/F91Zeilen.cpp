@@ -27,7 +27,7 @@ void F91::Zeilen_Pruefen(Check check) {
 }
 
 void F91::Tick_Pruefung() {
-    if (checkRow_ > 0 && checkRow_ <= run.link.Lauf.RunRows) {
+    if (checkRow_ > 0 && checkRow_ <= run.link.Lauf.List.RunRows) {
         Zeile_Pruefen(checkRow_);
         ++checkRow_;
         return;
@@ -49,7 +49,7 @@ void F91::Tick_Pruefung() {
             return; // stopped meanwhile
         }
         Adapter_Merken();
-        run.link.Lauf.RunRow = 1;
+        run.link.Lauf.List.RunRow = 1;
         Naechster_Datensatz();
     } else {
         Restzeit();
@@ -77,22 +77,16 @@ std::string F91::Statustext(int status) const {
 
 int F91::Zeile_Laden(int row) {
     RunState& lauf = run.link.Lauf;
-    const std::uint8_t mode = lauf.NetMode;
-    const int runRow = lauf.RunRow;
-    const int runRows = lauf.RunRows;
     Lauf_Ruecksetzen(run);
-    lauf.NetMode = mode;
-    lauf.RunRow = runRow;
-    lauf.RunRows = runRows;
-    lauf.HistoryOnly = mode == OnlyHistory ? 1 : 0;
-    lauf.EraseOption = eraseOption_;
+    lauf.Chain.HistoryOnly = lauf.List.NetMode == OnlyHistory ? 1 : 0;
+    lauf.Order.EraseOption = eraseOption_;
     run.Daten.Notes.clear();
 
     const LockRow data = Gitterzeile_Lesen(FGK91, row);
     run.LockNumber = data.Number;
     run.LockName = data.Name;
     // Events are read without the files; a damaged one must not keep them in the lock.
-    if (lauf.HistoryOnly == 0 && !filesAsked_) {
+    if (lauf.Chain.HistoryOnly == 0 && !filesAsked_) {
         const auto troubles = Datensatz_Dateien_Pruefen(kern, data);
         const auto counted = run.SchadenHinnehmen ? Unlesbare(troubles) : troubles;
         if (fileText_ = Dateimaengel_Text(kern, counted); !fileText_.empty()) {
@@ -104,18 +98,19 @@ int F91::Zeile_Laden(int row) {
         return status;
     }
     // A serial that is none has no dataset.
-    Einstellung_AEsn(data.Serial, lauf.LockAddress);
-    run.link.TargetAddress = lauf.LockAddress;
+    Einstellung_AEsn(data.Serial, lauf.Order.LockAddress);
+    run.link.TargetAddress = lauf.Order.LockAddress;
     Lauf_Werte_Uebernehmen(run);
-    const bool twice = lauf.HistoryOnly == 0 && BereichZweiDurchgaenge(lauf.SerialValue) && run.Daten.AnyTransponder;
-    lauf.TwoPassFlag = twice ? 1 : 0;
+    const bool twice =
+        lauf.Chain.HistoryOnly == 0 && BereichZweiDurchgaenge(lauf.Order.SerialValue) && run.Daten.AnyTransponder;
+    lauf.Chain.TwoPassFlag = twice ? 1 : 0;
     netz.LockName = data.Name;
     netz.SerialText = data.Serial;
     return status;
 }
 
 bool F91::Zeile_Suchen(int& runRow, bool programming) {
-    for (; runRow <= run.link.Lauf.RunRows; ++runRow) {
+    for (; runRow <= run.link.Lauf.List.RunRows; ++runRow) {
         const std::string& mark = FGK91.Text(runRow, F91Column::Mark);
         if (mark == ListMark::Waiting || (programming && mark == ListMark::HistoryRead)) {
             return true;
@@ -143,7 +138,8 @@ void F91::Mark_Setzen(int row, std::string_view mark, std::string_view text) {
 
 void F91::Gescheiterte_Nachtragen() {
     const std::string& mark = FGK91.Text(1, F91Column::Mark);
-    const bool events = run.link.Lauf.NetMode != 0 && (mark == ListMark::HistoryRead || mark == ListMark::Programmed);
+    const bool events =
+        run.link.Lauf.List.NetMode != 0 && (mark == ListMark::HistoryRead || mark == ListMark::Programmed);
     if (unfinishedEvents_ ? events : mark == ListMark::Programmed) {
         std::erase(unfinished_, static_cast<int>(Zahlwert(FGK91.Text(1, F91Column::Number))));
     }
@@ -151,7 +147,7 @@ void F91::Gescheiterte_Nachtragen() {
 
 void F91::Gescheiterte_Merken() {
     unfinished_.clear();
-    unfinishedEvents_ = run.link.Lauf.NetMode == OnlyHistory;
+    unfinishedEvents_ = run.link.Lauf.List.NetMode == OnlyHistory;
     for (int row = 1; row < FGK91.Rows(); ++row) {
         const std::string& mark = FGK91.Text(row, F91Column::Mark);
         if (mark == ListMark::Failed || mark == ListMark::PassedOver) {
@@ -169,7 +165,7 @@ const std::string& F91::Pruefergebnis(int row) const {
 void F91::Zeile_Uebergehen(int& runRow, std::string_view mark, std::string_view text) {
     Mark_Setzen(runRow, mark, text);
     work_ = Work::None;
-    if (runRow >= run.link.Lauf.RunRows) {
+    if (runRow >= run.link.Lauf.List.RunRows) {
         Ende(265);
         return;
     }
@@ -180,7 +176,7 @@ void F91::Zeile_Uebergehen(int& runRow, std::string_view mark, std::string_view 
 
 void F91::Zeile_Markieren(std::string_view mark, std::string_view text) {
     if (work_ != Work::None) {
-        Mark_Setzen(run.link.Lauf.RunRow, mark, text);
+        Mark_Setzen(run.link.Lauf.List.RunRow, mark, text);
     }
 }
 
