@@ -2,9 +2,10 @@
 //
 // SprachdateienErzeugen CATALOGUE DIRECTORY
 //
-// The catalogue is UTF-8, one row a line, fields separated by tabs: number, uses, and the text in each language named
-// in the heading. Row n becomes line n of the language files, in code page 1252, lines ending in CR LF; numbers without
-// a row become empty lines. Every fault of the catalogue is reported with its line; with one, no file is written.
+// The catalogue is UTF-8, one row a line, fields separated by tabs: number, key, uses, and the text in each language
+// named in the heading. Row n becomes line n of the language files, in code page 1252, lines ending in CR LF; numbers
+// without a row become empty lines. Every fault of the catalogue is reported with its line; with one, no file is
+// written.
 
 #include "Catalogue.h"
 #include "Text.h"
@@ -21,7 +22,7 @@
 
 namespace {
 
-constexpr std::size_t FirstText = 2; // fields before the texts: number and uses
+constexpr std::size_t FirstText = 3; // fields before the texts: number, key and uses
 constexpr std::size_t Languages = qvm::SprachNamen.size();
 
 struct Katalog {

@@ -1,17 +1,18 @@
-// Makes the sources of the program's own words from their table.
+// Makes the sources of the program's own words from their table, or those of the catalogue's names for its lines.
 //
 // WoerterErzeugen TABLE DIRECTORY
 //
-// The table is UTF-8, one row a line, fields separated by tabs: key, use, and the text in German, English, French and
-// Dutch. WordList.h gets the keys as an enumeration, WordTable.h the texts; the compiler converts them to code page
-// 1252 and refuses a character that it lacks. Every fault of the table is reported with its line; with one, no file is
-// written. Stands alone, as the lowest layer is compiled from what it makes.
+// A table is UTF-8, one row a line, fields separated by tabs; its heading tells which it is. The words: key, use, and
+// the text in German, English, French and Dutch. WordList.h gets the keys as an enumeration, WordTable.h the texts; the
+// compiler converts them to code page 1252 and refuses a character that it lacks. The catalogue: number, key and uses
+// begin a row, the rest is not read here. Lines.h gets a constant for each number. Every fault of a table is reported
+// with its line; with one, no file is written. Stands alone, as the lowest layer is compiled from what it makes.
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <fstream>
 #include <iostream>
-#include <iterator>
 #include <set>
 #include <string>
 #include <string_view>
@@ -21,6 +22,7 @@ namespace {
 
 constexpr std::size_t FirstText = 2; // fields before the texts: key and use
 constexpr std::array<std::string_view, 6> Heading{"key", "use", "Deutsch", "English", "Francais", "Nederlands"};
+constexpr std::array<std::string_view, 3> KatalogHeading{"line", "key", "uses"};
 
 using Row = std::vector<std::string>;
 
@@ -75,15 +77,23 @@ std::string_view Text_Fehler(const std::string& text) {
     return {};
 }
 
+std::string Schluessel_Fehler(const std::string& key, std::set<std::string>& keys) {
+    if (!Schluessel_Gut(key)) {
+        return "the key must be letters and digits and begin with a capital";
+    }
+    return keys.insert(key).second ? "" : "the key stands twice";
+}
+
+bool Kopf_Gut(const Row& fields, const std::vector<std::string_view>& heading) {
+    return fields.size() >= heading.size() && std::equal(heading.begin(), heading.end(), fields.begin());
+}
+
 std::string Zeile_Fehler(const Row& fields, std::set<std::string>& keys) {
     if (fields.size() != Heading.size()) {
         return std::to_string(fields.size()) + " fields instead of " + std::to_string(Heading.size());
     }
-    if (!Schluessel_Gut(fields[0])) {
-        return "the key must be letters and digits and begin with a capital";
-    }
-    if (!keys.insert(fields[0]).second) {
-        return "the key stands twice";
+    if (std::string fault = Schluessel_Fehler(fields[0], keys); !fault.empty()) {
+        return fault;
     }
     for (std::size_t n = 1; n < Heading.size(); ++n) {
         if (const std::string_view fault = Text_Fehler(fields[n]); !fault.empty()) {
@@ -96,8 +106,31 @@ std::string Zeile_Fehler(const Row& fields, std::set<std::string>& keys) {
     return {};
 }
 
+std::string Katalogzeile_Fehler(const Row& fields, std::set<std::string>& keys) {
+    if (fields.size() < KatalogHeading.size()) {
+        return "number, key and uses must begin the row";
+    }
+    if (fields[0].empty() || fields[0].find_first_not_of("0123456789") != std::string::npos) {
+        return "the number must be digits";
+    }
+    return Schluessel_Fehler(fields[1], keys);
+}
+
+/// What differs from table to table.
+struct Form {
+    std::vector<std::string_view> Heading; ///< the fields that the heading begins with
+    std::string (*Fehler)(const Row& fields, std::set<std::string>& keys);
+};
+
+/// The form of the table with this heading; that of the words when it is neither's.
+Form Form_Finden(const Row& heading) {
+    const Form words{{Heading.begin(), Heading.end()}, Zeile_Fehler};
+    const Form catalogue{{KatalogHeading.begin(), KatalogHeading.end()}, Katalogzeile_Fehler};
+    return Kopf_Gut(heading, catalogue.Heading) ? catalogue : words;
+}
+
 /// Gives the number of faults, each reported.
-int Tabelle_Lesen(std::istream& file, const std::string& name, std::vector<Row>& rows) {
+int Tabelle_Lesen(std::istream& file, const std::string& name, Form& form, std::vector<Row>& rows) {
     int faults = 0;
     int number = 0;
     std::set<std::string> keys;
@@ -106,8 +139,9 @@ int Tabelle_Lesen(std::istream& file, const std::string& name, std::vector<Row>&
         Row fields = Zerlegen(line);
         std::string fault;
         if (number == 1) {
-            fault = fields == Row(Heading.begin(), Heading.end()) ? "" : "the heading must name key, use and languages";
-        } else if (fault = Zeile_Fehler(fields, keys); fault.empty()) {
+            form = Form_Finden(fields);
+            fault = Kopf_Gut(fields, form.Heading) ? "" : "the heading must name key, use and languages";
+        } else if (fault = form.Fehler(fields, keys); fault.empty()) {
             rows.push_back(std::move(fields));
         }
         if (!fault.empty()) {
@@ -165,6 +199,15 @@ std::string Tafel(const std::vector<Row>& rows) {
     return text + "}};\n\n} // namespace qvm\n";
 }
 
+std::string Zeilennamen(const std::vector<Row>& rows) {
+    std::string text = "#pragma once\n\n/// The lines of the language catalogue by name: what `Kern::Zeile` takes.\n"
+                       "namespace qvm::Line {\n\n";
+    for (const Row& row : rows) {
+        text += "inline constexpr int " + row[1] + " = " + row[0] + "; ///< " + row[2] + "\n";
+    }
+    return text + "\n} // namespace qvm::Line\n";
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -178,10 +221,13 @@ int main(int argc, char** argv) {
         std::cerr << name << ": cannot be read\n";
         return 1;
     }
+    Form form = Form_Finden({});
     std::vector<Row> rows;
-    if (Tabelle_Lesen(file, name, rows) != 0) {
+    if (Tabelle_Lesen(file, name, form, rows) != 0) {
         return 1;
     }
-    return Schreiben(directory + "/WordList.h", Liste(rows)) && Schreiben(directory + "/WordTable.h", Tafel(rows)) ? 0
-                                                                                                                   : 1;
+    const bool written = form.Fehler == Katalogzeile_Fehler ? Schreiben(directory + "/Lines.h", Zeilennamen(rows))
+                                                            : Schreiben(directory + "/WordList.h", Liste(rows)) &&
+                                                                  Schreiben(directory + "/WordTable.h", Tafel(rows));
+    return written ? 0 : 1;
 }

@@ -11,13 +11,13 @@ namespace qvm {
 namespace {
 
 /// Line n (from 1) without blanks around it; empty when the file is shorter.
-std::string Zeile(const std::vector<std::string>& lines, std::size_t number) {
+std::string Dateizeile(const std::vector<std::string>& lines, std::size_t number) {
     return number <= lines.size() ? std::string(Trim(lines[number - 1])) : std::string();
 }
 
 void Einstellungswerte_Pruefen(CheckStand& stand, const std::vector<std::string>& lines) {
     constexpr std::string_view file = "EST7CSB29A.I_1";
-    if (const std::string language = Zeile(lines, 1);
+    if (const std::string language = Dateizeile(lines, 1);
         !Leer_Oder(language, {"Deutsch", "English", "Francais", "Nederlands"})) {
         stand.Melden(FindingKind::Dangling, file, 1, "Sprache", "there is no language " + Zitat(language));
     }
@@ -27,7 +27,7 @@ void Einstellungswerte_Pruefen(CheckStand& stand, const std::vector<std::string>
     if (!port.empty() && (number < 1 || number > 16)) {
         stand.Melden(FindingKind::Range, file, 3, "PortName", Zitat(port) + " is not a port from 1 to 16");
     }
-    const std::string channelText = Zeile(lines, 4);
+    const std::string channelText = Dateizeile(lines, 4);
     const int channel = Dezimalzahl(channelText).value_or(0);
     if (!channelText.empty() && (channel < 1 || channel > 12)) {
         stand.Melden(FindingKind::Range, file, 4, "RadioChannel",
@@ -37,7 +37,7 @@ void Einstellungswerte_Pruefen(CheckStand& stand, const std::vector<std::string>
 
 void Offsetzeiten_Pruefen(CheckStand& stand, const std::vector<std::string>& lines) {
     for (const int number : {2, 3}) {
-        const std::string text = Zeile(lines, static_cast<std::size_t>(number));
+        const std::string text = Dateizeile(lines, static_cast<std::size_t>(number));
         if (!text.empty() && !Uhrzeit_Minuten(text)) {
             stand.Melden(FindingKind::Range, "OFSTSETUPDT.FST", number, "", Zitat(text) + " is not a time");
         }
@@ -46,25 +46,25 @@ void Offsetzeiten_Pruefen(CheckStand& stand, const std::vector<std::string>& lin
 
 void Auswahl_Pruefen(CheckStand& stand, const std::vector<std::string>& lines) {
     constexpr std::string_view file = "ASWTIMQVMLCK.FSN";
-    if (const std::string mode = Zeile(lines, 2); mode != "HOTEL" && mode != "OBJEKT") {
+    if (const std::string mode = Dateizeile(lines, 2); mode != "HOTEL" && mode != "OBJEKT") {
         stand.Melden(FindingKind::Range, file, 2, "", "there is no mode " + Zitat(mode) + "; it counts as OBJEKT");
     }
     for (int number = 3; number <= 10; ++number) {
-        if (const std::string mark = Zeile(lines, static_cast<std::size_t>(number)); mark != "X" && mark != "0") {
+        if (const std::string mark = Dateizeile(lines, static_cast<std::size_t>(number)); mark != "X" && mark != "0") {
             stand.Melden(FindingKind::Range, file, number, "", "a slot is marked \"X\" or \"0\", not " + Zitat(mark));
         }
     }
-    if (Zeile(lines, 11) != "ENDE") {
+    if (Dateizeile(lines, 11) != "ENDE") {
         stand.Melden(FindingKind::Damaged, file, 11, "", "does not end with \"ENDE\"");
     }
 }
 
 void Objektgruppe_Pruefen(CheckStand& stand, const std::vector<std::string>& lines) {
     constexpr std::string_view file = "ObJNR09DAT.OBN";
-    const std::optional<int> group = Dezimalzahl(Zeile(lines, 2));
+    const std::optional<int> group = Dezimalzahl(Dateizeile(lines, 2));
     if (!group || *group > 254) {
-        stand.Melden(FindingKind::Range, file, 2, "", Zitat(Zeile(lines, 2)) + " is not a group from 0 to 254");
-    } else if (Dezimalzahl(Zeile(lines, 3)) != *group + 1) {
+        stand.Melden(FindingKind::Range, file, 2, "", Zitat(Dateizeile(lines, 2)) + " is not a group from 0 to 254");
+    } else if (Dezimalzahl(Dateizeile(lines, 3)) != *group + 1) {
         stand.Melden(FindingKind::Damaged, file, 3, "", "is not the group's number plus 1");
     }
 }
@@ -79,7 +79,7 @@ void Dauertueren_Pruefen(CheckStand& stand, const std::vector<std::string>& line
     }
     DoubledTexts seen;
     for (std::size_t number = 2; number <= lines.size(); ++number) {
-        const std::string serial = Zeile(lines, number);
+        const std::string serial = Dateizeile(lines, number);
         if (serial == "ENDE") {
             return;
         }
@@ -102,7 +102,7 @@ void Konfiguration_Pruefen(CheckStand& stand) {
         Einstellungswerte_Pruefen(stand, *lines);
     }
     if (const auto lines = stand.Zeilen("CHEUSB25C.I_2")) {
-        if (const std::string mode = Zeile(*lines, 1); !Leer_Oder(mode, {"SET", "RESET"})) {
+        if (const std::string mode = Dateizeile(*lines, 1); !Leer_Oder(mode, {"SET", "RESET"})) {
             stand.Melden(FindingKind::Range, "CHEUSB25C.I_2", 1, "PortAutomatik",
                          Zitat(mode) + " is neither SET nor RESET");
         }

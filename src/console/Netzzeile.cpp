@@ -5,6 +5,8 @@
 #include "Takt.h"
 #include "Text.h"
 
+#include <Lines.h>
+
 namespace qvm {
 
 namespace {
@@ -23,7 +25,7 @@ LockEnd Zeilenende(const Programm& program, int row, const Zeilenumstand& state)
     if (program.F91.Verstummt()) {
         return LockEnd::Silent;
     }
-    if (state.Cancelling && text == kern.Zeile(82)) {
+    if (state.Cancelling && text == kern.Zeile(Line::Cancelled)) {
         return LockEnd::Cancelled;
     }
     if (program.F91.Arbeit() == F91::Work::Direct) {
@@ -31,7 +33,7 @@ LockEnd Zeilenende(const Programm& program, int row, const Zeilenumstand& state)
     }
     const auto shows = [&](int line) { return !text.empty() && text == kern.Zeile(line); };
     const bool missing = program.Netz.Unproven || program.link.Lauf.Chain.HistoryLost != HistoryLoss::None;
-    return shows(276) ? LockEnd::Fault : missing ? LockEnd::Failed : LockEnd::NotReached;
+    return shows(Line::PortNotOpened) ? LockEnd::Fault : missing ? LockEnd::Failed : LockEnd::NotReached;
 }
 
 std::string Grund(const Programm& program, const LaufAuftrag& order, int row, LockEnd end) {
@@ -49,7 +51,7 @@ std::string Grund(const Programm& program, const LaufAuftrag& order, int row, Lo
     const std::string& text = program.F91.FGK91.Text(row, F91Column::StateText);
     // That it was passed over says less than why.
     const std::string& check = program.F91.Pruefergebnis(row);
-    const bool passed = text == program.kern.Zeile(261) && !check.empty();
+    const bool passed = text == program.kern.Zeile(Line::Skipped) && !check.empty();
     const SerialPort& port = program.kern.Welt.Port;
     const PortFault fault = port.LastFault ? port.LastFault() : PortFault();
     const bool held = fault.What == PortFault::Kind::Held || fault.What == PortFault::Kind::HeldByService;

@@ -4,14 +4,17 @@
 #include "Text.h"
 #include "Zeilen.h"
 
+#include <Lines.h>
 #include <algorithm>
 
 namespace qvm {
 
 namespace {
 
-constexpr std::array<int, 11> TagZeilen{2, 95, 96, 97, 98, 99, 100, 101, 102, 103, 104};
-constexpr std::array<int, 2> FeiertagsZeilen{3, 4};
+constexpr std::array<int, 11> TagZeilen{
+    Line::Off,      Line::Monday, Line::Tuesday,        Line::Wednesday,        Line::Thursday,      Line::Friday,
+    Line::Saturday, Line::Sunday, Line::MondayToFriday, Line::SaturdayToSunday, Line::MondayToSunday};
+constexpr std::array<int, 2> FeiertagsZeilen{Line::SingleHolidays, Line::PermanentHolidays};
 
 /// The name becomes part of a path: it must not lead elsewhere.
 bool Sprachname_Gueltig(std::string_view name) {

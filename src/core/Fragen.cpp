@@ -1,10 +1,11 @@
 #include "Fragen.h"
 
+#include <Lines.h>
+
 namespace qvm {
 
 Verlassen Verlassen_Fragen(const Kern& kern, std::string_view title) {
-    constexpr int saveLine = 60;
-    switch (kern.Meldung(kern.Zeile(saveLine), Buttons::YesNo, Icon::Question, title)) {
+    switch (kern.Meldung(kern.Zeile(Line::SaveChanges), Buttons::YesNo, Icon::Question, title)) {
     case Answer::Yes:
         return Verlassen::Speichern;
     case Answer::No:

@@ -3,6 +3,7 @@
 #include "Kern.h"
 #include "Words.h"
 
+#include <Lines.h>
 #include <algorithm>
 #include <array>
 #include <string_view>
@@ -21,18 +22,20 @@ struct Muster {
 
 /// The first row that fits counts.
 constexpr std::array<Muster, 10> MusterTabelle{{
-    {PortFault::Kind::NotThere, false, 290, "%1 is not there. Is the adapter plugged in?"},
-    {PortFault::Kind::NoRight, true, 291,
+    {PortFault::Kind::NotThere, false, Line::PortAbsent, "%1 is not there. Is the adapter plugged in?"},
+    {PortFault::Kind::NoRight, true, Line::PortNoRightGroup,
      "No right to use %1. It belongs to the group %2: run \"sudo usermod -aG %2 $USER\", then log out and in again."},
-    {PortFault::Kind::NoRight, false, 292, "No right to use %1."},
-    {PortFault::Kind::Held, true, 293, "%1 is in use by %2. Close that program and try again."},
-    {PortFault::Kind::Held, false, 294, "%1 is in use by another program. Close that program and try again."},
-    {PortFault::Kind::HeldByService, false, 295,
+    {PortFault::Kind::NoRight, false, Line::PortNoRight, "No right to use %1."},
+    {PortFault::Kind::Held, true, Line::PortUsedBy, "%1 is in use by %2. Close that program and try again."},
+    {PortFault::Kind::Held, false, Line::PortUsed,
+     "%1 is in use by another program. Close that program and try again."},
+    {PortFault::Kind::HeldByService, false, Line::PortProbed,
      "%1 is being tried out by the system service %2, which lets go of it after some seconds. Then try again."},
-    {PortFault::Kind::Broken, false, 296, "The connection to %1 is broken: the adapter was unplugged or switched off."},
-    {PortFault::Kind::NoSuchNumber, false, 297, "There is no port %1."},
-    {PortFault::Kind::NotSerial, false, 298, "%1 is no serial port that works."},
-    {PortFault::Kind::Other, false, 299, "%1 cannot be opened: %2."},
+    {PortFault::Kind::Broken, false, Line::PortBroken,
+     "The connection to %1 is broken: the adapter was unplugged or switched off."},
+    {PortFault::Kind::NoSuchNumber, false, Line::PortUnknown, "There is no port %1."},
+    {PortFault::Kind::NotSerial, false, Line::PortNotSerial, "%1 is no serial port that works."},
+    {PortFault::Kind::Other, false, Line::PortFault, "%1 cannot be opened: %2."},
 }};
 
 const Muster* Passendes(const PortFault& fault) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <Lines.h>
 #include <array>
 #include <string_view>
 
@@ -17,22 +18,50 @@ struct TextSlot {
     int Line; ///< of the catalogue
 };
 
-inline constexpr std::array TextSlots{
-    TextSlot{"F2.F2_Datei", 116},      TextSlot{"F2.F2_Sprache", 125},   TextSlot{"F2.F2_Schnittstelle", 21},
-    TextSlot{"F2.F2_Ende", 24},        TextSlot{"F2.F2_Einzel", 3},      TextSlot{"F2.F2_Perm", 4},
-    TextSlot{"F2.F2_Gasttimer", 209},  TextSlot{"F2.F2_Help", 135},      TextSlot{"F2.F2_Version", 136},
-    TextSlot{"F2.F2_PersonB", 177},    TextSlot{"F2.F2_SchlossB", 178},  TextSlot{"F2.Toolbar1.1", 26},
-    TextSlot{"F2.Toolbar1.9", 27},     TextSlot{"F2.Toolbar1.11", 28},   TextSlot{"F2.Toolbar1.13", 29},
-    TextSlot{"F2.Toolbar1.15", 30},    TextSlot{"F2.Toolbar1.17", 31},   TextSlot{"F2.Toolbar1.19", 213},
-    TextSlot{"F2.Toolbar1.21", 32},    TextSlot{"F2.Toolbar1.23", 33},   TextSlot{"F2.Label7", 148},
-    TextSlot{"F3.Delete", 127},        TextSlot{"F4.Delete", 127},       TextSlot{"F41.Delete", 127},
-    TextSlot{"F5.Delete", 127},        TextSlot{"F10.Delete", 127},      TextSlot{"F12.Delete", 127},
-    TextSlot{"F42.Delete", 127},       TextSlot{"F5.key_anlernen", 45},  TextSlot{"F5.Key_loeschen", 46},
-    TextSlot{"F5.key_suchen", 142},    TextSlot{"F5.key_synchron", 143}, TextSlot{"F5.key_ausschneiden", 47},
-    TextSlot{"F5.key_einfuegen", 48},  TextSlot{"F5.F5_Extras", 128},    TextSlot{"F5.F5_Markierung", 129},
-    TextSlot{"F5.F5_M5ON", 130},       TextSlot{"F5.F5_M5_OFF", 131},    TextSlot{"F5.F5_Sort", 126},
-    TextSlot{"F5.F5_Search", 107},     TextSlot{"F12.SNA_save", 149},    TextSlot{"F12.SNA_Input", 150},
-    TextSlot{"F12.SNA_Function", 161},
-};
+inline constexpr auto TextSlots = std::to_array<TextSlot>({
+    {"F2.F2_Datei", Line::File},
+    {"F2.F2_Sprache", Line::Language},
+    {"F2.F2_Schnittstelle", Line::Interface},
+    {"F2.F2_Ende", Line::Exit},
+    {"F2.F2_Einzel", Line::SingleHolidays},
+    {"F2.F2_Perm", Line::PermanentHolidays},
+    {"F2.F2_Gasttimer", Line::GuestTimers},
+    {"F2.F2_Help", Line::Help},
+    {"F2.F2_Version", Line::Version},
+    {"F2.F2_PersonB", Line::PersonSwitchClock},
+    {"F2.F2_SchlossB", Line::LockSwitchClock},
+    {"F2.Toolbar1.1", Line::ExitProgram},
+    {"F2.Toolbar1.9", Line::ViewHistory},
+    {"F2.Toolbar1.11", Line::Calendars},
+    {"F2.Toolbar1.13", Line::SwitchClocks},
+    {"F2.Toolbar1.15", Line::ManageUsers},
+    {"F2.Toolbar1.17", Line::SetRadioChannel},
+    {"F2.Toolbar1.19", Line::GuestCard},
+    {"F2.Toolbar1.21", Line::ProgramLocks},
+    {"F2.Toolbar1.23", Line::SetUpLocks},
+    {"F2.Label7", Line::UsbAdapter},
+    {"F3.Delete", Line::Delete},
+    {"F4.Delete", Line::Delete},
+    {"F41.Delete", Line::Delete},
+    {"F5.Delete", Line::Delete},
+    {"F10.Delete", Line::Delete},
+    {"F12.Delete", Line::Delete},
+    {"F42.Delete", Line::Delete},
+    {"F5.key_anlernen", Line::Learn},
+    {"F5.Key_loeschen", Line::Remove},
+    {"F5.key_suchen", Line::SearchKey},
+    {"F5.key_synchron", Line::SynchroniseKey},
+    {"F5.key_ausschneiden", Line::Cut},
+    {"F5.key_einfuegen", Line::Paste},
+    {"F5.F5_Extras", Line::Extras},
+    {"F5.F5_Markierung", Line::Highlighting},
+    {"F5.F5_M5ON", Line::On},
+    {"F5.F5_M5_OFF", Line::HighlightOff},
+    {"F5.F5_Sort", Line::Sort},
+    {"F5.F5_Search", Line::Search},
+    {"F12.SNA_save", Line::ReadSerial},
+    {"F12.SNA_Input", Line::EnterSerial},
+    {"F12.SNA_Function", Line::ManualConfiguration},
+});
 
 } // namespace qvm

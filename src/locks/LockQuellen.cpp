@@ -6,6 +6,7 @@
 #include "TimeRecords.h"
 #include "UnitRecords.h"
 
+#include <Lines.h>
 #include <utility>
 
 namespace qvm {
@@ -18,11 +19,11 @@ constexpr std::string_view NoAdapter = " - ";
 constexpr int LastOffered = 19;
 
 std::string Unit_Kuerzel(const Kern& kern, std::string_view mode) {
-    constexpr int FirstLine = 157; // "1", "2", "3": lines 157, 158, 159
+    static_assert(Line::UnitAE == Line::UnitTA + 1 && Line::UnitSTE == Line::UnitTA + 2);
     if (mode.size() != 1 || mode[0] < '1' || mode[0] > '3') {
         return std::string(NoUnit);
     }
-    return std::string(Mid(kern.Zeile(FirstLine + mode[0] - '1'), 1, 3));
+    return std::string(Mid(kern.Zeile(Line::UnitTA + mode[0] - '1'), 1, 3));
 }
 
 LockAdapter Adapter_Eintrag(const RecordFile& adapters, int record) {

@@ -6,6 +6,7 @@
 #include "Text.h"
 #include "UserRecords.h"
 
+#include <Lines.h>
 #include <string_view>
 
 namespace qvm {
@@ -64,8 +65,9 @@ bool Zeile_Fehlerhaft(const Grid& grid, int row) {
 bool F5_Pruefen(Kern& kern, const UserTable& table) {
     for (int row = UserGrid::FirstRow; row < UserGrid::LastRow; ++row) {
         if (Zeile_Fehlerhaft(table.FGK4, row)) {
-            kern.Meldung(kern.Zeile(163) + "\n" + kern.Zeile(141) + "\n [" + kern.Zeile(54) + " - " + kern.Zeile(162) +
-                             " " + Ziffern(row - 1) + "]",
+            kern.Meldung(kern.Zeile(Line::CannotSave) + "\n" + kern.Zeile(Line::EntryInvalid) + "\n [" +
+                             kern.Zeile(Line::Name) + " - " + kern.Zeile(Line::UserNumber) + " " + Ziffern(row - 1) +
+                             "]",
                          Buttons::Ok, Icon::Exclamation);
             return false;
         }

@@ -4,6 +4,8 @@
 #include "Migration.h"
 #include "Words.h"
 
+#include <Lines.h>
+
 namespace qvm {
 
 Programm::Programm(Platform& world, const std::string& directory)
@@ -42,7 +44,7 @@ void Programm::Ansicht_Verbinden() {
                 F9.Fertig(line);
             },
         .F9_Schliessen_Freigeben = [this] { F9.Schliessen_Freigeben(); },
-        .Historie_Beschriften = [this] { F9.Status_Zeigen(264); },
+        .Historie_Beschriften = [this] { F9.Status_Zeigen(Line::ReadingHistory); },
         .Zustand = [this](std::uint8_t state, const std::string& text) { F9.Zustand_Zeigen(state, text); },
         .Kaestchen = [this](int box) { F9.Ankreuzen(box); },
         .Kaestchen_Beschriften = [this](int box, const std::string& text) { F9.Kaestchen_Beschriften(box, text); },

@@ -4,16 +4,18 @@
 #include "Text.h"
 #include "Zeitfenster.h"
 
+#include <Lines.h>
+
 namespace qvm {
 
 namespace {
 
 void Kopf_Schreiben(const Kern& kern, Grid& grid) {
     grid.Resize(1, SlotColumn::Count);
-    grid.SetText(0, SlotColumn::Number, kern.Zeile(37));
-    grid.SetText(0, SlotColumn::Day, kern.Zeile(92));
-    grid.SetText(0, SlotColumn::From, kern.Zeile(93));
-    grid.SetText(0, SlotColumn::To, kern.Zeile(94));
+    grid.SetText(0, SlotColumn::Number, kern.Zeile(Line::Number));
+    grid.SetText(0, SlotColumn::Day, kern.Zeile(Line::Day));
+    grid.SetText(0, SlotColumn::From, kern.Zeile(Line::From));
+    grid.SetText(0, SlotColumn::To, kern.Zeile(Line::To));
 }
 
 } // namespace

@@ -7,6 +7,7 @@
 #include "Words.h"
 #include "Zeitgruppen.h"
 
+#include <Lines.h>
 #include <algorithm>
 #include <optional>
 
@@ -121,7 +122,7 @@ bool Zaehlen(UserLoop& loop) {
     if (++loop.counted <= loop.stand.dataset.MaxUser) {
         return true;
     }
-    loop.stand.Melden(loop.stand.Kernteil().Zeile(248));
+    loop.stand.Melden(loop.stand.Kernteil().Zeile(Line::TooManyUsers));
     return false;
 }
 
@@ -149,13 +150,14 @@ void Finger_Vermerken(UserLoop& loop) {
         return;
     }
     loop.stand.dataset.AnyFinger = true;
-    loop.stand.Melden(loop.stand.Kernteil().Zeile(273), Icon::Exclamation);
+    loop.stand.Melden(loop.stand.Kernteil().Zeile(Line::NeedsCurrentAdapter), Icon::Exclamation);
 }
 
 void Vorlage_Fehlt_Melden(const DatasetStand& stand, const std::string& oemName) {
     const Kern& kern = stand.Kernteil();
     const std::string name = kern.Welt.OemToChar(oemName);
-    stand.Melden(name + (stand.Netzfenster() ? Fester_Text(kern, Word::FingerDataFault, " ") + " " : kern.Zeile(253)));
+    stand.Melden(name + (stand.Netzfenster() ? Fester_Text(kern, Word::FingerDataFault, " ") + " "
+                                             : kern.Zeile(Line::TemplateMissing)));
 }
 
 /// The template as bytes: as many as its first two values say, held within what a record can hold. Values that the
@@ -181,7 +183,7 @@ DatasetEnd Vorlage_Zuordnen(UserLoop& loop, int record, std::string_view number,
     const std::string identifier = loop.users.Text(record, UserRecord::FingerId);
     if (identifier.starts_with("PR")) {
         if (++loop.premium > PremiumLimit) {
-            loop.stand.Melden(loop.stand.Kernteil().Zeile(252));
+            loop.stand.Melden(loop.stand.Kernteil().Zeile(Line::TooManyPremium));
             return DatasetEnd::TooManyPremium;
         }
         slot.PrFlag = 1;

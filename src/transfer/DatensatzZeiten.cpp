@@ -7,6 +7,7 @@
 #include "Zeitfenster.h"
 #include "Zeitgruppen.h"
 
+#include <Lines.h>
 #include <utility>
 
 namespace qvm {
@@ -50,7 +51,7 @@ void Timer_A_B_Fuellen(Dataset& dataset, const RecordFile& slots) {
 
 void Zwei_Timer_Melden(const DatasetStand& stand) {
     const Kern& kern = stand.Kernteil();
-    stand.Melden(kern.Zeile(180) + "\n\r" + kern.Zeile(181), Icon::Information);
+    stand.Melden(kern.Zeile(Line::TimersABOnly) + "\n\r" + kern.Zeile(Line::OtherTimersIdle), Icon::Information);
 }
 
 } // namespace

@@ -7,6 +7,7 @@
 #include "Words.h"
 #include "Zeit.h"
 
+#include <Lines.h>
 #include <array>
 
 namespace qvm {
@@ -71,7 +72,7 @@ void Zustand_Zeigen(RunState& lauf, std::uint8_t event, const std::string& state
 /// What a device means by a date that does not exist is not known. Its record is kept, without the date.
 void Datum_Melden(const Kern& kern, const HistoryRecord& record, std::string_view about) {
     Meldung_Zu(kern, std::string(about),
-               kern.Zeile(275) + " " + Ziffern(record.Day, 2) + "." + Ziffern(record.Month, 2) + "." +
+               kern.Zeile(Line::InvalidDate) + " " + Ziffern(record.Day, 2) + "." + Ziffern(record.Month, 2) + "." +
                    Jahr_Text(record.Year));
 }
 
@@ -94,23 +95,23 @@ HistoryRecord Historie_Zerlegen(const Platform& platform, std::span<const std::u
 std::string Ereignis_Text(const Kern& kern, std::uint8_t event) {
     switch (event & LowNibble) {
     case 1:
-        return kern.Zeile(15);
+        return kern.Zeile(Line::EventCode);
     case 2:
         return "E-Key";
     case 3:
-        return kern.Zeile(16);
+        return kern.Zeile(Line::EventOpen);
     case 4:
-        return kern.Zeile(17);
+        return kern.Zeile(Line::Event4);
     case 5:
         return "Fingerscan";
     case 6:
-        return kern.Zeile(18);
+        return kern.Zeile(Line::Event6);
     case 7:
-        return kern.Zeile(19);
+        return kern.Zeile(Line::Event7);
     case 8:
-        return kern.Zeile(20);
+        return kern.Zeile(Line::Event8);
     case 9:
-        return kern.Zeile(196);
+        return kern.Zeile(Line::Event9);
     case 10:
         return "Transponder";
     case 11:
@@ -123,15 +124,15 @@ std::string Ereignis_Text(const Kern& kern, std::uint8_t event) {
 std::string Zustand_Text(const Kern& kern, std::uint8_t event) {
     switch (event & HighNibble) {
     case 0x10:
-        return kern.Zeile(13);
+        return kern.Zeile(Line::StateLevel1);
     case 0x20:
-        return kern.Zeile(14);
+        return kern.Zeile(Line::StateLevel2);
     case 0x30:
-        return kern.Zeile(112);
+        return kern.Zeile(Line::StateLevel3);
     case 0x40:
-        return kern.Zeile(113);
+        return kern.Zeile(Line::StateLevel4);
     case 0x50:
-        return kern.Zeile(114);
+        return kern.Zeile(Line::StateLevel5);
     default:
         return {};
     }

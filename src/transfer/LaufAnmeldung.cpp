@@ -2,6 +2,7 @@
 #include "Laufschritte.h"
 #include "Schlosszeile.h"
 
+#include <Lines.h>
 #include <algorithm>
 #include <array>
 
@@ -14,27 +15,27 @@ constexpr int SearchSteps = 12;
 void Suche_Gescheitert(Programmierlauf& run) {
     run.link.Lauf.Chain.KanalSuche = 0;
     Codeaenderung_Gescheitert(run);
-    if (Zeile_Fehlgeschlagen(run, RunOutcome::NotReached, run.kern.Zeile(66))) {
+    if (Zeile_Fehlgeschlagen(run, RunOutcome::NotReached, run.kern.Zeile(Line::ConnectionFailed))) {
         return;
     }
     if (run.Ansicht.Wartebox_Text) {
-        run.Ansicht.Wartebox_Text(82);
+        run.Ansicht.Wartebox_Text(Line::Cancelled);
     }
     Kanal_Offen(run.kern, run.LockNumber);
-    Mit_Meldung_Enden(run, RunOutcome::NotReached, 67);
+    Mit_Meldung_Enden(run, RunOutcome::NotReached, Line::NotReachable);
 }
 
 } // namespace
 
 int Anmeldung_Zeile(std::uint8_t status) {
-    constexpr std::array<int, 4> lines{0, 70, 71, 111};
+    constexpr std::array<int, 4> lines{0, Line::CheckCode, Line::CodeNotAccepted, Line::AccessDenied};
     return status < lines.size() ? lines[status] : 0;
 }
 
 void Schritt_Anmeldung_Abgelehnt(Programmierlauf& run) {
     const Kern& kern = run.kern;
     const int line = Anmeldung_Zeile(run.link.Device.Status);
-    const std::string failed = kern.Zeile(66);
+    const std::string failed = kern.Zeile(Line::ConnectionFailed);
     Timer_Anhalten(run);
     Rufen(run.Ansicht.Wartebox_Schliessen);
     if (Zeile_Fehlgeschlagen(run, RunOutcome::Refused,
@@ -48,7 +49,7 @@ void Schritt_Anmeldung_Abgelehnt(Programmierlauf& run) {
         Meldung_Zu(kern, Worum(run), kern.Zeile(line), Buttons::Ok, Icon::Exclamation);
     }
     Meldung_Zu(kern, Worum(run), failed, Buttons::Ok, Icon::Exclamation);
-    Ende_Zeigen(run, 78);
+    Ende_Zeigen(run, Line::LoginFailed);
     Port_Neu(run.link);
 }
 
@@ -61,7 +62,7 @@ void Schritt_Unit_Abgelehnt(Programmierlauf& run) {
         UnitReport& unit = run.Bericht.Units[static_cast<std::size_t>(index)];
         unit.End = UnitReport::State::Failed;
         unit.Refused = true;
-        unit.Note = run.kern.Zeile(line != 0 ? line : 66);
+        unit.Note = run.kern.Zeile(line != 0 ? line : Line::ConnectionFailed);
     }
     run.Timer9.Start(600);
     if (line != 0 && run.link.Lauf.List.RunRows == 0) {

@@ -2,6 +2,7 @@
 #include "Modelle.h"
 #include "Schlosszeile.h"
 
+#include <Lines.h>
 #include <algorithm>
 #include <array>
 
@@ -27,12 +28,12 @@ std::array<std::uint8_t, N> Werte(const std::string& text) {
 }
 
 void Platz_Ungueltig(Programmierlauf& run) {
-    const std::string text = run.kern.Zeile(72);
+    const std::string text = run.kern.Zeile(Line::NoUserSlot);
     if (Zeile_Fehlgeschlagen(run, RunOutcome::Refused, text)) {
         return;
     }
     Lauf_Beenden(run, RunOutcome::Refused, text);
-    Ende_Zeigen(run, 72);
+    Ende_Zeigen(run, Line::NoUserSlot);
     Meldung_Zu(run.kern, Worum(run), text, Buttons::Ok, Icon::Exclamation);
 }
 

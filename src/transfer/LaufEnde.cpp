@@ -5,6 +5,8 @@
 #include "Telegramme.h"
 #include "Words.h"
 
+#include <Lines.h>
+
 namespace qvm {
 namespace {
 
@@ -112,7 +114,7 @@ Urteil Beurteilen(const Programmierlauf& run) {
     const RunState& lauf = run.link.Lauf;
     const Kern& kern = run.kern;
     if (run.Cancelled) {
-        return {.Outcome = RunOutcome::Cancelled, .Why = kern.Zeile(82), .Line = 82};
+        return {.Outcome = RunOutcome::Cancelled, .Why = kern.Zeile(Line::Cancelled), .Line = Line::Cancelled};
     }
     if (lauf.Chain.HistoryLost != HistoryLoss::None) {
         return {.Outcome = RunOutcome::GivenUp, .Why = Historie_Verlust_Text(kern, lauf.Chain.HistoryLost)};
@@ -125,9 +127,9 @@ Urteil Beurteilen(const Programmierlauf& run) {
         return {.Why = refused + (more.empty() ? "" : " " + more)};
     }
     if (!more.empty()) {
-        return {.Why = kern.Zeile(110) + ". " + more};
+        return {.Why = kern.Zeile(Line::Finished) + ". " + more};
     }
-    return {.Why = kern.Zeile(110), .Line = 110};
+    return {.Why = kern.Zeile(Line::Finished), .Line = Line::Finished};
 }
 
 void Einzelnes_Schloss_Zeigen(Programmierlauf& run, const Urteil& judged) {
@@ -159,7 +161,7 @@ void Schloss_Fertig(Programmierlauf& run) {
         Einzelnes_Schloss_Zeigen(run, judged);
         return;
     }
-    std::string text = run.kern.Zeile(lauf.Chain.HistoryOnly != 0 ? 263 : 266);
+    std::string text = run.kern.Zeile(lauf.Chain.HistoryOnly != 0 ? Line::HistoryRead : Line::Programmed);
     for (const std::string& note : {Unit_Notiz(run), Erledigt_Zusatz(run)}) {
         text += note.empty() ? "" : " - " + note;
     }
@@ -190,7 +192,7 @@ void Schritt_Historie_Fertig(Programmierlauf& run) {
     Lauf_Tempo_Neu(run);
     const bool single = lauf.Chain.HistoryOnly != 0 && lauf.List.RunRows == 0;
     if (run.Ansicht.Status && (lauf.Chain.HistoryOnly == 0 || single)) {
-        run.Ansicht.Status(single ? 115 : 0);
+        run.Ansicht.Status(single ? Line::Completing : 0);
     }
     // There is nothing left to cancel, but it is not the end yet: the session is still to be closed.
     if (single) {
@@ -242,11 +244,11 @@ void Schritt_Kein_Kontakt(Programmierlauf& run) {
         return;
     }
     Codeaenderung_Gescheitert(run);
-    if (Zeile_Fehlgeschlagen(run, RunOutcome::NotReached, run.kern.Zeile(66))) {
+    if (Zeile_Fehlgeschlagen(run, RunOutcome::NotReached, run.kern.Zeile(Line::ConnectionFailed))) {
         return;
     }
     Kanal_Offen(run.kern, run.LockNumber);
-    Mit_Meldung_Enden(run, RunOutcome::NotReached, 67);
+    Mit_Meldung_Enden(run, RunOutcome::NotReached, Line::NotReachable);
 }
 
 void Schritt_Abgelehnt(Programmierlauf& run) {
@@ -256,13 +258,13 @@ void Schritt_Abgelehnt(Programmierlauf& run) {
         return;
     }
     Codeaenderung_Gescheitert(run);
-    if (!Zeile_Fehlgeschlagen(run, RunOutcome::Refused, run.kern.Zeile(68))) {
-        Mit_Meldung_Enden(run, RunOutcome::Refused, 68);
+    if (!Zeile_Fehlgeschlagen(run, RunOutcome::Refused, run.kern.Zeile(Line::DeviceRefused))) {
+        Mit_Meldung_Enden(run, RunOutcome::Refused, Line::DeviceRefused);
     }
 }
 
 void Schritt_Key_Abgelehnt(Programmierlauf& run) {
-    constexpr int lines[] = {69, 145, 144};
+    constexpr int lines[] = {Line::KeyNotLearned, Line::KeyNotSynchronised, Line::KeyNotFound};
     const auto mode = run.link.Lauf.KeyMode;
     const int line = lines[mode < 3 ? mode : 0];
     if (!Zeile_Fehlgeschlagen(run, RunOutcome::Refused, run.kern.Zeile(line))) {
@@ -276,8 +278,8 @@ void Schritt_Key_Abgelehnt(Programmierlauf& run) {
 void Schritt_Trennen_Aufgegeben(Programmierlauf& run) {
     Timer_Anhalten(run);
     Codeaenderung_Gescheitert(run);
-    const std::string open = run.Cancelled ? run.kern.Zeile(82) : Unbewiesen(run);
-    const std::string text = open.empty() ? run.kern.Zeile(66) : open;
+    const std::string open = run.Cancelled ? run.kern.Zeile(Line::Cancelled) : Unbewiesen(run);
+    const std::string text = open.empty() ? run.kern.Zeile(Line::ConnectionFailed) : open;
     if (Zeile_Fehlgeschlagen(run, RunOutcome::GivenUp, text)) {
         return;
     }
@@ -291,11 +293,11 @@ void Schritt_Code_Ergebnis(Programmierlauf& run) {
     const Kern& kern = run.kern;
     const std::uint8_t status = run.link.RxByte(14);
     if (status == 4) {
-        kern.Meldung(kern.Zeile(204), Buttons::Ok, Icon::Information, CodeTitle);
+        kern.Meldung(kern.Zeile(Line::NewCodeAccepted), Buttons::Ok, Icon::Information, CodeTitle);
         return;
     }
     const int line = Anmeldung_Zeile(status);
-    std::string text = kern.Zeile(line != 0 ? line : 70);
+    std::string text = kern.Zeile(line != 0 ? line : Line::CheckCode);
     if (line != 0) {
         text += "  -  Codechange_Error_0x0" + std::to_string(status);
     }

@@ -1,6 +1,8 @@
 #include "Antwort_Verteilen.h"
 #include "Laufschritte.h"
 
+#include <Lines.h>
+
 namespace qvm {
 namespace {
 
@@ -53,7 +55,7 @@ void Schritt_Daten_Schluss(Programmierlauf& run) {
     if (run.link.Lauf.Chain.TwoPassFlag != 0) {
         run.Timer6.Start(500);
     } else if (run.Ansicht.Status) {
-        run.Ansicht.Status(115);
+        run.Ansicht.Status(Line::Completing);
     }
 }
 

@@ -2,6 +2,7 @@
 #include "Laufschritte.h"
 #include "Schlosszeile.h"
 
+#include <Lines.h>
 #include <algorithm>
 
 namespace qvm {
@@ -118,9 +119,9 @@ void Units_Abbrechen(Programmierlauf& run, RunOutcome outcome, int messageLine) 
     Zum_Schloss_Zurueck(run);
     if (UnitReport* unit = Aktuelle(run)) {
         unit->End = UnitReport::State::Failed;
-        unit->Note = run.kern.Zeile(66);
+        unit->Note = run.kern.Zeile(Line::ConnectionFailed);
     }
-    if (Zeile_Fehlgeschlagen(run, outcome, run.kern.Zeile(66))) {
+    if (Zeile_Fehlgeschlagen(run, outcome, run.kern.Zeile(Line::ConnectionFailed))) {
         return;
     }
     Lauf_Beenden(run, outcome, run.kern.Zeile(messageLine));
@@ -197,7 +198,7 @@ void Schritt_Unit_Fertig(Programmierlauf& run) {
     run.UnitGood = Konto_Unit_Fertig(run.Konto, run.link.Lauf.Chain.UnitIndex);
     if (UnitReport* unit = Aktuelle(run); unit != nullptr && !run.UnitGood) {
         unit->End = UnitReport::State::Failed;
-        unit->Note = run.kern.Zeile(66);
+        unit->Note = run.kern.Zeile(Line::ConnectionFailed);
     }
     run.Timer9.Start(600);
 }
@@ -213,9 +214,9 @@ void Schritt_Unit_Kein_Kontakt(Programmierlauf& run) {
         return;
     }
     const bool list = run.link.Lauf.List.RunRows != 0;
-    Units_Abbrechen(run, RunOutcome::NotReached, 67);
+    Units_Abbrechen(run, RunOutcome::NotReached, Line::NotReachable);
     if (!list) {
-        Meldung_Zu(run.kern, Worum_Unit(run), run.kern.Zeile(67), Buttons::Ok, Icon::Exclamation);
+        Meldung_Zu(run.kern, Worum_Unit(run), run.kern.Zeile(Line::NotReachable), Buttons::Ok, Icon::Exclamation);
         Rufen(run.Ansicht.Zum_Schlossgitter);
     }
 }
@@ -247,9 +248,9 @@ void Schritt_Unit_Fehlgeschlagen(Programmierlauf& run) {
         return;
     }
     const bool list = run.link.Lauf.List.RunRows != 0;
-    Units_Abbrechen(run, RunOutcome::NotReached, 66);
+    Units_Abbrechen(run, RunOutcome::NotReached, Line::ConnectionFailed);
     if (!list) {
-        Ende_Zeigen(run, 66);
+        Ende_Zeigen(run, Line::ConnectionFailed);
     }
 }
 
@@ -260,7 +261,7 @@ void Schritt_Unit_Datenstart_Wiederholen(Programmierlauf& run) {
     if (++run.link.Lauf.Chain.UnitVersuche > DatenstartRepeats) {
         if (UnitReport* unit = Aktuelle(run)) {
             unit->End = UnitReport::State::Failed;
-            unit->Note = run.kern.Zeile(66);
+            unit->Note = run.kern.Zeile(Line::ConnectionFailed);
         }
         TelTrennen_Senden(run.link);
         return;

@@ -3,6 +3,7 @@
 #include "Text.h"
 #include "Words.h"
 
+#include <Lines.h>
 #include <algorithm>
 
 namespace qvm {
@@ -10,8 +11,6 @@ namespace {
 
 using Frame = std::span<const std::uint8_t>;
 
-constexpr int LineSending = 81, LineFetching = 264, LineProgramming = 267, LineProgrammed = 266, LineHistoryRead = 263,
-              LineFailed = 66, LineHistoryUnwritten = 277;
 constexpr std::uint8_t HistoryAndProgram = 0xFF;
 
 /// Replies that come at once are handled in their order; more than these are a flood.
@@ -66,7 +65,7 @@ bool Gilt(const Netzlauf& run, Frame frame) {
 
 void Status(const Netzlauf& run, int line) {
     if (run.Ansicht.Status) {
-        run.Ansicht.Status(line, LineSending);
+        run.Ansicht.Status(line, Line::PleaseWait);
     }
     if (run.Ansicht.Blinken) {
         run.Ansicht.Blinken(true);
@@ -81,14 +80,14 @@ void Historie_Fertig(Netzlauf& run) {
     if (lauf.Chain.HistoryLost != HistoryLoss::None) {
         // Programming can erase the events of the lock.
         if (lauf.Chain.HistoryLost == HistoryLoss::Unwritten) {
-            Netz_Zeile_Fertig(run, "#", LineHistoryUnwritten);
+            Netz_Zeile_Fertig(run, "#", Line::HistoryNotSaved);
         } else {
             Netz_Zeile_Gescheitert(run, Historie_Verlust_Text(run.kern, lauf.Chain.HistoryLost));
         }
     } else if (lauf.List.NetMode == HistoryAndProgram) {
         Netz_Zeile_Behalten(run);
     } else {
-        Netz_Zeile_Fertig(run, "<<", LineHistoryRead, StepNexHstRead);
+        Netz_Zeile_Fertig(run, "<<", Line::HistoryRead, StepNexHstRead);
     }
 }
 
@@ -124,7 +123,7 @@ void Programmierung_Beginnt(Netzlauf& run) {
     if (run.Ansicht.Balken) {
         run.Ansicht.Balken(NetzBarMaximum, 0, true);
     }
-    Status(run, LineProgramming);
+    Status(run, Line::ProgrammingLock);
     Netz_Horchen(run);
 }
 
@@ -149,7 +148,7 @@ void Block_Genommen(Netzlauf& run) {
 void Behandeln(Netzlauf& run, Frame frame) {
     switch (Byte(frame, NetzKopf::Code)) {
     case NetzCode::HistoryFetching:
-        Status(run, LineFetching);
+        Status(run, Line::ReadingHistory);
         Netz_Horchen(run);
         break;
     case NetzCode::HistoryBlock:
@@ -179,7 +178,7 @@ void Behandeln(Netzlauf& run, Frame frame) {
         Programmierung_Fertig(run, frame);
         break;
     default:
-        Netz_Zeile_Fertig(run, "#", LineFailed);
+        Netz_Zeile_Fertig(run, "#", Line::ConnectionFailed);
         break;
     }
 }

@@ -5,14 +5,13 @@
 #include "Text.h"
 #include "Words.h"
 
+#include <Lines.h>
 #include <algorithm>
 #include <array>
 #include <charconv>
 
 namespace qvm {
 namespace {
-
-constexpr int LineSending = 81, LineHistoryRead = 263, LineDatasetBad = 258;
 
 /// A decimal byte that ends at "/" or at the end of the text; nothing when it is none.
 std::optional<std::uint8_t> Dezimalbyte(std::string_view& text) {
@@ -30,7 +29,7 @@ void Anzeige_Beginnen(Netzlauf& run) {
         run.Ansicht.Blinken(false);
     }
     if (run.Ansicht.Status) {
-        run.Ansicht.Status(LineSending, 0);
+        run.Ansicht.Status(Line::PleaseWait, 0);
     }
     if (run.Ansicht.Balken) {
         run.Ansicht.Balken(NetzBarMaximum, 0, true);
@@ -115,7 +114,7 @@ void Netz_Programmieren_Beginnen(Netzlauf& run) {
     const unsigned number = run.Number;
     if (!Net_Daten_Senden(run, 0, static_cast<int>(run.Daten.Slots.size())) && run.Number == number &&
         run.Phase == NetPhase::None) {
-        Netz_Zeile_Fertig(run, "-", LineDatasetBad);
+        Netz_Zeile_Fertig(run, "-", Line::RowUnknownError);
     }
 }
 
@@ -190,7 +189,7 @@ void Netz_Zeile_Behalten(Netzlauf& run) {
     Ruhe(run);
     Anzeige_Beenden(run);
     if (run.Ansicht.Zeile_Markieren) {
-        run.Ansicht.Zeile_Markieren("<<", LineHistoryRead);
+        run.Ansicht.Zeile_Markieren("<<", Line::HistoryRead);
     }
     if (run.Ansicht.Programmieren_Planen) {
         run.Ansicht.Programmieren_Planen();
@@ -206,17 +205,17 @@ void Netz_Stillstand(const Netzlauf& run, NetStandstill reason) {
 int Datensatz_Statuszeile(int status) {
     switch (status) {
     case DatasetStatus::Good:
-        return 259;
+        return Line::RowChecked;
     case DatasetStatus::TooManyUsers:
-        return 254;
+        return Line::RowTooManyUsers;
     case DatasetStatus::TooManyPremium:
-        return 255;
+        return Line::RowTooManyPremium;
     case DatasetStatus::NoTemplate:
-        return 256;
+        return Line::RowTemplateMissing;
     case DatasetStatus::Other:
-        return 257;
+        return Line::RowNotBuilt;
     default:
-        return LineDatasetBad;
+        return Line::RowUnknownError;
     }
 }
 

@@ -7,6 +7,8 @@
 #include "Schlosszeile.h"
 #include "Words.h"
 
+#include <Lines.h>
+
 namespace qvm {
 
 Programmierlauf::Programmierlauf(Link& serialLink)
@@ -60,7 +62,7 @@ void Lauf_Beginnen(Programmierlauf& run) {
     run.Konto = Konto_Anlegen(lauf, run.Daten);
     Lauf_Tempo_Neu(run);
     if (!TelVerbinden_Senden(run.link)) {
-        const std::string text = run.kern.Zeile(276);
+        const std::string text = run.kern.Zeile(Line::PortNotOpened);
         Rufen(run.Ansicht.Wartebox_Schliessen);
         if (Zeile_Fehlgeschlagen(run, RunOutcome::NoPort, text)) {
             return;
@@ -93,7 +95,7 @@ void Warten_Beenden(Programmierlauf& run, RunOutcome outcome, std::string_view t
 void Lauf_Aufgeben(Programmierlauf& run, RunOutcome outcome) {
     Schritt_Abbruch(run);
     run.kern.Welt.Port.Close();
-    Warten_Beenden(run, outcome, run.kern.Zeile(82));
+    Warten_Beenden(run, outcome, run.kern.Zeile(Line::Cancelled));
 }
 
 void Lauf_Verlassen(Programmierlauf& run, RunOutcome outcome, std::string_view text) {
@@ -152,7 +154,9 @@ void Ende_Haken_Setzen(Programmierlauf& run, LinkHooks& hooks) {
     hooks.Daten_Schluss = Haken(run, Schritt_Daten_Schluss);
     hooks.Zweiter_Durchgang = Haken(run, Schritt_Zweiter_Durchgang);
     hooks.Schloss_Ende = Haken(run, Schritt_Schloss_Ende);
-    hooks.Kanalwechsel_Ende = [&run] { run.kern.Meldung(run.kern.Zeile(204), Buttons::Ok, Icon::Information); };
+    hooks.Kanalwechsel_Ende = [&run] {
+        run.kern.Meldung(run.kern.Zeile(Line::NewCodeAccepted), Buttons::Ok, Icon::Information);
+    };
     hooks.Abbruch = Haken(run, Schritt_Abbruch);
 
     hooks.Unit_Fertig = Haken(run, Schritt_Unit_Fertig);

@@ -8,11 +8,12 @@
 #include <QToolBar>
 #include <QVBoxLayout>
 
+#include <Lines.h>
+
 namespace qvm::ui {
 namespace {
 
 constexpr int NarrowestWidth = 420, ChannelWidth = 180;
-constexpr int ChannelLine = 35;
 
 } // namespace
 
@@ -41,7 +42,7 @@ F14Window::F14Window(F14& model, QWidget* parent)
 }
 
 void F14Window::setWords() {
-    const QString channel = toQt(f14_.kern.Zeile(ChannelLine));
+    const QString channel = toQt(f14_.kern.Zeile(Line::RadioChannel));
     caption_->setText(channel);
     channels_->setAccessibleName(channel);
 }

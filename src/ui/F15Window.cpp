@@ -8,11 +8,12 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <Lines.h>
+
 namespace qvm::ui {
 namespace {
 
 constexpr int ListWidth = 300, RowHeight = 30;
-constexpr int LanguageLine = 125;
 
 } // namespace
 
@@ -43,7 +44,7 @@ F15Window::F15Window(F15& model, QWidget* parent)
 }
 
 void F15Window::setWords() {
-    list_->setAccessibleName(toQt(f15_.kern.Zeile(LanguageLine)));
+    list_->setAccessibleName(toQt(f15_.kern.Zeile(Line::Language)));
 }
 
 void F15Window::showEvent(QShowEvent* event) {

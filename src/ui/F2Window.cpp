@@ -23,11 +23,12 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include <Lines.h>
+
 namespace qvm::ui {
 namespace {
 
 constexpr int BrandSize = 60, MainIconSize = 32, PageMargin = 18, StatusMargin = 8;
-constexpr int VersionLine = 136;
 constexpr int WidestBar = 50;        ///< in heights of a line: 800 points with letters of usual size
 constexpr qreal SmallCaption = 0.85; ///< of the font
 
@@ -212,7 +213,7 @@ void F2Window::showEvent(QShowEvent* event) {
 
 void F2Window::setWords() {
     const std::string& language = f2_.kern.Config.Sprache;
-    version_->setText(toQt(Wort(f2_.kern, VersionLine, "Version")) + QLatin1Char(' ') + toQt(ProgrammVersion));
+    version_->setText(toQt(Wort(f2_.kern, Line::Version, "Version")) + QLatin1Char(' ') + toQt(ProgrammVersion));
     bar_->setAccessibleName(word(Word::KeyBar, language));
     histories_->setText(word(Word::LatestHistories, language));
     card_->showLight();

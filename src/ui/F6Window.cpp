@@ -16,11 +16,12 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include <Lines.h>
+
 namespace qvm::ui {
 namespace {
 
 constexpr int MinimumWidth = 640, MinimumHeight = 420, FirstWidth = 720, FirstHeight = 520;
-constexpr int PortLine = 283;
 
 } // namespace
 
@@ -113,7 +114,7 @@ QLayout* F6Window::makeBottomRow() {
 
 void F6Window::setWords() {
     const std::string& language = f6_.kern.Config.Sprache;
-    const QString port = toQt(f6_.kern.Zeile(PortLine));
+    const QString port = toQt(f6_.kern.Zeile(Line::Port));
     caption_->setText(port);
     caption_->setVisible(f6_.Combo1.Visible);
     ports_->setAccessibleName(port);

@@ -11,14 +11,13 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include <Lines.h>
 #include <algorithm>
 #include <utility>
 #include <vector>
 
 namespace qvm::ui {
 namespace {
-
-constexpr int OkLine = 84, CancelLine = 83;
 
 struct ButtonRow {
     Answer Meaning;
@@ -112,7 +111,7 @@ QString MessageBoxes::text(Answer button) const {
         break;
     }
     const bool ok = button == Answer::Ok;
-    const QString fromFile = kern_ != nullptr ? toQt(kern_->Zeile(ok ? OkLine : CancelLine)) : QString();
+    const QString fromFile = kern_ != nullptr ? toQt(kern_->Zeile(ok ? Line::Ok : Line::Cancel)) : QString();
     return !fromFile.isEmpty() ? fromFile : ok ? QStringLiteral("OK") : QStringLiteral("Cancel");
 }
 

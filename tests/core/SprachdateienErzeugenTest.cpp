@@ -9,7 +9,7 @@
 namespace qvm {
 namespace {
 
-const char* const Head = "line\tuses\tDeutsch\tEnglish\tFrancais\tNederlands\n";
+const char* const Head = "line\tkey\tuses\tDeutsch\tEnglish\tFrancais\tNederlands\n";
 
 struct NeueSprachdateien : test::Erzeugung {
     explicit NeueSprachdateien(const std::string& catalogue) : Erzeugung("SprachdateienErzeugen", catalogue) {}
@@ -19,7 +19,7 @@ struct NeueSprachdateien : test::Erzeugung {
 
 TEST(SprachdateienErzeugen, row_n_becomes_line_n_and_numbers_between_become_empty_lines) {
     const NeueSprachdateien made(std::string(Head) +
-                                 "2\tx\tT\xC3\xBCr\tDoor\tPorte\tDeur\n4\ty\td\te\t\xE2\x82\xAC\tn\n");
+                                 "2\tTwo\tx\tT\xC3\xBCr\tDoor\tPorte\tDeur\n4\tFour\ty\td\te\t\xE2\x82\xAC\tn\n");
     EXPECT_EQ(made.exitCode, 0) << made.errors;
     EXPECT_EQ(made.Datei("Deutsch"), "\r\nT\xFCr\r\n\r\nd\r\n");
     EXPECT_EQ(made.Datei("English"), "\r\nDoor\r\n\r\ne\r\n");
@@ -28,7 +28,7 @@ TEST(SprachdateienErzeugen, row_n_becomes_line_n_and_numbers_between_become_empt
 }
 
 TEST(SprachdateienErzeugen, line_300_is_the_last) {
-    EXPECT_EQ(NeueSprachdateien(std::string(Head) + "300\tx\ta\tb\tc\td\n").exitCode, 0);
+    EXPECT_EQ(NeueSprachdateien(std::string(Head) + "300\tLast\tx\ta\tb\tc\td\n").exitCode, 0);
 }
 
 struct Schlecht {
@@ -52,27 +52,28 @@ TEST_P(SchlechterKatalog, is_refused_with_its_line_and_writes_no_file) {
 }
 
 Schlecht Zeile(const std::string& name, const std::string& row, const std::string& error) {
-    return {name, std::string(Head) + "1\tx\ta\tb\tc\td\n" + row + "\n", ":3: " + error};
+    return {name, std::string(Head) + "1\tOne\tx\ta\tb\tc\td\n" + row + "\n", ":3: " + error};
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Jeder, SchlechterKatalog,
-    testing::Values(Zeile("empty_text", "2\tx\ta\t\tc\td", "English: empty"),
-                    Zeile("blank_in_front", "2\tx\ta\tb\t c\td", "Francais: blanks"),
-                    Zeile("blank_behind", "2\tx\ta\tb\tc\td ", "Nederlands: blanks"),
-                    Zeile("greek", "2\tx\t\xCE\xB1\tb\tc\td", "Deutsch: not in code page 1252"),
-                    Zeile("broken_utf8", "2\tx\ta\xC3\tb\tc\td", "Deutsch: not in code page 1252"),
-                    Zeile("carriage_return", "2\tx\ta\tb\tc\td\r", "Nederlands: a control character"),
-                    Zeile("field_missing", "2\tx\ta\tb\tc", "5 fields"),
-                    Zeile("field_too_many", "2\tx\ta\tb\tc\td\te", "7 fields"), Zeile("empty_line", "", "1 fields"),
-                    Zeile("number_twice", "1\tx\ta\tb\tc\td", "the numbers must rise"),
-                    Zeile("number_0", "0\tx\ta\tb\tc\td", "the number must be 1 to 300"),
-                    Zeile("number_301", "301\tx\ta\tb\tc\td", "the number must be 1 to 300"),
-                    Zeile("no_number", "2a\tx\ta\tb\tc\td", "the number must be 1 to 300"),
-                    Schlecht{"heading_without_dutch", "line\tuses\tDeutsch\tEnglish\tFrancais\n1\tx\ta\tb\tc\td\n",
-                             ":1: the heading"},
+    testing::Values(Zeile("empty_text", "2\tTwo\tx\ta\t\tc\td", "English: empty"),
+                    Zeile("blank_in_front", "2\tTwo\tx\ta\tb\t c\td", "Francais: blanks"),
+                    Zeile("blank_behind", "2\tTwo\tx\ta\tb\tc\td ", "Nederlands: blanks"),
+                    Zeile("greek", "2\tTwo\tx\t\xCE\xB1\tb\tc\td", "Deutsch: not in code page 1252"),
+                    Zeile("broken_utf8", "2\tTwo\tx\ta\xC3\tb\tc\td", "Deutsch: not in code page 1252"),
+                    Zeile("carriage_return", "2\tTwo\tx\ta\tb\tc\td\r", "Nederlands: a control character"),
+                    Zeile("field_missing", "2\tTwo\tx\ta\tb\tc", "6 fields"),
+                    Zeile("field_too_many", "2\tTwo\tx\ta\tb\tc\td\te", "8 fields"),
+                    Zeile("empty_line", "", "1 fields"),
+                    Zeile("number_twice", "1\tTwo\tx\ta\tb\tc\td", "the numbers must rise"),
+                    Zeile("number_0", "0\tTwo\tx\ta\tb\tc\td", "the number must be 1 to 300"),
+                    Zeile("number_301", "301\tTwo\tx\ta\tb\tc\td", "the number must be 1 to 300"),
+                    Zeile("no_number", "2a\tTwo\tx\ta\tb\tc\td", "the number must be 1 to 300"),
+                    Schlecht{"heading_without_dutch",
+                             "line\tkey\tuses\tDeutsch\tEnglish\tFrancais\n1\tOne\tx\ta\tb\tc\td\n", ":1: the heading"},
                     Schlecht{"languages_exchanged",
-                             "line\tuses\tEnglish\tDeutsch\tFrancais\tNederlands\n1\tx\ta\tb\tc\td\n",
+                             "line\tkey\tuses\tEnglish\tDeutsch\tFrancais\tNederlands\n1\tOne\tx\ta\tb\tc\td\n",
                              ":1: the heading must name Deutsch"},
                     Schlecht{"no_rows", Head, "no row"}, Schlecht{"empty_file", "", "heading"}),
     [](const auto& bad) { return bad.param.Name; });

@@ -105,6 +105,33 @@ TEST(Sources, ranges_of_serials_stand_on_one_page) {
     EXPECT_EQ(found, std::vector<std::string>{});
 }
 
+/// A number where a line of the catalogue is asked for.
+const std::regex& NumberedLine() {
+    static const std::regex pattern(
+        R"(\b(Zeile|Status|Status_Zeigen|Ende|Ende_Zeigen|Fertig|Wartebox_Text|Mit_Meldung_Enden)\(([^()]*[ ,(])?[1-9]\d*[,)])");
+    return pattern;
+}
+
+TEST(Sources, a_line_of_the_catalogue_goes_by_its_name) {
+    std::vector<std::string> found;
+    for (const Source& source : All()) {
+        for (std::size_t n = 0; n < source.Lines.size(); ++n) {
+            const std::string code = Code(source.Lines[n]);
+            if (std::regex_search(code, NumberedLine())) {
+                found.push_back(At(source, n) + ": " + source.Lines[n]);
+            }
+        }
+    }
+    EXPECT_EQ(found, std::vector<std::string>{});
+}
+
+TEST(Sources, a_line_of_the_catalogue_by_its_number_is_found) {
+    EXPECT_TRUE(std::regex_search(std::string("kern.Zeile(66)"), NumberedLine()));
+    EXPECT_TRUE(std::regex_search(std::string("Status_Zeigen(82, 0);"), NumberedLine()));
+    EXPECT_TRUE(std::regex_search(std::string("kern.Zeile(good ? Line::Ok : 66)"), NumberedLine()));
+    EXPECT_FALSE(std::regex_search(std::string("Status_Zeigen(Line::Cancelled, 0);"), NumberedLine()));
+}
+
 TEST(Sources, no_variable_stands_at_namespace_scope) {
     // Code at namespace scope begins in column 1; a variable there that is neither constant nor part of a declaration
     // of a function or type is mutable state.

@@ -3,6 +3,8 @@
 #include "Text.h"
 #include "Worte.h"
 
+#include <Lines.h>
+
 namespace qvm {
 namespace {
 
@@ -38,13 +40,13 @@ void F1::F1_Laden(int adapterVersion) {
 
 void F1::Texte_Setzen() {
     Web.Text = std::string("Support");
-    OK.Text = Wort(kern, Tastenwort::OK, "OK");
+    OK.Text = Wort(kern, Line::Ok, "OK");
 }
 
 void F1::Web_Click() {
     if (!kern.Welt.OpenWithLinkedApp(SupportPage, kern.AppPath)) {
-        kern.Meldung(Wort(kern, EigeneZeile::NichtGeoeffnet, u8"Kann nicht geöffnet werden:"_w) + " " + SupportPage,
-                     Buttons::Ok, Icon::Exclamation);
+        kern.Meldung(Wort(kern, Line::CannotOpen, u8"Kann nicht geöffnet werden:"_w) + " " + SupportPage, Buttons::Ok,
+                     Icon::Exclamation);
     }
 }
 

@@ -5,6 +5,7 @@
 #include "Words.h"
 #include "Worte.h"
 
+#include <Lines.h>
 #include <algorithm>
 
 namespace qvm {
@@ -29,9 +30,9 @@ void F15::F15_Laden() {
 }
 
 void F15::Texte_Setzen() {
-    Fenster.Title = Fenstertitel(kern.Zeile(125));
-    OK.Text = Wort(kern, Tastenwort::OK, "OK");
-    Cancel.Text = Wort(kern, Tastenwort::Abbrechen, "Abbrechen");
+    Fenster.Title = Fenstertitel(kern.Zeile(Line::Language));
+    OK.Text = Wort(kern, Line::Ok, "OK");
+    Cancel.Text = Wort(kern, Line::Cancel, "Abbrechen");
 }
 
 void F15::OK_Click() {
@@ -44,8 +45,7 @@ void F15::OK_Click() {
     kern.Config.Sprache = SprachNamen[static_cast<std::size_t>(index)];
     if (Sprachdatei_Laden(kern) == SprachdateiStatus::Fehlt) {
         // A language without words would leave the next start without any.
-        kern.Meldung(Wort(kern, EigeneZeile::DateiFehlt, "Datei nicht gefunden:") + " QVM_" + kern.Config.Sprache +
-                         ".DAT",
+        kern.Meldung(Wort(kern, Line::FileNotFound, "Datei nicht gefunden:") + " QVM_" + kern.Config.Sprache + ".DAT",
                      Buttons::Ok, Icon::Exclamation);
         kern.Config.Sprache = before;
         return;
@@ -55,9 +55,8 @@ void F15::OK_Click() {
         Sprache_Gewechselt();
     }
     if (!saved) {
-        kern.Meldung(
-            Wort(kern, EigeneZeile::NichtGespeichert, u8"Die Einstellungen konnten nicht gespeichert werden!"_w),
-            Buttons::Ok, Icon::Exclamation);
+        kern.Meldung(Wort(kern, Line::SettingsNotSaved, u8"Die Einstellungen konnten nicht gespeichert werden!"_w),
+                     Buttons::Ok, Icon::Exclamation);
     }
 }
 

@@ -5,6 +5,7 @@
 #include "AutoRegister.h"
 #include "Worte.h"
 
+#include <Lines.h>
 #include <algorithm>
 #include <utility>
 
@@ -20,7 +21,7 @@ constexpr int PatienceInterval = 300;
 /// these tries it is looked for as often as an adapter is.
 constexpr int RetryInterval = 2000, FastRetries = 30;
 
-constexpr int TimeOutLine = 74, AdapterPictureId = 1;
+constexpr int AdapterPictureId = 1;
 
 void Weiterzaehlen(Label& label) {
     label.Text = std::to_string(Zahlwert(label.Text()) + 1);
@@ -112,7 +113,7 @@ void F2::Timer1_Timer() {
     Timer1.Stop();
     Rufen(Hooks.F9_Schliessen);
     Fenster.Enabled = true;
-    kern.Meldung(kern.Zeile(TimeOutLine), Buttons::Ok, Icon::Exclamation);
+    kern.Meldung(kern.Zeile(Line::TimeOut), Buttons::Ok, Icon::Exclamation);
 }
 
 void F2::Timer2_Timer() {
@@ -318,9 +319,8 @@ void F2::Beenden() {
     Wiederholung.Stop();
     ++Adapter.Stand; // a scan under way ends with its present wait
     if (!Herunterfahren(kern)) {
-        kern.Meldung(
-            Wort(kern, EigeneZeile::NichtGespeichert, u8"Die Einstellungen konnten nicht gespeichert werden!"_w),
-            Buttons::Ok, Icon::Exclamation);
+        kern.Meldung(Wort(kern, Line::SettingsNotSaved, u8"Die Einstellungen konnten nicht gespeichert werden!"_w),
+                     Buttons::Ok, Icon::Exclamation);
     }
     Fenster.Visible = false;
     Rufen(Hooks.Ende);

@@ -2,12 +2,11 @@
 #include "TextSlots.h"
 #include "Worte.h"
 
+#include <Lines.h>
 #include <algorithm>
 
 namespace qvm {
 namespace {
-
-constexpr int NotConnectedLine = 91;
 
 struct Handbuch {
     std::string_view Language, File;
@@ -103,7 +102,7 @@ void F2::Toolbar1_ButtonClick(std::string_view key) {
 void F2::Taste_Ausfuehren(const Taste& key) {
     if (Verbunden == 0) {
         if (key.Message) {
-            kern.Meldung(kern.Zeile(NotConnectedLine), Buttons::Ok, Icon::Exclamation);
+            kern.Meldung(kern.Zeile(Line::NoConnection), Buttons::Ok, Icon::Exclamation);
         }
         return;
     }
@@ -172,11 +171,11 @@ void F2::F2_Help_Click() {
     const std::string file(Handbuch_Datei(Trim(kern.Config.Sprache)));
     const std::string path = kern.AppPath + file;
     if (!kern.Welt.Files.Datei_Vorhanden(path)) {
-        kern.Meldung(Wort(kern, EigeneZeile::DateiFehlt, "Datei nicht gefunden:") + " " + file, Buttons::Ok,
+        kern.Meldung(Wort(kern, Line::FileNotFound, "Datei nicht gefunden:") + " " + file, Buttons::Ok,
                      Icon::Exclamation);
     } else if (!kern.Welt.OpenWithLinkedApp(path, kern.AppPath)) {
-        kern.Meldung(Wort(kern, EigeneZeile::NichtGeoeffnet, u8"Kann nicht geöffnet werden:"_w) + " " + file,
-                     Buttons::Ok, Icon::Exclamation);
+        kern.Meldung(Wort(kern, Line::CannotOpen, u8"Kann nicht geöffnet werden:"_w) + " " + file, Buttons::Ok,
+                     Icon::Exclamation);
     }
 }
 

@@ -2,6 +2,7 @@
 #include "TextSlots.h"
 #include "Worte.h"
 
+#include <Lines.h>
 #include <algorithm>
 
 namespace qvm {
@@ -42,7 +43,6 @@ constexpr std::array<Tastentext, 9> Tips{{{1, "Programm beenden"},
                                           {21, u8"Schlösser programmieren"_w},
                                           {23, u8"Türschlösser einstellen"_w}}};
 
-constexpr int NoAdapterLine = 91;
 constexpr std::string_view AdapterDesign = "USB-Funkadapter";
 constexpr std::string_view ToolbarSlot = "F2.Toolbar1.", LabelSlot = "F2.Label7";
 
@@ -88,10 +88,10 @@ void F2::Meldezeile_Setzen() {
         Meldezeile.Text = std::string();
         break;
     case Grund::Stumm:
-        Meldezeile.Text = kern.Zeile(NoAdapterLine);
+        Meldezeile.Text = kern.Zeile(Line::NoConnection);
         break;
     case Grund::KeinAdapter:
-        Meldezeile.Text = Wort(kern, EigeneZeile::KeinAdapter, "Es ist kein Funkadapter angeschlossen.");
+        Meldezeile.Text = Wort(kern, Line::NoAdapter, "Es ist kein Funkadapter angeschlossen.");
         break;
     case Grund::Anschluss:
         Meldezeile.Text = (fehler_.What == PortFault::Kind::None ? fehlertext_ : PortFault_Text(kern, fehler_)) +

@@ -5,10 +5,11 @@
 #include "Text.h"
 #include "Words.h"
 
+#include <Lines.h>
+
 namespace qvm {
 namespace {
 
-constexpr int ChannelLine = 35, PortLine = 283;
 constexpr std::string_view Unread = "?";
 
 std::string Adapter_Nennen(const AdapterSatz& adapter) {
@@ -24,8 +25,8 @@ void F2::Uebersicht_Lesen() {
 
 void F2::Uebersicht_Setzen() {
     Zeile(Angabe::Adapter).Caption = Wort(kern, Word::FactAdapter);
-    Zeile(Angabe::Anschluss).Caption = kern.Zeile(PortLine);
-    Zeile(Angabe::Funkkanal).Caption = kern.Zeile(ChannelLine);
+    Zeile(Angabe::Anschluss).Caption = kern.Zeile(Line::Port);
+    Zeile(Angabe::Funkkanal).Caption = kern.Zeile(Line::RadioChannel);
     Zeile(Angabe::Personen).Caption = Wort(kern, Word::FactPeople);
     Zeile(Angabe::Schloesser).Caption = Wort(kern, Word::FactLocks);
     Zeile(Angabe::Kanalwechsel).Caption = Wort(kern, Word::FactChannelChanges);

@@ -4,6 +4,7 @@
 #include "Fragen.h"
 #include "Kanal.h"
 
+#include <Lines.h>
 #include <utility>
 #include <vector>
 
@@ -11,7 +12,6 @@ namespace qvm {
 namespace {
 
 constexpr int Channels = 12;
-constexpr int ChannelLine = 35;
 
 } // namespace
 
@@ -27,7 +27,7 @@ void F14::F14_Laden() {
 void F14::Texte_Setzen() {
     std::vector<std::string> entries;
     for (int channel = 1; channel <= Channels; ++channel) {
-        entries.push_back(kern.Zeile(ChannelLine) + "-" + Ziffern(channel));
+        entries.push_back(kern.Zeile(Line::RadioChannel) + "-" + Ziffern(channel));
     }
     Combo1.Entries = std::move(entries);
     Toolbar_Beschriften(kern, Toolbar1);
@@ -49,7 +49,7 @@ void F14::Toolbar1_ButtonClick(std::string_view key) {
     if (key != Toolbar1[0].Key) {
         return;
     }
-    const Verlassen choice = Dirty ? Verlassen_Fragen(kern, kern.Zeile(ChannelLine)) : Verlassen::Verwerfen;
+    const Verlassen choice = Dirty ? Verlassen_Fragen(kern, kern.Zeile(Line::RadioChannel)) : Verlassen::Verwerfen;
     if (choice == Verlassen::Bleiben) {
         return;
     }
@@ -74,7 +74,7 @@ void F14::Speichern() {
     if (!Konfiguration_Speichern(kern, ConfigChoice::Channel)) {
         kern.Config.RadioChannel = channelAtOpen_;
         Konfiguration_Speichern(kern); // one of the files may hold the new channel already
-        kern.Meldung(kern.Zeile(AdapterWort::NotSaved), Buttons::Ok, Icon::Exclamation);
+        kern.Meldung(kern.Zeile(Line::SettingsNotSaved), Buttons::Ok, Icon::Exclamation);
         return;
     }
     // A channel that came from a damaged file says nothing about what the locks were scheduled for.
@@ -87,7 +87,7 @@ void F14::Speichern() {
         } else {
             kern.Config.EinstellungenMangel = damage; // the channel at open was none to go back to
         }
-        kern.Meldung(kern.Zeile(AdapterWort::NotSaved), Buttons::Ok, Icon::Exclamation);
+        kern.Meldung(kern.Zeile(Line::SettingsNotSaved), Buttons::Ok, Icon::Exclamation);
         return;
     }
     channelAtOpen_ = kern.Config.RadioChannel;

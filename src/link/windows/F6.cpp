@@ -9,6 +9,7 @@
 #include "Record.h"
 #include "Words.h"
 
+#include <Lines.h>
 #include <algorithm>
 #include <utility>
 #include <vector>
@@ -18,8 +19,8 @@ namespace {
 
 constexpr int Ports = 16;
 constexpr int FirstRow = 1;
-constexpr int QuestionTitle = 23;
-constexpr std::array<int, F6Column::Count> Headings{37, 185, 186, 187, 188};
+constexpr std::array<int, F6Column::Count> Headings{Line::Number, Line::Address, Line::AdapterName, Line::AdapterPort,
+                                                    Line::Status};
 
 /// What is stored of the rows.
 std::string Inhalt(const Grid& grid) {
@@ -97,10 +98,10 @@ void F6::F6_Laden() {
 }
 
 void F6::Texte_Setzen() {
-    Fenster.Title = Fenstertitel(kern.Zeile(21));
-    Check1.Text = kern.Zeile(AdapterWort::AutomaticSearch);
-    Command1.Text = kern.Zeile(AdapterWort::SearchAdapters);
-    F6_MSGM.Text = kern.Welt.DeviceManager ? kern.Zeile(AdapterWort::DeviceManager) : std::string();
+    Fenster.Title = Fenstertitel(kern.Zeile(Line::Interface));
+    Check1.Text = kern.Zeile(Line::FindPort);
+    Command1.Text = kern.Zeile(Line::SearchAdapters);
+    F6_MSGM.Text = kern.Welt.DeviceManager ? kern.Zeile(Line::DeviceManager) : std::string();
     Toolbar_Beschriften(kern, Toolbar1);
     for (int column = 0; column < F6Column::Count; ++column) {
         FGK6.SetText(0, column, kern.Zeile(Headings[static_cast<std::size_t>(column)]));
@@ -284,7 +285,7 @@ void F6::Toolbar1_ButtonClick(std::string_view key) {
 
 void F6::Schliessen() {
     if (dirty_) {
-        const Verlassen choice = Verlassen_Fragen(kern, kern.Zeile(QuestionTitle));
+        const Verlassen choice = Verlassen_Fragen(kern, kern.Zeile(Line::Confirmation));
         if (choice == Verlassen::Bleiben) {
             return;
         }
@@ -332,7 +333,7 @@ void F6::Speichern() {
     } else {
         dirty_ = true;
         before_ = before;
-        kern.Meldung(kern.Zeile(AdapterWort::NotSaved), Buttons::Ok, Icon::Exclamation);
+        kern.Meldung(kern.Zeile(Line::SettingsNotSaved), Buttons::Ok, Icon::Exclamation);
     }
 }
 

@@ -7,13 +7,13 @@
 #include "SeriellesProtokoll.h"
 #include "Words.h"
 
+#include <Lines.h>
 #include <algorithm>
 #include <iterator>
 
 namespace qvm {
 namespace {
 
-constexpr int DuplicateLine = 75, WrittenLine = 189, FailedLine = 190, AbsentLine = 191;
 constexpr std::string_view InfoTitle = "INFO";
 
 /// Seconds that the adapter has for its reply, and the words of TxBuffer that a name may touch.
@@ -128,7 +128,7 @@ void F6::Editor_Uebernehmen() {
         return;
     }
     if (Name_Vergeben(row, name)) {
-        kern.Meldung(kern.Zeile(DuplicateLine), Buttons::Ok, Icon::Exclamation, InfoTitle);
+        kern.Meldung(kern.Zeile(Line::EntryExists), Buttons::Ok, Icon::Exclamation, InfoTitle);
         return;
     }
     FGK6.SetText(row, F6Column::Name, name);
@@ -137,7 +137,7 @@ void F6::Editor_Uebernehmen() {
         dirty_ = dirty_ || written || FGK6.Text(row, F6Column::Name) != oldName;
     } else {
         dirty_ = true;
-        kern.Meldung(kern.Zeile(AbsentLine), Buttons::Ok, Icon::Exclamation, InfoTitle);
+        kern.Meldung(kern.Zeile(Line::AdapterAbsent), Buttons::Ok, Icon::Exclamation, InfoTitle);
     }
 }
 
@@ -151,10 +151,10 @@ bool F6::Transmit_USB_WORD(int row, std::string_view name, std::string_view oldN
         Zeile_Faerben(row, White);
         Adapter_Umbenennen(Adapter, FGK6.Text(row, F6Column::Address), name);
         Zustand_Setzen(row, Adaptername_Brauchbar(name) ? AdapterPicture::Present : AdapterPicture::Unusable);
-        kern.Meldung(kern.Zeile(WrittenLine), Buttons::Ok, Icon::Information);
+        kern.Meldung(kern.Zeile(Line::NameSaved), Buttons::Ok, Icon::Information);
     } else {
         FGK6.SetText(row, F6Column::Name, oldName);
-        kern.Meldung(kern.Zeile(FailedLine), Buttons::Ok, Icon::Exclamation);
+        kern.Meldung(kern.Zeile(Line::NameNotSaved), Buttons::Ok, Icon::Exclamation);
     }
     return written;
 }

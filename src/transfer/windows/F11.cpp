@@ -7,6 +7,7 @@
 #include "Text.h"
 #include "Words.h"
 
+#include <Lines.h>
 #include <algorithm>
 
 namespace qvm {
@@ -49,13 +50,13 @@ void F11::F11_Laden(F11Opener opener, const std::string& adapterName) {
 }
 
 void F11::Texte_Setzen() {
-    Fenster.Title = kern.Zeile(88);
-    OK.Text = kern.Zeile(84);
-    Cancel.Text = kern.Zeile(83);
-    Prompt.Text = kern.Zeile(85);
+    Fenster.Title = kern.Zeile(Line::StartTransfer);
+    OK.Text = kern.Zeile(Line::Ok);
+    Cancel.Text = kern.Zeile(Line::Cancel);
+    Prompt.Text = kern.Zeile(Line::AdminCode);
     Schloss.Text = Schlosszeile();
-    CutoffText.Text = kern.Zeile(179);
-    Check1.Text = kern.Zeile(268);
+    CutoffText.Text = kern.Zeile(Line::HistoryFrom);
+    Check1.Text = kern.Zeile(Line::KeepFingerprints);
     GeduldText.Text = Wort(kern, Word::SilentRow);
     std::vector<std::string> choices;
     choices.reserve(Patience.size());
@@ -171,7 +172,8 @@ bool F11::Port_Bereitmachen(bool& network) {
         const AdapterSatz* adapter = Gewaehlter_Adapter();
         if (adapter == nullptr) {
             // It was pulled out since it was chosen. Another one is not the one that was chosen.
-            Meldung_Zu(kern, Schlosszeile(), kern.Zeile(192) + "\r\n" + kern.Zeile(193), Buttons::Ok,
+            Meldung_Zu(kern, Schlosszeile(),
+                       kern.Zeile(Line::AssignedNotFound) + "\r\n" + kern.Zeile(Line::CheckAssignment), Buttons::Ok,
                        Icon::Exclamation);
             return false;
         }
@@ -219,7 +221,7 @@ bool F11::Code_Uebernehmen() {
         run.link.Lauf.Order.AdminCode = AdminCode_Packen(digits);
         Ueberschreiben(digits);
     } else {
-        Meldung_Zu(kern, Schlosszeile(), kern.Zeile(61), Buttons::Ok, Icon::Exclamation);
+        Meldung_Zu(kern, Schlosszeile(), kern.Zeile(Line::EnterSixDigitCode), Buttons::Ok, Icon::Exclamation);
     }
     Eingabe_Leeren();
     return complete;

@@ -9,6 +9,8 @@
 #include "UserRecords.h"
 #include "Words.h"
 
+#include <Lines.h>
+
 namespace qvm {
 namespace {
 
@@ -44,7 +46,7 @@ int F13::Adapter_Port(int row, bool& stop) {
         return run.link.PortNummer;
     }
     if (FGK13.Text(row, F13Column::AdapterId).empty()) {
-        Meldung_Zu(kern, Schloss(row), kern.Zeile(198), Buttons::Ok, Icon::Exclamation);
+        Meldung_Zu(kern, Schloss(row), kern.Zeile(Line::NoAdapterAssigned), Buttons::Ok, Icon::Exclamation);
         stop = true;
         return KeinPort;
     }
@@ -64,11 +66,12 @@ bool F13::Port_Vorbereiten(int row) {
         return false;
     }
     if (port == KeinPort) {
-        Meldung_Zu(kern, Schloss(row), kern.Zeile(192) + "\r\n" + kern.Zeile(193), Buttons::Ok, Icon::Exclamation);
+        Meldung_Zu(kern, Schloss(row), kern.Zeile(Line::AssignedNotFound) + "\r\n" + kern.Zeile(Line::CheckAssignment),
+                   Buttons::Ok, Icon::Exclamation);
         return false;
     }
     if (port > HighestPort) {
-        Meldung_Zu(kern, Schloss(row), kern.Zeile(194), Buttons::Ok, Icon::Exclamation);
+        Meldung_Zu(kern, Schloss(row), kern.Zeile(Line::PortOutOfRange), Buttons::Ok, Icon::Exclamation);
         return false;
     }
     // A port that cannot be opened shows at the first telegram.
@@ -128,8 +131,8 @@ std::string F13::Schloss(int row) const {
 }
 
 bool F13::Historie_Fragen(bool& first, const std::string& about) {
-    const Answer answer =
-        Meldung_Zu(kern, about, kern.Zeile(63), Buttons::YesNoCancel, Icon::Question, kern.Zeile(90), 2);
+    const Answer answer = Meldung_Zu(kern, about, kern.Zeile(Line::HistoryFirstQuestion), Buttons::YesNoCancel,
+                                     Icon::Question, kern.Zeile(Line::Programming), 2);
     first = answer == Answer::Yes;
     return answer != Answer::Cancel;
 }
@@ -213,7 +216,8 @@ void F13::Historie(int row) {
     if (!Ziel_Setzen(row) || !Kanaele_Lesbar()) {
         return;
     }
-    if (Meldung_Zu(kern, Schloss(row), kern.Zeile(65), Buttons::OkCancel, Icon::Question) != Answer::Ok) {
+    if (Meldung_Zu(kern, Schloss(row), kern.Zeile(Line::HistoryNowQuestion), Buttons::OkCancel, Icon::Question) !=
+        Answer::Ok) {
         return;
     }
     RunState& lauf = run.link.Lauf;

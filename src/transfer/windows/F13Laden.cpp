@@ -5,6 +5,8 @@
 #include "UserRecords.h"
 #include "Words.h"
 
+#include <Lines.h>
+
 namespace qvm {
 namespace {
 
@@ -67,18 +69,18 @@ void F13::Zeile_Fuellen(int row) {
 }
 
 void F13::Texte_Setzen() {
-    Fenster.Title = Fenstertitel(kern.Zeile(32));
-    FGK13.SetText(0, F13Column::Number, kern.Zeile(37));
-    FGK13.SetText(0, F13Column::Name, kern.Zeile(9));
-    FGK13.SetText(0, F13Column::Serial, kern.Zeile(10));
-    FGK13.SetText(0, F13Column::Program, kern.Zeile(137));
-    FGK13.SetText(0, F13Column::History, kern.Zeile(12));
-    FGK13.SetText(0, F13Column::Code, kern.Zeile(138));
-    FGK13.SetText(0, F13Column::Status, kern.Zeile(35));
+    Fenster.Title = Fenstertitel(kern.Zeile(Line::ProgramLocks));
+    FGK13.SetText(0, F13Column::Number, kern.Zeile(Line::Number));
+    FGK13.SetText(0, F13Column::Name, kern.Zeile(Line::DoorLock));
+    FGK13.SetText(0, F13Column::Serial, kern.Zeile(Line::RadioAddress));
+    FGK13.SetText(0, F13Column::Program, kern.Zeile(Line::Program));
+    FGK13.SetText(0, F13Column::History, kern.Zeile(Line::History));
+    FGK13.SetText(0, F13Column::Code, kern.Zeile(Line::ChangeCode));
+    FGK13.SetText(0, F13Column::Status, kern.Zeile(Line::RadioChannel));
     FGK13.SetText(0, F13Column::Mark, "Prg.");
-    Toolbar1[0].Tip = kern.Zeile(119);
-    Toolbar1[1].Tip = kern.Zeile(11);
-    Toolbar1[2].Tip = kern.Zeile(12);
+    Toolbar1[0].Tip = kern.Zeile(Line::Back);
+    Toolbar1[1].Tip = kern.Zeile(Line::ProgramMarked);
+    Toolbar1[2].Tip = kern.Zeile(Line::History);
     Command1.Text = Wort(kern, Word::MarkUnfinished);
 }
 

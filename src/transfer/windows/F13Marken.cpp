@@ -5,6 +5,7 @@
 #include "Text.h"
 #include "Words.h"
 
+#include <Lines.h>
 #include <algorithm>
 #include <utility>
 
@@ -95,7 +96,7 @@ void F13::Liste(bool historyOnly) {
     const std::vector<int> rows = Markierte_Zeilen();
     if (rows.empty()) {
         kern.Meldung(Wort(kern, Word::NothingMarked, {FGK13.Text(0, F13Column::Mark)}), Buttons::Ok, Icon::Exclamation,
-                     kern.Zeile(90));
+                     kern.Zeile(Line::Programming));
         return;
     }
     if (!Konfiguration_Verlangen(kern)) {
@@ -113,8 +114,8 @@ void F13::Liste(bool historyOnly) {
         lauf.List.NetMode = first ? 0xFF : 0;
     }
     Rufen(Liste_Leeren);
-    DelayedStart =
-        kern.Meldung(kern.Zeile(269), Buttons::YesNoCancel, Icon::Question, kern.Zeile(90), 2) == Answer::Yes;
+    DelayedStart = kern.Meldung(kern.Zeile(Line::StartLater), Buttons::YesNoCancel, Icon::Question,
+                                kern.Zeile(Line::Programming), 2) == Answer::Yes;
     Liste_Uebernehmen(rows);
     F11_Oeffnen(FGK13.Row);
 }

@@ -2,12 +2,10 @@
 
 #include "Words.h"
 
+#include <Lines.h>
+
 namespace qvm {
-namespace {
-
-constexpr int LineCancelled = 82;
-
-} // namespace
+namespace {} // namespace
 
 F18::F18(Programmierlauf& programmierlauf) : run(programmierlauf), Wache(programmierlauf.kern.Welt, 1000) {
     Balken.Minimum = 100;
@@ -48,14 +46,14 @@ void F18::Texte_Setzen() {
     Fenster.Title = Fenstertitel(Wort(run.kern, Word::ChannelSearch));
     Text_Setzen();
     Schloss.Text = Lauf_Schloss(run);
-    Command1.Text = run.kern.Zeile(83);
+    Command1.Text = run.kern.Zeile(Line::Cancel);
 }
 
 void F18::Command1_Click() {
     if (Lauf_Ohne_Adapter(run)) {
         Lauf_Aufgeben(run, RunOutcome::Cancelled); // closes the box
         if (run.Ansicht.Fertig) {
-            run.Ansicht.Fertig(LineCancelled);
+            run.Ansicht.Fertig(Line::Cancelled);
         }
         return;
     }

@@ -4,13 +4,12 @@
 #include "LinkHooks.h"
 #include "Stelle.h"
 
+#include <Lines.h>
 #include <algorithm>
 #include <utility>
 
 namespace qvm {
 namespace {
-
-constexpr int HitsLine = 284, NotOpenedLine = 286, MissingLine = 288, LinesLine = 300;
 
 std::string Dateiname(const std::string& path) {
     return AusUtf8(path.substr(path.find_last_of('/') + 1));
@@ -60,15 +59,15 @@ void F7::F7_Laden() {
 }
 
 void F7::Texte_Setzen() {
-    Fenster.Title = kern.Zeile(58);
-    FGV.SetText(0, F7Column::Number, kern.Zeile(37));
-    FGV.SetText(0, F7Column::Name, kern.Zeile(54));
-    FGV.SetText(0, F7Column::Date, kern.Zeile(55));
-    FGV.SetText(0, F7Column::Time, kern.Zeile(56));
-    FGV.SetText(0, F7Column::Event, kern.Zeile(57));
-    Toolbar1[0].Tip = kern.Zeile(16);
-    Toolbar1[1].Tip = kern.Zeile(107);
-    Toolbar1[2].Tip = kern.Zeile(119);
+    Fenster.Title = kern.Zeile(Line::HistoryView);
+    FGV.SetText(0, F7Column::Number, kern.Zeile(Line::Number));
+    FGV.SetText(0, F7Column::Name, kern.Zeile(Line::Name));
+    FGV.SetText(0, F7Column::Date, kern.Zeile(Line::Date));
+    FGV.SetText(0, F7Column::Time, kern.Zeile(Line::Time));
+    FGV.SetText(0, F7Column::Event, kern.Zeile(Line::Event));
+    Toolbar1[0].Tip = kern.Zeile(Line::EventOpen);
+    Toolbar1[1].Tip = kern.Zeile(Line::Search);
+    Toolbar1[2].Tip = kern.Zeile(Line::Back);
     Meldezeile_Setzen();
 }
 
@@ -92,7 +91,7 @@ void F7::Datei_Lesen(const std::string& path) {
     std::string bytes;
     const ReadStatus status = kern.Welt.Files.ReadAll(path, bytes);
     if (status != ReadStatus::Ok) {
-        const int line = status == ReadStatus::Missing ? MissingLine : NotOpenedLine;
+        const int line = status == ReadStatus::Missing ? Line::FileNotFound : Line::CannotOpen;
         kern.Meldung(kern.Zeile(line) + " " + Dateiname(path), Buttons::Ok, Icon::Exclamation);
         return;
     }
@@ -187,13 +186,13 @@ void F7::Meldezeile_Setzen() {
     std::string text;
     if (!file_.empty()) {
         const auto shown = static_cast<std::size_t>(lines_);
-        text = file_ + "   " + kern.Zeile(LinesLine) + " " + std::to_string(shown);
+        text = file_ + "   " + kern.Zeile(Line::Lines) + " " + std::to_string(shown);
         if (total_ > shown) {
             text += " / " + std::to_string(total_);
         }
     }
     if (searched_) {
-        text += (text.empty() ? "" : "   ") + kern.Zeile(HitsLine) + " ";
+        text += (text.empty() ? "" : "   ") + kern.Zeile(Line::Hits) + " ";
         text += hits_.empty() ? "0" : std::to_string(hit_ + 1) + " / " + std::to_string(hits_.size());
     }
     Meldezeile.Text = text;

@@ -3,16 +3,19 @@
 #include "Text.h"
 #include "Words.h"
 
+#include <Lines.h>
+#include <array>
 #include <utility>
 
 namespace qvm {
 namespace {
 
-constexpr int EmptySearchLine = 59;
 /// A hit before this row is shown by going to its own row.
 constexpr int FirstRows = 20;
 /// Before this row F7 goes some rows further first, so that the hit stands inside the view and not at its edge.
 constexpr int MiddleRows = 1010, RowsFurther = 10;
+
+constexpr std::array<int, 4> Options{Line::Name, Line::Date, Line::Time, Line::Event};
 
 std::string Trefferzeile(const Grid& grid, int row) {
     return grid.Text(row, F7Column::Name) + std::string(13, ' ') + grid.Text(row, F7Column::Date) +
@@ -34,12 +37,12 @@ void F8::F8_Laden() {
 }
 
 void F8::Texte_Setzen() {
-    Fenster.Title = Fenstertitel(kern.Zeile(107));
+    Fenster.Title = Fenstertitel(kern.Zeile(Line::Search));
     for (std::size_t n = 0; n < Option.size(); ++n) {
-        Option[n].Text = kern.Zeile(54 + static_cast<int>(n));
+        Option[n].Text = kern.Zeile(Options[n]);
     }
     Enthaelt.Text = Wort(kern, Word::SearchContains);
-    Command1.Text = kern.Zeile(107);
+    Command1.Text = kern.Zeile(Line::Search);
 }
 
 void F8::Option_Click(int index) {
@@ -66,7 +69,7 @@ void F8::Command1_Click() {
         return;
     }
     if (Text1.Text().empty()) {
-        kern.Meldung(kern.Zeile(EmptySearchLine), Buttons::Ok, Icon::Exclamation);
+        kern.Meldung(kern.Zeile(Line::EnterSearchTerm), Buttons::Ok, Icon::Exclamation);
         F8_Schliessen();
         return;
     }

@@ -5,6 +5,7 @@
 #include "Words.h"
 #include "Zeit.h"
 
+#include <Lines.h>
 #include <utility>
 
 namespace qvm {
@@ -120,16 +121,16 @@ void F9::F9_Zeigen() {
 void F9::Suche_Endet() {
     F9_Zeigen();
     searchEnds_ = true;
-    Text_Zeigen(Wort(kern, Word::SearchEnds, {kern.Zeile(119)}));
+    Text_Zeigen(Wort(kern, Word::SearchEnds, {kern.Zeile(Line::Back)}));
     Command2.Enabled = true;
 }
 
 void F9::Uhr_Beschriften() {
     const bool clock = run.link.Lauf.Values.FlagSetClock == 1;
     const DateTime& now = begin_;
-    DatumLabel.Text = kern.Zeile(55) + " : " + (clock ? Datum_Text(Heute(now)) : "--.--.----");
+    DatumLabel.Text = kern.Zeile(Line::Date) + " : " + (clock ? Datum_Text(Heute(now)) : "--.--.----");
     ZeitLabel.Text =
-        kern.Zeile(56) + " : " +
+        kern.Zeile(Line::Time) + " : " +
         (clock ? Ziffern(now.Hour, 2) + ":" + Ziffern(now.Minute, 2) + ":" + Ziffern(now.Second, 2) : "--:--:--");
 }
 
@@ -166,8 +167,8 @@ void F9::Texte_Setzen() {
     Status_Setzen();
     Zeichen_Setzen(Zeichen.Id);
     Folge_Zeigen(folge_);
-    Command1.Text = kern.Zeile(83);
-    Command2.Text = kern.Zeile(119);
+    Command1.Text = kern.Zeile(Line::Cancel);
+    Command2.Text = kern.Zeile(Line::Back);
     Uhr_Beschriften();
     if (StilleLabel.Visible) {
         Stille_Zeigen();
@@ -240,12 +241,12 @@ void F9::Command1_Click() {
     }
     if (Lauf_Ohne_Adapter(run)) {
         Lauf_Aufgeben(run, RunOutcome::Cancelled);
-        Fertig(82);
+        Fertig(Line::Cancelled);
         return;
     }
     Lauf_Abbrechen(run);
     Label15.Visible = false;
-    Status_Zeigen(82);
+    Status_Zeigen(Line::Cancelled);
     StilleLabel.Visible = false;
     Fortschritt(); // without a time left
     if (Konto_Schloss(run.Konto) == LockData::Incomplete) {
@@ -281,7 +282,7 @@ void F9::Stille_Zeigen() {
     }
     const auto silence = cancelled || searchEnds_ ? 0 : Lauf_Stille(run);
     if (silence > SilenceShownAfterMs) {
-        StilleLabel.Text = kern.Zeile(274) + " " + Ziffern(silence / 1000) + " s";
+        StilleLabel.Text = kern.Zeile(Line::NoAnswerFor) + " " + Ziffern(silence / 1000) + " s";
         StilleLabel.Visible = true;
     } else {
         StilleLabel.Visible = false;

@@ -6,6 +6,7 @@
 #include "Text.h"
 #include "Words.h"
 
+#include <Lines.h>
 #include <algorithm>
 
 namespace qvm {
@@ -107,14 +108,14 @@ void F91::F91_FormLaden(bool delayed) {
 }
 
 void F91::Texte_Setzen() {
-    Fenster.Title = Fenstertitel(kern.Zeile(run.link.Lauf.List.NetMode == 0x80 ? 12 : 11));
-    FGK91.SetText(0, F91Column::Number, kern.Zeile(37));
-    FGK91.SetText(0, F91Column::Name, kern.Zeile(9));
-    FGK91.SetText(0, F91Column::Serial, kern.Zeile(10));
+    Fenster.Title = Fenstertitel(kern.Zeile(run.link.Lauf.List.NetMode == 0x80 ? Line::History : Line::ProgramMarked));
+    FGK91.SetText(0, F91Column::Number, kern.Zeile(Line::Number));
+    FGK91.SetText(0, F91Column::Name, kern.Zeile(Line::DoorLock));
+    FGK91.SetText(0, F91Column::Serial, kern.Zeile(Line::RadioAddress));
     FGK91.SetText(0, F91Column::Mark, "Prg");
     FGK91.SetText(0, F91Column::StateText, "Status");
-    Command1.Text = kern.Zeile(119);
-    Command2.Text = kern.Zeile(83);
+    Command1.Text = kern.Zeile(Line::Back);
+    Command2.Text = kern.Zeile(Line::Cancel);
     Status_Zeigen(statusLine_, statusSecond_);
     Hinweis_Zeigen(hint_, hintPlace_);
     if (!StandLabel.Text().empty()) {
@@ -208,16 +209,16 @@ void F91::Command2_Click() {
     Suche_Abbrechen(run.link, Adapter);
     if (work_ == Work::Direct) {
         stopped_ = true;
-        Status_Zeigen(82, 0);
+        Status_Zeigen(Line::Cancelled, 0);
         Stand_Zeigen();
         Knoepfe_Setzen();
         return;
     }
     if (work_ == Work::Network) {
         Netz_Abbrechen(netz);
-        Zeile_Markieren(ListMark::Failed, kern.Zeile(82));
+        Zeile_Markieren(ListMark::Failed, kern.Zeile(Line::Cancelled));
     }
-    Ende(82);
+    Ende(Line::Cancelled);
 }
 
 void F91::Stoppen() {
@@ -225,8 +226,8 @@ void F91::Stoppen() {
         return;
     }
     Timer_Anhalten();
-    Zeile_Markieren(ListMark::Failed, kern.Zeile(82));
-    Ende(82);
+    Zeile_Markieren(ListMark::Failed, kern.Zeile(Line::Cancelled));
+    Ende(Line::Cancelled);
 }
 
 void F91::Ende(int line) {

@@ -5,6 +5,7 @@
 #include "F91.h"
 #include "Text.h"
 
+#include <Lines.h>
 #include <algorithm>
 
 namespace qvm {
@@ -12,7 +13,6 @@ namespace {
 
 /// A node that was just plugged needs a moment until it may be opened.
 constexpr int SearchDelay = 200;
-constexpr int LineNotReached = 66, LineTooHigh = 194, LineNoAdapter = 262, LineNoPort = 276;
 
 } // namespace
 
@@ -126,11 +126,12 @@ bool F91::Adapter_Waehlen(int& runRow) {
         return false;
     }
     if (found == Anschluss::Keiner && War_Da(runRow)) {
-        Zeile_Uebergehen(runRow, ListMark::Failed, kern.Zeile(Unberuehrt(runRow) ? LineNoPort : LineNotReached));
+        Zeile_Uebergehen(runRow, ListMark::Failed,
+                         kern.Zeile(Unberuehrt(runRow) ? Line::PortNotOpened : Line::ConnectionFailed));
         return false;
     }
     if (found == Anschluss::Keiner || found == Anschluss::ZuHoch) {
-        const int line = found == Anschluss::ZuHoch ? LineTooHigh : LineNoAdapter;
+        const int line = found == Anschluss::ZuHoch ? Line::PortOutOfRange : Line::AdapterNotFound;
         Zeile_Uebergehen(runRow, ListMark::PassedOver, kern.Zeile(line));
         return false;
     }

@@ -5,6 +5,8 @@
 #include "Text.h"
 #include "Words.h"
 
+#include <Lines.h>
+
 namespace qvm {
 namespace {
 
@@ -12,7 +14,6 @@ constexpr int BetweenRows = 3000;
 constexpr int BeforeFirstBlock = 2000;
 constexpr int BehindHistory = 100;
 constexpr int HistoryProgress = 4000;
-constexpr int LineAllGood = 110;
 constexpr int MinutesOfDay = 24 * 60;
 
 } // namespace
@@ -56,7 +57,7 @@ bool F91::Zeile_Bereitmachen(int& runRow, bool programming) {
         Timer_Anhalten();
         kern.Meldung(Fester_Text(kern, Word::ListHasNoRow), Buttons::Ok, Icon::Exclamation,
                      "Muss noch bearbeitet werden!");
-        Ende(265);
+        Ende(Line::ListCompleted);
         return false;
     }
     if (const int status = Zeile_Laden(runRow); status != DatasetStatus::Good) {
@@ -117,7 +118,7 @@ void F91::Direkt_Beginnen(int row, bool search) {
     lauf.Chain.KanalIndex = 0;
     run.link.TargetChannel = static_cast<std::uint8_t>(kern.Config.Funkkanal());
     Balken.Visible = false;
-    Status_Zeigen(81, 0);
+    Status_Zeigen(Line::PleaseWait, 0);
     Knoepfe_Setzen();
     f9.F9_Vorbereiten(lauf.Chain.HistoryOnly != 0 ? HistoryProgress : run.Daten.ProgressStored);
     f9.F9_Zeigen();
@@ -133,7 +134,7 @@ void F91::Naechste_Zeile(std::string_view step) {
         return;
     }
     if (work_ == Work::Direct) {
-        f9.Urteil_Zeigen(run.Bericht.AllGood() ? LineAllGood : 0);
+        f9.Urteil_Zeigen(run.Bericht.AllGood() ? Line::Finished : 0);
     }
     work_ = Work::None;
     ++rowsEnded_;
@@ -148,9 +149,9 @@ void F91::Naechste_Zeile(std::string_view step) {
     RunState& lauf = run.link.Lauf;
     ++lauf.List.RunRow;
     if (stopped_) {
-        Ende(82);
+        Ende(Line::Cancelled);
     } else if (lauf.List.RunRow > lauf.List.RunRows) {
-        Ende(265);
+        Ende(Line::ListCompleted);
     } else {
         Step_Planen(step, BetweenRows);
         Knoepfe_Setzen();
@@ -170,7 +171,8 @@ void F91::Stillstand(NetStandstill reason) {
     if (reason == NetStandstill::TooLong) {
         const std::string minutes = Ziffern(netz.FristMinuten);
         Netz_Abbrechen(netz);
-        Zeile_Markieren(ListMark::Failed, kern.Zeile(66) + "  /  " + Wort(kern, Word::NetTooLong, {minutes}));
+        Zeile_Markieren(ListMark::Failed,
+                        kern.Zeile(Line::ConnectionFailed) + "  /  " + Wort(kern, Word::NetTooLong, {minutes}));
         Naechste_Zeile(StepPrgNextDataset);
         return;
     }
@@ -178,19 +180,19 @@ void F91::Stillstand(NetStandstill reason) {
         // The next row may have another port.
         const bool untouched = reason == NetStandstill::NoPort && Unberuehrt(run.link.Lauf.List.RunRow);
         Netz_Abbrechen(netz);
-        Zeile_Markieren(ListMark::Failed, kern.Zeile(untouched ? 276 : 66));
+        Zeile_Markieren(ListMark::Failed, kern.Zeile(untouched ? Line::PortNotOpened : Line::ConnectionFailed));
         Naechste_Zeile(StepPrgNextDataset);
         return;
     }
     Steht = true;
     Blinken(false);
-    Status_Zeigen(66, 0);
+    Status_Zeigen(Line::ConnectionFailed, 0);
 }
 
 void F91::Weiter() {
     if (Steht) {
         Steht = false;
-        Status_Zeigen(81, 0);
+        Status_Zeigen(Line::PleaseWait, 0);
     }
 }
 

@@ -2,14 +2,11 @@
 
 #include "F91.h"
 
+#include <Lines.h>
 #include <cstdint>
 
 namespace qvm {
-namespace {
-
-constexpr int LineSilent = 66, LineStopped = 82;
-
-} // namespace
+namespace {} // namespace
 
 void F91::Tick_Wache() {
     if (work_ == Work::None) {
@@ -25,8 +22,8 @@ void F91::Tick_Wache() {
         return;
     }
     // The reply at which the cancel would have closed the session does not come. The cancel ends the list by itself.
-    Lauf_Verlassen(run, RunOutcome::Cancelled, kern.Zeile(LineStopped));
-    f9.Fertig(LineStopped);
+    Lauf_Verlassen(run, RunOutcome::Cancelled, kern.Zeile(Line::Cancelled));
+    f9.Fertig(Line::Cancelled);
 }
 
 void F91::Zeile_Aufgeben() {
@@ -37,9 +34,9 @@ void F91::Zeile_Aufgeben() {
     if (work_ == Work::Network) {
         Netz_Abbrechen(netz);
     } else {
-        Lauf_Verlassen(run, RunOutcome::NotReached, kern.Zeile(LineSilent));
+        Lauf_Verlassen(run, RunOutcome::NotReached, kern.Zeile(Line::ConnectionFailed));
     }
-    Zeile_Markieren(ListMark::Failed, kern.Zeile(LineSilent));
+    Zeile_Markieren(ListMark::Failed, kern.Zeile(Line::ConnectionFailed));
     silent_ = false;
     Naechste_Zeile(StepPrgNextDataset);
 }

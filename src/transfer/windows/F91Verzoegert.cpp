@@ -6,6 +6,8 @@
 #include "Text.h"
 #include "Zeit.h"
 
+#include <Lines.h>
+
 namespace qvm {
 namespace {
 
@@ -49,9 +51,10 @@ void F91::Restzeit() {
         Step_Planen(StepPrgStart, ListTakt::StartDelay);
         return;
     }
-    StartLabel.Text = kern.Zeile(270) + " " + Startzeit_Text(*start_);
-    JetztLabel.Text = kern.Zeile(271) + " " + Startzeit_Text(now);
-    RestLabel.Text = kern.Zeile(272) + " [ " + Ziffern(left / 60, 2) + " : " + Ziffern(left % 60, 2) + " ]  hh:mm";
+    StartLabel.Text = kern.Zeile(Line::StartTime) + " " + Startzeit_Text(*start_);
+    JetztLabel.Text = kern.Zeile(Line::CurrentTime) + " " + Startzeit_Text(now);
+    RestLabel.Text =
+        kern.Zeile(Line::TimeRemaining) + " [ " + Ziffern(left / 60, 2) + " : " + Ziffern(left % 60, 2) + " ]  hh:mm";
     Uhren_Zeigen(true);
 }
 

@@ -7,6 +7,8 @@
 #include "Modelle.h"
 #include "Text.h"
 
+#include <Lines.h>
+
 namespace qvm {
 namespace {
 
@@ -22,7 +24,7 @@ void F91::Zeilen_Pruefen(Check check) {
     rowNotes_ = checkTexts_;
     badFiles_.clear();
     StatusLabel.ForeColor = CheckColour;
-    Status_Zeigen(260, 0);
+    Status_Zeigen(Line::CheckingRows, 0);
     Pruefung.Start(1);
 }
 
@@ -116,7 +118,8 @@ bool F91::Zeile_Suchen(int& runRow, bool programming) {
             return true;
         }
         // Which file is damaged has to stay to be seen; that the row was passed over its mark says.
-        Mark_Setzen(runRow, ListMark::PassedOver, badFiles_.contains(runRow) ? Pruefergebnis(runRow) : kern.Zeile(261));
+        Mark_Setzen(runRow, ListMark::PassedOver,
+                    badFiles_.contains(runRow) ? Pruefergebnis(runRow) : kern.Zeile(Line::Skipped));
     }
     return false;
 }
@@ -166,7 +169,7 @@ void F91::Zeile_Uebergehen(int& runRow, std::string_view mark, std::string_view 
     Mark_Setzen(runRow, mark, text);
     work_ = Work::None;
     if (runRow >= run.link.Lauf.List.RunRows) {
-        Ende(265);
+        Ende(Line::ListCompleted);
         return;
     }
     ++runRow;

@@ -3,6 +3,7 @@
 #include "Text.h"
 #include "Words.h"
 
+#include <Lines.h>
 #include <algorithm>
 #include <vector>
 
@@ -43,8 +44,8 @@ void F92::F92_Laden() {
 
 void F92::Texte_Setzen() {
     Fenster.Title = Fenstertitel(Wort(kern, Word::DelayedStart));
-    OK.Text = kern.Zeile(84);
-    Abbrechen.Text = kern.Zeile(83);
+    OK.Text = kern.Zeile(Line::Ok);
+    Abbrechen.Text = kern.Zeile(Line::Cancel);
     Kopf.Text = Startzeit_Text(Zeitpunkt());
 }
 
