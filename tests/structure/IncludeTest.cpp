@@ -22,6 +22,7 @@ TEST(Sources, the_walls_between_the_layers_stand_in_the_build) {
     const std::map<std::string, std::vector<std::string>> walls{
         {"core", {"records", "link", "locks", "platform", "simulator"}},
         {"records", {"link", "locks", "persons", "timemodel", "units", "transfer", "console"}},
+        {"datafiles", {"link", "locks", "persons", "transfer", "programm", "platform", "console"}},
         {"link", {"records", "locks", "persons", "transfer", "link/windows"}},
         {"locks", {"link", "persons", "timemodel", "units", "transfer"}},
         {"timemodel", {"link", "locks", "persons"}},

@@ -13,10 +13,10 @@ namespace qvm {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
+using OrderedJson = nlohmann::ordered_json;
 
-Json Satz_Json(int number, std::string_view record, const RecordLayout& layout) {
-    Json json;
+OrderedJson Satz_Json(int number, std::string_view record, const RecordLayout& layout) {
+    OrderedJson json;
     json["record"] = number;
     for (const RecordField& field : layout.Fields) {
         const std::string name(field.Name);
@@ -29,9 +29,9 @@ Json Satz_Json(int number, std::string_view record, const RecordLayout& layout) 
     return json;
 }
 
-Json Tabelle_Json(const RecordFile& file, int count) {
+OrderedJson Tabelle_Json(const RecordFile& file, int count) {
     const RecordLayout& layout = file.Layout();
-    Json rows = Json::array();
+    OrderedJson rows = OrderedJson::array();
     for (int number = layout.First; number <= count; ++number) {
         const std::string record = file.Record(number);
         if (!Satz_Leer(record, layout)) {
@@ -43,12 +43,12 @@ Json Tabelle_Json(const RecordFile& file, int count) {
 
 } // namespace
 
-Json Export_Erstellen(const FileStore& files, const std::string& directory, std::vector<Finding>& faults) {
-    Json document;
+OrderedJson Export_Erstellen(const FileStore& files, const std::string& directory, std::vector<Finding>& faults) {
+    OrderedJson document;
     document["format"] = ExportFormat;
     document["version"] = ExportVersion;
-    Json& counts = document["counts"] = Json::object();
-    Json& tables = document["tables"] = Json::object();
+    OrderedJson& counts = document["counts"] = OrderedJson::object();
+    OrderedJson& tables = document["tables"] = OrderedJson::object();
     for (const RecordLayout* layout : Satztabellen()) {
         RecordFile file(*layout);
         const ReadStatus status = file.Laden(files, directory);
@@ -60,14 +60,14 @@ Json Export_Erstellen(const FileStore& files, const std::string& directory, std:
             tables[std::string(layout->Name)] = Tabelle_Json(file, count);
         }
     }
-    Json& lines = document["lines"] = Json::object();
+    OrderedJson& lines = document["lines"] = OrderedJson::object();
     for (const LineFile& entry : Zeilendateien()) {
         std::string bytes;
         const ReadStatus status = files.ReadAll(directory + std::string(entry.File), bytes);
         if (status == ReadStatus::Error) {
             faults.push_back(Befund_Unlesbar(entry.File, entry.File, Lesefehler(files)));
         } else if (status == ReadStatus::Ok) {
-            Json& rows = lines[std::string(entry.File)] = Json::array();
+            OrderedJson& rows = lines[std::string(entry.File)] = OrderedJson::array();
             for (const std::string& line : Zeilen_Lesen(bytes)) {
                 if (rows.size() < static_cast<std::size_t>(entry.Lines)) {
                     rows.push_back(NachUtf8(line));
