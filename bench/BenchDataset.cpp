@@ -43,14 +43,13 @@ void Laden(benchmark::State& state, test::VirtualPlatform& pc, const std::string
     pc.World.ShowMessage = [](const Message&) { return Answer::Ok; };
     Kern kern(pc.World);
     kern.AppPath = directory;
-    Link link(kern);
     Dataset dataset;
     LockRow row;
     row.Number = 1;
     row.Name = "Front door";
     row.Serial = "01.50.0C.06";
     for (auto _ : state) {
-        if (Datensatz_Laden(link, dataset, row, DatasetVariant::Direct) != 0 || dataset.TemplateBytes != 250 * 503) {
+        if (Datensatz_Laden(kern, dataset, row, DatasetVariant::Direct) != 0 || dataset.TemplateBytes != 250 * 503) {
             state.SkipWithError("the dataset is not whole");
         }
     }

@@ -34,16 +34,27 @@ enum class HistoryLoss : std::uint8_t {
 /// So many records a history has at most.
 inline constexpr int MostHistoryRecords = 10000;
 
-/// What is asked of a run.
+/// What is to be done with a lock.
+enum class RunTask : std::uint8_t { Program, HistoryFirst, HistoryOnly };
+
+/// What is asked of a run: made as a whole before it, and handed to its start.
 struct RunOrder {
+    int LockNumber = 0; ///< 1 to 200
+    std::string LockName{};
     std::uint32_t SerialValue = 0; ///< the lock's serial as one number
     Address LockAddress{};         ///< the lock's four serial bytes; TargetAddress is the unit's in a unit session
-    std::string HistoryCutoff;     ///< "dd.mm.yyyy", or empty
-    Secret<3> AdminCode;           ///< gone when the run, or the list, has ended
+    std::uint8_t TargetChannel = 1;
+    bool Search = false; ///< the login walks the channels, from TargetChannel on
+    RunTask What = RunTask::Program;
+    bool TwoPasses = false; ///< the lock is logged into a second time
     std::uint8_t EraseOption = 0;
+    Secret<3> AdminCode{};       ///< gone when the run, or the list, has ended
+    std::string HistoryCutoff{}; ///< "dd.mm.yyyy", or empty
+
+    bool operator==(const RunOrder&) const = default;
 };
 
-/// What the data files say of the lock and its telegrams carry. Set by dataset assembly.
+/// What the data files say of a lock and its telegrams carry.
 struct LockValues {
     std::string TimerMode = TimerPB_UT;
     std::uint8_t FlagSetClock = 0; ///< 1: date and time go out after the login
@@ -104,9 +115,14 @@ struct ListState {
     int RunRow = 0; ///< current and total rows of the list run; RunRows 0: no list
     int RunRows = 0;
     std::uint8_t NetMode = 0; ///< 0 program only, 0xFF history and program, 0x80 history only
+    RunOrder Wish{};          ///< of each row; what is the lock's own is added row by row
 
     bool operator==(const ListState&) const = default;
 };
+
+constexpr std::uint8_t NetMode_Von(RunTask what) {
+    return what == RunTask::Program ? 0 : what == RunTask::HistoryFirst ? 0xFF : 0x80;
+}
 
 /// The progress window's bars.
 struct ProgressState {
@@ -118,7 +134,7 @@ struct ProgressState {
 
 /// What windows and reply chain know of the run, in records of one life span each.
 struct RunState {
-    RunOrder Order;
+    RunOrder Order; ///< of the run that is prepared, or on
     LockValues Values;
     ChainState Chain;
     ListState List;

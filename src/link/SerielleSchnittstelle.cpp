@@ -104,6 +104,7 @@ void Empfang_Byte(Link& link, std::uint8_t byte) {
 
 void Geheimnisse_Vergessen(Link& link) {
     link.Lauf.Order.AdminCode.Loeschen();
+    link.Lauf.List.Wish.AdminCode.Loeschen();
     link.Lauf.SitzungsSchluessel.Loeschen();
     Ueberschreiben(link.TxBuffer);
     Vergessen(link.TxWire);

@@ -35,10 +35,10 @@ int Status(DatasetEnd end, DatasetVariant variant) {
     return DatasetStatus::Other;
 }
 
-void Schalter_Setzen(const LockRow& row, RunState& lauf) {
-    lauf.Values.FlagLockTimer = Schalter(row.LockTimer);
-    lauf.Values.FlagCalendar = Schalter(row.CalendarFlag);
-    lauf.Values.FlagSetClock = Schalter(row.SetClock);
+void Schalter_Setzen(const LockRow& row, LockValues& values) {
+    values.FlagLockTimer = Schalter(row.LockTimer);
+    values.FlagCalendar = Schalter(row.CalendarFlag);
+    values.FlagSetClock = Schalter(row.SetClock);
 }
 
 DatasetEnd Schritte(DatasetStand& stand) {
@@ -46,11 +46,11 @@ DatasetEnd Schritte(DatasetStand& stand) {
     if (!QVM_SbGruppenz_laden(stand, group) || !QVM_SbGruppe_Laden(stand, group, selection)) {
         return DatasetEnd::Other;
     }
-    stand.link.Lauf.Values.TimerMode = TimerPB_UT;
+    stand.dataset.Values.TimerMode = TimerPB_UT;
     if (!Schaltuhr_Laden(stand, selection)) {
         return DatasetEnd::Other;
     }
-    Schalter_Setzen(stand.row, stand.link.Lauf);
+    Schalter_Setzen(stand.row, stand.dataset.Values);
     stand.dataset.ProgressTotal = ProgressWhileEmpty;
     if (const DatasetEnd end = Benutzer_Laden(stand); end != DatasetEnd::Good) {
         return end;
@@ -66,22 +66,20 @@ DatasetEnd Schritte(DatasetStand& stand) {
 } // namespace
 
 bool Datei_Lesen(const DatasetStand& stand, RecordFile& file) {
-    const Kern& kern = stand.Kernteil();
-    return file.Laden(kern.Welt.Files, kern.DatPfad()) != ReadStatus::Error;
+    return file.Laden(stand.kern.Welt.Files, stand.kern.DatPfad()) != ReadStatus::Error;
 }
 
-int Datensatz_Laden(Link& link, Dataset& dataset, const LockRow& row, DatasetVariant variant) {
+int Datensatz_Laden(const Kern& kern, Dataset& dataset, const LockRow& row, DatasetVariant variant) {
     dataset = Dataset{};
     Address address{};
     const bool good = Einstellung_AEsn(row.Serial, address) != SerialError;
-    const bool inTable = row.Number >= 1 && row.Number < link.kern.Globals.LockRows;
+    const bool inTable = row.Number >= 1 && row.Number < kern.Globals.LockRows;
     if (!good || !inTable) {
         return Status(DatasetEnd::Other, variant);
     }
     const auto serial = Serie_Zahl(address);
-    link.Lauf.Order.SerialValue = serial;
     dataset.MaxUser = MaxUserAnz(serial);
-    DatasetStand stand{link, dataset, row, variant, serial};
+    DatasetStand stand{kern, dataset, row, variant, serial};
     return Status(Schritte(stand), variant);
 }
 

@@ -40,8 +40,9 @@ struct ProgUnit {
     Address Serial{};
 };
 
-/// Everything one lock is to receive. Filled for one lock at a time; scalars that telegrams carry stand in RunState.
+/// Everything one lock is to receive. Filled for one lock at a time.
 struct Dataset {
+    LockValues Values;
     std::vector<ProgSlot> Slots;
     std::array<TimerRow, 11> TimerTableA{};
     std::array<TimerRow, 6> TimerTableB{};
@@ -53,7 +54,7 @@ struct Dataset {
     int ProgressTotal = 0;   ///< 4000 once the dataset stands
     int ProgressStored = 20; ///< the bar's maximum of the dataset: 20, plus 8 a slot
     bool AnyTransponder = false;
-    bool AnyFinger = false; ///< a fingerprint user forces EraseOption to 0
+    bool AnyFinger = false; ///< a fingerprint user: the lock's fingerprint memory is not wiped
 
     std::array<ProgUnit, 5> Units;
     int UnitCount = 0;
@@ -86,11 +87,8 @@ inline constexpr int Good = 0, Stopped = 13, TooManyUsers = 92, TooManyPremium =
 inline constexpr int BadFiles = 96;
 } // namespace DatasetStatus
 
-/// Gathers the dataset of a lock from the data files, into `dataset` and into the values of link.Lauf (SerialValue,
-/// TimerMode, FlagLockTimer, FlagCalendar, FlagSetClock, PriorityCode, LockMode; EraseOption is forced to 0 by a
-/// fingerprint user). Each file is read once. A missing file leaves its tables
-/// cleared.
-int Datensatz_Laden(Link& link, Dataset& dataset, const LockRow& row, DatasetVariant variant);
+/// Gathers the dataset of a lock from the data files. Each file is read once. A missing file leaves its tables cleared.
+int Datensatz_Laden(const Kern& kern, Dataset& dataset, const LockRow& row, DatasetVariant variant);
 
 /// What Einstellung_AEsn gives for a text that is no serial.
 inline constexpr std::string_view SerialError = "FEHLER";

@@ -122,7 +122,7 @@ bool Zaehlen(UserLoop& loop) {
     if (++loop.counted <= loop.stand.dataset.MaxUser) {
         return true;
     }
-    loop.stand.Melden(loop.stand.Kernteil().Zeile(Line::TooManyUsers));
+    loop.stand.Melden(loop.stand.kern.Zeile(Line::TooManyUsers));
     return false;
 }
 
@@ -132,8 +132,7 @@ DatasetEnd Codebenutzer(UserLoop& loop, int record, const std::string& name) {
     }
     const RecordFile& users = loop.users;
     ProgSlot slot;
-    slot.Name =
-        Ist_Schluessel(name, loop.stand.row.Name) ? Schluesselname() : loop.stand.Kernteil().Welt.CharToOem(name);
+    slot.Name = Ist_Schluessel(name, loop.stand.row.Name) ? Schluesselname() : loop.stand.kern.Welt.CharToOem(name);
     slot.CodeDigits = Codeziffern(users.Text(record, UserRecord::UserCode));
     slot.TransponderA = users.Text(record, UserRecord::KeyId);
     slot.TransponderB = users.Text(record, UserRecord::KeyData);
@@ -145,16 +144,15 @@ DatasetEnd Codebenutzer(UserLoop& loop, int record, const std::string& name) {
 
 /// The first fingerprint user warns and keeps the lock's fingerprint memory from being wiped.
 void Finger_Vermerken(UserLoop& loop) {
-    loop.stand.link.Lauf.Order.EraseOption = 0;
     if (loop.stand.dataset.AnyFinger) {
         return;
     }
     loop.stand.dataset.AnyFinger = true;
-    loop.stand.Melden(loop.stand.Kernteil().Zeile(Line::NeedsCurrentAdapter), Icon::Exclamation);
+    loop.stand.Melden(loop.stand.kern.Zeile(Line::NeedsCurrentAdapter), Icon::Exclamation);
 }
 
 void Vorlage_Fehlt_Melden(const DatasetStand& stand, const std::string& oemName) {
-    const Kern& kern = stand.Kernteil();
+    const Kern& kern = stand.kern;
     const std::string name = kern.Welt.OemToChar(oemName);
     stand.Melden(name + (stand.Netzfenster() ? Fester_Text(kern, Word::FingerDataFault, " ") + " "
                                              : kern.Zeile(Line::TemplateMissing)));
@@ -164,7 +162,7 @@ void Vorlage_Fehlt_Melden(const DatasetStand& stand, const std::string& oemName)
 /// text lacks are 0. Without a template says so.
 DatasetEnd FsTemplate_Laden(UserLoop& loop, std::string_view identifier, ProgSlot& slot) {
     if (!loop.templatesRead) {
-        loop.templatesRead = loop.templates.Laden(loop.stand.Kernteil());
+        loop.templatesRead = loop.templates.Laden(loop.stand.kern);
     }
     if (loop.templatesRead == ReadStatus::Error) {
         return DatasetEnd::Other;
@@ -183,7 +181,7 @@ DatasetEnd Vorlage_Zuordnen(UserLoop& loop, int record, std::string_view number,
     const std::string identifier = loop.users.Text(record, UserRecord::FingerId);
     if (identifier.starts_with("PR")) {
         if (++loop.premium > PremiumLimit) {
-            loop.stand.Melden(loop.stand.Kernteil().Zeile(Line::TooManyPremium));
+            loop.stand.Melden(loop.stand.kern.Zeile(Line::TooManyPremium));
             return DatasetEnd::TooManyPremium;
         }
         slot.PrFlag = 1;
@@ -205,7 +203,7 @@ DatasetEnd Fingerbenutzer(UserLoop& loop, int record, const std::string& name) {
     Finger_Vermerken(loop);
     const std::string number = Fingernummer(loop.users, record);
     ProgSlot slot;
-    slot.Name = Fingername(loop.stand.Kernteil().Welt.CharToOem(name), number, loop.stand.Netzfenster());
+    slot.Name = Fingername(loop.stand.kern.Welt.CharToOem(name), number, loop.stand.Netzfenster());
     slot.Kind = SlotKind::Finger;
     slot.CodeDigits = "EEEEEE";
     Gemeinsames_Lesen(loop, record, slot);
@@ -240,7 +238,7 @@ DatasetEnd Benutzer_Laden(DatasetStand& stand) {
     if (!Datei_Lesen(stand, loop.users) || !Datei_Lesen(stand, loop.groups)) {
         return DatasetEnd::Other;
     }
-    const int last = std::min(stand.Kernteil().Globals.UserRows - 1, loop.users.Count());
+    const int last = std::min(stand.kern.Globals.UserRows - 1, loop.users.Count());
     for (int record = 1; record <= last; ++record) {
         if (const DatasetEnd end = Benutzer(loop, record); end != DatasetEnd::Good) {
             return end;

@@ -76,7 +76,7 @@ bool Kalender_Laden(DatasetStand& stand) {
         }
     }
     if (Eine_Feiertagstabelle(stand.serial)) {
-        const std::uint8_t year = Byte(stand.Kernteil().Welt.Now().Year % 100);
+        const std::uint8_t year = Byte(stand.kern.Welt.Now().Year % 100);
         Jahrestage_Fuellen(dataset.HolidayTableA, used, calendar, year);
     } else {
         Jahrestage_Fuellen(dataset.HolidayTableB, 0, calendar, EveryYear);

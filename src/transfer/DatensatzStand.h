@@ -15,19 +15,18 @@ enum class DatasetEnd { Good, TooManyUsers, TooManyPremium, NoTemplate, Other };
 
 /// What every step works on.
 struct DatasetStand {
-    Link& link;
+    const Kern& kern;
     Dataset& dataset;
     const LockRow& row;
     DatasetVariant variant;
     std::uint32_t serial; ///< the lock's serial as one number; its ranges name the model families
 
-    const Kern& Kernteil() const { return link.kern; }
     bool Netzfenster() const { return variant != DatasetVariant::Direct; }
     void Melden(std::string_view text, Icon sign = Icon::None) const {
         if (Netzfenster()) {
             dataset.Notes.emplace_back(text);
         } else {
-            Meldung_Zu(Kernteil(), Schloss_Zeile(Kernteil(), row.Number, row.Name), text, Buttons::Ok, sign);
+            Meldung_Zu(kern, Schloss_Zeile(kern, row.Number, row.Name), text, Buttons::Ok, sign);
         }
     }
 };

@@ -41,6 +41,7 @@ ProgUnit Unit_Bereiten(const UnitRecord& record, std::size_t index) {
 
 void Empfang_Bereiten(Dataset& dataset, const UnitRecord& record) {
     dataset.UnitMode = record.UnitMode;
+    dataset.Values.ListenWindow = record.UnitMode == "3";
     dataset.AlwaysOn = record.AlwaysOn;
     dataset.Reserved1 = record.Reserved1;
     dataset.SignalFlag = record.SignalFlag;
@@ -56,9 +57,9 @@ bool Vorgaben_Laden(DatasetStand& stand) {
         return false;
     }
     const int record = stand.row.Number;
-    RunState& lauf = stand.link.Lauf;
-    lauf.Values.PriorityCode = Prioritaet_Code(priorities.Text(record, LockPrioRecord::Prio));
-    lauf.Values.LockMode = Ohne_Emi(stand.serial) ? NoMode : Modus(modes.Text(record, LockEmiRecord::Emi));
+    LockValues& values = stand.dataset.Values;
+    values.PriorityCode = Prioritaet_Code(priorities.Text(record, LockPrioRecord::Prio));
+    values.LockMode = Ohne_Emi(stand.serial) ? NoMode : Modus(modes.Text(record, LockEmiRecord::Emi));
     return true;
 }
 

@@ -50,7 +50,7 @@ void Timer_A_B_Fuellen(Dataset& dataset, const RecordFile& slots) {
 }
 
 void Zwei_Timer_Melden(const DatasetStand& stand) {
-    const Kern& kern = stand.Kernteil();
+    const Kern& kern = stand.kern;
     stand.Melden(kern.Zeile(Line::TimersABOnly) + "\n\r" + kern.Zeile(Line::OtherTimersIdle), Icon::Information);
 }
 
@@ -87,8 +87,8 @@ bool QVM_SbGruppe_Laden(const DatasetStand& stand, std::string_view group, std::
 }
 
 bool Schaltuhr_Laden(DatasetStand& stand, std::string_view selection) {
-    RunState& lauf = stand.link.Lauf;
-    const Kern& kern = stand.Kernteil();
+    std::string& mode = stand.dataset.Values.TimerMode;
+    const Kern& kern = stand.kern;
     RecordFile slots(TimeSlot::Record);
     ReadStatus file = ReadStatus::Missing;
     if (!Trim(stand.row.PersonTimers).empty()) {
@@ -100,16 +100,16 @@ bool Schaltuhr_Laden(DatasetStand& stand, std::string_view selection) {
     if (file == ReadStatus::Missing) {
         // For all others the full mode stays, and empty tables go out in it.
         if (Timer_A_Und_B(stand.serial)) {
-            lauf.Values.TimerMode = Timer_A_B;
+            mode = Timer_A_B;
         }
     } else if (Volle_Zeittabellen(stand.serial)) {
         Volle_Tabellen_Fuellen(stand.dataset, slots, selection);
     } else if (Timer_A_Und_B(stand.serial)) {
         Zwei_Timer_Melden(stand);
-        lauf.Values.TimerMode = Timer_A_B;
+        mode = Timer_A_B;
         Timer_A_B_Fuellen(stand.dataset, slots);
     } else {
-        lauf.Values.TimerMode = Timer_ERROR;
+        mode = Timer_ERROR;
     }
     return true;
 }

@@ -21,7 +21,7 @@ void Suche_Gescheitert(Programmierlauf& run) {
     if (run.Ansicht.Wartebox_Text) {
         run.Ansicht.Wartebox_Text(Line::Cancelled);
     }
-    Kanal_Offen(run.kern, run.LockNumber);
+    Kanal_Offen(run.kern, run.link.Lauf.Order.LockNumber);
     Mit_Meldung_Enden(run, RunOutcome::NotReached, Line::NotReachable);
 }
 
@@ -86,7 +86,8 @@ void Schritt_Kanal_Weiter(Programmierlauf& run) {
 
 void Schritt_Kanal_Gesetzt(Programmierlauf& run) {
     // A 0x29 that answers something else does not say where the lock listens.
-    run.Bericht.ChannelUnsaved = Konto_Kanal_Gesetzt(run.Konto) && !Kanal_Ausgefuehrt(run.kern, run.LockNumber);
+    run.Bericht.ChannelUnsaved =
+        Konto_Kanal_Gesetzt(run.Konto) && !Kanal_Ausgefuehrt(run.kern, run.link.Lauf.Order.LockNumber);
     Rufen(run.Ansicht.Wartebox_Schliessen);
     Rufen(run.Ansicht.F9_Zeigen);
 }

@@ -247,7 +247,7 @@ void Schritt_Kein_Kontakt(Programmierlauf& run) {
     if (Zeile_Fehlgeschlagen(run, RunOutcome::NotReached, run.kern.Zeile(Line::ConnectionFailed))) {
         return;
     }
-    Kanal_Offen(run.kern, run.LockNumber);
+    Kanal_Offen(run.kern, run.link.Lauf.Order.LockNumber);
     Mit_Meldung_Enden(run, RunOutcome::NotReached, Line::NotReachable);
 }
 

@@ -2,9 +2,11 @@
 
 #include "Antwort_Verteilen.h"
 #include "Laufschritte.h"
+#include "Modelle.h"
 #include "PortFault.h"
 #include "RunProgress.h"
 #include "Schlosszeile.h"
+#include "Seriennummer.h"
 #include "Words.h"
 
 #include <Lines.h>
@@ -37,11 +39,38 @@ void Lauf_Ruecksetzen(Programmierlauf& run) {
     run.Gesamtende = true;
 }
 
-void Lauf_Werte_Uebernehmen(Programmierlauf& run) {
-    run.link.Lauf.Values.ListenWindow = run.Daten.UnitMode == "3";
+std::optional<RunOrder> Lauf_Auftrag(RunOrder wish, const LockRow& lock, const Dataset& dataset) {
+    const auto address = Serie_Zerlegen(lock.Serial);
+    if (!address) {
+        return std::nullopt;
+    }
+    wish.LockAddress = *address;
+    wish.LockNumber = lock.Number;
+    wish.LockName = lock.Name;
+    wish.SerialValue = Serie_Zahl(*address);
+    wish.TwoPasses =
+        wish.What != RunTask::HistoryOnly && BereichZweiDurchgaenge(wish.SerialValue) && dataset.AnyTransponder;
+    if (dataset.AnyFinger) {
+        wish.EraseOption = 0;
+    }
+    return wish;
 }
 
-void Lauf_Beginnen(Programmierlauf& run) {
+void Lauf_Vorbereiten(Programmierlauf& run, const RunOrder& order) {
+    RunState& lauf = run.link.Lauf;
+    lauf.Order = order;
+    lauf.Values = run.Daten.Values;
+    lauf.Chain = {};
+    lauf.Chain.HistoryOnly = order.What == RunTask::HistoryOnly ? 1 : 0;
+    lauf.Chain.ReadHistoryFirst = order.What == RunTask::HistoryFirst ? 1 : 0;
+    lauf.Chain.TwoPassFlag = order.TwoPasses ? 1 : 0;
+    lauf.Chain.KanalSuche = order.Search ? 1 : 0;
+    run.link.TargetAddress = order.LockAddress;
+    run.link.TargetChannel = order.TargetChannel;
+}
+
+void Lauf_Beginnen(Programmierlauf& run, const RunOrder& order) {
+    Lauf_Vorbereiten(run, order);
     run.Bericht = {};
     run.Cancelled = false;
     run.Gesamtende = false;
@@ -49,14 +78,7 @@ void Lauf_Beginnen(Programmierlauf& run) {
     ++run.RunNumber;
     RunState& lauf = run.link.Lauf;
     lauf.Chain.Phase = RunPhase::Open;
-    lauf.Chain.WiederholZaehler = 0;
-    lauf.Chain.HistoryLost = HistoryLoss::None;
-    lauf.Chain.HistoryRead = false;
-    lauf.Chain.HistoryRecords = 0;
-    lauf.Chain.AbbruchWunsch = 0;
-    lauf.Chain.UnitIndex = 0xFF;
     lauf.Chain.LastAnswer = run.kern.Welt.Milliseconds();
-    run.link.TargetAddress = lauf.Order.LockAddress;
     run.link.AddressMode = 0;
     run.link.Rx.Ruecksetzen();
     run.Konto = Konto_Anlegen(lauf, run.Daten);
@@ -112,7 +134,7 @@ void Lauf_Verlassen(Programmierlauf& run, RunOutcome outcome, std::string_view t
 }
 
 std::string Lauf_Schloss(const Programmierlauf& run) {
-    return Schloss_Zeile(run.kern, run.LockNumber, run.LockName);
+    return Schloss_Zeile(run.kern, run.link.Lauf.Order.LockNumber, run.link.Lauf.Order.LockName);
 }
 
 bool Lauf_Ohne_Adapter(const Programmierlauf& run) {
@@ -205,7 +227,7 @@ void Lauf_Haken_Setzen(Programmierlauf& run, LinkHooks& hooks) {
 
     hooks.Historie_Anzeigen = [&run] { Rufen(run.Ansicht.Historie_Beschriften); };
     hooks.Historie_Eintrag = [&run] {
-        if (!Historie_Eintrag(run.link, run.LockName, run.Ansicht.Zustand, Lauf_Schloss(run))) {
+        if (!Historie_Eintrag(run.link, run.link.Lauf.Order.LockName, run.Ansicht.Zustand, Lauf_Schloss(run))) {
             run.link.Lauf.Chain.HistoryLost = HistoryLoss::Unwritten;
         }
     };

@@ -108,8 +108,6 @@ struct Programmierlauf {
     RunAccount Konto; ///< of the run that is on, or ended last
     RunPace Tempo;
 
-    int LockNumber = 0; ///< lock number of the run, 1 to 200
-    std::string LockName;
     bool SchadenHinnehmen = false; ///< damaged data files are taken as they are, without a question
     bool Cancelled = false;
     bool UnitGood = false;     ///< the present unit's session went well
@@ -128,9 +126,15 @@ struct Programmierlauf {
 
 /// Nothing of an earlier run is left in chain and report, before a lock is begun. The list stays.
 void Lauf_Ruecksetzen(Programmierlauf& run);
-/// Starts the chain with the login telegram; everything else stands in RunState. Clears the report. Without a port the
-/// run ends at once (NoPort) in the finished state.
-void Lauf_Beginnen(Programmierlauf& run);
+/// `wish` for one lock: with its number, name and serial, and with what follows from its dataset. A lock that needs two
+/// passes gets them where it is programmed; the fingers of one that holds some are not erased. Nothing when its serial
+/// is none. How the lock is reached, and what is done with it, `wish` says.
+std::optional<RunOrder> Lauf_Auftrag(RunOrder wish, const LockRow& lock, const Dataset& dataset);
+/// Order, dataset values and a fresh chain stand where both routes, and the windows, read them.
+void Lauf_Vorbereiten(Programmierlauf& run, const RunOrder& order);
+/// Prepares the same and starts the chain with the login telegram. Clears the report. Without a port the run ends at
+/// once (NoPort) in the finished state.
+void Lauf_Beginnen(Programmierlauf& run, const RunOrder& order);
 /// The operator's cancel: honoured at the next frame, behind an ordered wait and at the next tick of the polling.
 void Lauf_Abbrechen(Programmierlauf& run);
 /// Gives up a run that nobody answers: stops the timers, closes the port and ends with `outcome`.
@@ -150,8 +154,6 @@ bool Lauf_Abgebrochen(const Programmierlauf& run);
 bool Lauf_Wartet(const Programmierlauf& run);
 /// "Lock 3: Serverraum": the lock that the run is for, in the language in use.
 std::string Lauf_Schloss(const Programmierlauf& run);
-/// The address, serial and reception values that the chain needs of a dataset.
-void Lauf_Werte_Uebernehmen(Programmierlauf& run);
 
 /// The run's half of the link's hooks. The rest (scan, cards, credentials) is the caller's.
 void Lauf_Haken_Setzen(Programmierlauf& run, LinkHooks& hooks);

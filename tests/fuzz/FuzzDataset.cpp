@@ -104,7 +104,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     Kern kern(pc.World);
     kern.AppPath = "/";
-    Link link(kern);
     Dataset dataset;
     LockRow row;
     row.Number = data[0] % 5;
@@ -114,7 +113,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     row.Calendars = (data[1] & 4U) != 0 ? "X" : "";
     const auto variant = (data[1] & 8U) != 0 ? DatasetVariant::Network : DatasetVariant::Direct;
 
-    const int status = Datensatz_Laden(link, dataset, row, variant);
+    const int status = Datensatz_Laden(kern, dataset, row, variant);
     Require(status == 0 || status == 13 || (status >= 92 && status <= 95));
     Require(dataset.Slots.size() <= 250 && static_cast<int>(dataset.Slots.size()) <= dataset.MaxUser);
     Require(dataset.ListenSeconds >= 0 && dataset.ListenSeconds <= 64799);
@@ -122,7 +121,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         Require(!slot.Name.empty() && slot.Name.size() <= 16 && slot.Template.size() <= 1000);
         (void)Schluessel_Zerlegen(slot.TransponderA);
         (void)Dezimalwerte(slot.TransponderB, 16);
-        (void)Timer_Auswahl(link.Lauf.Values.TimerMode, slot);
+        (void)Timer_Auswahl(dataset.Values.TimerMode, slot);
     }
     return 0;
 }

@@ -273,11 +273,10 @@ TEST_F(Datensatz_Benutzer, the_users_of_the_lock_before_are_gone) {
     EXPECT_EQ(dataset.ProgressStored, 20);
 }
 
-TEST_F(Datensatz_Benutzer, a_lock_with_code_users_only_keeps_its_erase_option) {
+TEST_F(Datensatz_Benutzer, a_lock_with_code_users_only_has_no_finger) {
     files.AddUser(1, {.Name = "Anna"});
-    link.Lauf.Order.EraseOption = 1;
     ASSERT_EQ(Load(), 0);
-    EXPECT_EQ(link.Lauf.Order.EraseOption, 1);
+    EXPECT_FALSE(dataset.AnyFinger);
 }
 
 } // namespace

@@ -32,10 +32,9 @@ protected:
 TEST_F(Datensatz_Dateien, a_whole_installation_gives_a_whole_dataset) {
     Expect("mind the adapter");
     ASSERT_EQ(Load(), 0);
-    EXPECT_EQ(link.Lauf.Order.SerialValue, 0x1500C06U);
-    EXPECT_EQ(link.Lauf.Values.TimerMode, "TimerPB_UT");
-    EXPECT_EQ(link.Lauf.Values.PriorityCode, 4);
-    EXPECT_EQ(link.Lauf.Values.LockMode, 10);
+    EXPECT_EQ(dataset.Values.TimerMode, "TimerPB_UT");
+    EXPECT_EQ(dataset.Values.PriorityCode, 4);
+    EXPECT_EQ(dataset.Values.LockMode, 10);
     EXPECT_EQ(dataset.MaxUser, 1999);
     EXPECT_EQ(dataset.Slots.size(), 2U);
     EXPECT_THAT(dataset.Slots.at(0).TimerBits, ElementsAre(0x80, 0, 0));
@@ -121,10 +120,10 @@ TEST_F(Datensatz_Dateien, without_any_file_there_is_still_a_dataset) {
     pc.Disk.Files.clear();
     ASSERT_EQ(Load(), 0);
     EXPECT_TRUE(dataset.Slots.empty());
-    EXPECT_EQ(link.Lauf.Values.TimerMode, "Timer_A_B");
-    EXPECT_EQ(link.Lauf.Values.PriorityCode, 2);
-    EXPECT_EQ(link.Lauf.Values.LockMode, 0xFF);
-    EXPECT_EQ(link.Lauf.Values.FlagCalendar, 1);
+    EXPECT_EQ(dataset.Values.TimerMode, "Timer_A_B");
+    EXPECT_EQ(dataset.Values.PriorityCode, 2);
+    EXPECT_EQ(dataset.Values.LockMode, 0xFF);
+    EXPECT_EQ(dataset.Values.FlagCalendar, 1);
     EXPECT_EQ(dataset.ProgressStored, 20);
 }
 
@@ -134,7 +133,7 @@ TEST_F(Datensatz_Dateien, files_that_are_there_but_empty_give_the_same_tables_in
     }
     ASSERT_EQ(Load(), 0);
     EXPECT_TRUE(dataset.Slots.empty());
-    EXPECT_EQ(link.Lauf.Values.TimerMode, "TimerPB_UT");
+    EXPECT_EQ(dataset.Values.TimerMode, "TimerPB_UT");
     EXPECT_EQ(dataset.TimerTableA[0], TimerRow{});
     EXPECT_EQ(dataset.HolidayTableA[0], HolidayRow{});
     EXPECT_EQ(dataset.UnitCount, 0);
@@ -165,13 +164,12 @@ TEST_F(Datensatz_Dateien, the_message_on_two_timers_comes_before_the_warning_on_
     EXPECT_EQ(Load(), 0);
 }
 
-TEST_F(Datensatz_Dateien, the_erase_option_of_the_run_is_forced_by_a_finger_even_when_the_assembly_stops) {
+TEST_F(Datensatz_Dateien, a_finger_is_known_even_when_the_assembly_stops) {
     Remove("TEmpTCD0UPK.FSD");
-    link.Lauf.Order.EraseOption = 1;
     Expect("mind the adapter");
     Expect("Bert_002_FP     : no fingerprint data");
     EXPECT_EQ(Load(), 13);
-    EXPECT_EQ(link.Lauf.Order.EraseOption, 0);
+    EXPECT_TRUE(dataset.AnyFinger);
 }
 
 TEST_F(Datensatz_Dateien, whatever_bytes_the_files_hold_the_assembly_ends_within_its_tables) {

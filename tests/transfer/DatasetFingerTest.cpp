@@ -13,7 +13,6 @@ using Datensatz_Finger = DatasetTest;
 TEST_F(Datensatz_Finger, a_finger_becomes_a_slot_with_its_template) {
     files.AddFinger(1, "Anna Berger", "Slot_Nr: 007", "812345678");
     files.AddTemplate(256, "812345678", "5 : 0 : 33 : 44 : 55 : ");
-    link.Lauf.Order.EraseOption = 1;
     Expect("mind the adapter");
     ASSERT_EQ(Load(), 0);
     ASSERT_EQ(dataset.Slots.size(), 1U);
@@ -29,7 +28,6 @@ TEST_F(Datensatz_Finger, a_finger_becomes_a_slot_with_its_template) {
     EXPECT_EQ(dataset.TemplateBytes, 8);
     EXPECT_EQ(dataset.ProgressStored, 28);
     EXPECT_TRUE(dataset.AnyFinger);
-    EXPECT_EQ(link.Lauf.Order.EraseOption, 0);
 }
 
 TEST_F(Datensatz_Finger, the_warning_comes_once_a_dataset_with_an_exclamation_mark) {

@@ -57,7 +57,7 @@ class DatasetTest : public testing::Test {
 protected:
     DatasetTest();
 
-    int Load(DatasetVariant variant = DatasetVariant::Direct) { return Datensatz_Laden(link, dataset, row, variant); }
+    int Load(DatasetVariant variant = DatasetVariant::Direct) { return Datensatz_Laden(kern, dataset, row, variant); }
     /// Expects these messages, in this order.
     void Expect(std::string_view text) { pc.Answers.push_back({.Text = std::string(text)}); }
 

@@ -17,9 +17,9 @@ TEST_F(Datensatz_Werte, the_priority_text_1_to_5_gives_0_to_4) {
     files.Put("CPRT88X3FDA.PRT", 12, 200, 0, "5  ");
     const auto priority = [&](int lock) {
         row.Number = lock;
-        link.Lauf.Values.PriorityCode = 99;
+        dataset.Values.PriorityCode = 99;
         EXPECT_EQ(Load(), 0);
-        return link.Lauf.Values.PriorityCode;
+        return dataset.Values.PriorityCode;
     };
     EXPECT_EQ(priority(1), 0);
     EXPECT_EQ(priority(2), 1);
@@ -30,9 +30,9 @@ TEST_F(Datensatz_Werte, the_priority_text_1_to_5_gives_0_to_4) {
 
 TEST_F(Datensatz_Werte, any_other_priority_and_none_at_all_give_the_middle_one) {
     const auto priority = [&] {
-        link.Lauf.Values.PriorityCode = 99;
+        dataset.Values.PriorityCode = 99;
         EXPECT_EQ(Load(), 0);
-        return link.Lauf.Values.PriorityCode;
+        return dataset.Values.PriorityCode;
     };
     EXPECT_EQ(priority(), 2);
     for (const char* text : {"   ", "0  ", "6  ", "12 ", "X  ", "\xFF\xFF\xFF"}) {
@@ -47,9 +47,9 @@ TEST_F(Datensatz_Werte, the_lock_mode_is_one_character_a_lock) {
     files.Bytes("LSOEMIPART.LMT") = "XY Zx";
     const auto mode = [&](int lock) {
         row.Number = lock;
-        link.Lauf.Values.LockMode = 1;
+        dataset.Values.LockMode = 1;
         EXPECT_EQ(Load(), 0);
-        return link.Lauf.Values.LockMode;
+        return dataset.Values.LockMode;
     };
     EXPECT_EQ(mode(1), 10);
     EXPECT_EQ(mode(2), 20);
@@ -66,7 +66,7 @@ TEST_F(Datensatz_Werte, the_locks_between_two_serials_have_no_mode) {
     const auto mode = [&](const char* serial) {
         row.Serial = serial;
         EXPECT_EQ(Load(), 0);
-        return link.Lauf.Values.LockMode;
+        return dataset.Values.LockMode;
     };
     EXPECT_EQ(mode("0B.49.FF.FF"), 10);
     EXPECT_EQ(mode("0B.4A.00.00"), 0xFF);

@@ -42,14 +42,14 @@ protected:
         EXPECT_EQ(Load(), 0) << serial;
         EXPECT_TRUE(pc.Answers.empty()) << serial;
         pc.Answers.clear();
-        return link.Lauf.Values.TimerMode;
+        return dataset.Values.TimerMode;
     }
 };
 
 TEST_F(Datensatz_Zeiten, records_1_to_11_become_table_A) {
     AllSlots();
     ASSERT_EQ(Load(), 0);
-    EXPECT_EQ(link.Lauf.Values.TimerMode, "TimerPB_UT");
+    EXPECT_EQ(dataset.Values.TimerMode, "TimerPB_UT");
     EXPECT_THAT(dataset.TimerTableA,
                 ElementsAre(TimerRow{1, 1, 1, 1, 2}, TimerRow{2, 2, 1, 2, 2}, TimerRow{3, 3, 1, 3, 2},
                             TimerRow{4, 4, 1, 4, 2}, TimerRow{5, 5, 1, 5, 2}, TimerRow{6, 6, 1, 6, 2},
@@ -117,7 +117,7 @@ TEST_F(Datensatz_Zeiten, an_old_lock_says_that_it_has_two_timers_and_gets_record
     row.Serial = "02.00.00.01";
     Expect("two timers\n\rno others");
     ASSERT_EQ(Load(), 0);
-    EXPECT_EQ(link.Lauf.Values.TimerMode, "Timer_A_B");
+    EXPECT_EQ(dataset.Values.TimerMode, "Timer_A_B");
     EXPECT_THAT(dataset.TimerTableA, ElementsAre(TimerRow{1, 1, 1, 1, 2}, TimerRow{2, 2, 1, 2, 2},
                                                  TimerRow{3, 3, 1, 3, 2}, TimerRow{4, 4, 1, 4, 2},
                                                  TimerRow{5, 5, 1, 5, 2}, Empty, Empty, Empty, Empty, Empty, Empty));
@@ -215,16 +215,16 @@ TEST_F(Datensatz_Zeiten, columns_6_to_8_become_the_flags_of_the_run) {
     row.CalendarFlag = " ";
     row.SetClock = " X ";
     ASSERT_EQ(Load(), 0);
-    EXPECT_EQ(link.Lauf.Values.FlagLockTimer, 1);
-    EXPECT_EQ(link.Lauf.Values.FlagCalendar, 0);
-    EXPECT_EQ(link.Lauf.Values.FlagSetClock, 1);
+    EXPECT_EQ(dataset.Values.FlagLockTimer, 1);
+    EXPECT_EQ(dataset.Values.FlagCalendar, 0);
+    EXPECT_EQ(dataset.Values.FlagSetClock, 1);
     row.LockTimer = "";
     row.CalendarFlag = "X";
     row.SetClock = "";
     ASSERT_EQ(Load(), 0);
-    EXPECT_EQ(link.Lauf.Values.FlagLockTimer, 0);
-    EXPECT_EQ(link.Lauf.Values.FlagCalendar, 1);
-    EXPECT_EQ(link.Lauf.Values.FlagSetClock, 0);
+    EXPECT_EQ(dataset.Values.FlagLockTimer, 0);
+    EXPECT_EQ(dataset.Values.FlagCalendar, 1);
+    EXPECT_EQ(dataset.Values.FlagSetClock, 0);
 }
 
 } // namespace

@@ -27,7 +27,7 @@ struct F11_Window : UiFixture {
             AddAdapter("00.11.22.33", "PROGSTATION USB", "1");
             AddAdapter("00.11.22.44", "NETWORK-1 Nordhalle", "2");
         }
-        programm->Lauf.link.Lauf.Chain.HistoryOnly = 1;
+        programm->link.Lauf.Order.What = RunTask::HistoryOnly;
         programm->Lauf.link.Lauf.List.RunRows = listRows;
         window = std::make_unique<ui::F11Window>(programm->F11, nullptr);
         programm->F11.F11_Laden(F11Opener::F13, "");
@@ -62,8 +62,8 @@ TEST_F(F11_Window, its_boxes_end_at_one_edge) {
 TEST_F(F11_Window, names_the_lock_over_the_code_and_nothing_for_a_list) {
     programm.reset();
     Start();
-    programm->Lauf.LockNumber = 3;
-    programm->Lauf.LockName = "T\xFCr";
+    programm->link.Lauf.Order.LockNumber = 3;
+    programm->link.Lauf.Order.LockName = "T\xFCr";
     window = std::make_unique<ui::F11Window>(programm->F11, nullptr);
     programm->F11.F11_Laden(F11Opener::F13, "");
     Present(*window);
@@ -125,7 +125,7 @@ TEST_F(F11_Window, picks_the_cut_off_date_in_a_month_up_to_today) {
     month->onPick({.Year = 2026, .Month = 1, .Day = 31});
     EXPECT_FALSE(month->isVisible());
     EXPECT_EQ(date->text(), QStringLiteral("31.01.2026"));
-    EXPECT_EQ(programm->Lauf.link.Lauf.Order.HistoryCutoff, "31.01.2026");
+    EXPECT_EQ(programm->F11.Stichtag(), (Datum{.Year = 2026, .Month = 1, .Day = 31}));
 }
 
 TEST_F(F11_Window, shows_the_adapters_only_in_adapter_mode) {

@@ -23,7 +23,7 @@ struct F9_Window : UiFixture {
     void Open(std::string_view language = "Deutsch") {
         Start(language);
         window = std::make_unique<ui::F9Window>(programm->F9, nullptr);
-        programm->Lauf.LockName = "Haupteingang";
+        programm->link.Lauf.Order.LockName = "Haupteingang";
         programm->Lauf.Daten.Units[0].Name = "Schranke Nord";
         programm->Lauf.Daten.Units[3].Name = "Leser";
         programm->F9.F9_Vorbereiten(140);
@@ -257,8 +257,8 @@ TEST_F(F18_Window, does_not_hear_the_key_that_began_the_search) {
 
 TEST_F(F18_Window, names_the_lock) {
     Start("English");
-    programm->Lauf.LockNumber = 7;
-    programm->Lauf.LockName = "Keller";
+    programm->link.Lauf.Order.LockNumber = 7;
+    programm->link.Lauf.Order.LockName = "Keller";
     ui::F18Window window(programm->F18, nullptr);
     programm->F18.F18_Zeigen();
     Present(window);

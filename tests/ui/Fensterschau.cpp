@@ -159,8 +159,8 @@ void Fensterschau::locks() {
     programm_->F13.FGK13_Click(Lock, F13Column::Mark);
     take(windows_->f13, "F13");
     markedLocks();
-    programm_->Lauf.link.Lauf.Chain.ReadHistoryFirst = 1;
-    programm_->Lauf.LockName = programm_->F13.FGK13.Text(Lock, F13Column::Name);
+    programm_->link.Lauf.Order.What = RunTask::HistoryFirst;
+    programm_->link.Lauf.Order.LockName = programm_->F13.FGK13.Text(Lock, F13Column::Name);
     programm_->F11.F11_Laden(F11Opener::F13, "/46/108/1/2");
     take(windows_->f11, "F11");
     auto* month = windows_->f11.findChild<ui::MonthView*>();
@@ -262,7 +262,7 @@ void Fensterschau::list() {
 
 void Fensterschau::besideList() {
     F9& f9 = programm_->F9;
-    programm_->Lauf.LockName = programm_->F91.FGK91.Text(Lock, F91Column::Name);
+    programm_->link.Lauf.Order.LockName = programm_->F91.FGK91.Text(Lock, F91Column::Name);
     f9.F9_Vorbereiten(140);
     f9.F9_Zeigen();
     f9.Stille.Stop();

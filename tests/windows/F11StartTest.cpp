@@ -100,6 +100,14 @@ TEST_F(F11_OK, can_be_tried_again_after_a_short_code) {
     EXPECT_EQ(Lauf().Order.AdminCode, (AdminCodeBytes{0x65, 0x43, 0x21}));
 }
 
+TEST_F(F11_OK, hands_the_run_the_cut_off_date_that_was_picked) {
+    Open();
+    OpenHistory();
+    Dialog().Datum_Waehlen({.Year = 2026, .Month = 1, .Day = 31});
+    Ok();
+    EXPECT_EQ(Lauf().Order.HistoryCutoff, "31.01.2026");
+}
+
 TEST_F(F11_OK, takes_the_erase_option_from_the_check_box) {
     Open();
     OpenStart();
@@ -295,7 +303,7 @@ TEST_F(F11_Adapter, of_the_network_takes_the_network_route) {
     OpenStart();
     Ok();
     EXPECT_THAT(Calls, ElementsAre("network"));
-    EXPECT_EQ(Lauf().Order.AdminCode, (AdminCodeBytes{0x12, 0x34, 0x56}));
+    EXPECT_EQ(Lauf().List.Wish.AdminCode, (AdminCodeBytes{0x12, 0x34, 0x56}));
     EXPECT_EQ(Lauf().List.NetMode, 0);
     EXPECT_FALSE(Dialog().Fenster.Visible);
     EXPECT_FALSE(programm->F9.Fenster.Visible);
@@ -341,8 +349,8 @@ TEST_F(F11_Liste, hands_over_to_the_list_and_hides_both_windows) {
     const int opens = world.Opens;
     Ok("987654");
     EXPECT_THAT(Calls, ElementsAre("list"));
-    EXPECT_EQ(Lauf().Order.AdminCode, (AdminCodeBytes{0x98, 0x76, 0x54}));
-    EXPECT_EQ(Lauf().Order.EraseOption, 0);
+    EXPECT_EQ(Lauf().List.Wish.AdminCode, (AdminCodeBytes{0x98, 0x76, 0x54}));
+    EXPECT_EQ(Lauf().List.Wish.EraseOption, 0);
     EXPECT_FALSE(Dialog().Fenster.Visible);
     EXPECT_FALSE(programm->F13.Fenster.Visible);
     EXPECT_FALSE(programm->F9.Fenster.Visible);
@@ -354,7 +362,7 @@ TEST_F(F11_Liste, takes_the_erase_option_from_the_check_box) {
     OpenList();
     Dialog().Check1.Checked = false;
     Ok();
-    EXPECT_EQ(Lauf().Order.EraseOption, 1);
+    EXPECT_EQ(Lauf().List.Wish.EraseOption, 1);
 }
 
 TEST_F(F11_Liste, does_not_begin_with_fewer_than_six_characters) {

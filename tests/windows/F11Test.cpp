@@ -12,6 +12,7 @@ struct F11_Laden : FensterFixture {
         Dialog().F11_Laden(opener, adapter);
     }
     void AdapterMode() { programm->kern.Config.PortAutomatik = "SET"; }
+    std::string Cutoff() { return Dialog().Stichtag() ? Datum_Text(*Dialog().Stichtag()) : ""; }
     std::string Chosen() {
         const int index = Dialog().Combo1.Selected;
         return index < 0 ? "" : Dialog().Combo1.Entries()[static_cast<std::size_t>(index)];
@@ -73,15 +74,15 @@ TEST_F(F11_Laden, gives_no_focus_once_it_is_closed) {
 // ---- cut-off
 
 struct CutoffCase {
-    const char* What;
-    std::uint8_t HistoryOnly, ReadHistoryFirst, NetMode;
+    const char* Name;
+    RunTask What;
     F11Opener Opener;
     const char *Shown, *Cutoff;
     bool DateEnabled, BoxEnabled;
 };
 
 void PrintTo(const CutoffCase& c, std::ostream* out) {
-    *out << c.What;
+    *out << c.Name;
 }
 
 constexpr const char* Dashes = "-- -- . -- -- . -- --";
@@ -89,13 +90,13 @@ constexpr const char* Dashes = "-- -- . -- -- . -- --";
 struct F11_Grenzdatum : F11_Laden, ::testing::WithParamInterface<CutoffCase> {};
 
 TEST_P(F11_Grenzdatum, stands_20_days_back_when_history_is_read_and_is_live_from_the_grid_only) {
-    Lauf().Chain.HistoryOnly = GetParam().HistoryOnly;
-    Lauf().Chain.ReadHistoryFirst = GetParam().ReadHistoryFirst;
-    Lauf().List.NetMode = GetParam().NetMode;
-    Lauf().Order.HistoryCutoff = "01.01.2001"; // of an earlier run
+    Lauf().Order.What = RunTask::HistoryOnly;
+    Open();
+    Dialog().Datum_Waehlen({.Year = 2001, .Month = 1, .Day = 1}); // of an earlier run
+    Lauf().Order.What = GetParam().What;
     Open(GetParam().Opener);
     EXPECT_EQ(Dialog().CutoffDate.Text(), GetParam().Shown);
-    EXPECT_EQ(Lauf().Order.HistoryCutoff, GetParam().Cutoff);
+    EXPECT_EQ(Cutoff(), GetParam().Cutoff);
     EXPECT_EQ(Dialog().CutoffDate.Enabled, GetParam().DateEnabled);
     EXPECT_EQ(Dialog().CutoffText.Enabled, GetParam().DateEnabled);
     EXPECT_EQ(Dialog().Check1.Enabled, GetParam().BoxEnabled);
@@ -105,39 +106,37 @@ TEST_P(F11_Grenzdatum, stands_20_days_back_when_history_is_read_and_is_live_from
 INSTANTIATE_TEST_SUITE_P(
     Runs, F11_Grenzdatum,
     ::testing::Values(
-        CutoffCase{"program only", 0, 0, 0, F11Opener::F13, Dashes, "", false, true},
-        CutoffCase{"history only", 1, 0, 0, F11Opener::F13, "13.02.2026", "13.02.2026", true, true},
-        CutoffCase{"history first", 0, 1, 0xFF, F11Opener::F13, "13.02.2026", "13.02.2026", true, true},
-        CutoffCase{"list with history", 0, 0, 0xFF, F11Opener::F13, "13.02.2026", "13.02.2026", true, true},
-        CutoffCase{"list of histories", 1, 0, 0x80, F11Opener::F13, "13.02.2026", "13.02.2026", true, true},
-        CutoffCase{"history from F12", 1, 0, 0, F11Opener::F12, "13.02.2026", "13.02.2026", false, false},
-        CutoffCase{"history from F20", 0, 1, 0, F11Opener::F20, "13.02.2026", "13.02.2026", false, false},
-        CutoffCase{"none from F12", 0, 0, 0, F11Opener::F12, Dashes, "", false, false}));
+        CutoffCase{"program only", RunTask::Program, F11Opener::F13, Dashes, "", false, true},
+        CutoffCase{"history only", RunTask::HistoryOnly, F11Opener::F13, "13.02.2026", "13.02.2026", true, true},
+        CutoffCase{"history first", RunTask::HistoryFirst, F11Opener::F13, "13.02.2026", "13.02.2026", true, true},
+        CutoffCase{"history from F12", RunTask::HistoryOnly, F11Opener::F12, "13.02.2026", "13.02.2026", false, false},
+        CutoffCase{"history from F20", RunTask::HistoryFirst, F11Opener::F20, "13.02.2026", "13.02.2026", false, false},
+        CutoffCase{"none from F12", RunTask::Program, F11Opener::F12, Dashes, "", false, false}));
 
 TEST_F(F11_Laden, takes_a_picked_date_up_to_today) {
-    Lauf().Chain.HistoryOnly = 1;
+    Lauf().Order.What = RunTask::HistoryOnly;
     Open();
     Dialog().Datum_Waehlen({.Year = 2025, .Month = 12, .Day = 24});
-    EXPECT_EQ(Lauf().Order.HistoryCutoff, "24.12.2025");
+    EXPECT_EQ(Cutoff(), "24.12.2025");
     EXPECT_EQ(Dialog().CutoffDate.Text(), "24.12.2025");
     Dialog().Datum_Waehlen({.Year = 2026, .Month = 3, .Day = 5});
-    EXPECT_EQ(Lauf().Order.HistoryCutoff, "05.03.2026");
+    EXPECT_EQ(Cutoff(), "05.03.2026");
 }
 
 TEST_F(F11_Laden, takes_no_date_after_today_and_none_that_does_not_exist) {
-    Lauf().Chain.HistoryOnly = 1;
+    Lauf().Order.What = RunTask::HistoryOnly;
     Open();
     Dialog().Datum_Waehlen({.Year = 2026, .Month = 3, .Day = 6});
     Dialog().Datum_Waehlen({.Year = 2026, .Month = 2, .Day = 29});
     Dialog().Datum_Waehlen({.Year = 2025, .Month = 13, .Day = 1});
-    EXPECT_EQ(Lauf().Order.HistoryCutoff, "13.02.2026");
+    EXPECT_EQ(Cutoff(), "13.02.2026");
     EXPECT_EQ(Dialog().CutoffDate.Text(), "13.02.2026");
 }
 
 TEST_F(F11_Laden, takes_no_date_when_no_history_is_read) {
     Open();
     Dialog().Datum_Waehlen({.Year = 2026, .Month = 1, .Day = 1});
-    EXPECT_EQ(Lauf().Order.HistoryCutoff, "");
+    EXPECT_EQ(Cutoff(), "");
     EXPECT_EQ(Dialog().CutoffDate.Text(), Dashes);
 }
 

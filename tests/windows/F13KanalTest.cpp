@@ -88,7 +88,7 @@ TEST_F(F13_Klick, of_a_lock_that_moves_yes_reads_the_history_first) {
     Click(1, F13Column::Program);
     EXPECT_EQ(Lauf().Chain.HistoryOnly, 0);
     EXPECT_EQ(Lauf().Chain.ReadHistoryFirst, 1);
-    EXPECT_EQ(Lauf().List.NetMode, 0xFF);
+    EXPECT_EQ(Lauf().Order.What, RunTask::HistoryFirst);
     EXPECT_TRUE(StartOpen());
 }
 

@@ -51,6 +51,14 @@ TEST_F(F13_Klick, nothing_of_an_earlier_run_reaches_the_next) {
     EXPECT_EQ(Lauf().List, ListState{});
     EXPECT_EQ(programm->link.DeviceClassByte, 0x11);
     EXPECT_EQ(programm->link.AddressMode, 0);
+
+    Lauf().Chain.LaufZiel = "UNIT"; // of a window that has opened meanwhile
+    const RunOrder order = Lauf().Order;
+    Lauf_Beginnen(programm->Lauf, order);
+    ChainState begun;
+    begun.Phase = RunPhase::Open;
+    begun.LastAnswer = world.World.Milliseconds();
+    EXPECT_EQ(Lauf().Chain, begun);
 }
 
 TEST_F(F13_Klick, closes_an_open_port_and_opens_the_locks_port) {
@@ -62,8 +70,8 @@ TEST_F(F13_Klick, closes_an_open_port_and_opens_the_locks_port) {
     EXPECT_TRUE(world.PortOpen);
     EXPECT_EQ(world.PortNumber, 5);
     EXPECT_EQ(programm->F13.FGK13.Row, 4);
-    EXPECT_EQ(programm->Lauf.LockName, "Tor");
-    EXPECT_EQ(programm->Lauf.LockNumber, 4);
+    EXPECT_EQ(programm->link.Lauf.Order.LockName, "Tor");
+    EXPECT_EQ(programm->link.Lauf.Order.LockNumber, 4);
     EXPECT_FALSE(StartOpen());
     EXPECT_THAT(world.Written, IsEmpty());
 }
@@ -111,7 +119,7 @@ TEST_F(F13_Klick, program_with_yes_reads_the_history_first) {
     Click(1, F13Column::Program);
     EXPECT_EQ(Lauf().Chain.HistoryOnly, 0);
     EXPECT_EQ(Lauf().Chain.ReadHistoryFirst, 1);
-    EXPECT_EQ(Lauf().List.NetMode, 0xFF);
+    EXPECT_EQ(Lauf().Order.What, RunTask::HistoryFirst);
     EXPECT_TRUE(StartOpen());
     EXPECT_FALSE(GridEnabled());
 }
@@ -122,7 +130,7 @@ TEST_F(F13_Klick, program_with_no_only_programs) {
     OpenStart();
     EXPECT_EQ(Lauf().Chain.HistoryOnly, 0);
     EXPECT_EQ(Lauf().Chain.ReadHistoryFirst, 0);
-    EXPECT_EQ(Lauf().List.NetMode, 0);
+    EXPECT_EQ(Lauf().Order.What, RunTask::Program);
     EXPECT_EQ(Lauf().Chain.KanalSuche, 0);
     EXPECT_EQ(programm->link.TargetChannel, 3);
     EXPECT_EQ(Lauf().Order.SerialValue, 0x000A1001U);

@@ -117,7 +117,7 @@ TEST_F(F13_Liste, savehistory_asks_only_for_the_start_and_reads_only) {
     SaveHistory(Answer::No);
     EXPECT_EQ(world.Shown.size(), 1U);
     EXPECT_EQ(Lauf().List.NetMode, 0x80);
-    EXPECT_EQ(Lauf().Chain.HistoryOnly, 1);
+    EXPECT_EQ(Lauf().Order.What, RunTask::HistoryOnly);
     EXPECT_FALSE(programm->F13.DelayedStart);
     EXPECT_THAT(Copies, ElementsAre(Copy{1, 1}, Copy{200, 2}));
     EXPECT_TRUE(programm->F11.Fenster.Visible);

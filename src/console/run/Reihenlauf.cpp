@@ -223,7 +223,7 @@ std::string Reihenlauf::Fuss() const {
     }
     if (list.Arbeit() == F91::Work::Direct) {
         const std::int64_t silence = Lauf_Stille(program_.Lauf) / 5000 * 5;
-        return "Lock " + std::to_string(program_.Lauf.LockNumber) + ": " +
+        return "Lock " + std::to_string(program_.link.Lauf.Order.LockNumber) + ": " +
                Anzeige_Aus_1252(Fortschritt_Text(program_.kern, Lauf_Fortschritt(program_.Lauf))) +
                (silence > 0 ? "  no answer for " + std::to_string(silence) + " s" : "");
     }

@@ -31,12 +31,11 @@ F11::F11(Programmierlauf& programmierlauf, F9& progress, F18& wait, AdapterListe
 }
 
 void F11::F11_Laden(F11Opener opener, const std::string& adapterName) {
-    RunState& lauf = run.link.Lauf;
     Eingabe_Leeren();
     Texte_Setzen();
     Check1.Checked = true;
 
-    const bool history = lauf.Chain.HistoryOnly != 0 || lauf.Chain.ReadHistoryFirst != 0 || lauf.List.NetMode != 0;
+    const bool history = run.link.Lauf.Order.What != RunTask::Program;
     Stichtag_Setzen(history ? std::optional(Datum_Plus(Heute(kern.Welt.Now()), -CutoffDays)) : std::nullopt);
 
     const bool fromGrid = opener == F11Opener::F13;
@@ -157,8 +156,7 @@ void F11::Datum_Waehlen(const Datum& date) {
 
 void F11::Stichtag_Setzen(const std::optional<Datum>& day) {
     stichtag_ = day;
-    run.link.Lauf.Order.HistoryCutoff = day ? Datum_Text(*day) : std::string();
-    CutoffDate.Text = day ? run.link.Lauf.Order.HistoryCutoff : std::string(NoCutoff);
+    CutoffDate.Text = day ? Datum_Text(*day) : std::string(NoCutoff);
 }
 
 bool F11::Port_Bereitmachen(bool& network) {
@@ -187,12 +185,9 @@ bool F11::Port_Bereitmachen(bool& network) {
 }
 
 void F11::OK_Click() {
-    RunState& lauf = run.link.Lauf;
-    lauf.Order.EraseOption = Check1.Checked ? 0 : 1;
     f9.Status_Zeigen(0);
-    if (lauf.List.RunRows > 0) {
-        if (Code_Uebernehmen()) {
-            Schliessen();
+    if (run.link.Lauf.List.RunRows > 0) {
+        if (Liste_Beauftragen()) {
             Rufen(F13_Verbergen);
             Rufen(Liste_Starten);
         }
@@ -204,47 +199,59 @@ void F11::OK_Click() {
     }
     if (!network) {
         Direkt_Starten();
-    } else if (Code_Uebernehmen()) {
-        if (lauf.Chain.HistoryOnly != 0) {
-            lauf.List.NetMode = 0x80;
-        }
-        Schliessen();
+    } else if (Liste_Beauftragen()) {
         Rufen(Netzlauf_Starten);
     }
 }
 
-bool F11::Code_Uebernehmen() {
-    const bool complete = count_ == CodeLength;
-    if (complete) {
+std::optional<RunOrder> F11::Auftrag_Vollenden() {
+    std::optional<RunOrder> order;
+    if (count_ == CodeLength) {
         std::array<std::uint8_t, CodeLength> digits{};
         std::copy_n(codeDigits_.begin(), CodeLength, digits.begin());
-        run.link.Lauf.Order.AdminCode = AdminCode_Packen(digits);
+        order = run.link.Lauf.Order;
+        order->AdminCode = AdminCode_Packen(digits);
+        order->HistoryCutoff = stichtag_ ? Datum_Text(*stichtag_) : std::string();
+        // Who clears the box has been told of the fingers that the lock holds.
+        order->EraseOption = Check1.Checked ? 0 : 1;
         Ueberschreiben(digits);
     } else {
         Meldung_Zu(kern, Schlosszeile(), kern.Zeile(Line::EnterSixDigitCode), Buttons::Ok, Icon::Exclamation);
     }
     Eingabe_Leeren();
-    return complete;
+    return order;
+}
+
+bool F11::Liste_Beauftragen() {
+    const auto order = Auftrag_Vollenden();
+    if (order) {
+        ListState& list = run.link.Lauf.List;
+        list.Wish = *order;
+        list.NetMode = NetMode_Von(order->What);
+        Schliessen();
+    }
+    return order.has_value();
 }
 
 void F11::Direkt_Starten() {
-    const RunState& lauf = run.link.Lauf;
     if (Marke_Loeschen) {
         Marke_Loeschen(LockRowOfGrid);
     }
     Rufen(Antworttabelle_Leeren);
     // Assembly resets its total to 4000 at its end; the dataset's own value was stored aside.
-    f9.F9_Vorbereiten(lauf.Chain.HistoryOnly != 0 ? run.Daten.ProgressTotal : run.Daten.ProgressStored);
-    if (!Code_Uebernehmen()) {
+    const bool historyOnly = run.link.Lauf.Order.What == RunTask::HistoryOnly;
+    f9.F9_Vorbereiten(historyOnly ? run.Daten.ProgressTotal : run.Daten.ProgressStored);
+    const auto order = Auftrag_Vollenden();
+    if (!order) {
         return;
     }
     Schliessen();
-    if (lauf.Chain.KanalSuche != 0) {
+    if (order->Search) {
         f18.F18_Zeigen();
     } else {
         f9.F9_Zeigen();
     }
-    Lauf_Beginnen(run);
+    Lauf_Beginnen(run, *order);
 }
 
 void F11::Schliessen() {

@@ -83,8 +83,11 @@ private:
     void Adapter_Fuellen(F11Opener opener, const std::string& adapterName);
     /// False, behind a message, when the adapter that was chosen is gone.
     bool Port_Bereitmachen(bool& network);
-    /// Packs the code and clears the entry. With fewer than six characters only a message is shown, and false.
-    bool Code_Uebernehmen();
+    /// The order of the window that opened the dialog, with code, cut-off and erase option; clears the entry. With
+    /// fewer than six characters only a message is shown, and nothing given.
+    std::optional<RunOrder> Auftrag_Vollenden();
+    /// The same as the wish of a list, or of a lock that a network adapter has; closes the dialog.
+    bool Liste_Beauftragen();
     void Direkt_Starten();
     void Schliessen();
 

@@ -3,8 +3,8 @@
 #include "AdapterScan.h"
 #include "FileLook.h"
 #include "Kanal.h"
-#include "Modelle.h"
 #include "Schlosszeile.h"
+#include "Seriennummer.h"
 #include "Text.h"
 #include "UserRecords.h"
 #include "Words.h"
@@ -16,6 +16,10 @@ namespace {
 
 std::string_view Schalter(const std::string& cell) {
     return Trim(cell);
+}
+
+bool Zieht_Um(const KanalStand& channel) {
+    return channel.ChangePending || channel.Channel != channel.Target;
 }
 
 } // namespace
@@ -37,7 +41,7 @@ F13::F13(Programmierlauf& programmierlauf, F11& start, AdapterListe& adapters)
 }
 
 void F13::Datum_Uhrzeit_akt(int row) {
-    run.link.Lauf.Values.FlagSetClock = Schalter(FGK13.Text(row, F13Column::SetClock)).empty() ? 0 : 1;
+    run.Daten.Values.FlagSetClock = Schalter(FGK13.Text(row, F13Column::SetClock)).empty() ? 0 : 1;
 }
 
 int F13::Adapter_Port(int row, bool& stop) {
@@ -94,8 +98,7 @@ void F13::FGK13_Click(int row, int column) {
     if (!Port_Vorbereiten(row)) {
         return;
     }
-    run.LockName = FGK13.Text(row, F13Column::Name);
-    run.LockNumber = row;
+    run.link.Lauf.Order = {.LockNumber = row, .LockName = FGK13.Text(row, F13Column::Name)};
     switch (column) {
     case F13Column::Program:
         Programmieren(row);
@@ -114,16 +117,15 @@ void F13::FGK13_Click(int row, int column) {
     }
 }
 
-bool F13::Ziel_Setzen(int row) {
-    Address address{};
-    const std::string hex = Einstellung_AEsn(FGK13.Text(row, F13Column::Serial), address);
-    if (hex == "FEHLER") {
-        return false;
+bool F13::Serie_Gueltig(int row) const {
+    return Serie_Zerlegen(FGK13.Text(row, F13Column::Serial)).has_value();
+}
+
+void F13::Beauftragen(int row, RunTask what, int channel, bool search) {
+    const RunOrder wish{.TargetChannel = static_cast<std::uint8_t>(channel), .Search = search, .What = what};
+    if (const auto order = Lauf_Auftrag(wish, Gitterzeile_Lesen(FGK13, row), run.Daten)) {
+        Lauf_Vorbereiten(run, *order);
     }
-    run.link.TargetAddress = address;
-    run.link.Lauf.Order.LockAddress = address;
-    run.link.Lauf.Order.SerialValue = static_cast<std::uint32_t>(HexWert(hex));
-    return true;
 }
 
 std::string F13::Schloss(int row) const {
@@ -166,15 +168,12 @@ bool F13::Dateien_Hinnehmen(int row) const {
 }
 
 bool F13::Datensatz(int row) {
-    RunState& lauf = run.link.Lauf;
-    if (!Dateien_Hinnehmen(row) || Datensatz_Laden(run.link, run.Daten, Gitterzeile_Lesen(FGK13, row),
+    if (!Dateien_Hinnehmen(row) || Datensatz_Laden(kern, run.Daten, Gitterzeile_Lesen(FGK13, row),
                                                    DatasetVariant::Direct) != DatasetStatus::Good) {
         Fenster.Enabled = true;
         return false;
     }
-    Lauf_Werte_Uebernehmen(run);
     ProgressTotal = run.Daten.ProgressTotal;
-    lauf.Chain.TwoPassFlag = BereichZweiDurchgaenge(lauf.Order.SerialValue) && run.Daten.AnyTransponder ? 1 : 0;
     return true;
 }
 
@@ -188,59 +187,49 @@ void F13::F11_Oeffnen(int row) {
 
 void F13::Programmieren(int row) {
     Marke_Umschalten(row);
-    RunState& lauf = run.link.Lauf;
     const KanalStand channel = Kanal_Stand(kern, row);
-    const bool settled = !channel.ChangePending && channel.Channel == channel.Target;
+    const bool moves = Zieht_Um(channel);
     bool first = false;
     // A lock that stays on its channel is asked for before its dataset is gathered, the others after it.
-    if (settled && !Historie_Fragen(first, Schloss(row))) {
+    if (!moves && !Historie_Fragen(first, Schloss(row))) {
         return;
     }
-    if (!Ziel_Setzen(row) || !Datensatz(row)) {
+    if (!Serie_Gueltig(row) || !Datensatz(row)) {
         return;
     }
-    if (!settled && !Historie_Fragen(first, Schloss(row))) {
+    if (moves && !Historie_Fragen(first, Schloss(row))) {
         return;
     }
-    lauf.Chain.HistoryOnly = 0;
-    lauf.Chain.ReadHistoryFirst = first ? 1 : 0;
-    lauf.List.NetMode = first ? 0xFF : 0;
-    run.link.TargetChannel = static_cast<std::uint8_t>(settled ? kern.Config.Funkkanal() : channel.Channel);
-    lauf.Chain.KanalSuche = settled ? 0 : 1;
-    lauf.Chain.KanalIndex = 0;
+    Beauftragen(row, first ? RunTask::HistoryFirst : RunTask::Program,
+                moves ? channel.Channel : kern.Config.Funkkanal(), moves);
     F11_Oeffnen(row);
 }
 
 void F13::Historie(int row) {
     // A lock whose channel is not known would be searched, and moved.
-    if (!Ziel_Setzen(row) || !Kanaele_Lesbar()) {
+    if (!Serie_Gueltig(row) || !Kanaele_Lesbar()) {
         return;
     }
     if (Meldung_Zu(kern, Schloss(row), kern.Zeile(Line::HistoryNowQuestion), Buttons::OkCancel, Icon::Question) !=
         Answer::Ok) {
         return;
     }
-    RunState& lauf = run.link.Lauf;
-    const KanalStand channel = Kanal_Stand(kern, row);
-    lauf.Chain.KanalSuche = channel.ChangePending || channel.Channel != channel.Target ? 1 : 0;
+    const bool moves = Zieht_Um(Kanal_Stand(kern, row));
     Marke_Umschalten(row);
+    run.Daten = {};
     Datum_Uhrzeit_akt(row);
-    lauf.Chain.HistoryOnly = 1;
-    run.link.TargetChannel = static_cast<std::uint8_t>(kern.Config.Funkkanal());
     ProgressTotal = run.Daten.ProgressTotal = 4000;
+    Beauftragen(row, RunTask::HistoryOnly, kern.Config.Funkkanal(), moves);
     F11_Oeffnen(row);
 }
 
 void F13::Code_Aendern(int row) {
-    if (!Ziel_Setzen(row)) {
+    if (!Serie_Gueltig(row)) {
         return;
     }
-    RunState& lauf = run.link.Lauf;
-    const KanalStand channel = Kanal_Stand(kern, row);
-    lauf.Chain.KanalSuche = channel.ChangePending || channel.Channel != channel.Target ? 1 : 0;
-    lauf.Chain.HistoryOnly = 0;
+    run.Daten = {};
     ProgressTotal = 400;
-    run.link.TargetChannel = static_cast<std::uint8_t>(kern.Config.Funkkanal());
+    Beauftragen(row, RunTask::Program, kern.Config.Funkkanal(), Zieht_Um(Kanal_Stand(kern, row)));
     if (run.link.AddressMode != 1) {
         TelAdapterKanal_Senden(run.link);
     }

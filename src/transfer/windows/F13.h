@@ -113,7 +113,9 @@ private:
     std::vector<int> Gescheiterte_Zeilen() const;
     void Zeile_Fuellen(int row);
     void Listentasten_Freigeben();
-    bool Ziel_Setzen(int row);
+    bool Serie_Gueltig(int row) const;
+    /// The order for the lock of the row, whose dataset stands where it is to get one.
+    void Beauftragen(int row, RunTask what, int channel, bool search);
     /// Which lock stands in the row, for a message box.
     std::string Schloss(int row) const;
     bool Historie_Fragen(bool& first, const std::string& about);

@@ -103,16 +103,14 @@ void F13::Liste(bool historyOnly) {
         return;
     }
     Lauf_Ruecksetzen(run);
-    RunState& lauf = run.link.Lauf;
-    lauf.List = {};
-    if (historyOnly) {
-        lauf.List.NetMode = 0x80;
-        lauf.Chain.HistoryOnly = 1;
-    } else {
+    RunTask what = RunTask::HistoryOnly;
+    if (!historyOnly) {
         bool first = false;
         Historie_Fragen(first, "");
-        lauf.List.NetMode = first ? 0xFF : 0;
+        what = first ? RunTask::HistoryFirst : RunTask::Program;
     }
+    run.link.Lauf.Order = {.What = what};
+    run.link.Lauf.List = {.NetMode = NetMode_Von(what)};
     Rufen(Liste_Leeren);
     DelayedStart = kern.Meldung(kern.Zeile(Line::StartLater), Buttons::YesNoCancel, Icon::Question,
                                 kern.Zeile(Line::Programming), 2) == Answer::Yes;

@@ -81,7 +81,7 @@ void F9::F9_Vorbereiten(int progressTotal) {
     Balken1.Visible = true;
     Balken2.Value = 0;
     Balken2.Visible = true;
-    NameLabel.Text = run.LockName;
+    NameLabel.Text = run.link.Lauf.Order.LockName;
     Status_Zeigen(0);
     Zeichen_Setzen(RunSign::None);
     Folge_Zeigen(LockData::Untouched);
@@ -102,7 +102,9 @@ void F9::DeviceParameterSetup() {
     const bool programming = run.link.Lauf.Chain.HistoryOnly == 0;
     for (std::size_t n = 0; n < Check.size(); ++n) {
         Check[n].Checked = false;
-        const std::string name = n == 0 ? run.LockName : programming ? run.Daten.Units[n - 1].Name : std::string();
+        const std::string name = n == 0        ? run.link.Lauf.Order.LockName
+                                 : programming ? run.Daten.Units[n - 1].Name
+                                               : std::string();
         Check[n].Text = name;
         Check[n].Enabled = !name.empty();
     }
@@ -112,7 +114,7 @@ void F9::F9_Zeigen() {
     if (std::exchange(searchEnds_, false)) {
         Status_Zeigen(0);
     }
-    Fenster.Title = run.LockName;
+    Fenster.Title = run.link.Lauf.Order.LockName;
     InListe = run.link.Lauf.List.RunRows != 0;
     Fenster.Visible = true;
     Stille.Start(1000);

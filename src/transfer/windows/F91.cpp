@@ -89,7 +89,6 @@ void F91::F91_FormLaden(bool delayed) {
     worked_ = 0;
     StandLabel.Text = "";
     start_.reset();
-    eraseOption_ = run.link.Lauf.Order.EraseOption;
     ProgStep.clear();
     Balken.Visible = false;
     Balken.Value = 0;

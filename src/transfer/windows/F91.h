@@ -106,7 +106,7 @@ struct F91 {
     /// The start dialog has the code: begins with step PrgStart in 1000 ms, or asks for the time of a delayed start.
     /// RunRows rows stand in the list.
     void Liste_Starten(bool delayed);
-    /// A single lock through a network adapter: the only row, already checked. NetMode says what it is to get.
+    /// A single lock through a network adapter: the only row, already checked. ListState says what it is to get.
     void Einzelnes_Schloss_Starten(const Grid& lockGrid, int gridRow, const AdapterSatz* adapter);
     /// The time of a delayed start, by F92; the waiting begins.
     void Startzeit_Setzen(const DateTime& start);
@@ -194,8 +194,8 @@ private:
     void Naechster_Datensatz();
     void Zeilen_Pruefen(Check check);
     void Zeile_Pruefen(int row);
-    /// Flags as at the start of a row, and its dataset. Gives the dataset's status.
-    int Zeile_Laden(int row);
+    /// The row's dataset, and its order. Gives the dataset's status.
+    int Zeile_Laden(int row, RunTask what);
     /// What a row says after Zeile_Laden gave this status for it.
     std::string Statustext(int status) const;
     bool Zeile_Suchen(int& runRow, bool programming);
@@ -219,9 +219,9 @@ private:
     /// the list was stopped meanwhile.
     bool Adapter_Waehlen(int& runRow);
 
-    void Direkt_Beginnen(int row, bool search);
+    void Direkt_Beginnen(int row);
     void Netz_Beginnen(std::string_view step);
-    bool Zeile_Bereitmachen(int& runRow, bool programming);
+    bool Zeile_Bereitmachen(int& runRow, RunTask what);
     void Zeile_Uebergehen(int& runRow, std::string_view mark, std::string_view text);
     /// Nothing was sent to the row's lock so far.
     bool Unberuehrt(int row) const { return FGK91.Text(row, F91Column::Mark) != ListMark::HistoryRead; }
@@ -257,7 +257,6 @@ private:
     std::int64_t worked_ = 0;       ///< milliseconds that these took, each with the wait behind it
     std::optional<Word> hint_;
     std::string hintPlace_;
-    std::uint8_t eraseOption_ = 0; ///< as the start dialog has it; a row's assembly may force it to 0 for that row
     std::optional<DateTime> start_;
     std::vector<std::string> checkTexts_;            ///< by row
     std::vector<std::string> rowNotes_;              ///< by row: what the check has noted of it, on one line

@@ -52,15 +52,15 @@ void F91::Naechster_Datensatz() {
     }
 }
 
-bool F91::Zeile_Bereitmachen(int& runRow, bool programming) {
-    if (!Zeile_Suchen(runRow, programming)) {
+bool F91::Zeile_Bereitmachen(int& runRow, RunTask what) {
+    if (!Zeile_Suchen(runRow, what == RunTask::Program)) {
         Timer_Anhalten();
         kern.Meldung(Fester_Text(kern, Word::ListHasNoRow), Buttons::Ok, Icon::Exclamation,
                      "Muss noch bearbeitet werden!");
         Ende(Line::ListCompleted);
         return false;
     }
-    if (const int status = Zeile_Laden(runRow); status != DatasetStatus::Good) {
+    if (const int status = Zeile_Laden(runRow, what); status != DatasetStatus::Good) {
         // Its files have changed since the check.
         Zeile_Uebergehen(runRow, ListMark::PassedOver, Statustext(status));
         return false;
@@ -72,25 +72,25 @@ bool F91::Zeile_Bereitmachen(int& runRow, bool programming) {
 }
 
 void F91::ProgQvmUnits(int& runRow) {
-    if (!Zeile_Bereitmachen(runRow, true)) {
+    if (!Zeile_Bereitmachen(runRow, RunTask::Program)) {
         return;
     }
     if (netz.NetAdapter == NetAdapterMark) {
         Netz_Beginnen(StepTxDNetzwDaten);
     } else {
-        Direkt_Beginnen(runRow, run.link.Lauf.List.NetMode == 0);
+        Direkt_Beginnen(runRow);
     }
 }
 
 void F91::NetHistLesen(int& runRow) {
-    if (!Zeile_Bereitmachen(runRow, false)) {
+    // Of a lock that is programmed as well, a direct run reads the history first.
+    if (!Zeile_Bereitmachen(runRow, run.link.Lauf.List.Wish.What)) {
         return;
     }
     if (netz.NetAdapter == NetAdapterMark) {
         Netz_Beginnen(StepRxDNetHistory);
     } else {
-        run.link.Lauf.Chain.ReadHistoryFirst = 1;
-        Direkt_Beginnen(runRow, false);
+        Direkt_Beginnen(runRow);
     }
 }
 
@@ -109,24 +109,21 @@ void F91::Netz_Beginnen(std::string_view step) {
     Step_Planen(step, BeforeFirstBlock);
 }
 
-void F91::Direkt_Beginnen(int row, bool search) {
-    RunState& lauf = run.link.Lauf;
+void F91::Direkt_Beginnen(int row) {
+    const RunOrder order = run.link.Lauf.Order;
     work_ = Work::Direct;
     Unterwegs_Setzen(row);
     Adapter_Gut();
-    lauf.Chain.KanalSuche = search ? 1 : 0;
-    lauf.Chain.KanalIndex = 0;
-    run.link.TargetChannel = static_cast<std::uint8_t>(kern.Config.Funkkanal());
     Balken.Visible = false;
     Status_Zeigen(Line::PleaseWait, 0);
     Knoepfe_Setzen();
-    f9.F9_Vorbereiten(lauf.Chain.HistoryOnly != 0 ? HistoryProgress : run.Daten.ProgressStored);
+    f9.F9_Vorbereiten(order.What == RunTask::HistoryOnly ? HistoryProgress : run.Daten.ProgressStored);
     f9.F9_Zeigen();
     if (Zeile_Beginnt) {
         Zeile_Beginnt(row);
     }
     Wache.Start();
-    Lauf_Beginnen(run);
+    Lauf_Beginnen(run, order);
 }
 
 void F91::Naechste_Zeile(std::string_view step) {

@@ -4,7 +4,6 @@
 #include "DatensatzDateien.h"
 #include "F91.h"
 #include "F91Takt.h"
-#include "Modelle.h"
 #include "Text.h"
 
 #include <Lines.h>
@@ -62,7 +61,8 @@ void F91::Zeile_Pruefen(int row) {
     if (Zeile_Zeigen) {
         Zeile_Zeigen(row);
     }
-    const int status = Zeile_Laden(row);
+    const bool events = run.link.Lauf.List.Wish.What == RunTask::HistoryOnly;
+    const int status = Zeile_Laden(row, events ? RunTask::HistoryOnly : RunTask::Program);
     const std::string text = Statustext(status);
     checkTexts_[static_cast<std::size_t>(row)] = text;
     if (status == DatasetStatus::BadFiles) {
@@ -77,35 +77,31 @@ std::string F91::Statustext(int status) const {
     return status == DatasetStatus::BadFiles ? fileText_ : kern.Zeile(Datensatz_Statuszeile(status));
 }
 
-int F91::Zeile_Laden(int row) {
+int F91::Zeile_Laden(int row, RunTask what) {
     RunState& lauf = run.link.Lauf;
     Lauf_Ruecksetzen(run);
-    lauf.Chain.HistoryOnly = lauf.List.NetMode == OnlyHistory ? 1 : 0;
-    lauf.Order.EraseOption = eraseOption_;
     run.Daten.Notes.clear();
-
     const LockRow data = Gitterzeile_Lesen(FGK91, row);
-    run.LockNumber = data.Number;
-    run.LockName = data.Name;
     // Events are read without the files; a damaged one must not keep them in the lock.
-    if (lauf.Chain.HistoryOnly == 0 && !filesAsked_) {
+    if (what != RunTask::HistoryOnly && !filesAsked_) {
         const auto troubles = Datensatz_Dateien_Pruefen(kern, data);
         const auto counted = run.SchadenHinnehmen ? Unlesbare(troubles) : troubles;
         if (fileText_ = Dateimaengel_Text(kern, counted); !fileText_.empty()) {
             return DatasetStatus::BadFiles;
         }
     }
-    const int status = Datensatz_Laden(run.link, run.Daten, data, DatasetVariant::Network);
+    const int status = Datensatz_Laden(kern, run.Daten, data, DatasetVariant::Network);
     if (status != DatasetStatus::Good) {
         return status;
     }
+    RunOrder wish = lauf.List.Wish;
+    wish.TargetChannel = static_cast<std::uint8_t>(kern.Config.Funkkanal());
+    wish.Search = lauf.List.Wish.What == RunTask::Program;
+    wish.What = what;
     // A serial that is none has no dataset.
-    Einstellung_AEsn(data.Serial, lauf.Order.LockAddress);
-    run.link.TargetAddress = lauf.Order.LockAddress;
-    Lauf_Werte_Uebernehmen(run);
-    const bool twice =
-        lauf.Chain.HistoryOnly == 0 && BereichZweiDurchgaenge(lauf.Order.SerialValue) && run.Daten.AnyTransponder;
-    lauf.Chain.TwoPassFlag = twice ? 1 : 0;
+    if (const auto order = Lauf_Auftrag(wish, data, run.Daten)) {
+        Lauf_Vorbereiten(run, *order);
+    }
     netz.LockName = data.Name;
     netz.SerialText = data.Serial;
     return status;
