@@ -4,6 +4,7 @@
 #include "GlobaleVariablen.h"
 #include "Konfiguration.h"
 #include "Platform.h"
+#include "WindowBoard.h"
 
 #include <string>
 #include <string_view>
@@ -25,6 +26,7 @@ struct Kern {
     GlobaleVariablen Globals;
     Konfiguration Config;
     Sprachkatalog Sprache;
+    WindowBoard Windows;
 
     std::string DatPfad() const { return AppPath + "DAT/"; }
     std::string HistPfad() const { return AppPath + "HIST/"; }
