@@ -217,7 +217,6 @@ TEST_F(F13_Klick, history_asks_and_opens_the_dialog_for_reading_only) {
     EXPECT_EQ(world.Shown[0].Choice, Buttons::OkCancel);
     EXPECT_EQ(world.Shown[0].DefaultButton, 1);
     EXPECT_EQ(Lauf().Chain.HistoryOnly, 1);
-    EXPECT_EQ(programm->F13.ProgressTotal, 4000);
     EXPECT_EQ(Lauf().Order.SerialValue, 0x000A1001U);
     EXPECT_EQ(Lauf().Values.FlagSetClock, 1);
     EXPECT_EQ(Mark(1), "X");
@@ -273,7 +272,6 @@ TEST_F(F13_Klick, change_code_turns_the_adapter_to_the_lock_and_opens_its_window
     EXPECT_EQ(Code_Windows, 1);
     EXPECT_EQ(SentBeforeCode.size(), 16U);
     EXPECT_EQ(Lauf().Chain.HistoryOnly, 0);
-    EXPECT_EQ(programm->F13.ProgressTotal, 400);
     EXPECT_FALSE(GridEnabled());
     EXPECT_FALSE(StartOpen());
     EXPECT_EQ(Mark(1), "");

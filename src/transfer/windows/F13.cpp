@@ -173,7 +173,6 @@ bool F13::Datensatz(int row) {
         Fenster.Enabled = true;
         return false;
     }
-    ProgressTotal = run.Daten.ProgressTotal;
     return true;
 }
 
@@ -218,7 +217,7 @@ void F13::Historie(int row) {
     Marke_Umschalten(row);
     run.Daten = {};
     Datum_Uhrzeit_akt(row);
-    ProgressTotal = run.Daten.ProgressTotal = 4000;
+    run.Daten.ProgressTotal = 4000;
     Beauftragen(row, RunTask::HistoryOnly, kern.Config.Funkkanal(), moves);
     F11_Oeffnen(row);
 }
@@ -228,7 +227,6 @@ void F13::Code_Aendern(int row) {
         return;
     }
     run.Daten = {};
-    ProgressTotal = 400;
     Beauftragen(row, RunTask::Program, kern.Config.Funkkanal(), Zieht_Um(Kanal_Stand(kern, row)));
     if (run.link.AddressMode != 1) {
         TelAdapterKanal_Senden(run.link);

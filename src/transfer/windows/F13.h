@@ -50,7 +50,6 @@ struct F13 {
     Button Command1;       ///< marks what the last list did not finish; hidden while there is nothing of the kind
     std::array<ToolButton, 3> Toolbar1{
         {{.Key = u8"Zurück"_w, .Number = 11}, {.Key = "Prog.", .Number = 1}, {.Key = "SaveHistory", .Number = 3}}};
-    int ProgressTotal = 0;
     int Aufrufer = 0;          ///< 3 while the window is open
     bool DelayedStart = false; ///< of a list run
     Timer Timer1;              ///< mouse tracking
