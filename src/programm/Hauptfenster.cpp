@@ -3,8 +3,6 @@
 #include "Bestandslese.h"
 #include "Programm.h"
 
-#include <utility>
-
 namespace qvm {
 
 void Programm::Hauptfenster_Verbinden() {
@@ -22,13 +20,7 @@ void Programm::Hauptfenster_Verbinden() {
         F9.Stille.Stop();
         F9.Fenster.Visible = false;
     };
-    F2.Hooks.Lauf_Timer_Anhalten = [this] {
-        for (const auto& [timer, interval] : {std::pair{&Lauf.Timer7, 1000}, std::pair{&Lauf.Timer8, 20},
-                                              std::pair{&Lauf.Timer9, 900}, std::pair{&Lauf.Timer11, 500}}) {
-            timer->Stop();
-            timer->SetInterval(interval);
-        }
-    };
+    F2.Hooks.Lauf_Timer_Anhalten = [this] { Lauf_Timer_Ruecksetzen(Lauf); };
     F6.Port_Eingerichtet = [this] { F2.Port_Einrichten_Anzeigen(); };
     F6.Zurueck = [this] { Rufen(F2_Zeigen); };
     F7.Hauptfenster_Verbergen = [this] { F2.Fenster.Visible = false; };

@@ -10,12 +10,19 @@
 #include "Words.h"
 
 #include <Lines.h>
+#include <utility>
 
 namespace qvm {
+namespace {
+
+/// Milliseconds, until a step sets others.
+constexpr int BarMs = 500, PollMs = 1000, ChannelMs = 20, NextUnitMs = 900, UnitChannelMs = 500;
+
+} // namespace
 
 Programmierlauf::Programmierlauf(Link& serialLink)
-    : link(serialLink), kern(serialLink.kern), Timer6(kern.Welt, 500), Timer7(kern.Welt, 1000), Timer8(kern.Welt, 20),
-      Timer9(kern.Welt, 900), Timer11(kern.Welt, 500) {
+    : link(serialLink), kern(serialLink.kern), Timer6(kern.Welt, BarMs), Timer7(kern.Welt, PollMs),
+      Timer8(kern.Welt, ChannelMs), Timer9(kern.Welt, NextUnitMs), Timer11(kern.Welt, UnitChannelMs) {
     Timer6.Ticked = [this] {
         int& second = link.Lauf.Progress.SecondProgress;
         second = second + 4 > 27 ? 0 : second + 4;
@@ -37,6 +44,14 @@ void Lauf_Ruecksetzen(Programmierlauf& run) {
     run.Bericht = {};
     run.Cancelled = false;
     run.Gesamtende = true;
+}
+
+void Lauf_Timer_Ruecksetzen(Programmierlauf& run) {
+    for (const auto& [timer, interval] : {std::pair{&run.Timer7, PollMs}, std::pair{&run.Timer8, ChannelMs},
+                                          std::pair{&run.Timer9, NextUnitMs}, std::pair{&run.Timer11, UnitChannelMs}}) {
+        timer->Stop();
+        timer->SetInterval(interval);
+    }
 }
 
 std::optional<RunOrder> Lauf_Auftrag(RunOrder wish, const LockRow& lock, const Dataset& dataset) {

@@ -126,6 +126,8 @@ struct Programmierlauf {
 
 /// Nothing of an earlier run is left in chain and report, before a lock is begun. The list stays.
 void Lauf_Ruecksetzen(Programmierlauf& run);
+/// The timers of a run stop and have the intervals that they begin with.
+void Lauf_Timer_Ruecksetzen(Programmierlauf& run);
 /// `wish` for one lock: with its number, name and serial, and with what follows from its dataset. A lock that needs two
 /// passes gets them where it is programmed; the fingers of one that holds some are not erased. Nothing when its serial
 /// is none. How the lock is reached, and what is done with it, `wish` says.
