@@ -16,10 +16,7 @@ void Programm::Hauptfenster_Verbinden() {
     F2.Hooks.Bestand_Lesen = [this] { return Bestand_Lesen(kern); };
     F2.Hooks.Historien_Lesen = [this] { return Historien_Liste(kern); };
     F2.Hooks.Historie_Oeffnen = [this](const std::string& path) { F7.F7_Oeffnen(path); };
-    F2.Hooks.F9_Schliessen = [this] {
-        F9.Stille.Stop();
-        F9.Fenster.Visible = false;
-    };
+    F2.Hooks.F9_Schliessen = [this] { F9.F9_Schliessen(); };
     F2.Hooks.Lauf_Timer_Anhalten = [this] { Lauf_Timer_Ruecksetzen(Lauf); };
     F6.Port_Eingerichtet = [this] { F2.Port_Einrichten_Anzeigen(); };
     F6.Zurueck = [this] { Rufen(F2_Zeigen); };

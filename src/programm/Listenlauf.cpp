@@ -22,13 +22,9 @@ void Programm::Liste_Verbinden() {
     F11.Netzlauf_Starten = [this] {
         F91.Einzelnes_Schloss_Starten(F13.FGK13, F11.LockRowOfGrid, F11.Gewaehlter_Adapter());
     };
-    F91.Schlossgitter_Schliessen = [this] {
-        // The lock of the run comes back without its mark, as behind the direct route.
-        F13.Marke_Setzen(F11.LockRowOfGrid, false);
-        Rufen(F11.F13_Verbergen);
-    };
+    F91.Schlossgitter_Schliessen = [this] { F13.Fuer_Netzlauf_Verbergen(); };
     F91.Hauptfenster_Zeigen = [this] {
-        F13.Fenster.Enabled = true;
+        F13.F13_Freigeben();
         Rufen(F2_Zeigen);
     };
     F91.F92_Zeigen = [this] { F92.F92_Laden(); };
@@ -41,30 +37,15 @@ void Programm::Liste_Verbinden() {
 
 void Programm::Liste_Ansicht_Verbinden() {
     Lauf.Liste = ListView{
-        // What comes late over the serial route is no news of a row that a network adapter has.
-        .Zeile_Markieren =
-            [this](const std::string& mark, const std::string& text) {
-                if (F91.Arbeit() != F91::Work::Network) {
-                    F91.Zeile_Markieren(mark, text);
-                }
-            },
-        .Naechste_Zeile =
-            [this] {
-                if (F91.Arbeit() != F91::Work::Network) {
-                    F91.Naechste_Zeile(StepPrgNextDataset);
-                }
-            },
+        .Zeile_Markieren = [this](const std::string& mark,
+                                  const std::string& text) { F91.Direkt_Markieren(mark, text); },
+        .Naechste_Zeile = [this] { F91.Direkt_Naechste_Zeile(); },
         .Stoppen = [this] { F91.Stoppen(); },
     };
     Netz.Ansicht = NetView{
         .Status = [this](int line, int second) { F91.Status_Zeigen(line, second); },
         .Blinken = [this](bool on) { F91.Blinken(on); },
-        .Balken =
-            [this](int maximum, int value, bool visible) {
-                F91.Balken.Maximum = maximum;
-                F91.Balken.Value = value;
-                F91.Balken.Visible = visible;
-            },
+        .Balken = [this](int maximum, int value, bool visible) { F91.Balken_Zeigen(maximum, value, visible); },
         .Zeile_Markieren = [this](std::string_view mark, int line) { F91.Zeile_Markieren(mark, kern.Zeile(line)); },
         .Zeile_Melden = [this](std::string_view mark, const std::string& text) { F91.Zeile_Markieren(mark, text); },
         .Naechste_Zeile = [this](std::string_view step) { F91.Naechste_Zeile(step); },

@@ -27,22 +27,9 @@ Programm::Programm(Platform& world, const std::string& directory)
 void Programm::Ansicht_Verbinden() {
     Lauf.Ansicht = RunView{
         .Fortschritt = [this] { F9.Fortschritt(); },
-        .F9_Zeigen =
-            [this] {
-                F9.F9_Zeigen();
-                // The wait box may have been left before a channel answered: the run that goes on is not to be closed.
-                F9.Command2.Enabled = Lauf.Gesamtende || Lauf.Cancelled || link.Lauf.Chain.AbbruchWunsch != 0;
-            },
+        .F9_Zeigen = [this] { F9.Im_Lauf_Zeigen(); },
         .Status = [this](int line) { F9.Status_Zeigen(line); },
-        .Fertig =
-            [this](int line) {
-                // A run that ends during a channel search still shows how it ended.
-                F18.F18_Schliessen();
-                if (!F9.Fenster.Visible) {
-                    F9.F9_Zeigen();
-                }
-                F9.Fertig(line);
-            },
+        .Fertig = [this](int line) { F9.Lauf_Fertig(line); },
         .F9_Schliessen_Freigeben = [this] { F9.Schliessen_Freigeben(); },
         .Historie_Beschriften = [this] { F9.Status_Zeigen(Line::ReadingHistory); },
         .Zustand = [this](std::uint8_t state, const std::string& text) { F9.Zustand_Zeigen(state, text); },
@@ -58,13 +45,11 @@ void Programm::Ansicht_Verbinden() {
             },
         .Zum_Schlossgitter =
             [this] {
-                F9.Stille.Stop();
-                F9.Fenster.Visible = false;
+                F9.F9_Schliessen();
                 F18.F18_Schliessen();
-                F13.RFk_IconLoad();
-                F13.Fenster.Enabled = true;
+                F13.Hinter_Lauf_Freigeben();
             },
-        .Schlossgitter_Freigeben = [this] { F13.Fenster.Enabled = true; },
+        .Schlossgitter_Freigeben = [this] { F13.F13_Freigeben(); },
         .Historie_Oeffnen =
             [this](const std::string& path) {
                 if (F7_Oeffnen) {
@@ -82,10 +67,7 @@ void Programm::Ansicht_Verbinden() {
 }
 
 void Programm::Fenster_Verbinden() {
-    F9.F13_Freigeben = [this] {
-        F13.RFk_IconLoad();
-        F13.Fenster.Enabled = true;
-    };
+    F9.F13_Freigeben = [this] { F13.Hinter_Lauf_Freigeben(); };
     F18.F9_Zeigen = [this] { F9.Suche_Endet(); };
     F11.Zurueck = [this] { F13.F11_Verlassen(); };
     F11.Marke_Loeschen = [this](int row) { F13.Marke_Setzen(row, false); };

@@ -246,6 +246,16 @@ void F13::F13_Verbergen() {
     Fenster.Visible = false;
 }
 
+void F13::Fuer_Netzlauf_Verbergen() {
+    Marke_Setzen(f11.LockRowOfGrid, false);
+    F13_Verbergen();
+}
+
+void F13::Hinter_Lauf_Freigeben() {
+    RFk_IconLoad();
+    F13_Freigeben();
+}
+
 void F13::F13_Schliessen() {
     F13_Verbergen();
     kept_.clear();

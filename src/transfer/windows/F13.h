@@ -60,7 +60,7 @@ struct F13 {
     std::function<void()> F17_Oeffnen;
     /// Copies a marked row into the run list. While it is empty the two list keys stand disabled.
     std::function<void(int gridRow, int listRow)> Listenzeile_Uebernehmen;
-    std::function<void()> Liste_Leeren;        ///< clears the run list, and its third timer stops
+    std::function<void()> Liste_Leeren; ///< clears the run list, and its third timer stops
     std::function<void()> Hauptfenster_Zeigen; ///< the main window comes back and supervises again
     /// Numbers of the locks that failed or were passed over in the last list.
     std::function<std::vector<int>()> Gescheiterte_Schloesser;
@@ -89,6 +89,12 @@ struct F13 {
     void F13_Schliessen();
     /// The window goes for a run that the main window follows. Its marks come back with it.
     void F13_Verbergen();
+    /// The same for one lock over the network, which comes back without its mark, as behind the direct route.
+    void Fuer_Netzlauf_Verbergen();
+    /// A run leaves the window to the operator again.
+    void F13_Freigeben() { Fenster.Enabled = true; }
+    /// The same; the run may have moved its lock to another channel.
+    void Hinter_Lauf_Freigeben();
     void Datum_Uhrzeit_akt(int row);
     /// The files that a run of the lock in this row rests on and that cannot be relied on.
     std::vector<FileTrouble> Dateien_Pruefen(int row) const;

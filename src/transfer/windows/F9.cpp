@@ -120,6 +120,16 @@ void F9::F9_Zeigen() {
     Stille.Start(1000);
 }
 
+void F9::Im_Lauf_Zeigen() {
+    F9_Zeigen();
+    Command2.Enabled = run.Gesamtende || Lauf_Abgebrochen(run);
+}
+
+void F9::F9_Schliessen() {
+    Stille.Stop();
+    Fenster.Visible = false;
+}
+
 void F9::Suche_Endet() {
     F9_Zeigen();
     searchEnds_ = true;
@@ -211,6 +221,14 @@ void F9::Fertig(int line) {
     Abschliessen();
 }
 
+void F9::Lauf_Fertig(int line) {
+    Rufen(run.Ansicht.Wartebox_Schliessen);
+    if (!Fenster.Visible) {
+        F9_Zeigen();
+    }
+    Fertig(line);
+}
+
 void F9::Schliessen_Freigeben() {
     Command1.Enabled = false;
     Command2.Enabled = true;
@@ -263,7 +281,7 @@ void F9::Command2_Click() {
     if (!run.Gesamtende) {
         Lauf_Aufgeben(run, RunOutcome::Cancelled);
     }
-    Fenster.Visible = false;
+    F9_Schliessen();
     Rufen(F13_Freigeben);
 }
 

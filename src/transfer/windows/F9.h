@@ -50,6 +50,10 @@ struct F9 {
     std::function<void()> F13_Freigeben; ///< the close button gives the grid back
 
     void F9_Zeigen();
+    /// The same in the middle of a run. The wait box may have been left before a channel answered: only a run that has
+    /// ended, or was cancelled, can be closed.
+    void Im_Lauf_Zeigen();
+    void F9_Schliessen();
     /// A channel search was cancelled, and no channel has answered yet: shown with its close button live.
     void Suche_Endet();
     /// Bars, check boxes and labels at the start of a run. ProgressMaximum, where the count of telegrams begins anew,
@@ -69,6 +73,8 @@ struct F9 {
     void Abschliessen();
     /// Both.
     void Fertig(int line);
+    /// A run has ended: also one that ends during a channel search shows how, in place of the wait box.
+    void Lauf_Fertig(int line);
     /// Only the close button is live.
     void Schliessen_Freigeben();
     /// First state report of a history: its text and one of five pictures.

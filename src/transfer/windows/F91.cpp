@@ -182,8 +182,7 @@ void F91::F91_Schliessen() {
         // A cancelled lock that has not closed its session yet.
         Lauf_Aufgeben(run, RunOutcome::Cancelled);
     }
-    f9.Stille.Stop();
-    f9.Fenster.Visible = false;
+    f9.F9_Schliessen();
     Liste_Leeren();
     run.link.Lauf.List = {};
     Fenster.Visible = false;
@@ -218,6 +217,24 @@ void F91::Command2_Click() {
         Zeile_Markieren(ListMark::Failed, kern.Zeile(Line::Cancelled));
     }
     Ende(Line::Cancelled);
+}
+
+void F91::Direkt_Markieren(std::string_view mark, std::string_view text) {
+    if (work_ != Work::Network) {
+        Zeile_Markieren(mark, text);
+    }
+}
+
+void F91::Direkt_Naechste_Zeile() {
+    if (work_ != Work::Network) {
+        Naechste_Zeile(StepPrgNextDataset);
+    }
+}
+
+void F91::Balken_Zeigen(int maximum, int value, bool visible) {
+    Balken.Maximum = maximum;
+    Balken.Value = value;
+    Balken.Visible = visible;
 }
 
 void F91::Stoppen() {

@@ -158,12 +158,17 @@ struct F91 {
     void Zeile_Markieren(std::string_view mark, std::string_view text);
     /// The present row is done: raises RunRow and plans `step`, or ends the list.
     void Naechste_Zeile(std::string_view step);
+    /// The same two by the direct run. What comes late over the serial route is no news of a row that a network adapter
+    /// has.
+    void Direkt_Markieren(std::string_view mark, std::string_view text);
+    void Direkt_Naechste_Zeile();
     /// The operator cancelled the direct run of the present row.
     void Stoppen();
     void Programmieren_Planen();
     /// Status label: catalogue line, followed by ". " and line `second` when that is not 0.
     void Status_Zeigen(int line, int second);
     void Blinken(bool on);
+    void Balken_Zeigen(int maximum, int value, bool visible);
     void Stillstand(NetStandstill reason);
     /// A row that stood still goes on, as a late reply came.
     void Weiter();
