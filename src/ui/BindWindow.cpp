@@ -24,6 +24,9 @@ public:
 
     void showVisible() {
         if (!model_.Visible) {
+            if (window_->isVisible()) {
+                noteFramePlace(window_);
+            }
             window_->hide();
             return;
         }

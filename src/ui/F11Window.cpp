@@ -14,8 +14,8 @@
 
 namespace qvm::ui {
 
-F11Window::F11Window(F11& f11, QWidget* parent)
-    : WindowBase(f11.Fenster, QStringLiteral("F11"), Qt::Dialog, parent), f11_(f11) {
+F11Window::F11Window(F11& f11, QWidget* owner)
+    : WindowBase(f11, QStringLiteral("F11"), Stand::Centred, owner), f11_(f11) {
     content()->setContentsMargins(20, 18, 20, 16);
     content()->setSpacing(12);
     makeCode();

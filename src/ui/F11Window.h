@@ -17,7 +17,7 @@ class F11Window : public WindowBase {
     Q_OBJECT
 
 public:
-    F11Window(F11& f11, QWidget* parent);
+    F11Window(F11& f11, QWidget* owner);
 
     void setWords() override;
 

@@ -24,8 +24,8 @@ QKeySequence repeatKey() {
 
 } // namespace
 
-F13Window::F13Window(F13& f13, QWidget* parent)
-    : WindowBase(f13.Fenster, QStringLiteral("F13"), Qt::Window, parent), f13_(f13) {
+F13Window::F13Window(F13& f13, QWidget* main)
+    : WindowBase(f13, QStringLiteral("F13"), Stand::InPlaceOfMain, main), f13_(f13) {
     QToolBar* bar = addToolBar();
     for (ToolButton& button : f13.Toolbar1) {
         addToolButton(button, bar, [this](std::string_view key) { f13_.Toolbar1_ButtonClick(key); });

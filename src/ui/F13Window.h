@@ -15,7 +15,7 @@ class F13Window : public WindowBase {
     Q_OBJECT
 
 public:
-    explicit F13Window(F13& f13, QWidget* parent = nullptr);
+    explicit F13Window(F13& f13, QWidget* main = nullptr);
     ~F13Window() override;
 
     void setWords() override;

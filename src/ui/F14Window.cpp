@@ -17,8 +17,8 @@ constexpr int NarrowestWidth = 420, ChannelWidth = 180;
 
 } // namespace
 
-F14Window::F14Window(F14& model, QWidget* parent)
-    : WindowBase(model.Fenster, QStringLiteral("F14"), Qt::Dialog, parent), f14_(model), caption_(new QLabel(this)),
+F14Window::F14Window(F14& model, QWidget* main)
+    : WindowBase(model, QStringLiteral("F14"), Stand::OverMain, main), f14_(model), caption_(new QLabel(this)),
       channels_(new QComboBox(this)) {
     QToolBar* bar = addToolBar();
     for (ToolButton& button : f14_.Toolbar1) {

@@ -13,7 +13,7 @@ class F14Window : public WindowBase {
     Q_OBJECT
 
 public:
-    F14Window(F14& model, QWidget* parent);
+    F14Window(F14& model, QWidget* main);
 
     void setWords() override;
 

@@ -17,8 +17,8 @@ constexpr int ListWidth = 300, RowHeight = 30;
 
 } // namespace
 
-F15Window::F15Window(F15& model, QWidget* parent)
-    : WindowBase(model.Fenster, QStringLiteral("F15"), Qt::Dialog, parent), f15_(model), list_(new QListWidget(this)) {
+F15Window::F15Window(F15& model, QWidget* owner)
+    : WindowBase(model, QStringLiteral("F15"), Stand::Centred, owner), f15_(model), list_(new QListWidget(this)) {
     setWindowModality(Qt::WindowModal);
     list_->setStyleSheet(QStringLiteral("QListWidget::item { min-height: %1px; }").arg(RowHeight));
     list_->setMinimumWidth(ListWidth);

@@ -12,7 +12,7 @@ class F15Window : public WindowBase {
     Q_OBJECT
 
 public:
-    F15Window(F15& model, QWidget* parent);
+    F15Window(F15& model, QWidget* owner);
 
     void setWords() override;
 

@@ -11,8 +11,9 @@
 
 namespace qvm::ui {
 
-F18Window::F18Window(F18& f18, QWidget* parent)
-    : WindowBase(f18.Fenster, QStringLiteral("F18"), Qt::Dialog, parent), f18_(f18), bar_(new QProgressBar(this)) {
+F18Window::F18Window(F18& f18, QWidget* owner, QWidget* list)
+    : WindowBase(f18, QStringLiteral("F18"), Stand::Centred, owner), f18_(f18), bar_(new QProgressBar(this)) {
+    setBeside(list);
     content()->setContentsMargins(20, 18, 20, 16);
     auto* lock = new QLabel(this);
     bindHeading(f18.Schloss, lock, QStringLiteral("F18.Schloss"));
@@ -39,7 +40,7 @@ F18Window::F18Window(F18& f18, QWidget* parent)
 }
 
 void F18Window::setWords() {
-    bar_->setAccessibleName(word(Word::ChannelSearch, f18_.run.link.kern.Config.Sprache));
+    bar_->setAccessibleName(word(Word::ChannelSearch, f18_.kern.Config.Sprache));
 }
 
 } // namespace qvm::ui

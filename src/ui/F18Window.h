@@ -12,7 +12,8 @@ class F18Window : public WindowBase {
     Q_OBJECT
 
 public:
-    F18Window(F18& f18, QWidget* parent);
+    /// `list`: the run list.
+    F18Window(F18& f18, QWidget* owner, QWidget* list = nullptr);
 
     void setWords() override;
 

@@ -18,8 +18,8 @@ constexpr int AboutBrandSize = 64;
 
 } // namespace
 
-F1Window::F1Window(F1& model, QWidget* parent)
-    : WindowBase(model.Fenster, QStringLiteral("F1"), Qt::Dialog, parent), f1_(model) {
+F1Window::F1Window(F1& model, QWidget* owner)
+    : WindowBase(model, QStringLiteral("F1"), Stand::Centred, owner), f1_(model) {
     setWindowModality(Qt::WindowModal);
     content()->setSpacing(18);
     content()->addLayout(makeHead());

@@ -13,7 +13,7 @@ class F1Window : public WindowBase {
     Q_OBJECT
 
 public:
-    F1Window(F1& model, QWidget* parent);
+    F1Window(F1& model, QWidget* owner);
 
     void setWords() override;
 

@@ -25,8 +25,8 @@ constexpr int MinimumWidth = 640, MinimumHeight = 420, FirstWidth = 720, FirstHe
 
 } // namespace
 
-F6Window::F6Window(F6& model, QWidget* parent)
-    : WindowBase(model.Fenster, QStringLiteral("F6"), Qt::Dialog, parent), f6_(model) {
+F6Window::F6Window(F6& model, QWidget* main)
+    : WindowBase(model, QStringLiteral("F6"), Stand::OverMain, main), f6_(model) {
     makeToolBar();
     auto* check = new QCheckBox(this);
     bind(f6_.Check1, check, QStringLiteral("F6.Check1"), [this](bool on) {

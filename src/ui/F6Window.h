@@ -17,7 +17,7 @@ class F6Window : public WindowBase {
     Q_OBJECT
 
 public:
-    F6Window(F6& model, QWidget* parent);
+    F6Window(F6& model, QWidget* main);
 
     void setWords() override;
 

@@ -47,8 +47,7 @@ public:
 
 } // namespace
 
-F7Window::F7Window(F7& f7, QWidget* parent)
-    : WindowBase(f7.Fenster, QStringLiteral("F7"), Qt::Window, parent), f7_(f7) {
+F7Window::F7Window(F7& f7, QWidget* main) : WindowBase(f7, QStringLiteral("F7"), Stand::InPlaceOfMain, main), f7_(f7) {
     QToolBar* bar = addToolBar();
     for (ToolButton& button : f7.Toolbar1) {
         addToolButton(button, bar, [this](std::string_view key) { f7_.Toolbar1_ButtonClick(key); });

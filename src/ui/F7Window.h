@@ -15,7 +15,7 @@ class F7Window : public WindowBase {
     Q_OBJECT
 
 public:
-    explicit F7Window(F7& f7, QWidget* parent = nullptr);
+    explicit F7Window(F7& f7, QWidget* main = nullptr);
     ~F7Window() override;
 
     void setWords() override;

@@ -16,8 +16,7 @@ constexpr int TextWidth = 260;
 
 } // namespace
 
-F8Window::F8Window(F8& f8, QWidget* parent)
-    : WindowBase(f8.Fenster, QStringLiteral("F8"), Qt::Dialog, parent), f8_(f8) {
+F8Window::F8Window(F8& f8, QWidget* owner) : WindowBase(f8, QStringLiteral("F8"), Stand::Dialog, owner), f8_(f8) {
     content()->setContentsMargins(20, 18, 20, 16);
     content()->setSpacing(14);
     makeOptions();

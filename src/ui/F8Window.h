@@ -12,7 +12,7 @@ class F8Window : public WindowBase {
     Q_OBJECT
 
 public:
-    F8Window(F8& f8, QWidget* parent);
+    F8Window(F8& f8, QWidget* owner);
 
 private:
     void makeOptions();

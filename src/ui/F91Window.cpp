@@ -18,8 +18,8 @@ constexpr int FrozenListColumns = 2; ///< number and name
 
 } // namespace
 
-F91Window::F91Window(F91& f91, QWidget* parent)
-    : WindowBase(f91.Fenster, QStringLiteral("F91"), Qt::Window, parent), f91_(f91) {
+F91Window::F91Window(F91& f91, QWidget* main)
+    : WindowBase(f91, QStringLiteral("F91"), Stand::InPlaceOfMain, main), f91_(f91) {
     content()->setContentsMargins(12, 12, 12, 12);
     content()->setSpacing(8);
     makeGrid();

@@ -15,7 +15,7 @@ class F91Window : public WindowBase {
     Q_OBJECT
 
 public:
-    explicit F91Window(F91& f91, QWidget* parent = nullptr);
+    explicit F91Window(F91& f91, QWidget* main = nullptr);
     ~F91Window() override;
 
     void setWords() override;

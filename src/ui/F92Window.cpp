@@ -18,8 +18,8 @@ constexpr int ListRows = 13, CaptionGap = 6;
 
 } // namespace
 
-F92Window::F92Window(F92& f92, QWidget* parent)
-    : WindowBase(f92.Fenster, QStringLiteral("F92"), Qt::Dialog, parent), f92_(f92) {
+F92Window::F92Window(F92& f92, QWidget* owner)
+    : WindowBase(f92, QStringLiteral("F92"), Stand::Dialog, owner), f92_(f92) {
     content()->setContentsMargins(20, 18, 20, 16);
     content()->setSpacing(12);
     makeHead();

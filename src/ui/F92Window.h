@@ -17,7 +17,7 @@ class F92Window : public WindowBase {
     Q_OBJECT
 
 public:
-    F92Window(F92& f92, QWidget* parent);
+    F92Window(F92& f92, QWidget* owner);
     ~F92Window() override;
 
     void setWords() override;

@@ -18,8 +18,9 @@ constexpr int StatePictureSize = 32, SignSize = 26;
 
 } // namespace
 
-F9Window::F9Window(F9& f9, QWidget* parent)
-    : WindowBase(f9.Fenster, QStringLiteral("F9"), Qt::Dialog, parent), f9_(f9) {
+F9Window::F9Window(F9& f9, QWidget* owner, QWidget* list)
+    : WindowBase(f9, QStringLiteral("F9"), Stand::Centred, owner), f9_(f9) {
+    setBeside(list);
     content()->setContentsMargins(20, 18, 20, 16);
     content()->setSpacing(12);
     makeHead();

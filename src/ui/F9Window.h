@@ -12,7 +12,8 @@ class F9Window : public WindowBase {
     Q_OBJECT
 
 public:
-    F9Window(F9& f9, QWidget* parent);
+    /// `list`: the run list.
+    F9Window(F9& f9, QWidget* owner, QWidget* list = nullptr);
 
     void setWords() override;
 

@@ -5,11 +5,17 @@
 #include <QScreen>
 #include <QSettings>
 #include <QStandardPaths>
+#include <QVariant>
 #include <QWidget>
 
 #include <algorithm>
 
 namespace qvm::ui {
+namespace {
+
+constexpr const char* HiddenAt = "hiddenAt"; ///< property of a window
+
+} // namespace
 
 QRect onScreen(QRect place) {
     const QScreen* screen = QGuiApplication::screenAt(place.center());
@@ -21,9 +27,28 @@ QRect onScreen(QRect place) {
     }
     const QRect room = screen->availableGeometry();
     place.setSize(place.size().boundedTo(room.size()));
-    place.moveLeft(std::clamp(place.left(), room.left(), room.right() - place.width() + 1));
-    place.moveTop(std::clamp(place.top(), room.top(), room.bottom() - place.height() + 1));
+    place.moveTopLeft(withinRoom(place.topLeft(), place.size(), room));
     return place;
+}
+
+QPoint withinRoom(const QPoint& place, const QSize& size, const QRect& room) {
+    return {std::max(room.left(), std::min(place.x(), room.right() + 1 - size.width())),
+            std::max(room.top(), std::min(place.y(), room.bottom() + 1 - size.height()))};
+}
+
+QPoint beside(const QRect& other, const QSize& size, const QRect& room) {
+    const int right = room.right() + 1 - size.width();
+    const int left = other.left() - size.width();
+    const int x = other.right() + 1 <= right ? other.right() + 1 : left >= room.left() ? left : right;
+    return withinRoom({x, other.center().y() - size.height() / 2}, size, room);
+}
+
+void noteFramePlace(QWidget* window) {
+    window->setProperty(HiddenAt, window->pos());
+}
+
+QPoint framePlace(const QWidget* window) {
+    return window->isVisible() ? window->pos() : window->property(HiddenAt).toPoint();
 }
 
 QString geometryFile() {

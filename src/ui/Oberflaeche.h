@@ -16,8 +16,6 @@
 #include "Programm.h"
 #include "QtWords.h"
 
-#include <QPoint>
-
 #include <functional>
 #include <utility>
 #include <vector>
@@ -41,23 +39,21 @@ public:
     F8Window f8;
     F14Window f14;
     F13Window f13;
+    F91Window f91;
     F11Window f11;
     F9Window f9;
     F18Window f18;
-    F91Window f91;
     F92Window f92;
 
 private:
     void connectMainWindow();
     void connectWords();
     void setWords();
-    void keepPlace(std::function<void()>& hook);
 
     Programm& programm_;
     QtWords qtWords_;
     /// Hooks of the program that lead here first, and what stood in them.
     std::vector<std::pair<std::function<void()>*, std::function<void()>>> replaced_;
-    QPoint place_; ///< FensterX, FensterY: where the main window stood when it opened the last window
 };
 
 } // namespace qvm::ui

@@ -1,5 +1,6 @@
 #include "WindowBase.h"
 
+#include "Geometry.h"
 #include "TextEdge.h"
 #include "Theme.h"
 #include "WindowAccess.h"
@@ -7,8 +8,10 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QToolBar>
 #include <QVBoxLayout>
+#include <QWindow>
 
 namespace qvm::ui {
 namespace {
@@ -35,8 +38,9 @@ void bindHeading(Label& model, QLabel* widget, const QString& name) {
     });
 }
 
-WindowBase::WindowBase(Window& model, const QString& name, Qt::WindowFlags flags, QWidget* parent)
-    : QWidget(parent, flags), model_(model), outer_(new QVBoxLayout(this)), content_(new QVBoxLayout) {
+WindowBase::WindowBase(Window& model, const QString& name, Stand stand, QWidget* owner)
+    : QWidget(stand == Stand::InPlaceOfMain ? nullptr : owner, stand == Stand::InPlaceOfMain ? Qt::Window : Qt::Dialog),
+      model_(model), stand_(stand), owner_(owner), outer_(new QVBoxLayout(this)), content_(new QVBoxLayout) {
     describeWindows();
     setObjectName(name);
     setWindowIcon(programIcon());
@@ -84,7 +88,34 @@ void WindowBase::keepLeastSize() {
     }
 }
 
+void WindowBase::placeBy(const QWidget& owner) {
+    const QRect room = screen()->availableGeometry();
+    const QSize size = frameGeometry().size();
+    if (&owner == beside_) {
+        move(beside(owner.frameGeometry(), size, owner.screen()->availableGeometry()));
+    } else if (stand_ == Stand::Centred && owner.isVisible()) {
+        QRect middle(QPoint(), size);
+        middle.moveCenter(owner.frameGeometry().center());
+        move(withinRoom(middle.topLeft(), size, room));
+    } else if ((stand_ == Stand::InPlaceOfMain || stand_ == Stand::OverMain) && !isMaximized()) {
+        move(withinRoom(framePlace(&owner), size, room));
+    }
+}
+
+void WindowBase::place() {
+    const QWidget* owner = beside_ != nullptr && beside_->isVisible() ? beside_ : owner_;
+    if (owner != nullptr) {
+        placeBy(*owner);
+    }
+    if (beside_ != nullptr && windowHandle() != nullptr) {
+        windowHandle()->setTransientParent(owner != nullptr ? owner->windowHandle() : nullptr);
+    }
+}
+
 bool WindowBase::event(QEvent* event) {
+    if (event->type() == QEvent::Show && !event->spontaneous()) {
+        place();
+    }
     const bool handled = QWidget::event(event);
     if (event->type() == QEvent::LayoutRequest) {
         keepLeastSize();

@@ -19,6 +19,14 @@ void keepRoom(QWidget* widget);
 /// The line that says what a window is about, which stands out; without a text it takes no room.
 void bindHeading(Label& model, QLabel* widget, const QString& name);
 
+/// What kind of window it is, and where it appears.
+enum class Stand {
+    InPlaceOfMain, ///< a window of its own, where the main window stands or stood
+    OverMain,      ///< a dialog of the main window at the same place
+    Centred,       ///< a dialog in the middle of the window that it belongs to
+    Dialog,        ///< a dialog where it was last, or where the window manager puts it
+};
+
 /// What every window but the main window starts from: icon, binding, an optional tool bar over a content area, and a
 /// button that Return presses. Windows are never deleted while the program runs, only hidden: their handlers may be on
 /// the stack when they close.
@@ -26,9 +34,11 @@ class WindowBase : public QWidget {
     Q_OBJECT
 
 public:
-    /// `flags`: Qt::Window, or Qt::Dialog for one that stands over its parent, which no click may bring before it: only
-    /// of dialogs does a window manager learn whom they belong to. `name`: "F13" for one.
-    WindowBase(Window& model, const QString& name, Qt::WindowFlags flags, QWidget* parent);
+    /// `name`: "F13" for one. `owner`: the window that it belongs to, or in whose place it stands; may be nullptr. No
+    /// click brings an owner before its dialog: only of dialogs does a window manager learn whom they belong to.
+    template <class Model>
+    WindowBase(Model& model, const QString& name, Stand stand, QWidget* owner)
+        : WindowBase(model.Fenster, name, stand, owner) {}
 
     /// Words of the front end's own in the language in use. Happens whenever the window appears, too.
     virtual void setWords() {}
@@ -43,6 +53,8 @@ protected:
     void setDefaultButton(QPushButton* button);
     /// In device independent pixels: the window never gets smaller than this, nor than its content needs.
     void setLeastSize(int width, int height = 0);
+    /// While that window is open this one belongs to it instead, and stands beside it.
+    void setBeside(QWidget* other) { beside_ = other; }
     /// To be called at the end of the constructor: title, visibility, place. `remember`: place and size.
     void finish(WindowHandlers handlers, bool remember = true);
     bool event(QEvent* event) override;
@@ -50,12 +62,16 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
-    Window& windowModel() const { return model_; }
-
 private:
+    WindowBase(Window& model, const QString& name, Stand stand, QWidget* owner);
     void keepLeastSize();
+    void place();
+    void placeBy(const QWidget& owner);
 
     Window& model_;
+    Stand stand_;
+    QWidget* owner_;
+    QWidget* beside_ = nullptr;
     QVBoxLayout* outer_;
     QVBoxLayout* content_;
     QPushButton* default_ = nullptr;

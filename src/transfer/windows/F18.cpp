@@ -5,9 +5,8 @@
 #include <Lines.h>
 
 namespace qvm {
-namespace {} // namespace
-
-F18::F18(Programmierlauf& programmierlauf) : run(programmierlauf), Wache(programmierlauf.kern.Welt, 1000) {
+F18::F18(Programmierlauf& programmierlauf)
+    : run(programmierlauf), kern(programmierlauf.kern), Wache(programmierlauf.kern.Welt, 1000) {
     Balken.Minimum = 100;
     Balken.Maximum = 200;
     Balken.Value = 100;
@@ -39,14 +38,14 @@ void F18::Text_Zeigen(int line) {
 }
 
 void F18::Text_Setzen() {
-    Text.Text = pulled_ ? Wort(run.kern, Word::AdapterPulled) : run.kern.Zeile(textLine_);
+    Text.Text = pulled_ ? Wort(kern, Word::AdapterPulled) : kern.Zeile(textLine_);
 }
 
 void F18::Texte_Setzen() {
-    Fenster.Title = Fenstertitel(Wort(run.kern, Word::ChannelSearch));
+    Fenster.Title = Fenstertitel(Wort(kern, Word::ChannelSearch));
     Text_Setzen();
     Schloss.Text = Lauf_Schloss(run);
-    Command1.Text = run.kern.Zeile(Line::Cancel);
+    Command1.Text = kern.Zeile(Line::Cancel);
 }
 
 void F18::Command1_Click() {

@@ -11,6 +11,7 @@ struct F18 {
     explicit F18(Programmierlauf& programmierlauf);
 
     Programmierlauf& run;
+    Kern& kern;
     Window Fenster;
     Label Schloss;      ///< which lock is searched
     Label Text;         ///< that it is being searched, or that the adapter is gone
