@@ -23,10 +23,7 @@ void Programm::Liste_Verbinden() {
         F91.Einzelnes_Schloss_Starten(F13.FGK13, F11.LockRowOfGrid, F11.Gewaehlter_Adapter());
     };
     F91.Schlossgitter_Schliessen = [this] { F13.Fuer_Netzlauf_Verbergen(); };
-    F91.Hauptfenster_Zeigen = [this] {
-        F13.F13_Freigeben();
-        Rufen(F2_Zeigen);
-    };
+    F91.Schlossgitter_Freigeben = [this] { F13.F13_Freigeben(); };
     F91.F92_Zeigen = [this] { F92.F92_Laden(); };
     F91.F92_Schliessen = [this] { F92.Fenster.Visible = false; };
     F92.Gewaehlt = [this](const DateTime& start) { F91.Startzeit_Setzen(start); };

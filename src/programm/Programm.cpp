@@ -56,13 +56,7 @@ void Programm::Ansicht_Verbinden() {
                     F7_Oeffnen(path);
                 }
             },
-        .Hauptfenster_Freigeben =
-            [this] {
-                // In the middle of a run, or beside the lock grid or the run list, the main window stays away.
-                if (link.Lauf.Chain.Phase == RunPhase::None && !F13.Fenster.Visible && !F91.Fenster.Visible) {
-                    Rufen(F2_Zeigen);
-                }
-            },
+        .Hauptfenster_Freigeben = [this] { F2.F2_Freigeben(); },
     };
 }
 
@@ -71,7 +65,6 @@ void Programm::Fenster_Verbinden() {
     F18.F9_Zeigen = [this] { F9.Suche_Endet(); };
     F11.Zurueck = [this] { F13.F11_Verlassen(); };
     F11.Marke_Loeschen = [this](int row) { F13.Marke_Setzen(row, false); };
-    F13.Hauptfenster_Zeigen = [this] { Rufen(F2_Zeigen); };
 }
 
 void Programm::Haken_Verbinden() {

@@ -50,17 +50,14 @@ struct Programm {
     struct F14 F14;
     struct F15 F15;
 
-    // Rows of the reply chain, and ends of a run, that lead to windows of the front end. May be empty. A front end that
-    // fills a hook of F2 calls F2.Tasten_Freigeben afterwards, or fills it before F2 opens.
+    // Rows of the reply chain, and ends of a run, that lead to windows of the front end. May be empty.
     LinkHooks Fensterhaken;
-    std::function<void()> F2_Zeigen;                         ///< the main window comes back; a console has none
     DataHolder Datenbesitzer;                                ///< who has the data files, when Programm_Start says so
     std::function<void(const std::string& path)> F7_Oeffnen; ///< shows the history file of a run, by F7 or otherwise
 
 private:
     void Ansicht_Verbinden();
     void Hauptfenster_Verbinden();
-    void Texte_Setzen();
     void Fenster_Verbinden();
     void Haken_Verbinden();
     void Liste_Verbinden();

@@ -29,6 +29,7 @@ namespace qvm::ui {
 namespace {
 
 constexpr int BrandSize = 60, MainIconSize = 32, PageMargin = 18, StatusMargin = 8;
+constexpr const char *CalendarMenu = "F2_Kalend", *ClockMenu = "F2_Schaltuhr";
 constexpr int WidestBar = 50;        ///< in heights of a line: 800 points with letters of usual size
 constexpr qreal SmallCaption = 0.85; ///< of the font
 
@@ -66,10 +67,19 @@ F2Window::F2Window(F2& model) : f2_(model) {
         card_->showReason();
     });
     setWords();
+    words_ = f2_.kern.Windows.WordsChanged.Listen([this] { setWords(); });
+    f2_.kern.Windows.Open[CalendarMenu] = [this] { popUp(calendarMenu_, "636I259"); };
+    f2_.kern.Windows.Open[ClockMenu] = [this] { popUp(clockMenu_, "Schaltuhr"); };
+    f2_.Tasten_Freigeben();
     card_->setFocus();
     layout()->setSizeConstraint(QLayout::SetFixedSize);
     const auto close = [this] { f2_.Beenden(); };
     bind(f2_.Fenster, this, QStringLiteral("F2"), {.onClose = close, .onEscape = {}});
+}
+
+F2Window::~F2Window() {
+    f2_.kern.Windows.Open.erase(CalendarMenu);
+    f2_.kern.Windows.Open.erase(ClockMenu);
 }
 
 void F2Window::makeMenus() {

@@ -22,12 +22,10 @@ class F2Window : public QMainWindow {
 
 public:
     explicit F2Window(F2& model);
+    ~F2Window() override;
 
     /// Words that the catalogue does not hold, anew.
     void setWords();
-    /// Opens the menu of a tool bar key under it and waits until it is closed.
-    void popUpCalendarMenu() { popUp(calendarMenu_, "636I259"); }
-    void popUpClockMenu() { popUp(clockMenu_, "Schaltuhr"); }
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -41,6 +39,7 @@ private:
     QLayout* makeLinkRow();
     void makeStatusBar();
     void fitCaptions();
+    /// Opens the menu of a tool bar key under it and waits until it is closed.
     void popUp(QMenu* menu, std::string_view key);
 
     F2& f2_;
@@ -51,6 +50,7 @@ private:
     LinkCard* card_ = nullptr;
     ElidedLabel* reason_ = nullptr;
     QAction* histories_ = nullptr; ///< the heading over them
+    Listener words_;
 };
 
 } // namespace qvm::ui

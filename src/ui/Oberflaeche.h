@@ -16,10 +16,6 @@
 #include "Programm.h"
 #include "QtWords.h"
 
-#include <functional>
-#include <utility>
-#include <vector>
-
 namespace qvm::ui {
 
 /// All windows over a Programm. They live as long as this does, shown and hidden by their models; none is on the screen
@@ -31,6 +27,12 @@ public:
     Oberflaeche(const Oberflaeche&) = delete;
     Oberflaeche& operator=(const Oberflaeche&) = delete;
 
+private:
+    Programm& programm_;
+    QtWords qtWords_;
+    Listener words_; ///< before those of the windows, which may ask for Qt's words
+
+public:
     F2Window f2;
     F1Window f1;
     F15Window f15;
@@ -44,16 +46,6 @@ public:
     F9Window f9;
     F18Window f18;
     F92Window f92;
-
-private:
-    void connectMainWindow();
-    void connectWords();
-    void setWords();
-
-    Programm& programm_;
-    QtWords qtWords_;
-    /// Hooks of the program that lead here first, and what stood in them.
-    std::vector<std::pair<std::function<void()>*, std::function<void()>>> replaced_;
 };
 
 } // namespace qvm::ui

@@ -38,9 +38,10 @@ void bindHeading(Label& model, QLabel* widget, const QString& name) {
     });
 }
 
-WindowBase::WindowBase(Window& model, const QString& name, Stand stand, QWidget* owner)
+WindowBase::WindowBase(Kern& kern, Window& model, const QString& name, Stand stand, QWidget* owner)
     : QWidget(stand == Stand::InPlaceOfMain ? nullptr : owner, stand == Stand::InPlaceOfMain ? Qt::Window : Qt::Dialog),
-      model_(model), stand_(stand), owner_(owner), outer_(new QVBoxLayout(this)), content_(new QVBoxLayout) {
+      model_(model), stand_(stand), owner_(owner), outer_(new QVBoxLayout(this)), content_(new QVBoxLayout),
+      words_(kern.Windows.WordsChanged.Listen([this] { setWords(); })) {
     describeWindows();
     setObjectName(name);
     setWindowIcon(programIcon());

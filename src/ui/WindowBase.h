@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Bind.h"
+#include "Kern.h"
 
 #include <QWidget>
 
@@ -38,9 +39,10 @@ public:
     /// click brings an owner before its dialog: only of dialogs does a window manager learn whom they belong to.
     template <class Model>
     WindowBase(Model& model, const QString& name, Stand stand, QWidget* owner)
-        : WindowBase(model.Fenster, name, stand, owner) {}
+        : WindowBase(model.kern, model.Fenster, name, stand, owner) {}
 
-    /// Words of the front end's own in the language in use. Happens whenever the window appears, too.
+    /// Words of the front end's own in the language in use. Happens when another one is chosen, and whenever the window
+    /// appears.
     virtual void setWords() {}
 
 protected:
@@ -63,7 +65,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    WindowBase(Window& model, const QString& name, Stand stand, QWidget* owner);
+    WindowBase(Kern& kern, Window& model, const QString& name, Stand stand, QWidget* owner);
     void keepLeastSize();
     void place();
     void placeBy(const QWidget& owner);
@@ -76,6 +78,7 @@ private:
     QVBoxLayout* content_;
     QPushButton* default_ = nullptr;
     QSize least_; ///< as set
+    Listener words_;
 };
 
 } // namespace qvm::ui

@@ -112,7 +112,7 @@ TEST_F(Programm_Hauptfenster, a_port_set_up_in_the_adapter_window_is_searched_on
     programm.F6.Port_Eingerichtet();
     EXPECT_EQ(programm.F2.Label1.ForeColor, Lampe::Gelb);
     EXPECT_FALSE(programm.F2.Timer2.Running());
-    programm.F6.Zurueck();
+    programm.kern.Windows.BackToMain();
     EXPECT_TRUE(programm.F2.Timer2.Running());
     EXPECT_EQ(programm.F2.Timer2.Interval(), 200);
 }
@@ -147,7 +147,7 @@ TEST(Programm_Konsole, without_an_opened_main_window_a_return_shows_nothing_and_
     VirtualPlatform world;
     Programm programm(world.World, "/q");
     ASSERT_EQ(Programm_Start(programm, false), StartResult::Started);
-    programm.F2_Zeigen();
+    programm.kern.Windows.BackToMain();
     programm.Lauf.Ansicht.Hauptfenster_Freigeben();
     EXPECT_FALSE(programm.F2.Fenster.Visible);
     EXPECT_FALSE(programm.F2.Timer2.Running());

@@ -81,7 +81,7 @@ TEST_F(Programm_Haken, a_code_and_channel_change_ends_with_a_report) {
 
 TEST_F(Programm_Haken, a_card_that_is_not_known_is_told_without_a_title_and_frees_the_main_window) {
     int shown = 0;
-    programm.F2_Zeigen = [&shown] { ++shown; };
+    const Listener listener = programm.kern.Windows.BackToMain.Listen([&shown] { ++shown; });
     world.Answers.push_back({.Text = "Karte nicht erkannt!"});
     programm.link.Hooks.Karte_Abgelehnt();
     EXPECT_EQ(world.Shown[0].Title, "");

@@ -49,14 +49,10 @@ struct F2_Window : UiFixture {
     void Connected() { programm->F2.Verbunden = 1; }
     /// Every window that comes later is there.
     void FillHooks() {
-        auto& hooks = programm->F2.Hooks;
         const auto note = [this](const char* name) { return [this, name] { opened.emplace_back(name); }; };
-        hooks.F3_Oeffnen = note("F3");
-        hooks.F10_Oeffnen = note("F10");
-        hooks.F4_Oeffnen = note("F4");
-        hooks.F41_Oeffnen = note("F41");
-        hooks.F42_Oeffnen = note("F42");
-        hooks.F7_Oeffnen = note("F7");
+        for (const char* window : {"F3", "F10", "F4", "F41", "F42", "F7"}) {
+            programm->kern.Windows.Open[window] = note(window);
+        }
         programm->F2.Tasten_Freigeben();
     }
 };

@@ -17,16 +17,17 @@ void press(QWidget& window, int key, bool repeats) {
     QCoreApplication::sendEvent(target, &event);
 }
 
-TEST_F(All_Windows, hand_the_programs_hooks_back_when_they_go) {
+TEST_F(All_Windows, leave_a_program_that_goes_on_without_them_when_they_go) {
     Start();
-    int told = 0;
-    programm->F15.Sprache_Gewechselt = [&told] { ++told; };
     { const ui::Oberflaeche windows(*programm); }
-    programm->F15.Sprache_Gewechselt();
-    EXPECT_EQ(told, 1);
-    programm->F2.Hooks.F14_Oeffnen();
+    programm->F14.F14_Laden();
+    programm->kern.Sprache.LanguageText[35] = "Channel";
+    programm->kern.Windows.WordsChanged();
+    EXPECT_EQ(programm->F14.Combo1.Entries()[6], "Channel-7");
+    programm->kern.Windows.Open["F14"]();
     EXPECT_TRUE(programm->F14.Fenster.Visible);
-    EXPECT_FALSE(programm->F2.Hooks.Ende);
+    EXPECT_FALSE(programm->kern.Windows.Weg("F2_Kalend"));
+    EXPECT_FALSE(programm->kern.Windows.Weg("F2_Schaltuhr"));
     EXPECT_FALSE(programm->F7_Oeffnen);
 }
 

@@ -84,7 +84,7 @@ TEST_F(Overview_Card, a_fact_without_a_window_is_text_and_no_button) {
     EXPECT_TRUE(people->isVisible());
     EXPECT_EQ(people->text(), QStringLiteral("0"));
     EXPECT_EQ(people->accessibleName(), QStringLiteral("Personen: 0"));
-    programm->F2.Hooks.F5_Oeffnen = [] {};
+    programm->kern.Windows.Open["F5"] = [] {};
     programm->F2.Tasten_Freigeben();
     EXPECT_TRUE(Fact("Personen")->isVisible());
     EXPECT_FALSE(people->isVisible());

@@ -295,7 +295,7 @@ TEST_F(F13_Maus, looks_every_10_ms_and_by_the_second_timer_after_800_and_then_ev
 
 TEST_F(F13_Maus, zurueck_stops_the_timers_and_brings_the_main_window_back) {
     int shown = 0;
-    programm->F2_Zeigen = [&shown] { ++shown; };
+    const Listener listener = programm->kern.Windows.BackToMain.Listen([&shown] { ++shown; });
     programm->F13.Toolbar1_ButtonClick(u8"Zurück"_w);
     EXPECT_FALSE(programm->F13.Timer1.Running());
     EXPECT_FALSE(programm->F13.Timer2.Running());

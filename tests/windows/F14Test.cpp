@@ -9,10 +9,11 @@ struct F14_Fenster : FensterFixture {
     static constexpr const char* Settings = "/q/DAT/EST7CSB29A.I_1";
     static constexpr const char* Channels = "/q/DAT/RFCHANDIF12.RFX";
     int returned = 0;
+    Listener back;
 
     void SetUp() override {
         Start();
-        Channel().Zurueck = [this] { ++returned; };
+        back = programm->kern.Windows.BackToMain.Listen([this] { ++returned; });
         Channel().F14_Laden();
     }
     struct F14& Channel() {

@@ -7,12 +7,13 @@ namespace {
 
 struct F15_Fenster : FensterFixture {
     int told = 0;
+    Listener words;
 
     void SetUp() override {
         Config("RESET", 3, 5);
         world.Disk.Files["/q/QVM_English.DAT"] = "E1\r\nE2\r\nE3\r\n";
         Start();
-        Choice().Sprache_Gewechselt = [this] { ++told; };
+        words = programm->kern.Windows.WordsChanged.Listen([this] { ++told; });
         Choice().F15_Laden();
     }
     struct F15& Choice() {

@@ -39,28 +39,17 @@ void F2Fixture::Answer_Telegram(std::span<const std::uint8_t> bytes) {
 }
 
 void F2Fixture::NoteWindows() {
-    F2Hooks& hooks = programm->F2.Hooks;
+    auto& open = programm->kern.Windows.Open;
     const auto note = [this](std::string name) { return [this, name] { Opened.push_back(name); }; };
-    hooks.F1_Oeffnen = note("F1");
-    hooks.F3_Oeffnen = note("F3");
-    hooks.F4_Oeffnen = note("F4");
-    hooks.F41_Oeffnen = note("F41");
-    hooks.F42_Oeffnen = note("F42");
-    hooks.F5_Oeffnen = note("F5");
-    hooks.F6_Oeffnen = note("F6");
-    hooks.F7_Oeffnen = [this] {
+    for (const char* window : {"F1", "F3", "F4", "F41", "F42", "F5", "F6", "F10", "F12", "F13", "F14", "F15", "F60",
+                               "F2_Kalend", "F2_Schaltuhr"}) {
+        open[window] = note(window);
+    }
+    open["F7"] = [this] {
         Opened.emplace_back("F7");
         programm->F2.Fenster.Visible = false;
     };
-    hooks.F10_Oeffnen = note("F10");
-    hooks.F12_Oeffnen = note("F12");
-    hooks.F13_Oeffnen = note("F13");
-    hooks.F14_Oeffnen = note("F14");
-    hooks.F15_Oeffnen = note("F15");
-    hooks.F60_Oeffnen = note("F60");
-    hooks.Kalender_Menue = note("F2_Kalend");
-    hooks.Schaltuhr_Menue = note("F2_Schaltuhr");
-    hooks.Ende = note("end");
+    programm->F2.Hooks.Ende = note("end");
 }
 
 void F2Fixture::Open() {

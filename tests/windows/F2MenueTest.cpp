@@ -14,7 +14,6 @@ struct MenuRow {
     const char* Opens;
     void (F2::*Click)();
     MenuEntry F2::*Entry;
-    std::function<void()> F2Hooks::*Hook;
     bool StopsTimer;
     bool StaysVisible, StaysEnabled;
 };
@@ -24,14 +23,14 @@ void PrintTo(const MenuRow& row, std::ostream* out) {
 }
 
 constexpr MenuRow Rows[] = {
-    {"F6", &F2::F2_Schnittstelle_Click, &F2::F2_Schnittstelle, &F2Hooks::F6_Oeffnen, true, true, false},
-    {"F15", &F2::F2_Sprache_Click, &F2::F2_Sprache, &F2Hooks::F15_Oeffnen, false, true, true},
-    {"F1", &F2::F2_Version_Click, &F2::F2_Version, &F2Hooks::F1_Oeffnen, false, true, true},
-    {"F3", &F2::F2_Einzel_Click, &F2::F2_Einzel, &F2Hooks::F3_Oeffnen, false, false, true},
-    {"F10", &F2::F2_Perm_Click, &F2::F2_Perm, &F2Hooks::F10_Oeffnen, false, false, true},
-    {"F4", &F2::F2_PersonB_Click, &F2::F2_PersonB, &F2Hooks::F4_Oeffnen, false, false, true},
-    {"F41", &F2::F2_SchlossB_Click, &F2::F2_SchlossB, &F2Hooks::F41_Oeffnen, true, false, true},
-    {"F42", &F2::F2_Gasttimer_Click, &F2::F2_Gasttimer, &F2Hooks::F42_Oeffnen, true, false, true},
+    {"F6", &F2::F2_Schnittstelle_Click, &F2::F2_Schnittstelle, true, true, false},
+    {"F15", &F2::F2_Sprache_Click, &F2::F2_Sprache, false, true, true},
+    {"F1", &F2::F2_Version_Click, &F2::F2_Version, false, true, true},
+    {"F3", &F2::F2_Einzel_Click, &F2::F2_Einzel, false, false, true},
+    {"F10", &F2::F2_Perm_Click, &F2::F2_Perm, false, false, true},
+    {"F4", &F2::F2_PersonB_Click, &F2::F2_PersonB, false, false, true},
+    {"F41", &F2::F2_SchlossB_Click, &F2::F2_SchlossB, true, false, true},
+    {"F42", &F2::F2_Gasttimer_Click, &F2::F2_Gasttimer, true, false, true},
 };
 
 struct F2_Menue : F2Fixture, ::testing::WithParamInterface<MenuRow> {};
@@ -60,7 +59,7 @@ TEST_P(F2_Menue, opens_its_window_with_an_adapter_and_without) {
 TEST_P(F2_Menue, stands_disabled_and_does_nothing_while_its_window_does_not_exist) {
     Connect();
     NoteWindows();
-    Main().Hooks.*GetParam().Hook = nullptr;
+    programm->kern.Windows.Open.erase(GetParam().Opens);
     Main().Tasten_Freigeben();
     EXPECT_FALSE((Main().*GetParam().Entry).Enabled);
     (Main().*GetParam().Click)();

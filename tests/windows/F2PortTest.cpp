@@ -243,7 +243,7 @@ TEST_F(F2_Port_Geaendert, in_a_run_a_pulled_adapter_stops_it_until_the_operator_
     EXPECT_TRUE(world.PortOpen);
     EXPECT_EQ(Light(), Lampe::Gelb);
     AdapterAnswers = true;
-    programm->F2_Zeigen();
+    programm->kern.Windows.BackToMain();
     ASSERT_TRUE(ScanEnds());
     EXPECT_EQ(Light(), Lampe::Gruen);
 }

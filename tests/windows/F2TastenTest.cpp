@@ -79,7 +79,7 @@ TEST_P(F2_Taste, does_nothing_at_all_during_a_scan) {
 
 TEST_P(F2_Taste, stands_disabled_and_does_nothing_while_its_window_does_not_exist) {
     Connect();
-    Main().Hooks = {};
+    programm->kern.Windows.Open.clear();
     Main().Tasten_Freigeben();
     EXPECT_TRUE(Key(GetParam().Key).Visible);
     EXPECT_FALSE(Key(GetParam().Key).Enabled);
@@ -103,7 +103,7 @@ TEST_F(F2_Tasten, schaltuhr_stops_the_supervision_while_its_menu_is_open_only) {
     Connect();
     NoteWindows();
     bool running = true;
-    Main().Hooks.Schaltuhr_Menue = [&] { running = Main().Timer2.Running(); };
+    programm->kern.Windows.Open["F2_Schaltuhr"] = [&] { running = Main().Timer2.Running(); };
     Press("Schaltuhr");
     EXPECT_FALSE(running);
     EXPECT_TRUE(Main().Timer2.Running());
@@ -113,7 +113,7 @@ TEST_F(F2_Tasten, schaltuhr_stops_the_supervision_while_its_menu_is_open_only) {
 TEST_F(F2_Tasten, schaltuhr_leaves_the_supervision_stopped_when_its_menu_opened_a_window) {
     Connect();
     NoteWindows();
-    Main().Hooks.Schaltuhr_Menue = [this] { Main().F2_PersonB_Click(); };
+    programm->kern.Windows.Open["F2_Schaltuhr"] = [this] { Main().F2_PersonB_Click(); };
     Press("Schaltuhr");
     EXPECT_THAT(Opened, ElementsAre("F4"));
     EXPECT_FALSE(Main().Timer2.Running());
@@ -134,15 +134,17 @@ TEST_F(F2_Tasten, schaltuhr_without_an_adapter_shows_no_menu) {
 TEST_F(F2_Tasten, a_menu_key_stands_disabled_while_none_of_its_windows_exists) {
     Connect();
     NoteWindows();
-    F2Hooks& hooks = Main().Hooks;
-    hooks.F3_Oeffnen = hooks.F10_Oeffnen = hooks.F4_Oeffnen = hooks.F41_Oeffnen = hooks.F42_Oeffnen = nullptr;
+    auto& open = programm->kern.Windows.Open;
+    for (const char* window : {"F3", "F10", "F4", "F41", "F42"}) {
+        open.erase(window);
+    }
     Main().Tasten_Freigeben();
     EXPECT_FALSE(Key("636I259").Enabled);
     EXPECT_FALSE(Key("Schaltuhr").Enabled);
     Press("636I259");
     Press("Schaltuhr");
     EXPECT_THAT(Opened, IsEmpty());
-    hooks.F10_Oeffnen = hooks.F42_Oeffnen = [] {};
+    open["F10"] = open["F42"] = [] {};
     Main().Tasten_Freigeben();
     EXPECT_TRUE(Key("636I259").Enabled);
     EXPECT_TRUE(Key("Schaltuhr").Enabled);
@@ -152,7 +154,7 @@ TEST_F(F2_Tasten, eye_stops_the_supervision_while_the_file_is_chosen_only) {
     Connect();
     NoteWindows();
     bool running = true;
-    Main().Hooks.F7_Oeffnen = [&] { running = Main().Timer2.Running(); };
+    programm->kern.Windows.Open["F7"] = [&] { running = Main().Timer2.Running(); };
     Press("EYE");
     EXPECT_FALSE(running);
     EXPECT_TRUE(Main().Fenster.Visible);
@@ -285,7 +287,7 @@ TEST_F(F2_Tasten, with_a_yellow_or_red_light_a_key_does_not_search) {
 
 TEST_F(F2_Tasten, a_window_that_closes_again_at_once_leaves_the_main_window_in_view) {
     Connect();
-    Main().Hooks.F60_Oeffnen = [this] { Main().F2_Zeigen(); };
+    programm->kern.Windows.Open["F60"] = [this] { programm->kern.Windows.BackToMain(); };
     Press("GastCard");
     EXPECT_TRUE(Main().Fenster.Visible);
     EXPECT_TRUE(Main().Fenster.Enabled);

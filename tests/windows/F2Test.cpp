@@ -35,7 +35,7 @@ TEST_F(F2_Laden, before_it_the_program_has_no_ear_for_ports_and_no_timer) {
     EXPECT_FALSE(Main().Fenster.Visible);
     EXPECT_EQ(Light(), Lampe::Rot);
     EXPECT_EQ(world.Opens, 0);
-    programm->F2_Zeigen();
+    programm->kern.Windows.BackToMain();
     EXPECT_FALSE(Main().Fenster.Visible);
     EXPECT_FALSE(Main().Timer2.Running());
 }

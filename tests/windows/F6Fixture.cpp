@@ -42,7 +42,7 @@ std::string F6_Fixture::Record(std::string_view address, std::string_view name, 
 }
 
 void F6_Fixture::Open() {
-    Adapters().Zurueck = [this] { ++returned; };
+    back = programm->kern.Windows.BackToMain.Listen([this] { ++returned; });
     Adapters().Port_Eingerichtet = [this] { ++prepared; };
     programm->link.PortNummer = 5;
     Adapters().F6_Laden();

@@ -16,6 +16,7 @@ struct F6_Fixture : FensterFixture {
     static constexpr const char* List = "/q/DAT/COMSETUPADAPTER.ADP";
 
     int returned = 0;
+    Listener back;
     int prepared = 0;
     std::optional<std::string> StoredName; ///< what an adapter reads back; none: it is silent
     std::vector<std::uint8_t> BehindReply; ///< further bytes in the event that brings it

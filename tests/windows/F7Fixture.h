@@ -21,6 +21,7 @@ struct F7Fixture : ::testing::Test {
     F8 search{view};
     std::vector<std::string> Calls;              ///< the hooks, in order
     std::vector<std::pair<int, int>> ShownCells; ///< of Zelle_Zeigen
+    Listener back = kern.Windows.BackToMain.Listen([this] { Calls.emplace_back("back"); });
 
     F7Fixture() {
         kern.AppPath = "/q/";
@@ -28,7 +29,6 @@ struct F7Fixture : ::testing::Test {
             kern.Sprache.LanguageText[static_cast<std::size_t>(line)] = "L" + std::to_string(line);
         }
         view.Hauptfenster_Verbergen = [this] { Calls.emplace_back("hide"); };
-        view.Zurueck = [this] { Calls.emplace_back("back"); };
         view.F8_Oeffnen = [this] { search.F8_Laden(); };
         view.F8_Schliessen = [this] { search.F8_Schliessen(); };
         view.Zelle_Zeigen = [this](int row, int column) { ShownCells.emplace_back(row, column); };

@@ -71,7 +71,7 @@ TEST_F(F7_Weg, search_and_view_take_new_words_while_they_are_open) {
     View().Toolbar1_ButtonClick("Suchen");
     EXPECT_TRUE(programm->F8.Fenster.Visible);
     programm->kern.Sprache.LanguageText[54] = "Name";
-    Rufen(programm->F15.Sprache_Gewechselt);
+    programm->kern.Windows.WordsChanged();
     EXPECT_EQ(View().FGV.Text(0, 1), "Name");
     EXPECT_EQ(programm->F8.Option[0].Text(), "Name");
     EXPECT_EQ(View().FGV.Text(1, 1), "a");
@@ -79,7 +79,7 @@ TEST_F(F7_Weg, search_and_view_take_new_words_while_they_are_open) {
 
 TEST_F(F7_Weg, words_of_closed_windows_wait_for_their_opening) {
     Start();
-    Rufen(programm->F15.Sprache_Gewechselt);
+    programm->kern.Windows.WordsChanged();
     EXPECT_EQ(View().FGV.Text(0, 1), "");
 }
 

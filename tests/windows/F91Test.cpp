@@ -279,7 +279,7 @@ TEST_F(F91_Fenster, takes_other_words_while_it_is_open) {
     }();
     programm->kern.Config.Sprache = "English";
     Sprachdatei_Laden(programm->kern);
-    Rufen(programm->F15.Sprache_Gewechselt);
+    programm->kern.Windows.WordsChanged();
     EXPECT_EQ(List().StatusLabel.Text(), "E264. E81");
     EXPECT_EQ(List().Command1.Text(), "E119");
     EXPECT_EQ(List().FGK91.Text(0, 1), "E9");
@@ -360,7 +360,7 @@ TEST_F(F91_Fenster, the_progress_window_has_nothing_to_cancel_between_two_rows) 
 TEST_F(F91_Fenster, closing_goes_back_to_the_main_window_with_an_empty_list) {
     Open({1});
     bool back = false;
-    programm->F2_Zeigen = [&] { back = true; };
+    const Listener listener = programm->kern.Windows.BackToMain.Listen([&] { back = true; });
     world.Answers.push_back({.Text = "*", .Reply = Answer::Yes});
     List().Command1_Click();
     EXPECT_TRUE(back);

@@ -3,7 +3,6 @@
 #include "Controls.h"
 #include "Kern.h"
 
-#include <functional>
 #include <string>
 #include <string_view>
 
@@ -33,6 +32,9 @@ struct F1 {
     /// Opens the support page; a message names it when the system refuses.
     void Web_Click();
     void OK_Click() { Fenster.Visible = false; }
+
+private:
+    Listener words_ = Worte_Folgen(*this);
 };
 
 /// Version of the program.

@@ -21,6 +21,10 @@ std::vector<std::string> Eigennamen() {
 
 } // namespace
 
+F15::F15(Kern& kernel) : kern(kernel) {
+    kern.Windows.Open["F15"] = [this] { F15_Laden(); };
+}
+
 void F15::F15_Laden() {
     Sprachen.Entries = Eigennamen();
     const auto* const found = std::find(SprachNamen.begin(), SprachNamen.end(), Trim(kern.Config.Sprache));
@@ -51,9 +55,7 @@ void F15::OK_Click() {
         return;
     }
     const bool saved = Konfiguration_Speichern(kern);
-    if (Sprache_Gewechselt) {
-        Sprache_Gewechselt();
-    }
+    kern.Windows.WordsChanged();
     if (!saved) {
         kern.Meldung(Wort(kern, Line::SettingsNotSaved, u8"Die Einstellungen konnten nicht gespeichert werden!"_w),
                      Buttons::Ok, Icon::Exclamation);

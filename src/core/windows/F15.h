@@ -3,20 +3,16 @@
 #include "Controls.h"
 #include "Kern.h"
 
-#include <functional>
-
 namespace qvm {
 
 /// Window F15, the choice of the language.
 struct F15 {
-    explicit F15(Kern& kernel) : kern(kernel) {}
+    explicit F15(Kern& kernel);
 
     Kern& kern;
     Window Fenster;
     ListBox Sprachen; ///< the languages by their own names, in the order of SprachNamen
     Button OK, Cancel;
-
-    std::function<void()> Sprache_Gewechselt; ///< open windows take their words anew
 
     void F15_Laden();
     /// Words from the catalogue anew.
@@ -26,6 +22,10 @@ struct F15 {
     /// that is missing keeps the words in use, and a message names it.
     void OK_Click();
     void Cancel_Click() { Fenster.Visible = false; }
+
+private:
+    /// By the time that the others are told this window is closed already.
+    Listener words_ = kern.Windows.WordsChanged.Listen([this] { Texte_Setzen(); });
 };
 
 } // namespace qvm

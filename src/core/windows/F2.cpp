@@ -109,6 +109,12 @@ void F2::F2_Zeigen() {
     Timer2.Start(Timer2.Interval() == ReadyInterval ? ReadyInterval : ScanInterval);
 }
 
+void F2::F2_Freigeben() {
+    if (link.Lauf.Chain.Phase == RunPhase::None && (!Hooks.Davor_Offen || !Hooks.Davor_Offen())) {
+        kern.Windows.BackToMain();
+    }
+}
+
 void F2::Timer1_Timer() {
     Timer1.Stop();
     Rufen(Hooks.F9_Schliessen);

@@ -26,24 +26,24 @@ inline constexpr Colour Gelb = 0x00FFFF;  ///< port open and searching
 inline constexpr Colour Gruen = 0x00FF00; ///< adapter found
 } // namespace Lampe
 
-/// The windows that F2 opens. An empty hook is a window that does not exist yet: its key or entry stands disabled. F2
-/// hides or disables itself; a window that did not open after all gives it back by F2_Zeigen.
+/// What F2 needs of the rest of the program, beside the windows that it opens by WindowBoard.
 struct F2Hooks {
-    /// F7 asks for a file first and hides F2 itself.
-    std::function<void()> F1_Oeffnen, F3_Oeffnen, F4_Oeffnen, F41_Oeffnen, F42_Oeffnen, F5_Oeffnen, F6_Oeffnen,
-        F7_Oeffnen, F10_Oeffnen, F12_Oeffnen, F13_Oeffnen, F14_Oeffnen, F15_Oeffnen, F60_Oeffnen;
-    std::function<void()> Kalender_Menue, Schaltuhr_Menue; ///< pop up the menus of two keys, until they are closed
-    std::function<void()> Ende;                            ///< the program ends, after the shut-down
-    std::function<void()> F9_Schliessen;                   ///< the progress window, for the reply guard
-    std::function<void()> Lauf_Timer_Anhalten;             ///< the timers of a run, when F2 opens
-    std::function<bool()> Listenzeile_Laeuft;              ///< a row of a list run holds the port
-    std::function<void()> Anschluss_Geaendert;             ///< ports came or went: for an open list of locks
-    std::function<Bestand()> Bestand_Lesen;                ///< what the data files hold, read anew
+    std::function<void()> Ende;                ///< the program ends, after the shut-down
+    std::function<void()> F9_Schliessen;       ///< the progress window, for the reply guard
+    std::function<void()> Lauf_Timer_Anhalten; ///< the timers of a run, when F2 opens
+    std::function<bool()> Listenzeile_Laeuft;  ///< a row of a list run holds the port
+    std::function<bool()> Davor_Offen;         ///< the lock grid or the run list stands in F2's place
+    std::function<void()> Anschluss_Geaendert; ///< ports came or went: for an open list of locks
+    std::function<Bestand()> Bestand_Lesen;    ///< what the data files hold, read anew
     std::function<std::vector<Historiendatei>()> Historien_Lesen;  ///< the latest histories, the newest first
     std::function<void(const std::string& path)> Historie_Oeffnen; ///< F7 with this file; it hides F2 itself
 };
 
 /// Window F2, the frame of the program: menus, tool bar, link light, port arrival and removal, adapter supervision.
+///
+/// It opens the other windows by their names. The key or entry of one that does not exist stands disabled; "F2_Kalend"
+/// and "F2_Schaltuhr" are the menus of two keys, popped up until they are closed. F2 hides or disables itself, but for
+/// F7, which asks for a file first; a window that did not open after all gives F2 back by WindowBoard::BackToMain.
 struct F2 {
     F2(Link& serialLink, AdapterListe& adapters);
     ~F2();
@@ -100,11 +100,13 @@ struct F2 {
     void F2_Laden();
     /// Words from the catalogue anew; where it has none, those of the design.
     void Texte_Setzen();
-    /// Which keys and entries stand enabled, by the hooks that are filled. A key without a task is hidden, too.
+    /// Which keys and entries stand enabled, by the windows that exist. A key without a task is hidden, too.
     void Tasten_Freigeben();
     /// Back from an editor: shown and enabled, and the supervision goes on; at once when the port was made ready
     /// meanwhile. Does nothing before F2 was opened.
     void F2_Zeigen();
+    /// The same, but not in the middle of a run nor beside the lock grid or the run list.
+    void F2_Freigeben();
 
     /// One key. During a scan none does anything.
     void Toolbar1_ButtonClick(std::string_view key);
@@ -152,7 +154,9 @@ private:
     static const Taste* Taste_Finden(std::string_view key);
     bool Taste_Belegt(std::string_view key) const;
     void Taste_Ausfuehren(const Taste& key);
-    void Oeffnen(const std::function<void()>& hook, bool stopTimer, Weiter then);
+    bool Weg_Da(std::string_view window) const { return static_cast<bool>(kern.Windows.Weg(window)); }
+    void Oeffnen(std::string_view window, bool stopTimer, Weiter then);
+    void Oeffnen(const std::function<void()>& way, bool stopTimer, Weiter then);
     void Uebersicht_Setzen();
     void Anschluss_Setzen();
     void Anzahl_Setzen(Angabe which, const Anzahl& number);
@@ -191,6 +195,8 @@ private:
     int rueckkehr_ = 0;      ///< how often F2 came back
     Bestand bestand_;        ///< as it was read last
     std::vector<Historiendatei> historien_;
+    Listener words_ = kern.Windows.WordsChanged.Listen([this] { Texte_Setzen(); });
+    Listener back_ = kern.Windows.BackToMain.Listen([this] { F2_Zeigen(); });
 };
 
 /// Configuration saved, port closed, request-to-send off. False when the configuration was not saved.

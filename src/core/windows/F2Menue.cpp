@@ -29,7 +29,7 @@ std::string_view Handbuch_Datei(std::string_view language) {
 /// What a key opens. "Ende" and the keys without a task have no row.
 struct F2::Taste {
     std::string_view Key;
-    std::function<void()> F2Hooks::*Hook;
+    std::string_view Opens;
     bool StopsTimer;
     Weiter Then;
     bool Message; ///< while no adapter is there
@@ -37,14 +37,14 @@ struct F2::Taste {
 
 const F2::Taste* F2::Taste_Finden(std::string_view key) {
     static constexpr std::array<Taste, 8> keys{{
-        {"EYE", &F2Hooks::F7_Oeffnen, true, Weiter::Offen, true},
-        {"636I259", &F2Hooks::Kalender_Menue, false, Weiter::Offen, true},
-        {"Schaltuhr", &F2Hooks::Schaltuhr_Menue, true, Weiter::Offen, true},
-        {"x1504", &F2Hooks::F5_Oeffnen, true, Weiter::Gesperrt, true},
-        {"Neu", &F2Hooks::F14_Oeffnen, true, Weiter::Gesperrt, true},
-        {"PROG", &F2Hooks::F13_Oeffnen, true, Weiter::Verborgen, true},
-        {"GastCard", &F2Hooks::F60_Oeffnen, true, Weiter::Verborgen, false},
-        {"lock4", &F2Hooks::F12_Oeffnen, true, Weiter::Verborgen, true},
+        {"EYE", "F7", true, Weiter::Offen, true},
+        {"636I259", "F2_Kalend", false, Weiter::Offen, true},
+        {"Schaltuhr", "F2_Schaltuhr", true, Weiter::Offen, true},
+        {"x1504", "F5", true, Weiter::Gesperrt, true},
+        {"Neu", "F14", true, Weiter::Gesperrt, true},
+        {"PROG", "F13", true, Weiter::Verborgen, true},
+        {"GastCard", "F60", true, Weiter::Verborgen, false},
+        {"lock4", "F12", true, Weiter::Verborgen, true},
     }};
     const auto* const found =
         std::find_if(keys.begin(), keys.end(), [key](const Taste& row) { return row.Key == key; });
@@ -56,14 +56,14 @@ bool F2::Taste_Belegt(std::string_view key) const {
         return true;
     }
     const Taste* row = Taste_Finden(key);
-    if (row == nullptr || !(Hooks.*row->Hook)) {
+    if (row == nullptr || !Weg_Da(row->Opens)) {
         return false;
     }
     // A menu is worth opening when one of its windows is there.
     if (key == "636I259") {
-        return Hooks.F3_Oeffnen || Hooks.F10_Oeffnen;
+        return Weg_Da("F3") || Weg_Da("F10");
     }
-    return key != "Schaltuhr" || Hooks.F4_Oeffnen || Hooks.F41_Oeffnen || Hooks.F42_Oeffnen;
+    return key != "Schaltuhr" || Weg_Da("F4") || Weg_Da("F41") || Weg_Da("F42");
 }
 
 void F2::Tasten_Freigeben() {
@@ -71,14 +71,14 @@ void F2::Tasten_Freigeben() {
         button.Visible = button.Key == "Ende" || Taste_Finden(button.Key) != nullptr;
         button.Enabled = Taste_Belegt(button.Key);
     }
-    F2_Schnittstelle.Enabled = static_cast<bool>(Hooks.F6_Oeffnen);
-    F2_Sprache.Enabled = static_cast<bool>(Hooks.F15_Oeffnen);
-    F2_Version.Enabled = static_cast<bool>(Hooks.F1_Oeffnen);
-    F2_Einzel.Enabled = static_cast<bool>(Hooks.F3_Oeffnen);
-    F2_Perm.Enabled = static_cast<bool>(Hooks.F10_Oeffnen);
-    F2_PersonB.Enabled = static_cast<bool>(Hooks.F4_Oeffnen);
-    F2_SchlossB.Enabled = static_cast<bool>(Hooks.F41_Oeffnen);
-    F2_Gasttimer.Enabled = static_cast<bool>(Hooks.F42_Oeffnen);
+    F2_Schnittstelle.Enabled = Weg_Da("F6");
+    F2_Sprache.Enabled = Weg_Da("F15");
+    F2_Version.Enabled = Weg_Da("F1");
+    F2_Einzel.Enabled = Weg_Da("F3");
+    F2_Perm.Enabled = Weg_Da("F10");
+    F2_PersonB.Enabled = Weg_Da("F4");
+    F2_SchlossB.Enabled = Weg_Da("F41");
+    F2_Gasttimer.Enabled = Weg_Da("F42");
     Angaben_Freigeben();
 }
 
@@ -106,15 +106,19 @@ void F2::Taste_Ausfuehren(const Taste& key) {
         }
         return;
     }
-    Oeffnen(Hooks.*key.Hook, key.StopsTimer, key.Then);
+    Oeffnen(key.Opens, key.StopsTimer, key.Then);
     // A menu or a file dialog that was closed without a choice.
     if (key.Then == Weiter::Offen && Da() && !Timer2.Running()) {
         Timer2.Start();
     }
 }
 
-void F2::Oeffnen(const std::function<void()>& hook, bool stopTimer, Weiter then) {
-    if (!hook || beendet_) {
+void F2::Oeffnen(std::string_view window, bool stopTimer, Weiter then) {
+    Oeffnen(kern.Windows.Weg(window), stopTimer, then);
+}
+
+void F2::Oeffnen(const std::function<void()>& way, bool stopTimer, Weiter then) {
+    if (!way || beendet_) {
         return;
     }
     if (stopTimer) {
@@ -124,7 +128,7 @@ void F2::Oeffnen(const std::function<void()>& hook, bool stopTimer, Weiter then)
     if (then == Weiter::Gesperrt) {
         Fenster.Enabled = false;
     }
-    hook();
+    way();
     // Hidden last, so that there is always a window; not at all when the other one has closed again already.
     if (then == Weiter::Verborgen && rueckkehr_ == before) {
         Fenster.Visible = false;
@@ -136,35 +140,35 @@ void F2::F2_Schnittstelle_Click() {
         schnittstelleWartet_ = true;
         return;
     }
-    Oeffnen(Hooks.F6_Oeffnen, true, Weiter::Gesperrt);
+    Oeffnen("F6", true, Weiter::Gesperrt);
 }
 
 void F2::F2_Sprache_Click() {
-    Oeffnen(Hooks.F15_Oeffnen, false, Weiter::Offen);
+    Oeffnen("F15", false, Weiter::Offen);
 }
 
 void F2::F2_Einzel_Click() {
-    Oeffnen(Hooks.F3_Oeffnen, false, Weiter::Verborgen);
+    Oeffnen("F3", false, Weiter::Verborgen);
 }
 
 void F2::F2_Perm_Click() {
-    Oeffnen(Hooks.F10_Oeffnen, false, Weiter::Verborgen);
+    Oeffnen("F10", false, Weiter::Verborgen);
 }
 
 void F2::F2_PersonB_Click() {
-    Oeffnen(Hooks.F4_Oeffnen, false, Weiter::Verborgen);
+    Oeffnen("F4", false, Weiter::Verborgen);
 }
 
 void F2::F2_SchlossB_Click() {
-    Oeffnen(Hooks.F41_Oeffnen, true, Weiter::Verborgen);
+    Oeffnen("F41", true, Weiter::Verborgen);
 }
 
 void F2::F2_Gasttimer_Click() {
-    Oeffnen(Hooks.F42_Oeffnen, true, Weiter::Verborgen);
+    Oeffnen("F42", true, Weiter::Verborgen);
 }
 
 void F2::F2_Version_Click() {
-    Oeffnen(Hooks.F1_Oeffnen, false, Weiter::Offen);
+    Oeffnen("F1", false, Weiter::Offen);
 }
 
 void F2::F2_Help_Click() {

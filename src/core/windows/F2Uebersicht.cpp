@@ -80,7 +80,7 @@ void F2::Angabe_Click(Angabe which) {
 
 void F2::Angaben_Freigeben() {
     for (const Angabe which : {Angabe::Adapter, Angabe::Anschluss}) {
-        Zeile(which).Leads = static_cast<bool>(Hooks.F6_Oeffnen);
+        Zeile(which).Leads = Weg_Da("F6");
     }
     Zeile(Angabe::Funkkanal).Leads = Taste_Belegt("Neu");
     Zeile(Angabe::Personen).Leads = Taste_Belegt("x1504");

@@ -15,6 +15,10 @@ constexpr int Channels = 12;
 
 } // namespace
 
+F14::F14(Kern& kernel) : kern(kernel) {
+    kern.Windows.Open["F14"] = [this] { F14_Laden(); };
+}
+
 void F14::F14_Laden() {
     channelAtOpen_ = kern.Config.RadioChannel;
     Fenster.Title = std::string(SystemTitle);
@@ -61,9 +65,7 @@ void F14::Toolbar1_ButtonClick(std::string_view key) {
     }
     Dirty = false;
     Fenster.Visible = false;
-    if (Zurueck) {
-        Zurueck();
-    }
+    kern.Windows.BackToMain();
 }
 
 void F14::Speichern() {

@@ -5,7 +5,6 @@
 #include "Text.h"
 
 #include <array>
-#include <functional>
 #include <string>
 #include <string_view>
 
@@ -13,15 +12,13 @@ namespace qvm {
 
 /// Window F14: the radio channel of the system.
 struct F14 {
-    explicit F14(Kern& kernel) : kern(kernel) {}
+    explicit F14(Kern& kernel);
 
     Kern& kern;
     Window Fenster;
     ListBox Combo1; ///< the twelve channels
     std::array<ToolButton, 2> Toolbar1{{{.Key = u8"Zurück"_w, .Number = 1}, {.Key = "Speichern", .Number = 3}}};
     bool Dirty = false;
-
-    std::function<void()> Zurueck; ///< back to the main window
 
     void F14_Laden();
     /// Words from the catalogue anew; the selection stays.
@@ -35,6 +32,7 @@ private:
     void Speichern();
 
     std::string channelAtOpen_;
+    Listener words_ = Worte_Folgen(*this);
 };
 
 } // namespace qvm

@@ -75,6 +75,7 @@ private:
 F6::F6(Link& serialLink, AdapterListe& adapters) : link(serialLink), kern(serialLink.kern), Adapter(adapters) {
     Text3.MaxLength = NameWidth;
     Text3.Visible = false;
+    kern.Windows.Open["F6"] = [this] { F6_Laden(); };
 }
 
 void F6::F6_Laden() {
@@ -307,9 +308,7 @@ void F6::Schliessen() {
     }
     dirty_ = false;
     Fenster.Visible = false;
-    if (Zurueck) {
-        Zurueck();
-    }
+    kern.Windows.BackToMain();
 }
 
 void F6::Speichern() {

@@ -49,7 +49,6 @@ struct F6 {
     std::array<ToolButton, 2> Toolbar1{{{.Key = u8"Zurück"_w, .Number = 1}, {.Key = "Speichern", .Number = 3}}};
 
     std::function<void()> Port_Eingerichtet; ///< the port was made ready anew: light and supervision follow
-    std::function<void()> Zurueck;           ///< back to the main window
 
     void F6_Laden();
     /// Words from the catalogue anew; the cells stay.
@@ -97,6 +96,7 @@ private:
     int editedRow_ = 0;                   ///< row under the editor, 0: none
     bool dirty_ = false;
     bool busy_ = false; ///< an adapter is waited for: no key does anything
+    Listener words_ = Worte_Folgen(*this);
 };
 
 } // namespace qvm

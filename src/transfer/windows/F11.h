@@ -95,6 +95,7 @@ private:
     int count_ = 0;
     std::optional<Datum> stichtag_;
     std::vector<std::string> offered_; ///< address of the adapter of each entry
+    Listener words_ = Worte_Folgen(*this);
 };
 
 } // namespace qvm

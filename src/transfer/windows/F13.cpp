@@ -28,6 +28,7 @@ F13::F13(Programmierlauf& programmierlauf, F11& start, AdapterListe& adapters)
     : run(programmierlauf), kern(programmierlauf.kern), f11(start), Adapter(adapters),
       Filter(kern, FGK13, {F13Column::Name, F13Column::Serial}), Auswahl(FGK13, GridSelection::Unit::Rows, &Filter),
       Sprung(kern.Welt, FGK13, F13Column::Name, &Filter), Timer1(kern.Welt, 10), Timer2(kern.Welt, 800) {
+    kern.Windows.Open["F13"] = [this] { F13_FormLaden(); };
     Command1.Visible = false;
     Filter.Changed = [this] {
         Auswahl.FilterChanged();
@@ -259,7 +260,7 @@ void F13::Hinter_Lauf_Freigeben() {
 void F13::F13_Schliessen() {
     F13_Verbergen();
     kept_.clear();
-    Rufen(Hauptfenster_Zeigen);
+    kern.Windows.BackToMain();
 }
 
 void F13::Toolbar1_ButtonClick(std::string_view key) {

@@ -61,7 +61,6 @@ struct F13 {
     /// Copies a marked row into the run list. While it is empty the two list keys stand disabled.
     std::function<void(int gridRow, int listRow)> Listenzeile_Uebernehmen;
     std::function<void()> Liste_Leeren; ///< clears the run list, and its third timer stops
-    std::function<void()> Hauptfenster_Zeigen; ///< the main window comes back and supervises again
     /// Numbers of the locks that failed or were passed over in the last list.
     std::function<std::vector<int>()> Gescheiterte_Schloesser;
 
@@ -140,6 +139,7 @@ private:
     int hoverColumn_ = -1;
     std::vector<int> listRows_; ///< whose marks went into the list that the start dialog is open for
     std::vector<std::pair<int, std::string>> kept_; ///< rows and serials that were marked when the window was hidden
+    Listener words_ = Worte_Folgen(*this);
 };
 
 } // namespace qvm

@@ -5,6 +5,7 @@
 #include <Lines.h>
 
 namespace qvm {
+
 F18::F18(Programmierlauf& programmierlauf)
     : run(programmierlauf), kern(programmierlauf.kern), Wache(programmierlauf.kern.Welt, 1000) {
     Balken.Minimum = 100;

@@ -34,6 +34,7 @@ private:
 
     int textLine_ = 0;
     bool pulled_ = false; ///< the adapter is gone, and that stands in place of the line
+    Listener words_ = Worte_Folgen(*this);
 };
 
 } // namespace qvm

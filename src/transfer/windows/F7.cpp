@@ -20,6 +20,7 @@ std::string Dateiname(const std::string& path) {
 F7::F7(Kern& kernel) : kern(kernel), bands_(RowCount, NoColour) {
     // Nothing to search in before a file is shown.
     Text1.Visible = false;
+    kern.Windows.Open["F7"] = [this] { F7_Datei_Waehlen(); };
 }
 
 void F7::F7_Datei_Waehlen() {
@@ -83,7 +84,9 @@ void F7::Toolbar1_ButtonClick(std::string_view key) {
     } else if (key == Toolbar1[2].Key) {
         Rufen(F8_Schliessen);
         Fenster.Visible = false;
-        Rufen(Zurueck);
+        if (!Dahinter_Offen || !Dahinter_Offen()) {
+            kern.Windows.BackToMain();
+        }
     }
 }
 

@@ -40,7 +40,8 @@ struct F7 {
         {{.Key = u8"Öffnen"_w, .Number = 1}, {.Key = "Suchen", .Number = 3}, {.Key = "W95MBX01", .Number = 5}}};
 
     std::function<void()> Hauptfenster_Verbergen;
-    std::function<void()> Zurueck; ///< back to where F7 was opened from
+    /// Windows that F7 was opened from at the end of a run still stand open: the main window does not come back.
+    std::function<bool()> Dahinter_Offen;
     std::function<void()> F8_Oeffnen, F8_Schliessen;
     std::function<void(int row, int column)> Zelle_Zeigen; ///< the cell becomes the current one and comes into sight
 
@@ -88,6 +89,7 @@ private:
     std::vector<int> hits_;     ///< rows of the last search's hits, ascending
     int hitColumn_ = F7Column::Name;
     std::size_t hit_ = 0; ///< the present one of hits_
+    Listener words_ = Worte_Folgen(*this);
 };
 
 } // namespace qvm

@@ -40,6 +40,8 @@ private:
     /// The row of the first hit, 0 without any.
     int Suchen();
     void Zeigen(int row);
+
+    Listener words_ = Worte_Folgen(*this);
 };
 
 } // namespace qvm

@@ -102,6 +102,7 @@ private:
     bool searchEnds_ = false; ///< Suche_Endet, until the window is shown anew
     bool pulled_ = false;     ///< the adapter is gone, and that stands in place of the status
     DateTime begin_;          ///< of the run
+    Listener words_ = Worte_Folgen(*this);
 };
 
 } // namespace qvm

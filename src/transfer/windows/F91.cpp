@@ -186,7 +186,8 @@ void F91::F91_Schliessen() {
     Liste_Leeren();
     run.link.Lauf.List = {};
     Fenster.Visible = false;
-    Rufen(Hauptfenster_Zeigen);
+    Rufen(Schlossgitter_Freigeben);
+    kern.Windows.BackToMain();
 }
 
 void F91::Escape() {

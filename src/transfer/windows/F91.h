@@ -87,7 +87,7 @@ struct F91 {
     std::string ProgStep;
     bool Steht = false; ///< the present network row goes on no more by itself; the operator has to stop it
 
-    std::function<void()> Hauptfenster_Zeigen;      ///< the main window comes back
+    std::function<void()> Schlossgitter_Freigeben;  ///< F13 is the operator's again when it opens
     std::function<void()> Schlossgitter_Schliessen; ///< F13 leaves the screen
     std::function<void()> F92_Zeigen;               ///< asks for the time of a delayed start
     std::function<void()> F92_Schliessen;
@@ -271,6 +271,7 @@ private:
     bool single_ = false;                            ///< one lock by itself, and no list
     bool unfinishedEvents_ = false;                  ///< the last list was to read histories alone
     std::vector<int> unfinished_;
+    Listener words_ = Worte_Folgen(*this);
 };
 
 } // namespace qvm

@@ -47,6 +47,8 @@ private:
     DateTime Zeitpunkt() const;
     void Rufen_Tag() const;
     void Kopf_Setzen();
+
+    Listener words_ = Worte_Folgen(*this);
 };
 
 } // namespace qvm
