@@ -2,7 +2,7 @@
 
 #include "Datendateien.h"
 #include "F13.h"
-#include "Programm.h"
+#include "TransferWindows.h"
 #include "VirtualLine.h"
 
 #include <benchmark/benchmark.h>
@@ -37,22 +37,22 @@ void Lauf_250_Benutzer(benchmark::State& state) {
     VirtualSystem system(devices, test::LineOf(world));
     system.KeepTelegrams(false);
     world.OnWrite = [&system](std::span<const std::uint8_t> bytes) { system.Receive(bytes); };
-    programm.F13.F13_FormLaden();
-    programm.F13.Timer1.Stop();
-    programm.F13.Timer2.Stop();
+    programm.Transfer->F13.F13_FormLaden();
+    programm.Transfer->F13.Timer1.Stop();
+    programm.Transfer->F13.Timer2.Stop();
     for (auto _ : state) {
         world.Answers.push_back({.Text = "*", .Reply = Answer::No});
-        programm.F13.FGK13_Click(1, F13Column::Program);
+        programm.Transfer->F13.FGK13_Click(1, F13Column::Program);
         for (const char digit : std::string("123456")) {
-            programm.F11.Text1_KeyPress(digit);
+            programm.Transfer->F11.Text1_KeyPress(digit);
         }
-        programm.F11.OK_Click();
+        programm.Transfer->F11.OK_Click();
         if (!world.RunUntil([&programm] { return programm.Lauf.Gesamtende; }) ||
             programm.Lauf.Bericht.End != RunOutcome::Done || system.World().Locks[0].Users.size() != 250) {
             state.SkipWithError("the run did not go through");
             break;
         }
-        programm.F9.Command2_Click();
+        programm.Transfer->F9.Command2_Click();
     }
 }
 BENCHMARK(Lauf_250_Benutzer)->Unit(benchmark::kMillisecond);

@@ -69,8 +69,8 @@ struct Bench {
     QElapsedTimer clock;
 
     void Begin() {
-        new AfterPaint(windows.f2, [this] { MainPainted(); });
-        programm.F2.F2_Laden();
+        new AfterPaint(windows.Main.f2, [this] { MainPainted(); });
+        programm.Main->F2.F2_Laden();
     }
     void MainPainted() {
         const auto now = std::chrono::steady_clock::now().time_since_epoch();
@@ -82,17 +82,17 @@ struct Bench {
     }
     /// Where the key of the lock window is on the screen.
     void PrintKey() const {
-        const auto* key = windows.f2.findChild<QToolButton*>(QStringLiteral("F2.Toolbar1.PROG"));
+        const auto* key = windows.Main.f2.findChild<QToolButton*>(QStringLiteral("F2.Toolbar1.PROG"));
         const QPoint middle = key == nullptr ? QPoint() : key->mapToGlobal(key->rect().center());
         std::printf("%d %d\n", middle.x(), middle.y());
     }
     void OpenLocks() {
         clock.start();
-        new AfterPaint(windows.f13, [this] {
+        new AfterPaint(windows.Transfer.f13, [this] {
             std::printf("F13 painted after %.1f ms\n", Milliseconds());
             OpenHistory();
         });
-        programm.F13.F13_FormLaden();
+        programm.Transfer->F13.F13_FormLaden();
     }
     double Milliseconds() const { return static_cast<double>(clock.nsecsElapsed()) / 1e6; }
     /// A full history, every tenth line with the same name.
@@ -106,32 +106,32 @@ struct Bench {
         }
         file.close();
         clock.start();
-        new AfterPaint(windows.f7, [this] {
-            std::printf("F7 with %d lines painted after %.1f ms\n", programm.F7.Zeilen(), Milliseconds());
+        new AfterPaint(windows.History.f7, [this] {
+            std::printf("F7 with %d lines painted after %.1f ms\n", programm.History->F7.Zeilen(), Milliseconds());
             QTimer::singleShot(500, qApp, [this] { SearchHistory(); });
         });
-        programm.F7.F7_Oeffnen(path);
+        programm.History->F7.F7_Oeffnen(path);
     }
     void SearchHistory() {
-        programm.F7.Toolbar1_ButtonClick("Suchen");
-        programm.F8.Text1.Text = std::string("wartung");
+        programm.History->F7.Toolbar1_ButtonClick("Suchen");
+        programm.History->F8.Text1.Text = std::string("wartung");
         clock.start();
-        new AfterPaint(windows.f7, [this] {
+        new AfterPaint(windows.History.f7, [this] {
             std::printf("F7 searched and painted after %.1f ms\n", Milliseconds());
-            programm.F8.Fenster.Visible = false;
+            programm.History->F8.Fenster.Visible = false;
             OpenRest();
         });
-        programm.F8.Command1_Click();
+        programm.History->F8.Command1_Click();
     }
     void OpenRest() {
-        programm.F11.F11_Laden(qvm::F11Opener::F13, "");
-        programm.F6.F6_Laden();
-        programm.F14.F14_Laden();
-        programm.F15.F15_Laden();
-        programm.F1.F1_Laden(1);
-        programm.F9.F9_Vorbereiten(4000);
-        programm.F9.F9_Zeigen();
-        programm.F18.F18_Zeigen();
+        programm.Transfer->F11.F11_Laden(qvm::F11Opener::F13, "");
+        programm.Main->F6.F6_Laden();
+        programm.Main->F14.F14_Laden();
+        programm.Main->F15.F15_Laden();
+        programm.Main->F1.F1_Laden(1);
+        programm.Transfer->F9.F9_Vorbereiten(4000);
+        programm.Transfer->F9.F9_Zeigen();
+        programm.Transfer->F18.F18_Zeigen();
         QTimer::singleShot(1000, qApp, [this] {
             std::printf("F2, F13, F7, F11, F6, F14, F15, F1, F9 and F18 open, %s\n", residentMemory().c_str());
             Idle("all of them", [] { QApplication::exit(0); });

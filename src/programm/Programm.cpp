@@ -1,71 +1,28 @@
 #include "Programm.h"
 
 #include "Dateinamen.h"
+#include "HistoryWindows.h"
+#include "MainWindows.h"
 #include "Migration.h"
+#include "TransferWindows.h"
 #include "Words.h"
-
-#include <Lines.h>
 
 namespace qvm {
 
 Programm::Programm(Platform& world, const std::string& directory)
-    : kern(world), link(kern), Lauf(link), Netz(link, Lauf.Daten), F9(Lauf), F18(Lauf), F11(Lauf, F9, F18, Adapter),
-      F13(Lauf, F11, Adapter), F91(Lauf, Netz, F9, Adapter), F92(kern), F1(kern), F2(link, Adapter), F6(link, Adapter),
-      F7(kern), F8(F7), F14(kern), F15(kern) {
+    : kern(world), link(kern), Lauf(link), Netz(link, Lauf.Daten), Main(std::make_unique<MainWindows>(*this)),
+      Transfer(std::make_unique<TransferWindows>(*this)), History(std::make_unique<HistoryWindows>(*this)) {
     kern.AppPath = directory;
     if (kern.AppPath.empty() || kern.AppPath.back() != '/') {
         kern.AppPath += '/';
     }
-    Ansicht_Verbinden();
-    Fenster_Verbinden();
-    Hauptfenster_Verbinden();
     Haken_Verbinden();
-    Liste_Verbinden();
-    Liste_Ansicht_Verbinden();
+    Main->Verbinden();
+    Transfer->Verbinden();
+    History->Verbinden();
 }
 
-void Programm::Ansicht_Verbinden() {
-    Lauf.Ansicht = RunView{
-        .Fortschritt = [this] { F9.Fortschritt(); },
-        .F9_Zeigen = [this] { F9.Im_Lauf_Zeigen(); },
-        .Status = [this](int line) { F9.Status_Zeigen(line); },
-        .Fertig = [this](int line) { F9.Lauf_Fertig(line); },
-        .F9_Schliessen_Freigeben = [this] { F9.Schliessen_Freigeben(); },
-        .Historie_Beschriften = [this] { F9.Status_Zeigen(Line::ReadingHistory); },
-        .Zustand = [this](std::uint8_t state, const std::string& text) { F9.Zustand_Zeigen(state, text); },
-        .Kaestchen = [this](int box) { F9.Ankreuzen(box); },
-        .Kaestchen_Beschriften = [this](int box, const std::string& text) { F9.Kaestchen_Beschriften(box, text); },
-        .Wartebox_Zeigen = [this] { F18.F18_Zeigen(); },
-        .Wartebox_Schliessen = [this] { F18.F18_Schliessen(); },
-        .Wartebox_Balken = [this](int value) { F18.Balken.Value = value; },
-        .Wartebox_Text =
-            [this](int line) {
-                F18.Text_Zeigen(line);
-                F9.Status_Zeigen(line);
-            },
-        .Zum_Schlossgitter =
-            [this] {
-                F9.F9_Schliessen();
-                F18.F18_Schliessen();
-                F13.Hinter_Lauf_Freigeben();
-            },
-        .Schlossgitter_Freigeben = [this] { F13.F13_Freigeben(); },
-        .Historie_Oeffnen =
-            [this](const std::string& path) {
-                if (F7_Oeffnen) {
-                    F7_Oeffnen(path);
-                }
-            },
-        .Hauptfenster_Freigeben = [this] { F2.F2_Freigeben(); },
-    };
-}
-
-void Programm::Fenster_Verbinden() {
-    F9.F13_Freigeben = [this] { F13.Hinter_Lauf_Freigeben(); };
-    F18.F9_Zeigen = [this] { F9.Suche_Endet(); };
-    F11.Zurueck = [this] { F13.F11_Verlassen(); };
-    F11.Marke_Loeschen = [this](int row) { F13.Marke_Setzen(row, false); };
-}
+Programm::~Programm() = default;
 
 void Programm::Haken_Verbinden() {
     Lauf_Haken_Setzen(Lauf, link.Hooks);
@@ -74,7 +31,7 @@ void Programm::Haken_Verbinden() {
     hooks.Unit_Gefunden = [this] { Rufen(Fensterhaken.Unit_Gefunden); };
     hooks.Unit_Kanal_Leer = [this] { Rufen(Fensterhaken.Unit_Kanal_Leer); };
     hooks.Adapter_Erkannt = [this] {
-        F2.Adapter_Erkannt();
+        Main->F2.Adapter_Erkannt();
         Rufen(Fensterhaken.Adapter_Erkannt);
     };
     hooks.Adapter_Daten = [this] { Rufen(Fensterhaken.Adapter_Daten); };

@@ -1,33 +1,26 @@
 #pragma once
 
 #include "AdapterListe.h"
-#include "F1.h"
-#include "F11.h"
-#include "F13.h"
-#include "F14.h"
-#include "F15.h"
-#include "F18.h"
-#include "F2.h"
-#include "F6.h"
-#include "F7.h"
-#include "F8.h"
-#include "F9.h"
-#include "F91.h"
-#include "F92.h"
 #include "Kern.h"
 #include "Link.h"
 #include "Network_USB.h"
 #include "Programmierlauf.h"
 
 #include <functional>
+#include <memory>
 #include <string>
 
 namespace qvm {
+
+struct MainWindows;
+struct TransferWindows;
+struct HistoryWindows;
 
 /// One of everything, with all hooks filled; still no widget. A front end (or a test) makes one over its Platform.
 struct Programm {
     /// `directory`: the program's directory; a trailing separator is added when it has none.
     Programm(Platform& world, const std::string& directory);
+    ~Programm();
     Programm(const Programm&) = delete;
     Programm& operator=(const Programm&) = delete;
 
@@ -36,19 +29,10 @@ struct Programm {
     AdapterListe Adapter;
     Programmierlauf Lauf;
     Netzlauf Netz;
-    struct F9 F9;
-    struct F18 F18;
-    struct F11 F11;
-    struct F13 F13;
-    struct F91 F91;
-    struct F92 F92;
-    struct F1 F1;
-    struct F2 F2;
-    struct F6 F6;
-    struct F7 F7;
-    struct F8 F8;
-    struct F14 F14;
-    struct F15 F15;
+    // Groups of windows. Each has a header of its own, so that a new window concerns only those who use its group.
+    std::unique_ptr<MainWindows> Main;
+    std::unique_ptr<TransferWindows> Transfer;
+    std::unique_ptr<HistoryWindows> History;
 
     // Rows of the reply chain, and ends of a run, that lead to windows of the front end. May be empty.
     LinkHooks Fensterhaken;
@@ -56,12 +40,7 @@ struct Programm {
     std::function<void(const std::string& path)> F7_Oeffnen; ///< shows the history file of a run, by F7 or otherwise
 
 private:
-    void Ansicht_Verbinden();
-    void Hauptfenster_Verbinden();
-    void Fenster_Verbinden();
     void Haken_Verbinden();
-    void Liste_Verbinden();
-    void Liste_Ansicht_Verbinden();
 };
 
 enum class StartResult {

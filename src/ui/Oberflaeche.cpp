@@ -28,18 +28,11 @@ public:
 } // namespace
 
 Oberflaeche::Oberflaeche(Programm& programm)
-    : programm_(programm),
-      words_(programm.kern.Windows.WordsChanged.Listen([this] { qtWords_.use(programm_.kern.Config.Sprache); })),
-      f2(programm.F2), f1(programm.F1, &f2), f15(programm.F15, &f2), f6(programm.F6, &f2), f7(programm.F7, &f2),
-      f8(programm.F8, &f7), f14(programm.F14, &f2), f13(programm.F13, &f2), f91(programm.F91, &f2),
-      f11(programm.F11, &f13), f9(programm.F9, &f13, &f91), f18(programm.F18, &f13, &f91), f92(programm.F92, &f91) {
+    : words_(
+          programm.kern.Windows.WordsChanged.Listen([this, &programm] { qtWords_.use(programm.kern.Config.Sprache); })),
+      Main(*programm.Main), Transfer(*programm.Transfer, &Main.f2), History(*programm.History, &Main.f2) {
     qtWords_.use(programm.kern.Config.Sprache);
-    programm_.F7_Oeffnen = [this](const std::string& path) { programm_.F7.F7_Oeffnen(path); };
-    QCoreApplication::instance()->installEventFilter(new NoRepeat(&f2));
-}
-
-Oberflaeche::~Oberflaeche() {
-    programm_.F7_Oeffnen = {};
+    QCoreApplication::instance()->installEventFilter(new NoRepeat(&Main.f2));
 }
 
 } // namespace qvm::ui

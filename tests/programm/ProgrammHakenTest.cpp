@@ -1,7 +1,7 @@
 // What Programm wires between link, run and windows.
 
-#include "Programm.h"
 #include "Text.h"
+#include "TransferWindows.h"
 #include "VirtualPlatform.h"
 
 #include <gmock/gmock.h>
@@ -46,9 +46,9 @@ TEST_F(Programm_Haken, stands_without_any_front_end) {
     }
     programm.Lauf.Ansicht.Historie_Oeffnen("/q/HIST/H.HST");
     programm.Lauf.Ansicht.Hauptfenster_Freigeben();
-    programm.F13.F13_FormLaden();
-    programm.F13.Toolbar1_ButtonClick(u8"Zurück"_w);
-    EXPECT_FALSE(programm.F13.Fenster.Visible);
+    programm.Transfer->F13.F13_FormLaden();
+    programm.Transfer->F13.Toolbar1_ButtonClick(u8"Zurück"_w);
+    EXPECT_FALSE(programm.Transfer->F13.Fenster.Visible);
 }
 
 TEST_F(Programm_Haken, shows_a_history_file_through_the_front_end) {
@@ -59,14 +59,14 @@ TEST_F(Programm_Haken, shows_a_history_file_through_the_front_end) {
 }
 
 TEST_F(Programm_Haken, a_run_that_goes_back_to_the_grid_closes_progress_and_wait_box) {
-    programm.F9.F9_Zeigen();
-    programm.F18.F18_Zeigen();
-    programm.F13.Fenster.Enabled = false;
+    programm.Transfer->F9.F9_Zeigen();
+    programm.Transfer->F18.F18_Zeigen();
+    programm.Transfer->F13.Fenster.Enabled = false;
     programm.Lauf.Ansicht.Zum_Schlossgitter();
-    EXPECT_FALSE(programm.F9.Fenster.Visible);
-    EXPECT_FALSE(programm.F9.Stille.Running());
-    EXPECT_FALSE(programm.F18.Fenster.Visible);
-    EXPECT_TRUE(programm.F13.Fenster.Enabled);
+    EXPECT_FALSE(programm.Transfer->F9.Fenster.Visible);
+    EXPECT_FALSE(programm.Transfer->F9.Stille.Running());
+    EXPECT_FALSE(programm.Transfer->F18.Fenster.Visible);
+    EXPECT_TRUE(programm.Transfer->F13.Fenster.Enabled);
 }
 
 TEST_F(Programm_Haken, a_code_and_channel_change_ends_with_a_report) {

@@ -1,6 +1,6 @@
 // The start sequence, the shut-down, and what Programm wires together.
 
-#include "Programm.h"
+#include "MainWindows.h"
 #include "Text.h"
 #include "VirtualPlatform.h"
 
@@ -183,8 +183,8 @@ TEST_F(Programm_Start, in_another_language_keeps_the_title_by_which_an_instance_
     Words("English");
     Programm programm(world.World, "/q");
     qvm::Programm_Start(programm, true);
-    programm.F2.F2_Laden();
-    EXPECT_EQ(programm.F2.Fenster.Title(), "QVM 7702 SOFTWARE SYSTEM");
+    programm.Main->F2.F2_Laden();
+    EXPECT_EQ(programm.Main->F2.Fenster.Title(), "QVM 7702 SOFTWARE SYSTEM");
     EXPECT_EQ(SystemTitle, "QVM 7702 SOFTWARE SYSTEM");
 }
 

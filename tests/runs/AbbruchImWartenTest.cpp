@@ -36,7 +36,7 @@ TEST(Cancel_In_An_Ordered_Wait, closes_the_session_of_a_unit_in_place_of_the_nex
     scene.Start();
     When_Erasing(scene, [&scene] {
         EXPECT_TRUE(Lauf_Wartet(scene.programm->Lauf));
-        scene.programm->F9.Command1_Click();
+        scene.programm->Transfer->F9.Command1_Click();
     });
     ASSERT_TRUE(scene.Finish());
     EXPECT_THAT(BehindTheLock(scene), ElementsAre(0x28, 0x66, 0x29, 0x49, 0x48, 0xFE, 0x27, 0x05, 0x03));
@@ -49,14 +49,14 @@ TEST(Cancel_In_An_Ordered_Wait, leaves_a_report_of_what_the_unit_lost) {
     Scene scene(RunKind::BothUnits);
     scene.Begin();
     scene.Start();
-    When_Erasing(scene, [&scene] { scene.programm->F9.Command1_Click(); });
+    When_Erasing(scene, [&scene] { scene.programm->Transfer->F9.Command1_Click(); });
     ASSERT_TRUE(scene.Finish());
     const auto& units = scene.programm->Lauf.Bericht.Units;
     EXPECT_EQ(units[0].End, UnitReport::State::Done);
     EXPECT_EQ(units[1].End, UnitReport::State::BrokenOff);
     EXPECT_EQ(units[1].Progress, (UnitProgress{.Stage = UnitStage::Changed, .Templates = 0, .TemplatesWanted = 1}));
     EXPECT_EQ(units[2].End, UnitReport::State::Untried);
-    EXPECT_EQ(scene.programm->F9.Check[2].Text(), u8"Unit: gelöscht, 0 von 1 Fingervorlagen übertragen."_w);
+    EXPECT_EQ(scene.programm->Transfer->F9.Check[2].Text(), u8"Unit: gelöscht, 0 von 1 Fingervorlagen übertragen."_w);
 }
 
 TEST(Cancel_In_An_Ordered_Wait, of_a_port_that_is_closed_at_once_names_the_unit_too) {
@@ -64,8 +64,8 @@ TEST(Cancel_In_An_Ordered_Wait, of_a_port_that_is_closed_at_once_names_the_unit_
     scene.Begin();
     scene.Start();
     When_Erasing(scene, [&scene] {
-        scene.programm->F9.Command1_Click();
-        scene.programm->F9.Command2_Click();
+        scene.programm->Transfer->F9.Command1_Click();
+        scene.programm->Transfer->F9.Command2_Click();
     });
     ASSERT_TRUE(scene.Finish());
     EXPECT_EQ(scene.Outcome(), RunOutcome::Cancelled);
@@ -81,7 +81,7 @@ Codes CancelledPolling(Scene& scene, int afterMs) {
         [&scene] { return scene.programm->Lauf.Timer7.Running() && scene.DeviceCodes().back() == 0x27; }));
     scene.world.RunFor(afterMs);
     EXPECT_TRUE(Lauf_Wartet(scene.programm->Lauf));
-    scene.programm->F9.Command1_Click();
+    scene.programm->Transfer->F9.Command1_Click();
     EXPECT_TRUE(scene.Finish(60000));
     EXPECT_EQ(scene.Outcome(), RunOutcome::Cancelled);
     EXPECT_EQ(scene.Lock(Serial::Z).Sessions, 1) << "the session was left open";
@@ -110,7 +110,7 @@ TEST(Cancel_In_An_Ordered_Wait, of_a_lock_that_never_answers_its_polling_goes_ou
     scene.Begin();
     scene.Start();
     ASSERT_TRUE(scene.world.RunUntil([&scene] { return scene.DeviceCodes().back() == 0x08; }));
-    scene.programm->F9.Command1_Click();
+    scene.programm->Transfer->F9.Command1_Click();
     EXPECT_FALSE(scene.Finish(30000)); // the disconnect is lost
     const std::vector<int> all = scene.DeviceCodes();
     EXPECT_EQ(std::count(all.begin(), all.end(), 0x08), 10);
@@ -133,7 +133,7 @@ TEST(Unfinished_Run, names_what_the_lock_did_not_get) {
                               u8"(Anmeldung, Datum und Uhrzeit, Priorität, Löschen, Kalenderschalter, Schaltuhr, "
                               u8"Feiertage, Benutzer 1, Schaltuhrschalter, Schlossmodus, Datenende, Abmeldung). "
                               u8"Bitte wiederholen Sie den Vorgang."_w);
-    EXPECT_FALSE(scene.programm->F9.Check[0].Checked);
+    EXPECT_FALSE(scene.programm->Transfer->F9.Check[0].Checked);
 }
 
 TEST(Unfinished_Run, names_what_a_lock_did_not_get_that_became_busy) {

@@ -17,12 +17,12 @@ struct Adapter_Change : RunFixture {
     /// The lock grid over a main window that has found the adapter.
     void Open() {
         Begin();
-        programm->F2.F2_Laden();
-        ASSERT_TRUE(
-            world.RunUntil([this] { return programm->F2.Verbunden != 0 && programm->F2.ScanLaeuft == 0; }, 60000));
-        programm->F2.Timer2.Stop();
-        programm->F2.Fenster.Visible = false;
-        programm->F13.FGK13.SetText(1, F13Column::AdapterId, Own);
+        programm->Main->F2.F2_Laden();
+        ASSERT_TRUE(world.RunUntil(
+            [this] { return programm->Main->F2.Verbunden != 0 && programm->Main->F2.ScanLaeuft == 0; }, 60000));
+        programm->Main->F2.Timer2.Stop();
+        programm->Main->F2.Fenster.Visible = false;
+        programm->Transfer->F13.FGK13.SetText(1, F13Column::AdapterId, Own);
         ASSERT_EQ(programm->Adapter.Saetze.size(), 1U);
     }
     void Ports(const std::vector<int>& ports, PortChange change) {
@@ -57,16 +57,16 @@ TEST_F(Adapter_Change, without_its_adapter_a_click_says_so_and_sends_nothing) {
     const std::size_t sent = system->Codes().size();
     Ports({}, PortChange::Removed);
     world.Answers.push_back({.Text = "L192\r\nL193"});
-    programm->F13.FGK13_Click(1, F13Column::Program);
+    programm->Transfer->F13.FGK13_Click(1, F13Column::Program);
     EXPECT_EQ(system->Codes().size(), sent);
-    EXPECT_TRUE(programm->F13.Fenster.Enabled);
-    EXPECT_FALSE(programm->F11.Fenster.Visible);
+    EXPECT_TRUE(programm->Transfer->F13.Fenster.Enabled);
+    EXPECT_FALSE(programm->Transfer->F11.Fenster.Visible);
 }
 
 TEST_F(Adapter_Change, a_port_that_arrives_while_the_code_is_typed_changes_no_adapter) {
     Open();
     world.Answers.push_back({.Text = "L63", .Reply = Answer::No});
-    programm->F13.FGK13_Click(1, F13Column::Program);
+    programm->Transfer->F13.FGK13_Click(1, F13Column::Program);
     Ports({1, 7}, PortChange::Arrived);
     TypeCode("123456");
     Expect_Programmed();
@@ -75,7 +75,7 @@ TEST_F(Adapter_Change, a_port_that_arrives_while_the_code_is_typed_changes_no_ad
 TEST_F(Adapter_Change, an_adapter_pulled_while_the_code_is_typed_is_not_replaced_by_another) {
     Open();
     world.Answers.push_back({.Text = "L63", .Reply = Answer::No});
-    programm->F13.FGK13_Click(1, F13Column::Program);
+    programm->Transfer->F13.FGK13_Click(1, F13Column::Program);
     Ports({}, PortChange::Removed);
     programm->Adapter.Saetze = {
         {.Adresse = std::string(Other), .Name = "PROGSTATION B", .Port = "1", .TransferKey = {}}};
@@ -84,20 +84,20 @@ TEST_F(Adapter_Change, an_adapter_pulled_while_the_code_is_typed_is_not_replaced
     TypeCode("123456");
     world.RunFor(10000);
     EXPECT_EQ(system->Codes().size(), sent);
-    EXPECT_TRUE(programm->F11.Fenster.Visible);
-    EXPECT_TRUE(programm->F11.Fenster.Enabled);
+    EXPECT_TRUE(programm->Transfer->F11.Fenster.Visible);
+    EXPECT_TRUE(programm->Transfer->F11.Fenster.Enabled);
 }
 
 TEST_F(Adapter_Change, a_port_that_arrives_while_the_code_of_a_list_is_typed_lets_the_list_run) {
     Open();
-    programm->F13.FGK13.SetText(1, F13Column::Mark, "X");
+    programm->Transfer->F13.FGK13.SetText(1, F13Column::Mark, "X");
     world.Answers.push_back({.Text = "L63", .Reply = Answer::No});
     world.Answers.push_back({.Text = "L269", .Reply = Answer::No});
-    programm->F13.Toolbar1_ButtonClick("Prog.");
+    programm->Transfer->F13.Toolbar1_ButtonClick("Prog.");
     Ports({1, 7}, PortChange::Arrived);
     TypeCode("123456");
-    ASSERT_TRUE(world.RunUntil([this] { return !programm->F91.Laeuft(); }, 600000));
-    EXPECT_EQ(programm->F91.FGK91.Text(1, F91Column::Mark), ">>");
+    ASSERT_TRUE(world.RunUntil([this] { return !programm->Transfer->F91.Laeuft(); }, 600000));
+    EXPECT_EQ(programm->Transfer->F91.FGK91.Text(1, F91Column::Mark), ">>");
     EXPECT_EQ(Lock(Serial::S).Sessions, 1);
 }
 

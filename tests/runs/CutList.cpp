@@ -144,7 +144,7 @@ void CutList::EndList() {
         if (FinishList(60000)) {
             return;
         }
-        programm->F91.Zeile_Aufgeben();
+        programm->Transfer->F91.Zeile_Aufgeben();
     }
     ADD_FAILURE() << "the list never ended";
 }
@@ -159,10 +159,10 @@ void CutList::PlugIn() {
 
 void CutList::ExpectNextListWorks() {
     OnTelegram = {};
-    programm->F91.Command1_Click();
-    programm->F13.F13_FormLaden();
-    programm->F13.Timer1.Stop();
-    programm->F13.Timer2.Stop();
+    programm->Transfer->F91.Command1_Click();
+    programm->Transfer->F13.F13_FormLaden();
+    programm->Transfer->F13.Timer1.Stop();
+    programm->Transfer->F13.Timer2.Stop();
     Mark();
     world.RunFor(1000); // a history file is named by the second
     Prog({1, 2, 3}, Answer::Yes);
@@ -178,7 +178,7 @@ void CutList::ExpectNextListWorks() {
 }
 
 void CutList::Mark() {
-    Grid& grid = programm->F13.FGK13;
+    Grid& grid = programm->Transfer->F13.FGK13;
     for (const int row : {1, 2, 3}) {
         grid.SetText(row, F13Column::AdapterId, row == NetLock ? "/3/224/0/1" : "/10/20/30/40");
     }

@@ -112,8 +112,8 @@ struct Attack : Scene {
         world.Disk.Files = disk_;
         devices.Faults = faults;
         system = std::make_unique<VirtualSystem>(devices, Surroundings());
-        programm->F13.RFk_IconLoad();
-        programm->F13.FGK13_Click(1, OnlyHistory(kind) ? F13Column::History : F13Column::Program);
+        programm->Transfer->F13.RFk_IconLoad();
+        programm->Transfer->F13.FGK13_Click(1, OnlyHistory(kind) ? F13Column::History : F13Column::Program);
         TypeCode("123456");
         // No run is longer without a telegram than while a scanner erases: 6 s.
         std::size_t sent = 0;
@@ -130,10 +130,10 @@ struct Attack : Scene {
     }
     void Close() {
         if (!programm->Lauf.Gesamtende) {
-            programm->F9.Command1_Click();
+            programm->Transfer->F9.Command1_Click();
         }
-        programm->F9.Command2_Click();
-        programm->F18.F18_Schliessen();
+        programm->Transfer->F9.Command2_Click();
+        programm->Transfer->F18.F18_Schliessen();
         world.RunFor(7000);
     }
     bool SaysDone() const {

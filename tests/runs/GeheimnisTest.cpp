@@ -36,9 +36,9 @@ std::string Holders(const Programm& program, const SecretBytes& secret) {
     std::string names;
     names += HeldBy(program.link, secret) ? "link " : "";
     names += Stands(program.link.TxWire, secret, 1) ? "line " : "";
-    names += HeldBy(program.F11, secret) ? "F11 " : "";
+    names += HeldBy(program.Transfer->F11, secret) ? "F11 " : "";
     names += HeldBy(program.Netz, secret) ? "network " : "";
-    names += HeldBy(program.F91, secret) ? "F91 " : "";
+    names += HeldBy(program.Transfer->F91, secret) ? "F91 " : "";
     names += HeldBy(program.Lauf, secret) ? "run " : "";
     return names;
 }
@@ -71,12 +71,12 @@ TEST_F(Secrets, of_a_refused_run_are_gone_too) {
 
 TEST_F(Secrets, of_a_cancelled_start_are_gone) {
     Begin();
-    programm->F11.F11_Laden(F11Opener::F13, "");
+    programm->Transfer->F11.F11_Laden(F11Opener::F13, "");
     for (const char key : std::string("918273")) {
-        programm->F11.Text1_KeyPress(key);
+        programm->Transfer->F11.Text1_KeyPress(key);
     }
     EXPECT_EQ(Holders(*programm, Typed), "F11 ");
-    programm->F11.Cancel_Click();
+    programm->Transfer->F11.Cancel_Click();
     EXPECT_EQ(Holders(*programm, Typed), "");
 }
 
@@ -92,7 +92,7 @@ TEST_F(List_Secrets, code_and_transfer_key_are_gone_when_the_list_has_ended) {
     const SecretBytes key(NetDevices.Adapter.Key.begin(), NetDevices.Adapter.Key.end());
     BeginNet({1});
     Prog({1, 2});
-    ASSERT_TRUE(world.RunUntil([this] { return programm->F91.Arbeit() == F91::Work::Network; }));
+    ASSERT_TRUE(world.RunUntil([this] { return programm->Transfer->F91.Arbeit() == F91::Work::Network; }));
     EXPECT_EQ(Holders(*programm, key), "link network ");
     EXPECT_EQ(Holders(*programm, code), "link ");
     ASSERT_TRUE(Work());

@@ -49,8 +49,8 @@ TEST_F(Run_History, reading_only_disconnects_behind_the_last_record_and_opens_th
     EXPECT_EQ(Status(), "L110");
     EXPECT_EQ(system->JudgementLines(), "");
     // The first state report of the run shows in the progress window.
-    EXPECT_EQ(programm->F9.Label15.Text(), "L13");
-    EXPECT_EQ(programm->F9.Zustandsbild.Id(), StatePicture::Image5);
+    EXPECT_EQ(programm->Transfer->F9.Label15.Text(), "L13");
+    EXPECT_EQ(programm->Transfer->F9.Zustandsbild.Id(), StatePicture::Image5);
 }
 
 TEST_F(Run_History, an_empty_lock_answers_at_once_and_no_file_is_made) {
@@ -101,7 +101,7 @@ TEST_F(Run_History, the_next_run_begins_a_file_of_its_own) {
     Begin();
     History(1);
     ASSERT_TRUE(Finish());
-    programm->F9.Command2_Click();
+    programm->Transfer->F9.Command2_Click();
     world.RunFor(5000);
     History(1);
     ASSERT_TRUE(Finish());
@@ -114,7 +114,7 @@ TEST_F(Run_History, a_lock_whose_events_could_not_be_written_is_not_erased) {
     Begin();
     Expect(277);
     world.Answers.push_front({.Text = "L63", .Reply = Answer::Yes});
-    programm->F13.FGK13_Click(1, F13Column::Program);
+    programm->Transfer->F13.FGK13_Click(1, F13Column::Program);
     world.Disk.FailAt = world.Disk.Operations + 1;
     world.Disk.FailFromThere = true;
     TypeCode("123456");
@@ -150,7 +150,7 @@ TEST_F(Run_History, that_does_not_reach_the_disk_keeps_the_lock_from_being_erase
     Begin();
     Expect(277);
     world.Answers.push_front({.Text = "L63", .Reply = Answer::Yes});
-    programm->F13.FGK13_Click(1, F13Column::Program);
+    programm->Transfer->F13.FGK13_Click(1, F13Column::Program);
     TypeCode("123456");
     ASSERT_TRUE(Finish());
     EXPECT_EQ(Outcome(), RunOutcome::GivenUp);
@@ -168,7 +168,7 @@ TEST_F(Run_History, lost_events_also_keep_the_second_pass_from_erasing) {
     Begin();
     Expect(277);
     world.Answers.push_front({.Text = "L63", .Reply = Answer::Yes});
-    programm->F13.FGK13_Click(1, F13Column::Program);
+    programm->Transfer->F13.FGK13_Click(1, F13Column::Program);
     world.Disk.FailAt = world.Disk.Operations + 1;
     world.Disk.FailFromThere = true;
     TypeCode("123456");
@@ -183,7 +183,7 @@ TEST_F(Run_History, reading_alone_says_that_events_were_lost) {
     Begin();
     Expect(277);
     world.Answers.push_front({.Text = "L65"});
-    programm->F13.FGK13_Click(1, F13Column::History);
+    programm->Transfer->F13.FGK13_Click(1, F13Column::History);
     world.Disk.FailAt = world.Disk.Operations + 1;
     world.Disk.FailFromThere = true;
     TypeCode("123456");

@@ -429,7 +429,7 @@ TEST_P(Lock_Content, is_what_the_data_files_say) {
         if (fingers) {
             Expect(273);
         }
-        programm->F13.FGK13_Click(1, F13Column::Program);
+        programm->Transfer->F13.FGK13_Click(1, F13Column::Program);
         TypeCode("123456");
         ASSERT_TRUE(Finish());
         EXPECT_EQ(Outcome(), RunOutcome::Done);

@@ -30,8 +30,8 @@ struct Run_Search : RunFixture {
 TEST_F(Run_Search, a_lock_on_its_old_channel_is_moved_and_then_programmed) {
     Begin();
     Program(1);
-    EXPECT_TRUE(programm->F18.Fenster.Visible);
-    EXPECT_FALSE(programm->F9.Fenster.Visible);
+    EXPECT_TRUE(programm->Transfer->F18.Fenster.Visible);
+    EXPECT_FALSE(programm->Transfer->F9.Fenster.Visible);
     ASSERT_TRUE(Finish());
     const Codes sent = Sent();
     EXPECT_THAT(Codes(sent.begin(), sent.begin() + 6), ElementsAre(0x04, 0x28, 0x66, 0x29, 0x07, 0x09));
@@ -39,8 +39,8 @@ TEST_F(Run_Search, a_lock_on_its_old_channel_is_moved_and_then_programmed) {
     EXPECT_EQ(Lock(Serial::S).Channel, 7);
     EXPECT_EQ(ChannelFile(), "7     7  0     ");
     EXPECT_EQ(Outcome(), RunOutcome::Done);
-    EXPECT_FALSE(programm->F18.Fenster.Visible);
-    EXPECT_TRUE(programm->F9.Fenster.Visible);
+    EXPECT_FALSE(programm->Transfer->F18.Fenster.Visible);
+    EXPECT_TRUE(programm->Transfer->F9.Fenster.Visible);
     EXPECT_EQ(system->JudgementLines(), "");
 }
 
@@ -55,8 +55,8 @@ TEST_F(Run_Search, a_new_channel_that_could_not_be_recorded_is_told_and_bears_no
     EXPECT_EQ(ChannelFile(), "4     7  1     ");
     EXPECT_EQ(Status(), u8"L110. Der neue Funkkanal des Schlosses konnte nicht gespeichert werden: Das Schloss wird "
                         u8"beim nächsten Mal wieder gesucht."_w);
-    EXPECT_EQ(programm->F9.Zeichen.Id(), RunSign::Attention);
-    EXPECT_EQ(programm->F9.FolgeLabel.Text(), "");
+    EXPECT_EQ(programm->Transfer->F9.Zeichen.Id(), RunSign::Attention);
+    EXPECT_EQ(programm->Transfer->F9.FolgeLabel.Text(), "");
 }
 
 TEST_F(Run_Search, a_lock_elsewhere_is_found_on_the_first_channel_that_answers) {
@@ -77,9 +77,9 @@ TEST_F(Run_Search, a_lock_that_answers_nowhere_is_tried_thirteen_times_and_repor
     ASSERT_TRUE(Finish());
     EXPECT_THAT(LoginChannels(), ElementsAre(4, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12));
     EXPECT_EQ(Outcome(), RunOutcome::NotReached);
-    EXPECT_EQ(programm->F18.Balken.Value(), 172);
-    EXPECT_FALSE(programm->F18.Fenster.Visible);
-    EXPECT_TRUE(programm->F13.Fenster.Enabled);
+    EXPECT_EQ(programm->Transfer->F18.Balken.Value(), 172);
+    EXPECT_FALSE(programm->Transfer->F18.Fenster.Visible);
+    EXPECT_TRUE(programm->Transfer->F13.Fenster.Enabled);
     EXPECT_EQ(programm->link.Lauf.Chain.KanalSuche, 0);
     EXPECT_EQ(ChannelFile().substr(9, 1), "1");
 }
@@ -89,8 +89,8 @@ TEST_F(Run_Search, the_wait_boxs_button_ends_the_search_at_its_next_reply) {
     Begin();
     Expect(67);
     Program(1);
-    programm->F18.Command1_Click();
-    EXPECT_FALSE(programm->F18.Fenster.Visible);
+    programm->Transfer->F18.Command1_Click();
+    EXPECT_FALSE(programm->Transfer->F18.Fenster.Visible);
     ASSERT_TRUE(Finish());
     EXPECT_LE(LoginChannels().size(), 2U);
     EXPECT_EQ(Outcome(), RunOutcome::NotReached);

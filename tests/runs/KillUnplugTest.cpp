@@ -38,7 +38,7 @@ TEST(List_Unplugged, at_any_telegram_keeps_every_event_that_came_and_the_next_li
         const int cut = run.RowAt(1).first == "#" ? 1 : 3;
         ++cuts[cut];
         ExpectCutAt(run, cut);
-        EXPECT_EQ(run.programm->F91.StatusLabel.Text(), "L265");
+        EXPECT_EQ(run.programm->Transfer->F91.StatusLabel.Text(), "L265");
         run.PlugIn();
         run.ExpectNextListWorks();
     }
@@ -116,8 +116,8 @@ TEST(List_Unplugged, between_two_locks_and_put_back_the_list_goes_on) {
 struct Waiting : CutList {
     Waiting() {
         StartList(Answer::Yes);
-        programm->F92.Zeit_Waehlen(11, 0);
-        programm->F92.OK_Click();
+        programm->Transfer->F92.Zeit_Waehlen(11, 0);
+        programm->Transfer->F92.OK_Click();
         world.RunFor(60000);
         EXPECT_EQ(RowAt(1).first, "*");
         world.PortCanOpen = world.PortOpen = false;

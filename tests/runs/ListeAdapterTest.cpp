@@ -34,21 +34,21 @@ struct List_Adapter : ListenFixture {
     void Start(std::string_view mode, Answer delayed) {
         world.Disk.Files["/q/DAT/CHEUSB25C.I_2"] = std::string(mode);
         Begin();
-        programm->F2.F2_Laden();
-        ASSERT_TRUE(
-            world.RunUntil([this] { return programm->F2.Verbunden != 0 && programm->F2.ScanLaeuft == 0; }, 60000));
-        programm->F2.Timer2.Stop();
-        programm->F2.Fenster.Visible = false;
-        programm->F13.F13_FormLaden();
-        programm->F13.Timer1.Stop();
-        programm->F13.Timer2.Stop();
+        programm->Main->F2.F2_Laden();
+        ASSERT_TRUE(world.RunUntil(
+            [this] { return programm->Main->F2.Verbunden != 0 && programm->Main->F2.ScanLaeuft == 0; }, 60000));
+        programm->Main->F2.Timer2.Stop();
+        programm->Main->F2.Fenster.Visible = false;
+        programm->Transfer->F13.F13_FormLaden();
+        programm->Transfer->F13.Timer1.Stop();
+        programm->Transfer->F13.Timer2.Stop();
         Prog({1, 2}, Answer::No, delayed);
     }
     /// The list waits for 11:00 and has checked its rows.
     void Wait(std::string_view mode = "SET       \r\n") {
         Start(mode, Answer::Yes);
-        programm->F92.Zeit_Waehlen(11, 0);
-        programm->F92.OK_Click();
+        programm->Transfer->F92.Zeit_Waehlen(11, 0);
+        programm->Transfer->F92.OK_Click();
         world.RunFor(60000);
         ASSERT_EQ(RowAt(1).first, "*");
     }
@@ -57,7 +57,7 @@ struct List_Adapter : ListenFixture {
         Start(mode, Answer::No);
         ASSERT_TRUE(world.RunUntil([this] { return RowAt(1).first == ">>"; }));
     }
-    std::string Hint() { return programm->F91.Hinweis.Text; }
+    std::string Hint() { return programm->Transfer->F91.Hinweis.Text; }
     void ExpectAllProgrammedAt(int port) {
         ASSERT_TRUE(FinishList());
         EXPECT_THAT(AllRows(), ElementsAre(Done, Done));
@@ -108,9 +108,9 @@ TEST_F(List_Adapter, moved_while_a_row_is_under_way_is_searched_before_the_next_
     world.RunFor(500);
     PutBackAt(3);
     world.RunFor(5000);
-    EXPECT_EQ(programm->F91.Arbeit(), F91::Work::Direct);
+    EXPECT_EQ(programm->Transfer->F91.Arbeit(), F91::Work::Direct);
     EXPECT_EQ(Hint(), "");
-    programm->F91.Zeile_Aufgeben();
+    programm->Transfer->F91.Zeile_Aufgeben();
     ASSERT_TRUE(FinishList());
     EXPECT_THAT(AllRows(), ElementsAre(Row("#", "L66"), Done));
     EXPECT_EQ(world.PortNumber, 3);
@@ -160,9 +160,9 @@ TEST_F(List_Adapter, at_a_fixed_port_keeps_its_route_when_another_device_goes) {
     devices.Adapter.Address = {3, 224, 0, 1};
     Wait(Fixed);
     world.PortChanged(PortChange::Removed);
-    ASSERT_TRUE(world.RunUntil([this] { return programm->F91.Arbeit() != F91::Work::None; }, 3600000));
-    EXPECT_EQ(programm->F91.Arbeit(), F91::Work::Network);
-    programm->F91.Command2_Click();
+    ASSERT_TRUE(world.RunUntil([this] { return programm->Transfer->F91.Arbeit() != F91::Work::None; }, 3600000));
+    EXPECT_EQ(programm->Transfer->F91.Arbeit(), F91::Work::Network);
+    programm->Transfer->F91.Command2_Click();
 }
 
 TEST_F(List_Adapter, a_stop_while_it_is_searched_ends_the_search_at_once) {
@@ -173,11 +173,11 @@ TEST_F(List_Adapter, a_stop_while_it_is_searched_ends_the_search_at_once) {
     world.At(700, [&] {
         EXPECT_TRUE(programm->Adapter.SucheLaeuft);
         stopped = world.Elapsed();
-        programm->F91.Command2_Click();
+        programm->Transfer->F91.Command2_Click();
     });
     ASSERT_TRUE(world.RunUntil([&] { return stopped != 0 && !programm->Adapter.SucheLaeuft; }));
     EXPECT_EQ(world.Elapsed(), stopped);
-    EXPECT_FALSE(programm->F91.Laeuft());
+    EXPECT_FALSE(programm->Transfer->F91.Laeuft());
     EXPECT_THAT(AllRows(), ElementsAre(Row("*", "L259"), Row("*", "L259")));
 }
 

@@ -31,7 +31,7 @@ TEST_F(List_Files, every_row_is_passed_over_with_the_files_name_and_nothing_is_s
 TEST_F(List_Files, a_file_that_is_damaged_between_check_and_row_passes_the_row_over) {
     BeginList();
     Prog({1, 2});
-    programm->F91.Zeile_Fertig = [&](int row) {
+    programm->Transfer->F91.Zeile_Fertig = [&](int row) {
         if (row == 1) {
             CutUsers();
         }

@@ -98,7 +98,7 @@ struct Big_List : NetzlaufFixture {
         programm->Adapter.Saetze.push_back(gone);
         world.PortThere = [](int number) { return number < 3; };
         world.AdapterPortNumbers.clear(); // a search finds nothing, and what is known stays
-        Grid& grid = programm->F13.FGK13;
+        Grid& grid = programm->Transfer->F13.FGK13;
         grid.SetText(100, F13Column::AdapterId, "/1/2/3/4");
         grid.SetText(150, F13Column::AdapterId, "");
         grid.SetText(190, F13Column::AdapterId, "/3/224/0/9");
@@ -193,7 +193,7 @@ TEST_F(Big_List, ends_with_the_content_or_the_failure_of_each_lock) {
     }
     EXPECT_EQ(Net->JudgementLines(), "");
     EXPECT_EQ(system->JudgementLines(), "");
-    EXPECT_EQ(programm->F91.StatusLabel.Text(), "L265");
+    EXPECT_EQ(programm->Transfer->F91.StatusLabel.Text(), "L265");
 }
 
 #ifndef __SANITIZE_ADDRESS__
@@ -206,18 +206,18 @@ TEST_F(Big_List, needs_no_more_memory_from_row_to_row) {
     }
     Prog(locks);
     ASSERT_TRUE(Work());
-    programm->F91.Command1_Click();
+    programm->Transfer->F91.Command1_Click();
 
     // Everything holds by now what it will hold at the end of a second list.
     std::map<int, std::size_t> used;
-    programm->F91.Zeile_Beginnt = [&](int row) {
+    programm->Transfer->F91.Zeile_Beginnt = [&](int row) {
         world.Written.clear();
         world.Written.shrink_to_fit();
         NetFrames.clear();
         NetFrames.shrink_to_fit();
         used[row] = mallinfo2().uordblks;
     };
-    programm->F13.Fenster.Enabled = true;
+    programm->Transfer->F13.Fenster.Enabled = true;
     Prog(locks);
     ASSERT_TRUE(Work());
     ASSERT_EQ(used.size(), 18U);

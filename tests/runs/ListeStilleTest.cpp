@@ -37,14 +37,14 @@ TEST_F(List_Silence, of_a_minute_gives_the_row_up_and_the_list_goes_on) {
     Prog({1, 2});
     ASSERT_TRUE(Silent_For(59000));
     EXPECT_EQ(RowAt(1), Waiting);
-    EXPECT_EQ(programm->F91.Arbeit(), F91::Work::Direct);
+    EXPECT_EQ(programm->Transfer->F91.Arbeit(), F91::Work::Direct);
     world.RunFor(2100);
     EXPECT_EQ(RowAt(1), Failed);
     EXPECT_EQ(Outcome(), RunOutcome::NotReached);
     EXPECT_EQ(programm->Lauf.Bericht.Text, "L66");
     ASSERT_TRUE(FinishList());
     EXPECT_THAT(AllRows(), ElementsAre(Failed, Programmed));
-    EXPECT_EQ(programm->F91.StatusLabel.Text(), "L265");
+    EXPECT_EQ(programm->Transfer->F91.StatusLabel.Text(), "L265");
 }
 
 TEST_F(List_Silence, is_not_broken_by_frames_that_nobody_asked_for) {
@@ -58,7 +58,7 @@ TEST_F(List_Silence, is_not_broken_by_frames_that_nobody_asked_for) {
         world.RunFor(4900);
         world.Deliver(ReplyWire(codes[static_cast<std::size_t>(n) % codes.size()], 0x0F, {1, 1, 1, 1}));
     }
-    EXPECT_EQ(programm->F9.StilleLabel.Text(), "L274 58 s");
+    EXPECT_EQ(programm->Transfer->F9.StilleLabel.Text(), "L274 58 s");
     EXPECT_EQ(RowAt(1), Waiting);
     world.RunFor(2500);
     EXPECT_EQ(RowAt(1), Failed);
@@ -93,12 +93,12 @@ TEST_F(List_Silence, of_an_adapter_that_was_pulled_out_sends_nothing_more_to_the
 TEST_F(List_Silence, lasts_as_long_as_the_start_dialog_was_told) {
     Lost(4);
     BeginList();
-    programm->F13.FGK13.SetText(1, F13Column::Mark, "X");
+    programm->Transfer->F13.FGK13.SetText(1, F13Column::Mark, "X");
     world.Answers.push_front({.Text = "L269", .Reply = Answer::No});
     world.Answers.push_front({.Text = "L63", .Reply = Answer::No});
-    programm->F13.Toolbar1_ButtonClick("Prog.");
-    ASSERT_EQ(programm->F11.Geduld.Entries()[0], "30 s");
-    programm->F11.Geduld.Selected = 0;
+    programm->Transfer->F13.Toolbar1_ButtonClick("Prog.");
+    ASSERT_EQ(programm->Transfer->F11.Geduld.Entries()[0], "30 s");
+    programm->Transfer->F11.Geduld.Selected = 0;
     TypeCode("123456");
     ASSERT_TRUE(Silent_For(29000));
     EXPECT_EQ(RowAt(1), Waiting);
@@ -110,10 +110,10 @@ TEST_F(List_Silence, without_a_limit_lasts_until_the_operator_ends_it) {
     Lost(4);
     BeginList();
     Prog({1, 2});
-    programm->F91.Geduld = 0;
+    programm->Transfer->F91.Geduld = 0;
     world.RunFor(4 * 3600 * 1000);
     EXPECT_EQ(RowAt(1), Waiting);
-    EXPECT_EQ(programm->F91.Arbeit(), F91::Work::Direct);
+    EXPECT_EQ(programm->Transfer->F91.Arbeit(), F91::Work::Direct);
 }
 
 TEST_F(List_Silence, does_not_count_while_the_run_itself_waits) {
@@ -129,7 +129,7 @@ TEST_F(List_Silence, does_not_count_while_the_run_itself_waits) {
     };
     Prog({1, 2});
     world.Answers.clear();
-    programm->F91.Geduld = 2;
+    programm->Transfer->F91.Geduld = 2;
     std::int64_t waited = 0;
     const std::function<void()> look = [&] {
         if (programm->Lauf.Waiting) {
@@ -138,7 +138,7 @@ TEST_F(List_Silence, does_not_count_while_the_run_itself_waits) {
         world.At(100, look);
     };
     look();
-    ASSERT_TRUE(world.RunUntil([this] { return !programm->F91.Laeuft(); }, 3600000));
+    ASSERT_TRUE(world.RunUntil([this] { return !programm->Transfer->F91.Laeuft(); }, 3600000));
     EXPECT_GT(waited, 4000) << "the run has a wait that is longer than the patience";
     EXPECT_EQ(RowAt(1).first, ">>");
     EXPECT_EQ(RowAt(2), Programmed);
@@ -149,12 +149,12 @@ TEST_F(List_Silence, behind_a_cancel_ends_the_list_as_cancelled) {
     BeginList();
     Prog({1, 2});
     ASSERT_TRUE(Silent_For(10000));
-    programm->F9.Command1_Click();
-    ASSERT_TRUE(world.RunUntil([this] { return !programm->F91.Laeuft(); }));
+    programm->Transfer->F9.Command1_Click();
+    ASSERT_TRUE(world.RunUntil([this] { return !programm->Transfer->F91.Laeuft(); }));
     EXPECT_THAT(AllRows(), ElementsAre(Row("#", "L82"), Waiting));
     EXPECT_EQ(Outcome(), RunOutcome::Cancelled);
     EXPECT_EQ(Sent().back(), 0x05);
-    EXPECT_TRUE(programm->F9.Command2.Enabled);
+    EXPECT_TRUE(programm->Transfer->F9.Command2.Enabled);
     world.RunFor(60000);
     EXPECT_EQ(Lock(SecondLock).Sessions, 0);
 }
@@ -164,10 +164,10 @@ TEST_F(List_Silence, behind_a_stop_ends_the_list_with_its_row) {
     BeginList();
     Prog({1, 2});
     ASSERT_TRUE(Silent_For(10000));
-    programm->F91.Command2_Click();
+    programm->Transfer->F91.Command2_Click();
     ASSERT_TRUE(FinishList());
     EXPECT_THAT(AllRows(), ElementsAre(Failed, Waiting));
-    EXPECT_EQ(programm->F91.StatusLabel.Text(), "L82");
+    EXPECT_EQ(programm->Transfer->F91.StatusLabel.Text(), "L82");
 }
 
 TEST_F(List_Silence, of_the_last_row_ends_the_list) {
@@ -176,7 +176,7 @@ TEST_F(List_Silence, of_the_last_row_ends_the_list) {
     Prog({1});
     ASSERT_TRUE(FinishList());
     EXPECT_THAT(AllRows(), ElementsAre(Failed));
-    EXPECT_EQ(programm->F91.StatusLabel.Text(), "L265");
+    EXPECT_EQ(programm->Transfer->F91.StatusLabel.Text(), "L265");
     EXPECT_EQ(programm->link.Lauf.Order.AdminCode, AdminCodeBytes{}) << "the code is forgotten with the list";
 }
 

@@ -35,7 +35,7 @@ struct List_Cancel : ListenFixture {
     /// Runs both locks and presses the list's cancel button when `now` says so.
     void CancelWhen(const std::function<bool()>& now) {
         BeginList();
-        programm->F91.Zeile_Fertig = [this](int) { Told.push_back(Run().Bericht.Units[0]); };
+        programm->Transfer->F91.Zeile_Fertig = [this](int) { Told.push_back(Run().Bericht.Units[0]); };
         world.World.ShowMessage = [](const Message& message) {
             return message.Choice == Buttons::YesNoCancel ? Answer::No : Answer::Ok;
         };
@@ -51,7 +51,7 @@ struct List_Cancel : ListenFixture {
         EXPECT_EQ(Lock(Second).Sessions, 0);
         EXPECT_EQ(Outcome(), RunOutcome::Cancelled);
         EXPECT_EQ(Status(), "L82");
-        EXPECT_FALSE(programm->F91.Laeuft());
+        EXPECT_FALSE(programm->Transfer->F91.Laeuft());
     }
 
 private:
@@ -60,8 +60,8 @@ private:
         world.At(50, [this, now] {
             if (now()) {
                 atCancel = system->Codes().size();
-                programm->F91.Command2_Click();
-                programm->F9.Command1_Click();
+                programm->Transfer->F91.Command2_Click();
+                programm->Transfer->F9.Command1_Click();
             } else {
                 Look(now);
             }

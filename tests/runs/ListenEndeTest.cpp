@@ -12,7 +12,7 @@ struct List_End : ListenFixture {
         AddLock(2, "Keller", "00.0A.10.02", " XXX ");
     }
     void Expect_Finished(std::string_view name, std::string_view status, int sign, std::string_view outcome) {
-        const F9& window = programm->F9;
+        const F9& window = programm->Transfer->F9;
         EXPECT_TRUE(window.Fenster.Visible);
         EXPECT_TRUE(window.Beendet);
         EXPECT_FALSE(window.Command1.Enabled);
@@ -56,13 +56,13 @@ TEST_F(List_End, of_a_lock_that_did_not_confirm_its_erasing_says_so) {
 TEST_F(List_End, leaves_the_verdict_of_the_last_run_when_the_last_row_has_no_adapter) {
     AddLock(3, "Dach", "00.0A.10.03", " XXX ");
     BeginList({3}); // with adapters
-    programm->F13.FGK13.SetText(2, F13Column::AdapterId, "/9/9/9/9");
+    programm->Transfer->F13.FGK13.SetText(2, F13Column::AdapterId, "/9/9/9/9");
     Prog({1, 2});
     ASSERT_TRUE(FinishList());
     EXPECT_EQ(RowAt(1), Row(">>", "L266"));
     EXPECT_EQ(RowAt(2).first, "-");
     Expect_Finished("Tor", "L110", RunSign::Done, "");
-    EXPECT_EQ(programm->F9.Balken1.Value(), programm->F9.Balken1.Maximum());
+    EXPECT_EQ(programm->Transfer->F9.Balken1.Value(), programm->Transfer->F9.Balken1.Maximum());
 }
 
 TEST_F(List_End, of_a_row_is_told_before_the_next_one_begins_and_leaves_nothing_to_press) {
@@ -70,14 +70,14 @@ TEST_F(List_End, of_a_row_is_told_before_the_next_one_begins_and_leaves_nothing_
     BeginList();
     Prog({1, 2});
     ASSERT_TRUE(world.RunUntil([this] { return RowAt(1).first == "#"; }));
-    const F9& window = programm->F9;
+    const F9& window = programm->Transfer->F9;
     EXPECT_EQ(window.NameLabel.Text(), "Tor");
     EXPECT_EQ(window.StatusLabel.Text(), "L68");
     EXPECT_EQ(window.Zeichen.Id(), RunSign::Failed);
     EXPECT_FALSE(window.Beendet);
     EXPECT_FALSE(window.Command1.Enabled);
     EXPECT_FALSE(window.Command2.Enabled);
-    ASSERT_TRUE(world.RunUntil([this] { return programm->F91.Arbeit() == F91::Work::Direct; }));
+    ASSERT_TRUE(world.RunUntil([this] { return programm->Transfer->F91.Arbeit() == F91::Work::Direct; }));
     EXPECT_EQ(window.NameLabel.Text(), "Keller");
     EXPECT_EQ(window.StatusLabel.Text(), "");
     EXPECT_EQ(window.Zeichen.Id(), RunSign::None);

@@ -26,7 +26,7 @@ HistoryLine ListenFixture::Event(int day, std::uint8_t event) {
 
 void ListenFixture::BeginList(const std::vector<int>& network) {
     Begin();
-    Grid& grid = programm->F13.FGK13;
+    Grid& grid = programm->Transfer->F13.FGK13;
     if (!network.empty()) {
         world.Disk.Files["/q/DAT/CHEUSB25C.I_2"] = "SET       \r\n";
         programm->kern.Config.PortAutomatik = "SET";
@@ -56,37 +56,37 @@ void ListenFixture::BeginList(const std::vector<int>& network) {
 
 void ListenFixture::Prog(const std::vector<int>& locks, Answer history, Answer delayed, std::string_view code) {
     for (const int lock : locks) {
-        programm->F13.FGK13.SetText(lock, F13Column::Mark, "X");
+        programm->Transfer->F13.FGK13.SetText(lock, F13Column::Mark, "X");
     }
     world.Answers.push_front({.Text = "L269", .Reply = delayed});
     world.Answers.push_front({.Text = "L63", .Reply = history});
-    programm->F13.Toolbar1_ButtonClick("Prog.");
+    programm->Transfer->F13.Toolbar1_ButtonClick("Prog.");
     TypeCode(code);
 }
 
 void ListenFixture::SaveHistory(const std::vector<int>& locks) {
     for (const int lock : locks) {
-        programm->F13.FGK13.SetText(lock, F13Column::Mark, "X");
+        programm->Transfer->F13.FGK13.SetText(lock, F13Column::Mark, "X");
     }
     world.Answers.push_front({.Text = "L269", .Reply = Answer::No});
-    programm->F13.Toolbar1_ButtonClick("SaveHistory");
+    programm->Transfer->F13.Toolbar1_ButtonClick("SaveHistory");
     TypeCode("123456");
 }
 
 bool ListenFixture::FinishList(std::int64_t limitMs) {
-    const bool ended = world.RunUntil([this] { return !programm->F91.Laeuft(); }, limitMs);
+    const bool ended = world.RunUntil([this] { return !programm->Transfer->F91.Laeuft(); }, limitMs);
     world.RunFor(100);
     return ended;
 }
 
 ListenFixture::Row ListenFixture::RowAt(int row) const {
-    const Grid& list = programm->F91.FGK91;
+    const Grid& list = programm->Transfer->F91.FGK91;
     return {list.Text(row, F91Column::Mark), list.Text(row, F91Column::StateText)};
 }
 
 std::vector<ListenFixture::Row> ListenFixture::AllRows() const {
     std::vector<Row> rows;
-    for (int row = 1; row < programm->F91.FGK91.Rows(); ++row) {
+    for (int row = 1; row < programm->Transfer->F91.FGK91.Rows(); ++row) {
         rows.push_back(RowAt(row));
     }
     return rows;

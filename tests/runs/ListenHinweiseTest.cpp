@@ -57,7 +57,7 @@ TEST_F(List_Notes, hold_nothing_up_while_their_box_is_open) {
     ExpectBox("\r\nSchloss 1: Tor - L273", 3600000);
     Prog({1, 2});
     std::vector<std::int64_t> done;
-    programm->F91.Zeile_Fertig = [&](int) { done.push_back(world.Elapsed()); };
+    programm->Transfer->F91.Zeile_Fertig = [&](int) { done.push_back(world.Elapsed()); };
     ASSERT_TRUE(FinishList(7200000));
     ASSERT_EQ(done.size(), 2U);
     EXPECT_LT(done[1], 3600000) << "both locks are done before the box is answered";
@@ -69,10 +69,10 @@ TEST_F(List_Notes, of_a_delayed_start_come_once_and_do_not_keep_it_from_its_hour
     BeginList();
     Prog({1, 2}, Answer::No, Answer::Yes);
     ExpectBox("\r\nSchloss 1: Tor - L273", 6 * 3600000);
-    programm->F92.Zeit_Waehlen(12, 5);
-    programm->F92.OK_Click();
+    programm->Transfer->F92.Zeit_Waehlen(12, 5);
+    programm->Transfer->F92.OK_Click();
     std::vector<std::int64_t> begun;
-    programm->F91.Zeile_Beginnt = [&](int) { begun.push_back(world.Elapsed()); };
+    programm->Transfer->F91.Zeile_Beginnt = [&](int) { begun.push_back(world.Elapsed()); };
     ASSERT_TRUE(FinishList(8 * 3600000));
     ASSERT_EQ(begun.size(), 2U);
     // 12:05:00 is 5700 s after the start; the list looks each 5 s.
@@ -89,7 +89,7 @@ TEST_F(List_Notes, of_a_row_that_is_passed_over_come_before_the_end_of_the_list)
     ExpectNothingLeft();
     ASSERT_TRUE(FinishList());
     EXPECT_EQ(RowAt(1), Row("-", "L261  /  L248"));
-    EXPECT_EQ(programm->F91.Pruefergebnis(1), "L254");
+    EXPECT_EQ(programm->Transfer->F91.Pruefergebnis(1), "L254");
     ASSERT_EQ(world.Shown.size(), 4U); // two questions before
 }
 
@@ -109,10 +109,10 @@ TEST_F(List_Notes, of_a_list_before_are_not_those_of_the_next) {
     ExpectBox("\r\nSchloss 1: Tor - L273");
     Prog({1});
     ASSERT_TRUE(FinishList());
-    programm->F91.F91_Schliessen();
-    programm->F13.F13_FormLaden();
-    programm->F13.Timer1.Stop();
-    programm->F13.Timer2.Stop();
+    programm->Transfer->F91.F91_Schliessen();
+    programm->Transfer->F13.F13_FormLaden();
+    programm->Transfer->F13.Timer1.Stop();
+    programm->Transfer->F13.Timer2.Stop();
     Prog({2});
     ASSERT_TRUE(FinishList());
     EXPECT_THAT(AllRows(), ElementsAre(Row(">>", "L266")));
@@ -144,10 +144,10 @@ TEST_F(List_Notes, of_a_list_that_is_stopped_and_begun_anew_are_told_anew) {
     ExpectBox("\r\nSchloss 1: Tor - L273");
     Prog({1});
     ASSERT_TRUE(world.RunUntil([this] { return world.Answers.empty(); }));
-    programm->F91.F91_Schliessen();
-    programm->F13.F13_FormLaden();
-    programm->F13.Timer1.Stop();
-    programm->F13.Timer2.Stop();
+    programm->Transfer->F91.F91_Schliessen();
+    programm->Transfer->F13.F13_FormLaden();
+    programm->Transfer->F13.Timer1.Stop();
+    programm->Transfer->F13.Timer2.Stop();
     ExpectBox("\r\nSchloss 1: Tor - L273");
     Prog({1});
     ASSERT_TRUE(world.RunUntil([this] { return world.Answers.empty(); }));
@@ -158,7 +158,7 @@ TEST_F(List_Notes, go_to_who_listens_in_place_of_the_box) {
     TwoTimers(4, "Garage", "00.0A.10.04");
     BeginList();
     std::vector<std::pair<int, std::string>> heard;
-    programm->F91.Zeile_Notiz = [&](int row, const std::string& note) { heard.emplace_back(row, note); };
+    programm->Transfer->F91.Zeile_Notiz = [&](int row, const std::string& note) { heard.emplace_back(row, note); };
     Prog({1, 2, 4});
     ASSERT_TRUE(FinishList());
     EXPECT_THAT(AllRows(), ElementsAre(Row(">>", "L266"), Row(">>", "L266"), Row(">>", "L266")));

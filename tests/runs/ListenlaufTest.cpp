@@ -20,18 +20,18 @@ struct List_Run : ListenFixture {
         files.User(1, {.Name = "Anna", .Marks = {{1, 'X'}, {2, 'X'}, {3, 'X'}}});
     }
     void Expect_Ended(int line) {
-        EXPECT_EQ(programm->F91.StatusLabel.Text(), "L" + std::to_string(line));
-        EXPECT_FALSE(programm->F91.Laeuft());
-        EXPECT_FALSE(programm->F91.Timer1.Running());
-        EXPECT_FALSE(programm->F91.Command2.Enabled);
-        EXPECT_TRUE(programm->F91.Command1.Enabled);
+        EXPECT_EQ(programm->Transfer->F91.StatusLabel.Text(), "L" + std::to_string(line));
+        EXPECT_FALSE(programm->Transfer->F91.Laeuft());
+        EXPECT_FALSE(programm->Transfer->F91.Timer1.Running());
+        EXPECT_FALSE(programm->Transfer->F91.Command2.Enabled);
+        EXPECT_TRUE(programm->Transfer->F91.Command1.Enabled);
     }
     void Expect_Next_Run_Works() {
-        programm->F91.Command1_Click();
-        EXPECT_FALSE(programm->F91.Fenster.Visible);
-        programm->F13.F13_FormLaden();
-        programm->F13.Timer1.Stop();
-        programm->F13.Timer2.Stop();
+        programm->Transfer->F91.Command1_Click();
+        EXPECT_FALSE(programm->Transfer->F91.Fenster.Visible);
+        programm->Transfer->F13.F13_FormLaden();
+        programm->Transfer->F13.Timer1.Stop();
+        programm->Transfer->F13.Timer2.Stop();
         const int sessions = Lock("00.0A.10.01").Sessions;
         Program(1);
         ASSERT_TRUE(Finish());
@@ -52,7 +52,7 @@ TEST_F(List_Run, programs_the_marked_locks_one_after_the_other) {
     }
     EXPECT_EQ(system->JudgementLines(), "");
     Expect_Ended(265);
-    EXPECT_TRUE(programm->F9.Command2.Enabled);
+    EXPECT_TRUE(programm->Transfer->F9.Command2.Enabled);
     EXPECT_EQ(Status(), "L110");
 }
 
@@ -67,8 +67,8 @@ TEST_F(List_Run, every_direct_row_moves_its_lock_to_the_systems_channel) {
 TEST_F(List_Run, takes_three_seconds_from_row_to_row) {
     std::vector<std::int64_t> begun, ended;
     BeginList();
-    programm->F91.Zeile_Beginnt = [&](int) { begun.push_back(world.Elapsed()); };
-    programm->F91.Zeile_Fertig = [&](int) { ended.push_back(world.Elapsed()); };
+    programm->Transfer->F91.Zeile_Beginnt = [&](int) { begun.push_back(world.Elapsed()); };
+    programm->Transfer->F91.Zeile_Fertig = [&](int) { ended.push_back(world.Elapsed()); };
     Prog({1, 2});
     ASSERT_TRUE(FinishList());
     ASSERT_EQ(begun.size(), 2U);
@@ -154,13 +154,13 @@ TEST_F(List_Run, rows_with_a_bad_dataset_are_passed_over) {
                              u8"Bert_0002_FP Fehler bei der zuweisung der Fingerprint Daten."_w)});
     Prog({1, 2, 3});
     std::vector<Row> checked;
-    programm->F91.Zeile_Beginnt = [&](int) { checked = AllRows(); };
+    programm->Transfer->F91.Zeile_Beginnt = [&](int) { checked = AllRows(); };
     ASSERT_TRUE(FinishList());
     EXPECT_THAT(AllRows(), ElementsAre(Programmed,
                                        Row("-", "L261  /  L273  /  Bert_0002_FP Fehler bei der zuweisung der "
                                                 "Fingerprint Daten."),
                                        Programmed));
-    EXPECT_EQ(programm->F91.Pruefergebnis(2), "L256");
+    EXPECT_EQ(programm->Transfer->F91.Pruefergebnis(2), "L256");
     EXPECT_EQ(Lock("00.0A.10.02").Sessions, 0);
 }
 
@@ -184,12 +184,12 @@ TEST_F(List_Run, an_erase_option_forced_by_a_finger_holds_for_its_row_alone) {
     world.Answers.push_back(
         {.Text = std::string(u8"Hinweise aus der Prüfung der Liste:\r\n\r\nSchloss 2: Keller - L273"_w)});
     for (const int lock : {1, 2, 3}) {
-        programm->F13.FGK13.SetText(lock, F13Column::Mark, "X");
+        programm->Transfer->F13.FGK13.SetText(lock, F13Column::Mark, "X");
     }
     world.Answers.push_front({.Text = "L269", .Reply = Answer::No});
     world.Answers.push_front({.Text = "L63", .Reply = Answer::No});
-    programm->F13.Toolbar1_ButtonClick("Prog.");
-    programm->F11.Check1.Checked = false;
+    programm->Transfer->F13.Toolbar1_ButtonClick("Prog.");
+    programm->Transfer->F11.Check1.Checked = false;
     TypeCode("123456");
     ASSERT_TRUE(FinishList());
     EXPECT_EQ(Lock("00.0A.10.01").EraseOption, 1);
@@ -256,10 +256,10 @@ TEST_F(List_Run, stop_lets_the_lock_under_way_come_to_its_end) {
     BeginList();
     Prog({1, 2});
     world.RunUntil([this] { return system->Codes().size() == 6; });
-    EXPECT_FALSE(programm->F91.Command1.Enabled);
-    programm->F91.Command1_Click();
-    EXPECT_TRUE(programm->F91.Fenster.Visible);
-    programm->F91.Command2_Click();
+    EXPECT_FALSE(programm->Transfer->F91.Command1.Enabled);
+    programm->Transfer->F91.Command1_Click();
+    EXPECT_TRUE(programm->Transfer->F91.Fenster.Visible);
+    programm->Transfer->F91.Command2_Click();
     ASSERT_TRUE(FinishList());
     EXPECT_THAT(AllRows(), ElementsAre(Programmed, Row("*", "L259")));
     Expect_Ended(82);
@@ -272,7 +272,7 @@ TEST_F(List_Run, a_cancel_in_the_progress_window_stops_the_list) {
     BeginList();
     Prog({1, 2});
     world.RunUntil([this] { return system->Codes().size() == 6; });
-    programm->F9.Command1_Click();
+    programm->Transfer->F9.Command1_Click();
     ASSERT_TRUE(FinishList());
     ASSERT_TRUE(Finish());
     EXPECT_THAT(AllRows(), ElementsAre(Row("#", "L82"), Row("*", "L259")));
@@ -286,10 +286,10 @@ TEST_F(List_Run, closing_between_two_rows_ends_the_list) {
     Prog({1, 2});
     world.RunUntil([this] { return RowAt(1).first == ">>"; });
     world.Answers.push_back({.Text = "*", .Reply = Answer::Yes});
-    programm->F91.Command1_Click();
-    EXPECT_FALSE(programm->F91.Fenster.Visible);
-    EXPECT_FALSE(programm->F9.Fenster.Visible);
-    EXPECT_EQ(programm->F91.FGK91.Rows(), 1);
+    programm->Transfer->F91.Command1_Click();
+    EXPECT_FALSE(programm->Transfer->F91.Fenster.Visible);
+    EXPECT_FALSE(programm->Transfer->F9.Fenster.Visible);
+    EXPECT_EQ(programm->Transfer->F91.FGK91.Rows(), 1);
     EXPECT_EQ(programm->link.Lauf.List.RunRows, 0);
     world.RunFor(10000);
     EXPECT_EQ(Lock("00.0A.10.02").Sessions, 0);
@@ -299,11 +299,11 @@ TEST_F(List_Run, a_silent_lock_stands_until_it_is_given_up_and_the_list_goes_on)
     devices.Faults.push_back({.What = SimFault::Kind::Silent, .Telegram = 4});
     BeginList();
     Prog({1, 2});
-    programm->F91.Geduld = 0;
+    programm->Transfer->F91.Geduld = 0;
     world.RunFor(60000);
     EXPECT_EQ(RowAt(1).first, "*");
-    EXPECT_EQ(programm->F91.Arbeit(), F91::Work::Direct);
-    programm->F91.Zeile_Aufgeben();
+    EXPECT_EQ(programm->Transfer->F91.Arbeit(), F91::Work::Direct);
+    programm->Transfer->F91.Zeile_Aufgeben();
     ASSERT_TRUE(FinishList());
     EXPECT_THAT(AllRows(), ElementsAre(Failed, Programmed));
 }
@@ -313,26 +313,26 @@ TEST_F(List_Run, a_silent_lock_stands_until_it_is_given_up_and_the_list_goes_on)
 TEST_F(List_Run, a_delayed_start_waits_for_its_minute) {
     BeginList();
     Prog({1}, Answer::No, Answer::Yes);
-    ASSERT_TRUE(programm->F92.Fenster.Visible);
-    EXPECT_EQ(programm->F92.Kopf.Text(), "10:30 / 05.03.2026");
+    ASSERT_TRUE(programm->Transfer->F92.Fenster.Visible);
+    EXPECT_EQ(programm->Transfer->F92.Kopf.Text(), "10:30 / 05.03.2026");
     world.RunFor(20000);
     EXPECT_EQ(RowAt(1), Row("", "")); // nothing before the time is chosen
-    programm->F92.Zeit_Waehlen(12, 5);
-    programm->F92.OK_Click();
-    EXPECT_FALSE(programm->F92.Fenster.Visible);
+    programm->Transfer->F92.Zeit_Waehlen(12, 5);
+    programm->Transfer->F92.OK_Click();
+    EXPECT_FALSE(programm->Transfer->F92.Fenster.Visible);
     world.RunFor(5100);
     EXPECT_EQ(RowAt(1), Row("*", "L259"));
-    EXPECT_EQ(programm->F91.StartLabel.Text(), "L270 12:05 / 05.03.2026");
-    EXPECT_EQ(programm->F91.JetztLabel.Text(), "L271 10:30 / 05.03.2026");
-    EXPECT_EQ(programm->F91.RestLabel.Text(), "L272 [ 01 : 35 ]  hh:mm");
-    EXPECT_TRUE(programm->F91.RestLabel.Visible);
+    EXPECT_EQ(programm->Transfer->F91.StartLabel.Text(), "L270 12:05 / 05.03.2026");
+    EXPECT_EQ(programm->Transfer->F91.JetztLabel.Text(), "L271 10:30 / 05.03.2026");
+    EXPECT_EQ(programm->Transfer->F91.RestLabel.Text(), "L272 [ 01 : 35 ]  hh:mm");
+    EXPECT_TRUE(programm->Transfer->F91.RestLabel.Visible);
     // 12:05:00 is 5700 s after the start.
     world.RunFor(5700000 - 10000 - world.Elapsed());
     EXPECT_EQ(Sent().size(), 0U);
-    EXPECT_EQ(programm->F91.RestLabel.Text(), "L272 [ 00 : 01 ]  hh:mm");
+    EXPECT_EQ(programm->Transfer->F91.RestLabel.Text(), "L272 [ 00 : 01 ]  hh:mm");
     world.RunFor(20000);
     EXPECT_NE(Sent().size(), 0U);
-    EXPECT_FALSE(programm->F91.RestLabel.Visible);
+    EXPECT_FALSE(programm->Transfer->F91.RestLabel.Visible);
     ASSERT_TRUE(FinishList());
     EXPECT_EQ(RowAt(1), Programmed);
 }
@@ -340,10 +340,10 @@ TEST_F(List_Run, a_delayed_start_waits_for_its_minute) {
 TEST_F(List_Run, stop_ends_the_waiting_for_a_delayed_start) {
     BeginList();
     Prog({1}, Answer::No, Answer::Yes);
-    programm->F92.Zeit_Waehlen(23, 0);
-    programm->F92.OK_Click();
+    programm->Transfer->F92.Zeit_Waehlen(23, 0);
+    programm->Transfer->F92.OK_Click();
     world.RunFor(60000);
-    programm->F91.Command2_Click();
+    programm->Transfer->F91.Command2_Click();
     Expect_Ended(82);
     world.RunFor(24 * 3600000LL);
     EXPECT_EQ(Sent().size(), 0U);
@@ -352,9 +352,9 @@ TEST_F(List_Run, stop_ends_the_waiting_for_a_delayed_start) {
 TEST_F(List_Run, closing_the_time_window_ends_the_list) {
     BeginList();
     Prog({1}, Answer::No, Answer::Yes);
-    programm->F92.Schliessen_Click();
+    programm->Transfer->F92.Schliessen_Click();
     Expect_Ended(82);
-    EXPECT_FALSE(programm->F92.Fenster.Visible);
+    EXPECT_FALSE(programm->Transfer->F92.Fenster.Visible);
 }
 
 // ---- network rows
@@ -396,7 +396,7 @@ TEST_F(List_Run, history_first_through_the_network_adapter_keeps_the_row) {
         }
     };
     BeginList({1, 2});
-    programm->F91.Zeile_Fertig = [&](int row) { marks.push_back(std::to_string(row) + RowAt(row).first); };
+    programm->Transfer->F91.Zeile_Fertig = [&](int row) { marks.push_back(std::to_string(row) + RowAt(row).first); };
     Prog({1, 2}, Answer::Yes);
     ASSERT_TRUE(FinishList());
     EXPECT_THAT(marks, ElementsAre("1<<", "1>>", "2<<", "2>>"));
@@ -431,8 +431,8 @@ TEST_F(List_Run_With_Files_That_Change, stop_behind_a_network_row_that_turned_ba
     BeginList({1});
     Prog({1, 2}, Answer::Yes);
     world.RunUntil([this] { return RowAt(1).first == "-"; });
-    EXPECT_EQ(programm->F91.Arbeit(), F91::Work::None);
-    programm->F91.Command2_Click();
+    EXPECT_EQ(programm->Transfer->F91.Arbeit(), F91::Work::None);
+    programm->Transfer->F91.Command2_Click();
     EXPECT_EQ(RowAt(2), Row("*", "L259"));
     Expect_Ended(82);
 }
@@ -440,7 +440,7 @@ TEST_F(List_Run_With_Files_That_Change, stop_behind_a_network_row_that_turned_ba
 TEST_F(List_Run, a_serial_refusal_is_no_news_of_a_row_that_a_network_adapter_has) {
     BeginList({1});
     Prog({1, 2});
-    world.RunUntil([this] { return programm->F91.Arbeit() == F91::Work::Network; });
+    world.RunUntil([this] { return programm->Transfer->F91.Arbeit() == F91::Work::Network; });
     programm->link.Hooks.Karte_Abgelehnt();
     programm->link.Hooks.Abgelehnt();
     EXPECT_EQ(RowAt(1), Row("*", "L259"));
@@ -452,7 +452,7 @@ TEST_F(List_Run, a_cancelled_list_of_histories_opens_none) {
     BeginList();
     SaveHistory({1, 2});
     world.RunUntil([this] { return system->Codes().size() == 3; });
-    programm->F9.Command1_Click();
+    programm->Transfer->F9.Command1_Click();
     ASSERT_TRUE(FinishList());
     ASSERT_TRUE(Finish());
     EXPECT_THAT(OpenedHistories, IsEmpty());
@@ -462,10 +462,10 @@ TEST_F(List_Run, a_mute_network_adapter_stands_until_the_operator_stops_the_list
     BeginList({1});
     Prog({1, 2});
     world.RunFor(60000);
-    EXPECT_TRUE(programm->F91.Steht);
+    EXPECT_TRUE(programm->Transfer->F91.Steht);
     EXPECT_EQ(NetFrames.size(), 4U);
-    EXPECT_EQ(programm->F91.StatusLabel.Text(), "L66");
-    programm->F91.Command2_Click();
+    EXPECT_EQ(programm->Transfer->F91.StatusLabel.Text(), "L66");
+    programm->Transfer->F91.Command2_Click();
     EXPECT_THAT(AllRows(), ElementsAre(Row("#", "L82"), Row("*", "L259")));
     Expect_Ended(82);
     world.RunFor(60000);
@@ -476,15 +476,15 @@ TEST_F(List_Run, a_mute_network_adapter_stands_until_the_operator_stops_the_list
 TEST_F(List_Run, a_mute_network_adapter_that_is_given_up_lets_the_list_go_on) {
     BeginList({1});
     Prog({1, 2});
-    world.RunUntil([this] { return programm->F91.Steht; });
-    programm->F91.Zeile_Aufgeben();
+    world.RunUntil([this] { return programm->Transfer->F91.Steht; });
+    programm->Transfer->F91.Zeile_Aufgeben();
     ASSERT_TRUE(FinishList());
     EXPECT_THAT(AllRows(), ElementsAre(Failed, Programmed));
 }
 
 TEST_F(List_Run, a_row_without_an_adapter_is_passed_over) {
     BeginList({3});
-    programm->F13.FGK13.SetText(1, F13Column::AdapterId, "/1/2/3/4");
+    programm->Transfer->F13.FGK13.SetText(1, F13Column::AdapterId, "/1/2/3/4");
     Prog({1, 2});
     ASSERT_TRUE(FinishList());
     EXPECT_THAT(AllRows(), ElementsAre(Row("-", "L262"), Programmed));
@@ -492,7 +492,7 @@ TEST_F(List_Run, a_row_without_an_adapter_is_passed_over) {
 
 TEST_F(List_Run, a_last_row_without_an_adapter_ends_the_list) {
     BeginList({3});
-    programm->F13.FGK13.SetText(2, F13Column::AdapterId, "");
+    programm->Transfer->F13.FGK13.SetText(2, F13Column::AdapterId, "");
     Prog({1, 2});
     ASSERT_TRUE(FinishList());
     EXPECT_THAT(AllRows(), ElementsAre(Programmed, Row("-", "L262")));
@@ -503,14 +503,14 @@ TEST_F(List_Run, a_single_lock_goes_through_the_network_adapter_that_was_chosen)
     GoodNetAdapter();
     BeginList({2});
     Program(2);
-    EXPECT_FALSE(programm->F13.Fenster.Visible);
-    EXPECT_TRUE(programm->F91.Fenster.Visible);
+    EXPECT_FALSE(programm->Transfer->F13.Fenster.Visible);
+    EXPECT_TRUE(programm->Transfer->F91.Fenster.Visible);
     ASSERT_TRUE(FinishList());
     EXPECT_THAT(AllRows(), ElementsAre(Programmed));
     EXPECT_EQ(NetFrames.size(), 2U);
     Expect_Ended(265);
-    programm->F91.Command1_Click();
-    EXPECT_EQ(programm->F91.FGK91.Rows(), 1);
+    programm->Transfer->F91.Command1_Click();
+    EXPECT_EQ(programm->Transfer->F91.FGK91.Rows(), 1);
     EXPECT_EQ(programm->link.Lauf.List.RunRows, 0);
 }
 

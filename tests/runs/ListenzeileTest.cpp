@@ -164,7 +164,7 @@ TEST_F(Run_List_Row, a_failed_unit_fails_the_row) {
 TEST_F(Run_List_Row, a_cancel_stops_the_list) {
     StartRow();
     world.RunUntil([this] { return system->Codes().size() == 3; });
-    programm->F9.Command1_Click();
+    programm->Transfer->F9.Command1_Click();
     ASSERT_TRUE(Finish());
     EXPECT_EQ(Stops, 1);
     EXPECT_EQ(NextRows, 0);

@@ -25,12 +25,13 @@ void NetzlaufFixture::BeginNet(const std::vector<int>& network) {
 }
 
 bool NetzlaufFixture::Work() {
-    while (programm->F91.Laeuft()) {
-        if (!world.RunUntil([this] { return !programm->F91.Laeuft() || programm->F91.Steht; }, 36000000)) {
+    while (programm->Transfer->F91.Laeuft()) {
+        if (!world.RunUntil([this] { return !programm->Transfer->F91.Laeuft() || programm->Transfer->F91.Steht; },
+                            36000000)) {
             return false;
         }
-        Standstills += programm->F91.Steht ? 1 : 0;
-        programm->F91.Zeile_Aufgeben();
+        Standstills += programm->Transfer->F91.Steht ? 1 : 0;
+        programm->Transfer->F91.Zeile_Aufgeben();
     }
     world.RunFor(100);
     return true;

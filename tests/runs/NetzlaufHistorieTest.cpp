@@ -82,7 +82,7 @@ TEST_F(Net_History, history_first_reads_and_then_programs_the_same_row) {
     Records(60);
     BeginNet({1, 2});
     std::vector<std::string> marks;
-    programm->F91.Zeile_Fertig = [&](int row) { marks.push_back(std::to_string(row) + RowAt(row).first); };
+    programm->Transfer->F91.Zeile_Fertig = [&](int row) { marks.push_back(std::to_string(row) + RowAt(row).first); };
     Prog({1, 2}, Answer::Yes);
     ASSERT_TRUE(Work());
     EXPECT_THAT(marks, ElementsAre("1<<", "1>>", "2<<", "2>>"));

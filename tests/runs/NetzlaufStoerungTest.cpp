@@ -57,7 +57,7 @@ TEST_P(Net_Run_With_A_Fault, ends_the_row_and_the_next_one_is_programmed) {
         {.What = fault.What, .Telegram = telegram, .AndAllBehind = fault.AndAllBehind, .Value = fault.Value}};
     BeginNet({1, 2});
     // The second row is another run: what went wrong is over by then.
-    programm->F91.Zeile_Beginnt = [this](int row) {
+    programm->Transfer->F91.Zeile_Beginnt = [this](int row) {
         if (row == 2) {
             Net->World().Faults.clear();
         }
@@ -122,12 +122,12 @@ TEST_P(Net_Run_Unplugged, fails_the_row_and_leaves_the_lock_alone) {
     Net->World().Faults.clear();
     Net->Plug();
     world.PortCanOpen = true;
-    programm->F91.Command1_Click();
-    programm->F13.F13_FormLaden();
-    programm->F13.Timer1.Stop();
-    programm->F13.Timer2.Stop();
+    programm->Transfer->F91.Command1_Click();
+    programm->Transfer->F13.F13_FormLaden();
+    programm->Transfer->F13.Timer1.Stop();
+    programm->Transfer->F13.Timer2.Stop();
     for (const int row : {1, 2}) {
-        programm->F13.FGK13.SetText(row, F13Column::AdapterId, "/3/224/0/1");
+        programm->Transfer->F13.FGK13.SetText(row, F13Column::AdapterId, "/3/224/0/1");
     }
     world.Answers.push_back({.Text = "*"});
     Prog({1, 2});

@@ -11,20 +11,20 @@ struct Net_Row_Waits : ListenFixture {
         AddLock(2, "Keller", "00.0A.10.02", " XXX ");
         files.User(1, {.Name = "Anna", .Marks = {{1, 'X'}, {2, 'X'}}});
     }
-    std::string Hint() { return programm->F91.Hinweis.Text; }
+    std::string Hint() { return programm->Transfer->F91.Hinweis.Text; }
 };
 
 TEST_F(Net_Row_Waits, a_late_reply_lets_a_row_that_stood_still_go_on) {
     BeginList({1});
     Prog({1, 2});
-    world.RunUntil([this] { return programm->F91.Steht; });
-    EXPECT_EQ(programm->F91.StatusLabel.Text(), "L66");
+    world.RunUntil([this] { return programm->Transfer->F91.Steht; });
+    EXPECT_EQ(programm->Transfer->F91.StatusLabel.Text(), "L66");
     world.RunFor(1000);
     GoodNetAdapter();
     NetReply(0x15);
     world.RunFor(35); // the reply, and the handler 10 ms later
-    EXPECT_FALSE(programm->F91.Steht);
-    EXPECT_EQ(programm->F91.StatusLabel.Text(), "L81");
+    EXPECT_FALSE(programm->Transfer->F91.Steht);
+    EXPECT_EQ(programm->Transfer->F91.StatusLabel.Text(), "L81");
     ASSERT_TRUE(FinishList());
     EXPECT_THAT(AllRows(), ElementsAre(Row(">>", "L266"), Row(">>", "L266")));
 }
@@ -32,11 +32,11 @@ TEST_F(Net_Row_Waits, a_late_reply_lets_a_row_that_stood_still_go_on) {
 TEST_F(Net_Row_Waits, a_late_reply_without_sense_changes_nothing) {
     BeginList({1});
     Prog({1, 2});
-    world.RunUntil([this] { return programm->F91.Steht; });
+    world.RunUntil([this] { return programm->Transfer->F91.Steht; });
     NetReply(0x1F); // the clock never went out
     world.RunFor(1000);
-    EXPECT_TRUE(programm->F91.Steht);
-    EXPECT_EQ(programm->F91.StatusLabel.Text(), "L66");
+    EXPECT_TRUE(programm->Transfer->F91.Steht);
+    EXPECT_EQ(programm->Transfer->F91.StatusLabel.Text(), "L66");
 }
 
 TEST_F(Net_Row_Waits, the_silence_counts_from_the_last_telegram_or_reply) {
@@ -47,7 +47,7 @@ TEST_F(Net_Row_Waits, the_silence_counts_from_the_last_telegram_or_reply) {
         }
     };
     Prog({1});
-    world.RunUntil([this] { return programm->F91.Steht; });
+    world.RunUntil([this] { return programm->Transfer->F91.Steht; });
     // The last of four telegrams, 4 s apart, went out 4 s ago.
     EXPECT_EQ(Netz_Stille(programm->Netz), 4000);
     world.RunFor(3000);

@@ -20,8 +20,8 @@ struct Run_Sequence : RunFixture {
         EXPECT_EQ(Outcome(), RunOutcome::Done);
         EXPECT_EQ(Status(), "L110");
         EXPECT_EQ(system->JudgementLines(), "");
-        EXPECT_TRUE(programm->F9.Command2.Enabled);
-        EXPECT_FALSE(programm->F9.Command1.Enabled);
+        EXPECT_TRUE(programm->Transfer->F9.Command2.Enabled);
+        EXPECT_FALSE(programm->Transfer->F9.Command1.Enabled);
     }
 };
 
@@ -124,7 +124,7 @@ TEST_F(Run_Sequence, an_old_lock_with_timers_is_announced_and_gets_two_short_tab
     Begin();
     Expect(63, Answer::No);
     world.Answers.push_back({.Text = "L180\n\rL181"});
-    programm->F13.FGK13_Click(1, F13Column::Program);
+    programm->Transfer->F13.FGK13_Click(1, F13Column::Program);
     TypeCode("123456");
     ASSERT_TRUE(Finish());
     EXPECT_EQ(Sent().size(), 18U);
@@ -154,7 +154,7 @@ TEST_F(Run_Sequence, each_kind_of_user_has_its_own_conversation) {
     Begin();
     Expect(63, Answer::No);
     Expect(273);
-    programm->F13.FGK13_Click(1, F13Column::Program);
+    programm->Transfer->F13.FGK13_Click(1, F13Column::Program);
     TypeCode("123456");
     ASSERT_TRUE(Finish());
     const Codes sent = Sent();

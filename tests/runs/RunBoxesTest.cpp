@@ -101,7 +101,7 @@ TEST_F(Run_Boxes, of_the_dataset_name_the_lock) {
     Begin();
     Expect(63, Answer::No);
     Expect(273);
-    programm->F13.FGK13_Click(2, F13Column::Program);
+    programm->Transfer->F13.FGK13_Click(2, F13Column::Program);
     EXPECT_EQ(world.Shown.back().Text, "L273");
     EXPECT_EQ(About(), Line);
 }

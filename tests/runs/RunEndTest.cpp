@@ -15,10 +15,10 @@ struct Run_End : SmallRun {
         }
         system->World().Faults.clear();
         system->ClearJudgements();
-        if (programm->F9.Fenster.Visible) {
-            programm->F9.Command2_Click();
+        if (programm->Transfer->F9.Fenster.Visible) {
+            programm->Transfer->F9.Command2_Click();
         }
-        ASSERT_TRUE(programm->F13.Fenster.Enabled);
+        ASSERT_TRUE(programm->Transfer->F13.Fenster.Enabled);
         Program(1);
         ASSERT_TRUE(Finish());
         EXPECT_EQ(Outcome(), RunOutcome::Done);
@@ -52,7 +52,7 @@ TEST_F(Run_End, login_status_2_and_3_have_messages_of_their_own_and_others_none)
         ASSERT_TRUE(Finish());
         EXPECT_EQ(Outcome(), RunOutcome::Refused);
         EXPECT_TRUE(world.Answers.empty());
-        programm->F9.Command2_Click();
+        programm->Transfer->F9.Command2_Click();
     }
 }
 
@@ -63,8 +63,8 @@ TEST_F(Run_End, no_contact_marks_the_lock_and_goes_back_to_the_grid) {
     Program(1);
     ASSERT_TRUE(Finish());
     EXPECT_EQ(Outcome(), RunOutcome::NotReached);
-    EXPECT_FALSE(programm->F9.Fenster.Visible);
-    EXPECT_TRUE(programm->F13.Fenster.Enabled);
+    EXPECT_FALSE(programm->Transfer->F9.Fenster.Visible);
+    EXPECT_TRUE(programm->Transfer->F13.Fenster.Enabled);
     EXPECT_EQ(world.Disk.Files["/q/DAT/RFCHANDIF12.RFX"].substr(0, 12), "1  "
                                                                         "   "
                                                                         "1  "
@@ -87,7 +87,7 @@ TEST_F(Run_End, reason_65_shows_line_68_and_goes_back_to_the_grid) {
     Program(1);
     ASSERT_TRUE(Finish());
     EXPECT_EQ(Outcome(), RunOutcome::Refused);
-    EXPECT_FALSE(programm->F9.Fenster.Visible);
+    EXPECT_FALSE(programm->Transfer->F9.Fenster.Visible);
     Expect_Next_Run_Works();
 }
 
@@ -98,12 +98,12 @@ TEST_F(Run_End, reasons_that_mean_nothing_to_a_run_leave_it_standing_until_the_c
         Begin();
         Program(1);
         EXPECT_FALSE(Finish(60000)) << reason;
-        EXPECT_TRUE(programm->F9.StilleLabel.Visible);
-        EXPECT_EQ(programm->F9.StilleLabel.Text(), "L274 60 s");
+        EXPECT_TRUE(programm->Transfer->F9.StilleLabel.Visible);
+        EXPECT_EQ(programm->Transfer->F9.StilleLabel.Text(), "L274 60 s");
         // No frame will come: the close button gives the run up.
-        programm->F9.Command1_Click();
-        EXPECT_TRUE(programm->F9.Command2.Enabled);
-        programm->F9.Command2_Click();
+        programm->Transfer->F9.Command1_Click();
+        EXPECT_TRUE(programm->Transfer->F9.Command2.Enabled);
+        programm->Transfer->F9.Command2_Click();
         EXPECT_TRUE(programm->Lauf.Gesamtende);
         EXPECT_EQ(Outcome(), RunOutcome::Cancelled);
         EXPECT_FALSE(world.PortOpen);
@@ -117,7 +117,7 @@ TEST_F(Run_End, reason_66_in_a_run_shows_its_message_and_the_run_stands) {
     Program(1);
     Expect(69);
     EXPECT_FALSE(Finish(20000));
-    programm->F9.Command2_Click();
+    programm->Transfer->F9.Command2_Click();
     Expect_Next_Run_Works();
 }
 
@@ -139,7 +139,7 @@ TEST_F(Run_End, a_cancelled_run_whose_lock_stays_busy_still_says_that_it_was_can
     Begin();
     Program(1);
     world.RunUntil([this] { return system->Codes().size() == 5; });
-    programm->F9.Command1_Click();
+    programm->Transfer->F9.Command1_Click();
     ASSERT_TRUE(Finish());
     EXPECT_EQ(Outcome(), RunOutcome::Cancelled);
     EXPECT_EQ(Status(), "L82");
@@ -149,9 +149,9 @@ TEST_F(Run_End, a_cancel_discards_the_next_reply_and_closes_the_session) {
     Begin();
     Program(1);
     world.RunUntil([this] { return system->Codes().size() == 5; });
-    programm->F9.Command1_Click();
+    programm->Transfer->F9.Command1_Click();
     EXPECT_EQ(Status(), "L82");
-    EXPECT_TRUE(programm->F9.Command2.Enabled);
+    EXPECT_TRUE(programm->Transfer->F9.Command2.Enabled);
     ASSERT_TRUE(Finish());
     EXPECT_EQ(Sent().back(), 0x05);
     EXPECT_EQ(Sent().size(), 6U);
@@ -167,7 +167,7 @@ TEST_F(Run_End, a_cancel_in_the_first_of_two_passes_does_not_start_the_second) {
     Begin();
     Program(2);
     world.RunUntil([this] { return system->Codes().size() == 3; });
-    programm->F9.Command1_Click();
+    programm->Transfer->F9.Command1_Click();
     ASSERT_TRUE(Finish());
     EXPECT_EQ(Outcome(), RunOutcome::Cancelled);
     const Codes sent = Sent();
@@ -181,7 +181,7 @@ TEST_F(Run_End, a_cancel_leaves_the_units_alone) {
     Begin();
     Program(1);
     world.RunUntil([this] { return system->Codes().size() == 3; });
-    programm->F9.Command1_Click();
+    programm->Transfer->F9.Command1_Click();
     ASSERT_TRUE(Finish());
     world.RunFor(20000);
     EXPECT_EQ(Sent().back(), 0x05);
@@ -195,7 +195,7 @@ TEST_F(Run_End, a_cancel_in_a_block_transfer_closes_the_unit_as_well) {
     Begin();
     Program(1);
     world.RunUntil([this] { return !system->Codes().empty() && system->Codes().back() == 0x48; });
-    programm->F9.Command1_Click();
+    programm->Transfer->F9.Command1_Click();
     ASSERT_TRUE(Finish());
     const Codes sent = Sent();
     EXPECT_THAT(Codes(sent.end() - 2, sent.end()), ElementsAre(0x05, 0x03));
@@ -210,12 +210,12 @@ TEST_F(Run_End, a_slot_out_of_range_stops_the_run_without_a_name) {
         Begin();
         Expect(63, Answer::No);
         Expect(72);
-        programm->F13.FGK13_Click(1, F13Column::Program);
+        programm->Transfer->F13.FGK13_Click(1, F13Column::Program);
         TypeCode("123456");
         ASSERT_TRUE(Finish());
         EXPECT_EQ(Sent().back(), 0x0A) << slot;
         EXPECT_EQ(Outcome(), RunOutcome::Refused);
-        EXPECT_TRUE(programm->F9.Command2.Enabled);
+        EXPECT_TRUE(programm->Transfer->F9.Command2.Enabled);
     }
 }
 
@@ -245,7 +245,7 @@ TEST_F(Run_End, without_a_port_nothing_is_sent_and_the_run_ends_at_once) {
     ASSERT_TRUE(Finish());
     EXPECT_EQ(Outcome(), RunOutcome::NoPort);
     EXPECT_THAT(Sent(), IsEmpty());
-    EXPECT_TRUE(programm->F9.Command2.Enabled);
+    EXPECT_TRUE(programm->Transfer->F9.Command2.Enabled);
     Expect_Next_Run_Works();
 }
 
@@ -254,8 +254,8 @@ TEST_F(Run_End, an_adapter_pulled_out_leaves_the_run_standing_until_it_is_closed
     Begin();
     Program(1);
     EXPECT_FALSE(Finish(30000));
-    programm->F9.Command1_Click();
-    programm->F9.Command2_Click();
+    programm->Transfer->F9.Command1_Click();
+    programm->Transfer->F9.Command2_Click();
     EXPECT_EQ(Outcome(), RunOutcome::Cancelled);
     Expect_Next_Run_Works();
 }

@@ -73,9 +73,9 @@ void RunFixture::Begin() {
     ASSERT_EQ(Programm_Start(*programm, true), StartResult::Started);
     system = std::make_unique<VirtualSystem>(devices, Surroundings());
     world.OnWrite = [this](std::span<const std::uint8_t> bytes) { system->Receive(bytes); };
-    programm->F13.F13_FormLaden();
-    programm->F13.Timer1.Stop();
-    programm->F13.Timer2.Stop();
+    programm->Transfer->F13.F13_FormLaden();
+    programm->Transfer->F13.Timer1.Stop();
+    programm->Transfer->F13.Timer2.Stop();
 }
 
 void RunFixture::Expect(int line, Answer answer, int afterMs) {
@@ -84,21 +84,21 @@ void RunFixture::Expect(int line, Answer answer, int afterMs) {
 
 void RunFixture::TypeCode(std::string_view code) {
     for (const char character : code) {
-        programm->F11.Text1_KeyPress(static_cast<unsigned char>(character));
+        programm->Transfer->F11.Text1_KeyPress(static_cast<unsigned char>(character));
     }
-    programm->F11.OK_Click();
+    programm->Transfer->F11.OK_Click();
 }
 
 void RunFixture::Program(int lock, Answer history, std::string_view code) {
     // The question comes before whatever else the test expects.
     world.Answers.push_front({.Text = "L63", .Reply = history});
-    programm->F13.FGK13_Click(lock, F13Column::Program);
+    programm->Transfer->F13.FGK13_Click(lock, F13Column::Program);
     TypeCode(code);
 }
 
 void RunFixture::History(int lock, std::string_view code) {
     world.Answers.push_front({.Text = "L65"});
-    programm->F13.FGK13_Click(lock, F13Column::History);
+    programm->Transfer->F13.FGK13_Click(lock, F13Column::History);
     TypeCode(code);
 }
 

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "Datendateien.h"
-#include "Programm.h"
+#include "MainWindows.h"
+#include "TransferWindows.h"
 #include "VirtualPlatform.h"
 #include "VirtualSystem.h"
 
@@ -58,7 +59,7 @@ struct RunFixture : ::testing::Test {
 
     /// Codes of all telegrams that reached the devices or the adapter.
     Codes Sent() const;
-    std::string Status() const { return programm->F9.StatusLabel.Text; }
+    std::string Status() const { return programm->Transfer->F9.StatusLabel.Text; }
     RunOutcome Outcome() const { return programm->Lauf.Bericht.End; }
 };
 

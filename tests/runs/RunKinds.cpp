@@ -109,7 +109,7 @@ void Scene::Start() {
         const bool marked = files.File("RFCHANDIF12.RFX")[9] == '1';
         world.Answers.push_front({.Text = "L273"});
         world.Answers.insert(world.Answers.begin() + (marked ? 1 : 0), {.Text = "L63", .Reply = Answer::No});
-        programm->F13.FGK13_Click(1, F13Column::Program);
+        programm->Transfer->F13.FGK13_Click(1, F13Column::Program);
         TypeCode("123456");
         return;
     }

@@ -21,7 +21,7 @@ struct Run_Picture : SmallRun {
     }
     /// Status, sign, and what is said of the lock.
     void Expect_Picture(std::string_view status, int sign, std::string_view outcome) {
-        const F9& window = programm->F9;
+        const F9& window = programm->Transfer->F9;
         EXPECT_TRUE(window.Beendet);
         EXPECT_EQ(window.StatusLabel.Text(), status);
         EXPECT_EQ(window.Zeichen.Id(), sign);
@@ -29,33 +29,33 @@ struct Run_Picture : SmallRun {
     }
     /// The status says what the lock has not got.
     void Expect_Missing(int sign, std::string_view outcome) {
-        EXPECT_EQ(programm->F9.StatusLabel.Text().substr(0, 17), u8"Nicht vollständig"_w);
+        EXPECT_EQ(programm->Transfer->F9.StatusLabel.Text().substr(0, 17), u8"Nicht vollständig"_w);
         Expect_Picture(programm->Lauf.Bericht.Text, sign, outcome);
     }
     void CancelAfter(std::size_t telegrams) {
         Program(1);
         world.RunUntil([this, telegrams] { return system->Codes().size() == telegrams; });
-        programm->F9.Command1_Click();
+        programm->Transfer->F9.Command1_Click();
     }
 };
 
 TEST_F(Run_Picture, of_a_run_that_did_all_is_line_110_and_the_sign_of_success) {
     Begin();
     Program(1);
-    EXPECT_EQ(programm->F9.Zeichen.Id(), RunSign::None);
+    EXPECT_EQ(programm->Transfer->F9.Zeichen.Id(), RunSign::None);
     ASSERT_TRUE(Finish());
     Expect_Picture("L110", RunSign::Done, "");
-    EXPECT_EQ(programm->F9.Zeichen.Name(), "Erfolgreich");
-    programm->F9.Command2_Click();
+    EXPECT_EQ(programm->Transfer->F9.Zeichen.Name(), "Erfolgreich");
+    programm->Transfer->F9.Command2_Click();
     Program(1);
-    EXPECT_EQ(programm->F9.Zeichen.Id(), RunSign::None);
-    EXPECT_EQ(programm->F9.Zeichen.Name(), "");
+    EXPECT_EQ(programm->Transfer->F9.Zeichen.Id(), RunSign::None);
+    EXPECT_EQ(programm->Transfer->F9.Zeichen.Name(), "");
 }
 
 TEST_F(Run_Picture, of_a_run_cancelled_before_the_lock_was_erased_says_nothing_of_the_lock) {
     Begin();
     CancelAfter(1);
-    EXPECT_EQ(programm->F9.FolgeLabel.Text(), "");
+    EXPECT_EQ(programm->Transfer->F9.FolgeLabel.Text(), "");
     ASSERT_TRUE(Finish());
     EXPECT_EQ(Lock(Serial::S).Erases, 0);
     Expect_Picture("L82", RunSign::Attention, "");
@@ -64,11 +64,11 @@ TEST_F(Run_Picture, of_a_run_cancelled_before_the_lock_was_erased_says_nothing_o
 TEST_F(Run_Picture, of_a_run_cancelled_behind_the_erasing_says_at_once_and_at_the_end_that_the_data_are_not_complete) {
     Begin();
     CancelAfter(5);
-    EXPECT_EQ(programm->F9.FolgeLabel.Text(), Incomplete);
+    EXPECT_EQ(programm->Transfer->F9.FolgeLabel.Text(), Incomplete);
     ASSERT_TRUE(Finish());
     EXPECT_EQ(Lock(Serial::S).Erases, 1);
     Expect_Picture("L82", RunSign::Attention, Incomplete);
-    EXPECT_EQ(programm->F9.Zeichen.Name(), "Achtung");
+    EXPECT_EQ(programm->Transfer->F9.Zeichen.Name(), "Achtung");
 }
 
 TEST_F(Run_Picture, of_a_refused_login_keeps_line_78_under_the_sign_of_failure) {
@@ -78,7 +78,7 @@ TEST_F(Run_Picture, of_a_refused_login_keeps_line_78_under_the_sign_of_failure) 
     Program(1, Answer::No, "654321");
     ASSERT_TRUE(Finish());
     Expect_Picture("L78", RunSign::Failed, "");
-    EXPECT_EQ(programm->F9.Zeichen.Name(), "Fehlgeschlagen");
+    EXPECT_EQ(programm->Transfer->F9.Zeichen.Name(), "Fehlgeschlagen");
 }
 
 TEST_F(Run_Picture, of_a_lock_that_stays_busy_says_so) {
@@ -112,7 +112,7 @@ TEST_F(Run_Picture, of_a_place_in_the_lock_that_is_none_keeps_line_72) {
     Begin();
     world.Answers.push_back({.Text = "L63", .Reply = Answer::No});
     Expect(72);
-    programm->F13.FGK13_Click(1, F13Column::Program);
+    programm->Transfer->F13.FGK13_Click(1, F13Column::Program);
     TypeCode("123456");
     ASSERT_TRUE(Finish());
     Expect_Picture("L72", RunSign::Failed, Incomplete);
@@ -137,7 +137,7 @@ TEST_F(Run_Picture, of_a_history_that_could_not_be_kept_is_line_277) {
     Begin();
     Expect(277);
     world.Answers.push_front({.Text = "L65"});
-    programm->F13.FGK13_Click(1, F13Column::History);
+    programm->Transfer->F13.FGK13_Click(1, F13Column::History);
     world.Disk.FailAt = world.Disk.Operations + 1;
     world.Disk.FailFromThere = true;
     TypeCode("123456");
@@ -152,11 +152,11 @@ TEST_F(Run_Picture, of_a_history_comes_when_the_session_is_closed_and_not_with_t
     History(1);
     EXPECT_FALSE(Finish(20000));
     EXPECT_EQ(Sent().back(), 0x05);
-    EXPECT_FALSE(programm->F9.Beendet);
+    EXPECT_FALSE(programm->Transfer->F9.Beendet);
     EXPECT_EQ(Status(), "L115");
-    EXPECT_EQ(programm->F9.Zeichen.Id(), RunSign::None);
-    EXPECT_FALSE(programm->F9.Command1.Enabled);
-    EXPECT_TRUE(programm->F9.Command2.Enabled);
+    EXPECT_EQ(programm->Transfer->F9.Zeichen.Id(), RunSign::None);
+    EXPECT_FALSE(programm->Transfer->F9.Command1.Enabled);
+    EXPECT_TRUE(programm->Transfer->F9.Command2.Enabled);
 }
 
 TEST_F(Run_Picture, of_a_unit_that_refuses_names_it_and_says_that_the_lock_is_done) {
@@ -196,9 +196,10 @@ TEST_F(Run_Picture, speaks_the_language_in_use) {
     CancelAfter(5);
     ASSERT_TRUE(Finish());
     programm->kern.Config.Sprache = "English";
-    programm->F9.Texte_Setzen();
-    EXPECT_EQ(programm->F9.FolgeLabel.Text(), "The lock does not hold complete data. Please program it again.");
-    EXPECT_EQ(programm->F9.Zeichen.Name(), "Attention");
+    programm->Transfer->F9.Texte_Setzen();
+    EXPECT_EQ(programm->Transfer->F9.FolgeLabel.Text(),
+              "The lock does not hold complete data. Please program it again.");
+    EXPECT_EQ(programm->Transfer->F9.Zeichen.Name(), "Attention");
 }
 
 } // namespace

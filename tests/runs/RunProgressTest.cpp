@@ -14,7 +14,7 @@ struct Run_Progress : ::testing::TestWithParam<RunKind> {};
 TEST_P(Run_Progress, fills_the_bar_exactly_at_the_end_of_a_good_run_and_takes_nothing_back_on_the_way) {
     Scene scene(GetParam());
     scene.Begin();
-    const F9& window = scene.programm->F9;
+    const F9& window = scene.programm->Transfer->F9;
     const Programmierlauf& run = scene.programm->Lauf;
     int before = 0;
     bool endless = false;
@@ -85,14 +85,14 @@ TEST_F(Run_Step, counts_the_events_whose_number_nobody_knows) {
     History(1);
     EXPECT_FALSE(Finish(20000));
     EXPECT_EQ(Fortschritt_Text(programm->kern, Lauf_Fortschritt(programm->Lauf)), "Historie, 2 Ereignisse");
-    EXPECT_EQ(programm->F9.SchrittLabel.Text(), "Historie, 2 Ereignisse");
-    EXPECT_EQ(programm->F9.Balken1.Maximum(), 0);
+    EXPECT_EQ(programm->Transfer->F9.SchrittLabel.Text(), "Historie, 2 Ereignisse");
+    EXPECT_EQ(programm->Transfer->F9.Balken1.Maximum(), 0);
     for (const auto& [language, text] :
          {std::pair{"English", "History, 2 events"}, std::pair{"Francais", "Historique, 2 \xE9v\xE9nements"},
           std::pair{"Nederlands", "Historie, 2 gebeurtenissen"}}) {
         programm->kern.Config.Sprache = language;
-        programm->F9.Fortschritt();
-        EXPECT_EQ(programm->F9.SchrittLabel.Text(), text); // nothing stands before it
+        programm->Transfer->F9.Fortschritt();
+        EXPECT_EQ(programm->Transfer->F9.SchrittLabel.Text(), text); // nothing stands before it
     }
 }
 
@@ -106,7 +106,7 @@ TEST_F(Run_Step, names_a_unit_and_its_templates) {
     Begin();
     Expect(63, Answer::No);
     Expect(273);
-    programm->F13.FGK13_Click(1, F13Column::Program);
+    programm->Transfer->F13.FGK13_Click(1, F13Column::Program);
     TypeCode("123456");
     world.RunUntil([this] { return !system->Codes().empty() && system->Codes().back() == 0x49; });
     EXPECT_EQ(Lauf_Fortschritt(programm->Lauf).Step, "Funkeinheit Leser");
@@ -146,7 +146,7 @@ TEST_F(Run_Step, leaves_out_what_a_unit_that_failed_was_to_get) {
     Expect(71);
     Program(1);
     ASSERT_TRUE(Finish());
-    EXPECT_EQ(programm->F9.Balken1.Value(), programm->F9.Balken1.Maximum());
+    EXPECT_EQ(programm->Transfer->F9.Balken1.Value(), programm->Transfer->F9.Balken1.Maximum());
 }
 
 TEST_F(Run_Step, share_is_rounded_down) {

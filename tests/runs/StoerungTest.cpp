@@ -146,12 +146,12 @@ struct Disturbed_Run : ::testing::TestWithParam<RunKind> {
     /// Closes what is left of the run, as an operator would, puts the adapter back and runs once more.
     static void Expect_Ready(Scene& scene) {
         if (!scene.programm->Lauf.Gesamtende) {
-            scene.programm->F9.Command1_Click();
-            scene.programm->F9.Command2_Click();
+            scene.programm->Transfer->F9.Command1_Click();
+            scene.programm->Transfer->F9.Command2_Click();
             EXPECT_EQ(scene.Outcome(), RunOutcome::Cancelled);
         }
-        if (scene.programm->F9.Fenster.Visible) {
-            scene.programm->F9.Command2_Click();
+        if (scene.programm->Transfer->F9.Fenster.Visible) {
+            scene.programm->Transfer->F9.Command2_Click();
         }
         scene.world.RunFor(20000);
         scene.world.PortCanOpen = true;
@@ -159,7 +159,7 @@ struct Disturbed_Run : ::testing::TestWithParam<RunKind> {
             scene.system->Plug();
         }
         scene.system->World().Faults.clear();
-        EXPECT_TRUE(scene.programm->F13.Fenster.Enabled);
+        EXPECT_TRUE(scene.programm->Transfer->F13.Fenster.Enabled);
         scene.Start();
         EXPECT_TRUE(scene.Finish());
         EXPECT_EQ(scene.Outcome(), RunOutcome::Done) << "the run after it";
@@ -243,8 +243,8 @@ TEST_P(Disturbed_Run, ends_as_cancelled_whenever_the_operator_cancels) {
         // Behind the last event a reading of events is at its end but for its disconnect, and has no cancel any more.
         const bool historyOnly = scene.kind == RunKind::HistoryOnly || scene.kind == RunKind::SearchHistory;
         const bool finished = historyOnly && codes[count - 1] == 0x05;
-        EXPECT_EQ(scene.programm->F9.Command1.Enabled, !finished);
-        scene.programm->F9.Command1_Click();
+        EXPECT_EQ(scene.programm->Transfer->F9.Command1.Enabled, !finished);
+        scene.programm->Transfer->F9.Command1_Click();
         const auto erases = scene.Lock(SerialOf(scene.kind)).Erases;
         // A polled lock is deaf while it erases: it gets its disconnect when it hears again.
         ASSERT_TRUE(scene.Finish(60000));

@@ -37,7 +37,7 @@ struct Run_Units : RunFixture {
     void ProgramWithFinger() {
         Expect(63, Answer::No);
         Expect(273);
-        programm->F13.FGK13_Click(1, F13Column::Program);
+        programm->Transfer->F13.FGK13_Click(1, F13Column::Program);
         TypeCode("123456");
     }
     VirtualUnit& Unit(std::string_view serial) { return *system->FindUnit(AddressOf(serial)); }
@@ -50,9 +50,9 @@ TEST_F(Run_Units, a_unit_of_type_1_is_told_its_lock_and_its_box_is_ticked) {
     ASSERT_TRUE(Finish());
     EXPECT_THAT(Behind(), ElementsAre(0x04, 0x3D, 0x05));
     EXPECT_EQ(Unit("01600001").Lock, AddressOf(Serial::S));
-    EXPECT_TRUE(programm->F9.Check[0].Checked);
-    EXPECT_TRUE(programm->F9.Check[1].Checked);
-    EXPECT_FALSE(programm->F9.Check[2].Checked);
+    EXPECT_TRUE(programm->Transfer->F9.Check[0].Checked);
+    EXPECT_TRUE(programm->Transfer->F9.Check[1].Checked);
+    EXPECT_FALSE(programm->Transfer->F9.Check[2].Checked);
     EXPECT_EQ(Outcome(), RunOutcome::Done);
     EXPECT_EQ(programm->link.TargetAddress, AddressOf(Serial::S));
     EXPECT_EQ(programm->link.Lauf.Chain.LaufZiel, "");
@@ -77,7 +77,7 @@ TEST_F(Run_Units, a_unit_of_type_2_gets_key_and_templates_in_pieces_of_32_bytes)
     EXPECT_EQ(unit.Rows[0].Address, 1);
     values.resize(64, 0);
     EXPECT_EQ(unit.Rows[0].Bytes, values);
-    EXPECT_TRUE(programm->F9.Check[1].Checked);
+    EXPECT_TRUE(programm->Transfer->F9.Check[1].Checked);
     EXPECT_EQ(Outcome(), RunOutcome::Done);
     EXPECT_EQ(programm->link.Lauf.Chain.UnitModus, 0);
     EXPECT_EQ(programm->link.AddressMode, 0);
@@ -125,7 +125,7 @@ TEST_F(Run_Units, units_of_both_types_are_worked_off_in_their_order) {
                                       0x04, 0x3D, 0x05));
     EXPECT_EQ(Outcome(), RunOutcome::Done);
     for (const int box : {2, 3, 4}) {
-        EXPECT_TRUE(programm->F9.Check[static_cast<std::size_t>(box)].Checked) << box;
+        EXPECT_TRUE(programm->Transfer->F9.Check[static_cast<std::size_t>(box)].Checked) << box;
     }
     EXPECT_EQ(Lock(Serial::S).Erases, 1);
 }
@@ -156,7 +156,7 @@ TEST_F(Run_Units, a_unit_of_type_2_that_is_nowhere_ends_the_run_with_the_units_b
     EXPECT_EQ(Outcome(), RunOutcome::NotReached);
     EXPECT_EQ(programm->Lauf.Bericht.Units[0].End, UnitReport::State::Failed);
     EXPECT_EQ(programm->Lauf.Bericht.Units[1].End, UnitReport::State::Untried);
-    EXPECT_TRUE(programm->F9.Command2.Enabled);
+    EXPECT_TRUE(programm->Transfer->F9.Command2.Enabled);
 }
 
 TEST_F(Run_Units, a_unit_of_type_1_that_does_not_answer_is_tried_twice_and_the_lock_is_not_marked) {
@@ -182,8 +182,8 @@ TEST_F(Run_Units, a_unit_of_type_1_that_refuses_stays_unticked_and_the_next_one_
     Program(1);
     ASSERT_TRUE(Finish());
     EXPECT_THAT(Behind(), ElementsAre(0x04, 0x04, 0x3D, 0x05));
-    EXPECT_FALSE(programm->F9.Check[1].Checked);
-    EXPECT_TRUE(programm->F9.Check[2].Checked);
+    EXPECT_FALSE(programm->Transfer->F9.Check[1].Checked);
+    EXPECT_TRUE(programm->Transfer->F9.Check[2].Checked);
     EXPECT_EQ(programm->Lauf.Bericht.Units[0].End, UnitReport::State::Failed);
     EXPECT_EQ(programm->Lauf.Bericht.Units[1].End, UnitReport::State::Done);
 }
@@ -210,7 +210,7 @@ TEST_F(Run_Units, a_unit_that_never_erases_is_disconnected_after_twenty_repeats_
     EXPECT_EQ(std::count(behind.begin(), behind.end(), 0x27), 21);
     EXPECT_THAT(Codes(behind.end() - 2, behind.end()), ElementsAre(0x05, 0x03));
     EXPECT_EQ(programm->Lauf.Bericht.Units[0].End, UnitReport::State::Failed);
-    EXPECT_FALSE(programm->F9.Check[1].Checked);
+    EXPECT_FALSE(programm->Transfer->F9.Check[1].Checked);
     EXPECT_EQ(programm->Lauf.Bericht.Units[1].End, UnitReport::State::Untried);
     EXPECT_EQ(Outcome(), RunOutcome::NotReached);
     EXPECT_EQ(Status(), "L66");
@@ -222,7 +222,7 @@ TEST_F(Run_Units, a_cancel_behind_the_last_unit_ends_the_run_as_cancelled) {
     Program(1);
     world.RunUntil([this] { return Unit("01600001").Sessions == 1; });
     world.RunFor(100);
-    programm->F9.Command1_Click();
+    programm->Transfer->F9.Command1_Click();
     ASSERT_TRUE(Finish());
     EXPECT_EQ(Outcome(), RunOutcome::Cancelled);
     EXPECT_EQ(programm->link.Lauf.Chain.AbbruchWunsch, 0);
@@ -253,8 +253,8 @@ TEST_F(Run_Units, a_block_that_is_not_accepted_fails_the_unit_and_the_next_one_f
     EXPECT_EQ(units[0].Note, "FS-ERROR");
     EXPECT_EQ(units[0].Progress, (UnitProgress{.Stage = UnitStage::Changed, .Templates = 0, .TemplatesWanted = 1}));
     EXPECT_EQ(units[1].End, UnitReport::State::Done);
-    EXPECT_FALSE(programm->F9.Check[1].Checked);
-    EXPECT_TRUE(programm->F9.Check[2].Checked);
+    EXPECT_FALSE(programm->Transfer->F9.Check[1].Checked);
+    EXPECT_TRUE(programm->Transfer->F9.Check[2].Checked);
     EXPECT_EQ(Outcome(), RunOutcome::Incomplete);
     EXPECT_EQ(Status(), u8"Eine Funkeinheit wurde nicht vollständig programmiert. Finger1: gelöscht, 0 von 1 "
                         u8"Fingervorlagen übertragen. (FS-ERROR)"_w);

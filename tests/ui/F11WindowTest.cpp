@@ -29,8 +29,8 @@ struct F11_Window : UiFixture {
         }
         programm->link.Lauf.Order.What = RunTask::HistoryOnly;
         programm->Lauf.link.Lauf.List.RunRows = listRows;
-        window = std::make_unique<ui::F11Window>(programm->F11, nullptr);
-        programm->F11.F11_Laden(F11Opener::F13, "");
+        window = std::make_unique<ui::F11Window>(programm->Transfer->F11, nullptr);
+        programm->Transfer->F11.F11_Laden(F11Opener::F13, "");
         Present(*window);
     }
     template <class Widget>
@@ -64,15 +64,15 @@ TEST_F(F11_Window, names_the_lock_over_the_code_and_nothing_for_a_list) {
     Start();
     programm->link.Lauf.Order.LockNumber = 3;
     programm->link.Lauf.Order.LockName = "T\xFCr";
-    window = std::make_unique<ui::F11Window>(programm->F11, nullptr);
-    programm->F11.F11_Laden(F11Opener::F13, "");
+    window = std::make_unique<ui::F11Window>(programm->Transfer->F11, nullptr);
+    programm->Transfer->F11.F11_Laden(F11Opener::F13, "");
     Present(*window);
     auto* lock = Find<QLabel>("F11.Schloss");
     EXPECT_EQ(lock->text(), QString::fromUtf8("Schloss 3: Tür"));
     EXPECT_TRUE(lock->isVisible());
     EXPECT_LT(lock->geometry().bottom(), Find<QLabel>("F11.Prompt")->geometry().top());
     programm->Lauf.link.Lauf.List.RunRows = 2;
-    programm->F11.F11_Laden(F11Opener::F13, "");
+    programm->Transfer->F11.F11_Laden(F11Opener::F13, "");
     EXPECT_FALSE(lock->isVisible());
     window.reset();
 }
@@ -87,7 +87,7 @@ TEST_F(F11_Window, runs_ok_with_return_in_the_code_box_once_six_characters_stand
     QTest::keyClicks(code, QStringLiteral("6"));
     QTest::keyClick(code, Qt::Key_Return);
     EXPECT_FALSE(window->isVisible());
-    EXPECT_TRUE(programm->F9.Fenster.Visible);
+    EXPECT_TRUE(programm->Transfer->F9.Fenster.Visible);
 }
 
 TEST_F(F11_Window, says_that_the_code_is_too_short_at_ok) {
@@ -100,7 +100,7 @@ TEST_F(F11_Window, says_that_the_code_is_too_short_at_ok) {
 TEST_F(F11_Window, cancels_by_button_escape_and_frame) {
     Open();
     for (int way = 0; way < 3; ++way) {
-        programm->F11.F11_Laden(F11Opener::F13, "");
+        programm->Transfer->F11.F11_Laden(F11Opener::F13, "");
         ASSERT_TRUE(window->isVisible());
         if (way == 0) {
             Find<QPushButton>("F11.Cancel")->click();
@@ -125,7 +125,7 @@ TEST_F(F11_Window, picks_the_cut_off_date_in_a_month_up_to_today) {
     month->onPick({.Year = 2026, .Month = 1, .Day = 31});
     EXPECT_FALSE(month->isVisible());
     EXPECT_EQ(date->text(), QStringLiteral("31.01.2026"));
-    EXPECT_EQ(programm->F11.Stichtag(), (Datum{.Year = 2026, .Month = 1, .Day = 31}));
+    EXPECT_EQ(programm->Transfer->F11.Stichtag(), (Datum{.Year = 2026, .Month = 1, .Day = 31}));
 }
 
 TEST_F(F11_Window, shows_the_adapters_only_in_adapter_mode) {
@@ -141,7 +141,7 @@ TEST_F(F11_Window, lists_the_adapters_and_hands_the_choice_on) {
     EXPECT_EQ(list->itemText(1), QStringLiteral("NETWORK-1 Nordhalle [00.11.22.44]"));
     EXPECT_EQ(list->currentIndex(), 0);
     QTest::keyClick(list, Qt::Key_Down);
-    EXPECT_EQ(programm->F11.Combo1.Selected, 1);
+    EXPECT_EQ(programm->Transfer->F11.Combo1.Selected, 1);
 }
 
 TEST_F(F11_Window, is_walked_with_tab_in_reading_order_and_names_every_control) {
@@ -163,7 +163,7 @@ TEST_F(F11_Window, asks_for_the_patience_with_a_silent_lock_when_a_list_is_begun
     EXPECT_EQ(patience->currentText(), QStringLiteral("60 s"));
     QTest::keyClick(patience, Qt::Key_End);
     EXPECT_EQ(patience->currentText(), QStringLiteral("nie"));
-    EXPECT_EQ(programm->F11.Geduld_Sekunden(), 0);
+    EXPECT_EQ(programm->Transfer->F11.Geduld_Sekunden(), 0);
     Find<QLineEdit>("F11.Text1")->setFocus();
     EXPECT_EQ(tabOrder(window.get()),
               (QStringList{QStringLiteral("F11.Text1"), QStringLiteral("F11.Combo1"), QStringLiteral("F11.CutoffDate"),

@@ -26,11 +26,11 @@ struct F13_Window : UiFixture {
         SettledLock(2, "Keller");
         files.Channel(2, "3", "4", "1");
         Start(language);
-        window = std::make_unique<ui::F13Window>(programm->F13);
+        window = std::make_unique<ui::F13Window>(programm->Transfer->F13);
         grid = window->findChild<ui::GridView*>(QStringLiteral("F13.FGK13"));
-        programm->F13.F13_FormLaden();
-        programm->F13.Timer1.Stop();
-        programm->F13.Timer2.Stop();
+        programm->Transfer->F13.F13_FormLaden();
+        programm->Transfer->F13.Timer1.Stop();
+        programm->Transfer->F13.Timer2.Stop();
         Present(*window);
     }
     QToolButton* Button(const char* key) {
@@ -70,9 +70,9 @@ TEST_F(F13_Window, asks_and_opens_the_start_dialog_at_a_click_on_a_program_cell)
     Open();
     Expect(63, Answer::No);
     ClickCell(1, F13Column::Program);
-    EXPECT_TRUE(programm->F11.Fenster.Visible);
+    EXPECT_TRUE(programm->Transfer->F11.Fenster.Visible);
     EXPECT_FALSE(window->isEnabled());
-    EXPECT_EQ(programm->F13.FGK13.Text(1, F13Column::Mark), "X");
+    EXPECT_EQ(programm->Transfer->F13.FGK13.Text(1, F13Column::Mark), "X");
 }
 
 TEST_F(F13_Window, acts_on_a_cell_by_keyboard_alone) {
@@ -82,11 +82,11 @@ TEST_F(F13_Window, acts_on_a_cell_by_keyboard_alone) {
     for (int n = 0; n < 4; ++n) {
         QTest::keyClick(grid, Qt::Key_Right); // history, code, status, mark
     }
-    EXPECT_EQ(programm->F13.FGK13.Column, F13Column::Mark);
+    EXPECT_EQ(programm->Transfer->F13.FGK13.Column, F13Column::Mark);
     QTest::keyClick(grid, Qt::Key_Space);
-    EXPECT_EQ(programm->F13.FGK13.Text(1, F13Column::Mark), "X");
+    EXPECT_EQ(programm->Transfer->F13.FGK13.Text(1, F13Column::Mark), "X");
     QTest::keyClick(grid, Qt::Key_Return);
-    EXPECT_EQ(programm->F13.FGK13.Text(1, F13Column::Mark), "");
+    EXPECT_EQ(programm->Transfer->F13.FGK13.Text(1, F13Column::Mark), "");
 }
 
 TEST_F(F13_Window, marks_and_says_what_can_be_clicked) {
@@ -106,21 +106,21 @@ TEST_F(F13_Window, lights_the_cell_under_the_mouse_and_puts_it_out_again) {
     Open();
     QTest::mouseMove(grid->viewport(), grid->viewport()->mapFrom(grid, grid->cellRect(1, F13Column::History).center()));
     Settle();
-    programm->F13.Timer1.Start(10);
+    programm->Transfer->F13.Timer1.Start(10);
     world.RunFor(30);
-    EXPECT_EQ(programm->F13.FGK13.At(1, F13Column::History).BackColor, F13::HoverColour);
+    EXPECT_EQ(programm->Transfer->F13.FGK13.At(1, F13Column::History).BackColor, F13::HoverColour);
     QEvent leave(QEvent::Leave);
     QApplication::sendEvent(grid->viewport(), &leave);
     world.RunFor(30);
-    EXPECT_EQ(programm->F13.FGK13.At(1, F13Column::History).BackColor, F13::ActionColour);
+    EXPECT_EQ(programm->Transfer->F13.FGK13.At(1, F13Column::History).BackColor, F13::ActionColour);
 }
 
 TEST_F(F13_Window, has_its_list_keys_dead_while_there_is_no_list) {
     Open();
     EXPECT_TRUE(Button("Prog.")->isEnabled());
     EXPECT_TRUE(Button("SaveHistory")->isEnabled());
-    programm->F13.Listenzeile_Uebernehmen = {};
-    programm->F13.F13_FormLaden();
+    programm->Transfer->F13.Listenzeile_Uebernehmen = {};
+    programm->Transfer->F13.F13_FormLaden();
     EXPECT_TRUE(Button("Zurück")->isEnabled());
     EXPECT_FALSE(Button("Prog.")->isEnabled());
     EXPECT_FALSE(Button("SaveHistory")->isEnabled());
@@ -130,7 +130,7 @@ TEST_F(F13_Window, has_its_list_keys_dead_while_there_is_no_list) {
 TEST_F(F13_Window, goes_back_by_its_key_by_escape_and_by_its_frame) {
     Open();
     for (int way = 0; way < 3; ++way) {
-        programm->F13.F13_FormLaden();
+        programm->Transfer->F13.F13_FormLaden();
         ASSERT_TRUE(window->isVisible());
         if (way == 0) {
             Button("Zurück")->click();
@@ -140,7 +140,7 @@ TEST_F(F13_Window, goes_back_by_its_key_by_escape_and_by_its_frame) {
             window->close();
         }
         EXPECT_FALSE(window->isVisible()) << way;
-        EXPECT_EQ(programm->F13.Aufrufer, 0) << way;
+        EXPECT_EQ(programm->Transfer->F13.Aufrufer, 0) << way;
     }
 }
 
@@ -159,14 +159,14 @@ TEST_F(F13_Window, marks_with_space_wherever_the_cell_and_starts_nothing) {
     grid->setFocus();
     grid->setCurrentCell(1, F13Column::Program);
     QTest::keyClick(grid, Qt::Key_Space);
-    EXPECT_EQ(programm->F13.FGK13.Text(1, F13Column::Mark), "X");
-    EXPECT_FALSE(programm->F11.Fenster.Visible);
+    EXPECT_EQ(programm->Transfer->F13.FGK13.Text(1, F13Column::Mark), "X");
+    EXPECT_FALSE(programm->Transfer->F11.Fenster.Visible);
     QTest::keyClick(grid, Qt::Key_Down, Qt::ShiftModifier);
     QTest::keyClick(grid, Qt::Key_Space);
-    EXPECT_EQ(programm->F13.FGK13.Text(2, F13Column::Mark), "X");
+    EXPECT_EQ(programm->Transfer->F13.FGK13.Text(2, F13Column::Mark), "X");
     QTest::keyClick(grid, Qt::Key_Space);
-    EXPECT_EQ(programm->F13.FGK13.Text(1, F13Column::Mark), "");
-    EXPECT_EQ(programm->F13.FGK13.Text(2, F13Column::Mark), "");
+    EXPECT_EQ(programm->Transfer->F13.FGK13.Text(1, F13Column::Mark), "");
+    EXPECT_EQ(programm->Transfer->F13.FGK13.Text(2, F13Column::Mark), "");
 }
 
 TEST_F(F13_Window, marks_all_that_the_filter_shows_with_ctrl_a_and_space) {
@@ -180,9 +180,9 @@ TEST_F(F13_Window, marks_all_that_the_filter_shows_with_ctrl_a_and_space) {
     QTest::keyClick(line, Qt::Key_Return);
     QTest::keyClick(grid, Qt::Key_A, Qt::ControlModifier);
     QTest::keyClick(grid, Qt::Key_Space);
-    EXPECT_EQ(programm->F13.FGK13.Text(1, F13Column::Mark), "");
-    EXPECT_EQ(programm->F13.FGK13.Text(2, F13Column::Mark), "X");
-    EXPECT_EQ(programm->F13.FGK13.Text(3, F13Column::Mark), "X");
+    EXPECT_EQ(programm->Transfer->F13.FGK13.Text(1, F13Column::Mark), "");
+    EXPECT_EQ(programm->Transfer->F13.FGK13.Text(2, F13Column::Mark), "X");
+    EXPECT_EQ(programm->Transfer->F13.FGK13.Text(3, F13Column::Mark), "X");
     auto* marks = window->findChild<QLabel*>(QStringLiteral("F13.Markenzahl"));
     EXPECT_EQ(marks->text(), QStringLiteral("2 markiert"));
     line->setText(QStringLiteral("haupt"));
@@ -191,10 +191,10 @@ TEST_F(F13_Window, marks_all_that_the_filter_shows_with_ctrl_a_and_space) {
 
 TEST_F(F13_Window, clears_the_filter_with_escape_and_goes_back_with_the_next_one) {
     Open();
-    programm->F13.Filter.Set("keller");
+    programm->Transfer->F13.Filter.Set("keller");
     QTest::keyClick(grid, Qt::Key_Escape);
     EXPECT_TRUE(window->isVisible());
-    EXPECT_FALSE(programm->F13.Filter.Active());
+    EXPECT_FALSE(programm->Transfer->F13.Filter.Active());
     QTest::keyClick(grid, Qt::Key_Escape);
     EXPECT_FALSE(window->isVisible());
 }
@@ -215,8 +215,8 @@ TEST_F(F13_Window, selects_rows_by_a_drag_across_its_keys_and_starts_nothing) {
     QMouseEvent move(QEvent::MouseMove, to, grid->viewport()->mapToGlobal(to), Qt::NoButton, Qt::LeftButton, {});
     QApplication::sendEvent(grid->viewport(), &move);
     QTest::mouseRelease(grid->viewport(), Qt::LeftButton, Qt::NoModifier, to);
-    EXPECT_EQ(programm->F13.Auswahl.Rows(), (std::vector<int>{1, 2, 3}));
-    EXPECT_FALSE(programm->F11.Fenster.Visible);
+    EXPECT_EQ(programm->Transfer->F13.Auswahl.Rows(), (std::vector<int>{1, 2, 3}));
+    EXPECT_FALSE(programm->Transfer->F11.Fenster.Visible);
 }
 
 TEST_F(F13_Window, reads_its_marks_as_check_boxes_that_a_click_still_toggles) {
@@ -231,7 +231,7 @@ TEST_F(F13_Window, reads_its_marks_as_check_boxes_that_a_click_still_toggles) {
     EXPECT_FALSE(table->cellAt(9, Mark)->state().checkable);
     EXPECT_EQ(table->cellAt(1, Mark)->text(QAccessible::Name), QStringLiteral("Prg."));
     ClickCell(2, F13Column::Mark);
-    EXPECT_EQ(programm->F13.FGK13.Text(2, F13Column::Mark), "");
+    EXPECT_EQ(programm->Transfer->F13.FGK13.Text(2, F13Column::Mark), "");
 }
 
 TEST_F(F13_Window, keeps_its_keys_near_the_name_in_a_wide_window) {
@@ -266,20 +266,20 @@ TEST_F(F13_Window, has_a_key_for_what_the_last_list_did_not_finish) {
     Open();
     auto* again = window->findChild<QPushButton*>(QStringLiteral("F13.Command1"));
     EXPECT_TRUE(again->isHidden());
-    programm->F13.Gescheiterte_Schloesser = [] { return std::vector<int>{2}; };
-    programm->F13.F13_FormLaden();
+    programm->Transfer->F13.Gescheiterte_Schloesser = [] { return std::vector<int>{2}; };
+    programm->Transfer->F13.F13_FormLaden();
     ASSERT_TRUE(again->isVisible());
     EXPECT_EQ(again->text(), QStringLiteral("Gescheiterte markieren"));
     QTest::keyClick(grid, Qt::Key_R, Qt::ControlModifier);
-    EXPECT_EQ(programm->F13.FGK13.Text(2, F13Column::Mark), "X");
-    EXPECT_EQ(programm->F13.FGK13.Text(1, F13Column::Mark), "");
+    EXPECT_EQ(programm->Transfer->F13.FGK13.Text(2, F13Column::Mark), "X");
+    EXPECT_EQ(programm->Transfer->F13.FGK13.Text(1, F13Column::Mark), "");
 }
 
 TEST_F(F13_Window, lets_go_of_the_mouse_when_it_dies) {
     Open();
     window.reset();
-    EXPECT_FALSE(programm->F13.Maus_Zelle);
-    programm->F13.F13_FormLaden();
+    EXPECT_FALSE(programm->Transfer->F13.Maus_Zelle);
+    programm->Transfer->F13.F13_FormLaden();
     world.RunFor(50);
 }
 

@@ -19,15 +19,15 @@ struct F1_F15_Window : UiFixture {
 
     void Open(std::string_view language = "Deutsch") {
         Start(language);
-        programm->F1.CipherText = "AES-128";
+        programm->Main->F1.CipherText = "AES-128";
         windows = std::make_unique<ui::Oberflaeche>(*programm);
-        programm->F2.F2_Laden();
-        programm->F2.Timer2.Stop();
-        Present(windows->f2);
+        programm->Main->F2.F2_Laden();
+        programm->Main->F2.Timer2.Stop();
+        Present(windows->Main.f2);
     }
     ~F1_F15_Window() override {
-        programm->F2.Hooks.Ende = {}; // no event loop to leave
-        programm->F2.Beenden();
+        programm->Main->F2.Hooks.Ende = {}; // no event loop to leave
+        programm->Main->F2.Beenden();
     }
 
     static QString Text(QWidget& window, const char* name) {
@@ -35,9 +35,9 @@ struct F1_F15_Window : UiFixture {
     }
     /// Chooses a language as the operator does.
     void Choose(int row) {
-        programm->F2.F2_Sprache_Click();
-        windows->f15.findChild<QListWidget*>(QStringLiteral("F15.Sprachen"))->setCurrentRow(row);
-        QTest::keyClick(&windows->f15, Qt::Key_Return);
+        programm->Main->F2.F2_Sprache_Click();
+        windows->Main.f15.findChild<QListWidget*>(QStringLiteral("F15.Sprachen"))->setCurrentRow(row);
+        QTest::keyClick(&windows->Main.f15, Qt::Key_Return);
         Settle();
     }
 };
@@ -47,44 +47,44 @@ using F15_Window = F1_F15_Window;
 
 TEST_F(F1_Window, tells_version_adapter_cipher_folder_and_licences) {
     Open();
-    programm->F2.AdapterVersion = 35;
-    programm->F2.F2_Version_Click();
-    EXPECT_TRUE(windows->f1.isVisible());
-    EXPECT_EQ(windows->f1.windowTitle(), QStringLiteral("QVM 7702 SOFTWARE SYSTEM - Version 4.2c"));
-    EXPECT_EQ(Text(windows->f1, "F1.VersionLabel"), QStringLiteral("QVM 7702 SOFTWARE SYSTEM - Version 4.2c"));
-    EXPECT_EQ(Text(windows->f1, "F1.AdapterLabel"), QStringLiteral("USB Wireless Adapter - 4.5"));
-    EXPECT_EQ(Text(windows->f1, "F1.CipherLabel"), QStringLiteral("AES-128"));
-    EXPECT_EQ(Text(windows->f1, "F1.DirectoryLabel"), QStringLiteral("/q/DAT/"));
-    EXPECT_TRUE(Text(windows->f1, "F1.LicenceLabel").contains(QStringLiteral("LGPL-3.0")));
-    EXPECT_EQ(Text(windows->f1, "F1.LicenceTexts"), QStringLiteral("Lizenztexte: bei den Paketen des Systems"));
+    programm->Main->F2.AdapterVersion = 35;
+    programm->Main->F2.F2_Version_Click();
+    EXPECT_TRUE(windows->Main.f1.isVisible());
+    EXPECT_EQ(windows->Main.f1.windowTitle(), QStringLiteral("QVM 7702 SOFTWARE SYSTEM - Version 4.2c"));
+    EXPECT_EQ(Text(windows->Main.f1, "F1.VersionLabel"), QStringLiteral("QVM 7702 SOFTWARE SYSTEM - Version 4.2c"));
+    EXPECT_EQ(Text(windows->Main.f1, "F1.AdapterLabel"), QStringLiteral("USB Wireless Adapter - 4.5"));
+    EXPECT_EQ(Text(windows->Main.f1, "F1.CipherLabel"), QStringLiteral("AES-128"));
+    EXPECT_EQ(Text(windows->Main.f1, "F1.DirectoryLabel"), QStringLiteral("/q/DAT/"));
+    EXPECT_TRUE(Text(windows->Main.f1, "F1.LicenceLabel").contains(QStringLiteral("LGPL-3.0")));
+    EXPECT_EQ(Text(windows->Main.f1, "F1.LicenceTexts"), QStringLiteral("Lizenztexte: bei den Paketen des Systems"));
 }
 
 TEST_F(F1_Window, stands_in_the_middle_of_the_main_window) {
     Open();
-    windows->f2.move(40, 30);
-    programm->F2.F2_Version_Click();
-    const QPoint away = windows->f1.frameGeometry().center() - windows->f2.frameGeometry().center();
+    windows->Main.f2.move(40, 30);
+    programm->Main->F2.F2_Version_Click();
+    const QPoint away = windows->Main.f1.frameGeometry().center() - windows->Main.f2.frameGeometry().center();
     EXPECT_LE(away.manhattanLength(), 2);
 }
 
 TEST_F(F1_Window, opens_the_support_page_and_closes_by_return_and_by_escape) {
     Open();
-    programm->F1.SupportPage = "https://www.example.com/qvm7702";
-    programm->F2.F2_Version_Click();
+    programm->Main->F1.SupportPage = "https://www.example.com/qvm7702";
+    programm->Main->F2.F2_Version_Click();
     Settle();
-    windows->f1.findChild<QPushButton*>(QStringLiteral("F1.Web"))->click();
+    windows->Main.f1.findChild<QPushButton*>(QStringLiteral("F1.Web"))->click();
     EXPECT_EQ(world.OpenedInLinkedApp, std::vector<std::string>{"https://www.example.com/qvm7702"});
-    QTest::keyClick(&windows->f1, Qt::Key_Return);
-    EXPECT_FALSE(windows->f1.isVisible());
-    programm->F2.F2_Version_Click();
-    QTest::keyClick(&windows->f1, Qt::Key_Escape);
-    EXPECT_FALSE(windows->f1.isVisible());
+    QTest::keyClick(&windows->Main.f1, Qt::Key_Return);
+    EXPECT_FALSE(windows->Main.f1.isVisible());
+    programm->Main->F2.F2_Version_Click();
+    QTest::keyClick(&windows->Main.f1, Qt::Key_Escape);
+    EXPECT_FALSE(windows->Main.f1.isVisible());
 }
 
 TEST_F(F15_Window, offers_the_four_languages_with_the_one_in_use_selected) {
     Open("Francais");
-    programm->F2.F2_Sprache_Click();
-    const auto* list = windows->f15.findChild<QListWidget*>(QStringLiteral("F15.Sprachen"));
+    programm->Main->F2.F2_Sprache_Click();
+    const auto* list = windows->Main.f15.findChild<QListWidget*>(QStringLiteral("F15.Sprachen"));
     ASSERT_EQ(list->count(), 4);
     EXPECT_EQ(list->item(0)->text(), QStringLiteral("Deutsch"));
     EXPECT_EQ(list->item(2)->text(), QString::fromUtf8("Français"));
@@ -95,11 +95,11 @@ TEST_F(F15_Window, offers_the_four_languages_with_the_one_in_use_selected) {
 
 TEST_F(F15_Window, is_entered_at_the_language_in_use_again_behind_a_choice_that_was_cancelled) {
     Open("Francais");
-    auto* list = windows->f15.findChild<QListWidget*>(QStringLiteral("F15.Sprachen"));
+    auto* list = windows->Main.f15.findChild<QListWidget*>(QStringLiteral("F15.Sprachen"));
     for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Up, Qt::Key_Home}) {
-        programm->F2.F2_Sprache_Click();
+        programm->Main->F2.F2_Sprache_Click();
         Settle();
-        EXPECT_EQ(windows->f15.focusWidget(), list);
+        EXPECT_EQ(windows->Main.f15.focusWidget(), list);
         EXPECT_EQ(list->currentRow(), 2);
         EXPECT_EQ(list->selectedItems(), QList<QListWidgetItem*>{list->item(2)});
         QTest::keyClick(list, key);
@@ -110,69 +110,69 @@ TEST_F(F15_Window, is_entered_at_the_language_in_use_again_behind_a_choice_that_
 
 TEST_F(F15_Window, leaves_everything_as_it_was_when_cancelled) {
     Open();
-    programm->F2.F2_Sprache_Click();
-    windows->f15.findChild<QListWidget*>(QStringLiteral("F15.Sprachen"))->setCurrentRow(1);
-    QTest::keyClick(&windows->f15, Qt::Key_Escape);
-    EXPECT_FALSE(windows->f15.isVisible());
+    programm->Main->F2.F2_Sprache_Click();
+    windows->Main.f15.findChild<QListWidget*>(QStringLiteral("F15.Sprachen"))->setCurrentRow(1);
+    QTest::keyClick(&windows->Main.f15, Qt::Key_Escape);
+    EXPECT_FALSE(windows->Main.f15.isVisible());
     EXPECT_EQ(programm->kern.Config.Sprache, "Deutsch");
-    EXPECT_EQ(windows->f2.findChild<QToolButton*>(QStringLiteral("F2.Toolbar1.PROG"))->toolTip(),
+    EXPECT_EQ(windows->Main.f2.findChild<QToolButton*>(QStringLiteral("F2.Toolbar1.PROG"))->toolTip(),
               QString::fromUtf8("Schlösser programmieren"));
 }
 
 TEST_F(F15_Window, changes_the_words_of_the_main_window_at_once) {
     Open();
-    programm->F2.Label1.ForeColor = Lampe::Rot;
+    programm->Main->F2.Label1.ForeColor = Lampe::Rot;
     Choose(1);
-    EXPECT_FALSE(windows->f15.isVisible());
+    EXPECT_FALSE(windows->Main.f15.isVisible());
     EXPECT_EQ(programm->kern.Config.Sprache, "English");
-    EXPECT_EQ(windows->f2.findChild<QToolButton*>(QStringLiteral("F2.Toolbar1.PROG"))->toolTip(),
+    EXPECT_EQ(windows->Main.f2.findChild<QToolButton*>(QStringLiteral("F2.Toolbar1.PROG"))->toolTip(),
               QStringLiteral("Program locks"));
-    EXPECT_EQ(windows->f2.findChild<QToolButton*>(QStringLiteral("F2.Toolbar1.PROG"))->text(),
+    EXPECT_EQ(windows->Main.f2.findChild<QToolButton*>(QStringLiteral("F2.Toolbar1.PROG"))->text(),
               QStringLiteral("Program\nlocks"));
-    EXPECT_EQ(Text(windows->f2, "F2.State"), QStringLiteral("Not connected"));
-    const auto* file = windows->f2.findChild<QMenu*>(QStringLiteral("F2.Datei"));
+    EXPECT_EQ(Text(windows->Main.f2, "F2.State"), QStringLiteral("Not connected"));
+    const auto* file = windows->Main.f2.findChild<QMenu*>(QStringLiteral("F2.Datei"));
     EXPECT_EQ(file->title().remove(QLatin1Char('&')), QStringLiteral("File"));
     Choose(2);
-    EXPECT_EQ(Text(windows->f2, "F2.State"), QString::fromUtf8("Non connecté"));
-    EXPECT_EQ(Text(windows->f2, "F2.Version"), QStringLiteral("Version 4.2c"));
+    EXPECT_EQ(Text(windows->Main.f2, "F2.State"), QString::fromUtf8("Non connecté"));
+    EXPECT_EQ(Text(windows->Main.f2, "F2.Version"), QStringLiteral("Version 4.2c"));
     Choose(3);
-    EXPECT_EQ(Text(windows->f2, "F2.Version"), QStringLiteral("Versie 4.2c"));
+    EXPECT_EQ(Text(windows->Main.f2, "F2.Version"), QStringLiteral("Versie 4.2c"));
 }
 
 TEST_F(F15_Window, leaves_every_text_of_every_window_room_after_each_change) {
     Open();
     for (const int row : {1, 2, 3, 0}) {
         Choose(row);
-        EXPECT_EQ(allTextsFit(&windows->f2), QStringList()) << row;
-        programm->F2.F2_Version_Click();
+        EXPECT_EQ(allTextsFit(&windows->Main.f2), QStringList()) << row;
+        programm->Main->F2.F2_Version_Click();
         Settle();
-        EXPECT_EQ(allTextsFit(&windows->f1), QStringList()) << row;
-        programm->F1.OK_Click();
-        programm->F2.F2_Sprache_Click();
+        EXPECT_EQ(allTextsFit(&windows->Main.f1), QStringList()) << row;
+        programm->Main->F1.OK_Click();
+        programm->Main->F2.F2_Sprache_Click();
         Settle();
-        EXPECT_EQ(allTextsFit(&windows->f15), QStringList()) << row;
-        programm->F15.Cancel_Click();
+        EXPECT_EQ(allTextsFit(&windows->Main.f15), QStringList()) << row;
+        programm->Main->F15.Cancel_Click();
     }
 }
 
 TEST_F(F1_Window, is_walked_with_tab_and_names_every_control) {
     Open();
-    programm->F1.SupportPage = "https://www.example.com/qvm7702";
-    programm->F2.F2_Version_Click();
-    Present(windows->f1);
-    windows->f1.findChild<QPushButton*>(QStringLiteral("F1.Web"))->setFocus();
-    EXPECT_EQ(tabOrder(&windows->f1), (QStringList{QStringLiteral("F1.Web"), QStringLiteral("F1.OK")}));
-    EXPECT_EQ(unnamedControls(&windows->f1), QStringList());
+    programm->Main->F1.SupportPage = "https://www.example.com/qvm7702";
+    programm->Main->F2.F2_Version_Click();
+    Present(windows->Main.f1);
+    windows->Main.f1.findChild<QPushButton*>(QStringLiteral("F1.Web"))->setFocus();
+    EXPECT_EQ(tabOrder(&windows->Main.f1), (QStringList{QStringLiteral("F1.Web"), QStringLiteral("F1.OK")}));
+    EXPECT_EQ(unnamedControls(&windows->Main.f1), QStringList());
 }
 
 TEST_F(F15_Window, is_walked_with_tab_and_names_every_control) {
     Open();
-    programm->F2.F2_Sprache_Click();
-    Present(windows->f15);
-    windows->f15.findChild<QListWidget*>(QStringLiteral("F15.Sprachen"))->setFocus();
-    EXPECT_EQ(tabOrder(&windows->f15),
+    programm->Main->F2.F2_Sprache_Click();
+    Present(windows->Main.f15);
+    windows->Main.f15.findChild<QListWidget*>(QStringLiteral("F15.Sprachen"))->setFocus();
+    EXPECT_EQ(tabOrder(&windows->Main.f15),
               (QStringList{QStringLiteral("F15.Sprachen"), QStringLiteral("F15.OK"), QStringLiteral("F15.Cancel")}));
-    EXPECT_EQ(unnamedControls(&windows->f15), QStringList());
+    EXPECT_EQ(unnamedControls(&windows->Main.f15), QStringList());
 }
 
 } // namespace

@@ -35,24 +35,24 @@ struct F6_Window : UiFixture {
             AdapterRecordBytes("/1/2/3/4", "PROGSTATION-1", "5") + AdapterRecordBytes("/1/2/3/5", "PROGSTATION-2", "6");
         Start(language, mode);
         windows = std::make_unique<ui::Oberflaeche>(*programm);
-        programm->F2.F2_Laden();
+        programm->Main->F2.F2_Laden();
         AddAdapter("/1/2/3/4", "PROGSTATION-1", "5");
-        programm->F2.Timer2.Stop();
+        programm->Main->F2.Timer2.Stop();
     }
     void Open(std::string_view language = "Deutsch", std::string_view mode = "SET") {
         Prepare(language, mode);
-        programm->F2.F2_Schnittstelle_Click();
-        Present(windows->f6);
-        grid = windows->f6.findChild<ui::GridView*>(QStringLiteral("F6.FGK6"));
+        programm->Main->F2.F2_Schnittstelle_Click();
+        Present(windows->Main.f6);
+        grid = windows->Main.f6.findChild<ui::GridView*>(QStringLiteral("F6.FGK6"));
     }
     ~F6_Window() override {
-        programm->F2.Hooks.Ende = {}; // no event loop to leave
-        programm->F2.Beenden();
+        programm->Main->F2.Hooks.Ende = {}; // no event loop to leave
+        programm->Main->F2.Beenden();
     }
 
     template <class T>
     T* Find(const char* name) {
-        return windows->f6.findChild<T*>(QString::fromUtf8(name));
+        return windows->Main.f6.findChild<T*>(QString::fromUtf8(name));
     }
     QLineEdit* Editor() { return Find<QLineEdit>("F6.Text3"); }
     void ClickCell(int row, int column) {
@@ -89,9 +89,9 @@ TEST_F(F6_Window, shows_the_adapters_with_their_state_in_pictures_and_words) {
 TEST_F(F6_Window, says_of_an_adapter_with_a_strange_name_what_is_to_be_done) {
     Prepare("English", "SET");
     programm->Adapter.Fremde.push_back({.Adresse = "/1/2/3/5", .Name = "Keller", .Port = "6"});
-    programm->F2.F2_Schnittstelle_Click();
-    Present(windows->f6);
-    grid = windows->f6.findChild<ui::GridView*>(QStringLiteral("F6.FGK6"));
+    programm->Main->F2.F2_Schnittstelle_Click();
+    Present(windows->Main.f6);
+    grid = windows->Main.f6.findChild<ui::GridView*>(QStringLiteral("F6.FGK6"));
     const auto& model = grid->gridModel();
     const QModelIndex state = model.index(1, F6Column::State);
     EXPECT_EQ(state.data().toString(), QStringLiteral("not usable"));
@@ -115,14 +115,14 @@ TEST_F(F6_Window, has_room_for_every_state_in_every_language) {
 
 TEST_F(F6_Window, stands_over_the_main_window_as_the_channel_window_does) {
     Open();
-    EXPECT_EQ(windows->f6.windowType(), Qt::Dialog); // else no window manager learns whom it belongs to
-    EXPECT_EQ(windows->f6.windowHandle()->transientParent(), windows->f2.windowHandle());
-    programm->F6.Toolbar1_ButtonClick(u8"Zurück"_w);
-    programm->F14.F14_Laden();
-    Present(windows->f14);
-    EXPECT_EQ(windows->f14.windowType(), Qt::Dialog);
-    EXPECT_EQ(windows->f14.windowHandle()->transientParent(), windows->f2.windowHandle());
-    programm->F14.Toolbar1_ButtonClick(u8"Zurück"_w);
+    EXPECT_EQ(windows->Main.f6.windowType(), Qt::Dialog); // else no window manager learns whom it belongs to
+    EXPECT_EQ(windows->Main.f6.windowHandle()->transientParent(), windows->Main.f2.windowHandle());
+    programm->Main->F6.Toolbar1_ButtonClick(u8"Zurück"_w);
+    programm->Main->F14.F14_Laden();
+    Present(windows->Main.f14);
+    EXPECT_EQ(windows->Main.f14.windowType(), Qt::Dialog);
+    EXPECT_EQ(windows->Main.f14.windowHandle()->transientParent(), windows->Main.f2.windowHandle());
+    programm->Main->F14.Toolbar1_ButtonClick(u8"Zurück"_w);
 }
 
 TEST_F(F6_Window, opens_the_editor_over_a_name_that_is_clicked) {
@@ -132,7 +132,7 @@ TEST_F(F6_Window, opens_the_editor_over_a_name_that_is_clicked) {
     ASSERT_TRUE(Editor()->isVisible());
     EXPECT_EQ(Editor()->text(), QStringLiteral("PROGSTATION-2"));
     EXPECT_EQ(Editor()->geometry(), grid->cellRect(2, F6Column::Name));
-    EXPECT_EQ(windows->f6.focusWidget(), Editor());
+    EXPECT_EQ(windows->Main.f6.focusWidget(), Editor());
 }
 
 TEST_F(F6_Window, puts_the_old_name_back_at_escape_and_stays_open) {
@@ -142,8 +142,8 @@ TEST_F(F6_Window, puts_the_old_name_back_at_escape_and_stays_open) {
     EXPECT_EQ(Editor()->text(), QStringLiteral("PROGSTATION-2xy"));
     QTest::keyClick(Editor(), Qt::Key_Escape);
     EXPECT_FALSE(Editor()->isVisible());
-    EXPECT_TRUE(windows->f6.isVisible());
-    EXPECT_EQ(programm->F6.FGK6.Text(2, F6Column::Name), "PROGSTATION-2");
+    EXPECT_TRUE(windows->Main.f6.isVisible());
+    EXPECT_EQ(programm->Main->F6.FGK6.Text(2, F6Column::Name), "PROGSTATION-2");
 }
 
 TEST_F(F6_Window, edits_a_name_by_keyboard_alone) {
@@ -157,10 +157,10 @@ TEST_F(F6_Window, edits_a_name_by_keyboard_alone) {
     Expect(191, Answer::Ok);
     QTest::keyClick(Editor(), Qt::Key_Return);
     EXPECT_FALSE(Editor()->isVisible());
-    EXPECT_EQ(programm->F6.FGK6.Text(2, F6Column::Name), "PROGSTATION-9");
+    EXPECT_EQ(programm->Main->F6.FGK6.Text(2, F6Column::Name), "PROGSTATION-9");
     Expect(60, Answer::No); // on the way out
     QTest::keyClick(grid, Qt::Key_Escape);
-    EXPECT_FALSE(windows->f6.isVisible());
+    EXPECT_FALSE(windows->Main.f6.isVisible());
 }
 
 TEST_F(F6_Window, takes_over_what_stands_in_the_editor_when_a_tool_is_clicked) {
@@ -176,20 +176,20 @@ TEST_F(F6_Window, takes_over_what_stands_in_the_editor_when_a_tool_is_clicked) {
 
 TEST_F(F6_Window, gives_the_main_window_back) {
     Open();
-    EXPECT_FALSE(windows->f2.isEnabled());
-    EXPECT_TRUE(windows->f6.isEnabled());
-    windows->f6.close();
-    EXPECT_FALSE(windows->f6.isVisible());
-    EXPECT_TRUE(windows->f2.isEnabled());
+    EXPECT_FALSE(windows->Main.f2.isEnabled());
+    EXPECT_TRUE(windows->Main.f6.isEnabled());
+    windows->Main.f6.close();
+    EXPECT_FALSE(windows->Main.f6.isVisible());
+    EXPECT_TRUE(windows->Main.f2.isEnabled());
 }
 
 TEST_F(F6_Window, is_walked_with_tab_and_names_every_control) {
     Open();
     Find<QToolButton>("F6.Toolbar1.Zurück")->setFocus();
-    EXPECT_EQ(tabOrder(&windows->f6),
+    EXPECT_EQ(tabOrder(&windows->Main.f6),
               (QStringList{QString::fromUtf8("F6.Toolbar1.Zurück"), QStringLiteral("F6.Toolbar1.Speichern"),
                            QStringLiteral("F6.Check1"), QStringLiteral("F6.FGK6"), QStringLiteral("F6.Command1")}));
-    EXPECT_EQ(unnamedControls(&windows->f6), QStringList());
+    EXPECT_EQ(unnamedControls(&windows->Main.f6), QStringList());
     EXPECT_EQ(Find<QToolButton>("F6.Toolbar1.Speichern")->toolTip(), QStringLiteral("Speichern"));
 }
 
@@ -197,19 +197,19 @@ struct F6_Sprachen : F6_Window, ::testing::WithParamInterface<std::string_view> 
 
 TEST_P(F6_Sprachen, fits_every_text) {
     Open(GetParam());
-    EXPECT_EQ(allTextsFit(&windows->f6), QStringList());
+    EXPECT_EQ(allTextsFit(&windows->Main.f6), QStringList());
     Find<QCheckBox>("F6.Check1")->click();
     Settle();
-    EXPECT_EQ(allTextsFit(&windows->f6), QStringList());
+    EXPECT_EQ(allTextsFit(&windows->Main.f6), QStringList());
 }
 
 TEST_P(F6_Sprachen, fits_every_text_of_the_channel_window) {
     Prepare(GetParam(), "SET");
-    programm->F14.F14_Laden();
-    Present(windows->f14);
-    EXPECT_EQ(allTextsFit(&windows->f14), QStringList());
-    EXPECT_EQ(unnamedControls(&windows->f14), QStringList());
-    programm->F14.Toolbar1_ButtonClick(u8"Zurück"_w);
+    programm->Main->F14.F14_Laden();
+    Present(windows->Main.f14);
+    EXPECT_EQ(allTextsFit(&windows->Main.f14), QStringList());
+    EXPECT_EQ(unnamedControls(&windows->Main.f14), QStringList());
+    programm->Main->F14.Toolbar1_ButtonClick(u8"Zurück"_w);
 }
 
 INSTANTIATE_TEST_SUITE_P(Languages, F6_Sprachen, ::testing::ValuesIn(Languages));
@@ -219,10 +219,10 @@ struct F14_Window : F6_Window {
 
     void OpenChannel() {
         Prepare("Deutsch", "RESET");
-        programm->F2.Verbunden = 1;
-        programm->F2.Toolbar1_ButtonClick("Neu");
-        Present(windows->f14);
-        channels = windows->f14.findChild<QComboBox*>(QStringLiteral("F14.Combo1"));
+        programm->Main->F2.Verbunden = 1;
+        programm->Main->F2.Toolbar1_ButtonClick("Neu");
+        Present(windows->Main.f14);
+        channels = windows->Main.f14.findChild<QComboBox*>(QStringLiteral("F14.Combo1"));
     }
 };
 
@@ -231,7 +231,7 @@ TEST_F(F14_Window, offers_twelve_channels_and_has_the_configured_one_selected) {
     ASSERT_EQ(channels->count(), 12);
     EXPECT_EQ(channels->itemText(11), QStringLiteral("Funkkanal-12"));
     EXPECT_EQ(channels->currentIndex(), 2);
-    EXPECT_EQ(windows->f14.focusWidget(), channels);
+    EXPECT_EQ(windows->Main.f14.focusWidget(), channels);
 }
 
 TEST_F(F14_Window, asks_before_a_change_is_lost_and_goes_back_by_escape) {
@@ -240,15 +240,15 @@ TEST_F(F14_Window, asks_before_a_change_is_lost_and_goes_back_by_escape) {
     EXPECT_EQ(channels->currentIndex(), 3);
     Expect(60, Answer::No);
     QTest::keyClick(channels, Qt::Key_Escape);
-    EXPECT_FALSE(windows->f14.isVisible());
-    EXPECT_TRUE(windows->f2.isEnabled());
+    EXPECT_FALSE(windows->Main.f14.isVisible());
+    EXPECT_TRUE(windows->Main.f2.isEnabled());
     EXPECT_EQ(programm->kern.Config.RadioChannel, "3");
 }
 
 TEST_F(F14_Window, is_walked_with_tab) {
     OpenChannel();
-    windows->f14.findChild<QToolButton*>(QString::fromUtf8("F14.Toolbar1.Zurück"))->setFocus();
-    EXPECT_EQ(tabOrder(&windows->f14),
+    windows->Main.f14.findChild<QToolButton*>(QString::fromUtf8("F14.Toolbar1.Zurück"))->setFocus();
+    EXPECT_EQ(tabOrder(&windows->Main.f14),
               (QStringList{QString::fromUtf8("F14.Toolbar1.Zurück"), QStringLiteral("F14.Toolbar1.Speichern"),
                            QStringLiteral("F14.Combo1")}));
 }

@@ -40,11 +40,11 @@ struct F7_Window : UiFixture {
     }
     void Open(std::string_view language = "Deutsch", const std::string& bytes = Bytes()) {
         Start(language);
-        window = std::make_unique<ui::F7Window>(programm->F7);
-        search = std::make_unique<ui::F8Window>(programm->F8, window.get());
+        window = std::make_unique<ui::F7Window>(programm->History->F7);
+        search = std::make_unique<ui::F8Window>(programm->History->F8, window.get());
         grid = window->findChild<ui::GridView*>(QStringLiteral("F7.FGV"));
         world.Disk.Files["/q/HIST/H.HST"] = bytes;
-        programm->F7.F7_Oeffnen("/q/HIST/H.HST");
+        programm->History->F7.F7_Oeffnen("/q/HIST/H.HST");
         Present(*window);
     }
     QToolButton* Button(const char* key) {
@@ -116,9 +116,9 @@ TEST_F(F7_Window_Palette, paints_bands_and_hits_exactly_and_writes_black_on_them
         EXPECT_EQ(ui::isDark(grid->palette()), dark);
         EXPECT_EQ(ui::cellForeground(Black, F7::BandColour, grid->palette()), QColor(Qt::black));
         EXPECT_EQ(ui::cellForeground(Black, F7::HitColour, grid->palette()), QColor(Qt::black));
-        programm->F7.Toolbar1_ButtonClick("Suchen");
-        programm->F8.Text1.Text = std::string("anna");
-        programm->F8.Command1_Click();
+        programm->History->F7.Toolbar1_ButtonClick("Suchen");
+        programm->History->F8.Text1.Text = std::string("anna");
+        programm->History->F8.Command1_Click();
         Settle();
         EXPECT_EQ(Ground(*grid, 5, F7Column::Name), QColor(0xFF, 0xFF, 0)) << dark;
         search.reset();
@@ -181,9 +181,9 @@ TEST_F(F7_Window, searches_by_keyboard_alone) {
 
 TEST_F(F7_Window, brings_a_first_hit_into_sight_with_rows_behind_it) {
     Open("Deutsch", Bytes(1500));
-    programm->F7.Toolbar1_ButtonClick("Suchen");
-    programm->F8.Text1.Text = std::string("carla 795"); // row 801
-    programm->F8.Command1_Click();
+    programm->History->F7.Toolbar1_ButtonClick("Suchen");
+    programm->History->F8.Text1.Text = std::string("carla 795"); // row 801
+    programm->History->F8.Command1_Click();
     Settle();
     EXPECT_TRUE(RowInSight(801));
     EXPECT_TRUE(RowInSight(810));
@@ -194,11 +194,11 @@ TEST_F(F7_Window, searches_the_column_that_was_chosen) {
     Open();
     OpenSearch();
     QTest::mouseClick(Option(4), Qt::LeftButton);
-    EXPECT_TRUE(programm->F8.Option[3].Checked);
-    EXPECT_FALSE(programm->F8.Option[0].Checked);
+    EXPECT_TRUE(programm->History->F8.Option[3].Checked);
+    EXPECT_FALSE(programm->History->F8.Option[0].Checked);
     QTest::keyClicks(Wanted(), QStringLiteral("ereignis 4"));
     QTest::mouseClick(search->findChild<QPushButton*>(QStringLiteral("F8.Command1")), Qt::LeftButton);
-    EXPECT_EQ(programm->F7.FGV.At(4, F7Column::Event).BackColor, 0xFFFFU);
+    EXPECT_EQ(programm->History->F7.FGV.At(4, F7Column::Event).BackColor, 0xFFFFU);
     OpenSearch();
     EXPECT_TRUE(Option(1)->isChecked());
     EXPECT_FALSE(Option(4)->isChecked());
@@ -247,7 +247,7 @@ TEST_F(F7_Window, the_choice_of_the_search_is_entered_at_the_chosen_one) {
     }
     QTest::keyClick(Option(2), Qt::Key_Left);
     EXPECT_EQ(search->focusWidget(), Option(1));
-    EXPECT_TRUE(programm->F8.Option[0].Checked);
+    EXPECT_TRUE(programm->History->F8.Option[0].Checked);
 }
 
 TEST_F(F7_Window, searches_for_parts_of_a_text_by_keyboard) {
@@ -259,7 +259,7 @@ TEST_F(F7_Window, searches_for_parts_of_a_text_by_keyboard) {
     EXPECT_FALSE(parts->isChecked());
     parts->setFocus();
     QTest::keyClick(parts, Qt::Key_Space);
-    EXPECT_TRUE(programm->F8.Enthaelt.Checked);
+    EXPECT_TRUE(programm->History->F8.Enthaelt.Checked);
     QTest::keyClicks(Wanted(), QStringLiteral("a 5"));
     QTest::keyClick(Wanted(), Qt::Key_Return);
     Settle();

@@ -31,23 +31,23 @@ struct F91_Window : UiFixture {
             SettledLock(n, n == 1 ? "Haupteingang Nordost" : "Keller " + std::to_string(n));
         }
         Start(language);
-        window = std::make_unique<ui::F91Window>(programm->F91);
-        time = std::make_unique<ui::F92Window>(programm->F92, window.get());
+        window = std::make_unique<ui::F91Window>(programm->Transfer->F91);
+        time = std::make_unique<ui::F92Window>(programm->Transfer->F92, window.get());
         grid = window->findChild<ui::GridView*>(QStringLiteral("F91.FGK91"));
-        programm->F13.F13_FormLaden();
-        programm->F13.Timer1.Stop();
-        programm->F13.Timer2.Stop();
-        programm->F91.Liste_Leeren();
+        programm->Transfer->F13.F13_FormLaden();
+        programm->Transfer->F13.Timer1.Stop();
+        programm->Transfer->F13.Timer2.Stop();
+        programm->Transfer->F91.Liste_Leeren();
         for (int n = 1; n <= 40; ++n) {
-            programm->F91.Listenzeile_Uebernehmen(programm->F13.FGK13, n, n);
+            programm->Transfer->F91.Listenzeile_Uebernehmen(programm->Transfer->F13.FGK13, n, n);
         }
         programm->link.Lauf.List.RunRows = 40;
-        programm->F91.Liste_Starten(false);
+        programm->Transfer->F91.Liste_Starten(false);
         Present(*window);
     }
     void OpenTime(std::string_view language = "Deutsch") {
         Open(language);
-        programm->F91.Liste_Starten(true);
+        programm->Transfer->F91.Liste_Starten(true);
         Present(*time);
     }
     template <class Widget>
@@ -55,7 +55,7 @@ struct F91_Window : UiFixture {
         return window->findChild<Widget*>(QString::fromUtf8(name));
     }
     void Everything() {
-        F91& list = programm->F91;
+        F91& list = programm->Transfer->F91;
         for (const int row : {1, 2, 3, 4, 5, 6}) {
             const int lines[] = {266, 263, 66, 261, 255, 259};
             list.FGK91.SetText(row, F91Column::Mark, row == 3 ? "#" : ">>");
@@ -93,7 +93,7 @@ TEST_F(F91_Window, shows_the_rows_under_their_headings) {
 
 TEST_F(F91_Window, explains_each_mark_and_all_of_them_at_the_heading) {
     Open("English");
-    programm->F91.FGK91.SetText(3, F91Column::Mark, "#");
+    programm->Transfer->F91.FGK91.SetText(3, F91Column::Mark, "#");
     const auto& model = grid->gridModel();
     const QModelIndex mark = model.index(2, F91Column::Mark);
     EXPECT_EQ(mark.data(Qt::ToolTipRole).toString(), QStringLiteral("failed, the reason is given beside it"));
@@ -108,9 +108,9 @@ TEST_F(F91_Window, explains_each_mark_and_all_of_them_at_the_heading) {
 
 TEST_F(F91_Window, a_failed_row_is_told_by_sign_and_colour_that_can_be_read_in_light_and_dark) {
     Open();
-    programm->F91.FGK91.SetText(3, F91Column::StateText, "x");
-    programm->F91.FGK91.SetPicture(3, F91Column::StateText, ListPicture::Failed);
-    programm->F91.FGK91.SetBackColor(3, F91Column::StateText, F91::FailedColour);
+    programm->Transfer->F91.FGK91.SetText(3, F91Column::StateText, "x");
+    programm->Transfer->F91.FGK91.SetPicture(3, F91Column::StateText, ListPicture::Failed);
+    programm->Transfer->F91.FGK91.SetBackColor(3, F91Column::StateText, F91::FailedColour);
     Settle();
     const QModelIndex state = grid->gridModel().index(2, F91Column::StateText);
     EXPECT_FALSE(state.data(Qt::DecorationRole).value<QIcon>().isNull());
@@ -127,33 +127,33 @@ TEST_F(F91_Window, a_failed_row_is_told_by_sign_and_colour_that_can_be_read_in_l
 
 TEST_F(F91_Window, has_a_progress_window_at_every_row_that_takes_no_keyboard) {
     Open();
-    const auto progress = std::make_unique<ui::F9Window>(programm->F9, nullptr);
+    const auto progress = std::make_unique<ui::F9Window>(programm->Transfer->F9, nullptr);
     for (int row = 1; row <= 2; ++row) {
-        ASSERT_TRUE(world.RunUntil([&] { return programm->F91.Arbeit() != F91::Work::None; }));
+        ASSERT_TRUE(world.RunUntil([&] { return programm->Transfer->F91.Arbeit() != F91::Work::None; }));
         Settle();
         EXPECT_TRUE(progress->isVisible());
         EXPECT_TRUE(progress->windowFlags().testFlag(Qt::WindowDoesNotAcceptFocus));
         EXPECT_TRUE(progress->testAttribute(Qt::WA_ShowWithoutActivating));
-        programm->F91.Zeile_Aufgeben();
+        programm->Transfer->F91.Zeile_Aufgeben();
     }
-    programm->F91.F91_Schliessen();
+    programm->Transfer->F91.F91_Schliessen();
     // A single lock's window has the keyboard again.
-    programm->F9.F9_Vorbereiten(140);
-    programm->F9.F9_Zeigen();
+    programm->Transfer->F9.F9_Vorbereiten(140);
+    programm->Transfer->F9.F9_Zeigen();
     Settle();
     EXPECT_TRUE(progress->isVisible());
     EXPECT_FALSE(progress->windowFlags().testFlag(Qt::WindowDoesNotAcceptFocus));
     EXPECT_FALSE(progress->testAttribute(Qt::WA_ShowWithoutActivating));
-    programm->F9.Stille.Stop();
+    programm->Transfer->F9.Stille.Stop();
 }
 
 TEST_F(F91_Window, shows_how_far_the_list_is_and_the_row_under_way_in_light_and_dark) {
     Open("English");
-    ASSERT_TRUE(world.RunUntil([this] { return programm->F91.Arbeit() != F91::Work::None; }));
+    ASSERT_TRUE(world.RunUntil([this] { return programm->Transfer->F91.Arbeit() != F91::Work::None; }));
     Settle();
     EXPECT_EQ(Find<QLabel>("F91.StandLabel")->text(), QStringLiteral("Lock 1 of 40   0 done, 0 failed or skipped"));
     const QModelIndex name = grid->gridModel().index(0, F91Column::Name);
-    EXPECT_EQ(programm->F91.FGK91.At(1, F91Column::Name).BackColor, F91::UnderWayColour);
+    EXPECT_EQ(programm->Transfer->F91.FGK91.At(1, F91Column::Name).BackColor, F91::UnderWayColour);
     QPalette dark;
     dark.setColor(QPalette::Base, QColor(0x20, 0x20, 0x20));
     dark.setColor(QPalette::Text, QColor(Qt::white));
@@ -168,14 +168,14 @@ TEST_F(F91_Window, shows_how_far_the_list_is_and_the_row_under_way_in_light_and_
 TEST_F(F91_Window, keeps_the_present_row_in_sight) {
     Open();
     ASSERT_TRUE(grid->cellRect(40, F91Column::StateText).isEmpty());
-    programm->F91.Zeile_Zeigen(40);
+    programm->Transfer->F91.Zeile_Zeigen(40);
     Settle();
     EXPECT_FALSE(grid->cellRect(40, F91Column::StateText).isEmpty());
 }
 
 TEST_F(F91_Window, leaves_cell_and_block_where_the_operator_put_them_while_the_list_goes_on) {
     Open();
-    F91& list = programm->F91;
+    F91& list = programm->Transfer->F91;
     list.Auswahl.Go(5, F91Column::Name);
     QTest::keyClick(grid, Qt::Key_Down, Qt::ShiftModifier);
     QTest::keyClick(grid, Qt::Key_Down, Qt::ShiftModifier);
@@ -198,7 +198,7 @@ TEST_F(F91_Window, leaves_cell_and_block_where_the_operator_put_them_while_the_l
 
 TEST_F(F91_Window, goes_to_no_row_that_the_filter_hides_and_says_which_one_is_under_way) {
     Open("English");
-    F91& list = programm->F91;
+    F91& list = programm->Transfer->F91;
     list.Filter.Set("keller 3");
     list.Auswahl.Go(30, F91Column::Name);
     ASSERT_TRUE(world.RunUntil([&] { return list.Arbeit() != F91::Work::None; }));
@@ -220,16 +220,16 @@ TEST_F(F91_Window, finds_a_lock_of_the_list_by_its_filter_line) {
     EXPECT_EQ(Find<QLabel>("F91.FGK91.Count")->text(), QStringLiteral("11 von 40"));
     EXPECT_FALSE(grid->isRowHidden(29));
     EXPECT_TRUE(grid->isRowHidden(0));
-    programm->F91.F91_FormLaden(false);
+    programm->Transfer->F91.F91_FormLaden(false);
     EXPECT_EQ(line->text(), QString());
     EXPECT_FALSE(grid->isRowHidden(0));
 }
 
 TEST_F(F91_Window, gives_its_results_to_the_clipboard) {
     Open();
-    programm->F91.FGK91.SetText(2, F91Column::Mark, ListMark::Failed);
-    programm->F91.FGK91.SetText(2, F91Column::StateText, "Keine Antwort");
-    programm->F91.Auswahl.Go(2, F91Column::Name);
+    programm->Transfer->F91.FGK91.SetText(2, F91Column::Mark, ListMark::Failed);
+    programm->Transfer->F91.FGK91.SetText(2, F91Column::StateText, "Keine Antwort");
+    programm->Transfer->F91.Auswahl.Go(2, F91Column::Name);
     QTest::keyClick(grid, Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("2\tKeller 2\t00.0A.10.01\t#\tKeine Antwort\n"));
 }
@@ -248,7 +248,7 @@ TEST_F(F91_Window, the_frame_closes_a_list_that_is_not_under_way) {
     world.Answers.push_back({.Text = "*", .Reply = Answer::Yes});
     window->close();
     EXPECT_FALSE(window->isVisible());
-    EXPECT_FALSE(programm->F91.Laeuft());
+    EXPECT_FALSE(programm->Transfer->F91.Laeuft());
 }
 
 TEST_F(F91_Window, escape_leaves_a_list_that_waits_only_after_a_question) {
@@ -256,7 +256,7 @@ TEST_F(F91_Window, escape_leaves_a_list_that_waits_only_after_a_question) {
     world.Answers.push_back({.Text = "*", .Reply = Answer::Cancel});
     QTest::keyClick(grid, Qt::Key_Escape);
     EXPECT_TRUE(window->isVisible());
-    EXPECT_TRUE(programm->F91.Laeuft());
+    EXPECT_TRUE(programm->Transfer->F91.Laeuft());
     world.Answers.push_back({.Text = "*", .Reply = Answer::Yes});
     QTest::keyClick(grid, Qt::Key_Escape);
     EXPECT_FALSE(window->isVisible());
@@ -274,8 +274,8 @@ TEST_F(F91_Window, names_its_controls_and_is_walked_with_tab) {
 TEST_F(F91_Window, shows_the_longest_state_of_a_row_whole) {
     Open();
     window->resize(window->sizeHint());
-    programm->F91.FGK91.SetText(39, F91Column::StateText,
-                                programm->kern.Zeile(70) + "  /  " + programm->kern.Zeile(66));
+    programm->Transfer->F91.FGK91.SetText(39, F91Column::StateText,
+                                          programm->kern.Zeile(70) + "  /  " + programm->kern.Zeile(66));
     Settle();
     const QString text = grid->gridModel().index(38, F91Column::StateText).data().toString();
     EXPECT_EQ(text, QString::fromUtf8("Bitte überprüfen Sie den Code!  /  Verbindung fehlgeschlagen!"));
@@ -336,8 +336,8 @@ TEST_F(F92_Window, return_takes_the_time_and_the_list_waits) {
     QTest::keyClick(List("F92.Stunden"), Qt::Key_Down);
     time->findChild<QPushButton*>(QStringLiteral("F92.OK"))->click();
     EXPECT_FALSE(time->isVisible());
-    EXPECT_TRUE(programm->F91.Timer3.Running());
-    EXPECT_TRUE(programm->F91.Laeuft());
+    EXPECT_TRUE(programm->Transfer->F91.Timer3.Running());
+    EXPECT_TRUE(programm->Transfer->F91.Laeuft());
 }
 
 TEST_F(F92_Window, opens_with_the_keyboard_on_the_month_and_no_key_there_starts_the_list) {
@@ -354,7 +354,7 @@ TEST_F(F92_Window, opens_with_the_keyboard_on_the_month_and_no_key_there_starts_
     ok->setFocus();
     QTest::keyClick(ok, Qt::Key_Return);
     EXPECT_FALSE(time->isVisible());
-    EXPECT_TRUE(programm->F91.Laeuft());
+    EXPECT_TRUE(programm->Transfer->F91.Laeuft());
 }
 
 TEST_F(F92_Window, cancel_gives_the_list_up) {
@@ -363,14 +363,14 @@ TEST_F(F92_Window, cancel_gives_the_list_up) {
     EXPECT_EQ(cancel->accessibleName(), QStringLiteral("Abbrechen"));
     cancel->click();
     EXPECT_FALSE(time->isVisible());
-    EXPECT_FALSE(programm->F91.Laeuft());
+    EXPECT_FALSE(programm->Transfer->F91.Laeuft());
 }
 
 TEST_F(F92_Window, escape_gives_the_list_up) {
     OpenTime();
     QTest::keyClick(time.get(), Qt::Key_Escape);
     EXPECT_FALSE(time->isVisible());
-    EXPECT_FALSE(programm->F91.Laeuft());
+    EXPECT_FALSE(programm->Transfer->F91.Laeuft());
 }
 
 } // namespace

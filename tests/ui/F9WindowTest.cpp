@@ -22,13 +22,13 @@ struct F9_Window : UiFixture {
 
     void Open(std::string_view language = "Deutsch") {
         Start(language);
-        window = std::make_unique<ui::F9Window>(programm->F9, nullptr);
+        window = std::make_unique<ui::F9Window>(programm->Transfer->F9, nullptr);
         programm->link.Lauf.Order.LockName = "Haupteingang";
         programm->Lauf.Daten.Units[0].Name = "Schranke Nord";
         programm->Lauf.Daten.Units[3].Name = "Leser";
-        programm->F9.F9_Vorbereiten(140);
-        programm->F9.F9_Zeigen();
-        programm->F9.Stille.Stop();
+        programm->Transfer->F9.F9_Vorbereiten(140);
+        programm->Transfer->F9.F9_Zeigen();
+        programm->Transfer->F9.Stille.Stop();
         Present(*window);
     }
     template <class Widget>
@@ -49,7 +49,7 @@ TEST_F(F9_Window, shows_the_lock_and_only_the_units_that_there_are) {
     EXPECT_EQ(Find<QCheckBox>("F9.Check2")->text(), QStringLiteral("Schranke Nord"));
     EXPECT_FALSE(Find<QCheckBox>("F9.Check3")->isVisible());
     EXPECT_TRUE(Find<QCheckBox>("F9.Check5")->isVisible());
-    programm->F9.Ankreuzen(2);
+    programm->Transfer->F9.Ankreuzen(2);
     EXPECT_TRUE(Find<QCheckBox>("F9.Check2")->isChecked());
 }
 
@@ -60,15 +60,15 @@ TEST_F(F9_Window, follows_the_bars_and_the_state_report) {
     programm->Lauf.Gesamtende = false;
     const int all = programm->Lauf.Konto.Gesamt();
     programm->Lauf.Konto.Items[0].Is = AccountItem::State::Acknowledged;
-    programm->F9.Fortschritt();
+    programm->Transfer->F9.Fortschritt();
     EXPECT_EQ(bar->maximum(), all);
     EXPECT_EQ(bar->value(), 1);
     EXPECT_EQ(Find<QLabel>("F9.SchrittLabel")->text(), QString::fromUtf8("5 %, Löschen"));
     programm->Lauf.Konto.Items[0] = {.Part = AccountPart::History, .Code = 0x17};
-    programm->F9.Fortschritt();
+    programm->Transfer->F9.Fortschritt();
     EXPECT_EQ(bar->maximum(), 0); // which the toolkit shows as an end that nobody knows
     EXPECT_EQ(Find<QLabel>("F9.SchrittLabel")->text(), QString::fromUtf8("Historie, 0 Ereignisse"));
-    programm->F9.Zustand_Zeigen(0x20, "Zustand: Stufe 2");
+    programm->Transfer->F9.Zustand_Zeigen(0x20, "Zustand: Stufe 2");
     EXPECT_FALSE(Find<QLabel>("F9.Zustandsbild")->pixmap(Qt::ReturnByValue).isNull());
     EXPECT_TRUE(Find<QLabel>("F9.Label15")->isVisible());
 }
@@ -81,7 +81,7 @@ TEST_F(F9_Window, shows_and_says_how_the_run_ended) {
     report.End = RunOutcome::Incomplete;
     report.Text = "Es fehlt etwas.";
     report.Lock = LockData::Incomplete;
-    programm->F9.Fertig(0);
+    programm->Transfer->F9.Fertig(0);
     Settle();
     EXPECT_FALSE(sign->pixmap(Qt::ReturnByValue).isNull());
     EXPECT_EQ(sign->accessibleName(), QStringLiteral("Achtung"));
@@ -92,7 +92,7 @@ TEST_F(F9_Window, shows_and_says_how_the_run_ended) {
     // The closing button has the keyboard: what is said of it is what a blind operator hears.
     EXPECT_EQ(Find<QPushButton>("F9.Command2")->accessibleDescription(),
               QStringLiteral("Achtung\nEs fehlt etwas.\n") + outcome);
-    programm->F9.F9_Vorbereiten(140);
+    programm->Transfer->F9.F9_Vorbereiten(140);
     EXPECT_TRUE(sign->pixmap(Qt::ReturnByValue).isNull());
     EXPECT_EQ(sign->accessibleName(), QString());
     EXPECT_EQ(Find<QPushButton>("F9.Command2")->accessibleDescription(), QString());
@@ -119,16 +119,16 @@ TEST_F(F9_Window, has_a_sign_of_another_shape_for_each_end) {
 TEST_F(F9_Window, does_not_jump_when_things_come_and_go) {
     Open();
     const QRect close = Find<QPushButton>("F9.Command2")->geometry();
-    programm->F9.Zustand_Zeigen(0x20, "Zustand: Stufe 2");
-    programm->F9.StilleLabel.Visible = true;
-    programm->F9.Fertig(110);
+    programm->Transfer->F9.Zustand_Zeigen(0x20, "Zustand: Stufe 2");
+    programm->Transfer->F9.StilleLabel.Visible = true;
+    programm->Transfer->F9.Fertig(110);
     Settle();
     EXPECT_EQ(Find<QPushButton>("F9.Command2")->geometry(), close);
 }
 
 TEST_F(F9_Window, closes_with_return_once_the_run_has_ended) {
     Open();
-    programm->F9.Fertig(110);
+    programm->Transfer->F9.Fertig(110);
     programm->Lauf.Gesamtende = true;
     QTest::keyClick(window.get(), Qt::Key_Return);
     EXPECT_FALSE(window->isVisible());
@@ -147,7 +147,7 @@ TEST_F(F9_Window, gives_no_button_the_keyboard_while_the_run_is_under_way) {
     Open();
     for (const bool cancelled : {false, true}) {
         if (cancelled) {
-            programm->F9.Command1_Click(); // which makes the closing button live
+            programm->Transfer->F9.Command1_Click(); // which makes the closing button live
         }
         for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space, Qt::Key_Tab, Qt::Key_Space}) {
             pressInFocus(key);
@@ -164,7 +164,7 @@ TEST_F(F9_Window, does_not_hear_the_key_that_began_the_run) {
         pressInFocus(key);
     }
     EXPECT_EQ(Find<QLabel>("F9.StatusLabel")->text(), QString());
-    EXPECT_FALSE(programm->F9.Command2.Enabled);
+    EXPECT_FALSE(programm->Transfer->F9.Command2.Enabled);
 }
 
 TEST_F(F9_Window, is_cancelled_by_escape) {
@@ -178,17 +178,17 @@ TEST_F(F9_Window, is_cancelled_by_the_mnemonic_of_its_button) {
     Open();
     QTest::keyClick(window.get(), Qt::Key_A, Qt::AltModifier);
     // The button shows that it is pressed before it acts.
-    ASSERT_TRUE(QTest::qWaitFor([this] { return programm->F9.Command2.Enabled(); }));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return programm->Transfer->F9.Command2.Enabled(); }));
     EXPECT_EQ(Find<QLabel>("F9.StatusLabel")->text(), QStringLiteral("Vorgang abgebrochen"));
     EXPECT_EQ(window->focusWidget(), nullptr);
 }
 
 TEST_F(F9_Window, gives_the_keyboard_to_its_closing_button_at_the_end_and_takes_it_back_for_the_next_run) {
     Open();
-    programm->F9.Fertig(110);
+    programm->Transfer->F9.Fertig(110);
     EXPECT_EQ(window->focusWidget(), Find<QPushButton>("F9.Command2"));
     EXPECT_EQ(tabOrder(window.get()), QStringList{QStringLiteral("F9.Command2")});
-    programm->F9.F9_Vorbereiten(140);
+    programm->Transfer->F9.F9_Vorbereiten(140);
     EXPECT_EQ(window->focusWidget(), nullptr);
 }
 
@@ -204,10 +204,10 @@ struct F9_Sprachen : F9_Window, ::testing::WithParamInterface<std::string_view> 
 
 TEST_P(F9_Sprachen, fits_every_text) {
     Open(GetParam());
-    programm->F9.Fertig(276);
-    programm->F9.Zustand_Zeigen(0x50, programm->kern.Zeile(114));
-    programm->F9.StilleLabel.Text = programm->kern.Zeile(274) + " 125 s";
-    programm->F9.StilleLabel.Visible = true;
+    programm->Transfer->F9.Fertig(276);
+    programm->Transfer->F9.Zustand_Zeigen(0x50, programm->kern.Zeile(114));
+    programm->Transfer->F9.StilleLabel.Text = programm->kern.Zeile(274) + " 125 s";
+    programm->Transfer->F9.StilleLabel.Visible = true;
     Settle();
     EXPECT_EQ(allTextsFit(window.get()), QStringList());
 }
@@ -221,19 +221,19 @@ TEST_P(F9_Sprachen, grows_for_a_long_reason) {
     programm->Lauf.Konto = Konto_Anlegen(programm->Lauf.link.Lauf, programm->Lauf.Daten);
     report.Text = Konto_Fehlendes(programm->kern, programm->Lauf.Konto);
     ASSERT_GT(report.Text.size(), 150U); // more than two lines
-    programm->F9.Fertig(0);
+    programm->Transfer->F9.Fertig(0);
     Settle();
     EXPECT_EQ(allTextsFit(window.get()), QStringList());
 }
 
 TEST_P(F9_Sprachen, fits_the_wait_box_too) {
     Open(GetParam());
-    wait = std::make_unique<ui::F18Window>(programm->F18, nullptr);
-    programm->F18.F18_Zeigen();
+    wait = std::make_unique<ui::F18Window>(programm->Transfer->F18, nullptr);
+    programm->Transfer->F18.F18_Zeigen();
     Present(*wait);
     EXPECT_EQ(allTextsFit(wait.get()), QStringList());
     EXPECT_EQ(unnamedControls(wait.get()), QStringList());
-    programm->F18.Text.Text = Wort(programm->kern, Word::AdapterPulled);
+    programm->Transfer->F18.Text.Text = Wort(programm->kern, Word::AdapterPulled);
     Settle();
     EXPECT_EQ(allTextsFit(wait.get()), QStringList());
 }
@@ -244,8 +244,8 @@ struct F18_Window : UiFixture {};
 
 TEST_F(F18_Window, does_not_hear_the_key_that_began_the_search) {
     Start("English");
-    ui::F18Window window(programm->F18, nullptr);
-    programm->F18.F18_Zeigen();
+    ui::F18Window window(programm->Transfer->F18, nullptr);
+    programm->Transfer->F18.F18_Zeigen();
     Present(window);
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Space}) {
         QTest::keyClick(window.focusWidget() != nullptr ? window.focusWidget() : &window, key);
@@ -259,20 +259,20 @@ TEST_F(F18_Window, names_the_lock) {
     Start("English");
     programm->link.Lauf.Order.LockNumber = 7;
     programm->link.Lauf.Order.LockName = "Keller";
-    ui::F18Window window(programm->F18, nullptr);
-    programm->F18.F18_Zeigen();
+    ui::F18Window window(programm->Transfer->F18, nullptr);
+    programm->Transfer->F18.F18_Zeigen();
     Present(window);
     EXPECT_EQ(window.findChild<QLabel*>(QStringLiteral("F18.Schloss"))->text(), QStringLiteral("Lock 7: Keller"));
 }
 
 TEST_F(F18_Window, shows_the_channels_tried_and_ends_the_search_by_button_escape_and_frame) {
     Start();
-    ui::F18Window window(programm->F18, nullptr);
+    ui::F18Window window(programm->Transfer->F18, nullptr);
     for (int way = 0; way < 3; ++way) {
         programm->Lauf.link.Lauf.Chain.KanalIndex = 0;
-        programm->F18.F18_Zeigen();
+        programm->Transfer->F18.F18_Zeigen();
         Present(window);
-        programm->F18.Balken.Value = 118;
+        programm->Transfer->F18.Balken.Value = 118;
         EXPECT_EQ(window.findChild<QProgressBar*>()->value(), 118);
         auto* cancel = window.findChild<QPushButton*>(QStringLiteral("F18.Command1"));
         if (way == 0) {

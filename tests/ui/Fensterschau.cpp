@@ -52,7 +52,7 @@ Fensterschau::Fensterschau(VirtualPlatform& world, std::string_view language) : 
     programm_ = std::make_unique<Programm>(world_.World, "/q");
     Programm_Start(*programm_, true);
     boxes_.setWords(programm_->kern);
-    programm_->F1.CipherText = "AES-128 (OpenSSL 3)";
+    programm_->Main->F1.CipherText = "AES-128 (OpenSSL 3)";
     windows_ = std::make_unique<ui::Oberflaeche>(*programm_);
 }
 
@@ -66,7 +66,7 @@ void Fensterschau::run(Look look) {
     list();
     history();
     messageBoxes();
-    programm_->F2.Beenden();
+    programm_->Main->F2.Beenden();
 }
 
 void Fensterschau::take(QWidget& window, const char* name) {
@@ -76,17 +76,17 @@ void Fensterschau::take(QWidget& window, const char* name) {
 }
 
 void Fensterschau::mainWindow() {
-    F2& f2 = programm_->F2;
+    F2& f2 = programm_->Main->F2;
     f2.F2_Laden();
     f2.Timer2.Stop();
     f2.Label1.ForeColor = Lampe::Rot;
     // The longest of the reasons.
     f2.Meldezeile.Text = PortFault_Text(programm_->kern, {PortFault::Kind::NoRight, "/dev/ttyUSB15", "dialout"});
-    take(windows_->f2, "F2-red");
+    take(windows_->Main.f2, "F2-red");
     f2.Label1.ForeColor = Lampe::Gelb;
     f2.Meldezeile.Text = std::string();
     f2.Warten_Zeigen(true);
-    take(windows_->f2, "F2-yellow");
+    take(windows_->Main.f2, "F2-yellow");
     f2.Warten_Zeigen(false);
     f2.Label1.ForeColor = Lampe::Gruen;
     adapters();
@@ -96,47 +96,47 @@ void Fensterschau::mainWindow() {
     f2.AdapterVersion = 12;
     f2.Label7.Visible = true;
     f2.Picture1.Visible = true;
-    take(windows_->f2, "F2");
+    take(windows_->Main.f2, "F2");
 }
 
 void Fensterschau::menus() {
     for (const auto& [menu, name] : {std::pair{"F2.Datei", "F2-file"}, std::pair{"F2.F2_Kalend", "F2-calendars"},
                                      std::pair{"F2.F2_Schaltuhr", "F2-clocks"}}) {
-        auto* popup = windows_->f2.findChild<QMenu*>(QLatin1String(menu));
-        popup->popup(windows_->f2.mapToGlobal(QPoint(20, 20)));
+        auto* popup = windows_->Main.f2.findChild<QMenu*>(QLatin1String(menu));
+        popup->popup(windows_->Main.f2.mapToGlobal(QPoint(20, 20)));
         take(*popup, name);
         popup->close();
     }
 }
 
 void Fensterschau::settings() {
-    programm_->F2.F2_Version_Click();
-    take(windows_->f1, "F1");
-    programm_->F1.OK_Click();
-    programm_->F2.F2_Sprache_Click();
-    take(windows_->f15, "F15");
-    programm_->F15.Cancel_Click();
-    programm_->F6.F6_Laden();
-    take(windows_->f6, "F6");
-    programm_->F6.FGK6.SetText(1, F6Column::Address, "/46/108/1/2");
-    programm_->F6.FGK6.SetText(1, F6Column::Name, "PROGSTATION-1");
-    programm_->F6.FGK6.SetText(2, F6Column::Address, "/46/108/1/3");
-    programm_->F6.FGK6.SetText(2, F6Column::Name, "Keller");
-    programm_->F6.FGK6.SetText(2, F6Column::Port, "2");
-    programm_->F6.FGK6.SetText(2, F6Column::State, Wort(programm_->kern, Word::AdapterUnusable));
-    programm_->F6.FGK6.SetPicture(2, F6Column::State, AdapterPicture::Unusable);
-    programm_->F6.FGK6_Click(1, F6Column::Name);
-    take(windows_->f6, "F6-editor");
-    programm_->F6.Text3_KeyPress(Key::Escape);
-    programm_->F6.Check1_Click(false);
-    windows_->f6.setWords();
-    take(windows_->f6, "F6-manual");
-    programm_->F6.Check1_Click(true);
-    windows_->f6.setWords();
-    programm_->F6.Fenster.Visible = false;
-    programm_->F14.F14_Laden();
-    take(windows_->f14, "F14");
-    programm_->F14.Fenster.Visible = false;
+    programm_->Main->F2.F2_Version_Click();
+    take(windows_->Main.f1, "F1");
+    programm_->Main->F1.OK_Click();
+    programm_->Main->F2.F2_Sprache_Click();
+    take(windows_->Main.f15, "F15");
+    programm_->Main->F15.Cancel_Click();
+    programm_->Main->F6.F6_Laden();
+    take(windows_->Main.f6, "F6");
+    programm_->Main->F6.FGK6.SetText(1, F6Column::Address, "/46/108/1/2");
+    programm_->Main->F6.FGK6.SetText(1, F6Column::Name, "PROGSTATION-1");
+    programm_->Main->F6.FGK6.SetText(2, F6Column::Address, "/46/108/1/3");
+    programm_->Main->F6.FGK6.SetText(2, F6Column::Name, "Keller");
+    programm_->Main->F6.FGK6.SetText(2, F6Column::Port, "2");
+    programm_->Main->F6.FGK6.SetText(2, F6Column::State, Wort(programm_->kern, Word::AdapterUnusable));
+    programm_->Main->F6.FGK6.SetPicture(2, F6Column::State, AdapterPicture::Unusable);
+    programm_->Main->F6.FGK6_Click(1, F6Column::Name);
+    take(windows_->Main.f6, "F6-editor");
+    programm_->Main->F6.Text3_KeyPress(Key::Escape);
+    programm_->Main->F6.Check1_Click(false);
+    windows_->Main.f6.setWords();
+    take(windows_->Main.f6, "F6-manual");
+    programm_->Main->F6.Check1_Click(true);
+    windows_->Main.f6.setWords();
+    programm_->Main->F6.Fenster.Visible = false;
+    programm_->Main->F14.F14_Laden();
+    take(windows_->Main.f14, "F14");
+    programm_->Main->F14.Fenster.Visible = false;
 }
 
 void Fensterschau::adapters() {
@@ -152,30 +152,30 @@ void Fensterschau::adapters() {
 
 void Fensterschau::locks() {
     adapters();
-    programm_->F13.F13_FormLaden();
-    programm_->F13.Timer1.Stop();
-    programm_->F13.Timer2.Stop();
-    programm_->F13.FGK13.SetText(Lock, F13Column::AdapterId, "/46/108/1/2");
-    programm_->F13.FGK13_Click(Lock, F13Column::Mark);
-    take(windows_->f13, "F13");
+    programm_->Transfer->F13.F13_FormLaden();
+    programm_->Transfer->F13.Timer1.Stop();
+    programm_->Transfer->F13.Timer2.Stop();
+    programm_->Transfer->F13.FGK13.SetText(Lock, F13Column::AdapterId, "/46/108/1/2");
+    programm_->Transfer->F13.FGK13_Click(Lock, F13Column::Mark);
+    take(windows_->Transfer.f13, "F13");
     markedLocks();
     programm_->link.Lauf.Order.What = RunTask::HistoryFirst;
-    programm_->link.Lauf.Order.LockName = programm_->F13.FGK13.Text(Lock, F13Column::Name);
-    programm_->F11.F11_Laden(F11Opener::F13, "/46/108/1/2");
-    take(windows_->f11, "F11");
-    auto* month = windows_->f11.findChild<ui::MonthView*>();
-    windows_->f11.findChild<QPushButton*>(QStringLiteral("F11.CutoffDate"))->click();
+    programm_->link.Lauf.Order.LockName = programm_->Transfer->F13.FGK13.Text(Lock, F13Column::Name);
+    programm_->Transfer->F11.F11_Laden(F11Opener::F13, "/46/108/1/2");
+    take(windows_->Transfer.f11, "F11");
+    auto* month = windows_->Transfer.f11.findChild<ui::MonthView*>();
+    windows_->Transfer.f11.findChild<QPushButton*>(QStringLiteral("F11.CutoffDate"))->click();
     take(*month, "F11-month");
     month->close();
-    programm_->F11.Fenster.Visible = false;
-    programm_->F18.F18_Zeigen();
-    programm_->F18.Balken.Value = 136;
-    take(windows_->f18, "F18");
-    programm_->F18.F18_Schliessen();
+    programm_->Transfer->F11.Fenster.Visible = false;
+    programm_->Transfer->F18.F18_Zeigen();
+    programm_->Transfer->F18.Balken.Value = 136;
+    take(windows_->Transfer.f18, "F18");
+    programm_->Transfer->F18.F18_Schliessen();
 }
 
 void Fensterschau::markedLocks() {
-    F13& f13 = programm_->F13;
+    F13& f13 = programm_->Transfer->F13;
     f13.Gescheiterte_Schloesser = [] { return std::vector<int>{1}; };
     f13.Command1.Visible = true;
     f13.Filter.Set("e");
@@ -184,13 +184,13 @@ void Fensterschau::markedLocks() {
     f13.Auswahl_Markieren();
     f13.Filter.Set("in");
     f13.Auswahl.All();
-    take(windows_->f13, "F13-marked");
+    take(windows_->Transfer.f13, "F13-marked");
     f13.Filter.Set("");
     f13.Command1.Visible = false;
 }
 
 void Fensterschau::progress() {
-    F9& f9 = programm_->F9;
+    F9& f9 = programm_->Transfer->F9;
     programm_->Lauf.Daten.Units[0].Name = "Leser Serverraum";
     f9.F9_Vorbereiten(140);
     f9.F9_Zeigen();
@@ -205,33 +205,33 @@ void Fensterschau::progress() {
     f9.Fortschritt();
     f9.StilleLabel.Text = programm_->kern.Zeile(274) + " 12 s";
     f9.StilleLabel.Visible = true;
-    take(windows_->f9, "F9");
+    take(windows_->Transfer.f9, "F9");
     f9.Zustand_Zeigen(0x20, programm_->kern.Zeile(114));
     f9.Ankreuzen(1);
     programm_->Lauf.Gesamtende = true;
     programm_->Lauf.Bericht.End = RunOutcome::Cancelled;
     programm_->Lauf.Bericht.Lock = LockData::Incomplete;
     f9.Fertig(82);
-    take(windows_->f9, "F9-cancelled");
+    take(windows_->Transfer.f9, "F9-cancelled");
     for (AccountItem& item : programm_->Lauf.Konto.Items) {
         item.Is = AccountItem::State::Acknowledged;
     }
     programm_->Lauf.Bericht.End = RunOutcome::Done;
     f9.Fertig(110);
-    take(windows_->f9, "F9-finished");
+    take(windows_->Transfer.f9, "F9-finished");
     f9.Fenster.Visible = false;
-    programm_->F13.Fenster.Visible = false;
+    programm_->Transfer->F13.Fenster.Visible = false;
 }
 
 void Fensterschau::list() {
-    F91& f91 = programm_->F91;
+    F91& f91 = programm_->Transfer->F91;
     for (int row = 1; row <= 5; ++row) {
-        f91.Listenzeile_Uebernehmen(programm_->F13.FGK13, row, row);
+        f91.Listenzeile_Uebernehmen(programm_->Transfer->F13.FGK13, row, row);
     }
     programm_->Lauf.link.Lauf.List.RunRows = 5;
-    programm_->F11.F11_Laden(F11Opener::F13, "/46/108/1/2");
-    take(windows_->f11, "F11-list");
-    programm_->F11.Fenster.Visible = false;
+    programm_->Transfer->F11.F11_Laden(F11Opener::F13, "/46/108/1/2");
+    take(windows_->Transfer.f11, "F11-list");
+    programm_->Transfer->F11.Fenster.Visible = false;
     f91.F91_FormLaden(false);
     f91.FGK91.SetText(1, F91Column::Mark, ListMark::Programmed);
     f91.FGK91.SetText(2, F91Column::Mark, ListMark::Failed);
@@ -241,7 +241,7 @@ void Fensterschau::list() {
         f91.FGK91.SetBackColor(2, column, F91::FailedColour);
     }
     f91.FGK91.SetText(3, F91Column::Mark, ListMark::Waiting);
-    take(windows_->f91, "F91");
+    take(windows_->Transfer.f91, "F91");
     f91.StatusLabel.Text = programm_->kern.Zeile(114);
     f91.StandLabel.Text = Wort(programm_->kern, Word::ListPosition, {"3", "5"}) + "   " +
                           Wort(programm_->kern, Word::ListCounts, {"1", "1"}) + "   " +
@@ -252,35 +252,35 @@ void Fensterschau::list() {
         f91.FGK91.SetBackColor(3, column, F91::UnderWayColour);
     }
     f91.Zeile_Zeigen(3);
-    take(windows_->f91, "F91-running");
+    take(windows_->Transfer.f91, "F91-running");
     besideList();
-    programm_->F92.F92_Laden();
-    take(windows_->f92, "F92");
-    programm_->F92.Fenster.Visible = false;
+    programm_->Transfer->F92.F92_Laden();
+    take(windows_->Transfer.f92, "F92");
+    programm_->Transfer->F92.Fenster.Visible = false;
     f91.Fenster.Visible = false;
 }
 
 void Fensterschau::besideList() {
-    F9& f9 = programm_->F9;
-    programm_->link.Lauf.Order.LockName = programm_->F91.FGK91.Text(Lock, F91Column::Name);
+    F9& f9 = programm_->Transfer->F9;
+    programm_->link.Lauf.Order.LockName = programm_->Transfer->F91.FGK91.Text(Lock, F91Column::Name);
     f9.F9_Vorbereiten(140);
     f9.F9_Zeigen();
     f9.Stille.Stop();
     f9.Balken1.Value = f9.Balken1.Maximum() / 3;
-    take(windows_->f9, "F9-list");
+    take(windows_->Transfer.f9, "F9-list");
     f9.Fenster.Visible = false;
 }
 
 void Fensterschau::history() {
-    programm_->F7.F7_Oeffnen(History);
-    take(windows_->f7, "F7");
-    programm_->F7.Toolbar1_ButtonClick("Suchen");
-    windows_->f8.findChild<QLineEdit*>(QStringLiteral("F8.Text1"))->setText(QStringLiteral("Conrad Lea"));
-    programm_->F8.Text1.Text = std::string("Conrad Lea");
-    take(windows_->f8, "F8");
-    programm_->F8.Command1_Click();
-    take(windows_->f7, "F7-found");
-    programm_->F7.Fenster.Visible = false;
+    programm_->History->F7.F7_Oeffnen(History);
+    take(windows_->History.f7, "F7");
+    programm_->History->F7.Toolbar1_ButtonClick("Suchen");
+    windows_->History.f8.findChild<QLineEdit*>(QStringLiteral("F8.Text1"))->setText(QStringLiteral("Conrad Lea"));
+    programm_->History->F8.Text1.Text = std::string("Conrad Lea");
+    take(windows_->History.f8, "F8");
+    programm_->History->F8.Command1_Click();
+    take(windows_->History.f7, "F7-found");
+    programm_->History->F7.Fenster.Visible = false;
 }
 
 void Fensterschau::messageBoxes() {

@@ -27,27 +27,27 @@ struct Overview_Card : UiFixture {
         AddAdapter("/46/108/1/2", "PROGSTATION-1", "5");
         programm->Adapter.ProgAdresse = "/46/108/1/2";
         windows = std::make_unique<ui::Oberflaeche>(*programm);
-        programm->F2.F2_Laden();
+        programm->Main->F2.F2_Laden();
         programm->Adapter.ProgAdresse = "/46/108/1/2";
         AddAdapter("/46/108/1/2", "PROGSTATION-1", "5");
-        programm->F2.Uebersicht_Lesen();
-        programm->F2.Timer2.Stop();
-        programm->F2.Verbunden = harmless ? 1 : 0;
-        Present(windows->f2);
+        programm->Main->F2.Uebersicht_Lesen();
+        programm->Main->F2.Timer2.Stop();
+        programm->Main->F2.Verbunden = harmless ? 1 : 0;
+        Present(windows->Main.f2);
     }
     ~Overview_Card() override {
-        programm->F2.Hooks.Ende = {}; // no event loop to leave
-        programm->F2.Beenden();
+        programm->Main->F2.Hooks.Ende = {}; // no event loop to leave
+        programm->Main->F2.Beenden();
     }
     template <class T>
     T* Find(const char* name) {
-        return windows->f2.findChild<T*>(QLatin1String(name));
+        return windows->Main.f2.findChild<T*>(QLatin1String(name));
     }
     ui::FactButton* Fact(const char* name) {
-        return windows->f2.findChild<ui::FactButton*>(QStringLiteral("F2.Uebersicht.") + QLatin1String(name));
+        return windows->Main.f2.findChild<ui::FactButton*>(QStringLiteral("F2.Uebersicht.") + QLatin1String(name));
     }
     QToolButton* Key(const char* key) {
-        return windows->f2.findChild<QToolButton*>(QStringLiteral("F2.Toolbar1.") + QLatin1String(key));
+        return windows->Main.f2.findChild<QToolButton*>(QStringLiteral("F2.Toolbar1.") + QLatin1String(key));
     }
 };
 
@@ -64,17 +64,17 @@ TEST_F(Overview_Card, tells_each_fact_by_caption_and_value) {
 TEST_F(Overview_Card, leads_by_mouse_and_by_keyboard_to_the_window_of_a_fact) {
     Open();
     QTest::mouseClick(Fact("Funkkanal"), Qt::LeftButton);
-    EXPECT_TRUE(windows->f14.isVisible());
-    windows->f14.close();
+    EXPECT_TRUE(windows->Main.f14.isVisible());
+    windows->Main.f14.close();
     Fact("Anschluss")->setFocus();
     QTest::keyClick(Fact("Anschluss"), Qt::Key_Return);
-    EXPECT_TRUE(windows->f6.isVisible());
-    programm->F6.Toolbar1_ButtonClick(programm->F6.Toolbar1[0].Key);
-    programm->F2.Verbunden = 1;
+    EXPECT_TRUE(windows->Main.f6.isVisible());
+    programm->Main->F6.Toolbar1_ButtonClick(programm->Main->F6.Toolbar1[0].Key);
+    programm->Main->F2.Verbunden = 1;
     QTest::keyClick(Fact("Kanalwechsel"), Qt::Key_Space);
-    EXPECT_TRUE(windows->f13.isVisible());
-    windows->f13.close();
-    programm->F2.Timer2.Stop();
+    EXPECT_TRUE(windows->Transfer.f13.isVisible());
+    windows->Transfer.f13.close();
+    programm->Main->F2.Timer2.Stop();
 }
 
 TEST_F(Overview_Card, a_fact_without_a_window_is_text_and_no_button) {
@@ -85,33 +85,33 @@ TEST_F(Overview_Card, a_fact_without_a_window_is_text_and_no_button) {
     EXPECT_EQ(people->text(), QStringLiteral("0"));
     EXPECT_EQ(people->accessibleName(), QStringLiteral("Personen: 0"));
     programm->kern.Windows.Open["F5"] = [] {};
-    programm->F2.Tasten_Freigeben();
+    programm->Main->F2.Tasten_Freigeben();
     EXPECT_TRUE(Fact("Personen")->isVisible());
     EXPECT_FALSE(people->isVisible());
 }
 
 TEST_F(Overview_Card, a_question_mark_says_at_the_mouse_which_file_it_is) {
     Open();
-    auto& fact = programm->F2.Zeile(F2::Angabe::Schloesser);
+    auto& fact = programm->Main->F2.Zeile(F2::Angabe::Schloesser);
     fact.Text = std::string("?");
     fact.Tip = std::string("C64UX12H3D.EBW");
     EXPECT_EQ(Fact("Schloesser")->toolTip(), QStringLiteral("C64UX12H3D.EBW"));
     EXPECT_EQ(Fact("Schloesser")->accessibleDescription(), QStringLiteral("C64UX12H3D.EBW"));
-    auto& people = programm->F2.Zeile(F2::Angabe::Personen);
+    auto& people = programm->Main->F2.Zeile(F2::Angabe::Personen);
     people.Tip = std::string("BX10X52WUJ9.UBW");
-    windows->f2.adjustSize();
+    windows->Main.f2.adjustSize();
     Settle();
     EXPECT_EQ(Find<QLabel>("F2.Uebersicht.Personen.Text")->toolTip(), QStringLiteral("BX10X52WUJ9.UBW"));
 }
 
 TEST_F(Overview_Card, keeps_the_window_as_large_as_it_is_whatever_it_tells) {
     Open();
-    const QSize before = windows->f2.size();
+    const QSize before = windows->Main.f2.size();
     for (F2::Angabe which : {F2::Angabe::Adapter, F2::Angabe::Anschluss, F2::Angabe::Schloesser}) {
-        programm->F2.Zeile(which).Text = std::string(200, 'M');
+        programm->Main->F2.Zeile(which).Text = std::string(200, 'M');
     }
     Settle();
-    EXPECT_EQ(windows->f2.size(), before);
+    EXPECT_EQ(windows->Main.f2.size(), before);
     EXPECT_EQ(Fact("Adapter")->toolTip(), QString(200, QLatin1Char('M')));
 }
 
@@ -120,7 +120,7 @@ TEST_F(Overview_Card, keeps_the_window_as_large_as_it_is_whatever_it_tells) {
 TEST_F(Overview_Card, a_key_that_rests_says_why_and_keeps_the_keyboard) {
     Open("English");
     Key("PROG")->setFocus();
-    programm->F2.Warten_Zeigen(true);
+    programm->Main->F2.Warten_Zeigen(true);
     const QString why = QStringLiteral(
         "The wireless adapter is being searched for. The buttons can be used as soon as the search is over.");
     EXPECT_TRUE(Key("PROG")->hasFocus());
@@ -129,7 +129,7 @@ TEST_F(Overview_Card, a_key_that_rests_says_why_and_keeps_the_keyboard) {
     EXPECT_EQ(Key("PROG")->accessibleDescription(), why);
     EXPECT_EQ(Fact("Schloesser")->accessibleDescription(), why);
     EXPECT_EQ(Find<QLabel>("F2.Meldezeile")->text(), why);
-    programm->F2.Warten_Zeigen(false);
+    programm->Main->F2.Warten_Zeigen(false);
     EXPECT_TRUE(Key("PROG")->hasFocus());
     EXPECT_EQ(Key("PROG")->toolTip(), QStringLiteral("Program locks"));
     EXPECT_EQ(Key("PROG")->accessibleDescription(), QString());
@@ -143,9 +143,9 @@ TEST_F(Overview_Card, a_key_that_rests_looks_as_a_disabled_one) {
     key->setStyle(&style);
     key->clearFocus();
     const QImage acting = key->grab().toImage();
-    programm->F2.Warten_Zeigen(true);
+    programm->Main->F2.Warten_Zeigen(true);
     const QImage resting = key->grab().toImage();
-    programm->F2.Warten_Zeigen(false);
+    programm->Main->F2.Warten_Zeigen(false);
     EXPECT_EQ(key->grab().toImage(), acting);
     key->setEnabled(false);
     EXPECT_EQ(resting, key->grab().toImage());
@@ -171,12 +171,12 @@ TEST_F(Overview_Card, its_menu_offers_the_latest_histories_by_their_digits_and_k
                                   QStringLiteral("Recent histories"), QStringLiteral("&1  Keller, 05.03.2026 17:01"),
                                   QStringLiteral("&2  Tor, 04.01.2026 08:30"), QString(), QStringLiteral("&Exit")}));
     QTest::keyClick(menu, Qt::Key_2);
-    EXPECT_TRUE(windows->f7.isVisible());
-    EXPECT_FALSE(windows->f2.isVisible());
-    EXPECT_NE(programm->F7.Meldezeile.Text().find("H_20260104_083000_Tor.HST"), std::string::npos);
-    windows->f7.close();
-    EXPECT_TRUE(windows->f2.isVisible());
-    programm->F2.Timer2.Stop();
+    EXPECT_TRUE(windows->History.f7.isVisible());
+    EXPECT_FALSE(windows->Main.f2.isVisible());
+    EXPECT_NE(programm->History->F7.Meldezeile.Text().find("H_20260104_083000_Tor.HST"), std::string::npos);
+    windows->History.f7.close();
+    EXPECT_TRUE(windows->Main.f2.isVisible());
+    programm->Main->F2.Timer2.Stop();
 }
 
 struct Overview_Sprachen : Overview_Card, ::testing::WithParamInterface<std::string_view> {};
@@ -184,10 +184,10 @@ struct Overview_Sprachen : Overview_Card, ::testing::WithParamInterface<std::str
 TEST_P(Overview_Sprachen, fits_every_text_and_takes_less_than_the_keys_above) {
     Open(GetParam());
     for (const bool waiting : {false, true}) {
-        programm->F2.Warten_Zeigen(waiting);
+        programm->Main->F2.Warten_Zeigen(waiting);
         Settle();
-        EXPECT_EQ(allTextsFit(&windows->f2), QStringList());
-        EXPECT_EQ(unnamedControls(&windows->f2), QStringList());
+        EXPECT_EQ(allTextsFit(&windows->Main.f2), QStringList());
+        EXPECT_EQ(unnamedControls(&windows->Main.f2), QStringList());
         EXPECT_LT(Find<QWidget>("F2.Uebersicht")->minimumSizeHint().width(), 600);
     }
 }

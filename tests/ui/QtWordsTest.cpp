@@ -50,13 +50,13 @@ TEST_F(Qt_Words_Switched, follow_the_choice_of_the_language_at_once) {
     Start("Deutsch");
     ui::Oberflaeche windows(*programm);
     EXPECT_EQ(FileDialogCancel(), QStringLiteral("Abbrechen"));
-    programm->F15.F15_Laden();
-    programm->F15.Sprachen_Click(2);
-    programm->F15.OK_Click();
+    programm->Main->F15.F15_Laden();
+    programm->Main->F15.Sprachen_Click(2);
+    programm->Main->F15.OK_Click();
     EXPECT_EQ(FileDialogCancel(), QStringLiteral("Annuler"));
-    programm->F15.F15_Laden();
-    programm->F15.Sprachen_Click(1);
-    programm->F15.OK_Click();
+    programm->Main->F15.F15_Laden();
+    programm->Main->F15.Sprachen_Click(1);
+    programm->Main->F15.OK_Click();
     EXPECT_EQ(FileDialogCancel(), QStringLiteral("Cancel"));
 }
 

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "Datendateien.h"
-#include "Programm.h"
+#include "HistoryWindows.h"
+#include "MainWindows.h"
+#include "TransferWindows.h"
 #include "VirtualPlatform.h"
 
 #include <QApplication>

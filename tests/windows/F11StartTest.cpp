@@ -14,9 +14,9 @@ struct F11_OK : FensterFixture {
     }
     void Open() {
         Begin();
-        programm->F11.Antworttabelle_Leeren = [this] { Calls.emplace_back("answers"); };
-        programm->F11.Liste_Starten = [this] { Calls.emplace_back("list"); };
-        programm->F11.Netzlauf_Starten = [this] { Calls.emplace_back("network"); };
+        programm->Transfer->F11.Antworttabelle_Leeren = [this] { Calls.emplace_back("answers"); };
+        programm->Transfer->F11.Liste_Starten = [this] { Calls.emplace_back("list"); };
+        programm->Transfer->F11.Netzlauf_Starten = [this] { Calls.emplace_back("network"); };
     }
     void OpenHistory() {
         Expect(65);
@@ -24,9 +24,9 @@ struct F11_OK : FensterFixture {
     }
     void Ok(std::string_view code = "123456") {
         Type(code);
-        programm->F11.OK_Click();
+        programm->Transfer->F11.OK_Click();
     }
-    F11& Dialog() { return programm->F11; }
+    F11& Dialog() { return programm->Transfer->F11; }
 };
 
 // ---- direct route
@@ -38,11 +38,11 @@ TEST_F(F11_OK, sends_the_login_and_shows_the_progress_window_with_the_locks_name
     EXPECT_THAT(SentCodes(), ElementsAre(0x04));
     EXPECT_EQ(Lauf().Order.AdminCode, (AdminCodeBytes{0x12, 0x34, 0x56}));
     EXPECT_FALSE(Dialog().Fenster.Visible);
-    EXPECT_TRUE(programm->F9.Fenster.Visible);
-    EXPECT_EQ(programm->F9.Fenster.Title(), "Tor");
-    EXPECT_EQ(programm->F9.NameLabel.Text(), "Tor");
-    EXPECT_FALSE(programm->F18.Fenster.Visible);
-    EXPECT_FALSE(programm->F13.Fenster.Enabled);
+    EXPECT_TRUE(programm->Transfer->F9.Fenster.Visible);
+    EXPECT_EQ(programm->Transfer->F9.Fenster.Title(), "Tor");
+    EXPECT_EQ(programm->Transfer->F9.NameLabel.Text(), "Tor");
+    EXPECT_FALSE(programm->Transfer->F18.Fenster.Visible);
+    EXPECT_FALSE(programm->Transfer->F13.Fenster.Enabled);
     EXPECT_THAT(Calls, ElementsAre("answers"));
 }
 
@@ -59,8 +59,8 @@ TEST_F(F11_OK, shows_the_wait_box_instead_while_channels_are_searched) {
     Open();
     OpenStart();
     Ok();
-    EXPECT_TRUE(programm->F18.Fenster.Visible);
-    EXPECT_FALSE(programm->F9.Fenster.Visible);
+    EXPECT_TRUE(programm->Transfer->F18.Fenster.Visible);
+    EXPECT_FALSE(programm->Transfer->F9.Fenster.Visible);
     EXPECT_THAT(SentCodes(), ElementsAre(0x04));
 }
 
@@ -83,7 +83,7 @@ TEST_F(F11_OK, with_fewer_than_six_characters_says_so_and_clears_the_entry) {
     EXPECT_EQ(Dialog().Text1.Text(), "");
     EXPECT_EQ(Dialog().Anzahl.Text(), "0");
     EXPECT_TRUE(Dialog().Fenster.Visible);
-    EXPECT_FALSE(programm->F9.Fenster.Visible);
+    EXPECT_FALSE(programm->Transfer->F9.Fenster.Visible);
     EXPECT_THAT(world.Written, IsEmpty());
     EXPECT_EQ(Mark(1), ""); // cleared before the code is looked at
     EXPECT_EQ(world.Shown.back().Title, "QVM 7702 SOFTWARE SYSTEM");
@@ -115,8 +115,8 @@ TEST_F(F11_OK, takes_the_erase_option_from_the_check_box) {
     Ok();
     EXPECT_EQ(Lauf().Order.EraseOption, 0);
 
-    programm->F9.Command1_Click();
-    programm->F9.Command2_Click();
+    programm->Transfer->F9.Command1_Click();
+    programm->Transfer->F9.Command2_Click();
     OpenStart();
     Dialog().Check1.Checked = false;
     Ok();
@@ -125,10 +125,10 @@ TEST_F(F11_OK, takes_the_erase_option_from_the_check_box) {
 
 TEST_F(F11_OK, clears_the_last_status_text) {
     Open();
-    programm->F9.StatusLabel.Text = std::string("L110");
+    programm->Transfer->F9.StatusLabel.Text = std::string("L110");
     OpenStart();
     Ok();
-    EXPECT_EQ(programm->F9.StatusLabel.Text(), "");
+    EXPECT_EQ(programm->Transfer->F9.StatusLabel.Text(), "");
 }
 
 TEST_F(F11_OK, reopens_the_links_port) {
@@ -151,10 +151,10 @@ TEST_F(F11_OK, without_a_port_sends_nothing_and_ends_the_run) {
     EXPECT_THAT(world.Written, IsEmpty());
     EXPECT_TRUE(programm->Lauf.Gesamtende);
     EXPECT_EQ(programm->Lauf.Bericht.End, RunOutcome::NoPort);
-    EXPECT_TRUE(programm->F9.Fenster.Visible);
-    EXPECT_TRUE(programm->F9.Command2.Enabled);
-    programm->F9.Command2_Click();
-    EXPECT_TRUE(programm->F13.Fenster.Enabled);
+    EXPECT_TRUE(programm->Transfer->F9.Fenster.Visible);
+    EXPECT_TRUE(programm->Transfer->F9.Command2.Enabled);
+    programm->Transfer->F9.Command2_Click();
+    EXPECT_TRUE(programm->Transfer->F13.Fenster.Enabled);
 }
 
 TEST_F(F11_OK, without_a_port_the_report_says_why_in_the_language_in_use) {
@@ -218,9 +218,9 @@ TEST_F(F11_OK, the_bars_begin_anew) {
     Lauf().Progress.SecondProgress = 20;
     OpenStart();
     Ok();
-    EXPECT_EQ(Lauf().Progress.ProgressValue, 1); // the login
-    EXPECT_EQ(programm->F9.Balken1.Value, 0);    // not acknowledged
-    EXPECT_EQ(programm->F9.Balken2.Value, 4);
+    EXPECT_EQ(Lauf().Progress.ProgressValue, 1);        // the login
+    EXPECT_EQ(programm->Transfer->F9.Balken1.Value, 0); // not acknowledged
+    EXPECT_EQ(programm->Transfer->F9.Balken2.Value, 4);
 }
 
 // ---- adapters
@@ -241,7 +241,7 @@ struct F11_Adapter : F11_OK {
         record.replace(0, 8, "/1/2/3/4");
         record.replace(16, 13, "PROGSTATION-A");
         Open();
-        programm->F11.Adapter_Test = [this](const AdapterSatz& adapter) {
+        programm->Transfer->F11.Adapter_Test = [this](const AdapterSatz& adapter) {
             Tested.push_back(adapter.Adresse);
             return Network;
         };
@@ -306,7 +306,7 @@ TEST_F(F11_Adapter, of_the_network_takes_the_network_route) {
     EXPECT_EQ(Lauf().List.Wish.AdminCode, (AdminCodeBytes{0x12, 0x34, 0x56}));
     EXPECT_EQ(Lauf().List.NetMode, 0);
     EXPECT_FALSE(Dialog().Fenster.Visible);
-    EXPECT_FALSE(programm->F9.Fenster.Visible);
+    EXPECT_FALSE(programm->Transfer->F9.Fenster.Visible);
     EXPECT_THAT(world.Written, IsEmpty());
     EXPECT_EQ(Mark(1), "X"); // the direct route alone clears it
 }
@@ -340,7 +340,7 @@ struct F11_Liste : F11_OK {
         Click(1, F13Column::Mark);
         Expect(63, Answer::No);
         Expect(269, Answer::No);
-        programm->F13.Toolbar1_ButtonClick("Prog.");
+        programm->Transfer->F13.Toolbar1_ButtonClick("Prog.");
     }
 };
 
@@ -352,8 +352,8 @@ TEST_F(F11_Liste, hands_over_to_the_list_and_hides_both_windows) {
     EXPECT_EQ(Lauf().List.Wish.AdminCode, (AdminCodeBytes{0x98, 0x76, 0x54}));
     EXPECT_EQ(Lauf().List.Wish.EraseOption, 0);
     EXPECT_FALSE(Dialog().Fenster.Visible);
-    EXPECT_FALSE(programm->F13.Fenster.Visible);
-    EXPECT_FALSE(programm->F9.Fenster.Visible);
+    EXPECT_FALSE(programm->Transfer->F13.Fenster.Visible);
+    EXPECT_FALSE(programm->Transfer->F9.Fenster.Visible);
     EXPECT_EQ(world.Opens, opens);
     EXPECT_THAT(world.Written, IsEmpty());
 }
@@ -371,7 +371,7 @@ TEST_F(F11_Liste, does_not_begin_with_fewer_than_six_characters) {
     Ok("12345");
     EXPECT_THAT(Calls, IsEmpty());
     EXPECT_TRUE(Dialog().Fenster.Visible);
-    EXPECT_TRUE(programm->F13.Fenster.Visible);
+    EXPECT_TRUE(programm->Transfer->F13.Fenster.Visible);
     EXPECT_EQ(Dialog().Stellen(), 0);
     EXPECT_THAT(world.Written, IsEmpty());
 }
@@ -395,7 +395,7 @@ TEST_F(F11_OK, cancel_clears_the_entry_and_gives_the_grid_back) {
     Dialog().Cancel_Click();
     EXPECT_EQ(Dialog().Stellen(), 0);
     EXPECT_FALSE(Dialog().Fenster.Visible);
-    EXPECT_TRUE(programm->F13.Fenster.Enabled);
+    EXPECT_TRUE(programm->Transfer->F13.Fenster.Enabled);
     EXPECT_THAT(world.Written, IsEmpty());
 }
 

@@ -7,7 +7,7 @@ namespace {
 
 struct F11_Laden : FensterFixture {
     F11_Laden() { Start(); }
-    F11& Dialog() { return programm->F11; }
+    F11& Dialog() { return programm->Transfer->F11; }
     void Open(F11Opener opener = F11Opener::F13, const std::string& adapter = "") {
         Dialog().F11_Laden(opener, adapter);
     }

@@ -116,7 +116,7 @@ TEST_F(F13_Dateien, settings_that_are_damaged_are_told_at_the_start_and_refuse_e
     EXPECT_EQ(Mark(1), "X");
     for (const char* key : {"Prog.", "SaveHistory"}) {
         ExpectAny();
-        programm->F13.Toolbar1_ButtonClick(key);
+        programm->Transfer->F13.Toolbar1_ButtonClick(key);
     }
     EXPECT_EQ(world.Shown.size(), 6U);
     EXPECT_FALSE(StartOpen());
@@ -150,9 +150,9 @@ TEST_F(F13_Dateien, once_the_channel_is_chosen_and_saved_runs_go_on) {
     world.Disk.Files["/q/DAT/EST7CSB29A.I_1"] = cut;
     ExpectAny();
     Open();
-    programm->F14.F14_Laden();
-    programm->F14.Combo1_Click(2);
-    programm->F14.Toolbar1_ButtonClick("Speichern");
+    programm->Main->F14.F14_Laden();
+    programm->Main->F14.Combo1_Click(2);
+    programm->Main->F14.Toolbar1_ButtonClick("Speichern");
     EXPECT_EQ(world.Disk.Files["/q/DAT/EST7CSB29A.I_1-20260305-103000"], cut);
     EXPECT_EQ(programm->kern.Config.Funkkanal(), 3);
     Expect(63, Answer::No);

@@ -11,14 +11,14 @@ struct F13_Klick : FensterFixture {
 
     void Open() {
         Start();
-        programm->F13.F17_Oeffnen = [this] {
+        programm->Transfer->F13.F17_Oeffnen = [this] {
             ++Code_Windows;
             SentBeforeCode = world.Written;
         };
         Begin();
     }
-    bool StartOpen() { return programm->F11.Fenster.Visible; }
-    bool GridEnabled() { return programm->F13.Fenster.Enabled; }
+    bool StartOpen() { return programm->Transfer->F11.Fenster.Visible; }
+    bool GridEnabled() { return programm->Transfer->F13.Fenster.Enabled; }
 
     /// 48 users where a lock of this range holds 47: the dataset ends with line 248.
     static constexpr std::string_view SmallLock = "01.20.00.01";

@@ -23,13 +23,13 @@ TEST_F(F13_Klick, the_header_cells_outside_and_a_disabled_window_do_nothing) {
     SettledLock(1, "Tor");
     Open();
     Lauf().Chain.TwoPassFlag = 1;
-    programm->F13.FGK13.SetBackColor(0, F13Column::Program, 0xE0E0E0);
+    programm->Transfer->F13.FGK13.SetBackColor(0, F13Column::Program, 0xE0E0E0);
     Click(0, F13Column::Program);
     Click(-1, F13Column::Program);
     Click(201, F13Column::Program);
     Click(1, 16);
     Click(1, -1);
-    programm->F13.Fenster.Enabled = false;
+    programm->Transfer->F13.Fenster.Enabled = false;
     Click(1, F13Column::Mark);
     EXPECT_EQ(Lauf().Chain.TwoPassFlag, 1);
     EXPECT_EQ(Mark(1), "");
@@ -45,7 +45,7 @@ TEST_F(F13_Klick, nothing_of_an_earlier_run_reaches_the_next) {
     ASSERT_NE(Lauf().Chain, ChainState{}); // its phase, at least
     programm->link.DeviceClassByte = 0xC3;
     programm->link.AddressMode = 1;
-    programm->F13.Fenster.Enabled = true;
+    programm->Transfer->F13.Fenster.Enabled = true;
     Click(2, F13Column::Status); // a cell with a picture and no action of its own
     EXPECT_EQ(Lauf().Chain, ChainState{});
     EXPECT_EQ(Lauf().List, ListState{});
@@ -69,7 +69,7 @@ TEST_F(F13_Klick, closes_an_open_port_and_opens_the_locks_port) {
     EXPECT_EQ(world.Closes, 1);
     EXPECT_TRUE(world.PortOpen);
     EXPECT_EQ(world.PortNumber, 5);
-    EXPECT_EQ(programm->F13.FGK13.Row, 4);
+    EXPECT_EQ(programm->Transfer->F13.FGK13.Row, 4);
     EXPECT_EQ(programm->link.Lauf.Order.LockName, "Tor");
     EXPECT_EQ(programm->link.Lauf.Order.LockNumber, 4);
     EXPECT_FALSE(StartOpen());
@@ -82,7 +82,7 @@ TEST_F(F13_Klick, the_mark_cell_flips_the_X_in_grey_sixteen_points) {
     SettledLock(1, "Tor");
     Open();
     Click(1, F13Column::Mark);
-    const Cell cell = programm->F13.FGK13.At(1, F13Column::Mark);
+    const Cell cell = programm->Transfer->F13.FGK13.At(1, F13Column::Mark);
     EXPECT_EQ(cell.Text, "X");
     EXPECT_EQ(cell.FontSize, 16);
     EXPECT_EQ(cell.ForeColor, 0x808080U);
@@ -167,7 +167,7 @@ TEST_F(F13_Klick, a_mark_set_by_program_remains_when_the_dialog_is_cancelled) {
     SettledLock(1, "Tor");
     Open();
     OpenStart();
-    programm->F11.Cancel_Click();
+    programm->Transfer->F11.Cancel_Click();
     EXPECT_EQ(Mark(1), "X");
     EXPECT_TRUE(GridEnabled());
 }
@@ -181,7 +181,7 @@ TEST_F(F13_Klick, of_a_settled_lock_the_question_comes_before_the_dataset) {
     Click(1, F13Column::Program);
     EXPECT_FALSE(StartOpen());
     EXPECT_TRUE(GridEnabled());
-    EXPECT_TRUE(programm->F13.Fenster.Visible);
+    EXPECT_TRUE(programm->Transfer->F13.Fenster.Visible);
 }
 
 TEST_F(F13_Klick, of_a_settled_lock_a_wrong_serial_ends_behind_the_question) {

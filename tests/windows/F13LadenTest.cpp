@@ -7,7 +7,7 @@ namespace qvm::test {
 namespace {
 
 struct F13_FormLaden : FensterFixture {
-    const Cell& At(int row, int column) { return programm->F13.FGK13.At(row, column); }
+    const Cell& At(int row, int column) { return programm->Transfer->F13.FGK13.At(row, column); }
     std::string Text(int row, int column) { return At(row, column).Text; }
 
     /// LOCKCLASSCOMX.CMB: 16 characters address, 20 name, 12 serial.
@@ -21,15 +21,15 @@ struct F13_FormLaden : FensterFixture {
 
 TEST_F(F13_FormLaden, shows_the_window_under_the_system_title_with_caller_code_three) {
     Start();
-    programm->F13.F13_FormLaden();
-    EXPECT_TRUE(programm->F13.Fenster.Visible);
-    EXPECT_TRUE(programm->F13.Fenster.Enabled);
-    EXPECT_EQ(programm->F13.Fenster.Title(), "QVM 7702 SOFTWARE SYSTEM - L32");
-    EXPECT_EQ(programm->F13.Aufrufer, 3);
-    EXPECT_TRUE(programm->F13.Timer1.Running());
-    EXPECT_EQ(programm->F13.Timer1.Interval(), 10);
-    EXPECT_TRUE(programm->F13.Timer2.Running());
-    EXPECT_EQ(programm->F13.Timer2.Interval(), 800);
+    programm->Transfer->F13.F13_FormLaden();
+    EXPECT_TRUE(programm->Transfer->F13.Fenster.Visible);
+    EXPECT_TRUE(programm->Transfer->F13.Fenster.Enabled);
+    EXPECT_EQ(programm->Transfer->F13.Fenster.Title(), "QVM 7702 SOFTWARE SYSTEM - L32");
+    EXPECT_EQ(programm->Transfer->F13.Aufrufer, 3);
+    EXPECT_TRUE(programm->Transfer->F13.Timer1.Running());
+    EXPECT_EQ(programm->Transfer->F13.Timer1.Interval(), 10);
+    EXPECT_TRUE(programm->Transfer->F13.Timer2.Running());
+    EXPECT_EQ(programm->Transfer->F13.Timer2.Interval(), 800);
 }
 
 TEST_F(F13_FormLaden, clears_the_list_count) {
@@ -43,8 +43,8 @@ TEST_F(F13_FormLaden, clears_the_list_count) {
 
 TEST_F(F13_FormLaden, has_a_header_and_two_hundred_rows_of_sixteen_columns) {
     Begin();
-    EXPECT_EQ(programm->F13.FGK13.Rows(), 201);
-    EXPECT_EQ(programm->F13.FGK13.Columns(), 16);
+    EXPECT_EQ(programm->Transfer->F13.FGK13.Rows(), 201);
+    EXPECT_EQ(programm->Transfer->F13.FGK13.Columns(), 16);
     std::vector<std::string> header;
     for (int column = 0; column < 16; ++column) {
         header.push_back(Text(0, column));
@@ -90,7 +90,7 @@ TEST_F(F13_FormLaden, writes_all_rows_in_twelve_points) {
 TEST_F(F13_FormLaden, colours_the_cells_that_can_be_clicked_of_a_row_with_a_serial) {
     SettledLock(1, "Tor");
     Start();
-    programm->F13.F17_Oeffnen = [] {};
+    programm->Transfer->F13.F17_Oeffnen = [] {};
     Begin();
     for (const int column : {9, 10, 11, 12, 15}) {
         EXPECT_NE(At(1, column).BackColor, White) << column;
@@ -110,9 +110,9 @@ TEST_F(F13_FormLaden, leaves_the_code_cells_white_while_nothing_can_change_a_cod
 
 TEST_F(F13_FormLaden, gives_the_tool_buttons_their_tips_and_enables_the_list_keys_once_there_is_a_list) {
     Start();
-    programm->F13.Listenzeile_Uebernehmen = {};
+    programm->Transfer->F13.Listenzeile_Uebernehmen = {};
     Begin();
-    const auto& [back, program, history] = programm->F13.Toolbar1;
+    const auto& [back, program, history] = programm->Transfer->F13.Toolbar1;
     EXPECT_EQ(back.Key, u8"Zurück"_w);
     EXPECT_EQ(back.Number, 11);
     EXPECT_EQ(back.Tip(), "L119");
@@ -125,8 +125,8 @@ TEST_F(F13_FormLaden, gives_the_tool_buttons_their_tips_and_enables_the_list_key
     EXPECT_EQ(history.Number, 3);
     EXPECT_EQ(history.Tip(), "L12");
     EXPECT_FALSE(history.Enabled);
-    programm->F13.Listenzeile_Uebernehmen = [](int, int) {};
-    programm->F13.F13_FormLaden();
+    programm->Transfer->F13.Listenzeile_Uebernehmen = [](int, int) {};
+    programm->Transfer->F13.F13_FormLaden();
     EXPECT_TRUE(program.Enabled);
     EXPECT_TRUE(history.Enabled);
 }
@@ -144,7 +144,7 @@ TEST_F(F13_FormLaden, leaves_a_row_without_a_serial_white_and_shows_its_channel_
 TEST_F(F13_FormLaden, clears_exactly_four_cells_of_a_lock_without_a_serial) {
     SettledLock(1, "Tor");
     Begin();
-    programm->F13.Del_FGK13_ICON(1, F13Column::Program);
+    programm->Transfer->F13.Del_FGK13_ICON(1, F13Column::Program);
     for (const int column : {9, 10, 11, 12}) {
         EXPECT_EQ(At(1, column).BackColor, White) << column;
         EXPECT_EQ(At(1, column).Picture, 0) << column;
@@ -234,12 +234,12 @@ struct F13_Maus : FensterFixture {
     F13_Maus() {
         SettledLock(1, "Tor");
         Start();
-        programm->F13.Maus_Zelle = [this](int& row, int& column) {
+        programm->Transfer->F13.Maus_Zelle = [this](int& row, int& column) {
             row = Row;
             column = Column;
             return true;
         };
-        programm->F13.F13_FormLaden();
+        programm->Transfer->F13.F13_FormLaden();
     }
     Colour Move(int row, int column) {
         Row = row;
@@ -247,7 +247,7 @@ struct F13_Maus : FensterFixture {
         world.RunFor(10);
         return Colour_Of(row, column);
     }
-    Colour Colour_Of(int row, int column) { return programm->F13.FGK13.At(row, column).BackColor; }
+    Colour Colour_Of(int row, int column) { return programm->Transfer->F13.FGK13.At(row, column).BackColor; }
 };
 
 TEST_F(F13_Maus, lights_the_cell_and_gives_the_one_before_its_colour_back) {
@@ -275,19 +275,19 @@ TEST_F(F13_Maus, a_lit_cell_can_still_be_clicked) {
 
 TEST_F(F13_Maus, lights_the_same_cell_again_when_the_window_is_opened_again) {
     Move(1, 9);
-    programm->F13.F13_FormLaden();
+    programm->Transfer->F13.F13_FormLaden();
     EXPECT_EQ(Move(1, 9), 0xE0E0E0U);
 }
 
 TEST_F(F13_Maus, looks_every_10_ms_and_by_the_second_timer_after_800_and_then_every_20) {
-    programm->F13.Timer1.Stop();
+    programm->Transfer->F13.Timer1.Stop();
     Row = 1;
     Column = 9;
     world.RunFor(799);
     EXPECT_NE(Colour_Of(1, 9), 0xE0E0E0U);
     world.RunFor(1);
     EXPECT_EQ(Colour_Of(1, 9), 0xE0E0E0U);
-    EXPECT_EQ(programm->F13.Timer2.Interval(), 20);
+    EXPECT_EQ(programm->Transfer->F13.Timer2.Interval(), 20);
     Column = 10;
     world.RunFor(20);
     EXPECT_EQ(Colour_Of(1, 10), 0xE0E0E0U);
@@ -296,18 +296,18 @@ TEST_F(F13_Maus, looks_every_10_ms_and_by_the_second_timer_after_800_and_then_ev
 TEST_F(F13_Maus, zurueck_stops_the_timers_and_brings_the_main_window_back) {
     int shown = 0;
     const Listener listener = programm->kern.Windows.BackToMain.Listen([&shown] { ++shown; });
-    programm->F13.Toolbar1_ButtonClick(u8"Zurück"_w);
-    EXPECT_FALSE(programm->F13.Timer1.Running());
-    EXPECT_FALSE(programm->F13.Timer2.Running());
-    EXPECT_EQ(programm->F13.Aufrufer, 0);
-    EXPECT_FALSE(programm->F13.Fenster.Visible);
+    programm->Transfer->F13.Toolbar1_ButtonClick(u8"Zurück"_w);
+    EXPECT_FALSE(programm->Transfer->F13.Timer1.Running());
+    EXPECT_FALSE(programm->Transfer->F13.Timer2.Running());
+    EXPECT_EQ(programm->Transfer->F13.Aufrufer, 0);
+    EXPECT_FALSE(programm->Transfer->F13.Fenster.Visible);
     EXPECT_EQ(shown, 1);
 }
 
 TEST_F(F13_Maus, an_unknown_key_does_nothing) {
-    programm->F13.Toolbar1_ButtonClick("Neu");
-    EXPECT_TRUE(programm->F13.Fenster.Visible);
-    EXPECT_TRUE(programm->F13.Fenster.Enabled);
+    programm->Transfer->F13.Toolbar1_ButtonClick("Neu");
+    EXPECT_TRUE(programm->Transfer->F13.Fenster.Visible);
+    EXPECT_TRUE(programm->Transfer->F13.Fenster.Enabled);
 }
 
 } // namespace

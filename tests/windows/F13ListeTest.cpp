@@ -18,8 +18,8 @@ struct F13_Liste : FensterFixture {
         SettledLock(2, "Keller");
         SettledLock(200, "Dach");
         Begin();
-        programm->F13.Liste_Leeren = [this] { Calls.emplace_back("clear"); };
-        programm->F13.Listenzeile_Uebernehmen = [this](int grid, int list) {
+        programm->Transfer->F13.Liste_Leeren = [this] { Calls.emplace_back("clear"); };
+        programm->Transfer->F13.Listenzeile_Uebernehmen = [this](int grid, int list) {
             Calls.emplace_back("copy");
             Copies.emplace_back(grid, list);
         };
@@ -31,7 +31,7 @@ struct F13_Liste : FensterFixture {
     void Prog(Answer history, Answer delayed) {
         Expect(63, history);
         Expect(269, delayed);
-        programm->F13.Toolbar1_ButtonClick("Prog.");
+        programm->Transfer->F13.Toolbar1_ButtonClick("Prog.");
     }
     void ExpectNothingMarked() {
         world.Answers.push_back(
@@ -40,7 +40,7 @@ struct F13_Liste : FensterFixture {
     }
     void SaveHistory(Answer delayed) {
         Expect(269, delayed);
-        programm->F13.Toolbar1_ButtonClick("SaveHistory");
+        programm->Transfer->F13.Toolbar1_ButtonClick("SaveHistory");
     }
 };
 
@@ -64,24 +64,24 @@ TEST_F(F13_Liste, prog_copies_the_marked_rows_in_order_and_clears_their_marks) {
     EXPECT_EQ(Mark(2), "");
     EXPECT_EQ(Mark(200), "");
     EXPECT_EQ(Lauf().List.RunRows, 2);
-    EXPECT_TRUE(programm->F11.Fenster.Visible);
-    EXPECT_FALSE(programm->F13.Fenster.Enabled);
+    EXPECT_TRUE(programm->Transfer->F11.Fenster.Visible);
+    EXPECT_FALSE(programm->Transfer->F13.Fenster.Enabled);
     EXPECT_THAT(world.Written, IsEmpty());
 }
 
 TEST_F(F13_Liste, prog_with_no_row_marked_says_so_and_asks_nothing) {
     ExpectNothingMarked();
-    programm->F13.Toolbar1_ButtonClick("Prog.");
+    programm->Transfer->F13.Toolbar1_ButtonClick("Prog.");
     EXPECT_EQ(world.Shown.size(), 1U);
     EXPECT_THAT(Calls, IsEmpty());
     EXPECT_EQ(Lauf().List.RunRows, 0);
-    EXPECT_FALSE(programm->F11.Fenster.Visible);
-    EXPECT_TRUE(programm->F13.Fenster.Enabled);
+    EXPECT_FALSE(programm->Transfer->F11.Fenster.Visible);
+    EXPECT_TRUE(programm->Transfer->F13.Fenster.Enabled);
 }
 
 TEST_F(F13_Liste, prog_takes_a_lock_marked_by_a_cancelled_single_run_along) {
     OpenStart(2);
-    programm->F11.Cancel_Click();
+    programm->Transfer->F11.Cancel_Click();
     Prog(Answer::No, Answer::No);
     EXPECT_THAT(Copies, ElementsAre(Copy{2, 1}));
 }
@@ -102,7 +102,7 @@ TEST_F(F13_Liste, both_keys_clear_what_an_earlier_run_left) {
     EXPECT_EQ(Lauf().List.RunRows, 2);
     EXPECT_EQ(programm->link.AddressMode, 0);
 
-    programm->F11.Cancel_Click();
+    programm->Transfer->F11.Cancel_Click();
     Click(200, F13Column::Mark);
     Lauf().List.RunRows = 9;
     Lauf().Chain.TwoPassFlag = Lauf().Chain.ReadHistoryFirst = 1;
@@ -118,54 +118,54 @@ TEST_F(F13_Liste, savehistory_asks_only_for_the_start_and_reads_only) {
     EXPECT_EQ(world.Shown.size(), 1U);
     EXPECT_EQ(Lauf().List.NetMode, 0x80);
     EXPECT_EQ(Lauf().Order.What, RunTask::HistoryOnly);
-    EXPECT_FALSE(programm->F13.DelayedStart);
+    EXPECT_FALSE(programm->Transfer->F13.DelayedStart);
     EXPECT_THAT(Copies, ElementsAre(Copy{1, 1}, Copy{200, 2}));
-    EXPECT_TRUE(programm->F11.Fenster.Visible);
+    EXPECT_TRUE(programm->Transfer->F11.Fenster.Visible);
 }
 
 TEST_F(F13_Liste, savehistory_takes_yes_as_a_delayed_start_and_cancel_as_no) {
     MarkRows();
     SaveHistory(Answer::Yes);
-    EXPECT_TRUE(programm->F13.DelayedStart);
-    programm->F11.Cancel_Click();
+    EXPECT_TRUE(programm->Transfer->F13.DelayedStart);
+    programm->Transfer->F11.Cancel_Click();
     SaveHistory(Answer::Cancel);
-    EXPECT_FALSE(programm->F13.DelayedStart);
-    EXPECT_TRUE(programm->F11.Fenster.Visible);
+    EXPECT_FALSE(programm->Transfer->F13.DelayedStart);
+    EXPECT_TRUE(programm->Transfer->F11.Fenster.Visible);
 }
 
 TEST_F(F13_Liste, savehistory_with_no_row_marked_says_so_and_asks_nothing) {
     Lauf().List.NetMode = 0;
     ExpectNothingMarked();
-    programm->F13.Toolbar1_ButtonClick("SaveHistory");
+    programm->Transfer->F13.Toolbar1_ButtonClick("SaveHistory");
     EXPECT_EQ(world.Shown.size(), 1U);
     EXPECT_THAT(Calls, IsEmpty());
     EXPECT_EQ(Lauf().List.NetMode, 0);
     EXPECT_EQ(Lauf().Chain.HistoryOnly, 0);
-    EXPECT_FALSE(programm->F11.Fenster.Visible);
-    EXPECT_TRUE(programm->F13.Fenster.Enabled);
+    EXPECT_FALSE(programm->Transfer->F11.Fenster.Visible);
+    EXPECT_TRUE(programm->Transfer->F13.Fenster.Enabled);
 }
 
 TEST_F(F13_Liste, says_in_the_language_in_use_that_nothing_is_marked) {
     programm->kern.Config.Sprache = "Nederlands";
     world.Answers.push_back({.Text = std::string(u8"Er is geen slot gemarkeerd. Markeer eerst de gewenste sloten in de "
                                                  u8"kolom ‘Prg.’, met de muis of met de spatiebalk."_w)});
-    programm->F13.Toolbar1_ButtonClick("Prog.");
+    programm->Transfer->F13.Toolbar1_ButtonClick("Prog.");
 }
 
 TEST_F(F13_Liste, marks_come_back_when_the_start_dialog_is_left) {
     MarkRows();
     Prog(Answer::No, Answer::No);
-    programm->F11.Cancel_Click();
+    programm->Transfer->F11.Cancel_Click();
     EXPECT_EQ(Mark(1), "X");
     EXPECT_EQ(Mark(2), "");
     EXPECT_EQ(Mark(200), "X");
-    EXPECT_EQ(programm->F13.Markenzahl.Text(), "2 markiert");
-    EXPECT_TRUE(programm->F13.Fenster.Enabled);
+    EXPECT_EQ(programm->Transfer->F13.Markenzahl.Text(), "2 markiert");
+    EXPECT_TRUE(programm->Transfer->F13.Fenster.Enabled);
     EXPECT_EQ(Lauf().List.RunRows, 0);
 
     SaveHistory(Answer::No);
     EXPECT_EQ(Mark(1), "");
-    programm->F11.Cancel_Click();
+    programm->Transfer->F11.Cancel_Click();
     EXPECT_EQ(Mark(1), "X");
     EXPECT_EQ(Mark(200), "X");
 }
@@ -173,11 +173,11 @@ TEST_F(F13_Liste, marks_come_back_when_the_start_dialog_is_left) {
 TEST_F(F13_Liste, marks_of_an_earlier_list_do_not_come_back_behind_a_single_lock) {
     MarkRows();
     Prog(Answer::No, Answer::No);
-    programm->F11.Cancel_Click();
+    programm->Transfer->F11.Cancel_Click();
     Click(1, F13Column::Mark);
     Click(200, F13Column::Mark);
     OpenStart(2);
-    programm->F11.Cancel_Click();
+    programm->Transfer->F11.Cancel_Click();
     EXPECT_EQ(Mark(1), "");
     EXPECT_EQ(Mark(2), "X");
     EXPECT_EQ(Mark(200), "");
@@ -187,17 +187,17 @@ TEST_F(F13_Liste, marks_that_went_into_a_list_that_was_started_stay_cleared) {
     MarkRows();
     Prog(Answer::No, Answer::No);
     Type("123456");
-    programm->F11.OK_Click();
+    programm->Transfer->F11.OK_Click();
     Begin();
     OpenStart(2);
-    programm->F11.Cancel_Click();
+    programm->Transfer->F11.Cancel_Click();
     EXPECT_EQ(Mark(1), "");
     EXPECT_EQ(Mark(200), "");
 }
 
 TEST_F(F13_Liste, runs_without_anybody_who_listens) {
-    programm->F13.Liste_Leeren = {};
-    programm->F13.Listenzeile_Uebernehmen = {};
+    programm->Transfer->F13.Liste_Leeren = {};
+    programm->Transfer->F13.Listenzeile_Uebernehmen = {};
     MarkRows();
     Prog(Answer::No, Answer::No);
     EXPECT_EQ(Lauf().List.RunRows, 2);
@@ -220,11 +220,11 @@ TEST_P(F13_Liste_Antworten, each_change_nothing_but_their_own_value) {
     MarkRows();
     Prog(GetParam().History, GetParam().Delayed);
     EXPECT_EQ(Lauf().List.NetMode, GetParam().NetMode);
-    EXPECT_EQ(programm->F13.DelayedStart, GetParam().DelayedStart);
+    EXPECT_EQ(programm->Transfer->F13.DelayedStart, GetParam().DelayedStart);
     EXPECT_EQ(Lauf().Chain.HistoryOnly, 0);
     EXPECT_EQ(Lauf().Chain.ReadHistoryFirst, 0);
     EXPECT_EQ(Lauf().List.RunRows, 2);
-    EXPECT_TRUE(programm->F11.Fenster.Visible);
+    EXPECT_TRUE(programm->Transfer->F11.Fenster.Visible);
 }
 
 INSTANTIATE_TEST_SUITE_P(All, F13_Liste_Antworten,

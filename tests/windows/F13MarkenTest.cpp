@@ -15,7 +15,7 @@ struct F13_Marken : FensterFixture {
         SettledLock(5, "Turm", "00.0A.10.05");
         Begin();
     }
-    F13& Window() { return programm->F13; }
+    F13& Window() { return programm->Transfer->F13; }
     std::string Marked() {
         std::string rows;
         for (int row = 1; row <= 200; ++row) {
@@ -65,7 +65,7 @@ TEST_F(F13_Marken, marks_the_current_row_and_clears_it_again) {
     EXPECT_EQ(Window().FGK13.At(2, F13Column::Mark).ForeColor, 0x808080U);
     Window().Auswahl_Markieren();
     EXPECT_EQ(Marked(), "");
-    EXPECT_FALSE(programm->F11.Fenster.Visible);
+    EXPECT_FALSE(programm->Transfer->F11.Fenster.Visible);
 }
 
 TEST_F(F13_Marken, marks_a_block_but_no_lock_without_name_or_serial) {
@@ -113,7 +113,7 @@ TEST_F(F13_Marken, a_hidden_lock_that_is_marked_goes_into_the_list) {
     Expect(269, Answer::No);
     Window().Toolbar1_ButtonClick("Prog.");
     EXPECT_EQ(Lauf().List.RunRows, 1);
-    EXPECT_EQ(programm->F91.FGK91.Text(1, F91Column::Name), "Keller");
+    EXPECT_EQ(programm->Transfer->F91.FGK91.Text(1, F91Column::Name), "Keller");
 }
 
 TEST_F(F13_Marken, typed_letters_lead_to_the_next_name) {
@@ -174,12 +174,12 @@ struct F13_Gescheiterte : F13_Marken {
         Expect(269, Answer::No);
         Window().Toolbar1_ButtonClick("Prog.");
         Type("123456");
-        programm->F11.OK_Click();
+        programm->Transfer->F11.OK_Click();
         for (std::size_t n = 0; n < marks.size(); ++n) {
-            programm->F91.FGK91.SetText(static_cast<int>(n) + 1, F91Column::Mark, marks[n]);
+            programm->Transfer->F91.FGK91.SetText(static_cast<int>(n) + 1, F91Column::Mark, marks[n]);
         }
-        programm->F91.Command2_Click();
-        programm->F91.Command1_Click();
+        programm->Transfer->F91.Command2_Click();
+        programm->Transfer->F91.Command1_Click();
         Begin();
     }
 };
@@ -231,7 +231,7 @@ struct F13_Netzlauf : F13_Gescheiterte {
         programm->kern.Config.PortAutomatik = "SET";
         AddAdapter("/1/2/3/4", "PROGSTATION-A", "7");
         Begin();
-        programm->F11.Adapter_Test = [](const AdapterSatz&) { return true; };
+        programm->Transfer->F11.Adapter_Test = [](const AdapterSatz&) { return true; };
     }
     /// "Program" or "History" of one lock until F91 is there.
     void Single(int row, int column = F13Column::Program) {
@@ -242,16 +242,16 @@ struct F13_Netzlauf : F13_Gescheiterte {
         }
         Click(row, column);
         Type("123456");
-        programm->F11.OK_Click();
+        programm->Transfer->F11.OK_Click();
     }
     /// The same up to its end with this mark, back to F13.
     void SingleEnds(int row, std::string_view mark, int column = F13Column::Program) {
         Single(row, column);
         EXPECT_FALSE(Window().Fenster.Visible);
-        programm->F91.Zeile_Markieren(mark, "");
-        programm->F91.Naechste_Zeile(StepPrgNextDataset);
-        programm->F91.Command1_Click();
-        EXPECT_FALSE(programm->F91.Fenster.Visible);
+        programm->Transfer->F91.Zeile_Markieren(mark, "");
+        programm->Transfer->F91.Naechste_Zeile(StepPrgNextDataset);
+        programm->Transfer->F91.Command1_Click();
+        EXPECT_FALSE(programm->Transfer->F91.Fenster.Visible);
         Begin();
     }
 };

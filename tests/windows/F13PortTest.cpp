@@ -32,8 +32,8 @@ struct F13_Adapter_Port : FensterFixture {
                                            .About = "Schloss 1: Tor"}));
         EXPECT_EQ(world.Opens, 0);
         EXPECT_EQ(Mark(1), "");
-        EXPECT_FALSE(programm->F11.Fenster.Visible);
-        EXPECT_TRUE(programm->F13.Fenster.Enabled);
+        EXPECT_FALSE(programm->Transfer->F11.Fenster.Visible);
+        EXPECT_TRUE(programm->Transfer->F13.Fenster.Enabled);
     }
     void ClickExpecting(const std::string& text) {
         world.Answers.push_back({.Text = text});

@@ -17,7 +17,7 @@ struct F14_Fenster : FensterFixture {
         Channel().F14_Laden();
     }
     struct F14& Channel() {
-        return programm->F14;
+        return programm->Main->F14;
     }
     void Press(std::string_view key) { Channel().Toolbar1_ButtonClick(key); }
     void Back() { Press(u8"Zurück"_w); }

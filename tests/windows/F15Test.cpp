@@ -17,7 +17,7 @@ struct F15_Fenster : FensterFixture {
         Choice().F15_Laden();
     }
     struct F15& Choice() {
-        return programm->F15;
+        return programm->Main->F15;
     }
     std::string Settings() { return world.Disk.Files["/q/DAT/EST7CSB29A.I_1"]; }
 };

@@ -15,7 +15,7 @@ struct F18_Wartebox : FensterFixture {
     }
     /// The dispatcher's step after a refusal without contact.
     void Refuse() { programm->link.Hooks.Kanal_Weiter(); }
-    F18& Box() { return programm->F18; }
+    F18& Box() { return programm->Transfer->F18; }
     std::string ChannelFile() { return files.File("RFCHANDIF12.RFX").substr(0, 15); }
 };
 
@@ -50,8 +50,8 @@ TEST_F(F18_Wartebox, closes_with_a_message_when_no_channel_answers) {
     Refuse();
     EXPECT_FALSE(Box().Fenster.Visible);
     EXPECT_EQ(Box().Text.Text(), "L82");
-    EXPECT_EQ(programm->F9.StatusLabel.Text(), "L82");
-    EXPECT_TRUE(programm->F13.Fenster.Enabled);
+    EXPECT_EQ(programm->Transfer->F9.StatusLabel.Text(), "L82");
+    EXPECT_TRUE(programm->Transfer->F13.Fenster.Enabled);
     EXPECT_EQ(Lauf().Chain.KanalSuche, 0);
     EXPECT_EQ(ChannelFile(), "7     3  1     ");
     EXPECT_EQ(SentCodes(), std::vector<int>(13, 0x04));
@@ -74,31 +74,31 @@ TEST_F(F18_Wartebox, its_button_closes_it_and_ends_the_search_at_the_next_reply)
 TEST_F(F18_Wartebox, left_in_a_silent_search_says_how_that_ends_and_counts_nothing) {
     world.RunFor(8000);
     Box().Command1_Click();
-    const F9& window = programm->F9;
+    const F9& window = programm->Transfer->F9;
     EXPECT_TRUE(window.Fenster.Visible);
     EXPECT_EQ(window.StatusLabel.Text(), u8"Die Kanalsuche wird mit der nächsten Antwort beendet. Mit „L119“ endet "
                                          u8"sie sofort."_w);
     world.RunFor(20000);
     EXPECT_FALSE(window.StilleLabel.Visible);
-    programm->F9.Command2_Click();
+    programm->Transfer->F9.Command2_Click();
     EXPECT_EQ(programm->Lauf.Bericht.End, RunOutcome::Cancelled);
-    EXPECT_TRUE(programm->F13.Fenster.Enabled);
+    EXPECT_TRUE(programm->Transfer->F13.Fenster.Enabled);
 }
 
 TEST_F(F18_Wartebox, left_before_a_channel_answers_says_no_more_that_the_search_ends) {
     Box().Command1_Click();
     programm->link.Hooks.Kanal_Gesetzt();
-    EXPECT_EQ(programm->F9.StatusLabel.Text(), "");
+    EXPECT_EQ(programm->Transfer->F9.StatusLabel.Text(), "");
     world.RunFor(8000);
-    EXPECT_TRUE(programm->F9.StilleLabel.Visible);
+    EXPECT_TRUE(programm->Transfer->F9.StilleLabel.Visible);
 }
 
 TEST_F(F18_Wartebox, left_before_a_channel_answers_gives_the_run_no_close_button) {
     Box().Command1_Click();
-    EXPECT_TRUE(programm->F9.Command2.Enabled);
+    EXPECT_TRUE(programm->Transfer->F9.Command2.Enabled);
     programm->link.Hooks.Kanal_Gesetzt();
     EXPECT_FALSE(programm->Lauf.Gesamtende);
-    EXPECT_FALSE(programm->F9.Command2.Enabled);
+    EXPECT_FALSE(programm->Transfer->F9.Command2.Enabled);
 }
 
 TEST_F(F18_Wartebox, says_that_the_adapter_was_pulled_out_and_goes_on_when_it_is_back) {
@@ -122,12 +122,12 @@ TEST_F(F18_Wartebox, its_button_ends_a_search_without_an_adapter_at_once) {
     EXPECT_FALSE(Box().Fenster.Visible);
     EXPECT_TRUE(programm->Lauf.Gesamtende);
     EXPECT_EQ(programm->Lauf.Bericht.End, RunOutcome::Cancelled);
-    EXPECT_TRUE(programm->F9.Fenster.Visible);
-    EXPECT_TRUE(programm->F9.Beendet);
-    EXPECT_EQ(programm->F9.StatusLabel.Text(), "L82");
+    EXPECT_TRUE(programm->Transfer->F9.Fenster.Visible);
+    EXPECT_TRUE(programm->Transfer->F9.Beendet);
+    EXPECT_EQ(programm->Transfer->F9.StatusLabel.Text(), "L82");
     EXPECT_THAT(SentCodes(), ElementsAre(0x04));
-    programm->F9.Command2_Click();
-    EXPECT_TRUE(programm->F13.Fenster.Enabled);
+    programm->Transfer->F9.Command2_Click();
+    EXPECT_TRUE(programm->Transfer->F13.Fenster.Enabled);
     StartRun();
     EXPECT_EQ(Box().Text.Text(), "L81");
 }
@@ -157,13 +157,13 @@ TEST_F(F18_Wartebox, makes_way_for_the_progress_window_when_the_lock_has_moved) 
     }
     programm->link.Hooks.Kanal_Gesetzt();
     EXPECT_FALSE(Box().Fenster.Visible);
-    EXPECT_TRUE(programm->F9.Fenster.Visible);
+    EXPECT_TRUE(programm->Transfer->F9.Fenster.Visible);
     EXPECT_EQ(ChannelFile(), "3     3  0     ");
 }
 
 TEST_F(F18_Wartebox, leaves_the_channel_record_alone_at_a_reply_that_nobody_asked_for) {
     programm->link.Hooks.Kanal_Gesetzt();
-    EXPECT_TRUE(programm->F9.Fenster.Visible);
+    EXPECT_TRUE(programm->Transfer->F9.Fenster.Visible);
     EXPECT_EQ(ChannelFile(), "7     3  0     ");
 }
 

@@ -7,7 +7,7 @@ namespace {
 
 struct F1_Fenster : FensterFixture {
     struct F1& Box() {
-        return programm->F1;
+        return programm->Main->F1;
     }
 };
 

@@ -47,16 +47,16 @@ void F2Fixture::NoteWindows() {
     }
     open["F7"] = [this] {
         Opened.emplace_back("F7");
-        programm->F2.Fenster.Visible = false;
+        programm->Main->F2.Fenster.Visible = false;
     };
-    programm->F2.Hooks.Ende = note("end");
+    programm->Main->F2.Hooks.Ende = note("end");
 }
 
 void F2Fixture::Open() {
     if (!programm) {
         Start();
     }
-    programm->F2.F2_Laden();
+    programm->Main->F2.F2_Laden();
 }
 
 void F2Fixture::Connect() {

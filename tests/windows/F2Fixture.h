@@ -38,12 +38,12 @@ struct F2Fixture : FensterFixture {
     }
     /// Times that the identification was asked for.
     int Probes() const;
-    void Press(std::string_view key) { programm->F2.Toolbar1_ButtonClick(key); }
+    void Press(std::string_view key) { programm->Main->F2.Toolbar1_ButtonClick(key); }
     ToolButton& Key(std::string_view key);
-    Colour Light() { return programm->F2.Label1.ForeColor; }
-    std::string Line() { return programm->F2.Meldezeile.Text; }
+    Colour Light() { return programm->Main->F2.Label1.ForeColor; }
+    std::string Line() { return programm->Main->F2.Meldezeile.Text; }
     struct F2& Main() {
-        return programm->F2;
+        return programm->Main->F2;
     }
 
 private:

@@ -34,8 +34,8 @@ struct F2_Port_Geaendert : F2Fixture {
         SettledLock(1, "Tresor");
         Connect();
         Press("PROG");
-        programm->F13.Timer1.Stop();
-        programm->F13.Timer2.Stop();
+        programm->Transfer->F13.Timer1.Stop();
+        programm->Transfer->F13.Timer2.Stop();
         AdapterAnswers = false;
         StartRun();
         ASSERT_EQ(Lauf().Chain.Phase, RunPhase::Open);
@@ -140,7 +140,7 @@ TEST_F(F2_Port_Geaendert, a_fixed_port_that_came_back_is_opened_by_a_look_at_the
     world.RunFor(100000);
     EXPECT_EQ(Light(), Lampe::Rot);
     Main().F2_Schnittstelle_Click();
-    programm->F6.Toolbar1_ButtonClick(programm->F6.Toolbar1[0].Key);
+    programm->Main->F6.Toolbar1_ButtonClick(programm->Main->F6.Toolbar1[0].Key);
     ASSERT_TRUE(ScanEnds());
     EXPECT_EQ(Light(), Lampe::Gruen);
     EXPECT_EQ(Line(), "");
@@ -228,17 +228,17 @@ TEST_F(F2_Port_Geaendert, in_a_run_a_pulled_adapter_stops_it_until_the_operator_
     PullOut();
     ExpectGone();
     EXPECT_EQ(Lauf().Chain.Phase, RunPhase::Open);
-    EXPECT_TRUE(programm->F9.Fenster.Visible);
+    EXPECT_TRUE(programm->Transfer->F9.Fenster.Visible);
     PutBack();
     world.RunFor(60000);
     EXPECT_EQ(world.Opens, opens);
     EXPECT_EQ(Light(), Lampe::Rot);
     EXPECT_EQ(Lauf().Chain.Phase, RunPhase::Open);
 
-    programm->F9.Command1_Click();
-    programm->F9.Command2_Click();
+    programm->Transfer->F9.Command1_Click();
+    programm->Transfer->F9.Command2_Click();
     EXPECT_EQ(Lauf().Chain.Phase, RunPhase::None);
-    EXPECT_TRUE(programm->F13.Fenster.Enabled);
+    EXPECT_TRUE(programm->Transfer->F13.Fenster.Enabled);
     world.RunFor(2000);
     EXPECT_TRUE(world.PortOpen);
     EXPECT_EQ(Light(), Lampe::Gelb);

@@ -34,8 +34,9 @@ struct F2_Rauschen : F2Fixture {
                         .Windows = {},
                         .Adapters = {}};
         for (const Window* window :
-             {&Main().Fenster, &programm->F6.Fenster, &programm->F9.Fenster, &programm->F11.Fenster,
-              &programm->F13.Fenster, &programm->F14.Fenster, &programm->F18.Fenster, &programm->F91.Fenster}) {
+             {&Main().Fenster, &programm->Main->F6.Fenster, &programm->Transfer->F9.Fenster,
+              &programm->Transfer->F11.Fenster, &programm->Transfer->F13.Fenster, &programm->Main->F14.Fenster,
+              &programm->Transfer->F18.Fenster, &programm->Transfer->F91.Fenster}) {
             picture.Windows.push_back(window->Visible);
             picture.Windows.push_back(window->Enabled);
         }

@@ -285,7 +285,7 @@ TEST_F(F2_Aufsicht, does_not_speak_into_a_run) {
 
 TEST_F(F2_Aufsicht, the_reply_guard_stops_itself_closes_the_progress_window_and_tells_it) {
     Connect();
-    programm->F9.Fenster.Visible = true;
+    programm->Transfer->F9.Fenster.Visible = true;
     Main().Fenster.Enabled = false;
     Main().Timer1.Start();
     Expect(74);
@@ -293,7 +293,7 @@ TEST_F(F2_Aufsicht, the_reply_guard_stops_itself_closes_the_progress_window_and_
     EXPECT_TRUE(world.Shown.empty());
     world.RunFor(1);
     EXPECT_FALSE(Main().Timer1.Running());
-    EXPECT_FALSE(programm->F9.Fenster.Visible);
+    EXPECT_FALSE(programm->Transfer->F9.Fenster.Visible);
     EXPECT_TRUE(Main().Fenster.Enabled);
     EXPECT_EQ(world.Shown.size(), 1U);
 }

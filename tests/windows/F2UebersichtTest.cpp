@@ -266,12 +266,12 @@ TEST_F(F2_Historien, open_without_an_adapter_and_the_main_window_comes_back_behi
     ASSERT_TRUE(ScanEnds());
     Main().Historien_Lesen();
     Main().Historie_Click(1);
-    EXPECT_TRUE(programm->F7.Fenster.Visible);
+    EXPECT_TRUE(programm->History->F7.Fenster.Visible);
     EXPECT_FALSE(Main().Fenster.Visible);
     EXPECT_FALSE(Main().Timer2.Running());
-    EXPECT_NE(programm->F7.Meldezeile.Text().find("H_20260104_083000_Tor.HST"), std::string::npos);
+    EXPECT_NE(programm->History->F7.Meldezeile.Text().find("H_20260104_083000_Tor.HST"), std::string::npos);
     EXPECT_THAT(world.Shown, IsEmpty());
-    programm->F7.Toolbar1_ButtonClick("W95MBX01");
+    programm->History->F7.Toolbar1_ButtonClick("W95MBX01");
     EXPECT_TRUE(Main().Fenster.Visible);
     EXPECT_TRUE(Main().Timer2.Running());
 }
@@ -283,11 +283,11 @@ TEST_F(F2_Historien, one_that_went_meanwhile_is_told_and_a_number_without_one_do
     Main().Historien_Lesen();
     Main().Historie_Click(1);
     Main().Historie_Click(10);
-    EXPECT_FALSE(programm->F7.Fenster.Visible);
+    EXPECT_FALSE(programm->History->F7.Fenster.Visible);
     world.Disk.Files.erase("/q/HIST/H_20260104_083000_Tor.HST");
     world.Answers.push_back({.Text = "L288 H_20260104_083000_Tor.HST"});
     Main().Historie_Click(0);
-    EXPECT_TRUE(programm->F7.Fenster.Visible);
+    EXPECT_TRUE(programm->History->F7.Fenster.Visible);
 }
 
 } // namespace

@@ -91,7 +91,7 @@ TEST_F(F2_Anschlussfenster, that_opened_the_port_turns_the_red_light_yellow_and_
     EXPECT_FALSE(Main().Wiederholung.Running());
     world.RunFor(100000);
     EXPECT_EQ(Probes(), 0);
-    programm->F6.Toolbar1_ButtonClick(programm->F6.Toolbar1[0].Key);
+    programm->Main->F6.Toolbar1_ButtonClick(programm->Main->F6.Toolbar1[0].Key);
     EXPECT_EQ(Main().Timer2.Interval(), 200);
     ASSERT_TRUE(ScanEnds());
     EXPECT_EQ(Light(), Lampe::Gruen);
@@ -100,7 +100,7 @@ TEST_F(F2_Anschlussfenster, that_opened_the_port_turns_the_red_light_yellow_and_
 TEST_F(F2_Anschlussfenster, that_opened_the_port_and_is_left_at_once_brings_a_yellow_light_and_a_search) {
     LetGo();
     Main().F2_Schnittstelle_Click();
-    programm->F6.Toolbar1_ButtonClick(programm->F6.Toolbar1[0].Key);
+    programm->Main->F6.Toolbar1_ButtonClick(programm->Main->F6.Toolbar1[0].Key);
     EXPECT_EQ(Light(), Lampe::Gelb);
     EXPECT_EQ(Line(), "");
     EXPECT_TRUE(Main().Timer2.Running());
@@ -115,7 +115,7 @@ TEST_F(F2_Anschlussfenster, keeps_the_port_to_itself_while_it_is_open) {
     world.RunFor(100000);
     EXPECT_EQ(world.Opens, opens);
     LetGo();
-    programm->F6.Toolbar1_ButtonClick(programm->F6.Toolbar1[0].Key);
+    programm->Main->F6.Toolbar1_ButtonClick(programm->Main->F6.Toolbar1[0].Key);
     world.RunFor(2000);
     EXPECT_EQ(world.Opens, opens + 1);
     EXPECT_EQ(Light(), Lampe::Gelb);
@@ -125,10 +125,10 @@ TEST_F(F2_Anschlussfenster, that_saved_a_held_port_has_it_tried_again) {
     world.RunFor(100000);
     EXPECT_EQ(Main().Wiederholung.Interval(), 40000);
     Main().F2_Schnittstelle_Click();
-    programm->F6.Toolbar1_ButtonClick(programm->F6.Toolbar1[1].Key);
+    programm->Main->F6.Toolbar1_ButtonClick(programm->Main->F6.Toolbar1[1].Key);
     EXPECT_TRUE(Main().Wiederholung.Running());
     EXPECT_EQ(Main().Wiederholung.Interval(), 2000);
-    programm->F6.Toolbar1_ButtonClick(programm->F6.Toolbar1[0].Key);
+    programm->Main->F6.Toolbar1_ButtonClick(programm->Main->F6.Toolbar1[0].Key);
     world.RunFor(50000);
     EXPECT_EQ(Light(), Lampe::Rot);
     LetGo();

@@ -29,7 +29,7 @@ struct F6_Fixture : FensterFixture {
     static std::string Record(std::string_view address, std::string_view name, std::string_view port);
     void Open();
     struct F6& Adapters() {
-        return programm->F6;
+        return programm->Main->F6;
     }
     const std::string& Cell(int row, int column) { return Adapters().FGK6.Text(row, column); }
     int Picture(int row) { return Adapters().FGK6.At(row, F6Column::State).Picture; }

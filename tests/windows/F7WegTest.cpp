@@ -7,7 +7,7 @@ namespace {
 
 struct F7_Weg : F2Fixture {
     struct F7& View() {
-        return programm->F7;
+        return programm->History->F7;
     }
     void OpenFromMain() {
         Connect();
@@ -53,27 +53,27 @@ TEST_F(F7_Weg, the_supervision_rests_while_it_is_open_and_goes_on_behind_it) {
 TEST_F(F7_Weg, from_a_run_it_leads_back_to_the_windows_of_the_run) {
     Start();
     world.Disk.Files["/q/HIST/H.HST"] = "a\r\n";
-    programm->F13.F13_FormLaden();
-    programm->F13.Timer1.Stop();
-    programm->F13.Timer2.Stop();
-    programm->F9.F9_Zeigen();
-    programm->F9.Stille.Stop();
+    programm->Transfer->F13.F13_FormLaden();
+    programm->Transfer->F13.Timer1.Stop();
+    programm->Transfer->F13.Timer2.Stop();
+    programm->Transfer->F9.F9_Zeigen();
+    programm->Transfer->F9.Stille.Stop();
     View().F7_Oeffnen("/q/HIST/H.HST");
     EXPECT_TRUE(View().Fenster.Visible);
     View().Toolbar1_ButtonClick("W95MBX01");
     EXPECT_FALSE(Main().Fenster.Visible);
-    EXPECT_TRUE(programm->F13.Fenster.Visible);
-    EXPECT_TRUE(programm->F9.Fenster.Visible);
+    EXPECT_TRUE(programm->Transfer->F13.Fenster.Visible);
+    EXPECT_TRUE(programm->Transfer->F9.Fenster.Visible);
 }
 
 TEST_F(F7_Weg, search_and_view_take_new_words_while_they_are_open) {
     OpenFromMain();
     View().Toolbar1_ButtonClick("Suchen");
-    EXPECT_TRUE(programm->F8.Fenster.Visible);
+    EXPECT_TRUE(programm->History->F8.Fenster.Visible);
     programm->kern.Sprache.LanguageText[54] = "Name";
     programm->kern.Windows.WordsChanged();
     EXPECT_EQ(View().FGV.Text(0, 1), "Name");
-    EXPECT_EQ(programm->F8.Option[0].Text(), "Name");
+    EXPECT_EQ(programm->History->F8.Option[0].Text(), "Name");
     EXPECT_EQ(View().FGV.Text(1, 1), "a");
 }
 

@@ -12,20 +12,20 @@ struct F91_Fenster : FensterFixture {
         SettledLock(2, "Keller", "00.0A.10.02");
         SettledLock(7, "Dach", "00.0A.10.07");
     }
-    F91& List() { return programm->F91; }
+    F91& List() { return programm->Transfer->F91; }
     void Open(const std::vector<int>& locks, Answer history = Answer::No, Answer delayed = Answer::No) {
         Begin();
         Prog(locks, history, delayed);
     }
     void Prog(const std::vector<int>& locks, Answer history = Answer::No, Answer delayed = Answer::No) {
         for (const int lock : locks) {
-            programm->F13.FGK13.SetText(lock, F13Column::Mark, "X");
+            programm->Transfer->F13.FGK13.SetText(lock, F13Column::Mark, "X");
         }
         Expect(63, history);
         Expect(269, delayed);
-        programm->F13.Toolbar1_ButtonClick("Prog.");
+        programm->Transfer->F13.Toolbar1_ButtonClick("Prog.");
         Type("123456");
-        programm->F11.OK_Click();
+        programm->Transfer->F11.OK_Click();
     }
     std::string Mark(int row) { return List().FGK91.Text(row, F91Column::Mark); }
     std::string State(int row) { return List().FGK91.Text(row, F91Column::StateText); }
@@ -33,14 +33,14 @@ struct F91_Fenster : FensterFixture {
 
 TEST_F(F91_Fenster, the_list_keys_of_the_lock_grid_live) {
     Begin();
-    EXPECT_TRUE(programm->F13.Toolbar1[1].Enabled);
-    EXPECT_TRUE(programm->F13.Toolbar1[2].Enabled);
+    EXPECT_TRUE(programm->Transfer->F13.Toolbar1[1].Enabled);
+    EXPECT_TRUE(programm->Transfer->F13.Toolbar1[2].Enabled);
 }
 
 TEST_F(F91_Fenster, takes_the_marked_rows_with_their_flags_and_adapters) {
     Begin();
-    programm->F13.FGK13.SetText(7, F13Column::AdapterId, "/1/2/3/4");
-    programm->F13.FGK13.SetText(7, F13Column::AdapterName, "PROGSTATION 2");
+    programm->Transfer->F13.FGK13.SetText(7, F13Column::AdapterId, "/1/2/3/4");
+    programm->Transfer->F13.FGK13.SetText(7, F13Column::AdapterName, "PROGSTATION 2");
     Prog({1, 7});
     const Grid& list = List().FGK91;
     ASSERT_EQ(list.Rows(), 3);
@@ -61,8 +61,8 @@ TEST_F(F91_Fenster, takes_the_marked_rows_with_their_flags_and_adapters) {
 TEST_F(F91_Fenster, opens_alone_with_its_words) {
     Open({1});
     EXPECT_TRUE(List().Fenster.Visible);
-    EXPECT_FALSE(programm->F11.Fenster.Visible);
-    EXPECT_FALSE(programm->F13.Fenster.Visible);
+    EXPECT_FALSE(programm->Transfer->F11.Fenster.Visible);
+    EXPECT_FALSE(programm->Transfer->F13.Fenster.Visible);
     EXPECT_EQ(List().Fenster.Title(), "QVM 7702 SOFTWARE SYSTEM - L11");
     EXPECT_EQ(List().FGK91.Text(0, 0), "L37");
     EXPECT_EQ(List().FGK91.Text(0, 1), "L9");
@@ -76,18 +76,18 @@ TEST_F(F91_Fenster, opens_alone_with_its_words) {
     EXPECT_EQ(List().Timer1.Interval(), 1000);
     EXPECT_TRUE(List().Timer1.Running());
     EXPECT_FALSE(List().Timer3.Running());
-    EXPECT_FALSE(programm->F92.Fenster.Visible);
+    EXPECT_FALSE(programm->Transfer->F92.Fenster.Visible);
 }
 
 TEST_F(F91_Fenster, an_entry_of_five_characters_opens_nothing) {
     Begin();
-    programm->F13.FGK13.SetText(1, F13Column::Mark, "X");
+    programm->Transfer->F13.FGK13.SetText(1, F13Column::Mark, "X");
     Expect(63, Answer::No);
     Expect(269, Answer::No);
-    programm->F13.Toolbar1_ButtonClick("Prog.");
+    programm->Transfer->F13.Toolbar1_ButtonClick("Prog.");
     Type("12345");
     Expect(61);
-    programm->F11.OK_Click();
+    programm->Transfer->F11.OK_Click();
     EXPECT_FALSE(List().Fenster.Visible);
     EXPECT_FALSE(List().Timer1.Running());
 }
@@ -108,11 +108,11 @@ TEST_F(F91_Fenster, a_direct_row_shows_the_progress_window_with_the_date_and_tim
     Open({1});
     world.RunFor(2000);
     EXPECT_EQ(List().Arbeit(), F91::Work::Direct);
-    EXPECT_TRUE(programm->F9.Fenster.Visible);
-    EXPECT_EQ(programm->F9.Fenster.Title(), "Tor");
-    EXPECT_EQ(programm->F9.DatumLabel.Text(), "L55 : 05.03.2026");
-    EXPECT_EQ(programm->F9.ZeitLabel.Text(), "L56 : 10:30:01");
-    EXPECT_TRUE(programm->F9.InListe);
+    EXPECT_TRUE(programm->Transfer->F9.Fenster.Visible);
+    EXPECT_EQ(programm->Transfer->F9.Fenster.Title(), "Tor");
+    EXPECT_EQ(programm->Transfer->F9.DatumLabel.Text(), "L55 : 05.03.2026");
+    EXPECT_EQ(programm->Transfer->F9.ZeitLabel.Text(), "L56 : 10:30:01");
+    EXPECT_TRUE(programm->Transfer->F9.InListe);
     EXPECT_EQ(Lauf().Values.FlagSetClock, 1);
     EXPECT_EQ(Lauf().Chain.KanalSuche, 1);
     EXPECT_EQ(programm->link.TargetChannel, 3);
@@ -163,8 +163,8 @@ TEST_F(F91_Fenster, begins_no_row_while_it_is_asked_whether_to_leave) {
 
 TEST_F(F91_Fenster, a_list_whose_hour_comes_during_the_question_waits_for_the_answer) {
     Open({1}, Answer::No, Answer::Yes);
-    programm->F92.Zeit_Waehlen(10, 31);
-    programm->F92.OK_Click();
+    programm->Transfer->F92.Zeit_Waehlen(10, 31);
+    programm->Transfer->F92.OK_Click();
     world.RunFor(20000);
     ASSERT_TRUE(List().RestLabel.Visible);
     world.Answers.push_back({.Text = "*", .Reply = Answer::Yes, .AfterMs = 600000});
@@ -186,7 +186,7 @@ TEST_F(F91_Fenster, passes_over_a_row_whose_adapter_is_unknown_after_a_second) {
     Config("SET", 3, 5);
     Begin();
     AddAdapter("/10/20/30/40", "PROGSTATION 1", "5");
-    programm->F13.FGK13.SetText(2, F13Column::AdapterId, "/10/20/30/40");
+    programm->Transfer->F13.FGK13.SetText(2, F13Column::AdapterId, "/10/20/30/40");
     Prog({1, 2});
     world.RunUntil([this] { return Mark(1) == "-"; });
     EXPECT_EQ(State(1), "L262");
@@ -203,7 +203,7 @@ TEST_F(F91_Fenster, a_port_above_15_has_the_words_that_the_lock_grid_has_for_it)
     Config("SET", 3, 5);
     Begin();
     AddAdapter("/10/20/30/40", "PROGSTATION 1", "16");
-    programm->F13.FGK13.SetText(1, F13Column::AdapterId, "/10/20/30/40");
+    programm->Transfer->F13.FGK13.SetText(1, F13Column::AdapterId, "/10/20/30/40");
     Prog({1});
     world.RunUntil([this] { return Mark(1) == "-"; });
     EXPECT_EQ(State(1), "L194");
@@ -214,7 +214,7 @@ TEST_F(F91_Fenster, finds_the_adapter_by_its_name_too) {
     Config("SET", 3, 5);
     Begin();
     AddAdapter("/10/20/30/40", "PROGSTATION 1", "6");
-    programm->F13.FGK13.SetText(1, F13Column::AdapterName, "PROGSTATION 1");
+    programm->Transfer->F13.FGK13.SetText(1, F13Column::AdapterName, "PROGSTATION 1");
     Prog({1});
     world.RunFor(2000);
     EXPECT_EQ(List().Arbeit(), F91::Work::Direct);
@@ -226,14 +226,14 @@ TEST_F(F91_Fenster, a_network_row_begins_its_blocks_after_two_seconds) {
     Begin();
     AddAdapter("/3/224/0/1", "NETZ", "4");
     programm->Adapter.Saetze[0].TransferKey[3] = 0x77;
-    programm->F13.FGK13.SetText(1, F13Column::AdapterId, "/3/224/0/1");
+    programm->Transfer->F13.FGK13.SetText(1, F13Column::AdapterId, "/3/224/0/1");
     Prog({1});
     world.RunUntil([this] { return List().Arbeit() != F91::Work::None; });
     EXPECT_EQ(List().Arbeit(), F91::Work::Network);
     EXPECT_EQ(List().ProgStep, "TxDNetzwDaten");
     EXPECT_EQ(List().Timer1.Interval(), 2000);
     EXPECT_EQ(programm->Netz.TransferKey[3], 0x77);
-    EXPECT_FALSE(programm->F9.Fenster.Visible);
+    EXPECT_FALSE(programm->Transfer->F9.Fenster.Visible);
     EXPECT_EQ(world.PortNumber, 4);
     EXPECT_THAT(world.Written, IsEmpty());
     const std::int64_t begun = world.Elapsed();
@@ -347,14 +347,14 @@ TEST_F(F91_Fenster, the_progress_window_has_nothing_to_cancel_between_two_rows) 
     world.RunFor(1100);
     List().Zeile_Aufgeben();
     EXPECT_EQ(List().Arbeit(), F91::Work::None);
-    programm->F9.Command1_Click();
-    EXPECT_FALSE(programm->F9.Command2.Enabled);
-    EXPECT_NE(programm->F9.StatusLabel.Text(), "L82");
+    programm->Transfer->F9.Command1_Click();
+    EXPECT_FALSE(programm->Transfer->F9.Command2.Enabled);
+    EXPECT_NE(programm->Transfer->F9.StatusLabel.Text(), "L82");
     world.RunFor(3100);
     EXPECT_EQ(Mark(1), "#");
     EXPECT_EQ(Lauf().List.RunRow, 2);
     EXPECT_EQ(List().Arbeit(), F91::Work::Direct);
-    EXPECT_TRUE(programm->F9.Command1.Enabled);
+    EXPECT_TRUE(programm->Transfer->F9.Command1.Enabled);
 }
 
 TEST_F(F91_Fenster, closing_goes_back_to_the_main_window_with_an_empty_list) {
@@ -473,7 +473,7 @@ TEST_F(F91_Fenster, rows_passed_over_make_no_row_last_longer) {
     Begin();
     AddAdapter("/10/20/30/40", "PROGSTATION 1", "5");
     for (const int lock : {1, 7}) {
-        programm->F13.FGK13.SetText(lock, F13Column::AdapterId, "/10/20/30/40");
+        programm->Transfer->F13.FGK13.SetText(lock, F13Column::AdapterId, "/10/20/30/40");
     }
     Prog({1, 2, 7});
     List().Geduld = 0;
@@ -522,12 +522,12 @@ TEST_F(F91_Fenster, escape_cancels_the_lock_that_a_stopped_list_waits_for_and_no
     EXPECT_EQ(Lauf().Chain.AbbruchWunsch, 0);
     List().Escape();
     EXPECT_EQ(Lauf().Chain.AbbruchWunsch, 1);
-    EXPECT_EQ(programm->F9.StatusLabel.Text(), "L82");
+    EXPECT_EQ(programm->Transfer->F9.StatusLabel.Text(), "L82");
     List().Escape(); // a silent lock: it is given up
     EXPECT_EQ(Mark(1), "#");
     EXPECT_EQ(State(1), "L82");
     EXPECT_FALSE(List().Laeuft());
-    EXPECT_FALSE(programm->F9.Fenster.Visible);
+    EXPECT_FALSE(programm->Transfer->F9.Fenster.Visible);
 }
 
 } // namespace

@@ -10,10 +10,10 @@ struct F92_Fenster : FensterFixture {
 
     F92_Fenster() {
         Start();
-        programm->F92.Gewaehlt = [this](const DateTime& start) { Chosen.push_back(start); };
-        programm->F92.F92_Laden();
+        programm->Transfer->F92.Gewaehlt = [this](const DateTime& start) { Chosen.push_back(start); };
+        programm->Transfer->F92.F92_Laden();
     }
-    F92& Time() { return programm->F92; }
+    F92& Time() { return programm->Transfer->F92; }
 };
 
 TEST_F(F92_Fenster, offers_24_hours_and_60_minutes_preset_to_now) {

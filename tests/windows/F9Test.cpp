@@ -15,7 +15,7 @@ struct F9_Fenster : FensterFixture {
         Begin();
         StartRun();
     }
-    F9& Window() { return programm->F9; }
+    F9& Window() { return programm->Transfer->F9; }
     /// The run's first five telegrams were acknowledged, two seconds ago.
     void Five_Of_Seventeen() {
         Run("----X");
@@ -84,11 +84,11 @@ TEST_F(F9_Fenster, shows_no_units_of_an_earlier_lock_while_a_history_is_read) {
     SettledLock(2, "Keller");
     Begin();
     OpenStart(1);
-    programm->F11.Cancel_Click();
+    programm->Transfer->F11.Cancel_Click();
     Expect(65);
     Click(2, F13Column::History);
     Type("123456");
-    programm->F11.OK_Click();
+    programm->Transfer->F11.OK_Click();
     EXPECT_EQ(Window().Check[0].Text(), "Keller");
     EXPECT_EQ(Window().Check[1].Text(), "");
     EXPECT_FALSE(Window().Check[1].Enabled);
@@ -234,7 +234,7 @@ TEST_F(F9_Fenster, finished_during_a_channel_search_is_shown_all_the_same) {
     programm->Lauf.Ansicht.Fertig(78);
     EXPECT_TRUE(Window().Fenster.Visible);
     EXPECT_EQ(Window().StatusLabel.Text(), "L78");
-    EXPECT_FALSE(programm->F18.Fenster.Visible);
+    EXPECT_FALSE(programm->Transfer->F18.Fenster.Visible);
 }
 
 TEST_F(F9_Fenster, close_gives_the_grid_back_with_fresh_status_pictures) {
@@ -244,8 +244,8 @@ TEST_F(F9_Fenster, close_gives_the_grid_back_with_fresh_status_pictures) {
     programm->Lauf.Ansicht.Fertig(110);
     Window().Command2_Click();
     EXPECT_FALSE(Window().Fenster.Visible);
-    EXPECT_TRUE(programm->F13.Fenster.Enabled);
-    EXPECT_EQ(programm->F13.FGK13.At(1, F13Column::Status).Picture, ChannelPicture::Image7);
+    EXPECT_TRUE(programm->Transfer->F13.Fenster.Enabled);
+    EXPECT_EQ(programm->Transfer->F13.FGK13.At(1, F13Column::Status).Picture, ChannelPicture::Image7);
 }
 
 // ---- cancel
@@ -259,7 +259,7 @@ TEST_F(F9_Fenster, cancel_only_wishes_and_makes_the_close_button_live) {
     EXPECT_FALSE(Window().Label15.Visible);
     EXPECT_TRUE(Window().Command2.Enabled);
     EXPECT_TRUE(Window().Fenster.Visible);
-    EXPECT_FALSE(programm->F13.Fenster.Enabled);
+    EXPECT_FALSE(programm->Transfer->F13.Fenster.Enabled);
     EXPECT_THAT(SentCodes(), ElementsAre(0x04));
     world.RunFor(60000);
     EXPECT_THAT(SentCodes(), ElementsAre(0x04)); // nothing before the next reply
@@ -283,7 +283,7 @@ TEST_F(F9_Fenster, close_after_a_cancel_gives_a_silent_lock_up) {
     EXPECT_EQ(Lauf().Chain.AbbruchWunsch, 0);
     EXPECT_FALSE(world.PortOpen);
     EXPECT_FALSE(Window().Fenster.Visible);
-    EXPECT_TRUE(programm->F13.Fenster.Enabled);
+    EXPECT_TRUE(programm->Transfer->F13.Fenster.Enabled);
     EXPECT_THAT(SentCodes(), ElementsAre(0x04));
 }
 
@@ -414,7 +414,7 @@ TEST_F(F9_Fenster, ends_at_once_when_a_run_without_an_adapter_is_cancelled) {
     EXPECT_FALSE(Window().Command1.Enabled);
     EXPECT_THAT(SentCodes(), ElementsAre(0x04));
     Window().Command2_Click();
-    EXPECT_TRUE(programm->F13.Fenster.Enabled);
+    EXPECT_TRUE(programm->Transfer->F13.Fenster.Enabled);
     StartRun();
     EXPECT_THAT(SentCodes(), ElementsAre(0x04, 0x04));
 }

@@ -34,9 +34,9 @@ void FensterFixture::Begin() {
     if (!programm) {
         Start();
     }
-    programm->F13.F13_FormLaden();
-    programm->F13.Timer1.Stop();
-    programm->F13.Timer2.Stop();
+    programm->Transfer->F13.F13_FormLaden();
+    programm->Transfer->F13.Timer1.Stop();
+    programm->Transfer->F13.Timer2.Stop();
 }
 
 void FensterFixture::AddAdapter(std::string_view address, std::string_view name, std::string_view port) {
@@ -53,20 +53,20 @@ void FensterFixture::Expect(int line, Answer answer) {
 
 void FensterFixture::Type(std::string_view keys) {
     for (const char key : keys) {
-        programm->F11.Text1_KeyPress(static_cast<unsigned char>(key));
+        programm->Transfer->F11.Text1_KeyPress(static_cast<unsigned char>(key));
     }
 }
 
 void FensterFixture::OpenStart(int row) {
     Expect(63, Answer::No);
     Click(row, F13Column::Program);
-    ASSERT_TRUE(programm->F11.Fenster.Visible);
+    ASSERT_TRUE(programm->Transfer->F11.Fenster.Visible);
 }
 
 void FensterFixture::StartRun(int row) {
     OpenStart(row);
     Type("123456");
-    programm->F11.OK_Click();
+    programm->Transfer->F11.OK_Click();
 }
 
 std::vector<int> FensterFixture::SentCodes() const {

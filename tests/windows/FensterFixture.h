@@ -1,7 +1,9 @@
 #pragma once
 
 #include "Datendateien.h"
-#include "Programm.h"
+#include "HistoryWindows.h"
+#include "MainWindows.h"
+#include "TransferWindows.h"
 #include "VirtualPlatform.h"
 
 #include <cstdint>
@@ -39,7 +41,7 @@ struct FensterFixture : ::testing::Test {
     void AddAdapter(std::string_view address, std::string_view name, std::string_view port);
     /// Expects a message by its catalogue line.
     void Expect(int line, Answer answer = Answer::Ok);
-    void Click(int row, int column) { programm->F13.FGK13_Click(row, column); }
+    void Click(int row, int column) { programm->Transfer->F13.FGK13_Click(row, column); }
     void Type(std::string_view keys);
     /// Click on the program cell of a settled lock, the question answered with No: F11 is open.
     void OpenStart(int row = 1);
@@ -49,7 +51,7 @@ struct FensterFixture : ::testing::Test {
     std::vector<int> SentCodes() const;
 
     RunState& Lauf() { return programm->link.Lauf; }
-    std::string Mark(int row) { return programm->F13.FGK13.Text(row, F13Column::Mark); }
+    std::string Mark(int row) { return programm->Transfer->F13.FGK13.Text(row, F13Column::Mark); }
 
 private:
     int channel_ = 3;

@@ -19,10 +19,10 @@ TEST_F(Schlosszeile_Fenster, stands_below_the_question_before_a_programming_and_
     OpenStart(3);
     EXPECT_EQ(world.Shown.back().Text, "L63");
     EXPECT_EQ(About(), "Schloss 3: Serverraum");
-    EXPECT_EQ(programm->F11.Schloss.Text(), "Schloss 3: Serverraum");
+    EXPECT_EQ(programm->Transfer->F11.Schloss.Text(), "Schloss 3: Serverraum");
     Expect(61);
     Type("123");
-    programm->F11.OK_Click();
+    programm->Transfer->F11.OK_Click();
     EXPECT_EQ(About(), "Schloss 3: Serverraum");
 }
 
@@ -46,28 +46,28 @@ TEST_F(Schlosszeile_Fenster, stands_in_the_wait_box_of_a_search) {
     files.Channel(2, "7", "3", "0");
     Begin();
     StartRun(2);
-    EXPECT_EQ(programm->F18.Schloss.Text(), "Schloss 2: Keller");
+    EXPECT_EQ(programm->Transfer->F18.Schloss.Text(), "Schloss 2: Keller");
 }
 
 TEST_F(Schlosszeile_Fenster, is_empty_for_a_list) {
     Locks();
     OpenStart(3);
-    programm->F11.Cancel_Click();
-    programm->F13.Marke_Setzen(1, true);
+    programm->Transfer->F11.Cancel_Click();
+    programm->Transfer->F13.Marke_Setzen(1, true);
     Expect(63, Answer::No);
     Expect(269, Answer::No);
-    programm->F13.Toolbar1_ButtonClick("Prog.");
+    programm->Transfer->F13.Toolbar1_ButtonClick("Prog.");
     EXPECT_EQ(world.Shown[world.Shown.size() - 2].About, "");
     EXPECT_EQ(About(), "");
-    EXPECT_EQ(programm->F11.Schloss.Text(), "");
+    EXPECT_EQ(programm->Transfer->F11.Schloss.Text(), "");
 }
 
 TEST_F(Schlosszeile_Fenster, speaks_the_language_in_use) {
     Locks();
     OpenStart(3);
     programm->kern.Config.Sprache = "Francais";
-    programm->F11.Texte_Setzen();
-    EXPECT_EQ(programm->F11.Schloss.Text(), "Serrure 3 : Serverraum");
+    programm->Transfer->F11.Texte_Setzen();
+    EXPECT_EQ(programm->Transfer->F11.Schloss.Text(), "Serrure 3 : Serverraum");
 }
 
 } // namespace

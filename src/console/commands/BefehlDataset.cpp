@@ -1,9 +1,9 @@
 #include "AdapterKunde.h"
 #include "Befehle.h"
 #include "Probewelt.h"
-#include "Programm.h"
 #include "Protokoll.h"
 #include "Telegramme.h"
+#include "TransferWindows.h"
 #include "Vorpruefung.h"
 
 #include <iomanip>
@@ -60,24 +60,24 @@ SentTelegram Gesendet(const TraceFrame& frame, std::string& address) {
 }
 
 void Starten(Programm& program, int lock) {
-    program.F13.FGK13_Click(lock, F13Column::Program);
-    if (program.F11.Fenster.Visible) {
+    program.Transfer->F13.FGK13_Click(lock, F13Column::Program);
+    if (program.Transfer->F11.Fenster.Visible) {
         // The code is hidden wherever a telegram is shown.
         for (int n = 0; n < F11::CodeLength; ++n) {
-            program.F11.Text1_KeyPress('0');
+            program.Transfer->F11.Text1_KeyPress('0');
         }
-        program.F11.OK_Click();
+        program.Transfer->F11.OK_Click();
     }
 }
 
 Probelauf Durchspielen(Probewelt& dry, Programm& program, int lock) {
     Probelauf run;
     Port_Festlegen(program);
-    program.F13.F13_FormLaden();
-    program.F13.Timer1.Stop();
-    program.F13.Timer2.Stop();
-    run.Name = Anzeige_Aus_1252(program.F13.FGK13.Text(lock, F13Column::Name));
-    run.Serial = Anzeige_Aus_1252(program.F13.FGK13.Text(lock, F13Column::Serial));
+    program.Transfer->F13.F13_FormLaden();
+    program.Transfer->F13.Timer1.Stop();
+    program.Transfer->F13.Timer2.Stop();
+    run.Name = Anzeige_Aus_1252(program.Transfer->F13.FGK13.Text(lock, F13Column::Name));
+    run.Serial = Anzeige_Aus_1252(program.Transfer->F13.FGK13.Text(lock, F13Column::Serial));
     std::string address;
     program.link.Protokoll = [&](const TraceFrame& frame) {
         if (frame.Way == TraceFrame::Direction::Sent || frame.Way == TraceFrame::Direction::SentRaw) {

@@ -6,6 +6,7 @@
 #include "Schlosslauf.h"
 #include "Text.h"
 #include "TraceDatei.h"
+#include "TransferWindows.h"
 #include "Vorpruefung.h"
 
 #include <functional>
@@ -115,7 +116,7 @@ ExitCode Befehl_Lauf(const Umgebung& world, const Console& console, const Option
     const bool known = Adapter_Kennenlernen(
         program, console, {.Device = options.Port, .FixedToo = false, .Interrupts = order.Interrupts});
     // With what the search has found.
-    program.F13.Adapter_Spalten_Laden();
+    program.Transfer->F13.Adapter_Spalten_Laden();
     program.link.Protokoll = [&](const TraceFrame& frame) {
         trace.Schreiben(frame);
         if (frame.Way == TraceFrame::Direction::Sent || frame.Way == TraceFrame::Direction::SentRaw) {

@@ -5,6 +5,7 @@
 #include "Ergebnis.h"
 #include "Reihenlauf.h"
 #include "TraceDatei.h"
+#include "TransferWindows.h"
 #include "Vorpruefung.h"
 
 #include <algorithm>
@@ -32,10 +33,10 @@ LaufAuftrag Listenauftrag(const Optionen& options) {
 
 /// A message for each lock that cannot be run.
 std::vector<std::string> Hindernisse(Programm& program, const std::vector<int>& locks) {
-    program.F13.TuerInfo_laden();
+    program.Transfer->F13.TuerInfo_laden();
     std::vector<std::string> messages;
     for (const int lock : locks) {
-        if (program.F13.FGK13.Text(lock, F13Column::Serial).empty()) {
+        if (program.Transfer->F13.FGK13.Text(lock, F13Column::Serial).empty()) {
             messages.push_back("Lock " + std::to_string(lock) + " has no serial number in the lock table.");
         }
     }

@@ -4,6 +4,7 @@
 #include "RunProgress.h"
 #include "Takt.h"
 #include "Text.h"
+#include "TransferWindows.h"
 
 #include <Lines.h>
 
@@ -13,7 +14,7 @@ namespace {
 
 LockEnd Zeilenende(const Programm& program, int row, const Zeilenumstand& state) {
     const Kern& kern = program.kern;
-    const Grid& list = program.F91.FGK91;
+    const Grid& list = program.Transfer->F91.FGK91;
     const std::string& mark = list.Text(row, F91Column::Mark);
     const std::string& text = list.Text(row, F91Column::StateText);
     if (mark == ListMark::PassedOver) {
@@ -22,13 +23,13 @@ LockEnd Zeilenende(const Programm& program, int row, const Zeilenumstand& state)
     if (mark != ListMark::Failed) {
         return LockEnd::Done;
     }
-    if (program.F91.Verstummt()) {
+    if (program.Transfer->F91.Verstummt()) {
         return LockEnd::Silent;
     }
     if (state.Cancelling && text == kern.Zeile(Line::Cancelled)) {
         return LockEnd::Cancelled;
     }
-    if (program.F91.Arbeit() == F91::Work::Direct) {
+    if (program.Transfer->F91.Arbeit() == F91::Work::Direct) {
         return Ende_Aus_Bericht(program);
     }
     const auto shows = [&](int line) { return !text.empty() && text == kern.Zeile(line); };
@@ -44,13 +45,13 @@ std::string Grund(const Programm& program, const LaufAuftrag& order, int row, Lo
         if (const std::string lost = program.kern.Welt.Port.LastError(); !lost.empty()) {
             return Anzeigetext(lost); // the port's own words, UTF-8
         }
-        return order.TimeoutSeconds > 0 && program.F91.Arbeit() == F91::Work::Direct
+        return order.TimeoutSeconds > 0 && program.Transfer->F91.Arbeit() == F91::Work::Direct
                    ? "no answer for " + std::to_string(order.TimeoutSeconds) + " s"
                    : "no answer from the network adapter";
     }
-    const std::string& text = program.F91.FGK91.Text(row, F91Column::StateText);
+    const std::string& text = program.Transfer->F91.FGK91.Text(row, F91Column::StateText);
     // That it was passed over says less than why.
-    const std::string& check = program.F91.Pruefergebnis(row);
+    const std::string& check = program.Transfer->F91.Pruefergebnis(row);
     const bool passed = text == program.kern.Zeile(Line::Skipped) && !check.empty();
     const SerialPort& port = program.kern.Welt.Port;
     const PortFault fault = port.LastFault ? port.LastFault() : PortFault();
@@ -65,7 +66,7 @@ std::string Grund(const Programm& program, const LaufAuftrag& order, int row, Lo
 
 void Zeile_Uebernehmen(const Programm& program, const LaufAuftrag& order, int row, const Zeilenumstand& state,
                        LockResult& result) {
-    const F91::Work work = program.F91.Arbeit();
+    const F91::Work work = program.Transfer->F91.Arbeit();
     result.End = Zeilenende(program, row, state);
     result.Text = Grund(program, order, row, result.End);
     result.Faults.clear();
@@ -85,7 +86,7 @@ void Zeile_Uebernehmen(const Programm& program, const LaufAuftrag& order, int ro
 }
 
 bool Netzzeile_Stumm(const Programm& program, const LaufAuftrag& order) {
-    return order.TimeoutSeconds > 0 && program.F91.Steht &&
+    return order.TimeoutSeconds > 0 && program.Transfer->F91.Steht &&
            Netz_Stille(program.Netz) >= std::int64_t{1000} * order.TimeoutSeconds;
 }
 
@@ -93,10 +94,12 @@ Netzzeile::Netzzeile(Programm& program, const LaufAuftrag& order, Fortschritt& p
                      int& interrupts)
     : program_(program), order_(order), progress_(progress), result_(result), interrupts_(interrupts),
       watch_(program.kern.Welt, WatchMs) {
-    program_.F91.Zeile_Beginnt = [this](int) { result_.Route = "network"; };
-    program_.F91.Zeile_Fertig = [this](int row) { Zeile_Uebernehmen(program_, order_, row, state_, result_); };
-    program_.F91.Hinweis.Text.Changed = [this] {
-        if (const std::string& text = program_.F91.Hinweis.Text(); !text.empty()) {
+    program_.Transfer->F91.Zeile_Beginnt = [this](int) { result_.Route = "network"; };
+    program_.Transfer->F91.Zeile_Fertig = [this](int row) {
+        Zeile_Uebernehmen(program_, order_, row, state_, result_);
+    };
+    program_.Transfer->F91.Hinweis.Text.Changed = [this] {
+        if (const std::string& text = program_.Transfer->F91.Hinweis.Text(); !text.empty()) {
             progress_.Meldung(Anzeige_Aus_1252(text));
         }
     };
@@ -104,7 +107,7 @@ Netzzeile::Netzzeile(Programm& program, const LaufAuftrag& order, Fortschritt& p
         progress_.Meldung(Suchzeile(step, order_.Device));
     };
     watch_.Ticked = [this] {
-        if (program_.F91.Laeuft()) { // not a run that goes out directly
+        if (program_.Transfer->F91.Laeuft()) { // not a run that goes out directly
             Tick();
         }
     };
@@ -112,17 +115,17 @@ Netzzeile::Netzzeile(Programm& program, const LaufAuftrag& order, Fortschritt& p
 }
 
 Netzzeile::~Netzzeile() {
-    program_.F91.Zeile_Beginnt = {};
-    program_.F91.Zeile_Fertig = {};
-    program_.F91.Hinweis.Text.Changed = {};
+    program_.Transfer->F91.Zeile_Beginnt = {};
+    program_.Transfer->F91.Zeile_Fertig = {};
+    program_.Transfer->F91.Hinweis.Text.Changed = {};
     program_.Adapter.Suche_Zeigen = {};
-    if (program_.F91.Fenster.Visible) {
-        program_.F91.F91_Schliessen();
+    if (program_.Transfer->F91.Fenster.Visible) {
+        program_.Transfer->F91.F91_Schliessen();
     }
 }
 
 bool Netzzeile::Abwarten() {
-    while (program_.F91.Laeuft()) {
+    while (program_.Transfer->F91.Laeuft()) {
         program_.kern.Welt.ProcessEvents();
     }
     watch_.Stop();
@@ -130,7 +133,7 @@ bool Netzzeile::Abwarten() {
 }
 
 void Netzzeile::Tick() {
-    const F91& list = program_.F91;
+    const F91& list = program_.Transfer->F91;
     progress_.Zeigen(Prozent(list.Balken.Value, list.Balken.Maximum), Anzeige_Aus_1252(list.StatusLabel.Text()));
     const int now = order_.Interrupts ? order_.Interrupts() : 0;
     if (now > interrupts_) {
@@ -138,10 +141,10 @@ void Netzzeile::Tick() {
         state_.Cancelling = true;
         progress_.Meldung("Cancelled; what the network adapter has by now it may still carry out.");
         result_.End = LockEnd::Cancelled; // unless the row has begun and says it itself
-        program_.F91.Command2_Click();
+        program_.Transfer->F91.Command2_Click();
     } else if (Netzzeile_Stumm(program_, order_)) {
         progress_.Meldung("No answer from the network adapter; the run is given up.");
-        program_.F91.Zeile_Aufgeben();
+        program_.Transfer->F91.Zeile_Aufgeben();
     }
 }
 

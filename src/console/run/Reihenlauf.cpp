@@ -4,6 +4,7 @@
 #include "RunProgress.h"
 #include "Takt.h"
 #include "Text.h"
+#include "TransferWindows.h"
 
 #include <algorithm>
 
@@ -14,15 +15,15 @@ Reihenlauf::Reihenlauf(Programm& program, const LaufAuftrag& order, const std::o
       shownBefore_(program.kern.Welt.ShowMessage) {
     program_.kern.Welt.ShowMessage = [this](const Message& message) { return Antworten(message); };
     watch_.Ticked = [this] { Tick(); };
-    program_.F91.Zeile_Beginnt = [this](int row) { Zeile_Beginnt(row); };
-    program_.F91.Zeile_Fertig = [this](int row) { Zeile_Fertig(row); };
-    program_.F91.Zeile_Notiz = [this](int row, const std::string& note) {
+    program_.Transfer->F91.Zeile_Beginnt = [this](int row) { Zeile_Beginnt(row); };
+    program_.Transfer->F91.Zeile_Fertig = [this](int row) { Zeile_Fertig(row); };
+    program_.Transfer->F91.Zeile_Notiz = [this](int row, const std::string& note) {
         const std::string text = Anzeige_Aus_1252(note);
         Ergebnis(row).Messages.push_back(text);
         table_.Meldung(text);
     };
-    program_.F91.Hinweis.Text.Changed = [this] {
-        if (const std::string& text = program_.F91.Hinweis.Text(); !text.empty()) {
+    program_.Transfer->F91.Hinweis.Text.Changed = [this] {
+        if (const std::string& text = program_.Transfer->F91.Hinweis.Text(); !text.empty()) {
             table_.Meldung(Anzeige_Aus_1252(text));
         }
     };
@@ -30,23 +31,23 @@ Reihenlauf::Reihenlauf(Programm& program, const LaufAuftrag& order, const std::o
     if (program_.kern.Welt.OnPortChange) {
         program_.kern.Welt.OnPortChange([this](PortChange change) { Anschluss_Geaendert(change); });
     }
-    program_.F13.F13_FormLaden();
+    program_.Transfer->F13.F13_FormLaden();
     // Nobody moves a mouse over the grid.
-    program_.F13.Timer1.Stop();
-    program_.F13.Timer2.Stop();
+    program_.Transfer->F13.Timer1.Stop();
+    program_.Transfer->F13.Timer2.Stop();
 }
 
 Reihenlauf::~Reihenlauf() {
     program_.kern.Welt.ShowMessage = shownBefore_;
-    program_.F91.Zeile_Beginnt = {};
-    program_.F91.Zeile_Fertig = {};
-    program_.F91.Zeile_Notiz = {};
-    program_.F91.Hinweis.Text.Changed = {};
+    program_.Transfer->F91.Zeile_Beginnt = {};
+    program_.Transfer->F91.Zeile_Fertig = {};
+    program_.Transfer->F91.Zeile_Notiz = {};
+    program_.Transfer->F91.Hinweis.Text.Changed = {};
     program_.Adapter.Suche_Zeigen = {};
     if (program_.kern.Welt.OnPortChange) {
         program_.kern.Welt.OnPortChange(nullptr);
     }
-    program_.F91.F91_Schliessen();
+    program_.Transfer->F91.F91_Schliessen();
     if (program_.kern.Welt.Port.IsOpen()) {
         program_.kern.Welt.Port.SetRts(false);
         program_.kern.Welt.Port.Close();
@@ -74,21 +75,21 @@ Answer Reihenlauf::Antworten(const Message& message) {
 
 LockResult* Reihenlauf::Zeile_Der_Meldung() {
     // The row check comes before all rows, and goes through all of them.
-    const int checked = program_.F91.Prueft();
+    const int checked = program_.Transfer->F91.Prueft();
     const int row = checked > 0 ? checked : program_.link.Lauf.List.RunRow;
     return row >= 1 && row <= static_cast<int>(results_.size()) ? &Ergebnis(row) : nullptr;
 }
 
 void Reihenlauf::Anschluss_Geaendert(PortChange change) {
-    if (change == PortChange::Removed && program_.F91.Arbeit() == F91::Work::None) {
+    if (change == PortChange::Removed && program_.Transfer->F91.Arbeit() == F91::Work::None) {
         program_.Adapter.Ports_Vergessen();
     }
-    program_.F91.Anschluss_Geaendert();
+    program_.Transfer->F91.Anschluss_Geaendert();
 }
 
 bool Reihenlauf::Starten(const std::vector<int>& locks) {
-    F13& grid = program_.F13;
-    F11& dialog = program_.F11;
+    F13& grid = program_.Transfer->F13;
+    F11& dialog = program_.Transfer->F11;
     for (const int lock : locks) {
         grid.FGK13.SetText(lock, F13Column::Mark, "X");
     }
@@ -104,13 +105,13 @@ bool Reihenlauf::Starten(const std::vector<int>& locks) {
         dialog.Text1_KeyPress(static_cast<unsigned char>(character));
     }
     dialog.OK_Click();
-    program_.F91.Geduld = order_.TimeoutSeconds;
-    if (at_ && program_.F92.Fenster.Visible) {
-        program_.F92.Tag_Waehlen({.Year = at_->Year, .Month = at_->Month, .Day = at_->Day});
-        program_.F92.Zeit_Waehlen(at_->Hour, at_->Minute);
-        program_.F92.OK_Click();
+    program_.Transfer->F91.Geduld = order_.TimeoutSeconds;
+    if (at_ && program_.Transfer->F92.Fenster.Visible) {
+        program_.Transfer->F92.Tag_Waehlen({.Year = at_->Year, .Month = at_->Month, .Day = at_->Day});
+        program_.Transfer->F92.Zeit_Waehlen(at_->Hour, at_->Minute);
+        program_.Transfer->F92.OK_Click();
     }
-    return program_.F91.Laeuft();
+    return program_.Transfer->F91.Laeuft();
 }
 
 std::vector<LockResult> Reihenlauf::Ausfuehren(const std::vector<int>& locks,
@@ -129,7 +130,7 @@ std::vector<LockResult> Reihenlauf::Ausfuehren(const std::vector<int>& locks,
     table_.Beginnen(lines);
     if (running) {
         watch_.Start();
-        while (program_.F91.Laeuft() || !program_.Lauf.Gesamtende) {
+        while (program_.Transfer->F91.Laeuft() || !program_.Lauf.Gesamtende) {
             program_.kern.Welt.ProcessEvents();
         }
         watch_.Stop();
@@ -145,7 +146,7 @@ void Reihenlauf::Zeile_Beginnt(int row) {
         rowBegun_ = program_.kern.Welt.Milliseconds();
         telegramsBefore_ = telegrams_;
     }
-    Ergebnis(row).Route = program_.F91.Arbeit() == F91::Work::Network ? "network" : "direct";
+    Ergebnis(row).Route = program_.Transfer->F91.Arbeit() == F91::Work::Network ? "network" : "direct";
     Anzeigen();
 }
 
@@ -155,7 +156,7 @@ void Reihenlauf::Zeile_Fertig(int row) {
     }
     LockResult& result = Ergebnis(row);
     Zeile_Uebernehmen(program_, order_, row, state_, result);
-    if (program_.F91.Arbeit() != F91::Work::None) {
+    if (program_.Transfer->F91.Arbeit() != F91::Work::None) {
         result.Seconds = static_cast<double>(program_.kern.Welt.Milliseconds() - rowBegun_) / 1000.0;
         result.Telegrams = telegrams_ - telegramsBefore_;
     }
@@ -183,11 +184,11 @@ void Reihenlauf::Tick() {
     }
     // A direct row the list gives up by itself.
     if (!state_.Cancelling && Netzzeile_Stumm(program_, order_)) {
-        program_.F91.Zeile_Aufgeben();
+        program_.Transfer->F91.Zeile_Aufgeben();
     }
     cancelSince_ = Abbruch_Wartet_Seit(program_.Lauf, cancelSince_);
     if (state_.Cancelling && (atOnce_ || now - cancelSince_ >= CancelMs) && !program_.Lauf.Gesamtende) {
-        program_.F9.Command2_Click();
+        program_.Transfer->F9.Command2_Click();
     }
 }
 
@@ -196,15 +197,15 @@ void Reihenlauf::Abbrechen(bool again) {
     state_.Cancelling = true;
     atOnce_ = again;
     cancelSince_ = program_.kern.Welt.Milliseconds();
-    if (program_.F91.Arbeit() == F91::Work::Direct) {
-        program_.F9.Command1_Click();
+    if (program_.Transfer->F91.Arbeit() == F91::Work::Direct) {
+        program_.Transfer->F9.Command1_Click();
     } else {
-        program_.F91.Command2_Click();
+        program_.Transfer->F91.Command2_Click();
     }
 }
 
 std::string Reihenlauf::Zeile(int row) const {
-    const Grid& list = program_.F91.FGK91;
+    const Grid& list = program_.Transfer->F91.FGK91;
     const LockResult& result = results_[static_cast<std::size_t>(row - 1)];
     const auto padded = [](std::string text, std::size_t width) {
         const auto characters = static_cast<std::size_t>(std::count_if(
@@ -217,7 +218,7 @@ std::string Reihenlauf::Zeile(int row) const {
 }
 
 std::string Reihenlauf::Fuss() const {
-    const F91& list = program_.F91;
+    const F91& list = program_.Transfer->F91;
     if (list.RestLabel.Visible) {
         return Anzeige_Aus_1252(list.StartLabel.Text() + "   " + list.RestLabel.Text());
     }

@@ -4,6 +4,7 @@
 #include "RunProgress.h"
 #include "Takt.h"
 #include "Text.h"
+#include "TransferWindows.h"
 
 #include <algorithm>
 
@@ -14,15 +15,15 @@ Schlosslauf::Schlosslauf(Programm& program, const LaufAuftrag& order, Fortschrit
       shownBefore_(program.kern.Welt.ShowMessage) {
     program_.kern.Welt.ShowMessage = [this](const Message& message) { return Antworten(message); };
     watch_.Ticked = [this] { Tick(); };
-    program_.F13.F13_FormLaden();
+    program_.Transfer->F13.F13_FormLaden();
     // Nobody moves a mouse over the grid.
-    program_.F13.Timer1.Stop();
-    program_.F13.Timer2.Stop();
+    program_.Transfer->F13.Timer1.Stop();
+    program_.Transfer->F13.Timer2.Stop();
 }
 
 Schlosslauf::~Schlosslauf() {
     program_.kern.Welt.ShowMessage = shownBefore_;
-    program_.F13.F13_Schliessen();
+    program_.Transfer->F13.F13_Schliessen();
     if (program_.kern.Welt.Port.IsOpen()) {
         program_.kern.Welt.Port.SetRts(false);
         program_.kern.Welt.Port.Close();
@@ -49,7 +50,7 @@ Answer Schlosslauf::Antworten(const Message& message) {
 }
 
 std::string Schlosslauf::Hindernis(int lock) const {
-    const Grid& grid = program_.F13.FGK13;
+    const Grid& grid = program_.Transfer->F13.FGK13;
     if (grid.Text(lock, F13Column::Serial).empty()) {
         return "has no serial number in the lock table";
     }
@@ -61,8 +62,8 @@ std::string Schlosslauf::Hindernis(int lock) const {
 }
 
 bool Schlosslauf::Starten(int lock) {
-    F11& dialog = program_.F11;
-    program_.F13.FGK13_Click(lock, order_.HistoryOnly ? F13Column::History : F13Column::Program);
+    F11& dialog = program_.Transfer->F11;
+    program_.Transfer->F13.FGK13_Click(lock, order_.HistoryOnly ? F13Column::History : F13Column::Program);
     if (!dialog.Fenster.Visible) {
         return false;
     }
@@ -78,7 +79,7 @@ bool Schlosslauf::Starten(int lock) {
 }
 
 LockResult Schloss_Beschreiben(const Programm& program, int lock) {
-    const Grid& grid = program.F13.FGK13;
+    const Grid& grid = program.Transfer->F13.FGK13;
     LockResult result;
     result.Lock = lock;
     result.Name = Anzeige_Aus_1252(grid.Text(lock, F13Column::Name));
@@ -97,7 +98,7 @@ LockResult Schlosslauf::Ausfuehren(int lock) {
     if (!Starten(lock)) {
         result.End = LockEnd::Fault;
         result.Text = messages_.empty() ? "the run could not be started" : messages_.back();
-    } else if (program_.F91.Fenster.Visible) {
+    } else if (program_.Transfer->F91.Fenster.Visible) {
         interrupted_ = row.Abwarten() || interrupted_;
     } else {
         Warten();
@@ -110,8 +111,8 @@ LockResult Schlosslauf::Ausfuehren(int lock) {
     result.Messages = messages_;
     progress_.Beenden();
     // Back to the grid, as with the close button.
-    program_.F18.F18_Schliessen();
-    program_.F9.Command2_Click();
+    program_.Transfer->F18.F18_Schliessen();
+    program_.Transfer->F9.Command2_Click();
     return result;
 }
 
@@ -143,8 +144,8 @@ void Schlosslauf::Tick() {
     }
     cancelSince_ = Abbruch_Wartet_Seit(program_.Lauf, cancelSince_);
     if (cancelling_ && (atOnce_ || now - cancelSince_ >= CancelMs) && !program_.Lauf.Gesamtende) {
-        program_.F18.F18_Schliessen();
-        program_.F9.Command2_Click();
+        program_.Transfer->F18.F18_Schliessen();
+        program_.Transfer->F9.Command2_Click();
     }
 }
 
@@ -152,17 +153,17 @@ void Schlosslauf::Abbrechen() {
     if (!cancelling_) {
         cancelling_ = true;
         cancelSince_ = program_.kern.Welt.Milliseconds();
-        program_.F9.Command1_Click();
+        program_.Transfer->F9.Command1_Click();
     }
 }
 
 void Schlosslauf::Anzeigen() {
-    std::string status = Anzeige_Aus_1252(program_.F9.StatusLabel.Text());
+    std::string status = Anzeige_Aus_1252(program_.Transfer->F9.StatusLabel.Text());
     const std::int64_t silence = Lauf_Stille(program_.Lauf);
     // Seconds change too often for plain lines.
-    if (program_.F9.StilleLabel.Visible && silence >= 5000) {
+    if (program_.Transfer->F9.StilleLabel.Visible && silence >= 5000) {
         status = "no answer for " + std::to_string(silence / 5000 * 5) + " s";
-    } else if (program_.F18.Fenster.Visible) {
+    } else if (program_.Transfer->F18.Fenster.Visible) {
         status = "searching channel " + std::to_string(program_.link.TargetChannel);
     }
     const RunProgress run = Lauf_Fortschritt(program_.Lauf);

@@ -1,5 +1,7 @@
 #include "Vorpruefung.h"
 
+#include "TransferWindows.h"
+
 #include <algorithm>
 #include <string>
 
@@ -35,9 +37,9 @@ bool Dateien_Vorpruefen(const Console& console, std::string_view word, Programm&
     std::vector<std::string> obstacles = Einstellungsmaengel(program.kern.Config);
     std::vector<std::string> warnings;
     if (programming) {
-        program.F13.TuerInfo_laden();
+        program.Transfer->F13.TuerInfo_laden();
         program.Lauf.SchadenHinnehmen = force;
-        for (const FileTrouble& trouble : Datendateien_Pruefen(program.F13, locks)) {
+        for (const FileTrouble& trouble : Datendateien_Pruefen(program.Transfer->F13, locks)) {
             const std::string what = FileTrouble_English(trouble) + ".";
             if (trouble.Fault != FileFault::None) {
                 obstacles.push_back(what);

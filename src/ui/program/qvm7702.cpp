@@ -1,6 +1,7 @@
 #include "ClearStyle.h"
 #include "FileDialogs.h"
 #include "FrontWindow.h"
+#include "MainWindows.h"
 #include "Messages.h"
 #include "Oberflaeche.h"
 #include "ProcessGuard.h"
@@ -102,14 +103,14 @@ int main(int argc, char** argv) {
         TellDataHeld(boxes, programm);
         return 1;
     }
-    programm.F1.CipherText = qvm::AusUtf8(platform.CipherText());
-    programm.F1.SupportPage = QVM_SUPPORT_PAGE;
+    programm.Main->F1.CipherText = qvm::AusUtf8(platform.CipherText());
+    programm.Main->F1.SupportPage = QVM_SUPPORT_PAGE;
     qvm::ui::Oberflaeche windows(programm);
-    programm.F2.Hooks.Ende = EndSoon;
+    programm.Main->F2.Hooks.Ende = EndSoon;
     // From inside the event loop, so that it can be left again whatever the operator does first.
     QTimer opening;
     opening.setSingleShot(true);
-    QObject::connect(&opening, &QTimer::timeout, &application, [&programm] { programm.F2.F2_Laden(); });
+    QObject::connect(&opening, &QTimer::timeout, &application, [&programm] { programm.Main->F2.F2_Laden(); });
     opening.start(0);
     return QApplication::exec();
 }

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "F11.h"
+#include "F13.h"
+#include "F18.h"
+#include "F9.h"
+#include "F91.h"
+#include "F92.h"
+#include "Programm.h"
+
+namespace qvm {
+
+/// The windows by which locks are programmed and their histories read.
+struct TransferWindows {
+    explicit TransferWindows(Programm& whole) : programm(whole) {}
+
+    Programm& programm;
+    struct F9 F9 {
+        programm.Lauf
+    };
+    struct F18 F18 {
+        programm.Lauf
+    };
+    struct F11 F11 {
+        programm.Lauf, F9, F18, programm.Adapter
+    };
+    struct F13 F13 {
+        programm.Lauf, F11, programm.Adapter
+    };
+    struct F91 F91 {
+        programm.Lauf, programm.Netz, F9, programm.Adapter
+    };
+    struct F92 F92 {
+        programm.kern
+    };
+
+    /// The lock grid or the run list stands open, in the main window's place.
+    bool Offen() const { return F13.Fenster.Visible || F91.Fenster.Visible; }
+    /// Fills the hooks of these windows, and those that lead to them. Behind MainWindows.
+    void Verbinden();
+
+private:
+    void Hauptfenster_Verbinden();
+    void Lauf_Verbinden();
+    void Liste_Verbinden();
+    void Listenlauf_Verbinden();
+};
+
+} // namespace qvm
