@@ -12,6 +12,7 @@
 #include <QTest>
 
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace qvm::test {
@@ -65,6 +66,7 @@ void Fensterschau::run(Look look) {
     progress();
     list();
     history();
+    others();
     messageBoxes();
     programm_->Main->F2.Beenden();
 }
@@ -73,6 +75,23 @@ void Fensterschau::take(QWidget& window, const char* name) {
     QApplication::setActiveWindow(&window);
     QTest::qWait(30);
     look_(window, name);
+    const std::string_view state = name;
+    taken_.emplace(state.substr(0, state.find('-')));
+}
+
+void Fensterschau::others() {
+    for (const auto& [name, open] : programm_->kern.Windows.Open) {
+        if (taken_.contains(name) || name.starts_with("F2_")) {
+            continue;
+        }
+        open();
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            if (window->objectName() == QString::fromStdString(name)) {
+                take(*window, name.c_str());
+                window->close();
+            }
+        }
+    }
 }
 
 void Fensterschau::mainWindow() {

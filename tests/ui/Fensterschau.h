@@ -6,6 +6,8 @@
 
 #include <functional>
 #include <memory>
+#include <set>
+#include <string>
 #include <string_view>
 
 namespace qvm::test {
@@ -34,6 +36,8 @@ private:
     void list();
     void besideList();
     void history();
+    /// Windows that nothing above shows, as the main window opens them.
+    void others();
     void messageBoxes();
     void take(QWidget& window, const char* name);
     void showBox(const Message& message, const char* name);
@@ -43,6 +47,7 @@ private:
     std::unique_ptr<ui::Oberflaeche> windows_;
     ui::MessageBoxes boxes_;
     Look look_;
+    std::set<std::string, std::less<>> taken_; ///< names of windows
 };
 
 } // namespace qvm::test
