@@ -15,7 +15,7 @@ namespace qvm {
 namespace {
 
 /// Every lock's files.
-constexpr const RecordLayout* Immer[] = {
+constexpr const RecordLayout* ImmerGelesen[] = {
     &LockRecord::Record,    &ChannelRecord::Record,      &LockAdapterRecord::Record, &LockGroupRecord::Record,
     &LockTimeGroup::Record, &UserRecord::Record,         &TimeGroup::Record,         &LockPrioRecord::Record,
     &LockEmiRecord::Record, &WirelessUnitRecord::Record,
@@ -37,7 +37,7 @@ bool Hat_Finger(const Kern& kern, int lock) {
 } // namespace
 
 std::vector<FileTrouble> Datensatz_Dateien_Pruefen(const Kern& kern, const LockRow& row) {
-    std::vector<const RecordLayout*> wanted(std::begin(Immer), std::end(Immer));
+    std::vector<const RecordLayout*> wanted(std::begin(ImmerGelesen), std::end(ImmerGelesen));
     if (!Trim(row.PersonTimers).empty()) {
         wanted.push_back(&TimeSlot::Record);
     }

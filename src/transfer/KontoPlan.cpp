@@ -118,7 +118,7 @@ void Unit_Bloecke(Planner& plan, const Dataset& daten) {
     }
 }
 
-void Unit(Planner& plan, const Dataset& daten, char type) {
+void Unit_Planen(Planner& plan, const Dataset& daten, char type) {
     const auto add = [&plan](std::uint8_t code) -> AccountItem& { return plan.Add(AccountPart::Unit, code); };
     if (type == '1') {
         for (const int code : {0x04, 0x3D, 0x05}) {
@@ -153,7 +153,7 @@ RunAccount Konto_Anlegen(const RunState& lauf, const Dataset& daten) {
     plan.Pass = 0;
     for (plan.Who = 0; lauf.Chain.HistoryOnly == 0 && plan.Who < static_cast<int>(daten.Units.size()); ++plan.Who) {
         if (const ProgUnit& unit = daten.Units[static_cast<std::size_t>(plan.Who)]; unit.UnitPresent) {
-            Unit(plan, daten, unit.Type);
+            Unit_Planen(plan, daten, unit.Type);
         }
     }
     return account;
