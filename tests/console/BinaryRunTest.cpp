@@ -278,6 +278,20 @@ TEST_F(BinaryRun, a_lock_without_a_serial_is_named_before_anything_is_sent) {
     EXPECT_EQ(Locks.State()["line"]["telegrams"], 0);
 }
 
+TEST_F(BinaryRun, a_lock_whose_serial_is_no_number_is_named_by_every_command) {
+    // The third record of 45 bytes; the first pair of its serial stands at 28.
+    std::string table = Locks.Directory.Read("DAT/C64UX12H3D.EBW");
+    table.replace(2 * 45 + 28, 2, "0G");
+    Locks.Directory.Write("DAT/C64UX12H3D.EBW", table);
+    for (const char* command : {"history", "run"}) {
+        const bool list = std::string_view(command) == "run";
+        const RunResult result =
+            list ? Locks.Run({command, "1", "3", "--history-only"}) : Locks.Run({command, "1", "3"});
+        EXPECT_EQ(result.Code, 1) << command;
+        EXPECT_EQ(result.Err, "Lock 3 has a serial number that is not hexadecimal.\n") << command;
+    }
+}
+
 TEST_F(BinaryRun, a_code_of_another_length_is_a_local_fault) {
     Locks.Start();
     for (const char* code : {"12345\n", "1234567\n", "", "12 456\n"}) {

@@ -33,10 +33,6 @@ ExitCode Befehl_Dataset(const Umgebung& world, const Console& console, int lock,
 /// `file`: a path, or empty or "-" for standard input. Codes stay hidden.
 ExitCode Befehl_Decode(const Umgebung& world, const Console& console, const std::string& file);
 
-struct Programm;
-/// The program's start for a run. Gives why it cannot be, a sentence; empty when all is well.
-std::string Programm_Beginnen(Programm& program, const Umgebung& world);
-
 /// The whole of what the command line names: a file, a pipe or a device up to its end, standard input for "-". Gives
 /// why it cannot be read, a sentence; empty when all is well.
 std::string Eingabe_Lesen(const Umgebung& world, const std::string& file, std::string& bytes);

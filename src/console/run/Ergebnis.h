@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Console.h"
-#include "Schlosslauf.h"
+#include "LockResult.h"
 
 #include <nlohmann/json_fwd.hpp>
 #include <vector>

@@ -91,8 +91,8 @@ bool Netzzeile_Stumm(const Programm& program, const LaufAuftrag& order) {
 }
 
 Netzzeile::Netzzeile(Programm& program, const LaufAuftrag& order, Fortschritt& progress, LockResult& result,
-                     int& interrupts)
-    : program_(program), order_(order), progress_(progress), result_(result), interrupts_(interrupts),
+                     Bedienung& user)
+    : program_(program), order_(order), progress_(progress), result_(result), operator_(user),
       watch_(program.kern.Welt, WatchMs) {
     program_.Transfer->F91.Zeile_Beginnt = [this](int) { result_.Route = "network"; };
     program_.Transfer->F91.Zeile_Fertig = [this](int row) {
@@ -124,20 +124,17 @@ Netzzeile::~Netzzeile() {
     }
 }
 
-bool Netzzeile::Abwarten() {
+void Netzzeile::Abwarten() {
     while (program_.Transfer->F91.Laeuft()) {
         program_.kern.Welt.ProcessEvents();
     }
     watch_.Stop();
-    return state_.Cancelling;
 }
 
 void Netzzeile::Tick() {
     const F91& list = program_.Transfer->F91;
     progress_.Zeigen(Prozent(list.Balken.Value, list.Balken.Maximum), Anzeige_Aus_1252(list.StatusLabel.Text()));
-    const int now = order_.Interrupts ? order_.Interrupts() : 0;
-    if (now > interrupts_) {
-        interrupts_ = now;
+    if (operator_.Unterbrochen()) {
         state_.Cancelling = true;
         progress_.Meldung("Cancelled; what the network adapter has by now it may still carry out.");
         result_.End = LockEnd::Cancelled; // unless the row has begun and says it itself

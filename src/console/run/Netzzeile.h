@@ -1,6 +1,8 @@
 #pragma once
 
-#include "Schlosslauf.h"
+#include "Bedienung.h"
+#include "Fortschritt.h"
+#include "LockResult.h"
 
 #include <string>
 
@@ -21,15 +23,15 @@ bool Netzzeile_Stumm(const Programm& program, const LaufAuftrag& order);
 /// run, as the row may end in it.
 class Netzzeile {
 public:
-    /// `result` gets all that becomes of the row; `interrupts` is how many there were before, and is kept up to date.
-    /// From here on the row shows itself and can be cancelled, also while its adapter is still searched.
-    Netzzeile(Programm& program, const LaufAuftrag& order, Fortschritt& progress, LockResult& result, int& interrupts);
+    /// `result` gets all that becomes of the row. From here on the row shows itself and can be cancelled, also while
+    /// its adapter is still searched.
+    Netzzeile(Programm& program, const LaufAuftrag& order, Fortschritt& progress, LockResult& result, Bedienung& user);
     ~Netzzeile();
     Netzzeile(const Netzzeile&) = delete;
     Netzzeile& operator=(const Netzzeile&) = delete;
 
-    /// Waits for the end of the row. True when the operator cancelled it.
-    bool Abwarten();
+    /// Waits for the end of the row.
+    void Abwarten();
 
 private:
     void Tick();
@@ -38,7 +40,7 @@ private:
     const LaufAuftrag& order_;
     Fortschritt& progress_;
     LockResult& result_;
-    int& interrupts_;
+    Bedienung& operator_;
     Zeilenumstand state_;
     Timer watch_;
 };

@@ -10,10 +10,15 @@
 
 namespace qvm {
 
-Reihenlauf::Reihenlauf(Programm& program, const LaufAuftrag& order, const std::optional<DateTime>& at, Tafel& table)
-    : program_(program), order_(order), at_(at), table_(table), watch_(program.kern.Welt, WatchMs),
-      shownBefore_(program.kern.Welt.ShowMessage) {
-    program_.kern.Welt.ShowMessage = [this](const Message& message) { return Antworten(message); };
+Reihenlauf::Reihenlauf(Laufsitzung& session, const std::optional<DateTime>& at, Tafel& table)
+    : session_(session), program_(session.program), order_(session.Auftrag), at_(at), table_(table),
+      operator_(program_, order_, [this](const std::string& text) { Melden(text); }),
+      watch_(program_.kern.Welt, WatchMs) {
+    operator_.Ja = [this] {
+        // By their order: without a language file they have no words. A list of histories asks for the delay only.
+        const bool delay = order_.HistoryOnly || questions_++ > 0;
+        return delay ? at_.has_value() : order_.HistoryFirst;
+    };
     watch_.Ticked = [this] { Tick(); };
     program_.Transfer->F91.Zeile_Beginnt = [this](int row) { Zeile_Beginnt(row); };
     program_.Transfer->F91.Zeile_Fertig = [this](int row) { Zeile_Fertig(row); };
@@ -31,14 +36,9 @@ Reihenlauf::Reihenlauf(Programm& program, const LaufAuftrag& order, const std::o
     if (program_.kern.Welt.OnPortChange) {
         program_.kern.Welt.OnPortChange([this](PortChange change) { Anschluss_Geaendert(change); });
     }
-    program_.Transfer->F13.F13_FormLaden();
-    // Nobody moves a mouse over the grid.
-    program_.Transfer->F13.Timer1.Stop();
-    program_.Transfer->F13.Timer2.Stop();
 }
 
 Reihenlauf::~Reihenlauf() {
-    program_.kern.Welt.ShowMessage = shownBefore_;
     program_.Transfer->F91.Zeile_Beginnt = {};
     program_.Transfer->F91.Zeile_Fertig = {};
     program_.Transfer->F91.Zeile_Notiz = {};
@@ -48,29 +48,13 @@ Reihenlauf::~Reihenlauf() {
         program_.kern.Welt.OnPortChange(nullptr);
     }
     program_.Transfer->F91.F91_Schliessen();
-    if (program_.kern.Welt.Port.IsOpen()) {
-        program_.kern.Welt.Port.SetRts(false);
-        program_.kern.Welt.Port.Close();
-    }
 }
 
-Answer Reihenlauf::Antworten(const Message& message) {
-    if (message.Choice == Buttons::YesNoCancel) {
-        // By their order: without a language file they have no words. A list of histories asks for the delay only.
-        const bool delay = order_.HistoryOnly || questions_++ > 0;
-        return (delay ? at_.has_value() : order_.HistoryFirst) ? Answer::Yes : Answer::No;
+void Reihenlauf::Melden(const std::string& text) {
+    if (LockResult* result = Zeile_Der_Meldung()) {
+        result->Messages.push_back(text);
     }
-    if (message.Choice != Buttons::Ok) {
-        return message.Choice == Buttons::YesNo ? Answer::No : Answer::Ok;
-    }
-    const std::string text = Anzeige_Aus_1252(message.Text);
-    if (!text.empty()) {
-        if (LockResult* result = Zeile_Der_Meldung()) {
-            result->Messages.push_back(text);
-        }
-        table_.Meldung(text);
-    }
-    return Answer::Ok;
+    table_.Meldung(text);
 }
 
 LockResult* Reihenlauf::Zeile_Der_Meldung() {
@@ -87,24 +71,15 @@ void Reihenlauf::Anschluss_Geaendert(PortChange change) {
     program_.Transfer->F91.Anschluss_Geaendert();
 }
 
-bool Reihenlauf::Starten(const std::vector<int>& locks) {
+bool Reihenlauf::Starten() {
     F13& grid = program_.Transfer->F13;
-    F11& dialog = program_.Transfer->F11;
-    for (const int lock : locks) {
+    for (const int lock : session_.Locks) {
         grid.FGK13.SetText(lock, F13Column::Mark, "X");
     }
     grid.Toolbar1_ButtonClick(order_.HistoryOnly ? "SaveHistory" : "Prog.");
-    if (!dialog.Fenster.Visible) {
+    if (!operator_.Starten()) {
         return false;
     }
-    dialog.Check1.Checked = order_.Keep;
-    if (order_.Since) {
-        dialog.Datum_Waehlen(*order_.Since);
-    }
-    for (const char character : order_.Code) {
-        dialog.Text1_KeyPress(static_cast<unsigned char>(character));
-    }
-    dialog.OK_Click();
     program_.Transfer->F91.Geduld = order_.TimeoutSeconds;
     if (at_ && program_.Transfer->F92.Fenster.Visible) {
         program_.Transfer->F92.Tag_Waehlen({.Year = at_->Year, .Month = at_->Month, .Day = at_->Day});
@@ -114,16 +89,12 @@ bool Reihenlauf::Starten(const std::vector<int>& locks) {
     return program_.Transfer->F91.Laeuft();
 }
 
-std::vector<LockResult> Reihenlauf::Ausfuehren(const std::vector<int>& locks,
-                                               const std::function<void(const LockResult&)>& tell) {
-    std::vector<int> ordered = locks;
-    std::sort(ordered.begin(), ordered.end());
-    tell_ = tell;
+void Reihenlauf::Ausfuehren() {
     std::vector<std::string> lines;
-    for (const int lock : ordered) {
+    for (const int lock : session_.Locks) {
         results_.push_back(Schloss_Beschreiben(program_, lock));
     }
-    const bool running = Starten(ordered);
+    const bool running = Starten();
     for (std::size_t n = 0; n < results_.size(); ++n) {
         lines.push_back(Zeile(static_cast<int>(n) + 1));
     }
@@ -138,13 +109,12 @@ std::vector<LockResult> Reihenlauf::Ausfuehren(const std::vector<int>& locks,
     Anzeigen();
     table_.Beenden();
     Erzaehlen(true);
-    return results_;
 }
 
 void Reihenlauf::Zeile_Beginnt(int row) {
     if (Ergebnis(row).Route.empty()) {
         rowBegun_ = program_.kern.Welt.Milliseconds();
-        telegramsBefore_ = telegrams_;
+        telegramsBefore_ = session_.Telegramme;
     }
     Ergebnis(row).Route = program_.Transfer->F91.Arbeit() == F91::Work::Network ? "network" : "direct";
     Anzeigen();
@@ -158,7 +128,7 @@ void Reihenlauf::Zeile_Fertig(int row) {
     Zeile_Uebernehmen(program_, order_, row, state_, result);
     if (program_.Transfer->F91.Arbeit() != F91::Work::None) {
         result.Seconds = static_cast<double>(program_.kern.Welt.Milliseconds() - rowBegun_) / 1000.0;
-        result.Telegrams = telegrams_ - telegramsBefore_;
+        result.Telegrams = session_.Telegramme - telegramsBefore_;
     }
     Anzeigen();
 }
@@ -167,7 +137,7 @@ void Reihenlauf::Erzaehlen(bool all) {
     // A row that was read may still be programmed: it stands once the list has gone on.
     const int done = all ? static_cast<int>(results_.size()) : program_.link.Lauf.List.RunRow - 1;
     while (static_cast<int>(told_) < std::min(done, static_cast<int>(results_.size()))) {
-        tell_(results_[told_++]);
+        session_.Melden(results_[told_++]);
     }
 }
 
@@ -176,27 +146,22 @@ void Reihenlauf::Tick() {
     if (program_.link.Lauf.List.RunRows != 0) {
         Erzaehlen(false);
     }
-    const std::int64_t now = program_.kern.Welt.Milliseconds();
-    const int interrupts = order_.Interrupts ? order_.Interrupts() : 0;
-    if (interrupts > interrupts_) {
-        interrupts_ = interrupts;
-        Abbrechen(state_.Cancelling);
+    if (operator_.Unterbrochen()) {
+        Abbrechen();
     }
     // A direct row the list gives up by itself.
     if (!state_.Cancelling && Netzzeile_Stumm(program_, order_)) {
         program_.Transfer->F91.Zeile_Aufgeben();
     }
-    cancelSince_ = Abbruch_Wartet_Seit(program_.Lauf, cancelSince_);
-    if (state_.Cancelling && (atOnce_ || now - cancelSince_ >= CancelMs) && !program_.Lauf.Gesamtende) {
+    if (operator_.Abbruch_Ueberfaellig()) {
         program_.Transfer->F9.Command2_Click();
     }
 }
 
-void Reihenlauf::Abbrechen(bool again) {
-    table_.Meldung(again ? "Giving up." : "Cancelling; once more Ctrl-C gives up at once.");
+void Reihenlauf::Abbrechen() {
+    table_.Meldung(std::string(operator_.Abbruch_Text()));
     state_.Cancelling = true;
-    atOnce_ = again;
-    cancelSince_ = program_.kern.Welt.Milliseconds();
+    operator_.Abbruch_Beginnen();
     if (program_.Transfer->F91.Arbeit() == F91::Work::Direct) {
         program_.Transfer->F9.Command1_Click();
     } else {

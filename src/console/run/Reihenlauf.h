@@ -1,11 +1,10 @@
 #pragma once
 
+#include "Bedienung.h"
+#include "Laufsitzung.h"
 #include "Netzzeile.h"
-#include "Programm.h"
-#include "Schlosslauf.h"
 #include "Tafel.h"
 
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -17,19 +16,17 @@ namespace qvm {
 class Reihenlauf {
 public:
     /// `at`: delayed start.
-    Reihenlauf(Programm& program, const LaufAuftrag& order, const std::optional<DateTime>& at, Tafel& table);
+    Reihenlauf(Laufsitzung& session, const std::optional<DateTime>& at, Tafel& table);
     ~Reihenlauf();
     Reihenlauf(const Reihenlauf&) = delete;
     Reihenlauf& operator=(const Reihenlauf&) = delete;
 
-    /// Works the locks off in the order of the lock grid. One result a lock; each is told once as soon as it stands.
-    std::vector<LockResult> Ausfuehren(const std::vector<int>& locks,
-                                       const std::function<void(const LockResult&)>& tell);
-    void Gesendet() { ++telegrams_; }
+    /// Works the session's locks off in the order of the lock grid, and tells it each result as soon as it stands.
+    void Ausfuehren();
 
 private:
-    Answer Antworten(const Message& message);
-    bool Starten(const std::vector<int>& locks);
+    bool Starten();
+    void Melden(const std::string& text);
     void Zeile_Beginnt(int row);
     void Zeile_Fertig(int row);
     LockResult& Ergebnis(int row) { return results_[static_cast<std::size_t>(row - 1)]; }
@@ -38,27 +35,23 @@ private:
     void Anschluss_Geaendert(PortChange change);
     void Erzaehlen(bool all);
     void Tick();
-    void Abbrechen(bool again);
+    void Abbrechen();
     void Anzeigen();
     std::string Zeile(int row) const;
     std::string Fuss() const;
 
+    Laufsitzung& session_;
     Programm& program_;
     const LaufAuftrag& order_;
     std::optional<DateTime> at_;
     Tafel& table_;
+    Bedienung operator_;
     Timer watch_;
-    std::function<Answer(const Message&)> shownBefore_;
-    std::function<void(const LockResult&)> tell_;
     std::vector<LockResult> results_;
     std::size_t told_ = 0;
-    int telegrams_ = 0;
     int telegramsBefore_ = 0;
-    int interrupts_ = 0;
     int questions_ = 0; ///< how many were answered
     Zeilenumstand state_;
-    bool atOnce_ = false; ///< the operator does not want to wait for the answer to the cancel
-    std::int64_t cancelSince_ = 0;
     std::int64_t rowBegun_ = 0;
 };
 

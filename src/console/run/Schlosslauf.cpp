@@ -6,100 +6,38 @@
 #include "Text.h"
 #include "TransferWindows.h"
 
-#include <algorithm>
-
 namespace qvm {
 
-Schlosslauf::Schlosslauf(Programm& program, const LaufAuftrag& order, Fortschritt& progress)
-    : program_(program), order_(order), progress_(progress), watch_(program.kern.Welt, WatchMs),
-      shownBefore_(program.kern.Welt.ShowMessage) {
-    program_.kern.Welt.ShowMessage = [this](const Message& message) { return Antworten(message); };
+Schlosslauf::Schlosslauf(Laufsitzung& session, Fortschritt& progress)
+    : session_(session), program_(session.program), order_(session.Auftrag), progress_(progress),
+      operator_(program_, order_,
+                [this](const std::string& text) {
+                    messages_.push_back(text);
+                    progress_.Meldung(text);
+                }),
+      watch_(program_.kern.Welt, WatchMs) {
     watch_.Ticked = [this] { Tick(); };
-    program_.Transfer->F13.F13_FormLaden();
-    // Nobody moves a mouse over the grid.
-    program_.Transfer->F13.Timer1.Stop();
-    program_.Transfer->F13.Timer2.Stop();
-}
-
-Schlosslauf::~Schlosslauf() {
-    program_.kern.Welt.ShowMessage = shownBefore_;
-    program_.Transfer->F13.F13_Schliessen();
-    if (program_.kern.Welt.Port.IsOpen()) {
-        program_.kern.Welt.Port.SetRts(false);
-        program_.kern.Welt.Port.Close();
-    }
-}
-
-Answer Schlosslauf::Antworten(const Message& message) {
-    switch (message.Choice) {
-    case Buttons::YesNoCancel:
-        return order_.HistoryFirst ? Answer::Yes : Answer::No; // the question before programming
-    case Buttons::YesNo:
-        return Answer::No;
-    case Buttons::OkCancel:
-        return Answer::Ok; // the question before a history is read
-    case Buttons::Ok:
-        break;
-    }
-    const std::string text = Anzeige_Aus_1252(message.Text);
-    if (!text.empty()) {
-        messages_.push_back(text);
-        progress_.Meldung(text);
-    }
-    return Answer::Ok;
-}
-
-std::string Schlosslauf::Hindernis(int lock) const {
-    const Grid& grid = program_.Transfer->F13.FGK13;
-    if (grid.Text(lock, F13Column::Serial).empty()) {
-        return "has no serial number in the lock table";
-    }
-    Address address{};
-    if (Einstellung_AEsn(grid.Text(lock, F13Column::Serial), address) == "FEHLER") {
-        return "has a serial number that is not hexadecimal";
-    }
-    return {};
 }
 
 bool Schlosslauf::Starten(int lock) {
-    F11& dialog = program_.Transfer->F11;
     program_.Transfer->F13.FGK13_Click(lock, order_.HistoryOnly ? F13Column::History : F13Column::Program);
-    if (!dialog.Fenster.Visible) {
-        return false;
-    }
-    dialog.Check1.Checked = order_.Keep;
-    if (order_.Since) {
-        dialog.Datum_Waehlen(*order_.Since);
-    }
-    for (const char character : order_.Code) {
-        dialog.Text1_KeyPress(static_cast<unsigned char>(character));
-    }
-    dialog.OK_Click();
-    return true;
-}
-
-LockResult Schloss_Beschreiben(const Programm& program, int lock) {
-    const Grid& grid = program.Transfer->F13.FGK13;
-    LockResult result;
-    result.Lock = lock;
-    result.Name = Anzeige_Aus_1252(grid.Text(lock, F13Column::Name));
-    result.Serial = Anzeige_Aus_1252(grid.Text(lock, F13Column::Serial));
-    return result;
+    return operator_.Starten();
 }
 
 LockResult Schlosslauf::Ausfuehren(int lock) {
     LockResult result = Schloss_Beschreiben(program_, lock);
-    Netzzeile row(program_, order_, progress_, result, interrupts_);
+    Netzzeile row(program_, order_, progress_, result, operator_);
     messages_.clear();
-    telegrams_ = 0;
-    silent_ = cancelling_ = atOnce_ = false;
+    silent_ = false;
+    operator_.Abbruch_Vorbei();
+    const int telegrams = session_.Telegramme;
     progress_.Beginnen("Lock " + std::to_string(lock) + " \"" + result.Name + "\"");
     const std::int64_t begun = program_.kern.Welt.Milliseconds();
     if (!Starten(lock)) {
         result.End = LockEnd::Fault;
         result.Text = messages_.empty() ? "the run could not be started" : messages_.back();
     } else if (program_.Transfer->F91.Fenster.Visible) {
-        interrupted_ = row.Abwarten() || interrupted_;
+        row.Abwarten();
     } else {
         Warten();
         result.Route = "direct";
@@ -107,7 +45,7 @@ LockResult Schlosslauf::Ausfuehren(int lock) {
         Bericht_Fuellen(result);
     }
     result.Seconds = static_cast<double>(program_.kern.Welt.Milliseconds() - begun) / 1000.0;
-    result.Telegrams = telegrams_;
+    result.Telegrams = session_.Telegramme - telegrams;
     result.Messages = messages_;
     progress_.Beenden();
     // Back to the grid, as with the close button.
@@ -126,33 +64,25 @@ void Schlosslauf::Warten() {
 
 void Schlosslauf::Tick() {
     Anzeigen();
-    const std::int64_t now = program_.kern.Welt.Milliseconds();
-    const int interrupts = order_.Interrupts ? order_.Interrupts() : 0;
-    if (interrupts > interrupts_) {
-        const bool again = interrupted_;
-        interrupts_ = interrupts;
-        interrupted_ = true;
-        progress_.Meldung(again ? "Giving up." : "Cancelling; once more Ctrl-C gives up at once.");
+    if (operator_.Unterbrochen()) {
+        progress_.Meldung(std::string(operator_.Abbruch_Text()));
         Abbrechen();
-        atOnce_ = again;
     }
     const std::int64_t silence = Lauf_Stille(program_.Lauf);
-    if (!cancelling_ && order_.TimeoutSeconds > 0 && silence >= std::int64_t{1000} * order_.TimeoutSeconds) {
+    if (!operator_.Bricht_Ab() && order_.TimeoutSeconds > 0 && silence >= std::int64_t{1000} * order_.TimeoutSeconds) {
         silent_ = true;
         progress_.Meldung("No answer for " + std::to_string(order_.TimeoutSeconds) + " s; the run is given up.");
         Abbrechen();
     }
-    cancelSince_ = Abbruch_Wartet_Seit(program_.Lauf, cancelSince_);
-    if (cancelling_ && (atOnce_ || now - cancelSince_ >= CancelMs) && !program_.Lauf.Gesamtende) {
+    if (operator_.Abbruch_Ueberfaellig()) {
         program_.Transfer->F18.F18_Schliessen();
         program_.Transfer->F9.Command2_Click();
     }
 }
 
 void Schlosslauf::Abbrechen() {
-    if (!cancelling_) {
-        cancelling_ = true;
-        cancelSince_ = program_.kern.Welt.Milliseconds();
+    if (!operator_.Bricht_Ab()) {
+        operator_.Abbruch_Beginnen();
         program_.Transfer->F9.Command1_Click();
     }
 }
@@ -183,148 +113,6 @@ void Schlosslauf::Bericht_Fuellen(LockResult& result) const {
         result.Text = Anzeige_Aus_1252(report.Text);
     }
     Bericht_Uebernehmen(program_, report, order_.HistoryOnly, order_.HistoryOnly || order_.HistoryFirst, result);
-}
-
-std::int64_t Abbruch_Wartet_Seit(const Programmierlauf& run, std::int64_t since) {
-    return Lauf_Wartet(run) ? run.kern.Welt.Milliseconds() : std::max(since, run.link.Lauf.Chain.LastAnswer);
-}
-
-LockEnd Ende_Aus_Bericht(const Programm& program) {
-    switch (program.Lauf.Bericht.End) {
-    case RunOutcome::Done:
-        return LockEnd::Done;
-    case RunOutcome::Refused:
-        return LockEnd::Refused;
-    case RunOutcome::NotReached:
-        return LockEnd::NotReached;
-    case RunOutcome::GivenUp:
-        return program.Lauf.Bericht.HistoryLost != HistoryLoss::None ? LockEnd::Failed : LockEnd::Busy;
-    case RunOutcome::Incomplete:
-        return LockEnd::Failed;
-    case RunOutcome::NoPort:
-        return LockEnd::Fault;
-    case RunOutcome::Open:
-    case RunOutcome::Cancelled:
-        break;
-    }
-    return LockEnd::Cancelled;
-}
-
-void Bericht_Uebernehmen(const Programm& program, const RunReport& report, bool historyOnly, bool historyWanted,
-                         LockResult& result) {
-    if (report.HistoryLost == HistoryLoss::Unwritten && historyWanted) {
-        result.Faults.emplace_back("the history could not be written");
-    }
-    result.HistoryLost = report.HistoryLost;
-    if (report.ChannelUnsaved) {
-        result.Faults.emplace_back("the radio channel could not be recorded");
-    }
-    if (program.link.Lauf.Chain.HistoryFileOpen != 0) {
-        // A directory in UTF-8 and a name in code page 1252, which the platform puts on the disk as UTF-8.
-        const std::string& path = program.link.Lauf.Chain.HistoryFileName;
-        const std::size_t name = program.kern.HistPfad().size();
-        result.HistoryFile = path.substr(0, name) + NachUtf8(path.substr(name));
-    }
-    result.Wanted = report.Telegrams;
-    result.Acknowledged = report.Acknowledged;
-    result.Missing = report.Missing;
-    result.EraseConfirmed = report.EraseConfirmed;
-    if (historyOnly) {
-        return;
-    }
-    for (std::size_t n = 0; n < report.Units.size(); ++n) {
-        const ProgUnit& unit = program.Lauf.Daten.Units[n];
-        if (unit.UnitPresent) {
-            result.Units.push_back({.Name = Anzeige_Aus_1252(unit.Name),
-                                    .End = report.Units[n].End,
-                                    .Note = Anzeige_Aus_1252(report.Units[n].Note),
-                                    .Refused = report.Units[n].Refused,
-                                    .Scanner = unit.Type == '2',
-                                    .Progress = report.Units[n].Progress});
-        }
-    }
-}
-
-std::string_view Ende_Text(LockEnd end, bool historyOnly) {
-    switch (end) {
-    case LockEnd::Done:
-        return historyOnly ? "history read" : "programmed";
-    case LockEnd::Fault:
-        return "not begun, nothing was sent";
-    case LockEnd::Refused:
-        return "refused by the lock";
-    case LockEnd::NotReached:
-        return "not reached";
-    case LockEnd::Silent:
-        return "given up, the lock kept silent";
-    case LockEnd::Busy:
-        return "given up, the lock stayed busy";
-    case LockEnd::Failed:
-        return "not finished";
-    case LockEnd::Cancelled:
-        return "cancelled";
-    case LockEnd::Untried:
-        break;
-    }
-    return "not tried";
-}
-
-std::string_view Ende_Wort(LockEnd end) {
-    switch (end) {
-    case LockEnd::Done:
-        return "done";
-    case LockEnd::Fault:
-        return "fault";
-    case LockEnd::Refused:
-        return "refused";
-    case LockEnd::NotReached:
-        return "not-reached";
-    case LockEnd::Silent:
-        return "silent";
-    case LockEnd::Busy:
-        return "busy";
-    case LockEnd::Failed:
-        return "failed";
-    case LockEnd::Cancelled:
-        return "cancelled";
-    case LockEnd::Untried:
-        break;
-    }
-    return "untried";
-}
-
-namespace {
-
-/// That a unit was not reached is worse than that it refused: nobody knows what it holds.
-ExitCode Units_Code(const std::vector<LockResult::Unit>& units) {
-    ExitCode code = ExitCode::Good;
-    for (const LockResult::Unit& unit : units) {
-        if (unit.End == UnitReport::State::Done) {
-            continue;
-        }
-        if (!unit.Refused) {
-            return ExitCode::NotReached;
-        }
-        code = ExitCode::Refused;
-    }
-    return code;
-}
-
-} // namespace
-
-ExitCode Ende_Code(const LockResult& result) {
-    switch (result.End) {
-    case LockEnd::Done:
-        return result.Faults.empty() ? Units_Code(result.Units) : ExitCode::Fault;
-    case LockEnd::Failed:
-        return result.Faults.empty() ? ExitCode::NotReached : ExitCode::Fault;
-    case LockEnd::Fault:
-        return ExitCode::Fault;
-    case LockEnd::Refused:
-        return ExitCode::Refused;
-    default:
-        return ExitCode::NotReached;
-    }
 }
 
 } // namespace qvm
