@@ -42,13 +42,13 @@ bool TelCodeAendern_Senden(Link& link, const AdminCodeBytes& oldCode, const Admi
 bool TelDatenEnde_Senden(Link& link);
 /// 0: first record, 2: next record.
 bool TelHistorie_Senden(Link& link, std::uint8_t which);
-/// Part 0, 1, 2 of table A (rows 0 to 7; 8, 9 and six zero rows; zero rows). Rows beyond the table go out as 0.
+/// Pieces 0, 1, 2 of table A (rows 0 to 7; 8, 9 and six zero rows; zero rows). Rows beyond the table go out as 0.
 bool TelSchaltuhrA_Senden(Link& link, std::span<const TimerRow> table, std::uint8_t part);
 bool TelSchaltuhrAKurz_Senden(Link& link, std::span<const TimerRow> table);
-/// Part 0, 1 of table B (rows 0 to 5 and two zero rows; zero rows).
+/// Pieces 0, 1 of table B (rows 0 to 5 and two zero rows; zero rows).
 bool TelSchaltuhrB_Senden(Link& link, std::span<const TimerRow> table, std::uint8_t part);
 bool TelSchaltuhrBKurz_Senden(Link& link, std::span<const TimerRow> table);
-/// Part 0, 1, 2: rows 0 to 6, 7 to 13, 14 to 20.
+/// Pieces 0, 1, 2: rows 0 to 6, 7 to 13, 14 to 20.
 bool TelEinzelFeiertage_Senden(Link& link, std::span<const HolidayRow> table, std::uint8_t part);
 bool TelPermFeiertage_Senden(Link& link, std::span<const HolidayRow> table, std::uint8_t part);
 bool TelSperrTimerFlag_Senden(Link& link);

@@ -12,7 +12,7 @@ using test::HexZeile;
 /// Code 72 leads to the hook Karte_Start, 73 to Karte_Block.
 constexpr std::string_view CardStart = "02 06 72 00 A1 A2 A3 A4 D7";
 constexpr std::string_view CardBlock = "02 03 73 01 55 04";
-constexpr std::string_view NetworkFrame = "02 05 90 01 00 08 11 53 77";
+constexpr std::string_view UnaskedNetworkFrame = "02 05 90 01 00 08 11 53 77";
 
 class Empfang_Byte_Test : public test::LinkFixture {
 protected:
@@ -79,7 +79,7 @@ TEST_F(Empfang_Byte_Test, a_frame_that_comes_while_the_dispatcher_waits_is_taken
 
 TEST_F(Empfang_Byte_Test, an_armed_link_takes_a_network_frame_once) {
     link.UsbArmed = 0xA5;
-    Receive(NetworkFrame);
+    Receive(UnaskedNetworkFrame);
     EXPECT_EQ(calls, "N");
     EXPECT_EQ(link.UsbArmed, 0);
     EXPECT_EQ(link.UsbDone, 0x5A);
@@ -101,7 +101,7 @@ TEST_F(Empfang_Byte_Test, a_network_frame_that_is_too_long_leaves_the_link_armed
     Receive("02 05 90 01 FF FF");
     EXPECT_EQ(link.UsbArmed, 0xA5);
     EXPECT_EQ(link.UsbDone, 0);
-    Receive(NetworkFrame);
+    Receive(UnaskedNetworkFrame);
     EXPECT_EQ(calls, "N");
     EXPECT_EQ(link.UsbDone, 0x5A);
 }
@@ -109,7 +109,7 @@ TEST_F(Empfang_Byte_Test, a_network_frame_that_is_too_long_leaves_the_link_armed
 TEST_F(Empfang_Byte_Test, a_network_frame_needs_no_one_who_listens) {
     link.Netzwerk_Antwort = nullptr;
     link.UsbArmed = 0xA5;
-    Receive(NetworkFrame);
+    Receive(UnaskedNetworkFrame);
     EXPECT_EQ(link.UsbDone, 0x5A);
 }
 
@@ -164,8 +164,9 @@ TEST_F(Mithoeren, sees_where_the_stuffing_broke) {
 
 TEST_F(Mithoeren, sees_a_network_frame_with_checksum_and_closing_byte) {
     link.UsbArmed = 0xA5;
-    Receive(NetworkFrame);
-    EXPECT_EQ(seen, (std::vector<Seen>{{TraceFrame::Direction::Received, std::string(NetworkFrame), RxResult::Frame}}));
+    Receive(UnaskedNetworkFrame);
+    EXPECT_EQ(seen, (std::vector<Seen>{
+                        {TraceFrame::Direction::Received, std::string(UnaskedNetworkFrame), RxResult::Frame}}));
 }
 
 TEST_F(Mithoeren, sees_a_dropped_network_frame_as_it_came) {

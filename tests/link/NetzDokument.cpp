@@ -7,7 +7,7 @@
 namespace qvm {
 namespace {
 
-constexpr std::string_view Intro = R"(
+constexpr std::string_view NetworkIntro = R"(
 ## Network path
 
 Telegrams of code 0x90 between the PC and a network adapter. Index 1 is the block number, which goes out unstuffed, 4..5 the
@@ -36,10 +36,6 @@ Replies of the adapter:
 | Code | Name | Meaning |
 |---|---|---|
 )";
-
-std::string Hex2(unsigned value) {
-    return Zusammen({"0x", HexText(value, 2)});
-}
 
 std::string Feldtext(const NetzFeld& field) {
     const std::string first = Ziffern(field.Offset);
@@ -76,7 +72,7 @@ std::string Zeile(const NetzLayout& layout) {
 } // namespace
 
 std::string Netz_Dokument() {
-    std::string text(Intro);
+    std::string text(NetworkIntro);
     for (const NetzLayout& layout :
          {NetzKopf::Layout, NetzDaten::Layout, NetzCodeBenutzer::PlainLayout, NetzCodeBenutzer::LongLayout,
           NetzFingerBenutzer::Layout, NetzVorlage::Layout, NetzUhr::Layout, NetzHistorie::Start, NetzHistorie::Next}) {

@@ -29,10 +29,6 @@ parameters, *raw* goes to the adapter itself and has no address header. "hidden"
 identifications and fingerprints; the trace shows neither them nor the checksum of their frame unless it is asked to.
 )";
 
-std::string Hex2(unsigned value) {
-    return Zusammen({"0x", HexText(value, 2)});
-}
-
 std::string Stellen(const Field& field) {
     const std::string first = Ziffern(field.Offset);
     return field.Width == 1 ? first : Zusammen({first, "..", Ziffern(field.End() - 1)});
