@@ -33,12 +33,15 @@ if(QVM_FUZZ)
     $<$<NOT:$<BOOL:$<TARGET_PROPERTY:QVM_UNOPTIMISED>>>:-fsanitize=fuzzer-no-link>)
 endif()
 
-# qvm_unoptimised(<target>)
-# For what takes longer to optimise than its tests to run: in a debug build it is left as it is.
+# qvm_unoptimised(<target> [DEBUG])
+# For what takes longer to optimise than to run: in a debug build it is left as it is, in a release build nearly so, unless
+# DEBUG says that it is handed out.
 function(qvm_unoptimised target)
   if(CMAKE_BUILD_TYPE STREQUAL "Debug")
     target_compile_options(${target} PRIVATE -O0 $<$<BOOL:${QVM_FUZZ}>:-g0>)
     set_target_properties(${target} PROPERTIES QVM_UNOPTIMISED ON)
+  elseif(NOT "DEBUG" IN_LIST ARGN)
+    target_compile_options(${target} PRIVATE -O1)
   endif()
 endfunction()
 
@@ -46,6 +49,14 @@ endfunction()
 # Files whose local names meet those of their neighbours: not to be compiled in one piece with them.
 function(qvm_separate)
   set_source_files_properties(${ARGN} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+endfunction()
+
+# qvm_separate_unoptimised(<file>...)
+# Files, of targets that are optimised, which take longer to optimise than all the others of theirs.
+function(qvm_separate_unoptimised)
+  qvm_separate(${ARGN})
+  set_source_files_properties(${ARGN} PROPERTIES SKIP_PRECOMPILE_HEADERS ON
+    COMPILE_OPTIONS "$<IF:$<CONFIG:Debug>,-O0,-O1>")
 endfunction()
 
 # What nearly every file includes, compiled once. The structure test shows where a file leans on it and does not include

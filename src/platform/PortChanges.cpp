@@ -12,7 +12,7 @@ namespace {
 /// Milliseconds without an event after which a plugging is over, and after which ports that never come to rest are
 /// looked at all the same.
 constexpr int Quiet = 200;
-constexpr int Longest = 1000;
+constexpr int LongestDelay = 1000;
 
 } // namespace
 
@@ -38,7 +38,7 @@ void PortChanges::Stir() {
     if (!quiet_.isActive()) {
         stirred_.start();
     }
-    const auto left = static_cast<int>(std::max<qint64>(Longest - stirred_.elapsed(), 0));
+    const auto left = static_cast<int>(std::max<qint64>(LongestDelay - stirred_.elapsed(), 0));
     quiet_.start(std::min(Quiet, left));
 }
 

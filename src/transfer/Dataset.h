@@ -18,12 +18,13 @@ inline constexpr std::uint8_t Code = 0, Finger = 0xB4;
 
 /// One user slot of a lock's dataset.
 struct ProgSlot {
-    std::string Name;                   ///< OEM code page
-    std::string TimerName;              ///< the timer group's PbId, "-" for none
-    std::string Funktion;               ///< the user's right
-    std::string CodeDigits;             ///< digits, or "EEEEEE" for a fingerprint user
-    std::string TransponderA;           ///< identification text of the key
-    std::string TransponderB;           ///< its sixteen data bytes
+    std::string Name;                              ///< OEM code page
+    std::string TimerName;                         ///< the timer group's PbId, "-" for none
+    std::string Funktion;                          ///< the user's right
+    std::string CodeDigits;                        ///< digits, or "EEEEEE" for a fingerprint user
+    std::string TransponderA;                      ///< identification text of the key
+    std::string TransponderB;                      ///< its sixteen data bytes
+    static constexpr std::size_t PieceLength = 32; ///< bytes of a template in one telegram
     std::vector<std::uint8_t> Template; ///< bytes from the first value on, length bytes included; empty: none
     std::uint16_t FingerNumber = 0;
     std::uint8_t PrFlag = 0; ///< 1: premium template

@@ -6,8 +6,6 @@
 namespace qvm {
 namespace {
 
-constexpr std::size_t PieceLength = 32;
-
 /// No telegram has this code.
 constexpr std::uint8_t NeverSent = 0;
 
@@ -110,7 +108,8 @@ void Unit_Bloecke(Planner& plan, const Dataset& daten) {
     for (const ProgSlot& slot : daten.Slots) {
         if (!slot.Template.empty()) {
             ++row;
-            const auto pieces = static_cast<int>((slot.Template.size() + PieceLength - 1) / PieceLength);
+            const auto pieces =
+                static_cast<int>((slot.Template.size() + ProgSlot::PieceLength - 1) / ProgSlot::PieceLength);
             for (int piece = 0; piece < pieces; ++piece) {
                 plan.Add(AccountPart::Unit, 0x4A, Blockstelle(row, piece)).Once = true;
             }

@@ -11,7 +11,6 @@ namespace {
 constexpr int Units = 5;
 constexpr int NotBegun = 0xFF;
 constexpr int OpeningMark = 0x38;
-constexpr std::size_t PieceLength = 32;
 constexpr int DatenstartRepeats = 20;
 constexpr int UnitChannels = 12;
 
@@ -68,8 +67,8 @@ void Stueck_Senden(Programmierlauf& run, const std::vector<const ProgSlot*>& row
     block.Piece = static_cast<std::uint8_t>(lauf.Chain.UnitPiece);
     block.Type = row.PrFlag;
     block.RowAddress = row.FingerNumber;
-    const std::size_t start = static_cast<std::size_t>(lauf.Chain.UnitPiece) * PieceLength;
-    for (std::size_t n = 0; n < PieceLength && start + n < row.Template.size(); ++n) {
+    const std::size_t start = static_cast<std::size_t>(lauf.Chain.UnitPiece) * ProgSlot::PieceLength;
+    for (std::size_t n = 0; n < ProgSlot::PieceLength && start + n < row.Template.size(); ++n) {
         block.Data[n] = row.Template[start + n];
     }
     TelUnitBlock_Senden(run.link, block);
@@ -307,7 +306,7 @@ void Schritt_Unit_Block_Quittung(Programmierlauf& run) {
     }
     const ProgSlot& row = *rows[static_cast<std::size_t>(lauf.Chain.UnitRow)];
     ++lauf.Chain.UnitPiece;
-    if (static_cast<std::size_t>(lauf.Chain.UnitPiece) * PieceLength < row.Template.size()) {
+    if (static_cast<std::size_t>(lauf.Chain.UnitPiece) * ProgSlot::PieceLength < row.Template.size()) {
         Stueck_Senden(run, rows);
         return;
     }

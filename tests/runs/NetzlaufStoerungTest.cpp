@@ -8,7 +8,7 @@ namespace {
 
 using Row = ListenFixture::Row;
 
-constexpr std::string_view FirstLock = "00.0A.10.01", NextLock = "00.0A.10.02";
+constexpr std::string_view DisturbedLock = "00.0A.10.01", NextLock = "00.0A.10.02";
 // The first row bears the note about its fingerprints.
 const Row FirstDone{">>", "L266  /  L273"}, FirstFailed{"#", "L66  /  L273"}, RowDone{">>", "L266"};
 /// Two data blocks, two fingerprint blocks, the clock.
@@ -32,7 +32,7 @@ void PrintTo(const NetFault& c, std::ostream* out) {
 
 struct Net_Run_With_A_Fault : NetzlaufFixture, ::testing::WithParamInterface<std::tuple<NetFault, int>> {
     Net_Run_With_A_Fault() {
-        AddLock(1, "Tor", FirstLock, " XXX ");
+        AddLock(1, "Tor", DisturbedLock, " XXX ");
         AddLock(2, "Keller", NextLock, " XXX ");
         files.Unit(1, 1, "Finger", "00012CCD", '2');
         AddUnit("00012CCD", 2);
@@ -68,7 +68,7 @@ TEST_P(Net_Run_With_A_Fault, ends_the_row_and_the_next_one_is_programmed) {
     EXPECT_EQ(RowAt(1), end == End::Done ? FirstDone : FirstFailed);
     EXPECT_EQ(RowAt(2), RowDone);
     EXPECT_EQ(Standstills, end == End::Given ? 1 : 0);
-    const VirtualLock& lock = NetLock(FirstLock);
+    const VirtualLock& lock = NetLock(DisturbedLock);
     EXPECT_LE(lock.Erases, 1);
     EXPECT_EQ(lock.Users.size(), lock.Erases == 1 ? 12U : 0U);
     EXPECT_EQ(Net->World().Units[0].Rows.size(), lock.Erases == 1 ? 2U : 0U);
@@ -115,7 +115,7 @@ TEST_P(Net_Run_Unplugged, fails_the_row_and_leaves_the_lock_alone) {
     ASSERT_TRUE(Work());
     EXPECT_EQ(RowAt(1).first, "#");
     EXPECT_NE(RowAt(2).first, ">>");
-    EXPECT_EQ(NetLock(FirstLock).Erases, 0);
+    EXPECT_EQ(NetLock(DisturbedLock).Erases, 0);
     EXPECT_EQ(NetLock(NextLock).Erases, 0);
 
     // Plugged in again, the same locks are programmed.
@@ -133,7 +133,7 @@ TEST_P(Net_Run_Unplugged, fails_the_row_and_leaves_the_lock_alone) {
     Prog({1, 2});
     ASSERT_TRUE(Work());
     EXPECT_THAT(AllRows(), ElementsAre(FirstDone, RowDone));
-    EXPECT_EQ(NetLock(FirstLock).Users.size(), 12U);
+    EXPECT_EQ(NetLock(DisturbedLock).Users.size(), 12U);
     EXPECT_EQ(Net->JudgementLines(), "");
 }
 

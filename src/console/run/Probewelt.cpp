@@ -57,9 +57,9 @@ ReadStatus Probewelt::Lesen(const std::string& path, std::string& bytes) const {
 }
 
 bool Probewelt::Schreiben_Ab(const std::string& path, std::uint64_t offset, std::string_view text) {
-    constexpr std::uint64_t LargestFile = std::uint64_t{1} << 26;
+    constexpr std::uint64_t largest = std::uint64_t{1} << 26;
     std::string bytes;
-    if (Lesen(path, bytes) == ReadStatus::Error || offset > LargestFile) {
+    if (Lesen(path, bytes) == ReadStatus::Error || offset > largest) {
         return false;
     }
     bytes.resize(std::max<std::size_t>(bytes.size(), offset + text.size()), '\0');

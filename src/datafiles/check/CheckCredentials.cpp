@@ -8,7 +8,7 @@ namespace qvm {
 
 namespace {
 
-const RecordLayout& Users = UserRecord::Record;
+const RecordLayout& Holders = UserRecord::Record;
 const RecordLayout& Templates = TemplateRecord::Record;
 
 /// The decimal values 0 to 255 of a text "d : d : d"; nothing when it holds anything else. A separator at the end is
@@ -38,19 +38,19 @@ bool Transponder_Form(std::string_view text) {
 }
 
 void Schluessel_Pruefen(CheckStand& stand, int user) {
-    const std::string id = stand.Text(Users, user, UserRecord::KeyId);
+    const std::string id = stand.Text(Holders, user, UserRecord::KeyId);
     if (id.empty()) {
         return;
     }
     const auto values = Bytewerte(id);
     if (id[0] == '#' ? !Transponder_Form(id) : !values || values->size() != 4) {
-        stand.Melden(FindingKind::Range, Users, user, UserRecord::KeyId.Name,
+        stand.Melden(FindingKind::Range, Holders, user, UserRecord::KeyId.Name,
                      "is neither the identification of an E-Key nor of a transponder");
     }
-    const std::string data = stand.Text(Users, user, UserRecord::KeyData);
+    const std::string data = stand.Text(Holders, user, UserRecord::KeyData);
     const auto dataValues = Bytewerte(data);
     if (!data.empty() && (!dataValues || dataValues->size() != 16)) {
-        stand.Melden(FindingKind::Range, Users, user, UserRecord::KeyData.Name, "does not hold sixteen bytes");
+        stand.Melden(FindingKind::Range, Holders, user, UserRecord::KeyData.Name, "does not hold sixteen bytes");
     }
 }
 
@@ -72,28 +72,30 @@ std::set<std::string> Vorlagen_Kennziffern(const CheckStand& stand) {
 }
 
 void Finger_Pruefen(CheckStand& stand, int user, const std::set<std::string>& templates, DoubledTexts& slots) {
-    const std::string flag = stand.Text(Users, user, UserRecord::FingerFlag);
+    const std::string flag = stand.Text(Holders, user, UserRecord::FingerFlag);
     if (!Leer_Oder(flag, {"FS", "NO", "--"})) {
-        stand.Melden(FindingKind::Range, Users, user, UserRecord::FingerFlag.Name, "there is no state " + Zitat(flag));
+        stand.Melden(FindingKind::Range, Holders, user, UserRecord::FingerFlag.Name,
+                     "there is no state " + Zitat(flag));
     }
-    const std::string label = stand.Text(Users, user, UserRecord::KeyLabel);
+    const std::string label = stand.Text(Holders, user, UserRecord::KeyLabel);
     const std::string slot = label.starts_with("Slot_Nr:") ? std::string(Trim(Mid(label, 10, 3))) : "";
     if (const auto first = slots.Sehen(slot, user)) {
-        stand.Melden(FindingKind::Doubled, Users, user, UserRecord::KeyLabel.Name,
+        stand.Melden(FindingKind::Doubled, Holders, user, UserRecord::KeyLabel.Name,
                      "finger slot " + Zitat(slot) + " belongs to user " + std::to_string(*first) + ", too");
     }
     if (flag != "FS") {
         return;
     }
-    const std::string digits = Kennziffern(stand.Text(Users, user, UserRecord::FingerId));
+    const std::string digits = Kennziffern(stand.Text(Holders, user, UserRecord::FingerId));
     if (digits.empty()) {
-        stand.Melden(FindingKind::Dangling, Users, user, UserRecord::FingerId.Name,
+        stand.Melden(FindingKind::Dangling, Holders, user, UserRecord::FingerId.Name,
                      "a finger is in use, but names no template");
     } else if (!templates.contains(digits)) {
-        stand.Melden(FindingKind::Dangling, Users, user, UserRecord::FingerId.Name, "the finger's template is missing");
+        stand.Melden(FindingKind::Dangling, Holders, user, UserRecord::FingerId.Name,
+                     "the finger's template is missing");
     }
     if (Dezimalzahl(slot).value_or(0) < 1) {
-        stand.Melden(FindingKind::Range, Users, user, UserRecord::KeyLabel.Name, "does not name the finger's slot");
+        stand.Melden(FindingKind::Range, Holders, user, UserRecord::KeyLabel.Name, "does not name the finger's slot");
     }
 }
 
@@ -102,18 +104,18 @@ void Finger_Pruefen(CheckStand& stand, int user, const std::set<std::string>& te
 void Benutzer_Credentials_Pruefen(CheckStand& stand) {
     const std::set<std::string> templates = Vorlagen_Kennziffern(stand);
     DoubledTexts keys, slots, fingers;
-    for (int user = 1; user <= stand.Letzter(Users); ++user) {
-        if (stand.Text(Users, user, UserRecord::UserName).empty()) {
+    for (int user = 1; user <= stand.Letzter(Holders); ++user) {
+        if (stand.Text(Holders, user, UserRecord::UserName).empty()) {
             continue;
         }
         Schluessel_Pruefen(stand, user);
-        if (const auto first = keys.Sehen(stand.Text(Users, user, UserRecord::KeyId), user)) {
-            stand.Melden(FindingKind::Doubled, Users, user, UserRecord::KeyId.Name,
+        if (const auto first = keys.Sehen(stand.Text(Holders, user, UserRecord::KeyId), user)) {
+            stand.Melden(FindingKind::Doubled, Holders, user, UserRecord::KeyId.Name,
                          "the same key belongs to user " + std::to_string(*first));
         }
-        const std::string finger = Kennziffern(stand.Text(Users, user, UserRecord::FingerId));
+        const std::string finger = Kennziffern(stand.Text(Holders, user, UserRecord::FingerId));
         if (const auto first = fingers.Sehen(finger, user)) {
-            stand.Melden(FindingKind::Doubled, Users, user, UserRecord::FingerId.Name,
+            stand.Melden(FindingKind::Doubled, Holders, user, UserRecord::FingerId.Name,
                          "the same finger belongs to user " + std::to_string(*first));
         }
         Finger_Pruefen(stand, user, templates, slots);
