@@ -89,6 +89,10 @@ void Datendateien::Template(int record, std::string_view identifier, const std::
         text += text.empty() ? "" : " : ";
         text += std::to_string(value);
     }
+    Template(record, identifier, text);
+}
+
+void Datendateien::Template(int record, std::string_view identifier, std::string_view text) {
     Put("TEmpTCD0UPK.FSD", 3028, record, 0, 5, "2");
     Put("TEmpTCD0UPK.FSD", 3028, record, 5, 21, identifier);
     Put("TEmpTCD0UPK.FSD", 3028, record, 26, 3000, text);
@@ -154,7 +158,8 @@ void Datendateien::Reception(int lock, char mode, char always, char third, int h
     Put(f, 241, lock, 13, 3, level);
 }
 
-void Datendateien::Unit(int lock, int unit, std::string_view name, std::string_view serial, char module) {
+void Datendateien::Unit(int lock, int unit, std::string_view name, std::string_view serial, char module,
+                        std::string_view number) {
     const std::string f = "T6WRSSISN.TSD";
     const std::size_t at = 16 + 45 * static_cast<std::size_t>(unit - 1);
     Put(f, 241, lock, at, 30, name);
@@ -162,7 +167,7 @@ void Datendateien::Unit(int lock, int unit, std::string_view name, std::string_v
         Put(f, 241, lock, at + 30 + 3 * n, 3, serial.substr(2 * n, 2));
     }
     Put(f, 241, lock, at + 42, 1, std::string(1, module));
-    Put(f, 241, lock, at + 43, 2, "1");
+    Put(f, 241, lock, at + 43, 2, number);
 }
 
 } // namespace qvm::test

@@ -12,19 +12,19 @@ class Datensatz_Dateien : public DatasetTest {
 protected:
     Datensatz_Dateien() {
         row.PersonTimers = row.Calendars = row.LockTimer = row.CalendarFlag = row.SetClock = "X";
-        files.AddUser(1, {.Name = "Anna", .Group = "PB_7", .KeyId = "1:2:3:4"});
-        files.AddFinger(2, "Bert", "Slot_Nr: 002", "1001");
-        files.AddTemplate(251, "1001", "3 : 0 : 9 : ");
-        files.AddTimeSlot(1, 8, "08:00", "17:30");
-        files.AddTimeSlot(11, 9, "10:00", "12:00");
-        files.AddPersonGroup(3, "X---------", "PB_7");
-        files.AddLockGroup(1, "X----", "PB_9");
-        files.BindLock(1, "PB_9");
-        files.AddHoliday(1, "01.05.2026", "01.05.2026", "0");
-        files.AddHoliday(22, "24.12. - -", "26.12. - -", " ");
-        files.AddUnit(1, 1, "Reader", {"01", "60", "00", "01"}, "1", "11");
-        files.Put("CPRT88X3FDA.PRT", 12, 1, 0, "5  ");
-        files.Bytes("LSOEMIPART.LMT") = "X";
+        Add(1, {.Name = "Anna", .Group = "PB_7", .KeyId = "1:2:3:4"});
+        AddFinger(2, "Bert", "Slot_Nr: 002", "1001");
+        files.Template(251, "1001", "3 : 0 : 9 : ");
+        files.Slot(1, 8, "08:00", "17:30");
+        files.Slot(11, 9, "10:00", "12:00");
+        files.Group(3, "a group", "X---------", "PB_7");
+        files.LockGroup(1, "a group", "X----", "PB_9");
+        files.LockHasGroup(1, "PB_9");
+        files.Holiday(1, "01.05.2026", "01.05.2026", '0');
+        files.Holiday(22, "24.12. - -", "26.12. - -", ' ');
+        files.Unit(1, 1, "Reader", "01600001", '1', "11");
+        files.Put("CPRT88X3FDA.PRT", 12, 1, 0, 3, "5  ");
+        files.File("LSOEMIPART.LMT") = "X";
     }
     void Remove(const char* name) { ASSERT_EQ(pc.Disk.Files.erase(std::string("/qvm/DAT/") + name), 1U); }
 };

@@ -11,8 +11,8 @@ using testing::ElementsAre;
 using Datensatz_Finger = DatasetTest;
 
 TEST_F(Datensatz_Finger, a_finger_becomes_a_slot_with_its_template) {
-    files.AddFinger(1, "Anna Berger", "Slot_Nr: 007", "812345678");
-    files.AddTemplate(256, "812345678", "5 : 0 : 33 : 44 : 55 : ");
+    AddFinger(1, "Anna Berger", "Slot_Nr: 007", "812345678");
+    files.Template(256, "812345678", "5 : 0 : 33 : 44 : 55 : ");
     Expect("mind the adapter");
     ASSERT_EQ(Load(), 0);
     ASSERT_EQ(dataset.Slots.size(), 1U);
@@ -31,10 +31,10 @@ TEST_F(Datensatz_Finger, a_finger_becomes_a_slot_with_its_template) {
 }
 
 TEST_F(Datensatz_Finger, the_warning_comes_once_a_dataset_with_an_exclamation_mark) {
-    files.AddTemplate(1, "1001", "2 : 0 : ");
-    files.AddFinger(1, "Anna", "Slot_Nr: 001", "1001");
-    files.AddUser(2, {.Name = "Bert"});
-    files.AddFinger(3, "Cora", "Slot_Nr: 003", "1001");
+    files.Template(1, "1001", "2 : 0 : ");
+    AddFinger(1, "Anna", "Slot_Nr: 001", "1001");
+    Add(2, {.Name = "Bert"});
+    AddFinger(3, "Cora", "Slot_Nr: 003", "1001");
     Expect("mind the adapter");
     ASSERT_EQ(Load(), 0);
     ASSERT_EQ(pc.Shown.size(), 1U);
@@ -50,9 +50,9 @@ TEST_F(Datensatz_Finger, the_warning_comes_once_a_dataset_with_an_exclamation_ma
 }
 
 TEST_F(Datensatz_Finger, a_short_name_is_padded_and_a_long_one_cut_at_nine) {
-    files.AddUser(1, {.Name = "Bob", .Mark = 'F', .Label = "Slot_Nr: 012"});
-    files.AddUser(2, {.Name = "Maximilian Huber", .Mark = 'F', .Label = "Slot_Nr: 250"});
-    files.AddUser(3, {.Name = u8"Jürgen"_w, .Mark = 'F', .Label = "Slot_Nr: 003"});
+    Add(1, {.Name = "Bob", .Label = "Slot_Nr: 012"}, 'F');
+    Add(2, {.Name = "Maximilian Huber", .Label = "Slot_Nr: 250"}, 'F');
+    Add(3, {.Name = std::string(u8"Jürgen"_w), .Label = "Slot_Nr: 003"}, 'F');
     Expect("mind the adapter");
     ASSERT_EQ(Load(), 0);
     EXPECT_EQ(dataset.Slots.at(0).Name, "Bob_012_FP      ");
@@ -61,8 +61,8 @@ TEST_F(Datensatz_Finger, a_short_name_is_padded_and_a_long_one_cut_at_nine) {
 }
 
 TEST_F(Datensatz_Finger, the_network_variant_puts_a_zero_before_the_number_and_cuts_at_sixteen) {
-    files.AddUser(1, {.Name = "Bob", .Mark = 'F', .Label = "Slot_Nr: 012"});
-    files.AddUser(2, {.Name = "Maximilian Huber", .Mark = 'F', .Label = "Slot_Nr: 250"});
+    Add(1, {.Name = "Bob", .Label = "Slot_Nr: 012"}, 'F');
+    Add(2, {.Name = "Maximilian Huber", .Label = "Slot_Nr: 250"}, 'F');
     ASSERT_EQ(Load(DatasetVariant::Network), 0);
     EXPECT_THAT(dataset.Notes, ElementsAre("mind the adapter"));
     EXPECT_EQ(dataset.Slots.at(0).Name, "Bob_0012_FP     ");
@@ -70,18 +70,18 @@ TEST_F(Datensatz_Finger, the_network_variant_puts_a_zero_before_the_number_and_c
 }
 
 TEST_F(Datensatz_Finger, a_finger_named_like_the_lock_is_no_key) {
-    files.AddUser(1, {.Name = "Front door", .Mark = 'F', .Label = "Slot_Nr: 001"});
+    Add(1, {.Name = "Front door", .Label = "Slot_Nr: 001"}, 'F');
     Expect("mind the adapter");
     ASSERT_EQ(Load(), 0);
     EXPECT_EQ(dataset.Slots.at(0).Name, "Front doo_001_FP");
 }
 
 TEST_F(Datensatz_Finger, a_label_without_a_number_gives_number_0) {
-    files.AddTemplate(1, "1001", "2 : 0 : ");
-    files.AddFinger(1, "Anna", "", "1001");
-    files.AddFinger(2, "Bert", "Slot_Nr: -12", "1001");
-    files.AddFinger(3, "Cora", std::string_view("Slot_Nr\0: 077", 13), "1001");
-    files.AddFinger(4, "Dora", "         9 8", "1001");
+    files.Template(1, "1001", "2 : 0 : ");
+    AddFinger(1, "Anna", "", "1001");
+    AddFinger(2, "Bert", "Slot_Nr: -12", "1001");
+    AddFinger(3, "Cora", std::string_view("Slot_Nr\0: 077", 13), "1001");
+    AddFinger(4, "Dora", "         9 8", "1001");
     Expect("mind the adapter");
     ASSERT_EQ(Load(), 0);
     EXPECT_EQ(dataset.Slots.at(0).Name, "Anna__FP        ");
@@ -93,8 +93,8 @@ TEST_F(Datensatz_Finger, a_label_without_a_number_gives_number_0) {
 }
 
 TEST_F(Datensatz_Finger, the_number_has_three_characters) {
-    files.AddTemplate(1, "1001", "2 : 0 : ");
-    files.AddFinger(1, "Anna", "Slot_Nr: 1234567", "1001");
+    files.Template(1, "1001", "2 : 0 : ");
+    AddFinger(1, "Anna", "Slot_Nr: 1234567", "1001");
     Expect("mind the adapter");
     ASSERT_EQ(Load(), 0);
     EXPECT_EQ(dataset.Slots.at(0).Name, "Anna_123_FP     ");
@@ -102,14 +102,15 @@ TEST_F(Datensatz_Finger, the_number_has_three_characters) {
 }
 
 TEST_F(Datensatz_Finger, a_finger_user_of_another_type_has_neither_number_nor_template) {
-    files.AddUser(1, {.Name = "Anna",
-                      .Mark = 'F',
-                      .Group = "PB_2008TimB",
-                      .Right = "ADMI",
-                      .Label = "Slot_Nr: 007",
-                      .KeyId = "1:2:3:4",
-                      .FingerFlag = "NO",
-                      .FingerId = "PR1001"});
+    Add(1,
+        {.Name = "Anna",
+         .Group = "PB_2008TimB",
+         .Right = "ADMI",
+         .Label = "Slot_Nr: 007",
+         .KeyId = "1:2:3:4",
+         .FingerFlag = "NO",
+         .FingerId = "PR1001"},
+        'F');
     Expect("mind the adapter");
     ASSERT_EQ(Load(), 0);
     const ProgSlot& slot = dataset.Slots.at(0);
@@ -128,9 +129,9 @@ TEST_F(Datensatz_Finger, a_finger_user_of_another_type_has_neither_number_nor_te
 }
 
 TEST_F(Datensatz_Finger, a_premium_finger_is_found_without_its_PR) {
-    files.AddTemplate(300, "F-812345678", "9 : 9 : ");
-    files.AddTemplate(301, "812345678", "4 : 0 : 7 : 8 : ");
-    files.AddFinger(1, "Anna", "Slot_Nr: 007", "PR812345678");
+    files.Template(300, "F-812345678", "9 : 9 : ");
+    files.Template(301, "812345678", "4 : 0 : 7 : 8 : ");
+    AddFinger(1, "Anna", "Slot_Nr: 007", "PR812345678");
     Expect("mind the adapter");
     ASSERT_EQ(Load(), 0);
     EXPECT_EQ(dataset.Slots.at(0).PrFlag, 1);
@@ -139,28 +140,28 @@ TEST_F(Datensatz_Finger, a_premium_finger_is_found_without_its_PR) {
 }
 
 TEST_F(Datensatz_Finger, the_first_record_with_the_number_counts) {
-    files.AddTemplate(10, "100", "3 : 0 : 1 : ");
-    files.AddTemplate(20, "1001 copy", "3 : 0 : 2 : ");
-    files.AddTemplate(30, "1001", "3 : 0 : 3 : ");
-    files.AddFinger(1, "Anna", "Slot_Nr: 001", "1001");
+    files.Template(10, "100", "3 : 0 : 1 : ");
+    files.Template(20, "1001 copy", "3 : 0 : 2 : ");
+    files.Template(30, "1001", "3 : 0 : 3 : ");
+    AddFinger(1, "Anna", "Slot_Nr: 001", "1001");
     Expect("mind the adapter");
     ASSERT_EQ(Load(), 0);
     EXPECT_THAT(dataset.Slots.at(0).Template, ElementsAre(3, 0, 2));
 }
 
 TEST_F(Datensatz_Finger, the_last_record_of_the_store_is_found) {
-    files.AddTemplate(501, "1001", "3 : 0 : 5 : ");
-    files.AddFinger(1, "Anna", "Slot_Nr: 001", "1001");
+    files.Template(501, "1001", "3 : 0 : 5 : ");
+    AddFinger(1, "Anna", "Slot_Nr: 001", "1001");
     Expect("mind the adapter");
     ASSERT_EQ(Load(), 0);
     EXPECT_THAT(dataset.Slots.at(0).Template, ElementsAre(3, 0, 5));
 }
 
 TEST_F(Datensatz_Finger, a_missing_template_stops_with_the_slots_name) {
-    files.AddUser(1, {.Name = "Zoe"});
-    files.AddFinger(2, u8"Jürgen"_w, "Slot_Nr: 007", "404");
-    files.AddUser(3, {.Name = "Never reached"});
-    files.AddTemplate(1, "1001", "3 : 0 : 5 : ");
+    Add(1, {.Name = "Zoe"});
+    AddFinger(2, std::string(u8"Jürgen"_w), "Slot_Nr: 007", "404");
+    Add(3, {.Name = "Never reached"});
+    files.Template(1, "1001", "3 : 0 : 5 : ");
     Expect("mind the adapter");
     Expect(u8"Jürgen_007_FP   : no fingerprint data"_w);
     EXPECT_EQ(Load(), 13);
@@ -172,10 +173,10 @@ TEST_F(Datensatz_Finger, a_missing_template_stops_with_the_slots_name) {
 }
 
 TEST_F(Datensatz_Finger, an_identifier_without_digits_matches_nothing) {
-    files.AddTemplate(1, "F-12", "3 : 0 : 5 : ");
-    files.AddTemplate(2, "", "3 : 0 : 5 : ");
+    files.Template(1, "F-12", "3 : 0 : 5 : ");
+    files.Template(2, "", "3 : 0 : 5 : ");
     for (const char* id : {"", "PR", "F-12", "XX12"}) {
-        files.AddFinger(1, "Anna", "Slot_Nr: 001", std::string(id) + std::string(21 - std::string(id).size(), ' '));
+        AddFinger(1, "Anna", "Slot_Nr: 001", std::string(id) + std::string(21 - std::string(id).size(), ' '));
         Expect("mind the adapter");
         Expect("Anna_001_FP     : no fingerprint data");
         EXPECT_EQ(Load(), 13) << id;
@@ -183,22 +184,22 @@ TEST_F(Datensatz_Finger, an_identifier_without_digits_matches_nothing) {
 }
 
 TEST_F(Datensatz_Finger, without_the_store_no_template_is_found) {
-    files.AddFinger(1, "Anna", "Slot_Nr: 001", "1001");
+    AddFinger(1, "Anna", "Slot_Nr: 001", "1001");
     Expect("mind the adapter");
     Expect("Anna_001_FP     : no fingerprint data");
     EXPECT_EQ(Load(), 13);
 }
 
 TEST_F(Datensatz_Finger, forty_premium_fingers_are_taken_and_the_next_stops) {
-    files.AddTemplate(1, "1001", "2 : 0 : ");
+    files.Template(1, "1001", "2 : 0 : ");
     for (int n = 1; n <= 40; ++n) {
-        files.AddFinger(n, "Anna", "Slot_Nr: 001", "PR1001");
+        AddFinger(n, "Anna", "Slot_Nr: 001", "PR1001");
     }
-    files.AddFinger(41, "Bert", "Slot_Nr: 002", "1001");
+    AddFinger(41, "Bert", "Slot_Nr: 002", "1001");
     Expect("mind the adapter");
     ASSERT_EQ(Load(), 0);
     EXPECT_EQ(dataset.FingerCount, 41);
-    files.AddFinger(42, "Cora", "Slot_Nr: 003", "PR1001");
+    AddFinger(42, "Cora", "Slot_Nr: 003", "PR1001");
     Expect("mind the adapter");
     Expect("too many premium fingers");
     EXPECT_EQ(Load(), 13);
@@ -208,20 +209,20 @@ TEST_F(Datensatz_Finger, forty_premium_fingers_are_taken_and_the_next_stops) {
 }
 
 TEST_F(Datensatz_Finger, a_premium_identifier_of_another_type_does_not_count_as_premium) {
-    files.AddTemplate(1, "1001", "2 : 0 : ");
+    files.Template(1, "1001", "2 : 0 : ");
     for (int n = 1; n <= 40; ++n) {
-        files.AddFinger(n, "Anna", "Slot_Nr: 001", "PR1001");
+        AddFinger(n, "Anna", "Slot_Nr: 001", "PR1001");
     }
-    files.AddUser(41, {.Name = "Bert", .Mark = 'F', .FingerFlag = "NO", .FingerId = "PR1001"});
+    Add(41, {.Name = "Bert", .FingerFlag = "NO", .FingerId = "PR1001"}, 'F');
     Expect("mind the adapter");
     EXPECT_EQ(Load(), 0);
 }
 
 TEST_F(Datensatz_Finger, a_template_of_500_bytes_stands_whole) {
-    files.AddTemplate(251, "1001", TemplateText(244, 1, 500, 9));
-    files.AddTemplate(252, "1002", TemplateText(200, 0, 200, 255));
-    files.AddFinger(1, "Anna", "Slot_Nr: 001", "1001");
-    files.AddFinger(2, "Bert", "Slot_Nr: 002", "1002");
+    files.Template(251, "1001", TemplateText(244, 1, 500, 9));
+    files.Template(252, "1002", TemplateText(200, 0, 200, 255));
+    AddFinger(1, "Anna", "Slot_Nr: 001", "1001");
+    AddFinger(2, "Bert", "Slot_Nr: 002", "1002");
     Expect("mind the adapter");
     ASSERT_EQ(Load(), 0);
     ASSERT_EQ(dataset.Slots.at(0).Template.size(), 500U);
@@ -234,10 +235,10 @@ TEST_F(Datensatz_Finger, a_template_of_500_bytes_stands_whole) {
 }
 
 TEST_F(Datensatz_Finger, values_behind_the_stated_length_are_left_and_missing_ones_are_0) {
-    files.AddTemplate(1, "1001", "3 : 0 : 7 : 8 : 9 : ");
-    files.AddTemplate(2, "1002", "6 : 0 : 7 : ");
-    files.AddFinger(1, "Anna", "Slot_Nr: 001", "1001");
-    files.AddFinger(2, "Bert", "Slot_Nr: 002", "1002");
+    files.Template(1, "1001", "3 : 0 : 7 : 8 : 9 : ");
+    files.Template(2, "1002", "6 : 0 : 7 : ");
+    AddFinger(1, "Anna", "Slot_Nr: 001", "1001");
+    AddFinger(2, "Bert", "Slot_Nr: 002", "1002");
     Expect("mind the adapter");
     ASSERT_EQ(Load(), 0);
     EXPECT_THAT(dataset.Slots.at(0).Template, ElementsAre(3, 0, 7));
@@ -246,10 +247,10 @@ TEST_F(Datensatz_Finger, values_behind_the_stated_length_are_left_and_missing_on
 }
 
 TEST_F(Datensatz_Finger, a_wild_length_is_held_at_1000_and_wild_values_are_0) {
-    files.AddTemplate(1, "1001", "255 : 255 : 7 : ");
-    files.AddTemplate(2, "1002", "5 : 0 : 999 : \xFF\x01 : 3");
-    files.AddFinger(1, "Anna", "Slot_Nr: 001", "1001");
-    files.AddFinger(2, "Bert", "Slot_Nr: 002", "1002");
+    files.Template(1, "1001", "255 : 255 : 7 : ");
+    files.Template(2, "1002", "5 : 0 : 999 : \xFF\x01 : 3");
+    AddFinger(1, "Anna", "Slot_Nr: 001", "1001");
+    AddFinger(2, "Bert", "Slot_Nr: 002", "1002");
     Expect("mind the adapter");
     ASSERT_EQ(Load(), 0);
     ASSERT_EQ(dataset.Slots.at(0).Template.size(), 1000U);
@@ -260,10 +261,10 @@ TEST_F(Datensatz_Finger, a_wild_length_is_held_at_1000_and_wild_values_are_0) {
 }
 
 TEST_F(Datensatz_Finger, a_template_without_a_length_is_none) {
-    files.AddTemplate(1, "1001", "");
-    files.AddTemplate(2, "1002", "0 : 0 : 7 : ");
-    files.AddFinger(1, "Anna", "Slot_Nr: 001", "1001");
-    files.AddFinger(2, "Bert", "Slot_Nr: 002", "1002");
+    files.Template(1, "1001", "");
+    files.Template(2, "1002", "0 : 0 : 7 : ");
+    AddFinger(1, "Anna", "Slot_Nr: 001", "1001");
+    AddFinger(2, "Bert", "Slot_Nr: 002", "1002");
     Expect("mind the adapter");
     ASSERT_EQ(Load(), 0);
     EXPECT_TRUE(dataset.Slots.at(0).Template.empty());
@@ -273,14 +274,14 @@ TEST_F(Datensatz_Finger, a_template_without_a_length_is_none) {
 }
 
 TEST_F(Datensatz_Finger, the_store_is_read_once_and_only_when_a_finger_needs_it) {
-    files.AddUser(1, {.Name = "Anna"});
-    files.AddTemplate(1, "1001", "2 : 0 : ");
+    Add(1, {.Name = "Anna"});
+    files.Template(1, "1001", "2 : 0 : ");
     ASSERT_EQ(Load(), 0);
     const int withoutFingers = pc.Disk.Operations;
     pc.Disk.Operations = 0;
-    files.AddFinger(2, "Bert", "Slot_Nr: 001", "1001");
-    files.AddFinger(3, "Cora", "Slot_Nr: 002", "1001");
-    files.AddFinger(4, "Dora", "Slot_Nr: 003", "1001");
+    AddFinger(2, "Bert", "Slot_Nr: 001", "1001");
+    AddFinger(3, "Cora", "Slot_Nr: 002", "1001");
+    AddFinger(4, "Dora", "Slot_Nr: 003", "1001");
     Expect("mind the adapter");
     ASSERT_EQ(Load(), 0);
     EXPECT_EQ(pc.Disk.Operations, withoutFingers + 1);

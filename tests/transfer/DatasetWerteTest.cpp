@@ -7,14 +7,22 @@ namespace {
 
 using testing::ElementsAre;
 
-using Datensatz_Werte = DatasetTest;
+struct Datensatz_Werte : test::DatasetTest {
+    /// Unit 1 of lock 1, with the three characters of each part of its serial as they stand in the file.
+    void Unit_Anlegen(const std::vector<std::string>& serial) {
+        files.Unit(1, 1, "Reader", "00000000", '2', "11");
+        for (std::size_t n = 0; n < serial.size(); ++n) {
+            files.Put("T6WRSSISN.TSD", 241, 1, 16 + 30 + 3 * n, 3, serial[n]);
+        }
+    }
+};
 
 TEST_F(Datensatz_Werte, the_priority_text_1_to_5_gives_0_to_4) {
-    files.Put("CPRT88X3FDA.PRT", 12, 1, 0, "1  3  3  3  ");
-    files.Put("CPRT88X3FDA.PRT", 12, 2, 0, " 2 3  3  3  ");
-    files.Put("CPRT88X3FDA.PRT", 12, 3, 0, "  3");
-    files.Put("CPRT88X3FDA.PRT", 12, 4, 0, "4  ");
-    files.Put("CPRT88X3FDA.PRT", 12, 200, 0, "5  ");
+    files.Put("CPRT88X3FDA.PRT", 12, 1, 0, 12, "1  3  3  3  ");
+    files.Put("CPRT88X3FDA.PRT", 12, 2, 0, 12, " 2 3  3  3  ");
+    files.Put("CPRT88X3FDA.PRT", 12, 3, 0, 3, "  3");
+    files.Put("CPRT88X3FDA.PRT", 12, 4, 0, 3, "4  ");
+    files.Put("CPRT88X3FDA.PRT", 12, 200, 0, 3, "5  ");
     const auto priority = [&](int lock) {
         row.Number = lock;
         dataset.Values.PriorityCode = 99;
@@ -36,15 +44,15 @@ TEST_F(Datensatz_Werte, any_other_priority_and_none_at_all_give_the_middle_one) 
     };
     EXPECT_EQ(priority(), 2);
     for (const char* text : {"   ", "0  ", "6  ", "12 ", "X  ", "\xFF\xFF\xFF"}) {
-        files.Put("CPRT88X3FDA.PRT", 12, 1, 0, text);
+        files.Put("CPRT88X3FDA.PRT", 12, 1, 0, 3, text);
         EXPECT_EQ(priority(), 2) << text;
     }
-    files.Bytes("CPRT88X3FDA.PRT").clear();
+    files.File("CPRT88X3FDA.PRT").clear();
     EXPECT_EQ(priority(), 2);
 }
 
 TEST_F(Datensatz_Werte, the_lock_mode_is_one_character_a_lock) {
-    files.Bytes("LSOEMIPART.LMT") = "XY Zx";
+    files.File("LSOEMIPART.LMT") = "XY Zx";
     const auto mode = [&](int lock) {
         row.Number = lock;
         dataset.Values.LockMode = 1;
@@ -62,7 +70,7 @@ TEST_F(Datensatz_Werte, the_lock_mode_is_one_character_a_lock) {
 }
 
 TEST_F(Datensatz_Werte, the_locks_between_two_serials_have_no_mode) {
-    files.Bytes("LSOEMIPART.LMT") = "X";
+    files.File("LSOEMIPART.LMT") = "X";
     const auto mode = [&](const char* serial) {
         row.Serial = serial;
         EXPECT_EQ(Load(), 0);
@@ -75,7 +83,7 @@ TEST_F(Datensatz_Werte, the_locks_between_two_serials_have_no_mode) {
 }
 
 TEST_F(Datensatz_Werte, the_reception_setting_is_copied) {
-    files.Put("T6WRSSISN.TSD", 241, 1, 0, "310000173059104517");
+    files.Put("T6WRSSISN.TSD", 241, 1, 0, 18, "310000173059104517");
     // mode 3, always on 1, third 0, scan 000, 17:30:59, signal 1, level 045
     ASSERT_EQ(Load(), 0);
     EXPECT_EQ(dataset.UnitMode, "3");
@@ -87,16 +95,16 @@ TEST_F(Datensatz_Werte, the_reception_setting_is_copied) {
 }
 
 TEST_F(Datensatz_Werte, the_longest_listening_time_is_one_second_below_18_hours) {
-    files.Put("T6WRSSISN.TSD", 241, 1, 0, "3  000175959");
+    files.Put("T6WRSSISN.TSD", 241, 1, 0, 12, "3  000175959");
     ASSERT_EQ(Load(), 0);
     EXPECT_EQ(dataset.ListenSeconds, 64799);
 }
 
 TEST_F(Datensatz_Werte, a_part_of_the_listening_time_that_cannot_be_chosen_is_0) {
-    files.Put("T6WRSSISN.TSD", 241, 1, 0, "3  000186099");
+    files.Put("T6WRSSISN.TSD", 241, 1, 0, 12, "3  000186099");
     ASSERT_EQ(Load(), 0);
     EXPECT_EQ(dataset.ListenSeconds, 0);
-    files.Put("T6WRSSISN.TSD", 241, 1, 0,
+    files.Put("T6WRSSISN.TSD", 241, 1, 0, 12,
               "3  000-1\xFF\xFF"
               "07");
     ASSERT_EQ(Load(), 0);
@@ -104,8 +112,8 @@ TEST_F(Datensatz_Werte, a_part_of_the_listening_time_that_cannot_be_chosen_is_0)
 }
 
 TEST_F(Datensatz_Werte, each_units_block_gives_its_name_serial_type_and_number) {
-    files.AddUnit(1, 1, "Reader east", {"01", "60", "00", "01"}, "1", "11");
-    files.AddUnit(1, 2, "Reader west", {"01", "63", "FF", "FE"}, "2", "12");
+    files.Unit(1, 1, "Reader east", "01600001", '1', "11");
+    files.Unit(1, 2, "Reader west", "0163FFFE", '2', "12");
     ASSERT_EQ(Load(), 0);
     EXPECT_EQ(dataset.UnitCount, 2);
     const ProgUnit& first = dataset.Units[0];
@@ -126,9 +134,9 @@ TEST_F(Datensatz_Werte, each_units_block_gives_its_name_serial_type_and_number) 
 }
 
 TEST_F(Datensatz_Werte, the_fifth_unit_has_the_type_of_the_third_ones_field) {
-    files.AddUnit(1, 3, "C", {"01", "60", "00", "03"}, "2", "13");
-    files.AddUnit(1, 4, "D", {"01", "60", "00", "04"}, "1", "14");
-    files.AddUnit(1, 5, "E", {"01", "60", "00", "05"}, "1", "15");
+    files.Unit(1, 3, "C", "01600003", '2', "13");
+    files.Unit(1, 4, "D", "01600004", '1', "14");
+    files.Unit(1, 5, "E", "01600005", '1', "15");
     ASSERT_EQ(Load(), 0);
     EXPECT_EQ(dataset.Units[2].Type, '2');
     EXPECT_EQ(dataset.Units[3].Type, '1');
@@ -139,7 +147,7 @@ TEST_F(Datensatz_Werte, the_fifth_unit_has_the_type_of_the_third_ones_field) {
 }
 
 TEST_F(Datensatz_Werte, a_fifth_unit_without_a_third_has_no_type) {
-    files.AddUnit(1, 5, "E", {"01", "60", "00", "05"}, "1", "15");
+    files.Unit(1, 5, "E", "01600005", '1', "15");
     ASSERT_EQ(Load(), 0);
     EXPECT_TRUE(dataset.Units[4].UnitPresent);
     EXPECT_EQ(dataset.Units[4].Type, ' ');
@@ -147,7 +155,7 @@ TEST_F(Datensatz_Werte, a_fifth_unit_without_a_third_has_no_type) {
 
 TEST_F(Datensatz_Werte, a_serial_that_begins_with_0_needs_a_second_byte_and_a_value_up_to_its_limit) {
     const auto present = [&](const std::vector<std::string>& serial) {
-        files.AddUnit(1, 1, "Reader", serial, "2", "11");
+        Unit_Anlegen(serial);
         EXPECT_EQ(Load(), 0);
         EXPECT_EQ(dataset.UnitCount, dataset.Units[0].UnitPresent ? 1 : 0);
         return dataset.Units[0].UnitPresent;
@@ -163,7 +171,7 @@ TEST_F(Datensatz_Werte, a_serial_that_begins_with_0_needs_a_second_byte_and_a_va
 
 TEST_F(Datensatz_Werte, a_unit_whose_serial_is_no_serial_is_absent) {
     const auto present = [&](const std::vector<std::string>& serial) {
-        files.AddUnit(1, 1, "Reader", serial, "2", "11");
+        Unit_Anlegen(serial);
         EXPECT_EQ(Load(), 0);
         return dataset.Units[0].UnitPresent;
     };
@@ -177,7 +185,7 @@ TEST_F(Datensatz_Werte, a_unit_whose_serial_is_no_serial_is_absent) {
 }
 
 TEST_F(Datensatz_Werte, a_lock_has_its_own_units) {
-    files.AddUnit(7, 1, "Seven", {"01", "60", "00", "07"}, "1", "11");
+    files.Unit(7, 1, "Seven", "01600007", '1', "11");
     row.Number = 7;
     ASSERT_EQ(Load(), 0);
     EXPECT_EQ(dataset.UnitCount, 1);
@@ -188,9 +196,9 @@ TEST_F(Datensatz_Werte, a_lock_has_its_own_units) {
 }
 
 TEST_F(Datensatz_Werte, a_unit_record_that_is_cut_has_the_units_before_the_cut) {
-    files.AddUnit(1, 1, "Reader east", {"01", "60", "00", "01"}, "1", "11");
-    files.AddUnit(1, 2, "Reader west", {"01", "60", "00", "02"}, "1", "12");
-    files.Bytes("T6WRSSISN.TSD").resize(98); // behind two bytes of the second one's serial
+    files.Unit(1, 1, "Reader east", "01600001", '1', "11");
+    files.Unit(1, 2, "Reader west", "01600002", '1', "12");
+    files.File("T6WRSSISN.TSD").resize(98); // behind two bytes of the second one's serial
     ASSERT_EQ(Load(), 0);
     EXPECT_EQ(dataset.UnitCount, 1);
     EXPECT_EQ(dataset.Units[1].Name, "Reader west");

@@ -16,22 +16,22 @@ protected:
 
     /// Sixteen records, each with its own times: record n runs from n:01 to n:02 on day selector n modulo 11.
     void AllSlots() {
-        files.AddTimeSlot(1, 1, "01:01", "01:02");
-        files.AddTimeSlot(2, 2, "02:01", "02:02");
-        files.AddTimeSlot(3, 3, "03:01", "03:02");
-        files.AddTimeSlot(4, 4, "04:01", "04:02");
-        files.AddTimeSlot(5, 5, "05:01", "05:02");
-        files.AddTimeSlot(6, 6, "06:01", "06:02");
-        files.AddTimeSlot(7, 7, "07:01", "07:02");
-        files.AddTimeSlot(8, 8, "08:01", "08:02");
-        files.AddTimeSlot(9, 9, "09:01", "09:02");
-        files.AddTimeSlot(10, 10, "10:01", "10:02");
-        files.AddTimeSlot(11, 0, "11:01", "11:02");
-        files.AddTimeSlot(12, 1, "12:01", "12:02");
-        files.AddTimeSlot(13, 2, "13:01", "13:02");
-        files.AddTimeSlot(14, 3, "14:01", "14:02");
-        files.AddTimeSlot(15, 4, "15:01", "15:02");
-        files.AddTimeSlot(16, 5, "16:01", "16:02");
+        files.Slot(1, 1, "01:01", "01:02");
+        files.Slot(2, 2, "02:01", "02:02");
+        files.Slot(3, 3, "03:01", "03:02");
+        files.Slot(4, 4, "04:01", "04:02");
+        files.Slot(5, 5, "05:01", "05:02");
+        files.Slot(6, 6, "06:01", "06:02");
+        files.Slot(7, 7, "07:01", "07:02");
+        files.Slot(8, 8, "08:01", "08:02");
+        files.Slot(9, 9, "09:01", "09:02");
+        files.Slot(10, 10, "10:01", "10:02");
+        files.Slot(11, 0, "11:01", "11:02");
+        files.Slot(12, 1, "12:01", "12:02");
+        files.Slot(13, 2, "13:01", "13:02");
+        files.Slot(14, 3, "14:01", "14:02");
+        files.Slot(15, 4, "15:01", "15:02");
+        files.Slot(16, 5, "16:01", "16:02");
     }
     /// Which of the three ways the lock of this serial goes when timers are wanted and there.
     std::string ModeOf(const char* serial, bool message = false) {
@@ -60,8 +60,8 @@ TEST_F(Datensatz_Zeiten, records_1_to_11_become_table_A) {
 
 TEST_F(Datensatz_Zeiten, the_locks_group_selects_the_rows_of_table_B_from_record_11_on) {
     AllSlots();
-    files.BindLock(1, "PB_812345678");
-    files.AddLockGroup(3, "X-X-X", "PB_812345678");
+    files.LockHasGroup(1, "PB_812345678");
+    files.LockGroup(3, "a group", "X-X-X", "PB_812345678");
     ASSERT_EQ(Load(), 0);
     EXPECT_THAT(dataset.TimerTableB, ElementsAre(TimerRow{0, 11, 1, 11, 2}, Empty, TimerRow{2, 13, 1, 13, 2}, Empty,
                                                  TimerRow{4, 15, 1, 15, 2}, Empty));
@@ -69,8 +69,8 @@ TEST_F(Datensatz_Zeiten, the_locks_group_selects_the_rows_of_table_B_from_record
 
 TEST_F(Datensatz_Zeiten, the_sixth_row_of_table_B_stays_empty_whatever_stands_behind_the_selection) {
     AllSlots();
-    files.BindLock(1, "PB_812345678");
-    files.AddLockGroup(1, "XXXXXXXX", "PB_812345678"); // three characters run on into the field behind
+    files.LockHasGroup(1, "PB_812345678");
+    files.LockGroup(1, "a group", "XXXXXXXX", "PB_812345678"); // three characters run on into the field behind
     ASSERT_EQ(Load(), 0);
     EXPECT_EQ(dataset.TimerTableB[4], (TimerRow{4, 15, 1, 15, 2}));
     EXPECT_EQ(dataset.TimerTableB[5], Empty);
@@ -78,10 +78,10 @@ TEST_F(Datensatz_Zeiten, the_sixth_row_of_table_B_stays_empty_whatever_stands_be
 
 TEST_F(Datensatz_Zeiten, each_lock_reads_its_own_binding) {
     AllSlots();
-    files.BindLock(1, "PB_1");
-    files.BindLock(200, "PB_2");
-    files.AddLockGroup(1, "X----", "PB_1");
-    files.AddLockGroup(2, "----X", "PB_2");
+    files.LockHasGroup(1, "PB_1");
+    files.LockHasGroup(200, "PB_2");
+    files.LockGroup(1, "a group", "X----", "PB_1");
+    files.LockGroup(2, "a group", "----X", "PB_2");
     row.Number = 200;
     ASSERT_EQ(Load(), 0);
     EXPECT_EQ(dataset.TimerTableB[0], Empty);
@@ -90,11 +90,11 @@ TEST_F(Datensatz_Zeiten, each_lock_reads_its_own_binding) {
 
 TEST_F(Datensatz_Zeiten, the_group_is_found_by_its_identifier_and_not_by_its_name) {
     AllSlots();
-    files.Put("SBSCLKZU.SB1", 55, 1, 0, "PB_77");
-    files.Put("SBSCLKZU.SB1", 55, 1, 15, "Cleaning");
-    files.AddLockGroup(1, "XXXXX", "PB_66");
-    files.Put("TIMGRP44T8_S.SBS", 66, 1, 3, "Cleaning");
-    files.AddLockGroup(2, "-X---", "PB_77");
+    files.Put("SBSCLKZU.SB1", 55, 1, 0, 5, "PB_77");
+    files.Put("SBSCLKZU.SB1", 55, 1, 15, 8, "Cleaning");
+    files.LockGroup(1, "a group", "XXXXX", "PB_66");
+    files.Put("TIMGRP44T8_S.SBS", 66, 1, 3, 8, "Cleaning");
+    files.LockGroup(2, "a group", "-X---", "PB_77");
     ASSERT_EQ(Load(), 0);
     EXPECT_EQ(dataset.TimerTableB[0], Empty);
     EXPECT_EQ(dataset.TimerTableB[1], (TimerRow{1, 12, 1, 12, 2}));
@@ -102,11 +102,11 @@ TEST_F(Datensatz_Zeiten, the_group_is_found_by_its_identifier_and_not_by_its_nam
 
 TEST_F(Datensatz_Zeiten, no_group_and_an_unknown_group_select_nothing) {
     AllSlots();
-    files.AddLockGroup(1, "XXXXX", "-");
-    files.AddLockGroup(2, "XXXXX", "");
-    files.AddLockGroup(6, "XXXXX", "PB_6"); // only five groups can be chosen
+    files.LockGroup(1, "a group", "XXXXX", "-");
+    files.LockGroup(2, "a group", "XXXXX", "");
+    files.LockGroup(6, "a group", "XXXXX", "PB_6"); // only five groups can be chosen
     for (const char* group : {"-              ", "               ", "PB_5           ", "PB_6           "}) {
-        files.BindLock(1, group);
+        files.LockHasGroup(1, group);
         ASSERT_EQ(Load(), 0);
         EXPECT_THAT(dataset.TimerTableB, Each(Empty)) << group;
     }
@@ -153,8 +153,8 @@ TEST_F(Datensatz_Zeiten, the_serial_decides_which_tables_a_lock_gets) {
 
 TEST_F(Datensatz_Zeiten, a_lock_without_timers_gets_empty_tables) {
     AllSlots();
-    files.BindLock(1, "PB_1");
-    files.AddLockGroup(1, "XXXXX", "PB_1");
+    files.LockHasGroup(1, "PB_1");
+    files.LockGroup(1, "a group", "XXXXX", "PB_1");
     row.Serial = "0B.4A.00.00";
     ASSERT_EQ(Load(), 0);
     EXPECT_THAT(dataset.TimerTableA, Each(Empty));
@@ -180,8 +180,8 @@ TEST_F(Datensatz_Zeiten, without_the_file_it_is_the_same_as_without_the_switch) 
 
 TEST_F(Datensatz_Zeiten, what_a_lock_had_before_is_gone) {
     AllSlots();
-    files.BindLock(1, "PB_1");
-    files.AddLockGroup(1, "XXXXX", "PB_1");
+    files.LockHasGroup(1, "PB_1");
+    files.LockGroup(1, "a group", "XXXXX", "PB_1");
     ASSERT_EQ(Load(), 0);
     row.PersonTimers = "";
     ASSERT_EQ(Load(), 0);
@@ -191,7 +191,7 @@ TEST_F(Datensatz_Zeiten, what_a_lock_had_before_is_gone) {
 
 TEST_F(Datensatz_Zeiten, a_file_that_ends_early_gives_what_it_has) {
     AllSlots();
-    files.Bytes("TX33Y98BSG9.TBW").resize(11 + 6); // the second record ends behind its first time
+    files.File("TX33Y98BSG9.TBW").resize(11 + 6); // the second record ends behind its first time
     ASSERT_EQ(Load(), 0);
     EXPECT_EQ(dataset.TimerTableA[0], (TimerRow{1, 1, 1, 1, 2}));
     EXPECT_EQ(dataset.TimerTableA[1], (TimerRow{2, 2, 1, 0, 0}));
@@ -199,10 +199,10 @@ TEST_F(Datensatz_Zeiten, a_file_that_ends_early_gives_what_it_has) {
 }
 
 TEST_F(Datensatz_Zeiten, a_time_that_does_not_exist_is_midnight_and_the_day_byte_stays) {
-    files.AddTimeSlot(1, 10, "24:00", "12:60");
-    files.AddTimeSlot(2, 8, "\xFF\xFF:\xFF\xFF", "-1:30");
-    files.AddTimeSlot(3, 255, "08:15", "12345");
-    files.AddTimeSlot(4, 1, " 8:15", "23:59");
+    files.Slot(1, 10, "24:00", "12:60");
+    files.Slot(2, 8, "\xFF\xFF:\xFF\xFF", "-1:30");
+    files.Slot(3, 255, "08:15", "12345");
+    files.Slot(4, 1, " 8:15", "23:59");
     ASSERT_EQ(Load(), 0);
     EXPECT_EQ(dataset.TimerTableA[0], (TimerRow{10, 0, 0, 0, 0}));
     EXPECT_EQ(dataset.TimerTableA[1], (TimerRow{8, 0, 0, 0, 0}));

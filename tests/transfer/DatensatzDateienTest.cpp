@@ -24,7 +24,7 @@ struct Dateien_Eines_Laufs : DatasetTest {
     Dateien_Eines_Laufs() {
         row.PersonTimers = row.Calendars = "";
         for (const WholeFile& file : Always) {
-            files.Bytes(file.Name).assign(file.Length * file.Count, ' ');
+            files.File(file.Name).assign(file.Length * file.Count, ' ');
         }
     }
 
@@ -50,7 +50,7 @@ TEST_F(Dateien_Eines_Laufs, whole_files_and_missing_ones_are_no_trouble) {
 
 TEST_F(Dateien_Eines_Laufs, each_file_cut_in_the_middle_is_named) {
     for (const WholeFile& file : Always) {
-        std::string& bytes = files.Bytes(file.Name);
+        std::string& bytes = files.File(file.Name);
         const std::string whole = bytes;
         bytes.resize(whole.size() / 2);
         EXPECT_THAT(Found(), Only(file.Name, FileDamage::TooShort)) << file.Name;
@@ -63,7 +63,7 @@ TEST_F(Dateien_Eines_Laufs, each_file_cut_in_the_middle_is_named) {
 TEST_F(Dateien_Eines_Laufs, each_file_cut_within_a_record_is_named) {
     for (const WholeFile& file : Always) {
         if (file.Length > 1) {
-            std::string& bytes = files.Bytes(file.Name);
+            std::string& bytes = files.File(file.Name);
             const std::string whole = bytes;
             bytes.resize(whole.size() - 1);
             EXPECT_THAT(Found(), Only(file.Name, FileDamage::CutRecord)) << file.Name;
@@ -73,39 +73,39 @@ TEST_F(Dateien_Eines_Laufs, each_file_cut_within_a_record_is_named) {
 }
 
 TEST_F(Dateien_Eines_Laufs, a_longer_file_of_an_older_conversion_is_good) {
-    files.Bytes("BX10X52WUJ9.UBW").resize(std::size_t{419} * 251, ' ');
+    files.File("BX10X52WUJ9.UBW").resize(std::size_t{419} * 251, ' ');
     EXPECT_THAT(Found(), IsEmpty());
 }
 
 TEST_F(Dateien_Eines_Laufs, files_of_single_records_may_be_short_and_have_gaps_but_not_be_cut) {
-    files.Bytes("RFCHANDIF12.RFX").assign(15, '1');
-    files.Bytes("T6WRSSISN.TSD").assign(std::size_t{241} * 3, '\0');
+    files.File("RFCHANDIF12.RFX").assign(15, '1');
+    files.File("T6WRSSISN.TSD").assign(std::size_t{241} * 3, '\0');
     EXPECT_THAT(Found(), IsEmpty());
-    files.Bytes("RFCHANDIF12.RFX").assign(14, '1');
+    files.File("RFCHANDIF12.RFX").assign(14, '1');
     EXPECT_THAT(Found(), Only("RFCHANDIF12.RFX", FileDamage::CutRecord));
 }
 
 TEST_F(Dateien_Eines_Laufs, slots_count_only_for_a_lock_that_gets_person_timers) {
-    files.Bytes("TX33Y98BSG9.TBW").assign(77, '\0'); // seven of fifteen
+    files.File("TX33Y98BSG9.TBW").assign(77, '\0'); // seven of fifteen
     EXPECT_THAT(Found(), IsEmpty());
     row.PersonTimers = "X";
     EXPECT_THAT(Found(), Only("TX33Y98BSG9.TBW", FileDamage::TooShort));
 }
 
 TEST_F(Dateien_Eines_Laufs, holidays_count_only_for_a_lock_that_gets_calendars) {
-    files.Bytes("KL10X49WTTI.CBW").assign(430, ' '); // half of 41 records
+    files.File("KL10X49WTTI.CBW").assign(430, ' '); // half of 41 records
     EXPECT_THAT(Found(), IsEmpty());
     row.Calendars = "X";
     EXPECT_THAT(Found(), Only("KL10X49WTTI.CBW", FileDamage::CutRecord));
     for (const std::size_t records : {0U, 20U, 41U}) {
-        files.Bytes("KL10X49WTTI.CBW").assign(records * 21, ' ');
+        files.File("KL10X49WTTI.CBW").assign(records * 21, ' ');
         EXPECT_THAT(Found(), IsEmpty()) << records;
     }
 }
 
 TEST_F(Dateien_Eines_Laufs, templates_count_only_for_a_lock_that_a_finger_opens) {
-    files.Bytes("TEmpTCD0UPK.FSD").assign(3000, ' ');
-    files.AddFinger(3, "Anna", "Slot_Nr: 001", "800", 2);
+    files.File("TEmpTCD0UPK.FSD").assign(3000, ' ');
+    AddFinger(3, "Anna", "Slot_Nr: 001", "800", 2);
     EXPECT_THAT(Found(), IsEmpty());
     row.Number = 2;
     EXPECT_THAT(Found(), Only("TEmpTCD0UPK.FSD", FileDamage::CutRecord));
