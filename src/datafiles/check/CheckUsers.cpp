@@ -95,15 +95,15 @@ void Benutzer_Pruefen(CheckStand& stand) {
 }
 
 void Benutzer_Marken_Pruefen(CheckStand& stand) {
-    constexpr int LockCount = LockRecord::Record.Last;
-    std::vector<int> marked(LockCount + 1, 0);
+    constexpr int lastLock = LockRecord::Record.Last;
+    std::vector<int> marked(lastLock + 1, 0);
     for (int user = 1; user <= stand.Letzter(Users); ++user) {
         if (Name(stand, user).empty()) {
             continue;
         }
         const std::string mask = Feld_Roh(stand.File(Users).Record(user), UserRecord::LockMask);
         const bool finger = !stand.Text(Users, user, UserRecord::FingerId).empty();
-        for (int lock = 1; lock <= LockCount; ++lock) {
+        for (int lock = 1; lock <= lastLock; ++lock) {
             const char mark = mask[static_cast<std::size_t>(lock) - 1];
             const std::string where = "the mark for lock " + std::to_string(lock);
             if (mark != 'X' && mark != 'F') {
@@ -124,7 +124,7 @@ void Benutzer_Marken_Pruefen(CheckStand& stand) {
             }
         }
     }
-    for (int lock = 1; lock <= LockCount; ++lock) {
+    for (int lock = 1; lock <= lastLock; ++lock) {
         const SerialText serial = Seriennummer(stand, LockRecord::Record, lock, LockRecord::Sn1, LockRecord::Sn2,
                                                LockRecord::Sn3, LockRecord::Sn4);
         const int count = marked[static_cast<std::size_t>(lock)];
