@@ -187,12 +187,12 @@ std::set<std::string> LongFunctions(const std::vector<Source>& sources, std::siz
 
 using Names = std::set<std::string>;
 
-TEST(Sources, no_file_is_longer_than_five_hundred_lines) {
-    EXPECT_EQ(LongFiles(All(), 500), Names{});
+TEST(Sources, no_file_is_longer_than_four_hundred_lines) {
+    EXPECT_EQ(LongFiles(All(), 400), Names{});
 }
 
-TEST(Sources, no_function_is_longer_than_sixty_lines) {
-    EXPECT_EQ(LongFunctions(All(), 60), Names{});
+TEST(Sources, no_function_is_longer_than_fifty_lines) {
+    EXPECT_EQ(LongFunctions(All(), 50), Names{});
 }
 
 TEST(Tests, no_file_is_longer_than_five_hundred_lines_but_those_with_a_reason) {
