@@ -11,12 +11,8 @@ struct HistoryWindows {
     explicit HistoryWindows(Programm& whole) : programm(whole) {}
 
     Programm& programm;
-    struct F7 F7 {
-        programm.kern
-    };
-    struct F8 F8 {
-        F7
-    };
+    qvm::F7 F7{programm.kern};
+    qvm::F8 F8{F7};
 
     /// Fills the hooks of these windows, and those that lead to them. Behind MainWindows and TransferWindows.
     void Verbinden();

@@ -14,21 +14,11 @@ struct MainWindows {
     explicit MainWindows(Programm& whole) : programm(whole) {}
 
     Programm& programm;
-    struct F2 F2 {
-        programm.link, programm.Adapter
-    };
-    struct F1 F1 {
-        programm.kern
-    };
-    struct F15 F15 {
-        programm.kern
-    };
-    struct F6 F6 {
-        programm.link, programm.Adapter
-    };
-    struct F14 F14 {
-        programm.kern
-    };
+    qvm::F2 F2{programm.link, programm.Adapter};
+    qvm::F1 F1{programm.kern};
+    qvm::F15 F15{programm.kern};
+    qvm::F6 F6{programm.link, programm.Adapter};
+    qvm::F14 F14{programm.kern};
 
     /// Fills the hooks of these windows, and those that lead to them.
     void Verbinden();

@@ -15,24 +15,12 @@ struct TransferWindows {
     explicit TransferWindows(Programm& whole) : programm(whole) {}
 
     Programm& programm;
-    struct F9 F9 {
-        programm.Lauf
-    };
-    struct F18 F18 {
-        programm.Lauf
-    };
-    struct F11 F11 {
-        programm.Lauf, F9, F18, programm.Adapter
-    };
-    struct F13 F13 {
-        programm.Lauf, F11, programm.Adapter
-    };
-    struct F91 F91 {
-        programm.Lauf, programm.Netz, F9, programm.Adapter
-    };
-    struct F92 F92 {
-        programm.kern
-    };
+    qvm::F9 F9{programm.Lauf};
+    qvm::F18 F18{programm.Lauf};
+    qvm::F11 F11{programm.Lauf, F9, F18, programm.Adapter};
+    qvm::F13 F13{programm.Lauf, F11, programm.Adapter};
+    qvm::F91 F91{programm.Lauf, programm.Netz, F9, programm.Adapter};
+    qvm::F92 F92{programm.kern};
 
     /// The lock grid or the run list stands open, in the main window's place.
     bool Offen() const { return F13.Fenster.Visible || F91.Fenster.Visible; }
