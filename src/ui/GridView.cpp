@@ -202,6 +202,23 @@ void GridView::setCurrentCell(int row, int column) {
     setCurrentIndex(model_->index(row - 1, column));
 }
 
+void GridView::showOver(QWidget* overlay, bool visible, const std::function<void()>& place) {
+    if (!visible) {
+        const bool focused = overlay->hasFocus();
+        overlay->hide();
+        if (focused) {
+            setFocus(Qt::OtherFocusReason);
+        }
+        return;
+    }
+    setCurrentCell(grid().Row, grid().Column);
+    overlay->setAccessibleName(model_->headerData(grid().Column, Qt::Horizontal, Qt::DisplayRole).toString());
+    place();
+    overlay->show();
+    overlay->raise();
+    overlay->setFocus(Qt::OtherFocusReason);
+}
+
 QRect GridView::cellRect(int row, int column) const {
     const QModelIndex index = model_->index(row - 1, column);
     if (!index.isValid() || isColumnHidden(column)) {

@@ -46,6 +46,9 @@ public:
     void scrollToRow(int row);
     /// The cell's rectangle in coordinates of this widget; empty outside the grid and while scrolled out of sight.
     QRect cellRect(int row, int column) const;
+    /// A widget over the grid, an editor or a list, comes with the keyboard to the grid's current cell (Grid.Row,
+    /// Grid.Column), where `place` puts it, or goes and gives the keyboard back.
+    void showOver(QWidget* overlay, bool visible, const std::function<void()>& place);
     /// The cell under the mouse pointer, as the last mouse event told. False when it is over none.
     bool cellUnderMouse(int& row, int& column) const;
     /// How a cell of the model stands out.

@@ -1,6 +1,7 @@
 #include "MonthView.h"
 
 #include "Bind.h"
+#include "Geometry.h"
 #include "QtWords.h"
 #include "Theme.h"
 #include "WindowAccess.h"
@@ -11,8 +12,6 @@
 #include <QScreen>
 #include <QTextCharFormat>
 #include <QToolButton>
-
-#include <algorithm>
 
 namespace qvm::ui {
 namespace {
@@ -131,7 +130,7 @@ void MonthView::popUpUnder(QWidget* widget) {
         if (place.bottom() > room.bottom()) {
             place.moveBottom(widget->mapToGlobal(QPoint(0, 0)).y());
         }
-        place.moveLeft(std::clamp(place.left(), room.left(), std::max(room.left(), room.right() - place.width())));
+        place.moveTopLeft(withinRoom(place.topLeft(), place.size(), room));
     }
     setGeometry(place);
     show();

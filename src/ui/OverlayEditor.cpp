@@ -8,7 +8,7 @@ OverlayEditor::OverlayEditor(TextBox& model, GridView& view, const QString& name
     : KeyEdit(model, name, &view), view_(view) {
     takesTab = takesEscape = true;
     connect(&view, &GridView::cellsMoved, this, &OverlayEditor::place);
-    watch(model.Visible, this, [this] { showModel(); });
+    watch(model.Visible, this, [this] { view_.showOver(this, model_.Visible, [this] { place(); }); });
 }
 
 void OverlayEditor::place() {
@@ -20,23 +20,6 @@ void OverlayEditor::place() {
     if (!cell.isEmpty()) {
         setGeometry(cell);
     }
-}
-
-void OverlayEditor::showModel() {
-    if (!model_.Visible) {
-        const bool focused = hasFocus();
-        hide();
-        if (focused) {
-            view_.setFocus(Qt::OtherFocusReason);
-        }
-        return;
-    }
-    view_.setCurrentCell(view_.grid().Row, view_.grid().Column);
-    setAccessibleName(view_.gridModel().headerData(view_.grid().Column, Qt::Horizontal, Qt::DisplayRole).toString());
-    place();
-    show();
-    raise();
-    setFocus(Qt::OtherFocusReason);
 }
 
 } // namespace qvm::ui

@@ -14,7 +14,6 @@ public:
     OverlayEditor(TextBox& model, GridView& view, const QString& name);
 
 private:
-    void showModel();
     void place();
 
     GridView& view_;

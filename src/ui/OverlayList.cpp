@@ -19,7 +19,7 @@ OverlayList::OverlayList(ListBox& model, GridView& view, const QString& name)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setUniformItemSizes(true);
     bind(model, this, name);
-    watch(model.Visible, this, [this] { showModel(); });
+    watch(model.Visible, this, [this] { view_.showOver(this, model_.Visible, [this] { place(); }); });
     connect(&view, &GridView::cellsMoved, this, &OverlayList::place);
     connect(this, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) { choose(row(item)); });
 }
@@ -36,23 +36,6 @@ void OverlayList::place() {
     const bool below = cell.bottom() + height <= room.bottom() || cell.top() - height < room.top();
     const int left = std::clamp(cell.left(), room.left(), std::max(room.left(), room.right() - width));
     setGeometry(left, below ? cell.bottom() + 1 : cell.top() - height, width, height);
-}
-
-void OverlayList::showModel() {
-    if (!model_.Visible) {
-        const bool focused = hasFocus();
-        hide();
-        if (focused) {
-            view_.setFocus(Qt::OtherFocusReason);
-        }
-        return;
-    }
-    view_.setCurrentCell(view_.grid().Row, view_.grid().Column);
-    setAccessibleName(view_.gridModel().headerData(view_.grid().Column, Qt::Horizontal, Qt::DisplayRole).toString());
-    place();
-    show();
-    raise();
-    setFocus(Qt::OtherFocusReason);
 }
 
 void OverlayList::choose(int index) {

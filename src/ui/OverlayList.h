@@ -26,7 +26,6 @@ protected:
 
 private:
     void place();
-    void showModel();
     void choose(int index);
 
     ListBox& model_;
