@@ -1,5 +1,7 @@
 #include "Bilderpruefung.h"
 
+#include <QDir>
+#include <QFileInfo>
 #include <QImage>
 #include <QSet>
 
@@ -55,10 +57,9 @@ struct Look {
 constexpr Look Looks[] = {{100, "breeze-light", false}, {100, "breeze-dark", true},   {100, "adwaita-dark", true},
                           {100, "high-contrast", true}, {200, "breeze-light", false}, {200, "breeze-dark", true}};
 
-QString pathOf(const QString& folder, const char* language, const Look& look, const char* window) {
+QString pathOf(const QString& folder, const char* language, const Look& look, const QString& window) {
     return QStringLiteral("%1/%2-%3-%4/%5.png")
-        .arg(folder, QLatin1String(language), QString::number(look.Percent), QLatin1String(look.Palette),
-             QLatin1String(window));
+        .arg(folder, QLatin1String(language), QString::number(look.Percent), QLatin1String(look.Palette), window);
 }
 
 bool hasColours(const QImage& image, int fewest) {
@@ -80,7 +81,8 @@ int brightnessOf(const QImage& image) {
     return qGray(one.pixel(0, 0));
 }
 
-void checkOne(const QString& folder, const char* language, const Look& look, const char* window, QStringList& faults) {
+void checkOne(const QString& folder, const char* language, const Look& look, const QString& window,
+              QStringList& faults) {
     const QString path = pathOf(folder, language, look, window);
     const QImage image(path);
     if (image.width() < SmallestSide || image.height() < SmallestSide) {
@@ -102,11 +104,25 @@ void checkOne(const QString& folder, const char* language, const Look& look, con
     }
 }
 
+/// The windows that must be there, and those that are there besides.
+QStringList windowsOf(const QString& folder) {
+    QStringList windows;
+    for (const char* window : Windows) {
+        windows += QLatin1String(window);
+    }
+    const QFileInfo first(pathOf(folder, "Deutsch", Looks[0], windows.first()));
+    for (const QFileInfo& picture : first.dir().entryInfoList({QStringLiteral("*.png")})) {
+        windows += picture.completeBaseName();
+    }
+    windows.removeDuplicates();
+    return windows;
+}
+
 } // namespace
 
 QStringList checkPictures(const QString& folder) {
     QStringList faults;
-    for (const char* window : Windows) {
+    for (const QString& window : windowsOf(folder)) {
         for (const char* language : {"Deutsch", "English"}) {
             for (const Look& look : Looks) {
                 checkOne(folder, language, look, window, faults);
@@ -114,9 +130,9 @@ QStringList checkPictures(const QString& folder) {
         }
         const QImage german(pathOf(folder, "Deutsch", Looks[0], window));
         const QImage english(pathOf(folder, "English", Looks[0], window));
-        const bool wordless = std::string_view(window) == WithoutWords[0];
+        const bool wordless = window == QLatin1String(WithoutWords[0]);
         if (!wordless && german == english) {
-            faults += QLatin1String(window) + QStringLiteral(": the same in both languages");
+            faults += window + QStringLiteral(": the same in both languages");
         }
     }
     return faults;

@@ -79,6 +79,8 @@ TEST_F(Overview_Card, leads_by_mouse_and_by_keyboard_to_the_window_of_a_fact) {
 
 TEST_F(Overview_Card, a_fact_without_a_window_is_text_and_no_button) {
     Open();
+    programm->kern.Windows.Open.erase("F5");
+    programm->Main->F2.Tasten_Freigeben();
     EXPECT_FALSE(Fact("Personen")->isVisible());
     auto* people = Find<QLabel>("F2.Uebersicht.Personen.Text");
     EXPECT_TRUE(people->isVisible());

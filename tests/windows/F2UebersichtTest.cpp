@@ -149,6 +149,8 @@ TEST_F(F2_Uebersicht, a_click_leads_to_the_window_of_a_fact) {
 
 TEST_F(F2_Uebersicht, a_fact_whose_window_does_not_exist_leads_nowhere) {
     Connect();
+    programm->kern.Windows.Open.erase("F5");
+    Main().Tasten_Freigeben();
     EXPECT_FALSE(Leads(Angabe::Personen));
     EXPECT_TRUE(Leads(Angabe::Schloesser));
     Main().Angabe_Click(Angabe::Personen);
