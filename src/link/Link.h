@@ -55,7 +55,7 @@ struct Link {
     std::array<std::uint16_t, BufferSize> TxBuffer{}; ///< one byte value a word; index n is byte n of the frame
     std::uint8_t UsbArmed = 0;                        ///< 0xA5 selects the network automaton
     std::uint8_t UsbDone = 0;                         ///< 0x5A when the network automaton holds a frame
-    std::uint8_t ReplySeen = 0;                       ///< set by the dispatcher for replies that a wait looks at
+    std::uint8_t ReplySeen = 0;                       ///< a reply of the adapter came that a wait looks at
     std::optional<AdapterAntwort> ReplyWanted;        ///< the only reply that sets it; none: each of them does
     /// Code of the last addressed telegram, until its reply, a refusal, a telegram to the adapter itself or the end of
     /// a run; 0: no device owes an answer.
@@ -71,7 +71,7 @@ struct Link {
     int PortNummer = 0; ///< the port the link works on
 
     std::vector<std::uint8_t> TxWire; ///< the last telegram as it went over the line
-    int Dispatching = 0;              ///< calls of Antwort_Verteilen on the stack
+    int Dispatching = 0;              ///< frames that are being acted on
     bool ForgetFrame = false;         ///< the frame is to be overwritten when the last of them returns
 
     RunState Lauf;
@@ -93,8 +93,8 @@ struct Link {
     std::uint8_t ReplyByte(int index) const;
 };
 
-/// Runs the armed automaton for one received byte; a good serial frame runs Antwort_Verteilen inside this call, with
-/// the automaton already back in state 0, as the dispatcher may wait and let further bytes in.
+/// Runs the armed automaton for one received byte; a good serial frame is acted on inside this call, with the automaton
+/// already back in state 0, as who acts may wait and let further bytes in.
 void Empfang_Byte(Link& link, std::uint8_t byte);
 
 /// Closes the port if it is open and opens `number`. False when that fails.
@@ -132,10 +132,11 @@ void Warte_Antwort(Link& link, double seconds);
 /// Overwrites the administrator code, the session key, and the telegrams sent and received last. The next run brings
 /// its own. A frame that is being received is not touched.
 void Geheimnisse_Vergessen(Link& link);
-/// Overwrites the frame received last; inside the dispatcher, which may still read it, once that has returned.
+/// Overwrites the frame received last; while one is acted on, which may still be read, once that is over.
 void Empfang_Vergessen(Link& link);
 
-/// The reply dispatcher: acts on the frame in RxBuffer.
-void Antwort_Verteilen(Link& link);
+/// Acts on the frame in RxBuffer when its code is one of the adapter's own (0x68, 0x6A, 0x6C, 0x6D): a wait for it
+/// ends. An identification counts only while a search waits for one, and only the first.
+void Adapter_Antwort(Link& link, std::uint8_t code);
 
 } // namespace qvm

@@ -93,8 +93,11 @@ void Empfang_Byte(Link& link, std::uint8_t byte) {
     if (network && whole) {
         Netzwerk_Fertig(link, result);
     } else if (result == RxResult::Frame) {
+        const std::uint8_t code = link.Rx.RxBuffer[2];
         ++link.Dispatching;
-        Antwort_Verteilen(link);
+        if (!link.Hooks.Antwort_Gekommen || link.Hooks.Antwort_Gekommen()) {
+            Adapter_Antwort(link, code);
+        }
         --link.Dispatching;
         if (link.ForgetFrame) {
             Empfang_Vergessen(link);

@@ -8,7 +8,37 @@ namespace {
 
 constexpr int TickSumMaximum = 30000;
 
+bool Erwartet(const Link& link, const AdapterAntwort& wanted) {
+    const std::uint8_t code = link.RxByte(2);
+    return (code == wanted.Code || code == wanted.OtherCode) && link.Rx.RxLength >= wanted.Shortest &&
+           link.Rx.RxLength <= wanted.Longest;
+}
+
+/// A search waits for an identification, and this is one: whole, and the first.
+bool Kennung_Erwartet(const Link& link) {
+    return link.ReplySeen == 0 && link.ReplyWanted && Erwartet(link, *link.ReplyWanted);
+}
+
+/// The first wanted reply stays until the next wait: what comes behind it in the same event is not waited for.
+void Antwort_Gesehen(Link& link) {
+    if (link.ReplySeen == 0 && (!link.ReplyWanted || Erwartet(link, *link.ReplyWanted))) {
+        link.ReplySeen = 1;
+        const std::span<const std::uint8_t> frame = link.RxFrame();
+        link.Reply.assign(frame.begin(), frame.end());
+    }
+}
+
 } // namespace
+
+void Adapter_Antwort(Link& link, std::uint8_t code) {
+    const bool identification = code == 0x68 || code == 0x6A;
+    if (identification && Kennung_Erwartet(link)) {
+        Antwort_Gesehen(link);
+        Rufen(link.Hooks.Adapter_Erkannt);
+    } else if (code == 0x6C || code == 0x6D) {
+        Antwort_Gesehen(link);
+    }
+}
 
 void Warte_Ticks(Link& link, int interval, int limit) {
     const int tick = std::clamp(interval, 1, TickSumMaximum);

@@ -16,33 +16,12 @@ Programm::Programm(Platform& world, const std::string& directory)
     if (kern.AppPath.empty() || kern.AppPath.back() != '/') {
         kern.AppPath += '/';
     }
-    Haken_Verbinden();
     Main->Verbinden();
     Transfer->Verbinden();
     History->Verbinden();
 }
 
 Programm::~Programm() = default;
-
-void Programm::Haken_Verbinden() {
-    Lauf_Haken_Setzen(Lauf, link.Hooks);
-    LinkHooks& hooks = link.Hooks;
-    hooks.Suchlauf_Schritt = [this] { Rufen(Fensterhaken.Suchlauf_Schritt); };
-    hooks.Unit_Gefunden = [this] { Rufen(Fensterhaken.Unit_Gefunden); };
-    hooks.Unit_Kanal_Leer = [this] { Rufen(Fensterhaken.Unit_Kanal_Leer); };
-    hooks.Adapter_Erkannt = [this] {
-        Main->F2.Adapter_Erkannt();
-        Rufen(Fensterhaken.Adapter_Erkannt);
-    };
-    hooks.Adapter_Daten = [this] { Rufen(Fensterhaken.Adapter_Daten); };
-    hooks.Karte_Quittung = [this] { Rufen(Fensterhaken.Karte_Quittung); };
-    hooks.Karte_Start = [this] { Rufen(Fensterhaken.Karte_Start); };
-    hooks.Karte_Block = [this] { Rufen(Fensterhaken.Karte_Block); };
-    hooks.EKey_Ergebnis = [this] { Rufen(Fensterhaken.EKey_Ergebnis); };
-    hooks.Finger_Schritt = [this] { Rufen(Fensterhaken.Finger_Schritt); };
-    hooks.Finger_Daten = [this] { Rufen(Fensterhaken.Finger_Daten); };
-    hooks.Finger_Kennung = [this] { Rufen(Fensterhaken.Finger_Kennung); };
-}
 
 namespace {
 

@@ -34,13 +34,8 @@ struct Programm {
     std::unique_ptr<TransferWindows> Transfer;
     std::unique_ptr<HistoryWindows> History;
 
-    // Rows of the reply chain, and ends of a run, that lead to windows of the front end. May be empty.
-    LinkHooks Fensterhaken;
     DataHolder Datenbesitzer;                                ///< who has the data files, when Programm_Start says so
     std::function<void(const std::string& path)> F7_Oeffnen; ///< shows the history file of a run, by F7 or otherwise
-
-private:
-    void Haken_Verbinden();
 };
 
 enum class StartResult {

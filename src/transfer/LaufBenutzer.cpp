@@ -1,3 +1,4 @@
+#include "Laufbedingungen.h"
 #include "Laufschritte.h"
 #include "Modelle.h"
 #include "Schlosszeile.h"
@@ -14,7 +15,7 @@ constexpr int FirstSlot = 1, LastSlot = 2999;
 constexpr std::size_t SliceStart = 70, SliceLength = 29;
 
 const ProgSlot* Benutzer(const Programmierlauf& run) {
-    const int cursor = run.link.Lauf.Chain.SlotCursor;
+    const int cursor = Kette(run).SlotCursor;
     const auto& slots = run.Daten.Slots;
     return cursor >= 0 && cursor < static_cast<int>(slots.size()) ? &slots[static_cast<std::size_t>(cursor)] : nullptr;
 }
@@ -45,16 +46,33 @@ void Vorlage_Senden(Programmierlauf& run, const ProgSlot& user) {
     TelBenutzerVorlage_Senden(run.link, user.FingerNumber, user.Name, slice, Wertigkeit(user.Funktion));
 }
 
+void Id_Abschliessen(Programmierlauf& run) {
+    run.link.DeviceClassByte = 0x11;
+    Kette(run).IdMarke.clear();
+    Kette(run).IdSecondPart = false;
+}
+
 } // namespace
 
 void Schritt_Benutzer_Beginnen(Programmierlauf& run) {
-    run.link.Lauf.Chain.IdMarke.clear();
-    run.link.Lauf.Chain.IdSecondPart = false;
+    Kette(run).IdMarke.clear();
+    Kette(run).IdSecondPart = false;
     if (Benutzer(run) != nullptr) {
         TelBenutzerBeginn_Senden(run.link);
     } else {
         TelSperrTimerFlag_Senden(run.link);
     }
+}
+
+void Schritt_Erster_Benutzer(Programmierlauf& run) {
+    Kette(run).HolidayPart = 0;
+    Kette(run).SlotCursor = 0;
+    Schritt_Benutzer_Beginnen(run);
+}
+
+void Schritt_Naechster_Benutzer(Programmierlauf& run) {
+    ++Kette(run).SlotCursor;
+    Schritt_Benutzer_Beginnen(run);
 }
 
 void Schritt_Benutzer_Slot(Programmierlauf& run) {
@@ -67,7 +85,7 @@ void Schritt_Benutzer_Slot(Programmierlauf& run) {
         Platz_Ungueltig(run);
         return;
     }
-    run.link.Lauf.Chain.UserSlot = static_cast<std::uint16_t>(slot);
+    Kette(run).UserSlot = static_cast<std::uint16_t>(slot);
     if (user->Kind == SlotKind::Finger) {
         Vorlage_Senden(run, *user);
     } else {
@@ -77,7 +95,7 @@ void Schritt_Benutzer_Slot(Programmierlauf& run) {
 
 void Schritt_Benutzer_Name2(Programmierlauf& run) {
     if (const ProgSlot* user = Benutzer(run)) {
-        TelBenutzerName2_Senden(run.link, run.link.Lauf.Chain.UserSlot, user->Name);
+        TelBenutzerName2_Senden(run.link, Kette(run).UserSlot, user->Name);
     }
 }
 
@@ -112,15 +130,27 @@ void Schritt_Id_Daten1(Programmierlauf& run) {
 }
 
 void Schritt_Id_Daten2(Programmierlauf& run) {
+    Kette(run).IdSecondPart = false;
+    run.link.DeviceClassByte = 0xC3;
     if (const ProgSlot* user = Benutzer(run)) {
         const KeyForm key = Schluessel_Zerlegen(user->TransponderA);
-        TelIdDaten2_Senden(run.link, key.GroupDigit, run.link.Lauf.Chain.UserSlot, key.Values);
+        TelIdDaten2_Senden(run.link, key.GroupDigit, Kette(run).UserSlot, key.Values);
     }
+}
+
+void Schritt_Id_Zeitgruppen(Programmierlauf& run) {
+    Id_Abschliessen(run);
+    Schritt_Benutzer_Zeitgruppen(run);
+}
+
+void Schritt_Id_Naechster_Benutzer(Programmierlauf& run) {
+    Id_Abschliessen(run);
+    Schritt_Naechster_Benutzer(run);
 }
 
 void Schritt_Benutzer_Zeitgruppen(Programmierlauf& run) {
     if (const ProgSlot* user = Benutzer(run)) {
-        TelBenutzerZeitgruppen_Senden(run.link, run.link.Lauf.Chain.UserSlot, user->TimerBits);
+        TelBenutzerZeitgruppen_Senden(run.link, Kette(run).UserSlot, user->TimerBits);
     }
 }
 

@@ -1,19 +1,33 @@
-#include "Kanal.h"
+#include "Laufbedingungen.h"
 #include "Laufschritte.h"
 #include "RunProgress.h"
 #include "Schlosszeile.h"
-#include "Telegramme.h"
 #include "Words.h"
 
 #include <Lines.h>
+#include <algorithm>
 
 namespace qvm {
 namespace {
 
 constexpr int NoUnitLeft = 4;
+/// The device may not let itself be disconnected.
+constexpr int MostDisconnects = 40;
 
-/// Title of the code change's messages.
-constexpr std::string_view CodeTitle = "QVM 5508 Businnes";
+/// The device stays busy.
+void Trennen_Aufgeben(Programmierlauf& run) {
+    Timer_Anhalten(run);
+    Codeaenderung_Gescheitert(run);
+    const std::string open = run.Cancelled ? run.kern.Zeile(Line::Cancelled) : Unbewiesen(run);
+    const std::string text = open.empty() ? run.kern.Zeile(Line::ConnectionFailed) : open;
+    if (Zeile_Fehlgeschlagen(run, RunOutcome::GivenUp, text)) {
+        return;
+    }
+    Zum_Schloss_Zurueck(run);
+    Kette(run).UnitModus = 0;
+    Lauf_Beenden(run, run.Cancelled ? RunOutcome::Cancelled : RunOutcome::GivenUp, text);
+    Ende_Zeigen(run);
+}
 
 } // namespace
 
@@ -23,7 +37,7 @@ std::string Worum(const Programmierlauf& run) {
 }
 
 std::string Worum_Unit(const Programmierlauf& run) {
-    const int unit = run.link.Lauf.Chain.UnitIndex;
+    const int unit = Kette(run).UnitIndex;
     const bool known = unit >= 0 && unit < static_cast<int>(run.Daten.Units.size());
     const std::string name = known ? run.Daten.Units[static_cast<std::size_t>(unit)].Name : std::string();
     const bool done = Konto_Schloss(run.Konto) == LockData::Complete;
@@ -39,14 +53,6 @@ void Mit_Meldung_Enden(Programmierlauf& run, RunOutcome outcome, int line) {
     Rufen(run.Ansicht.Zum_Schlossgitter);
 }
 
-void Codeaenderung_Gescheitert(Programmierlauf& run) {
-    RunState& lauf = run.link.Lauf;
-    if (lauf.Chain.CodeChangePending != 0) {
-        lauf.Chain.CodeChangePending = 0;
-        lauf.Chain.CodeChangeRefused = 1;
-    }
-}
-
 void Lauf_Beenden(Programmierlauf& run, RunOutcome outcome, std::string_view text) {
     if (!run.Gesamtende) {
         run.Gesamtende = true;
@@ -54,8 +60,8 @@ void Lauf_Beenden(Programmierlauf& run, RunOutcome outcome, std::string_view tex
         Units_Zeigen(run);
         run.Bericht.End = outcome;
         run.Bericht.Text = text;
-        run.link.Lauf.Chain.Phase = RunPhase::None;
-        run.link.Lauf.Chain.AbbruchWunsch = 0;
+        Kette(run).Phase = RunPhase::None;
+        Kette(run).AbbruchWunsch = 0;
         run.link.AnswerDue = 0;
         // A list uses them for its next row.
         if (run.link.Lauf.List.RunRows == 0) {
@@ -82,8 +88,8 @@ void Zum_Schloss_Zurueck(Programmierlauf& run) {
     run.link.TargetAddress = run.link.Lauf.Order.LockAddress;
     run.link.AddressMode = 0;
     run.link.DeviceClassByte = 0x11;
-    run.link.Lauf.Chain.LaufZiel.clear();
-    run.link.Lauf.Chain.UnitTry = 0;
+    Kette(run).LaufZiel.clear();
+    Kette(run).UnitTry = 0;
 }
 
 bool Zeile_Fehlgeschlagen(Programmierlauf& run, RunOutcome outcome, std::string_view text) {
@@ -111,13 +117,13 @@ struct Urteil {
 };
 
 Urteil Beurteilen(const Programmierlauf& run) {
-    const RunState& lauf = run.link.Lauf;
+    const ChainState& chain = Kette(run);
     const Kern& kern = run.kern;
     if (run.Cancelled) {
         return {.Outcome = RunOutcome::Cancelled, .Why = kern.Zeile(Line::Cancelled), .Line = Line::Cancelled};
     }
-    if (lauf.Chain.HistoryLost != HistoryLoss::None) {
-        return {.Outcome = RunOutcome::GivenUp, .Why = Historie_Verlust_Text(kern, lauf.Chain.HistoryLost)};
+    if (chain.HistoryLost != HistoryLoss::None) {
+        return {.Outcome = RunOutcome::GivenUp, .Why = Historie_Verlust_Text(kern, chain.HistoryLost)};
     }
     if (std::string open = Unbewiesen(run); !open.empty()) {
         return {.Outcome = RunOutcome::Incomplete, .Why = std::move(open)};
@@ -133,15 +139,14 @@ Urteil Beurteilen(const Programmierlauf& run) {
 }
 
 void Einzelnes_Schloss_Zeigen(Programmierlauf& run, const Urteil& judged) {
-    const RunState& lauf = run.link.Lauf;
+    const ChainState& chain = Kette(run);
     Ende_Zeigen(run, judged.Line);
-    if (lauf.Chain.HistoryLost != HistoryLoss::None) {
-        Meldung_Zu(run.kern, Worum(run), Historie_Verlust_Text(run.kern, lauf.Chain.HistoryLost), Buttons::Ok,
+    if (chain.HistoryLost != HistoryLoss::None) {
+        Meldung_Zu(run.kern, Worum(run), Historie_Verlust_Text(run.kern, chain.HistoryLost), Buttons::Ok,
                    Icon::Exclamation);
     }
-    if (!run.Cancelled && lauf.Chain.HistoryOnly != 0 && lauf.Chain.HistoryFileOpen != 0 &&
-        run.Ansicht.Historie_Oeffnen) {
-        run.Ansicht.Historie_Oeffnen(lauf.Chain.HistoryFileName);
+    if (!run.Cancelled && chain.HistoryOnly != 0 && chain.HistoryFileOpen != 0 && run.Ansicht.Historie_Oeffnen) {
+        run.Ansicht.Historie_Oeffnen(chain.HistoryFileName);
     }
 }
 
@@ -171,10 +176,23 @@ void Schloss_Fertig(Programmierlauf& run) {
     Rufen(run.Liste.Naechste_Zeile);
 }
 
+void Schritt_Trennen(Programmierlauf& run) {
+    Kette(run).WiederholZaehler = 0;
+    TelTrennen_Senden(run.link);
+}
+
+void Noch_Einmal_Trennen(Programmierlauf& run) {
+    if (++Kette(run).WiederholZaehler < MostDisconnects) {
+        TelTrennen_Senden(run.link);
+    } else {
+        Trennen_Aufgeben(run);
+    }
+}
+
 void Schritt_Schloss_Ende(Programmierlauf& run) {
-    const RunState& lauf = run.link.Lauf;
-    if (lauf.Chain.HistoryOnly == 0 && lauf.Chain.HistoryLost == HistoryLoss::None && !run.Cancelled &&
-        Units_Uebrig(run)) {
+    Abfrage_Stoppen(run);
+    const ChainState& chain = Kette(run);
+    if (chain.HistoryOnly == 0 && chain.HistoryLost == HistoryLoss::None && !run.Cancelled && Units_Uebrig(run)) {
         if (run.Ansicht.Kaestchen) {
             run.Ansicht.Kaestchen(1);
         }
@@ -184,38 +202,44 @@ void Schritt_Schloss_Ende(Programmierlauf& run) {
     Schloss_Fertig(run);
 }
 
-void Schritt_Historie_Fertig(Programmierlauf& run) {
-    const RunState& lauf = run.link.Lauf;
-    if (lauf.Chain.HistoryRead && Historie_Sichern(run.link)) {
-        Konto_Historie_Fertig(run.Konto);
-    }
-    Lauf_Tempo_Neu(run);
-    const bool single = lauf.Chain.HistoryOnly != 0 && lauf.List.RunRows == 0;
-    if (run.Ansicht.Status && (lauf.Chain.HistoryOnly == 0 || single)) {
-        run.Ansicht.Status(single ? Line::Completing : 0);
-    }
-    // There is nothing left to cancel, but it is not the end yet: the session is still to be closed.
-    if (single) {
-        Rufen(run.Ansicht.F9_Schliessen_Freigeben);
-    }
+// What a cleared frame leaves, its code among it, is 0.
+void RxBuffer_Leeren(Link& link, int last) {
+    std::fill_n(link.Rx.RxBuffer.begin(), last + 1, std::uint8_t{0});
+}
+
+void Schritt_Puffer_Leeren(Programmierlauf& run) {
+    RxBuffer_Leeren(run.link, 64);
+}
+
+void Sitzung_Schliessen(Programmierlauf& run) {
+    RxBuffer_Leeren(run.link, 65); // the code that is left is RpNeustart
+    Port_Neu(run.link);
+    Kette(run).AbbruchWunsch = 0;
+    TelTrennen_Senden(run.link);
+}
+
+// A cancel does not cut a session off: it is closed at the next frame, which is discarded.
+void Abbruch_Ausfuehren(Programmierlauf& run) {
+    Schritt_Abbruch(run);
+    Sitzung_Schliessen(run);
 }
 
 void Kette_Abbrechen(Programmierlauf& run) {
-    RunState& lauf = run.link.Lauf;
+    ChainState& chain = Kette(run);
     Timer_Anhalten(run);
     run.Cancelled = true;
-    lauf.Chain.TwoPassFlag = lauf.Chain.KanalSuche = lauf.Chain.ReadHistoryFirst = 0;
-    lauf.Chain.Phase = RunPhase::Closing;
-    lauf.Chain.CodeChangePending = 0;
-    lauf.Chain.LaufZiel.clear();
-    lauf.Chain.UnitIndex = NoUnitLeft;
-    lauf.Chain.UnitTry = 0;
-    lauf.Chain.IdMarke.clear();
-    lauf.Chain.IdSecondPart = false;
+    chain.TwoPassFlag = chain.KanalSuche = chain.ReadHistoryFirst = 0;
+    chain.Phase = RunPhase::Closing;
+    chain.CodeChangePending = 0;
+    chain.LaufZiel.clear();
+    chain.UnitIndex = NoUnitLeft;
+    chain.UnitTry = 0;
+    chain.IdMarke.clear();
+    chain.IdSecondPart = false;
     run.link.DeviceClassByte = 0x11;
-    if (lauf.Chain.UnitModus == 0xFA) {
+    if (Unit_Oeffnung(run)) {
         // The unit was not open yet; what is open is the lock. A block transfer stays, so that its end closes the unit.
-        lauf.Chain.UnitModus = 0;
+        chain.UnitModus = 0;
         Zum_Schloss_Zurueck(run);
     }
 }
@@ -229,81 +253,6 @@ void Schritt_Abbruch(Programmierlauf& run) {
         Rufen(run.Liste.Stoppen);
         list.RunRow = list.RunRows = 0;
     }
-}
-
-void Schritt_Kein_Kontakt(Programmierlauf& run) {
-    Timer_Anhalten(run);
-    RunState& lauf = run.link.Lauf;
-    if (run.Cancelled && lauf.Chain.Phase == RunPhase::Closing) {
-        // The session that the cancel wanted to close is gone.
-        Schloss_Fertig(run);
-        return;
-    }
-    const bool codeChange = lauf.Chain.CodeChangePending != 0 || run.link.TxBuffer[2] == TelCodeAendern::Telegram.Code;
-    if (!codeChange && lauf.Chain.Phase == RunPhase::None) {
-        return;
-    }
-    Codeaenderung_Gescheitert(run);
-    if (Zeile_Fehlgeschlagen(run, RunOutcome::NotReached, run.kern.Zeile(Line::ConnectionFailed))) {
-        return;
-    }
-    Kanal_Offen(run.kern, run.link.Lauf.Order.LockNumber);
-    Mit_Meldung_Enden(run, RunOutcome::NotReached, Line::NotReachable);
-}
-
-void Schritt_Abgelehnt(Programmierlauf& run) {
-    Timer_Anhalten(run);
-    if (run.Cancelled && run.link.Lauf.Chain.Phase == RunPhase::Closing) {
-        Schloss_Fertig(run);
-        return;
-    }
-    Codeaenderung_Gescheitert(run);
-    if (!Zeile_Fehlgeschlagen(run, RunOutcome::Refused, run.kern.Zeile(Line::DeviceRefused))) {
-        Mit_Meldung_Enden(run, RunOutcome::Refused, Line::DeviceRefused);
-    }
-}
-
-void Schritt_Key_Abgelehnt(Programmierlauf& run) {
-    constexpr int lines[] = {Line::KeyNotLearned, Line::KeyNotSynchronised, Line::KeyNotFound};
-    const auto mode = run.link.Lauf.KeyMode;
-    const int line = lines[mode < 3 ? mode : 0];
-    if (!Zeile_Fehlgeschlagen(run, RunOutcome::Refused, run.kern.Zeile(line))) {
-        // What a reader of keys asked for is no lock's affair.
-        Meldung_Zu(run.kern, run.Gesamtende ? std::string() : Lauf_Schloss(run), run.kern.Zeile(line), Buttons::Ok,
-                   Icon::Information);
-        Rufen(run.Ansicht.Hauptfenster_Freigeben);
-    }
-}
-
-void Schritt_Trennen_Aufgegeben(Programmierlauf& run) {
-    Timer_Anhalten(run);
-    Codeaenderung_Gescheitert(run);
-    const std::string open = run.Cancelled ? run.kern.Zeile(Line::Cancelled) : Unbewiesen(run);
-    const std::string text = open.empty() ? run.kern.Zeile(Line::ConnectionFailed) : open;
-    if (Zeile_Fehlgeschlagen(run, RunOutcome::GivenUp, text)) {
-        return;
-    }
-    Zum_Schloss_Zurueck(run);
-    run.link.Lauf.Chain.UnitModus = 0;
-    Lauf_Beenden(run, run.Cancelled ? RunOutcome::Cancelled : RunOutcome::GivenUp, text);
-    Ende_Zeigen(run);
-}
-
-void Schritt_Code_Ergebnis(Programmierlauf& run) {
-    const Kern& kern = run.kern;
-    const std::uint8_t status = run.link.RxByte(14);
-    if (status == 4) {
-        kern.Meldung(kern.Zeile(Line::NewCodeAccepted), Buttons::Ok, Icon::Information, CodeTitle);
-        return;
-    }
-    const int line = Anmeldung_Zeile(status);
-    std::string text = kern.Zeile(line != 0 ? line : Line::CheckCode);
-    if (line != 0) {
-        text += "  -  Codechange_Error_0x0" + std::to_string(status);
-    }
-    Rufen(run.Ansicht.Wartebox_Schliessen);
-    Rufen(run.Ansicht.Schlossgitter_Freigeben);
-    kern.Meldung(text, Buttons::Ok, Icon::Exclamation, CodeTitle);
 }
 
 } // namespace qvm

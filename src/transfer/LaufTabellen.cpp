@@ -1,12 +1,11 @@
-#include "Antwort_Verteilen.h"
+#include "Laufbedingungen.h"
 #include "Laufschritte.h"
+#include "Modelle.h"
 
 #include <Lines.h>
 
 namespace qvm {
 namespace {
-
-constexpr std::uint8_t StepDone = 0xFF;
 
 /// The part to send now, and the counter behind it. A counter beyond the last part sends the last one again.
 std::uint8_t Naechster_Teil(std::uint8_t& counter, std::uint8_t last) {
@@ -31,28 +30,82 @@ void Schritt_ReaderEinstellung(Programmierlauf& run) {
 }
 
 void Schritt_Schaltuhr_A(Programmierlauf& run) {
-    TelSchaltuhrA_Senden(run.link, run.Daten.TimerTableA,
-                         Naechster_Teil(run.link.Lauf.Chain.TimerPart, LastTimerPartA));
+    TelSchaltuhrA_Senden(run.link, run.Daten.TimerTableA, Naechster_Teil(Kette(run).TimerPart, LastTimerPartA));
 }
 
 void Schritt_Schaltuhr_B(Programmierlauf& run) {
-    TelSchaltuhrB_Senden(run.link, run.Daten.TimerTableB,
-                         Naechster_Teil(run.link.Lauf.Chain.TimerPart, LastTimerPartB));
+    TelSchaltuhrB_Senden(run.link, run.Daten.TimerTableB, Naechster_Teil(Kette(run).TimerPart, LastTimerPartB));
+}
+
+void Schritt_Schaltuhr_B_Beginnen(Programmierlauf& run) {
+    Kette(run).TimerPart = 0;
+    Schritt_Schaltuhr_B(run);
+}
+
+void Schritt_Schaltuhr_B_Kurz(Programmierlauf& run) {
+    TelSchaltuhrBKurz_Senden(run.link, run.Daten.TimerTableB);
 }
 
 void Schritt_EinzelFeiertage(Programmierlauf& run) {
     TelEinzelFeiertage_Senden(run.link, run.Daten.HolidayTableA,
-                              Naechster_Teil(run.link.Lauf.Chain.HolidayPart, LastHolidayPart));
+                              Naechster_Teil(Kette(run).HolidayPart, LastHolidayPart));
+}
+
+void Schritt_EinzelFeiertage_Beginnen(Programmierlauf& run) {
+    Kette(run).TimerPart = 0;
+    Kette(run).HolidayPart = 0;
+    Schritt_EinzelFeiertage(run);
 }
 
 void Schritt_PermFeiertage(Programmierlauf& run) {
-    TelPermFeiertage_Senden(run.link, run.Daten.HolidayTableB,
-                            Naechster_Teil(run.link.Lauf.Chain.HolidayPart, LastHolidayPart));
+    TelPermFeiertage_Senden(run.link, run.Daten.HolidayTableB, Naechster_Teil(Kette(run).HolidayPart, LastHolidayPart));
+}
+
+void Schritt_PermFeiertage_Beginnen(Programmierlauf& run) {
+    Kette(run).HolidayPart = 0;
+    Schritt_PermFeiertage(run);
+}
+
+void Zeit_Tabellen_Start(Programmierlauf& run) {
+    Kette(run).TimerPart = 0;
+    Kette(run).HolidayPart = 0;
+    const std::string& mode = run.link.Lauf.Values.TimerMode;
+    if (mode == TimerPB_UT) {
+        Schritt_Schaltuhr_A(run);
+    } else if (mode == Timer_ERROR) {
+        Schritt_EinzelFeiertage(run);
+    } else {
+        TelSchaltuhrAKurz_Senden(run.link, run.Daten.TimerTableA);
+    }
+}
+
+void Datenstart_Senden(Programmierlauf& run) {
+    const RunOrder& order = run.link.Lauf.Order;
+    if (BereichZ(order.SerialValue) && !Blocktransfer(run)) {
+        Kette(run).AnswerSeen = false;
+        Kette(run).AnswerTicks = 0;
+        run.Timer7.Start(2000);
+    }
+    TelDatenStart_Senden(run.link, order.EraseOption);
+}
+
+void Abfrage_Stoppen(Programmierlauf& run) {
+    run.Timer7.Stop();
+    run.Timer8.Stop();
+}
+
+void Schritt_Geloescht(Programmierlauf& run) {
+    Abfrage_Stoppen(run);
+    TelKalenderFlag_Senden(run.link);
+}
+
+void Schritt_Lebenszeichen(Programmierlauf& run) {
+    Kette(run).AnswerSeen = true;
 }
 
 void Schritt_Daten_Schluss(Programmierlauf& run) {
     TelDatenEnde_Senden(run.link);
-    if (run.link.Lauf.Chain.TwoPassFlag != 0) {
+    if (Kette(run).TwoPassFlag != 0) {
         run.Timer6.Start(500);
     } else if (run.Ansicht.Status) {
         run.Ansicht.Status(Line::Completing);
@@ -60,13 +113,13 @@ void Schritt_Daten_Schluss(Programmierlauf& run) {
 }
 
 void Tick_Timer7(Programmierlauf& run) {
-    RunState& lauf = run.link.Lauf;
+    ChainState& chain = Kette(run);
     run.Timer7.Stop();
-    if (lauf.Chain.AnswerSeen || ++lauf.Chain.AnswerTicks > PollingTries) {
-        lauf.Chain.AnswerSeen = false;
-        lauf.Chain.AnswerTicks = 0;
-        if (lauf.Chain.AbbruchWunsch != 0) {
-            Abbruch_Ausfuehren(run.link);
+    if (chain.AnswerSeen || ++chain.AnswerTicks > PollingTries) {
+        chain.AnswerSeen = false;
+        chain.AnswerTicks = 0;
+        if (chain.AbbruchWunsch != 0) {
+            Abbruch_Ausfuehren(run);
         } else {
             TelKalenderFlag_Senden(run.link);
         }

@@ -5,55 +5,100 @@
 #include <string>
 #include <string_view>
 
-/// The steps of a run, one for each hook of the reply chain. Nothing outside the run includes this.
+/// The steps of a run, to which the rows of the reply chain lead. A step sends at most one telegram unless its line
+/// says otherwise. Nothing outside the run includes this.
 namespace qvm {
 
-// Login (LaufAnmeldung.cpp)
+// Login, channel and code (LaufAnmeldung.cpp)
+/// The clock follows, else the history, else the erase telegram.
+void Schritt_Angemeldet(Programmierlauf& run);
 void Schritt_Anmeldung_Abgelehnt(Programmierlauf& run);
+/// The same of a lock that was searched on all channels.
+void Schritt_Suche_Abgelehnt(Programmierlauf& run);
 void Schritt_Unit_Abgelehnt(Programmierlauf& run);
-void Schritt_Kanal_Weiter(Programmierlauf& run);
-void Schritt_Kanal_Gesetzt(Programmierlauf& run);
 void Schritt_Zweiter_Durchgang(Programmierlauf& run);
+void Schritt_Kanal_Weiter(Programmierlauf& run);
+/// The lock answered on this channel: it is moved to the system's.
+void Schritt_Kanal_Gefunden(Programmierlauf& run);
+void Schritt_Kanal_Lesen(Programmierlauf& run);
+/// 10 ms later TelKanalSetzen follows.
+void Schritt_Kanal_Gelesen(Programmierlauf& run);
+/// The lock has moved; the run goes on as behind its login.
+void Schritt_Kanal_Gesetzt(Programmierlauf& run);
+void Schritt_Code_Verbunden(Programmierlauf& run);
+void Schritt_Code_Ergebnis(Programmierlauf& run);
+void Schritt_Kanalwechsel_Ende(Programmierlauf& run);
+/// A code change that waits for its login is told that there will be none.
+void Codeaenderung_Gescheitert(Programmierlauf& run);
 /// Catalogue line of a refused login's status: 70, 71, 111, or 0 for none.
 int Anmeldung_Zeile(std::uint8_t status);
 
-// Tables and settings (LaufTabellen.cpp)
+// Tables and settings (LaufTabellen.cpp). TimerPart and HolidayPart name the part to send and are stepped, to StepDone
+// behind the last.
 void Schritt_Zeitfenster(Programmierlauf& run);
 void Schritt_ReaderEinstellung(Programmierlauf& run);
+/// The timer tables, or the calendars for a lock without them.
+void Zeit_Tabellen_Start(Programmierlauf& run);
 void Schritt_Schaltuhr_A(Programmierlauf& run);
 void Schritt_Schaltuhr_B(Programmierlauf& run);
+void Schritt_Schaltuhr_B_Beginnen(Programmierlauf& run);
+void Schritt_Schaltuhr_B_Kurz(Programmierlauf& run);
 void Schritt_EinzelFeiertage(Programmierlauf& run);
+void Schritt_EinzelFeiertage_Beginnen(Programmierlauf& run);
 void Schritt_PermFeiertage(Programmierlauf& run);
+void Schritt_PermFeiertage_Beginnen(Programmierlauf& run);
 void Schritt_Daten_Schluss(Programmierlauf& run);
+/// TelDatenStart to a lock; starts the polling where the lock wants it.
+void Datenstart_Senden(Programmierlauf& run);
+void Schritt_Geloescht(Programmierlauf& run);
+void Schritt_Lebenszeichen(Programmierlauf& run);
+/// No telegram goes out by a timer any more.
+void Abfrage_Stoppen(Programmierlauf& run);
 void Tick_Timer7(Programmierlauf& run);
 
 // Users (LaufBenutzer.cpp)
+/// The user at SlotCursor, or TelSperrTimerFlag behind the last.
 void Schritt_Benutzer_Beginnen(Programmierlauf& run);
+void Schritt_Erster_Benutzer(Programmierlauf& run);
+void Schritt_Naechster_Benutzer(Programmierlauf& run);
 void Schritt_Benutzer_Slot(Programmierlauf& run);
 void Schritt_Benutzer_Name2(Programmierlauf& run);
 void Schritt_Benutzer_Daten(Programmierlauf& run);
 void Schritt_Id_Daten1(Programmierlauf& run);
 void Schritt_Id_Daten2(Programmierlauf& run);
+/// The identification is through: what follows the user's data.
+void Schritt_Id_Zeitgruppen(Programmierlauf& run);
+void Schritt_Id_Naechster_Benutzer(Programmierlauf& run);
 void Schritt_Benutzer_Zeitgruppen(Programmierlauf& run);
 
+// Refusals (Ablehnungen.cpp)
+void Schritt_Kein_Kontakt(Programmierlauf& run);
+void Schritt_Abgelehnt(Programmierlauf& run);
+void Schritt_Key_Abgelehnt(Programmierlauf& run);
+void Schritt_Karte_Abgelehnt(Programmierlauf& run);
+void Schritt_Belegt(Programmierlauf& run);
+
 // End of a lock (LaufEnde.cpp)
+void Schritt_Trennen(Programmierlauf& run);
+/// TelTrennen to a device that may not let itself be disconnected: at the 40th time the run gives up.
+void Noch_Einmal_Trennen(Programmierlauf& run);
+/// Units, next row or finished; no telegram.
 void Schritt_Schloss_Ende(Programmierlauf& run);
-void Schritt_Historie_Fertig(Programmierlauf& run);
+void Schritt_Puffer_Leeren(Programmierlauf& run);
+/// Bytes 0 to `last` of the frame received.
+void RxBuffer_Leeren(Link& link, int last);
 /// The chain leads nowhere any more; the list is not told.
 void Kette_Abbrechen(Programmierlauf& run);
 /// The same by the operator's cancel, which stops the list.
 void Schritt_Abbruch(Programmierlauf& run);
-void Schritt_Kein_Kontakt(Programmierlauf& run);
-void Schritt_Abgelehnt(Programmierlauf& run);
-void Schritt_Key_Abgelehnt(Programmierlauf& run);
-void Schritt_Trennen_Aufgegeben(Programmierlauf& run);
-void Schritt_Code_Ergebnis(Programmierlauf& run);
+/// And ends the session, with TelTrennen in place of whatever would follow.
+void Abbruch_Ausfuehren(Programmierlauf& run);
+/// That closing telegram alone; nobody is told of it.
+void Sitzung_Schliessen(Programmierlauf& run);
 /// The lock is done: the list's next row, or the finished state.
 void Schloss_Fertig(Programmierlauf& run);
 /// The lock failed. With a list its row is marked "#" with `text`; the result says whether there was a list.
 bool Zeile_Fehlgeschlagen(Programmierlauf& run, RunOutcome outcome, std::string_view text);
-/// A code change that waits for its login is told that there will be none.
-void Codeaenderung_Gescheitert(Programmierlauf& run);
 /// Direct end with a message: the progress window closes and the lock grid comes back.
 void Mit_Meldung_Enden(Programmierlauf& run, RunOutcome outcome, int line);
 /// Ends the run once; later calls change nothing.
@@ -85,19 +130,37 @@ void Units_Zeigen(const Programmierlauf& run);
 
 // Units (LaufUnits.cpp)
 bool Units_Uebrig(const Programmierlauf& run);
-void Tick_Timer9(Programmierlauf& run);
-void Tick_Timer11(Programmierlauf& run);
-void Schritt_Unit_Fertig(Programmierlauf& run);
-void Schritt_Unit_Getrennt(Programmierlauf& run);
-void Schritt_Unit_Bloecke_Start(Programmierlauf& run);
-void Schritt_Unit_Block_Quittung(Programmierlauf& run);
-void Schritt_Unit_Datenstart_Wiederholen(Programmierlauf& run);
-void Schritt_Unit_Naechster_Kanal(Programmierlauf& run);
-void Schritt_Unit_Fehlgeschlagen(Programmierlauf& run);
-void Schritt_Unit_Kein_Kontakt(Programmierlauf& run);
-/// Whether the status of a block's acknowledge lets the block pass. Some that do have a text of their own.
-bool Block_Angenommen(std::uint8_t status);
+/// The present unit's report; nullptr while there is none.
+UnitReport* Unit_Bericht(Programmierlauf& run);
 /// The last text that the units of this run gave, "" for none.
 std::string Unit_Notiz(const Programmierlauf& run);
+/// An ordered wait inside a step. The lock's silence is not counted meanwhile. False when the step must not go on: the
+/// run was cancelled or has ended in the wait, or another one has begun. A cancel that was wished in the wait is
+/// honoured at its end: the closing telegram goes out in place of the next one.
+bool Warten(Programmierlauf& run, int interval, int limit);
+void Tick_Timer9(Programmierlauf& run);
+void Tick_Timer11(Programmierlauf& run);
+void Schritt_Unit_Angemeldet(Programmierlauf& run);
+/// The next unit follows; no telegram.
+void Schritt_Unit_Fertig(Programmierlauf& run);
+/// 500 ms later; no telegram.
+void Schritt_Unit_Naechster_Kanal(Programmierlauf& run);
+void Schritt_Unit_Fehlgeschlagen(Programmierlauf& run);
+/// One repeat, then the end.
+void Schritt_Unit_Kein_Kontakt(Programmierlauf& run);
+
+// Blocks of a unit of type 2 (LaufUnitBloecke.cpp)
+void Schritt_Unit_Offen(Programmierlauf& run);
+void Schritt_Unit_Schluessel(Programmierlauf& run);
+void Schritt_Unit_Datenstart(Programmierlauf& run);
+/// Waits, then TelDatenStart, or TelTrennen after 20 times.
+void Schritt_Unit_Datenstart_Wiederholen(Programmierlauf& run);
+/// Waits, then the first block, or TelTrennen.
+void Schritt_Unit_Bloecke_Start(Programmierlauf& run);
+/// May wait between two rows.
+void Schritt_Unit_Block_Quittung(Programmierlauf& run);
+void Schritt_Unit_Getrennt(Programmierlauf& run);
+/// Whether the status of a block's acknowledge lets the block pass. Some that do have a text of their own.
+bool Block_Angenommen(std::uint8_t status);
 
 } // namespace qvm

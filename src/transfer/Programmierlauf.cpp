@@ -35,6 +35,13 @@ Programmierlauf::Programmierlauf(Link& serialLink)
     };
     Timer9.Ticked = [this] { Tick_Timer9(*this); };
     Timer11.Ticked = [this] { Tick_Timer11(*this); };
+    link.Hooks.Telegramm_Geht = [this] {
+        if (!Gesamtende && !Cancelled) {
+            Konto_Gesendet(Konto, link.TxBuffer, link.Lauf);
+        }
+    };
+    link.Hooks.Fortschritt = [this] { Rufen(Ansicht.Fortschritt); };
+    link.Hooks.Antwort_Gekommen = [this] { return Antwort_Verteilen(*this); };
 }
 
 void Lauf_Ruecksetzen(Programmierlauf& run) {
@@ -143,7 +150,7 @@ void Lauf_Verlassen(Programmierlauf& run, RunOutcome outcome, std::string_view t
         Kette_Abbrechen(run);
     }
     if (run.kern.Welt.Port.IsOpen()) {
-        Sitzung_Schliessen(run.link);
+        Sitzung_Schliessen(run);
     }
     Warten_Beenden(run, outcome, text);
 }
@@ -168,110 +175,6 @@ std::int64_t Lauf_Stille(const Programmierlauf& run) {
     // A lock that is polled may be silent for good.
     const bool own = Lauf_Wartet(run) && !run.Timer7.Running();
     return run.Gesamtende || own ? 0 : run.kern.Welt.Milliseconds() - run.link.Lauf.Chain.LastAnswer;
-}
-
-namespace {
-
-/// A hook that runs one step.
-std::function<void()> Haken(Programmierlauf& run, void (*step)(Programmierlauf&)) {
-    return [&run, step] { step(run); };
-}
-
-AccountReply Antwort_Lesen(const Link& link) {
-    constexpr std::uint8_t login = 0x04, block = 0x4A;
-    const std::uint8_t code = link.RxByte(2);
-    return {.Code = code,
-            .Leads = Antwort_Fuehrt_Weiter(link),
-            .Accepted = code == login ? Anmeldung_Angenommen(link) : code != block || Block_Angenommen(link.RxByte(14)),
-            .Slot = link.RxByte(14) * 256 + link.RxByte(15)};
-}
-
-/// The hooks from the end of a lock on, and all refusals.
-void Ende_Haken_Setzen(Programmierlauf& run, LinkHooks& hooks) {
-    hooks.Daten_Schluss = Haken(run, Schritt_Daten_Schluss);
-    hooks.Zweiter_Durchgang = Haken(run, Schritt_Zweiter_Durchgang);
-    hooks.Schloss_Ende = Haken(run, Schritt_Schloss_Ende);
-    hooks.Kanalwechsel_Ende = [&run] {
-        run.kern.Meldung(run.kern.Zeile(Line::NewCodeAccepted), Buttons::Ok, Icon::Information);
-    };
-    hooks.Abbruch = Haken(run, Schritt_Abbruch);
-
-    hooks.Unit_Fertig = Haken(run, Schritt_Unit_Fertig);
-    hooks.Unit_Getrennt = Haken(run, Schritt_Unit_Getrennt);
-    hooks.Unit_Bloecke_Start = Haken(run, Schritt_Unit_Bloecke_Start);
-    hooks.Unit_Block_Quittung = Haken(run, Schritt_Unit_Block_Quittung);
-
-    hooks.Code_Ergebnis = Haken(run, Schritt_Code_Ergebnis);
-
-    hooks.Unit_Datenstart_Wiederholen = Haken(run, Schritt_Unit_Datenstart_Wiederholen);
-    hooks.Unit_Naechster_Kanal = Haken(run, Schritt_Unit_Naechster_Kanal);
-    hooks.Unit_Fehlgeschlagen = Haken(run, Schritt_Unit_Fehlgeschlagen);
-    hooks.Unit_Kein_Kontakt = Haken(run, Schritt_Unit_Kein_Kontakt);
-    hooks.Kanal_Weiter = Haken(run, Schritt_Kanal_Weiter);
-    hooks.Kein_Kontakt = Haken(run, Schritt_Kein_Kontakt);
-    hooks.Abgelehnt = Haken(run, Schritt_Abgelehnt);
-    hooks.Key_Abgelehnt = Haken(run, Schritt_Key_Abgelehnt);
-    hooks.Trennen_Aufgegeben = Haken(run, Schritt_Trennen_Aufgegeben);
-    hooks.Karte_Abgelehnt = [&run] {
-        if (Zeile_Fehlgeschlagen(run, RunOutcome::Refused, Fester_Text(run.kern, Word::CardNotRecognised, " "))) {
-            return;
-        }
-        run.kern.Meldung(Fester_Text(run.kern, Word::CardNotRecognised), Buttons::Ok, Icon::None, "");
-        Rufen(run.Ansicht.Hauptfenster_Freigeben);
-    };
-}
-
-} // namespace
-
-void Lauf_Haken_Setzen(Programmierlauf& run, LinkHooks& hooks) {
-    hooks.Telegramm_Geht = [&run] {
-        if (!run.Gesamtende && !run.Cancelled) {
-            Konto_Gesendet(run.Konto, run.link.TxBuffer, run.link.Lauf);
-        }
-    };
-    hooks.Antwort_Gekommen = [&run] {
-        if (!run.Gesamtende && !run.Cancelled) {
-            Konto_Antwort(run.Konto, Antwort_Lesen(run.link));
-        }
-    };
-    hooks.Anmeldung_Abgelehnt = Haken(run, Schritt_Anmeldung_Abgelehnt);
-    hooks.Suche_Abgelehnt = Haken(run, Schritt_Anmeldung_Abgelehnt);
-    hooks.Unit_Abgelehnt = Haken(run, Schritt_Unit_Abgelehnt);
-    hooks.Kanal_Setzen_Planen = [&run] { run.Timer8.Start(10); };
-    hooks.Kanal_Gesetzt = Haken(run, Schritt_Kanal_Gesetzt);
-
-    hooks.Historie_Anzeigen = [&run] { Rufen(run.Ansicht.Historie_Beschriften); };
-    hooks.Historie_Eintrag = [&run] {
-        if (!Historie_Eintrag(run.link, run.link.Lauf.Order.LockName, run.Ansicht.Zustand, Lauf_Schloss(run))) {
-            run.link.Lauf.Chain.HistoryLost = HistoryLoss::Unwritten;
-        }
-    };
-    hooks.Historie_Fertig = Haken(run, Schritt_Historie_Fertig);
-    hooks.Abfrage_Starten = [&run] { run.Timer7.Start(2000); };
-    hooks.Abfrage_Stoppen = [&run] {
-        run.Timer7.Stop();
-        run.Timer8.Stop();
-    };
-
-    hooks.Zeitfenster = Haken(run, Schritt_Zeitfenster);
-    hooks.ReaderEinstellung = Haken(run, Schritt_ReaderEinstellung);
-    hooks.Schaltuhr_A = Haken(run, Schritt_Schaltuhr_A);
-    hooks.Schaltuhr_A_Kurz = [&run] { TelSchaltuhrAKurz_Senden(run.link, run.Daten.TimerTableA); };
-    hooks.Schaltuhr_B = Haken(run, Schritt_Schaltuhr_B);
-    hooks.Schaltuhr_B_Kurz = [&run] { TelSchaltuhrBKurz_Senden(run.link, run.Daten.TimerTableB); };
-    hooks.EinzelFeiertage = Haken(run, Schritt_EinzelFeiertage);
-    hooks.PermFeiertage = Haken(run, Schritt_PermFeiertage);
-
-    hooks.Benutzer_Beginnen = Haken(run, Schritt_Benutzer_Beginnen);
-    hooks.Benutzer_Slot = Haken(run, Schritt_Benutzer_Slot);
-    hooks.Benutzer_Name2 = Haken(run, Schritt_Benutzer_Name2);
-    hooks.Benutzer_Daten = Haken(run, Schritt_Benutzer_Daten);
-    hooks.Id_Daten1 = Haken(run, Schritt_Id_Daten1);
-    hooks.Id_Daten2 = Haken(run, Schritt_Id_Daten2);
-    hooks.Benutzer_Zeitgruppen = Haken(run, Schritt_Benutzer_Zeitgruppen);
-
-    Ende_Haken_Setzen(run, hooks);
-    hooks.Fortschritt = [&run] { Rufen(run.Ansicht.Fortschritt); };
 }
 
 } // namespace qvm

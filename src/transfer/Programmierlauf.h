@@ -94,9 +94,24 @@ struct RunPace {
     int Done = 0;           ///< telegrams acknowledged by then
 };
 
-/// A direct run of one lock: the reply chain's steps, its timers, and what became of it. The dispatcher drives it
-/// through the link's hooks; nothing in here waits for a reply.
+/// Where replies lead that windows ask for, with and without a run.
+struct WindowHooks {
+    std::function<void()> Suchlauf_Schritt = [] {}; ///< 0x04 or 0x69 while units are searched by logins
+    std::function<void()> Unit_Gefunden = [] {};    ///< 0x4B
+    std::function<void()> Unit_Kanal_Leer = [] {};  ///< 0x69 in the unit-list scan
+    std::function<void()> Karte_Quittung = [] {};   ///< 0x6F
+    std::function<void()> Karte_Start = [] {};      ///< 0x72
+    std::function<void()> Karte_Block = [] {};      ///< 0x73
+    std::function<void()> EKey_Ergebnis = [] {};    ///< 0x81
+    std::function<void()> Finger_Schritt = [] {};   ///< 0xA1
+    std::function<void()> Finger_Daten = [] {};     ///< 0xA2
+    std::function<void()> Finger_Kennung = [] {};   ///< 0xA3
+};
+
+/// A direct run of one lock: the reply chain, its timers, and what became of it. The link's frames drive it; nothing in
+/// here waits for a reply.
 struct Programmierlauf {
+    /// Takes the link's hooks for itself, but for Adapter_Erkannt.
     explicit Programmierlauf(Link& serialLink);
 
     Link& link;
@@ -104,6 +119,7 @@ struct Programmierlauf {
     Dataset Daten;
     RunView Ansicht;
     ListView Liste;
+    WindowHooks Fenster;
     RunReport Bericht;
     RunAccount Konto; ///< of the run that is on, or ended last
     RunPace Tempo;
@@ -156,8 +172,5 @@ bool Lauf_Abgebrochen(const Programmierlauf& run);
 bool Lauf_Wartet(const Programmierlauf& run);
 /// "Lock 3: Serverraum": the lock that the run is for, in the language in use.
 std::string Lauf_Schloss(const Programmierlauf& run);
-
-/// The run's half of the link's hooks. The rest (scan, cards, credentials) is the caller's.
-void Lauf_Haken_Setzen(Programmierlauf& run, LinkHooks& hooks);
 
 } // namespace qvm

@@ -9,7 +9,7 @@ namespace {
 using test::Hex;
 using test::HexZeile;
 
-/// Code 72 leads to the hook Karte_Start, 73 to Karte_Block.
+/// Told apart by their codes, 72 and 73.
 constexpr std::string_view CardStart = "02 06 72 00 A1 A2 A3 A4 D7";
 constexpr std::string_view CardBlock = "02 03 73 01 55 04";
 constexpr std::string_view UnaskedNetworkFrame = "02 05 90 01 00 08 11 53 77";
@@ -17,8 +17,10 @@ constexpr std::string_view UnaskedNetworkFrame = "02 05 90 01 00 08 11 53 77";
 class Empfang_Byte_Test : public test::LinkFixture {
 protected:
     Empfang_Byte_Test() {
-        link.Hooks.Karte_Start = [this] { calls += 'S'; };
-        link.Hooks.Karte_Block = [this] { calls += 'B'; };
+        link.Hooks.Antwort_Gekommen = [this] {
+            calls += link.RxByte(2) == 0x72 ? 'S' : 'B';
+            return true;
+        };
         link.Netzwerk_Antwort = [this] { calls += 'N'; };
     }
 
@@ -58,9 +60,10 @@ TEST_F(Empfang_Byte_Test, RxByte_gives_0_behind_the_frame_even_where_an_older_fr
 TEST_F(Empfang_Byte_Test, the_automaton_is_back_in_state_0_before_the_dispatcher_runs) {
     int state = -1;
     int index = -1;
-    link.Hooks.Karte_Start = [&] {
+    link.Hooks.Antwort_Gekommen = [&] {
         state = link.Rx.RxState;
         index = link.Rx.RxIndex;
+        return true;
     };
     Receive(CardStart);
     EXPECT_EQ(state, 0);
@@ -68,10 +71,15 @@ TEST_F(Empfang_Byte_Test, the_automaton_is_back_in_state_0_before_the_dispatcher
 }
 
 TEST_F(Empfang_Byte_Test, a_frame_that_comes_while_the_dispatcher_waits_is_taken_too) {
-    link.Hooks.Karte_Start = [this] {
-        platform.Deliver(Hex(CardBlock), 50);
-        Warte_Ticks(link, 100, 100);
-        calls += 'S';
+    link.Hooks.Antwort_Gekommen = [this] {
+        if (link.RxByte(2) == 0x72) {
+            platform.Deliver(Hex(CardBlock), 50);
+            Warte_Ticks(link, 100, 100);
+            calls += 'S';
+        } else {
+            calls += 'B';
+        }
+        return true;
     };
     Receive(CardStart);
     EXPECT_EQ(calls, "BS");
@@ -143,7 +151,7 @@ protected:
 };
 
 TEST_F(Mithoeren, sees_a_received_frame_with_its_checksum_before_the_dispatcher_answers_it) {
-    link.Lauf.Chain.Phase = RunPhase::Open;
+    link.Hooks.Antwort_Gekommen = [this] { return TelUhrzeit_Senden(link); };
     Receive("02 06 07 00 A1 A2 A3 A4 21");
     ASSERT_EQ(seen.size(), 2U);
     EXPECT_EQ(seen[0].Way, TraceFrame::Direction::Received);

@@ -1,5 +1,6 @@
 // What Programm wires between link, run and windows.
 
+#include "AntwortRahmen.h"
 #include "Text.h"
 #include "TransferWindows.h"
 #include "VirtualPlatform.h"
@@ -18,31 +19,19 @@ struct Programm_Haken : ::testing::Test {
     VirtualPlatform world;
     Programm programm{world.World, "/q"};
 
-    Programm_Haken() { EXPECT_EQ(Programm_Start(programm, true), StartResult::Started); }
+    Programm_Haken() {
+        EXPECT_EQ(Programm_Start(programm, true), StartResult::Started);
+        Port_Oeffnen(programm.link, 1);
+    }
+    void Reply(std::uint8_t code, const std::vector<std::uint8_t>& payload) {
+        world.Deliver(ReplyWire(code, 0x0D, payload));
+        world.RunFor(1);
+    }
 };
 
-using Hook = std::function<void()> LinkHooks::*;
-
-constexpr Hook FrontEndHooks[] = {&LinkHooks::Suchlauf_Schritt, &LinkHooks::Unit_Gefunden, &LinkHooks::Unit_Kanal_Leer,
-                                  &LinkHooks::Adapter_Erkannt,  &LinkHooks::Adapter_Daten, &LinkHooks::Karte_Quittung,
-                                  &LinkHooks::Karte_Start,      &LinkHooks::Karte_Block,   &LinkHooks::EKey_Ergebnis,
-                                  &LinkHooks::Finger_Schritt,   &LinkHooks::Finger_Daten,  &LinkHooks::Finger_Kennung};
-
-TEST_F(Programm_Haken, leads_each_row_of_the_front_end_to_its_own_window) {
-    for (const Hook expected : FrontEndHooks) {
-        programm.Fensterhaken = {};
-        int calls = 0;
-        programm.Fensterhaken.*expected = [&calls] { ++calls; };
-        for (const Hook hook : FrontEndHooks) {
-            (programm.link.Hooks.*hook)();
-        }
-        EXPECT_EQ(calls, 1);
-    }
-}
-
 TEST_F(Programm_Haken, stands_without_any_front_end) {
-    for (const Hook hook : FrontEndHooks) {
-        (programm.link.Hooks.*hook)();
+    for (const int code : {0x4B, 0x6F, 0x72, 0x73, 0x81, 0xA1, 0xA2, 0xA3}) {
+        Reply(static_cast<std::uint8_t>(code), {});
     }
     programm.Lauf.Ansicht.Historie_Oeffnen("/q/HIST/H.HST");
     programm.Lauf.Ansicht.Hauptfenster_Freigeben();
@@ -72,7 +61,8 @@ TEST_F(Programm_Haken, a_run_that_goes_back_to_the_grid_closes_progress_and_wait
 TEST_F(Programm_Haken, a_code_and_channel_change_ends_with_a_report) {
     world.Answers.push_back({.Text = "*"});
     programm.kern.Sprache.LanguageText[204] = "L204";
-    programm.link.Hooks.Kanalwechsel_Ende();
+    programm.link.Lauf.Chain.LaufZiel = "F22";
+    Reply(0x05, {});
     ASSERT_EQ(world.Shown.size(), 1U);
     EXPECT_EQ(world.Shown[0].Text, "L204");
     EXPECT_EQ(world.Shown[0].Sign, Icon::Information);
@@ -83,7 +73,8 @@ TEST_F(Programm_Haken, a_card_that_is_not_known_is_told_without_a_title_and_free
     int shown = 0;
     const Listener listener = programm.kern.Windows.BackToMain.Listen([&shown] { ++shown; });
     world.Answers.push_back({.Text = "Karte nicht erkannt!"});
-    programm.link.Hooks.Karte_Abgelehnt();
+    TelKarteStart_Senden(programm.link);
+    Reply(0x69, {0x6A});
     EXPECT_EQ(world.Shown[0].Title, "");
     EXPECT_EQ(shown, 1);
 }

@@ -1,5 +1,6 @@
 // The wait box of a channel search.
 
+#include "AntwortRahmen.h"
 #include "FensterFixture.h"
 #include "Text.h"
 
@@ -13,8 +14,13 @@ struct F18_Wartebox : FensterFixture {
         Begin();
         StartRun();
     }
-    /// The dispatcher's step after a refusal without contact.
-    void Refuse() { programm->link.Hooks.Kanal_Weiter(); }
+    void Reply(std::uint8_t code, const std::vector<std::uint8_t>& payload) {
+        world.Deliver(ReplyWire(code, 0x0D, payload));
+        world.RunFor(1);
+    }
+    /// The adapter has no contact on this channel.
+    void Refuse() { Reply(0x69, {0x64}); }
+    void ChannelSet() { Reply(0x29, {}); }
     F18& Box() { return programm->Transfer->F18; }
     std::string ChannelFile() { return files.File("RFCHANDIF12.RFX").substr(0, 15); }
 };
@@ -87,7 +93,7 @@ TEST_F(F18_Wartebox, left_in_a_silent_search_says_how_that_ends_and_counts_nothi
 
 TEST_F(F18_Wartebox, left_before_a_channel_answers_says_no_more_that_the_search_ends) {
     Box().Command1_Click();
-    programm->link.Hooks.Kanal_Gesetzt();
+    ChannelSet();
     EXPECT_EQ(programm->Transfer->F9.StatusLabel.Text(), "");
     world.RunFor(8000);
     EXPECT_TRUE(programm->Transfer->F9.StilleLabel.Visible);
@@ -96,7 +102,7 @@ TEST_F(F18_Wartebox, left_before_a_channel_answers_says_no_more_that_the_search_
 TEST_F(F18_Wartebox, left_before_a_channel_answers_gives_the_run_no_close_button) {
     Box().Command1_Click();
     EXPECT_TRUE(programm->Transfer->F9.Command2.Enabled);
-    programm->link.Hooks.Kanal_Gesetzt();
+    ChannelSet();
     EXPECT_FALSE(programm->Lauf.Gesamtende);
     EXPECT_FALSE(programm->Transfer->F9.Command2.Enabled);
 }
@@ -155,14 +161,14 @@ TEST_F(F18_Wartebox, makes_way_for_the_progress_window_when_the_lock_has_moved) 
     for (AccountItem& item : programm->Lauf.Konto.Items) {
         item.Is = item.Code == 0x29 ? AccountItem::State::Acknowledged : item.Is;
     }
-    programm->link.Hooks.Kanal_Gesetzt();
+    ChannelSet();
     EXPECT_FALSE(Box().Fenster.Visible);
     EXPECT_TRUE(programm->Transfer->F9.Fenster.Visible);
     EXPECT_EQ(ChannelFile(), "3     3  0     ");
 }
 
 TEST_F(F18_Wartebox, leaves_the_channel_record_alone_at_a_reply_that_nobody_asked_for) {
-    programm->link.Hooks.Kanal_Gesetzt();
+    ChannelSet();
     EXPECT_TRUE(programm->Transfer->F9.Fenster.Visible);
     EXPECT_EQ(ChannelFile(), "7     3  0     ");
 }
