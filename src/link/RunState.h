@@ -37,6 +37,19 @@ inline constexpr int MostHistoryRecords = 10000;
 /// What is to be done with a lock.
 enum class RunTask : std::uint8_t { Program, HistoryFirst, HistoryOnly };
 
+/// What became of it.
+enum class RunOutcome : std::uint8_t {
+    Open,       ///< still running, or never begun
+    Done,       ///< went through to its end
+    Refused,    ///< the lock refused: wrong code, no free slot, a refusal reason
+    NotReached, ///< no contact
+    Cancelled,  ///< by the operator
+    GivenUp,    ///< the lock stayed busy, or its events could not be kept
+    NoPort,     ///< the port could not be opened; nothing was sent
+    Incomplete, ///< came to its end, but the lock or a unit did not acknowledge all that it had to get
+    PassedOver, ///< in a list: its data are not in order, or it has no adapter; nothing was sent
+};
+
 /// What is asked of a run: made as a whole before it, and handed to its start.
 struct RunOrder {
     int LockNumber = 0; ///< 1 to 200

@@ -80,14 +80,14 @@ void Historie_Fertig(Netzlauf& run) {
     if (lauf.Chain.HistoryLost != HistoryLoss::None) {
         // Programming can erase the events of the lock.
         if (lauf.Chain.HistoryLost == HistoryLoss::Unwritten) {
-            Netz_Zeile_Fertig(run, "#", Line::HistoryNotSaved);
+            Netz_Zeile_Fertig(run, "#", RunOutcome::GivenUp, Line::HistoryNotSaved);
         } else {
-            Netz_Zeile_Gescheitert(run, Historie_Verlust_Text(run.kern, lauf.Chain.HistoryLost));
+            Netz_Zeile_Gescheitert(run, RunOutcome::GivenUp, Historie_Verlust_Text(run.kern, lauf.Chain.HistoryLost));
         }
     } else if (lauf.List.NetMode == HistoryAndProgram) {
         Netz_Zeile_Behalten(run);
     } else {
-        Netz_Zeile_Fertig(run, "<<", Line::HistoryRead, StepNexHstRead);
+        Netz_Zeile_Fertig(run, "<<", RunOutcome::Done, Line::HistoryRead, StepNexHstRead);
     }
 }
 
@@ -110,9 +110,9 @@ void Programmierung_Fertig(Netzlauf& run, Frame frame) {
     if (ours && run.BlocksTaken == run.BlockCount) {
         Netz_Zeile_Programmiert(run);
     } else {
-        run.Unproven = true;
         const int taken = run.BlocksTaken + (run.Started ? 1 : 0); // the clock starts the programming
-        Netz_Zeile_Gescheitert(run, Wort(run.kern, Word::NetMissing, {Ziffern(taken), Ziffern(run.BlockCount + 1)}));
+        Netz_Zeile_Gescheitert(run, RunOutcome::Incomplete,
+                               Wort(run.kern, Word::NetMissing, {Ziffern(taken), Ziffern(run.BlockCount + 1)}));
     }
 }
 
@@ -178,7 +178,7 @@ void Behandeln(Netzlauf& run, Frame frame) {
         Programmierung_Fertig(run, frame);
         break;
     default:
-        Netz_Zeile_Fertig(run, "#", Line::ConnectionFailed);
+        Netz_Zeile_Fertig(run, "#", Netz_Fehlschlag(run), Line::ConnectionFailed);
         break;
     }
 }

@@ -80,9 +80,10 @@ void Netz_Zeile_Programmiert(Netzlauf& run);
 /// Units of the lock that are present and have no place in the header.
 std::vector<std::string> Units_Ohne_Platz(const Dataset& dataset);
 /// The row has failed, with a text that no catalogue line says.
-void Netz_Zeile_Gescheitert(Netzlauf& run, const std::string& text);
+void Netz_Zeile_Gescheitert(Netzlauf& run, RunOutcome end, const std::string& text);
 /// The row is done; `step` is next.
-void Netz_Zeile_Fertig(Netzlauf& run, std::string_view mark, int line, std::string_view step = StepPrgNextDataset);
+void Netz_Zeile_Fertig(Netzlauf& run, std::string_view mark, RunOutcome end, int line,
+                       std::string_view step = StepPrgNextDataset);
 /// History is there, the same row is to be programmed.
 void Netz_Zeile_Behalten(Netzlauf& run);
 void Netz_Stillstand(const Netzlauf& run, NetStandstill reason);

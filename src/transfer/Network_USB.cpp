@@ -109,12 +109,12 @@ void Netz_Neubeginn(Netzlauf& run) {
 void Netz_Programmieren_Beginnen(Netzlauf& run) {
     Netz_Neubeginn(run);
     run.BlocksTaken = 0;
-    run.Started = run.Unproven = false;
+    run.Started = false;
     Anzeige_Beginnen(run);
     const unsigned number = run.Number;
     if (!Net_Daten_Senden(run, 0, static_cast<int>(run.Daten.Slots.size())) && run.Number == number &&
         run.Phase == NetPhase::None) {
-        Netz_Zeile_Fertig(run, "-", Line::RowUnknownError);
+        Netz_Zeile_Fertig(run, "-", RunOutcome::PassedOver, Line::RowUnknownError);
     }
 }
 
@@ -126,7 +126,6 @@ void Netz_Historie_Beginnen(Netzlauf& run) {
     lauf.Chain.HistoryLost = HistoryLoss::None;
     lauf.Chain.HistoryRecords = 0;
     run.HistoryBlocks = 0;
-    run.Unproven = false;
     run.HistoryBlock = 1;
     run.HistoryCounter = 1;
     run.Carry.clear();
@@ -140,7 +139,8 @@ void Netz_Abbrechen(Netzlauf& run) {
     Anzeige_Beenden(run);
 }
 
-void Netz_Zeile_Fertig(Netzlauf& run, std::string_view mark, int line, std::string_view step) {
+void Netz_Zeile_Fertig(Netzlauf& run, std::string_view mark, RunOutcome end, int line, std::string_view step) {
+    run.End = end;
     Ruhe(run);
     Anzeige_Beenden(run);
     if (run.Ansicht.Zeile_Markieren) {
@@ -154,7 +154,8 @@ void Netz_Zeile_Fertig(Netzlauf& run, std::string_view mark, int line, std::stri
 namespace {
 
 /// The row is done, with a text of its own.
-void Zeile_Melden(Netzlauf& run, std::string_view mark, const std::string& text) {
+void Zeile_Melden(Netzlauf& run, std::string_view mark, RunOutcome end, const std::string& text) {
+    run.End = end;
     Ruhe(run);
     Anzeige_Beenden(run);
     if (run.Ansicht.Zeile_Melden) {
@@ -167,27 +168,34 @@ void Zeile_Melden(Netzlauf& run, std::string_view mark, const std::string& text)
 
 } // namespace
 
-void Netz_Zeile_Gescheitert(Netzlauf& run, const std::string& text) {
-    Zeile_Melden(run, "#", text);
+void Netz_Zeile_Gescheitert(Netzlauf& run, RunOutcome end, const std::string& text) {
+    Zeile_Melden(run, "#", end, text);
+}
+
+RunOutcome Netz_Fehlschlag(const Netzlauf& run) {
+    const bool lost = run.link.Lauf.Chain.HistoryLost != HistoryLoss::None;
+    return lost ? RunOutcome::GivenUp : RunOutcome::NotReached;
 }
 
 void Netz_Zeile_Programmiert(Netzlauf& run) {
     constexpr int lineProgrammed = 266;
     const std::vector<std::string> left = Units_Ohne_Platz(run.Daten);
     if (left.empty()) {
-        Netz_Zeile_Fertig(run, ">>", lineProgrammed);
+        Netz_Zeile_Fertig(run, ">>", RunOutcome::Done, lineProgrammed);
         return;
     }
     std::string names;
     for (const std::string& name : left) {
         names += (names.empty() ? "" : ", ") + name;
     }
-    Zeile_Melden(run, ">>", run.kern.Zeile(lineProgrammed) + " - " + Wort(run.kern, Word::NetUnitsLeft, {names}));
+    Zeile_Melden(run, ">>", RunOutcome::Done,
+                 run.kern.Zeile(lineProgrammed) + " - " + Wort(run.kern, Word::NetUnitsLeft, {names}));
 }
 
 void Netz_Zeile_Behalten(Netzlauf& run) {
     Ruhe(run);
     Anzeige_Beenden(run);
+    run.End = RunOutcome::Done;
     if (run.Ansicht.Zeile_Markieren) {
         run.Ansicht.Zeile_Markieren("<<", Line::HistoryRead);
     }

@@ -98,7 +98,7 @@ struct Netzlauf {
     int DataBlocks = 0;                  ///< data blocks among them
     int BlocksTaken = 0;                 ///< blocks of both kinds that the adapter has acknowledged
     bool Started = false;                ///< the adapter has said that it programs the lock
-    bool Unproven = false;               ///< it said that the lock is programmed, but the rest does not bear that out
+    RunOutcome End = RunOutcome::Open;   ///< what became of the row; set before its mark
     std::vector<std::uint8_t> Finger;    ///< numbers, flags and templates of all fingerprints, one behind the other
     int TemplateBytes = 0;               ///< bytes of `Finger` that are still to be sent
     std::uint8_t HistoryBlock = 1;       ///< number that history requests carry
@@ -137,6 +137,8 @@ void Netz_Historie_Beginnen(Netzlauf& run);
 /// The operator's cancel, and the end of the window: stops the timers and all that would follow. A block under way is
 /// not recalled.
 void Netz_Abbrechen(Netzlauf& run);
+/// What has become of a row that fails now for want of an answer: events that are lost count more.
+RunOutcome Netz_Fehlschlag(const Netzlauf& run);
 
 /// Milliseconds since the row's last telegram or usable reply, or since its beginning.
 std::int64_t Netz_Stille(const Netzlauf& run);

@@ -16,18 +16,6 @@
 
 namespace qvm {
 
-/// What became of a lock's run.
-enum class RunOutcome {
-    Open,       ///< still running, or never begun
-    Done,       ///< went through to its end
-    Refused,    ///< the lock refused: wrong code, no free slot, a refusal reason
-    NotReached, ///< no contact
-    Cancelled,  ///< by the operator
-    GivenUp,    ///< the lock stayed busy, or its events could not be kept
-    NoPort,     ///< the port could not be opened; nothing was sent
-    Incomplete, ///< came to its end, but the lock or a unit did not acknowledge all that it had to get
-};
-
 struct UnitReport {
     enum class State {
         Untried,   ///< never spoken to

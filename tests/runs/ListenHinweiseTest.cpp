@@ -89,7 +89,7 @@ TEST_F(List_Notes, of_a_row_that_is_passed_over_come_before_the_end_of_the_list)
     ExpectNothingLeft();
     ASSERT_TRUE(FinishList());
     EXPECT_EQ(RowAt(1), Row("-", "L261  /  L248"));
-    EXPECT_EQ(programm->Transfer->F91.Pruefergebnis(1), "L254");
+    EXPECT_EQ(programm->Transfer->F91.Ergebnis(1).Text, "L254");
     ASSERT_EQ(world.Shown.size(), 4U); // two questions before
 }
 

@@ -162,7 +162,7 @@ TEST_F(List_Run, rows_with_a_bad_dataset_are_passed_over) {
                                        Row("-", "L261  /  L273  /  Bert_0002_FP Fehler bei der zuweisung der "
                                                 "Fingerprint Daten."),
                                        Programmed));
-    EXPECT_EQ(programm->Transfer->F91.Pruefergebnis(2), "L256");
+    EXPECT_EQ(programm->Transfer->F91.Ergebnis(2).Text, "L256");
     EXPECT_EQ(Lock("00.0A.10.02").Sessions, 0);
 }
 

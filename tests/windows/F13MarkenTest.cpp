@@ -248,7 +248,7 @@ struct F13_Netzlauf : F13_Gescheiterte {
     void SingleEnds(int row, std::string_view mark, int column = F13Column::Program) {
         Single(row, column);
         EXPECT_FALSE(Window().Fenster.Visible);
-        programm->Transfer->F91.Zeile_Markieren(mark, "");
+        programm->Transfer->F91.Zeile_Markieren(mark, {});
         programm->Transfer->F91.Naechste_Zeile(StepPrgNextDataset);
         programm->Transfer->F91.Command1_Click();
         EXPECT_FALSE(programm->Transfer->F91.Fenster.Visible);

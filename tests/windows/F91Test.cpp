@@ -292,7 +292,7 @@ TEST_F(F91_Fenster, a_mark_or_a_next_row_without_a_row_under_way_changes_nothing
     List().Stoppen();
     EXPECT_EQ(Mark(1), "#");
     EXPECT_EQ(State(1), "L82");
-    List().Zeile_Markieren(">>", "x");
+    List().Zeile_Markieren(">>", {.End = RunOutcome::Done, .Text = "x"});
     List().Naechste_Zeile("PrgNextDataset");
     EXPECT_EQ(Mark(1), "#");
     EXPECT_EQ(State(1), "L82");
@@ -311,7 +311,7 @@ TEST_F(F91_Fenster, a_row_that_failed_bears_a_sign_and_a_colour_and_no_other_row
     EXPECT_EQ(List().FGK91.At(1, F91Column::StateText).BackColor, 0xC0C0FFU);
     EXPECT_EQ(List().FGK91.At(1, F91Column::Name).BackColor, White);
     world.RunFor(3100);
-    List().Zeile_Markieren(">>", "L266");
+    List().Zeile_Markieren(">>", {.End = RunOutcome::Done, .Text = "L266"});
     EXPECT_EQ(List().FGK91.At(2, F91Column::StateText).Picture, ListPicture::None);
     EXPECT_EQ(List().FGK91.At(2, F91Column::Mark).BackColor, White);
     EXPECT_EQ(List().FGK91.At(2, F91Column::StateText).BackColor, White);
@@ -320,8 +320,8 @@ TEST_F(F91_Fenster, a_row_that_failed_bears_a_sign_and_a_colour_and_no_other_row
 TEST_F(F91_Fenster, a_failed_row_that_is_marked_anew_loses_sign_and_colour) {
     Open({1});
     world.RunFor(1100);
-    List().Zeile_Markieren("#", "L66");
-    List().Zeile_Markieren("<<", "L263");
+    List().Zeile_Markieren("#", {.End = RunOutcome::NotReached, .Text = "L66"});
+    List().Zeile_Markieren("<<", {.End = RunOutcome::Done, .Text = "L263"});
     EXPECT_EQ(List().FGK91.At(1, F91Column::StateText).Picture, ListPicture::None);
     EXPECT_EQ(List().FGK91.At(1, F91Column::Mark).BackColor, White);
 }
@@ -413,7 +413,7 @@ TEST_F(F91_Fenster, says_how_far_the_list_is_and_how_long_it_may_still_take) {
     EXPECT_EQ(List().StandLabel.Text(), u8"Schloss 1 von 3   0 erledigt, 0 gescheitert oder übersprungen"_w);
     // 37 s for the first row and 3 s behind it; two such rows are to come.
     world.RunFor(37000);
-    List().Zeile_Markieren(">>", "L266");
+    List().Zeile_Markieren(">>", {.End = RunOutcome::Done, .Text = "L266"});
     List().Naechste_Zeile("PrgNextDataset");
     EXPECT_EQ(List().StandLabel.Text(), u8"1 erledigt, 0 gescheitert oder übersprungen   noch etwa 2 min"_w);
     world.RunFor(3100);
@@ -423,7 +423,7 @@ TEST_F(F91_Fenster, says_how_far_the_list_is_and_how_long_it_may_still_take) {
     world.RunFor(3100);
     EXPECT_EQ(List().StandLabel.Text(),
               u8"Schloss 3 von 3   1 erledigt, 1 gescheitert oder übersprungen   noch etwa 1 min"_w);
-    List().Zeile_Markieren(">>", "L266");
+    List().Zeile_Markieren(">>", {.End = RunOutcome::Done, .Text = "L266"});
     List().Naechste_Zeile("PrgNextDataset");
     EXPECT_EQ(List().StandLabel.Text(), u8"2 erledigt, 1 gescheitert oder übersprungen"_w);
 }
@@ -433,7 +433,7 @@ TEST_F(F91_Fenster, the_time_left_counts_on_while_a_row_is_under_way) {
     List().Geduld = 0;
     world.RunFor(1100);
     world.RunFor(176000);
-    List().Zeile_Markieren(">>", "L266");
+    List().Zeile_Markieren(">>", {.End = RunOutcome::Done, .Text = "L266"});
     List().Naechste_Zeile("PrgNextDataset");
     // 176 s for the first row and 3 s behind it; two such rows are to come.
     EXPECT_EQ(List().StandLabel.Text(), u8"1 erledigt, 0 gescheitert oder übersprungen   noch etwa 6 min"_w);
@@ -446,7 +446,7 @@ TEST_F(F91_Fenster, the_time_left_counts_on_while_a_row_is_under_way) {
     // Longer than the first row took: one more row is to come in any case.
     world.RunFor(300000);
     EXPECT_EQ(List().StandLabel.Text(), position + "noch etwa 3 min");
-    List().Zeile_Markieren(">>", "L266");
+    List().Zeile_Markieren(">>", {.End = RunOutcome::Done, .Text = "L266"});
     List().Naechste_Zeile("PrgNextDataset");
     world.RunFor(3100);
     // The last one takes longer than any before it: nobody knows how long.
@@ -457,7 +457,7 @@ TEST_F(F91_Fenster, the_time_left_counts_on_while_a_row_is_under_way) {
 TEST_F(F91_Fenster, a_list_that_was_stopped_has_no_time_left) {
     Open({1, 2, 7});
     world.RunFor(38000);
-    List().Zeile_Markieren(">>", "L266");
+    List().Zeile_Markieren(">>", {.End = RunOutcome::Done, .Text = "L266"});
     List().Naechste_Zeile("PrgNextDataset");
     world.RunFor(3100);
     ASSERT_EQ(List().Arbeit(), F91::Work::Direct);
@@ -479,7 +479,7 @@ TEST_F(F91_Fenster, rows_passed_over_make_no_row_last_longer) {
     List().Geduld = 0;
     ASSERT_TRUE(world.RunUntil([this] { return List().Arbeit() == F91::Work::Direct; }));
     world.RunFor(56000);
-    List().Zeile_Markieren(">>", "L266");
+    List().Zeile_Markieren(">>", {.End = RunOutcome::Done, .Text = "L266"});
     List().Naechste_Zeile("PrgNextDataset");
     ASSERT_TRUE(world.RunUntil([this] { return Mark(2) == "-"; }));
     ASSERT_TRUE(world.RunUntil([this] { return List().Arbeit() == F91::Work::Direct; }));
@@ -507,7 +507,7 @@ TEST_F(F91_Fenster, names_the_row_under_way_while_the_filter_hides_it) {
 TEST_F(F91_Fenster, a_history_that_is_not_the_end_of_its_row_counts_as_open) {
     Open({1, 2}, Answer::Yes);
     world.RunFor(1100);
-    List().Zeile_Markieren("<<", "L263");
+    List().Zeile_Markieren("<<", {.End = RunOutcome::Done, .Text = "L263"});
     List().Texte_Setzen();
     EXPECT_EQ(List().StandLabel.Text(), u8"Schloss 1 von 2   0 erledigt, 0 gescheitert oder übersprungen"_w);
 }

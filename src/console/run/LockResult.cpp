@@ -33,8 +33,8 @@ LockResult Schloss_Beschreiben(const Programm& program, int lock) {
     return result;
 }
 
-LockEnd Ende_Aus_Bericht(const Programm& program) {
-    switch (program.Lauf.Bericht.End) {
+LockEnd Ende_Des_Laufs(RunOutcome end, HistoryLoss lost) {
+    switch (end) {
     case RunOutcome::Done:
         return LockEnd::Done;
     case RunOutcome::Refused:
@@ -42,10 +42,11 @@ LockEnd Ende_Aus_Bericht(const Programm& program) {
     case RunOutcome::NotReached:
         return LockEnd::NotReached;
     case RunOutcome::GivenUp:
-        return program.Lauf.Bericht.HistoryLost != HistoryLoss::None ? LockEnd::Failed : LockEnd::Busy;
+        return lost != HistoryLoss::None ? LockEnd::Failed : LockEnd::Busy;
     case RunOutcome::Incomplete:
         return LockEnd::Failed;
     case RunOutcome::NoPort:
+    case RunOutcome::PassedOver:
         return LockEnd::Fault;
     case RunOutcome::Open:
     case RunOutcome::Cancelled:

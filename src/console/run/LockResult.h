@@ -77,8 +77,8 @@ ExitCode Ende_Code(const LockResult& result);
 /// Number, name and serial of a lock that is not tried. The lock grid is filled.
 LockResult Schloss_Beschreiben(const Programm& program, int lock);
 
-/// What a run's report says of its end. Open and Cancelled are Cancelled.
-LockEnd Ende_Aus_Bericht(const Programm& program);
+/// What became of a lock, by its run's end and by what was lost of its events. Open and Cancelled are Cancelled.
+LockEnd Ende_Des_Laufs(RunOutcome end, HistoryLoss lost);
 /// Faults, history file and units of a run that ended, into `result`. `report`: of that run; an empty one for a row
 /// through a network adapter.
 void Bericht_Uebernehmen(const Programm& program, const RunReport& report, bool historyOnly, bool historyWanted,

@@ -12,32 +12,7 @@ namespace qvm {
 
 namespace {
 
-LockEnd Zeilenende(const Programm& program, int row, const Zeilenumstand& state) {
-    const Kern& kern = program.kern;
-    const Grid& list = program.Transfer->F91.FGK91;
-    const std::string& mark = list.Text(row, F91Column::Mark);
-    const std::string& text = list.Text(row, F91Column::StateText);
-    if (mark == ListMark::PassedOver) {
-        return LockEnd::Fault;
-    }
-    if (mark != ListMark::Failed) {
-        return LockEnd::Done;
-    }
-    if (program.Transfer->F91.Verstummt()) {
-        return LockEnd::Silent;
-    }
-    if (state.Cancelling && text == kern.Zeile(Line::Cancelled)) {
-        return LockEnd::Cancelled;
-    }
-    if (program.Transfer->F91.Arbeit() == F91::Work::Direct) {
-        return Ende_Aus_Bericht(program);
-    }
-    const auto shows = [&](int line) { return !text.empty() && text == kern.Zeile(line); };
-    const bool missing = program.Netz.Unproven || program.link.Lauf.Chain.HistoryLost != HistoryLoss::None;
-    return shows(Line::PortNotOpened) ? LockEnd::Fault : missing ? LockEnd::Failed : LockEnd::NotReached;
-}
-
-std::string Grund(const Programm& program, const LaufAuftrag& order, int row, LockEnd end) {
+std::string Grund(const Programm& program, const LaufAuftrag& order, const RowResult& row, LockEnd end) {
     if (end == LockEnd::Done) {
         return {};
     }
@@ -49,32 +24,30 @@ std::string Grund(const Programm& program, const LaufAuftrag& order, int row, Lo
                    ? "no answer for " + std::to_string(order.TimeoutSeconds) + " s"
                    : "no answer from the network adapter";
     }
-    const std::string& text = program.Transfer->F91.FGK91.Text(row, F91Column::StateText);
-    // That it was passed over says less than why.
-    const std::string& check = program.Transfer->F91.Pruefergebnis(row);
-    const bool passed = text == program.kern.Zeile(Line::Skipped) && !check.empty();
     const SerialPort& port = program.kern.Welt.Port;
     const PortFault fault = port.LastFault ? port.LastFault() : PortFault();
     const bool held = fault.What == PortFault::Kind::Held || fault.What == PortFault::Kind::HeldByService;
-    if (end == LockEnd::Fault && !passed && held) {
+    if (end == LockEnd::Fault && !row.Skipped && held) {
         return Anzeige_Aus_1252(PortFault_Text(program.kern, fault));
     }
-    return Anzeige_Aus_1252(passed ? check : text);
+    return Anzeige_Aus_1252(row.Text);
 }
 
 } // namespace
 
-void Zeile_Uebernehmen(const Programm& program, const LaufAuftrag& order, int row, const Zeilenumstand& state,
-                       LockResult& result) {
+void Zeile_Uebernehmen(const Programm& program, const LaufAuftrag& order, int row, LockResult& result) {
     const F91::Work work = program.Transfer->F91.Arbeit();
-    result.End = Zeilenende(program, row, state);
-    result.Text = Grund(program, order, row, result.End);
+    const bool network = work == F91::Work::Network;
+    const RowResult& end = program.Transfer->F91.Ergebnis(row);
+    result.End = end.Silent ? LockEnd::Silent
+                            : Ende_Des_Laufs(end.End, network ? program.link.Lauf.Chain.HistoryLost
+                                                              : program.Lauf.Bericht.HistoryLost);
+    result.Text = Grund(program, order, end, result.End);
     result.Faults.clear();
     if (work == F91::Work::None) {
         return;
     }
     result.Units.clear();
-    const bool network = work == F91::Work::Network;
     Bericht_Uebernehmen(program, network ? RunReport() : program.Lauf.Bericht, order.HistoryOnly || network,
                         order.HistoryOnly || order.HistoryFirst, result);
     if (network) {
@@ -95,9 +68,7 @@ Netzzeile::Netzzeile(Programm& program, const LaufAuftrag& order, Fortschritt& p
     : program_(program), order_(order), progress_(progress), result_(result), operator_(user),
       watch_(program.kern.Welt, WatchMs) {
     program_.Transfer->F91.Zeile_Beginnt = [this](int) { result_.Route = "network"; };
-    program_.Transfer->F91.Zeile_Fertig = [this](int row) {
-        Zeile_Uebernehmen(program_, order_, row, state_, result_);
-    };
+    program_.Transfer->F91.Zeile_Fertig = [this](int row) { Zeile_Uebernehmen(program_, order_, row, result_); };
     program_.Transfer->F91.Hinweis.Text.Changed = [this] {
         if (const std::string& text = program_.Transfer->F91.Hinweis.Text(); !text.empty()) {
             progress_.Meldung(Anzeige_Aus_1252(text));
@@ -135,7 +106,6 @@ void Netzzeile::Tick() {
     const F91& list = program_.Transfer->F91;
     progress_.Zeigen(Prozent(list.Balken.Value, list.Balken.Maximum), Anzeige_Aus_1252(list.StatusLabel.Text()));
     if (operator_.Unterbrochen()) {
-        state_.Cancelling = true;
         progress_.Meldung("Cancelled; what the network adapter has by now it may still carry out.");
         result_.End = LockEnd::Cancelled; // unless the row has begun and says it itself
         program_.Transfer->F91.Command2_Click();

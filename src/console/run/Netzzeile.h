@@ -8,14 +8,8 @@
 
 namespace qvm {
 
-/// What surrounds the end of a row of the run list, beside what the list itself knows.
-struct Zeilenumstand {
-    bool Cancelling = false; ///< the operator wants the end
-};
-
 /// End, text, faults, history file and units of a row that has its mark, into `result`.
-void Zeile_Uebernehmen(const Programm& program, const LaufAuftrag& order, int row, const Zeilenumstand& state,
-                       LockResult& result);
+void Zeile_Uebernehmen(const Programm& program, const LaufAuftrag& order, int row, LockResult& result);
 /// The present row is a network one, stands still, and the adapter has been silent for as long as the order allows.
 bool Netzzeile_Stumm(const Programm& program, const LaufAuftrag& order);
 
@@ -41,7 +35,6 @@ private:
     Fortschritt& progress_;
     LockResult& result_;
     Bedienung& operator_;
-    Zeilenumstand state_;
     Timer watch_;
 };
 

@@ -125,7 +125,7 @@ void Reihenlauf::Zeile_Fertig(int row) {
         return;
     }
     LockResult& result = Ergebnis(row);
-    Zeile_Uebernehmen(program_, order_, row, state_, result);
+    Zeile_Uebernehmen(program_, order_, row, result);
     if (program_.Transfer->F91.Arbeit() != F91::Work::None) {
         result.Seconds = static_cast<double>(program_.kern.Welt.Milliseconds() - rowBegun_) / 1000.0;
         result.Telegrams = session_.Telegramme - telegramsBefore_;
@@ -150,7 +150,7 @@ void Reihenlauf::Tick() {
         Abbrechen();
     }
     // A direct row the list gives up by itself.
-    if (!state_.Cancelling && Netzzeile_Stumm(program_, order_)) {
+    if (!operator_.Bricht_Ab() && Netzzeile_Stumm(program_, order_)) {
         program_.Transfer->F91.Zeile_Aufgeben();
     }
     if (operator_.Abbruch_Ueberfaellig()) {
@@ -160,7 +160,6 @@ void Reihenlauf::Tick() {
 
 void Reihenlauf::Abbrechen() {
     table_.Meldung(std::string(operator_.Abbruch_Text()));
-    state_.Cancelling = true;
     operator_.Abbruch_Beginnen();
     if (program_.Transfer->F91.Arbeit() == F91::Work::Direct) {
         program_.Transfer->F9.Command1_Click();

@@ -51,7 +51,6 @@ private:
     std::size_t told_ = 0;
     int telegramsBefore_ = 0;
     int questions_ = 0; ///< how many were answered
-    Zeilenumstand state_;
     std::int64_t rowBegun_ = 0;
 };
 

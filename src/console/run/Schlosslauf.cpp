@@ -101,7 +101,7 @@ void Schlosslauf::Anzeigen() {
 }
 
 LockEnd Schlosslauf::Ende_Bestimmen() const {
-    const LockEnd end = Ende_Aus_Bericht(program_);
+    const LockEnd end = Ende_Des_Laufs(program_.Lauf.Bericht.End, program_.Lauf.Bericht.HistoryLost);
     return end == LockEnd::Cancelled && silent_ ? LockEnd::Silent : end;
 }
 

@@ -27,6 +27,7 @@ int Endzeichen(const RunReport& report) {
     }
     switch (report.End) {
     case RunOutcome::Open:
+    case RunOutcome::PassedOver:
         return RunSign::None;
     case RunOutcome::Refused:
     case RunOutcome::NotReached:

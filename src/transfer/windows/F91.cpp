@@ -61,7 +61,7 @@ void F91::Liste_Leeren() {
     notes_.clear();
     FGK91.Resize(1, F91Column::Count);
     underWay_ = 0;
-    checkTexts_.clear();
+    results_.clear();
     rowNotes_.clear();
     badFiles_.clear();
 }
@@ -215,15 +215,19 @@ void F91::Command2_Click() {
     }
     if (work_ == Work::Network) {
         Netz_Abbrechen(netz);
-        Zeile_Markieren(ListMark::Failed, kern.Zeile(Line::Cancelled));
+        Zeile_Markieren(ListMark::Failed, {.End = RunOutcome::Cancelled, .Text = kern.Zeile(Line::Cancelled)});
     }
     Ende(Line::Cancelled);
 }
 
 void F91::Direkt_Markieren(std::string_view mark, std::string_view text) {
     if (work_ != Work::Network) {
-        Zeile_Markieren(mark, text);
+        Zeile_Markieren(mark, {.End = run.Bericht.End, .Text = std::string(text)});
     }
+}
+
+void F91::Netz_Markieren(std::string_view mark, std::string_view text) {
+    Zeile_Markieren(mark, {.End = netz.End, .Text = std::string(text)});
 }
 
 void F91::Direkt_Naechste_Zeile() {
@@ -243,7 +247,7 @@ void F91::Stoppen() {
         return;
     }
     Timer_Anhalten();
-    Zeile_Markieren(ListMark::Failed, kern.Zeile(Line::Cancelled));
+    Zeile_Markieren(ListMark::Failed, {.End = RunOutcome::Cancelled, .Text = kern.Zeile(Line::Cancelled)});
     Ende(Line::Cancelled);
 }
 

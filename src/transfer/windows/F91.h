@@ -33,6 +33,14 @@ namespace ListPicture {
 inline constexpr int None = 0, Failed = 1;
 }
 
+/// What became of a row.
+struct RowResult {
+    RunOutcome End = RunOutcome::Open; ///< Open: it waits
+    std::string Text{};                ///< why, code page 1252; the row may show it with notes
+    bool Silent = false;               ///< given up because nobody answered
+    bool Skipped = false;              ///< for what its check has found before the list
+};
+
 /// What a mark means, in the language in use; empty for a text that is none.
 std::string Marke_Erklaeren(const Kern& kern, std::string_view mark);
 /// All marks with what they mean, a line each.
@@ -127,8 +135,6 @@ struct F91 {
     /// A row that nobody answers: it fails, and the list goes on. The session with a direct lock is closed before, as
     /// by a cancel. Does nothing while no row is under way.
     void Zeile_Aufgeben();
-    /// True while a row is marked because nobody answered it.
-    bool Verstummt() const { return silent_; }
     /// Something of the list is still to come.
     bool Laeuft() const { return running_; }
     /// None between two rows and before the first: the port is free then.
@@ -139,8 +145,8 @@ struct F91 {
     /// a moment, and says when an adapter that a row waits for is gone or back. A row under way keeps its port; the
     /// next one searches before it begins. Does nothing while there is no list.
     void Anschluss_Geaendert();
-    /// Why a row was passed over: the text that it had after the check.
-    const std::string& Pruefergebnis(int row) const;
+    /// What became of a row so far; it stands when Zeile_Fertig is called.
+    const RowResult& Ergebnis(int row) const;
     /// Numbers of the locks that the last list left marked as failed or passed over; kept when its rows are cleared. A
     /// single lock is no list: it is only taken out when it was done now.
     const std::vector<int>& Gescheiterte_Schloesser() const { return unfinished_; }
@@ -155,13 +161,15 @@ struct F91 {
     // ---- what runs and network route report
 
     /// Final mark of the present row. Ignored while none is under way.
-    void Zeile_Markieren(std::string_view mark, std::string_view text);
+    void Zeile_Markieren(std::string_view mark, RowResult result);
     /// The present row is done: raises RunRow and plans `step`, or ends the list.
     void Naechste_Zeile(std::string_view step);
     /// The same two by the direct run. What comes late over the serial route is no news of a row that a network adapter
     /// has.
     void Direkt_Markieren(std::string_view mark, std::string_view text);
     void Direkt_Naechste_Zeile();
+    /// A mark by the network route.
+    void Netz_Markieren(std::string_view mark, std::string_view text);
     /// The operator cancelled the direct run of the present row.
     void Stoppen();
     void Programmieren_Planen();
@@ -227,7 +235,7 @@ private:
     void Direkt_Beginnen(int row);
     void Netz_Beginnen(std::string_view step);
     bool Zeile_Bereitmachen(int& runRow, RunTask what);
-    void Zeile_Uebergehen(int& runRow, std::string_view mark, std::string_view text);
+    void Zeile_Uebergehen(int& runRow, std::string_view mark, RowResult result);
     /// Nothing was sent to the row's lock so far.
     bool Unberuehrt(int row) const { return FGK91.Text(row, F91Column::Mark) != ListMark::HistoryRead; }
     void Step_Planen(std::string_view step, int ms);
@@ -237,7 +245,9 @@ private:
     void Uhren_Zeigen(bool on);
     /// Nothing, or a word with its place, which follows the language.
     void Hinweis_Zeigen(std::optional<Word> word, const std::string& place = {});
-    void Mark_Setzen(int row, std::string_view mark, std::string_view text);
+    void Mark_Setzen(int row, std::string_view mark, RowResult result);
+    /// The same with a shown text of its own.
+    void Mark_Setzen(int row, std::string_view mark, RowResult result, std::string_view shown);
     void Gescheiterte_Merken();
     /// A lock that was done by itself is no failed one of the last list any more.
     void Gescheiterte_Nachtragen();
@@ -245,7 +255,6 @@ private:
     Work work_ = Work::None;
     bool running_ = false;
     bool asking_ = false;      ///< whether to leave the list
-    bool silent_ = false;      ///< the row is being given up for its silence
     bool stopped_ = false;     ///< the row under way is the last one
     bool told_ = false;        ///< the rows' notes were shown
     bool filesAsked_ = false;  ///< the operator was asked about the files of the only row
@@ -263,7 +272,7 @@ private:
     std::optional<Word> hint_;
     std::string hintPlace_;
     std::optional<DateTime> start_;
-    std::vector<std::string> checkTexts_;            ///< by row
+    std::vector<RowResult> results_;                 ///< by row; shorter while nothing is known of the last ones
     std::vector<std::string> rowNotes_;              ///< by row: what the check has noted of it, on one line
     std::vector<std::pair<int, std::string>> notes_; ///< rows of the check, and what is to be said of them
     std::set<int> badFiles_;                         ///< rows whose check found a file that is not to be relied on

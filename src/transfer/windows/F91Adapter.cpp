@@ -126,13 +126,15 @@ bool F91::Adapter_Waehlen(int& runRow) {
         return false;
     }
     if (found == Anschluss::Keiner && War_Da(runRow)) {
+        const bool untouched = Unberuehrt(runRow);
         Zeile_Uebergehen(runRow, ListMark::Failed,
-                         kern.Zeile(Unberuehrt(runRow) ? Line::PortNotOpened : Line::ConnectionFailed));
+                         {.End = untouched ? RunOutcome::NoPort : RunOutcome::NotReached,
+                          .Text = kern.Zeile(untouched ? Line::PortNotOpened : Line::ConnectionFailed)});
         return false;
     }
     if (found == Anschluss::Keiner || found == Anschluss::ZuHoch) {
         const int line = found == Anschluss::ZuHoch ? Line::PortOutOfRange : Line::AdapterNotFound;
-        Zeile_Uebergehen(runRow, ListMark::PassedOver, kern.Zeile(line));
+        Zeile_Uebergehen(runRow, ListMark::PassedOver, {.End = RunOutcome::PassedOver, .Text = kern.Zeile(line)});
         return false;
     }
     // A port that cannot be opened shows at the first telegram.

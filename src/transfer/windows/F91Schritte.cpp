@@ -62,7 +62,7 @@ bool F91::Zeile_Bereitmachen(int& runRow, RunTask what) {
     }
     if (const int status = Zeile_Laden(runRow, what); status != DatasetStatus::Good) {
         // Its files have changed since the check.
-        Zeile_Uebergehen(runRow, ListMark::PassedOver, Statustext(status));
+        Zeile_Uebergehen(runRow, ListMark::PassedOver, {.End = RunOutcome::PassedOver, .Text = Statustext(status)});
         return false;
     }
     if (Zeile_Zeigen) {
@@ -168,8 +168,9 @@ void F91::Stillstand(NetStandstill reason) {
     if (reason == NetStandstill::TooLong) {
         const std::string minutes = Ziffern(netz.FristMinuten);
         Netz_Abbrechen(netz);
-        Zeile_Markieren(ListMark::Failed,
-                        kern.Zeile(Line::ConnectionFailed) + "  /  " + Wort(kern, Word::NetTooLong, {minutes}));
+        Zeile_Markieren(ListMark::Failed, {.End = Netz_Fehlschlag(netz),
+                                           .Text = kern.Zeile(Line::ConnectionFailed) + "  /  " +
+                                                   Wort(kern, Word::NetTooLong, {minutes})});
         Naechste_Zeile(StepPrgNextDataset);
         return;
     }
@@ -177,7 +178,9 @@ void F91::Stillstand(NetStandstill reason) {
         // The next row may have another port.
         const bool untouched = reason == NetStandstill::NoPort && Unberuehrt(run.link.Lauf.List.RunRow);
         Netz_Abbrechen(netz);
-        Zeile_Markieren(ListMark::Failed, kern.Zeile(untouched ? Line::PortNotOpened : Line::ConnectionFailed));
+        Zeile_Markieren(ListMark::Failed,
+                        {.End = untouched ? RunOutcome::NoPort : Netz_Fehlschlag(netz),
+                         .Text = kern.Zeile(untouched ? Line::PortNotOpened : Line::ConnectionFailed)});
         Naechste_Zeile(StepPrgNextDataset);
         return;
     }

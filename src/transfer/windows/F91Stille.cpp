@@ -30,14 +30,13 @@ void F91::Zeile_Aufgeben() {
     if (work_ == Work::None) {
         return;
     }
-    silent_ = true;
     if (work_ == Work::Network) {
         Netz_Abbrechen(netz);
     } else {
         Lauf_Verlassen(run, RunOutcome::NotReached, kern.Zeile(Line::ConnectionFailed));
     }
-    Zeile_Markieren(ListMark::Failed, kern.Zeile(Line::ConnectionFailed));
-    silent_ = false;
+    Zeile_Markieren(ListMark::Failed,
+                    {.End = RunOutcome::NotReached, .Text = kern.Zeile(Line::ConnectionFailed), .Silent = true});
     Naechste_Zeile(StepPrgNextDataset);
 }
 

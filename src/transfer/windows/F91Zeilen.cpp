@@ -7,6 +7,8 @@
 #include "Text.h"
 
 #include <Lines.h>
+#include <algorithm>
+#include <utility>
 
 namespace qvm {
 namespace {
@@ -19,8 +21,8 @@ constexpr std::uint8_t OnlyHistory = 0x80;
 void F91::Zeilen_Pruefen(Check check) {
     check_ = check;
     checkRow_ = 1;
-    checkTexts_.assign(static_cast<std::size_t>(FGK91.Rows()), {});
-    rowNotes_ = checkTexts_;
+    results_.assign(static_cast<std::size_t>(FGK91.Rows()), {});
+    rowNotes_.assign(results_.size(), {});
     badFiles_.clear();
     StatusLabel.ForeColor = CheckColour;
     Status_Zeigen(Line::CheckingRows, 0);
@@ -64,11 +66,12 @@ void F91::Zeile_Pruefen(int row) {
     const bool events = run.link.Lauf.List.Wish.What == RunTask::HistoryOnly;
     const int status = Zeile_Laden(row, events ? RunTask::HistoryOnly : RunTask::Program);
     const std::string text = Statustext(status);
-    checkTexts_[static_cast<std::size_t>(row)] = text;
+    const bool good = status == DatasetStatus::Good;
+    results_[static_cast<std::size_t>(row)] = {.End = good ? RunOutcome::Open : RunOutcome::PassedOver, .Text = text};
     if (status == DatasetStatus::BadFiles) {
         badFiles_.insert(row);
     }
-    FGK91.SetText(row, F91Column::Mark, status == DatasetStatus::Good ? ListMark::Waiting : ListMark::PassedOver);
+    FGK91.SetText(row, F91Column::Mark, good ? ListMark::Waiting : ListMark::PassedOver);
     Notizen_Sammeln(row);
     FGK91.SetText(row, F91Column::StateText, Mit_Notizen(row, text));
 }
@@ -113,17 +116,29 @@ bool F91::Zeile_Suchen(int& runRow, bool programming) {
         if (mark == ListMark::Waiting || (programming && mark == ListMark::HistoryRead)) {
             return true;
         }
+        RowResult passed{.End = RunOutcome::PassedOver, .Text = Ergebnis(runRow).Text};
+        passed.Skipped = !passed.Text.empty();
         // Which file is damaged has to stay to be seen; that the row was passed over its mark says.
-        Mark_Setzen(runRow, ListMark::PassedOver,
-                    badFiles_.contains(runRow) ? Pruefergebnis(runRow) : kern.Zeile(Line::Skipped));
+        const std::string shown = badFiles_.contains(runRow) ? passed.Text : kern.Zeile(Line::Skipped);
+        if (!passed.Skipped) {
+            passed.Text = shown;
+        }
+        Mark_Setzen(runRow, ListMark::PassedOver, std::move(passed), shown);
     }
     return false;
 }
 
-void F91::Mark_Setzen(int row, std::string_view mark, std::string_view text) {
+void F91::Mark_Setzen(int row, std::string_view mark, RowResult result) {
+    const std::string shown = result.Text;
+    Mark_Setzen(row, mark, std::move(result), shown);
+}
+
+void F91::Mark_Setzen(int row, std::string_view mark, RowResult result, std::string_view shown) {
+    results_.resize(std::max(results_.size(), static_cast<std::size_t>(row) + 1));
+    results_[static_cast<std::size_t>(row)] = std::move(result);
     FGK91.SetText(row, F91Column::Mark, mark);
     // Who has heard the notes one by one is not told them again.
-    FGK91.SetText(row, F91Column::StateText, Zeile_Notiz ? std::string(text) : Mit_Notizen(row, text));
+    FGK91.SetText(row, F91Column::StateText, Zeile_Notiz ? std::string(shown) : Mit_Notizen(row, shown));
     const bool failed = mark == ListMark::Failed;
     FGK91.SetPicture(row, F91Column::StateText, failed ? ListPicture::Failed : ListPicture::None);
     for (const int column : {F91Column::Mark, F91Column::StateText}) {
@@ -155,14 +170,14 @@ void F91::Gescheiterte_Merken() {
     }
 }
 
-const std::string& F91::Pruefergebnis(int row) const {
-    static const std::string none;
+const RowResult& F91::Ergebnis(int row) const {
+    static const RowResult none;
     const auto at = static_cast<std::size_t>(row);
-    return row > 0 && at < checkTexts_.size() ? checkTexts_[at] : none;
+    return row > 0 && at < results_.size() ? results_[at] : none;
 }
 
-void F91::Zeile_Uebergehen(int& runRow, std::string_view mark, std::string_view text) {
-    Mark_Setzen(runRow, mark, text);
+void F91::Zeile_Uebergehen(int& runRow, std::string_view mark, RowResult result) {
+    Mark_Setzen(runRow, mark, std::move(result));
     work_ = Work::None;
     if (runRow >= run.link.Lauf.List.RunRows) {
         Ende(Line::ListCompleted);
@@ -173,9 +188,9 @@ void F91::Zeile_Uebergehen(int& runRow, std::string_view mark, std::string_view 
     Step_Planen(StepPrgFehler, PassedOverDelay);
 }
 
-void F91::Zeile_Markieren(std::string_view mark, std::string_view text) {
+void F91::Zeile_Markieren(std::string_view mark, RowResult result) {
     if (work_ != Work::None) {
-        Mark_Setzen(run.link.Lauf.List.RunRow, mark, text);
+        Mark_Setzen(run.link.Lauf.List.RunRow, mark, std::move(result));
     }
 }
 
