@@ -75,10 +75,10 @@ bool Telegramm_Senden(Link& link) {
     link.TxBuffer[8] = Modusbyte(link.AddressMode);
     link.TxBuffer[9] = HeaderMark1;
     link.TxBuffer[10] = HeaderMark2;
-    Rufen(link.Hooks.Telegramm_Geht);
+    link.Hooks.Telegramm_Geht();
     link.AnswerDue = static_cast<std::uint8_t>(link.TxBuffer[2]);
     Ausgeben(link, TraceFrame::Direction::Sent);
-    Rufen(link.Hooks.Fortschritt);
+    link.Hooks.Fortschritt();
     return true;
 }
 

@@ -34,7 +34,7 @@ void Adapter_Antwort(Link& link, std::uint8_t code) {
     const bool identification = code == 0x68 || code == 0x6A;
     if (identification && Kennung_Erwartet(link)) {
         Antwort_Gesehen(link);
-        Rufen(link.Hooks.Adapter_Erkannt);
+        link.Hooks.Adapter_Erkannt();
     } else if (code == 0x6C || code == 0x6D) {
         Antwort_Gesehen(link);
     }

@@ -36,7 +36,6 @@ void TransferWindows::Lauf_Verbinden() {
         .Zustand = [this](std::uint8_t state, const std::string& text) { F9.Zustand_Zeigen(state, text); },
         .Kaestchen = [this](int box) { F9.Ankreuzen(box); },
         .Kaestchen_Beschriften = [this](int box, const std::string& text) { F9.Kaestchen_Beschriften(box, text); },
-        .Wartebox_Zeigen = [this] { F18.F18_Zeigen(); },
         .Wartebox_Schliessen = [this] { F18.F18_Schliessen(); },
         .Wartebox_Balken = [this](int value) { F18.Balken.Value = value; },
         .Wartebox_Text =

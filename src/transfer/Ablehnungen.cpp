@@ -105,7 +105,7 @@ void Schritt_Key_Abgelehnt(Programmierlauf& run) {
         // What a reader of keys asked for is no lock's affair.
         Meldung_Zu(run.kern, run.Gesamtende ? std::string() : Lauf_Schloss(run), run.kern.Zeile(line), Buttons::Ok,
                    Icon::Information);
-        Rufen(run.Ansicht.Hauptfenster_Freigeben);
+        run.Ansicht.Hauptfenster_Freigeben();
     }
 }
 
@@ -119,7 +119,7 @@ void Schritt_Karte_Abgelehnt(Programmierlauf& run) {
         return;
     }
     run.kern.Meldung(Fester_Text(run.kern, Word::CardNotRecognised), Buttons::Ok, Icon::None, "");
-    Rufen(run.Ansicht.Hauptfenster_Freigeben);
+    run.Ansicht.Hauptfenster_Freigeben();
 }
 
 } // namespace qvm

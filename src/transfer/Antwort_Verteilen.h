@@ -27,9 +27,9 @@ void Senden(Programmierlauf& run) {
     Telegram(run.link);
 }
 /// The step of a row that leads to a window.
-template <std::function<void()> WindowHooks::*Hook>
+template <Hook<void()> WindowHooks::*Window>
 void Zum_Fenster(Programmierlauf& run) {
-    (run.Fenster.*Hook)();
+    (run.Fenster.*Window)();
 }
 
 /// The reply chain but for refusals (Antwort_Tabelle.cpp).

@@ -64,9 +64,7 @@ void Zustand_Zeigen(RunState& lauf, std::uint8_t event, const std::string& state
         return;
     }
     lauf.Chain.HistoryStateShown = 1;
-    if (show) {
-        show(event & HighNibble, state);
-    }
+    show(event & HighNibble, state);
 }
 
 /// What a device means by a date that does not exist is not known. Its record is kept, without the date.

@@ -46,7 +46,7 @@ bool Historie_Schreiben(Link& link, const HistoryRecord& record, std::string_vie
 bool Historie_Sichern(Link& link);
 
 /// What the progress window is shown of the first record with a state.
-using ZustandAnzeige = std::function<void(std::uint8_t highNibble, const std::string& text)>;
+using ZustandAnzeige = Hook<void(std::uint8_t highNibble, const std::string& text)>;
 
 /// Decodes the record in the link's RxBuffer and writes its lines into the run's .HST file, which the first record
 /// makes. Sets HistoryStop when the record is older than HistoryCutoff; that record is still written. False on a file

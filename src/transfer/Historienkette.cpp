@@ -45,12 +45,12 @@ void Lesen_Abschliessen(Programmierlauf& run) {
     }
     Lauf_Tempo_Neu(run);
     const bool single = chain.HistoryOnly != 0 && run.link.Lauf.List.RunRows == 0;
-    if (run.Ansicht.Status && (chain.HistoryOnly == 0 || single)) {
+    if (chain.HistoryOnly == 0 || single) {
         run.Ansicht.Status(single ? Line::Completing : 0);
     }
     // There is nothing left to cancel, but it is not the end yet: the session is still to be closed.
     if (single) {
-        Rufen(run.Ansicht.F9_Schliessen_Freigeben);
+        run.Ansicht.F9_Schliessen_Freigeben();
     }
 }
 
@@ -103,7 +103,7 @@ void Historie_Start(Programmierlauf& run) {
     Kette(run).HistoryRead = false;
     Kette(run).HistoryRecords = 0;
     Kette(run).HistoryDateTold = false;
-    Rufen(run.Ansicht.Historie_Beschriften);
+    run.Ansicht.Historie_Beschriften();
     TelHistorie_Senden(run.link, 0);
 }
 void Historie_Weiter(Programmierlauf& run) {

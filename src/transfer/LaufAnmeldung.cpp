@@ -44,9 +44,7 @@ void Suche_Gescheitert(Programmierlauf& run) {
     if (Zeile_Fehlgeschlagen(run, RunOutcome::NotReached, run.kern.Zeile(Line::ConnectionFailed))) {
         return;
     }
-    if (run.Ansicht.Wartebox_Text) {
-        run.Ansicht.Wartebox_Text(Line::Cancelled);
-    }
+    run.Ansicht.Wartebox_Text(Line::Cancelled);
     Kanal_Offen(run.kern, run.link.Lauf.Order.LockNumber);
     Mit_Meldung_Enden(run, RunOutcome::NotReached, Line::NotReachable);
 }
@@ -87,19 +85,19 @@ void Schritt_Anmeldung_Abgelehnt(Programmierlauf& run) {
     const int line = Anmeldung_Zeile(run.link.Device.Status);
     const std::string failed = kern.Zeile(Line::ConnectionFailed);
     Timer_Anhalten(run);
-    Rufen(run.Ansicht.Wartebox_Schliessen);
+    run.Ansicht.Wartebox_Schliessen();
     if (Zeile_Fehlgeschlagen(run, RunOutcome::Refused,
                              (line != 0 ? kern.Zeile(line) + "  /  " : std::string()) + failed)) {
         return;
     }
-    Rufen(run.Ansicht.Schlossgitter_Freigeben);
+    run.Ansicht.Schlossgitter_Freigeben();
     Lauf_Beenden(run, RunOutcome::Refused, line != 0 ? kern.Zeile(line) : failed);
     RxBuffer_Leeren(run.link, 65);
     if (line != 0) {
         Meldung_Zu(kern, Worum(run), kern.Zeile(line), Buttons::Ok, Icon::Exclamation);
     }
     Meldung_Zu(kern, Worum(run), failed, Buttons::Ok, Icon::Exclamation);
-    Ende_Zeigen(run, Line::LoginFailed);
+    run.Ansicht.Fertig(Line::LoginFailed);
     Port_Neu(run.link);
 }
 
@@ -128,9 +126,7 @@ void Schritt_Kanal_Weiter(Programmierlauf& run) {
     }
     run.link.TargetChannel = static_cast<std::uint8_t>(chain.KanalIndex + 1);
     ++chain.KanalIndex;
-    if (run.Ansicht.Wartebox_Balken) {
-        run.Ansicht.Wartebox_Balken(100 + 6 * chain.KanalIndex);
-    }
+    run.Ansicht.Wartebox_Balken(100 + 6 * chain.KanalIndex);
     TelVerbinden_Senden(run.link);
 }
 
@@ -151,8 +147,8 @@ void Schritt_Kanal_Gesetzt(Programmierlauf& run) {
     // A 0x29 that answers something else does not say where the lock listens.
     run.Bericht.ChannelUnsaved =
         Konto_Kanal_Gesetzt(run.Konto) && !Kanal_Ausgefuehrt(run.kern, run.link.Lauf.Order.LockNumber);
-    Rufen(run.Ansicht.Wartebox_Schliessen);
-    Rufen(run.Ansicht.F9_Zeigen);
+    run.Ansicht.Wartebox_Schliessen();
+    run.Ansicht.F9_Zeigen();
     Nach_Verbunden(run);
 }
 
@@ -176,8 +172,8 @@ void Schritt_Code_Ergebnis(Programmierlauf& run) {
     if (line != 0) {
         text += "  -  Codechange_Error_0x0" + std::to_string(status);
     }
-    Rufen(run.Ansicht.Wartebox_Schliessen);
-    Rufen(run.Ansicht.Schlossgitter_Freigeben);
+    run.Ansicht.Wartebox_Schliessen();
+    run.Ansicht.Schlossgitter_Freigeben();
     kern.Meldung(text, Buttons::Ok, Icon::Exclamation, CodeTitle);
 }
 

@@ -34,7 +34,7 @@ void Platz_Ungueltig(Programmierlauf& run) {
         return;
     }
     Lauf_Beenden(run, RunOutcome::Refused, text);
-    Ende_Zeigen(run, Line::NoUserSlot);
+    run.Ansicht.Fertig(Line::NoUserSlot);
     Meldung_Zu(run.kern, Worum(run), text, Buttons::Ok, Icon::Exclamation);
 }
 

@@ -26,7 +26,7 @@ void Trennen_Aufgeben(Programmierlauf& run) {
     Zum_Schloss_Zurueck(run);
     Kette(run).UnitModus = 0;
     Lauf_Beenden(run, run.Cancelled ? RunOutcome::Cancelled : RunOutcome::GivenUp, text);
-    Ende_Zeigen(run);
+    run.Ansicht.Fertig(0);
 }
 
 } // namespace
@@ -47,10 +47,10 @@ std::string Worum_Unit(const Programmierlauf& run) {
 
 void Mit_Meldung_Enden(Programmierlauf& run, RunOutcome outcome, int line) {
     const std::string text = run.kern.Zeile(line);
-    Rufen(run.Ansicht.Wartebox_Schliessen);
+    run.Ansicht.Wartebox_Schliessen();
     Lauf_Beenden(run, outcome, text);
     Meldung_Zu(run.kern, Worum(run), text, Buttons::Ok, Icon::Exclamation);
-    Rufen(run.Ansicht.Zum_Schlossgitter);
+    run.Ansicht.Zum_Schlossgitter();
 }
 
 void Lauf_Beenden(Programmierlauf& run, RunOutcome outcome, std::string_view text) {
@@ -67,12 +67,6 @@ void Lauf_Beenden(Programmierlauf& run, RunOutcome outcome, std::string_view tex
         if (run.link.Lauf.List.RunRows == 0) {
             Geheimnisse_Vergessen(run.link);
         }
-    }
-}
-
-void Ende_Zeigen(const Programmierlauf& run, int line) {
-    if (run.Ansicht.Fertig) {
-        run.Ansicht.Fertig(line);
     }
 }
 
@@ -99,11 +93,9 @@ bool Zeile_Fehlgeschlagen(Programmierlauf& run, RunOutcome outcome, std::string_
     // The next row may be another lock: nothing of this one may still go out.
     Timer_Anhalten(run);
     Lauf_Beenden(run, outcome, text);
-    if (run.Liste.Zeile_Markieren) {
-        const std::string moved = run.Bericht.ChannelUnsaved ? " - " + Wort(run.kern, Word::ChannelUnsaved) : "";
-        run.Liste.Zeile_Markieren("#", std::string(text) + moved);
-    }
-    Rufen(run.Liste.Naechste_Zeile);
+    const std::string moved = run.Bericht.ChannelUnsaved ? " - " + Wort(run.kern, Word::ChannelUnsaved) : "";
+    run.Liste.Zeile_Markieren("#", std::string(text) + moved);
+    run.Liste.Naechste_Zeile();
     return true;
 }
 
@@ -140,12 +132,12 @@ Urteil Beurteilen(const Programmierlauf& run) {
 
 void Einzelnes_Schloss_Zeigen(Programmierlauf& run, const Urteil& judged) {
     const ChainState& chain = Kette(run);
-    Ende_Zeigen(run, judged.Line);
+    run.Ansicht.Fertig(judged.Line);
     if (chain.HistoryLost != HistoryLoss::None) {
         Meldung_Zu(run.kern, Worum(run), Historie_Verlust_Text(run.kern, chain.HistoryLost), Buttons::Ok,
                    Icon::Exclamation);
     }
-    if (!run.Cancelled && chain.HistoryOnly != 0 && chain.HistoryFileOpen != 0 && run.Ansicht.Historie_Oeffnen) {
+    if (!run.Cancelled && chain.HistoryOnly != 0 && chain.HistoryFileOpen != 0) {
         run.Ansicht.Historie_Oeffnen(chain.HistoryFileName);
     }
 }
@@ -170,10 +162,8 @@ void Schloss_Fertig(Programmierlauf& run) {
     for (const std::string& note : {Unit_Notiz(run), Erledigt_Zusatz(run)}) {
         text += note.empty() ? "" : " - " + note;
     }
-    if (run.Liste.Zeile_Markieren) {
-        run.Liste.Zeile_Markieren(lauf.Chain.HistoryOnly != 0 ? "<<" : ">>", text);
-    }
-    Rufen(run.Liste.Naechste_Zeile);
+    run.Liste.Zeile_Markieren(lauf.Chain.HistoryOnly != 0 ? "<<" : ">>", text);
+    run.Liste.Naechste_Zeile();
 }
 
 void Schritt_Trennen(Programmierlauf& run) {
@@ -193,9 +183,7 @@ void Schritt_Schloss_Ende(Programmierlauf& run) {
     Abfrage_Stoppen(run);
     const ChainState& chain = Kette(run);
     if (chain.HistoryOnly == 0 && chain.HistoryLost == HistoryLoss::None && !run.Cancelled && Units_Uebrig(run)) {
-        if (run.Ansicht.Kaestchen) {
-            run.Ansicht.Kaestchen(1);
-        }
+        run.Ansicht.Kaestchen(1);
         run.Timer9.Start(1200);
         return;
     }
@@ -250,7 +238,7 @@ void Schritt_Abbruch(Programmierlauf& run) {
     if (list.RunRows != 0) {
         // The list tells of its row while it stops.
         Bericht_Fuellen(run);
-        Rufen(run.Liste.Stoppen);
+        run.Liste.Stoppen();
         list.RunRow = list.RunRows = 0;
     }
 }

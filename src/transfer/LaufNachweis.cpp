@@ -90,7 +90,7 @@ void Units_Zeigen(const Programmierlauf& run) {
     for (std::size_t n = 0; n < run.Bericht.Units.size(); ++n) {
         const UnitReport& unit = run.Bericht.Units[n];
         const bool open = unit.End == UnitState::BrokenOff || (unit.End == UnitState::Failed && !unit.Refused);
-        if (open && run.Ansicht.Kaestchen_Beschriften && Konto_Unit_Geplant(run.Konto, static_cast<int>(n))) {
+        if (open && Konto_Unit_Geplant(run.Konto, static_cast<int>(n))) {
             run.Ansicht.Kaestchen_Beschriften(static_cast<int>(n) + 2, Stand(run, n));
         }
     }

@@ -107,7 +107,7 @@ void Schritt_Daten_Schluss(Programmierlauf& run) {
     TelDatenEnde_Senden(run.link);
     if (Kette(run).TwoPassFlag != 0) {
         run.Timer6.Start(500);
-    } else if (run.Ansicht.Status) {
+    } else {
         run.Ansicht.Status(Line::Completing);
     }
 }

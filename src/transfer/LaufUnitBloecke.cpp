@@ -163,9 +163,7 @@ void Schritt_Unit_Getrennt(Programmierlauf& run) {
     }
     if (unit != nullptr && run.UnitGood) {
         unit->End = UnitReport::State::Done;
-        if (run.Ansicht.Kaestchen) {
-            run.Ansicht.Kaestchen(chain.UnitIndex + 2);
-        }
+        run.Ansicht.Kaestchen(chain.UnitIndex + 2);
     }
     Schloss_Fertig(run);
 }

@@ -116,9 +116,7 @@ void Tick_Timer9(Programmierlauf& run) {
     chain.LastAnswer = run.kern.Welt.Milliseconds();
     if (UnitReport* last = Unit_Bericht(run); last != nullptr && run.UnitGood) {
         last->End = UnitReport::State::Done;
-        if (run.Ansicht.Kaestchen) {
-            run.Ansicht.Kaestchen(chain.UnitIndex + 2);
-        }
+        run.Ansicht.Kaestchen(chain.UnitIndex + 2);
     }
     run.UnitGood = run.UnitRepeated = run.BlockRefused = false;
     if (Abgebrochen(run)) {
@@ -171,7 +169,7 @@ void Schritt_Unit_Kein_Kontakt(Programmierlauf& run) {
     Units_Abbrechen(run, RunOutcome::NotReached, Line::NotReachable);
     if (!list) {
         Meldung_Zu(run.kern, Worum_Unit(run), run.kern.Zeile(Line::NotReachable), Buttons::Ok, Icon::Exclamation);
-        Rufen(run.Ansicht.Zum_Schlossgitter);
+        run.Ansicht.Zum_Schlossgitter();
     }
 }
 
@@ -204,7 +202,7 @@ void Schritt_Unit_Fehlgeschlagen(Programmierlauf& run) {
     const bool list = run.link.Lauf.List.RunRows != 0;
     Units_Abbrechen(run, RunOutcome::NotReached, Line::ConnectionFailed);
     if (!list) {
-        Ende_Zeigen(run, Line::ConnectionFailed);
+        run.Ansicht.Fertig(Line::ConnectionFailed);
     }
 }
 

@@ -103,8 +103,6 @@ bool Zeile_Fehlgeschlagen(Programmierlauf& run, RunOutcome outcome, std::string_
 void Mit_Meldung_Enden(Programmierlauf& run, RunOutcome outcome, int line);
 /// Ends the run once; later calls change nothing.
 void Lauf_Beenden(Programmierlauf& run, RunOutcome outcome, std::string_view text);
-/// Finished state of the progress window, with that status line, or with the report's text.
-void Ende_Zeigen(const Programmierlauf& run, int line = 0);
 /// Timers 6 to 9 and 11.
 void Timer_Anhalten(Programmierlauf& run);
 /// Address, mode and class back to the lock's.

@@ -64,12 +64,8 @@ bool Gilt(const Netzlauf& run, Frame frame) {
 }
 
 void Status(const Netzlauf& run, int line) {
-    if (run.Ansicht.Status) {
-        run.Ansicht.Status(line, Line::PleaseWait);
-    }
-    if (run.Ansicht.Blinken) {
-        run.Ansicht.Blinken(true);
-    }
+    run.Ansicht.Status(line, Line::PleaseWait);
+    run.Ansicht.Blinken(true);
 }
 
 /// The row's records are in their file, or the row has failed.
@@ -120,9 +116,7 @@ void Programmierung_Beginnt(Netzlauf& run) {
     run.Phase = NetPhase::Result;
     run.Started = true;
     run.BarValue = 0;
-    if (run.Ansicht.Balken) {
-        run.Ansicht.Balken(NetzBarMaximum, 0, true);
-    }
+    run.Ansicht.Balken(NetzBarMaximum, 0, true);
     Status(run, Line::ProgrammingLock);
     Netz_Horchen(run);
 }
@@ -209,9 +203,7 @@ void Tick_Timer3(Netzlauf& run) {
         run.Antworten.pop_front();
         run.link.UsbDone = 0;
         if (Gilt(run, frame)) {
-            if (run.Ansicht.Weiter) {
-                run.Ansicht.Weiter();
-            }
+            run.Ansicht.Weiter();
             Behandeln(run, frame);
         }
     }

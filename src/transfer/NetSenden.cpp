@@ -196,9 +196,7 @@ bool Netz_Block_Senden(Netzlauf& run, int length) {
 
 void Netz_Balken(Netzlauf& run) {
     run.BarValue = run.BarValue >= BarWrap ? BarStep : run.BarValue + BarStep;
-    if (run.Ansicht.Balken) {
-        run.Ansicht.Balken(NetzBarMaximum, run.BarValue, true);
-    }
+    run.Ansicht.Balken(NetzBarMaximum, run.BarValue, true);
 }
 
 } // namespace qvm

@@ -23,9 +23,7 @@ void Netz_Frist_Setzen(Netzlauf& run) {
     run.FristPhase = run.Phase;
     run.FristMinuten = run.Phase == NetPhase::Result ? NetResultMinutes : NetOtherMinutes;
     run.FristEnde = run.kern.Welt.Milliseconds() + run.FristMinuten * Minute;
-    if (run.Ansicht.Frist) {
-        run.Ansicht.Frist(run.FristMinuten);
-    }
+    run.Ansicht.Frist(run.FristMinuten);
 }
 
 bool Netz_Frist_Vorbei(const Netzlauf& run) {

@@ -25,15 +25,9 @@ std::optional<std::uint8_t> Dezimalbyte(std::string_view& text) {
 
 void Anzeige_Beginnen(Netzlauf& run) {
     run.BarValue = 0;
-    if (run.Ansicht.Blinken) {
-        run.Ansicht.Blinken(false);
-    }
-    if (run.Ansicht.Status) {
-        run.Ansicht.Status(Line::PleaseWait, 0);
-    }
-    if (run.Ansicht.Balken) {
-        run.Ansicht.Balken(NetzBarMaximum, 0, true);
-    }
+    run.Ansicht.Blinken(false);
+    run.Ansicht.Status(Line::PleaseWait, 0);
+    run.Ansicht.Balken(NetzBarMaximum, 0, true);
 }
 
 /// Nothing of the row is awaited any more.
@@ -48,12 +42,8 @@ void Ruhe(Netzlauf& run) {
 }
 
 void Anzeige_Beenden(const Netzlauf& run) {
-    if (run.Ansicht.Blinken) {
-        run.Ansicht.Blinken(false);
-    }
-    if (run.Ansicht.Balken) {
-        run.Ansicht.Balken(NetzBarMaximum, 0, false);
-    }
+    run.Ansicht.Blinken(false);
+    run.Ansicht.Balken(NetzBarMaximum, 0, false);
 }
 
 } // namespace
@@ -143,12 +133,8 @@ void Netz_Zeile_Fertig(Netzlauf& run, std::string_view mark, RunOutcome end, int
     run.End = end;
     Ruhe(run);
     Anzeige_Beenden(run);
-    if (run.Ansicht.Zeile_Markieren) {
-        run.Ansicht.Zeile_Markieren(mark, line);
-    }
-    if (run.Ansicht.Naechste_Zeile) {
-        run.Ansicht.Naechste_Zeile(step);
-    }
+    run.Ansicht.Zeile_Markieren(mark, line);
+    run.Ansicht.Naechste_Zeile(step);
 }
 
 namespace {
@@ -158,12 +144,8 @@ void Zeile_Melden(Netzlauf& run, std::string_view mark, RunOutcome end, const st
     run.End = end;
     Ruhe(run);
     Anzeige_Beenden(run);
-    if (run.Ansicht.Zeile_Melden) {
-        run.Ansicht.Zeile_Melden(mark, text);
-    }
-    if (run.Ansicht.Naechste_Zeile) {
-        run.Ansicht.Naechste_Zeile(StepPrgNextDataset);
-    }
+    run.Ansicht.Zeile_Melden(mark, text);
+    run.Ansicht.Naechste_Zeile(StepPrgNextDataset);
 }
 
 } // namespace
@@ -196,18 +178,12 @@ void Netz_Zeile_Behalten(Netzlauf& run) {
     Ruhe(run);
     Anzeige_Beenden(run);
     run.End = RunOutcome::Done;
-    if (run.Ansicht.Zeile_Markieren) {
-        run.Ansicht.Zeile_Markieren("<<", Line::HistoryRead);
-    }
-    if (run.Ansicht.Programmieren_Planen) {
-        run.Ansicht.Programmieren_Planen();
-    }
+    run.Ansicht.Zeile_Markieren("<<", Line::HistoryRead);
+    run.Ansicht.Programmieren_Planen();
 }
 
 void Netz_Stillstand(const Netzlauf& run, NetStandstill reason) {
-    if (run.Ansicht.Stillstand) {
-        run.Ansicht.Stillstand(reason);
-    }
+    run.Ansicht.Stillstand(reason);
 }
 
 int Datensatz_Statuszeile(int status) {

@@ -47,28 +47,27 @@ enum class NetStandstill : std::uint8_t {
 /// ms for programming a lock; for all else, as for the whole history of a lock, this.
 inline constexpr int NetResultMinutes = 60, NetOtherMinutes = 30;
 
-/// Where the network route shows itself. Filled once, with designated initialisers; the run list stands behind it. Any
-/// hook may be empty.
+/// Where the network route shows itself. Filled once, with designated initialisers; the run list stands behind it.
 struct NetView {
     /// Status label: catalogue line `line`, followed by ". " and line `second` when that is not 0.
-    std::function<void(int line, int second)> Status;
-    std::function<void(bool on)> Blinken; ///< the status label blinks, 800 ms
-    std::function<void(int maximum, int value, bool visible)> Balken;
+    Hook<void(int line, int second)> Status;
+    Hook<void(bool on)> Blinken; ///< the status label blinks, 800 ms
+    Hook<void(int maximum, int value, bool visible)> Balken;
     /// Mark and status text (catalogue line) of the present row, which is done with it (">>" 266, "<<" 263, "#").
-    std::function<void(std::string_view mark, int line)> Zeile_Markieren;
+    Hook<void(std::string_view mark, int line)> Zeile_Markieren;
     /// The same with a text of its own, code page 1252.
-    std::function<void(std::string_view mark, const std::string& text)> Zeile_Melden;
+    Hook<void(std::string_view mark, const std::string& text)> Zeile_Melden;
     /// The row is done: raise RunRow and plan `step` in 3000 ms, or show line 265 behind the last row.
-    std::function<void(std::string_view step)> Naechste_Zeile;
+    Hook<void(std::string_view step)> Naechste_Zeile;
     /// History and programming were wished and the history is there: ProgQvmUnits for the same row in 100 ms.
-    std::function<void()> Programmieren_Planen;
+    Hook<void()> Programmieren_Planen;
     /// Nothing goes on by itself any more. A late reply still counts; a list that goes on all the same calls
     /// Netz_Abbrechen first.
-    std::function<void(NetStandstill reason)> Stillstand;
+    Hook<void(NetStandstill reason)> Stillstand;
     /// A usable reply came: the row goes on, if it stood still.
-    std::function<void()> Weiter;
+    Hook<void()> Weiter;
     /// The adapter has so many minutes from now on; behind them the row stands still for NetStandstill::TooLong.
-    std::function<void(int minutes)> Frist;
+    Hook<void(int minutes)> Frist;
 };
 
 /// A row's way through a network adapter: one record for the whole list. The port must be open (or openable by

@@ -26,7 +26,7 @@ Programmierlauf::Programmierlauf(Link& serialLink)
     Timer6.Ticked = [this] {
         int& second = link.Lauf.Progress.SecondProgress;
         second = second + 4 > 27 ? 0 : second + 4;
-        Rufen(Ansicht.Fortschritt);
+        Ansicht.Fortschritt();
     };
     Timer7.Ticked = [this] { Tick_Timer7(*this); };
     Timer8.Ticked = [this] {
@@ -40,7 +40,7 @@ Programmierlauf::Programmierlauf(Link& serialLink)
             Konto_Gesendet(Konto, link.TxBuffer, link.Lauf);
         }
     };
-    link.Hooks.Fortschritt = [this] { Rufen(Ansicht.Fortschritt); };
+    link.Hooks.Fortschritt = [this] { Ansicht.Fortschritt(); };
     link.Hooks.Antwort_Gekommen = [this] { return Antwort_Verteilen(*this); };
 }
 
@@ -107,14 +107,14 @@ void Lauf_Beginnen(Programmierlauf& run, const RunOrder& order) {
     Lauf_Tempo_Neu(run);
     if (!TelVerbinden_Senden(run.link)) {
         const std::string text = run.kern.Zeile(Line::PortNotOpened);
-        Rufen(run.Ansicht.Wartebox_Schliessen);
+        run.Ansicht.Wartebox_Schliessen();
         if (Zeile_Fehlgeschlagen(run, RunOutcome::NoPort, text)) {
             return;
         }
         const SerialPort& port = run.kern.Welt.Port;
         const std::string reason = PortFault_Text(run.kern, port.LastFault ? port.LastFault() : PortFault());
         Lauf_Beenden(run, RunOutcome::NoPort, reason.empty() ? text : reason);
-        Ende_Zeigen(run);
+        run.Ansicht.Fertig(0);
     }
 }
 
@@ -128,7 +128,7 @@ namespace {
 
 /// Whatever the run still waits for does not come any more.
 void Warten_Beenden(Programmierlauf& run, RunOutcome outcome, std::string_view text) {
-    Rufen(run.Ansicht.Wartebox_Schliessen);
+    run.Ansicht.Wartebox_Schliessen();
     Zum_Schloss_Zurueck(run);
     run.link.Lauf.Chain.UnitModus = 0;
     Lauf_Beenden(run, outcome, text);

@@ -50,30 +50,29 @@ struct RunReport {
 
 /// Where a run shows itself. Filled once, with designated initialisers; the windows stand behind it.
 struct RunView {
-    std::function<void()> Fortschritt;             ///< the two bars; values stand in RunState
-    std::function<void()> F9_Zeigen;               ///< progress window, for the present lock
-    std::function<void(int line)> Status;          ///< status label of the progress window, catalogue line (0: empty)
-    std::function<void(int line)> Fertig;          ///< finished state with that status line; 0: with the report's text
-    std::function<void()> F9_Schliessen_Freigeben; ///< the run can only be closed: no cancel any more
-    std::function<void()> Historie_Beschriften;    ///< the reading of events begins
-    std::function<void(std::uint8_t highNibble, const std::string& text)> Zustand; ///< first state report of a run
-    std::function<void(int box)> Kaestchen; ///< ticks check box 1 (lock) or unit + 2
-    std::function<void(int box, const std::string& text)> Kaestchen_Beschriften; ///< what became of its unit
-    std::function<void()> Wartebox_Zeigen;                                       ///< F18
-    std::function<void()> Wartebox_Schliessen;
-    std::function<void(int value)> Wartebox_Balken; ///< 100 to 200
-    std::function<void(int line)> Wartebox_Text;
-    std::function<void()> Zum_Schlossgitter;                       ///< F9 closes, F13 comes back
-    std::function<void()> Schlossgitter_Freigeben;                 ///< F13 is enabled
-    std::function<void(const std::string& path)> Historie_Oeffnen; ///< a history run made this file
-    std::function<void()> Hauptfenster_Freigeben;
+    Hook<void()> Fortschritt;             ///< the two bars; values stand in RunState
+    Hook<void()> F9_Zeigen;               ///< progress window, for the present lock
+    Hook<void(int line)> Status;          ///< status label of the progress window, catalogue line (0: empty)
+    Hook<void(int line)> Fertig;          ///< finished state with that status line; 0: with the report's text
+    Hook<void()> F9_Schliessen_Freigeben; ///< the run can only be closed: no cancel any more
+    Hook<void()> Historie_Beschriften;    ///< the reading of events begins
+    Hook<void(std::uint8_t highNibble, const std::string& text)> Zustand; ///< first state report of a run
+    Hook<void(int box)> Kaestchen;                                        ///< ticks check box 1 (lock) or unit + 2
+    Hook<void(int box, const std::string& text)> Kaestchen_Beschriften;   ///< what became of its unit
+    Hook<void()> Wartebox_Schliessen;
+    Hook<void(int value)> Wartebox_Balken; ///< 100 to 200
+    Hook<void(int line)> Wartebox_Text;
+    Hook<void()> Zum_Schlossgitter;                       ///< F9 closes, F13 comes back
+    Hook<void()> Schlossgitter_Freigeben;                 ///< F13 is enabled
+    Hook<void(const std::string& path)> Historie_Oeffnen; ///< a history run made this file
+    Hook<void()> Hauptfenster_Freigeben;
 };
 
 /// The list run's part at the end of a lock. Used only while ListState::RunRows is not 0.
 struct ListView {
-    std::function<void(const std::string& mark, const std::string& text)> Zeile_Markieren; ///< the present row
-    std::function<void()> Naechste_Zeile; ///< the row is done: raises RunRow and plans the next one
-    std::function<void()> Stoppen;
+    Hook<void(const std::string& mark, const std::string& text)> Zeile_Markieren; ///< the present row
+    Hook<void()> Naechste_Zeile; ///< the row is done: raises RunRow and plans the next one
+    Hook<void()> Stoppen;
 };
 
 /// From when on the time that a run has left is reckoned.
@@ -84,16 +83,16 @@ struct RunPace {
 
 /// Where replies lead that windows ask for, with and without a run.
 struct WindowHooks {
-    std::function<void()> Suchlauf_Schritt = [] {}; ///< 0x04 or 0x69 while units are searched by logins
-    std::function<void()> Unit_Gefunden = [] {};    ///< 0x4B
-    std::function<void()> Unit_Kanal_Leer = [] {};  ///< 0x69 in the unit-list scan
-    std::function<void()> Karte_Quittung = [] {};   ///< 0x6F
-    std::function<void()> Karte_Start = [] {};      ///< 0x72
-    std::function<void()> Karte_Block = [] {};      ///< 0x73
-    std::function<void()> EKey_Ergebnis = [] {};    ///< 0x81
-    std::function<void()> Finger_Schritt = [] {};   ///< 0xA1
-    std::function<void()> Finger_Daten = [] {};     ///< 0xA2
-    std::function<void()> Finger_Kennung = [] {};   ///< 0xA3
+    Hook<void()> Suchlauf_Schritt; ///< 0x04 or 0x69 while units are searched by logins
+    Hook<void()> Unit_Gefunden;    ///< 0x4B
+    Hook<void()> Unit_Kanal_Leer;  ///< 0x69 in the unit-list scan
+    Hook<void()> Karte_Quittung;   ///< 0x6F
+    Hook<void()> Karte_Start;      ///< 0x72
+    Hook<void()> Karte_Block;      ///< 0x73
+    Hook<void()> EKey_Ergebnis;    ///< 0x81
+    Hook<void()> Finger_Schritt;   ///< 0xA1
+    Hook<void()> Finger_Daten;     ///< 0xA2
+    Hook<void()> Finger_Kennung;   ///< 0xA3
 };
 
 /// A direct run of one lock: the reply chain, its timers, and what became of it. The link's frames drive it; nothing in

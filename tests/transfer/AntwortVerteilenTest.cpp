@@ -651,7 +651,7 @@ TEST_F(Antwort_Verteilen_Reply, the_result_of_a_code_change_acts_once_and_only_w
 // Cards and credentials.
 
 TEST_F(Antwort_Verteilen_Reply, each_reply_that_a_window_asked_for_calls_its_hook) {
-    const std::map<int, std::function<void()> WindowHooks::*> hooks{
+    const std::map<int, Hook<void()> WindowHooks::*> hooks{
         {0x6F, &WindowHooks::Karte_Quittung}, {0x72, &WindowHooks::Karte_Start},    {0x73, &WindowHooks::Karte_Block},
         {0x81, &WindowHooks::EKey_Ergebnis},  {0xA1, &WindowHooks::Finger_Schritt}, {0xA2, &WindowHooks::Finger_Daten},
         {0xA3, &WindowHooks::Finger_Kennung}, {0x4B, &WindowHooks::Unit_Gefunden}};

@@ -109,7 +109,7 @@ TEST_F(Historie_Eintraege, only_the_first_state_of_a_run_is_shown) {
 
 TEST_F(Historie_Eintraege, nobody_has_to_look_at_the_state) {
     Receive({4, 3, 26, 9, 5, 'A', ' ', ' ', ' ', ' ', ' ', ' ', ' ', ' ', ' ', ' ', ' ', ' ', ' ', ' ', ' ', 0x21});
-    EXPECT_TRUE(Historie_Eintrag(link, "Front", nullptr));
+    EXPECT_TRUE(Historie_Eintrag(link, "Front", {}));
 }
 
 TEST_F(Historie_Eintraege, a_record_older_than_the_cut_off_is_written_and_is_the_last_one) {
@@ -161,7 +161,7 @@ TEST_F(Historie_Eintraege, a_date_that_does_not_exist_is_told_and_left_empty_and
 TEST_F(Historie_Eintraege, a_record_of_wild_bytes_is_written_as_far_as_it_can_be_read) {
     pc.Answers.push_back({.Text = "L275 255.255.20255"});
     Receive(std::vector<std::uint8_t>(22, 0xFF));
-    EXPECT_TRUE(Historie_Eintrag(link, "Front", nullptr));
+    EXPECT_TRUE(Historie_Eintrag(link, "Front", {}));
     EXPECT_EQ(File(), "01.50.0C.06\r\n????????????????\t\t255:255\t\r\n");
 }
 
@@ -169,7 +169,7 @@ TEST_F(Historie_Eintraege, a_frame_that_is_too_short_reads_as_zeros_behind_its_e
     Receive({4, 3, 26, 9, 5, 'A'});
     link.Rx.RxLength = 18;
     link.Rx.FrameSize = 20;
-    ASSERT_TRUE(Historie_Eintrag(link, "Front", nullptr));
+    ASSERT_TRUE(Historie_Eintrag(link, "Front", {}));
     EXPECT_EQ(File(), "01.50.0C.06\r\nA               \t04.03.2026\t09:05\t\r\n");
 }
 

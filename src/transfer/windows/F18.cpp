@@ -52,9 +52,7 @@ void F18::Texte_Setzen() {
 void F18::Command1_Click() {
     if (Lauf_Ohne_Adapter(run)) {
         Lauf_Aufgeben(run, RunOutcome::Cancelled); // closes the box
-        if (run.Ansicht.Fertig) {
-            run.Ansicht.Fertig(Line::Cancelled);
-        }
+        run.Ansicht.Fertig(Line::Cancelled);
         return;
     }
     run.link.Lauf.Chain.KanalIndex = 12;

@@ -223,7 +223,7 @@ void F9::Fertig(int line) {
 }
 
 void F9::Lauf_Fertig(int line) {
-    Rufen(run.Ansicht.Wartebox_Schliessen);
+    run.Ansicht.Wartebox_Schliessen();
     if (!Fenster.Visible) {
         F9_Zeigen();
     }
