@@ -3,6 +3,7 @@
 #include "ElidedLabel.h"
 #include "GridFilterBar.h"
 #include "GridView.h"
+#include "Pictures.h"
 #include "Text.h"
 #include "TextEdge.h"
 #include "Worttafel.h"

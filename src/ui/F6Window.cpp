@@ -2,6 +2,7 @@
 
 #include "GridView.h"
 #include "OverlayEditor.h"
+#include "Pictures.h"
 #include "TextEdge.h"
 #include "Theme.h"
 #include "Worttafel.h"

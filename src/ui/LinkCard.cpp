@@ -3,6 +3,7 @@
 #include "Bind.h"
 #include "F6.h"
 #include "LabelDrawing.h"
+#include "Pictures.h"
 #include "TextEdge.h"
 #include "Theme.h"
 #include "Worttafel.h"

@@ -1,9 +1,6 @@
 #include "Theme.h"
 
-#include "F13.h"
-#include "F6.h"
-#include "F9.h"
-#include "F91.h"
+#include "Pictures.h"
 #include "SvgIconEngine.h"
 #include "Text.h"
 

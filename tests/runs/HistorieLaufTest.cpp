@@ -1,5 +1,6 @@
 // Runs that read the lock's events.
 
+#include "Pictures.h"
 #include "RunFixture.h"
 
 namespace qvm::test {

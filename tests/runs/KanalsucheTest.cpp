@@ -1,5 +1,6 @@
 // Runs to a lock that must move to the system's radio channel.
 
+#include "Pictures.h"
 #include "RunFixture.h"
 #include "Text.h"
 

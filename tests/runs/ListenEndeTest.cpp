@@ -1,6 +1,7 @@
 // What the progress window says of the last lock of a list, and between two of them.
 
 #include "ListenFixture.h"
+#include "Pictures.h"
 #include "Text.h"
 
 namespace qvm::test {

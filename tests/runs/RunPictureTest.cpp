@@ -1,6 +1,7 @@
 // What the progress window shows at the end of a run: line 110 and the sign of success when all was done, and nothing
 // like it otherwise.
 
+#include "Pictures.h"
 #include "RunFixture.h"
 #include "Text.h"
 

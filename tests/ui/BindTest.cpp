@@ -3,6 +3,7 @@
 #include "Bind.h"
 
 #include "PaintedTexts.h"
+#include "Pictures.h"
 #include "TextEdge.h"
 #include "UiFixture.h"
 #include "WidgetChecks.h"

@@ -5,6 +5,7 @@
 #include "F9Window.h"
 #include "GridView.h"
 #include "MonthView.h"
+#include "Pictures.h"
 #include "Theme.h"
 #include "UiFixture.h"
 #include "WidgetChecks.h"

@@ -3,6 +3,7 @@
 #include "F9Window.h"
 
 #include "F18Window.h"
+#include "Pictures.h"
 #include "Theme.h"
 #include "UiFixture.h"
 #include "WidgetChecks.h"

@@ -1,6 +1,7 @@
 #include "Fensterschau.h"
 
 #include "MonthView.h"
+#include "Pictures.h"
 #include "TextSlots.h"
 #include "Words.h"
 

@@ -1,6 +1,7 @@
 // The grid's model and its view.
 
 #include "GridView.h"
+#include "Pictures.h"
 #include "TextEdge.h"
 #include "UiFixture.h"
 

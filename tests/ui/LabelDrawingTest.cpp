@@ -4,6 +4,7 @@
 
 #include "Bind.h"
 #include "ClearStyle.h"
+#include "Pictures.h"
 #include "UiFixture.h"
 
 #include <QLabel>

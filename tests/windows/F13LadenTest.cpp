@@ -1,6 +1,7 @@
 // F13 as it opens: headers, rows, pictures, adapter columns, and the cell under the mouse.
 
 #include "FensterFixture.h"
+#include "Pictures.h"
 #include "Text.h"
 
 namespace qvm::test {

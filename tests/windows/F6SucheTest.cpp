@@ -3,6 +3,7 @@
 #include "AdapterScan.h"
 #include "AutoRegister.h"
 #include "F6Fixture.h"
+#include "Pictures.h"
 
 #include <cstring>
 

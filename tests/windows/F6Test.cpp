@@ -2,6 +2,7 @@
 
 #include "AutoRegister.h"
 #include "F6Fixture.h"
+#include "Pictures.h"
 
 namespace qvm::test {
 namespace {

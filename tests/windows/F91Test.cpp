@@ -1,6 +1,7 @@
 // The run list: its rows, words, buttons, label, and the steps that need no device.
 
 #include "FensterFixture.h"
+#include "Pictures.h"
 #include "Text.h"
 
 namespace qvm::test {

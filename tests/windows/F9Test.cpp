@@ -1,6 +1,7 @@
 // The progress window.
 
 #include "FensterFixture.h"
+#include "Pictures.h"
 #include "SeriellesProtokoll.h"
 
 namespace qvm::test {

@@ -5,6 +5,7 @@
 #include "AdapterWorte.h"
 #include "AutoRegister.h"
 #include "Fragen.h"
+#include "Pictures.h"
 #include "Portname.h"
 #include "Record.h"
 #include "Words.h"

@@ -20,11 +20,6 @@ namespace F6Column {
 inline constexpr int Number = 0, Address = 1, Name = 2, Port = 3, State = 4, Count = 5;
 }
 
-/// Picture ids of the state column.
-namespace AdapterPicture {
-inline constexpr int None = 0, Present = 1, Absent = 2, Unusable = 3; ///< Unusable: there, but its name is of no class
-}
-
 /// Window F6: the serial port or the automatic search, and the adapters with their names.
 struct F6 {
     F6(Link& serialLink, AdapterListe& adapters);

@@ -4,6 +4,7 @@
 #include "Adapterklasse.h"
 #include "AntwortLayouts.h"
 #include "F6.h"
+#include "Pictures.h"
 #include "SeriellesProtokoll.h"
 #include "Words.h"
 

@@ -23,11 +23,6 @@
 
 namespace qvm {
 
-/// Picture ids of the status icon: the lock must still change its channel, or not.
-namespace ChannelPicture {
-inline constexpr int None = 0, Image7 = 7, Image8 = 8;
-}
-
 /// Window F13: all locks; every transfer begins here. It holds no data of its own.
 struct F13 {
     F13(Programmierlauf& programmierlauf, F11& start, AdapterListe& adapters);

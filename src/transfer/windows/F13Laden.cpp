@@ -1,5 +1,6 @@
 #include "F13.h"
 #include "LockRecords.h"
+#include "Pictures.h"
 #include "Schloss.h"
 #include "Text.h"
 #include "UserRecords.h"

@@ -1,5 +1,6 @@
 #include "F9.h"
 
+#include "Pictures.h"
 #include "RunProgress.h"
 #include "Text.h"
 #include "Words.h"

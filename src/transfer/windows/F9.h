@@ -10,16 +10,6 @@
 
 namespace qvm {
 
-/// Picture ids of the five state reports, in the order of the images.
-namespace StatePicture {
-inline constexpr int None = 0, Image1 = 1, Image2 = 2, Image3 = 3, Image4 = 4, Image5 = 5;
-}
-
-/// Picture ids of the signs of a run's end. Each has a shape of its own.
-namespace RunSign {
-inline constexpr int None = 0, Done = 1, Attention = 2, Failed = 3;
-}
-
 /// Window F9: progress of one lock's run.
 struct F9 {
     explicit F9(Programmierlauf& programmierlauf);

@@ -28,11 +28,6 @@ namespace ListMark {
 inline constexpr std::string_view Waiting = "*", PassedOver = "-", Programmed = ">>", HistoryRead = "<<", Failed = "#";
 }
 
-/// Pictures of column StateText.
-namespace ListPicture {
-inline constexpr int None = 0, Failed = 1;
-}
-
 /// What became of a row.
 struct RowResult {
     RunOutcome End = RunOutcome::Open; ///< Open: it waits
