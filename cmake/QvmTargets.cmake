@@ -111,11 +111,12 @@ function(qvm_write_layers file)
 endfunction()
 
 # qvm_library(<name> [QT] [DIR <folder>] [PARTS <sub-folder>...] [DEPS <target>...] [PRIVATE_DEPS <target>...]
-#             [HEADERS <header>...])
+#             [HEADERS <header>...] [HEADERS_OF <target>])
 # All .cpp files of the folder and of those sub-folders as one static library. Parts are rooms without walls. QT: its libraries bring definitions of Qt
-# along, so that it cannot share core's compiled headers. HEADERS: what it includes everywhere besides, then.
+# along, so that it cannot share core's compiled headers. HEADERS: what it includes everywhere besides, then. HEADERS_OF:
+# the target whose compiled headers it takes.
 function(qvm_library name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "QT" "DIR" "PARTS;DEPS;PRIVATE_DEPS;HEADERS")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "QT" "DIR;HEADERS_OF" "PARTS;DEPS;PRIVATE_DEPS;HEADERS")
   if(NOT arg_DIR)
     set(arg_DIR "${CMAKE_CURRENT_SOURCE_DIR}/${name}")
   endif()
@@ -129,7 +130,9 @@ function(qvm_library name)
     add_library(${name} STATIC ${sources})
     target_include_directories(${name} PUBLIC ${rooms})
     target_link_libraries(${name} PUBLIC qvm_flags ${arg_DEPS} PRIVATE ${arg_PRIVATE_DEPS})
-    if(arg_QT OR NOT TARGET core OR name STREQUAL core)
+    if(arg_HEADERS_OF)
+      target_precompile_headers(${name} REUSE_FROM ${arg_HEADERS_OF})
+    elseif(arg_QT OR NOT TARGET core OR name STREQUAL core)
       target_precompile_headers(${name} PRIVATE ${QVM_STANDARD_HEADERS} ${arg_HEADERS})
     elseif(NOT name STREQUAL test_support)
       target_precompile_headers(${name} REUSE_FROM core)
@@ -150,6 +153,9 @@ function(qvm_test_support)
   target_compile_definitions(test_support PUBLIC
     QVM_SOURCE_DIR="${PROJECT_SOURCE_DIR}" QVM_BINARY_DIR="${PROJECT_BINARY_DIR}")
   target_precompile_headers(test_support PRIVATE ${QVM_TEST_HEADERS})
+  # Every whole run goes through it, event by event.
+  set_source_files_properties(support/VirtualPlatform.cpp PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON
+    SKIP_PRECOMPILE_HEADERS ON COMPILE_OPTIONS -O2)
   qvm_unoptimised(test_support)
 endfunction()
 

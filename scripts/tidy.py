@@ -29,7 +29,7 @@ OPTIONS = [
     r"--header-filter=/(src|lang)/.*\.(h|cpp)$",
     "--extra-arg=-Wno-unknown-warning-option",
 ]
-MERGED = {"core", "platform", "ui"}
+MERGED = {"core", "platform", "ui", "ui_kit"}
 
 
 def is_ours(path, source):

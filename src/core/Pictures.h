@@ -1,7 +1,14 @@
 #pragma once
 
-/// The picture ids of the windows' models, in one place for whoever draws them.
+#include "Controls.h"
+
+/// The picture ids of the windows' models and the colours that mean something, in one place for whoever draws them.
 namespace qvm {
+
+/// Backgrounds of a grid's cells that act at a click; white ones do not.
+namespace CellColour {
+inline constexpr Colour Action = 0xF0F0F0, Hover = 0xE0E0E0; ///< Hover: under the mouse
+}
 
 /// State column of F6: an adapter.
 namespace AdapterPicture {

@@ -3,7 +3,9 @@
 #include "SourceFiles.h"
 
 #include <cstddef>
+#include <fstream>
 #include <gtest/gtest.h>
+#include <iterator>
 #include <map>
 #include <regex>
 #include <string>
@@ -15,6 +17,14 @@ namespace {
 TEST(Sources, every_folder_belongs_to_a_target) {
     for (const Source& source : All()) {
         EXPECT_TRUE(FolderKnown(source.Folder)) << source.Path;
+    }
+}
+
+TEST(Sources, every_folder_says_what_lives_there) {
+    std::ifstream file(QVM_SOURCE_DIR "/src/README.md");
+    const std::string text{std::istreambuf_iterator<char>(file), {}};
+    for (const Source& source : All()) {
+        EXPECT_NE(text.find("| `" + source.Folder + "` | "), std::string::npos) << source.Folder;
     }
 }
 
@@ -32,6 +42,7 @@ TEST(Sources, the_walls_between_the_layers_stand_in_the_build) {
         {"simulator", {"link", "records", "locks", "transfer", "programm", "platform"}},
         {"console", {"ui", "simulator"}},
         {"ui", {"platform", "console", "simulator"}},
+        {"ui/kit", {"link", "records", "transfer", "programm", "ui", "ui/windows"}},
     };
     for (const auto& [folder, targets] : walls) {
         ASSERT_TRUE(FolderKnown(folder)) << folder;

@@ -3,6 +3,7 @@
 #include "F13Window.h"
 
 #include "GridView.h"
+#include "Pictures.h"
 #include "UiFixture.h"
 #include "WidgetChecks.h"
 
@@ -108,11 +109,11 @@ TEST_F(F13_Window, lights_the_cell_under_the_mouse_and_puts_it_out_again) {
     Settle();
     programm->Transfer->F13.Timer1.Start(10);
     world.RunFor(30);
-    EXPECT_EQ(programm->Transfer->F13.FGK13.At(1, F13Column::History).BackColor, F13::HoverColour);
+    EXPECT_EQ(programm->Transfer->F13.FGK13.At(1, F13Column::History).BackColor, CellColour::Hover);
     QEvent leave(QEvent::Leave);
     QApplication::sendEvent(grid->viewport(), &leave);
     world.RunFor(30);
-    EXPECT_EQ(programm->Transfer->F13.FGK13.At(1, F13Column::History).BackColor, F13::ActionColour);
+    EXPECT_EQ(programm->Transfer->F13.FGK13.At(1, F13Column::History).BackColor, CellColour::Action);
 }
 
 TEST_F(F13_Window, has_its_list_keys_dead_while_there_is_no_list) {

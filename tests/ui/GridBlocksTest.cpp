@@ -2,6 +2,7 @@
 
 #include "GridFilterBar.h"
 #include "GridView.h"
+#include "Pictures.h"
 #include "UiFixture.h"
 
 #include <QAccessible>
@@ -333,9 +334,9 @@ TEST_F(Grid_Blocks, read_an_x_as_a_checked_box) {
     view.gridModel().setCheckColumn(5);
     grid.SetText(0, 5, "Prg.");
     grid.SetText(3, 5, "");
-    grid.SetBackColor(3, 5, F13::ActionColour);
+    grid.SetBackColor(3, 5, CellColour::Action);
     grid.SetText(4, 5, "X");
-    grid.SetBackColor(4, 5, F13::HoverColour);
+    grid.SetBackColor(4, 5, CellColour::Hover);
     grid.SetText(5, 5, "");
     constexpr int Fifth = 4; // of the columns in sight
     QAccessibleTableInterface* table = QAccessible::queryAccessibleInterface(&view)->tableInterface();
@@ -351,7 +352,7 @@ TEST_F(Grid_Blocks, draw_a_box_that_differs_when_checked) {
     view.gridModel().setCheckColumn(5);
     view.horizontalScrollBar()->setValue(view.horizontalScrollBar()->maximum());
     grid.SetText(8, 5, "");
-    grid.SetBackColor(8, 5, F13::ActionColour);
+    grid.SetBackColor(8, 5, CellColour::Action);
     const auto picture = [this] {
         UiFixture::Settle();
         return view.grab(view.cellRect(8, 5)).toImage();

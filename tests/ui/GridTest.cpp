@@ -91,8 +91,8 @@ TEST_F(GridModel_Test, lets_the_grid_go_when_it_dies) {
 
 TEST_F(GridModel_Test, shows_an_icon_only_in_cells_that_can_be_clicked) {
     model.setActionIcon(1, QStringLiteral("program"));
-    grid.SetBackColor(1, 1, F13::ActionColour);
-    grid.SetBackColor(2, 1, F13::HoverColour);
+    grid.SetBackColor(1, 1, CellColour::Action);
+    grid.SetBackColor(2, 1, CellColour::Hover);
     EXPECT_FALSE(model.index(0, 1).data(Qt::DecorationRole).value<QIcon>().isNull());
     EXPECT_FALSE(model.index(1, 1).data(Qt::DecorationRole).value<QIcon>().isNull());
     EXPECT_FALSE(model.index(2, 1).data(Qt::DecorationRole).isValid());
@@ -107,7 +107,7 @@ TEST_F(GridModel_Test, says_in_words_what_shows_only_a_picture) {
     model.setActionIcon(1, QStringLiteral("program"));
     model.setPictures(ui::PictureSet::Channel);
     model.setPictureText(2, ChannelPicture::Image8, QStringLiteral("OK"));
-    grid.SetBackColor(1, 1, F13::ActionColour);
+    grid.SetBackColor(1, 1, CellColour::Action);
     grid.SetPicture(1, 2, ChannelPicture::Image8);
     EXPECT_EQ(model.index(0, 1).data(Qt::AccessibleTextRole).toString(), QStringLiteral("Programm"));
     EXPECT_EQ(model.index(0, 1).data(Qt::ToolTipRole).toString(), QStringLiteral("Programm"));

@@ -3,6 +3,7 @@
 #include "Geometry.h"
 #include "Mnemonics.h"
 #include "MonthView.h"
+#include "Pictures.h"
 #include "Theme.h"
 #include "UiFixture.h"
 #include "WidgetChecks.h"
@@ -58,8 +59,8 @@ TEST(Theme, keeps_meaning_colours_exact_and_takes_neutral_ones_from_the_palette)
         EXPECT_EQ(ui::cellBackground(0x80FFFF, true, palette), QColor(255, 255, 128));
         EXPECT_EQ(ui::cellBackground(White, false, palette), palette.color(QPalette::Base));
         EXPECT_NE(ui::cellBackground(White, true, palette), palette.color(QPalette::Base));
-        EXPECT_NE(ui::cellBackground(F13::ActionColour, false, palette),
-                  ui::cellBackground(F13::HoverColour, false, palette));
+        EXPECT_NE(ui::cellBackground(CellColour::Action, false, palette),
+                  ui::cellBackground(CellColour::Hover, false, palette));
         EXPECT_EQ(ui::cellForeground(Black, White, palette), palette.color(QPalette::Text));
         EXPECT_EQ(ui::cellForeground(0x0000FF, White, palette), QColor(255, 0, 0));
     }
@@ -67,7 +68,7 @@ TEST(Theme, keeps_meaning_colours_exact_and_takes_neutral_ones_from_the_palette)
 
 TEST(Theme, texts_stay_legible_on_every_ground_in_both_palettes) {
     for (const QPalette& palette : {LightPalette(), DarkPalette()}) {
-        for (const Colour ground : {White, F13::ActionColour, F13::HoverColour, Colour{0x80FFFF}, Colour{0x0000FF},
+        for (const Colour ground : {White, CellColour::Action, CellColour::Hover, Colour{0x80FFFF}, Colour{0x0000FF},
                                     Colour{0x00FFFF}, Colour{0x00FF00}, Colour{0x800000}}) {
             for (const bool stripe : {false, true}) {
                 EXPECT_GE(
@@ -82,12 +83,12 @@ TEST(Theme, texts_stay_legible_on_every_ground_in_both_palettes) {
 TEST(Theme, a_grey_mark_can_be_told_from_the_button_that_it_stands_on_in_both_palettes) {
     constexpr Colour Grey = 0x808080;
     for (const QPalette& palette : {LightPalette(), DarkPalette()}) {
-        for (const Colour ground : {F13::ActionColour, F13::HoverColour}) {
+        for (const Colour ground : {CellColour::Action, CellColour::Hover}) {
             EXPECT_GE(Contrast(ui::cellBackground(ground, false, palette), ui::cellForeground(Grey, ground, palette)),
                       3.0);
         }
     }
-    EXPECT_EQ(ui::cellForeground(Grey, F13::ActionColour, LightPalette()), QColor(128, 128, 128));
+    EXPECT_EQ(ui::cellForeground(Grey, CellColour::Action, LightPalette()), QColor(128, 128, 128));
 }
 
 TEST(Theme, has_a_drawing_for_every_key_and_picture) {

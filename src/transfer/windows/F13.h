@@ -27,8 +27,6 @@ namespace qvm {
 struct F13 {
     F13(Programmierlauf& programmierlauf, F11& start, AdapterListe& adapters);
 
-    static constexpr Colour ActionColour = 0xF0F0F0; ///< of a cell that can be clicked; white ones cannot
-    static constexpr Colour HoverColour = 0xE0E0E0;
     static constexpr int CallerCode = 3;
 
     Programmierlauf& run;

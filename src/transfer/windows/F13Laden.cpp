@@ -63,10 +63,10 @@ void F13::Del_FGK13_ICON(int row, int column) {
 void F13::Zeile_Fuellen(int row) {
     for (int c = F13Column::Program; c <= F13Column::Status; ++c) {
         if (c != F13Column::Code || F17_Oeffnen) {
-            FGK13.SetBackColor(row, c, ActionColour);
+            FGK13.SetBackColor(row, c, CellColour::Action);
         }
     }
-    FGK13.SetBackColor(row, F13Column::Mark, ActionColour);
+    FGK13.SetBackColor(row, F13Column::Mark, CellColour::Action);
 }
 
 void F13::Texte_Setzen() {
@@ -142,13 +142,13 @@ void F13::Maus_Verfolgen() {
     if (!Maus_Zelle || !Maus_Zelle(row, column) || (row == hoverRow_ && column == hoverColumn_)) {
         return;
     }
-    if (hoverRow_ > 0 && FGK13.At(hoverRow_, hoverColumn_).BackColor == HoverColour) {
-        FGK13.SetBackColor(hoverRow_, hoverColumn_, ActionColour);
+    if (hoverRow_ > 0 && FGK13.At(hoverRow_, hoverColumn_).BackColor == CellColour::Hover) {
+        FGK13.SetBackColor(hoverRow_, hoverColumn_, CellColour::Action);
     }
     hoverRow_ = hoverColumn_ = -1;
     // Only cells that can be clicked light up; a white cell must stay white, as that is what makes it dead.
-    if (row > 0 && FGK13.At(row, column).BackColor == ActionColour) {
-        FGK13.SetBackColor(row, column, HoverColour);
+    if (row > 0 && FGK13.At(row, column).BackColor == CellColour::Action) {
+        FGK13.SetBackColor(row, column, CellColour::Hover);
         hoverRow_ = row;
         hoverColumn_ = column;
     }

@@ -214,10 +214,10 @@ bool isDark(const QPalette& palette) {
 }
 
 CellTone cellTone(Colour background) {
-    return background == White               ? CellTone::Plain
-           : background == F13::ActionColour ? CellTone::Action
-           : background == F13::HoverColour  ? CellTone::Hover
-                                             : CellTone::Exact;
+    return background == White                ? CellTone::Plain
+           : background == CellColour::Action ? CellTone::Action
+           : background == CellColour::Hover  ? CellTone::Hover
+                                              : CellTone::Exact;
 }
 
 QColor cellBackground(Colour background, bool alternate, const QPalette& palette) {
