@@ -86,13 +86,13 @@ Probelauf Durchspielen(Probewelt& dry, Programm& program, int lock) {
         }
     };
     Starten(program, lock);
-    while (!program.Lauf.Gesamtende && Lauf_Stille(program.Lauf) < StandstillMs && dry.Schritt()) {
+    while (!program.Run.Gesamtende && Lauf_Stille(program.Run) < StandstillMs && dry.Schritt()) {
     }
     if (run.Serial.empty()) {
         run.Fault = "the lock has no serial number in the lock table";
     } else if (run.Telegrams.empty()) {
         run.Fault = "the dataset could not be built";
-    } else if (program.Lauf.Bericht.End != RunOutcome::Done) {
+    } else if (program.Run.Bericht.End != RunOutcome::Done) {
         run.Fault = "the run did not come to its end";
     }
     for (const Message& message : dry.Shown) {

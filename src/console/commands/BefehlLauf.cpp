@@ -7,9 +7,11 @@ namespace qvm {
 
 namespace {
 
-void Unversucht_Melden(Laufsitzung& session) {
+void Einzeln(Laufsitzung& session, const Console& console) {
+    Fortschritt progress(console);
+    Schlosslauf runner(session, progress);
     for (const int lock : session.Locks) {
-        session.Melden(Schloss_Beschreiben(session.program, lock));
+        session.Melden(runner.Abgebrochen() ? Schloss_Beschreiben(session.program, lock) : runner.Ausfuehren(lock));
     }
 }
 
@@ -21,27 +23,14 @@ ExitCode Befehl_Lauf(const Umgebung& world, const Console& console, const Option
         return *refused;
     }
     if (session.Abgebrochen()) {
-        Unversucht_Melden(session);
-    } else {
-        Fortschritt progress(console);
-        Schlosslauf runner(session, progress);
         for (const int lock : session.Locks) {
-            session.Melden(runner.Abgebrochen() ? Schloss_Beschreiben(session.program, lock) : runner.Ausfuehren(lock));
+            session.Melden(Schloss_Beschreiben(session.program, lock));
         }
-    }
-    return session.Abschliessen();
-}
-
-ExitCode Befehl_Reihe(const Umgebung& world, const Console& console, const Optionen& options) {
-    Laufsitzung session(world, console, options);
-    if (const std::optional<ExitCode> refused = session.Beginnen()) {
-        return *refused;
-    }
-    if (session.Abgebrochen()) {
-        Unversucht_Melden(session);
-    } else {
+    } else if (options.Wanted == Command::Run) {
         Tafel table(console);
         Reihenlauf(session, options.At, table).Ausfuehren();
+    } else {
+        Einzeln(session, console);
     }
     return session.Abschliessen();
 }

@@ -17,11 +17,8 @@ ExitCode Befehl_Import(const Umgebung& world, const Console& console, const std:
 
 ExitCode Befehl_Check(const Umgebung& world, const Console& console);
 
-/// program and history.
+/// program and history, lock by lock; run: a list of locks, as the run list does it.
 ExitCode Befehl_Lauf(const Umgebung& world, const Console& console, const Optionen& options);
-
-/// run: a list of locks, as the run list does it.
-ExitCode Befehl_Reihe(const Umgebung& world, const Console& console, const Optionen& options);
 
 /// Prints the events of .HST files; without a file those of all in HIST.
 ExitCode Befehl_Ereignisse(const Umgebung& world, const Console& console, const Optionen& options);

@@ -6,9 +6,8 @@ ExitCode Befehl_Ausfuehren(const Umgebung& world, const Console& console, const 
     switch (options.Wanted) {
     case Command::Program:
     case Command::History:
-        return Befehl_Lauf(world, console, options);
     case Command::Run:
-        return Befehl_Reihe(world, console, options);
+        return Befehl_Lauf(world, console, options);
     case Command::Events:
         return Befehl_Ereignisse(world, console, options);
     case Command::Dataset:
