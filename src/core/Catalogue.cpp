@@ -4,7 +4,6 @@
 #include "Text.h"
 #include "Zeilen.h"
 
-#include <Lines.h>
 #include <algorithm>
 
 namespace qvm {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <Lines.h>
 #include <array>
 #include <cstddef>
 #include <optional>
@@ -21,7 +22,7 @@ struct Sprachkatalog {
         "Samstag", "Sonntag", "Montag - Freitag", "Samstag - Sonntag", "Montag - Sonntag"};
     std::array<std::string, 2> FeiertagsTexte{"Einzelfeiertage", "Perm. Feiertage"};
 
-    /// Line n; empty for line 0 and outside.
+    /// Line n, `Line::NotReachable` for one; empty for line 0 and outside.
     const std::string& Zeile(int n) const;
 };
 

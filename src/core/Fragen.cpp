@@ -1,7 +1,5 @@
 #include "Fragen.h"
 
-#include <Lines.h>
-
 namespace qvm {
 
 Verlassen Verlassen_Fragen(const Kern& kern, std::string_view title) {

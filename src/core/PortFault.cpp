@@ -3,7 +3,6 @@
 #include "Kern.h"
 #include "Words.h"
 
-#include <Lines.h>
 #include <algorithm>
 #include <array>
 #include <string_view>

@@ -6,7 +6,6 @@
 #include "TimeRecords.h"
 #include "UnitRecords.h"
 
-#include <Lines.h>
 #include <utility>
 
 namespace qvm {

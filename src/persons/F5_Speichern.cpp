@@ -6,7 +6,6 @@
 #include "Text.h"
 #include "UserRecords.h"
 
-#include <Lines.h>
 #include <string_view>
 
 namespace qvm {

@@ -4,8 +4,6 @@
 #include "Text.h"
 #include "Zeitfenster.h"
 
-#include <Lines.h>
-
 namespace qvm {
 
 namespace {

@@ -7,7 +7,6 @@
 #include "Words.h"
 #include "Zeitgruppen.h"
 
-#include <Lines.h>
 #include <algorithm>
 #include <optional>
 

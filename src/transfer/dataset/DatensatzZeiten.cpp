@@ -7,7 +7,6 @@
 #include "Zeitfenster.h"
 #include "Zeitgruppen.h"
 
-#include <Lines.h>
 #include <utility>
 
 namespace qvm {

@@ -7,7 +7,6 @@
 #include "Words.h"
 #include "Zeit.h"
 
-#include <Lines.h>
 #include <array>
 
 namespace qvm {

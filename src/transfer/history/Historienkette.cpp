@@ -4,7 +4,6 @@
 #include "Laufschritte.h"
 #include "RunProgress.h"
 
-#include <Lines.h>
 #include <algorithm>
 #include <array>
 

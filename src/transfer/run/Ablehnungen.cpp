@@ -8,8 +8,6 @@
 #include "Telegramme.h"
 #include "Words.h"
 
-#include <Lines.h>
-
 namespace qvm {
 namespace {
 

@@ -4,7 +4,6 @@
 #include "Laufschritte.h"
 #include "Schlosszeile.h"
 
-#include <Lines.h>
 #include <algorithm>
 #include <array>
 

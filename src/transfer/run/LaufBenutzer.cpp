@@ -3,7 +3,6 @@
 #include "Modelle.h"
 #include "Schlosszeile.h"
 
-#include <Lines.h>
 #include <algorithm>
 #include <array>
 

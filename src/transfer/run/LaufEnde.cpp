@@ -4,7 +4,6 @@
 #include "Schlosszeile.h"
 #include "Words.h"
 
-#include <Lines.h>
 #include <algorithm>
 
 namespace qvm {

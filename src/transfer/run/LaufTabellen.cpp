@@ -2,8 +2,6 @@
 #include "Laufschritte.h"
 #include "Modelle.h"
 
-#include <Lines.h>
-
 namespace qvm {
 namespace {
 

@@ -3,8 +3,6 @@
 #include "Laufbedingungen.h"
 #include "Laufschritte.h"
 
-#include <Lines.h>
-
 namespace qvm {
 namespace {
 

@@ -2,7 +2,6 @@
 #include "Laufschritte.h"
 #include "Schlosszeile.h"
 
-#include <Lines.h>
 #include <algorithm>
 
 namespace qvm {

@@ -9,7 +9,6 @@
 #include "Seriennummer.h"
 #include "Words.h"
 
-#include <Lines.h>
 #include <utility>
 
 namespace qvm {

@@ -11,7 +11,6 @@
 #include <QMessageBox>
 #include <QPushButton>
 
-#include <Lines.h>
 #include <algorithm>
 #include <utility>
 #include <vector>

@@ -8,8 +8,6 @@
 #include <QToolBar>
 #include <QVBoxLayout>
 
-#include <Lines.h>
-
 namespace qvm::ui {
 namespace {
 

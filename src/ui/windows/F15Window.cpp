@@ -8,8 +8,6 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include <Lines.h>
-
 namespace qvm::ui {
 namespace {
 

@@ -23,8 +23,6 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
-#include <Lines.h>
-
 namespace qvm::ui {
 namespace {
 

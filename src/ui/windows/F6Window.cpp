@@ -17,8 +17,6 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
-#include <Lines.h>
-
 namespace qvm::ui {
 namespace {
 

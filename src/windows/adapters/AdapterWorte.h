@@ -3,7 +3,6 @@
 #include "Controls.h"
 #include "Kern.h"
 
-#include <Lines.h>
 #include <array>
 
 namespace qvm {

@@ -4,7 +4,6 @@
 #include "Fragen.h"
 #include "Kanal.h"
 
-#include <Lines.h>
 #include <utility>
 #include <vector>
 

@@ -10,7 +10,6 @@
 #include "Record.h"
 #include "Words.h"
 
-#include <Lines.h>
 #include <algorithm>
 #include <utility>
 #include <vector>

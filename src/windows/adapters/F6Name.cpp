@@ -8,7 +8,6 @@
 #include "SeriellesProtokoll.h"
 #include "Words.h"
 
-#include <Lines.h>
 #include <algorithm>
 #include <iterator>
 

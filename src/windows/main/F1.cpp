@@ -3,8 +3,6 @@
 #include "Text.h"
 #include "Worte.h"
 
-#include <Lines.h>
-
 namespace qvm {
 namespace {
 

@@ -5,7 +5,6 @@
 #include "Words.h"
 #include "Worte.h"
 
-#include <Lines.h>
 #include <algorithm>
 
 namespace qvm {

@@ -5,7 +5,6 @@
 #include "AutoRegister.h"
 #include "Worte.h"
 
-#include <Lines.h>
 #include <algorithm>
 #include <utility>
 

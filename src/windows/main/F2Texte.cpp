@@ -2,7 +2,6 @@
 #include "TextSlots.h"
 #include "Worte.h"
 
-#include <Lines.h>
 #include <algorithm>
 
 namespace qvm {

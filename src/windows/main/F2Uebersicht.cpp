@@ -5,8 +5,6 @@
 #include "Text.h"
 #include "Words.h"
 
-#include <Lines.h>
-
 namespace qvm {
 namespace {
 

@@ -7,7 +7,6 @@
 #include "Text.h"
 #include "Words.h"
 
-#include <Lines.h>
 #include <algorithm>
 
 namespace qvm {

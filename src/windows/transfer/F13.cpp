@@ -9,8 +9,6 @@
 #include "UserRecords.h"
 #include "Words.h"
 
-#include <Lines.h>
-
 namespace qvm {
 namespace {
 

@@ -6,8 +6,6 @@
 #include "UserRecords.h"
 #include "Words.h"
 
-#include <Lines.h>
-
 namespace qvm {
 namespace {
 

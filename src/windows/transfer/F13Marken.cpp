@@ -5,7 +5,6 @@
 #include "Text.h"
 #include "Words.h"
 
-#include <Lines.h>
 #include <algorithm>
 #include <utility>
 

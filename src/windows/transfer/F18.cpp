@@ -2,8 +2,6 @@
 
 #include "Words.h"
 
-#include <Lines.h>
-
 namespace qvm {
 
 F18::F18(Programmierlauf& programmierlauf)

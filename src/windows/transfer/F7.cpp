@@ -4,7 +4,6 @@
 #include "LinkHooks.h"
 #include "Stelle.h"
 
-#include <Lines.h>
 #include <algorithm>
 #include <utility>
 

@@ -6,7 +6,6 @@
 #include "Words.h"
 #include "Zeit.h"
 
-#include <Lines.h>
 #include <utility>
 
 namespace qvm {

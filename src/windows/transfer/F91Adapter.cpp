@@ -5,7 +5,6 @@
 #include "F91.h"
 #include "Text.h"
 
-#include <Lines.h>
 #include <algorithm>
 
 namespace qvm {

@@ -6,8 +6,6 @@
 #include "Text.h"
 #include "Zeit.h"
 
-#include <Lines.h>
-
 namespace qvm {
 namespace {
 

@@ -7,7 +7,6 @@
 #include "Pictures.h"
 #include "Text.h"
 
-#include <Lines.h>
 #include <algorithm>
 #include <utility>
 
