@@ -47,8 +47,8 @@ void Lauf_250_Benutzer(benchmark::State& state) {
             programm.Transfer->F11.Text1_KeyPress(digit);
         }
         programm.Transfer->F11.OK_Click();
-        if (!world.RunUntil([&programm] { return programm.Lauf.Gesamtende; }) ||
-            programm.Lauf.Bericht.End != RunOutcome::Done || system.World().Locks[0].Users.size() != 250) {
+        if (!world.RunUntil([&programm] { return programm.Run.Gesamtende; }) ||
+            programm.Run.Bericht.End != RunOutcome::Done || system.World().Locks[0].Users.size() != 250) {
             state.SkipWithError("the run did not go through");
             break;
         }

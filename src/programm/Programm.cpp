@@ -10,7 +10,7 @@
 namespace qvm {
 
 Programm::Programm(Platform& world, const std::string& directory)
-    : kern(world), link(kern), Lauf(link), Netz(link, Lauf.Daten), Main(std::make_unique<MainWindows>(*this)),
+    : kern(world), link(kern), Run(link), Netz(link, Run.Daten), Main(std::make_unique<MainWindows>(*this)),
       Transfer(std::make_unique<TransferWindows>(*this)), History(std::make_unique<HistoryWindows>(*this)) {
     kern.AppPath = directory;
     if (kern.AppPath.empty() || kern.AppPath.back() != '/') {

@@ -27,7 +27,7 @@ struct Programm {
     Kern kern;
     Link link;
     AdapterListe Adapter;
-    Programmierlauf Lauf;
+    Programmierlauf Run;
     Netzlauf Netz;
     // Groups of windows. Each has a header of its own, so that a new window concerns only those who use its group.
     std::unique_ptr<MainWindows> Main;

@@ -2,8 +2,6 @@
 
 #include "MainWindows.h"
 
-#include <Lines.h>
-
 namespace qvm {
 
 void TransferWindows::Verbinden() {
@@ -26,7 +24,7 @@ void TransferWindows::Hauptfenster_Verbinden() {
 }
 
 void TransferWindows::Lauf_Verbinden() {
-    programm.Lauf.Ansicht = RunView{
+    programm.Run.Ansicht = RunView{
         .Fortschritt = [this] { F9.Fortschritt(); },
         .F9_Zeigen = [this] { F9.Im_Lauf_Zeigen(); },
         .Status = [this](int line) { F9.Status_Zeigen(line); },
@@ -87,7 +85,7 @@ void TransferWindows::Liste_Verbinden() {
 }
 
 void TransferWindows::Listenlauf_Verbinden() {
-    programm.Lauf.Liste = ListView{
+    programm.Run.Liste = ListView{
         .Zeile_Markieren = [this](const std::string& mark,
                                   const std::string& text) { F91.Direkt_Markieren(mark, text); },
         .Naechste_Zeile = [this] { F91.Direkt_Naechste_Zeile(); },
@@ -98,8 +96,8 @@ void TransferWindows::Listenlauf_Verbinden() {
         .Blinken = [this](bool on) { F91.Blinken(on); },
         .Balken = [this](int maximum, int value, bool visible) { F91.Balken_Zeigen(maximum, value, visible); },
         .Zeile_Markieren = [this](std::string_view mark,
-                                  int line) { F91.Netz_Markieren(mark, programm.kern.Zeile(line)); },
-        .Zeile_Melden = [this](std::string_view mark, const std::string& text) { F91.Netz_Markieren(mark, text); },
+                                  int line) { F91.Net_Markieren(mark, programm.kern.Zeile(line)); },
+        .Zeile_Melden = [this](std::string_view mark, const std::string& text) { F91.Net_Markieren(mark, text); },
         .Naechste_Zeile = [this](std::string_view step) { F91.Naechste_Zeile(step); },
         .Programmieren_Planen = [this] { F91.Programmieren_Planen(); },
         .Stillstand = [this](NetStandstill reason) { F91.Stillstand(reason); },

@@ -15,11 +15,11 @@ struct TransferWindows {
     explicit TransferWindows(Programm& whole) : programm(whole) {}
 
     Programm& programm;
-    qvm::F9 F9{programm.Lauf};
-    qvm::F18 F18{programm.Lauf};
-    qvm::F11 F11{programm.Lauf, F9, F18, programm.Adapter};
-    qvm::F13 F13{programm.Lauf, F11, programm.Adapter};
-    qvm::F91 F91{programm.Lauf, programm.Netz, F9, programm.Adapter};
+    qvm::F9 F9{programm.Run};
+    qvm::F18 F18{programm.Run};
+    qvm::F11 F11{programm.Run, F9, F18, programm.Adapter};
+    qvm::F13 F13{programm.Run, F11, programm.Adapter};
+    qvm::F91 F91{programm.Run, programm.Netz, F9, programm.Adapter};
     qvm::F92 F92{programm.kern};
 
     /// The lock grid or the run list stands open, in the main window's place.

@@ -118,13 +118,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         }
     };
     if ((kind & 2U) != 0) {
-        Netz_Historie_Beginnen(run);
+        Net_Historie_Beginnen(run);
     } else {
-        Netz_Programmieren_Beginnen(run);
+        Net_Programmieren_Beginnen(run);
     }
     pc.RunFor(20000);
     if ((kind & 4U) != 0) {
-        Netz_Abbrechen(run);
+        Net_Abbrechen(run);
         Require(run.Phase == NetPhase::None && link.UsbArmed == 0);
     }
     Require(ends <= 1 && !run.Sending);

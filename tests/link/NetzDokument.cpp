@@ -71,7 +71,7 @@ std::string Zeile(const NetzLayout& layout) {
 
 } // namespace
 
-std::string Netz_Dokument() {
+std::string Net_Dokument() {
     std::string text(NetworkIntro);
     for (const NetzLayout& layout :
          {NetzKopf::Layout, NetzDaten::Layout, NetzCodeBenutzer::PlainLayout, NetzCodeBenutzer::LongLayout,

@@ -11,6 +11,6 @@ inline std::string Hex2(unsigned value) {
 }
 
 /// The chapter on the network path in Markdown (ASCII), made from the declared layouts.
-std::string Netz_Dokument();
+std::string Net_Dokument();
 
 } // namespace qvm

@@ -37,7 +37,7 @@ Mitschnitt NetworkFrame(Way way, std::string_view text) {
     return frame;
 }
 
-TEST(Netz_Protokoll, tells_the_header_of_a_telegram_and_hides_its_payload) {
+TEST(Net_Protokoll, tells_the_header_of_a_telegram_and_hides_its_payload) {
     EXPECT_EQ(Protokoll_Zeile(NetworkFrame(Way::Sent, HistoryStart)),
               "> 02 01 90 01 00 30 01 50 0C 10 02 02 02 02 01 6F 00 01 01 60 12 34 01 60 12 35 01 0A FF F"
               "F 00 00 ** ** ** ** ** ** ** ** ** ** ** ** ** ** ** ** ** | NetzHistorieStart: block numb"
@@ -51,7 +51,7 @@ TEST(Netz_Protokoll, tells_the_header_of_a_telegram_and_hides_its_payload) {
               "/ 01 60 12 35, 1 once it is sent 1, code 12, payload hidden");
 }
 
-TEST(Netz_Protokoll, tells_a_reply_by_its_code_and_hides_the_events_in_it) {
+TEST(Net_Protokoll, tells_a_reply_by_its_code_and_hides_the_events_in_it) {
     EXPECT_EQ(Protokoll_Zeile(NetworkFrame(Way::Received, HistoryBlock)),
               "< 02 02 90 01 00 37 01 50 0C 10 02 02 02 02 01 6F 00 01 01 60 12 34 01 60 12 35 01 0C FF F"
               "F 00 00 ** ** ** ** ** ** ** ** ** ** ** ** ** ** ** ** ** ** ** ** ** ** ** ** | RpNetzHi"
@@ -66,13 +66,13 @@ TEST(Netz_Protokoll, tells_a_reply_by_its_code_and_hides_the_events_in_it) {
               ", 1 once it is sent 1, code 20");
 }
 
-TEST(Netz_Protokoll, shows_the_payload_when_asked_to) {
+TEST(Net_Protokoll, shows_the_payload_when_asked_to) {
     const DecodedTelegram telegram = Dekodieren(NetworkFrame(Way::Sent, NextHistory), Geheimnis::Zeigen);
     EXPECT_EQ(telegram.Fields.back().Name, "payload");
     EXPECT_EQ(telegram.Fields.back().Text, "91 92 93 EE EE 5A");
 }
 
-TEST(Netz_Protokoll, says_what_is_wrong_with_a_frame) {
+TEST(Net_Protokoll, says_what_is_wrong_with_a_frame) {
     const std::string cut(NextHistory.substr(0, NextHistory.size() - 3));
     EXPECT_THAT(Dekodieren(NetworkFrame(Way::Sent, cut)).Remarks,
                 ElementsAre("the length word calls for 38 bytes, there are 37"));
@@ -86,7 +86,7 @@ TEST(Netz_Protokoll, says_what_is_wrong_with_a_frame) {
     EXPECT_EQ(Dekodieren(NetworkFrame(Way::Sent, strange)).Name, "unknown");
 }
 
-TEST(Netz_Protokoll, the_traced_lines_are_read_back) {
+TEST(Net_Protokoll, the_traced_lines_are_read_back) {
     std::string text;
     for (const std::string_view sent : {Clock, NextHistory, HistoryStart}) {
         text += Protokoll_Zeile(NetworkFrame(Way::Sent, sent)) + "\n";
@@ -105,7 +105,7 @@ TEST(Netz_Protokoll, the_traced_lines_are_read_back) {
     EXPECT_EQ(again, text);
 }
 
-TEST(Netz_Protokoll, frames_from_the_line_are_found_with_and_without_stuffing_and_told_apart_by_direction) {
+TEST(Net_Protokoll, frames_from_the_line_are_found_with_and_without_stuffing_and_told_apart_by_direction) {
     // Every 02 behind index 1 is followed by 00.
     std::string text = "02 01 90 01 00 25 01 50 0C 10 02 00 02 00 02 00 02 00 01 6F 00 01 01 60 12 34 01 60 12 35 "
                        "01 1E FF FF 00 00 05 03 1A 0A 1E 00 0C 02 03 90 01 00 21 01 50 0C 10 02 00 02 00 02 00 02 "
@@ -122,7 +122,7 @@ TEST(Netz_Protokoll, frames_from_the_line_are_found_with_and_without_stuffing_an
     EXPECT_EQ(trace.Frames[3].Way, Way::Received);
 }
 
-TEST(Netz_Protokoll, a_wild_length_word_is_no_frame) {
+TEST(Net_Protokoll, a_wild_length_word_is_no_frame) {
     std::string wild(NextHistory);
     wild.replace(4 * 3, 5, "FF FF");
     const TraceText trace = Protokoll_Lesen(wild);

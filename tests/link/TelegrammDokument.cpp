@@ -124,7 +124,7 @@ std::string Telegramm_Dokument() {
         ++column;
     }
     text += "\n";
-    text += Netz_Dokument();
+    text += Net_Dokument();
     return text;
 }
 

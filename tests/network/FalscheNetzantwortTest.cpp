@@ -67,7 +67,7 @@ protected:
         Lines.clear();
         SentAt.clear();
         Log.clear();
-        Netz_Programmieren_Beginnen(run);
+        Net_Programmieren_Beginnen(run);
         pc.RunUntil([this] { return Marked(""); }, 60000);
     }
 
@@ -90,7 +90,7 @@ TEST_P(Falsche_Netzantwort, programs_nothing_that_the_adapter_does_not_hold) {
                 EXPECT_TRUE(programmed_);
                 EXPECT_EQ(taken_.size(), std::size_t{RowBlocks});
             }
-            Netz_Abbrechen(run);
+            Net_Abbrechen(run);
             pc.RunFor(10000);
         }
         // And the next row works.

@@ -73,7 +73,7 @@ protected:
 TEST_F(Net_Historie_Test, one_block_becomes_a_file_and_the_next_row_follows) {
     link.Lauf.List.NetMode = 0x80;
     Bloecke({Gruppen(Saetze(3))});
-    Netz_Historie_Beginnen(run);
+    Net_Historie_Beginnen(run);
     pc.RunFor(1000);
     EXPECT_EQ(link.Lauf.Chain.HistoryFileName, "/qvm/HIST/H_20260305_103000_Tor.HST");
     EXPECT_EQ(Inhalt(), Datei(3));
@@ -84,7 +84,7 @@ TEST_F(Net_Historie_Test, one_block_becomes_a_file_and_the_next_row_follows) {
 TEST_F(Net_Historie_Test, with_history_and_programming_the_row_is_kept) {
     link.Lauf.List.NetMode = 0xFF;
     Bloecke({Gruppen(Saetze(1))});
-    Netz_Historie_Beginnen(run);
+    Net_Historie_Beginnen(run);
     pc.RunFor(1000);
     EXPECT_EQ(Ereignisse(), "steady, status 81, steady, mark << 263, program");
 }
@@ -97,7 +97,7 @@ TEST_F(Net_Historie_Test, the_next_request_carries_the_number_of_the_reply) {
                            Satz(static_cast<int>(Sent.size()))),
                    30);
     };
-    Netz_Historie_Beginnen(run);
+    Net_Historie_Beginnen(run);
     pc.RunFor(1000);
     EXPECT_EQ(Codes(), "0A 0C 0C");
     EXPECT_EQ(Sent[0][1], 1);
@@ -110,7 +110,7 @@ TEST_F(Net_Historie_Test, a_record_cut_by_the_end_of_a_block_goes_on_in_the_next
     link.Lauf.List.NetMode = 0x80;
     const Bytes all = Saetze(50);
     Bloecke({Gruppen(Teil(all, 0, 512)), Gruppen(Teil(all, 512, 512)), Gruppen(Teil(all, 1024, 512))});
-    Netz_Historie_Beginnen(run);
+    Net_Historie_Beginnen(run);
     pc.RunFor(1000);
     EXPECT_EQ(Inhalt(), Datei(50));
 }
@@ -150,7 +150,7 @@ TEST_F(Net_Historie_Test, a_counter_of_1_opens_a_new_file_without_the_carry) {
 TEST_F(Net_Historie_Test, an_empty_history_makes_no_file) {
     link.Lauf.List.NetMode = 0x80;
     Bloecke({{}});
-    Netz_Historie_Beginnen(run);
+    Net_Historie_Beginnen(run);
     pc.RunFor(1000);
     EXPECT_TRUE(pc.Disk.Files.empty());
     EXPECT_EQ(Log.back(), "next NexHstRead");
@@ -159,13 +159,13 @@ TEST_F(Net_Historie_Test, an_empty_history_makes_no_file) {
 TEST_F(Net_Historie_Test, the_carry_of_one_row_does_not_reach_the_next) {
     link.Lauf.List.NetMode = 0x80;
     Bloecke({Teil(Saetze(2), 0, 30)});
-    Netz_Historie_Beginnen(run);
+    Net_Historie_Beginnen(run);
     pc.RunFor(1000);
     EXPECT_TRUE(run.Carry.empty());
     run.LockName = "Garage";
     Sent.clear();
     Bloecke({Satz(1)});
-    Netz_Historie_Beginnen(run);
+    Net_Historie_Beginnen(run);
     pc.RunFor(1000);
     EXPECT_EQ(Inhalt(), "Garage  /  SNA : 01.50.0C.10\r\n" + Zeile(1));
 }
@@ -200,7 +200,7 @@ TEST_F(Net_Historie_Test, 0x0B_blinks_and_waits_for_blocks_that_come_unasked) {
             pc.Deliver(Antwort(0x0D, 2, Teil(Saetze(2), 22, 22)), 20);
         }
     };
-    Netz_Historie_Beginnen(run);
+    Net_Historie_Beginnen(run);
     pc.RunFor(99000);
     EXPECT_EQ(Ereignisse(), "steady, status 81, status 264+81, blink");
     pc.RunFor(2000);
@@ -219,7 +219,7 @@ TEST_F(Net_Historie_Test, a_block_that_comes_twice_is_stored_once) {
             pc.Deliver(Antwort(0x0D, 2, Satz(2)), 90);
         }
     };
-    Netz_Historie_Beginnen(run);
+    Net_Historie_Beginnen(run);
     pc.RunFor(1000);
     EXPECT_EQ(Codes(), "0A 0C");
     EXPECT_EQ(Inhalt(), Datei(2));
@@ -232,7 +232,7 @@ TEST_F(Net_Historie_Test, blocks_are_taken_whatever_their_checksum) {
         block[block.size() - 2] ^= 0x40;
         pc.Deliver(block, 20);
     };
-    Netz_Historie_Beginnen(run);
+    Net_Historie_Beginnen(run);
     pc.RunFor(1000);
     EXPECT_EQ(Inhalt(), Datei(1));
 }
@@ -242,7 +242,7 @@ TEST_F(Net_Historie_Test, a_lock_whose_events_could_not_be_written_is_not_progra
     pc.Disk.FailAt = 1;
     pc.Disk.FailFromThere = true;
     Bloecke({Saetze(2)});
-    Netz_Historie_Beginnen(run);
+    Net_Historie_Beginnen(run);
     pc.RunFor(1000);
     EXPECT_EQ(link.Lauf.Chain.HistoryLost, HistoryLoss::Unwritten);
     EXPECT_EQ(Ereignisse(), "steady, status 81, steady, mark # 277, next PrgNextDataset");
@@ -252,7 +252,7 @@ TEST_F(Net_Historie_Test, the_loss_of_one_row_does_not_stick_to_the_next) {
     link.Lauf.Chain.HistoryLost = HistoryLoss::Unwritten;
     link.Lauf.List.NetMode = 0xFF;
     Bloecke({Saetze(2)});
-    Netz_Historie_Beginnen(run);
+    Net_Historie_Beginnen(run);
     pc.RunFor(1000);
     EXPECT_EQ(Log.back(), "program");
 }
@@ -263,7 +263,7 @@ TEST_F(Net_Historie_Test, a_block_whose_number_does_not_follow_breaks_the_readin
         const bool first = frame[27] == 0x0A;
         pc.Deliver(Antwort(first ? 0x0C : 0x0D, first ? 1 : 3, Satz(1)), 20); // block 2 is lost
     };
-    Netz_Historie_Beginnen(run);
+    Net_Historie_Beginnen(run);
     pc.RunFor(1000);
     EXPECT_EQ(link.Lauf.Chain.HistoryLost, HistoryLoss::Broken);
     EXPECT_EQ(Inhalt(), Datei(1));
@@ -274,7 +274,7 @@ TEST_F(Net_Historie_Test, a_block_whose_number_does_not_follow_breaks_the_readin
 TEST_F(Net_Historie_Test, a_last_block_that_ends_inside_a_record_breaks_the_reading) {
     link.Lauf.List.NetMode = 0xFF;
     Bloecke({Teil(Saetze(2), 0, 43)});
-    Netz_Historie_Beginnen(run);
+    Net_Historie_Beginnen(run);
     pc.RunFor(1000);
     EXPECT_EQ(link.Lauf.Chain.HistoryLost, HistoryLoss::Broken);
     EXPECT_EQ(Inhalt(), Datei(1));
@@ -292,7 +292,7 @@ TEST_F(Net_Historie_Test, a_last_block_that_is_filled_up_holds_all_of_its_record
                 }
                 Sent.clear();
                 Bloecke({block});
-                Netz_Historie_Beginnen(run);
+                Net_Historie_Beginnen(run);
                 pc.RunFor(1000);
                 EXPECT_EQ(link.Lauf.Chain.HistoryLost, HistoryLoss::None) << filler << " " << count << " " << sum;
                 EXPECT_EQ(link.Lauf.Chain.HistoryRecords, 1);
@@ -305,7 +305,7 @@ TEST_F(Net_Historie_Test, that_does_not_reach_the_disk_is_not_followed_by_progra
     link.Lauf.List.NetMode = 0xFF;
     pc.Disk.FlushFails = true;
     Bloecke({Saetze(2)});
-    Netz_Historie_Beginnen(run);
+    Net_Historie_Beginnen(run);
     pc.RunFor(1000);
     EXPECT_EQ(link.Lauf.Chain.HistoryLost, HistoryLoss::Unwritten);
     EXPECT_EQ(Log[Log.size() - 2], "mark # 277");
@@ -317,7 +317,7 @@ TEST_F(Net_Historie_Test, a_history_without_end_is_given_up_behind_ten_thousand_
     Geraet = [this, fifty](const Bytes&) {
         pc.Deliver(Antwort(0x0C, static_cast<std::uint8_t>(Sent.size()), fifty), 20);
     };
-    Netz_Historie_Beginnen(run);
+    Net_Historie_Beginnen(run);
     pc.RunFor(60000);
     EXPECT_EQ(link.Lauf.Chain.HistoryLost, HistoryLoss::Endless);
     EXPECT_EQ(Sent.size(), 201U); // 200 blocks are all right, the 201st holds the record too many
@@ -331,7 +331,7 @@ TEST_F(Net_Historie_Test, a_lost_reply_leaves_the_row_standing_with_what_has_com
             pc.Deliver(Antwort(0x0C, 1, Satz(1)), 20);
         }
     };
-    Netz_Historie_Beginnen(run);
+    Net_Historie_Beginnen(run);
     pc.RunFor(20000);
     EXPECT_EQ(Codes(), "0A 0C");
     EXPECT_EQ(Log.back(), "silence");

@@ -126,7 +126,7 @@ TEST_F(Erster_Block, with_more_blocks_than_a_byte_counts_nothing_goes_out_and_th
     for (ProgSlot& slot : daten.Slots) {
         slot.Template.assign(1060, 1);
     }
-    Netz_Programmieren_Beginnen(run);
+    Net_Programmieren_Beginnen(run);
     EXPECT_TRUE(Sent.empty());
     EXPECT_EQ(Ereignisse(), "steady, status 81, steady, mark - 258, next PrgNextDataset");
 }

@@ -199,8 +199,8 @@ TEST_F(Net_Telegramm_Senden_Test, a_reply_with_a_bad_checksum_leads_to_the_next_
 }
 
 TEST_F(Net_Telegramm_Senden_Test, a_cancel_ends_the_wait_and_the_tries) {
-    pc.At(1500, [this] { Netz_Abbrechen(run); });
-    Netz_Programmieren_Beginnen(run);
+    pc.At(1500, [this] { Net_Abbrechen(run); });
+    Net_Programmieren_Beginnen(run);
     EXPECT_EQ(pc.Elapsed(), 1500);
     EXPECT_EQ(Sent.size(), 1U);
     EXPECT_EQ(link.UsbArmed, 0);
@@ -221,11 +221,11 @@ TEST_F(Net_Telegramm_Senden_Test, a_row_begun_inside_the_wait_of_another_one_tak
         }
     };
     pc.At(1000, [&] {
-        Netz_Abbrechen(run);
+        Net_Abbrechen(run);
         mute = false;
-        Netz_Programmieren_Beginnen(run);
+        Net_Programmieren_Beginnen(run);
     });
-    Netz_Programmieren_Beginnen(run);
+    Net_Programmieren_Beginnen(run);
     EXPECT_EQ(SentAt, (std::vector<std::int64_t>{0, 1000}));
     pc.RunFor(20000);
     EXPECT_EQ(Codes(), "14 14 1E");

@@ -137,14 +137,14 @@ TEST_F(Programm_Hauptfenster, version_shows_the_about_box_with_the_adapters_vers
 TEST_F(Programm_Hauptfenster, a_refused_key_in_the_middle_of_a_run_does_not_bring_the_main_window_back) {
     Connected();
     programm.Main->F2.Toolbar1_ButtonClick("PROG");
-    programm.Lauf.Ansicht.Hauptfenster_Freigeben();
+    programm.Run.Ansicht.Hauptfenster_Freigeben();
     EXPECT_FALSE(programm.Main->F2.Fenster.Visible);
     programm.Transfer->F13.Fenster.Visible = false;
     programm.link.Lauf.Chain.Phase = RunPhase::Open;
-    programm.Lauf.Ansicht.Hauptfenster_Freigeben();
+    programm.Run.Ansicht.Hauptfenster_Freigeben();
     EXPECT_FALSE(programm.Main->F2.Fenster.Visible);
     programm.link.Lauf.Chain.Phase = RunPhase::None;
-    programm.Lauf.Ansicht.Hauptfenster_Freigeben();
+    programm.Run.Ansicht.Hauptfenster_Freigeben();
     EXPECT_TRUE(programm.Main->F2.Fenster.Visible);
 }
 
@@ -155,7 +155,7 @@ TEST(Programm_Konsole, without_an_opened_main_window_a_return_shows_nothing_and_
     Programm programm(world.World, "/q");
     ASSERT_EQ(Programm_Start(programm, false), StartResult::Started);
     programm.kern.Windows.BackToMain();
-    programm.Lauf.Ansicht.Hauptfenster_Freigeben();
+    programm.Run.Ansicht.Hauptfenster_Freigeben();
     EXPECT_FALSE(programm.Main->F2.Fenster.Visible);
     EXPECT_FALSE(programm.Main->F2.Timer2.Running());
     EXPECT_FALSE(world.PortChanged);

@@ -33,8 +33,8 @@ TEST_F(Programm_Haken, stands_without_any_front_end) {
     for (const int code : {0x4B, 0x6F, 0x72, 0x73, 0x81, 0xA1, 0xA2, 0xA3}) {
         Reply(static_cast<std::uint8_t>(code), {});
     }
-    programm.Lauf.Ansicht.Historie_Oeffnen("/q/HIST/H.HST");
-    programm.Lauf.Ansicht.Hauptfenster_Freigeben();
+    programm.Run.Ansicht.Historie_Oeffnen("/q/HIST/H.HST");
+    programm.Run.Ansicht.Hauptfenster_Freigeben();
     programm.Transfer->F13.F13_FormLaden();
     programm.Transfer->F13.Toolbar1_ButtonClick(u8"Zurück"_w);
     EXPECT_FALSE(programm.Transfer->F13.Fenster.Visible);
@@ -43,7 +43,7 @@ TEST_F(Programm_Haken, stands_without_any_front_end) {
 TEST_F(Programm_Haken, shows_a_history_file_through_the_front_end) {
     std::vector<std::string> opened;
     programm.F7_Oeffnen = [&opened](const std::string& path) { opened.push_back(path); };
-    programm.Lauf.Ansicht.Historie_Oeffnen("/q/HIST/H.HST");
+    programm.Run.Ansicht.Historie_Oeffnen("/q/HIST/H.HST");
     EXPECT_THAT(opened, ElementsAre("/q/HIST/H.HST"));
 }
 
@@ -51,7 +51,7 @@ TEST_F(Programm_Haken, a_run_that_goes_back_to_the_grid_closes_progress_and_wait
     programm.Transfer->F9.F9_Zeigen();
     programm.Transfer->F18.F18_Zeigen();
     programm.Transfer->F13.Fenster.Enabled = false;
-    programm.Lauf.Ansicht.Zum_Schlossgitter();
+    programm.Run.Ansicht.Zum_Schlossgitter();
     EXPECT_FALSE(programm.Transfer->F9.Fenster.Visible);
     EXPECT_FALSE(programm.Transfer->F9.Stille.Running());
     EXPECT_FALSE(programm.Transfer->F18.Fenster.Visible);

@@ -104,7 +104,7 @@ TEST_F(Programm_Start, sets_the_defaults) {
     EXPECT_EQ(lauf.Chain.LaufZiel, "");
     EXPECT_EQ(lauf.Progress.TelegramCounter, 0);
     EXPECT_EQ(lauf.List.RunRows, 0);
-    EXPECT_TRUE(programm.Lauf.Gesamtende);
+    EXPECT_TRUE(programm.Run.Gesamtende);
 }
 
 TEST_F(Programm_Start, without_configuration_speaks_german_on_port_1_in_adapter_mode) {

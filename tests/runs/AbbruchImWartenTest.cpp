@@ -22,7 +22,7 @@ Codes BehindTheLock(const Scene& scene) {
 void When_Erasing(Scene& scene, const std::function<void()>& act) {
     scene.world.At(100, [&scene, act] {
         const std::vector<int> codes = scene.DeviceCodes();
-        if (scene.programm->Lauf.Waiting && !codes.empty() && codes.back() == 0x27) {
+        if (scene.programm->Run.Waiting && !codes.empty() && codes.back() == 0x27) {
             act();
         } else {
             When_Erasing(scene, act);
@@ -35,7 +35,7 @@ TEST(Cancel_In_An_Ordered_Wait, closes_the_session_of_a_unit_in_place_of_the_nex
     scene.Begin();
     scene.Start();
     When_Erasing(scene, [&scene] {
-        EXPECT_TRUE(Lauf_Wartet(scene.programm->Lauf));
+        EXPECT_TRUE(Lauf_Wartet(scene.programm->Run));
         scene.programm->Transfer->F9.Command1_Click();
     });
     ASSERT_TRUE(scene.Finish());
@@ -51,7 +51,7 @@ TEST(Cancel_In_An_Ordered_Wait, leaves_a_report_of_what_the_unit_lost) {
     scene.Start();
     When_Erasing(scene, [&scene] { scene.programm->Transfer->F9.Command1_Click(); });
     ASSERT_TRUE(scene.Finish());
-    const auto& units = scene.programm->Lauf.Bericht.Units;
+    const auto& units = scene.programm->Run.Bericht.Units;
     EXPECT_EQ(units[0].End, UnitReport::State::Done);
     EXPECT_EQ(units[1].End, UnitReport::State::BrokenOff);
     EXPECT_EQ(units[1].Progress, (UnitProgress{.Stage = UnitStage::Changed, .Templates = 0, .TemplatesWanted = 1}));
@@ -69,8 +69,8 @@ TEST(Cancel_In_An_Ordered_Wait, of_a_port_that_is_closed_at_once_names_the_unit_
     });
     ASSERT_TRUE(scene.Finish());
     EXPECT_EQ(scene.Outcome(), RunOutcome::Cancelled);
-    EXPECT_EQ(scene.programm->Lauf.Bericht.Units[0].End, UnitReport::State::BrokenOff);
-    EXPECT_EQ(scene.programm->Lauf.Bericht.Units[0].Progress.Stage, UnitStage::Changed);
+    EXPECT_EQ(scene.programm->Run.Bericht.Units[0].End, UnitReport::State::BrokenOff);
+    EXPECT_EQ(scene.programm->Run.Bericht.Units[0].Progress.Stage, UnitStage::Changed);
 }
 
 /// A polled lock whose run is cancelled `afterMs` behind its erase telegram: what went out from that on.
@@ -78,9 +78,9 @@ Codes CancelledPolling(Scene& scene, int afterMs) {
     scene.Begin();
     scene.Start();
     EXPECT_TRUE(scene.world.RunUntil(
-        [&scene] { return scene.programm->Lauf.Timer7.Running() && scene.DeviceCodes().back() == 0x27; }));
+        [&scene] { return scene.programm->Run.Timer7.Running() && scene.DeviceCodes().back() == 0x27; }));
     scene.world.RunFor(afterMs);
-    EXPECT_TRUE(Lauf_Wartet(scene.programm->Lauf));
+    EXPECT_TRUE(Lauf_Wartet(scene.programm->Run));
     scene.programm->Transfer->F9.Command1_Click();
     EXPECT_TRUE(scene.Finish(60000));
     EXPECT_EQ(scene.Outcome(), RunOutcome::Cancelled);
@@ -123,7 +123,7 @@ TEST(Unfinished_Run, names_what_the_lock_did_not_get) {
     scene.Begin();
     scene.Start();
     ASSERT_TRUE(scene.Finish());
-    const RunReport& report = scene.programm->Lauf.Bericht;
+    const RunReport& report = scene.programm->Run.Bericht;
     EXPECT_EQ(report.End, RunOutcome::Incomplete);
     // Login, date, time, priority, erase, calendar switch, two short timer tables, two holiday tables of three parts,
     // four telegrams of the user, timer switch, lock mode, end of data, disconnect.
@@ -148,7 +148,7 @@ TEST(Unfinished_Run, names_what_a_lock_did_not_get_that_became_busy) {
     EXPECT_EQ(scene.Outcome(), RunOutcome::Incomplete);
     EXPECT_EQ(scene.Status(), u8"Nicht vollständig: 2 von 22 Telegrammen wurden vom Schloss nicht bestätigt "
                               u8"(Schlossmodus, Datenende). Bitte wiederholen Sie den Vorgang."_w);
-    EXPECT_EQ(scene.programm->Lauf.Bericht.Text, scene.Status());
+    EXPECT_EQ(scene.programm->Run.Bericht.Text, scene.Status());
 }
 
 } // namespace

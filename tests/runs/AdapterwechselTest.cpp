@@ -31,7 +31,7 @@ struct Adapter_Change : RunFixture {
     }
     void Expect_Programmed() {
         ASSERT_TRUE(Finish());
-        EXPECT_EQ(programm->Lauf.Bericht.End, RunOutcome::Done);
+        EXPECT_EQ(programm->Run.Bericht.End, RunOutcome::Done);
         EXPECT_EQ(Lock(Serial::S).Sessions, 1);
         EXPECT_EQ(world.PortNumber, 1);
     }

@@ -123,13 +123,13 @@ struct Attack : Scene {
                 sent = now;
                 since = world.Elapsed();
             }
-            return programm->Lauf.Gesamtende || world.Elapsed() - since > 8000;
+            return programm->Run.Gesamtende || world.Elapsed() - since > 8000;
         });
-        Ended = programm->Lauf.Gesamtende;
+        Ended = programm->Run.Gesamtende;
         world.RunFor(100);
     }
     void Close() {
-        if (!programm->Lauf.Gesamtende) {
+        if (!programm->Run.Gesamtende) {
             programm->Transfer->F9.Command1_Click();
         }
         programm->Transfer->F9.Command2_Click();
@@ -137,8 +137,8 @@ struct Attack : Scene {
         world.RunFor(7000);
     }
     bool SaysDone() const {
-        const auto& units = programm->Lauf.Bericht.Units;
-        const auto& wanted = programm->Lauf.Daten.Units;
+        const auto& units = programm->Run.Bericht.Units;
+        const auto& wanted = programm->Run.Daten.Units;
         for (std::size_t n = 0; n < units.size(); ++n) {
             if (!OnlyHistory(kind) && wanted[n].UnitPresent && units[n].End != UnitReport::State::Done) {
                 return false;
@@ -147,7 +147,7 @@ struct Attack : Scene {
         return Ended && Outcome() == RunOutcome::Done;
     }
     /// Done without the lock's word that it erased: what it held before may still be there.
-    bool EraseUnsure() const { return !programm->Lauf.Bericht.EraseConfirmed.value_or(true); }
+    bool EraseUnsure() const { return !programm->Run.Bericht.EraseConfirmed.value_or(true); }
     /// The file says that the lock has come to the system's channel.
     bool SaysMoved() { return Searches(kind) && files.File("RFCHANDIF12.RFX").starts_with("7"); }
     Held Now() { return HeldBy(Lock(SerialOf(kind)), system->World().Units); }
@@ -206,8 +206,8 @@ struct Wrong_Reply : ::testing::TestWithParam<RunKind> {
             EXPECT_TRUE(!attack.ReadsEvents() || EventsAreSafe()) << "done, but events are missing";
         }
         if (attack.Ended && attack.Outcome() == RunOutcome::Incomplete) {
-            EXPECT_NE(attack.programm->Lauf.Bericht.Text, "");
-            EXPECT_EQ(attack.Status(), attack.programm->Lauf.Bericht.Text);
+            EXPECT_NE(attack.programm->Run.Bericht.Text, "");
+            EXPECT_EQ(attack.Status(), attack.programm->Run.Bericht.Text);
         }
         const VirtualLock& lock = attack.Lock(SerialOf(GetParam()));
         EXPECT_TRUE(!attack.SaysMoved() || lock.Channel == 7) << "its channel is not where its record says";

@@ -39,7 +39,7 @@ std::string Holders(const Programm& program, const SecretBytes& secret) {
     names += HeldBy(program.Transfer->F11, secret) ? "F11 " : "";
     names += HeldBy(program.Netz, secret) ? "network " : "";
     names += HeldBy(program.Transfer->F91, secret) ? "F91 " : "";
-    names += HeldBy(program.Lauf, secret) ? "run " : "";
+    names += HeldBy(program.Run, secret) ? "run " : "";
     return names;
 }
 

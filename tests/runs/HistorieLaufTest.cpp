@@ -121,7 +121,7 @@ TEST_F(Run_History, a_lock_whose_events_could_not_be_written_is_not_erased) {
     TypeCode("123456");
     ASSERT_TRUE(Finish());
     EXPECT_EQ(Outcome(), RunOutcome::GivenUp);
-    EXPECT_EQ(programm->Lauf.Bericht.HistoryLost, HistoryLoss::Unwritten);
+    EXPECT_EQ(programm->Run.Bericht.HistoryLost, HistoryLoss::Unwritten);
     EXPECT_EQ(Lock(Serial::S).Erases, 0);
     EXPECT_EQ(Sent().back(), 0x05);
 }
@@ -155,7 +155,7 @@ TEST_F(Run_History, that_does_not_reach_the_disk_keeps_the_lock_from_being_erase
     TypeCode("123456");
     ASSERT_TRUE(Finish());
     EXPECT_EQ(Outcome(), RunOutcome::GivenUp);
-    EXPECT_EQ(programm->Lauf.Bericht.HistoryLost, HistoryLoss::Unwritten);
+    EXPECT_EQ(programm->Run.Bericht.HistoryLost, HistoryLoss::Unwritten);
     EXPECT_EQ(Status(), "L277");
     EXPECT_EQ(Lock(Serial::S).Erases, 0);
     EXPECT_EQ(Sent().back(), 0x05);
@@ -189,9 +189,9 @@ TEST_F(Run_History, reading_alone_says_that_events_were_lost) {
     world.Disk.FailFromThere = true;
     TypeCode("123456");
     ASSERT_TRUE(Finish());
-    EXPECT_EQ(programm->Lauf.Bericht.HistoryLost, HistoryLoss::Unwritten);
+    EXPECT_EQ(programm->Run.Bericht.HistoryLost, HistoryLoss::Unwritten);
     EXPECT_EQ(Outcome(), RunOutcome::GivenUp);
-    EXPECT_EQ(programm->Lauf.Bericht.Text, "L277");
+    EXPECT_EQ(programm->Run.Bericht.Text, "L277");
     EXPECT_EQ(Status(), "L277");
     EXPECT_THAT(OpenedHistories, IsEmpty());
 }

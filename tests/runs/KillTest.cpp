@@ -264,7 +264,7 @@ TEST(List_On_A_Full_Disk, without_room_for_the_record_of_its_channel_a_lock_is_f
         run.Run();
         EXPECT_TRUE(disk.failed);
     }
-    EXPECT_TRUE(run.programm->Lauf.Bericht.ChannelUnsaved);
+    EXPECT_TRUE(run.programm->Run.Bericht.ChannelUnsaved);
     EXPECT_EQ(run.Record(), MoveList::OldRecord);
 
     run.expected = CutList::Programmed;

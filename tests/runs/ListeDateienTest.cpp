@@ -52,7 +52,7 @@ TEST_F(List_Files, histories_are_read_beside_a_cut_user_file) {
 TEST_F(List_Files, who_takes_the_files_as_they_are_gets_them) {
     BeginList();
     CutUsers();
-    programm->Lauf.SchadenHinnehmen = true;
+    programm->Run.SchadenHinnehmen = true;
     Prog({1, 2});
     ASSERT_TRUE(FinishList());
     EXPECT_THAT(AllRows(), ElementsAre(Row(">>", "L266"), Row(">>", "L266")));

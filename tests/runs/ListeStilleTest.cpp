@@ -22,7 +22,7 @@ struct List_Silence : ListenFixture {
     /// One telegram of the first lock stays without an answer.
     void Lost(int telegram) { devices.Faults.push_back({.What = SimFault::Kind::Silent, .Telegram = telegram}); }
     bool Silent_For(std::int64_t ms) {
-        return world.RunUntil([this, ms] { return Lauf_Stille(programm->Lauf) >= ms; }, 600000);
+        return world.RunUntil([this, ms] { return Lauf_Stille(programm->Run) >= ms; }, 600000);
     }
     /// How often a code went out.
     auto Count(int code) const {
@@ -41,7 +41,7 @@ TEST_F(List_Silence, of_a_minute_gives_the_row_up_and_the_list_goes_on) {
     world.RunFor(2100);
     EXPECT_EQ(RowAt(1), Failed);
     EXPECT_EQ(Outcome(), RunOutcome::NotReached);
-    EXPECT_EQ(programm->Lauf.Bericht.Text, "L66");
+    EXPECT_EQ(programm->Run.Bericht.Text, "L66");
     ASSERT_TRUE(FinishList());
     EXPECT_THAT(AllRows(), ElementsAre(Failed, Programmed));
     EXPECT_EQ(programm->Transfer->F91.StatusLabel.Text(), "L265");
@@ -132,7 +132,7 @@ TEST_F(List_Silence, does_not_count_while_the_run_itself_waits) {
     programm->Transfer->F91.Geduld = 2;
     std::int64_t waited = 0;
     const std::function<void()> look = [&] {
-        if (programm->Lauf.Waiting) {
+        if (programm->Run.Waiting) {
             waited = std::max(waited, world.World.Milliseconds() - programm->link.Lauf.Chain.LastAnswer);
         }
         world.At(100, look);

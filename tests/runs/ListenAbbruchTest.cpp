@@ -31,7 +31,7 @@ struct List_Cancel : ListenFixture {
         files.Template(250, "8001", {3, 0, 1});
         Note = "  /  L273";
     }
-    Programmierlauf& Run() { return programm->Lauf; }
+    Programmierlauf& Run() { return programm->Run; }
     /// Runs both locks and presses the list's cancel button when `now` says so.
     void CancelWhen(const std::function<bool()>& now) {
         BeginList();

@@ -133,7 +133,7 @@ TEST_F(List_Run, a_late_refusal_between_two_rows_changes_nothing) {
     programm->link.Rx.RxBuffer[2] = 0x69;
     programm->link.Rx.RxBuffer[3] = 0x65;
     programm->link.Rx.RxLength = 13;
-    Antwort_Verteilen(programm->Lauf);
+    Antwort_Verteilen(programm->Run);
     EXPECT_EQ(programm->link.Lauf.List.RunRow, 2);
     ASSERT_TRUE(FinishList());
     EXPECT_THAT(AllRows(), ElementsAre(Programmed, Programmed));
@@ -443,8 +443,8 @@ TEST_F(List_Run, a_serial_refusal_is_no_news_of_a_row_that_a_network_adapter_has
     BeginList({1});
     Prog({1, 2});
     world.RunUntil([this] { return programm->Transfer->F91.Arbeit() == F91::Work::Network; });
-    Schritt_Karte_Abgelehnt(programm->Lauf);
-    Schritt_Abgelehnt(programm->Lauf);
+    Schritt_Karte_Abgelehnt(programm->Run);
+    Schritt_Abgelehnt(programm->Run);
     EXPECT_EQ(RowAt(1), Row("*", "L259"));
     EXPECT_EQ(programm->link.Lauf.List.RunRow, 1);
 }

@@ -18,10 +18,10 @@ struct Run_List_Row : RunFixture {
     /// Starts the run of lock 1 as the only row of a list.
     void StartRow(bool history = false) {
         Begin();
-        programm->Lauf.Liste = {.Zeile_Markieren = [this](const std::string& mark,
-                                                          const std::string& text) { Marks.emplace_back(mark, text); },
-                                .Naechste_Zeile = [this] { ++NextRows; },
-                                .Stoppen = [this] { ++Stops; }};
+        programm->Run.Liste = {.Zeile_Markieren = [this](const std::string& mark,
+                                                         const std::string& text) { Marks.emplace_back(mark, text); },
+                               .Naechste_Zeile = [this] { ++NextRows; },
+                               .Stoppen = [this] { ++Stops; }};
         if (history) {
             History(1);
         } else {

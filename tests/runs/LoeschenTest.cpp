@@ -30,7 +30,7 @@ struct Polled_Erase : ::testing::Test {
         scene.Start();
         ASSERT_TRUE(scene.Finish(60000));
     }
-    std::optional<bool> Confirmed() const { return scene.programm->Lauf.Bericht.EraseConfirmed; }
+    std::optional<bool> Confirmed() const { return scene.programm->Run.Bericht.EraseConfirmed; }
     std::size_t Users() { return scene.Lock(Serial::Z).Users.size(); }
 };
 
@@ -75,7 +75,7 @@ TEST_F(Polled_Erase, whose_acknowledge_comes_late_is_done_and_confirmed) {
         again.Start();
         ASSERT_TRUE(again.Finish(60000));
         EXPECT_EQ(again.Outcome(), RunOutcome::Done);
-        EXPECT_EQ(again.programm->Lauf.Bericht.EraseConfirmed, true);
+        EXPECT_EQ(again.programm->Run.Bericht.EraseConfirmed, true);
         EXPECT_EQ(again.Status(), "L110");
     }
 }

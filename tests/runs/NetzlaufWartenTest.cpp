@@ -49,11 +49,11 @@ TEST_F(Net_Row_Waits, the_silence_counts_from_the_last_telegram_or_reply) {
     Prog({1});
     world.RunUntil([this] { return programm->Transfer->F91.Steht; });
     // The last of four telegrams, 4 s apart, went out 4 s ago.
-    EXPECT_EQ(Netz_Stille(programm->Netz), 4000);
+    EXPECT_EQ(Net_Stille(programm->Netz), 4000);
     world.RunFor(3000);
     NetReply(0x14);
     world.RunFor(20);
-    EXPECT_LT(Netz_Stille(programm->Netz), 20);
+    EXPECT_LT(Net_Stille(programm->Netz), 20);
 }
 
 TEST_F(Net_Row_Waits, tells_how_long_an_adapter_that_programs_has) {

@@ -104,7 +104,7 @@ TEST_F(Run_End, reasons_that_mean_nothing_to_a_run_leave_it_standing_until_the_c
         programm->Transfer->F9.Command1_Click();
         EXPECT_TRUE(programm->Transfer->F9.Command2.Enabled);
         programm->Transfer->F9.Command2_Click();
-        EXPECT_TRUE(programm->Lauf.Gesamtende);
+        EXPECT_TRUE(programm->Run.Gesamtende);
         EXPECT_EQ(Outcome(), RunOutcome::Cancelled);
         EXPECT_FALSE(world.PortOpen);
         Expect_Next_Run_Works();
@@ -130,7 +130,7 @@ TEST_F(Run_End, a_busy_lock_is_asked_39_times_more_and_then_given_up) {
     EXPECT_EQ(std::count(sent.begin(), sent.end(), 0x05), 39);
     EXPECT_EQ(Outcome(), RunOutcome::GivenUp);
     EXPECT_THAT(Status(), ::testing::StartsWith(u8"Nicht vollständig: "_w));
-    EXPECT_EQ(Status(), programm->Lauf.Bericht.Text);
+    EXPECT_EQ(Status(), programm->Run.Bericht.Text);
     Expect_Next_Run_Works();
 }
 

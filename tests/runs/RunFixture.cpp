@@ -103,7 +103,7 @@ void RunFixture::History(int lock, std::string_view code) {
 }
 
 bool RunFixture::Finish(std::int64_t limitMs) {
-    const bool ended = world.RunUntil([this] { return programm->Lauf.Gesamtende; }, limitMs);
+    const bool ended = world.RunUntil([this] { return programm->Run.Gesamtende; }, limitMs);
     world.RunFor(100);
     return ended;
 }

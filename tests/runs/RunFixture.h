@@ -60,7 +60,7 @@ struct RunFixture : ::testing::Test {
     /// Codes of all telegrams that reached the devices or the adapter.
     Codes Sent() const;
     std::string Status() const { return programm->Transfer->F9.StatusLabel.Text; }
-    RunOutcome Outcome() const { return programm->Lauf.Bericht.End; }
+    RunOutcome Outcome() const { return programm->Run.Bericht.End; }
 };
 
 DeviceAddress AddressOf(std::string_view serial);

@@ -31,7 +31,7 @@ struct Run_Picture : SmallRun {
     /// The status says what the lock has not got.
     void Expect_Missing(int sign, std::string_view outcome) {
         EXPECT_EQ(programm->Transfer->F9.StatusLabel.Text().substr(0, 17), u8"Nicht vollständig"_w);
-        Expect_Picture(programm->Lauf.Bericht.Text, sign, outcome);
+        Expect_Picture(programm->Run.Bericht.Text, sign, outcome);
     }
     void CancelAfter(std::size_t telegrams) {
         Program(1);
@@ -124,8 +124,8 @@ TEST_F(Run_Picture, of_a_run_without_a_port_gives_the_reason) {
     world.PortCanOpen = false;
     Program(1);
     ASSERT_TRUE(Finish());
-    Expect_Picture(programm->Lauf.Bericht.Text, RunSign::Failed, "");
-    EXPECT_NE(programm->Lauf.Bericht.Text, "");
+    Expect_Picture(programm->Run.Bericht.Text, RunSign::Failed, "");
+    EXPECT_NE(programm->Run.Bericht.Text, "");
 }
 
 TEST_F(Run_Picture, of_a_history_that_could_not_be_kept_is_line_277) {

@@ -15,7 +15,7 @@ TEST_P(Run_Progress, fills_the_bar_exactly_at_the_end_of_a_good_run_and_takes_no
     Scene scene(GetParam());
     scene.Begin();
     const F9& window = scene.programm->Transfer->F9;
-    const Programmierlauf& run = scene.programm->Lauf;
+    const Programmierlauf& run = scene.programm->Run;
     int before = 0;
     bool endless = false;
     const auto devices = scene.world.OnWrite;
@@ -58,7 +58,7 @@ TEST_F(Run_Step, is_told_in_words_from_the_login_to_the_end) {
     std::vector<std::string> steps;
     const auto lock = world.OnWrite;
     world.OnWrite = [&](std::span<const std::uint8_t> bytes) {
-        const std::string step = Lauf_Fortschritt(programm->Lauf).Step;
+        const std::string step = Lauf_Fortschritt(programm->Run).Step;
         if (steps.empty() || steps.back() != step) {
             steps.push_back(step);
         }
@@ -69,7 +69,7 @@ TEST_F(Run_Step, is_told_in_words_from_the_login_to_the_end) {
     EXPECT_THAT(steps, ElementsAre("Anmeldung", "Datum und Uhrzeit", "Priorit\xE4t", "L\xF6schen", "Kalenderschalter",
                                    "Schaltuhr", "Feiertage", "Benutzer 1 von 3", "Benutzer 2 von 3", "Benutzer 3 von 3",
                                    "Schaltuhrschalter", "Schlossmodus", "Datenende", "Abmeldung"));
-    EXPECT_EQ(Lauf_Fortschritt(programm->Lauf).Step, "");
+    EXPECT_EQ(Lauf_Fortschritt(programm->Run).Step, "");
 }
 
 TEST_F(Run_Step, counts_the_events_whose_number_nobody_knows) {
@@ -84,7 +84,7 @@ TEST_F(Run_Step, counts_the_events_whose_number_nobody_knows) {
     Begin();
     History(1);
     EXPECT_FALSE(Finish(20000));
-    EXPECT_EQ(Fortschritt_Text(programm->kern, Lauf_Fortschritt(programm->Lauf)), "Historie, 2 Ereignisse");
+    EXPECT_EQ(Fortschritt_Text(programm->kern, Lauf_Fortschritt(programm->Run)), "Historie, 2 Ereignisse");
     EXPECT_EQ(programm->Transfer->F9.SchrittLabel.Text(), "Historie, 2 Ereignisse");
     EXPECT_EQ(programm->Transfer->F9.Balken1.Maximum(), 0);
     for (const auto& [language, text] :
@@ -109,9 +109,9 @@ TEST_F(Run_Step, names_a_unit_and_its_templates) {
     programm->Transfer->F13.FGK13_Click(1, F13Column::Program);
     TypeCode("123456");
     world.RunUntil([this] { return !system->Codes().empty() && system->Codes().back() == 0x49; });
-    EXPECT_EQ(Lauf_Fortschritt(programm->Lauf).Step, "Funkeinheit Leser");
+    EXPECT_EQ(Lauf_Fortschritt(programm->Run).Step, "Funkeinheit Leser");
     world.RunUntil([this] { return system->Codes().back() == 0x4A; });
-    EXPECT_EQ(Lauf_Fortschritt(programm->Lauf).Step, "Funkeinheit Leser, Fingervorlage 1 von 1");
+    EXPECT_EQ(Lauf_Fortschritt(programm->Run).Step, "Funkeinheit Leser, Fingervorlage 1 von 1");
 }
 
 TEST_F(Run_Step, stands_with_the_share_that_is_done_and_the_time_left) {
@@ -119,23 +119,23 @@ TEST_F(Run_Step, stands_with_the_share_that_is_done_and_the_time_left) {
     Program(1);
     // Login, date, time, priority, erase, calendar, two of timers, six of holidays; four a user; timer switch, mode,
     // end of data, disconnect: 14, 12 and 4.
-    RunAccount& account = programm->Lauf.Konto;
+    RunAccount& account = programm->Run.Konto;
     ASSERT_EQ(account.Items.size(), 30U);
     for (std::size_t n = 0; n < 15; ++n) {
         account.Items[n].Is = AccountItem::State::Acknowledged;
     }
     account.Awaited = 15;
-    programm->Lauf.Tempo = {.Since = programm->kern.Welt.Milliseconds() - 60000, .Done = 0};
+    programm->Run.Tempo = {.Since = programm->kern.Welt.Milliseconds() - 60000, .Done = 0};
     // 15 of 30 in a minute.
-    EXPECT_EQ(Fortschritt_Text(programm->kern, Lauf_Fortschritt(programm->Lauf)),
+    EXPECT_EQ(Fortschritt_Text(programm->kern, Lauf_Fortschritt(programm->Run)),
               "50 %, Benutzer 1 von 3, noch etwa 60 s");
-    programm->Lauf.Tempo.Since -= 75000;
-    EXPECT_EQ(Fortschritt_Text(programm->kern, Lauf_Fortschritt(programm->Lauf)),
+    programm->Run.Tempo.Since -= 75000;
+    EXPECT_EQ(Fortschritt_Text(programm->kern, Lauf_Fortschritt(programm->Run)),
               "50 %, Benutzer 1 von 3, noch etwa 3 min");
-    programm->Lauf.Tempo.Done = 11; // four telegrams are too few to go by
-    EXPECT_EQ(Fortschritt_Text(programm->kern, Lauf_Fortschritt(programm->Lauf)), "50 %, Benutzer 1 von 3");
+    programm->Run.Tempo.Done = 11; // four telegrams are too few to go by
+    EXPECT_EQ(Fortschritt_Text(programm->kern, Lauf_Fortschritt(programm->Run)), "50 %, Benutzer 1 von 3");
     programm->kern.Config.Sprache = "English";
-    EXPECT_EQ(Fortschritt_Text(programm->kern, Lauf_Fortschritt(programm->Lauf)), "50 %, user 1 of 3");
+    EXPECT_EQ(Fortschritt_Text(programm->kern, Lauf_Fortschritt(programm->Run)), "50 %, user 1 of 3");
 }
 
 TEST_F(Run_Step, leaves_out_what_a_unit_that_failed_was_to_get) {

@@ -145,7 +145,7 @@ struct Disturbed_Run : ::testing::TestWithParam<RunKind> {
 
     /// Closes what is left of the run, as an operator would, puts the adapter back and runs once more.
     static void Expect_Ready(Scene& scene) {
-        if (!scene.programm->Lauf.Gesamtende) {
+        if (!scene.programm->Run.Gesamtende) {
             scene.programm->Transfer->F9.Command1_Click();
             scene.programm->Transfer->F9.Command2_Click();
             EXPECT_EQ(scene.Outcome(), RunOutcome::Cancelled);

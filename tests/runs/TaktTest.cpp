@@ -102,7 +102,7 @@ TEST_F(Run_Waits, the_second_bar_moves_every_half_second_at_the_end_of_a_first_p
     };
     Program(1);
     ASSERT_TRUE(world.RunUntil([&] { return asked; }));
-    EXPECT_TRUE(programm->Lauf.Timer6.Running());
+    EXPECT_TRUE(programm->Run.Timer6.Running());
     const auto bar = [&] { return static_cast<int>(programm->link.Lauf.Progress.SecondProgress); };
     const int begin = bar();
     world.RunFor(499);

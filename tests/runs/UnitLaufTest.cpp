@@ -154,8 +154,8 @@ TEST_F(Run_Units, a_unit_of_type_2_that_is_nowhere_ends_the_run_with_the_units_b
     EXPECT_EQ(std::count(behind.begin(), behind.end(), 0x04), 0);
     EXPECT_EQ(Status(), "L66");
     EXPECT_EQ(Outcome(), RunOutcome::NotReached);
-    EXPECT_EQ(programm->Lauf.Bericht.Units[0].End, UnitReport::State::Failed);
-    EXPECT_EQ(programm->Lauf.Bericht.Units[1].End, UnitReport::State::Untried);
+    EXPECT_EQ(programm->Run.Bericht.Units[0].End, UnitReport::State::Failed);
+    EXPECT_EQ(programm->Run.Bericht.Units[1].End, UnitReport::State::Untried);
     EXPECT_TRUE(programm->Transfer->F9.Command2.Enabled);
 }
 
@@ -170,7 +170,7 @@ TEST_F(Run_Units, a_unit_of_type_1_that_does_not_answer_is_tried_twice_and_the_l
     EXPECT_THAT(Behind(), ElementsAre(0x04, 0x04));
     EXPECT_EQ(Outcome(), RunOutcome::NotReached);
     EXPECT_EQ(world.Disk.Files["/q/DAT/RFCHANDIF12.RFX"].substr(9, 1), "0");
-    EXPECT_EQ(programm->Lauf.Bericht.Units[1].End, UnitReport::State::Untried);
+    EXPECT_EQ(programm->Run.Bericht.Units[1].End, UnitReport::State::Untried);
 }
 
 TEST_F(Run_Units, a_unit_of_type_1_that_refuses_stays_unticked_and_the_next_one_follows) {
@@ -184,8 +184,8 @@ TEST_F(Run_Units, a_unit_of_type_1_that_refuses_stays_unticked_and_the_next_one_
     EXPECT_THAT(Behind(), ElementsAre(0x04, 0x04, 0x3D, 0x05));
     EXPECT_FALSE(programm->Transfer->F9.Check[1].Checked);
     EXPECT_TRUE(programm->Transfer->F9.Check[2].Checked);
-    EXPECT_EQ(programm->Lauf.Bericht.Units[0].End, UnitReport::State::Failed);
-    EXPECT_EQ(programm->Lauf.Bericht.Units[1].End, UnitReport::State::Done);
+    EXPECT_EQ(programm->Run.Bericht.Units[0].End, UnitReport::State::Failed);
+    EXPECT_EQ(programm->Run.Bericht.Units[1].End, UnitReport::State::Done);
 }
 
 TEST_F(Run_Units, a_unit_busy_with_erasing_is_asked_up_to_twenty_times_more) {
@@ -196,7 +196,7 @@ TEST_F(Run_Units, a_unit_busy_with_erasing_is_asked_up_to_twenty_times_more) {
     ASSERT_TRUE(Finish());
     const Codes behind = Behind();
     EXPECT_EQ(std::count(behind.begin(), behind.end(), 0x27), 21);
-    EXPECT_EQ(programm->Lauf.Bericht.Units[0].End, UnitReport::State::Done);
+    EXPECT_EQ(programm->Run.Bericht.Units[0].End, UnitReport::State::Done);
 }
 
 TEST_F(Run_Units, a_unit_that_never_erases_is_disconnected_after_twenty_repeats_and_the_next_one_is_not_tried) {
@@ -209,9 +209,9 @@ TEST_F(Run_Units, a_unit_that_never_erases_is_disconnected_after_twenty_repeats_
     const Codes behind = Behind();
     EXPECT_EQ(std::count(behind.begin(), behind.end(), 0x27), 21);
     EXPECT_THAT(Codes(behind.end() - 2, behind.end()), ElementsAre(0x05, 0x03));
-    EXPECT_EQ(programm->Lauf.Bericht.Units[0].End, UnitReport::State::Failed);
+    EXPECT_EQ(programm->Run.Bericht.Units[0].End, UnitReport::State::Failed);
     EXPECT_FALSE(programm->Transfer->F9.Check[1].Checked);
-    EXPECT_EQ(programm->Lauf.Bericht.Units[1].End, UnitReport::State::Untried);
+    EXPECT_EQ(programm->Run.Bericht.Units[1].End, UnitReport::State::Untried);
     EXPECT_EQ(Outcome(), RunOutcome::NotReached);
     EXPECT_EQ(Status(), "L66");
 }
@@ -235,8 +235,8 @@ TEST_F(Run_Units, a_status_of_a_block_is_noted_and_the_session_goes_on) {
     Begin();
     ProgramWithFinger();
     ASSERT_TRUE(Finish());
-    EXPECT_EQ(programm->Lauf.Bericht.Units[0].Note, "FS-Memory Full");
-    EXPECT_EQ(programm->Lauf.Bericht.Units[0].End, UnitReport::State::Done);
+    EXPECT_EQ(programm->Run.Bericht.Units[0].Note, "FS-Memory Full");
+    EXPECT_EQ(programm->Run.Bericht.Units[0].End, UnitReport::State::Done);
     EXPECT_EQ(Outcome(), RunOutcome::Done);
 }
 
@@ -248,7 +248,7 @@ TEST_F(Run_Units, a_block_that_is_not_accepted_fails_the_unit_and_the_next_one_f
     Begin();
     ProgramWithFinger();
     ASSERT_TRUE(Finish());
-    const auto& units = programm->Lauf.Bericht.Units;
+    const auto& units = programm->Run.Bericht.Units;
     EXPECT_EQ(units[0].End, UnitReport::State::Failed);
     EXPECT_EQ(units[0].Note, "FS-ERROR");
     EXPECT_EQ(units[0].Progress, (UnitProgress{.Stage = UnitStage::Changed, .Templates = 0, .TemplatesWanted = 1}));
@@ -266,7 +266,7 @@ TEST_F(Run_Units, one_of_a_type_that_nobody_knows_leaves_the_run_unfinished) {
     Program(1);
     ASSERT_TRUE(Finish());
     EXPECT_THAT(Behind(), IsEmpty());
-    EXPECT_EQ(programm->Lauf.Bericht.Units[0].End, UnitReport::State::Failed);
+    EXPECT_EQ(programm->Run.Bericht.Units[0].End, UnitReport::State::Failed);
     EXPECT_EQ(Outcome(), RunOutcome::Incomplete);
 }
 

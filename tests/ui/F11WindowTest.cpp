@@ -28,7 +28,7 @@ struct F11_Window : UiFixture {
             AddAdapter("00.11.22.44", "NETWORK-1 Nordhalle", "2");
         }
         programm->link.Lauf.Order.What = RunTask::HistoryOnly;
-        programm->Lauf.link.Lauf.List.RunRows = listRows;
+        programm->Run.link.Lauf.List.RunRows = listRows;
         window = std::make_unique<ui::F11Window>(programm->Transfer->F11, nullptr);
         programm->Transfer->F11.F11_Laden(F11Opener::F13, "");
         Present(*window);
@@ -71,7 +71,7 @@ TEST_F(F11_Window, names_the_lock_over_the_code_and_nothing_for_a_list) {
     EXPECT_EQ(lock->text(), QString::fromUtf8("Schloss 3: Tür"));
     EXPECT_TRUE(lock->isVisible());
     EXPECT_LT(lock->geometry().bottom(), Find<QLabel>("F11.Prompt")->geometry().top());
-    programm->Lauf.link.Lauf.List.RunRows = 2;
+    programm->Run.link.Lauf.List.RunRows = 2;
     programm->Transfer->F11.F11_Laden(F11Opener::F13, "");
     EXPECT_FALSE(lock->isVisible());
     window.reset();

@@ -25,8 +25,8 @@ struct F9_Window : UiFixture {
         Start(language);
         window = std::make_unique<ui::F9Window>(programm->Transfer->F9, nullptr);
         programm->link.Lauf.Order.LockName = "Haupteingang";
-        programm->Lauf.Daten.Units[0].Name = "Schranke Nord";
-        programm->Lauf.Daten.Units[3].Name = "Leser";
+        programm->Run.Daten.Units[0].Name = "Schranke Nord";
+        programm->Run.Daten.Units[3].Name = "Leser";
         programm->Transfer->F9.F9_Vorbereiten(140);
         programm->Transfer->F9.F9_Zeigen();
         programm->Transfer->F9.Stille.Stop();
@@ -57,15 +57,15 @@ TEST_F(F9_Window, shows_the_lock_and_only_the_units_that_there_are) {
 TEST_F(F9_Window, follows_the_bars_and_the_state_report) {
     Open();
     auto* bar = Find<QProgressBar>("F9.Balken1");
-    programm->Lauf.Konto = Konto_Anlegen(programm->Lauf.link.Lauf, programm->Lauf.Daten);
-    programm->Lauf.Gesamtende = false;
-    const int all = programm->Lauf.Konto.Gesamt();
-    programm->Lauf.Konto.Items[0].Is = AccountItem::State::Acknowledged;
+    programm->Run.Konto = Konto_Anlegen(programm->Run.link.Lauf, programm->Run.Daten);
+    programm->Run.Gesamtende = false;
+    const int all = programm->Run.Konto.Gesamt();
+    programm->Run.Konto.Items[0].Is = AccountItem::State::Acknowledged;
     programm->Transfer->F9.Fortschritt();
     EXPECT_EQ(bar->maximum(), all);
     EXPECT_EQ(bar->value(), 1);
     EXPECT_EQ(Find<QLabel>("F9.SchrittLabel")->text(), QString::fromUtf8("5 %, Löschen"));
-    programm->Lauf.Konto.Items[0] = {.Part = AccountPart::History, .Code = 0x17};
+    programm->Run.Konto.Items[0] = {.Part = AccountPart::History, .Code = 0x17};
     programm->Transfer->F9.Fortschritt();
     EXPECT_EQ(bar->maximum(), 0); // which the toolkit shows as an end that nobody knows
     EXPECT_EQ(Find<QLabel>("F9.SchrittLabel")->text(), QString::fromUtf8("Historie, 0 Ereignisse"));
@@ -78,7 +78,7 @@ TEST_F(F9_Window, shows_and_says_how_the_run_ended) {
     Open();
     auto* sign = Find<QLabel>("F9.Zeichen");
     EXPECT_TRUE(sign->pixmap(Qt::ReturnByValue).isNull());
-    RunReport& report = programm->Lauf.Bericht;
+    RunReport& report = programm->Run.Bericht;
     report.End = RunOutcome::Incomplete;
     report.Text = "Es fehlt etwas.";
     report.Lock = LockData::Incomplete;
@@ -130,7 +130,7 @@ TEST_F(F9_Window, does_not_jump_when_things_come_and_go) {
 TEST_F(F9_Window, closes_with_return_once_the_run_has_ended) {
     Open();
     programm->Transfer->F9.Fertig(110);
-    programm->Lauf.Gesamtende = true;
+    programm->Run.Gesamtende = true;
     QTest::keyClick(window.get(), Qt::Key_Return);
     EXPECT_FALSE(window->isVisible());
 }
@@ -215,12 +215,12 @@ TEST_P(F9_Sprachen, fits_every_text) {
 
 TEST_P(F9_Sprachen, grows_for_a_long_reason) {
     Open(GetParam());
-    RunReport& report = programm->Lauf.Bericht;
+    RunReport& report = programm->Run.Bericht;
     report.End = RunOutcome::Incomplete;
     report.Lock = LockData::Incomplete;
     // A lock that was erased and got nothing else.
-    programm->Lauf.Konto = Konto_Anlegen(programm->Lauf.link.Lauf, programm->Lauf.Daten);
-    report.Text = Konto_Fehlendes(programm->kern, programm->Lauf.Konto);
+    programm->Run.Konto = Konto_Anlegen(programm->Run.link.Lauf, programm->Run.Daten);
+    report.Text = Konto_Fehlendes(programm->kern, programm->Run.Konto);
     ASSERT_GT(report.Text.size(), 150U); // more than two lines
     programm->Transfer->F9.Fertig(0);
     Settle();
@@ -270,7 +270,7 @@ TEST_F(F18_Window, shows_the_channels_tried_and_ends_the_search_by_button_escape
     Start();
     ui::F18Window window(programm->Transfer->F18, nullptr);
     for (int way = 0; way < 3; ++way) {
-        programm->Lauf.link.Lauf.Chain.KanalIndex = 0;
+        programm->Run.link.Lauf.Chain.KanalIndex = 0;
         programm->Transfer->F18.F18_Zeigen();
         Present(window);
         programm->Transfer->F18.Balken.Value = 118;
@@ -283,7 +283,7 @@ TEST_F(F18_Window, shows_the_channels_tried_and_ends_the_search_by_button_escape
         } else {
             window.close();
         }
-        EXPECT_EQ(programm->Lauf.link.Lauf.Chain.KanalIndex, 12) << way;
+        EXPECT_EQ(programm->Run.link.Lauf.Chain.KanalIndex, 12) << way;
         EXPECT_FALSE(window.isVisible()) << way;
     }
 }

@@ -211,32 +211,32 @@ void Fensterschau::markedLocks() {
 
 void Fensterschau::progress() {
     F9& f9 = programm_->Transfer->F9;
-    programm_->Lauf.Daten.Units[0].Name = "Leser Serverraum";
+    programm_->Run.Daten.Units[0].Name = "Leser Serverraum";
     f9.F9_Vorbereiten(140);
     f9.F9_Zeigen();
     f9.Stille.Stop();
-    programm_->Lauf.Gesamtende = false;
-    programm_->Lauf.Konto = Konto_Anlegen(programm_->Lauf.link.Lauf, programm_->Lauf.Daten);
+    programm_->Run.Gesamtende = false;
+    programm_->Run.Konto = Konto_Anlegen(programm_->Run.link.Lauf, programm_->Run.Daten);
     for (std::size_t n = 0; n < 6; ++n) {
-        programm_->Lauf.Konto.Items[n].Is = AccountItem::State::Acknowledged;
+        programm_->Run.Konto.Items[n].Is = AccountItem::State::Acknowledged;
     }
-    programm_->Lauf.Tempo.Since = programm_->kern.Welt.Milliseconds() - 5000;
-    programm_->Lauf.link.Lauf.Progress.SecondProgress = 12;
+    programm_->Run.Tempo.Since = programm_->kern.Welt.Milliseconds() - 5000;
+    programm_->Run.link.Lauf.Progress.SecondProgress = 12;
     f9.Fortschritt();
     f9.StilleLabel.Text = programm_->kern.Zeile(274) + " 12 s";
     f9.StilleLabel.Visible = true;
     take(windows_->Transfer.f9, "F9");
     f9.Zustand_Zeigen(0x20, programm_->kern.Zeile(114));
     f9.Ankreuzen(1);
-    programm_->Lauf.Gesamtende = true;
-    programm_->Lauf.Bericht.End = RunOutcome::Cancelled;
-    programm_->Lauf.Bericht.Lock = LockData::Incomplete;
+    programm_->Run.Gesamtende = true;
+    programm_->Run.Bericht.End = RunOutcome::Cancelled;
+    programm_->Run.Bericht.Lock = LockData::Incomplete;
     f9.Fertig(82);
     take(windows_->Transfer.f9, "F9-cancelled");
-    for (AccountItem& item : programm_->Lauf.Konto.Items) {
+    for (AccountItem& item : programm_->Run.Konto.Items) {
         item.Is = AccountItem::State::Acknowledged;
     }
-    programm_->Lauf.Bericht.End = RunOutcome::Done;
+    programm_->Run.Bericht.End = RunOutcome::Done;
     f9.Fertig(110);
     take(windows_->Transfer.f9, "F9-finished");
     f9.Fenster.Visible = false;
@@ -248,7 +248,7 @@ void Fensterschau::list() {
     for (int row = 1; row <= 5; ++row) {
         f91.Listenzeile_Uebernehmen(programm_->Transfer->F13.FGK13, row, row);
     }
-    programm_->Lauf.link.Lauf.List.RunRows = 5;
+    programm_->Run.link.Lauf.List.RunRows = 5;
     programm_->Transfer->F11.F11_Laden(F11Opener::F13, "/46/108/1/2");
     take(windows_->Transfer.f11, "F11-list");
     programm_->Transfer->F11.Fenster.Visible = false;

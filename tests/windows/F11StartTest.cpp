@@ -149,8 +149,8 @@ TEST_F(F11_OK, without_a_port_sends_nothing_and_ends_the_run) {
     world.PortCanOpen = false;
     Ok();
     EXPECT_THAT(world.Written, IsEmpty());
-    EXPECT_TRUE(programm->Lauf.Gesamtende);
-    EXPECT_EQ(programm->Lauf.Bericht.End, RunOutcome::NoPort);
+    EXPECT_TRUE(programm->Run.Gesamtende);
+    EXPECT_EQ(programm->Run.Bericht.End, RunOutcome::NoPort);
     EXPECT_TRUE(programm->Transfer->F9.Fenster.Visible);
     EXPECT_TRUE(programm->Transfer->F9.Command2.Enabled);
     programm->Transfer->F9.Command2_Click();
@@ -164,7 +164,7 @@ TEST_F(F11_OK, without_a_port_the_report_says_why_in_the_language_in_use) {
     world.PortCanOpen = false;
     world.PortFaultNow = PortFault{.What = PortFault::Kind::HeldByService, .Device = "ttyUSB0", .Detail = "brltty"};
     Ok();
-    EXPECT_EQ(programm->Lauf.Bericht.Text, u8"ttyUSB0 wird gerade vom Systemdienst brltty geprüft."_w);
+    EXPECT_EQ(programm->Run.Bericht.Text, u8"ttyUSB0 wird gerade vom Systemdienst brltty geprüft."_w);
 }
 
 // ---- the first bar's maximum

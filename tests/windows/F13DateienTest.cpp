@@ -48,7 +48,7 @@ TEST_F(F13_Dateien, yes_goes_on_with_what_the_file_holds) {
     ExpectAny(Answer::Yes);
     Click(1, F13Column::Program);
     EXPECT_TRUE(StartOpen());
-    EXPECT_EQ(programm->Lauf.Daten.Slots.size(), 1U);
+    EXPECT_EQ(programm->Run.Daten.Slots.size(), 1U);
 }
 
 TEST_F(F13_Dateien, a_file_that_cannot_be_read_is_told_and_no_answer_helps) {

@@ -102,7 +102,7 @@ TEST_F(F13_Klick, of_a_lock_that_moves_cancel_ends_with_its_dataset_gathered) {
     EXPECT_FALSE(StartOpen());
     EXPECT_TRUE(GridEnabled());
     EXPECT_EQ(Mark(1), "X");
-    EXPECT_EQ(programm->Lauf.Daten.Slots.size(), 1U);
+    EXPECT_EQ(programm->Run.Daten.Slots.size(), 1U);
     EXPECT_EQ(Lauf().Chain.KanalSuche, 0);
 }
 

@@ -54,7 +54,7 @@ TEST_F(F13_Klick, nothing_of_an_earlier_run_reaches_the_next) {
 
     Lauf().Chain.LaufZiel = "UNIT"; // of a window that has opened meanwhile
     const RunOrder order = Lauf().Order;
-    Lauf_Beginnen(programm->Lauf, order);
+    Lauf_Beginnen(programm->Run, order);
     ChainState begun;
     begun.Phase = RunPhase::Open;
     begun.LastAnswer = world.World.Milliseconds();
@@ -199,7 +199,7 @@ TEST_F(F13_Klick, the_values_of_the_dataset_stand_when_the_dialog_opens) {
     files.User(1, {.Name = "Anna", .Marks = {{1, 'X'}}});
     Open();
     OpenStart();
-    EXPECT_EQ(programm->Lauf.Daten.Slots.size(), 1U);
+    EXPECT_EQ(programm->Run.Daten.Slots.size(), 1U);
     EXPECT_EQ(Lauf().Values.FlagLockTimer, 0);
     EXPECT_EQ(Lauf().Values.FlagCalendar, 1);
     EXPECT_EQ(Lauf().Values.FlagSetClock, 0);

@@ -69,11 +69,11 @@ TEST_F(F18_Wartebox, its_button_closes_it_and_ends_the_search_at_the_next_reply)
     Box().Command1_Click();
     EXPECT_EQ(Lauf().Chain.KanalIndex, 12);
     EXPECT_FALSE(Box().Fenster.Visible);
-    EXPECT_FALSE(programm->Lauf.Gesamtende);
+    EXPECT_FALSE(programm->Run.Gesamtende);
     EXPECT_THAT(SentCodes(), ElementsAre(0x04, 0x04));
     Expect(67);
     Refuse();
-    EXPECT_TRUE(programm->Lauf.Gesamtende);
+    EXPECT_TRUE(programm->Run.Gesamtende);
     EXPECT_THAT(SentCodes(), ElementsAre(0x04, 0x04));
 }
 
@@ -87,7 +87,7 @@ TEST_F(F18_Wartebox, left_in_a_silent_search_says_how_that_ends_and_counts_nothi
     world.RunFor(20000);
     EXPECT_FALSE(window.StilleLabel.Visible);
     programm->Transfer->F9.Command2_Click();
-    EXPECT_EQ(programm->Lauf.Bericht.End, RunOutcome::Cancelled);
+    EXPECT_EQ(programm->Run.Bericht.End, RunOutcome::Cancelled);
     EXPECT_TRUE(programm->Transfer->F13.Fenster.Enabled);
 }
 
@@ -103,7 +103,7 @@ TEST_F(F18_Wartebox, left_before_a_channel_answers_gives_the_run_no_close_button
     Box().Command1_Click();
     EXPECT_TRUE(programm->Transfer->F9.Command2.Enabled);
     ChannelSet();
-    EXPECT_FALSE(programm->Lauf.Gesamtende);
+    EXPECT_FALSE(programm->Run.Gesamtende);
     EXPECT_FALSE(programm->Transfer->F9.Command2.Enabled);
 }
 
@@ -126,8 +126,8 @@ TEST_F(F18_Wartebox, its_button_ends_a_search_without_an_adapter_at_once) {
     world.RunFor(1000);
     Box().Command1_Click();
     EXPECT_FALSE(Box().Fenster.Visible);
-    EXPECT_TRUE(programm->Lauf.Gesamtende);
-    EXPECT_EQ(programm->Lauf.Bericht.End, RunOutcome::Cancelled);
+    EXPECT_TRUE(programm->Run.Gesamtende);
+    EXPECT_EQ(programm->Run.Bericht.End, RunOutcome::Cancelled);
     EXPECT_TRUE(programm->Transfer->F9.Fenster.Visible);
     EXPECT_TRUE(programm->Transfer->F9.Beendet);
     EXPECT_EQ(programm->Transfer->F9.StatusLabel.Text(), "L82");
@@ -158,7 +158,7 @@ TEST_F(F18_Wartebox, begins_at_100_again_for_the_next_search) {
 }
 
 TEST_F(F18_Wartebox, makes_way_for_the_progress_window_when_the_lock_has_moved) {
-    for (AccountItem& item : programm->Lauf.Konto.Items) {
+    for (AccountItem& item : programm->Run.Konto.Items) {
         item.Is = item.Code == 0x29 ? AccountItem::State::Acknowledged : item.Is;
     }
     ChannelSet();

@@ -267,7 +267,7 @@ TEST_F(F2_Port_Geaendert, in_a_run_an_arrival_waits_for_its_end) {
     world.RunFor(20000);
     EXPECT_EQ(world.PortNumber, 5);
     EXPECT_TRUE(world.PortOpen);
-    Lauf_Aufgeben(programm->Lauf, RunOutcome::Cancelled);
+    Lauf_Aufgeben(programm->Run, RunOutcome::Cancelled);
     world.RunFor(2000);
     EXPECT_EQ(world.PortNumber, 9);
     EXPECT_EQ(Light(), Lampe::Gelb);

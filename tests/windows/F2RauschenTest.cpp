@@ -98,7 +98,7 @@ TEST_F(F2_Rauschen, opens_no_box_and_changes_nothing_behind_a_run) {
     Begin();
     StartRun();
     ASSERT_NE(Lauf().Chain.Phase, RunPhase::None);
-    Lauf_Aufgeben(programm->Lauf, RunOutcome::Cancelled);
+    Lauf_Aufgeben(programm->Run, RunOutcome::Cancelled);
     ASSERT_EQ(Lauf().Chain.Phase, RunPhase::None);
     Port_Oeffnen(programm->link, 5);
     Noise();

@@ -42,7 +42,7 @@ TEST_F(F2_Laden, before_it_the_program_has_no_ear_for_ports_and_no_timer) {
 
 TEST_F(F2_Laden, stops_the_timers_of_a_run_and_sets_their_first_intervals) {
     Start();
-    Programmierlauf& run = programm->Lauf;
+    Programmierlauf& run = programm->Run;
     for (Timer* timer : {&run.Timer7, &run.Timer8, &run.Timer9, &run.Timer11}) {
         timer->Start(77);
     }

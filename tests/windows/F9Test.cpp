@@ -20,12 +20,12 @@ struct F9_Fenster : FensterFixture {
     /// The run's first five telegrams were acknowledged, two seconds ago.
     void Five_Of_Seventeen() {
         Run("----X");
-        auto& items = programm->Lauf.Konto.Items;
+        auto& items = programm->Run.Konto.Items;
         ASSERT_EQ(items.size(), 17U);
         for (std::size_t n = 0; n < 5; ++n) {
             items[n].Is = AccountItem::State::Acknowledged;
         }
-        programm->Lauf.Konto.Awaited = 5;
+        programm->Run.Konto.Awaited = 5;
         world.RunFor(2000);
         ASSERT_EQ(Window().SchrittLabel.Text(), "29 %, Kalenderschalter, noch etwa 5 s");
     }
@@ -97,10 +97,10 @@ TEST_F(F9_Fenster, shows_no_units_of_an_earlier_lock_while_a_history_is_read) {
 
 TEST_F(F9_Fenster, ticks_the_lock_and_the_units_by_number_and_clears_them_for_the_next_run) {
     Run();
-    programm->Lauf.Ansicht.Kaestchen(1);
-    programm->Lauf.Ansicht.Kaestchen(6);
-    programm->Lauf.Ansicht.Kaestchen(0);
-    programm->Lauf.Ansicht.Kaestchen(7);
+    programm->Run.Ansicht.Kaestchen(1);
+    programm->Run.Ansicht.Kaestchen(6);
+    programm->Run.Ansicht.Kaestchen(0);
+    programm->Run.Ansicht.Kaestchen(7);
     std::vector<bool> ticked;
     for (const CheckBox& box : Window().Check) {
         ticked.push_back(box.Checked);
@@ -133,11 +133,11 @@ TEST_F(F9_Fenster, shows_on_its_first_bar_what_the_lock_has_acknowledged_of_all_
     EXPECT_EQ(Window().Balken1.Maximum, 17);
     EXPECT_EQ(Window().Balken1.Value, 0);
     EXPECT_EQ(Window().SchrittLabel.Text(), "0 %, Anmeldung");
-    auto& items = programm->Lauf.Konto.Items;
+    auto& items = programm->Run.Konto.Items;
     for (std::size_t n = 0; n < 5; ++n) {
         items[n].Is = AccountItem::State::Acknowledged;
     }
-    programm->Lauf.Konto.Awaited = 5;
+    programm->Run.Konto.Awaited = 5;
     world.RunFor(1000);
     EXPECT_EQ(Window().Balken1.Value, 5);
     EXPECT_EQ(Window().SchrittLabel.Text(), "29 %, Kalenderschalter");
@@ -157,7 +157,7 @@ TEST_F(F9_Fenster, steps_the_second_bar_by_four_and_wraps_above_27) {
 
 TEST_F(F9_Fenster, steps_the_second_bar_every_500_ms_between_two_passes) {
     Run();
-    programm->Lauf.Timer6.Start(500);
+    programm->Run.Timer6.Start(500);
     world.RunFor(1000);
     EXPECT_EQ(Window().Balken2.Value, 12);
     EXPECT_EQ(Window().Balken1.Value, 0);
@@ -178,7 +178,7 @@ struct F9_Zustand : F9_Fenster, ::testing::WithParamInterface<StateCase> {};
 
 TEST_P(F9_Zustand, shows_one_of_five_pictures_and_the_text) {
     Run();
-    programm->Lauf.Ansicht.Zustand(GetParam().State, "Zustand: Stufe");
+    programm->Run.Ansicht.Zustand(GetParam().State, "Zustand: Stufe");
     EXPECT_EQ(Window().Zustandsbild.Id, GetParam().Picture);
     EXPECT_EQ(Window().Label15.Text(), "Zustand: Stufe");
     EXPECT_TRUE(Window().Label15.Visible);
@@ -192,7 +192,7 @@ INSTANTIATE_TEST_SUITE_P(States, F9_Zustand,
 
 TEST_F(F9_Fenster, shows_no_state_of_an_earlier_run) {
     Run();
-    programm->Lauf.Ansicht.Zustand(0x30, "Zustand");
+    programm->Run.Ansicht.Zustand(0x30, "Zustand");
     Window().Command1_Click();
     Window().Command2_Click();
     StartRun();
@@ -204,7 +204,7 @@ TEST_F(F9_Fenster, shows_no_state_of_an_earlier_run) {
 
 TEST_F(F9_Fenster, finished_shows_the_line_stops_the_bars_and_swaps_the_buttons) {
     Run();
-    programm->Lauf.Ansicht.Fertig(110);
+    programm->Run.Ansicht.Fertig(110);
     EXPECT_EQ(Window().StatusLabel.Text(), "L110");
     EXPECT_FALSE(Window().Command1.Enabled);
     EXPECT_TRUE(Window().Command2.Enabled);
@@ -219,7 +219,7 @@ TEST_F(F9_Fenster, is_finished_at_the_end_only_and_not_when_a_cancel_has_made_it
     Window().Command1_Click();
     EXPECT_TRUE(Window().Command2.Enabled);
     EXPECT_FALSE(Window().Beendet);
-    programm->Lauf.Ansicht.Fertig(110);
+    programm->Run.Ansicht.Fertig(110);
     EXPECT_TRUE(Window().Beendet);
     Window().Command2_Click();
     StartRun();
@@ -232,7 +232,7 @@ TEST_F(F9_Fenster, finished_during_a_channel_search_is_shown_all_the_same) {
     Begin();
     StartRun();
     EXPECT_FALSE(Window().Fenster.Visible);
-    programm->Lauf.Ansicht.Fertig(78);
+    programm->Run.Ansicht.Fertig(78);
     EXPECT_TRUE(Window().Fenster.Visible);
     EXPECT_EQ(Window().StatusLabel.Text(), "L78");
     EXPECT_FALSE(programm->Transfer->F18.Fenster.Visible);
@@ -241,8 +241,8 @@ TEST_F(F9_Fenster, finished_during_a_channel_search_is_shown_all_the_same) {
 TEST_F(F9_Fenster, close_gives_the_grid_back_with_fresh_status_pictures) {
     Run();
     files.Channel(1, "3", "3", "1");
-    programm->Lauf.Gesamtende = true;
-    programm->Lauf.Ansicht.Fertig(110);
+    programm->Run.Gesamtende = true;
+    programm->Run.Ansicht.Fertig(110);
     Window().Command2_Click();
     EXPECT_FALSE(Window().Fenster.Visible);
     EXPECT_TRUE(programm->Transfer->F13.Fenster.Enabled);
@@ -253,7 +253,7 @@ TEST_F(F9_Fenster, close_gives_the_grid_back_with_fresh_status_pictures) {
 
 TEST_F(F9_Fenster, cancel_only_wishes_and_makes_the_close_button_live) {
     Run();
-    programm->Lauf.Ansicht.Zustand(0x10, "Zustand");
+    programm->Run.Ansicht.Zustand(0x10, "Zustand");
     Window().Command1_Click();
     EXPECT_EQ(Lauf().Chain.AbbruchWunsch, 1);
     EXPECT_EQ(Window().StatusLabel.Text(), "L82");
@@ -279,8 +279,8 @@ TEST_F(F9_Fenster, close_after_a_cancel_gives_a_silent_lock_up) {
     Run();
     Window().Command1_Click();
     Window().Command2_Click();
-    EXPECT_TRUE(programm->Lauf.Gesamtende);
-    EXPECT_EQ(programm->Lauf.Bericht.End, RunOutcome::Cancelled);
+    EXPECT_TRUE(programm->Run.Gesamtende);
+    EXPECT_EQ(programm->Run.Bericht.End, RunOutcome::Cancelled);
     EXPECT_EQ(Lauf().Chain.AbbruchWunsch, 0);
     EXPECT_FALSE(world.PortOpen);
     EXPECT_FALSE(Window().Fenster.Visible);
@@ -328,11 +328,11 @@ TEST_F(F9_Fenster, takes_the_silence_back_when_the_lock_answers) {
 
 TEST_F(F9_Fenster, counts_no_silence_while_the_run_waits_by_itself) {
     Run();
-    programm->Lauf.Waiting = true;
+    programm->Run.Waiting = true;
     world.RunFor(20000);
     EXPECT_FALSE(Window().StilleLabel.Visible);
-    programm->Lauf.Waiting = false;
-    programm->Lauf.Timer9.Start(30000);
+    programm->Run.Waiting = false;
+    programm->Run.Timer9.Start(30000);
     world.RunFor(20000);
     EXPECT_FALSE(Window().StilleLabel.Visible);
 }
@@ -408,8 +408,8 @@ TEST_F(F9_Fenster, ends_at_once_when_a_run_without_an_adapter_is_cancelled) {
     world.PortOpen = false;
     world.RunFor(1000);
     Window().Command1_Click();
-    EXPECT_TRUE(programm->Lauf.Gesamtende);
-    EXPECT_EQ(programm->Lauf.Bericht.End, RunOutcome::Cancelled);
+    EXPECT_TRUE(programm->Run.Gesamtende);
+    EXPECT_EQ(programm->Run.Bericht.End, RunOutcome::Cancelled);
     EXPECT_TRUE(Window().Beendet);
     EXPECT_EQ(Window().StatusLabel.Text(), "L82");
     EXPECT_FALSE(Window().Command1.Enabled);
@@ -423,8 +423,8 @@ TEST_F(F9_Fenster, ends_at_once_when_a_run_without_an_adapter_is_cancelled) {
 TEST_F(F9_Fenster, shows_no_silence_in_the_finished_state) {
     Run();
     world.RunFor(7000);
-    programm->Lauf.Gesamtende = true;
-    programm->Lauf.Ansicht.Fertig(110);
+    programm->Run.Gesamtende = true;
+    programm->Run.Ansicht.Fertig(110);
     EXPECT_FALSE(Window().StilleLabel.Visible);
     world.RunFor(20000);
     EXPECT_FALSE(Window().StilleLabel.Visible);

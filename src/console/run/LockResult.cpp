@@ -78,7 +78,7 @@ void Bericht_Uebernehmen(const Programm& program, const RunReport& report, bool 
         return;
     }
     for (std::size_t n = 0; n < report.Units.size(); ++n) {
-        const ProgUnit& unit = program.Lauf.Daten.Units[n];
+        const ProgUnit& unit = program.Run.Daten.Units[n];
         if (unit.UnitPresent) {
             result.Units.push_back({.Name = Anzeige_Aus_1252(unit.Name),
                                     .End = report.Units[n].End,

@@ -6,8 +6,6 @@
 #include "Text.h"
 #include "TransferWindows.h"
 
-#include <Lines.h>
-
 namespace qvm {
 
 namespace {
@@ -41,14 +39,14 @@ void Zeile_Uebernehmen(const Programm& program, const LaufAuftrag& order, int ro
     const RowResult& end = program.Transfer->F91.Ergebnis(row);
     result.End = end.Silent ? LockEnd::Silent
                             : Ende_Des_Laufs(end.End, network ? program.link.Lauf.Chain.HistoryLost
-                                                              : program.Lauf.Bericht.HistoryLost);
+                                                              : program.Run.Bericht.HistoryLost);
     result.Text = Grund(program, order, end, result.End);
     result.Faults.clear();
     if (work == F91::Work::None) {
         return;
     }
     result.Units.clear();
-    Bericht_Uebernehmen(program, network ? RunReport() : program.Lauf.Bericht, order.HistoryOnly || network,
+    Bericht_Uebernehmen(program, network ? RunReport() : program.Run.Bericht, order.HistoryOnly || network,
                         order.HistoryOnly || order.HistoryFirst, result);
     if (network) {
         result.HistoryLost = program.link.Lauf.Chain.HistoryLost;
@@ -60,7 +58,7 @@ void Zeile_Uebernehmen(const Programm& program, const LaufAuftrag& order, int ro
 
 bool Netzzeile_Stumm(const Programm& program, const LaufAuftrag& order) {
     return order.TimeoutSeconds > 0 && program.Transfer->F91.Steht &&
-           Netz_Stille(program.Netz) >= std::int64_t{1000} * order.TimeoutSeconds;
+           Net_Stille(program.Netz) >= std::int64_t{1000} * order.TimeoutSeconds;
 }
 
 Netzzeile::Netzzeile(Programm& program, const LaufAuftrag& order, Fortschritt& progress, LockResult& result,

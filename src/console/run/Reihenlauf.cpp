@@ -101,7 +101,7 @@ void Reihenlauf::Ausfuehren() {
     table_.Beginnen(lines);
     if (running) {
         watch_.Start();
-        while (program_.Transfer->F91.Laeuft() || !program_.Lauf.Gesamtende) {
+        while (program_.Transfer->F91.Laeuft() || !program_.Run.Gesamtende) {
             program_.kern.Welt.ProcessEvents();
         }
         watch_.Stop();
@@ -187,9 +187,9 @@ std::string Reihenlauf::Fuss() const {
         return Anzeige_Aus_1252(list.StartLabel.Text() + "   " + list.RestLabel.Text());
     }
     if (list.Arbeit() == F91::Work::Direct) {
-        const std::int64_t silence = Lauf_Stille(program_.Lauf) / 5000 * 5;
+        const std::int64_t silence = Lauf_Stille(program_.Run) / 5000 * 5;
         return "Lock " + std::to_string(program_.link.Lauf.Order.LockNumber) + ": " +
-               Anzeige_Aus_1252(Fortschritt_Text(program_.kern, Lauf_Fortschritt(program_.Lauf))) +
+               Anzeige_Aus_1252(Fortschritt_Text(program_.kern, Lauf_Fortschritt(program_.Run))) +
                (silence > 0 ? "  no answer for " + std::to_string(silence) + " s" : "");
     }
     return Anzeige_Aus_1252(list.StatusLabel.Text());

@@ -56,7 +56,7 @@ LockResult Schlosslauf::Ausfuehren(int lock) {
 
 void Schlosslauf::Warten() {
     watch_.Start();
-    while (!program_.Lauf.Gesamtende) {
+    while (!program_.Run.Gesamtende) {
         program_.kern.Welt.ProcessEvents();
     }
     watch_.Stop();
@@ -68,7 +68,7 @@ void Schlosslauf::Tick() {
         progress_.Meldung(std::string(operator_.Abbruch_Text()));
         Abbrechen();
     }
-    const std::int64_t silence = Lauf_Stille(program_.Lauf);
+    const std::int64_t silence = Lauf_Stille(program_.Run);
     if (!operator_.Bricht_Ab() && order_.TimeoutSeconds > 0 && silence >= std::int64_t{1000} * order_.TimeoutSeconds) {
         silent_ = true;
         progress_.Meldung("No answer for " + std::to_string(order_.TimeoutSeconds) + " s; the run is given up.");
@@ -89,24 +89,24 @@ void Schlosslauf::Abbrechen() {
 
 void Schlosslauf::Anzeigen() {
     std::string status = Anzeige_Aus_1252(program_.Transfer->F9.StatusLabel.Text());
-    const std::int64_t silence = Lauf_Stille(program_.Lauf);
+    const std::int64_t silence = Lauf_Stille(program_.Run);
     // Seconds change too often for plain lines.
     if (program_.Transfer->F9.StilleLabel.Visible && silence >= 5000) {
         status = "no answer for " + std::to_string(silence / 5000 * 5) + " s";
     } else if (program_.Transfer->F18.Fenster.Visible) {
         status = "searching channel " + std::to_string(program_.link.TargetChannel);
     }
-    const RunProgress run = Lauf_Fortschritt(program_.Lauf);
+    const RunProgress run = Lauf_Fortschritt(program_.Run);
     progress_.Zeigen(run.Percent, status, Anzeige_Aus_1252(Schritt_Text(program_.kern, run)));
 }
 
 LockEnd Schlosslauf::Ende_Bestimmen() const {
-    const LockEnd end = Ende_Des_Laufs(program_.Lauf.Bericht.End, program_.Lauf.Bericht.HistoryLost);
+    const LockEnd end = Ende_Des_Laufs(program_.Run.Bericht.End, program_.Run.Bericht.HistoryLost);
     return end == LockEnd::Cancelled && silent_ ? LockEnd::Silent : end;
 }
 
 void Schlosslauf::Bericht_Fuellen(LockResult& result) const {
-    const RunReport& report = program_.Lauf.Bericht;
+    const RunReport& report = program_.Run.Bericht;
     if (result.End == LockEnd::Silent) {
         result.Text = "no answer for " + std::to_string(order_.TimeoutSeconds) + " s";
     } else if (result.End != LockEnd::Done) {

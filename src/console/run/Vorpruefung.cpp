@@ -38,7 +38,7 @@ bool Dateien_Vorpruefen(const Console& console, std::string_view word, Programm&
     std::vector<std::string> warnings;
     if (programming) {
         program.Transfer->F13.TuerInfo_laden();
-        program.Lauf.SchadenHinnehmen = force;
+        program.Run.SchadenHinnehmen = force;
         for (const FileTrouble& trouble : Datendateien_Pruefen(program.Transfer->F13, locks)) {
             const std::string what = FileTrouble_English(trouble) + ".";
             if (trouble.Fault != FileFault::None) {

@@ -109,8 +109,8 @@ void Feld_Dekodieren(const AnyField& field, Bytes frame, const std::vector<bool>
 /// L + 2, over indexes 0 to L in both.
 void Rahmen_Pruefen(const Mitschnitt& frame, const std::vector<bool>& hidden, DecodedTelegram& out) {
     const bool known = std::find(hidden.begin(), hidden.end(), true) == hidden.end();
-    if (Netz_Rahmen(frame.Bytes)) {
-        if (std::string fault = Netz_Fehler(frame.Bytes, Gesendet(frame.Way), !known); !fault.empty()) {
+    if (Net_Rahmen(frame.Bytes)) {
+        if (std::string fault = Net_Fehler(frame.Bytes, Gesendet(frame.Way), !known); !fault.empty()) {
             out.Remarks.push_back(std::move(fault));
         }
         return;
@@ -142,13 +142,13 @@ const char* Verlustgrund(RxResult result) {
     return "dropped";
 }
 
-void Netz_Dekodieren(const Mitschnitt& frame, const std::vector<bool>& hidden, DecodedTelegram& out) {
+void Net_Dekodieren(const Mitschnitt& frame, const std::vector<bool>& hidden, DecodedTelegram& out) {
     const Bytes bytes = frame.Bytes;
-    out.Name = std::string(Netz_Name(bytes, Gesendet(frame.Way)));
+    out.Name = std::string(Net_Name(bytes, Gesendet(frame.Way)));
     for (const NetzFeld& field : NetzKopf::Fields) {
         Feld_Dekodieren(field, bytes, hidden, out);
     }
-    if (const std::size_t from = Netz_Geheim_Ab(bytes, frame.Way); from < bytes.size()) {
+    if (const std::size_t from = Net_Geheim_Ab(bytes, frame.Way); from < bytes.size()) {
         const auto width = static_cast<std::uint16_t>(bytes.size() - from);
         Feld_Dekodieren(NetzFeld{"payload", static_cast<std::uint16_t>(from), width, Kind::Bytes}, bytes, hidden, out);
     }
@@ -198,8 +198,8 @@ DecodedTelegram Dekodieren(const Mitschnitt& frame, Geheimnis secrets) {
     } else {
         Rahmen_Pruefen(frame, frame.Hidden, out);
     }
-    if (Netz_Rahmen(bytes)) {
-        Netz_Dekodieren(frame, hidden, out);
+    if (Net_Rahmen(bytes)) {
+        Net_Dekodieren(frame, hidden, out);
     } else {
         Seriell_Dekodieren(frame, hidden, out);
     }

@@ -115,19 +115,19 @@ std::optional<Fund> Rahmen_Lesen(Bytes bytes, Way way, bool stuffed) {
 
 /// The same for a frame of the network path, whose length is a word and whose index 1 goes out unstuffed. The byte that
 /// closes a reply is not stuffed either.
-std::optional<Fund> Netz_Lesen(Bytes bytes, Way way, bool stuffed) {
+std::optional<Fund> Net_Lesen(Bytes bytes, Way way, bool stuffed) {
     const bool sent = way == Way::Sent;
     std::vector<std::uint8_t> frame;
     std::size_t at = 0;
     std::size_t size = 0;
-    if (bytes.size() <= NetzPayload || bytes[0] != StartByte || !Netz_Rahmen(bytes)) {
+    if (bytes.size() <= NetzPayload || bytes[0] != StartByte || !Net_Rahmen(bytes)) {
         return std::nullopt;
     }
     while (at < bytes.size() && frame.size() < BufferSize && (size == 0 || frame.size() < size)) {
         frame.push_back(bytes[at]);
         ++at;
         if (frame.size() == NetzKopf::Code.Offset + std::size_t{1}) {
-            size = Netz_Groesse(frame, sent);
+            size = Net_Groesse(frame, sent);
         }
         const bool closing = !sent && frame.size() == size;
         if (stuffed && frame.size() > 2 && frame.back() == StartByte && !closing) {
@@ -137,7 +137,7 @@ std::optional<Fund> Netz_Lesen(Bytes bytes, Way way, bool stuffed) {
             ++at;
         }
     }
-    if (!Netz_Passt(frame, sent)) {
+    if (!Net_Passt(frame, sent)) {
         return std::nullopt;
     }
     return Fund{way, std::move(frame), at};
@@ -151,7 +151,7 @@ constexpr std::array<std::uint8_t, 5> HeaderMarks{0x33, 0x88, 1, 0, 0};
 int Rang(const Fund& found, std::size_t available) {
     const bool sent = found.Direction == Way::Sent;
     const int whole = found.Used == available ? 4 : 0;
-    if (Netz_Rahmen(found.Frame) && Netz_Passt(found.Frame, sent)) {
+    if (Net_Rahmen(found.Frame) && Net_Passt(found.Frame, sent)) {
         return whole + (sent ? 2 : 3);
     }
     const Layout* layout = Layout_Suchen(sent, found.Frame);
@@ -169,7 +169,7 @@ std::optional<Fund> Rahmen_Suchen(Bytes bytes, std::span<const Way> ways) {
     int bestRank = -1;
     for (const bool stuffed : {false, true}) {
         for (const Way way : ways) {
-            for (const auto read : {Rahmen_Lesen, Netz_Lesen}) {
+            for (const auto read : {Rahmen_Lesen, Net_Lesen}) {
                 auto found = read(bytes, way, stuffed);
                 const int rank = found ? Rang(*found, bytes.size()) : -1;
                 if (rank > bestRank) {

@@ -40,22 +40,22 @@ bool Summe_Stimmt(Bytes frame) {
 
 } // namespace
 
-bool Netz_Rahmen(Bytes frame) {
+bool Net_Rahmen(Bytes frame) {
     return frame.size() > NetzKopf::Mark.Offset && frame[NetzKopf::Mark.Offset] == NetworkCode;
 }
 
-std::string_view Netz_Name(Bytes frame, bool sent) {
+std::string_view Net_Name(Bytes frame, bool sent) {
     const NetzName* name = Suchen(frame, sent);
     return name != nullptr ? name->Name : "unknown";
 }
 
-std::size_t Netz_Geheim_Ab(Bytes frame, TraceFrame::Direction way) {
+std::size_t Net_Geheim_Ab(Bytes frame, TraceFrame::Direction way) {
     const std::size_t end =
         frame.size() - std::min(frame.size(), way == TraceFrame::Direction::Received ? ReplyEnd : 0);
     return end > NetzPayload ? NetzPayload : frame.size();
 }
 
-std::size_t Netz_Groesse(Bytes frame, bool sent) {
+std::size_t Net_Groesse(Bytes frame, bool sent) {
     if (frame.size() < NetworkHeader) {
         return 0;
     }
@@ -65,8 +65,8 @@ std::size_t Netz_Groesse(Bytes frame, bool sent) {
     return length + (clock ? 2 : 1);
 }
 
-std::string Netz_Fehler(Bytes frame, bool sent, bool anyHidden) {
-    const std::size_t size = Netz_Groesse(frame, sent);
+std::string Net_Fehler(Bytes frame, bool sent, bool anyHidden) {
+    const std::size_t size = Net_Groesse(frame, sent);
     if (frame.size() != size) {
         return size == 0 ? std::string("too short for a network telegram")
                          : Zusammen({"the length word calls for ", Ziffern(static_cast<std::int64_t>(size)),
@@ -76,9 +76,9 @@ std::string Netz_Fehler(Bytes frame, bool sent, bool anyHidden) {
     return summed && !Summe_Stimmt(frame) ? "wrong checksum" : "";
 }
 
-bool Netz_Passt(Bytes frame, bool sent) {
-    if (!Netz_Rahmen(frame) || frame[0] != StartByte || frame.size() <= NetzPayload ||
-        frame.size() != Netz_Groesse(frame, sent) || Suchen(frame, sent) == nullptr) {
+bool Net_Passt(Bytes frame, bool sent) {
+    if (!Net_Rahmen(frame) || frame[0] != StartByte || frame.size() <= NetzPayload ||
+        frame.size() != Net_Groesse(frame, sent) || Suchen(frame, sent) == nullptr) {
         return false;
     }
     if (!sent) {

@@ -79,8 +79,8 @@ std::vector<bool> Verborgene(const Mitschnitt& frame, Geheimnis secrets) {
     }
     if (frame.Way == Way::Dropped) {
         Ab_Hier(hidden, RawPayloadIndex);
-    } else if (Netz_Rahmen(bytes)) {
-        Ab_Hier(hidden, Netz_Geheim_Ab(bytes, frame.Way));
+    } else if (Net_Rahmen(bytes)) {
+        Ab_Hier(hidden, Net_Geheim_Ab(bytes, frame.Way));
     } else if (frame.Way == Way::Received) {
         Antwort_Verbergen(bytes, hidden);
     } else {

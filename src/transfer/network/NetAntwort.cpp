@@ -3,7 +3,6 @@
 #include "Text.h"
 #include "Words.h"
 
-#include <Lines.h>
 #include <algorithm>
 
 namespace qvm {
@@ -76,14 +75,14 @@ void Historie_Fertig(Netzlauf& run) {
     if (lauf.Chain.HistoryLost != HistoryLoss::None) {
         // Programming can erase the events of the lock.
         if (lauf.Chain.HistoryLost == HistoryLoss::Unwritten) {
-            Netz_Zeile_Fertig(run, "#", RunOutcome::GivenUp, Line::HistoryNotSaved);
+            Net_Zeile_Fertig(run, "#", RunOutcome::GivenUp, Line::HistoryNotSaved);
         } else {
-            Netz_Zeile_Gescheitert(run, RunOutcome::GivenUp, Historie_Verlust_Text(run.kern, lauf.Chain.HistoryLost));
+            Net_Zeile_Gescheitert(run, RunOutcome::GivenUp, Historie_Verlust_Text(run.kern, lauf.Chain.HistoryLost));
         }
     } else if (lauf.List.NetMode == HistoryAndProgram) {
-        Netz_Zeile_Behalten(run);
+        Net_Zeile_Behalten(run);
     } else {
-        Netz_Zeile_Fertig(run, "<<", RunOutcome::Done, Line::HistoryRead, StepNexHstRead);
+        Net_Zeile_Fertig(run, "<<", RunOutcome::Done, Line::HistoryRead, StepNexHstRead);
     }
 }
 
@@ -92,8 +91,8 @@ void Nach_Historienblock(Netzlauf& run) {
     const HistoryLoss lost = run.link.Lauf.Chain.HistoryLost;
     if (lost == HistoryLoss::Broken || lost == HistoryLoss::Endless) {
         Historie_Fertig(run);
-    } else if (Netz_Frist_Vorbei(run)) {
-        Netz_Stillstand(run, NetStandstill::TooLong);
+    } else if (Net_Frist_Vorbei(run)) {
+        Net_Stillstand(run, NetStandstill::TooLong);
     } else {
         Net_Historie_Anfordern(run, NetzCode::HistoryBlock);
     }
@@ -104,11 +103,11 @@ void Nach_Historienblock(Netzlauf& run) {
 void Programmierung_Fertig(Netzlauf& run, Frame frame) {
     const bool ours = run.Started || Wessen(run, frame) == Whose::Ours;
     if (ours && run.BlocksTaken == run.BlockCount) {
-        Netz_Zeile_Programmiert(run);
+        Net_Zeile_Programmiert(run);
     } else {
         const int taken = run.BlocksTaken + (run.Started ? 1 : 0); // the clock starts the programming
-        Netz_Zeile_Gescheitert(run, RunOutcome::Incomplete,
-                               Wort(run.kern, Word::NetMissing, {Ziffern(taken), Ziffern(run.BlockCount + 1)}));
+        Net_Zeile_Gescheitert(run, RunOutcome::Incomplete,
+                              Wort(run.kern, Word::NetMissing, {Ziffern(taken), Ziffern(run.BlockCount + 1)}));
     }
 }
 
@@ -118,7 +117,7 @@ void Programmierung_Beginnt(Netzlauf& run) {
     run.BarValue = 0;
     run.Ansicht.Balken(NetzBarMaximum, 0, true);
     Status(run, Line::ProgrammingLock);
-    Netz_Horchen(run);
+    Net_Horchen(run);
 }
 
 /// The next fingerprint block, or the clock behind the last.
@@ -135,7 +134,7 @@ void Block_Genommen(Netzlauf& run) {
     if (run.BlockNumber < run.DataBlocks) {
         Net_Daten_Senden(run, 1, static_cast<int>(run.Daten.Slots.size()));
     } else {
-        Netz_Horchen(run);
+        Net_Horchen(run);
     }
 }
 
@@ -143,7 +142,7 @@ void Behandeln(Netzlauf& run, Frame frame) {
     switch (Byte(frame, NetzKopf::Code)) {
     case NetzCode::HistoryFetching:
         Status(run, Line::ReadingHistory);
-        Netz_Horchen(run);
+        Net_Horchen(run);
         break;
     case NetzCode::HistoryBlock:
         Historienblock_Ablegen(run, frame, false);
@@ -172,14 +171,14 @@ void Behandeln(Netzlauf& run, Frame frame) {
         Programmierung_Fertig(run, frame);
         break;
     default:
-        Netz_Zeile_Fertig(run, "#", Netz_Fehlschlag(run), Line::ConnectionFailed);
+        Net_Zeile_Fertig(run, "#", Net_Fehlschlag(run), Line::ConnectionFailed);
         break;
     }
 }
 
 } // namespace
 
-void Netz_Eingang(Netzlauf& run) {
+void Net_Eingang(Netzlauf& run) {
     if (run.Phase == NetPhase::None) {
         return;
     }

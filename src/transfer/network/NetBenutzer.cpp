@@ -19,15 +19,15 @@ void Masken(Link& link, const NetzFeld& first, const ProgSlot& slot, int base) {
 
 void Fingerbenutzer(Link& link, const ProgSlot& slot, int base) {
     namespace F = NetzFingerBenutzer;
-    Netz_Feld(link, F::Art, F::Art.Detail, base);
-    Netz_Feld(link, F::UserName, slot.Name, base);
-    Netz_Feld(link, F::Number, slot.FingerNumber, base);
-    Netz_Feld(link, F::Timer, Timernummer(link.Lauf, slot), base);
+    Net_Feld(link, F::Art, F::Art.Detail, base);
+    Net_Feld(link, F::UserName, slot.Name, base);
+    Net_Feld(link, F::Number, slot.FingerNumber, base);
+    Net_Feld(link, F::Timer, Timernummer(link.Lauf, slot), base);
     Masken(link, F::TimerBits3, slot, base);
-    Netz_Feld(link, F::Function, Wertigkeit(slot.Funktion), base);
-    Netz_Feld(link, F::Premium, slot.PrFlag, base);
+    Net_Feld(link, F::Function, Wertigkeit(slot.Funktion), base);
+    Net_Feld(link, F::Premium, slot.PrFlag, base);
     const std::span<const std::uint8_t> bytes = slot.Template;
-    Netz_Feld(link, F::Template, bytes.subspan(std::min<std::size_t>(bytes.size(), F::FirstTemplateByte)), base);
+    Net_Feld(link, F::Template, bytes.subspan(std::min<std::size_t>(bytes.size(), F::FirstTemplateByte)), base);
 }
 
 void Schluessel(Link& link, const ProgSlot& slot, int base) {
@@ -36,30 +36,30 @@ void Schluessel(Link& link, const ProgSlot& slot, int base) {
     const KeyForm key = Schluessel_Zerlegen(slot.TransponderA);
     const bool isLong = key.Kind == KeyForm::Form::Long;
     if (key.Kind == KeyForm::Form::None) {
-        Netz_Feld(link, C::Art, NoKey, base);
+        Net_Feld(link, C::Art, NoKey, base);
         return;
     }
-    Netz_Feld(link, C::Art, isLong ? LongKey : PlainKey, base);
+    Net_Feld(link, C::Art, isLong ? LongKey : PlainKey, base);
     if (isLong) {
-        Netz_Feld(link, C::LongGroup, key.GroupDigit, base);
+        Net_Feld(link, C::LongGroup, key.GroupDigit, base);
     }
-    Netz_Feld(link, isLong ? C::LongId : C::PlainId, key.Values, base);
-    Netz_Feld(link, isLong ? C::LongData : C::PlainData, Dezimalwerte(slot.TransponderB, C::PlainData.Width), base);
+    Net_Feld(link, isLong ? C::LongId : C::PlainId, key.Values, base);
+    Net_Feld(link, isLong ? C::LongData : C::PlainData, Dezimalwerte(slot.TransponderB, C::PlainData.Width), base);
 }
 
 void Codebenutzer(Link& link, const ProgSlot& slot, int base) {
     namespace C = NetzCodeBenutzer;
-    Netz_Feld(link, C::UserName, slot.Name, base);
-    Netz_Feld(link, C::Code, Code_Packen(slot.CodeDigits), base);
-    Netz_Feld(link, C::Timer, Timernummer(link.Lauf, slot), base);
+    Net_Feld(link, C::UserName, slot.Name, base);
+    Net_Feld(link, C::Code, Code_Packen(slot.CodeDigits), base);
+    Net_Feld(link, C::Timer, Timernummer(link.Lauf, slot), base);
     Masken(link, C::TimerBits3, slot, base);
-    Netz_Feld(link, C::Function, Wertigkeit(slot.Funktion), base);
+    Net_Feld(link, C::Function, Wertigkeit(slot.Funktion), base);
     Schluessel(link, slot, base);
 }
 
 } // namespace
 
-void Netz_Benutzer(Link& link, const ProgSlot& slot, int base) {
+void Net_Benutzer(Link& link, const ProgSlot& slot, int base) {
     if (!slot.Template.empty() && slot.CodeDigits == "EEEEEE") {
         Fingerbenutzer(link, slot, base);
     } else {

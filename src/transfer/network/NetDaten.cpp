@@ -14,7 +14,7 @@ int Benutzer(Netzlauf& run, int first, int count, int before) {
     const auto from = std::min(static_cast<std::size_t>(first), slots.size());
     int bytes = before;
     for (const ProgSlot& slot : slots.subspan(from, std::min(static_cast<std::size_t>(count), slots.size() - from))) {
-        Netz_Benutzer(run.link, slot, Gruppen_Index(bytes));
+        Net_Benutzer(run.link, slot, Gruppen_Index(bytes));
         bytes += NetzRecord;
     }
     return bytes;
@@ -25,22 +25,22 @@ void Werte(Netzlauf& run) {
     Link& link = run.link;
     const RunState& lauf = link.Lauf;
     const Dataset& daten = run.Daten;
-    Netz_Feld(link, D::Code1, lauf.Order.AdminCode);
-    Netz_Feld(link, D::Code2, lauf.Order.AdminCode);
-    Netz_Feld(link, D::Channel, static_cast<unsigned>(run.kern.Config.Funkkanal() - 1));
-    Netz_Feld(link, D::Mode, lauf.Values.LockMode);
-    Netz_Feld(link, D::CalendarFlag, lauf.Values.FlagCalendar);
-    Netz_Feld(link, D::TimerFlag, lauf.Values.FlagLockTimer);
-    Netz_Feld(link, D::Priority, lauf.Values.PriorityCode);
+    Net_Feld(link, D::Code1, lauf.Order.AdminCode);
+    Net_Feld(link, D::Code2, lauf.Order.AdminCode);
+    Net_Feld(link, D::Channel, static_cast<unsigned>(run.kern.Config.Funkkanal() - 1));
+    Net_Feld(link, D::Mode, lauf.Values.LockMode);
+    Net_Feld(link, D::CalendarFlag, lauf.Values.FlagCalendar);
+    Net_Feld(link, D::TimerFlag, lauf.Values.FlagLockTimer);
+    Net_Feld(link, D::Priority, lauf.Values.PriorityCode);
     if (daten.SignalFlag == "1") {
-        Netz_Feld(link, D::Pair1, 3);
-        Netz_Feld(link, D::Pair2, 1);
+        Net_Feld(link, D::Pair1, 3);
+        Net_Feld(link, D::Pair2, 1);
     }
     if (daten.UnitMode == "3") {
-        Netz_Feld(link, D::AlwaysOn, daten.AlwaysOn == "1" ? 1 : 0);
-        Netz_Feld(link, D::Seconds, static_cast<unsigned>(daten.ListenSeconds));
+        Net_Feld(link, D::AlwaysOn, daten.AlwaysOn == "1" ? 1 : 0);
+        Net_Feld(link, D::Seconds, static_cast<unsigned>(daten.ListenSeconds));
     }
-    Netz_Feld(link, D::Erase, lauf.Order.EraseOption);
+    Net_Feld(link, D::Erase, lauf.Order.EraseOption);
 }
 
 template <class Table>
@@ -87,12 +87,12 @@ bool Erster_Block(Netzlauf& run, int users) {
     const int sent = std::min(users, NetzFirstUsers);
     const int length = Laenge(Before + sent * NetzRecord, run.BlockCount > 1);
     Net_Kopf(run, run.BlockNumber, run.BlockCount, length, NetzCode::Data, NetzClearBlock);
-    Netz_Festes(run.link, NetzDaten::Layout);
-    Netz_Feld(run.link, NetzDaten::Users, static_cast<unsigned>(users));
+    Net_Festes(run.link, NetzDaten::Layout);
+    Net_Feld(run.link, NetzDaten::Users, static_cast<unsigned>(users));
     Werte(run);
     Tabellen(run);
     Gruppen_Summen(run.link, Benutzer(run, 0, sent, Before));
-    return Netz_Block_Senden(run, length);
+    return Net_Block_Senden(run, length);
 }
 
 bool Folgeblock(Netzlauf& run, int users) {
@@ -105,7 +105,7 @@ bool Folgeblock(Netzlauf& run, int users) {
     const int length = Laenge(sent * NetzRecord, run.BlockNumber < run.DataBlocks);
     Net_Kopf(run, run.BlockNumber, run.BlockCount, length, NetzCode::Data, NetzClearBlock);
     Gruppen_Summen(run.link, Benutzer(run, first, sent, 0));
-    return Netz_Block_Senden(run, length);
+    return Net_Block_Senden(run, length);
 }
 
 } // namespace

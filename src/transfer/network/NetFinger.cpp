@@ -31,9 +31,9 @@ bool Net_Fingerprint_Senden(Netzlauf& run) {
         run.link.TxBuffer[static_cast<std::size_t>(Gruppen_Index(n))] = run.Finger[first + static_cast<std::size_t>(n)];
     }
     const int length = Gruppen_Summen(run.link, count);
-    Netz_Feld(run.link, NetzKopf::Length, static_cast<unsigned>(length));
+    Net_Feld(run.link, NetzKopf::Length, static_cast<unsigned>(length));
     run.TemplateBytes -= count;
-    return Netz_Block_Senden(run, length);
+    return Net_Block_Senden(run, length);
 }
 
 } // namespace qvm

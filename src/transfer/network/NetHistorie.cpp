@@ -34,11 +34,11 @@ bool Net_Historie_Anfordern(Netzlauf& run, std::uint8_t code) {
     namespace H = NetzHistorie;
     Link& link = run.link;
     run.Phase = NetPhase::History;
-    Netz_Frist_Setzen(run); // for all blocks together
+    Net_Frist_Setzen(run); // for all blocks together
     Net_Kopf(run, run.HistoryBlock, 1, H::LengthWord, code, NetzClearShort);
-    Netz_Festes(link, H::Next);
-    Netz_Feld(link, H::AdminCode, link.Lauf.Order.AdminCode);
-    Netz_Feld(link, H::Sum, Bereich_Pruefsumme_Tx(link, H::Sum.Offset - NetzPayload, NetzPayload));
+    Net_Festes(link, H::Next);
+    Net_Feld(link, H::AdminCode, link.Lauf.Order.AdminCode);
+    Net_Feld(link, H::Sum, Bereich_Pruefsumme_Tx(link, H::Sum.Offset - NetzPayload, NetzPayload));
     return Net_Telegramm_Senden(run, H::LengthWord, true, 8000, 1);
 }
 

@@ -45,21 +45,21 @@ std::vector<std::string> Units_Ohne_Platz(const Dataset& dataset) {
 void Net_Kopf(Netzlauf& run, int block, int count, int length, std::uint8_t code, int clear) {
     Link& link = run.link;
     std::fill_n(link.TxBuffer.begin(), At(std::clamp(clear + 1, NetzPayload, BufferSize)), std::uint16_t{0});
-    Netz_Festes(link, NetzKopf::Layout);
-    Netz_Feld(link, NetzKopf::Block, static_cast<unsigned>(block));
-    Netz_Feld(link, NetzKopf::Count, static_cast<unsigned>(count));
-    Netz_Feld(link, NetzKopf::Length, static_cast<unsigned>(length));
-    Netz_Feld(link, NetzKopf::Serial, link.Lauf.Order.LockAddress);
+    Net_Festes(link, NetzKopf::Layout);
+    Net_Feld(link, NetzKopf::Block, static_cast<unsigned>(block));
+    Net_Feld(link, NetzKopf::Count, static_cast<unsigned>(count));
+    Net_Feld(link, NetzKopf::Length, static_cast<unsigned>(length));
+    Net_Feld(link, NetzKopf::Serial, link.Lauf.Order.LockAddress);
     const auto places = Unit_Plaetze(run.Daten);
     for (std::size_t n = 0; n < AddressesSent; ++n) {
         const Address address = places[n] != nullptr ? places[n]->Serial : Address{};
         std::copy(address.begin(), address.end(),
                   link.TxBuffer.begin() + NetzKopf::Units.Offset + static_cast<std::ptrdiff_t>(n * sizeof(Address)));
     }
-    Netz_Feld(link, NetzKopf::Code, code);
+    Net_Feld(link, NetzKopf::Code, code);
 }
 
-void Netz_Feld(Link& link, const NetzFeld& field, unsigned value, int base) {
+void Net_Feld(Link& link, const NetzFeld& field, unsigned value, int base) {
     const std::size_t at = At(base + field.Offset);
     if (field.Is == Kind::Word) {
         link.TxBuffer[at] = static_cast<std::uint16_t>(value >> 8U & 0xFFU);
@@ -69,19 +69,19 @@ void Netz_Feld(Link& link, const NetzFeld& field, unsigned value, int base) {
     }
 }
 
-void Netz_Feld(Link& link, const NetzFeld& field, std::span<const std::uint8_t> bytes, int base) {
+void Net_Feld(Link& link, const NetzFeld& field, std::span<const std::uint8_t> bytes, int base) {
     const std::size_t count = std::min<std::size_t>(bytes.size(), field.Width);
     std::copy_n(bytes.begin(), count, link.TxBuffer.begin() + base + field.Offset);
 }
 
-void Netz_Feld(Link& link, const NetzFeld& field, std::string_view text, int base) {
+void Net_Feld(Link& link, const NetzFeld& field, std::string_view text, int base) {
     const std::size_t count = std::min<std::size_t>(text.size(), field.Width);
     std::transform(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(count),
                    link.TxBuffer.begin() + base + field.Offset,
                    [](char c) { return static_cast<std::uint16_t>(static_cast<unsigned char>(c)); });
 }
 
-void Netz_Festes(Link& link, const NetzLayout& layout) {
+void Net_Festes(Link& link, const NetzLayout& layout) {
     for (const NetzFeld& field : layout.Fields) {
         if (field.Is == Kind::Fixed) {
             std::fill_n(link.TxBuffer.begin() + field.Offset, field.Width, std::uint16_t{field.Detail});

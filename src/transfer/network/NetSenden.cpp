@@ -27,7 +27,7 @@ void Block_Verschluesseln(const Netzlauf& run, int at) {
 /// which the start of a history reading changes.
 int Verschluesseln(Netzlauf& run, int length) {
     if (run.link.TxBuffer[NetzKopf::Code.Offset] == NetzCode::HistoryStart) {
-        Netz_Feld(run.link, NetzKopf::Length, NetzHistorie::StartLengthWord);
+        Net_Feld(run.link, NetzKopf::Length, NetzHistorie::StartLengthWord);
         Block_Verschluesseln(run, NetzPayload);
         return NetzHistorie::StartLengthWord;
     }
@@ -120,7 +120,7 @@ void Schreiben(Netzlauf& run, const Sendung& out) {
     run.Begun = true;
     run.LastTraffic = run.kern.Welt.Milliseconds();
     run.kern.Welt.Port.Write(wire.first(1));
-    Netz_Scharf(run);
+    Net_Scharf(run);
     run.kern.Welt.Port.Write(wire.subspan(1));
     if (run.link.Protokoll) {
         run.link.Protokoll({.Way = TraceFrame::Direction::Sent, .Bytes = out.Frame});
@@ -166,12 +166,12 @@ bool Net_Telegramm_Senden(Netzlauf& run, int length, bool wait, int timeoutMs, i
     }
     // Once for all tries: the cipher works in place. The bytes are kept, as a wait may let others use the buffer.
     const int sent = Verschluesseln(run, length);
-    Netz_Feld(run.link, NetzKopf::Sent, 1);
+    Net_Feld(run.link, NetzKopf::Sent, 1);
     Sendung out;
     Sendung_Bilden(run.link, sent, out);
     run.Runde.Stop();
     run.Antworten.clear();
-    Netz_Balken(run);
+    Net_Balken(run);
 
     run.Sending = true;
     const SendEnd end = Versuche(run, out, wait, timeoutMs, tries);
@@ -182,19 +182,19 @@ bool Net_Telegramm_Senden(Netzlauf& run, int length, bool wait, int timeoutMs, i
     if (end == SendEnd::Reply) {
         run.Timer3.Start(HandlerDelay);
     } else if (end == SendEnd::Silence && run.kern.Welt.Port.IsOpen()) {
-        Netz_Stillstand(run, NetStandstill::NoReply);
+        Net_Stillstand(run, NetStandstill::NoReply);
     } else {
-        Netz_Stillstand(run, run.Begun ? NetStandstill::PortLost : NetStandstill::NoPort);
+        Net_Stillstand(run, run.Begun ? NetStandstill::PortLost : NetStandstill::NoPort);
     }
     return end != SendEnd::NoPort;
 }
 
-bool Netz_Block_Senden(Netzlauf& run, int length) {
+bool Net_Block_Senden(Netzlauf& run, int length) {
     Rahmen_Summe(run.link, length);
     return Net_Telegramm_Senden(run, length, true, 3000, 4);
 }
 
-void Netz_Balken(Netzlauf& run) {
+void Net_Balken(Netzlauf& run) {
     run.BarValue = run.BarValue >= BarWrap ? BarStep : run.BarValue + BarStep;
     run.Ansicht.Balken(NetzBarMaximum, run.BarValue, true);
 }

@@ -10,13 +10,13 @@ constexpr std::int64_t Minute = 60000;
 
 } // namespace
 
-void Netz_Scharf(Netzlauf& run) {
+void Net_Scharf(Netzlauf& run) {
     run.link.Rx.Ruecksetzen();
     run.link.UsbDone = 0;
     run.link.UsbArmed = UsbArmedMark;
 }
 
-void Netz_Frist_Setzen(Netzlauf& run) {
+void Net_Frist_Setzen(Netzlauf& run) {
     if (run.FristPhase == run.Phase) {
         return;
     }
@@ -26,16 +26,16 @@ void Netz_Frist_Setzen(Netzlauf& run) {
     run.Ansicht.Frist(run.FristMinuten);
 }
 
-bool Netz_Frist_Vorbei(const Netzlauf& run) {
+bool Net_Frist_Vorbei(const Netzlauf& run) {
     return run.FristPhase == run.Phase && run.kern.Welt.Milliseconds() >= run.FristEnde;
 }
 
-void Netz_Horchen(Netzlauf& run) {
-    Netz_Frist_Setzen(run);
+void Net_Horchen(Netzlauf& run) {
+    Net_Frist_Setzen(run);
     run.RoundIndex = 0;
     // An armed automaton may stand in the middle of the next frame.
     if (run.link.UsbArmed != UsbArmedMark) {
-        Netz_Scharf(run);
+        Net_Scharf(run);
     }
     if (!run.Runde.Running()) { // the rounds go on below replies that come faster than they do
         run.Runde.Start(RoundMs);
@@ -44,9 +44,9 @@ void Netz_Horchen(Netzlauf& run) {
 
 void Tick_Runde(Netzlauf& run) {
     const bool open = run.kern.Welt.Port.IsOpen();
-    if (!open || Netz_Frist_Vorbei(run)) {
+    if (!open || Net_Frist_Vorbei(run)) {
         run.Runde.Stop();
-        Netz_Stillstand(run, open ? NetStandstill::TooLong : NetStandstill::PortLost);
+        Net_Stillstand(run, open ? NetStandstill::TooLong : NetStandstill::PortLost);
         return;
     }
     // A frame with a bad checksum has ended the armed state; half a frame would swallow the next one.
@@ -54,11 +54,11 @@ void Tick_Runde(Netzlauf& run) {
     const bool stuck = index > 0 && index == run.RoundIndex;
     run.RoundIndex = index;
     if (run.Antworten.empty() && (stuck || run.link.UsbArmed != UsbArmedMark)) {
-        Netz_Scharf(run);
+        Net_Scharf(run);
     }
 }
 
-std::int64_t Netz_Stille(const Netzlauf& run) {
+std::int64_t Net_Stille(const Netzlauf& run) {
     return run.kern.Welt.Milliseconds() - run.LastTraffic;
 }
 

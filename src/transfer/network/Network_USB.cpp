@@ -5,7 +5,6 @@
 #include "Text.h"
 #include "Words.h"
 
-#include <Lines.h>
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -50,7 +49,7 @@ void Anzeige_Beenden(const Netzlauf& run) {
 
 Netzlauf::Netzlauf(Link& serialLink, const Dataset& dataset)
     : link(serialLink), kern(serialLink.kern), Daten(dataset), Timer3(kern.Welt, 10), Runde(kern.Welt, 2000) {
-    link.Netzwerk_Antwort = [this] { Netz_Eingang(*this); };
+    link.Netzwerk_Antwort = [this] { Net_Eingang(*this); };
     Timer3.Ticked = [this] { Tick_Timer3(*this); };
     Runde.Ticked = [this] { Tick_Runde(*this); };
 }
@@ -88,7 +87,7 @@ void Adapter_Test(Netzlauf& run, std::initializer_list<std::string_view> texts) 
     }
 }
 
-void Netz_Neubeginn(Netzlauf& run) {
+void Net_Neubeginn(Netzlauf& run) {
     ++run.Number;
     run.Sending = run.Begun = false;
     run.FristPhase = NetPhase::None;
@@ -96,20 +95,20 @@ void Netz_Neubeginn(Netzlauf& run) {
     Ruhe(run);
 }
 
-void Netz_Programmieren_Beginnen(Netzlauf& run) {
-    Netz_Neubeginn(run);
+void Net_Programmieren_Beginnen(Netzlauf& run) {
+    Net_Neubeginn(run);
     run.BlocksTaken = 0;
     run.Started = false;
     Anzeige_Beginnen(run);
     const unsigned number = run.Number;
     if (!Net_Daten_Senden(run, 0, static_cast<int>(run.Daten.Slots.size())) && run.Number == number &&
         run.Phase == NetPhase::None) {
-        Netz_Zeile_Fertig(run, "-", RunOutcome::PassedOver, Line::RowUnknownError);
+        Net_Zeile_Fertig(run, "-", RunOutcome::PassedOver, Line::RowUnknownError);
     }
 }
 
-void Netz_Historie_Beginnen(Netzlauf& run) {
-    Netz_Neubeginn(run);
+void Net_Historie_Beginnen(Netzlauf& run) {
+    Net_Neubeginn(run);
     RunState& lauf = run.link.Lauf;
     lauf.Chain.HistoryFileOpen = lauf.Chain.HistoryStop = 0;
     lauf.Chain.HistoryFileName.clear();
@@ -124,12 +123,12 @@ void Netz_Historie_Beginnen(Netzlauf& run) {
     Net_Historie_Anfordern(run, NetzCode::HistoryStart);
 }
 
-void Netz_Abbrechen(Netzlauf& run) {
-    Netz_Neubeginn(run);
+void Net_Abbrechen(Netzlauf& run) {
+    Net_Neubeginn(run);
     Anzeige_Beenden(run);
 }
 
-void Netz_Zeile_Fertig(Netzlauf& run, std::string_view mark, RunOutcome end, int line, std::string_view step) {
+void Net_Zeile_Fertig(Netzlauf& run, std::string_view mark, RunOutcome end, int line, std::string_view step) {
     run.End = end;
     Ruhe(run);
     Anzeige_Beenden(run);
@@ -150,20 +149,20 @@ void Zeile_Melden(Netzlauf& run, std::string_view mark, RunOutcome end, const st
 
 } // namespace
 
-void Netz_Zeile_Gescheitert(Netzlauf& run, RunOutcome end, const std::string& text) {
+void Net_Zeile_Gescheitert(Netzlauf& run, RunOutcome end, const std::string& text) {
     Zeile_Melden(run, "#", end, text);
 }
 
-RunOutcome Netz_Fehlschlag(const Netzlauf& run) {
+RunOutcome Net_Fehlschlag(const Netzlauf& run) {
     const bool lost = run.link.Lauf.Chain.HistoryLost != HistoryLoss::None;
     return lost ? RunOutcome::GivenUp : RunOutcome::NotReached;
 }
 
-void Netz_Zeile_Programmiert(Netzlauf& run) {
+void Net_Zeile_Programmiert(Netzlauf& run) {
     constexpr int lineProgrammed = 266;
     const std::vector<std::string> left = Units_Ohne_Platz(run.Daten);
     if (left.empty()) {
-        Netz_Zeile_Fertig(run, ">>", RunOutcome::Done, lineProgrammed);
+        Net_Zeile_Fertig(run, ">>", RunOutcome::Done, lineProgrammed);
         return;
     }
     std::string names;
@@ -174,7 +173,7 @@ void Netz_Zeile_Programmiert(Netzlauf& run) {
                  run.kern.Zeile(lineProgrammed) + " - " + Wort(run.kern, Word::NetUnitsLeft, {names}));
 }
 
-void Netz_Zeile_Behalten(Netzlauf& run) {
+void Net_Zeile_Behalten(Netzlauf& run) {
     Ruhe(run);
     Anzeige_Beenden(run);
     run.End = RunOutcome::Done;
@@ -182,7 +181,7 @@ void Netz_Zeile_Behalten(Netzlauf& run) {
     run.Ansicht.Programmieren_Planen();
 }
 
-void Netz_Stillstand(const Netzlauf& run, NetStandstill reason) {
+void Net_Stillstand(const Netzlauf& run, NetStandstill reason) {
     run.Ansicht.Stillstand(reason);
 }
 

@@ -62,7 +62,7 @@ struct NetView {
     /// History and programming were wished and the history is there: ProgQvmUnits for the same row in 100 ms.
     Hook<void()> Programmieren_Planen;
     /// Nothing goes on by itself any more. A late reply still counts; a list that goes on all the same calls
-    /// Netz_Abbrechen first.
+    /// Net_Abbrechen first.
     Hook<void(NetStandstill reason)> Stillstand;
     /// A usable reply came: the row goes on, if it stood still.
     Hook<void()> Weiter;
@@ -130,17 +130,17 @@ void Adapter_Test(Netzlauf& run, std::initializer_list<std::string_view> texts);
 std::optional<std::uint32_t> Adapter_Nummer(std::string_view text);
 
 /// Step "TxDNetzwDaten": label, bar, first data block with all users of the dataset.
-void Netz_Programmieren_Beginnen(Netzlauf& run);
+void Net_Programmieren_Beginnen(Netzlauf& run);
 /// Step "RxDNetHistory": label, bar, first history request. Resets the history counters, carry and file of the row.
-void Netz_Historie_Beginnen(Netzlauf& run);
+void Net_Historie_Beginnen(Netzlauf& run);
 /// The operator's cancel, and the end of the window: stops the timers and all that would follow. A block under way is
 /// not recalled.
-void Netz_Abbrechen(Netzlauf& run);
+void Net_Abbrechen(Netzlauf& run);
 /// What has become of a row that fails now for want of an answer: events that are lost count more.
-RunOutcome Netz_Fehlschlag(const Netzlauf& run);
+RunOutcome Net_Fehlschlag(const Netzlauf& run);
 
 /// Milliseconds since the row's last telegram or usable reply, or since its beginning.
-std::int64_t Netz_Stille(const Netzlauf& run);
+std::int64_t Net_Stille(const Netzlauf& run);
 
 /// Catalogue line of a row's status text after Datensatz_Laden in the network variant: 259 for a good dataset.
 int Datensatz_Statuszeile(int status);

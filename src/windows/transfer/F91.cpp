@@ -6,7 +6,6 @@
 #include "Text.h"
 #include "Words.h"
 
-#include <Lines.h>
 #include <algorithm>
 
 namespace qvm {
@@ -214,7 +213,7 @@ void F91::Command2_Click() {
         return;
     }
     if (work_ == Work::Network) {
-        Netz_Abbrechen(netz);
+        Net_Abbrechen(netz);
         Zeile_Markieren(ListMark::Failed, {.End = RunOutcome::Cancelled, .Text = kern.Zeile(Line::Cancelled)});
     }
     Ende(Line::Cancelled);
@@ -226,7 +225,7 @@ void F91::Direkt_Markieren(std::string_view mark, std::string_view text) {
     }
 }
 
-void F91::Netz_Markieren(std::string_view mark, std::string_view text) {
+void F91::Net_Markieren(std::string_view mark, std::string_view text) {
     Zeile_Markieren(mark, {.End = netz.End, .Text = std::string(text)});
 }
 

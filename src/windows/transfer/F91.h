@@ -164,7 +164,7 @@ struct F91 {
     void Direkt_Markieren(std::string_view mark, std::string_view text);
     void Direkt_Naechste_Zeile();
     /// A mark by the network route.
-    void Netz_Markieren(std::string_view mark, std::string_view text);
+    void Net_Markieren(std::string_view mark, std::string_view text);
     /// The operator cancelled the direct run of the present row.
     void Stoppen();
     void Programmieren_Planen();
@@ -228,7 +228,7 @@ private:
     bool Adapter_Waehlen(int& runRow);
 
     void Direkt_Beginnen(int row);
-    void Netz_Beginnen(std::string_view step);
+    void Net_Beginnen(std::string_view step);
     bool Zeile_Bereitmachen(int& runRow, RunTask what);
     void Zeile_Uebergehen(int& runRow, std::string_view mark, RowResult result);
     /// Nothing was sent to the row's lock so far.

@@ -5,8 +5,6 @@
 #include "Text.h"
 #include "Words.h"
 
-#include <Lines.h>
-
 namespace qvm {
 namespace {
 
@@ -35,9 +33,9 @@ void F91::Tick_Timer1() {
     } else if (ProgStep == StepPrgNextDataset || ProgStep == StepPrgFehler) {
         Naechster_Datensatz();
     } else if (ProgStep == StepTxDNetzwDaten) {
-        Netz_Programmieren_Beginnen(netz);
+        Net_Programmieren_Beginnen(netz);
     } else if (ProgStep == StepRxDNetHistory) {
-        Netz_Historie_Beginnen(netz);
+        Net_Historie_Beginnen(netz);
     } else if (ProgStep == StepNexHstRead && lauf.List.NetMode != 0) {
         NetHistLesen(lauf.List.RunRow);
     }
@@ -76,7 +74,7 @@ void F91::ProgQvmUnits(int& runRow) {
         return;
     }
     if (netz.NetAdapter == NetAdapterMark) {
-        Netz_Beginnen(StepTxDNetzwDaten);
+        Net_Beginnen(StepTxDNetzwDaten);
     } else {
         Direkt_Beginnen(runRow);
     }
@@ -88,13 +86,13 @@ void F91::NetHistLesen(int& runRow) {
         return;
     }
     if (netz.NetAdapter == NetAdapterMark) {
-        Netz_Beginnen(StepRxDNetHistory);
+        Net_Beginnen(StepRxDNetHistory);
     } else {
         Direkt_Beginnen(runRow);
     }
 }
 
-void F91::Netz_Beginnen(std::string_view step) {
+void F91::Net_Beginnen(std::string_view step) {
     work_ = Work::Network;
     Unterwegs_Setzen(run.link.Lauf.List.RunRow);
     Steht = false;
@@ -167,8 +165,8 @@ void F91::Stillstand(NetStandstill reason) {
     }
     if (reason == NetStandstill::TooLong) {
         const std::string minutes = Ziffern(netz.FristMinuten);
-        Netz_Abbrechen(netz);
-        Zeile_Markieren(ListMark::Failed, {.End = Netz_Fehlschlag(netz),
+        Net_Abbrechen(netz);
+        Zeile_Markieren(ListMark::Failed, {.End = Net_Fehlschlag(netz),
                                            .Text = kern.Zeile(Line::ConnectionFailed) + "  /  " +
                                                    Wort(kern, Word::NetTooLong, {minutes})});
         Naechste_Zeile(StepPrgNextDataset);
@@ -177,9 +175,9 @@ void F91::Stillstand(NetStandstill reason) {
     if (reason != NetStandstill::NoReply) {
         // The next row may have another port.
         const bool untouched = reason == NetStandstill::NoPort && Unberuehrt(run.link.Lauf.List.RunRow);
-        Netz_Abbrechen(netz);
+        Net_Abbrechen(netz);
         Zeile_Markieren(ListMark::Failed,
-                        {.End = untouched ? RunOutcome::NoPort : Netz_Fehlschlag(netz),
+                        {.End = untouched ? RunOutcome::NoPort : Net_Fehlschlag(netz),
                          .Text = kern.Zeile(untouched ? Line::PortNotOpened : Line::ConnectionFailed)});
         Naechste_Zeile(StepPrgNextDataset);
         return;

@@ -2,7 +2,6 @@
 
 #include "F91.h"
 
-#include <Lines.h>
 #include <cstdint>
 
 namespace qvm {
@@ -31,7 +30,7 @@ void F91::Zeile_Aufgeben() {
         return;
     }
     if (work_ == Work::Network) {
-        Netz_Abbrechen(netz);
+        Net_Abbrechen(netz);
     } else {
         Lauf_Verlassen(run, RunOutcome::NotReached, kern.Zeile(Line::ConnectionFailed));
     }
