@@ -13,7 +13,7 @@ namespace qvm {
 namespace {
 
 /// A decimal byte that ends at "/" or at the end of the text; nothing when it is none.
-std::optional<std::uint8_t> Dezimalbyte(std::string_view& text) {
+std::optional<std::uint8_t> Adapterbyte(std::string_view& text) {
     const std::string_view piece = Trim(text.substr(0, text.find('/')));
     text.remove_prefix(std::min(text.find('/'), text.size()));
     std::uint8_t value = 0;
@@ -67,7 +67,7 @@ std::optional<std::uint32_t> Adapter_Nummer(std::string_view text) {
             return std::nullopt;
         }
         text.remove_prefix(n > 0 ? 1 : 0);
-        const auto byte = Dezimalbyte(text);
+        const auto byte = Adapterbyte(text);
         if (!byte) {
             return std::nullopt;
         }
