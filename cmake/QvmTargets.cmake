@@ -112,9 +112,9 @@ endfunction()
 
 # qvm_library(<name> [QT] [DIR <folder>] [PARTS <sub-folder>...] [DEPS <target>...] [PRIVATE_DEPS <target>...]
 #             [HEADERS <header>...] [HEADERS_OF <target>])
-# All .cpp files of the folder and of those sub-folders as one static library. Parts are rooms without walls. QT: its libraries bring definitions of Qt
-# along, so that it cannot share core's compiled headers. HEADERS: what it includes everywhere besides, then. HEADERS_OF:
-# the target whose compiled headers it takes.
+# All .cpp files of the folder and of those sub-folders as one static library. PARTS are rooms without walls. QT: its
+# libraries bring definitions of Qt along, so that it cannot share core's compiled headers. HEADERS: what it includes
+# everywhere besides, then. HEADERS_OF: the target whose compiled headers it takes.
 function(qvm_library name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "QT" "DIR;HEADERS_OF" "PARTS;DEPS;PRIVATE_DEPS;HEADERS")
   if(NOT arg_DIR)
@@ -161,10 +161,10 @@ endfunction()
 
 # qvm_test(<folder> [QT] [PROGRAM] [SLICES <count>] [DEPS <target>...] [HEADERS <header>...])
 # The tests of tests/<folder> as one program test_<folder>, linked to what that folder may use and no more. PROGRAM: it
-# needs the program as it is handed out. QT: its
-# libraries bring definitions of Qt along, so that such programs share compiled headers among themselves only, and with
-# HEADERS, what they include everywhere besides, not even that. SLICES: so many runs that may
-# go on at a time, each with its share of the tests; a run for every single test spent most of its time on starting.
+# needs the program as it is handed out. QT: its libraries bring definitions of Qt along, so that such programs share
+# compiled headers among themselves only, and with HEADERS, what they include everywhere besides, not even that. SLICES:
+# so many runs that may go on at a time, each with its share of the tests; a run for every single test spent most of its
+# time on starting.
 function(qvm_test folder)
   cmake_parse_arguments(PARSE_ARGV 1 arg "QT;PROGRAM" "SLICES" "DEPS;HEADERS")
   file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp")
