@@ -88,10 +88,13 @@ void Bedienung::Abbruch_Beginnen() {
 }
 
 bool Bedienung::Abbruch_Ueberfaellig() {
+    if (!cancelling_) {
+        return false;
+    }
     // Neither in a wait that the run orders nor between two frames of the session's end does the time run.
     const std::int64_t now = program_.kern.Welt.Milliseconds();
     cancelSince_ = Lauf_Wartet(program_.Run) ? now : std::max(cancelSince_, program_.link.Lauf.Chain.LastAnswer);
-    return cancelling_ && (again_ || now - cancelSince_ >= CancelMs) && !program_.Run.Gesamtende;
+    return (again_ || now - cancelSince_ >= CancelMs) && !program_.Run.Gesamtende;
 }
 
 } // namespace qvm

@@ -14,6 +14,8 @@ namespace qvm {
 /// What the commands that run locks, `program`, `history` and `run`, have in common: they refuse, report and count
 /// alike, and differ in who works the locks off between `Beginnen` and `Abschliessen`.
 class Laufsitzung {
+    AbbruchSignal signal_; // first, so that the whole program lives under it
+
 public:
     Laufsitzung(const Umgebung& world, const Console& console, const Optionen& options);
     Laufsitzung(const Laufsitzung&) = delete;
@@ -46,7 +48,6 @@ private:
     const Optionen& options_;
     std::string_view word_;
     bool table_; ///< results come while a table is shown
-    AbbruchSignal signal_;
     TraceDatei trace_;
     bool cancelled_ = false;
     std::vector<LockResult> results_;

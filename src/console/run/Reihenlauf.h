@@ -45,9 +45,9 @@ private:
     const LaufAuftrag& order_;
     std::optional<DateTime> at_;
     Tafel& table_;
+    std::vector<LockResult> results_; ///< before the operator, whose first look at the grid may have something to say
     Bedienung operator_;
     Timer watch_;
-    std::vector<LockResult> results_;
     std::size_t told_ = 0;
     int telegramsBefore_ = 0;
     int questions_ = 0; ///< how many were answered
