@@ -86,8 +86,7 @@ void TransferWindows::Liste_Verbinden() {
 
 void TransferWindows::Listenlauf_Verbinden() {
     programm.Run.Liste = ListView{
-        .Zeile_Markieren = [this](const std::string& mark,
-                                  const std::string& text) { F91.Direkt_Markieren(mark, text); },
+        .Zeile_Markieren = [this](std::string_view mark, const std::string& text) { F91.Direkt_Markieren(mark, text); },
         .Naechste_Zeile = [this] { F91.Direkt_Naechste_Zeile(); },
         .Stoppen = [this] { F91.Stoppen(); },
     };

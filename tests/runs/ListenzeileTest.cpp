@@ -18,7 +18,7 @@ struct Run_List_Row : RunFixture {
     /// Starts the run of lock 1 as the only row of a list.
     void StartRow(bool history = false) {
         Begin();
-        programm->Run.Liste = {.Zeile_Markieren = [this](const std::string& mark,
+        programm->Run.Liste = {.Zeile_Markieren = [this](std::string_view mark,
                                                          const std::string& text) { Marks.emplace_back(mark, text); },
                                .Naechste_Zeile = [this] { ++NextRows; },
                                .Stoppen = [this] { ++Stops; }};

@@ -108,7 +108,7 @@ TEST(Sources, ranges_of_serials_stand_on_one_page) {
 /// A number where a line of the catalogue is asked for.
 const std::regex& NumberedLine() {
     static const std::regex pattern(
-        R"(\b(Zeile|Status|Status_Zeigen|Ende|Ende_Zeigen|Fertig|Wartebox_Text|Mit_Meldung_Enden)\(([^()]*[ ,(])?[1-9]\d*[,)])");
+        R"(\b(Zeile|Status|Status_Zeigen|Ende|Ende_Zeigen|Fertig|Wartebox_Text|Mit_Meldung_Enden)\(([^()]*[ ,(])?[1-9]\d*[,)]|\bline[A-Z]\w* = [1-9])");
     return pattern;
 }
 
@@ -128,6 +128,7 @@ TEST(Sources, a_line_of_the_catalogue_goes_by_its_name) {
 TEST(Sources, a_line_of_the_catalogue_by_its_number_is_found) {
     EXPECT_TRUE(std::regex_search(std::string("kern.Zeile(66)"), NumberedLine()));
     EXPECT_TRUE(std::regex_search(std::string("Status_Zeigen(82, 0);"), NumberedLine()));
+    EXPECT_TRUE(std::regex_search(std::string("constexpr int lineProgrammed = 266;"), NumberedLine()));
     EXPECT_TRUE(std::regex_search(std::string("kern.Zeile(good ? Line::Ok : 66)"), NumberedLine()));
     EXPECT_FALSE(std::regex_search(std::string("Status_Zeigen(Line::Cancelled, 0);"), NumberedLine()));
 }

@@ -4,6 +4,7 @@
 #include "F92Window.h"
 #include "F9Window.h"
 #include "GridView.h"
+#include "ListMark.h"
 #include "MonthView.h"
 #include "Pictures.h"
 #include "Theme.h"

@@ -1,5 +1,6 @@
 #include "Fensterschau.h"
 
+#include "ListMark.h"
 #include "MonthView.h"
 #include "Pictures.h"
 #include "TextSlots.h"

@@ -1,6 +1,7 @@
 // Finding and marking in F13: the filter line, blocks of rows, typed letters, and what the last list left.
 
 #include "FensterFixture.h"
+#include "ListMark.h"
 #include "Text.h"
 
 namespace qvm::test {

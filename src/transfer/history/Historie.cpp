@@ -157,10 +157,9 @@ std::string Historie_Dateiname(const DateTime& now, std::string_view lockName) {
 }
 
 std::string Historie_Verlust_Text(const Kern& kern, HistoryLoss why) {
-    constexpr int lineUnwritten = 277;
     switch (why) {
     case HistoryLoss::Unwritten:
-        return kern.Zeile(lineUnwritten);
+        return kern.Zeile(Line::HistoryNotSaved);
     case HistoryLoss::Broken:
         return Wort(kern, Word::HistoryBroken);
     case HistoryLoss::Endless:

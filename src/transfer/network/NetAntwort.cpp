@@ -1,4 +1,5 @@
 #include "Historie.h"
+#include "ListMark.h"
 #include "NetSchritte.h"
 #include "Text.h"
 #include "Words.h"
@@ -75,14 +76,14 @@ void Historie_Fertig(Netzlauf& run) {
     if (lauf.Chain.HistoryLost != HistoryLoss::None) {
         // Programming can erase the events of the lock.
         if (lauf.Chain.HistoryLost == HistoryLoss::Unwritten) {
-            Net_Zeile_Fertig(run, "#", RunOutcome::GivenUp, Line::HistoryNotSaved);
+            Net_Zeile_Fertig(run, ListMark::Failed, RunOutcome::GivenUp, Line::HistoryNotSaved);
         } else {
             Net_Zeile_Gescheitert(run, RunOutcome::GivenUp, Historie_Verlust_Text(run.kern, lauf.Chain.HistoryLost));
         }
     } else if (lauf.List.NetMode == HistoryAndProgram) {
         Net_Zeile_Behalten(run);
     } else {
-        Net_Zeile_Fertig(run, "<<", RunOutcome::Done, Line::HistoryRead, StepNexHstRead);
+        Net_Zeile_Fertig(run, ListMark::HistoryRead, RunOutcome::Done, Line::HistoryRead, StepNexHstRead);
     }
 }
 
@@ -171,7 +172,7 @@ void Behandeln(Netzlauf& run, Frame frame) {
         Programmierung_Fertig(run, frame);
         break;
     default:
-        Net_Zeile_Fertig(run, "#", Net_Fehlschlag(run), Line::ConnectionFailed);
+        Net_Zeile_Fertig(run, ListMark::Failed, Net_Fehlschlag(run), Line::ConnectionFailed);
         break;
     }
 }

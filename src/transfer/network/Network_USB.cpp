@@ -1,5 +1,6 @@
 #include "Network_USB.h"
 
+#include "ListMark.h"
 #include "Modelle.h"
 #include "NetSchritte.h"
 #include "Text.h"
@@ -103,7 +104,7 @@ void Net_Programmieren_Beginnen(Netzlauf& run) {
     const unsigned number = run.Number;
     if (!Net_Daten_Senden(run, 0, static_cast<int>(run.Daten.Slots.size())) && run.Number == number &&
         run.Phase == NetPhase::None) {
-        Net_Zeile_Fertig(run, "-", RunOutcome::PassedOver, Line::RowUnknownError);
+        Net_Zeile_Fertig(run, ListMark::PassedOver, RunOutcome::PassedOver, Line::RowUnknownError);
     }
 }
 
@@ -150,7 +151,7 @@ void Zeile_Melden(Netzlauf& run, std::string_view mark, RunOutcome end, const st
 } // namespace
 
 void Net_Zeile_Gescheitert(Netzlauf& run, RunOutcome end, const std::string& text) {
-    Zeile_Melden(run, "#", end, text);
+    Zeile_Melden(run, ListMark::Failed, end, text);
 }
 
 RunOutcome Net_Fehlschlag(const Netzlauf& run) {
@@ -159,25 +160,24 @@ RunOutcome Net_Fehlschlag(const Netzlauf& run) {
 }
 
 void Net_Zeile_Programmiert(Netzlauf& run) {
-    constexpr int lineProgrammed = 266;
     const std::vector<std::string> left = Units_Ohne_Platz(run.Daten);
     if (left.empty()) {
-        Net_Zeile_Fertig(run, ">>", RunOutcome::Done, lineProgrammed);
+        Net_Zeile_Fertig(run, ListMark::Programmed, RunOutcome::Done, Line::Programmed);
         return;
     }
     std::string names;
     for (const std::string& name : left) {
         names += (names.empty() ? "" : ", ") + name;
     }
-    Zeile_Melden(run, ">>", RunOutcome::Done,
-                 run.kern.Zeile(lineProgrammed) + " - " + Wort(run.kern, Word::NetUnitsLeft, {names}));
+    Zeile_Melden(run, ListMark::Programmed, RunOutcome::Done,
+                 run.kern.Zeile(Line::Programmed) + " - " + Wort(run.kern, Word::NetUnitsLeft, {names}));
 }
 
 void Net_Zeile_Behalten(Netzlauf& run) {
     Ruhe(run);
     Anzeige_Beenden(run);
     run.End = RunOutcome::Done;
-    run.Ansicht.Zeile_Markieren("<<", Line::HistoryRead);
+    run.Ansicht.Zeile_Markieren(ListMark::HistoryRead, Line::HistoryRead);
     run.Ansicht.Programmieren_Planen();
 }
 

@@ -53,7 +53,8 @@ struct NetView {
     Hook<void(int line, int second)> Status;
     Hook<void(bool on)> Blinken; ///< the status label blinks, 800 ms
     Hook<void(int maximum, int value, bool visible)> Balken;
-    /// Mark and status text (catalogue line) of the present row, which is done with it (">>" 266, "<<" 263, "#").
+    /// Mark and status text (catalogue line) of the present row, which is done with it (Programmed, HistoryRead,
+    /// Failed).
     Hook<void(std::string_view mark, int line)> Zeile_Markieren;
     /// The same with a text of its own, code page 1252.
     Hook<void(std::string_view mark, const std::string& text)> Zeile_Melden;

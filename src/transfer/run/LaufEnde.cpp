@@ -1,5 +1,6 @@
 #include "Laufbedingungen.h"
 #include "Laufschritte.h"
+#include "ListMark.h"
 #include "RunProgress.h"
 #include "Schlosszeile.h"
 #include "Words.h"
@@ -93,7 +94,7 @@ bool Zeile_Fehlgeschlagen(Programmierlauf& run, RunOutcome outcome, std::string_
     Timer_Anhalten(run);
     Lauf_Beenden(run, outcome, text);
     const std::string moved = run.Bericht.ChannelUnsaved ? " - " + Wort(run.kern, Word::ChannelUnsaved) : "";
-    run.Liste.Zeile_Markieren("#", std::string(text) + moved);
+    run.Liste.Zeile_Markieren(ListMark::Failed, std::string(text) + moved);
     run.Liste.Naechste_Zeile();
     return true;
 }
@@ -161,7 +162,7 @@ void Schloss_Fertig(Programmierlauf& run) {
     for (const std::string& note : {Unit_Notiz(run), Erledigt_Zusatz(run)}) {
         text += note.empty() ? "" : " - " + note;
     }
-    run.Liste.Zeile_Markieren(lauf.Chain.HistoryOnly != 0 ? "<<" : ">>", text);
+    run.Liste.Zeile_Markieren(lauf.Chain.HistoryOnly != 0 ? ListMark::HistoryRead : ListMark::Programmed, text);
     run.Liste.Naechste_Zeile();
 }
 

@@ -6,7 +6,7 @@
 #include <string_view>
 
 /// The steps of a run, to which the rows of the reply chain lead. A step sends at most one telegram unless its line
-/// says otherwise. Nothing outside the run includes this.
+/// says otherwise.
 namespace qvm {
 
 // Login, channel and code (LaufAnmeldung.cpp)

@@ -70,7 +70,7 @@ struct RunView {
 
 /// The list run's part at the end of a lock. Used only while ListState::RunRows is not 0.
 struct ListView {
-    Hook<void(const std::string& mark, const std::string& text)> Zeile_Markieren; ///< the present row
+    Hook<void(std::string_view mark, const std::string& text)> Zeile_Markieren; ///< the present row
     Hook<void()> Naechste_Zeile; ///< the row is done: raises RunRow and plans the next one
     Hook<void()> Stoppen;
 };

@@ -3,6 +3,7 @@
 #include "AdapterScan.h"
 #include "F91Takt.h"
 #include "Fragen.h"
+#include "ListMark.h"
 #include "Text.h"
 #include "Words.h"
 

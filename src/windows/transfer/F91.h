@@ -7,6 +7,7 @@
 #include "Grid.h"
 #include "GridFilter.h"
 #include "GridSelection.h"
+#include "ListMark.h"
 #include "Network_USB.h"
 #include "Programmierlauf.h"
 #include "Timer.h"
@@ -22,11 +23,6 @@
 #include <vector>
 
 namespace qvm {
-
-/// States of a row, in column Mark.
-namespace ListMark {
-inline constexpr std::string_view Waiting = "*", PassedOver = "-", Programmed = ">>", HistoryRead = "<<", Failed = "#";
-}
 
 /// What became of a row.
 struct RowResult {

@@ -3,6 +3,7 @@
 #include "AdapterScan.h"
 #include "AutoRegister.h"
 #include "F91.h"
+#include "ListMark.h"
 #include "Text.h"
 
 #include <algorithm>

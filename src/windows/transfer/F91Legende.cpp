@@ -1,6 +1,7 @@
 // What the marks of the run list mean.
 
 #include "F91.h"
+#include "ListMark.h"
 #include "Words.h"
 
 #include <array>

@@ -2,6 +2,7 @@
 
 #include "F91.h"
 #include "F91Takt.h"
+#include "ListMark.h"
 #include "Text.h"
 #include "Words.h"
 

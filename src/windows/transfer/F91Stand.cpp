@@ -1,6 +1,7 @@
 // How far the list is, and which row is under way.
 
 #include "F91.h"
+#include "ListMark.h"
 #include "Schlosszeile.h"
 #include "Text.h"
 

@@ -1,12 +1,11 @@
 // A row that nobody answers does not hold up the rows behind it.
 
 #include "F91.h"
+#include "ListMark.h"
 
 #include <cstdint>
 
 namespace qvm {
-namespace {} // namespace
-
 void F91::Tick_Wache() {
     if (work_ == Work::None) {
         Wache.Stop();

@@ -4,6 +4,7 @@
 #include "DatensatzDateien.h"
 #include "F91.h"
 #include "F91Takt.h"
+#include "ListMark.h"
 #include "Pictures.h"
 #include "Text.h"
 
