@@ -3,6 +3,7 @@
 #include "AdapterKunde.h"
 #include "CodeEingabe.h"
 #include "Ergebnis.h"
+#include "Seriennummer.h"
 #include "TransferWindows.h"
 #include "Vorpruefung.h"
 
@@ -40,30 +41,33 @@ std::string Programm_Beginnen(Programm& program, const Umgebung& world) {
     return {};
 }
 
+/// What the command line orders; the code and Ctrl-C are not there yet.
+LaufAuftrag Auftrag_Aus(const Optionen& options) {
+    return {.HistoryOnly = options.Wanted == Command::History || options.HistoryOnly,
+            .HistoryFirst = options.HistoryFirst,
+            .Since = options.Since,
+            .Keep = options.Keep,
+            .Code = {},
+            .Device = options.Port,
+            .TimeoutSeconds = options.TimeoutSeconds,
+            .Interrupts = {}};
+}
+
 /// Why a lock of the grid cannot be run; empty when it can.
 std::string Hindernis(const Grid& grid, int lock) {
     const std::string& serial = grid.Text(lock, F13Column::Serial);
     if (serial.empty()) {
         return "has no serial number in the lock table";
     }
-    Address address{};
-    return Einstellung_AEsn(serial, address) == "FEHLER" ? "has a serial number that is not hexadecimal" : "";
+    return Serie_Zerlegen(serial) ? "" : "has a serial number that is not hexadecimal";
 }
 
 } // namespace
 
 Laufsitzung::Laufsitzung(const Umgebung& world, const Console& console, const Optionen& options)
-    : program(world.Welt, world.AppPath), Auftrag{.HistoryOnly =
-                                                      options.Wanted == Command::History || options.HistoryOnly,
-                                                  .HistoryFirst = options.HistoryFirst,
-                                                  .Since = options.Since,
-                                                  .Keep = options.Keep,
-                                                  .Code = {},
-                                                  .Device = options.Port,
-                                                  .TimeoutSeconds = options.TimeoutSeconds,
-                                                  .Interrupts = [this] { return signal_.Anzahl(); }},
-      Locks(options.Locks), world_(world), console_(console), options_(options), word_(Befehlswort(options.Wanted)),
-      table_(options.Wanted == Command::Run) {
+    : program(world.Welt, world.AppPath), Auftrag(Auftrag_Aus(options)), Locks(options.Locks), world_(world),
+      console_(console), options_(options), word_(Befehlswort(options.Wanted)), table_(options.Wanted == Command::Run) {
+    Auftrag.Interrupts = [this] { return signal_.Anzahl(); };
     if (table_) {
         std::sort(Locks.begin(), Locks.end()); // as the rows of the lock grid stand
     }
