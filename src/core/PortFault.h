@@ -27,8 +27,8 @@ struct PortFault {
     bool operator==(const PortFault&) const = default;
 };
 
-/// What is wrong and what to do about it, as sentences from the language file (lines 290 to 299); in English where its
-/// line is empty. Empty for None.
+/// What is wrong and what to do about it, as sentences from the language file (`Line::PortAbsent` to
+/// `Line::PortFault`); in English where its line is empty. Empty for None.
 std::string PortFault_Text(const Kern& kern, const PortFault& fault);
 /// The same in English, for programs without a language.
 std::string PortFault_English(const PortFault& fault);

@@ -42,7 +42,7 @@ bool Tuermodus_Laden(Kern& kern, LockTable& table);
 bool Offsetnamen_Laden(Kern& kern, LockTable& table);
 /// TIMGRP44T8_S.SBS: records 1 to 5 into GroupTableLock; entries 6 to 8 are empty.
 bool Schlossgruppen_Laden(Kern& kern, LockTable& table);
-/// T6WRSSISN.TSD: column 11, the first three letters of catalogue line 157, 158 or 159, or " - ".
+/// T6WRSSISN.TSD: column 11, the first three letters of `Line::UnitTA`, `UnitAE` or `UnitSTE`, or " - ".
 bool UnitTypen_Laden(Kern& kern, LockTable& table);
 /// COMSETUPADAPTER.ADP: the used ones of records 1 to 19. One whose name begins "ENROLLMENT1" serves no lock and shows
 /// as " - "; without one, " - " is put in front.

@@ -16,8 +16,8 @@ int Emi_Bild(std::string_view serial);
 /// The priority as a lock takes it: "1" to "5" give 0 to 4, any other text the middle, 2.
 std::uint8_t Prioritaet_Code(std::string_view text);
 
-/// Text of column 17 for a stored door mode: "AA" gives catalogue line 218, "BB" line 219, any other nothing. Without a
-/// language file the mode shows as it is stored, so that a save keeps it.
+/// Text of column 17 for a stored door mode: "AA" gives `Line::RoomDoor`, "BB" `Line::CommonDoor`, any other nothing.
+/// Without a language file the mode shows as it is stored, so that a save keeps it.
 std::string Tuermodus_Text(const Kern& kern, std::string_view mode);
 /// The stored mode, "AA", "BB" or nothing, for a text of column 17.
 std::string Tuermodus_Kennung(const Kern& kern, std::string_view text);

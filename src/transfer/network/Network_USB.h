@@ -58,7 +58,7 @@ struct NetView {
     Hook<void(std::string_view mark, int line)> Zeile_Markieren;
     /// The same with a text of its own, code page 1252.
     Hook<void(std::string_view mark, const std::string& text)> Zeile_Melden;
-    /// The row is done: raise RunRow and plan `step` in 3000 ms, or show line 265 behind the last row.
+    /// The row is done: raise RunRow and plan `step` in 3000 ms, or show `Line::ListCompleted` behind the last row.
     Hook<void(std::string_view step)> Naechste_Zeile;
     /// History and programming were wished and the history is there: ProgQvmUnits for the same row in 100 ms.
     Hook<void()> Programmieren_Planen;

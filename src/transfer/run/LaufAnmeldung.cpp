@@ -103,7 +103,7 @@ void Schritt_Anmeldung_Abgelehnt(Programmierlauf& run) {
 void Schritt_Unit_Abgelehnt(Programmierlauf& run) {
     // The unit's box stays unticked; the units behind it are tried.
     run.UnitGood = false;
-    const int line = Anmeldung_Zeile(run.link.RxByte(14));
+    const int line = Anmeldung_Zeile(run.link.RxByte(StatusIndex));
     const int index = run.link.Lauf.Chain.UnitIndex;
     if (index >= 0 && index < static_cast<int>(run.Bericht.Units.size())) {
         UnitReport& unit = run.Bericht.Units[static_cast<std::size_t>(index)];
@@ -161,7 +161,7 @@ void Schritt_Zweiter_Durchgang(Programmierlauf& run) {
 
 void Schritt_Code_Ergebnis(Programmierlauf& run) {
     const Kern& kern = run.kern;
-    const std::uint8_t status = run.link.RxByte(14);
+    const std::uint8_t status = run.link.RxByte(StatusIndex);
     if (status == 4) {
         kern.Meldung(kern.Zeile(Line::NewCodeAccepted), Buttons::Ok, Icon::Information, CodeTitle);
         return;

@@ -79,7 +79,7 @@ void Schritt_Benutzer_Slot(Programmierlauf& run) {
     if (user == nullptr) {
         return;
     }
-    const int slot = run.link.RxByte(14) * 256 + run.link.RxByte(15);
+    const int slot = run.link.RxByte(StatusIndex) * 256 + run.link.RxByte(StatusIndex + 1);
     if (slot < FirstSlot || slot > LastSlot) {
         Platz_Ungueltig(run);
         return;

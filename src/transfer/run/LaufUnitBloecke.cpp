@@ -114,7 +114,7 @@ void Schritt_Unit_Block_Quittung(Programmierlauf& run) {
     if (run.Waiting || chain.UnitRow < 0 || chain.UnitRow >= static_cast<int>(rows.size())) {
         return;
     }
-    const std::uint8_t status = run.link.RxByte(14);
+    const std::uint8_t status = run.link.RxByte(StatusIndex);
     UnitReport* const unit = Unit_Bericht(run);
     // The text of a refused block stays, whatever the others give.
     if (std::string note = Block_Notiz(status); unit != nullptr && !note.empty() && !run.BlockRefused) {

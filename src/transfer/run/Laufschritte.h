@@ -30,7 +30,7 @@ void Schritt_Code_Ergebnis(Programmierlauf& run);
 void Schritt_Kanalwechsel_Ende(Programmierlauf& run);
 /// A code change that waits for its login is told that there will be none.
 void Codeaenderung_Gescheitert(Programmierlauf& run);
-/// Catalogue line of a refused login's status: 70, 71, 111, or 0 for none.
+/// Catalogue line of a refused login's status: `Line::CheckCode`, `CodeNotAccepted`, `AccessDenied`, or 0 for none.
 int Anmeldung_Zeile(std::uint8_t status);
 
 // Tables and settings (LaufTabellen.cpp). TimerPart and HolidayPart name the part to send and are stepped, to StepDone

@@ -37,7 +37,7 @@ struct F11 {
     Label Prompt;
     TextBox Text1;    ///< one "*" for each character typed
     Label Anzahl;     ///< how many stand
-    Label CutoffText; ///< line 179
+    Label CutoffText; ///< `Line::HistoryFrom`
     Label CutoffDate; ///< "dd.mm.yyyy", or dashes when no history is read
     CheckBox Check1;  ///< checked: option 0 of the erase telegram
     ListBox Combo1;   ///< adapters; hidden unless the adapter mode is on

@@ -4,6 +4,7 @@
 #include "F91Takt.h"
 #include "Fragen.h"
 #include "ListMark.h"
+#include "LockRecords.h"
 #include "Text.h"
 #include "Words.h"
 
@@ -11,8 +12,6 @@
 
 namespace qvm {
 namespace {
-
-constexpr int MostRows = 200;
 
 /// Columns that the run list has of the lock grid.
 constexpr bool Wird_Kopiert(int column) {
@@ -67,7 +66,7 @@ void F91::Liste_Leeren() {
 }
 
 void F91::Listenzeile_Uebernehmen(const Grid& lockGrid, int gridRow, int listRow) {
-    if (listRow < 1 || listRow > MostRows) {
+    if (listRow < 1 || listRow > LockRecord::Record.Last) {
         return;
     }
     FGK91.Resize(std::max(FGK91.Rows(), listRow + 1), F91Column::Count);
