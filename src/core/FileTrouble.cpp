@@ -70,6 +70,14 @@ std::string FileTrouble_Text(const Kern& kern, const FileTrouble& trouble) {
     return Satz(kern.Config.Sprache, trouble);
 }
 
+std::string Dateimaengel_Text(const Kern& kern, std::span<const FileTrouble> troubles) {
+    std::string text;
+    for (const FileTrouble& trouble : troubles) {
+        text += (text.empty() ? "" : "; ") + FileTrouble_Text(kern, trouble);
+    }
+    return text;
+}
+
 std::string FileTrouble_English(const FileTrouble& trouble) {
     return Satz("English", trouble);
 }

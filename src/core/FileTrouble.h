@@ -3,6 +3,7 @@
 #include "FileStore.h"
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -35,6 +36,8 @@ FileFault Lesefehler(const FileStore& files);
 
 /// "NAME: what is wrong with it", without a full stop, in the language in use.
 std::string FileTrouble_Text(const Kern& kern, const FileTrouble& trouble);
+/// All of them as one text, joined by "; ".
+std::string Dateimaengel_Text(const Kern& kern, std::span<const FileTrouble> troubles);
 /// The same in English, for programs without a language.
 std::string FileTrouble_English(const FileTrouble& trouble);
 /// The reason alone, in English: "it is a pipe". Never empty.

@@ -63,12 +63,4 @@ std::vector<FileTrouble> Unlesbare(const std::vector<FileTrouble>& troubles) {
     return found;
 }
 
-std::string Dateimaengel_Text(const Kern& kern, std::span<const FileTrouble> troubles) {
-    std::string text;
-    for (const FileTrouble& trouble : troubles) {
-        text += (text.empty() ? "" : "; ") + FileTrouble_Text(kern, trouble);
-    }
-    return text;
-}
-
 } // namespace qvm

@@ -3,8 +3,6 @@
 #include "Dataset.h"
 #include "FileTrouble.h"
 
-#include <span>
-#include <string>
 #include <vector>
 
 namespace qvm {
@@ -16,8 +14,5 @@ std::vector<FileTrouble> Datensatz_Dateien_Pruefen(const Kern& kern, const LockR
 
 /// What of it no consent helps against: files that cannot be read.
 std::vector<FileTrouble> Unlesbare(const std::vector<FileTrouble>& troubles);
-
-/// All of them as one text, joined by "; ", in the language in use.
-std::string Dateimaengel_Text(const Kern& kern, std::span<const FileTrouble> troubles);
 
 } // namespace qvm
