@@ -55,6 +55,7 @@ struct TextBox {
     Observed<int> Caret{0}; ///< position before which the next character goes, from 0
     int MaxLength = 0;      ///< 0: no limit
     std::function<void()> SetFocus;
+    std::function<void()> SelectAll; ///< the whole text is selected, so that the next character takes its place
 };
 
 struct Button {

@@ -51,6 +51,9 @@ void Grid::Set(int row, int column, const Cell& cell) {
     if (own == cell) {
         return;
     }
+    if (Changing) {
+        Changing(row, column, own);
+    }
     own = cell;
     if (CellChanged) {
         CellChanged(row, column);

@@ -52,6 +52,9 @@ public:
     Observed<bool> Enabled{true};
     Observed<bool> Visible{true};
 
+    /// For an undo: the cell is about to become another one. Resize and ClearRows are not told here; what was noted
+    /// before is worth nothing behind them.
+    std::function<void(int row, int column, const Cell& before)> Changing;
     /// Called after a cell changed; (-1, -1): everything may have changed.
     std::function<void(int row, int column)> CellChanged;
 

@@ -14,8 +14,9 @@ std::string OneLine(std::string text) {
 
 } // namespace
 
-GridSelection::GridSelection(Grid& grid, Unit unit, const GridFilter* filter)
-    : grid_(grid), unit_(unit), filter_(filter) {}
+GridSelection::GridSelection(Grid& grid, Unit unit, const GridFilter* filter, int headingRows, int headingColumns)
+    : grid_(grid), unit_(unit), filter_(filter), headingRows_(headingRows), headingColumns_(headingColumns),
+      anchorRow_(headingRows), anchorColumn_(headingColumns) {}
 
 void GridSelection::Set(const GridBlock& block, int row, int column) {
     if (block == block_ && grid_.Row == row && grid_.Column == column) {
@@ -24,13 +25,16 @@ void GridSelection::Set(const GridBlock& block, int row, int column) {
     block_ = block;
     grid_.Row = row;
     grid_.Column = column;
+    if (Moved) {
+        Moved();
+    }
     if (Changed) {
         Changed();
     }
 }
 
 void GridSelection::Go(int row, int column) {
-    if (row < 1 || !grid_.Holds(row, column)) {
+    if (!Selectable(row, column)) {
         return;
     }
     anchorRow_ = row;
@@ -39,29 +43,30 @@ void GridSelection::Go(int row, int column) {
 }
 
 void GridSelection::Extend(int row, int column) {
-    if (row < 1 || !grid_.Holds(row, column)) {
+    if (!Selectable(row, column)) {
         return;
     }
     const bool rows = unit_ == Unit::Rows;
     Set({.Top = std::min(anchorRow_, row),
-         .Left = rows ? 0 : std::min(anchorColumn_, column),
+         .Left = rows ? headingColumns_ : std::min(anchorColumn_, column),
          .Bottom = std::max(anchorRow_, row),
          .Right = rows ? grid_.Columns() - 1 : std::max(anchorColumn_, column)},
         row, column);
 }
 
 void GridSelection::All() {
-    Set({.Top = 1, .Left = 0, .Bottom = grid_.Rows() - 1, .Right = grid_.Columns() - 1}, grid_.Row, grid_.Column);
+    Set({.Top = headingRows_, .Left = headingColumns_, .Bottom = grid_.Rows() - 1, .Right = grid_.Columns() - 1},
+        grid_.Row, grid_.Column);
 }
 
 void GridSelection::FilterChanged() {
-    int row = std::max(grid_.Row, 1);
+    int row = std::max(grid_.Row, headingRows_);
     while (row < grid_.Rows() && !Shows(row)) {
         ++row;
     }
     // Behind the last row: none below the current one is shown, and one above it may be.
     if (row == grid_.Rows()) {
-        for (row = 1; row < grid_.Rows() && !Shows(row);) {
+        for (row = headingRows_; row < grid_.Rows() && !Shows(row);) {
             ++row;
         }
     }

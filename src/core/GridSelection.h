@@ -26,7 +26,9 @@ public:
     enum class Unit : std::uint8_t { Cells, Rows };
 
     /// `filter`: rows that it hides are not among Rows; nullptr: none are hidden. Both must outlive the selection.
-    GridSelection(Grid& grid, Unit unit, const GridFilter* filter = nullptr);
+    /// `headingRows`, `headingColumns`: how many the heading has.
+    GridSelection(Grid& grid, Unit unit, const GridFilter* filter = nullptr, int headingRows = 1,
+                  int headingColumns = 0);
 
     /// The cell becomes the current one and is the whole block, or its row is. Outside the grid, and on the heading,
     /// nothing happens.
@@ -50,17 +52,23 @@ public:
     /// each. Tabs and line ends inside a cell become blanks. `columnShown`: which columns; empty: all.
     std::string Text(const std::function<bool(int column)>& columnShown = {}) const;
 
-    std::function<void()> Changed; ///< for the view: block or current cell is another one
+    std::function<void()> Moved;   ///< for the window: block or current cell is another one
+    std::function<void()> Changed; ///< for the view, behind it
 
 private:
     void Set(const GridBlock& block, int row, int column);
+    bool Selectable(int row, int column) const {
+        return row >= headingRows_ && column >= headingColumns_ && grid_.Holds(row, column);
+    }
     bool Shows(int row) const { return filter_ == nullptr || filter_->Shows(row); }
 
     Grid& grid_;
     Unit unit_;
     const GridFilter* filter_;
-    int anchorRow_ = 1;
-    int anchorColumn_ = 0;
+    int headingRows_;
+    int headingColumns_;
+    int anchorRow_;
+    int anchorColumn_;
     GridBlock block_;
 };
 

@@ -161,6 +161,30 @@ TEST_F(Grid_Selection, keeps_a_cell_of_several_lines_in_one_field) {
     EXPECT_EQ(cells.Text(), "T o  r 1\n");
 }
 
+TEST_F(Grid_Selection, spares_a_heading_of_several_rows_and_columns) {
+    GridSelection inner(grid, Unit::Cells, nullptr, 2, 1);
+    inner.Go(1, 1);
+    inner.Go(2, 0);
+    EXPECT_EQ(inner.Block(), GridBlock{});
+    inner.Go(2, 1);
+    inner.Extend(1, 2);
+    EXPECT_EQ(inner.Block(), (GridBlock{2, 1, 2, 1}));
+    inner.All();
+    EXPECT_EQ(inner.Block(), (GridBlock{2, 1, 5, 3}));
+    GridSelection lines(grid, Unit::Rows, nullptr, 2, 1);
+    lines.Go(3, 2);
+    EXPECT_EQ(lines.Block(), (GridBlock{3, 1, 3, 3}));
+}
+
+TEST_F(Grid_Selection, tells_the_window_before_the_view) {
+    std::string order;
+    cells.Moved = [&] { order += "window "; };
+    cells.Changed = [&] { order += "view "; };
+    cells.Go(2, 1);
+    cells.Go(2, 1);
+    EXPECT_EQ(order, "window view ");
+}
+
 TEST_F(Grid_Selection, leaves_hidden_rows_out_of_its_text) {
     filter.Set("b3");
     rows.All();
