@@ -4,6 +4,7 @@
 #include "HistoryWindows.h"
 #include "MainWindows.h"
 #include "Migration.h"
+#include "PersonWindows.h"
 #include "TransferWindows.h"
 #include "Words.h"
 
@@ -11,7 +12,8 @@ namespace qvm {
 
 Programm::Programm(Platform& world, const std::string& directory)
     : kern(world), link(kern), Run(link), Netz(link, Run.Daten), Main(std::make_unique<MainWindows>(*this)),
-      Transfer(std::make_unique<TransferWindows>(*this)), History(std::make_unique<HistoryWindows>(*this)) {
+      Transfer(std::make_unique<TransferWindows>(*this)), History(std::make_unique<HistoryWindows>(*this)),
+      Persons(std::make_unique<PersonWindows>(*this)) {
     kern.AppPath = directory;
     if (kern.AppPath.empty() || kern.AppPath.back() != '/') {
         kern.AppPath += '/';
@@ -19,6 +21,7 @@ Programm::Programm(Platform& world, const std::string& directory)
     Main->Verbinden();
     Transfer->Verbinden();
     History->Verbinden();
+    Persons->Verbinden();
 }
 
 Programm::~Programm() = default;

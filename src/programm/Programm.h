@@ -15,6 +15,7 @@ namespace qvm {
 struct MainWindows;
 struct TransferWindows;
 struct HistoryWindows;
+struct PersonWindows;
 
 /// One of everything, with all hooks filled; still no widget. A front end (or a test) makes one over its Platform.
 struct Programm {
@@ -33,6 +34,7 @@ struct Programm {
     std::unique_ptr<MainWindows> Main;
     std::unique_ptr<TransferWindows> Transfer;
     std::unique_ptr<HistoryWindows> History;
+    std::unique_ptr<PersonWindows> Persons;
 
     DataHolder Datenbesitzer;                                ///< who has the data files, when Programm_Start says so
     std::function<void(const std::string& path)> F7_Oeffnen; ///< shows the history file of a run, by F7 or otherwise

@@ -1,0 +1,7 @@
+#include "PersonWindows.h"
+
+namespace qvm {
+
+void PersonWindows::Verbinden() {}
+
+} // namespace qvm

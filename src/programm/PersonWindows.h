@@ -1,0 +1,19 @@
+#pragma once
+
+#include "F5.h"
+#include "Programm.h"
+
+namespace qvm {
+
+/// The windows of users and their credentials.
+struct PersonWindows {
+    explicit PersonWindows(Programm& whole) : programm(whole) {}
+
+    Programm& programm;
+    qvm::F5 F5{programm.kern};
+
+    /// Fills the hooks of these windows, and those that lead to them. Behind MainWindows and TransferWindows.
+    void Verbinden();
+};
+
+} // namespace qvm

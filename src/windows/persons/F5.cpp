@@ -1,0 +1,142 @@
+#include "F5.h"
+
+#include "F5_Laden.h"
+#include "F5_Speichern.h"
+#include "FileTrouble.h"
+#include "Fragen.h"
+#include "LockRecords.h"
+#include "TimeRecords.h"
+#include "UserRecords.h"
+#include "Zeitgruppen.h"
+
+#include <vector>
+
+namespace qvm {
+
+F5::F5(Kern& kernel) : kern(kernel) {
+    Auswahl.Moved = [this] { Stand_Zeigen(); };
+}
+
+void F5::F5_FormLaden() {
+    std::vector<FileTrouble> unread;
+    const auto noteFault = [&](bool read, const RecordLayout& layout) {
+        if (!read) {
+            unread.push_back({.File = std::string(layout.File), .Fault = Lesefehler(kern.Welt.Files)});
+        }
+    };
+    for (TextBox* box : {&Text3, &Text4, &Text5, &Text6}) {
+        box->Text = std::string();
+    }
+    MenuRow = 0;
+    FsRow = NoRow;
+    FixedCols = 1;
+    Tabelle.LoadFailed = false;
+    Tabelle.UserDirty = false;
+    FGK4.ClearRows(0);
+    Tabelle.GroupTablePerson = PersonGruppen_Vorgabe();
+    const bool groups = PersonGruppen_Laden(kern, Tabelle.GroupTablePerson);
+    noteFault(groups, TimeGroup::Record);
+    noteFault(F5_SchloesserLaden(kern, Tabelle), LockRecord::Record);
+    noteFault(F5_Laden(kern, Tabelle), UserRecord::Record);
+    noteFault(F5_KanalFarben(kern, Tabelle), ChannelRecord::Record);
+    // Without the groups a save would write "-" for every user's.
+    Tabelle.LoadFailed = Tabelle.LoadFailed || !groups;
+    Verlauf.Forget();
+    Texte_Setzen();
+    Hinweis.Text = std::string();
+    Auswahl.Go(UserGrid::FirstRow, UserColumn::Name);
+    Stand_Zeigen();
+    Verlauf_Zeigen();
+    Fenster.Enabled = true;
+    Fenster.Visible = true; // last, as the window's first size goes by its contents
+    if (!unread.empty()) {
+        kern.Meldung(Wort(kern, Word::FileNotRead, {Dateimaengel_Text(kern, unread)}), Buttons::Ok, Icon::Exclamation);
+    }
+}
+
+void F5::Toolbar1_ButtonClick(std::string_view key) {
+    if (!Fenster.Enabled) {
+        return;
+    }
+    if (key == u8"Zurück"_w) {
+        F5_Schliessen();
+    } else if (key == "Speichern") {
+        Speichern();
+    }
+}
+
+bool F5::Speichern() {
+    if (Tabelle.LoadFailed) {
+        kern.Meldung(Wort(kern, Word::UsersIncomplete), Buttons::Ok, Icon::Exclamation);
+        return false;
+    }
+    // A refusal is told by the check, a fault of the disk by nobody else.
+    if (!F5_Pruefen(kern, Tabelle)) {
+        return false;
+    }
+    if (!F5_Speichern(kern, Tabelle)) {
+        kern.Meldung(Wort(kern, Word::UsersNotSaved), Buttons::Ok, Icon::Exclamation);
+        return false;
+    }
+    return true;
+}
+
+void F5::F5_Schliessen() {
+    if (!Fenster.Enabled) {
+        return; // a device is waited for
+    }
+    if (Tabelle.UserDirty) {
+        const Verlassen choice = Verlassen_Fragen(kern, kern.Zeile(Line::UserManagement));
+        // What could not be saved is not to be lost.
+        if (choice == Verlassen::Bleiben || (choice == Verlassen::Speichern && !Speichern())) {
+            return;
+        }
+    }
+    Tabelle.UserDirty = false;
+    Fenster.Visible = false;
+    kern.Windows.BackToMain();
+}
+
+bool F5::Aendern(Word what, const std::function<void()>& change) {
+    Verlauf.Begin(what);
+    change();
+    if (!Verlauf.End()) {
+        return false;
+    }
+    Tabelle.UserDirty = true;
+    Hinweis.Text = std::string();
+    Stand_Zeigen();
+    Verlauf_Zeigen();
+    return true;
+}
+
+void F5::F5_Undo_Click() {
+    if (!Fenster.Enabled) {
+        return;
+    }
+    if (const auto step = Verlauf.Undo()) {
+        Schritt_Gegangen(*step, Word::UndoDone);
+    }
+}
+
+void F5::F5_Redo_Click() {
+    if (!Fenster.Enabled) {
+        return;
+    }
+    if (const auto step = Verlauf.Redo()) {
+        Schritt_Gegangen(*step, Word::RedoDone);
+    }
+}
+
+void F5::Schritt_Gegangen(const UndoStep& step, Word told) {
+    Tabelle.UserDirty = true;
+    // The channels stand on the disk and are not taken back.
+    F5_KanalFarben(kern, Tabelle);
+    Auswahl.Go(step.Row, step.Column > UserGrid::ColumnOf(UserGrid::Locks) ? UserColumn::KeyId : step.Column);
+    Stand_Zeigen();
+    Verlauf_Zeigen();
+    Hinweis.Text =
+        Wort(kern, told, {Wort(kern, step.What)}) + (step.Stays ? " " + Wort(kern, *step.Stays) : std::string());
+}
+
+} // namespace qvm

@@ -1,0 +1,178 @@
+// Words of the window: menus, headings, status line, tips.
+
+#include "F5.h"
+#include "F5_Laden.h"
+#include "TextSlots.h"
+#include "Worte.h"
+
+namespace qvm {
+namespace {
+
+struct Menuetext {
+    std::string_view Where;
+    MenuEntry F5::*Entry;
+    std::string_view Design;
+};
+
+constexpr std::array<Menuetext, 13> Entries{{
+    {"F5.Delete", &F5::F5_Loeschen, u8"Löschen"_w},
+    {"F5.key_anlernen", &F5::key_anlernen, "anlernen"},
+    {"F5.Key_loeschen", &F5::Key_loeschen, u8"löschen"_w},
+    {"F5.key_ausschneiden", &F5::key_ausschneiden, "Ausschneiden"},
+    {"F5.key_einfuegen", &F5::key_einfuegen, u8"Einfügen"_w},
+    {"F5.key_suchen", &F5::key_suchen, "Suchen"},
+    {"F5.key_synchron", &F5::key_synchron, "E-Key synchronisieren"},
+    {"F5.F5_Extras", &F5::F5_Extras, "Extras"},
+    {"F5.F5_Markierung", &F5::F5_Markierung, "Markierung"},
+    {"F5.F5_M5ON", &F5::F5_M5ON, "Ein"},
+    {"F5.F5_M5_OFF", &F5::F5_M5_OFF, "Aus"},
+    {"F5.F5_Sort", &F5::F5_Sort, "Sortieren"},
+    {"F5.F5_Search", &F5::F5_Search, "Suchen"},
+}};
+
+int Zeile_Fuer(std::string_view where) {
+    for (const TextSlot& slot : TextSlots) {
+        if (slot.Where == where) {
+            return slot.Line;
+        }
+    }
+    return 0;
+}
+
+bool Ist_Schloss(int column) {
+    return column >= UserGrid::ColumnOf(1) && column <= UserGrid::ColumnOf(UserGrid::Locks);
+}
+
+/// Of the name that stands upright in the heading, one character a line.
+std::string Schlossname(const Grid& grid, int column) {
+    const std::string& upright = grid.Text(0, column);
+    std::string name;
+    for (std::size_t n = 0; n < upright.size(); n += 2) {
+        name += upright[n] == '\n' ? ' ' : upright[n];
+    }
+    return name;
+}
+
+bool Gesetzt(const Grid& grid, int row, int column) {
+    const std::string& text = grid.Text(row, column);
+    return text == "X" || text == "F";
+}
+
+int Marken_Der_Zeile(const Grid& grid, int row) {
+    int marks = 0;
+    for (int lock = 1; lock <= UserGrid::Locks; ++lock) {
+        marks += Gesetzt(grid, row, UserGrid::ColumnOf(lock)) ? 1 : 0;
+    }
+    return marks;
+}
+
+int Marken_Der_Spalte(const Grid& grid, int column) {
+    int marks = 0;
+    for (int row = UserGrid::FirstRow; row <= UserGrid::LastRow; ++row) {
+        marks += Gesetzt(grid, row, column) ? 1 : 0;
+    }
+    return marks;
+}
+
+int Benutzer_Zaehlen(const Grid& grid) {
+    int users = 0;
+    for (int row = UserGrid::FirstRow; row <= UserGrid::LastRow; ++row) {
+        users += grid.Text(row, UserColumn::Name).empty() ? 0 : 1;
+    }
+    return users;
+}
+
+std::string Schritt_Text(const Kern& kern, const UndoStep* step, Word withStep, Word without) {
+    return step == nullptr ? Wort(kern, without) : Wort(kern, withStep, {Wort(kern, step->What)});
+}
+
+} // namespace
+
+void F5::Texte_Setzen() {
+    Fenster.Title = std::string(SystemTitle);
+    Label1.Text = Wort(kern, Line::UserManagement, "Benutzerverwaltung");
+    Menues_Beschriften();
+    Ueberschriften_Setzen();
+    Toolbar1[0].Tip = kern.Zeile(Line::Back);
+    Toolbar1[1].Tip = kern.Zeile(Line::Sort);
+    Toolbar1[2].Tip = kern.Zeile(Line::Search);
+    Toolbar1[3].Tip = Wort(kern, Word::UsersClear);
+    Toolbar1[4].Tip = Wort(kern, Word::UsersExport);
+    Toolbar1[5].Tip = kern.Zeile(Line::Save);
+    Stand_Zeigen();
+    Verlauf_Zeigen();
+}
+
+void F5::Menues_Beschriften() {
+    for (const Menuetext& text : Entries) {
+        (this->*text.Entry).Text = Wort(kern, Zeile_Fuer(text.Where), text.Design);
+    }
+    Save_Ekey.Text = Wort(kern, Word::LearnEKey);
+    Save_RFID.Text = Wort(kern, Word::LearnTransponder);
+    Search_Ekey.Text = Wort(kern, Word::SearchEKey);
+    Search_RFID.Text = Wort(kern, Word::SearchTransponder);
+    FS_anerlen.Text = Wort(kern, Word::FingerLearn);
+    FS_loeschen.Text = Wort(kern, Word::FingerRemove);
+    F5_FSpremium.Text = Wort(kern, Word::FingerPremium);
+    F5_FSstandard.Text = Wort(kern, Word::FingerStandard);
+}
+
+void F5::Ueberschriften_Setzen() {
+    constexpr std::array<int, 7> headings{Line::Number, Line::Name,        Line::TimerGroup, Line::Right,
+                                          Line::Code,   Line::Designation, Line::KeyColumn};
+    for (int column = 0; column < static_cast<int>(headings.size()); ++column) {
+        FGK4.SetText(1, column, kern.Zeile(headings[static_cast<std::size_t>(column)]));
+    }
+    FGK4.SetText(1, UserColumn::Finger, "FS");
+    for (int lock = 1; lock <= UserGrid::Locks; ++lock) {
+        FGK4.SetText(1, UserGrid::ColumnOf(lock), Ziffern(lock));
+    }
+    for (int row = UserGrid::FirstRow; row <= UserGrid::LastRow; ++row) {
+        FGK4.SetText(row, UserColumn::Number, Ziffern(row - 1));
+    }
+}
+
+void F5::Stand_Zeigen() {
+    const int users = Benutzer_Zaehlen(FGK4);
+    Benutzerzahl.Text = Wort(kern, Word::UserCount, {Ziffern(users), Ziffern(UserGrid::Users - users)});
+    const std::string& name = FGK4.Text(FGK4.Row, UserColumn::Name);
+    Benutzermarken.Text = FGK4.Row < UserGrid::FirstRow || name.empty()
+                              ? std::string()
+                              : Wort(kern, Word::UserMarks, {name, Ziffern(Marken_Der_Zeile(FGK4, FGK4.Row))});
+    const std::string lock = Ist_Schloss(FGK4.Column) ? Schlossname(FGK4, FGK4.Column) : std::string();
+    Schlossmarken.Text = lock.empty()
+                             ? std::string()
+                             : Wort(kern, Word::LockMarks, {lock, Ziffern(Marken_Der_Spalte(FGK4, FGK4.Column))});
+}
+
+void F5::Verlauf_Zeigen() {
+    F5_Undo.Text = Schritt_Text(kern, Verlauf.NextUndo(), Word::Undo, Word::UndoNothing);
+    F5_Undo.Enabled = Verlauf.NextUndo() != nullptr;
+    F5_Redo.Text = Schritt_Text(kern, Verlauf.NextRedo(), Word::Redo, Word::RedoNothing);
+    F5_Redo.Enabled = Verlauf.NextRedo() != nullptr;
+}
+
+std::string F5::Tip(int row, int column) const {
+    const std::string& name = FGK4.Text(row, UserColumn::Name);
+    if (row < UserGrid::FirstRow || !Ist_Schloss(column) || name.empty() || FGK4.Text(0, column).empty()) {
+        return {};
+    }
+    const std::string& mark = FGK4.Text(row, column);
+    const Word meaning = mark == "X" ? Word::MarkAccess : mark == "F" ? Word::MarkFinger : Word::MarkNoAccess;
+    return Wort(kern, Word::MarkTip, {name, Schlossname(FGK4, column), Wort(kern, meaning)});
+}
+
+int F5::Breite(int column) {
+    constexpr std::array<int, 8> widths{450, 2000, 1600, 800, 1000, 2000, 1800, 800};
+    constexpr int lock = 450;
+    if (column >= 0 && column < static_cast<int>(widths.size())) {
+        return widths[static_cast<std::size_t>(column)];
+    }
+    return Ist_Schloss(column) ? lock : 0;
+}
+
+int F5::Kopfhoehe() const {
+    return F5_KopfHoehe(Tabelle);
+}
+
+} // namespace qvm
