@@ -11,6 +11,7 @@
 #include <cstdlib>
 #include <functional>
 #include <span>
+#include <utility>
 #include <vector>
 
 using namespace qvm;
@@ -34,6 +35,12 @@ VirtualWorld WorldOf(std::uint8_t choice) {
     unit.AdminCode = lock.AdminCode;
     unit.Type = (choice & 4) != 0 ? 2 : 1;
     world.Units.push_back(unit);
+    if ((choice & 8) != 0) {
+        world.Adapter.Name = "ENROLLMENT1";
+    }
+    for (const auto kind : {Credential::Kind::Key, Credential::Kind::Transponder, Credential::Kind::Finger}) {
+        world.Desk.Presented.push_back({.What = kind, .Slot = choice, .Template = {1, 2, 3}, .PieceBytes = 2});
+    }
     return world;
 }
 
@@ -63,7 +70,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::int64_t now = 0;
     SimSurroundings around;
     around.Now = [&now] { return now += 10; };
-    around.After = [](int, const std::function<void()>&) {};
+    std::vector<std::function<void()>> planned;
+    around.After = [&planned](int, std::function<void()> action) { planned.push_back(std::move(action)); };
     around.Send = [](const std::vector<std::uint8_t>&) {};
     VirtualSystem system(WorldOf(data[0]), around);
     std::span<const std::uint8_t> rest{data + 1, size - 1};
@@ -77,6 +85,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             system.Receive(rest.first(1));
             rest = rest.subspan(1);
         }
+    }
+    for (std::size_t n = 0; n < planned.size(); ++n) {
+        const auto action = std::move(planned[n]); // it may plan more
+        action();
     }
     // Whatever came, the next good telegram is heard.
     const std::vector<std::uint8_t> login =

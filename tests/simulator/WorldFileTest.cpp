@@ -245,5 +245,70 @@ TEST(World_FromJson, name_and_address_make_a_network_adapter) {
     EXPECT_EQ(World_ToJson(world).find("network"), std::string::npos);
 }
 
+TEST(World_FromJson, reads_what_is_going_to_be_presented_on_the_desk) {
+    VirtualWorld world;
+    std::string fault;
+    ASSERT_TRUE(World_FromJson(R"({"desk": {"patience_ms": 3000, "freed": "81", "presented": [
+        {"kind": "key", "delay_ms": 40, "id": "0A141E28", "data": "000102030405060708090A0B0C0D0E0F"},
+        {"kind": "transponder", "slot": 129, "id": "0102030405060708090A"},
+        {"kind": "finger", "steps": "0C1C0A", "step_ms": 5, "template": "FFFE", "piece_bytes": 1}]}})",
+                               world, fault))
+        << fault;
+    EXPECT_EQ(world.Desk.PatienceMs, 3000);
+    EXPECT_THAT(world.Desk.Freed, ElementsAre(129));
+    ASSERT_EQ(world.Desk.Presented.size(), 3U);
+    const Credential& key = world.Desk.Presented[0];
+    EXPECT_EQ(key.What, Credential::Kind::Key);
+    EXPECT_EQ(key.DelayMs, 40);
+    EXPECT_THAT(key.Id, ElementsAre(10, 20, 30, 40));
+    EXPECT_EQ(key.Data[15], 15);
+    EXPECT_EQ(world.Desk.Presented[1].Slot, 129);
+    EXPECT_EQ(world.Desk.Presented[1].DelayMs, 500);
+    const Credential& finger = world.Desk.Presented[2];
+    EXPECT_EQ(finger.What, Credential::Kind::Finger);
+    EXPECT_THAT(finger.Steps, ElementsAre(0x0C, 0x1C, 0x0A));
+    EXPECT_EQ(finger.StepMs, 5);
+    EXPECT_THAT(finger.Template, ElementsAre(255, 254));
+    EXPECT_EQ(finger.PieceBytes, 1);
+}
+
+TEST(World_FromJson, names_the_place_of_a_fault_on_the_desk) {
+    EXPECT_EQ(FaultOf(R"({"desk": {"presented": [{"kind": "coin"}]}})"),
+              "desk.presented[0].kind: must be one of key, transponder, finger");
+    EXPECT_EQ(FaultOf(R"({"desk": {"presented": [{"id": "0102030405060708090A0B"}]}})"),
+              "desk.presented[0].id: must be hexadecimal digits, two a byte, of at most 10 bytes");
+    EXPECT_EQ(FaultOf(R"({"desk": {"presented": [{"piece_bytes": 241}]}})"),
+              "desk.presented[0].piece_bytes: must be a whole number from 1 to 240");
+}
+
+TEST(World_ToJson, gives_a_desk_back_that_reads_the_same) {
+    VirtualWorld world;
+    world.Desk.PatienceMs = 1;
+    world.Desk.Freed = {200};
+    world.Desk.Presented = {{.What = Credential::Kind::Finger, .Steps = {}, .Template = {9, 0}, .PieceBytes = 3},
+                            {.What = Credential::Kind::Transponder, .DelayMs = 0, .Id = {0, 1}, .Slot = 7}};
+    VirtualWorld again;
+    std::string fault;
+    ASSERT_TRUE(World_FromJson(World_ToJson(world), again, fault)) << fault;
+    EXPECT_EQ(again.Desk.Presented, world.Desk.Presented);
+    EXPECT_EQ(again.Desk.PatienceMs, 1);
+    EXPECT_THAT(again.Desk.Freed, ElementsAre(200));
+}
+
+TEST(Credential_FromJson, reads_one_line_and_names_what_is_wrong_with_it) {
+    Credential credential;
+    std::string fault;
+    EXPECT_TRUE(Credential_FromJson(R"({"kind": "transponder", "slot": 4})", credential, fault)) << fault;
+    EXPECT_EQ(credential.Slot, 4);
+    const Credential before = credential;
+    EXPECT_FALSE(Credential_FromJson("key", credential, fault));
+    EXPECT_THAT(fault, StartsWith("not JSON: "));
+    EXPECT_FALSE(Credential_FromJson("5", credential, fault));
+    EXPECT_EQ(fault, "what is presented: must be an object");
+    EXPECT_FALSE(Credential_FromJson(R"({"slot": 256})", credential, fault));
+    EXPECT_EQ(fault, "slot: must be a whole number from 0 to 255");
+    EXPECT_EQ(credential, before);
+}
+
 } // namespace
 } // namespace qvm::test

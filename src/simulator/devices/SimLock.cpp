@@ -28,7 +28,9 @@ struct Turn {
 
 DeviceReply TakeLogin(Turn& turn) {
     LockSession& session = turn.Session;
-    if (session.Open && !session.Disturbed && session.Last != Step::Login) {
+    // A code change ends without a farewell.
+    const bool rest = session.Last == Step::Login || session.Last == Step::CodeChange;
+    if (session.Open && !session.Disturbed && !rest) {
         turn.Findings.Note(Wrong::Order, turn.Code(),
                            std::string{"login inside a session, behind "} + StepName(session.Last));
     }
@@ -37,6 +39,7 @@ DeviceReply TakeLogin(Turn& turn) {
     session = LockSession{};
     session.BusyUntil = busyUntil;
     session.Open = status == StatusAccepted;
+    session.RefusedLogin = session.Open ? 0 : status;
     return turn.WithStatus(status);
 }
 
@@ -94,7 +97,9 @@ DeviceReply TakeCodeChange(Turn& turn) {
     VirtualLock& lock = turn.Lock;
     const auto bytes = turn.Frame.subspan(14, 12);
     std::uint8_t status = StatusAccepted;
-    if (lock.CodeStatus != 0) {
+    if (turn.Session.RefusedLogin != 0) {
+        status = turn.Session.RefusedLogin;
+    } else if (lock.CodeStatus != 0) {
         status = lock.CodeStatus;
     } else if (!std::equal(lock.AdminCode.begin(), lock.AdminCode.end(), bytes.begin() + 2)) {
         status = StatusWrongCode;
@@ -188,7 +193,8 @@ DeviceReply LockAnswers(VirtualLock& lock, LockSession& session, std::span<const
     if (Deaf(turn, step)) {
         return {};
     }
-    if (!session.Open && step != Step::Login && step != Step::Close) {
+    const bool refusedChange = step == Step::CodeChange && session.RefusedLogin != 0 && session.Last == Step::Login;
+    if (!session.Open && step != Step::Login && step != Step::Close && !refusedChange) {
         judge.Note(Wrong::Order, frame[2], std::string{StepName(step)} + " without a session");
         return {.Bytes = RefusalReply(Refusal::NotAccepted)};
     }

@@ -19,7 +19,7 @@ struct DeviceReply {
 
 /// Reasons of a refusal, reply 0x69.
 namespace Refusal {
-inline constexpr std::uint8_t NoContact = 0x64, NotAccepted = 0x65;
+inline constexpr std::uint8_t NoContact = 0x64, NotAccepted = 0x65, NoKey = 0x66;
 }
 std::vector<std::uint8_t> RefusalReply(std::uint8_t reason);
 /// A positive acknowledge: the code back, address at 3 to 6, serial at 7 to 10. `length` at least 13.
@@ -30,7 +30,8 @@ inline constexpr std::uint8_t StatusAccepted = 4, StatusWrongCode = 1, StatusBad
 
 /// A session with a lock, and what the lock is busy with.
 struct LockSession : Session {
-    bool Disturbed = false; ///< a fault was played since the login: a second login may come
+    bool Disturbed = false;        ///< a fault was played since the login: a second login may come
+    std::uint8_t RefusedLogin = 0; ///< status of the login just refused: a code change behind it gets the same
     std::size_t HistoryAt = 0;
     bool HistoryEnded = false;
     LockUser Pending; ///< the user that is being built up

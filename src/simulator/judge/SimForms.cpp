@@ -91,6 +91,11 @@ constexpr std::array UnitBlock{FormPart{"mark", 14, 14, Exactly, 1},
                                FormPart{"data", 23, 54},
                                FormPart{"inner sum", 55, 55}};
 
+// The readers of the desk.
+constexpr std::array KeyRead{FormPart{"channel", 14, 14, Between, 1, 12}, FormPart{"wish", 15, 15, KeyWish}};
+constexpr std::array KeyReadOld{FormPart{"channel", 14, 14, Between, 1, 12}};
+constexpr std::array FreeSlot{FormPart{"slot", 14, 14, Between, 128, 255}};
+
 // The adapter itself.
 constexpr std::array Identify{FormPart{"probe", 3, 7}, FormPart{"filler", 8, 14, Exactly, 0}};
 constexpr std::array Tune{FormPart{"channel", 3, 3, Between, 1, 12}, FormPart{"address", 4, 7},
@@ -149,6 +154,11 @@ constexpr std::array All{
     Form{"unit block", 0x4A, 0x37, false, UnitBlock},
     Form{"channel action", 0x66, 0x0E, false, Channel},
     Form{"unit connect", 0xFE, 0x14, false, UnitConnect},
+    Form{"key reading", 0x67, 0x0F, false, KeyRead},
+    Form{"key reading, old adapter", 0x67, 0x0E, false, KeyReadOld},
+    Form{"slot to be freed", 0x70, 0x0E, false, FreeSlot},
+    Form{"finger enrolment", 0xA1, 0x0D, false, NoPart},
+    Form{"transponder reading", 0xA3, 0x0D, false, NoPart},
     Form{"adapter identification", 0x68, 0x0E, true, Identify},
     Form{"adapter channel", 0x6B, 0x0E, true, Tune},
     Form{"adapter data", 0x6C, 0x0E, true, Data},

@@ -24,6 +24,7 @@ enum class Check : std::uint8_t {
     TimerRows,   ///< day selector 0 to 10 and two times of day, five bytes a row; the rows from A on are zero
     HolidayRows, ///< two dates, six bytes a row; none behind an empty one
     YearlyRows,  ///< two dates of six bytes a row, years as the lock's class wants them
+    KeyWish,     ///< 0, 1 or 0x64
     Probe,       ///< 0xAA, 0xBB, 0xCC, 0xDD, 0xEE
 };
 

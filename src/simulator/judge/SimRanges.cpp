@@ -157,6 +157,9 @@ std::string ListFault(const FormPart& part, Bytes bytes) {
     case Check::Level:
         good = OneOf(bytes[0], {0x5A, 0x82, 0xAA, 0xD2, 0xFF});
         break;
+    case Check::KeyWish:
+        good = OneOf(bytes[0], {0, 1, 0x64});
+        break;
     case Check::LockMode:
         good = OneOf(bytes[0], {0x0A, 0x14});
         break;

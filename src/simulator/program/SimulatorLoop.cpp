@@ -102,8 +102,12 @@ bool SimulatorLoop::Wait(Nanoseconds duration, int stop) {
     const timespec limit{.tv_sec = static_cast<time_t>(rest / Second), .tv_nsec = static_cast<long>(rest % Second)};
     std::array lines{pollfd{.fd = stop, .events = POLLIN, .revents = 0},
                      pollfd{.fd = terminal_.WatchHandle(), .events = POLLIN, .revents = 0},
-                     pollfd{.fd = terminal_.LineHandle(), .events = POLLIN, .revents = 0}};
+                     pollfd{.fd = terminal_.LineHandle(), .events = POLLIN, .revents = 0},
+                     pollfd{.fd = input_.Handle(), .events = POLLIN, .revents = 0}};
     ::ppoll(lines.data(), lines.size(), &limit, nullptr);
+    if (lines[3].revents != 0) {
+        ReadInput();
+    }
     return lines[0].revents == 0;
 }
 
@@ -114,6 +118,18 @@ void SimulatorLoop::ReadLine() {
         unsent_.clear();
     }
     fromPc_.Push(terminal_.Read(), Now());
+}
+
+/// Each line is something that is laid on the desk.
+void SimulatorLoop::ReadInput() {
+    for (const std::string& line : input_.Read()) {
+        Credential credential;
+        if (std::string fault; Credential_FromJson(line, credential, fault)) {
+            system_->Present(std::move(credential));
+        } else if (!line.empty()) {
+            std::fprintf(stderr, "standard input: %s\n", fault.c_str());
+        }
+    }
 }
 
 bool SimulatorLoop::Finished() const {

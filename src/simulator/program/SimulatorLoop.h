@@ -1,5 +1,6 @@
 #pragma once
 
+#include "InputLines.h"
 #include "LineClock.h"
 #include "PseudoTerminal.h"
 #include "VirtualSystem.h"
@@ -45,6 +46,7 @@ private:
     Nanoseconds NextEvent(Nanoseconds now) const;
     bool Wait(Nanoseconds duration, int stop);
     void ReadLine();
+    void ReadInput();
     bool Finished() const;
     void RunDue();
     void WriteLine();
@@ -52,6 +54,7 @@ private:
     void TraceFrame(bool fromPc, std::span<const std::uint8_t> frame) const;
 
     SimulatorOptions options_;
+    InputLines input_;
     PseudoTerminal terminal_;
     DeviceLink link_;
     LineClock fromPc_;

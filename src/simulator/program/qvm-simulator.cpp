@@ -89,8 +89,12 @@ int main(int argc, char** argv) {
     // A limit to the size of files, and a reader that goes away, are an error of the write and not a signal.
     std::signal(SIGXFSZ, SIG_IGN);
     std::signal(SIGPIPE, SIG_IGN);
+    // What is typed at the shell that this was started from, in the background, is not for this program.
+    std::signal(SIGTTIN, SIG_IGN);
     CLI::App app{"A virtual lock system behind a pseudo-terminal: an adapter, locks and wireless units.\n"
                  "Prints the terminal's name, then serves clients until it is ended by a signal.\n"
+                 "Each line of standard input is laid on the desk, as JSON: "
+                 "{\"kind\": \"key\", \"id\": \"0A141E28\"}\n"
                  "Exit code: 0 all telegrams were good, 1 wrong use or local fault, 2 faulty telegrams came."};
     qvm::SimulatorOptions options;
     std::vector<std::string> faults;

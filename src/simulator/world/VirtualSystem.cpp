@@ -74,6 +74,8 @@ void VirtualSystem::Plug() {
     reader_.Reset();
     tunedChannel_ = 0;
     network_.Forget();
+    deskWait_.reset();
+    ++deskRequest_;
     world_.Adapter.Probe = {};
 }
 
@@ -148,6 +150,10 @@ void VirtualSystem::TakeFrame(std::vector<std::uint8_t> frame) {
         // Only the frame below comes.
     } else if (raw) {
         reply.Bytes = AdapterAnswers(frame);
+    } else if (AskedCredential(frame[2]) || frame[2] == FreeSlotCode) {
+        if (fault == nullptr || !fault->WrongReply()) {
+            DeskTurn(frame, fault);
+        }
     } else if (!world_.Adapter.Enrolment()) {
         reply = DeviceAnswers(frame);
     }

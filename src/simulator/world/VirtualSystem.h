@@ -1,16 +1,19 @@
 #pragma once
 
+#include "SimDesk.h"
 #include "SimFault.h"
 #include "SimFrame.h"
 #include "SimJudge.h"
 #include "SimLock.h"
 #include "SimNetwork.h"
 #include "SimUnit.h"
+#include "VirtualCredentials.h"
 #include "VirtualDevices.h"
 
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -22,6 +25,7 @@ struct VirtualWorld {
     VirtualAdapter Adapter;
     std::vector<VirtualLock> Locks;
     std::vector<VirtualUnit> Units;
+    VirtualDesk Desk;
     std::vector<SimFault> Faults;
     int ReplyMs = 0; ///< from the last byte of a telegram to the first of its reply
 };
@@ -34,7 +38,7 @@ struct SimSurroundings {
     std::function<void(std::vector<std::uint8_t> bytes)> Send; ///< bytes for the PC
     DecipherFunction Decipher;                                 ///< blocks for units of type 2; empty: they come plain
     std::function<void()> Unplug;                              ///< the adapter is pulled out
-    std::function<void()> SessionClosed;                       ///< a device's session has ended
+    std::function<void()> SessionClosed; ///< a device's session, or the reading of a credential, has ended
     /// Each whole frame: from the PC as it came, to the PC as it goes over the wire.
     std::function<void(bool fromPc, std::span<const std::uint8_t> frame)> Trace;
 };
@@ -82,6 +86,9 @@ public:
     /// A program that runs for days turns this off.
     void KeepTelegrams(bool keep) { keepTelegrams_ = keep; }
 
+    /// Lays something on the desk: a reader that waits for the like tells of it, else it is there for the next request.
+    void Present(Credential credential);
+
     bool Unplugged() const { return unplugged_; }
     /// The adapter is put back after Unplug: a half frame, the radio channel, the probe and a network run are
     /// forgotten, the devices are not.
@@ -101,6 +108,11 @@ private:
     void JudgeMode(std::span<const std::uint8_t> frame, std::uint8_t want);
     void Disturb();
     void Reply(const std::vector<std::uint8_t>& reply, const SimFault* fault);
+    void DeskTurn(std::span<const std::uint8_t> frame, const SimFault* fault);
+    void FreeSlot(std::uint8_t slot);
+    bool ServeDesk();
+    void SayDesk(std::vector<DeskFrame> frames, std::optional<SimFault> fault);
+    void SayDeskIn(int ms, int request, std::function<void()> action);
     void SendFaulty(std::vector<std::uint8_t> wire, std::vector<std::uint8_t> spoilt, int delay, const SimFault* fault);
     void SendIn(int ms, std::vector<std::uint8_t> wire);
     void FitSessions();
@@ -113,6 +125,14 @@ private:
     std::vector<LockSession> lockSessions_;
     std::vector<UnitSession> unitSessions_;
     NetworkAdapter network_;
+    /// What a reader was asked for and has not got yet, and the fault that its first frame is to suffer.
+    struct DeskWait {
+        Credential::Kind Wanted;
+        std::optional<SimFault> Fault;
+    };
+    std::optional<DeskWait> deskWait_;
+    int deskRequest_ = 0;       ///< how many there were: a new one ends what the one before still has to say
+    std::uint8_t usedSlot_ = 0; ///< that a reader reported last; 0: none
     std::vector<std::vector<std::uint8_t>> telegrams_;
     bool keepTelegrams_ = true;
     int tunedChannel_ = 0; ///< radio channel of the adapter, 0 before the first login

@@ -1,6 +1,7 @@
 #include "WorldFile.h"
 
 #include "WorldCodecs.h"
+#include "WorldDesk.h"
 
 #include <set>
 
@@ -271,6 +272,16 @@ void Fields(Archive& archive, VirtualAdapter& adapter) {
 }
 
 template <typename Archive>
+void Fields(Archive& archive, Credential& credential) {
+    CredentialFields(archive, credential);
+}
+
+template <typename Archive>
+void Fields(Archive& archive, VirtualDesk& desk) {
+    DeskFields(archive, desk);
+}
+
+template <typename Archive>
 void Fields(Archive& archive, VirtualWorld& all) {
     constexpr int longestDelay = 60000;
     archive("adapter", One<VirtualAdapter>{all.Adapter});
@@ -278,6 +289,7 @@ void Fields(Archive& archive, VirtualWorld& all) {
     archive("faults", Faults{all.Faults});
     archive("locks", List<VirtualLock>{all.Locks});
     archive("units", List<VirtualUnit>{all.Units});
+    archive("desk", One<VirtualDesk>{all.Desk});
     archive.Ignore("judgements");
     archive.Ignore("line");
 }
@@ -310,15 +322,34 @@ std::string Dump(const Json& json) {
     return json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 
+bool Parse(std::string_view text, Json& json, std::string& fault) {
+    try {
+        json = Json::parse(text);
+    } catch (const Json::exception& error) { // the only way in which this parser tells the place
+        fault = std::string{"not JSON: "} + error.what();
+        return false;
+    }
+    return true;
+}
+
 } // namespace
 } // namespace world
 
+bool Credential_FromJson(std::string_view text, Credential& credential, std::string& fault) {
+    world::Json json;
+    if (!world::Parse(text, json, fault)) {
+        return false;
+    }
+    fault = world::One<Credential>{credential}.Load(json);
+    if (!fault.empty()) {
+        fault = fault.starts_with('.') ? fault.substr(1) : "what is presented" + fault;
+    }
+    return fault.empty();
+}
+
 bool World_FromJson(std::string_view text, VirtualWorld& world, std::string& fault) {
     world::Json json;
-    try {
-        json = world::Json::parse(text);
-    } catch (const world::Json::exception& error) { // the only way in which this parser tells the place
-        fault = std::string{"not JSON: "} + error.what();
+    if (!world::Parse(text, json, fault)) {
         return false;
     }
     VirtualWorld read;
