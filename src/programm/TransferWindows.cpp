@@ -9,6 +9,7 @@ void TransferWindows::Verbinden() {
     Lauf_Verbinden();
     Liste_Verbinden();
     Listenlauf_Verbinden();
+    Codeaenderung_Verbinden();
     F9.F13_Freigeben = [this] { F13.Hinter_Lauf_Freigeben(); };
     F18.F9_Zeigen = [this] { F9.Suche_Endet(); };
     F11.Zurueck = [this] { F13.F11_Verlassen(); };
@@ -45,9 +46,9 @@ void TransferWindows::Lauf_Verbinden() {
             [this] {
                 F9.F9_Schliessen();
                 F18.F18_Schliessen();
-                F13.Hinter_Lauf_Freigeben();
+                Schlossgitter_Freigeben(true);
             },
-        .Schlossgitter_Freigeben = [this] { F13.F13_Freigeben(); },
+        .Schlossgitter_Freigeben = [this] { Schlossgitter_Freigeben(false); },
         .Historie_Oeffnen =
             [this](const std::string& path) {
                 if (programm.F7_Oeffnen) {
@@ -56,6 +57,29 @@ void TransferWindows::Lauf_Verbinden() {
             },
         .Hauptfenster_Freigeben = [this] { programm.Main->F2.F2_Freigeben(); },
     };
+}
+
+/// While the code change stands over the grid, that is what the operator comes back to.
+void TransferWindows::Schlossgitter_Freigeben(bool moved) {
+    if (moved) {
+        F13.RFk_IconLoad();
+    }
+    if (!F17.Fenster.Visible) {
+        F13.F13_Freigeben();
+    }
+}
+
+void TransferWindows::F17_Anbieten() {
+    F13.F17_Oeffnen = [this] { F17.F17_FormLoad(); };
+}
+
+void TransferWindows::Codeaenderung_Verbinden() {
+    F17.Zu_F13 = [this] { F13.F13_Freigeben(); };
+    F18.Anmeldung_Abbrechen = [this] { F17.Abgelehnt(); };
+    WindowHooks& replies = programm.Run.Fenster;
+    replies.Code_Angemeldet = [this] { F17.Angemeldet(); };
+    replies.Code_Abgelehnt = [this] { F17.Abgelehnt(); };
+    replies.Code_Beantwortet = [this] { F17.Beantwortet(); };
 }
 
 void TransferWindows::Liste_Verbinden() {

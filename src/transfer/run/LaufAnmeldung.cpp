@@ -3,6 +3,7 @@
 #include "Laufbedingungen.h"
 #include "Laufschritte.h"
 #include "Schlosszeile.h"
+#include "TelegrammeSitzung.h"
 
 #include <algorithm>
 #include <array>
@@ -11,9 +12,6 @@ namespace qvm {
 namespace {
 
 constexpr int SearchSteps = 12;
-
-/// Title of the code change's messages.
-constexpr std::string_view CodeTitle = "QVM 5508 Businnes";
 
 /// Who answered the login.
 void Geraet_Merken(Link& link) {
@@ -65,6 +63,7 @@ void Schritt_Code_Verbunden(Programmierlauf& run) {
     Kette(run).CodeChangePending = 0;
     Kette(run).KanalSuche = 0;
     Geraet_Merken(run.link);
+    run.Fenster.Code_Angemeldet();
 }
 
 void Schritt_Kanal_Gefunden(Programmierlauf& run) {
@@ -162,6 +161,7 @@ void Schritt_Zweiter_Durchgang(Programmierlauf& run) {
 void Schritt_Code_Ergebnis(Programmierlauf& run) {
     const Kern& kern = run.kern;
     const std::uint8_t status = run.link.RxByte(StatusIndex);
+    run.Fenster.Code_Beantwortet();
     if (status == 4) {
         kern.Meldung(kern.Zeile(Line::NewCodeAccepted), Buttons::Ok, Icon::Information, CodeTitle);
         return;
@@ -181,6 +181,9 @@ void Codeaenderung_Gescheitert(Programmierlauf& run) {
     if (chain.CodeChangePending != 0) {
         chain.CodeChangePending = 0;
         chain.CodeChangeRefused = 1;
+        run.Fenster.Code_Abgelehnt();
+    } else if (run.link.TxBuffer[2] == TelCodeAendern::Telegram.Code) {
+        run.Fenster.Code_Beantwortet();
     }
 }
 

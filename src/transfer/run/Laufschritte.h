@@ -10,6 +10,8 @@
 namespace qvm {
 
 // Login, channel and code (LaufAnmeldung.cpp)
+/// Title of the code change's messages.
+inline constexpr std::string_view CodeTitle = "QVM 5508 Businnes";
 /// The clock follows, else the history, else the erase telegram.
 void Schritt_Angemeldet(Programmierlauf& run);
 void Schritt_Anmeldung_Abgelehnt(Programmierlauf& run);
@@ -28,7 +30,7 @@ void Schritt_Kanal_Gesetzt(Programmierlauf& run);
 void Schritt_Code_Verbunden(Programmierlauf& run);
 void Schritt_Code_Ergebnis(Programmierlauf& run);
 void Schritt_Kanalwechsel_Ende(Programmierlauf& run);
-/// A code change that waits for its login is told that there will be none.
+/// A code change that waits for its login is told that there will be none; one that has gone out, that it was refused.
 void Codeaenderung_Gescheitert(Programmierlauf& run);
 /// Catalogue line of a refused login's status: `Line::CheckCode`, `CodeNotAccepted`, `AccessDenied`, or 0 for none.
 int Anmeldung_Zeile(std::uint8_t status);
@@ -74,6 +76,7 @@ void Schritt_Benutzer_Zeitgruppen(Programmierlauf& run);
 // Refusals (Ablehnungen.cpp)
 void Schritt_Kein_Kontakt(Programmierlauf& run);
 void Schritt_Abgelehnt(Programmierlauf& run);
+void Schritt_Leser_Abgelehnt(Programmierlauf& run);
 void Schritt_Key_Abgelehnt(Programmierlauf& run);
 void Schritt_Karte_Abgelehnt(Programmierlauf& run);
 void Schritt_Belegt(Programmierlauf& run);

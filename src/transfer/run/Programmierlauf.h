@@ -86,6 +86,7 @@ struct WindowHooks {
     Hook<void()> Suchlauf_Schritt; ///< 0x04 or 0x69 while units are searched by logins
     Hook<void()> Unit_Gefunden;    ///< 0x4B
     Hook<void()> Unit_Kanal_Leer;  ///< 0x69 in the unit-list scan
+    // Those of cards and credentials come only while the device owes them: what nobody asked for leads nowhere.
     Hook<void()> Karte_Quittung;   ///< 0x6F
     Hook<void()> Karte_Start;      ///< 0x72
     Hook<void()> Karte_Block;      ///< 0x73
@@ -93,6 +94,11 @@ struct WindowHooks {
     Hook<void()> Finger_Schritt;   ///< 0xA1
     Hook<void()> Finger_Daten;     ///< 0xA2
     Hook<void()> Finger_Kennung;   ///< 0xA3
+    Hook<void()> Leser_Fertig;     ///< 0x6F with 0xDC: the enrolment unit is done with a transponder
+    Hook<void()> Leser_Abgelehnt;  ///< a reader of the desk refused; the operator is told behind it
+    Hook<void()> Code_Angemeldet;  ///< 0x04 while a code change waits for its login
+    Hook<void()> Code_Abgelehnt;   ///< there will be no such reply; no telegram may go out
+    Hook<void()> Code_Beantwortet; ///< 0x12, or a refusal of the code change; the reply is still there to be read
 };
 
 /// A direct run of one lock: the reply chain, its timers, and what became of it. The link's frames drive it; nothing in

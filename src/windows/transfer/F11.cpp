@@ -2,12 +2,11 @@
 
 #include "AdapterScan.h"
 #include "Adapterklasse.h"
-#include "Filter.h"
 #include "Schlosszeile.h"
 #include "Text.h"
 #include "Words.h"
 
-#include <algorithm>
+#include <array>
 
 namespace qvm {
 namespace {
@@ -117,29 +116,16 @@ const AdapterSatz* F11::Gewaehlter_Adapter() const {
 
 void F11::Text1_KeyPress(int key) {
     if (key == Key::Enter) {
-        if (count_ == CodeLength) {
+        if (code_.Vollstaendig()) {
             OK_Click();
         }
-        return;
+    } else if (code_.Taste(key)) {
+        Anzahl.Text = Ziffern(code_.Stellen());
     }
-    const int digit = Code_Ziffer(key);
-    if (key == Key::Backspace) {
-        count_ = std::max(0, count_ - 1);
-    } else if (digit < 0 || count_ >= CodeLength) {
-        return;
-    } else {
-        codeDigits_[static_cast<std::size_t>(count_++)] = static_cast<std::uint8_t>(digit);
-    }
-    Text1.Text = std::string(static_cast<std::size_t>(count_), '*');
-    Text1.Caret = count_;
-    Anzahl.Text = Ziffern(count_);
 }
 
 void F11::Eingabe_Leeren() {
-    codeDigits_.Loeschen();
-    count_ = 0;
-    Text1.Text = std::string();
-    Text1.Caret = 0;
+    code_.Leeren();
     Anzahl.Text = std::string("0");
 }
 
@@ -205,15 +191,12 @@ void F11::OK_Click() {
 
 std::optional<RunOrder> F11::Auftrag_Vollenden() {
     std::optional<RunOrder> order;
-    if (count_ == CodeLength) {
-        std::array<std::uint8_t, CodeLength> digits{};
-        std::copy_n(codeDigits_.begin(), CodeLength, digits.begin());
+    if (code_.Vollstaendig()) {
         order = run.link.Lauf.Order;
-        order->AdminCode = AdminCode_Packen(digits);
+        order->AdminCode = code_.Gepackt();
         order->HistoryCutoff = stichtag_ ? Datum_Text(*stichtag_) : std::string();
         // Who clears the box has been told of the fingers that the lock holds.
         order->EraseOption = Check1.Checked ? 0 : 1;
-        Ueberschreiben(digits);
     } else {
         Meldung_Zu(kern, Schlosszeile(), kern.Zeile(Line::EnterSixDigitCode), Buttons::Ok, Icon::Exclamation);
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "AdapterListe.h"
+#include "CodeEntry.h"
 #include "Controls.h"
 #include "F18.h"
 #include "F9.h"
@@ -23,8 +24,6 @@ enum class F11Opener { F13, F12, F20 };
 /// Window F11: administrator code, cut-off date, adapter; starts a run.
 struct F11 {
     F11(Programmierlauf& programmierlauf, F9& progress, F18& wait, AdapterListe& adapters);
-
-    static constexpr int CodeLength = 6;
 
     Programmierlauf& run;
     Kern& kern;
@@ -69,7 +68,7 @@ struct F11 {
     Datum Letzter_Tag() const;
     /// The day from which events are read; nothing when no history is read.
     std::optional<Datum> Stichtag() const { return stichtag_; }
-    int Stellen() const { return count_; }
+    int Stellen() const { return code_.Stellen(); }
     /// Seconds after which a list gives up a silent lock; 0: never.
     int Geduld_Sekunden() const;
     /// The adapter of the chosen list entry; nullptr when there is none.
@@ -91,8 +90,7 @@ private:
     void Direkt_Starten();
     void Schliessen();
 
-    Secret<8> codeDigits_;
-    int count_ = 0;
+    CodeEntry code_{Text1};
     std::optional<Datum> stichtag_;
     std::vector<std::string> offered_; ///< address of the adapter of each entry
     Listener words_ = Worte_Folgen(*this);

@@ -10,7 +10,7 @@ F18::F18(Programmierlauf& programmierlauf)
     Balken.Maximum = 200;
     Balken.Value = 100;
     Wache.Ticked = [this] {
-        pulled_ = Lauf_Ohne_Adapter(run);
+        pulled_ = Lauf_Ohne_Adapter(run) || (Code_Wird_Geprueft() && !kern.Welt.Port.IsOpen());
         Text_Setzen();
     };
 }
@@ -41,13 +41,17 @@ void F18::Text_Setzen() {
 }
 
 void F18::Texte_Setzen() {
-    Fenster.Title = Fenstertitel(Wort(kern, Word::ChannelSearch));
+    Fenster.Title = Fenstertitel(Code_Wird_Geprueft() ? kern.Zeile(Line::ChangeCode) : Wort(kern, Word::ChannelSearch));
     Text_Setzen();
     Schloss.Text = Lauf_Schloss(run);
     Command1.Text = kern.Zeile(Line::Cancel);
 }
 
 void F18::Command1_Click() {
+    if (Code_Wird_Geprueft()) {
+        Rufen(Anmeldung_Abbrechen); // closes the box
+        return;
+    }
     if (Lauf_Ohne_Adapter(run)) {
         Lauf_Aufgeben(run, RunOutcome::Cancelled); // closes the box
         run.Ansicht.Fertig(Line::Cancelled);

@@ -6,7 +6,7 @@
 
 namespace qvm {
 
-/// Window F18: the wait box of a channel search.
+/// Window F18: the wait box of a channel search, and of the login that checks a code.
 struct F18 {
     explicit F18(Programmierlauf& programmierlauf);
 
@@ -19,7 +19,8 @@ struct F18 {
     Button Command1;    ///< ends the search at its next reply; at once when the adapter is gone
     Timer Wache;        ///< looks at the adapter once a second
 
-    std::function<void()> F9_Zeigen; ///< the progress window takes over, with its close button live
+    std::function<void()> F9_Zeigen;           ///< the progress window takes over, with its close button live
+    std::function<void()> Anmeldung_Abbrechen; ///< the window that checks a code waits no longer
 
     void F18_Zeigen();
     /// Catalogue line `line` as the text.
@@ -31,6 +32,7 @@ struct F18 {
 
 private:
     void Text_Setzen();
+    bool Code_Wird_Geprueft() const { return run.link.Lauf.Chain.CodeChangePending != 0; }
 
     int textLine_ = 0;
     bool pulled_ = false; ///< the adapter is gone, and that stands in place of the line

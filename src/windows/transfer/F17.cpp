@@ -1,0 +1,181 @@
+#include "F17.h"
+
+#include "Laufschritte.h"
+#include "Modelle.h"
+#include "PortFault.h"
+#include "SeriellesProtokoll.h"
+#include "Telegramme.h"
+#include "Words.h"
+
+#include <string>
+
+namespace qvm {
+namespace {
+
+constexpr int PatienceMs = 36000;
+constexpr std::uint8_t Pending = 0xFF;
+
+} // namespace
+
+F17::F17(Programmierlauf& programmierlauf, F18& wait)
+    : run(programmierlauf), kern(programmierlauf.kern), f18(wait), Frist(programmierlauf.kern.Welt, PatienceMs) {
+    Text1.MaxLength = Text2.MaxLength = Text3.MaxLength = CodeEntry::Length;
+    Frist.Ticked = [this] { Frist_Abgelaufen(); };
+}
+
+bool F17::Einheit() const {
+    return run.link.Lauf.Chain.LaufZiel == "F20";
+}
+
+bool F17::Wartet() const {
+    return run.link.Lauf.Chain.CodeChangePending != 0;
+}
+
+void F17::F17_FormLoad() {
+    old_.Leeren();
+    new_.Leeren();
+    repeat_.Leeren();
+    Texte_Setzen();
+    Command1.Enabled = true;
+    Fenster.Visible = true;
+    Rufen(Text1.SetFocus);
+}
+
+void F17::Texte_Setzen() {
+    Fenster.Title = kern.Zeile(Line::AdminCode);
+    Schloss.Text = Einheit() ? std::string() : Lauf_Schloss(run);
+    Label1.Text = kern.Zeile(Line::OldCode);
+    Label2.Text = kern.Zeile(Line::NewCode);
+    Label3.Text = kern.Zeile(Line::RepeatCode);
+    Command1.Text = kern.Zeile(Line::Ok);
+    Command2.Text = kern.Zeile(Line::Cancel);
+}
+
+void F17::Tippen(CodeEntry& entry, int key) {
+    if (!Wartet()) {
+        entry.Taste(key);
+    }
+}
+
+void F17::Text3_KeyPress(int key) {
+    if (key != Key::Enter) {
+        Tippen(repeat_, key);
+    } else if (repeat_.Vollstaendig()) {
+        Command1_Click();
+    }
+}
+
+void F17::Melden(int line) const {
+    kern.Meldung(kern.Zeile(line), Buttons::Ok, Icon::Exclamation, CodeTitle);
+}
+
+void F17::Command1_Click() {
+    if (Wartet()) {
+        return;
+    }
+    RunState& lauf = run.link.Lauf;
+    lauf.Order.AdminCode = old_.Gepackt();
+    if (!Einheit()) {
+        // A search before this one may have ended anywhere.
+        lauf.Chain.KanalSuche = lauf.Order.Search ? 1 : 0;
+        lauf.Chain.KanalIndex = 0;
+        run.link.TargetChannel = lauf.Order.TargetChannel;
+    }
+    lauf.Chain.CodeChangeRefused = 0;
+    lauf.Chain.CodeChangePending = Pending;
+    Command1.Enabled = false;
+    f18.F18_Zeigen();
+    Frist.Start(PatienceMs);
+    if (!TelVerbinden_Senden(run.link)) {
+        Warten_Beenden();
+        Melden(Line::PortNotOpened);
+    }
+}
+
+void F17::Warten_Beenden() {
+    Frist.Stop();
+    run.link.Lauf.Chain.CodeChangePending = 0;
+    run.link.Lauf.Chain.KanalSuche = 0;
+    run.link.AnswerDue = 0;
+    Geheimnisse_Vergessen(run.link);
+    f18.F18_Schliessen();
+    Command1.Enabled = true;
+}
+
+void F17::Frist_Abgelaufen() {
+    if (Wartet()) {
+        Warten_Beenden();
+        Melden(Line::CheckCode);
+        return;
+    }
+    // The change itself stands open.
+    const bool due = run.link.AnswerDue == TelCodeAendern::Telegram.Code;
+    Frist.Stop();
+    if (due) {
+        run.link.AnswerDue = 0;
+        Beantwortet();
+        kern.Meldung(Wort(kern, Word::CodeUnanswered), Buttons::Ok, Icon::Exclamation, CodeTitle);
+    }
+}
+
+bool F17::Pruefen() const {
+    if (!old_.Vollstaendig()) {
+        Melden(Line::CheckCode);
+    } else if (!new_.Vollstaendig()) {
+        Melden(Line::EntryInvalid);
+    } else if (!new_.Gleicht(repeat_)) {
+        Melden(Line::CodesDiffer);
+    } else {
+        return true;
+    }
+    return false;
+}
+
+void F17::Angemeldet() {
+    Warten_Beenden();
+    if (!Pruefen()) {
+        return;
+    }
+    AdminCodeBytes from = old_.Gepackt();
+    AdminCodeBytes to = new_.Gepackt();
+    const bool unit = Einheit();
+    if (unit) {
+        run.link.Lauf.Chain.LaufZiel = "F22";
+    }
+    Schliessen();
+    Rufen(unit ? Zu_F20 : Zu_F13);
+    if (TelCodeAendern_Senden(run.link, from, to)) {
+        Frist.Start(PatienceMs);
+    } else {
+        Melden(Line::PortNotOpened);
+    }
+    Ueberschreiben(from);
+    Ueberschreiben(to);
+}
+
+void F17::Beantwortet() {
+    Frist.Stop();
+    // What has begun meanwhile needs its own, and forgets them at its end.
+    if (run.Gesamtende && run.link.Lauf.List.RunRows == 0) {
+        Geheimnisse_Vergessen(run.link);
+    }
+}
+
+void F17::Schliessen() {
+    old_.Leeren();
+    new_.Leeren();
+    repeat_.Leeren();
+    Fenster.Visible = false;
+}
+
+void F17::Command2_Click() {
+    if (Wartet()) {
+        Warten_Beenden();
+    }
+    const bool unit = Einheit();
+    run.link.Lauf.Chain.LaufZiel.clear();
+    Schliessen();
+    Rufen(unit ? Zu_F20 : Zu_F13);
+}
+
+} // namespace qvm
