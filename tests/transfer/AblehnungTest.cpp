@@ -108,7 +108,7 @@ TEST_F(Antwort_Verteilen_Refusal, without_a_run_one_that_no_device_owes_is_noise
     expectNoise();
     TelEKeyLesen_Senden(link, 0, 0, false);
     Refuse(0x66);
-    EXPECT_EQ(Step, Schritt_Key_Abgelehnt);
+    EXPECT_EQ(Step, Schritt_Leser_Abgelehnt);
     expectNoise();
     TelEKeyLesen_Senden(link, 0, 0, false);
     Reply(0x81, std::vector<std::uint8_t>(32));

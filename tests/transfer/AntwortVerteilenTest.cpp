@@ -650,21 +650,88 @@ TEST_F(Antwort_Verteilen_Reply, the_result_of_a_code_change_acts_once_and_only_w
 
 // Cards and credentials.
 
-TEST_F(Antwort_Verteilen_Reply, each_reply_that_a_window_asked_for_calls_its_hook) {
-    const std::map<int, Hook<void()> WindowHooks::*> hooks{
-        {0x6F, &WindowHooks::Karte_Quittung}, {0x72, &WindowHooks::Karte_Start},    {0x73, &WindowHooks::Karte_Block},
-        {0x81, &WindowHooks::EKey_Ergebnis},  {0xA1, &WindowHooks::Finger_Schritt}, {0xA2, &WindowHooks::Finger_Daten},
-        {0xA3, &WindowHooks::Finger_Kennung}, {0x4B, &WindowHooks::Unit_Gefunden}};
-    for (const auto& [asked, hook] : hooks) {
+struct AskedHook {
+    int Reply, Asked; ///< codes: what comes, and what it answers
+    Hook<void()> WindowHooks::*Called;
+};
+constexpr std::array AskedHooks{
+    AskedHook{0x6F, 0x6F, &WindowHooks::Karte_Quittung}, AskedHook{0x72, 0x72, &WindowHooks::Karte_Start},
+    AskedHook{0x73, 0x73, &WindowHooks::Karte_Block},    AskedHook{0x81, 0x67, &WindowHooks::EKey_Ergebnis},
+    AskedHook{0xA1, 0xA1, &WindowHooks::Finger_Schritt}, AskedHook{0xA2, 0xA1, &WindowHooks::Finger_Daten},
+    AskedHook{0xA3, 0xA3, &WindowHooks::Finger_Kennung}};
+
+TEST_F(Antwort_Verteilen_Reply, each_reply_that_a_window_asked_for_calls_its_hook_and_no_other_does) {
+    for (const AskedHook& wanted : AskedHooks) {
         run.Fenster = {};
         int calls = 0;
-        run.Fenster.*hook = [&calls] { ++calls; };
-        for (const auto& [code, other] : hooks) {
-            Reply(static_cast<std::uint8_t>(code), std::vector<std::uint8_t>(20));
-            EXPECT_EQ(calls, code < asked ? 0 : 1) << code;
-            EXPECT_THAT(Sent(), IsEmpty()) << code;
+        run.Fenster.*wanted.Called = [&calls] { ++calls; };
+        for (const AskedHook& other : AskedHooks) {
+            link.AnswerDue = static_cast<std::uint8_t>(wanted.Asked);
+            Reply(static_cast<std::uint8_t>(other.Reply), std::vector<std::uint8_t>(20));
+            EXPECT_EQ(calls, other.Reply < wanted.Reply ? 0 : 1) << wanted.Reply << " " << other.Reply;
+            EXPECT_THAT(Sent(), IsEmpty()) << other.Reply;
         }
     }
+}
+
+TEST_F(Antwort_Verteilen_Reply, what_no_window_asked_for_or_not_any_more_calls_none) {
+    int calls = 0;
+    for (const AskedHook& hook : AskedHooks) {
+        run.Fenster.*hook.Called = [&calls] { ++calls; };
+    }
+    for (const int due : {0x00, 0x04, 0x12, 0x66}) {
+        link.AnswerDue = static_cast<std::uint8_t>(due);
+        for (const AskedHook& hook : AskedHooks) {
+            Reply(static_cast<std::uint8_t>(hook.Reply), std::vector<std::uint8_t>(20));
+            EXPECT_EQ(calls, 0) << due << " " << hook.Reply;
+        }
+    }
+    // A second one is late.
+    link.AnswerDue = 0x67;
+    Reply(0x81, std::vector<std::uint8_t>(32));
+    Reply(0x81, std::vector<std::uint8_t>(32));
+    EXPECT_EQ(calls, 1);
+}
+
+TEST_F(Antwort_Verteilen_Reply, an_enrolment_is_answered_by_many_steps_until_it_is_done) {
+    int steps = 0;
+    int pieces = 0;
+    run.Fenster.Finger_Schritt = [&steps] { ++steps; };
+    run.Fenster.Finger_Daten = [&pieces] { ++pieces; };
+    link.AnswerDue = 0xA1;
+    std::vector<std::uint8_t> step(11);
+    for (const int code : {0x0C, 0x1C, 0x0D}) {
+        step[10] = static_cast<std::uint8_t>(code);
+        Reply(0xA1, step);
+    }
+    Reply(0xA2, {1, 1, 7});
+    EXPECT_EQ(steps, 3);
+    EXPECT_EQ(pieces, 1);
+    step[10] = 0x0A;
+    Reply(0xA1, step);
+    EXPECT_EQ(link.AnswerDue, 0);
+    Reply(0xA1, step);
+    Reply(0xA2, {1, 1, 7});
+    EXPECT_EQ(steps, 4);
+    EXPECT_EQ(pieces, 1);
+}
+
+TEST_F(Antwort_Verteilen_Reply, the_user_window_goes_on_at_0xDC_only_while_a_transponder_is_awaited) {
+    int ends = 0;
+    int cards = 0;
+    run.Fenster.Leser_Fertig = [&ends] { ++ends; };
+    run.Fenster.Karte_Quittung = [&cards] { ++cards; };
+    Reply(0x6F, {0xDC});
+    link.AnswerDue = 0x6F;
+    Reply(0x6F, {0xDC});
+    EXPECT_EQ(cards, 1);
+    EXPECT_EQ(ends, 0);
+    link.AnswerDue = 0xA3;
+    Reply(0x6F, {0xD1});
+    EXPECT_EQ(ends, 0);
+    Reply(0x6F, {0xDC});
+    Reply(0x6F, {0xDC});
+    EXPECT_EQ(ends, 1);
 }
 
 // Phases.

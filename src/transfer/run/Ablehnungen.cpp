@@ -36,6 +36,11 @@ bool Unitliste_Gesucht(const Programmierlauf& r) {
 bool Stumm_In_Suche(const Programmierlauf& r) {
     return Grund<0x64>(r) && (Kette(r).KanalSuche != 0 || Kette(r).LaufZiel == "F20");
 }
+bool Leser_Gefragt(const Programmierlauf& r) {
+    const std::uint8_t due = r.link.AnswerDue;
+    return due == TelEKeyLesen::Telegram.Code || due == TelFingerAbfrage::Telegram.Code ||
+           due == TelFingerAnlernen::Telegram.Code;
+}
 bool Stumm_In_Unit(const Programmierlauf& r) {
     return Grund<0x64>(r) && Unit_Sitzung(r);
 }
@@ -47,6 +52,7 @@ constexpr ReplyRow Refusals[] = {
     {0x69, "TelLebenszeichen", Zuletzt<TelLebenszeichen::Telegram.Code>, Ohne_Wirkung},
     {0x69, "unit-list scan", Unitliste_Gesucht, Zum_Fenster<&WindowHooks::Unit_Kanal_Leer>},
     {0x69, "units are searched by logins", Units_Gesucht, Zum_Fenster<&WindowHooks::Suchlauf_Schritt>},
+    {0x69, "a reader of the desk", Leser_Gefragt, Schritt_Leser_Abgelehnt},
     {0x69, "no contact, channel search", Stumm_In_Suche, Schritt_Kanal_Weiter},
     {0x69, "no contact, unit session", Stumm_In_Unit, Schritt_Unit_Kein_Kontakt},
     {0x69, "no contact", Grund<0x64>, Schritt_Kein_Kontakt},
@@ -95,10 +101,37 @@ void Schritt_Abgelehnt(Programmierlauf& run) {
     }
 }
 
-void Schritt_Key_Abgelehnt(Programmierlauf& run) {
+namespace {
+
+int Key_Zeile(const Programmierlauf& run) {
     constexpr int lines[] = {Line::KeyNotLearned, Line::KeyNotSynchronised, Line::KeyNotFound};
     const auto mode = run.link.Lauf.KeyMode;
-    const int line = lines[mode < 3 ? mode : 0];
+    return lines[mode < 3 ? mode : 0];
+}
+
+} // namespace
+
+void Schritt_Leser_Abgelehnt(Programmierlauf& run) {
+    const std::uint8_t reason = run.link.RxByte(RpAblehnung::Reason.Offset);
+    run.Fenster.Leser_Abgelehnt();
+    switch (reason) {
+    case 0x66:
+        run.kern.Meldung(run.kern.Zeile(Key_Zeile(run)), Buttons::Ok, Icon::Information);
+        break;
+    case 0x64:
+        run.kern.Meldung(run.kern.Zeile(Line::NotReachable), Buttons::Ok, Icon::Exclamation);
+        break;
+    case 0x68:
+    case 0x69:
+        break;
+    default:
+        run.kern.Meldung(run.kern.Zeile(Line::DeviceRefused), Buttons::Ok, Icon::Exclamation);
+        break;
+    }
+}
+
+void Schritt_Key_Abgelehnt(Programmierlauf& run) {
+    const int line = Key_Zeile(run);
     if (!Zeile_Fehlgeschlagen(run, RunOutcome::Refused, run.kern.Zeile(line))) {
         // What a reader of keys asked for is no lock's affair.
         Meldung_Zu(run.kern, run.Gesamtende ? std::string() : Lauf_Schloss(run), run.kern.Zeile(line), Buttons::Ok,

@@ -62,8 +62,15 @@ bool Hoerfenster(const Programmierlauf& r) {
 bool Wird_Abgefragt(const Programmierlauf& r) {
     return Datenstart_Antwort_Wartet(r.link.Lauf.Order.SerialValue);
 }
-bool Code_Beantwortet(const Programmierlauf& r) {
-    return r.link.AnswerDue == TelCodeAendern::Telegram.Code;
+/// What was asked last, and has not been answered yet.
+template <std::uint8_t Code>
+bool Gefragt(const Programmierlauf& r) {
+    return r.link.AnswerDue == Code;
+}
+constexpr auto Code_Beantwortet = Gefragt<TelCodeAendern::Telegram.Code>;
+/// The enrolment unit is done with a transponder, whether or not it has told of one.
+bool Transponder_Vorbei(const Programmierlauf& r) {
+    return Gefragt<TelFingerAbfrage::Telegram.Code>(r) && Leser_Fertig(r.link);
 }
 bool Code_Fertig_Kanalwechsel(const Programmierlauf& r) {
     return Code_Beantwortet(r) && Kanalwechsel(r) && r.link.RxByte(StatusIndex) == CodeChanged;
@@ -161,13 +168,14 @@ constexpr ReplyRow Replies[] = {
     {0x4B, "always", Immer, Zum_Fenster<&WindowHooks::Unit_Gefunden>},
 
     // Cards and credentials.
-    {0x6F, "always", Immer, Zum_Fenster<&WindowHooks::Karte_Quittung>},
-    {0x72, "always", Immer, Zum_Fenster<&WindowHooks::Karte_Start>},
-    {0x73, "always", Immer, Zum_Fenster<&WindowHooks::Karte_Block>},
-    {0x81, "always", Immer, Zum_Fenster<&WindowHooks::EKey_Ergebnis>},
-    {0xA1, "always", Immer, Zum_Fenster<&WindowHooks::Finger_Schritt>},
-    {0xA2, "always", Immer, Zum_Fenster<&WindowHooks::Finger_Daten>},
-    {0xA3, "always", Immer, Zum_Fenster<&WindowHooks::Finger_Kennung>},
+    {0x6F, "the user window, a transponder was asked for", Transponder_Vorbei, Zum_Fenster<&WindowHooks::Leser_Fertig>},
+    {0x6F, "a card was being written", Gefragt<0x6F>, Zum_Fenster<&WindowHooks::Karte_Quittung>},
+    {0x72, "asked for", Gefragt<0x72>, Zum_Fenster<&WindowHooks::Karte_Start>},
+    {0x73, "asked for", Gefragt<0x73>, Zum_Fenster<&WindowHooks::Karte_Block>},
+    {0x81, "asked for", Gefragt<0x67>, Zum_Fenster<&WindowHooks::EKey_Ergebnis>},
+    {0xA1, "a finger is being enrolled", Gefragt<0xA1>, Zum_Fenster<&WindowHooks::Finger_Schritt>},
+    {0xA2, "a finger is being enrolled", Gefragt<0xA1>, Zum_Fenster<&WindowHooks::Finger_Daten>},
+    {0xA3, "asked for", Gefragt<0xA3>, Zum_Fenster<&WindowHooks::Finger_Kennung>},
 };
 
 } // namespace

@@ -14,6 +14,7 @@ namespace {
 constexpr std::uint8_t CodeChange = TelCodeAendern::Telegram.Code, Refusal = RpAblehnung::Reply.Code;
 constexpr std::uint8_t UnitFound = 0x4B, EraseStart = TelDatenStart::Telegram.Code;
 constexpr std::uint8_t LoginAccepted = 4;
+constexpr std::uint8_t FingerEnrolled = 0x0A, UserWindowMayGoOn = 0xDC;
 /// From here on replies belong to windows, and to the adapter itself.
 constexpr std::uint8_t FirstOfWindows = 0x60;
 
@@ -45,8 +46,13 @@ bool Bricht_Stille(const Programmierlauf& run, std::uint8_t code) {
 
 /// The reply, or refusal, that came answers the last telegram: nothing is due any more.
 void Antwort_Abhaken(Link& link, std::uint8_t code) {
-    const bool key = link.AnswerDue == TelEKeyLesen::Telegram.Code && code == RpEKey::Reply.Code;
-    if (code == link.AnswerDue || code == Refusal || key) {
+    const std::uint8_t due = link.AnswerDue;
+    const bool key = due == TelEKeyLesen::Telegram.Code && code == RpEKey::Reply.Code;
+    const bool transponder =
+        due == TelFingerAbfrage::Telegram.Code && code == RpKarte::Reply.Code && Leser_Fertig(link);
+    // An enrolment has many answers.
+    const bool swipe = code == RpFingerStatus::Reply.Code && link.RxByte(RpFingerStatus::Step.Offset) != FingerEnrolled;
+    if ((code == due && !swipe) || code == Refusal || key || transponder) {
         link.AnswerDue = 0;
     }
 }
@@ -105,6 +111,10 @@ bool Antwort_Fuehrt_Weiter(const Programmierlauf& run) {
     const ReplyRow* row = Antwort_Zeile(run);
     return row != nullptr && row->Step != Ohne_Wirkung && row->Step != Schritt_Puffer_Leeren &&
            row->Step != Schritt_Lebenszeichen;
+}
+
+bool Leser_Fertig(const Link& link) {
+    return link.RxByte(RpKarte::SubCode.Offset) == UserWindowMayGoOn;
 }
 
 bool Anmeldung_Angenommen(const Link& link) {

@@ -46,6 +46,8 @@ bool Antwort_Zulaessig(const Programmierlauf& run, std::uint8_t code);
 /// Whether the reply chain goes anywhere at the frame in RxBuffer. What only windows ask for leads no run on, nor does
 /// a sign of life, or a row that does nothing.
 bool Antwort_Fuehrt_Weiter(const Programmierlauf& run);
+/// True when the frame in RxBuffer, 0x6F, says that the user window may go on.
+bool Leser_Fertig(const Link& link);
 /// True when a login was accepted: the status byte lies inside the frame and is 4.
 bool Anmeldung_Angenommen(const Link& link);
 
