@@ -1,5 +1,6 @@
 // The binary against the virtual locks behind a pseudo-terminal.
 
+#include "Inhalt.h"
 #include "Schlosslauf.h"
 #include "VirtualLocks.h"
 
@@ -238,9 +239,8 @@ TEST_F(BinaryRun, writes_no_core_file) {
     while (!std::filesystem::exists(trace)) {
         std::this_thread::yield();
     }
-    std::ifstream limits("/proc/" + std::to_string(run.Id()) + "/limits");
-    const std::string text((std::istreambuf_iterator<char>(limits)), std::istreambuf_iterator<char>());
-    EXPECT_THAT(text, testing::ContainsRegex("Max core file size +0 +0 "));
+    const std::string limits = Inhalt("/proc/" + std::to_string(run.Id()) + "/limits");
+    EXPECT_THAT(limits, testing::ContainsRegex("Max core file size +0 +0 "));
     run.Signal(SIGINT);
     run.Wait();
 }

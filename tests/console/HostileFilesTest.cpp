@@ -3,6 +3,7 @@
 
 #include "CheckFixture.h"
 #include "Hauptprogramm.h"
+#include "Inhalt.h"
 #include "PosixFiles.h"
 #include "RunBinary.h"
 #include "VirtualLine.h"
@@ -13,7 +14,6 @@
 #include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <iterator>
 #include <map>
 #include <set>
 #include <span>
@@ -43,11 +43,6 @@ struct Attack {
     bool Unreadable; ///< no command can read it
     std::function<void(const std::string& path)> Do;
 };
-
-std::string Slurp(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 void Cut(const std::string& path, std::size_t size) {
     fs::resize_file(path, size);
@@ -171,7 +166,7 @@ protected:
         for (const auto& entry : fs::directory_iterator(Directory.Path() + "DAT")) {
             const auto status = entry.symlink_status();
             held[entry.path().filename().string()] = fs::is_regular_file(status)
-                                                         ? Slurp(entry.path().string())
+                                                         ? Inhalt(entry.path().string())
                                                          : "kind " + std::to_string(static_cast<int>(status.type()));
         }
         return held;

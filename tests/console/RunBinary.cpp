@@ -1,5 +1,7 @@
 #include "RunBinary.h"
 
+#include "Inhalt.h"
+
 #include <algorithm>
 #include <chrono>
 #include <csignal>
@@ -7,7 +9,6 @@
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
-#include <iterator>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -34,8 +35,7 @@ std::string TempDirectory::Write(const std::string& name, const std::string& byt
 }
 
 std::string TempDirectory::Read(const std::string& name) const {
-    std::ifstream in(path_ + name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
+    return Inhalt(path_ + name);
 }
 
 bool TempDirectory::Has(const std::string& name) const {

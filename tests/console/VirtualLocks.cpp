@@ -1,9 +1,9 @@
 #include "VirtualLocks.h"
 
+#include "Inhalt.h"
+
 #include <csignal>
-#include <fstream>
 #include <gtest/gtest.h>
-#include <iterator>
 
 namespace qvm::test {
 
@@ -41,8 +41,7 @@ constexpr const char* Devices = R"({"adapter":{"name":"PROGSTATION-1"},"locks":[
 } // namespace
 
 VirtualLocks::VirtualLocks() {
-    std::ifstream words(QVM_BINARY_DIR "/lang/QVM_English.DAT", std::ios::binary);
-    Directory.Write("QVM_English.DAT", {std::istreambuf_iterator<char>(words), {}});
+    Directory.Write("QVM_English.DAT", Inhalt(QVM_BINARY_DIR "/lang/QVM_English.DAT"));
     const RunResult imported = Qvmctl({"--dir", Directory.Path(), "import", "-"}, Installation);
     EXPECT_EQ(imported.Code, 0) << imported.Err;
 }

@@ -1,20 +1,16 @@
 #pragma once
 
+#include "Inhalt.h"
+
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
-#include <iterator>
 #include <string>
 #include <sys/wait.h>
 #include <unistd.h>
 
 namespace qvm::test {
-
-inline std::string Inhalt(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 /// One of the programs that make sources and files from a table of texts, run on a small table.
 struct Erzeugung {

@@ -1,5 +1,6 @@
 // docs/models.md is made from the ranges of serials. QVM_WRITE_DOCS=1 writes it anew.
 
+#include "Inhalt.h"
 #include "Modelle.h"
 #include "Seriennummer.h"
 
@@ -8,7 +9,6 @@
 #include <cstdlib>
 #include <fstream>
 #include <gtest/gtest.h>
-#include <iterator>
 #include <set>
 #include <sstream>
 #include <string>
@@ -52,16 +52,11 @@ std::string ModelsDocument() {
     return out.str();
 }
 
-std::string ContentsOf(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-}
-
 TEST(Models_Reference, is_what_the_ranges_say) {
     if (const char* write = std::getenv("QVM_WRITE_DOCS"); write != nullptr && std::string_view(write) == "1") {
         std::ofstream(ModelsPath, std::ios::binary) << ModelsDocument();
     }
-    EXPECT_EQ(ContentsOf(ModelsPath), ModelsDocument());
+    EXPECT_EQ(test::Inhalt(ModelsPath), ModelsDocument());
 }
 
 TEST(Models_Reference, has_a_row_for_a_rule_with_two_ranges_and_for_one_with_one) {
@@ -73,7 +68,7 @@ TEST(Models_Reference, has_a_row_for_a_rule_with_two_ranges_and_for_one_with_one
 }
 
 TEST(Models_Reference, tells_of_every_rule_in_the_source_under_its_own_name) {
-    const std::string source = ContentsOf(QVM_SOURCE_DIR "/src/core/Modelle.h");
+    const std::string source = test::Inhalt(QVM_SOURCE_DIR "/src/core/Modelle.h");
     std::set<std::string_view> told;
     for (const SerialRule* rule : SerialRules) {
         EXPECT_NE(source.find("constexpr SerialRule " + std::string(rule->Name) + "{"), std::string::npos)

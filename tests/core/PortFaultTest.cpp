@@ -1,12 +1,11 @@
 #include "PortFault.h"
 
+#include "Inhalt.h"
 #include "Kern.h"
 #include "TextSlots.h"
 #include "VirtualPlatform.h"
 
-#include <fstream>
 #include <gtest/gtest.h>
-#include <iterator>
 #include <set>
 #include <string>
 #include <string_view>
@@ -58,11 +57,11 @@ struct PortFault_Text_ : testing::Test {
 
     void Sprache(std::string_view language) {
         const std::string name = "QVM_" + std::string(language) + ".DAT";
-        std::ifstream file(std::string(QVM_BINARY_DIR) + "/lang/" + name, std::ios::binary);
-        ASSERT_TRUE(file) << name;
+        const std::string bytes = test::Inhalt(std::string(QVM_BINARY_DIR) + "/lang/" + name);
+        ASSERT_FALSE(bytes.empty()) << name;
         kern.AppPath = "/qvm/";
         kern.Config.Sprache = language;
-        welt.Disk.Files["/qvm/" + name].assign(std::istreambuf_iterator<char>(file), {});
+        welt.Disk.Files["/qvm/" + name] = bytes;
         ASSERT_EQ(Sprachdatei_Laden(kern), SprachdateiStatus::Geladen);
     }
 };

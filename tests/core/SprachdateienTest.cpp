@@ -1,6 +1,7 @@
 // Over the four language files that the build has made.
 
 #include "Catalogue.h"
+#include "Inhalt.h"
 #include "Kern.h"
 #include "Stelle.h"
 #include "Text.h"
@@ -8,9 +9,7 @@
 #include "VirtualPlatform.h"
 
 #include <algorithm>
-#include <fstream>
 #include <gtest/gtest.h>
-#include <iterator>
 #include <set>
 #include <string>
 #include <string_view>
@@ -47,9 +46,8 @@ struct Sprachdateien : testing::TestWithParam<std::string_view> {
 
     void SetUp() override {
         const std::string name = "QVM_" + std::string(GetParam()) + ".DAT";
-        std::ifstream file(std::string(QVM_BINARY_DIR) + "/lang/" + name, std::ios::binary);
-        ASSERT_TRUE(file) << name;
-        bytes.assign(std::istreambuf_iterator<char>(file), {});
+        bytes = test::Inhalt(std::string(QVM_BINARY_DIR) + "/lang/" + name);
+        ASSERT_FALSE(bytes.empty()) << name;
         kern.AppPath = "/qvm/";
         kern.Config.Sprache = GetParam();
         welt.Disk.Files["/qvm/" + name] = bytes;
@@ -142,8 +140,7 @@ TEST_P(Sprachdateien, the_events_that_colour_history_rows_differ_from_all_events
 TEST_P(Sprachdateien, the_events_that_colour_history_rows_mean_nothing_else_in_another_language) {
     for (const std::string_view other : SprachNamen) {
         const std::string name = "QVM_" + std::string(other) + ".DAT";
-        std::ifstream file(std::string(QVM_BINARY_DIR) + "/lang/" + name, std::ios::binary);
-        welt.Disk.Files["/qvm/" + name] = std::string(std::istreambuf_iterator<char>(file), {});
+        welt.Disk.Files["/qvm/" + name] = test::Inhalt(std::string(QVM_BINARY_DIR) + "/lang/" + name);
         const auto lines = Sprachdatei_Lesen(kern, other);
         ASSERT_TRUE(lines) << other;
         for (const int n : {16, 17, 20}) {

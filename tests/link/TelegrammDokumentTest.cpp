@@ -1,9 +1,10 @@
 #include "TelegrammDokument.h"
 
+#include "Inhalt.h"
+
 #include <cstdlib>
 #include <fstream>
 #include <gtest/gtest.h>
-#include <sstream>
 #include <string>
 
 namespace qvm {
@@ -16,10 +17,7 @@ TEST(Telegramm_Dokument_Test, stands_in_the_documents_as_the_layouts_give_it) {
     if (std::getenv("QVM_WRITE_DOCS") != nullptr) {
         std::ofstream(Path, std::ios::binary) << text;
     }
-    std::ifstream file(Path, std::ios::binary);
-    std::ostringstream stored;
-    stored << file.rdbuf();
-    EXPECT_TRUE(stored.str() == text) << "run test_link with QVM_WRITE_DOCS=1";
+    EXPECT_TRUE(test::Inhalt(Path) == text) << "run test_link with QVM_WRITE_DOCS=1";
 }
 
 TEST(Telegramm_Dokument_Test, has_a_line_for_each_form_with_indexes_and_constants) {

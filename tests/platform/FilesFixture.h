@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Inhalt.h"
 #include "PosixFiles.h"
 #include "TempDirectory.h"
 
@@ -7,7 +8,6 @@
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
-#include <iterator>
 #include <string>
 #include <vector>
 
@@ -20,10 +20,7 @@ protected:
         std::ofstream(path, std::ios::binary) << bytes;
     }
 
-    static std::string Held(const std::string& path) {
-        std::ifstream file(path, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
+    static std::string Held(const std::string& path) { return Inhalt(path); }
 
     /// All names in the directory, hidden ones, too.
     std::vector<std::string> Names() const {

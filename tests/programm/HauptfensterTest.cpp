@@ -1,5 +1,6 @@
 // The program with its main window: what opens what, what comes back, words at run time, second start, shut-down.
 
+#include "Inhalt.h"
 #include "MainWindows.h"
 #include "Text.h"
 #include "TextSlots.h"
@@ -7,10 +8,8 @@
 #include "VirtualPlatform.h"
 
 #include <algorithm>
-#include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <iterator>
 #include <string>
 #include <vector>
 
@@ -27,9 +26,9 @@ struct Programm_Hauptfenster : ::testing::Test {
     void SetUp() override {
         for (const std::string_view language : SprachNamen) {
             const std::string name = "QVM_" + std::string(language) + ".DAT";
-            std::ifstream file(std::string(QVM_BINARY_DIR) + "/lang/" + name, std::ios::binary);
-            ASSERT_TRUE(file) << name;
-            world.Disk.Files["/q/" + name].assign(std::istreambuf_iterator<char>(file), {});
+            const std::string bytes = test::Inhalt(std::string(QVM_BINARY_DIR) + "/lang/" + name);
+            ASSERT_FALSE(bytes.empty()) << name;
+            world.Disk.Files["/q/" + name] = bytes;
         }
         world.Disk.Files["/q/DAT/EST7CSB29A.I_1"] = "Deutsch\r\n1\r\nUSB-Port5\r\n3\r\n";
         world.Disk.Files["/q/DAT/CHEUSB25C.I_2"] = "RESET\r\n";

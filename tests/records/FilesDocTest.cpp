@@ -1,6 +1,7 @@
 // docs/files.md is made from the record layouts. QVM_WRITE_DOCS=1 writes it anew.
 
 #include "AdapterRecord.h"
+#include "Inhalt.h"
 #include "LockRecords.h"
 #include "TimeRecords.h"
 #include "UnitRecords.h"
@@ -10,7 +11,6 @@
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
-#include <iterator>
 #include <regex>
 #include <set>
 #include <sstream>
@@ -122,17 +122,12 @@ std::string Document() {
     return out.str();
 }
 
-std::string Contents(const fs::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-}
-
 TEST(Files_Reference, is_what_the_layouts_say) {
     const fs::path path = fs::path(QVM_SOURCE_DIR) / "docs" / "files.md";
     if (const char* write = std::getenv("QVM_WRITE_DOCS"); write != nullptr && std::string_view(write) == "1") {
         std::ofstream(path, std::ios::binary) << Document();
     }
-    EXPECT_EQ(Contents(path), Document());
+    EXPECT_EQ(test::Inhalt(path), Document());
 }
 
 TEST(Files_Reference, tells_of_every_layout_in_the_sources) {
@@ -145,7 +140,7 @@ TEST(Files_Reference, tells_of_every_layout_in_the_sources) {
     const std::regex declaration(R"re(RecordLayout\s+\w+\{"(\w+)")re");
     std::set<std::string> declared;
     for (const auto& file : fs::recursive_directory_iterator(fs::path(QVM_SOURCE_DIR) / "src")) {
-        const std::string text = file.path().extension() == ".h" ? Contents(file.path()) : "";
+        const std::string text = file.path().extension() == ".h" ? test::Inhalt(file.path()) : "";
         for (std::sregex_iterator at(text.begin(), text.end(), declaration), end; at != end; ++at) {
             EXPECT_TRUE(declared.insert((*at)[1]).second) << (*at)[1] << " is declared twice";
         }

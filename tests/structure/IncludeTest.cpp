@@ -1,11 +1,10 @@
 // Which header a file may include.
 
+#include "Inhalt.h"
 #include "SourceFiles.h"
 
 #include <cstddef>
-#include <fstream>
 #include <gtest/gtest.h>
-#include <iterator>
 #include <map>
 #include <regex>
 #include <string>
@@ -21,8 +20,7 @@ TEST(Sources, every_folder_belongs_to_a_target) {
 }
 
 TEST(Sources, every_folder_says_what_lives_there) {
-    std::ifstream file(QVM_SOURCE_DIR "/src/README.md");
-    const std::string text{std::istreambuf_iterator<char>(file), {}};
+    const std::string text = Inhalt(QVM_SOURCE_DIR "/src/README.md");
     for (const Source& source : All()) {
         EXPECT_NE(text.find("| `" + source.Folder + "` | "), std::string::npos) << source.Folder;
     }

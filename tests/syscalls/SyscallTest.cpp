@@ -3,6 +3,7 @@
 
 #include "Check.h"
 #include "Import.h"
+#include "Inhalt.h"
 #include "Kern.h"
 #include "Konfiguration.h"
 #include "PosixFiles.h"
@@ -16,7 +17,6 @@
 #include <fstream>
 #include <functional>
 #include <gtest/gtest.h>
-#include <iterator>
 #include <map>
 #include <string>
 
@@ -43,8 +43,7 @@ protected:
     std::map<std::string, std::string> Held() const {
         std::map<std::string, std::string> held;
         for (const auto& entry : fs::directory_iterator(directory_)) {
-            std::ifstream file(entry.path(), std::ios::binary);
-            held[entry.path().filename().string()].assign(std::istreambuf_iterator<char>(file), {});
+            held[entry.path().filename().string()] = Inhalt(entry.path().string());
         }
         return held;
     }
@@ -181,8 +180,7 @@ TEST_F(Each_call, of_a_save_of_the_settings_fails_once) {
         [&](const std::string&, int) {
             std::map<std::string, std::string> held;
             for (const auto& entry : fs::directory_iterator(Path("DAT"))) {
-                std::ifstream file(entry.path(), std::ios::binary);
-                held[entry.path().filename().string()].assign(std::istreambuf_iterator<char>(file), {});
+                held[entry.path().filename().string()] = Inhalt(entry.path().string());
             }
             ASSERT_EQ(held.size(), 2U);
             // Values that the load lost are the defaults in the new file; those of a file that was not read stay.

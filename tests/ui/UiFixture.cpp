@@ -1,19 +1,15 @@
 #include "UiFixture.h"
 
+#include "Inhalt.h"
+
 #include <QTest>
 #include <QWidget>
-
-#include <fstream>
-#include <sstream>
 
 namespace qvm::test {
 namespace {
 
 std::string LanguageFile(std::string_view language) {
-    std::ifstream file(std::string(QVM_BINARY_DIR) + "/lang/QVM_" + std::string(language) + ".DAT", std::ios::binary);
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
+    return Inhalt(std::string(QVM_BINARY_DIR) + "/lang/QVM_" + std::string(language) + ".DAT");
 }
 
 } // namespace

@@ -1,11 +1,9 @@
 // The menus of the main window, the manual, and the words.
 
 #include "F2Fixture.h"
+#include "Inhalt.h"
 #include "Text.h"
 #include "TextSlots.h"
-
-#include <fstream>
-#include <iterator>
 
 namespace qvm::test {
 namespace {
@@ -221,9 +219,9 @@ TEST_F(F2_Menues, the_words_of_the_design_are_the_german_ones_of_the_catalogue) 
         return texts;
     };
     const std::vector<std::string> before = words();
-    std::ifstream file(std::string(QVM_BINARY_DIR) + "/lang/QVM_Deutsch.DAT", std::ios::binary);
-    ASSERT_TRUE(file);
-    world.Disk.Files["/q/QVM_Deutsch.DAT"].assign(std::istreambuf_iterator<char>(file), {});
+    const std::string bytes = Inhalt(std::string(QVM_BINARY_DIR) + "/lang/QVM_Deutsch.DAT");
+    ASSERT_FALSE(bytes.empty());
+    world.Disk.Files["/q/QVM_Deutsch.DAT"] = bytes;
     ASSERT_EQ(Sprachdatei_Laden(programm->kern), SprachdateiStatus::Geladen);
     Main().Texte_Setzen();
     EXPECT_EQ(words(), before);
