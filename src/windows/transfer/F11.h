@@ -25,6 +25,8 @@ enum class F11Opener { F13, F12, F20 };
 struct F11 {
     F11(Programmierlauf& programmierlauf, F9& progress, F18& wait, AdapterListe& adapters);
 
+    static constexpr int CodeLength = CodeEntry::Length;
+
     Programmierlauf& run;
     Kern& kern;
     F9& f9;
