@@ -54,6 +54,11 @@ TEST(Csv_Feld, what_would_end_the_field_or_the_line_stands_in_quotes) {
     EXPECT_EQ(Csv_Feld("a\rb"), "\"a\rb\"");
 }
 
+TEST(Csv_Feld, a_dash_alone_is_no_formula) {
+    EXPECT_EQ(Csv_Feld("-"), "-");
+    EXPECT_EQ(Csv_Feld("--"), "'--");
+}
+
 TEST(Csv_Feld, what_a_spreadsheet_would_run_is_a_text) {
     EXPECT_EQ(Csv_Feld("=1+1"), "'=1+1");
     EXPECT_EQ(Csv_Feld("+1"), "'+1");
