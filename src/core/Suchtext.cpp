@@ -85,4 +85,8 @@ bool Text_Beginnt(std::string_view text, std::string_view wanted) {
         text, wanted, [](const std::string& whole, const std::string& part) { return whole.starts_with(part); });
 }
 
+std::string Sortierform(std::string_view text) {
+    return Vereinfacht(text, Umlaut::BaseLetter);
+}
+
 } // namespace qvm

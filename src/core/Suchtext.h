@@ -13,4 +13,7 @@ bool Text_Enthaelt(std::string_view text, std::string_view wanted);
 /// The text begins with `wanted`. Every text begins with an empty one.
 bool Text_Beginnt(std::string_view text, std::string_view wanted);
 
+/// The text by which a list is sorted: small letters, each without its accent; an umlaut as its base letter.
+std::string Sortierform(std::string_view text);
+
 } // namespace qvm

@@ -1,5 +1,6 @@
 #include "F5_Laden.h"
 
+#include "F5_Marken.h"
 #include "GroupTable.h"
 #include "Kern.h"
 #include "LockRecords.h"
@@ -53,16 +54,6 @@ int Fingerbild(std::string_view flag, std::string_view fingerId) {
         return fingerId.starts_with("PR") ? FingerPicture::Premium : FingerPicture::Standard;
     }
     return flag == "NO" ? FingerPicture::Off : FingerPicture::None;
-}
-
-void Marke_Setzen(Grid& grid, int row, int column, char mark) {
-    const bool set = mark == 'X' || mark == 'F';
-    const Colour colour = mark == 'X' ? UserLook::MarkAccess : mark == 'F' ? UserLook::MarkFinger : UserLook::MarkNone;
-    Cell cell = grid.At(row, column);
-    cell.Text.assign(set ? 1 : 0, mark);
-    cell.ForeColor = colour;
-    cell.FontSize = set ? UserLook::MarkSize : UserLook::PlainSize;
-    grid.Set(row, column, cell);
 }
 
 void Marken_Laden(Grid& grid, int row, const std::string& mask) {

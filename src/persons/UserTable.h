@@ -18,6 +18,10 @@ constexpr int RowOf(int user) {
 constexpr int ColumnOf(int lock) {
     return lock + 7;
 }
+/// The column holds the marks of a lock.
+constexpr bool IsLock(int column) {
+    return column >= ColumnOf(1) && column <= ColumnOf(Locks);
+}
 } // namespace UserGrid
 
 /// Columns of FGK4 beside those of the locks, 8 to 207.

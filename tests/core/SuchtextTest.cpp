@@ -33,6 +33,11 @@ TEST(Text_Enthaelt, passes_over_the_accents_of_other_languages) {
     EXPECT_TRUE(Text_Enthaelt(u8"Ærø"_w, "aero"));
 }
 
+TEST(Sortierform, puts_an_umlaut_with_its_base_letter_and_capitals_with_small_letters) {
+    EXPECT_EQ(Sortierform(u8"Ährenweg Straße ÖL"_w), "ahrenweg strasse ol");
+    EXPECT_EQ(Sortierform(""), "");
+}
+
 TEST(Text_Enthaelt, leaves_signs_that_are_no_letters_what_they_are) {
     EXPECT_TRUE(Text_Enthaelt(u8"3 × 4 €"_w, u8"× 4 €"_w));
     EXPECT_FALSE(Text_Enthaelt("3 x 4", u8"×"_w));
