@@ -1,5 +1,6 @@
 #pragma once
 
+#include "F16.h"
 #include "F5.h"
 #include "Programm.h"
 
@@ -11,6 +12,7 @@ struct PersonWindows {
 
     Programm& programm;
     qvm::F5 F5{programm.kern};
+    qvm::F16 F16{F5};
 
     /// Fills the hooks of these windows, and those that lead to them. Behind MainWindows and TransferWindows.
     void Verbinden();

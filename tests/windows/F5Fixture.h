@@ -33,6 +33,47 @@ struct F5Fixture : FensterFixture {
         world.Disk.FailAt = world.Disk.Operations + n;
         world.Disk.FailFromThere = rest;
     }
+    void Go(int row, int column) { Window().Auswahl.Go(row, column); }
+    /// Selects from the first cell to the last, which becomes the current one.
+    void Select(int top, int left, int bottom, int right) {
+        Window().Auswahl.Go(top, left);
+        Window().Auswahl.Extend(bottom, right);
+    }
+    void Key(int key) { Window().FGK4_KeyPress(key); }
+    /// Types into the open box, character by character.
+    void Type(std::string_view text) {
+        const TextBox* box = Box();
+        ASSERT_NE(box, nullptr);
+        for (const char character : text) {
+            Window().Editor_Change(box->Text() + character);
+        }
+    }
+    void Backspace() {
+        const TextBox* box = Box();
+        ASSERT_NE(box, nullptr);
+        Window().Editor_Change(box->Text().substr(0, box->Text().size() - 1));
+    }
+    /// The box that is open.
+    const TextBox* Box() {
+        for (const TextBox* box : {&Window().Text1, &Window().Text2, &Window().Text7}) {
+            if (box->Visible()) {
+                return box;
+            }
+        }
+        return nullptr;
+    }
+    /// Opens the editor of the cell with its text, replaces it and presses the key.
+    void Enter(int row, int column, std::string_view text, int last = qvm::Key::Enter) {
+        Go(row, column);
+        Key(qvm::Key::Enter);
+        if (Box() != nullptr) {
+            Window().Editor_Change("");
+            Type(text);
+        }
+        Window().Editor_KeyPress(last);
+    }
+    void ExpectTwice() { Expect(75); }
+    bool Asked() const { return !world.Shown.empty(); }
     /// The texts of a row, columns first to last, with "|" between.
     std::string Row(int row, int first, int last) {
         std::string text;

@@ -12,8 +12,21 @@
 #include <vector>
 
 namespace qvm {
+namespace {
 
-F5::F5(Kern& kernel) : kern(kernel) {
+constexpr int TrackInterval = 20; // ms, at open
+
+constexpr int LongestCode = 8;
+
+} // namespace
+
+F5::F5(Kern& kernel) : kern(kernel), Timer1(kernel.Welt, TintInterval), Timer2(kernel.Welt, TrackInterval) {
+    Text1.MaxLength = UserRecord::UserName.Width;
+    Text2.MaxLength = LongestCode;
+    Text7.MaxLength = UserRecord::KeyLabel.Width;
+    Editor_Schliessen();
+    Timer1.Ticked = [this] { Kreuz_Zeichnen(); };
+    Timer2.Ticked = [this] { Maus_Verfolgen(); };
     Auswahl.Moved = [this] { Stand_Zeigen(); };
 }
 
@@ -30,6 +43,8 @@ void F5::F5_FormLaden() {
     MenuRow = 0;
     FsRow = NoRow;
     FixedCols = 1;
+    Editor_Schliessen();
+    mouse_ = cross_ = hit_ = {};
     Tabelle.LoadFailed = false;
     Tabelle.UserDirty = false;
     FGK4.ClearRows(0);
@@ -47,6 +62,8 @@ void F5::F5_FormLaden() {
     Auswahl.Go(UserGrid::FirstRow, UserColumn::Name);
     Stand_Zeigen();
     Verlauf_Zeigen();
+    Timer1.Start(TintInterval);
+    Timer2.Start(TrackInterval);
     Fenster.Enabled = true;
     Fenster.Visible = true; // last, as the window's first size goes by its contents
     if (!unread.empty()) {
@@ -58,8 +75,17 @@ void F5::Toolbar1_ButtonClick(std::string_view key) {
     if (!Fenster.Enabled) {
         return;
     }
+    Editor_Uebernehmen();
     if (key == u8"Zurück"_w) {
         F5_Schliessen();
+    } else if (key == "Aufsteigend sortieren") {
+        F5_Sort_Click();
+    } else if (key == "Suchen") {
+        F5_Search_Click();
+    } else if (key == "Neu") {
+        Neu();
+    } else if (key == "CSV-Print") {
+        Csv_Schreiben();
     } else if (key == "Speichern") {
         Speichern();
     }
@@ -85,6 +111,7 @@ void F5::F5_Schliessen() {
     if (!Fenster.Enabled) {
         return; // a device is waited for
     }
+    Editor_Uebernehmen();
     if (Tabelle.UserDirty) {
         const Verlassen choice = Verlassen_Fragen(kern, kern.Zeile(Line::UserManagement));
         // What could not be saved is not to be lost.
@@ -93,11 +120,16 @@ void F5::F5_Schliessen() {
         }
     }
     Tabelle.UserDirty = false;
+    Timer1.Stop();
+    Timer2.Stop();
     Fenster.Visible = false;
     kern.Windows.BackToMain();
 }
 
 bool F5::Aendern(Word what, const std::function<void()>& change) {
+    // What is tinted is no part of a step.
+    Kreuz_Loeschen();
+    Treffer_Loeschen();
     Verlauf.Begin(what);
     change();
     if (!Verlauf.End()) {
@@ -114,6 +146,8 @@ void F5::F5_Undo_Click() {
     if (!Fenster.Enabled) {
         return;
     }
+    Editor_Uebernehmen();
+    Treffer_Loeschen();
     if (const auto step = Verlauf.Undo()) {
         Schritt_Gegangen(*step, Word::UndoDone);
     }
@@ -123,6 +157,8 @@ void F5::F5_Redo_Click() {
     if (!Fenster.Enabled) {
         return;
     }
+    Editor_Uebernehmen();
+    Treffer_Loeschen();
     if (const auto step = Verlauf.Redo()) {
         Schritt_Gegangen(*step, Word::RedoDone);
     }
@@ -131,7 +167,7 @@ void F5::F5_Redo_Click() {
 void F5::Schritt_Gegangen(const UndoStep& step, Word told) {
     Tabelle.UserDirty = true;
     // The channels stand on the disk and are not taken back.
-    F5_KanalFarben(kern, Tabelle);
+    Farben_Erneuern();
     Auswahl.Go(step.Row, step.Column > UserGrid::ColumnOf(UserGrid::Locks) ? UserColumn::KeyId : step.Column);
     Stand_Zeigen();
     Verlauf_Zeigen();

@@ -6,6 +6,7 @@
 #include "GridUndo.h"
 #include "Kern.h"
 #include "Text.h"
+#include "Timer.h"
 #include "UserTable.h"
 #include "Words.h"
 
@@ -23,12 +24,17 @@ enum class F5Menu {
     F5_Fingerscan ///< FS_anerlen, FS_loeschen, F5_FSpremium, F5_FSstandard
 };
 
+enum class MouseButton { Left, Right };
+
 /// Window F5, the users: FGK4 is the working copy of the whole table. Load fills every cell, save rewrites every
 /// record.
 struct F5 {
     explicit F5(Kern& kernel);
 
-    static constexpr int NoRow = 255; ///< FsRow while no action with a finger is open
+    static constexpr int NoRow = 255;         ///< FsRow while no action with a finger is open
+    static constexpr int LastTabColumn = 200; ///< at it and behind it nothing moves to the right
+    static constexpr int TintInterval = 10;   ///< ms of Timer1
+    static constexpr std::string_view InfoTitle = "INFO";
 
     Kern& kern;
 
@@ -47,6 +53,14 @@ struct F5 {
     int FsRow = NoRow; ///< row of the action with a finger
     TextBox Text3, Text4, Text5, Text6; ///< never seen: pieces of what a device sends
 
+    // Editors, one of which lies over the grid's current cell while it is visible.
+    TextBox Text1;      ///< of a name
+    TextBox Text2;      ///< of a code
+    TextBox Text7;      ///< of a designation
+    ListBox List1;      ///< of a timer group: " - " and the names of the groups
+    ListBox List2;      ///< of a right
+    int OpenColumn = 0; ///< whose editor is open; 0: none
+
     std::array<ToolButton, 6> Toolbar1{{{.Key = u8"Zurück"_w},
                                         {.Key = "Aufsteigend sortieren"},
                                         {.Key = "Suchen"},
@@ -60,17 +74,57 @@ struct F5 {
         Search_Ekey, Search_RFID, key_synchron;
     MenuEntry FS_anerlen, FS_loeschen, F5_FSpremium, F5_FSstandard;
 
-    std::function<void()> F16_Oeffnen; ///< the search window
+    Timer Timer1; ///< tints the heads of the row and the column under the mouse
+    Timer Timer2; ///< looks where the mouse is
+
+    std::function<void()> F16_Oeffnen;                     ///< the search window
+    std::function<void(F5Menu which)> Menue_Zeigen;        ///< opens a menu over the current cell
+    std::function<bool(int& row, int& column)> Maus_Zelle; ///< the cell under the mouse
 
     /// Loads groups, lock names, users and colours, and shows the window. What cannot be read is told; such a table is
     /// not saved.
     void F5_FormLaden();
     /// Words from the catalogue anew; cells of users stay.
     void Texte_Setzen();
-    /// "Zurück" or "Speichern".
+    /// One key of the tool bar. An open editor is left first, as by any click elsewhere.
     void Toolbar1_ButtonClick(std::string_view key);
-    /// The window's own close button: as "Zurück".
+    /// "Zurück", and the window's own close button: asks while there is something to save.
     void F5_Schliessen();
+
+    /// A mouse button was released on the cell where it was pressed: the cell becomes the current one, unless it lies
+    /// in the block that a menu opens for. A menu opens, or a mark is stepped. The two heading rows do nothing.
+    void FGK4_MouseUp(MouseButton button, int row, int column);
+    /// Opens the editor of the cell with its text.
+    void FGK4_DblClick(int row, int column);
+    /// One key on the current cell, Tab and Delete too: see the table in docs/decisions/user-window.md.
+    void FGK4_KeyPress(int key);
+    /// The key for a context menu: the menu of the current cell, whichever button opens it with the mouse.
+    void FGK4_Kontext();
+    /// The grid was scrolled sideways: names stay in sight, until a click in column 2.
+    void FGK4_Scroll() { FixedCols = 2; }
+
+    /// The text of the open box as the view holds it; what is not allowed in it is left out or put back.
+    void Editor_Change(std::string_view text);
+    /// Tab and Return take over, Escape puts the old text back; other keys are the view's.
+    void Editor_KeyPress(int key);
+    /// The open editor was left by a click elsewhere: it is taken over without any comparison.
+    void Editor_LostFocus();
+    /// By how many twips the list of the column opens higher, as fewer than 18 rows lie below the top of the view; 0:
+    /// it opens below its cell.
+    static int Listenhub(int column, int topRow);
+
+    void F5_Sort_Click();
+    void F5_Search_Click();
+    void F5_M5ON_Click();
+    void F5_M5_OFF_Click();
+    /// By the current column: deletes the selected users, or clears the selected cells of the column.
+    void F5_Loeschen_Click();
+    /// Asks, then clears the selected keys. Their data and channels stay.
+    void Key_loeschen_Click();
+    /// The cell is what a search has found. One at a time; it is tinted until the next change or search.
+    void Treffer_Zeigen(int row, int column, Colour ground);
+    /// Says which user a key or transponder was found with.
+    void Treffer_Melden(int row);
 
     /// Does what changes cells, as one step of undo that is named so, and notes that there is something to save. Every
     /// change of a saved cell by the operator or a device goes this way. False when no cell became another one.
@@ -93,7 +147,45 @@ private:
     void Verlauf_Zeigen();
     void Schritt_Gegangen(const UndoStep& step, Word told);
     bool Speichern();
+    void Neu();
+    void Csv_Schreiben();
 
+    void Editor_Oeffnen(int key);
+    void Text_Oeffnen(TextBox& box, int typed);
+    void Liste_Oeffnen(ListBox& list);
+    void Editor_Schliessen();
+    std::string Editor_Text() const;
+    /// Takes the open editor over with the comparisons of its column. False when it stays open.
+    bool Editor_Bestaetigen();
+    void Editor_Uebernehmen();
+    void Zelle_Schreiben(int row, int column, const std::string& text);
+    bool Vergeben(int row, int column, std::string_view text) const;
+    TextBox* Offene_Box();
+    ListBox* Offene_Liste();
+
+    bool Menue_Oeffnen(int row, int column, MouseButton button);
+    void Block_Schalten();
+    bool Taste_Loeschen();
+    void Benutzer_Loeschen();
+    void Zellen_Leeren(int column);
+    void Finger_Leeren(int row);
+    void Farben_Erneuern();
+
+    void Maus_Verfolgen();
+    void Kreuz_Zeichnen();
+    void Kreuz_Loeschen();
+    void Treffer_Loeschen();
+
+    struct Place {
+        int Row = 0, Column = 0;
+        bool operator==(const Place&) const = default;
+    };
+    Place edited_{};          ///< the cell under the editor
+    std::string typed_;       ///< text of the open box, as it was allowed last
+    std::string oldText_;     ///< what stood in it
+    Place mouse_{}, cross_{}; ///< where the mouse was seen last, whose heads are tinted; row 0: nowhere
+    Place hit_{};             ///< what a search has found; row 0: nothing
+    Colour hitInk_ = Black;   ///< the text colour that it had
     Listener words_ = Worte_Folgen(*this);
 };
 

@@ -39,10 +39,6 @@ int Zeile_Fuer(std::string_view where) {
     return 0;
 }
 
-bool Ist_Schloss(int column) {
-    return column >= UserGrid::ColumnOf(1) && column <= UserGrid::ColumnOf(UserGrid::Locks);
-}
-
 /// Of the name that stands upright in the heading, one character a line.
 std::string Schlossname(const Grid& grid, int column) {
     const std::string& upright = grid.Text(0, column);
@@ -139,7 +135,7 @@ void F5::Stand_Zeigen() {
     Benutzermarken.Text = FGK4.Row < UserGrid::FirstRow || name.empty()
                               ? std::string()
                               : Wort(kern, Word::UserMarks, {name, Ziffern(Marken_Der_Zeile(FGK4, FGK4.Row))});
-    const std::string lock = Ist_Schloss(FGK4.Column) ? Schlossname(FGK4, FGK4.Column) : std::string();
+    const std::string lock = UserGrid::IsLock(FGK4.Column) ? Schlossname(FGK4, FGK4.Column) : std::string();
     Schlossmarken.Text = lock.empty()
                              ? std::string()
                              : Wort(kern, Word::LockMarks, {lock, Ziffern(Marken_Der_Spalte(FGK4, FGK4.Column))});
@@ -154,7 +150,7 @@ void F5::Verlauf_Zeigen() {
 
 std::string F5::Tip(int row, int column) const {
     const std::string& name = FGK4.Text(row, UserColumn::Name);
-    if (row < UserGrid::FirstRow || !Ist_Schloss(column) || name.empty() || FGK4.Text(0, column).empty()) {
+    if (row < UserGrid::FirstRow || !UserGrid::IsLock(column) || name.empty() || FGK4.Text(0, column).empty()) {
         return {};
     }
     const std::string& mark = FGK4.Text(row, column);
@@ -168,7 +164,7 @@ int F5::Breite(int column) {
     if (column >= 0 && column < static_cast<int>(widths.size())) {
         return widths[static_cast<std::size_t>(column)];
     }
-    return Ist_Schloss(column) ? lock : 0;
+    return UserGrid::IsLock(column) ? lock : 0;
 }
 
 int F5::Kopfhoehe() const {

@@ -1,0 +1,212 @@
+#include "F5Modell.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace qvm::test {
+namespace {
+
+constexpr int NoFinger = 501, StandardFinger = 502;
+
+/// For sorting: small letters, umlauts without their dots.
+std::string Folded(const std::string& name) {
+    std::string out;
+    for (const char c : name) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (byte == 0xC4 || byte == 0xE4) {
+            out += 'a';
+        } else {
+            out += c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
+        }
+    }
+    return out;
+}
+
+bool NoName(const PlainUser& user) {
+    return user.Name.empty() || user.Name == "ZZZZZZZZZZ";
+}
+
+void SetName(PlainUser& user, const std::string& name) {
+    user.Name = name;
+    if (!name.empty()) {
+        user.Group = user.Group.empty() ? "-" : user.Group;
+        user.Right = user.Right.empty() ? "1" : user.Right;
+        user.Picture = user.Finger.empty() ? NoFinger : StandardFinger;
+    }
+}
+
+} // namespace
+
+PlainTable::PlainTable() {
+    PlainUser empty;
+    empty.Group = "-";
+    rows_.fill(std::make_shared<const PlainUser>(empty));
+}
+
+bool PlainTable::Same(const PlainTable& other, int row) const {
+    const auto n = static_cast<std::size_t>(row);
+    return rows_[n] == other.rows_[n] || *rows_[n] == *other.rows_[n];
+}
+
+bool PlainTable::operator==(const PlainTable& other) const {
+    for (int row = 2; row <= 251; ++row) {
+        if (!Same(other, row)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+template <class Change>
+void PlainTable::Replace(int row, Change change) {
+    PlainUser user = At(row);
+    change(user);
+    if (!(user == At(row))) {
+        rows_[static_cast<std::size_t>(row)] = std::make_shared<const PlainUser>(std::move(user));
+    }
+}
+
+bool PlainTable::Taken(int row, std::string PlainUser::*part, const std::string& text) const {
+    for (int other = 2; other <= 251; ++other) {
+        if (other != row && At(other).*part == text) {
+            return true;
+        }
+    }
+    return false;
+}
+
+bool PlainTable::ConfirmName(int row, const std::string& name) {
+    if (!name.empty() && Taken(row, &PlainUser::Name, name)) {
+        return true;
+    }
+    LeaveName(row, name);
+    return false;
+}
+
+void PlainTable::LeaveName(int row, const std::string& name) {
+    Replace(row, [&](PlainUser& user) { SetName(user, name); });
+}
+
+bool PlainTable::ConfirmCode(int row, const std::string& text) {
+    if (Taken(row, &PlainUser::Code, text)) {
+        return true;
+    }
+    LeaveCode(row, text);
+    return false;
+}
+
+void PlainTable::LeaveCode(int row, const std::string& text) {
+    Replace(row, [&](PlainUser& user) { user.Code = text.size() < 6 ? "" : text; });
+}
+
+bool PlainTable::ConfirmLabel(int row, const std::string& text) {
+    if (Taken(row, &PlainUser::Label, text)) {
+        return true;
+    }
+    SetLabel(row, text);
+    return false;
+}
+
+void PlainTable::SetLabel(int row, const std::string& text) {
+    Replace(row, [&](PlainUser& user) { user.Label = text; });
+}
+
+void PlainTable::SetRight(int row, const std::string& right) {
+    Replace(row, [&](PlainUser& user) { user.Right = right; });
+}
+
+void PlainTable::SetKey(int row, const std::string& key, const std::string& data) {
+    Replace(row, [&](PlainUser& user) {
+        user.Key = key;
+        user.KeyData = data;
+    });
+}
+
+void PlainTable::SetFinger(int row, const std::string& finger) {
+    Replace(row, [&](PlainUser& user) {
+        user.Finger = finger;
+        user.Picture = StandardFinger;
+    });
+}
+
+void PlainTable::StepMarks(int top, int firstLock, int bottom, int lastLock) {
+    for (int row = top; row <= bottom; ++row) {
+        Replace(row, [&](PlainUser& user) {
+            for (int lock = firstLock; lock <= lastLock; ++lock) {
+                char& mark = user.Marks[static_cast<std::size_t>(lock)];
+                if (Named(lock) && !user.Name.empty()) {
+                    mark = mark == 0 ? 'X' : mark == 'X' && !user.Finger.empty() ? 'F' : '\0';
+                }
+            }
+        });
+    }
+}
+
+void PlainTable::ClearCodes(int top, int bottom) {
+    for (int row = top; row <= bottom; ++row) {
+        Replace(row, [](PlainUser& user) { user.Code.clear(); });
+    }
+}
+
+void PlainTable::ClearKeys(int top, int bottom) {
+    for (int row = top; row <= bottom; ++row) {
+        Replace(row, [](PlainUser& user) { user.Key.clear(); });
+    }
+}
+
+void PlainTable::ClearMarks(int top, int bottom, int lock) {
+    for (int row = top; row <= bottom; ++row) {
+        Replace(row, [&](PlainUser& user) { user.Marks[static_cast<std::size_t>(lock)] = 0; });
+    }
+}
+
+void PlainTable::DeleteUsers(int top, int bottom, int menuRow) {
+    for (int row = 2; row <= 251; ++row) {
+        const bool selected = row >= top && row <= bottom;
+        Replace(row, [&](PlainUser& user) {
+            if (selected) {
+                PlainUser rest;
+                rest.KeyData = user.KeyData;
+                rest.Marks[200] = user.Marks[200];
+                user = rest;
+            }
+            if (selected || row == menuRow) {
+                user.Finger.clear();
+                user.Picture = NoFinger;
+            }
+        });
+    }
+    Sort();
+}
+
+void PlainTable::Sort() {
+    std::vector<std::pair<std::string, std::shared_ptr<const PlainUser>>> named;
+    std::vector<std::shared_ptr<const PlainUser>> empty;
+    for (int row = 2; row <= 251; ++row) {
+        const auto& user = rows_[static_cast<std::size_t>(row)];
+        if (NoName(*user)) {
+            empty.push_back(user);
+        } else {
+            named.emplace_back(Folded(user->Name), user);
+        }
+    }
+    std::stable_sort(named.begin(), named.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+    std::size_t row = 2;
+    for (const auto& [name, user] : named) {
+        rows_[row++] = user;
+    }
+    for (const auto& user : empty) {
+        rows_[row] = user;
+        Replace(static_cast<int>(row++), [](PlainUser& nameless) { nameless.Name.clear(); });
+    }
+}
+
+void PlainTable::Clear() {
+    PlainUser empty;
+    empty.Picture = NoFinger;
+    for (int row = 2; row <= 251; ++row) {
+        Replace(row, [&](PlainUser& user) { user = empty; });
+    }
+}
+
+} // namespace qvm::test

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <array>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace qvm::test {
+
+/// A user as the rules see him, without a grid.
+struct PlainUser {
+    std::string Name{}, Group{}, Right{}, Code{}, Label{}, Key{}, KeyData{}, Finger{};
+    int Picture = 0;
+    std::array<char, 201> Marks{}; ///< by lock; 0: none
+
+    bool operator==(const PlainUser&) const = default;
+};
+
+/// The rules of the user table, written anew and plainly, to hold the window against. Rows as in the grid, 2 to 251.
+/// What a routine gives is whether a message comes; the table then stays as it was.
+class PlainTable {
+public:
+    PlainTable();
+
+    const PlainUser& At(int row) const { return *rows_[static_cast<std::size_t>(row)]; }
+    /// The row holds the same user as that of the other table.
+    bool Same(const PlainTable& other, int row) const;
+    bool operator==(const PlainTable& other) const;
+
+    bool ConfirmName(int row, const std::string& name);
+    void LeaveName(int row, const std::string& name);
+    /// `text` has none or six characters.
+    bool ConfirmCode(int row, const std::string& text);
+    void LeaveCode(int row, const std::string& text);
+    bool ConfirmLabel(int row, const std::string& text);
+    void SetLabel(int row, const std::string& text);
+    void SetRight(int row, const std::string& right);
+    void SetKey(int row, const std::string& key, const std::string& data);
+    void SetFinger(int row, const std::string& finger);
+    /// Locks whose number is a multiple of three, and those above 12 but for 199 and 200, have no name.
+    static bool Named(int lock) { return (lock <= 12 || lock >= 199) && lock % 3 != 0; }
+    void StepMarks(int top, int firstLock, int bottom, int lastLock);
+    void ClearCodes(int top, int bottom);
+    void ClearKeys(int top, int bottom);
+    void ClearMarks(int top, int bottom, int lock);
+    /// The users of the rows, and the finger of `menuRow`; then sorts.
+    void DeleteUsers(int top, int bottom, int menuRow);
+    void Sort();
+    void Clear();
+
+private:
+    template <class Change>
+    void Replace(int row, Change change);
+    bool Taken(int row, std::string PlainUser::*part, const std::string& text) const;
+
+    std::array<std::shared_ptr<const PlainUser>, 252> rows_;
+};
+
+} // namespace qvm::test

@@ -1,0 +1,309 @@
+// What an operator may do in the user window, in any order, held against the plain rules.
+
+#include "F5Fixture.h"
+#include "F5Modell.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <deque>
+#include <random>
+
+namespace qvm::test {
+namespace {
+
+struct F5_Zufall : F5Fixture {
+    static constexpr std::size_t Kept = 100; ///< steps that an undo remembers
+
+    std::mt19937 dice{20260305};
+    PlainTable plain;
+    std::deque<PlainTable> undo, redo;
+
+    void SetUp() override {
+        for (int lock = 1; lock <= 200; ++lock) {
+            if (PlainTable::Named(lock)) {
+                files.Lock(lock, "L" + std::to_string(lock), SerialS);
+            }
+        }
+        files.User(250, {.Name = {}, .Code = {}, .Right = {}}); // a file of empty rows
+        Open();
+        Window().Timer1.Stop();
+        Window().Timer2.Stop();
+        ExpectRows(2, 251);
+    }
+
+    int Below(int n) { return static_cast<int>(dice() % static_cast<unsigned>(n)); }
+    /// Most work is done at the top of the table.
+    int Row() { return 2 + (Below(50) == 0 ? Below(250) : Below(30)); }
+    int Lock() { return Below(8) == 0 ? 199 + Below(2) : 1 + Below(14); }
+    std::string Name() {
+        switch (Below(30)) {
+        case 0:
+            return "";
+        case 1:
+            return "ZZZZZZZZZZ";
+        case 2:
+            return "\xC4" + std::to_string(Below(40));
+        default:
+            return (Below(2) == 0 ? "B" : "b") + std::to_string(Below(40));
+        }
+    }
+    std::string Code() { return Below(9) == 0 ? "" : std::to_string(100000 + Below(60)); }
+
+    /// The row of the grid, as far as it can be told apart, is that of the model.
+    void ExpectRow(int row) {
+        const PlainUser& user = plain.At(row);
+        const std::array<std::string, 6> texts{user.Name, user.Group, user.Right, user.Code, user.Label, user.Key};
+        for (int column = 1; column <= 6; ++column) {
+            ASSERT_EQ(Text(row, column), texts[static_cast<std::size_t>(column) - 1]) << row << "/" << column;
+        }
+        ASSERT_EQ(Cells().At(row, 7).Picture, user.Picture) << row;
+        ASSERT_EQ(Text(row, 208) + "," + Text(row, 209), user.KeyData + "," + user.Finger) << row;
+        for (std::size_t lock = 1; lock <= 200; ++lock) {
+            const char mark = user.Marks[lock];
+            const Cell& cell = Cells().At(row, static_cast<int>(lock) + 7);
+            const Colour colour = mark == 'X' ? 0x00C000U : mark == 'F' ? 0x808080U : 0xFFFFFFU;
+            if (cell.Text != std::string(mark == 0 ? 0 : 1, mark) || cell.ForeColor != colour ||
+                cell.FontSize != (mark == 0 ? 8 : 16)) {
+                FAIL() << row << ", lock " << lock << ": " << cell.Text;
+            }
+        }
+    }
+    void ExpectRows(int first, int last) {
+        for (int row = first; row <= last; ++row) {
+            ExpectRow(row);
+        }
+    }
+
+    void Write(int row, int column, const std::string& text, bool away) {
+        Go(row, column);
+        Key(qvm::Key::Enter);
+        Window().Editor_Change("");
+        Window().Editor_Change(text);
+        if (away) {
+            Window().Editor_LostFocus();
+        } else {
+            Window().Editor_KeyPress(Below(2) == 0 ? qvm::Key::Enter : qvm::Key::Tab);
+        }
+    }
+    void Refused(bool refused) {
+        if (refused) {
+            ExpectTwice();
+        }
+    }
+    void TypeName() {
+        const int row = Row();
+        const std::string name = Name();
+        const bool away = Below(3) == 0;
+        if (away) {
+            plain.LeaveName(row, name);
+        } else {
+            Refused(plain.ConfirmName(row, name));
+        }
+        Write(row, 1, name, away);
+    }
+    void TypeCode() {
+        const int row = Row();
+        const std::string code = Code();
+        const bool away = Below(3) == 0;
+        if (away) {
+            plain.LeaveCode(row, code);
+        } else {
+            Refused(plain.ConfirmCode(row, code));
+        }
+        Write(row, 4, code, away);
+    }
+    void TypeLabel() {
+        const int row = Row();
+        if (plain.At(row).Label.starts_with("Slot_Nr:")) {
+            Go(row, 5);
+            Key('x');
+            ASSERT_EQ(Window().OpenColumn, 0);
+            return;
+        }
+        const std::string label = "K" + std::to_string(Below(50));
+        Refused(plain.ConfirmLabel(row, label));
+        Write(row, 5, label, false);
+    }
+    void ChooseRight() {
+        const int row = Row();
+        const int entry = Below(6);
+        plain.SetRight(
+            row, std::array<const char*, 6>{"1", "0", "1/2", "1/3", "ADMI", "FS+"}[static_cast<std::size_t>(entry)]);
+        Go(row, 3);
+        Key('r');
+        Window().List2.Selected = entry;
+        Window().Editor_KeyPress(qvm::Key::Enter);
+    }
+    void Mark() {
+        const int row = Row();
+        const int lock = Lock();
+        if (Below(2) == 0) {
+            plain.StepMarks(row, lock, row, lock);
+            Window().FGK4_MouseUp(MouseButton::Left, row, lock + 7);
+            return;
+        }
+        const int bottom = std::min(row + Below(20), 251);
+        const int last = std::min(lock + Below(10), 200);
+        plain.StepMarks(row, lock, bottom, last);
+        Select(row, lock + 7, bottom, last + 7);
+        Key(Below(2) == 0 ? qvm::Key::Enter : ' ');
+    }
+    void Delete() {
+        const int row = Row();
+        const int bottom = std::min(row + Below(3), 251);
+        const int what = Below(4);
+        if (what == 0) {
+            plain.DeleteUsers(row, bottom, bottom);
+            Select(row, 1, bottom, 1);
+            Key(qvm::Key::Delete);
+        } else if (what == 1) {
+            plain.ClearCodes(row, bottom);
+            Select(row, 4, bottom, 4);
+            Key(qvm::Key::Delete);
+        } else if (what == 2) {
+            plain.ClearKeys(row, bottom);
+            Select(row, 6, bottom, 6);
+            Expect(77, Answer::Ok);
+            Window().Key_loeschen_Click();
+        } else {
+            const int lock = Lock();
+            if (lock != 200) { // one short of the last lock
+                plain.ClearMarks(row, bottom, lock);
+            }
+            Select(row, lock + 7, bottom, lock + 7);
+            Key(qvm::Key::Delete);
+        }
+    }
+    /// A key or a finger comes from a device.
+    void Learn() {
+        const int row = Row();
+        const std::string id = std::to_string(Below(1000));
+        if (Below(3) > 0) {
+            plain.SetKey(row, id, "data" + id);
+            Window().Aendern(Word::StepLearn, [&] {
+                Cells().SetText(row, 6, id);
+                Cells().SetText(row, 208, "data" + id);
+            });
+        } else {
+            plain.SetFinger(row, id);
+            plain.SetLabel(row, "Slot_Nr: 001");
+            Window().Aendern(Word::StepFinger, [&] {
+                Cells().SetText(row, 209, id);
+                Cells().SetPicture(row, 7, FingerPicture::Standard);
+                Cells().SetText(row, 5, "Slot_Nr: 001");
+            });
+        }
+    }
+    void Clear() {
+        plain.Clear();
+        Expect(232, Answer::Yes);
+        Press("Neu");
+    }
+    void Walk(std::deque<PlainTable>& from, std::deque<PlainTable>& to) {
+        if (!from.empty()) {
+            to.push_back(plain);
+            plain = from.back();
+            from.pop_back();
+        }
+    }
+
+    /// One action of the operator. True when it may have changed something.
+    bool Act() {
+        const int what = Below(1000);
+        if (what < 60) {
+            Walk(undo, redo);
+            Window().F5_Undo_Click();
+            return false;
+        }
+        if (what < 100) {
+            Walk(redo, undo);
+            Window().F5_Redo_Click();
+            return false;
+        }
+        if (what < 300) {
+            TypeName();
+        } else if (what < 420) {
+            TypeCode();
+        } else if (what < 500) {
+            TypeLabel();
+        } else if (what < 560) {
+            ChooseRight();
+        } else if (what < 820) {
+            Mark();
+        } else if (what < 900) {
+            Delete();
+        } else if (what < 995) {
+            Learn();
+        } else if (what < 999) {
+            plain.Sort();
+            Window().F5_Sort_Click();
+        } else {
+            Clear();
+        }
+        return true;
+    }
+    /// The same, and the rows that it changed are those of the model.
+    void Step() {
+        const PlainTable before = plain;
+        if (Act() && !(plain == before)) {
+            undo.push_back(before);
+            redo.clear();
+            if (undo.size() > Kept) {
+                undo.pop_front();
+            }
+        }
+        ASSERT_EQ(Window().Verlauf.Steps(), undo.size());
+        for (int row = 2; row <= 251; ++row) {
+            if (!plain.Same(before, row)) {
+                ExpectRow(row);
+            }
+        }
+    }
+
+    std::vector<Cell> Whole() {
+        std::vector<Cell> cells;
+        for (int row = 0; row < 252; ++row) {
+            for (int column = 0; column < 210; ++column) {
+                cells.push_back(Cells().At(row, column));
+            }
+        }
+        return cells;
+    }
+};
+
+TEST_F(F5_Zufall, ten_thousand_actions_do_what_the_plain_rules_say) {
+    for (int n = 0; n < 10000 && !HasFatalFailure(); ++n) {
+        Step();
+        world.Shown.clear();
+    }
+    ExpectRows(2, 251);
+}
+
+TEST_F(F5_Zufall, undo_of_all_gives_the_first_state_bit_for_bit_and_redo_the_last) {
+    for (int n = 0; n < 5 && !HasFatalFailure(); ++n) {
+        for (int m = 0; m < 100; ++m) {
+            Step();
+        }
+        Window().Verlauf.Forget();
+        undo.clear();
+        redo.clear();
+        const std::vector<Cell> first = Whole();
+        while (undo.size() < Kept && !HasFatalFailure()) {
+            Step();
+        }
+        const std::vector<Cell> last = Whole();
+        while (Window().F5_Undo.Enabled()) {
+            Walk(undo, redo);
+            Window().F5_Undo_Click();
+        }
+        ASSERT_TRUE(Whole() == first);
+        while (Window().F5_Redo.Enabled()) {
+            Walk(redo, undo);
+            Window().F5_Redo_Click();
+        }
+        ASSERT_TRUE(Whole() == last);
+    }
+}
+
+} // namespace
+} // namespace qvm::test
