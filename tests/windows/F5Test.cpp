@@ -101,17 +101,17 @@ TEST_F(F5_Fenster, counts_users_free_rows_and_the_marks_of_the_current_user_and_
     files.User(1, {.Name = "Anna", .Marks = {{1, 'X'}, {2, 'X'}}});
     files.User(2, {.Name = "Bert", .FingerFlag = "FS", .FingerId = "7", .Marks = {{1, 'F'}}});
     Open();
-    EXPECT_EQ(Window().Benutzerzahl.Text(), "2 Benutzer, 248 Zeilen frei");
-    EXPECT_EQ(Window().Benutzermarken.Text(), u8"Anna: 2 Schlösser markiert"_w);
+    EXPECT_EQ(Window().Benutzerzahl.Text(), "Benutzer: 2, freie Zeilen: 248");
+    EXPECT_EQ(Window().Benutzermarken.Text(), u8"Schlösser von Anna: 2"_w);
     EXPECT_EQ(Window().Schlossmarken.Text(), "");
     Window().Auswahl.Go(3, 8);
-    EXPECT_EQ(Window().Benutzermarken.Text(), u8"Bert: 1 Schlösser markiert"_w);
-    EXPECT_EQ(Window().Schlossmarken.Text(), "Tor Nord: 2 Benutzer markiert");
+    EXPECT_EQ(Window().Benutzermarken.Text(), u8"Schlösser von Bert: 1"_w);
+    EXPECT_EQ(Window().Schlossmarken.Text(), "Benutzer von Tor Nord: 2");
     Window().Auswahl.Go(4, 10);
     EXPECT_EQ(Window().Benutzermarken.Text() + Window().Schlossmarken.Text(), "");
     Window().Auswahl.Go(2, 9);
     Window().Aendern(Word::StepEdit, [this] { Cells().SetText(4, 1, "Cora"); });
-    EXPECT_EQ(Window().Benutzerzahl.Text(), "3 Benutzer, 247 Zeilen frei");
+    EXPECT_EQ(Window().Benutzerzahl.Text(), "Benutzer: 3, freie Zeilen: 247");
 }
 
 TEST_F(F5_Fenster, says_in_the_tip_of_a_mark_who_and_which_lock) {
@@ -307,6 +307,23 @@ TEST_F(F5_Fenster, an_undo_leaves_the_colour_of_a_key_to_its_channel_on_the_disk
     Window().F5_Undo_Click();
     EXPECT_EQ(Text(2, 6), "1 : 2 : 3 : 4");
     EXPECT_EQ(Cells().At(2, 6).ForeColor, Black);
+}
+
+TEST_F(F5_Fenster, stands_over_the_main_window_which_waits_and_looks_for_its_adapter_again_afterwards) {
+    Start();
+    struct F2& main = programm->Main->F2;
+    programm->kern.Windows.Open["F5"] = [this] { Window().F5_FormLaden(); };
+    main.F2_Laden();
+    main.Verbunden = 1;
+    main.Label1.ForeColor = Lampe::Gruen;
+    main.Toolbar1_ButtonClick("x1504");
+    EXPECT_TRUE(Window().Fenster.Visible);
+    EXPECT_TRUE(main.Fenster.Visible);
+    EXPECT_FALSE(main.Fenster.Enabled);
+    EXPECT_FALSE(main.Timer2.Running());
+    Back();
+    EXPECT_TRUE(main.Fenster.Enabled);
+    EXPECT_TRUE(main.Timer2.Running());
 }
 
 TEST_F(F5_Fenster, does_nothing_while_it_waits_for_a_device) {

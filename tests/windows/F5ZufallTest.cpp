@@ -17,6 +17,7 @@ struct F5_Zufall : F5Fixture {
     std::mt19937 dice{20260305};
     PlainTable plain;
     std::deque<PlainTable> undo, redo;
+    PlainTable stepFrom; ///< before the step that is being made
 
     void SetUp() override {
         for (int lock = 1; lock <= 200; ++lock) {
@@ -194,6 +195,23 @@ struct F5_Zufall : F5Fixture {
             });
         }
     }
+    /// A key goes from one user to another: cut here, pasted there.
+    void Move() {
+        const int from = Row();
+        const int to = Row();
+        const PlainUser user = plain.At(from);
+        plain.SetKey(from, "", "");
+        Keep();
+        Window().Aendern(Word::StepCut, [&] {
+            Cells().SetText(from, 6, "");
+            Cells().SetText(from, 208, "");
+        });
+        plain.SetKey(to, user.Key, user.KeyData);
+        Window().Aendern(Word::StepPaste, [&] {
+            Cells().SetText(to, 6, user.Key);
+            Cells().SetText(to, 208, user.KeyData);
+        });
+    }
     void Clear() {
         plain.Clear();
         Expect(232, Answer::Yes);
@@ -232,8 +250,10 @@ struct F5_Zufall : F5Fixture {
             Mark();
         } else if (what < 900) {
             Delete();
-        } else if (what < 995) {
+        } else if (what < 970) {
             Learn();
+        } else if (what < 995) {
+            Move();
         } else if (what < 999) {
             plain.Sort();
             Window().F5_Sort_Click();
@@ -242,15 +262,22 @@ struct F5_Zufall : F5Fixture {
         }
         return true;
     }
-    /// The same, and the rows that it changed are those of the model.
-    void Step() {
-        const PlainTable before = plain;
-        if (Act() && !(plain == before)) {
-            undo.push_back(before);
+    /// What the model has done since `stepFrom` is a step that can be taken back.
+    void Keep() {
+        if (!(plain == stepFrom)) {
+            undo.push_back(stepFrom);
             redo.clear();
             if (undo.size() > Kept) {
                 undo.pop_front();
             }
+        }
+        stepFrom = plain;
+    }
+    /// The same, and the rows that it changed are those of the model.
+    void Step() {
+        const PlainTable before = stepFrom = plain;
+        if (Act()) {
+            Keep();
         }
         ASSERT_EQ(Window().Verlauf.Steps(), undo.size());
         for (int row = 2; row <= 251; ++row) {

@@ -143,36 +143,31 @@ bool F5::Aendern(Word what, const std::function<void()>& change) {
 }
 
 void F5::F5_Undo_Click() {
-    if (!Fenster.Enabled) {
-        return;
-    }
-    Editor_Uebernehmen();
-    Treffer_Loeschen();
-    if (const auto step = Verlauf.Undo()) {
-        Schritt_Gegangen(*step, Word::UndoDone);
-    }
+    Schritt_Gehen(&GridUndo::Undo, Word::UndoDone);
 }
 
 void F5::F5_Redo_Click() {
+    Schritt_Gehen(&GridUndo::Redo, Word::RedoDone);
+}
+
+void F5::Schritt_Gehen(std::optional<UndoStep> (GridUndo::*way)(), Word told) {
     if (!Fenster.Enabled) {
         return;
     }
     Editor_Uebernehmen();
     Treffer_Loeschen();
-    if (const auto step = Verlauf.Redo()) {
-        Schritt_Gegangen(*step, Word::RedoDone);
+    const auto step = (Verlauf.*way)();
+    if (!step) {
+        return;
     }
-}
-
-void F5::Schritt_Gegangen(const UndoStep& step, Word told) {
     Tabelle.UserDirty = true;
     // The channels stand on the disk and are not taken back.
     Farben_Erneuern();
-    Auswahl.Go(step.Row, step.Column > UserGrid::ColumnOf(UserGrid::Locks) ? UserColumn::KeyId : step.Column);
+    Auswahl.Go(step->Row, step->Column > UserGrid::ColumnOf(UserGrid::Locks) ? UserColumn::KeyId : step->Column);
     Stand_Zeigen();
     Verlauf_Zeigen();
     Hinweis.Text =
-        Wort(kern, told, {Wort(kern, step.What)}) + (step.Stays ? " " + Wort(kern, *step.Stays) : std::string());
+        Wort(kern, told, {Wort(kern, step->What)}) + (step->Stays ? " " + Wort(kern, *step->Stays) : std::string());
 }
 
 } // namespace qvm

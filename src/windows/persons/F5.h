@@ -11,20 +11,22 @@
 #include "Words.h"
 
 #include <array>
+#include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
 namespace qvm {
 
 /// Menus of F5 that open over the grid.
-enum class F5Menu {
+enum class F5Menu : std::uint8_t {
     M_FGK4,       ///< F5_Loeschen
     F5_E_Key,     ///< key_anlernen with Save_Ekey and Save_RFID, Key_loeschen, key_ausschneiden ... key_synchron
     F5_Fingerscan ///< FS_anerlen, FS_loeschen, F5_FSpremium, F5_FSstandard
 };
 
-enum class MouseButton { Left, Right };
+enum class MouseButton : std::uint8_t { Left, Right };
 
 /// Window F5, the users: FGK4 is the working copy of the whole table. Load fills every cell, save rewrites every
 /// record.
@@ -145,7 +147,7 @@ private:
     void Ueberschriften_Setzen();
     void Stand_Zeigen();
     void Verlauf_Zeigen();
-    void Schritt_Gegangen(const UndoStep& step, Word told);
+    void Schritt_Gehen(std::optional<UndoStep> (GridUndo::*way)(), Word told);
     bool Speichern();
     void Neu();
     void Csv_Schreiben();
