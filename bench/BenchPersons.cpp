@@ -1,3 +1,4 @@
+#include "F5.h"
 #include "F5_Laden.h"
 #include "F5_Speichern.h"
 #include "Kern.h"
@@ -98,5 +99,57 @@ void Find250Templates(benchmark::State& state) {
     }
 }
 BENCHMARK(Find250Templates)->Unit(benchmark::kMillisecond);
+
+/// The user window with that table, without its view.
+struct OpenWindow {
+    Installation world;
+    F5 window{world.kern};
+
+    OpenWindow() { window.F5_FormLaden(); }
+    void SelectMarks() {
+        window.Auswahl.Go(2, 8);
+        window.Auswahl.Extend(251, 207);
+    }
+};
+
+void OpenTheUserWindow(benchmark::State& state) {
+    OpenWindow open;
+    for (auto _ : state) {
+        open.window.F5_FormLaden();
+    }
+}
+BENCHMARK(OpenTheUserWindow)->Unit(benchmark::kMillisecond);
+
+void StepEveryMarkOfTheUserWindow(benchmark::State& state) {
+    OpenWindow open;
+    open.SelectMarks();
+    for (auto _ : state) {
+        open.window.FGK4_KeyPress(' ');
+    }
+}
+BENCHMARK(StepEveryMarkOfTheUserWindow)->Unit(benchmark::kMillisecond);
+
+void SortTheUserWindow(benchmark::State& state) {
+    OpenWindow open;
+    for (auto _ : state) {
+        open.window.F5_Sort_Click();
+        state.PauseTiming();
+        open.window.F5_Undo_Click();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(SortTheUserWindow)->Unit(benchmark::kMillisecond);
+
+void UndoEveryMarkOfTheUserWindow(benchmark::State& state) {
+    OpenWindow open;
+    for (auto _ : state) {
+        state.PauseTiming();
+        open.SelectMarks();
+        open.window.FGK4_KeyPress(' ');
+        state.ResumeTiming();
+        open.window.F5_Undo_Click();
+    }
+}
+BENCHMARK(UndoEveryMarkOfTheUserWindow)->Unit(benchmark::kMillisecond);
 
 } // namespace
