@@ -95,6 +95,17 @@ TEST_F(F5_Editor, of_a_name_leaves_group_and_right_that_stand_and_shows_the_stan
     EXPECT_EQ(Cells().At(2, 7).Picture, FingerPicture::Standard);
 }
 
+TEST_F(F5_Editor, of_a_name_that_is_looked_at_leaves_a_finger_out_of_use) {
+    Cells().SetText(2, 209, "77");
+    Cells().SetPicture(2, 7, FingerPicture::Off);
+    Enter(2, 1, "Anna");
+    Go(2, 1);
+    Key(qvm::Key::Enter);
+    Leave();
+    EXPECT_EQ(Cells().At(2, 7).Picture, FingerPicture::Off);
+    EXPECT_FALSE(Window().Tabelle.UserDirty);
+}
+
 TEST_F(F5_Editor, of_a_name_that_another_user_has_says_so_and_keeps_the_old_one) {
     ExpectTwice();
     Enter(2, 1, "Bert");
@@ -303,6 +314,16 @@ TEST_F(F5_Editor, lists_the_six_rights_with_that_of_the_user_selected_or_the_fir
     EXPECT_EQ(Window().List2.Selected(), 4);
     Leave(); // nobody chose anything
     EXPECT_EQ(Text(4, 3), "ADMI");
+}
+
+TEST_F(F5_Editor, a_right_that_is_none_of_the_six_stays_when_its_list_is_left) {
+    Cells().SetText(2, 3, "XY");
+    Go(2, 3);
+    Key(qvm::Key::Enter);
+    EXPECT_EQ(Window().List2.Selected(), -1);
+    Leave();
+    EXPECT_EQ(Text(2, 3), "XY");
+    EXPECT_FALSE(Window().Tabelle.UserDirty);
 }
 
 TEST_F(F5_Editor, a_list_left_by_escape_keeps_what_stood_there) {

@@ -120,10 +120,11 @@ void F5::Liste_Oeffnen(ListBox& list) {
     } else {
         entries.assign(Rights.begin(), Rights.end());
     }
-    // What stands in the cell, so that leaving the list changes nothing; else the default.
+    // What stands in the cell, so that leaving the list changes nothing; the default of an empty one.
     const auto found = std::find_if(entries.begin(), entries.end(),
                                     [this](const std::string& entry) { return Trim(entry) == Trim(oldText_); });
-    list.Selected = found == entries.end() ? 0 : static_cast<int>(found - entries.begin());
+    const int otherwise = Trim(oldText_).empty() ? 0 : -1;
+    list.Selected = found == entries.end() ? otherwise : static_cast<int>(found - entries.begin());
     list.Entries = std::move(entries);
     list.Visible = true;
 }
@@ -226,6 +227,7 @@ void F5::Editor_LostFocus() {
 }
 
 void F5::Zelle_Schreiben(int row, int column, const std::string& text) {
+    const bool same = FGK4.Text(row, column) == text;
     FGK4.SetText(row, column, text);
     if (column != UserColumn::Name || text.empty()) {
         return;
@@ -235,6 +237,9 @@ void F5::Zelle_Schreiben(int row, int column, const std::string& text) {
     }
     if (FGK4.Text(row, UserColumn::Right).empty()) {
         FGK4.SetText(row, UserColumn::Right, Rights.front());
+    }
+    if (same) {
+        return; // a finger that is out of use is not to be in use because its user was looked at
     }
     const bool finger = !FGK4.Text(row, UserColumn::FingerId).empty();
     FGK4.SetPicture(row, UserColumn::Finger, finger ? FingerPicture::Standard : FingerPicture::None);
