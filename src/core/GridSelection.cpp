@@ -33,8 +33,17 @@ void GridSelection::Set(const GridBlock& block, int row, int column) {
     }
 }
 
+/// A view that has gone to the heading by itself is told to come back.
+bool GridSelection::Allowed(int row, int column) const {
+    const bool allowed = row >= headingRows_ && column >= headingColumns_ && grid_.Holds(row, column);
+    if (!allowed && Changed) {
+        Changed();
+    }
+    return allowed;
+}
+
 void GridSelection::Go(int row, int column) {
-    if (!Selectable(row, column)) {
+    if (!Allowed(row, column)) {
         return;
     }
     anchorRow_ = row;
@@ -43,7 +52,7 @@ void GridSelection::Go(int row, int column) {
 }
 
 void GridSelection::Extend(int row, int column) {
-    if (!Selectable(row, column)) {
+    if (!Allowed(row, column)) {
         return;
     }
     const bool rows = unit_ == Unit::Rows;

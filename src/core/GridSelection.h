@@ -31,7 +31,7 @@ public:
                   int headingColumns = 0);
 
     /// The cell becomes the current one and is the whole block, or its row is. Outside the grid, and on the heading,
-    /// nothing happens.
+    /// nothing happens but that the view is told where the current cell is.
     void Go(int row, int column);
     /// The cell becomes the current one, and the block reaches from the anchor to it.
     void Extend(int row, int column);
@@ -57,9 +57,7 @@ public:
 
 private:
     void Set(const GridBlock& block, int row, int column);
-    bool Selectable(int row, int column) const {
-        return row >= headingRows_ && column >= headingColumns_ && grid_.Holds(row, column);
-    }
+    bool Allowed(int row, int column) const;
     bool Shows(int row) const { return filter_ == nullptr || filter_->Shows(row); }
 
     Grid& grid_;

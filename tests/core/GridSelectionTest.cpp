@@ -176,6 +176,16 @@ TEST_F(Grid_Selection, spares_a_heading_of_several_rows_and_columns) {
     EXPECT_EQ(lines.Block(), (GridBlock{3, 1, 3, 3}));
 }
 
+TEST_F(Grid_Selection, sends_a_view_that_went_to_the_heading_back) {
+    cells.Go(2, 1);
+    told = 0;
+    cells.Go(0, 1);
+    EXPECT_EQ(told, 1);
+    cells.Extend(0, 1);
+    EXPECT_EQ(told, 2);
+    EXPECT_EQ(grid.Row, 2);
+}
+
 TEST_F(Grid_Selection, tells_the_window_before_the_view) {
     std::string order;
     cells.Moved = [&] { order += "window "; };
