@@ -127,6 +127,23 @@ TEST_F(F5_Fenster, says_in_the_tip_of_a_mark_who_and_which_lock) {
     EXPECT_EQ(Window().Tip(-1, 8) + Window().Tip(2, 300), "");
 }
 
+TEST_F(F5_Fenster, says_in_words_what_a_picture_or_a_colour_means) {
+    files.User(1, {.Name = "Anna", .KeyId = "1 : 2 : 3 : 4"});
+    files.User(2, {.Name = "Bert", .KeyId = "5 : 6 : 7 : 8", .FingerFlag = "FS", .FingerId = "7"});
+    files.User(3, {.Name = "Cora", .FingerFlag = "FS", .FingerId = "PR7"});
+    files.User(4, {.Name = "Dora", .FingerFlag = "NO", .FingerId = "7"});
+    world.Disk.Files["/q/DAT/RFCHANDIF12.RFX"] = "1  2  5  0  1  1  5  5  0  0  1  2  5  0  1  ";
+    Open();
+    EXPECT_EQ(Window().Tip(2, 6), "Dieser E-Key ist noch auf einem anderen Funkkanal. Bitte synchronisieren Sie ihn.");
+    EXPECT_EQ(Window().Tip(3, 6), "");
+    EXPECT_EQ(Window().Tip(4, 6), ""); // red, but there is no key
+    EXPECT_EQ(Window().Tip(2, 7), "kein Fingerprint");
+    EXPECT_EQ(Window().Tip(3, 7), "Fingerprint vorhanden");
+    EXPECT_EQ(Window().Tip(4, 7), "Premium-Fingerprint vorhanden");
+    EXPECT_EQ(Window().Tip(5, 7), "Fingerprint vorhanden, nicht in Gebrauch");
+    EXPECT_EQ(Window().Tip(6, 7), "");
+}
+
 TEST_F(F5_Fenster, opens_again_without_what_was_typed_and_thrown_away) {
     files.User(1, {.Name = "Anna"});
     Open();

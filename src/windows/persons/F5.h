@@ -139,10 +139,14 @@ struct F5 {
     static int Breite(int column);
     /// Height of row 0 in twips.
     int Kopfhoehe() const;
-    /// What a mark's cell says: user, lock and what the mark means. Empty elsewhere.
+    /// What a cell says that shows its meaning by a sign, a picture or a colour alone: a mark (user, lock and what it
+    /// means), a finger, a key that must be synchronised. Empty elsewhere.
     std::string Tip(int row, int column) const;
+    /// What a picture of column 7 says; empty for none of them.
+    std::string Fingertext(int picture) const;
 
 private:
+    std::string Markentip(int row, int column) const;
     void Menues_Beschriften();
     void Ueberschriften_Setzen();
     void Stand_Zeigen();

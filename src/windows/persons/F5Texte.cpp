@@ -148,14 +148,43 @@ void F5::Verlauf_Zeigen() {
     F5_Redo.Enabled = Verlauf.NextRedo() != nullptr;
 }
 
-std::string F5::Tip(int row, int column) const {
-    const std::string& name = FGK4.Text(row, UserColumn::Name);
-    if (row < UserGrid::FirstRow || !UserGrid::IsLock(column) || name.empty() || FGK4.Text(0, column).empty()) {
+std::string F5::Markentip(int row, int column) const {
+    if (FGK4.Text(0, column).empty()) {
         return {};
     }
     const std::string& mark = FGK4.Text(row, column);
     const Word meaning = mark == "X" ? Word::MarkAccess : mark == "F" ? Word::MarkFinger : Word::MarkNoAccess;
-    return Wort(kern, Word::MarkTip, {name, Schlossname(FGK4, column), Wort(kern, meaning)});
+    return Wort(kern, Word::MarkTip,
+                {FGK4.Text(row, UserColumn::Name), Schlossname(FGK4, column), Wort(kern, meaning)});
+}
+
+std::string F5::Tip(int row, int column) const {
+    if (row < UserGrid::FirstRow || FGK4.Text(row, UserColumn::Name).empty()) {
+        return {};
+    }
+    const Cell& cell = FGK4.At(row, column);
+    if (column == UserColumn::Finger) {
+        return Fingertext(cell.Picture);
+    }
+    if (column == UserColumn::KeyId && cell.ForeColor == UserLook::KeyOutOfStep && !cell.Text.empty()) {
+        return Wort(kern, Word::KeyOutOfStep);
+    }
+    return UserGrid::IsLock(column) ? Markentip(row, column) : std::string();
+}
+
+std::string F5::Fingertext(int picture) const {
+    switch (picture) {
+    case FingerPicture::None:
+        return Wort(kern, Word::FingerNone);
+    case FingerPicture::Standard:
+        return Wort(kern, Word::FingerStored);
+    case FingerPicture::Premium:
+        return Wort(kern, Word::FingerStoredPremium);
+    case FingerPicture::Off:
+        return Wort(kern, Word::FingerUnused);
+    default:
+        return {};
+    }
 }
 
 int F5::Breite(int column) {
