@@ -1,6 +1,7 @@
 #include "F5_Marken.h"
 #include "F5_Sortieren.h"
 #include "PersonsFixture.h"
+#include "Text.h"
 
 #include <vector>
 
