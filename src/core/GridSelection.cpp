@@ -63,6 +63,12 @@ void GridSelection::Extend(int row, int column) {
         row, column);
 }
 
+void GridSelection::Within(int row, int column) {
+    if (Holds(row, column)) {
+        Set(block_, row, column);
+    }
+}
+
 void GridSelection::All() {
     Set({.Top = headingRows_, .Left = headingColumns_, .Bottom = grid_.Rows() - 1, .Right = grid_.Columns() - 1},
         grid_.Row, grid_.Column);

@@ -35,6 +35,8 @@ public:
     void Go(int row, int column);
     /// The cell becomes the current one, and the block reaches from the anchor to it.
     void Extend(int row, int column);
+    /// A cell of the block becomes the current one, while the block stays. Outside the block nothing happens.
+    void Within(int row, int column);
     /// Everything, while the current cell stays.
     void All();
     /// To be called when the filter has changed: a larger block falls together to the current cell, and a current row

@@ -101,6 +101,21 @@ TEST_F(Grid_Selection, takes_everything_without_moving_the_current_cell) {
     EXPECT_EQ(cells.Block(), (GridBlock{3, 2, 4, 2}));
 }
 
+TEST_F(Grid_Selection, lets_the_current_cell_go_about_within_it) {
+    cells.Go(2, 1);
+    cells.Extend(4, 3);
+    told = 0;
+    cells.Within(3, 2);
+    EXPECT_EQ(cells.Block(), (GridBlock{2, 1, 4, 3}));
+    EXPECT_EQ(grid.Row, 3);
+    EXPECT_EQ(grid.Column, 2);
+    EXPECT_EQ(told, 1);
+    cells.Within(5, 2);
+    EXPECT_EQ(grid.Row, 3);
+    cells.Extend(2, 2);
+    EXPECT_EQ(cells.Block(), (GridBlock{2, 1, 2, 2}));
+}
+
 TEST_F(Grid_Selection, gives_only_the_rows_that_are_shown) {
     grid.SetText(2, 1, "Tor");
     grid.SetText(5, 1, "Torweg");
