@@ -21,7 +21,11 @@ struct F5_Gitter : F5Fixture {
         Open();
         Window().Menue_Zeigen = [this](F5Menu which) { menus.push_back(which); };
     }
-    void Left(int row, int column) { Window().FGK4_MouseUp(MouseButton::Left, row, column); }
+    /// The press goes to the cell, and the release acts.
+    void Left(int row, int column) {
+        Go(row, column);
+        Window().FGK4_MouseUp(MouseButton::Left, row, column);
+    }
     void Right(int row, int column) { Window().FGK4_MouseUp(MouseButton::Right, row, column); }
     std::string At() { return std::to_string(Cells().Row) + "/" + std::to_string(Cells().Column); }
 };
@@ -176,6 +180,25 @@ TEST_F(F5_Gitter, a_menu_opens_for_the_block_that_it_is_opened_in) {
     Right(4, 4);
     EXPECT_FALSE(Window().Auswahl.Larger());
     EXPECT_EQ(At(), "4/4");
+}
+
+TEST_F(F5_Gitter, a_menu_deletes_in_the_column_that_it_is_opened_in) {
+    Select(2, 9, 3, 10);
+    Key(' ');
+    Right(3, 9); // the block ends in column 10
+    Window().F5_Loeschen_Click();
+    EXPECT_EQ(Row(2, 9, 10) + "," + Row(3, 9, 10), "|X,|X");
+}
+
+TEST_F(F5_Gitter, the_end_of_a_drag_steps_no_mark_and_keeps_the_block) {
+    Select(2, 8, 3, 9);
+    Window().FGK4_MouseUp(MouseButton::Left, 3, 9);
+    EXPECT_EQ(Row(2, 8, 9) + Row(3, 8, 9), "||");
+    EXPECT_TRUE(Window().Auswahl.Larger());
+    Select(2, 6, 4, 6);
+    Window().FGK4_MouseUp(MouseButton::Left, 4, 6);
+    EXPECT_EQ(menus, std::vector{F5Menu::F5_E_Key});
+    EXPECT_THAT(Window().Auswahl.Rows(), ElementsAre(2, 3, 4));
 }
 
 TEST_F(F5_Gitter, delete_clears_the_selected_cells_of_the_current_column) {

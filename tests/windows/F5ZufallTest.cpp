@@ -140,6 +140,7 @@ struct F5_Zufall : F5Fixture {
         const int lock = Lock();
         if (Below(2) == 0) {
             plain.StepMarks(row, lock, row, lock);
+            Go(row, lock + 7);
             Window().FGK4_MouseUp(MouseButton::Left, row, lock + 7);
             return;
         }

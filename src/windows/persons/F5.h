@@ -93,8 +93,9 @@ struct F5 {
     /// "Zurück", and the window's own close button: asks while there is something to save.
     void F5_Schliessen();
 
-    /// A mouse button was released on the cell where it was pressed: the cell becomes the current one, unless it lies
-    /// in the block that a menu opens for. A menu opens, or a mark is stepped. The two heading rows do nothing.
+    /// A mouse button was released on the cell, which becomes the current one. A menu opens, or a mark is stepped. A
+    /// larger block that holds the cell stays, as one does that was just dragged, or that a menu is opened for; no mark
+    /// is stepped then. A press with the left button has left any other block behind. The heading rows do nothing.
     void FGK4_MouseUp(MouseButton button, int row, int column);
     /// Opens the editor of the cell with its text.
     void FGK4_DblClick(int row, int column);

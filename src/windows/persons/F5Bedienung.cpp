@@ -25,13 +25,17 @@ void F5::FGK4_MouseUp(MouseButton button, int row, int column) {
         return;
     }
     FsRow = NoRow;
-    if (button == MouseButton::Left || FGK4.Row < UserGrid::FirstRow || !Auswahl.Holds(row, column)) {
+    const bool inBlock = FGK4.Row >= UserGrid::FirstRow && Auswahl.Larger() && Auswahl.Holds(row, column);
+    if (inBlock) {
+        Auswahl.Within(row, column);
+    } else {
         Auswahl.Go(row, column);
     }
     if (button == MouseButton::Left && column == UserColumn::Group) {
         FixedCols = 1;
     }
-    if (!Menue_Oeffnen(row, column, button) && button == MouseButton::Left && UserGrid::IsLock(column)) {
+    const bool menu = Menue_Oeffnen(row, column, button);
+    if (!menu && !inBlock && button == MouseButton::Left && UserGrid::IsLock(column)) {
         Aendern(Word::StepMark, [&] { Marke_Schalten(FGK4, row, column); });
     }
 }
