@@ -49,6 +49,10 @@ bool Ist_Schloss(int lock) {
     return lock >= 1 && lock <= UserGrid::Locks;
 }
 
+bool Ist_Benutzerzeile(int row) {
+    return row >= UserGrid::FirstRow && row <= UserGrid::LastRow;
+}
+
 /// A blank channel becomes 1; the flag says whether it differs from the target.
 void Kanal_Vormerken(std::string& record, const RecordField& channelField, const RecordField& flagField, int target) {
     const std::string channel = Vorgabe(Feld_Lesen(record, channelField), "1");
@@ -90,12 +94,34 @@ bool Kanal_Offen(const Kern& kern, int lock) {
 
 bool Key_Kanal_Bestaetigen(const Kern& kern, Grid& users, int row) {
     const bool written =
-        row >= UserGrid::FirstRow && row <= UserGrid::LastRow && Satz_Aendern(kern, row - 1, [](std::string& record) {
+        Ist_Benutzerzeile(row) && Satz_Aendern(kern, row - 1, [](std::string& record) {
             Feld_Schreiben(record, ChannelRecord::Ekeychange, "0");
             Feld_Schreiben(record, ChannelRecord::EKold, Feld_Lesen(record, ChannelRecord::TargetChannel));
         });
     if (written) {
         users.SetForeColor(row, UserColumn::KeyId, UserLook::KeyInStep);
+    }
+    return written;
+}
+
+KeyKanal Key_Kanal_Lesen(const Kern& kern, int row) {
+    RecordFile channels(ChannelRecord::Record);
+    if (!Ist_Benutzerzeile(row) || channels.Laden(kern.Welt.Files, kern.DatPfad()) == ReadStatus::Error) {
+        return {};
+    }
+    return {.Change = std::string(Trim(channels.Text(row - 1, ChannelRecord::Ekeychange))),
+            .Target = std::string(Trim(channels.Text(row - 1, ChannelRecord::TargetChannel)))};
+}
+
+bool Key_Kanal_Einfuegen(const Kern& kern, Grid& users, int row, const KeyKanal& channel) {
+    const bool written = Ist_Benutzerzeile(row) && Satz_Aendern(kern, row - 1, [&](std::string& record) {
+                             Feld_Schreiben(record, ChannelRecord::Ekeychange, channel.Change);
+                             Feld_Schreiben(record, ChannelRecord::EKold, channel.Target);
+                         });
+    if (written) {
+        const bool transponder = LTrim(users.Text(row, UserColumn::KeyId)).starts_with('#');
+        const bool inStep = transponder || channel.Change == "0";
+        users.SetForeColor(row, UserColumn::KeyId, inStep ? UserLook::KeyInStep : UserLook::KeyOutOfStep);
     }
     return written;
 }

@@ -2,6 +2,8 @@
 
 #include "Grid.h"
 
+#include <string>
+
 namespace qvm {
 
 struct Kern;
@@ -31,6 +33,20 @@ bool Kanal_Offen(const Kern& kern, int lock);
 /// The E-Key of the user in this row (2 to 251) of the user table now has the target channel: EKold takes it, no change
 /// pending, the key's cell becomes black. A blank target goes over as it is.
 bool Key_Kanal_Bestaetigen(const Kern& kern, Grid& users, int row);
+
+/// What of a user's channel record goes along with a key that is cut out of the user's row: both as they stand,
+/// trimmed.
+struct KeyKanal {
+    std::string Change; ///< "0": the key listens on the target channel
+    std::string Target;
+
+    bool operator==(const KeyKanal&) const = default;
+};
+/// Blank texts for other rows than 2 to 251, and when the file cannot be read.
+KeyKanal Key_Kanal_Lesen(const Kern& kern, int row);
+/// A key that brings this along was pasted into the row: its flag, and its target as EKold. The key's cell becomes
+/// black where the flag is "0", and red otherwise; that of a transponder, which has no channel, black.
+bool Key_Kanal_Einfuegen(const Kern& kern, Grid& users, int row, const KeyKanal& channel);
 
 /// The system was set to a new channel, 1 to 12: the target of records 1 to 201, and of further ones up to 250 that the
 /// file holds. Blank channels become 1; a change is pending where a channel differs from the target.

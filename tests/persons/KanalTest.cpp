@@ -153,6 +153,38 @@ TEST_F(Key_Kanal_Bestaetigen, a_file_error_leaves_the_key_red) {
     EXPECT_EQ(File(ChannelFile), "5  7  9  1  1  ");
 }
 
+// ---- an E-Key is cut and pasted
+
+struct Key_Kanal_Einfuegen : Kanal {};
+
+TEST_F(Key_Kanal_Einfuegen, takes_flag_and_target_of_the_row_that_the_key_comes_from) {
+    File(ChannelFile) = "5  7  9  1  1  " + std::string("1  2  3  0  0  ");
+    const KeyKanal cut = Key_Kanal_Lesen(kern, 2);
+    EXPECT_EQ(cut, (KeyKanal{"1", "9"}));
+    EXPECT_TRUE(qvm::Key_Kanal_Einfuegen(kern, table.FGK4, 3, cut));
+    EXPECT_EQ(File(ChannelFile), "5  7  9  1  1  " + std::string("1  9  3  0  1  "));
+    EXPECT_EQ(table.FGK4.At(3, 6).ForeColor, 0x0000FFU);
+}
+
+TEST_F(Key_Kanal_Einfuegen, a_key_in_step_is_black_and_so_is_every_transponder) {
+    table.FGK4.SetForeColor(2, 6, 0x0000FF);
+    EXPECT_TRUE(qvm::Key_Kanal_Einfuegen(kern, table.FGK4, 2, {.Change = "0", .Target = "9"}));
+    EXPECT_EQ(table.FGK4.At(2, 6).ForeColor, 0U);
+    table.FGK4.SetForeColor(3, 6, 0x0000FF);
+    table.FGK4.SetText(3, 6, "#3-ID#1:2");
+    EXPECT_TRUE(qvm::Key_Kanal_Einfuegen(kern, table.FGK4, 3, {}));
+    EXPECT_EQ(table.FGK4.At(3, 6).ForeColor, 0U);
+    EXPECT_EQ(File(ChannelFile), "   9        0  " + Blanks(15));
+}
+
+TEST_F(Key_Kanal_Einfuegen, of_rows_that_are_no_users_and_of_no_file_nothing_is_known) {
+    EXPECT_EQ(Key_Kanal_Lesen(kern, 2), KeyKanal{});
+    EXPECT_EQ(Key_Kanal_Lesen(kern, 1), KeyKanal{});
+    EXPECT_FALSE(qvm::Key_Kanal_Einfuegen(kern, table.FGK4, 1, {}));
+    EXPECT_FALSE(qvm::Key_Kanal_Einfuegen(kern, table.FGK4, 252, {}));
+    EXPECT_FALSE(Has(ChannelFile));
+}
+
 // ---- the system changes its channel
 
 struct Kanal_Umstellen : Kanal {};
@@ -209,6 +241,8 @@ struct KanalDateifehler : Kanal, testing::WithParamInterface<int> {
             return qvm::Kanal_Offen(kern, 2);
         case 2:
             return qvm::Key_Kanal_Bestaetigen(kern, grid, 3);
+        case 3:
+            return qvm::Key_Kanal_Einfuegen(kern, grid, 3, {.Change = "1", .Target = "12"});
         default:
             return qvm::Kanal_Umstellen(kern, 4);
         }
@@ -232,7 +266,7 @@ TEST_P(KanalDateifehler, each_operation_that_fails_leaves_the_old_file) {
     EXPECT_NE(File(ChannelFile), old);
 }
 
-INSTANTIATE_TEST_SUITE_P(EachWriter, KanalDateifehler, testing::Values(0, 1, 2, 3));
+INSTANTIATE_TEST_SUITE_P(EachWriter, KanalDateifehler, testing::Values(0, 1, 2, 3, 4));
 
 } // namespace
 } // namespace qvm

@@ -171,6 +171,16 @@ TEST_F(F16_Suche, a_synchronised_key_has_the_channel_of_every_user_with_it_confi
     EXPECT_EQ(Ground(3, 6), White);
 }
 
+TEST_F(F16_Suche, a_synchronised_key_whose_channel_cannot_be_recorded_is_told) {
+    Window().F5_FormLaden();
+    Break(1, true);
+    world.Answers.push_back({.Text = std::string(u8"Der Funkkanal des E-Keys konnte nicht gespeichert werden. Bitte "
+                                                 u8"prüfen Sie den Datenträger, und synchronisieren Sie den E-Key "
+                                                 u8"danach."_w)});
+    Search().F16_EkeySuchen(UserColumn::KeyId, "5 : 6 : 7 : 8", true);
+    EXPECT_EQ(Cells().Row, 0);
+}
+
 TEST_F(F16_Suche, a_key_searched_without_synchronising_is_tinted_without_a_message) {
     Search().F16_EkeySuchen(UserColumn::KeyId, "5 : 6 : 7 : 8", false);
     EXPECT_FALSE(Asked());

@@ -136,7 +136,12 @@ void F16::F16_EkeySuchen(int column, std::string_view wanted, bool synchronise) 
 int F16::Synchronisieren(int column, std::string_view wanted) {
     int last = 0;
     for (int row = UserGrid::FirstRow; row <= UserGrid::LastRow; ++row) {
-        if (Ist_Treffer(row, column, wanted) && Key_Kanal_Bestaetigen(kern, f5.FGK4, row)) {
+        if (!Ist_Treffer(row, column, wanted)) {
+            continue;
+        }
+        if (!Key_Kanal_Bestaetigen(kern, f5.FGK4, row)) {
+            kern.Meldung(Wort(kern, Word::KeyChannelUnsaved), Buttons::Ok, Icon::Exclamation);
+        } else {
             kern.Meldung(kern.Zeile(Line::KeySynchronised), Buttons::Ok, Icon::Information, F5::InfoTitle);
             last = row;
         }

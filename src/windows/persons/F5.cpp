@@ -37,9 +37,6 @@ void F5::F5_FormLaden() {
             unread.push_back({.File = std::string(layout.File), .Fault = Lesefehler(kern.Welt.Files)});
         }
     };
-    for (TextBox* box : {&Text3, &Text4, &Text5, &Text6}) {
-        box->Text = std::string();
-    }
     MenuRow = 0;
     FsRow = NoRow;
     FixedCols = 1;

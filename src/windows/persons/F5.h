@@ -53,7 +53,6 @@ struct F5 {
 
     int MenuRow = 0;   ///< row of the last context menu: the user that a learned E-Key or transponder goes to
     int FsRow = NoRow; ///< row of the action with a finger
-    TextBox Text3, Text4, Text5, Text6; ///< never seen: pieces of what a device sends
 
     // Editors, one of which lies over the grid's current cell while it is visible.
     TextBox Text1;      ///< of a name

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "F51.h"
+#include "F5Leser.h"
+
+#include <optional>
+#include <string>
+
+namespace qvm {
+
+/// Fingerprints of F5: enrolled by the unit on the desk, deleted, set to premium or standard. The window is disabled
+/// while F51 shows an enrolment.
+struct F5Finger {
+    F5Finger(F5& window, F51& enrolment, Link& serialLink, AdapterListe& list);
+
+    F5& f5;
+    F51& f51;
+    Kern& kern;
+    Link& link;
+    AdapterListe& Adapter;
+
+    // The menu of column 7.
+    /// For the row FsRow.
+    void FS_anerlen_Click();
+    /// Asks, then takes finger, slot and the marks of the row FsRow away. The template stays in its file, unreferenced.
+    void FS_loeschen_Click();
+    /// For the row under the cursor, where a finger is.
+    void F5_FSpremium_Click();
+    void F5_FSstandard_Click();
+
+    // What comes back. The link has seen to it that an enrolment owes it.
+    void Finger_Schritt();
+    void Finger_Daten();
+    /// The reader refused. The operator is told elsewhere.
+    void Leser_Abgelehnt();
+
+    /// The template of the enrolment under way goes to its store, and its slot to the row that was asked for. False,
+    /// behind a message, when nothing was stored.
+    bool Finger_Speichern();
+    /// The lowest slot from 1 to 250 that stands in no row's label; 251 when all do.
+    int NextSlot() const;
+
+private:
+    void Verlassen();
+    bool Eintragen(int row, int slot, const std::string& identifier);
+
+    F5Zeile asked_;
+    std::string template_; ///< decimals, each followed by " : "
+    bool broken_ = false;  ///< a piece of it lied about its length
+};
+
+} // namespace qvm

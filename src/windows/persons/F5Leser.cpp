@@ -1,0 +1,43 @@
+#include "F5Leser.h"
+
+#include "AdapterScan.h"
+
+namespace qvm {
+
+bool Leser_Bereitmachen(F5& window, Link& link, AdapterListe& adapters, LeserPort which) {
+    if (adapters.*which == 0) {
+        window.Fenster.Enabled = false;
+        Adapter_Suchen(link, adapters);
+        window.Fenster.Enabled = true;
+    }
+    const int port = adapters.*which;
+    if (port == 0 || port == KeinPort) {
+        window.kern.Meldung(window.kern.Zeile(Line::NoSuitableAdapter), Buttons::Ok, Icon::Exclamation);
+        return false;
+    }
+    Port_Oeffnen(link, port);
+    return true;
+}
+
+void Leser_Stumm(const Kern& kern) {
+    kern.Meldung(kern.Zeile(Line::PortNotOpened), Buttons::Ok, Icon::Exclamation);
+}
+
+F5Zeile F5Zeile_Merken(const F5& window, int row) {
+    return {.Row = row, .Name = window.Tabelle.FGK4.Text(row, UserColumn::Name)};
+}
+
+bool F5Zeile_Gilt(const F5& window, const F5Zeile& asked) {
+    const bool user = asked.Row >= UserGrid::FirstRow && asked.Row <= UserGrid::LastRow;
+    return window.Fenster.Visible && user && window.Tabelle.FGK4.Text(asked.Row, UserColumn::Name) == asked.Name;
+}
+
+std::string Dezimal(const Link& link, int first, int count, std::string_view between) {
+    std::string text;
+    for (int n = 0; n < count; ++n) {
+        text += (n == 0 ? "" : std::string(between)) + Ziffern(link.RxByte(first + n));
+    }
+    return text;
+}
+
+} // namespace qvm

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "AdapterListe.h"
+#include "F5.h"
+#include "Link.h"
+
+#include <string>
+#include <string_view>
+
+/// What all conversations of F5 with the readers of the desk have in common.
+namespace qvm {
+
+/// The port of the programming adapter, whose reader is for E-Keys, or of the adapter for enrolment.
+using LeserPort = int AdapterListe::*;
+
+/// Makes the reader's port ready: adapters are searched first when none is known, and events go on meanwhile, with the
+/// window disabled. False, behind a message, when there is no such adapter. A port that cannot be opened shows at the
+/// first telegram.
+bool Leser_Bereitmachen(F5& window, Link& link, AdapterListe& adapters, LeserPort which);
+/// The telegram could not leave: the operator is told.
+void Leser_Stumm(const Kern& kern);
+
+/// A row for which something was asked of a reader, and who stood in it: by the time of the answer the table may be
+/// sorted, loaded anew, or closed.
+struct F5Zeile {
+    int Row = 0;
+    std::string Name;
+};
+F5Zeile F5Zeile_Merken(const F5& window, int row);
+/// True when the window is open and the same user stands in the row.
+bool F5Zeile_Gilt(const F5& window, const F5Zeile& asked);
+
+/// Bytes of the received frame as decimals, `between` them. Bytes beyond the frame are 0.
+std::string Dezimal(const Link& link, int first, int count, std::string_view between);
+
+} // namespace qvm

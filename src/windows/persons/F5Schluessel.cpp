@@ -1,0 +1,265 @@
+#include "F5Schluessel.h"
+
+#include "AntwortLayouts.h"
+#include "SeriellesProtokoll.h"
+#include "TelegrammeUnit.h"
+#include "UserRecords.h"
+
+#include <utility>
+
+namespace qvm {
+namespace {
+
+constexpr std::string_view Title = "E-Key";
+constexpr std::uint8_t Learn = 0, Synchronise = 1, Search = 2;  ///< RunState::KeyMode
+constexpr std::uint8_t NewKey = 0, KnownKey = 1, AnyKey = 0x64; ///< the second parameter of TelEKeyLesen
+constexpr int LastOldAdapter = 3, Channels = 12;
+/// From here on the unit reports a slot as being in use.
+constexpr std::uint8_t FirstUsedSlot = 128;
+constexpr Colour TransponderGround = 0x80FFFF;
+
+} // namespace
+
+F5Schluessel::F5Schluessel(F5& window, F16& search, Link& serialLink, AdapterListe& list)
+    : f5(window), f16(search), kern(window.kern), link(serialLink), Adapter(list), Wache(window.kern.Welt, 1000) {
+    Wache.Ticked = [this] { Nachsehen(); };
+}
+
+void F5Schluessel::Melden(int line, Icon sign) const {
+    kern.Meldung(kern.Zeile(line), Buttons::Ok, sign);
+}
+
+int F5Schluessel::Zeile_Von(std::string_view id) const {
+    // The file keeps no more of an identification than its field holds.
+    const std::string_view wanted = Trim(id).substr(0, UserRecord::KeyId.Width);
+    for (int row = UserGrid::FirstRow; row <= UserGrid::LastRow; ++row) {
+        const std::string_view held = Trim(f5.FGK4.Text(row, UserColumn::KeyId));
+        if (!wanted.empty() && held.substr(0, UserRecord::KeyId.Width) == wanted) {
+            return row;
+        }
+    }
+    return 0;
+}
+
+void F5Schluessel::Kanal_Melden(bool written) {
+    if (!written) {
+        kern.Meldung(Wort(kern, Word::KeyChannelUnsaved), Buttons::Ok, Icon::Exclamation);
+    }
+}
+
+// ---- E-Keys
+
+void F5Schluessel::EKey_Fragen(std::uint8_t mode, std::uint8_t wish) {
+    const bool old = !AdapterVersion || AdapterVersion() <= LastOldAdapter;
+    const int channel = kern.Config.Funkkanal();
+    link.Lauf.KeyMode = mode;
+    Fundzeile = 0;
+    if (!TelEKeyLesen_Senden(link, static_cast<std::uint8_t>(channel >= 1 && channel <= Channels ? channel : 1), wish,
+                             old)) {
+        Leser_Stumm(kern);
+    }
+}
+
+void F5Schluessel::Save_Ekey_Click() {
+    asked_ = F5Zeile_Merken(f5, f5.MenuRow);
+    if (!Leser_Bereitmachen(f5, link, Adapter, &AdapterListe::ProgStationPort)) {
+        return;
+    }
+    std::uint8_t wish = NewKey;
+    if (AdapterVersion && AdapterVersion() > LastOldAdapter) {
+        const Answer answer =
+            kern.Meldung(kern.Zeile(Line::LearnAsNewKey), Buttons::YesNoCancel, Icon::Question, Title, 2);
+        if (answer == Answer::Cancel) {
+            return;
+        }
+        wish = answer == Answer::Yes ? NewKey : KnownKey;
+    }
+    if (kern.Meldung(kern.Zeile(Line::HaveKeyReady) + "\r\n" + kern.Zeile(Line::LearnOnChannel), Buttons::OkCancel,
+                     Icon::Information, Title) == Answer::Ok) {
+        EKey_Fragen(Learn, wish);
+    }
+}
+
+void F5Schluessel::Search_Ekey_Click() {
+    if (Leser_Bereitmachen(f5, link, Adapter, &AdapterListe::ProgStationPort) &&
+        kern.Meldung(kern.Zeile(Line::HaveKeyReady), Buttons::OkCancel, Icon::Information, Title) == Answer::Ok) {
+        EKey_Fragen(Search, AnyKey);
+    }
+}
+
+void F5Schluessel::key_synchron_Click() {
+    if (Leser_Bereitmachen(f5, link, Adapter, &AdapterListe::ProgStationPort) &&
+        kern.Meldung(kern.Zeile(Line::HaveKeyReady), Buttons::OkCancel, Icon::Information, Title) == Answer::Ok) {
+        EKey_Fragen(Synchronise, KnownKey);
+    }
+}
+
+void F5Schluessel::EKey_Ergebnis() {
+    if (!f5.Fenster.Visible) {
+        return;
+    }
+    constexpr std::size_t whole = RpEKey::IdData.Offset + RpEKey::IdData.Width;
+    const std::uint8_t mode = link.Lauf.KeyMode;
+    if (link.RxFrame().size() < whole) {
+        Melden(mode == Learn ? Line::KeyNotLearned : mode == Search ? Line::KeyNotFound : Line::KeyNotSynchronised);
+        return;
+    }
+    if (mode == Learn) {
+        EKey_Anlernen();
+        return;
+    }
+    const std::string id = Dezimal(link, RpEKey::Id.Offset, RpEKey::Id.Width, " : ");
+    if (mode == Search) {
+        f16.F16_Suchen(UserColumn::KeyId, id);
+    } else {
+        f16.F16_EkeySuchen(UserColumn::KeyId, id, true);
+    }
+    Fundzeile = f5.FGK4.Row;
+}
+
+void F5Schluessel::EKey_Anlernen() {
+    Eintragen(Dezimal(link, RpEKey::Id.Offset, RpEKey::Id.Width, " : "),
+              Dezimal(link, RpEKey::IdData.Offset, RpEKey::IdData.Width, " : "), Line::KeyAssigned);
+}
+
+void F5Schluessel::Eintragen(const std::string& id, const std::string& data, int takenLine) {
+    if (Zeile_Von(id) != 0) {
+        Melden(takenLine);
+        return;
+    }
+    if (!F5Zeile_Gilt(f5, asked_)) {
+        kern.Meldung(Wort(kern, Word::KeyRowChanged), Buttons::Ok, Icon::Exclamation);
+        return;
+    }
+    const int row = asked_.Row;
+    bool written = false;
+    f5.Aendern(Word::StepLearn, [&] {
+        f5.FGK4.SetText(row, UserColumn::KeyId, id);
+        f5.FGK4.SetText(row, UserColumn::KeyData, data);
+        written = Key_Kanal_Bestaetigen(kern, f5.FGK4, row);
+        f5.Verlauf.Keep(Word::ChannelStays);
+    });
+    Kanal_Melden(written);
+}
+
+// ---- Transponders
+
+void F5Schluessel::Transponder_Fragen(bool search) {
+    asked_ = F5Zeile_Merken(f5, f5.MenuRow);
+    if (!Leser_Bereitmachen(f5, link, Adapter, &AdapterListe::EnrollmentPort)) {
+        return;
+    }
+    search_ = search;
+    Fundzeile = 0;
+    waited_ = 0;
+    f5.Fenster.Enabled = false;
+    Wache.Start(1000);
+    if (!TelFingerAbfrage_Senden(link, link.TelegrammParam1, link.TelegrammParam2)) {
+        Warten_Beenden();
+        Leser_Stumm(kern);
+    }
+}
+
+void F5Schluessel::Warten_Beenden() {
+    if (!Wartet()) {
+        return;
+    }
+    Wache.Stop();
+    if (link.AnswerDue == TelFingerAbfrage::Telegram.Code) {
+        link.AnswerDue = 0;
+    }
+    f5.Fenster.Enabled = true;
+}
+
+void F5Schluessel::Nachsehen() {
+    ++waited_;
+    const bool pulled = !kern.Welt.Port.IsOpen();
+    if (pulled || waited_ >= Geduld) {
+        Warten_Beenden();
+        kern.Meldung(Wort(kern, pulled ? Word::AdapterPulled : Word::ReaderSilent), Buttons::Ok, Icon::Exclamation);
+    }
+}
+
+void F5Schluessel::Leser_Fertig() {
+    Warten_Beenden();
+}
+
+void F5Schluessel::Finger_Kennung() {
+    const bool wanted = Wartet() && f5.Fenster.Visible;
+    Warten_Beenden();
+    constexpr std::size_t whole = RpFingerKennung::IdData.Offset + RpFingerKennung::IdData.Width;
+    if (!wanted) {
+        return;
+    }
+    if (link.RxFrame().size() < whole) {
+        Melden(search_ ? Line::KeyNotFound : Line::KeyNotLearned);
+        return;
+    }
+    const std::uint8_t slot = link.RxByte(RpFingerKennung::Slot.Offset);
+    const std::string id =
+        "#" + Ziffern(slot) + "-ID#" + Dezimal(link, RpFingerKennung::Id.Offset, RpFingerKennung::Id.Width, ":");
+    if (search_) {
+        Transponder_Suchen(id);
+    } else if (slot >= FirstUsedSlot) {
+        Slot_Freigeben(slot);
+    } else {
+        Eintragen(id, Dezimal(link, RpFingerKennung::IdData.Offset, RpFingerKennung::IdData.Width, ":"),
+                  Line::TransponderAssigned);
+    }
+}
+
+void F5Schluessel::Slot_Freigeben(std::uint8_t slot) {
+    if (kern.Meldung(kern.Zeile(Line::SlotInUse), Buttons::YesNo, Icon::Question, kern.Zeile(Line::UserManagement)) ==
+        Answer::Yes) {
+        TelFingerLoeschen_Senden(link, slot);
+    }
+}
+
+void F5Schluessel::Transponder_Suchen(std::string_view id) {
+    Fundzeile = Zeile_Von(id);
+    f5.Treffer_Zeigen(Fundzeile, UserColumn::KeyId, TransponderGround);
+    if (Fundzeile != 0) {
+        f5.Auswahl.Go(Fundzeile, UserColumn::KeyId);
+        f5.Treffer_Melden(Fundzeile);
+    } else {
+        Melden(Line::KeyNotFound);
+    }
+}
+
+// ---- Cut and paste
+
+void F5Schluessel::key_ausschneiden_Click() {
+    const int row = f5.MenuRow;
+    const std::string id = f5.FGK4.Text(row, UserColumn::KeyId);
+    if (row < UserGrid::FirstRow || Trim(id).empty()) {
+        return;
+    }
+    cut_ = Clipboard{.Id = id, .Data = f5.FGK4.Text(row, UserColumn::KeyData), .Channel = Key_Kanal_Lesen(kern, row)};
+    f5.Aendern(Word::StepCut, [&] {
+        f5.FGK4.SetText(row, UserColumn::KeyId, "");
+        f5.FGK4.SetText(row, UserColumn::KeyData, "");
+    });
+}
+
+void F5Schluessel::key_einfuegen_Click() {
+    const int row = f5.MenuRow;
+    if (!cut_ || row < UserGrid::FirstRow || row > UserGrid::LastRow) {
+        return;
+    }
+    // An undo may have brought it back to where it was.
+    if (const int holder = Zeile_Von(cut_->Id); holder != 0 && holder != row) {
+        Melden(cut_->Id.starts_with('#') ? Line::TransponderAssigned : Line::KeyAssigned);
+        return;
+    }
+    const Clipboard key = *std::exchange(cut_, std::nullopt);
+    bool written = false;
+    f5.Aendern(Word::StepPaste, [&] {
+        f5.FGK4.SetText(row, UserColumn::KeyId, key.Id);
+        f5.FGK4.SetText(row, UserColumn::KeyData, key.Data);
+        written = Key_Kanal_Einfuegen(kern, f5.FGK4, row, key.Channel);
+        f5.Verlauf.Keep(Word::ChannelStays);
+    });
+    Kanal_Melden(written);
+}
+
+} // namespace qvm
