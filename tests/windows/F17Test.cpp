@@ -321,6 +321,7 @@ TEST_F(F17_Code, each_status_of_the_change_has_its_message) {
         world.Answers.push_back({.Text = text});
         Say(0x12, static_cast<std::uint8_t>(status));
         EXPECT_EQ(LastTitle(), CodeChangeTitle);
+        EXPECT_EQ(Dialog().Geaendert, status == 4);
         EXPECT_EQ(world.Shown.back().Sign, status == 4 ? Icon::Information : Icon::Exclamation);
         EXPECT_TRUE(programm->Transfer->F13.Fenster.Enabled);
         Click(1, F13Column::Code);

@@ -20,6 +20,16 @@ ExitCode Befehl_Check(const Umgebung& world, const Console& console);
 /// program and history, lock by lock; run: a list of locks, as the run list does it.
 ExitCode Befehl_Lauf(const Umgebung& world, const Console& console, const Optionen& options);
 
+/// A table of the users, without codes and identifications.
+ExitCode Befehl_Benutzer(const Umgebung& world, const Console& console, const Optionen& options);
+
+/// change-code: the administrator code of one lock.
+ExitCode Befehl_Code(const Umgebung& world, const Console& console, const Optionen& options);
+
+/// learn, find-key and sync-key, with the readers of the desk.
+ExitCode Befehl_Anlernen(const Umgebung& world, const Console& console, const Optionen& options);
+ExitCode Befehl_Key_Suchen(const Umgebung& world, const Console& console, const Optionen& options);
+
 /// Prints the events of .HST files; without a file those of all in HIST.
 ExitCode Befehl_Ereignisse(const Umgebung& world, const Console& console, const Optionen& options);
 

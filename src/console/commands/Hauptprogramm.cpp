@@ -20,6 +20,15 @@ ExitCode Befehl_Ausfuehren(const Umgebung& world, const Console& console, const 
         return Befehl_Check(world, console);
     case Command::Decode:
         return Befehl_Decode(world, console, options.File);
+    case Command::Users:
+        return Befehl_Benutzer(world, console, options);
+    case Command::ChangeCode:
+        return Befehl_Code(world, console, options);
+    case Command::Learn:
+        return Befehl_Anlernen(world, console, options);
+    case Command::FindKey:
+    case Command::SyncKey:
+        return Befehl_Key_Suchen(world, console, options);
     }
     return ExitCode::Fault;
 }

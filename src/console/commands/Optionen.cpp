@@ -3,6 +3,7 @@
 #include "Console.h"
 
 #include <CLI/CLI.hpp>
+#include <functional>
 #include <set>
 
 namespace qvm {
@@ -60,8 +61,43 @@ void Ereignis_Optionen(CLI::App& command, Optionen& options, Texte& texts) {
     command.add_flag("--csv", options.Csv, "a line for each event, fields separated by semicolons");
 }
 
+void Timeout_Option(CLI::App& command, Optionen& options) {
+    command
+        .add_option("--timeout", options.TimeoutSeconds,
+                    "seconds of silence before the reader is given up; 0 waits for ever (default: 30)")
+        ->check(CLI::Range(0, 86400));
+}
+
+using CommandMaker = std::function<CLI::App*(const char* name, const char* text, Command which)>;
+
+/// What is about persons and codes.
+void Personenbefehle_Anlegen(const CommandMaker& add, Optionen& options) {
+    CLI::App* users = add("users", "list the users, without their codes", Command::Users);
+    users->add_option("--find", options.Find, "only users with this text in their name");
+    users->add_option("--lock", options.Lock, "only users with a mark for this lock")->check(CLI::Range(1, 200));
+    CLI::App* change = add("change-code", "change the administrator code of a lock", Command::ChangeCode);
+    change->add_option("LOCK", options.Locks, "lock number, 1 to 200")
+        ->required()
+        ->expected(1)
+        ->check(CLI::Range(1, 200));
+    change->add_option("--codes-from", options.CodeFrom,
+                       "read old code, new code and new code again, a line each, from FILE, or from standard input "
+                       "with -");
+    CLI::App* learn = add("learn", "give a user what a reader of the desk reads", Command::Learn);
+    learn->add_option("KIND", options.Kind, "ekey, transponder or finger")
+        ->required()
+        ->check(CLI::IsMember({"ekey", "transponder", "finger"}));
+    learn->add_option("USER", options.User, "user number, 1 to 250")->required()->check(CLI::Range(1, 250));
+    learn->add_flag("--new", options.NewKey, "E-Key: learn it as a new one");
+    Timeout_Option(*learn, options);
+    CLI::App* find = add("find-key", "tell whose E-Key, or transponder, a reader of the desk reads", Command::FindKey);
+    find->add_flag("--transponder", options.Transponder, "a transponder instead of an E-Key");
+    Timeout_Option(*find, options);
+    Timeout_Option(*add("sync-key", "note that an E-Key is on the system's radio channel", Command::SyncKey), options);
+}
+
 void Befehle_Anlegen(CLI::App& app, Optionen& options, Texte& texts) {
-    const auto add = [&](const char* name, const char* text, Command which) {
+    const CommandMaker add = [&](const char* name, const char* text, Command which) {
         CLI::App* command = app.add_subcommand(name, text);
         command->callback([&options, which] { options.Wanted = which; });
         return command;
@@ -94,6 +130,7 @@ void Befehle_Anlegen(CLI::App& app, Optionen& options, Texte& texts) {
     add("check", "look for faults in the data files", Command::Check);
     add("decode", "bytes as hexadecimal text, or a trace, to readable telegrams", Command::Decode)
         ->add_option("FILE", options.File, "file to read (default: standard input)");
+    Personenbefehle_Anlegen(add, options);
 }
 
 /// What CLI11 cannot check. Empty when all is well.

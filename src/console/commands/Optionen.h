@@ -9,7 +9,22 @@
 
 namespace qvm {
 
-enum class Command { Program, History, Run, Events, Dataset, Export, Import, Check, Decode };
+enum class Command {
+    Program,
+    History,
+    Run,
+    Events,
+    Dataset,
+    Export,
+    Import,
+    Check,
+    Decode,
+    Users,
+    ChangeCode,
+    Learn,
+    FindKey,
+    SyncKey
+};
 
 /// The command line, taken apart.
 struct Optionen {
@@ -28,6 +43,12 @@ struct Optionen {
     bool Force = false;         ///< program, run, dataset: damaged data files are taken as they are
     std::string CodeFrom;       ///< a path, "-", or empty: ask on the terminal
     int TimeoutSeconds = 30;    ///< 0: wait for ever
+    std::string Kind;           ///< learn: "ekey", "transponder" or "finger"
+    int User = 0;               ///< learn
+    bool NewKey = false;        ///< learn ekey: Yes at the question of a newer adapter
+    bool Transponder = false;   ///< find-key
+    std::string Find;           ///< users: only with this text in the name
+    int Lock = 0;               ///< users: only with a mark for this lock; 0: all
     std::string File;           ///< export, import, decode
 
     std::vector<std::string> Files; ///< events; "-": standard input; none: all of HIST

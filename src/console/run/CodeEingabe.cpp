@@ -1,6 +1,7 @@
 #include "CodeEingabe.h"
 
 #include "Filter.h"
+#include "Secret.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -85,18 +86,33 @@ private:
     bool silent_ = false;
 };
 
-std::string Vom_Terminal(const std::function<bool()>& interrupted, std::string& line) {
-    const Codequelle terminal(::open("/dev/tty", O_RDWR | O_CLOEXEC));
-    if (!terminal.Terminal() || !terminal.Verdeckt()) {
-        return "There is no terminal to ask for the administrator code; use --code-from.";
+/// Reads a line for each of the codes.
+LineStatus Lesen(const Codequelle& source, const std::function<bool()>& interrupted, std::span<CodeFrage> codes) {
+    for (CodeFrage& wanted : codes) {
+        if (source.Terminal()) {
+            source.Schreiben(wanted.Prompt);
+        }
+        const LineStatus status = source.Zeile(interrupted, wanted.Code);
+        if (source.Terminal()) {
+            source.Schreiben("\n");
+        }
+        if (status != LineStatus::Read) {
+            return status;
+        }
     }
-    terminal.Schreiben("Administrator code: ");
-    const LineStatus status = terminal.Zeile(interrupted, line);
-    terminal.Schreiben("\n");
-    return status == LineStatus::Read ? "" : "No administrator code was given.";
+    return LineStatus::Read;
 }
 
-std::string Aus_Datei(const std::string& from, const std::function<bool()>& interrupted, std::string& line) {
+std::string Vom_Terminal(const std::function<bool()>& interrupted, std::span<CodeFrage> codes) {
+    const Codequelle terminal(::open("/dev/tty", O_RDWR | O_CLOEXEC));
+    if (!terminal.Terminal() || !terminal.Verdeckt()) {
+        return codes.size() == 1 ? "There is no terminal to ask for the administrator code; use --code-from."
+                                 : "There is no terminal to ask for the administrator codes; use --codes-from.";
+    }
+    return Lesen(terminal, interrupted, codes) == LineStatus::Read ? "" : "No administrator code was given.";
+}
+
+std::string Aus_Datei(const std::string& from, const std::function<bool()>& interrupted, std::span<CodeFrage> codes) {
     // Opening a pipe must not wait for its writer; the wait for the line can be stopped.
     const Codequelle source(from == "-" ? STDIN_FILENO : ::open(from.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     if (!source.Offen()) {
@@ -105,7 +121,7 @@ std::string Aus_Datei(const std::string& from, const std::function<bool()>& inte
     if (!source.Verdeckt()) {
         return "The echo of the terminal cannot be turned off.";
     }
-    switch (source.Zeile(interrupted, line)) {
+    switch (Lesen(source, interrupted, codes)) {
     case LineStatus::Error:
         return from == "-" ? "Standard input cannot be read." : "The file " + from + " cannot be read.";
     case LineStatus::Interrupted:
@@ -119,18 +135,31 @@ std::string Aus_Datei(const std::string& from, const std::function<bool()>& inte
 } // namespace
 
 std::string Code_Holen(const std::string& from, const std::function<bool()>& interrupted, std::string& code) {
-    code.clear();
-    if (std::string why = from.empty() ? Vom_Terminal(interrupted, code) : Aus_Datei(from, interrupted, code);
+    CodeFrage wanted{.Prompt = "Administrator code: ", .Code = {}};
+    std::string why = Codes_Holen(from, interrupted, {&wanted, 1});
+    code = wanted.Code;
+    Vergessen(wanted.Code);
+    return why;
+}
+
+std::string Codes_Holen(const std::string& from, const std::function<bool()>& interrupted, std::span<CodeFrage> codes) {
+    if (std::string why = from.empty() ? Vom_Terminal(interrupted, codes) : Aus_Datei(from, interrupted, codes);
         !why.empty()) {
         return why;
     }
-    if (!code.empty() && code.back() == '\r') {
-        code.pop_back();
+    for (CodeFrage& wanted : codes) {
+        std::string& code = wanted.Code;
+        if (!code.empty() && code.back() == '\r') {
+            code.pop_back();
+        }
+        const bool good =
+            code.size() == CodeLength &&
+            std::all_of(code.begin(), code.end(), [](unsigned char character) { return Code_Ziffer(character) >= 0; });
+        if (!good) {
+            return "The administrator code must have six digits, letters or marks of the keypad (+ , - . : ; _).";
+        }
     }
-    const bool good = code.size() == CodeLength && std::all_of(code.begin(), code.end(), [](unsigned char character) {
-                          return Code_Ziffer(character) >= 0;
-                      });
-    return good ? "" : "The administrator code must have six digits, letters or marks of the keypad (+ , - . : ; _).";
+    return {};
 }
 
 } // namespace qvm

@@ -3,6 +3,7 @@
 #include "AdapterKunde.h"
 #include "CodeEingabe.h"
 #include "Ergebnis.h"
+#include "Programmstart.h"
 #include "Seriennummer.h"
 #include "TransferWindows.h"
 #include "Vorpruefung.h"
@@ -25,20 +26,6 @@ std::string_view Befehlswort(Command command) {
     default:
         return "program";
     }
-}
-
-/// The program's start for a run. Gives why it cannot be, a sentence; empty when all is well.
-std::string Programm_Beginnen(Programm& program, const Umgebung& world) {
-    switch (Programm_Start(program, false)) {
-    case StartResult::NoDirectory:
-        return "The directories DAT and HIST cannot be made in " + world.AppPath + ".";
-    case StartResult::DataHeld:
-        return Besitz_Meldung(program.Datenbesitzer);
-    case StartResult::AlreadyRunning: // not asked for
-    case StartResult::Started:
-        break;
-    }
-    return {};
 }
 
 /// What the command line orders; the code and Ctrl-C are not there yet.

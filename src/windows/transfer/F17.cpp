@@ -1,5 +1,6 @@
 #include "F17.h"
 
+#include "AntwortLayouts.h"
 #include "Laufschritte.h"
 #include "Modelle.h"
 #include "PortFault.h"
@@ -13,7 +14,7 @@ namespace qvm {
 namespace {
 
 constexpr int PatienceMs = 36000;
-constexpr std::uint8_t Pending = 0xFF;
+constexpr std::uint8_t Pending = 0xFF, CodeTaken = 4;
 
 } // namespace
 
@@ -81,6 +82,7 @@ void F17::Command1_Click() {
         lauf.Chain.KanalIndex = 0;
         run.link.TargetChannel = lauf.Order.TargetChannel;
     }
+    Geaendert = Unbestaetigt = false;
     lauf.Chain.CodeChangeRefused = 0;
     lauf.Chain.CodeChangePending = Pending;
     Command1.Enabled = false;
@@ -112,6 +114,7 @@ void F17::Frist_Abgelaufen() {
     const bool due = run.link.AnswerDue == TelCodeAendern::Telegram.Code;
     Frist.Stop();
     if (due) {
+        Unbestaetigt = true;
         run.link.AnswerDue = 0;
         Beantwortet();
         kern.Meldung(Wort(kern, Word::CodeUnanswered), Buttons::Ok, Icon::Exclamation, CodeTitle);
@@ -155,6 +158,8 @@ void F17::Angemeldet() {
 
 void F17::Beantwortet() {
     Frist.Stop();
+    Geaendert = !Unbestaetigt && run.link.RxByte(2) == RpCodeErgebnis::Reply.Code &&
+                run.link.RxByte(RpCodeErgebnis::Status.Offset) == CodeTaken;
     // What has begun meanwhile needs its own, and forgets them at its end.
     if (run.Gesamtende && run.link.Lauf.List.RunRows == 0) {
         Geheimnisse_Vergessen(run.link);

@@ -25,6 +25,8 @@ struct F17 {
     TextBox Text1, Text2, Text3; ///< old code, new code, repeat: one "*" for each character typed
     Button Command1, Command2;   ///< OK, cancel
     Timer Frist;                 ///< runs out when the device does not answer
+    bool Geaendert = false;      ///< the device has taken the last change
+    bool Unbestaetigt = false;   ///< it has said nothing to it
 
     std::function<void()> Zu_F13, Zu_F20; ///< back to the lock grid, to the units: enabled, and in front
 
