@@ -4,9 +4,10 @@
     scripts/tidy.py BUILD
 
 A header is read once for all the files of a piece, which makes it twice as fast as file by file; most of the rest went
-into headers of libraries, so the targets of MERGED are looked at in one piece each. The analyzer takes the files of a
-piece for code, not for headers, only if the piece is named "UnifiedSource". Two checks make no sense then: a piece
-includes .cpp files, and using declarations are looked at in the main file only. tests/structure has both.
+into headers of libraries, so the targets of MERGED are looked at in one piece each, with their files that are compiled
+alone for another compiler's sake (ADDED). The analyzer takes the files of a piece for code, not for headers, only if the
+piece is named "UnifiedSource". Two checks make no sense then: a piece includes .cpp files, and using declarations are
+looked at in the main file only. tests/structure has both.
 
 The analyzer follows calls within our own code, not into templates and the standard library, which took three quarters
 of its time. It then sees leaks where Qt's parents delete, so that check is off; leaks are left to the sanitizers, and
@@ -29,12 +30,18 @@ OPTIONS = [
     r"--header-filter=/(src|lang)/.*\.(h|cpp)$",
     "--extra-arg=-Wno-unknown-warning-option",
 ]
-MERGED = {"core", "platform", "ui", "ui_kit"}
+MERGED = {"core", "platform", "simulator", "ui", "ui_kit"}
+ADDED = {"platform/PortWatchLinux.cpp": "platform", "simulator/world/WorldFile.cpp": "simulator"}
 
 
 def is_ours(path, source):
     inside = os.path.relpath(path, source)
     return "/Unity/" in path and "/tests/" not in path or inside.startswith(("src/", "lang/"))
+
+
+def append(path, text):
+    with open(path, "a", encoding="utf-8") as file:
+        file.write(text)
 
 
 def pieces(build, source, folder):
@@ -49,8 +56,11 @@ def pieces(build, source, folder):
             target = os.path.basename(os.path.dirname(os.path.dirname(path))).removesuffix(".dir")
             name = target if target in MERGED else f"{target}-{os.path.basename(path)}"
             named = os.path.join(folder, f"UnifiedSource-{name}.cxx")
-            with open(path, encoding="utf-8") as piece, open(named, "a", encoding="utf-8") as whole:
-                whole.write(piece.read())
+            with open(path, encoding="utf-8") as piece:
+                append(named, piece.read())
+        elif target := ADDED.get(os.path.relpath(path, os.path.join(source, "src"))):
+            append(os.path.join(folder, f"UnifiedSource-{target}.cxx"), f'#include "{path}"\n')
+            continue
         kept[named] = {**entry, "command": entry["command"].replace(path, named), "file": named}
     return sorted(kept.values(), key=lambda entry: (entry["file"].startswith(folder),
                                                         os.path.getsize(entry["file"])), reverse=True)
