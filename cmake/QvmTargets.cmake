@@ -186,9 +186,6 @@ function(qvm_test_support)
   target_compile_definitions(test_support PUBLIC
     QVM_SOURCE_DIR="${PROJECT_SOURCE_DIR}" QVM_BINARY_DIR="${PROJECT_BINARY_DIR}")
   target_precompile_headers(test_support PRIVATE ${QVM_TEST_HEADERS})
-  # Every whole run goes through it, event by event.
-  set_source_files_properties(support/VirtualPlatform.cpp PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON
-    SKIP_PRECOMPILE_HEADERS ON COMPILE_OPTIONS -O2)
   qvm_unoptimised(test_support)
 endfunction()
 

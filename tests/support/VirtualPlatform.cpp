@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <gtest/gtest.h>
-#include <limits>
 #include <utility>
 
 namespace qvm::test {
@@ -13,7 +12,6 @@ namespace qvm::test {
 namespace {
 
 constexpr std::int64_t Day = 86400000;
-constexpr std::int64_t EndOfTime = std::numeric_limits<std::int64_t>::max();
 
 /// Events after which a test is taken to wait for something that never comes while timers tick on.
 constexpr std::int64_t MostEvents = 10'000'000;
@@ -68,17 +66,7 @@ VirtualPlatform::~VirtualPlatform() {
 
 void VirtualPlatform::FillWorld() {
     World.Now = [this] { return ClockTime(); };
-    World.Milliseconds = [this] { return now_; };
-    World.StartTimer = [this](int interval, std::function<void()> tick) {
-        const TimerId id = nextTimer_++;
-        timers_[id] = {.Interval = std::max(interval, 1), .Tick = std::move(tick), .Due = now_};
-        PlanTick(id);
-        return id;
-    };
-    World.StopTimer = [this](TimerId timer) {
-        timers_.erase(timer);
-        std::erase_if(events_, [timer](const auto& event) { return event.second.Timer == timer; });
-    };
+    time_.Fill(World);
     World.ProcessEvents = [this] { Wait(); };
     World.ShowMessage = [this](const Message& message) { return Show(message); };
     World.OpenFile = World.SaveFile = [this](const FileDialog& dialog) -> std::optional<std::string> {
@@ -163,76 +151,33 @@ void VirtualPlatform::Deliver(const std::vector<std::uint8_t>& bytes, int delayM
 }
 
 void VirtualPlatform::At(int delayMs, std::function<void()> action) {
-    Plan(now_ + std::max(delayMs, 0), std::move(action));
-}
-
-void VirtualPlatform::Plan(std::int64_t when, std::function<void()> action) {
-    events_.emplace(when, Event{.Action = std::move(action)});
-}
-
-void VirtualPlatform::PlanTick(TimerId timer) {
-    RunningTimer& running = timers_.at(timer);
-    while (running.Due <= now_) {
-        running.Due += running.Interval;
-    }
-    events_.emplace(running.Due, Event{.Action = {}, .Timer = timer});
-}
-
-void VirtualPlatform::Tick(TimerId timer) {
-    RunningTimer& running = timers_.at(timer);
-    if (running.InTick) {
-        running.Missed = true;
-        return;
-    }
-    PlanTick(timer);
-    running.InTick = true;
-    const std::function<void()> tick = running.Tick; // the timer may be stopped while it runs
-    struct Ende {
-        VirtualPlatform& platform;
-        TimerId timer;
-        ~Ende() {
-            const auto found = platform.timers_.find(timer);
-            if (found == platform.timers_.end()) {
-                return;
-            }
-            found->second.InTick = false;
-            if (std::exchange(found->second.Missed, false)) {
-                platform.PlanTick(timer);
-            }
-        }
-    } const ende{*this, timer};
-    tick();
+    time_.Plan(delayMs * VirtualTime::MicrosecondsPerMs, std::move(action));
 }
 
 bool VirtualPlatform::Step(std::int64_t until) {
-    const auto next = events_.begin();
-    if (next == events_.end() || next->first > until) {
+    if (!time_.Step(until)) {
         return false;
     }
     if (++handled_ > MostEvents) {
         ADD_FAILURE() << "nothing but timers for " << MostEvents << " events";
         throw StuckWait{};
     }
-    now_ = std::max(now_, next->first);
-    const Event event = std::move(next->second);
-    events_.erase(next);
-    if (event.Timer != 0) {
-        Tick(event.Timer);
-    } else {
-        event.Action();
-    }
     return true;
 }
 
 void VirtualPlatform::Wait() {
-    if (!Step(EndOfTime)) {
-        ADD_FAILURE() << "a wait that nothing can end, " << now_ << " ms after the start";
+    if (!Step(VirtualTime::EndOfTime)) {
+        ADD_FAILURE() << "a wait that nothing can end, " << Elapsed() << " ms after the start";
         throw StuckWait{};
     }
 }
 
+std::int64_t VirtualPlatform::After(std::int64_t ms) const {
+    return time_.Microseconds() + ms * VirtualTime::MicrosecondsPerMs;
+}
+
 bool VirtualPlatform::RunUntil(const std::function<bool()>& done, std::int64_t limitMs) {
-    const std::int64_t end = now_ + limitMs;
+    const std::int64_t end = After(limitMs);
     while (!done()) {
         if (!Step(end)) {
             return false;
@@ -242,10 +187,10 @@ bool VirtualPlatform::RunUntil(const std::function<bool()>& done, std::int64_t l
 }
 
 void VirtualPlatform::RunFor(std::int64_t ms) {
-    const std::int64_t end = now_ + ms;
+    const std::int64_t end = After(ms);
     while (Step(end)) {
     }
-    now_ = std::max(now_, end);
+    time_.SkipTo(end);
 }
 
 Answer VirtualPlatform::Show(const Message& message) {
@@ -272,7 +217,7 @@ Answer VirtualPlatform::Show(const Message& message) {
 
 DateTime VirtualPlatform::ClockTime() const {
     const std::int64_t ofDay =
-        ((std::int64_t{start_.Hour} * 60 + start_.Minute) * 60 + start_.Second) * 1000 + start_.Millisecond + now_;
+        ((std::int64_t{start_.Hour} * 60 + start_.Minute) * 60 + start_.Second) * 1000 + start_.Millisecond + Elapsed();
     const Datum date = Datum_Plus(Heute(start_), static_cast<int>(ofDay / Day));
     const auto rest = static_cast<int>(ofDay % Day);
     return {.Year = date.Year,

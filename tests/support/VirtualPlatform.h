@@ -2,11 +2,11 @@
 
 #include "MemoryFiles.h"
 #include "Platform.h"
+#include "VirtualTime.h"
 
 #include <cstdint>
 #include <deque>
 #include <functional>
-#include <map>
 #include <optional>
 #include <span>
 #include <string>
@@ -68,7 +68,7 @@ public:
     /// Runs `action` `delayMs` from now, as an event.
     void At(int delayMs, std::function<void()> action);
     /// Virtual milliseconds since the start.
-    std::int64_t Elapsed() const { return now_; }
+    std::int64_t Elapsed() const { return time_.Milliseconds(); }
     /// Handles events until `done` is true. False when no event is left or `limitMs` of virtual time have passed.
     bool RunUntil(const std::function<bool()>& done, std::int64_t limitMs = 600000);
     /// Handles all events of the next `ms` milliseconds.
@@ -78,35 +78,19 @@ public:
     std::deque<double> RandomValues;
 
 private:
-    struct Event {
-        std::function<void()> Action;
-        TimerId Timer = 0; ///< not 0: a tick of this timer
-    };
-    struct RunningTimer {
-        int Interval;
-        std::function<void()> Tick;
-        std::int64_t Due = 0;
-        bool InTick = false;
-        bool Missed = false; ///< was due while its tick was on the stack
-    };
-
     void FillWorld();
     void FillPort();
-    /// Handles the next event that is due at `until` or before. False when there is none.
+    /// Handles the next event that is due at the microsecond `until` or before. False when there is none.
     bool Step(std::int64_t until);
+    /// The microsecond that comes after so many milliseconds.
+    std::int64_t After(std::int64_t ms) const;
     void Wait();
-    void Plan(std::int64_t when, std::function<void()> action);
-    void PlanTick(TimerId timer);
-    void Tick(TimerId timer);
     Answer Show(const Message& message);
     DateTime ClockTime() const;
 
     DateTime start_;
-    std::int64_t now_ = 0;
-    std::int64_t handled_ = 0;
-    TimerId nextTimer_ = 1;
-    std::multimap<std::int64_t, Event> events_; ///< those of one moment in the order of planning
-    std::map<TimerId, RunningTimer> timers_;
+    VirtualTime time_;
+    std::int64_t handled_ = 0; ///< events
     std::function<void(std::uint8_t)> receiver_;
     std::uint32_t random_ = 12345;
 };

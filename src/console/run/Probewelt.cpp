@@ -12,8 +12,6 @@ namespace qvm {
 
 namespace {
 
-constexpr std::int64_t MicrosecondsPerMs = 1000;
-
 std::int64_t Leitungszeit(std::int64_t bytes) {
     return bytes * 1000000 / Probewelt::BytesPerSecond;
 }
@@ -35,7 +33,8 @@ std::uint8_t Antwort_Laenge(std::uint8_t code) {
 Probewelt::Probewelt(const Platform& real) : Welt(real), disk_(real.Files) {
     Dateien_Abschirmen(real.Files);
     Port_Anlegen();
-    Zeit_Anlegen();
+    time_.Fill(Welt);
+    Welt.ProcessEvents = [this] { Schritt(); };
     Welt.ShowMessage = [this](const Message& message) {
         Shown.push_back(message);
         const bool question = message.Choice == Buttons::YesNo || message.Choice == Buttons::YesNoCancel;
@@ -129,57 +128,12 @@ void Probewelt::Port_Anlegen() {
             [this](std::span<const std::uint8_t> bytes) {
                 const auto count = static_cast<std::int64_t>(bytes.size());
                 BytesOut += count;
-                lineFree_ = std::max(lineFree_, now_) + Leitungszeit(count);
+                lineFree_ = std::max(lineFree_, time_.Microseconds()) + Leitungszeit(count);
             },
         .OnByte = [this](std::function<void(std::uint8_t)> receiver) { receiver_ = std::move(receiver); },
         .LastError = [] { return std::string(); },
         .LastFault = [] { return PortFault(); },
     };
-}
-
-void Probewelt::Zeit_Anlegen() {
-    Welt.Milliseconds = [this] { return now_ / MicrosecondsPerMs; };
-    Welt.StartTimer = [this](int interval, std::function<void()> tick) {
-        const TimerId timer = nextTimer_++;
-        timers_.emplace(timer, RunningTimer{.Interval = std::max(interval, 1), .Tick = std::move(tick)});
-        Takt_Planen(timer);
-        return timer;
-    };
-    Welt.StopTimer = [this](TimerId timer) { timers_.erase(timer); };
-    Welt.ProcessEvents = [this] { Schritt(); };
-}
-
-void Probewelt::Planen(std::int64_t inMicroseconds, std::function<void()> action) {
-    events_.emplace(now_ + inMicroseconds, std::move(action));
-}
-
-void Probewelt::Takt_Planen(TimerId timer) {
-    Planen(timers_.at(timer).Interval * MicrosecondsPerMs, [this, timer] {
-        const auto running = timers_.find(timer);
-        if (running == timers_.end()) {
-            return;
-        }
-        Takt_Planen(timer);
-        if (running->second.InTick) {
-            return;
-        }
-        running->second.InTick = true;
-        const auto tick = running->second.Tick; // the timer may be stopped inside its own tick
-        tick();
-        if (const auto still = timers_.find(timer); still != timers_.end()) {
-            still->second.InTick = false;
-        }
-    });
-}
-
-bool Probewelt::Schritt() {
-    if (events_.empty()) {
-        return false;
-    }
-    auto node = events_.extract(events_.begin());
-    now_ = std::max(now_, node.key());
-    node.mapped()();
-    return true;
 }
 
 std::vector<std::uint8_t> Probewelt::Antwort(std::span<const std::uint8_t> telegram) {
@@ -216,10 +170,10 @@ void Probewelt::Beantworten(const TraceFrame& frame) {
     std::vector<std::uint8_t> sent;
     Stopfen(frame.Bytes, sent);
     // The trace sees a frame before it is on the line.
-    const std::int64_t arrival =
-        std::max(lineFree_, now_) - now_ + Leitungszeit(static_cast<std::int64_t>(sent.size())) + Leitungszeit(count);
+    const std::int64_t arrival = std::max<std::int64_t>(lineFree_ - time_.Microseconds(), 0) +
+                                 Leitungszeit(static_cast<std::int64_t>(sent.size())) + Leitungszeit(count);
     BytesBack += count;
-    Planen(arrival, [this, wire] {
+    time_.Plan(arrival, [this, wire] {
         for (const std::uint8_t byte : wire) {
             if (open_ && receiver_) {
                 receiver_(byte);

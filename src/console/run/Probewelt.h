@@ -2,6 +2,7 @@
 
 #include "Link.h"
 #include "Platform.h"
+#include "VirtualTime.h"
 
 #include <cstdint>
 #include <functional>
@@ -32,38 +33,25 @@ public:
     /// Answers a telegram as the lock would. To be called for every frame that was sent.
     void Beantworten(const TraceFrame& frame);
     /// Handles the next event. False when there is none.
-    bool Schritt();
+    bool Schritt() { return time_.Step(); }
 
     std::int64_t BytesOut = 0; ///< on the wire, stuffing included
     std::int64_t BytesBack = 0;
-    double Sekunden() const { return static_cast<double>(now_) / 1e6; }
+    double Sekunden() const { return static_cast<double>(time_.Microseconds()) / 1e6; }
 
 private:
-    struct RunningTimer {
-        int Interval;
-        std::function<void()> Tick;
-        bool InTick = false;
-        std::uint64_t Generation = 0;
-    };
-
     void Dateien_Abschirmen(const FileStore& files);
     /// A file as it stands now: what was written to it in this world, or what is on the disk.
     ReadStatus Lesen(const std::string& path, std::string& bytes) const;
     bool Schreiben_Ab(const std::string& path, std::uint64_t offset, std::string_view bytes);
     std::vector<std::string> Auflisten(const std::string& directory) const;
     void Port_Anlegen();
-    void Zeit_Anlegen();
-    void Planen(std::int64_t inMicroseconds, std::function<void()> action);
-    void Takt_Planen(TimerId timer);
     std::vector<std::uint8_t> Antwort(std::span<const std::uint8_t> telegram);
 
     const FileStore& disk_;
     std::map<std::string, std::optional<std::string>> written_; ///< by path; nothing: removed
-    std::int64_t now_ = 0;                                      ///< microseconds
-    std::int64_t lineFree_ = 0;                                 ///< when the line to the lock is free again
-    std::multimap<std::int64_t, std::function<void()>> events_;
-    std::map<TimerId, RunningTimer> timers_;
-    TimerId nextTimer_ = 1;
+    VirtualTime time_;
+    std::int64_t lineFree_ = 0; ///< microsecond at which the line to the lock is free again
     bool open_ = false;
     std::uint16_t slot_ = 0;
     std::function<void(std::uint8_t)> receiver_;
