@@ -82,16 +82,18 @@ TEST_F(Secrets, of_a_cancelled_start_are_gone) {
 
 struct List_Secrets : NetzlaufFixture {
     List_Secrets() {
-        AddLock(1, "Tor", "00.0A.10.01", " XXX ");
-        AddLock(2, "Keller", "00.0A.10.02", " XXX ");
+        AddLock(1, "Tor", "00.0A.10.01", " XXX ").AdminCode = {0x47, 0x38, 0x29};
+        AddLock(2, "Keller", "00.0A.10.02", " XXX ").AdminCode = {0x47, 0x38, 0x29};
     }
 };
 
+// The code is one that no test before it had, whose bytes could still lie where a record has no value yet.
+
 TEST_F(List_Secrets, code_and_transfer_key_are_gone_when_the_list_has_ended) {
-    const SecretBytes code{0x12, 0x34, 0x56};
+    const SecretBytes code{0x47, 0x38, 0x29};
     const SecretBytes key(NetDevices.Adapter.Key.begin(), NetDevices.Adapter.Key.end());
     BeginNet({1});
-    Prog({1, 2});
+    Prog({1, 2}, Answer::No, Answer::No, "473829");
     ASSERT_TRUE(world.RunUntil([this] { return programm->Transfer->F91.Arbeit() == F91::Work::Network; }));
     EXPECT_EQ(Holders(*programm, key), "link network ");
     EXPECT_EQ(Holders(*programm, code), "link ");

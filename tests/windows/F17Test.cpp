@@ -13,9 +13,9 @@ using SentBytes = std::vector<std::uint8_t>;
 
 constexpr std::string_view CodeChangeTitle = "QVM 5508 Businnes";
 
-const std::string Unconfirmed{
+constexpr std::string_view Unconfirmed =
     u8"Die Änderung des Codes wurde nicht bestätigt. Bitte prüfen Sie, ob der alte oder der neue "
-    u8"Code gilt, bevor Sie ihn noch einmal ändern."_w};
+    u8"Code gilt, bevor Sie ihn noch einmal ändern."_w;
 
 struct F17_Code : FensterFixture {
     std::size_t Before = 0;
@@ -333,7 +333,7 @@ TEST_F(F17_Code, a_change_that_nobody_confirms_is_told_after_36_seconds) {
     Say(0x04, 4);
     world.RunFor(35998);
     EXPECT_TRUE(world.Shown.empty());
-    world.Answers.push_back({.Text = Unconfirmed});
+    world.Answers.push_back({.Text = std::string(Unconfirmed)});
     world.RunFor(2);
     EXPECT_EQ(LastTitle(), CodeChangeTitle);
     Say(0x12, 4); // too late
