@@ -48,6 +48,13 @@ TEST_F(F5_Keys, are_learned_with_an_old_adapter_without_the_question_and_the_wis
     EXPECT_EQ(world.Written, KeyTelegram(0x0E, {0x03, 0x3B}));
 }
 
+TEST_F(F5_Keys, are_asked_for_on_the_channel_that_the_system_is_set_to) {
+    Config("RESET", 12, 5);
+    OpenDesk();
+    Synchronise();
+    EXPECT_EQ(world.Written, KeyTelegram(0x0F, {0x0C, 0x01, 0xC9}));
+}
+
 TEST_F(F5_Keys, are_not_learned_when_either_question_is_cancelled) {
     OpenDesk();
     Expect(154, Answer::Cancel);
@@ -227,6 +234,15 @@ TEST_F(F5_Keys, are_taken_back_by_one_undo_which_says_that_the_channel_stays) {
 }
 
 // ---- searching and synchronising
+
+TEST_F(F5_Keys, are_searched_and_synchronised_with_an_old_adapter_without_a_wish) {
+    OpenDesk(3);
+    Search();
+    EXPECT_EQ(world.Written, KeyTelegram(0x0E, {0x03, 0x3B}));
+    world.Written.clear();
+    Synchronise();
+    EXPECT_EQ(world.Written, KeyTelegram(0x0E, {0x03, 0x3B}));
+}
 
 TEST_F(F5_Keys, are_searched_with_wish_100_and_the_user_is_told) {
     OpenDesk();
