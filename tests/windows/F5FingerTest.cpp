@@ -3,13 +3,26 @@
 #include "LeserFixture.h"
 #include "Text.h"
 
+#include <array>
+
 namespace qvm::test {
 namespace {
 
-const std::string Incomplete{u8"Die Fingerprint-Daten sind nicht vollständig angekommen. Es wurde nichts gespeichert. "
-                             u8"Bitte lernen Sie den Finger noch einmal an."_w};
-const std::string Unsaved{u8"Die Fingerprint-Daten konnten nicht gespeichert werden. Bitte prüfen Sie den Datenträger, "
-                          u8"und lernen Sie den Finger noch einmal an."_w};
+constexpr std::string_view Incomplete =
+    u8"Die Fingerprint-Daten sind nicht vollständig angekommen. Es wurde nichts gespeichert. "
+    u8"Bitte lernen Sie den Finger noch einmal an."_w;
+constexpr std::string_view Unsaved =
+    u8"Die Fingerprint-Daten konnten nicht gespeichert werden. Bitte prüfen Sie den Datenträger, "
+    u8"und lernen Sie den Finger noch einmal an."_w;
+
+struct SwipeError {
+    int Code;
+    std::string_view Text;
+};
+constexpr std::array SwipeErrors{SwipeError{0x1C, "Zu Schnell! Bitte vorgang wiederholen."},
+                                 SwipeError{0x1D, u8"Finger zu schräg angeordnet ! Bitte vorgang wiederholen."_w},
+                                 SwipeError{0x1E, "Zu Kurz! Bitte vorgang wiederholen."},
+                                 SwipeError{0x24, "Bitte Finger mittig Positionieren! Bitte vorgang wiederholen."}};
 
 struct F5_Fingers : LeserFixture {
     static constexpr const char* Templates = "/q/DAT/TEmpTCD0UPK.FSD";
@@ -85,12 +98,7 @@ TEST_F(F5_Fingers, show_each_of_the_four_errors_for_two_seconds) {
     OpenDesk();
     Enrol(2);
     SayStep(0x0D);
-    const std::vector<std::pair<int, std::string_view>> errors{
-        {0x1C, u8"Zu Schnell! Bitte vorgang wiederholen."_w},
-        {0x1D, u8"Finger zu schräg angeordnet ! Bitte vorgang wiederholen."_w},
-        {0x1E, u8"Zu Kurz! Bitte vorgang wiederholen."_w},
-        {0x24, u8"Bitte Finger mittig Positionieren! Bitte vorgang wiederholen."_w}};
-    for (const auto& [code, text] : errors) {
+    for (const auto& [code, text] : SwipeErrors) {
         SayStep(static_cast<std::uint8_t>(code));
         EXPECT_EQ(Enrolment().Fehler.Text(), std::string(text));
         EXPECT_TRUE(Enrolment().Fehler.Visible);

@@ -6,10 +6,12 @@
 namespace qvm::test {
 namespace {
 
-const std::string RowChanged{u8"In der Zeile steht jetzt ein anderer Benutzer. Es wurde nichts eingetragen. Bitte "
-                             u8"wiederholen Sie den Vorgang."_w};
-const std::string ChannelUnsaved{u8"Der Funkkanal des E-Keys konnte nicht gespeichert werden. Bitte prüfen Sie den "
-                                 u8"Datenträger, und synchronisieren Sie den E-Key danach."_w};
+constexpr std::string_view RowChanged =
+    u8"In der Zeile steht jetzt ein anderer Benutzer. Es wurde nichts eingetragen. Bitte "
+    u8"wiederholen Sie den Vorgang."_w;
+constexpr std::string_view ChannelUnsaved =
+    u8"Der Funkkanal des E-Keys konnte nicht gespeichert werden. Bitte prüfen Sie den "
+    u8"Datenträger, und synchronisieren Sie den E-Key danach."_w;
 
 /// The telegram to the E-Key reader up to its parameters, which begin at index 14.
 LineBytes KeyTelegram(std::uint8_t length, const LineBytes& rest) {

@@ -6,10 +6,12 @@
 namespace qvm::test {
 namespace {
 
-const std::string Silent{u8"Das Lesegerät hat nicht geantwortet. Bitte prüfen Sie, ob es angeschlossen ist, und "
-                         u8"wiederholen Sie den Vorgang."_w};
-const std::string Pulled{u8"Der Funkadapter wurde getrennt. Bitte stecken Sie ihn wieder an, und wiederholen Sie den "
-                         u8"Vorgang."_w};
+constexpr std::string_view Silent =
+    u8"Das Lesegerät hat nicht geantwortet. Bitte prüfen Sie, ob es angeschlossen ist, und "
+    u8"wiederholen Sie den Vorgang."_w;
+constexpr std::string_view Pulled =
+    u8"Der Funkadapter wurde getrennt. Bitte stecken Sie ihn wieder an, und wiederholen Sie den "
+    u8"Vorgang."_w;
 
 struct F5_Transponders : F5_Keys {
     void Learn(int row) {
