@@ -109,6 +109,22 @@ TEST_F(BinaryTerminal, the_code_is_asked_for_and_not_echoed_and_progress_is_a_ba
     EXPECT_THAT(session.Shown, Not(HasSubstr("104212")));
 }
 
+TEST_F(BinaryTerminal, the_codes_of_a_change_are_asked_for_one_by_one_and_not_echoed) {
+    TerminalSession session({"--dir", Locks.Directory.Path(), "change-code", "1"});
+    for (const auto& [prompt, code] :
+         std::vector<std::pair<std::string, std::string>>{{"Old administrator code: ", "104212"},
+                                                          {"New administrator code: ", "654320"},
+                                                          {"New code again: ", "654320"}}) {
+        ASSERT_TRUE(session.WaitFor(prompt));
+        EXPECT_FALSE(session.Echo());
+        session.Type(code + "\n");
+    }
+    EXPECT_EQ(session.End(), 0);
+    EXPECT_THAT(session.Shown, HasSubstr("the code was changed"));
+    EXPECT_THAT(session.Shown, Not(HasSubstr("104212")));
+    EXPECT_THAT(session.Shown, Not(HasSubstr("654320")));
+}
+
 TEST_F(BinaryTerminal, ctrl_c_at_the_question_sends_nothing) {
     TerminalSession session({"--dir", Locks.Directory.Path(), "program", "1"});
     ASSERT_TRUE(session.WaitFor("Administrator code: "));

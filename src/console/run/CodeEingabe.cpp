@@ -86,14 +86,15 @@ private:
     bool silent_ = false;
 };
 
-/// Reads a line for each of the codes.
-LineStatus Lesen(const Codequelle& source, const std::function<bool()>& interrupted, std::span<CodeFrage> codes) {
+/// Reads a line for each of the codes, which are asked for with `prompts`.
+LineStatus Lesen(const Codequelle& source, const std::function<bool()>& interrupted, std::span<CodeFrage> codes,
+                 bool prompts) {
     for (CodeFrage& wanted : codes) {
-        if (source.Terminal()) {
+        if (prompts) {
             source.Schreiben(wanted.Prompt);
         }
         const LineStatus status = source.Zeile(interrupted, wanted.Code);
-        if (source.Terminal()) {
+        if (prompts) {
             source.Schreiben("\n");
         }
         if (status != LineStatus::Read) {
@@ -109,7 +110,7 @@ std::string Vom_Terminal(const std::function<bool()>& interrupted, std::span<Cod
         return codes.size() == 1 ? "There is no terminal to ask for the administrator code; use --code-from."
                                  : "There is no terminal to ask for the administrator codes; use --codes-from.";
     }
-    return Lesen(terminal, interrupted, codes) == LineStatus::Read ? "" : "No administrator code was given.";
+    return Lesen(terminal, interrupted, codes, true) == LineStatus::Read ? "" : "No administrator code was given.";
 }
 
 std::string Aus_Datei(const std::string& from, const std::function<bool()>& interrupted, std::span<CodeFrage> codes) {
@@ -121,7 +122,7 @@ std::string Aus_Datei(const std::string& from, const std::function<bool()>& inte
     if (!source.Verdeckt()) {
         return "The echo of the terminal cannot be turned off.";
     }
-    switch (Lesen(source, interrupted, codes)) {
+    switch (Lesen(source, interrupted, codes, false)) {
     case LineStatus::Error:
         return from == "-" ? "Standard input cannot be read." : "The file " + from + " cannot be read.";
     case LineStatus::Interrupted:
