@@ -261,6 +261,16 @@ TEST_F(F5_Fingers, whose_unit_is_pulled_out_can_be_left) {
     EXPECT_TRUE(Window().Fenster.Enabled);
 }
 
+TEST_F(F5_Fingers, whose_unit_gives_way_to_another_port_are_told_of_it) {
+    OpenDesk();
+    Enrol(2);
+    world.RunFor(5000);
+    EXPECT_FALSE(Enrolment().Fehler.Visible);
+    ++programm->Adapter.Stand; // as when the ports are determined anew
+    world.RunFor(1000);
+    EXPECT_TRUE(Enrolment().Fehler.Visible);
+}
+
 TEST_F(F5_Fingers, of_a_silent_unit_can_be_left) {
     OpenDesk();
     Enrol(2);

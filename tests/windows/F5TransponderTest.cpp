@@ -135,6 +135,23 @@ TEST_F(F5_Transponders, a_unit_that_is_pulled_out_frees_the_window) {
     EXPECT_TRUE(Window().Fenster.Enabled);
 }
 
+TEST_F(F5_Transponders, a_unit_in_whose_place_another_port_was_opened_frees_the_window) {
+    Start();
+    F2& main = programm->Main->F2;
+    main.F2_Laden();
+    main.Timer2.Stop();
+    main.Fenster.Enabled = false; // F5 stands over it
+    OpenDesk();
+    Learn(2);
+    world.RunFor(5000);
+    EXPECT_FALSE(Window().Fenster.Enabled);
+    world.PortChanged(PortChange::Removed); // the other adapter is still there
+    EXPECT_TRUE(world.PortOpen);
+    ExpectText(Pulled);
+    world.RunFor(1000);
+    EXPECT_TRUE(Window().Fenster.Enabled);
+}
+
 TEST_F(F5_Transponders, a_unit_that_says_nothing_frees_the_window_after_a_minute) {
     OpenDesk();
     Learn(2);

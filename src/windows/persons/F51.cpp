@@ -50,7 +50,7 @@ F51::F51(Kern& kernel)
     Timer1.Ticked = [this] { Schliessen(); };
     Timer2.Ticked = [this] { Fehler_Wegnehmen(); };
     Wache.Ticked = [this] {
-        if (!kern.Welt.Port.IsOpen()) {
+        if (Leser_Weg && Leser_Weg()) {
             Gescheitert(Wort(kern, Word::AdapterPulled));
         }
     };

@@ -33,6 +33,7 @@ struct F51 {
     Timer Wache;                      ///< looks at the adapter once a second
     Button Command1, Command2;        ///< both leave the enrolment
 
+    std::function<bool()> Leser_Weg; ///< the enrolment unit is gone
     std::function<void()> Verlassen; ///< the window was closed, by a button or by itself
 
     void F51_FormLaden();

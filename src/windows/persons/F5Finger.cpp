@@ -35,6 +35,7 @@ void Fehler_Melden(const Kern& kern, Word which) {
 F5Finger::F5Finger(F5& window, F51& enrolment, Link& serialLink, AdapterListe& list)
     : f5(window), f51(enrolment), kern(window.kern), link(serialLink), Adapter(list) {
     f51.Verlassen = [this] { Verlassen(); };
+    f51.Leser_Weg = [this] { return Leser_Weg(kern, Adapter, stand_); };
 }
 
 void F5Finger::FS_anerlen_Click() {
@@ -44,6 +45,7 @@ void F5Finger::FS_anerlen_Click() {
     }
     template_.clear();
     broken_ = false;
+    stand_ = Adapter.Stand;
     f5.Fenster.Enabled = false;
     f51.F51_FormLaden();
     if (!TelFingerAnlernen_Senden(link, link.TelegrammParam1, link.TelegrammParam2)) {

@@ -46,6 +46,7 @@ private:
 
     F5Zeile asked_;
     std::string template_; ///< decimals, each followed by " : "
+    int stand_ = 0;        ///< of the adapters, when the enrolment was asked for
     bool broken_ = false;  ///< a piece of it lied about its length
 };
 

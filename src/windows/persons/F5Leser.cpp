@@ -19,6 +19,10 @@ bool Leser_Bereitmachen(F5& window, Link& link, AdapterListe& adapters, LeserPor
     return true;
 }
 
+bool Leser_Weg(const Kern& kern, const AdapterListe& adapters, int stand) {
+    return !kern.Welt.Port.IsOpen() || adapters.Stand != stand;
+}
+
 void Leser_Stumm(const Kern& kern) {
     kern.Meldung(kern.Zeile(Line::PortNotOpened), Buttons::Ok, Icon::Exclamation);
 }

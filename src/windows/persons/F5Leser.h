@@ -17,6 +17,9 @@ using LeserPort = int AdapterListe::*;
 /// window disabled. False, behind a message, when there is no such adapter. A port that cannot be opened shows at the
 /// first telegram.
 bool Leser_Bereitmachen(F5& window, Link& link, AdapterListe& adapters, LeserPort which);
+/// True when the reader that was made ready is gone: its port is closed, or the ports were determined anew since, as
+/// behind every removal and arrival. `stand`: of the list (AdapterListe::Stand) when it was asked.
+bool Leser_Weg(const Kern& kern, const AdapterListe& adapters, int stand);
 /// The telegram could not leave: the operator is told.
 void Leser_Stumm(const Kern& kern);
 

@@ -152,6 +152,7 @@ void F5Schluessel::Transponder_Fragen(bool search) {
     search_ = search;
     Fundzeile = 0;
     waited_ = 0;
+    stand_ = Adapter.Stand;
     f5.Fenster.Enabled = false;
     Wache.Start(1000);
     if (!TelFingerAbfrage_Senden(link, link.TelegrammParam1, link.TelegrammParam2)) {
@@ -173,7 +174,7 @@ void F5Schluessel::Warten_Beenden() {
 
 void F5Schluessel::Nachsehen() {
     ++waited_;
-    const bool pulled = !kern.Welt.Port.IsOpen();
+    const bool pulled = Leser_Weg(kern, Adapter, stand_);
     if (pulled || waited_ >= Geduld) {
         Warten_Beenden();
         kern.Meldung(Wort(kern, pulled ? Word::AdapterPulled : Word::ReaderSilent), Buttons::Ok, Icon::Exclamation);

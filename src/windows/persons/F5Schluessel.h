@@ -77,6 +77,7 @@ private:
     F5Zeile asked_;
     bool search_ = false; ///< the transponder that is awaited is searched, not learned
     int waited_ = 0;      ///< seconds
+    int stand_ = 0;       ///< of the adapters, when the transponder was asked for
     std::optional<Clipboard> cut_;
 };
 
