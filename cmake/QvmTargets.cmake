@@ -34,14 +34,24 @@ if(QVM_FUZZ)
 endif()
 
 # qvm_unoptimised(<target> [DEBUG])
-# For what takes longer to optimise than to run: in a debug build it is left as it is, in a release build nearly so, unless
-# DEBUG says that it is handed out.
+# For what takes longer to optimise than to run: it is left as it is, in a release build too, unless DEBUG says that it is
+# handed out.
 function(qvm_unoptimised target)
   if(CMAKE_BUILD_TYPE STREQUAL "Debug")
     target_compile_options(${target} PRIVATE -O0 $<$<BOOL:${QVM_FUZZ}>:-g0>)
     set_target_properties(${target} PROPERTIES QVM_UNOPTIMISED ON)
   elseif(NOT "DEBUG" IN_LIST ARGN)
-    target_compile_options(${target} PRIVATE -O1)
+    target_compile_options(${target} PRIVATE -O0)
+  endif()
+endfunction()
+
+# qvm_test_code(<target>)
+# The code of tests themselves. A null pointer in it ends a test all the same, without the check before each use that
+# makes a quarter of such code; the program's code keeps the checks.
+function(qvm_test_code target)
+  qvm_unoptimised(${target})
+  if(QVM_FUZZ)
+    target_compile_options(${target} PRIVATE -fno-sanitize=null,alignment)
   endif()
 endfunction()
 
@@ -185,8 +195,10 @@ function(qvm_test_support)
   qvm_library(test_support DIR "${CMAKE_CURRENT_SOURCE_DIR}/support" DEPS core GTest::gtest GTest::gmock rapidcheck)
   target_compile_definitions(test_support PUBLIC
     QVM_SOURCE_DIR="${PROJECT_SOURCE_DIR}" QVM_BINARY_DIR="${PROJECT_BINARY_DIR}")
-  target_precompile_headers(test_support PRIVATE ${QVM_TEST_HEADERS})
-  qvm_unoptimised(test_support)
+  if(NOT QVM_TESTS STREQUAL "PROGRAM") # where a program of tests is one piece, which reads them once in any case
+    target_precompile_headers(test_support PRIVATE ${QVM_TEST_HEADERS})
+  endif()
+  qvm_test_code(test_support)
 endfunction()
 
 # qvm_test(<folder> [QT] [PROGRAM] [SLICES <count>] [DEPS <target>...] [HEADERS <header>...])
@@ -204,9 +216,11 @@ function(qvm_test folder)
   add_executable(test_${folder} ${sources})
   target_link_libraries(test_${folder} PRIVATE ${arg_DEPS} test_support GTest::gtest_main)
   qvm_program_first(test_${folder})
-  qvm_unoptimised(test_${folder})
+  qvm_test_code(test_${folder})
   get_property(qtTest GLOBAL PROPERTY QVM_QT_TEST)
-  if(NOT arg_QT)
+  if(QVM_TESTS STREQUAL "PROGRAM")
+    # One piece: see qvm_test_support.
+  elseif(NOT arg_QT)
     target_precompile_headers(test_${folder} REUSE_FROM test_support)
   elseif(arg_HEADERS)
     target_precompile_headers(test_${folder} PRIVATE ${QVM_TEST_HEADERS} ${arg_HEADERS})
