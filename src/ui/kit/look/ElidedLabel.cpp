@@ -2,6 +2,7 @@
 
 #include <QEvent>
 #include <QResizeEvent>
+#include <QtMath>
 
 namespace qvm::ui {
 
@@ -26,7 +27,8 @@ void ElidedLabel::setTip(const QString& tip) {
 }
 
 QSize ElidedLabel::sizeHint() const {
-    return {fontMetrics().horizontalAdvance(text_) + 2 * frameWidth(), QLabel::sizeHint().height()};
+    // Rounded up, as a text of a part of a pixel more is cut.
+    return {qCeil(QFontMetricsF(font()).horizontalAdvance(text_)) + 2 * frameWidth(), QLabel::sizeHint().height()};
 }
 
 QSize ElidedLabel::minimumSizeHint() const {
