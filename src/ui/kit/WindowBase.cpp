@@ -7,6 +7,7 @@
 
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QScreen>
 #include <QToolBar>
@@ -59,6 +60,13 @@ QToolBar* WindowBase::addToolBar() {
     bar->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     bar->setContextMenuPolicy(Qt::PreventContextMenu);
     outer_->insertWidget(0, bar);
+    return bar;
+}
+
+QMenuBar* WindowBase::addMenuBar() {
+    auto* bar = new QMenuBar(this);
+    bar->setObjectName(objectName() + QStringLiteral(".Menu"));
+    outer_->setMenuBar(bar);
     return bar;
 }
 

@@ -8,6 +8,7 @@
 #include <functional>
 
 class QLabel;
+class QMenuBar;
 class QPushButton;
 class QToolBar;
 class QVBoxLayout;
@@ -48,6 +49,8 @@ public:
 protected:
     /// A tool bar with big icons and text at the top; named "<name>.Toolbar1".
     QToolBar* addToolBar();
+    /// A menu bar above everything else; named "<name>.Menu".
+    QMenuBar* addMenuBar();
     /// Where the window's content goes.
     QVBoxLayout* content() const { return content_; }
     /// Return presses this button wherever the focus stands, unless the control there wants the key itself. Once it is

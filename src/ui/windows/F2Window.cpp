@@ -32,9 +32,7 @@ constexpr int WidestBar = 50;        ///< in heights of a line: 800 points with 
 constexpr qreal SmallCaption = 0.85; ///< of the font
 
 QAction* addEntry(QMenu* menu, MenuEntry& entry, const char* name, std::function<void()> onClick) {
-    QAction* action = menu->addAction(QString());
-    qvm::ui::bind(entry, action, QStringLiteral("F2.") + QLatin1String(name), std::move(onClick));
-    return action;
+    return addMenuEntry(menu, entry, QStringLiteral("F2.") + QLatin1String(name), std::move(onClick));
 }
 
 void enlarge(QLabel* label, qreal factor, bool bold) {

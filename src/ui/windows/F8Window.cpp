@@ -33,21 +33,9 @@ void F8Window::makeOptions() {
     auto* row = new QHBoxLayout;
     row->setSpacing(18);
     for (std::size_t n = 0; n < f8_.Option.size(); ++n) {
-        CheckBox& model = f8_.Option[n];
         auto* option = new QRadioButton(this);
-        nameWidget(option, QStringLiteral("F8.Option%1").arg(n + 1));
-        watch(model.Text, option, [&model, option] {
-            option->setText(captionOf(model.Text()));
-            option->setAccessibleName(toQt(model.Text()));
-        });
-        watch(model.Checked, option, [&model, option] {
-            // Tab goes to the chosen one, the arrow keys to the others.
-            option->setFocusPolicy(model.Checked ? Qt::StrongFocus : Qt::ClickFocus);
-            if (model.Checked) {
-                option->setChecked(true);
-            }
-        });
-        connect(option, &QRadioButton::clicked, this, [this, n] { f8_.Option_Click(static_cast<int>(n)); });
+        bindOption(f8_.Option[n], option, QStringLiteral("F8.Option%1").arg(n + 1),
+                   [this, n] { f8_.Option_Click(static_cast<int>(n)); });
         row->addWidget(option);
     }
     row->addStretch();

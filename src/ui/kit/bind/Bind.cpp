@@ -12,7 +12,10 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
+#include <QMenuBar>
 #include <QProgressBar>
+#include <QRadioButton>
 #include <QSignalBlocker>
 
 #include <algorithm>
@@ -139,6 +142,21 @@ void bind(CheckBox& model, QCheckBox* widget, const QString& name, std::function
     watchState(model, widget);
 }
 
+void bindOption(CheckBox& model, QRadioButton* widget, const QString& name, std::function<void()> onClick) {
+    nameWidget(widget, name);
+    watch(model.Text, widget, [&model, widget] {
+        widget->setText(captionOf(model.Text()));
+        widget->setAccessibleName(toQt(model.Text()));
+    });
+    watch(model.Checked, widget, [&model, widget] {
+        widget->setFocusPolicy(model.Checked ? Qt::StrongFocus : Qt::ClickFocus);
+        if (model.Checked) {
+            widget->setChecked(true);
+        }
+    });
+    QObject::connect(widget, &QRadioButton::clicked, widget, std::move(onClick));
+}
+
 void bindDisplay(CheckBox& model, QCheckBox* widget, const QString& name) {
     bind(model, widget, name);
     widget->setFocusPolicy(Qt::NoFocus);
@@ -240,6 +258,30 @@ void bind(MenuEntry& model, QAction* action, const QString& name, std::function<
             click();
         }
     });
+}
+
+QAction* addMenuEntry(QMenu* menu, MenuEntry& model, const QString& name, std::function<void()> onClick) {
+    QAction* action = menu->addAction(QString());
+    bind(model, action, name, std::move(onClick));
+    return action;
+}
+
+namespace {
+
+QMenu* entitled(QMenu* menu, MenuEntry& model, const QString& name) {
+    menu->setObjectName(name + QStringLiteral(".Menu"));
+    bind(model, menu->menuAction(), name, {});
+    return menu;
+}
+
+} // namespace
+
+QMenu* addMenu(QMenu* menu, MenuEntry& model, const QString& name) {
+    return entitled(menu->addMenu(QString()), model, name);
+}
+
+QMenu* addMenu(QMenuBar* bar, MenuEntry& model, const QString& name) {
+    return entitled(bar->addMenu(QString()), model, name);
 }
 
 } // namespace qvm::ui

@@ -17,7 +17,10 @@ class QComboBox;
 class QLabel;
 class QLineEdit;
 class QListWidget;
+class QMenu;
+class QMenuBar;
 class QProgressBar;
+class QRadioButton;
 class QToolBar;
 class QToolButton;
 class QWidget;
@@ -58,6 +61,15 @@ void bind(ListBox& model, QListWidget* widget, const QString& name, std::functio
 /// `size` in device independent pixels.
 void bind(Picture& model, QLabel* widget, const QString& name, PictureSet set, int size);
 void bind(MenuEntry& model, QAction* action, const QString& name, std::function<void()> onClick);
+
+/// A new action at the end of the menu, for the entry.
+QAction* addMenuEntry(QMenu* menu, MenuEntry& model, const QString& name, std::function<void()> onClick);
+/// A new menu at the end of the menu, or the menu bar, for the entry; its own name is that of the entry with ".Menu".
+QMenu* addMenu(QMenu* menu, MenuEntry& model, const QString& name);
+QMenu* addMenu(QMenuBar* bar, MenuEntry& model, const QString& name);
+
+/// One of several, of which one is chosen: Tab goes to that one, the arrow keys to the others.
+void bindOption(CheckBox& model, QRadioButton* widget, const QString& name, std::function<void()> onClick);
 
 /// A check box that only shows: it takes neither mouse nor keys.
 void bindDisplay(CheckBox& model, QCheckBox* widget, const QString& name);
