@@ -43,6 +43,7 @@ public:
     /// that is hidden gives way to the first one that is shown.
     void FilterChanged();
 
+    int HeadingColumns() const { return headingColumns_; }
     /// As far as the grid reaches today.
     GridBlock Block() const;
     bool Holds(int row, int column) const { return Block().Holds(row, column); }

@@ -35,4 +35,17 @@ namespace ListPicture {
 inline constexpr int None = 0, Failed = 1;
 }
 
+/// Column 7 of F5: the finger of a user.
+namespace FingerPicture {
+inline constexpr int None = 501, ///< no template, or the row has just been filled
+    Standard = 502,              ///< a template of the standard class
+    Premium = 503,               ///< a template of the premium class
+    Off = 504;                   ///< a template, but the finger is not in use
+}
+
+/// F51: an enrolment is under way, done, or a swipe went wrong.
+namespace EnrolmentPicture {
+inline constexpr int None = 0, Working = 1, Done = 2, Error = 3;
+}
+
 } // namespace qvm

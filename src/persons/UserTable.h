@@ -3,6 +3,7 @@
 #include "Grid.h"
 #include "GroupTable.h"
 #include "LockRecords.h"
+#include "Pictures.h"
 #include "UserRecords.h"
 
 namespace qvm {
@@ -28,14 +29,6 @@ constexpr bool IsLock(int column) {
 namespace UserColumn {
 inline constexpr int Number = 0, Name = 1, Group = 2, Right = 3, Code = 4, KeyLabel = 5, KeyId = 6, Finger = 7,
                      KeyData = 208, FingerId = 209;
-}
-
-/// Pictures of column 7.
-namespace FingerPicture {
-inline constexpr int None = 501, ///< no template, or the row has just been filled
-    Standard = 502,              ///< a template of the standard class
-    Premium = 503,               ///< a template of the premium class
-    Off = 504;                   ///< a template, but the finger is not in use
 }
 
 /// Looks of the cells. A mark's colour is part of its state: "F" in any other colour than its own is no mark.

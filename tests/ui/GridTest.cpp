@@ -49,6 +49,22 @@ TEST_F(GridModel_Test, takes_row_0_as_header_and_the_rest_as_rows) {
     EXPECT_EQ(text(0, 1), QString::fromUtf8("Tür"));
 }
 
+TEST_F(GridModel_Test, takes_two_rows_as_header_with_a_word_upright_in_the_upper_one) {
+    const GridModel two{grid, nullptr, 2};
+    grid.SetText(0, 1, "A\nb\n\n\nc");
+    grid.SetText(1, 1, "7");
+    grid.SetText(2, 1, "x");
+    EXPECT_EQ(two.rowCount(), 3);
+    EXPECT_EQ(two.headerData(1, Qt::Horizontal, Qt::DisplayRole).toString(), QStringLiteral("7"));
+    EXPECT_EQ(two.headerData(1, Qt::Horizontal, GridModel::UprightRole).toString(), QStringLiteral("Ab c"));
+    EXPECT_EQ(two.headerData(1, Qt::Horizontal, Qt::AccessibleTextRole).toString(), QStringLiteral("Ab c 7"));
+    EXPECT_EQ(two.headerData(0, Qt::Horizontal, Qt::AccessibleTextRole).toString(), QString());
+    EXPECT_EQ(two.index(0, 1).data().toString(), QStringLiteral("x"));
+    EXPECT_EQ(two.cellIndex(2, 1), two.index(0, 1));
+    EXPECT_FALSE(two.cellIndex(1, 1).isValid());
+    EXPECT_EQ(two.gridRow(0), 2);
+}
+
 TEST_F(GridModel_Test, says_the_tip_of_a_column_at_its_heading_and_behind_its_texts) {
     model.setTip(1, [](int row) { return row == 3 ? QString() : QStringLiteral("Zeile %1").arg(row); });
     grid.SetText(2, 1, "x");

@@ -172,6 +172,50 @@ TEST_F(Overlay_Test, tells_that_the_focus_went_elsewhere_but_not_when_the_model_
     EXPECT_TRUE(view->hasFocus());
 }
 
+TEST_F(Overlay_Test, selects_its_whole_text_when_the_model_says_so) {
+    box.Text = std::string("Anna");
+    open(3, 2);
+    ASSERT_TRUE(box.SelectAll);
+    box.SelectAll();
+    EXPECT_EQ(editor->selectedText(), QStringLiteral("Anna"));
+}
+
+TEST_F(Overlay_Test, a_list_takes_tab_for_a_choice_and_return_without_one_for_none) {
+    std::vector<int> chosen;
+    int cancelled = 0;
+    int left = 0;
+    choices->onChoose = [&](int index) { chosen.push_back(index); };
+    choices->onCancel = [&] { ++cancelled; };
+    choices->onLostFocus = [&] { ++left; };
+    list.Entries = {"1", "0"};
+    list.Selected = 1;
+    grid.Row = 2;
+    grid.Column = 1;
+    list.Visible = true;
+    QTest::keyClick(choices, Qt::Key_Tab);
+    EXPECT_EQ(chosen, (std::vector<int>{1}));
+    list.Selected = -1;
+    QTest::keyClick(choices, Qt::Key_Return);
+    EXPECT_EQ(chosen.size(), 1U);
+    EXPECT_EQ(cancelled, 1);
+    view->setFocus();
+    EXPECT_EQ(left, 1);
+    EXPECT_EQ(cancelled, 1);
+}
+
+TEST_F(Overlay_Test, a_list_lies_above_its_cell_when_it_would_rather_and_has_the_room) {
+    list.Entries = {"1", "0"};
+    choices->above = [] { return true; };
+    grid.Row = 5;
+    grid.Column = 1;
+    list.Visible = true;
+    EXPECT_EQ(choices->geometry().bottom() + 1, view->cellRect(5, 1).top());
+    list.Visible = false;
+    grid.Row = 1;
+    list.Visible = true;
+    EXPECT_EQ(choices->y(), view->cellRect(1, 1).bottom() + 1);
+}
+
 TEST_F(Overlay_Test, a_list_opens_below_its_cell_and_tells_the_choice) {
     std::vector<int> chosen;
     int cancelled = 0;

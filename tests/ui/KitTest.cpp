@@ -1,5 +1,6 @@
 // Colours, drawings, mnemonics, geometry and the month view.
 
+#include "ElidedLabel.h"
 #include "Geometry.h"
 #include "Mnemonics.h"
 #include "MonthView.h"
@@ -49,6 +50,22 @@ double Contrast(const QColor& a, const QColor& b) {
     return one > two ? one / two : two / one;
 }
 
+TEST(ElidedLabel, cuts_no_text_that_has_the_room_it_asks_for) {
+    ui::ElidedLabel label;
+    label.show();
+    for (int size = 8; size < 20; ++size) {
+        QFont font = label.font();
+        font.setPointSizeF(size + 0.3);
+        label.setFont(font);
+        for (const char* text : {"Benutzer: 25, freie Zeilen: 225", "Users: 7", "Tor: 12"}) {
+            label.setFullText(QLatin1String(text));
+            label.resize(label.sizeHint());
+            UiFixture::Settle();
+            EXPECT_EQ(label.text(), QLatin1String(text)) << size;
+        }
+    }
+}
+
 TEST(Theme, takes_red_from_the_lowest_byte) {
     EXPECT_EQ(ui::exactColour(0x0000FF), QColor(255, 0, 0));
     EXPECT_EQ(ui::exactColour(0x80FFFF), QColor(255, 255, 128));
@@ -80,6 +97,23 @@ TEST(Theme, texts_stay_legible_on_every_ground_in_both_palettes) {
     }
 }
 
+TEST(Theme, a_coloured_text_on_a_neutral_ground_keeps_its_colour_as_far_as_it_can_be_read) {
+    constexpr Colour Green = 0x00C000, Grey = 0x808080, Red = 0x0000FF;
+    for (const QPalette& palette : {LightPalette(), DarkPalette()}) {
+        for (const ui::RowTint tint : {ui::RowTint::None, ui::RowTint::Current, ui::RowTint::Block}) {
+            const QColor ground(ui::tinted(palette.color(QPalette::Base), tint, palette).rgb()); // as it is painted
+            for (const Colour colour : {Green, Grey, Red}) {
+                EXPECT_GE(Contrast(ground, ui::cellInk(colour, ground, palette, true)), 3.0) << std::hex << colour;
+                const double most = Contrast(ground, palette.color(QPalette::Text));
+                EXPECT_GE(Contrast(ground, ui::cellInk(colour, ground, palette, false)), std::min(4.5, most))
+                    << std::hex << colour;
+            }
+        }
+    }
+    const QColor dark(20, 20, 20);
+    EXPECT_EQ(ui::cellInk(Green, dark, DarkPalette(), true), QColor(0, 192, 0));
+}
+
 TEST(Theme, a_grey_mark_can_be_told_from_the_button_that_it_stands_on_in_both_palettes) {
     constexpr Colour Grey = 0x808080;
     for (const QPalette& palette : {LightPalette(), DarkPalette()}) {
@@ -96,7 +130,8 @@ TEST(Theme, has_a_drawing_for_every_key_and_picture) {
          {std::string_view("Ende"), std::string_view("EYE"), std::string_view("636I259"), std::string_view("Schaltuhr"),
           std::string_view("x1504"), std::string_view("Neu"), std::string_view("GastCard"), std::string_view("PROG"),
           std::string_view("lock4"), u8"Zurück"_w, std::string_view("Speichern"), std::string_view("Prog."),
-          std::string_view("SaveHistory"), std::string_view("Suchen")}) {
+          std::string_view("SaveHistory"), std::string_view("Suchen"), std::string_view("Aufsteigend sortieren"),
+          std::string_view("CSV-Print")}) {
         EXPECT_FALSE(ui::toolIcon(key).isNull()) << key;
     }
     EXPECT_TRUE(ui::toolIcon("nothing").isNull());

@@ -20,7 +20,8 @@ KeyEdit::KeyEdit(TextBox& model, const QString& name, QWidget* parent) : QLineEd
     watch(model.Visible, this, [this] { setVisible(model_.Visible); });
     watch(model.Enabled, this, [this] { setEnabled(model_.Enabled); });
     model.SetFocus = [this] { setFocus(Qt::OtherFocusReason); };
-    connect(this, &QObject::destroyed, [&model] { model.SetFocus = {}; });
+    model.SelectAll = [this] { selectAll(); };
+    connect(this, &QObject::destroyed, [&model] { model.SetFocus = model.SelectAll = {}; });
     connect(this, &QLineEdit::textEdited, this, &KeyEdit::edited);
 }
 

@@ -10,7 +10,7 @@
 namespace qvm::ui {
 
 /// A line of text whose keys go to the model's handler, which decides what the text becomes. Bound to the model's
-/// Text, Caret, MaxLength, Visible, Enabled and SetFocus. The model must outlive the widget.
+/// Text, Caret, MaxLength, Visible, Enabled, SetFocus and SelectAll. The model must outlive the widget.
 class KeyEdit : public QLineEdit {
     Q_OBJECT
 

@@ -104,8 +104,8 @@ QRect CellAccess::rect() const {
         const QPoint corner(header->sectionViewportPosition(column_), 0);
         return {header->viewport()->mapToGlobal(corner), QSize(header->sectionSize(column_), header->height())};
     }
-    const QRect place = grid_->visualRect(grid_->gridModel().index(row_, column_));
-    return {grid_->viewport()->mapToGlobal(place.topLeft()), place.size()};
+    const QRect place = grid_->placeOf(grid_->gridModel().index(row_, column_));
+    return {grid_->mapToGlobal(place.topLeft()), place.size()};
 }
 
 bool CellAccess::checkChanged() {
@@ -261,7 +261,7 @@ QAccessibleInterface* GridAccess::childAt(int x, int y) const {
         const int column = header.logicalIndexAt(onHeader);
         return column < 0 ? nullptr : cell(-1, column);
     }
-    const QModelIndex index = grid_.indexAt(grid_.viewport()->mapFromGlobal(QPoint(x, y)));
+    const QModelIndex index = grid_.cellAt(grid_.viewport()->mapFromGlobal(QPoint(x, y)));
     return index.isValid() ? cell(index.row(), index.column()) : nullptr;
 }
 

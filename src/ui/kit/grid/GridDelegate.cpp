@@ -22,6 +22,11 @@ const GridModel& modelOf(const QModelIndex& index) {
     return static_cast<const GridModel&>(*index.model());
 }
 
+bool isButton(const QModelIndex& index) {
+    const GridModel& model = modelOf(index);
+    return model.isAction(model.gridRow(index.row()), index.column());
+}
+
 } // namespace
 
 GridDelegate::GridDelegate(const GridView& view, QObject* parent) : QStyledItemDelegate(parent), view_(view) {}
@@ -51,7 +56,7 @@ bool GridDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const Q
     const QString text = index.data(Qt::DisplayRole).toString();
     const QVariant font = index.data(Qt::FontRole);
     const QFontMetrics metrics(font.isValid() ? font.value<QFont>() : option.font);
-    const bool cut = metrics.horizontalAdvance(text) > option.rect.width() - 2 * CellMargin;
+    const bool cut = text.size() > 1 && metrics.horizontalAdvance(text) > option.rect.width() - 2 * CellMargin;
     if (event->type() == QEvent::ToolTip && cut) {
         QToolTip::showText(event->globalPos(), text, view);
         return true;
@@ -59,14 +64,23 @@ bool GridDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const Q
     return QStyledItemDelegate::helpEvent(event, view, option, index);
 }
 
+/// Of the cell itself: a button stands on it.
+QColor GridDelegate::groundOf(const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    const auto back = index.data(GridModel::BackColourRole).value<Colour>();
+    const CellTone tone = cellTone(back);
+    const bool neutral = tone != CellTone::Exact;
+    // What can be clicked shows it by itself; other cells only tell where the mouse is.
+    const bool clickable = tone == CellTone::Action || isButton(index) || index.data(Qt::CheckStateRole).isValid();
+    const QColor ground = cellBackground(clickable ? White : back, view_.isStripe(index.row()), option.palette);
+    const RowTint tint = neutral ? view_.tintOf(index.row(), index.column()) : RowTint::None;
+    return tinted(ground, tint, option.palette);
+}
+
 void GridDelegate::paintGround(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
     const auto back = index.data(GridModel::BackColourRole).value<Colour>();
     const bool alternate = view_.isStripe(index.row());
-    const bool button = modelOf(index).isAction(index.row() + 1, index.column());
-    const bool neutral = button || cellTone(back) != CellTone::Exact;
-    const QColor ground = cellBackground(neutral ? White : back, alternate, option.palette);
-    const RowTint tint = neutral ? view_.tintOf(index.row(), index.column()) : RowTint::None;
-    painter->fillRect(option.rect, tinted(ground, tint, option.palette));
+    const bool button = isButton(index);
+    painter->fillRect(option.rect, groundOf(option, index));
     if (!button) {
         return;
     }
@@ -116,10 +130,14 @@ void GridDelegate::paintContent(QPainter* painter, const QStyleOptionViewItem& o
     const auto back = index.data(GridModel::BackColourRole).value<Colour>();
     QPalette palette = option.palette;
     palette.setCurrentColorGroup(enabled ? QPalette::Active : QPalette::Disabled);
-    painter->setPen(cellForeground(fore, back, palette));
+    const bool inked = fore != Black && enabled && !isButton(index) && cellTone(back) != CellTone::Exact;
+    painter->setPen(inked ? cellInk(fore, groundOf(option, index), palette, text.size() == 1)
+                          : cellForeground(fore, back, palette));
     const auto alignment = index.data(Qt::TextAlignmentRole).value<Qt::Alignment>();
-    painter->drawText(room, static_cast<int>(alignment) | Qt::TextSingleLine,
-                      painter->fontMetrics().elidedText(text, Qt::ElideRight, room.width()));
+    // A sign may be larger than its cell has room beside it.
+    const bool sign = text.size() == 1 && alignment.testFlag(Qt::AlignHCenter);
+    painter->drawText(sign ? option.rect : room, static_cast<int>(alignment) | Qt::TextSingleLine,
+                      sign ? text : painter->fontMetrics().elidedText(text, Qt::ElideRight, room.width()));
 }
 
 } // namespace qvm::ui

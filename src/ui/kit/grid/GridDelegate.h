@@ -21,6 +21,7 @@ public:
                    const QModelIndex& index) override;
 
 private:
+    QColor groundOf(const QStyleOptionViewItem& option, const QModelIndex& index) const;
     void paintGround(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
     static void paintCheck(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index);
     void paintContent(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;

@@ -1,15 +1,29 @@
 #include "GridHeader.h"
 
 #include "GridDelegate.h"
+#include "GridModel.h"
+#include "Pictures.h"
 
 #include <QPainter>
 
+#include <algorithm>
+
 namespace qvm::ui {
+namespace {
+
+constexpr qreal LetterStep = 200.0 / 240; ///< from letter to letter of an upright text, in heights of a line
+
+} // namespace
 
 GridHeader::GridHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
     setSectionsClickable(false);
     setHighlightSections(false);
     setMinimumSectionSize(8);
+}
+
+void GridHeader::setHeights(int upright, int row) {
+    rowHeight_ = row;
+    setFixedHeight(upright + row);
 }
 
 void GridHeader::initStyleOptionForIndex(QStyleOptionHeader* option, int section) const {
@@ -18,15 +32,46 @@ void GridHeader::initStyleOptionForIndex(QStyleOptionHeader* option, int section
 }
 
 void GridHeader::paintSection(QPainter* painter, const QRect& rect, int section) const {
+    QRect line = rect;
+    line.setTop(rect.bottom() + 1 - std::min(rowHeight_, rect.height()));
     painter->save();
-    QHeaderView::paintSection(painter, rect, section);
+    QHeaderView::paintSection(painter, line, section);
     painter->restore();
+    if (model()->headerData(section, Qt::Horizontal, GridModel::BackColourRole).value<Colour>() != White) {
+        painter->fillRect(line.adjusted(0, 0, -1, -1), cellBackground(CellColour::Hover, false, palette()));
+    }
+    paintText(painter, line, section);
+    paintUpright(painter, QRect(rect.topLeft(), line.topRight() - QPoint(0, 1)), section);
+}
+
+void GridHeader::paintText(QPainter* painter, const QRect& line, int section) const {
     const auto alignment = model()->headerData(section, Qt::Horizontal, Qt::TextAlignmentRole).value<Qt::Alignment>();
-    const QRect room = rect.adjusted(CellMargin, 0, -CellMargin, 0);
+    const QRect room = line.adjusted(CellMargin, 0, -CellMargin, 0);
     const QString text = model()->headerData(section, Qt::Horizontal, Qt::DisplayRole).toString();
     painter->setPen(palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText));
     painter->drawText(room, static_cast<int>(alignment) | Qt::TextSingleLine,
                       painter->fontMetrics().elidedText(text, Qt::ElideRight, room.width()));
+}
+
+/// At the bottom, the letters as close as can be read.
+void GridHeader::paintUpright(QPainter* painter, const QRect& room, int section) const {
+    if (room.isEmpty()) {
+        return;
+    }
+    painter->fillRect(room, palette().color(QPalette::Button));
+    painter->fillRect(room.right(), room.top(), 1, room.height(), palette().color(QPalette::Mid));
+    const QString text = model()->headerData(section, Qt::Horizontal, GridModel::UprightRole).toString();
+    const auto colour = model()->headerData(section, Qt::Horizontal, GridModel::ForeColourRole).value<Colour>();
+    const QPalette::ColorGroup group = isEnabled() ? QPalette::Active : QPalette::Disabled;
+    const QColor plain = palette().color(group, QPalette::ButtonText);
+    painter->setPen(isEnabled() ? labelForeground(colour, plain, palette().color(group, QPalette::Button)) : plain);
+    const qreal step = painter->fontMetrics().lineSpacing() * LetterStep;
+    qreal top = room.bottom() + 1 - static_cast<int>(text.size()) * step;
+    for (const QChar letter : text) {
+        const QRectF line(room.left(), top, room.width(), step);
+        painter->drawText(line, static_cast<int>(Qt::AlignCenter) | Qt::TextDontClip, letter);
+        top += step;
+    }
 }
 
 } // namespace qvm::ui

@@ -4,14 +4,24 @@
 
 namespace qvm::ui {
 
-/// The heading row of a grid: its texts stand above those of the cells, with the same margin.
+/// The heading of a grid: its texts stand above those of the cells, with the same margin. A tinted heading says where
+/// the mouse is. Above the texts there may be upright ones.
 class GridHeader : public QHeaderView {
 public:
     explicit GridHeader(QWidget* parent);
 
+    /// Of the upright texts, which may be 0, and of the row of texts.
+    void setHeights(int upright, int row);
+
 protected:
     void initStyleOptionForIndex(QStyleOptionHeader* option, int section) const override;
     void paintSection(QPainter* painter, const QRect& rect, int section) const override;
+
+private:
+    void paintText(QPainter* painter, const QRect& line, int section) const;
+    void paintUpright(QPainter* painter, const QRect& room, int section) const;
+
+    int rowHeight_ = 0;
 };
 
 } // namespace qvm::ui

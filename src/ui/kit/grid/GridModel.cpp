@@ -9,9 +9,22 @@
 #include <utility>
 
 namespace qvm::ui {
+namespace {
 
-GridModel::GridModel(Grid& grid, QObject* parent)
-    : QAbstractTableModel(parent), grid_(grid), rows_(std::max(grid.Rows() - 1, 0)), columns_(grid.Columns()) {
+/// The word that stands upright: a character a line, and an empty line for a blank.
+QString inOneLine(const QString& upright) {
+    QString word;
+    for (int n = 0; n < upright.size(); n += 2) {
+        word += upright[n] == QLatin1Char('\n') ? QLatin1Char(' ') : upright[n];
+    }
+    return word;
+}
+
+} // namespace
+
+GridModel::GridModel(Grid& grid, QObject* parent, int headingRows)
+    : QAbstractTableModel(parent), grid_(grid), headingRows_(headingRows),
+      rows_(std::max(grid.Rows() - headingRows, 0)), columns_(grid.Columns()) {
     telling_.setSingleShot(true);
     telling_.setInterval(0);
     connect(&telling_, &QTimer::timeout, this, &GridModel::tellViews);
@@ -75,7 +88,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid)) {
         return {};
     }
-    const int row = index.row() + 1;
+    const int row = gridRow(index.row());
     const Cell& cell = grid_.At(row, index.column());
     switch (role) {
     case Qt::DisplayRole:
@@ -96,7 +109,8 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
         return tip(row, index.column());
     case Qt::ToolTipRole:
         // What shows only a picture says in words what it is.
-        return cell.Text.empty() ? accessibleText(index) : tip(row, index.column());
+        return cell.Text.empty() && !tip(row, index.column()).isValid() ? accessibleText(index)
+                                                                        : tip(row, index.column());
     case BackColourRole:
         return cell.BackColor;
     case ForeColourRole:
@@ -125,20 +139,38 @@ QVariant GridModel::font(const Cell& cell) const {
 }
 
 QVariant GridModel::accessibleText(const QModelIndex& index) const {
-    const int row = index.row() + 1;
+    const int row = gridRow(index.row());
     const int column = index.column();
     const Cell& cell = grid_.At(row, column);
     if (isCheck(row, column)) {
-        return toQt(grid_.Text(0, column));
+        return headingText(column);
     }
     if (!cell.Text.empty()) {
         return toQt(cell.Text);
     }
     const QString picture = pictureTexts_.value(column).value(cell.Picture);
     if (!picture.isEmpty()) {
-        return toQt(grid_.Text(0, column)) + QLatin1Char(' ') + picture;
+        return headingText(column) + QLatin1Char(' ') + picture;
     }
-    return isAction(row, column) ? QVariant(toQt(grid_.Text(0, column))) : QVariant();
+    return isAction(row, column) ? QVariant(headingText(column)) : QVariant();
+}
+
+QString GridModel::headingText(int column) const {
+    return toQt(grid_.Text(headingRows_ - 1, column));
+}
+
+QString GridModel::uprightText(int column) const {
+    return headingRows_ > 1 ? inOneLine(toQt(grid_.Text(0, column))) : QString();
+}
+
+std::vector<std::string> GridModel::headings() const {
+    std::vector<std::string> texts;
+    for (int row = 0; row < headingRows_; ++row) {
+        for (int column = 0; column < columns_; ++column) {
+            texts.push_back(grid_.Text(row, column));
+        }
+    }
+    return texts;
 }
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
@@ -147,8 +179,15 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
     }
     switch (role) {
     case Qt::DisplayRole:
+        return headingText(section);
     case Qt::AccessibleTextRole:
-        return toQt(grid_.Text(0, section));
+        return (uprightText(section) + QLatin1Char(' ') + headingText(section)).trimmed();
+    case UprightRole:
+        return uprightText(section);
+    case BackColourRole:
+        return grid_.At(headingRows_ - 1, section).BackColor;
+    case ForeColourRole:
+        return grid_.At(0, section).ForeColor;
     case Qt::ToolTipRole:
     case Qt::AccessibleDescriptionRole:
         return tip(0, section);
@@ -165,7 +204,7 @@ Qt::ItemFlags GridModel::flags(const QModelIndex& index) const {
     if (!index.isValid()) {
         return Qt::NoItemFlags;
     }
-    const bool check = isCheck(index.row() + 1, index.column());
+    const bool check = isCheck(gridRow(index.row()), index.column());
     return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren |
            (check ? Qt::ItemIsUserCheckable : Qt::NoItemFlags);
 }
@@ -173,15 +212,17 @@ Qt::ItemFlags GridModel::flags(const QModelIndex& index) const {
 // A window's load writes thousands of cells in one go. The views hear of them once, when the load is over.
 void GridModel::cellChanged(int row, int column) {
     if (row < 0 || column < 0) {
-        if (rows_ != std::max(grid_.Rows() - 1, 0) || columns_ != grid_.Columns()) {
+        const int rows = std::max(grid_.Rows() - headingRows_, 0);
+        if (rows_ != rows || columns_ != grid_.Columns()) {
             beginResetModel();
-            rows_ = std::max(grid_.Rows() - 1, 0);
+            rows_ = rows;
             columns_ = grid_.Columns();
             endResetModel();
             return;
         }
+        everything_ = true;
         firstRow_ = firstColumn_ = 0;
-        lastRow_ = rows_;
+        lastRow_ = gridRow(rows_ - 1);
         lastColumn_ = columns_ - 1;
     } else if (lastRow_ < firstRow_) {
         firstRow_ = lastRow_ = row;
@@ -197,21 +238,32 @@ void GridModel::cellChanged(int row, int column) {
     }
 }
 
+/// Columns are measured at a new heading, which a mere tint is not.
+void GridModel::tellHeadings(int firstColumn, int lastColumn) {
+    std::vector<std::string> texts = headings();
+    if (std::exchange(everything_, false) || texts != headings_) {
+        headings_ = std::move(texts);
+        emit headerDataChanged(Qt::Horizontal, firstColumn, lastColumn);
+    } else {
+        emit headingsRecoloured();
+    }
+}
+
 void GridModel::tellViews() {
     const int firstRow = firstRow_;
     const int firstColumn = firstColumn_;
-    const int lastRow = std::min(lastRow_, rows_);
+    const int lastRow = std::min(lastRow_, gridRow(rows_ - 1));
     const int lastColumn = std::min(lastColumn_, columns_ - 1);
     firstRow_ = 0;
     lastRow_ = -1;
     if (lastRow < firstRow || lastColumn < firstColumn) {
         return;
     }
-    if (firstRow == 0) {
-        emit headerDataChanged(Qt::Horizontal, firstColumn, lastColumn);
+    if (firstRow < headingRows_) {
+        tellHeadings(firstColumn, lastColumn);
     }
-    if (lastRow > 0) {
-        emit dataChanged(index(std::max(firstRow, 1) - 1, firstColumn), index(lastRow - 1, lastColumn));
+    if (lastRow >= headingRows_) {
+        emit dataChanged(cellIndex(std::max(firstRow, headingRows_), firstColumn), cellIndex(lastRow, lastColumn));
     }
 }
 

@@ -8,21 +8,30 @@
 #include <QTimer>
 
 #include <functional>
+#include <string>
+#include <vector>
 
 namespace qvm::ui {
 
-/// A grid as Qt's views take it. It keeps no cell of its own. Row 0 of the grid is the header, so that row r of this
-/// model is row r + 1 of the grid; columns are the same. The grid must outlive the model.
+/// A grid as Qt's views take it. It keeps no cell of its own. The first rows of the grid are the header, so that the
+/// rows of this model count from the one behind them; columns are the same. The grid must outlive the model.
 class GridModel : public QAbstractTableModel {
     Q_OBJECT
 
 public:
-    enum Role { BackColourRole = Qt::UserRole + 1, ForeColourRole };
+    /// UprightRole: of a heading of two rows, the word that stands upright above it.
+    enum Role { BackColourRole = Qt::UserRole + 1, ForeColourRole, UprightRole };
 
-    explicit GridModel(Grid& grid, QObject* parent = nullptr);
+    /// `headingRows`: 1, or 2 with upright texts above the headings.
+    explicit GridModel(Grid& grid, QObject* parent = nullptr, int headingRows = 1);
     ~GridModel() override;
 
     Grid& grid() const { return grid_; }
+    int headingRows() const { return headingRows_; }
+    /// The row of the grid that a row of this model is.
+    int gridRow(int row) const { return row + headingRows_; }
+    /// A cell of the grid in this model; of a heading, and outside the grid, an invalid index.
+    QModelIndex cellIndex(int row, int column) const { return index(row - headingRows_, column); }
     /// The picture ids of this grid's cells.
     void setPictures(PictureSet set);
     /// Cells of the column look like buttons while their background says that they can be clicked, and those without
@@ -52,12 +61,20 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
+signals:
+    /// Headings have another colour, and the texts that they had.
+    void headingsRecoloured();
+
 private:
     void cellChanged(int row, int column);
     void tellViews();
+    void tellHeadings(int firstColumn, int lastColumn);
     bool isCheck(int row, int column) const;
     QVariant accessibleText(const QModelIndex& index) const;
     QVariant tip(int row, int column) const;
+    QString headingText(int column) const;
+    QString uprightText(int column) const;
+    std::vector<std::string> headings() const;
     QVariant decoration(const Cell& cell, int row, int column) const;
     QVariant font(const Cell& cell) const;
 
@@ -69,10 +86,13 @@ private:
     QHash<int, std::function<QString(int row)>> tips_;
     int checkColumn_ = -1;
     int baseFontSize_ = 8;
-    int rows_ = 0; ///< as the views know it
+    int headingRows_;
+    std::vector<std::string> headings_; ///< as the views know them
+    int rows_ = 0;                      ///< likewise
     int columns_ = 0;
     // Changes since the views were last told, in rows and columns of the grid; none while the first exceeds the last.
     int firstRow_ = 0, lastRow_ = -1, firstColumn_ = 0, lastColumn_ = -1;
+    bool everything_ = false; ///< the whole grid may have changed
     QTimer telling_;
 };
 

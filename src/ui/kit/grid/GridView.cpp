@@ -23,9 +23,9 @@ constexpr int WidestFactor = 2;                 ///< a column grows to this many
 
 } // namespace
 
-GridView::GridView(Grid& grid, QWidget* parent)
-    : QTableView(parent), model_(new GridModel(grid, this)), frozen_(new FrozenView(this)), edge_(new QWidget(this)),
-      twips_(static_cast<std::size_t>(grid.Columns()), 1000) {
+GridView::GridView(Grid& grid, QWidget* parent, int headingRows)
+    : QTableView(parent), model_(new GridModel(grid, this, headingRows)), frozen_(new FrozenView(this)),
+      edge_(new QWidget(this)), twips_(static_cast<std::size_t>(grid.Columns()), 1000) {
     describeGrids();
     prepare(*this);
     prepare(*frozen_);
@@ -49,6 +49,10 @@ GridView::GridView(Grid& grid, QWidget* parent)
     });
     connect(model_, &QAbstractItemModel::headerDataChanged, this, &GridView::fitColumns);
     connect(model_, &QAbstractItemModel::dataChanged, this, &GridView::growStretched);
+    for (QTableView* view : {static_cast<QTableView*>(this), frozen_}) {
+        connect(model_, &GridModel::headingsRecoloured, view->horizontalHeader()->viewport(),
+                qOverload<>(&QWidget::update));
+    }
     connect(model_, &QAbstractItemModel::dataChanged, this,
             [this](const QModelIndex& first, const QModelIndex& last) { tellChecks(this, first, last); });
     watch(grid.Enabled, this, [this] { setEnabled(this->grid().Enabled); });
@@ -101,6 +105,17 @@ void GridView::setFrozenColumns(int count) {
     placeFrozen();
 }
 
+void GridView::setUprightHeight(int twips) {
+    if (twips != uprightTwips_) {
+        uprightTwips_ = twips;
+        fitColumns();
+    }
+}
+
+int GridView::uprightPixels() const {
+    return qRound(uprightTwips_ / TwipsPerLine * QFontMetrics(font()).lineSpacing());
+}
+
 int GridView::givenWidth(int column) const {
     return qRound(twips_[At(column)] / TwipsPerLine * QFontMetrics(font()).lineSpacing());
 }
@@ -110,8 +125,11 @@ int GridView::textWidth(int column, int first, int last) const {
     int texts = 0;
     const int step = std::max(1, (last - first + 1) / SampleRows);
     for (int row = first; row <= last; row += step) {
-        const Cell& cell = grid().At(row + 1, column);
-        const int picture = cell.Picture != 0 && !cell.Text.empty() ? iconSize().width() + CellMargin : 0;
+        const Cell& cell = grid().At(model_->gridRow(row), column);
+        if (cell.Text.empty()) {
+            continue;
+        }
+        const int picture = cell.Picture != 0 ? iconSize().width() + CellMargin : 0;
         const QString text = model_->index(row, column).data(Qt::DisplayRole).toString();
         texts = std::max(texts, plain.horizontalAdvance(text) + picture);
     }
@@ -141,7 +159,7 @@ void GridView::fitColumns() {
     natural_.assign(static_cast<std::size_t>(model_->columnCount()), 0);
     for (QTableView* view : {static_cast<QTableView*>(this), frozen_}) {
         view->verticalHeader()->setDefaultSectionSize(rowHeight);
-        view->horizontalHeader()->setFixedHeight(rowHeight + 2);
+        static_cast<GridHeader*>(view->horizontalHeader())->setHeights(uprightPixels(), rowHeight + 2);
         view->setIconSize(QSize(rowHeight - 8, rowHeight - 8));
     }
     for (int column = 0; column < model_->columnCount(); ++column) {
@@ -199,7 +217,7 @@ void GridView::placeFrozen() {
 }
 
 void GridView::setCurrentCell(int row, int column) {
-    setCurrentIndex(model_->index(row - 1, column));
+    setCurrentIndex(model_->cellIndex(row, column));
 }
 
 void GridView::showOver(QWidget* overlay, bool visible, const std::function<void()>& place) {
@@ -220,20 +238,29 @@ void GridView::showOver(QWidget* overlay, bool visible, const std::function<void
 }
 
 QRect GridView::cellRect(int row, int column) const {
-    const QModelIndex index = model_->index(row - 1, column);
+    const QModelIndex index = model_->cellIndex(row, column);
     if (!index.isValid() || isColumnHidden(column)) {
         return {};
     }
-    QRect room = viewport()->rect();
+    QRect room = viewport()->geometry();
     if (column >= frozenColumns_) {
-        room.setLeft(frozenWidth());
+        room.setLeft(room.left() + frozenWidth());
     }
-    const QRect seen = visualRect(index) & room;
-    return seen.isEmpty() ? QRect() : QRect(viewport()->mapTo(this, seen.topLeft()), seen.size());
+    const QRect seen = placeOf(index) & room;
+    return seen.isEmpty() ? QRect() : seen;
+}
+
+QRect GridView::placeOf(const QModelIndex& index) const {
+    const QTableView* view = index.column() < frozenColumns_ ? frozen_ : static_cast<const QTableView*>(this);
+    return view->visualRect(index).translated(view->viewport()->mapTo(this, QPoint(0, 0)));
+}
+
+int GridView::topRow() const {
+    return model_->gridRow(std::max(rowAt(0), 0));
 }
 
 void GridView::scrollToRow(int row) {
-    scrollTo(model_->index(row - 1, 0));
+    scrollTo(model_->cellIndex(row, 0));
 }
 
 void GridView::scrollTo(const QModelIndex& index, ScrollHint hint) {

@@ -20,7 +20,8 @@ class GridView : public QTableView {
     Q_OBJECT
 
 public:
-    explicit GridView(Grid& grid, QWidget* parent = nullptr);
+    /// `headingRows`: as GridModel takes it.
+    explicit GridView(Grid& grid, QWidget* parent = nullptr, int headingRows = 1);
     ~GridView() override;
 
     GridModel& gridModel() { return *model_; }
@@ -34,6 +35,8 @@ public:
     void fitColumns();
     /// The first columns stay in sight.
     void setFrozenColumns(int count);
+    /// Room for the upright texts of a heading of two rows.
+    void setUprightHeight(int twips);
     /// Blocks are selected with Shift and the arrows, with Shift and a click, by a drag and with Ctrl+A; Ctrl+C copies
     /// what of the block is shown. The selection must outlive the view.
     void setBlocks(GridSelection& selection);
@@ -44,8 +47,14 @@ public:
     void setCurrentCell(int row, int column);
     /// Scrolls to the row, unless the filter hides it; the current cell and the block stay where they are.
     void scrollToRow(int row);
+    /// The first row in sight.
+    int topRow() const;
     /// The cell's rectangle in coordinates of this widget; empty outside the grid and while scrolled out of sight.
     QRect cellRect(int row, int column) const;
+    /// Where the cell of the model lies, in the same coordinates, in sight or not.
+    QRect placeOf(const QModelIndex& index) const;
+    /// The cell at a place of the viewport, as the model counts it; frozen columns lie over others.
+    QModelIndex cellAt(QPoint inViewport) const;
     /// A widget over the grid, an editor or a list, comes with the keyboard to the grid's current cell (Grid.Row,
     /// Grid.Column), where `place` puts it, or goes and gives the keyboard back.
     void showOver(QWidget* overlay, bool visible, const std::function<void()>& place);
@@ -64,6 +73,11 @@ public:
     std::function<void(int row, int column)> onClick; ///< mouse, Return or space on a cell
     std::function<void(int key)> onKey;               ///< a key typed on the current cell, as Keys.h codes it
     std::function<void()> onSpace;                    ///< the space bar, instead of a click
+    /// A mouse button went down and up on a cell, without a drag or Shift. Return and space then go to onKey.
+    std::function<void(Qt::MouseButton button, int row, int column)> onMouseUp;
+    std::function<void(int row, int column)> onDoubleClick; ///< behind its second onMouseUp
+    std::function<void()> onMenuKey;                        ///< the key for context menus, or Shift+F10
+    bool takesTab = false;                                  ///< Tab goes to onKey; Shift+Tab leaves the grid
 
 signals:
     /// Cells have moved on the screen: scrolled, resized.
@@ -76,6 +90,10 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     void paintEvent(QPaintEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
@@ -104,9 +122,9 @@ private:
     void dragTo(QPoint inViewport);
     void showSelection();
     void showRows();
-    QModelIndex cellAt(QPoint inViewport) const;
     void findHoverRow();
     void updateRow(int row);
+    int uprightPixels() const;
     int givenWidth(int column) const;
     /// Of the rows first to last of the model, or a sample of them; within limits.
     int textWidth(int column, int first, int last) const;
@@ -119,12 +137,14 @@ private:
     QTableView* frozen_;
     QWidget* edge_; ///< of the frozen columns, while others have slid under them
     std::vector<int> twips_;
+    int uprightTwips_ = 0;
     std::vector<int> natural_; ///< measured widths
     int stretch_ = -1;
     int frozenColumns_ = 0;
     GridSelection* selection_ = nullptr;
     GridFilter* filter_ = nullptr;
     bool extending_ = false;        ///< what moves the current cell now takes the block along
+    bool twice_ = false;            ///< the mouse button went down for the second time of a double click
     bool following_ = false;        ///< the current cell is moved because the selection has moved
     bool dragged_ = false;          ///< over other cells, since the mouse button went down
     int hoverRow_ = -1;             ///< of the model, under the mouse

@@ -17,7 +17,7 @@ namespace qvm::ui {
 void GridView::setBlocks(GridSelection& selection) {
     selection_ = &selection;
     selection.Changed = [this] { showSelection(); };
-    selection.Go(currentIndex().row() + 1, currentIndex().column());
+    selection.Go(model_->gridRow(currentIndex().row()), currentIndex().column());
     showSelection();
 }
 
@@ -29,14 +29,14 @@ void GridView::setFilter(GridFilter& filter) {
 }
 
 void GridView::showSelection() {
-    const QModelIndex current = model_->index(grid().Row - 1, grid().Column);
+    const QModelIndex current = model_->cellIndex(grid().Row, grid().Column);
     if (current.isValid() && current != currentIndex()) {
         following_ = true;
         setCurrentIndex(current);
         following_ = false;
     }
     const GridBlock block = selection_->Block();
-    const QItemSelection cells(model_->index(block.Top - 1, block.Left), model_->index(block.Bottom - 1, block.Right));
+    const QItemSelection cells(model_->cellIndex(block.Top, block.Left), model_->cellIndex(block.Bottom, block.Right));
     selectionModel()->select(cells, QItemSelectionModel::ClearAndSelect);
     viewport()->update();
     frozen_->viewport()->update();
@@ -46,7 +46,7 @@ void GridView::showRows() {
     stripes_.assign(static_cast<std::size_t>(model_->rowCount()), false);
     bool stripe = false;
     for (int row = 0; row < model_->rowCount(); ++row) {
-        const bool hidden = !filter_->Shows(row + 1);
+        const bool hidden = !filter_->Shows(model_->gridRow(row));
         stripes_[static_cast<std::size_t>(row)] = stripe;
         stripe = stripe != !hidden;
         if (isRowHidden(row) != hidden) {
@@ -66,7 +66,7 @@ bool GridView::isStripe(int row) const {
 }
 
 RowTint GridView::tintOf(int row, int column) const {
-    if (selection_ != nullptr && selection_->Larger() && selection_->Holds(row + 1, column)) {
+    if (selection_ != nullptr && selection_->Larger() && selection_->Holds(model_->gridRow(row), column)) {
         return RowTint::Block;
     }
     if (row == currentIndex().row()) {
@@ -102,14 +102,14 @@ void GridView::moving(bool extend, const std::function<void()>& move) {
     const QModelIndex current = currentIndex();
     // Also when it was the current cell before: a larger block falls together.
     if (selection_ != nullptr && current.isValid() && !extend) {
-        selection_->Go(current.row() + 1, current.column());
+        selection_->Go(model_->gridRow(current.row()), current.column());
     }
 }
 
 bool GridView::pressMoves(const QMouseEvent& event, const QModelIndex& index) const {
     // A menu opens over the block that it is for.
     return selection_ == nullptr || event.button() == Qt::LeftButton ||
-           !selection_->Holds(index.row() + 1, index.column());
+           !selection_->Holds(model_->gridRow(index.row()), index.column());
 }
 
 void GridView::dragTo(QPoint inViewport) {
@@ -129,7 +129,7 @@ bool GridView::cellUnderMouse(int& row, int& column) const {
         return false;
     }
     const QModelIndex index = cellAt(*mouse_);
-    row = index.row() + 1;
+    row = model_->gridRow(index.row());
     column = index.column();
     return index.isValid();
 }

@@ -4,7 +4,10 @@
 #include "GridView.h"
 #include "Keys.h"
 
+#include <QContextMenuEvent>
 #include <QKeyEvent>
+
+#include <utility>
 
 namespace qvm::ui {
 namespace {
@@ -19,7 +22,7 @@ bool movesCell(int key) {
 void GridView::click(const QModelIndex& index) {
     // The current cell may be one that the filter hides: what nobody sees is not pressed.
     if (index.isValid() && !isRowHidden(index.row()) && onClick) {
-        onClick(index.row() + 1, index.column());
+        onClick(model_->gridRow(index.row()), index.column());
     }
 }
 
@@ -32,7 +35,9 @@ void GridView::keyPressEvent(QKeyEvent* event) {
     const bool press =
         !combined && (code == Key::Enter || event->key() == Qt::Key_Space || event->key() == Qt::Key_Select);
     const bool typed = code != 0 && code != Key::Tab && code != Key::Escape;
-    if (!combined && event->key() == Qt::Key_Space && onSpace) {
+    if (onMenuKey && event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
+        onMenuKey();
+    } else if (!combined && event->key() == Qt::Key_Space && onSpace) {
         onSpace();
     } else if (press && onClick) {
         click(currentIndex());
@@ -51,7 +56,7 @@ void GridView::keyPressEvent(QKeyEvent* event) {
 void GridView::mousePressEvent(QMouseEvent* event) {
     const QModelIndex index = indexAt(event->position().toPoint());
     pressed_ = index;
-    dragged_ = false;
+    dragged_ = twice_ = false;
     if (pressMoves(*event, index)) {
         moving(event->modifiers().testFlag(Qt::ShiftModifier), [&] { QTableView::mousePressEvent(event); });
     }
@@ -73,17 +78,63 @@ void GridView::mouseReleaseEvent(QMouseEvent* event) {
 void GridView::released(const QMouseEvent& event, const QModelIndex& index) {
     const bool same = index.isValid() && pressed_ == index && !dragged_;
     const bool block = selection_ != nullptr && event.modifiers().testFlag(Qt::ShiftModifier);
+    const bool twice = std::exchange(twice_, false);
     pressed_ = QModelIndex();
-    if (event.button() == Qt::LeftButton && same && !block) {
-        click(index);
+    if (!same || block) {
+        return;
     }
+    const int row = model_->gridRow(index.row());
+    const int column = index.column();
+    if (onMouseUp) {
+        onMouseUp(event.button(), row, column);
+    }
+    if (event.button() == Qt::LeftButton) {
+        click(index);
+        if (twice && onDoubleClick) {
+            onDoubleClick(row, column);
+        }
+    }
+}
+
+// The second press of a double click is a press as the first one; what a double click does waits for its release.
+void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (!onMouseUp) {
+        QTableView::mouseDoubleClickEvent(event);
+        return;
+    }
+    mousePressEvent(event);
+    twice_ = true;
+}
+
+void GridView::contextMenuEvent(QContextMenuEvent* event) {
+    if (event->reason() == QContextMenuEvent::Keyboard && onMenuKey) {
+        onMenuKey();
+    } else {
+        QTableView::contextMenuEvent(event);
+    }
+}
+
+bool GridView::focusNextPrevChild(bool next) {
+    if (next && takesTab && onKey && hasFocus()) {
+        onKey(Key::Tab);
+        return true;
+    }
+    return QTableView::focusNextPrevChild(next);
+}
+
+// The first cell of a row is behind the heading, where the keys would stay.
+QModelIndex GridView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+    const QModelIndex next = QTableView::moveCursor(action, modifiers);
+    const int first = selection_ == nullptr ? 0 : selection_->HeadingColumns();
+    return next.isValid() && next.column() < first ? next.siblingAtColumn(first) : next;
 }
 
 bool GridView::eventFilter(QObject* watched, QEvent* event) {
     if (watched == frozen_->viewport() && isEnabled()) {
         trackMouse(frozen_->viewport(), event);
         const bool mouse = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseMove ||
-                           event->type() == QEvent::MouseButtonRelease;
+                           event->type() == QEvent::MouseButtonRelease ||
+                           (event->type() == QEvent::MouseButtonDblClick && onMouseUp);
         if (mouse && frozenMouse(*static_cast<QMouseEvent*>(event))) {
             return true;
         }
@@ -93,10 +144,11 @@ bool GridView::eventFilter(QObject* watched, QEvent* event) {
 
 bool GridView::frozenMouse(const QMouseEvent& event) {
     const QModelIndex index = frozen_->indexAt(event.position().toPoint());
-    if (event.type() == QEvent::MouseButtonPress) {
+    if (event.type() == QEvent::MouseButtonPress || event.type() == QEvent::MouseButtonDblClick) {
         setFocus(Qt::MouseFocusReason);
         pressed_ = index;
         dragged_ = false;
+        twice_ = event.type() == QEvent::MouseButtonDblClick;
         if (selection_ != nullptr && index.isValid() && pressMoves(event, index)) {
             moving(event.modifiers().testFlag(Qt::ShiftModifier), [&] { setCurrentIndex(index); });
         }
@@ -123,7 +175,7 @@ void GridView::selectionChanged(const QItemSelection& selected, const QItemSelec
 void GridView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     QAbstractItemView::currentChanged(current, previous); // NOLINT(bugprone-parent-virtual-call)
     tellCurrentCell(this, false);
-    const int row = current.row() + 1;
+    const int row = model_->gridRow(current.row());
     if (current.isValid() && selection_ == nullptr) {
         grid().Row = row;
         grid().Column = current.column();

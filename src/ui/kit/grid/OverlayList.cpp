@@ -33,13 +33,16 @@ void OverlayList::place() {
     const int height = rows * std::max(sizeHintForRow(0), fontMetrics().height()) + 2 * frameWidth();
     const int width = std::max(cell.width(), sizeHintForColumn(0) + 2 * frameWidth() + 24);
     const QRect room = view_.rect();
-    const bool below = cell.bottom() + height <= room.bottom() || cell.top() - height < room.top();
+    const bool fitsAbove = cell.top() - height >= room.top();
+    const bool fitsBelow = cell.bottom() + height <= room.bottom();
+    const bool below = !fitsAbove || (fitsBelow && !(above && above()));
     const int left = std::clamp(cell.left(), room.left(), std::max(room.left(), room.right() - width));
     setGeometry(left, below ? cell.bottom() + 1 : cell.top() - height, width, height);
 }
 
 void OverlayList::choose(int index) {
     if (index < 0) {
+        cancel();
         return;
     }
     model_.Selected = index;
@@ -48,11 +51,20 @@ void OverlayList::choose(int index) {
     }
 }
 
+void OverlayList::cancel() const {
+    if (onCancel) {
+        onCancel();
+    }
+}
+
+bool OverlayList::focusNextPrevChild(bool /*next*/) {
+    choose(currentRow());
+    return true;
+}
+
 void OverlayList::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape) {
-        if (onCancel) {
-            onCancel();
-        }
+        cancel();
     } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         choose(currentRow());
     } else {
@@ -62,9 +74,8 @@ void OverlayList::keyPressEvent(QKeyEvent* event) {
 
 void OverlayList::focusOutEvent(QFocusEvent* event) {
     QListWidget::focusOutEvent(event);
-    if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason && model_.Visible &&
-        onCancel) {
-        onCancel();
+    if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason && model_.Visible) {
+        onLostFocus ? onLostFocus() : cancel();
     }
 }
 

@@ -17,16 +17,20 @@ class OverlayList : public QListWidget {
 public:
     OverlayList(ListBox& model, GridView& view, const QString& name);
 
-    std::function<void(int index)> onChoose; ///< a click on an entry, or Return; the model's Selected is set before
-    std::function<void()> onCancel;          ///< Escape, or the focus went elsewhere
+    std::function<void(int index)> onChoose; ///< a click on an entry, Return or Tab; the model's Selected is set before
+    std::function<void()> onCancel;          ///< Escape, or Return with nothing selected
+    std::function<void()> onLostFocus;       ///< the focus went elsewhere; as onCancel when empty
+    std::function<bool()> above;             ///< it would rather lie above its cell
 
 protected:
+    bool focusNextPrevChild(bool next) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
     void place();
     void choose(int index);
+    void cancel() const;
 
     ListBox& model_;
     GridView& view_;

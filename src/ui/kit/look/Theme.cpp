@@ -30,7 +30,7 @@ struct ToolRow {
     const char* Theme; ///< name in an installed icon theme, or null where only the drawing fits
 };
 
-constexpr std::array<ToolRow, 17> ToolRows{{{"Ende", "exit", "application-exit"},
+constexpr std::array<ToolRow, 19> ToolRows{{{"Ende", "exit", "application-exit"},
                                             {"EYE", "eye", nullptr},
                                             {"636I259", "calendar", nullptr},
                                             {"Schaltuhr", "clock", nullptr},
@@ -44,6 +44,8 @@ constexpr std::array<ToolRow, 17> ToolRows{{{"Ende", "exit", "application-exit"}
                                             {"Prog.", "program-list", nullptr},
                                             {"SaveHistory", "history", nullptr},
                                             {"Suchen", "search", "edit-find"},
+                                            {"Aufsteigend sortieren", "sort", nullptr},
+                                            {"CSV-Print", "export", nullptr},
                                             {u8"Öffnen"_w, "open", "document-open"},
                                             {"W95MBX01", "back", "go-previous"},
                                             {"INFO", "info", nullptr}}};
@@ -55,7 +57,7 @@ struct PictureRow {
 };
 
 // The five state pictures count downwards: the first report level, 0x10, shows the fifth.
-constexpr std::array<PictureRow, 14> PictureRows{{{PictureSet::Adapter, AdapterPicture::Present, "adapter"},
+constexpr std::array<PictureRow, 21> PictureRows{{{PictureSet::Adapter, AdapterPicture::Present, "adapter"},
                                                   {PictureSet::Adapter, AdapterPicture::Absent, "adapter-absent"},
                                                   {PictureSet::Adapter, AdapterPicture::Unusable, "warning"},
                                                   {PictureSet::List, ListPicture::Failed, "failed"},
@@ -64,6 +66,13 @@ constexpr std::array<PictureRow, 14> PictureRows{{{PictureSet::Adapter, AdapterP
                                                   {PictureSet::RunEnd, RunSign::Failed, "failed"},
                                                   {PictureSet::Channel, ChannelPicture::Image7, "channel-change"},
                                                   {PictureSet::Channel, ChannelPicture::Image8, "channel-settled"},
+                                                  {PictureSet::Enrolment, EnrolmentPicture::Working, "finger"},
+                                                  {PictureSet::Enrolment, EnrolmentPicture::Done, "run-done"},
+                                                  {PictureSet::Enrolment, EnrolmentPicture::Error, "failed"},
+                                                  {PictureSet::Finger, FingerPicture::None, "finger-none"},
+                                                  {PictureSet::Finger, FingerPicture::Standard, "finger"},
+                                                  {PictureSet::Finger, FingerPicture::Premium, "finger-premium"},
+                                                  {PictureSet::Finger, FingerPicture::Off, "finger-off"},
                                                   {PictureSet::State, StatePicture::Image1, "state-5"},
                                                   {PictureSet::State, StatePicture::Image2, "state-4"},
                                                   {PictureSet::State, StatePicture::Image3, "state-3"},
@@ -184,7 +193,8 @@ QColor legible(const QColor& colour, const QColor& ground, const QColor& text, q
     const QColor from = painted(colour, ground);
     QColor seen = contrast(colour, ground) < enough ? from : colour;
     for (int step = 1; step <= Steps && contrast(seen, ground) < enough; ++step) {
-        seen = mixed(from, text, static_cast<qreal>(step) / Steps);
+        // As it is painted, in whole numbers.
+        seen = QColor(mixed(from, text, static_cast<qreal>(step) / Steps).rgb());
     }
     return seen;
 }
@@ -251,6 +261,11 @@ QColor tinted(const QColor& ground, RowTint tint, const QPalette& palette) {
     default:
         return ground;
     }
+}
+
+QColor cellInk(Colour foreground, const QColor& ground, const QPalette& palette, bool sign) {
+    return legible(exactColour(foreground), QColor(ground.rgb()), palette.color(QPalette::Text),
+                   sign ? EnoughForSign : EnoughForText);
 }
 
 QColor labelForeground(Colour foreground, const QColor& text, const QColor& ground) {

@@ -16,11 +16,13 @@ namespace qvm::ui {
 /// Which window's table a picture id belongs to.
 enum class PictureSet {
     None,
-    Adapter, ///< AdapterPicture of F6; of F2's Picture1 any id but 0
-    Channel, ///< ChannelPicture of F13
-    State,   ///< StatePicture of F9
-    List,    ///< ListPicture of F91
-    RunEnd,  ///< RunSign of F9
+    Adapter,   ///< AdapterPicture of F6; of F2's Picture1 any id but 0
+    Channel,   ///< ChannelPicture of F13
+    State,     ///< StatePicture of F9
+    List,      ///< ListPicture of F91
+    RunEnd,    ///< RunSign of F9
+    Finger,    ///< FingerPicture of F5
+    Enrolment, ///< EnrolmentPicture of F51
 };
 
 /// The icon of a tool bar key, "PROG" for one; of an unknown key an empty icon.
@@ -62,6 +64,10 @@ QColor tinted(const QColor& ground, RowTint tint, const QPalette& palette);
 /// every other colour is exact, but goes as far towards the palette's text as it needs to be seen on a cell that can be
 /// clicked.
 QColor cellForeground(Colour foreground, Colour background, const QPalette& palette);
+
+/// The text of a cell in a colour of its own, on a neutral ground as it is painted: the colour, as far towards the
+/// palette's text as it needs to be read. A sign, which is one character, needs less.
+QColor cellInk(Colour foreground, const QColor& ground, const QPalette& palette, bool sign);
 
 /// The text of a label: black is the palette's text; every other colour goes as far towards it as it needs to be read.
 QColor labelForeground(Colour foreground, const QColor& text, const QColor& ground);
