@@ -2,6 +2,7 @@
 
 #include "HistoryViews.h"
 #include "MainViews.h"
+#include "PersonViews.h"
 #include "QtWords.h"
 #include "TransferViews.h"
 
@@ -21,6 +22,7 @@ public:
     MainViews Main;
     TransferViews Transfer;
     HistoryViews History;
+    PersonViews Persons;
 };
 
 } // namespace qvm::ui

@@ -1,5 +1,6 @@
 #include "Fensterschau.h"
 
+#include "F5_Marken.h"
 #include "ListMark.h"
 #include "MonthView.h"
 #include "Pictures.h"
@@ -68,6 +69,8 @@ void Fensterschau::run(Look look) {
     progress();
     list();
     history();
+    users();
+    codeChange();
     others();
     messageBoxes();
     programm_->Main->F2.Beenden();
@@ -302,6 +305,103 @@ void Fensterschau::history() {
     programm_->History->F8.Command1_Click();
     take(windows_->History.f7, "F7-found");
     programm_->History->F7.Fenster.Visible = false;
+}
+
+/// Three users of the house, unless there are some already.
+void Fensterschau::userTable() {
+    F5& f5 = programm_->Persons->F5;
+    f5.F5_FormLaden();
+    f5.Timer1.Stop();
+    f5.Timer2.Stop();
+    if (!f5.FGK4.Text(UserGrid::FirstRow, UserColumn::Name).empty()) {
+        return;
+    }
+    int row = UserGrid::FirstRow;
+    for (const char* name : {"Baumann J\xF6rg", "Conrad Lea", "Mei\xDFner Ute"}) {
+        f5.FGK4.SetText(row, UserColumn::Name, name);
+        f5.FGK4.SetText(row, UserColumn::Group, "-");
+        f5.FGK4.SetText(row, UserColumn::Right, "1");
+        f5.FGK4.SetText(row, UserColumn::Code, "40506" + std::to_string(row));
+        f5.FGK4.SetText(row, UserColumn::KeyLabel, "E-Key " + std::to_string(row));
+        f5.FGK4.SetText(row, UserColumn::KeyId, "12 : 34 : 56 : " + std::to_string(row));
+        f5.FGK4.SetText(row, UserColumn::FingerId, "8123");
+        f5.FGK4.SetPicture(row, UserColumn::Finger, FingerPicture::None + row - 1);
+        Marke_Setzen(f5.FGK4, row, UserGrid::ColumnOf(1), 'X');
+        Marke_Setzen(f5.FGK4, row, UserGrid::ColumnOf(row - 1), 'F');
+        ++row;
+    }
+    f5.FGK4.SetForeColor(UserGrid::FirstRow, UserColumn::KeyId, UserLook::KeyOutOfStep);
+    f5.Auswahl.Go(UserGrid::FirstRow + 1, UserGrid::ColumnOf(1));
+}
+
+void Fensterschau::users() {
+    F5& f5 = programm_->Persons->F5;
+    ui::F5Window& window = windows_->Persons.f5;
+    userTable();
+    take(window, "F5");
+    f5.Auswahl.Extend(UserGrid::FirstRow + 3, UserGrid::ColumnOf(3));
+    take(window, "F5-block");
+    for (const auto& [column, name] :
+         {std::pair{UserColumn::Code, "F5-editor"}, std::pair{UserColumn::Group, "F5-list"},
+          std::pair{UserColumn::Right, "F5-rights"}}) {
+        f5.FGK4_DblClick(UserGrid::FirstRow + 1, column);
+        take(window, name);
+        f5.Editor_KeyPress(Key::Escape);
+    }
+    f5.Treffer_Zeigen(UserGrid::FirstRow + 1, UserColumn::Name, F16::HitGround);
+    f5.Auswahl.Go(UserGrid::FirstRow, UserGrid::ColumnOf(150));
+    take(window, "F5-scrolled");
+    f5.Auswahl.Go(UserGrid::FirstRow, UserColumn::Name);
+    f5.F5_Sort_Click();
+    f5.FGK4_MouseUp(MouseButton::Left, UserGrid::FirstRow, UserGrid::ColumnOf(2));
+    userMenus();
+    f5.F5_Search_Click();
+    take(windows_->Persons.f16, "F16");
+    programm_->Persons->F16.Command2_Click();
+    enrolment();
+    f5.Tabelle.UserDirty = false;
+    f5.F5_Schliessen();
+}
+
+void Fensterschau::enrolment() {
+    F51& f51 = programm_->Persons->F51;
+    f51.F51_FormLaden();
+    f51.Wache.Stop();
+    f51.Schritt_Zeigen(FingerStep::Third);
+    take(windows_->Persons.f51, "F51");
+    f51.Schritt_Zeigen(FingerStep::OffCentre);
+    f51.Timer2.Stop();
+    take(windows_->Persons.f51, "F51-error");
+    f51.Schritt_Zeigen(FingerStep::Done);
+    f51.Timer1.Stop();
+    take(windows_->Persons.f51, "F51-done");
+    f51.Command2_Click();
+    programm_->Persons->F5.Fenster.Enabled = true;
+}
+
+void Fensterschau::userMenus() {
+    ui::F5Window& window = windows_->Persons.f5;
+    for (const auto& [menu, name] :
+         {std::pair{"F5.F5_Extras.Menu", "F5-extras"}, std::pair{"F5.F5_Markierung.Menu", "F5-marking"},
+          std::pair{"F5.M_FGK4", "F5-delete"}, std::pair{"F5.F5_E_Key", "F5-key"},
+          std::pair{"F5.key_anlernen.Menu", "F5-learn"}, std::pair{"F5.key_suchen.Menu", "F5-search"},
+          std::pair{"F5.F5_Fingerscan", "F5-finger"}}) {
+        auto* popup = window.findChild<QMenu*>(QLatin1String(menu));
+        popup->popup(window.mapToGlobal(QPoint(20, 20)));
+        take(*popup, name);
+        popup->close();
+    }
+}
+
+void Fensterschau::codeChange() {
+    F17& f17 = programm_->Transfer->F17;
+    f17.F17_FormLoad();
+    for (const char digit : {'1', '2', '3', '4'}) {
+        f17.Text1_KeyPress(digit);
+    }
+    take(windows_->Transfer.f17, "F17");
+    f17.Command2_Click();
+    programm_->Transfer->F13.Fenster.Visible = false;
 }
 
 void Fensterschau::messageBoxes() {

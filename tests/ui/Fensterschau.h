@@ -36,6 +36,11 @@ private:
     void list();
     void besideList();
     void history();
+    void users();
+    void userTable();
+    void userMenus();
+    void enrolment();
+    void codeChange();
     /// Windows that nothing above shows, as the main window opens them.
     void others();
     void messageBoxes();

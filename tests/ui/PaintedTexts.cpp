@@ -1,7 +1,11 @@
 #include "PaintedTexts.h"
 
+#include "GridView.h"
+
 #include <QHash>
 #include <QImage>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QPaintDevice>
 #include <QPaintEngine>
 #include <QPainter>
@@ -35,6 +39,10 @@ public:
         QRectF seen = painter()->deviceTransform().mapRect(place);
         if (painter()->hasClipping()) {
             seen &= painter()->deviceTransform().mapRect(painter()->clipBoundingRect());
+        }
+        // The edges of the widget.
+        if (!systemClip().isEmpty()) {
+            seen &= systemClip().boundingRect();
         }
         const PaintedText text{item.text(), seen.toAlignedRect(), painter()->pen().color(), {}};
         forgetShadow(text);
@@ -121,6 +129,25 @@ QColor groundOf(const QImage& image, const QRect& place, QRgb ink) {
     return QColor::fromRgb(hidden ? ink : best.One);
 }
 
+/// Under an editor or a list that lies over its grid, which does not know what they hide.
+bool isCovered(const QWidget& window, const PaintedText& text, const QImage& image) {
+    const QWidget* over = window.childAt(text.Where.center());
+    while (over != nullptr && qobject_cast<const ui::GridView*>(over->parentWidget()) == nullptr) {
+        over = over->parentWidget();
+    }
+    const bool editor =
+        qobject_cast<const QLineEdit*>(over) != nullptr || qobject_cast<const QListWidget*>(over) != nullptr;
+    const QRect middle = text.Where.adjusted(0, text.Where.height() / 3, 0, -text.Where.height() / 3);
+    for (int y = middle.top(); editor && y <= middle.bottom(); ++y) {
+        for (int x = middle.left(); x <= middle.right(); ++x) {
+            if (image.pixel(x, y) == (text.Ink.rgb() | 0xFF000000)) {
+                return false;
+            }
+        }
+    }
+    return editor;
+}
+
 QColor over(const QColor& ink, const QColor& ground) {
     const auto mix = [&](int a, int b) { return (a * ink.alpha() + b * (255 - ink.alpha())) / 255; };
     return {mix(ink.red(), ground.red()), mix(ink.green(), ground.green()), mix(ink.blue(), ground.blue())};
@@ -146,7 +173,7 @@ std::vector<PaintedText> paintedTexts(QWidget& window) {
     std::vector<PaintedText> seen;
     for (PaintedText& text : texts) {
         text.Where &= image.rect();
-        if (!text.Where.isEmpty()) {
+        if (!text.Where.isEmpty() && !isCovered(window, text, image)) {
             text.Ground = groundOf(image, text.Where, text.Ink.rgb() | 0xFF000000);
             text.Ink = over(text.Ink, text.Ground);
             seen.push_back(text);

@@ -3,6 +3,7 @@
 #include "Datendateien.h"
 #include "HistoryWindows.h"
 #include "MainWindows.h"
+#include "PersonWindows.h"
 #include "TransferWindows.h"
 #include "VirtualPlatform.h"
 

@@ -2,6 +2,7 @@
 
 #include "F11Window.h"
 #include "F13Window.h"
+#include "F17Window.h"
 #include "F18Window.h"
 #include "F91Window.h"
 #include "F92Window.h"
@@ -11,7 +12,9 @@
 namespace qvm::ui {
 
 struct TransferViews {
-    TransferViews(TransferWindows& models, QWidget* mainWindow) : windows(models), main(mainWindow) {}
+    TransferViews(TransferWindows& models, QWidget* mainWindow) : windows(models), main(mainWindow) {
+        windows.F17_Anbieten();
+    }
 
     TransferWindows& windows;
     QWidget* main;
@@ -21,6 +24,7 @@ struct TransferViews {
     F9Window f9{windows.F9, &f13, &f91};
     F18Window f18{windows.F18, &f13, &f91};
     F92Window f92{windows.F92, &f91};
+    F17Window f17{windows.F17, &f13};
 };
 
 } // namespace qvm::ui

@@ -28,6 +28,7 @@ F5::F5(Kern& kernel) : kern(kernel), Timer1(kernel.Welt, TintInterval), Timer2(k
     Timer1.Ticked = [this] { Kreuz_Zeichnen(); };
     Timer2.Ticked = [this] { Maus_Verfolgen(); };
     Auswahl.Moved = [this] { Stand_Zeigen(); };
+    kern.Windows.Open["F5"] = [this] { F5_FormLaden(); };
 }
 
 void F5::F5_FormLaden() {

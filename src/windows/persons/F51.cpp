@@ -1,5 +1,6 @@
 #include "F51.h"
 
+#include "Pictures.h"
 #include "Text.h"
 
 #include <algorithm>
@@ -47,6 +48,9 @@ std::string Schrittext(int swipe) {
 F51::F51(Kern& kernel)
     : kern(kernel), Timer1(kernel.Welt, RestMs), Timer2(kernel.Welt, RestMs), Wache(kernel.Welt, 1000) {
     Balken.Maximum = FullBar;
+    Arbeit.Id = EnrolmentPicture::Working;
+    Fertig.Id = EnrolmentPicture::Done;
+    Fehlbild.Id = EnrolmentPicture::Error;
     Timer1.Ticked = [this] { Schliessen(); };
     Timer2.Ticked = [this] { Fehler_Wegnehmen(); };
     Wache.Ticked = [this] {
