@@ -17,6 +17,7 @@ from datafiles import without_zeros
 from installation import CODE, Installation
 from screen import (PATIENCE, Atspi, Display, Heard, Program, click_at, drag, has_state, key, middle, name_of, tell,
                     typed, wait_for)
+from users import UserTests
 
 BUTTON, LABEL, MENU_ENTRY = Atspi.Role.PUSH_BUTTON, Atspi.Role.LABEL, Atspi.Role.MENU_ITEM
 DIALOG, TABLE, PASSWORD = Atspi.Role.DIALOG, Atspi.Role.TABLE, Atspi.Role.PASSWORD_TEXT
@@ -26,7 +27,7 @@ CLOCK = ("month", "day", "hour", "minute", "second")
 BUILD = ""
 
 
-class Desktop(unittest.TestCase):
+class Desktop(UserTests, unittest.TestCase):
     maxDiff = None
 
     def setUp(self):
