@@ -85,12 +85,10 @@ void F5Finger::Finger_Daten() {
 
 void F5Finger::Finger_Schritt() {
     const std::uint8_t code = link.RxByte(RpFingerStatus::Step.Offset);
-    if (code != FingerStep::Done) {
-        f51.Schritt_Zeigen(code);
-    } else if (Finger_Speichern()) {
-        f51.Schritt_Zeigen(code);
-    } else {
+    if (code == FingerStep::Done && !Finger_Speichern()) {
         f51.Schliessen();
+    } else {
+        f51.Schritt_Zeigen(code);
     }
 }
 
