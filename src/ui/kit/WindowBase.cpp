@@ -5,6 +5,7 @@
 #include "Theme.h"
 #include "WindowAccess.h"
 
+#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenuBar>
@@ -68,6 +69,15 @@ QMenuBar* WindowBase::addMenuBar() {
     bar->setObjectName(objectName() + QStringLiteral(".Menu"));
     outer_->setMenuBar(bar);
     return bar;
+}
+
+QLayout* WindowBase::buttonRow(std::initializer_list<QWidget*> buttons) {
+    auto* row = new QHBoxLayout;
+    row->addStretch();
+    for (QWidget* button : buttons) {
+        row->addWidget(button);
+    }
+    return row;
 }
 
 void WindowBase::setDefaultButton(QPushButton* button) {

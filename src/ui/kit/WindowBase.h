@@ -6,8 +6,10 @@
 #include <QWidget>
 
 #include <functional>
+#include <initializer_list>
 
 class QLabel;
+class QLayout;
 class QMenuBar;
 class QPushButton;
 class QToolBar;
@@ -53,6 +55,8 @@ protected:
     QMenuBar* addMenuBar();
     /// Where the window's content goes.
     QVBoxLayout* content() const { return content_; }
+    /// Buttons side by side at the end of a line.
+    static QLayout* buttonRow(std::initializer_list<QWidget*> buttons);
     /// Return presses this button wherever the focus stands, unless the control there wants the key itself. Once it is
     /// enabled it takes a focus that nothing else has.
     void setDefaultButton(QPushButton* button);

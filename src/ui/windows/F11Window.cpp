@@ -141,12 +141,8 @@ void F11Window::makeButtons() {
     bind(f11_.OK, ok, QStringLiteral("F11.OK"), [this] { f11_.OK_Click(); });
     auto* cancel = new QPushButton(this);
     bind(f11_.Cancel, cancel, QStringLiteral("F11.Cancel"), [this] { f11_.Cancel_Click(); });
-    auto* row = new QHBoxLayout;
-    row->addStretch();
-    row->addWidget(ok);
-    row->addWidget(cancel);
     content()->addSpacing(8);
-    content()->addLayout(row);
+    content()->addLayout(buttonRow({ok, cancel}));
     setDefaultButton(ok);
 }
 

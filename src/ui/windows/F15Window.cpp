@@ -3,7 +3,6 @@
 #include "TextEdge.h"
 #include "TextSlots.h"
 
-#include <QHBoxLayout>
 #include <QListWidget>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -31,11 +30,7 @@ F15Window::F15Window(F15& model, QWidget* owner)
     auto* cancel = new QPushButton(this);
     bind(f15_.Cancel, cancel, QStringLiteral("F15.Cancel"), [this] { f15_.Cancel_Click(); });
     setDefaultButton(ok);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(ok);
-    buttons->addWidget(cancel);
-    content()->addLayout(buttons);
+    content()->addLayout(buttonRow({ok, cancel}));
     layout()->setSizeConstraint(QLayout::SetFixedSize);
     const auto close = [this] { f15_.Cancel_Click(); };
     finish({.onClose = close, .onEscape = close}, false);

@@ -57,11 +57,7 @@ void F16Window::makeSearch() {
     bind(f16_.Command2, back, QStringLiteral("F16.Command2"), [this] { f16_.Command2_Click(); });
     setDefaultButton(search);
     content()->addWidget(text);
-    auto* row = new QHBoxLayout;
-    row->addStretch();
-    row->addWidget(search);
-    row->addWidget(back);
-    content()->addLayout(row);
+    content()->addLayout(buttonRow({search, back}));
 }
 
 } // namespace qvm::ui

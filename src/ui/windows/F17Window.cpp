@@ -4,7 +4,6 @@
 #include "TextEdge.h"
 
 #include <QGridLayout>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -55,12 +54,8 @@ void F17Window::makeButtons() {
     bind(f17_.Command1, ok, QStringLiteral("F17.Command1"), [this] { f17_.Command1_Click(); });
     auto* cancel = new QPushButton(this);
     bind(f17_.Command2, cancel, QStringLiteral("F17.Command2"), [this] { f17_.Command2_Click(); });
-    auto* row = new QHBoxLayout;
-    row->addStretch();
-    row->addWidget(ok);
-    row->addWidget(cancel);
     content()->addSpacing(8);
-    content()->addLayout(row);
+    content()->addLayout(buttonRow({ok, cancel}));
     setDefaultButton(ok);
 }
 

@@ -4,7 +4,6 @@
 #include "WrappingLabel.h"
 
 #include <QGridLayout>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
@@ -69,11 +68,7 @@ QLayout* F51Window::makeButtons() {
     bind(f51_.Command1, cancel, QStringLiteral("F51.Command1"), [this] { f51_.Command1_Click(); });
     auto* back = new QPushButton(this);
     bind(f51_.Command2, back, QStringLiteral("F51.Command2"), [this] { f51_.Command2_Click(); });
-    auto* row = new QHBoxLayout;
-    row->addStretch();
-    row->addWidget(cancel);
-    row->addWidget(back);
-    return row;
+    return buttonRow({cancel, back});
 }
 
 } // namespace qvm::ui

@@ -112,11 +112,7 @@ void F91Window::makeButtons() {
     bind(f91_.Command2, stop, QStringLiteral("F91.Command2"), [this] { f91_.Command2_Click(); });
     auto* close = new QPushButton(this);
     bind(f91_.Command1, close, QStringLiteral("F91.Command1"), [this] { f91_.Command1_Click(); });
-    auto* row = new QHBoxLayout;
-    row->addStretch();
-    row->addWidget(stop);
-    row->addWidget(close);
-    content()->addLayout(row);
+    content()->addLayout(buttonRow({stop, close}));
 }
 
 } // namespace qvm::ui

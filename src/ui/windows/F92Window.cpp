@@ -98,11 +98,7 @@ void F92Window::makeButtons() {
     bind(f92_.OK, ok, QStringLiteral("F92.OK"), [this] { f92_.OK_Click(); });
     auto* cancel = new QPushButton(this);
     bind(f92_.Abbrechen, cancel, QStringLiteral("F92.Abbrechen"), [this] { f92_.Schliessen_Click(); });
-    auto* row = new QHBoxLayout;
-    row->addStretch();
-    row->addWidget(ok);
-    row->addWidget(cancel);
-    content()->addLayout(row);
+    content()->addLayout(buttonRow({ok, cancel}));
 }
 
 void F92Window::showEvent(QShowEvent* event) {

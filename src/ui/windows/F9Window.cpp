@@ -7,6 +7,7 @@
 
 #include <QCheckBox>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
@@ -140,11 +141,7 @@ void F9Window::makeButtons() {
     bind(f9_.Command1, cancel, QStringLiteral("F9.Command1"), [this] { f9_.Command1_Click(); });
     auto* close = new QPushButton(this);
     bind(f9_.Command2, close, QStringLiteral("F9.Command2"), [this] { f9_.Command2_Click(); });
-    auto* row = new QHBoxLayout;
-    row->addStretch();
-    row->addWidget(cancel);
-    row->addWidget(close);
-    content()->addLayout(row);
+    content()->addLayout(buttonRow({cancel, close}));
     // The key that began the run may be pressed twice: no button is to hear the second time.
     cancel->setFocusPolicy(Qt::NoFocus);
     firstLetterMnemonic(f9_.Command1, cancel);
