@@ -11,7 +11,7 @@
 namespace qvm::ui {
 namespace {
 
-constexpr int TextWidth = 260;
+constexpr int SearchWidth = 260;
 
 } // namespace
 
@@ -44,7 +44,7 @@ void F16Window::makeSearch() {
     text->onText = [](const std::string&) {};
     text->onKey = [this](int key) { f16_.Text1_KeyPress(key); };
     text->takesEscape = true;
-    text->setMinimumWidth(TextWidth);
+    text->setMinimumWidth(SearchWidth);
     auto* search = new QPushButton(this);
     bind(f16_.Command1, search, QStringLiteral("F16.Command1"), [this] { f16_.Command1_Click(); });
     // What the box is for is told by the button.
