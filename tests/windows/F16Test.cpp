@@ -171,6 +171,23 @@ TEST_F(F16_Suche, a_synchronised_key_has_the_channel_of_every_user_with_it_confi
     EXPECT_EQ(Ground(3, 6), White);
 }
 
+TEST_F(F16_Suche, a_key_that_was_found_before_is_black_once_it_is_synchronised) {
+    std::string& file = world.Disk.Files[Channels];
+    file.clear();
+    for (int n = 0; n < 250; ++n) {
+        file += "1  2  5  0  1  ";
+    }
+    Window().F5_FormLaden();
+    ASSERT_EQ(Cells().At(3, 6).ForeColor, 0x0000FFU);
+    world.Answers.push_back({.Text = "*"});
+    Search().F16_Suchen(UserColumn::KeyId, "5 : 6 : 7 : 8");
+    ASSERT_EQ(Ground(3, 6), 0x00FFFFU);
+    Expect(169);
+    Search().F16_EkeySuchen(UserColumn::KeyId, "5 : 6 : 7 : 8", true);
+    EXPECT_EQ(Cells().At(3, 6).ForeColor, Black);
+    EXPECT_EQ(Ground(3, 6), White);
+}
+
 TEST_F(F16_Suche, a_synchronised_key_whose_channel_cannot_be_recorded_is_told) {
     Window().F5_FormLaden();
     Break(1, true);

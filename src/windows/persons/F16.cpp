@@ -127,8 +127,9 @@ void F16::F16_EkeySuchen(int column, std::string_view wanted, bool synchronise) 
     if (!Gesucht_Wird(wanted)) {
         return;
     }
+    // An older hit first: it gives its cell the ink back that the key had before.
+    f5.Treffer_Zeigen(synchronise ? 0 : Ersten_Treffer(column, wanted), column, HitGround);
     const int row = synchronise ? Synchronisieren(column, wanted) : Ersten_Treffer(column, wanted);
-    f5.Treffer_Zeigen(synchronise ? 0 : row, column, HitGround);
     Zeigen(row, column);
 }
 
