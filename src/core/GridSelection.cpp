@@ -69,6 +69,12 @@ void GridSelection::Within(int row, int column) {
     }
 }
 
+void GridSelection::None() {
+    anchorRow_ = headingRows_;
+    anchorColumn_ = headingColumns_;
+    Set({}, 0, grid_.Column);
+}
+
 void GridSelection::All() {
     Set({.Top = headingRows_, .Left = headingColumns_, .Bottom = grid_.Rows() - 1, .Right = grid_.Columns() - 1},
         grid_.Row, grid_.Column);

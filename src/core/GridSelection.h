@@ -37,6 +37,8 @@ public:
     void Extend(int row, int column);
     /// A cell of the block becomes the current one, while the block stays. Outside the block nothing happens.
     void Within(int row, int column);
+    /// Nothing is selected, and no row is current: Row is 0. Column stays.
+    void None();
     /// Everything, while the current cell stays.
     void All();
     /// To be called when the filter has changed: a larger block falls together to the current cell, and a current row

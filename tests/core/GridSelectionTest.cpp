@@ -38,6 +38,27 @@ struct Grid_Selection : ::testing::Test {
     }
 };
 
+TEST_F(Grid_Selection, of_nothing_has_no_current_row_and_an_empty_block_and_tells_both) {
+    int moved = 0;
+    cells.Moved = [&] { ++moved; };
+    cells.Go(2, 1);
+    cells.Extend(4, 3);
+    told = moved = 0;
+    cells.None();
+    EXPECT_EQ(grid.Row, 0);
+    EXPECT_EQ(grid.Column, 3);
+    EXPECT_EQ(cells.Block(), GridBlock{});
+    EXPECT_TRUE(cells.Rows().empty());
+    EXPECT_FALSE(cells.Larger());
+    EXPECT_EQ(cells.Text(), "");
+    EXPECT_EQ(moved, 1);
+    EXPECT_EQ(told, 1);
+    cells.None();
+    EXPECT_EQ(told, 1) << "nothing is another one";
+    cells.Extend(3, 2); // from where the heading ends
+    EXPECT_EQ(cells.Block(), (GridBlock{1, 0, 3, 2}));
+}
+
 TEST_F(Grid_Selection, is_empty_until_a_cell_was_gone_to) {
     EXPECT_EQ(cells.Block(), GridBlock{});
     EXPECT_TRUE(cells.Rows().empty());

@@ -79,6 +79,14 @@ struct Grid_Blocks : ::testing::Test {
     }
 };
 
+TEST_F(Grid_Blocks, show_no_current_cell_while_nothing_is_selected) {
+    cells.None();
+    EXPECT_FALSE(view.currentIndex().isValid());
+    EXPECT_TRUE(view.selectionModel()->selectedIndexes().isEmpty());
+    cells.Go(5, 2);
+    EXPECT_EQ(view.selectionModel()->selectedIndexes().size(), 1);
+}
+
 TEST_F(Grid_Blocks, grow_and_shrink_with_shift_and_the_arrows) {
     QTest::keyClick(&view, Qt::Key_Down, Qt::ShiftModifier);
     QTest::keyClick(&view, Qt::Key_Down, Qt::ShiftModifier);

@@ -103,8 +103,14 @@ TEST_F(F16_Suche, an_empty_text_or_one_of_blanks_says_so_and_closes) {
 }
 
 TEST_F(F16_Suche, without_a_hit_no_cell_is_current_and_the_status_line_says_so) {
+    Go(3, 1);
+    ASSERT_NE(Window().Benutzermarken.Text(), "");
+    Watch();
     Find(0, "Ann");
     EXPECT_EQ(Cells().Row, 0);
+    EXPECT_THAT(way, ElementsAre("0")) << "the view is told";
+    EXPECT_EQ(Window().Auswahl.Block(), GridBlock{});
+    EXPECT_EQ(Window().Benutzermarken.Text(), "");
     EXPECT_EQ(Window().Hinweis.Text(), "Es wurde kein Benutzer gefunden.");
     EXPECT_TRUE(Window().Fenster.Enabled());
     EXPECT_FALSE(Asked());

@@ -153,8 +153,7 @@ int F16::Synchronisieren(int column, std::string_view wanted) {
 void F16::Zeigen(int row, int column) {
     Zu_F5();
     if (row == 0) {
-        f5.FGK4.Row = 0;
-        f5.FGK4.Column = column;
+        f5.Auswahl.None();
         f5.Hinweis.Text = Wort(kern, Word::NoUserFound);
         return;
     }

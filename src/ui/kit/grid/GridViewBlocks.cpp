@@ -30,7 +30,8 @@ void GridView::setFilter(GridFilter& filter) {
 
 void GridView::showSelection() {
     const QModelIndex current = model_->cellIndex(grid().Row, grid().Column);
-    if (current.isValid() && current != currentIndex()) {
+    // Row 0: nothing is selected, and no row is current.
+    if ((current.isValid() || grid().Row == 0) && current != currentIndex()) {
         following_ = true;
         setCurrentIndex(current);
         following_ = false;
