@@ -86,6 +86,23 @@ TEST_F(KeyEdit_Test, shows_what_the_handler_makes_of_a_text) {
     EXPECT_EQ(edit.text(), QStringLiteral("ab"));
 }
 
+TEST_F(KeyEdit_Test, has_the_caret_where_the_handler_wants_it_when_it_makes_another_text) {
+    box.Text = std::string("Mler");
+    edit.onText = [this](const std::string& text) {
+        if (text.find('!') != std::string::npos) {
+            box.Text = std::string("Mler");
+            box.Caret = 1;
+        }
+    };
+    edit.setCursorPosition(1);
+    QTest::keyClicks(&edit, QStringLiteral("!"));
+    EXPECT_EQ(edit.text(), QStringLiteral("Mler"));
+    EXPECT_EQ(edit.cursorPosition(), 1);
+    QTest::keyClicks(&edit, QStringLiteral("ux"));
+    EXPECT_EQ(edit.text(), QStringLiteral("Muxler"));
+    EXPECT_EQ(edit.cursorPosition(), 3);
+}
+
 TEST_F(KeyEdit_Test, takes_the_focus_when_the_model_asks) {
     edit.clearFocus();
     ASSERT_TRUE(box.SetFocus);

@@ -178,6 +178,38 @@ TEST_F(F5_Editor, of_a_code_of_eight_from_the_file_can_be_shortened_and_confirme
     EXPECT_EQ(Text(4, 4), "1234567");
 }
 
+TEST_F(F5_Editor, leaves_the_caret_alone_while_everything_typed_is_allowed) {
+    Cells().SetText(4, 1, "Mler");
+    Go(4, 1);
+    Key(qvm::Key::Enter);
+    const int caret = Window().Text1.Caret();
+    Window().Editor_Change(u8"Müler"_w);
+    EXPECT_EQ(Window().Text1.Text(), u8"Müler"_w);
+    EXPECT_EQ(Window().Text1.Caret(), caret);
+}
+
+TEST_F(F5_Editor, has_the_caret_where_it_was_when_a_character_is_left_out_or_put_back) {
+    Cells().SetText(4, 1, "Mler");
+    Go(4, 1);
+    Key(qvm::Key::Enter);
+    Window().Editor_Change("M!ler");
+    EXPECT_EQ(Window().Text1.Text(), "Mler");
+    EXPECT_EQ(Window().Text1.Caret(), 1);
+    Window().Editor_Change("M!x;ler"); // pasted
+    EXPECT_EQ(Window().Text1.Text(), "Mxler");
+    EXPECT_EQ(Window().Text1.Caret(), 2);
+    Window().Editor_KeyPress(qvm::Key::Escape);
+
+    Cells().SetText(4, 5, "0123456789abcdef");
+    Go(4, 5);
+    Key(qvm::Key::Enter);
+    Window().Editor_Change("012456789abcdef"); // Backspace behind the 3
+    EXPECT_EQ(Window().Text7.Text(), "0123456789abcdef");
+    EXPECT_EQ(Window().Text7.Caret(), 4);
+    Window().Editor_Change("0123456789Xabcdef");
+    EXPECT_EQ(Window().Text7.Caret(), 10);
+}
+
 TEST_F(F5_Editor, a_code_of_5_characters_cannot_be_confirmed_but_a_click_elsewhere_erases_it) {
     Enter(2, 4, "12345");
     EXPECT_TRUE(Window().Text2.Visible());

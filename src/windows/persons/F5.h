@@ -105,7 +105,8 @@ struct F5 {
     /// The grid was scrolled sideways: names stay in sight, until a click in column 2.
     void FGK4_Scroll() { FixedCols = 2; }
 
-    /// The text of the open box as the view holds it; what is not allowed in it is left out or put back.
+    /// The text of the open box as the view holds it; what is not allowed in it is left out or put back, and the caret
+    /// is then told where it was.
     void Editor_Change(std::string_view text);
     /// Tab and Return take over, Escape puts the old text back; other keys are the view's.
     void Editor_KeyPress(int key);

@@ -50,6 +50,20 @@ std::string Bezeichnung_Getippt(const std::string& before, std::string_view text
     return before.size() >= full ? before : Gefiltert(text, Jedes_Zeichen).substr(0, full);
 }
 
+/// Where the caret stands when `kept` became of `text`, to which the operator has changed `before`. What is behind the
+/// change is behind the caret still.
+int Einfuegestelle(std::string_view before, std::string_view text, std::string_view kept) {
+    const auto same = std::mismatch(before.begin(), before.end(), text.begin(), text.end()).first - before.begin();
+    before.remove_prefix(static_cast<std::size_t>(same));
+    text.remove_prefix(static_cast<std::size_t>(same));
+    const auto differ = std::mismatch(before.rbegin(), before.rend(), text.rbegin(), text.rend());
+    std::string_view behind(differ.first.base(), before.end());
+    while (!kept.ends_with(behind)) {
+        behind.remove_suffix(1); // the end of it did not fit any more
+    }
+    return static_cast<int>(kept.size() - behind.size());
+}
+
 } // namespace
 
 TextBox* F5::Offene_Box() {
@@ -134,13 +148,18 @@ void F5::Editor_Change(std::string_view text) {
     if (box == nullptr) {
         return;
     }
+    const std::string before = typed_;
+    const std::string offered(text); // which may be that of the box
     if (box == &Text1) {
         typed_ = Gefiltert(text, Name_Filter).substr(0, UserRecord::UserName.Width);
     } else {
         typed_ = box == &Text2 ? Code_Getippt(typed_, text) : Bezeichnung_Getippt(typed_, text);
     }
     box->Text = typed_;
-    box->Caret = static_cast<int>(typed_.size());
+    // What was allowed as a whole has left the view's caret in its place.
+    if (typed_ != offered) {
+        box->Caret = Einfuegestelle(before, offered, typed_);
+    }
 }
 
 /// The name's cell was blanked for the time; every column gets its old text back.

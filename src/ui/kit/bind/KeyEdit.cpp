@@ -42,11 +42,18 @@ void KeyEdit::showText() {
 }
 
 void KeyEdit::edited(const QString& text) {
-    if (onText) {
-        model_.Text = fromQt(text);
-        onText(model_.Text());
+    if (!onText) {
+        showText();
+        return;
     }
+    const std::string typed = fromQt(text);
+    model_.Text = typed;
+    model_.Caret = cursorPosition();
+    onText(typed);
     showText();
+    if (this->text() != text) {
+        setCursorPosition(model_.Caret); // another text has put it at its end
+    }
 }
 
 bool KeyEdit::forward(const QKeyEvent& event) {
