@@ -178,6 +178,19 @@ TEST_F(F5_Editor, of_a_code_of_eight_from_the_file_can_be_shortened_and_confirme
     EXPECT_EQ(Text(4, 4), "1234567");
 }
 
+TEST_F(F5_Editor, a_code_of_more_than_eight_from_the_file_cannot_be_confirmed) {
+    for (const char* code : {"123456789", "1234567890"}) {
+        Cells().SetText(4, 4, code);
+        Go(4, 4);
+        Key(qvm::Key::Enter);
+        Window().Editor_KeyPress(qvm::Key::Enter);
+        EXPECT_TRUE(Window().Text2.Visible()) << code;
+        EXPECT_EQ(Cells().Column, 4) << code;
+        Window().Editor_KeyPress(qvm::Key::Escape);
+        EXPECT_EQ(Text(4, 4), code);
+    }
+}
+
 TEST_F(F5_Editor, leaves_the_caret_alone_while_everything_typed_is_allowed) {
     Cells().SetText(4, 1, "Mler");
     Go(4, 1);

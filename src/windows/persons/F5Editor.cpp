@@ -208,7 +208,8 @@ bool F5::Vergeben(int row, int column, std::string_view text) const {
 bool F5::Editor_Bestaetigen() {
     const Place cell = edited_;
     const std::string text = Editor_Text();
-    if (cell.Column == UserColumn::Code && !text.empty() && text.size() < CodeLength) {
+    const bool fits = text.size() >= CodeLength && text.size() <= static_cast<std::size_t>(Text2.MaxLength);
+    if (cell.Column == UserColumn::Code && !text.empty() && !fits) {
         return false;
     }
     const bool list = Offene_Liste() != nullptr;
