@@ -1,5 +1,7 @@
 #include "GridUndo.h"
 
+#include "Secret.h"
+
 #include <algorithm>
 #include <functional>
 #include <string>
@@ -96,7 +98,24 @@ void GridUndo::Forget() {
     undo_.clear();
     redo_.clear();
     cells_.clear();
-    numbers_.clear();
+    while (!numbers_.empty()) {
+        auto kept = numbers_.extract(numbers_.begin());
+        Vergessen(kept.key().Text);
+    }
+}
+
+std::vector<std::string> GridUndo::Texts(int column) const {
+    std::vector<std::string> texts;
+    for (const std::deque<Step>* steps : {&undo_, &redo_}) {
+        for (const Step& step : *steps) {
+            for (const Run& run : step.Runs) {
+                if (column >= run.Column && column < run.Column + run.Count) {
+                    texts.push_back(Kept(run.Cell).Text);
+                }
+            }
+        }
+    }
+    return texts;
 }
 
 std::optional<UndoStep> GridUndo::Exchange(std::deque<Step>& from, std::deque<Step>& to) {

@@ -38,7 +38,7 @@ public:
     void Keep(Word stays);
     /// The step ends. False when no cell is another one than before: then there was no step.
     bool End();
-    /// No step is known any more: the grid was loaded anew.
+    /// No step is known any more: the grid was loaded anew, or nobody is to read in it. The texts are overwritten.
     void Forget();
 
     /// Takes the last step back, or does the step again that was taken back last. Nothing when there is none, and while
@@ -48,6 +48,8 @@ public:
     /// The step that Undo, or Redo, would take; nullptr when there is none.
     const UndoStep* NextUndo() const { return undo_.empty() ? nullptr : &undo_.back().Told; }
     const UndoStep* NextRedo() const { return redo_.empty() ? nullptr : &redo_.back().Told; }
+    /// The texts of a column that steps would bring back, of undo and redo alike; one may come more than once.
+    std::vector<std::string> Texts(int column) const;
     std::size_t Steps() const { return undo_.size(); }
 
 private:
