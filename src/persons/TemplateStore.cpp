@@ -33,16 +33,24 @@ ReadStatus TemplateStore::Laden(const Kern& kern) {
     return status;
 }
 
-std::optional<std::string> TemplateStore::Suchen(std::string_view fingerId) const {
+/// The number of the record; 0: none.
+int TemplateStore::Satz(std::string_view fingerId) const {
     std::string_view wanted = Trim(fingerId).substr(0, IdentifierLength);
     if (wanted.starts_with("PR")) {
         wanted.remove_prefix(2);
     }
     const auto found = recordOf_.find(std::string(Kennziffern(wanted)));
-    if (found == recordOf_.end()) {
-        return std::nullopt;
-    }
-    return file_.Text(found->second, TemplateRecord::Template);
+    return found == recordOf_.end() ? 0 : found->second;
+}
+
+std::optional<std::string> TemplateStore::Suchen(std::string_view fingerId) const {
+    const int record = Satz(fingerId);
+    return record == 0 ? std::nullopt : std::optional(file_.Text(record, TemplateRecord::Template));
+}
+
+int TemplateStore::Slot(std::string_view fingerId) const {
+    const int slot = Satz(fingerId) - SlotOffset;
+    return slot >= 1 && slot <= LastSlot ? slot : 0;
 }
 
 bool Template_Schreiben(const Kern& kern, int slot, int ownerRow, std::string_view identifier, std::string_view text) {

@@ -24,7 +24,12 @@ public:
     /// the wanted one, which may have "PR" in front. Nothing when there is none, or the identifier has no digits.
     std::optional<std::string> Suchen(std::string_view fingerId) const;
 
+    /// The slot, 1 to 251, whose record Suchen would find; 0: none, or that of a record which no slot has.
+    int Slot(std::string_view fingerId) const;
+
 private:
+    int Satz(std::string_view fingerId) const;
+
     RecordFile file_{TemplateRecord::Record};
     std::unordered_map<std::string, int> recordOf_; ///< leading digits of the identifier
 };

@@ -15,6 +15,8 @@ constexpr std::string_view Unsaved =
     u8"Die Fingerprint-Daten konnten nicht gespeichert werden. Bitte prüfen Sie den Datenträger, "
     u8"und lernen Sie den Finger noch einmal an."_w;
 
+const std::string Question = "L46 Fingerscan  ?\r\n\r\nL281\r\n\r\nL282";
+
 struct SwipeError {
     int Code;
     std::string_view Text;
@@ -32,6 +34,13 @@ struct F5_Fingers : LeserFixture {
     void Enrol(int row) {
         Window().FsRow = row;
         Fingers().FS_anerlen_Click();
+    }
+    /// From the swipe to the end of F51.
+    void Learn(int row, std::uint8_t byte) {
+        Enrol(row);
+        SayPiece(1, {byte});
+        SayStep(0x0A);
+        world.RunFor(3000);
     }
     /// Record slot + 249 of the templates.
     std::string Template(int slot) {
@@ -282,17 +291,14 @@ TEST_F(F5_Fingers, of_a_silent_unit_can_be_left) {
 
 TEST_F(F5_Fingers, whose_template_cannot_be_written_leave_row_and_file_as_they_were) {
     OpenDesk();
-    Enrol(3);
-    SayPiece(1, {5});
-    SayStep(0x0A);
-    world.RunFor(3000);
+    Learn(3, 5);
     const std::string before = world.Disk.Files[Templates];
     int operation = 1;
     for (; operation < 10; ++operation) {
         Enrol(2);
         SayPiece(1, {1});
         Break(operation, true);
-        const bool fails = operation == 1;
+        const bool fails = operation <= 3;
         if (fails) {
             ExpectText(Unsaved);
         }
@@ -307,16 +313,13 @@ TEST_F(F5_Fingers, whose_template_cannot_be_written_leave_row_and_file_as_they_w
         EXPECT_TRUE(Window().Fenster.Enabled);
         EXPECT_FALSE(Enrolment().Fenster.Visible);
     }
-    EXPECT_EQ(operation, 2) << "one write in place";
+    EXPECT_EQ(operation, 4) << "templates and users are read, then one write in place";
     EXPECT_EQ(Text(2, UserColumn::KeyLabel), "Slot_Nr: 002");
 }
 
 TEST_F(F5_Fingers, are_taken_back_by_one_undo_which_says_that_the_template_stays) {
     OpenDesk();
-    Enrol(2);
-    SayPiece(1, {1});
-    SayStep(0x0A);
-    world.RunFor(3000);
+    Learn(2, 1);
     Window().F5_Undo_Click();
     EXPECT_EQ(FingerOf(2), "||501");
     EXPECT_NE(Window().Hinweis.Text().find("Fingerprint-Daten"), std::string::npos);
@@ -372,16 +375,69 @@ TEST_F(F5_Fingers, whose_slot_has_two_digits_have_one_leading_zero) {
     EXPECT_EQ(Text(20, UserColumn::KeyLabel), "Slot_Nr: 010");
 }
 
-// ---- deletion and class
+TEST_F(F5_Fingers, of_a_user_whose_deletion_is_not_saved_keep_their_template) {
+    files.User(1, {.Name = "Anna", .Label = "Slot_Nr: 001", .FingerFlag = "FS", .FingerId = "PR77"});
+    world.Disk.Files[Templates] = std::string(249 * RecordSize, '\0') + "2    77" + std::string(19, ' ') + "1 : 2 : ";
+    world.Disk.Files[Templates].resize(250 * RecordSize, ' ');
+    const std::string before = world.Disk.Files[Templates];
+    OpenDesk();
+    Window().FsRow = 2;
+    ExpectText(Question, Answer::Yes);
+    Fingers().FS_loeschen_Click();
+    EXPECT_EQ(Fingers().NextSlot(), 1);
+    Learn(3, 9);
+    EXPECT_EQ(Text(3, UserColumn::KeyLabel), "Slot_Nr: 002");
+    EXPECT_EQ(world.Disk.Files[Templates].substr(0, before.size()), before);
+    world.RunFor(3000);
+    Window().F5_Undo_Click();
+    Window().F5_Undo_Click();
+    EXPECT_EQ(FingerOf(2), "Slot_Nr: 001|PR77|503");
+}
 
-const std::string Question = "L46 Fingerscan  ?\r\n\r\nL281\r\n\r\nL282";
+TEST_F(F5_Fingers, that_an_undo_can_bring_back_keep_their_template) {
+    OpenDesk();
+    Learn(2, 1);
+    const std::string before = Template(1);
+    Window().F5_Undo_Click(); // a redo brings it back
+    Learn(3, 9);
+    EXPECT_EQ(Text(3, UserColumn::KeyLabel), "Slot_Nr: 002");
+    EXPECT_EQ(Template(1), before);
+    world.RunFor(3000);
+    // Behind the new step there is no redo, and nobody names the first template any more.
+    Learn(4, 8);
+    EXPECT_EQ(Text(4, UserColumn::KeyLabel), "Slot_Nr: 001");
+}
+
+TEST_F(F5_Fingers, whose_slot_is_cleared_in_the_table_keep_their_template) {
+    OpenDesk();
+    Learn(2, 1);
+    const std::string before = Template(1);
+    Go(2, UserColumn::KeyLabel);
+    Key(qvm::Key::Delete);
+    EXPECT_EQ(FingerOf(2), "|826021800|502");
+    Learn(3, 9);
+    EXPECT_EQ(Text(3, UserColumn::KeyLabel), "Slot_Nr: 002");
+    EXPECT_EQ(Template(1), before);
+}
+
+TEST_F(F5_Fingers, that_are_deleted_for_good_give_their_slot_to_the_next) {
+    OpenDesk();
+    Learn(2, 1);
+    Window().FsRow = 2;
+    ExpectText(Question, Answer::Yes);
+    Fingers().FS_loeschen_Click();
+    Press("Speichern");
+    Back();
+    Window().F5_FormLaden();
+    Learn(3, 9);
+    EXPECT_EQ(Text(3, UserColumn::KeyLabel), "Slot_Nr: 001");
+}
+
+// ---- deletion and class
 
 TEST_F(F5_Fingers, that_are_deleted_free_their_slot_and_the_marks_up_to_lock_194) {
     OpenDesk();
-    Enrol(2);
-    SayPiece(1, {1});
-    SayStep(0x0A);
-    world.RunFor(3000);
+    Learn(2, 1);
     for (const int column : {8, 9, 201, 202, 207}) {
         Cells().SetText(2, column, column == 9 ? "X" : "F");
     }

@@ -1,22 +1,23 @@
 #include "F5Finger.h"
 
 #include "AntwortLayouts.h"
+#include "Secret.h"
 #include "SeriellesProtokoll.h"
 #include "TelegrammeUnit.h"
 #include "TemplateStore.h"
 #include "UserRecords.h"
 #include "Zeit.h"
 
-#include <array>
 #include <cstddef>
 #include <string_view>
+#include <vector>
 
 namespace qvm {
 namespace {
 
 constexpr std::string_view SlotText = "Slot_Nr:", PremiumMark = "PR";
 constexpr std::size_t SlotDigitsAt = 9, SlotDigits = 3; ///< characters 10 to 12
-constexpr int HighestSlot = 999, Slots = 250;
+constexpr int UsualSlots = 250;
 /// The last column of which FS_loeschen takes an "F": locks 195 to 200 keep theirs.
 constexpr int LastFingerColumn = 201;
 
@@ -59,7 +60,7 @@ void F5Finger::Verlassen() {
     if (link.AnswerDue == TelFingerAnlernen::Telegram.Code) {
         link.AnswerDue = 0;
     }
-    template_.clear();
+    Vergessen(template_);
     f5.Fenster.Enabled = true;
 }
 
@@ -92,8 +93,8 @@ void F5Finger::Finger_Schritt() {
     }
 }
 
-int F5Finger::NextSlot() const {
-    std::array<bool, HighestSlot + 1> used{};
+F5Finger::Slots F5Finger::Bezeichnete() const {
+    Slots used{};
     for (int row = UserGrid::FirstRow; row <= UserGrid::LastRow; ++row) {
         const std::string_view label = Trim(f5.FGK4.Text(row, UserColumn::KeyLabel));
         if (!label.starts_with(SlotText) || label.size() <= SlotDigitsAt) {
@@ -108,11 +109,34 @@ int F5Finger::NextSlot() const {
         }
         used[static_cast<std::size_t>(slot)] = true;
     }
+    return used;
+}
+
+int F5Finger::Freier(const Slots& used) {
     int slot = 1;
-    while (slot <= Slots && used[static_cast<std::size_t>(slot)]) {
+    while (slot <= UsualSlots && used[static_cast<std::size_t>(slot)]) {
         ++slot;
     }
     return slot;
+}
+
+std::optional<int> F5Finger::Slot_Zum_Schreiben() const {
+    TemplateStore templates;
+    RecordFile saved(UserRecord::Record);
+    if (templates.Laden(kern) == ReadStatus::Error ||
+        saved.Laden(kern.Welt.Files, kern.DatPfad()) == ReadStatus::Error) {
+        return std::nullopt;
+    }
+    std::vector<std::string> fingers = f5.Verlauf.Texts(UserColumn::FingerId);
+    for (int user = 1; user <= UserGrid::Users; ++user) {
+        fingers.push_back(saved.Text(user, UserRecord::FingerId));
+        fingers.push_back(f5.FGK4.Text(UserGrid::RowOf(user), UserColumn::FingerId));
+    }
+    Slots used = Bezeichnete();
+    for (const std::string& finger : fingers) {
+        used[static_cast<std::size_t>(templates.Slot(finger))] = true; // of 0 nobody asks
+    }
+    return Freier(used);
 }
 
 bool F5Finger::Finger_Speichern() {
@@ -129,15 +153,15 @@ bool F5Finger::Finger_Speichern() {
         return false;
     }
     const std::string identifier = Ziffern(Sekunden_Seit_2000(kern.Welt.Now()));
-    const int slot = NextSlot();
-    if (!Template_Schreiben(kern, slot, asked_.Row, identifier, template_)) {
+    const std::optional<int> slot = Slot_Zum_Schreiben();
+    if (!slot || !Template_Schreiben(kern, *slot, asked_.Row, identifier, template_)) {
         kern.Meldung(Wort(kern, Word::FingerUnsaved), Buttons::Ok, Icon::Exclamation);
         return false;
     }
     f5.Aendern(Word::StepFinger, [&] {
         f5.FGK4.SetText(asked_.Row, UserColumn::FingerId, identifier);
         f5.FGK4.SetPicture(asked_.Row, UserColumn::Finger, FingerPicture::Standard);
-        f5.FGK4.SetText(asked_.Row, UserColumn::KeyLabel, Slottext(slot));
+        f5.FGK4.SetText(asked_.Row, UserColumn::KeyLabel, Slottext(*slot));
         f5.Verlauf.Keep(Word::TemplateStays);
     });
     return true;

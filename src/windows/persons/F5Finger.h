@@ -3,6 +3,7 @@
 #include "F51.h"
 #include "F5Leser.h"
 
+#include <array>
 #include <optional>
 #include <string>
 
@@ -38,9 +39,17 @@ struct F5Finger {
     /// behind a message, when nothing was stored.
     bool Finger_Speichern();
     /// The lowest slot from 1 to 250 that stands in no row's label; 251 when all do.
-    int NextSlot() const;
+    int NextSlot() const { return Freier(Bezeichnete()); }
 
 private:
+    static constexpr int HighestSlot = 999;
+    using Slots = std::array<bool, HighestSlot + 1>; ///< which are used
+
+    Slots Bezeichnete() const;
+    static int Freier(const Slots& used);
+    /// As NextSlot, but that no slot is taken whose template somebody may still ask for: a user of the file, one of the
+    /// table, or one that an undo or redo brings back. Nothing when the files cannot be read.
+    std::optional<int> Slot_Zum_Schreiben() const;
     void Verlassen();
     bool Eintragen(int row, int slot, const std::string& identifier);
 
