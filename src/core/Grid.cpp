@@ -1,5 +1,7 @@
 #include "Grid.h"
 
+#include "Secret.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -82,6 +84,15 @@ void Grid::SetPicture(int row, int column, int picture) {
 
 void Grid::SetBold(int row, int column, bool bold) {
     Teil_Setzen(*this, row, column, &Cell::Bold, bold);
+}
+
+void Grid::Spalte_Vergessen(int column) {
+    for (int row = 0; row < rows_ && Holds(row, column); ++row) {
+        Vergessen(cells_[Index(row, column, columns_)].Text);
+    }
+    if (CellChanged) {
+        CellChanged(-1, -1);
+    }
 }
 
 void Grid::ClearRows(int fromRow) {

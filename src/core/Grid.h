@@ -44,6 +44,9 @@ public:
     void SetFontSize(int row, int column, int points);
     void SetPicture(int row, int column, int picture);
     void SetBold(int row, int column, bool bold);
+    /// Overwrites the texts of a column, in every row, and leaves them empty. An undo is told nothing, which would keep
+    /// them.
+    void Spalte_Vergessen(int column);
     /// Empty cells from the row on.
     void ClearRows(int fromRow = 0);
 

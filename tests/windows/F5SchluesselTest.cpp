@@ -352,6 +352,35 @@ TEST_F(F5_Keys, that_an_undo_has_brought_back_are_not_pasted_a_second_time) {
     EXPECT_EQ(KeyOf(2), "|");
 }
 
+TEST_F(F5_Keys, and_codes_are_overwritten_when_the_window_is_closed) {
+    files.User(2, {.Name = "Bert", .Code = "246813", .KeyId = "1 : 2 : 3 : 4", .KeyData = std::string(93, '7')});
+    OpenDesk();
+    const std::string& data = Text(3, UserColumn::KeyData);
+    const std::string& code = Text(3, UserColumn::Code);
+    ASSERT_EQ(data + code, std::string(93, '7') + "246813");
+    const char* bytes = data.data();
+    const char* digits = code.data();
+    Back();
+    EXPECT_EQ(data + code + Text(3, UserColumn::KeyId), "");
+    EXPECT_EQ(std::string(bytes, 93), std::string(93, '\0'));
+    EXPECT_EQ(std::string(digits, 6), std::string(6, '\0'));
+}
+
+TEST_F(F5_Keys, that_are_cut_are_forgotten_when_the_window_is_closed_and_so_is_every_step_back) {
+    OpenDesk();
+    Window().MenuRow = 3;
+    Keys().key_ausschneiden_Click();
+    ExpectText("*", Answer::No);
+    Back();
+    ASSERT_FALSE(Window().Fenster.Visible);
+    EXPECT_EQ(Window().Verlauf.Steps(), 0U);
+    Window().F5_FormLaden();
+    Cells().SetText(3, UserColumn::KeyId, "");
+    Window().MenuRow = 2;
+    Keys().key_einfuegen_Click();
+    EXPECT_EQ(KeyOf(2), "|");
+}
+
 TEST_F(F5_Keys, that_are_cut_survive_the_learning_of_others) {
     OpenDesk();
     Window().MenuRow = 3;

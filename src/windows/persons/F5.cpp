@@ -5,6 +5,7 @@
 #include "FileTrouble.h"
 #include "Fragen.h"
 #include "LockRecords.h"
+#include "Secret.h"
 #include "TimeRecords.h"
 #include "UserRecords.h"
 #include "Zeitgruppen.h"
@@ -121,7 +122,22 @@ void F5::F5_Schliessen() {
     Timer1.Stop();
     Timer2.Stop();
     Fenster.Visible = false;
+    Geheimnisse_Vergessen();
     kern.Windows.BackToMain();
+}
+
+/// Nobody reads in the table until it is loaded anew.
+void F5::Geheimnisse_Vergessen() {
+    for (const int column : {UserColumn::Code, UserColumn::KeyId, UserColumn::KeyData}) {
+        FGK4.Spalte_Vergessen(column);
+    }
+    Verlauf.Forget();
+    Verlauf_Zeigen();
+    Vergessen(typed_);
+    Vergessen(oldText_);
+    if (Geschlossen) {
+        Geschlossen();
+    }
 }
 
 bool F5::Aendern(Word what, const std::function<void()>& change) {

@@ -78,6 +78,7 @@ struct F5 {
     Timer Timer1; ///< tints the heads of the row and the column under the mouse
     Timer Timer2; ///< looks where the mouse is
 
+    std::function<void()> Geschlossen;                     ///< what was cut out of the table is to be forgotten, too
     std::function<void()> F16_Oeffnen;                     ///< the search window
     std::function<void(F5Menu which)> Menue_Zeigen;        ///< opens a menu over the current cell
     std::function<bool(int& row, int& column)> Maus_Zelle; ///< the cell under the mouse
@@ -89,7 +90,8 @@ struct F5 {
     void Texte_Setzen();
     /// One key of the tool bar. An open editor is left first, as by any click elsewhere.
     void Toolbar1_ButtonClick(std::string_view key);
-    /// "Zurück", and the window's own close button: asks while there is something to save.
+    /// "Zurück", and the window's own close button: asks while there is something to save. Codes, keys
+    /// and what undo has kept of them are overwritten.
     void F5_Schliessen();
 
     /// A mouse button was released on the cell, which becomes the current one. A menu opens, or a mark is stepped. A
@@ -153,6 +155,7 @@ private:
     void Stand_Zeigen();
     void Verlauf_Zeigen();
     void Schritt_Gehen(std::optional<UndoStep> (GridUndo::*way)(), Word told);
+    void Geheimnisse_Vergessen();
     bool Speichern();
     void Neu();
     void Csv_Schreiben();

@@ -1,11 +1,10 @@
 #include "F5Schluessel.h"
 
 #include "AntwortLayouts.h"
+#include "Secret.h"
 #include "SeriellesProtokoll.h"
 #include "TelegrammeUnit.h"
 #include "UserRecords.h"
-
-#include <utility>
 
 namespace qvm {
 namespace {
@@ -23,6 +22,7 @@ constexpr Colour TransponderGround = 0x80FFFF;
 F5Schluessel::F5Schluessel(F5& window, F16& search, Link& serialLink, AdapterListe& list)
     : f5(window), f16(search), kern(window.kern), link(serialLink), Adapter(list), Wache(window.kern.Welt, 1000) {
     Wache.Ticked = [this] { Nachsehen(); };
+    f5.Geschlossen = [this] { Ausgeschnittenes_Vergessen(); };
 }
 
 void F5Schluessel::Melden(int line, Icon sign) const {
@@ -235,11 +235,20 @@ void F5Schluessel::key_ausschneiden_Click() {
     if (row < UserGrid::FirstRow || Trim(id).empty()) {
         return;
     }
+    Ausgeschnittenes_Vergessen();
     cut_ = Clipboard{.Id = id, .Data = f5.FGK4.Text(row, UserColumn::KeyData), .Channel = Key_Kanal_Lesen(kern, row)};
     f5.Aendern(Word::StepCut, [&] {
         f5.FGK4.SetText(row, UserColumn::KeyId, "");
         f5.FGK4.SetText(row, UserColumn::KeyData, "");
     });
+}
+
+void F5Schluessel::Ausgeschnittenes_Vergessen() {
+    if (cut_) {
+        Vergessen(cut_->Id);
+        Vergessen(cut_->Data);
+        cut_.reset();
+    }
 }
 
 void F5Schluessel::key_einfuegen_Click() {
@@ -252,7 +261,8 @@ void F5Schluessel::key_einfuegen_Click() {
         Melden(cut_->Id.starts_with('#') ? Line::TransponderAssigned : Line::KeyAssigned);
         return;
     }
-    const Clipboard key = *std::exchange(cut_, std::nullopt);
+    const Clipboard key = *cut_;
+    Ausgeschnittenes_Vergessen();
     bool written = false;
     f5.Aendern(Word::StepPaste, [&] {
         f5.FGK4.SetText(row, UserColumn::KeyId, key.Id);

@@ -59,6 +59,7 @@ private:
         KeyKanal Channel;
     };
 
+    void Ausgeschnittenes_Vergessen();
     void EKey_Fragen(std::uint8_t mode, std::uint8_t wish);
     void EKey_Anlernen();
     void Transponder_Fragen(bool search);
