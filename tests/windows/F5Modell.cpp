@@ -129,13 +129,39 @@ void PlainTable::SetFinger(int row, const std::string& finger) {
     });
 }
 
+void PlainTable::RemoveFinger(int row) {
+    Replace(row, [](PlainUser& user) {
+        user.Label.clear();
+        user.Finger.clear();
+        user.Picture = NoFinger;
+        std::replace(user.Marks.begin() + 1, user.Marks.begin() + 195, 'F', ' ');
+    });
+}
+
+int PlainTable::KeyRow(const std::string& key) const {
+    for (int row = 2; row <= 251; ++row) {
+        if (At(row).Key == key) {
+            return row;
+        }
+    }
+    return 0;
+}
+
+bool PlainTable::HasFinger(const std::string& finger) const {
+    return Taken(0, &PlainUser::Finger, finger);
+}
+
+bool PlainTable::HasLabel(const std::string& label) const {
+    return Taken(0, &PlainUser::Label, label);
+}
+
 void PlainTable::StepMarks(int top, int firstLock, int bottom, int lastLock) {
     for (int row = top; row <= bottom; ++row) {
         Replace(row, [&](PlainUser& user) {
             for (int lock = firstLock; lock <= lastLock; ++lock) {
                 char& mark = user.Marks[static_cast<std::size_t>(lock)];
                 if (Named(lock) && !user.Name.empty()) {
-                    mark = mark == 0 ? 'X' : mark == 'X' && !user.Finger.empty() ? 'F' : '\0';
+                    mark = mark == 0 || mark == ' ' ? 'X' : mark == 'X' && !user.Finger.empty() ? 'F' : '\0';
                 }
             }
         });

@@ -37,6 +37,12 @@ public:
     void SetRight(int row, const std::string& right);
     void SetKey(int row, const std::string& key, const std::string& data);
     void SetFinger(int row, const std::string& finger);
+    /// With its slot and its marks, of which a blank stays, up to lock 194.
+    void RemoveFinger(int row);
+    /// The first row with this key; 0: none.
+    int KeyRow(const std::string& key) const;
+    bool HasFinger(const std::string& finger) const;
+    bool HasLabel(const std::string& label) const;
     /// Locks whose number is a multiple of three, and those above 12 but for 199 and 200, have no name.
     static bool Named(int lock) { return (lock <= 12 || lock >= 199) && lock % 3 != 0; }
     void StepMarks(int top, int firstLock, int bottom, int lastLock);
