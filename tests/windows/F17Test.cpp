@@ -4,6 +4,7 @@
 
 #include "AntwortRahmen.h"
 #include "FensterFixture.h"
+#include "SeriellesProtokoll.h"
 #include "Text.h"
 
 namespace qvm::test {
@@ -340,6 +341,36 @@ TEST_F(F17_Code, a_change_that_nobody_confirms_is_told_after_36_seconds) {
     world.RunFor(60000);
 }
 
+TEST_F(F17_Code, a_change_that_nobody_confirms_is_told_whatever_was_sent_meanwhile) {
+    Change("104212", "100000", "100000");
+    Say(0x04, 4);
+    world.RunFor(10000);
+    TelFingerAbfrage_Senden(programm->link, 0, 0);
+    const std::uint8_t other = programm->link.AnswerDue;
+    ASSERT_EQ(other, 0xA3);
+    world.Answers.push_back({.Text = std::string(Unconfirmed)});
+    world.RunFor(26000);
+    ASSERT_EQ(world.Shown.size(), 1U);
+    EXPECT_EQ(LastTitle(), CodeChangeTitle);
+    EXPECT_TRUE(Dialog().Unbestaetigt);
+    EXPECT_EQ(programm->link.AnswerDue, other) << "its own answer is still owed";
+}
+
+TEST_F(F17_Code, a_change_that_nobody_confirms_is_told_while_the_next_login_is_awaited) {
+    Change("104212", "100000", "100000");
+    Say(0x04, 4);
+    Click(1, F13Column::Code);
+    world.RunFor(20000);
+    Change("104212", "100000", "100000");
+    world.Answers.push_back({.Text = std::string(Unconfirmed)});
+    world.RunFor(16000);
+    EXPECT_EQ(world.Shown.size(), 1U);
+    EXPECT_TRUE(Box().Fenster.Visible);
+    Before = world.Written.size();
+    Say(0x04, 4);
+    EXPECT_NE(LastChange(), SentBytes{});
+}
+
 TEST_F(F17_Code, of_a_change_no_secret_is_left_once_it_was_answered) {
     Change("104212", "100000", "100000");
     Say(0x04, 4);
@@ -369,6 +400,8 @@ TEST_F(F17_Code, opened_from_the_units_goes_back_to_them_and_leaves_the_session_
     EXPECT_FALSE(programm->Transfer->F13.Fenster.Enabled);
     Say(0x12, 4);
     EXPECT_EQ(SentCodes().back(), 0x28) << "the channel change follows";
+    world.RunFor(60000);
+    EXPECT_TRUE(world.Shown.empty()) << "and the change is no open one";
 }
 
 TEST_F(F17_Code, cancelled_from_the_units_forgets_them_and_goes_back) {

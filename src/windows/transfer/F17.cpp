@@ -19,9 +19,11 @@ constexpr std::uint8_t Pending = 0xFF, CodeTaken = 4;
 } // namespace
 
 F17::F17(Programmierlauf& programmierlauf, F18& wait)
-    : run(programmierlauf), kern(programmierlauf.kern), f18(wait), Frist(programmierlauf.kern.Welt, PatienceMs) {
+    : run(programmierlauf), kern(programmierlauf.kern), f18(wait), Frist(programmierlauf.kern.Welt, PatienceMs),
+      Bestaetigung(programmierlauf.kern.Welt, PatienceMs) {
     Text1.MaxLength = Text2.MaxLength = Text3.MaxLength = CodeEntry::Length;
     Frist.Ticked = [this] { Frist_Abgelaufen(); };
+    Bestaetigung.Ticked = [this] { Nicht_Bestaetigt(); };
 }
 
 bool F17::Einheit() const {
@@ -105,20 +107,28 @@ void F17::Warten_Beenden() {
 }
 
 void F17::Frist_Abgelaufen() {
-    if (Wartet()) {
-        Warten_Beenden();
-        Melden(Line::CheckCode);
+    if (!Wartet()) {
+        Frist.Stop();
         return;
     }
-    // The change itself stands open.
-    const bool due = run.link.AnswerDue == TelCodeAendern::Telegram.Code;
-    Frist.Stop();
-    if (due) {
-        Unbestaetigt = true;
+    Warten_Beenden();
+    Melden(Line::CheckCode);
+}
+
+void F17::Nicht_Bestaetigt() {
+    Bestaetigung.Stop();
+    const std::uint8_t due = run.link.AnswerDue;
+    // The session of a unit goes on by itself behind the answer, of which this window hears nothing then.
+    if (unit_ && due != TelCodeAendern::Telegram.Code) {
+        return;
+    }
+    Unbestaetigt = true;
+    // What was sent meanwhile goes on, with the secrets that it needs.
+    if (due == 0 || due == TelCodeAendern::Telegram.Code) {
         run.link.AnswerDue = 0;
         Beantwortet();
-        kern.Meldung(Wort(kern, Word::CodeUnanswered), Buttons::Ok, Icon::Exclamation, CodeTitle);
     }
+    kern.Meldung(Wort(kern, Word::CodeUnanswered), Buttons::Ok, Icon::Exclamation, CodeTitle);
 }
 
 bool F17::Pruefen() const {
@@ -141,14 +151,14 @@ void F17::Angemeldet() {
     }
     AdminCodeBytes from = old_.Gepackt();
     AdminCodeBytes to = new_.Gepackt();
-    const bool unit = Einheit();
-    if (unit) {
+    unit_ = Einheit();
+    if (unit_) {
         run.link.Lauf.Chain.LaufZiel = "F22";
     }
     Schliessen();
-    Rufen(unit ? Zu_F20 : Zu_F13);
+    Rufen(unit_ ? Zu_F20 : Zu_F13);
     if (TelCodeAendern_Senden(run.link, from, to)) {
-        Frist.Start(PatienceMs);
+        Bestaetigung.Start(PatienceMs);
     } else {
         Melden(Line::PortNotOpened);
     }
@@ -157,7 +167,7 @@ void F17::Angemeldet() {
 }
 
 void F17::Beantwortet() {
-    Frist.Stop();
+    Bestaetigung.Stop();
     Geaendert = !Unbestaetigt && run.link.RxByte(2) == RpCodeErgebnis::Reply.Code &&
                 run.link.RxByte(RpCodeErgebnis::Status.Offset) == CodeTaken;
     // What has begun meanwhile needs its own, and forgets them at its end.

@@ -24,7 +24,8 @@ struct F17 {
     Label Label1, Label2, Label3;
     TextBox Text1, Text2, Text3; ///< old code, new code, repeat: one "*" for each character typed
     Button Command1, Command2;   ///< OK, cancel
-    Timer Frist;                 ///< runs out when the device does not answer
+    Timer Frist;                 ///< runs out when the device does not answer the login
+    Timer Bestaetigung;          ///< runs while a change was sent and not answered, whatever is sent meanwhile
     bool Geaendert = false;      ///< the device has taken the last change
     bool Unbestaetigt = false;   ///< it has said nothing to it
 
@@ -54,12 +55,14 @@ private:
     bool Wartet() const;
     void Tippen(CodeEntry& entry, int key);
     void Frist_Abgelaufen();
+    void Nicht_Bestaetigt();
     void Warten_Beenden();
     /// False, with a message, when the entries are no change.
     bool Pruefen() const;
     void Melden(int line) const;
     void Schliessen();
 
+    bool unit_ = false; ///< the change that was sent last is a unit's
     CodeEntry old_{Text1}, new_{Text2}, repeat_{Text3};
     Listener words_ = Worte_Folgen(*this);
 };
