@@ -37,6 +37,7 @@ struct F5 {
     static constexpr int LastTabColumn = 200; ///< at it and behind it nothing moves to the right
     static constexpr int TintInterval = 10;   ///< ms of Timer1
     static constexpr std::string_view InfoTitle = "INFO";
+    static constexpr std::string_view FingerSlot = "Slot_Nr:"; ///< so begins the designation of a fingerprint
 
     Kern& kern;
 

@@ -8,8 +8,7 @@
 namespace qvm {
 namespace {
 
-constexpr std::string_view FingerSlot = "Slot_Nr:"; ///< a designation that begins so belongs to a fingerprint
-constexpr std::size_t CodeLength = 6;               ///< typed; a longer one comes from the file
+constexpr std::size_t CodeLength = 6; ///< typed; a longer one comes from the file
 
 /// The rights, the default first.
 constexpr std::array<std::string_view, 6> Rights{"1", "0", "1/2", "1/3", "ADMI", "FS+"};

@@ -15,7 +15,7 @@
 namespace qvm {
 namespace {
 
-constexpr std::string_view SlotText = "Slot_Nr:", PremiumMark = "PR";
+constexpr std::string_view PremiumMark = "PR";
 constexpr std::size_t SlotDigitsAt = 9, SlotDigits = 3; ///< characters 10 to 12
 constexpr int UsualSlots = 250;
 /// The last column of which FS_loeschen takes an "F": locks 195 to 200 keep theirs.
@@ -24,7 +24,7 @@ constexpr int LastFingerColumn = 201;
 std::string Slottext(int slot) {
     std::string digits = Ziffern(slot);
     digits.insert(0, digits.size() < SlotDigits ? SlotDigits - digits.size() : 0, '0');
-    return std::string(SlotText) + " " + digits;
+    return std::string(F5::FingerSlot) + " " + digits;
 }
 
 void Fehler_Melden(const Kern& kern, Word which) {
@@ -97,7 +97,7 @@ F5Finger::Slots F5Finger::Bezeichnete() const {
     Slots used{};
     for (int row = UserGrid::FirstRow; row <= UserGrid::LastRow; ++row) {
         const std::string_view label = Trim(f5.FGK4.Text(row, UserColumn::KeyLabel));
-        if (!label.starts_with(SlotText) || label.size() <= SlotDigitsAt) {
+        if (!label.starts_with(F5::FingerSlot) || label.size() <= SlotDigitsAt) {
             continue;
         }
         const auto slot = Zahlwert(label.substr(SlotDigitsAt, SlotDigits));

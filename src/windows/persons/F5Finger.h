@@ -51,7 +51,6 @@ private:
     /// table, or one that an undo or redo brings back. Nothing when the files cannot be read.
     std::optional<int> Slot_Zum_Schreiben() const;
     void Verlassen();
-    bool Eintragen(int row, int slot, const std::string& identifier);
 
     F5Zeile asked_;
     std::string template_; ///< decimals, each followed by " : "

@@ -63,7 +63,6 @@ private:
     void EKey_Fragen(std::uint8_t mode, std::uint8_t wish);
     void EKey_Anlernen();
     void Transponder_Fragen(bool search);
-    void Transponder_Lernen(const std::string& id);
     void Transponder_Suchen(std::string_view id);
     void Slot_Freigeben(std::uint8_t slot);
     void Warten_Beenden();
