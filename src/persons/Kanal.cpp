@@ -7,6 +7,7 @@
 #include "UserTable.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -104,13 +105,16 @@ bool Key_Kanal_Bestaetigen(const Kern& kern, Grid& users, int row) {
     return written;
 }
 
-KeyKanal Key_Kanal_Lesen(const Kern& kern, int row) {
+std::optional<KeyKanal> Key_Kanal_Lesen(const Kern& kern, int row) {
+    if (!Ist_Benutzerzeile(row)) {
+        return KeyKanal{};
+    }
     RecordFile channels(ChannelRecord::Record);
-    if (!Ist_Benutzerzeile(row) || channels.Laden(kern.Welt.Files, kern.DatPfad()) == ReadStatus::Error) {
+    if (channels.Laden(kern.Welt.Files, kern.DatPfad()) == ReadStatus::Error) {
         return {};
     }
-    return {.Change = std::string(Trim(channels.Text(row - 1, ChannelRecord::Ekeychange))),
-            .Target = std::string(Trim(channels.Text(row - 1, ChannelRecord::TargetChannel)))};
+    return KeyKanal{.Change = std::string(Trim(channels.Text(row - 1, ChannelRecord::Ekeychange))),
+                    .Target = std::string(Trim(channels.Text(row - 1, ChannelRecord::TargetChannel)))};
 }
 
 bool Key_Kanal_Einfuegen(const Kern& kern, Grid& users, int row, const KeyKanal& channel) {

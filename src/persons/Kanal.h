@@ -2,6 +2,7 @@
 
 #include "Grid.h"
 
+#include <optional>
 #include <string>
 
 namespace qvm {
@@ -42,8 +43,8 @@ struct KeyKanal {
 
     bool operator==(const KeyKanal&) const = default;
 };
-/// Blank texts for other rows than 2 to 251, and when the file cannot be read.
-KeyKanal Key_Kanal_Lesen(const Kern& kern, int row);
+/// Blank texts for other rows than 2 to 251. Nothing when the file cannot be read.
+std::optional<KeyKanal> Key_Kanal_Lesen(const Kern& kern, int row);
 /// A key that brings this along was pasted into the row: its flag, and its target as EKold. The key's cell becomes
 /// black where the flag is "0", and red otherwise; that of a transponder, which has no channel, black.
 bool Key_Kanal_Einfuegen(const Kern& kern, Grid& users, int row, const KeyKanal& channel);

@@ -2,6 +2,8 @@
 
 #include "PersonsFixture.h"
 
+#include <optional>
+
 namespace qvm {
 namespace {
 
@@ -159,9 +161,9 @@ struct Key_Kanal_Einfuegen : Kanal {};
 
 TEST_F(Key_Kanal_Einfuegen, takes_flag_and_target_of_the_row_that_the_key_comes_from) {
     File(ChannelFile) = "5  7  9  1  1  " + std::string("1  2  3  0  0  ");
-    const KeyKanal cut = Key_Kanal_Lesen(kern, 2);
+    const auto cut = Key_Kanal_Lesen(kern, 2);
     EXPECT_EQ(cut, (KeyKanal{"1", "9"}));
-    EXPECT_TRUE(qvm::Key_Kanal_Einfuegen(kern, table.FGK4, 3, cut));
+    EXPECT_TRUE(qvm::Key_Kanal_Einfuegen(kern, table.FGK4, 3, cut.value()));
     EXPECT_EQ(File(ChannelFile), "5  7  9  1  1  " + std::string("1  9  3  0  1  "));
     EXPECT_EQ(table.FGK4.At(3, 6).ForeColor, 0x0000FFU);
 }
@@ -228,6 +230,13 @@ TEST_F(Kanal_Umstellen, refuses_a_channel_outside_1_to_12) {
     EXPECT_FALSE(qvm::Kanal_Umstellen(kern, 0));
     EXPECT_FALSE(qvm::Kanal_Umstellen(kern, 13));
     EXPECT_FALSE(Has(ChannelFile));
+}
+
+TEST_F(Key_Kanal_Einfuegen, nothing_is_known_of_a_file_that_cannot_be_read) {
+    File(ChannelFile) = "5  7  9  1  1  ";
+    Welt.Disk.Operations = 0;
+    Welt.Disk.FailAt = 1;
+    EXPECT_EQ(Key_Kanal_Lesen(kern, 2), std::nullopt);
 }
 
 // ---- failing files

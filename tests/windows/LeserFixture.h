@@ -2,6 +2,7 @@
 
 #include "AntwortRahmen.h"
 #include "F5Fixture.h"
+#include "Text.h"
 
 #include <cstdint>
 #include <string>
@@ -11,6 +12,13 @@
 namespace qvm::test {
 
 using LineBytes = std::vector<std::uint8_t>;
+
+inline constexpr std::string_view ChannelUnsaved =
+    u8"Der Funkkanal des E-Keys konnte nicht gespeichert werden. Bitte prüfen Sie den "
+    u8"Datenträger, und synchronisieren Sie den E-Key danach."_w;
+inline constexpr std::string_view ReaderPulled =
+    u8"Der Funkadapter wurde getrennt. Bitte stecken Sie ihn wieder an, und wiederholen Sie den "
+    u8"Vorgang."_w;
 
 /// The user window with an adapter of each kind on the desk, and a far end that says what the test wants.
 struct LeserFixture : F5Fixture {

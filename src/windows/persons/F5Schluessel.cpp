@@ -1,6 +1,7 @@
 #include "F5Schluessel.h"
 
 #include "AntwortLayouts.h"
+#include "FileTrouble.h"
 #include "Secret.h"
 #include "SeriellesProtokoll.h"
 #include "TelegrammeUnit.h"
@@ -235,8 +236,16 @@ void F5Schluessel::key_ausschneiden_Click() {
     if (row < UserGrid::FirstRow || Trim(id).empty()) {
         return;
     }
+    const std::optional<KeyKanal> channel = Key_Kanal_Lesen(kern, row);
+    if (!channel) {
+        const FileTrouble trouble{.File = std::string(ChannelRecord::Record.File),
+                                  .Fault = Lesefehler(kern.Welt.Files)};
+        kern.Meldung(Wort(kern, Word::FileNotRead, {Dateimaengel_Text(kern, {&trouble, 1})}), Buttons::Ok,
+                     Icon::Exclamation);
+        return;
+    }
     Ausgeschnittenes_Vergessen();
-    cut_ = Clipboard{.Id = id, .Data = f5.FGK4.Text(row, UserColumn::KeyData), .Channel = Key_Kanal_Lesen(kern, row)};
+    cut_ = Clipboard{.Id = id, .Data = f5.FGK4.Text(row, UserColumn::KeyData), .Channel = *channel};
     f5.Aendern(Word::StepCut, [&] {
         f5.FGK4.SetText(row, UserColumn::KeyId, "");
         f5.FGK4.SetText(row, UserColumn::KeyData, "");

@@ -37,7 +37,8 @@ struct F5Schluessel {
     void key_synchron_Click();
     void Save_RFID_Click() { Transponder_Fragen(false); }
     void Search_RFID_Click() { Transponder_Fragen(true); }
-    /// The key, with its data and channel, leaves its row. Does nothing where none stands.
+    /// The key, with its data and channel, leaves its row. Does nothing where none stands; behind a message, when its
+    /// channel cannot be read.
     void key_ausschneiden_Click();
     /// And comes into this one. Only once; a key that stands in another row by now is refused.
     void key_einfuegen_Click();
