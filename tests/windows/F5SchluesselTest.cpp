@@ -151,6 +151,104 @@ TEST_F(F5_Keys, go_nowhere_when_another_user_stands_in_the_row_by_now) {
     EXPECT_EQ(KeyOf(2), "|");
 }
 
+TEST_F(F5_Keys, go_to_nobody_once_another_request_was_begun) {
+    OpenDesk();
+    Learn(2);
+    Window().MenuRow = 3;
+    Expect(154, Answer::Cancel);
+    Keys().Save_Ekey_Click();
+    SayKey({10, 20, 30, 40});
+    EXPECT_EQ(KeyOf(2), "|");
+    EXPECT_EQ(KeyOf(3), "1 : 2 : 3 : 4|5 : 6");
+}
+
+TEST_F(F5_Keys, go_to_nobody_while_the_question_of_another_request_stands) {
+    OpenDesk();
+    Learn(2);
+    Window().MenuRow = 3;
+    world.World.ShowMessage = [this](const Message& message) {
+        if (message.Choice == Buttons::YesNoCancel) {
+            SayKey({10, 20, 30, 40});
+        }
+        return message.Choice == Buttons::OkCancel ? Answer::Ok : Answer::Yes;
+    };
+    Keys().Save_Ekey_Click();
+    EXPECT_EQ(KeyOf(2), "|");
+    EXPECT_EQ(KeyOf(3), "1 : 2 : 3 : 4|5 : 6");
+    SayKey({11, 20, 30, 40});
+    EXPECT_EQ(KeyOf(3).substr(0, 18), "11 : 20 : 30 : 40|");
+}
+
+TEST_F(F5_Keys, go_to_nobody_once_a_transponder_was_asked_for_in_vain) {
+    OpenDesk();
+    Learn(2);
+    programm->Adapter.EnrollmentPort = KeinPort;
+    Window().MenuRow = 3;
+    Expect(195);
+    Keys().Save_RFID_Click();
+    SayKey({10, 20, 30, 40});
+    EXPECT_EQ(KeyOf(2), "|");
+    EXPECT_EQ(KeyOf(3), "1 : 2 : 3 : 4|5 : 6");
+}
+
+TEST_F(F5_Keys, go_nowhere_when_another_user_of_that_name_has_moved_into_the_row) {
+    files.User(3, {.Name = "Bert"});
+    OpenDesk();
+    Learn(3);
+    Go(3, UserColumn::Name);
+    Key(qvm::Key::Delete);
+    EXPECT_EQ(Text(3, UserColumn::Name), "Bert");
+    ExpectText(RowChanged);
+    SayKey({10, 20, 30, 40});
+    EXPECT_EQ(KeyOf(3), "|");
+    // And back into the row of the one that was deleted.
+    Learn(3);
+    Window().F5_Undo_Click();
+    ExpectText(RowChanged);
+    SayKey({11, 20, 30, 40});
+    EXPECT_EQ(KeyOf(3), "1 : 2 : 3 : 4|5 : 6");
+    EXPECT_EQ(KeyOf(4), "|");
+}
+
+TEST_F(F5_Keys, go_to_the_row_whose_name_is_being_edited) {
+    OpenDesk();
+    Learn(2);
+    Window().FGK4_DblClick(2, UserColumn::Name);
+    Type("e");
+    SayKey({10, 20, 30, 40});
+    EXPECT_EQ(KeyOf(2).substr(0, 18), "10 : 20 : 30 : 40|");
+    EXPECT_EQ(Box(), &Window().Text1);
+    Window().Editor_KeyPress(qvm::Key::Enter);
+    EXPECT_EQ(Text(2, UserColumn::Name), "Annae");
+}
+
+TEST_F(F5_Keys, are_not_asked_of_another_adapter_that_came_while_a_question_stood) {
+    OpenDesk();
+    world.World.ShowMessage = [this](const Message& message) {
+        world.Shown.push_back(message);
+        if (message.Choice == Buttons::OkCancel) {
+            ++programm->Adapter.Stand;
+        }
+        return message.Choice == Buttons::YesNoCancel ? Answer::Yes : Answer::Ok;
+    };
+    for (const auto click :
+         {&F5Schluessel::Save_Ekey_Click, &F5Schluessel::Search_Ekey_Click, &F5Schluessel::key_synchron_Click}) {
+        Window().MenuRow = 2;
+        (Keys().*click)();
+        EXPECT_EQ(Last().Text, ReaderPulled);
+    }
+    EXPECT_TRUE(world.Written.empty());
+}
+
+TEST_F(F5_Keys, of_an_adapter_that_came_in_the_place_of_the_one_that_was_asked_go_nowhere) {
+    OpenDesk();
+    Learn(2);
+    ++programm->Adapter.Stand;
+    ExpectText(ReaderPulled);
+    SayKey({10, 20, 30, 40});
+    EXPECT_EQ(KeyOf(2), "|");
+}
+
 TEST_F(F5_Keys, that_come_twice_late_or_unasked_are_nobodys) {
     OpenDesk();
     SayKey({10, 20, 30, 40});

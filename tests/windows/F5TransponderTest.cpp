@@ -9,10 +9,6 @@ namespace {
 constexpr std::string_view Silent =
     u8"Das Lesegerät hat nicht geantwortet. Bitte prüfen Sie, ob es angeschlossen ist, und "
     u8"wiederholen Sie den Vorgang."_w;
-constexpr std::string_view Pulled =
-    u8"Der Funkadapter wurde getrennt. Bitte stecken Sie ihn wieder an, und wiederholen Sie den "
-    u8"Vorgang."_w;
-
 struct F5_Transponders : F5_Keys {
     void Learn(int row) {
         Window().MenuRow = row;
@@ -61,6 +57,22 @@ TEST_F(F5_Transponders, with_slot_128_ask_to_free_the_slot_and_store_nothing) {
     SayTransponder(255);
     EXPECT_TRUE(world.Written.empty());
     EXPECT_EQ(KeyOf(2), "|");
+}
+
+TEST_F(F5_Transponders, whose_unit_gave_way_while_the_question_stood_are_not_freed) {
+    OpenDesk();
+    Learn(2);
+    world.Written.clear();
+    world.World.ShowMessage = [this](const Message& message) {
+        world.Shown.push_back(message);
+        if (message.Choice == Buttons::YesNo) {
+            ++programm->Adapter.Stand;
+        }
+        return Answer::Yes;
+    };
+    SayTransponder(128);
+    EXPECT_TRUE(world.Written.empty());
+    EXPECT_EQ(Last().Text, ReaderPulled);
 }
 
 TEST_F(F5_Transponders, that_stand_in_a_row_already_are_refused_with_line_200) {
@@ -130,7 +142,7 @@ TEST_F(F5_Transponders, a_unit_that_is_pulled_out_frees_the_window) {
     OpenDesk();
     Learn(2);
     world.PortOpen = false;
-    ExpectText(Pulled);
+    ExpectText(ReaderPulled);
     world.RunFor(1000);
     EXPECT_TRUE(Window().Fenster.Enabled);
 }
@@ -147,7 +159,7 @@ TEST_F(F5_Transponders, a_unit_in_whose_place_another_port_was_opened_frees_the_
     EXPECT_FALSE(Window().Fenster.Enabled);
     world.PortChanged(PortChange::Removed); // the other adapter is still there
     EXPECT_TRUE(world.PortOpen);
-    ExpectText(Pulled);
+    ExpectText(ReaderPulled);
     world.RunFor(1000);
     EXPECT_TRUE(Window().Fenster.Enabled);
 }

@@ -56,6 +56,7 @@ void F5::F5_FormLaden() {
     // Without the groups a save would write "-" for every user's.
     Tabelle.LoadFailed = Tabelle.LoadFailed || !groups;
     Verlauf.Forget();
+    ++Umzug;
     Texte_Setzen();
     Hinweis.Text = std::string();
     Auswahl.Go(UserGrid::FirstRow, UserColumn::Name);
@@ -149,11 +150,23 @@ bool F5::Aendern(Word what, const std::function<void()>& change) {
     if (!Verlauf.End()) {
         return false;
     }
+    Umzug_Merken(what);
     Tabelle.UserDirty = true;
     Hinweis.Text = std::string();
     Stand_Zeigen();
     Verlauf_Zeigen();
     return true;
+}
+
+/// A step that sorts moves users, one that deletes them sorts as well.
+void F5::Umzug_Merken(Word step) {
+    if (step == Word::StepSort || step == Word::StepDeleteUser || step == Word::StepClear) {
+        ++Umzug;
+    }
+}
+
+const std::string& F5::Benutzername(int row) const {
+    return OpenColumn == UserColumn::Name && edited_.Row == row ? oldText_ : FGK4.Text(row, UserColumn::Name);
 }
 
 void F5::F5_Undo_Click() {
@@ -174,6 +187,7 @@ void F5::Schritt_Gehen(std::optional<UndoStep> (GridUndo::*way)(), Word told) {
     if (!step) {
         return;
     }
+    Umzug_Merken(step->What);
     Tabelle.UserDirty = true;
     // The channels stand on the disk and are not taken back.
     Farben_Erneuern();

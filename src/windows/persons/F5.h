@@ -54,6 +54,7 @@ struct F5 {
 
     int MenuRow = 0;   ///< row of the last context menu: the user that a learned E-Key or transponder goes to
     int FsRow = NoRow; ///< row of the action with a finger
+    int Umzug = 0;     ///< raised whenever users may stand in other rows than before
 
     // Editors, one of which lies over the grid's current cell while it is visible.
     TextBox Text1;      ///< of a name
@@ -135,6 +136,9 @@ struct F5 {
     /// Does what changes cells, as one step of undo that is named so, and notes that there is something to save. Every
     /// change of a saved cell by the operator or a device goes this way. False when no cell became another one.
     bool Aendern(Word what, const std::function<void()>& change);
+    /// The user in the row; while the editor has taken the name out of its cell, what stood there.
+    const std::string& Benutzername(int row) const;
+
     /// Takes the last step back, or does it again; what of it is on the disk already stays, and Hinweis says so.
     void F5_Undo_Click();
     void F5_Redo_Click();
@@ -155,6 +159,7 @@ private:
     void Ueberschriften_Setzen();
     void Stand_Zeigen();
     void Verlauf_Zeigen();
+    void Umzug_Merken(Word step);
     void Schritt_Gehen(std::optional<UndoStep> (GridUndo::*way)(), Word told);
     void Geheimnisse_Vergessen();
     bool Speichern();

@@ -27,13 +27,18 @@ void Leser_Stumm(const Kern& kern) {
     kern.Meldung(kern.Zeile(Line::PortNotOpened), Buttons::Ok, Icon::Exclamation);
 }
 
+void Leser_Getrennt(const Kern& kern) {
+    kern.Meldung(Wort(kern, Word::AdapterPulled), Buttons::Ok, Icon::Exclamation);
+}
+
 F5Zeile F5Zeile_Merken(const F5& window, int row) {
-    return {.Row = row, .Name = window.Tabelle.FGK4.Text(row, UserColumn::Name)};
+    return {.Row = row, .Name = window.Benutzername(row), .Umzug = window.Umzug};
 }
 
 bool F5Zeile_Gilt(const F5& window, const F5Zeile& asked) {
     const bool user = asked.Row >= UserGrid::FirstRow && asked.Row <= UserGrid::LastRow;
-    return window.Fenster.Visible && user && window.Tabelle.FGK4.Text(asked.Row, UserColumn::Name) == asked.Name;
+    return window.Fenster.Visible && user && window.Umzug == asked.Umzug &&
+           window.Benutzername(asked.Row) == asked.Name;
 }
 
 std::string Dezimal(const Link& link, int first, int count, std::string_view between) {

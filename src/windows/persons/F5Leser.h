@@ -22,12 +22,15 @@ bool Leser_Bereitmachen(F5& window, Link& link, AdapterListe& adapters, LeserPor
 bool Leser_Weg(const Kern& kern, const AdapterListe& adapters, int stand);
 /// The telegram could not leave: the operator is told.
 void Leser_Stumm(const Kern& kern);
+/// The reader that was made ready is gone: the operator is told.
+void Leser_Getrennt(const Kern& kern);
 
 /// A row for which something was asked of a reader, and who stood in it: by the time of the answer the table may be
-/// sorted, loaded anew, or closed.
+/// sorted, loaded anew, or closed. The name alone does not tell who, as two users may have the same.
 struct F5Zeile {
     int Row = 0;
     std::string Name;
+    int Umzug = 0; ///< F5::Umzug then
 };
 F5Zeile F5Zeile_Merken(const F5& window, int row);
 /// True when the window is open and the same user stands in the row.

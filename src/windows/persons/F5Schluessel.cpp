@@ -50,7 +50,26 @@ void F5Schluessel::Kanal_Melden(bool written) {
 
 // ---- E-Keys
 
-void F5Schluessel::EKey_Fragen(std::uint8_t mode, std::uint8_t wish) {
+std::optional<F5Schluessel::Frage> F5Schluessel::Bereitmachen(LeserPort which) {
+    // Whoever was asked for before gets nothing any more, and nobody else gets it in that one's place.
+    Warten_Beenden();
+    if (link.AnswerDue == TelEKeyLesen::Telegram.Code) {
+        link.AnswerDue = 0;
+    }
+    const F5Zeile row = F5Zeile_Merken(f5, f5.MenuRow);
+    if (!Leser_Bereitmachen(f5, link, Adapter, which)) {
+        return {};
+    }
+    return Frage{.Zeile = row, .Stand = Adapter.Stand};
+}
+
+void F5Schluessel::EKey_Fragen(const Frage& wanted, std::uint8_t mode, std::uint8_t wish) {
+    // Another port may be open by now. One that could not be opened shows below.
+    if (Adapter.Stand != wanted.Stand) {
+        Leser_Getrennt(kern);
+        return;
+    }
+    asked_ = wanted;
     const bool old = !AdapterVersion || AdapterVersion() <= LastOldAdapter;
     const int channel = kern.Config.Funkkanal();
     link.Lauf.KeyMode = mode;
@@ -62,8 +81,8 @@ void F5Schluessel::EKey_Fragen(std::uint8_t mode, std::uint8_t wish) {
 }
 
 void F5Schluessel::Save_Ekey_Click() {
-    asked_ = F5Zeile_Merken(f5, f5.MenuRow);
-    if (!Leser_Bereitmachen(f5, link, Adapter, &AdapterListe::ProgStationPort)) {
+    const auto wanted = Bereitmachen(&AdapterListe::ProgStationPort);
+    if (!wanted) {
         return;
     }
     std::uint8_t wish = NewKey;
@@ -77,26 +96,32 @@ void F5Schluessel::Save_Ekey_Click() {
     }
     if (kern.Meldung(kern.Zeile(Line::HaveKeyReady) + "\r\n" + kern.Zeile(Line::LearnOnChannel), Buttons::OkCancel,
                      Icon::Information, Title) == Answer::Ok) {
-        EKey_Fragen(Learn, wish);
+        EKey_Fragen(*wanted, Learn, wish);
+    }
+}
+
+void F5Schluessel::EKey_Finden(std::uint8_t mode, std::uint8_t wish) {
+    const auto wanted = Bereitmachen(&AdapterListe::ProgStationPort);
+    if (wanted &&
+        kern.Meldung(kern.Zeile(Line::HaveKeyReady), Buttons::OkCancel, Icon::Information, Title) == Answer::Ok) {
+        EKey_Fragen(*wanted, mode, wish);
     }
 }
 
 void F5Schluessel::Search_Ekey_Click() {
-    if (Leser_Bereitmachen(f5, link, Adapter, &AdapterListe::ProgStationPort) &&
-        kern.Meldung(kern.Zeile(Line::HaveKeyReady), Buttons::OkCancel, Icon::Information, Title) == Answer::Ok) {
-        EKey_Fragen(Search, AnyKey);
-    }
+    EKey_Finden(Search, AnyKey);
 }
 
 void F5Schluessel::key_synchron_Click() {
-    if (Leser_Bereitmachen(f5, link, Adapter, &AdapterListe::ProgStationPort) &&
-        kern.Meldung(kern.Zeile(Line::HaveKeyReady), Buttons::OkCancel, Icon::Information, Title) == Answer::Ok) {
-        EKey_Fragen(Synchronise, KnownKey);
-    }
+    EKey_Finden(Synchronise, KnownKey);
 }
 
 void F5Schluessel::EKey_Ergebnis() {
     if (!f5.Fenster.Visible) {
+        return;
+    }
+    if (Leser_Weg(kern, Adapter, asked_.Stand)) {
+        Leser_Getrennt(kern); // whoever says this was not asked
         return;
     }
     constexpr std::size_t whole = RpEKey::IdData.Offset + RpEKey::IdData.Width;
@@ -128,11 +153,11 @@ void F5Schluessel::Eintragen(const std::string& id, const std::string& data, int
         Melden(takenLine);
         return;
     }
-    if (!F5Zeile_Gilt(f5, asked_)) {
+    if (!F5Zeile_Gilt(f5, asked_.Zeile)) {
         kern.Meldung(Wort(kern, Word::KeyRowChanged), Buttons::Ok, Icon::Exclamation);
         return;
     }
-    const int row = asked_.Row;
+    const int row = asked_.Zeile.Row;
     bool written = false;
     f5.Aendern(Word::StepLearn, [&] {
         f5.FGK4.SetText(row, UserColumn::KeyId, id);
@@ -146,14 +171,14 @@ void F5Schluessel::Eintragen(const std::string& id, const std::string& data, int
 // ---- Transponders
 
 void F5Schluessel::Transponder_Fragen(bool search) {
-    asked_ = F5Zeile_Merken(f5, f5.MenuRow);
-    if (!Leser_Bereitmachen(f5, link, Adapter, &AdapterListe::EnrollmentPort)) {
+    const auto wanted = Bereitmachen(&AdapterListe::EnrollmentPort);
+    if (!wanted) {
         return;
     }
+    asked_ = *wanted;
     search_ = search;
     Fundzeile = 0;
     waited_ = 0;
-    stand_ = Adapter.Stand;
     f5.Fenster.Enabled = false;
     Wache.Start(1000);
     if (!TelFingerAbfrage_Senden(link, link.TelegrammParam1, link.TelegrammParam2)) {
@@ -175,10 +200,14 @@ void F5Schluessel::Warten_Beenden() {
 
 void F5Schluessel::Nachsehen() {
     ++waited_;
-    const bool pulled = Leser_Weg(kern, Adapter, stand_);
+    const bool pulled = Leser_Weg(kern, Adapter, asked_.Stand);
     if (pulled || waited_ >= Geduld) {
         Warten_Beenden();
-        kern.Meldung(Wort(kern, pulled ? Word::AdapterPulled : Word::ReaderSilent), Buttons::Ok, Icon::Exclamation);
+        if (pulled) {
+            Leser_Getrennt(kern);
+        } else {
+            kern.Meldung(Wort(kern, Word::ReaderSilent), Buttons::Ok, Icon::Exclamation);
+        }
     }
 }
 
@@ -211,9 +240,14 @@ void F5Schluessel::Finger_Kennung() {
 }
 
 void F5Schluessel::Slot_Freigeben(std::uint8_t slot) {
-    if (kern.Meldung(kern.Zeile(Line::SlotInUse), Buttons::YesNo, Icon::Question, kern.Zeile(Line::UserManagement)) ==
+    if (kern.Meldung(kern.Zeile(Line::SlotInUse), Buttons::YesNo, Icon::Question, kern.Zeile(Line::UserManagement)) !=
         Answer::Yes) {
-        TelFingerLoeschen_Senden(link, slot);
+        return;
+    }
+    if (Leser_Weg(kern, Adapter, asked_.Stand)) {
+        Leser_Getrennt(kern);
+    } else if (!TelFingerLoeschen_Senden(link, slot)) {
+        Leser_Stumm(kern);
     }
 }
 

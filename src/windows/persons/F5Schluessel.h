@@ -61,7 +61,17 @@ private:
     };
 
     void Ausgeschnittenes_Vergessen();
-    void EKey_Fragen(std::uint8_t mode, std::uint8_t wish);
+    /// For whom a reader is asked, and how the adapters stood (AdapterListe::Stand) when it was made ready.
+    struct Frage {
+        F5Zeile Zeile;
+        int Stand = 0;
+    };
+
+    /// Makes the reader ready for the row of the menu; what was asked before is owed to nobody any more. Nothing,
+    /// behind a message, when there is no reader.
+    std::optional<Frage> Bereitmachen(LeserPort which);
+    void EKey_Fragen(const Frage& wanted, std::uint8_t mode, std::uint8_t wish);
+    void EKey_Finden(std::uint8_t mode, std::uint8_t wish);
     void EKey_Anlernen();
     void Transponder_Fragen(bool search);
     void Transponder_Suchen(std::string_view id);
@@ -75,10 +85,9 @@ private:
     void Kanal_Melden(bool written);
     void Melden(int line, Icon sign = Icon::Information) const;
 
-    F5Zeile asked_;
+    Frage asked_;         ///< last, when the telegram went out
     bool search_ = false; ///< the transponder that is awaited is searched, not learned
     int waited_ = 0;      ///< seconds
-    int stand_ = 0;       ///< of the adapters, when the transponder was asked for
     std::optional<Clipboard> cut_;
 };
 
