@@ -1,5 +1,7 @@
 #include "VirtualTime.h"
 
+#include <cstdint>
+#include <functional>
 #include <gtest/gtest.h>
 #include <vector>
 
@@ -40,43 +42,43 @@ TEST(VirtualTime, never_goes_back) {
     EXPECT_EQ(time.Microseconds(), 800);
 }
 
-TEST(VirtualTime, a_timer_ticks_at_its_interval_until_it_stops_itself) {
+/// Timers of a platform whose time is virtual, and when the one under test ticked.
+struct VirtualTime_Timers : testing::Test {
     VirtualTime time;
     Platform world;
-    time.Fill(world);
     std::vector<std::int64_t> ticks;
-    TimerId timer = 0;
-    timer = world.StartTimer(20, [&] {
-        ticks.push_back(world.Milliseconds());
-        if (ticks.size() == 3) {
-            world.StopTimer(timer);
+
+    VirtualTime_Timers() { time.Fill(world); }
+
+    /// Runs a timer that stops itself in its third tick; `inFirst` is done in its first one.
+    void TickThrice(int interval, const std::function<void()>& inFirst) {
+        TimerId timer = 0;
+        timer = world.StartTimer(interval, [&] {
+            ticks.push_back(world.Milliseconds());
+            if (ticks.size() == 1) {
+                inFirst();
+            } else if (ticks.size() == 3) {
+                world.StopTimer(timer);
+            }
+        });
+        while (time.Step()) {
         }
-    });
-    while (time.Step()) {
     }
+};
+
+TEST_F(VirtualTime_Timers, tick_at_their_interval_until_they_stop_themselves) {
+    TickThrice(20, [] {});
     EXPECT_EQ(ticks, (std::vector<std::int64_t>{20, 40, 60}));
 }
 
-TEST(VirtualTime, a_tick_missed_inside_the_tick_comes_once_behind_it) {
-    VirtualTime time;
-    Platform world;
-    time.Fill(world);
-    std::vector<std::int64_t> ticks;
-    TimerId timer = 0;
-    timer = world.StartTimer(10, [&] {
-        ticks.push_back(world.Milliseconds());
-        if (ticks.size() == 1) {
-            bool waited = false;
-            time.Plan(35 * VirtualTime::MicrosecondsPerMs, [&] { waited = true; });
-            while (!waited) {
-                time.Step();
-            }
-        } else if (ticks.size() == 3) {
-            world.StopTimer(timer);
+TEST_F(VirtualTime_Timers, make_up_once_for_the_ticks_missed_inside_a_tick) {
+    TickThrice(10, [this] {
+        bool waited = false;
+        time.Plan(35 * VirtualTime::MicrosecondsPerMs, [&] { waited = true; });
+        while (!waited) {
+            time.Step();
         }
     });
-    while (time.Step()) {
-    }
     EXPECT_EQ(ticks, (std::vector<std::int64_t>{10, 50, 60}));
 }
 
