@@ -60,7 +60,6 @@ private:
         KeyKanal Channel;
     };
 
-    void Ausgeschnittenes_Vergessen();
     /// For whom a reader is asked, and how the adapters stood (AdapterListe::Stand) when it was made ready.
     struct Frage {
         F5Zeile Zeile;
@@ -82,6 +81,7 @@ private:
     int Zeile_Von(std::string_view id) const;
     /// The key goes to the row that was asked for, unless it is taken or somebody else stands there now.
     void Eintragen(const std::string& id, const std::string& data, int takenLine);
+    void Ausgeschnittenes_Vergessen();
     void Kanal_Melden(bool written);
     void Melden(int line, Icon sign = Icon::Information) const;
 
