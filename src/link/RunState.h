@@ -92,7 +92,6 @@ struct ChainState {
     std::uint8_t SuchLauf = 0;          ///< non-zero while a unit search by logins runs
     std::uint8_t SuchMarke = 0;         ///< 0xAD while the unit-list scan runs
     std::uint8_t CodeChangePending = 0; ///< 0xFF while the code change waits for its login
-    std::uint8_t CodeChangeRefused = 0; ///< set beside it when the login was refused
     int SlotCursor = 0;                 ///< current row of the user list
     std::uint8_t TimerPart = 0;         ///< step of the table telegrams, 0xFF when done
     std::uint8_t HolidayPart = 0;

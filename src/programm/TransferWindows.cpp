@@ -75,10 +75,10 @@ void TransferWindows::F17_Anbieten() {
 
 void TransferWindows::Codeaenderung_Verbinden() {
     F17.Zu_F13 = [this] { F13.F13_Freigeben(); };
-    F18.Anmeldung_Abbrechen = [this] { F17.Abgelehnt(); };
+    F18.Anmeldung_Abbrechen = [this] { F17.Abbrechen(); };
     WindowHooks& replies = programm.Run.Fenster;
     replies.Code_Angemeldet = [this] { F17.Angemeldet(); };
-    replies.Code_Abgelehnt = [this] { F17.Abgelehnt(); };
+    replies.Code_Abgelehnt = [this](RunOutcome why) { F17.Abgelehnt(why); };
     replies.Code_Beantwortet = [this] { F17.Beantwortet(); };
 }
 

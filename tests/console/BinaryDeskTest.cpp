@@ -3,6 +3,7 @@
 #include "VirtualLocks.h"
 
 #include <csignal>
+#include <filesystem>
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
 
@@ -98,6 +99,20 @@ TEST_F(Binary_Readers, say_so_when_nobody_has_the_key) {
     EXPECT_EQ(found.Code, 2);
     EXPECT_EQ(found.Out, "nobody has this key\n");
     EXPECT_EQ(Run({"sync-key"}).Code, 2);
+}
+
+TEST_F(Binary_Readers, tell_a_channel_that_could_not_be_recorded_as_a_fault_of_this_computer) {
+    Start({PresentedKey, PresentedKey}, false);
+    ASSERT_EQ(Run({"learn", "ekey", "2"}).Code, 0);
+    const std::string channels = Locks.Directory.Path() + "DAT/RFCHANDIF12.RFX";
+    std::filesystem::remove(channels);
+    std::filesystem::create_directory(channels);
+    const RunResult result = Run({"--json", "sync-key"});
+    EXPECT_EQ(result.Code, 1) << result.Err;
+    const auto document = nlohmann::json::parse(result.Out);
+    EXPECT_EQ(document["result"], "fault");
+    EXPECT_EQ(document["text"], "User 2 \"Bert\": the radio channel could not be recorded");
+    EXPECT_EQ(document["user"], 2);
 }
 
 TEST_F(Binary_Readers, refuse_when_no_key_comes_and_are_given_up_when_they_are_silent) {
@@ -207,6 +222,16 @@ TEST_F(Binary_Codes, that_are_none_or_differ_change_nothing) {
     EXPECT_EQ(differ.Code, 2) << differ.Err;
     EXPECT_EQ(Locks.Stop(), "");
     EXPECT_EQ(Locks.Lock(Tor)["admin_code"], "104212");
+}
+
+TEST_F(Binary_Codes, that_differ_are_told_as_such_without_a_language_file_too) {
+    std::filesystem::remove(Locks.Directory.Path() + "QVM_English.DAT");
+    Locks.Start();
+    const RunResult differ = Change("104212\n654320\n654321\n");
+    EXPECT_EQ(differ.Code, 2) << differ.Err;
+    EXPECT_EQ(differ.Out, "Lock 1 \"Tor\" 00.0A.10.01: new code and repeat differ; nothing was changed\n");
+    EXPECT_EQ(Change("104213\n654320\n654320\n").Code, 2) << "the lock refused";
+    EXPECT_EQ(Change("104212\n654320\n654320\n").Code, 0);
 }
 
 TEST_F(Binary_Codes, of_a_lock_that_is_not_there_or_has_no_serial_are_told_apart) {

@@ -322,7 +322,7 @@ TEST_F(F17_Code, each_status_of_the_change_has_its_message) {
         world.Answers.push_back({.Text = text});
         Say(0x12, static_cast<std::uint8_t>(status));
         EXPECT_EQ(LastTitle(), CodeChangeTitle);
-        EXPECT_EQ(Dialog().Geaendert, status == 4);
+        EXPECT_EQ(Dialog().Ergebnis, status == 4 ? CodeOutcome::Changed : CodeOutcome::Refused);
         EXPECT_EQ(world.Shown.back().Sign, status == 4 ? Icon::Information : Icon::Exclamation);
         EXPECT_TRUE(programm->Transfer->F13.Fenster.Enabled);
         Click(1, F13Column::Code);
@@ -352,7 +352,7 @@ TEST_F(F17_Code, a_change_that_nobody_confirms_is_told_whatever_was_sent_meanwhi
     world.RunFor(26000);
     ASSERT_EQ(world.Shown.size(), 1U);
     EXPECT_EQ(LastTitle(), CodeChangeTitle);
-    EXPECT_TRUE(Dialog().Unbestaetigt);
+    EXPECT_EQ(Dialog().Ergebnis, CodeOutcome::Unconfirmed);
     EXPECT_EQ(programm->link.AnswerDue, other) << "its own answer is still owed";
 }
 
@@ -369,6 +369,58 @@ TEST_F(F17_Code, a_change_that_nobody_confirms_is_told_while_the_next_login_is_a
     Before = world.Written.size();
     Say(0x04, 4);
     EXPECT_NE(LastChange(), SentBytes{});
+}
+
+TEST_F(F17_Code, says_as_data_why_the_change_did_not_go_out) {
+    EXPECT_EQ(Dialog().Ergebnis, CodeOutcome::Open);
+    Change("104212", "10000", "10000");
+    EXPECT_EQ(Dialog().Ergebnis, CodeOutcome::Open);
+    Expect(141);
+    Say(0x04, 4);
+    EXPECT_EQ(Dialog().Ergebnis, CodeOutcome::Incomplete);
+    New("1");
+    Again("2");
+    Dialog().Command1_Click();
+    Expect(140);
+    Say(0x04, 4);
+    EXPECT_EQ(Dialog().Ergebnis, CodeOutcome::Different);
+    Dialog().Command1_Click();
+    Expect(68);
+    Refuse(0x65);
+    EXPECT_EQ(Dialog().Ergebnis, CodeOutcome::Refused);
+    Dialog().Command1_Click();
+    Expect(67);
+    Refuse(0x64);
+    EXPECT_EQ(Dialog().Ergebnis, CodeOutcome::Silent);
+    Dialog().Command1_Click();
+    Box().Command1_Click();
+    EXPECT_EQ(Dialog().Ergebnis, CodeOutcome::Cancelled);
+    Dialog().Command1_Click();
+    EXPECT_EQ(Dialog().Ergebnis, CodeOutcome::Open) << "each try is a new one";
+    Expect(70);
+    world.RunFor(36000);
+    EXPECT_EQ(Dialog().Ergebnis, CodeOutcome::Silent);
+    world.PortOpen = world.PortCanOpen = false;
+    Expect(276);
+    Dialog().Command1_Click();
+    EXPECT_EQ(Dialog().Ergebnis, CodeOutcome::Unsent);
+}
+
+TEST_F(F17_Code, a_change_that_its_adapter_could_not_hand_over_is_told_as_unconfirmed) {
+    Change("104212", "100000", "100000");
+    Say(0x04, 4);
+    world.Answers.push_back({.Text = std::string(Unconfirmed)});
+    Expect(67);
+    Refuse(0x64);
+    EXPECT_EQ(Dialog().Ergebnis, CodeOutcome::Unconfirmed);
+    world.RunFor(60000);
+    EXPECT_EQ(world.Shown.size(), 2U) << "once";
+    Click(1, F13Column::Code);
+    Change("104212", "100000", "100000");
+    Say(0x04, 4);
+    Expect(68);
+    Refuse(0x65);
+    EXPECT_EQ(Dialog().Ergebnis, CodeOutcome::Refused);
 }
 
 TEST_F(F17_Code, of_a_change_no_secret_is_left_once_it_was_answered) {

@@ -47,44 +47,50 @@ void Tippen(F17& window, const Codes& codes) {
     }
 }
 
-/// The change went out, and the lock has not answered it.
-bool Aenderung_Offen(const Programm& program) {
-    return program.link.AnswerDue == TelCodeAendern::Telegram.Code;
-}
-
-bool Beendet(const Programm& program) {
-    return program.link.Lauf.Chain.CodeChangePending == 0 && !Aenderung_Offen(program);
-}
-
-bool Zuletzt_Gemeldet(const Tischsitzung& session, int line) {
-    return !session.Meldungen.empty() && session.Meldungen.back() == Anzeige_Aus_1252(session.program.kern.Zeile(line));
-}
-
-/// From the click on OK to the end.
+/// From the click on OK to the end. Gives how the wait for it ended.
 TischEnde Aendern(Tischsitzung& session) {
-    Programm& program = session.program;
-    F17& window = program.Transfer->F17;
+    F17& window = session.program.Transfer->F17;
+    const auto over = [&window] { return window.Ergebnis != CodeOutcome::Open; };
     window.Command1_Click();
-    TischEnde end = session.Warten([&] { return Beendet(program); }, ForEver);
+    TischEnde end = session.Warten(over, ForEver);
     if (end != TischEnde::Done && window.Fenster.Visible) {
         window.Command2_Click();
+        window.Ergebnis = end == TischEnde::Cancelled ? CodeOutcome::Cancelled : CodeOutcome::Silent;
         return end;
     }
     if (end == TischEnde::Cancelled) {
         session.Sagen("The change has been sent; the lock's answer is waited for. Once more Ctrl-C gives up.");
-        end = session.Warten([&] { return Beendet(program); }, ForEver);
+        end = session.Warten(over, ForEver);
     }
-    if (window.Geaendert) {
+    if (end != TischEnde::Done) {
+        window.Ergebnis = CodeOutcome::Unconfirmed;
+    }
+    return end;
+}
+
+/// How the command ends by what the window says, when the wait itself came to its end.
+TischEnde Ende(CodeOutcome outcome) {
+    switch (outcome) {
+    case CodeOutcome::Changed:
         return TischEnde::Done;
+    case CodeOutcome::Refused:
+    case CodeOutcome::Incomplete:
+    case CodeOutcome::Different:
+        return TischEnde::Refused;
+    case CodeOutcome::Cancelled:
+        return TischEnde::Cancelled;
+    case CodeOutcome::Unsent:
+        return TischEnde::Fault;
+    case CodeOutcome::Open:
+    case CodeOutcome::Silent:
+    case CodeOutcome::Unconfirmed:
+        break;
     }
-    if (end == TischEnde::Cancelled) {
-        return end;
-    }
-    // The window stays where the login was not answered, and where the entries were no change.
-    const bool open = end != TischEnde::Done || window.Fenster.Visible || window.Unbestaetigt;
-    return open && !Zuletzt_Gemeldet(session, Line::DeviceRefused) && !Zuletzt_Gemeldet(session, Line::CodesDiffer)
-               ? TischEnde::Silent
-               : TischEnde::Refused;
+    return TischEnde::Silent;
+}
+
+std::string Schlosskopf(const LockResult& lock) {
+    return "Lock " + std::to_string(lock.Lock) + " \"" + lock.Name + "\" " + lock.Serial + ": ";
 }
 
 /// Opens the window on the lock. Gives why it cannot be, a sentence; empty when it stands.
@@ -103,21 +109,27 @@ std::string Fenster_Oeffnen(Tischsitzung& session, int lock) {
     return {};
 }
 
-std::string Bericht(TischEnde end, const LockResult& lock) {
-    const std::string head = "Lock " + std::to_string(lock.Lock) + " \"" + lock.Name + "\" " + lock.Serial + ": ";
-    switch (end) {
-    case TischEnde::Done:
-        return head + "the code was changed";
-    case TischEnde::Refused:
-        return head + "the change was refused";
-    case TischEnde::Silent:
-        return head + "no answer; which code it has is not certain once the change was sent";
-    case TischEnde::Cancelled:
-        return head + "cancelled";
-    case TischEnde::Fault:
+std::string_view Bericht(CodeOutcome outcome) {
+    switch (outcome) {
+    case CodeOutcome::Changed:
+        return "the code was changed";
+    case CodeOutcome::Refused:
+        return "the change was refused";
+    case CodeOutcome::Incomplete:
+        return "a code has fewer than six characters; nothing was changed";
+    case CodeOutcome::Different:
+        return "new code and repeat differ; nothing was changed";
+    case CodeOutcome::Unconfirmed:
+        return "the change was sent and not confirmed; which code the lock has is not certain";
+    case CodeOutcome::Cancelled:
+        return "cancelled; nothing was changed";
+    case CodeOutcome::Unsent:
+        return "the port could not be used; nothing was changed";
+    case CodeOutcome::Open:
+    case CodeOutcome::Silent:
         break;
     }
-    return head + "the change could not be begun";
+    return "no answer; nothing was changed";
 }
 
 } // namespace
@@ -143,16 +155,21 @@ ExitCode Befehl_Code(const Umgebung& world, const Console& console, const Option
         return session.Fehlschlag(why);
     }
     const LockResult told = Schloss_Beschreiben(program, lock);
+    F17& window = program.Transfer->F17;
     TischEnde end = TischEnde::Cancelled;
+    CodeOutcome outcome = CodeOutcome::Cancelled;
     if (session.Adapter_Suchen()) {
         program.Transfer->F13.FGK13_Click(lock, F13Column::Code);
         end = TischEnde::Fault;
-        if (program.Transfer->F17.Fenster.Visible) {
-            Tippen(program.Transfer->F17, codes);
+        outcome = CodeOutcome::Unsent;
+        if (window.Fenster.Visible) {
+            Tippen(window, codes);
             end = Aendern(session);
+            outcome = window.Ergebnis;
         }
     }
-    return session.Abschliessen(end, Bericht(end, told),
+    const TischEnde whole = end == TischEnde::Done ? Ende(outcome) : end;
+    return session.Abschliessen(whole, Schlosskopf(told) + std::string(Bericht(outcome)),
                                 {{"lock", lock}, {"name", told.Name}, {"serial", told.Serial}});
 }
 

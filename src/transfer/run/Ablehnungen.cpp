@@ -81,7 +81,7 @@ void Schritt_Kein_Kontakt(Programmierlauf& run) {
     if (!codeChange && chain.Phase == RunPhase::None) {
         return;
     }
-    Codeaenderung_Gescheitert(run);
+    Codeaenderung_Gescheitert(run, RunOutcome::NotReached);
     if (Zeile_Fehlgeschlagen(run, RunOutcome::NotReached, run.kern.Zeile(Line::ConnectionFailed))) {
         return;
     }
@@ -95,7 +95,7 @@ void Schritt_Abgelehnt(Programmierlauf& run) {
         Schloss_Fertig(run);
         return;
     }
-    Codeaenderung_Gescheitert(run);
+    Codeaenderung_Gescheitert(run, RunOutcome::Refused);
     if (!Zeile_Fehlgeschlagen(run, RunOutcome::Refused, run.kern.Zeile(Line::DeviceRefused))) {
         Mit_Meldung_Enden(run, RunOutcome::Refused, Line::DeviceRefused);
     }

@@ -37,7 +37,7 @@ void Nach_Verbunden(Programmierlauf& run) {
 /// Beyond the last channel of a search.
 void Suche_Gescheitert(Programmierlauf& run) {
     run.link.Lauf.Chain.KanalSuche = 0;
-    Codeaenderung_Gescheitert(run);
+    Codeaenderung_Gescheitert(run, RunOutcome::NotReached);
     if (Zeile_Fehlgeschlagen(run, RunOutcome::NotReached, run.kern.Zeile(Line::ConnectionFailed))) {
         return;
     }
@@ -176,12 +176,9 @@ void Schritt_Code_Ergebnis(Programmierlauf& run) {
     kern.Meldung(text, Buttons::Ok, Icon::Exclamation, CodeTitle);
 }
 
-void Codeaenderung_Gescheitert(Programmierlauf& run) {
-    ChainState& chain = Kette(run);
-    if (chain.CodeChangePending != 0) {
-        chain.CodeChangePending = 0;
-        chain.CodeChangeRefused = 1;
-        run.Fenster.Code_Abgelehnt();
+void Codeaenderung_Gescheitert(Programmierlauf& run, RunOutcome why) {
+    if (Kette(run).CodeChangePending != 0) {
+        run.Fenster.Code_Abgelehnt(why);
     } else if (run.link.TxBuffer[2] == TelCodeAendern::Telegram.Code) {
         run.Fenster.Code_Beantwortet();
     }

@@ -17,7 +17,7 @@ constexpr int MostDisconnects = 40;
 /// The device stays busy.
 void Trennen_Aufgeben(Programmierlauf& run) {
     Timer_Anhalten(run);
-    Codeaenderung_Gescheitert(run);
+    Codeaenderung_Gescheitert(run, RunOutcome::GivenUp);
     const std::string open = run.Cancelled ? run.kern.Zeile(Line::Cancelled) : Unbewiesen(run);
     const std::string text = open.empty() ? run.kern.Zeile(Line::ConnectionFailed) : open;
     if (Zeile_Fehlgeschlagen(run, RunOutcome::GivenUp, text)) {

@@ -30,8 +30,9 @@ void Schritt_Kanal_Gesetzt(Programmierlauf& run);
 void Schritt_Code_Verbunden(Programmierlauf& run);
 void Schritt_Code_Ergebnis(Programmierlauf& run);
 void Schritt_Kanalwechsel_Ende(Programmierlauf& run);
-/// A code change that waits for its login is told that there will be none; one that has gone out, that it was refused.
-void Codeaenderung_Gescheitert(Programmierlauf& run);
+/// A code change that waits for its login is told why there will be none, and ends the wait itself; one that has gone
+/// out is told that it was refused.
+void Codeaenderung_Gescheitert(Programmierlauf& run, RunOutcome why);
 /// Catalogue line of a refused login's status: `Line::CheckCode`, `CodeNotAccepted`, `AccessDenied`, or 0 for none.
 int Anmeldung_Zeile(std::uint8_t status);
 

@@ -97,7 +97,8 @@ struct WindowHooks {
     Hook<void()> Leser_Fertig;     ///< 0x6F with 0xDC: the enrolment unit is done with a transponder
     Hook<void()> Leser_Abgelehnt;  ///< a reader of the desk refused; the operator is told behind it
     Hook<void()> Code_Angemeldet;  ///< 0x04 while a code change waits for its login
-    Hook<void()> Code_Abgelehnt;   ///< there will be no such reply; no telegram may go out
+    /// There will be no such reply, as the lock has refused or was not reached; no telegram may go out.
+    Hook<void(RunOutcome why)> Code_Abgelehnt;
     Hook<void()> Code_Beantwortet; ///< 0x12, or a refusal of the code change; the reply is still there to be read
 };
 

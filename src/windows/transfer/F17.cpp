@@ -14,7 +14,7 @@ namespace qvm {
 namespace {
 
 constexpr int PatienceMs = 36000;
-constexpr std::uint8_t Pending = 0xFF, CodeTaken = 4;
+constexpr std::uint8_t Pending = 0xFF, CodeTaken = 4, NoContact = 0x64;
 
 } // namespace
 
@@ -84,19 +84,19 @@ void F17::Command1_Click() {
         lauf.Chain.KanalIndex = 0;
         run.link.TargetChannel = lauf.Order.TargetChannel;
     }
-    Geaendert = Unbestaetigt = false;
-    lauf.Chain.CodeChangeRefused = 0;
+    Ergebnis = CodeOutcome::Open;
     lauf.Chain.CodeChangePending = Pending;
     Command1.Enabled = false;
     f18.F18_Zeigen();
     Frist.Start(PatienceMs);
     if (!TelVerbinden_Senden(run.link)) {
-        Warten_Beenden();
+        Warten_Beenden(CodeOutcome::Unsent);
         Melden(Line::PortNotOpened);
     }
 }
 
-void F17::Warten_Beenden() {
+void F17::Warten_Beenden(CodeOutcome outcome) {
+    Ergebnis = outcome;
     Frist.Stop();
     run.link.Lauf.Chain.CodeChangePending = 0;
     run.link.Lauf.Chain.KanalSuche = 0;
@@ -111,8 +111,16 @@ void F17::Frist_Abgelaufen() {
         Frist.Stop();
         return;
     }
-    Warten_Beenden();
+    Warten_Beenden(CodeOutcome::Silent);
     Melden(Line::CheckCode);
+}
+
+void F17::Abgelehnt(RunOutcome why) {
+    Warten_Beenden(why == RunOutcome::Refused ? CodeOutcome::Refused : CodeOutcome::Silent);
+}
+
+void F17::Abbrechen() {
+    Warten_Beenden(CodeOutcome::Cancelled);
 }
 
 void F17::Nicht_Bestaetigt() {
@@ -122,31 +130,35 @@ void F17::Nicht_Bestaetigt() {
     if (unit_ && due != TelCodeAendern::Telegram.Code) {
         return;
     }
-    Unbestaetigt = true;
+    // Another try may be under way, or over, by now.
+    if (Ergebnis == CodeOutcome::Open && !Wartet()) {
+        Ergebnis = CodeOutcome::Unconfirmed;
+    }
     // What was sent meanwhile goes on, with the secrets that it needs.
     if (due == 0 || due == TelCodeAendern::Telegram.Code) {
         run.link.AnswerDue = 0;
-        Beantwortet();
+        Geheimnisse_Loslassen();
     }
+    Unbestaetigt_Melden();
+}
+
+void F17::Unbestaetigt_Melden() const {
     kern.Meldung(Wort(kern, Word::CodeUnanswered), Buttons::Ok, Icon::Exclamation, CodeTitle);
 }
 
-bool F17::Pruefen() const {
-    if (!old_.Vollstaendig()) {
-        Melden(Line::CheckCode);
-    } else if (!new_.Vollstaendig()) {
-        Melden(Line::EntryInvalid);
-    } else if (!new_.Gleicht(repeat_)) {
-        Melden(Line::CodesDiffer);
-    } else {
-        return true;
+CodeOutcome F17::Pruefen() const {
+    if (!old_.Vollstaendig() || !new_.Vollstaendig()) {
+        return CodeOutcome::Incomplete;
     }
-    return false;
+    return new_.Gleicht(repeat_) ? CodeOutcome::Open : CodeOutcome::Different;
 }
 
 void F17::Angemeldet() {
-    Warten_Beenden();
-    if (!Pruefen()) {
+    Warten_Beenden(Pruefen());
+    if (Ergebnis != CodeOutcome::Open) {
+        Melden(Ergebnis == CodeOutcome::Different ? Line::CodesDiffer
+               : old_.Vollstaendig()              ? Line::EntryInvalid
+                                                  : Line::CheckCode);
         return;
     }
     AdminCodeBytes from = old_.Gepackt();
@@ -160,16 +172,32 @@ void F17::Angemeldet() {
     if (TelCodeAendern_Senden(run.link, from, to)) {
         Bestaetigung.Start(PatienceMs);
     } else {
+        Ergebnis = CodeOutcome::Unsent;
         Melden(Line::PortNotOpened);
     }
     Ueberschreiben(from);
     Ueberschreiben(to);
 }
 
+CodeOutcome F17::Antwort() const {
+    const Link& link = run.link;
+    if (link.RxByte(2) == RpCodeErgebnis::Reply.Code) {
+        return link.RxByte(RpCodeErgebnis::Status.Offset) == CodeTaken ? CodeOutcome::Changed : CodeOutcome::Refused;
+    }
+    // The device may have got what its adapter has no answer to.
+    return link.RxByte(RpAblehnung::Reason.Offset) == NoContact ? CodeOutcome::Unconfirmed : CodeOutcome::Refused;
+}
+
 void F17::Beantwortet() {
     Bestaetigung.Stop();
-    Geaendert = !Unbestaetigt && run.link.RxByte(2) == RpCodeErgebnis::Reply.Code &&
-                run.link.RxByte(RpCodeErgebnis::Status.Offset) == CodeTaken;
+    Ergebnis = Antwort();
+    Geheimnisse_Loslassen();
+    if (Ergebnis == CodeOutcome::Unconfirmed) {
+        Unbestaetigt_Melden();
+    }
+}
+
+void F17::Geheimnisse_Loslassen() {
     // What has begun meanwhile needs its own, and forgets them at its end.
     if (run.Gesamtende && run.link.Lauf.List.RunRows == 0) {
         Geheimnisse_Vergessen(run.link);
@@ -185,7 +213,7 @@ void F17::Schliessen() {
 
 void F17::Command2_Click() {
     if (Wartet()) {
-        Warten_Beenden();
+        Abbrechen();
     }
     const bool unit = Einheit();
     run.link.Lauf.Chain.LaufZiel.clear();
