@@ -1,9 +1,12 @@
 #pragma once
 
+#include "Secret.h"
+
 #include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -30,6 +33,13 @@ public:
     }
     operator const T&() const { return value_; }
     const T& operator()() const { return value_; }
+    /// Overwrites a text that nobody is to find in memory, and leaves it empty.
+    void Vergessen() requires std::is_same_v<T, std::string> {
+        qvm::Vergessen(value_);
+        if (Changed) {
+            Changed();
+        }
+    }
 
     std::function<void()> Changed;
 

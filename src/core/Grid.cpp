@@ -13,12 +13,16 @@ std::size_t Index(int row, int column, int columns) {
     return static_cast<std::size_t>(row) * static_cast<std::size_t>(columns) + static_cast<std::size_t>(column);
 }
 
-/// Sets one part of a cell and leaves the others.
-template <class Part, class Value>
-void Teil_Setzen(Grid& grid, int row, int column, Part Cell::*part, const Value& value) {
-    Cell cell = grid.At(row, column);
-    cell.*part = value;
-    grid.Set(row, column, cell);
+template <class Part>
+void Ersetzen(Part& part, const Part& value) {
+    part = value;
+}
+
+/// The new text may be a piece of the old one, which is not to be left in memory.
+void Ersetzen(std::string& part, std::string_view value) {
+    std::string old(value);
+    part.swap(old);
+    Vergessen(old);
 }
 
 } // namespace
@@ -56,34 +60,53 @@ void Grid::Set(int row, int column, const Cell& cell) {
     if (Changing) {
         Changing(row, column, own);
     }
+    Ersetzen(own.Text, cell.Text);
     own = cell;
     if (CellChanged) {
         CellChanged(row, column);
     }
 }
 
+template <class Part, class Value>
+void Grid::Teil_Setzen(int row, int column, Part Cell::*part, const Value& value) {
+    if (!Holds(row, column)) {
+        return;
+    }
+    Cell& own = cells_[Index(row, column, columns_)];
+    if (own.*part == value) {
+        return;
+    }
+    if (Changing) {
+        Changing(row, column, own);
+    }
+    Ersetzen(own.*part, value);
+    if (CellChanged) {
+        CellChanged(row, column);
+    }
+}
+
 void Grid::SetText(int row, int column, std::string_view text) {
-    Teil_Setzen(*this, row, column, &Cell::Text, text);
+    Teil_Setzen(row, column, &Cell::Text, text);
 }
 
 void Grid::SetForeColor(int row, int column, Colour colour) {
-    Teil_Setzen(*this, row, column, &Cell::ForeColor, colour);
+    Teil_Setzen(row, column, &Cell::ForeColor, colour);
 }
 
 void Grid::SetBackColor(int row, int column, Colour colour) {
-    Teil_Setzen(*this, row, column, &Cell::BackColor, colour);
+    Teil_Setzen(row, column, &Cell::BackColor, colour);
 }
 
 void Grid::SetFontSize(int row, int column, int points) {
-    Teil_Setzen(*this, row, column, &Cell::FontSize, points);
+    Teil_Setzen(row, column, &Cell::FontSize, points);
 }
 
 void Grid::SetPicture(int row, int column, int picture) {
-    Teil_Setzen(*this, row, column, &Cell::Picture, picture);
+    Teil_Setzen(row, column, &Cell::Picture, picture);
 }
 
 void Grid::SetBold(int row, int column, bool bold) {
-    Teil_Setzen(*this, row, column, &Cell::Bold, bold);
+    Teil_Setzen(row, column, &Cell::Bold, bold);
 }
 
 void Grid::Spalte_Vergessen(int column) {

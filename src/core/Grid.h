@@ -23,7 +23,8 @@ struct Cell {
 };
 
 /// A grid control: rows x columns of cells. Every write goes through Set, which checks both coordinates and tells the
-/// view. A coordinate outside the grid reads as an empty cell and writes nothing.
+/// view. A coordinate outside the grid reads as an empty cell and writes nothing. A text that gives way to another one
+/// is overwritten, as it may have been a code or a key.
 class Grid {
 public:
     Grid(int rows, int columns) { Resize(rows, columns); }
@@ -62,6 +63,10 @@ public:
     std::function<void(int row, int column)> CellChanged;
 
 private:
+    /// Sets one part of a cell and leaves the others.
+    template <class Part, class Value>
+    void Teil_Setzen(int row, int column, Part Cell::*part, const Value& value);
+
     int rows_ = 0;
     int columns_ = 0;
     std::vector<Cell> cells_;

@@ -29,6 +29,19 @@ void Vergessen(Row& row) {
     row.clear();
 }
 
+/// Overwrites a text, or a row of bytes, at the end of the block that this is declared in.
+template <class Row>
+class Wiper {
+public:
+    explicit Wiper(Row& row) : row_(row) {}
+    ~Wiper() { Vergessen(row_); }
+    Wiper(const Wiper&) = delete;
+    Wiper& operator=(const Wiper&) = delete;
+
+private:
+    Row& row_;
+};
+
 /// N bytes that are overwritten when they are no longer needed. Copies are secrets, too; what is taken out of one by
 /// Bytes or an iterator is not.
 template <std::size_t N>
