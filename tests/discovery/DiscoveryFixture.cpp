@@ -39,10 +39,11 @@ DiscoveryFixture::~DiscoveryFixture() {
     }
 }
 
-VirtualSystem& DiscoveryFixture::Plug(int port, std::string_view name, DeviceAddress address) {
+VirtualSystem& DiscoveryFixture::Plug(int port, std::string_view name, DeviceAddress address, std::uint8_t version) {
     VirtualWorld devices;
     devices.Adapter.Name = name;
     devices.Adapter.Address = address;
+    devices.Adapter.Version = version;
     devices.ReplyMs = 20;
     SimSurroundings around;
     around.Now = [this] { return world.Elapsed(); };

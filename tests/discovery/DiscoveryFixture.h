@@ -46,7 +46,8 @@ struct DiscoveryFixture : ::testing::Test {
     ~DiscoveryFixture() override;
 
     /// A virtual adapter behind the port, which becomes a candidate.
-    VirtualSystem& Plug(int port, std::string_view name, DeviceAddress address = {10, 20, 30, 40});
+    VirtualSystem& Plug(int port, std::string_view name, DeviceAddress address = {10, 20, 30, 40},
+                        std::uint8_t version = 12);
     /// Another device behind the port, which becomes a candidate.
     void PlugDevice(int port, Device device);
     void PlugSilent(int port);

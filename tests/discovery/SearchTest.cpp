@@ -41,6 +41,16 @@ TEST_F(Adapter_Suche, of_two_programming_adapters_the_first_is_used_and_both_are
     EXPECT_THAT(Asked, ElementsAre(7, 4, 7, 4));
 }
 
+TEST_F(Adapter_Suche, the_version_of_the_programming_adapter_is_its_own_whichever_identifies_itself_last) {
+    Plug(5, "PROGSTATION 1", {10, 20, 30, 40}, 3);
+    Plug(9, "ENROLLMENT1 desk", {4, 3, 2, 1}, 35);
+    ASSERT_TRUE(Search());
+    EXPECT_EQ(list.ProgVersion, 3);
+    EXPECT_EQ(list.Saetze.at(0).Version, 3);
+    list.Ports_Vergessen();
+    EXPECT_EQ(list.ProgVersion, 0);
+}
+
 TEST_F(Adapter_Suche, an_enrolment_adapter_is_known_by_its_port_and_not_listed) {
     for (const bool first : {true, false}) {
         Systems.clear();

@@ -14,6 +14,7 @@ struct AdapterSatz {
     std::string Adresse; ///< four decimal bytes, each preceded by "/"
     std::string Name;    ///< begins "PROGSTATION" or "ENROLLMENT1", but in AdapterListe::Fremde
     std::string Port;    ///< port number as text
+    int Version = 0;     ///< as it identified itself with; 0: unknown
     Secret<16> TransferKey{};
 };
 
@@ -37,6 +38,7 @@ struct AdapterListe {
     std::vector<AdapterSatz> Fremde; ///< adapters whose name is of no class: not for runs, only to be named anew
     int ProgStationPort = 0;         ///< 0 unknown, KeinPort none
     int EnrollmentPort = 0;
+    int ProgVersion = 0;     ///< of the adapter behind ProgStationPort; 0: unknown
     std::string ProgAdresse; ///< address text of the adapters that these ports lead to
     std::string EnrollmentAdresse;
 
@@ -52,7 +54,7 @@ struct AdapterListe {
     void Ports_Vergessen() {
         Saetze.clear();
         Fremde.clear();
-        ProgStationPort = EnrollmentPort = 0;
+        ProgStationPort = EnrollmentPort = ProgVersion = 0;
         ProgAdresse.clear();
         EnrollmentAdresse.clear();
     }

@@ -7,6 +7,7 @@
 #include "TransferTabelle.h"
 
 #include <algorithm>
+#include <map>
 #include <string_view>
 
 namespace qvm {
@@ -51,6 +52,7 @@ struct Suche {
     std::vector<int> Ports; ///< the list itself may change during a wait
     double Wait;            ///< for an identification
     Probe ProbeSent{};
+    std::map<int, int> Versions{}; ///< of the adapters, by port
 
     bool Ueberholt() const { return list.Stand != Stand; }
 };
@@ -110,8 +112,11 @@ bool Satz_Fragen(const Suche& search, int port) {
 }
 
 /// The record in the reply, which is forgotten: probe and record together give the transfer key away.
-AdapterSatz Satz_Lesen(Link& link, int port, const Probe& probe) {
+AdapterSatz Satz_Lesen(const Suche& search, int port) {
+    Link& link = search.link;
     AdapterSatz adapter;
+    const auto version = search.Versions.find(port);
+    adapter.Version = version == search.Versions.end() ? 0 : version->second;
     for (int n = 0; n < RpAdapterDaten::AdapterAddress.Width; ++n) {
         adapter.Adresse += "/" + Ziffern(link.ReplyByte(RpAdapterDaten::AdapterAddress.Offset + n));
     }
@@ -121,7 +126,7 @@ AdapterSatz Satz_Lesen(Link& link, int port, const Probe& probe) {
     for (std::size_t n = 0; n < bytes.size(); ++n) {
         bytes[n] = link.ReplyByte(RpAdapterDaten::Key.Offset + static_cast<int>(n));
     }
-    adapter.TransferKey = TransferKey_Bilden(bytes, probe);
+    adapter.TransferKey = TransferKey_Bilden(bytes, search.ProbeSent);
     Ueberschreiben(bytes);
     Vergessen(link.Reply);
     Empfang_Vergessen(link);
@@ -140,6 +145,7 @@ void Satz_Ablegen(AdapterListe& list, const AdapterSatz& adapter, int port, bool
     } else if (name.starts_with(ProgrammingClass)) {
         if (list.ProgStationPort == KeinPort) {
             list.ProgStationPort = port;
+            list.ProgVersion = adapter.Version;
             list.ProgAdresse = adapter.Adresse;
             if (!enrolmentKnown) {
                 list.EnrollmentPort = port;
@@ -153,12 +159,16 @@ void Satz_Ablegen(AdapterListe& list, const AdapterSatz& adapter, int port, bool
     }
 }
 
-bool Kennungen_Sammeln(const Suche& search) {
+bool Kennungen_Sammeln(Suche& search) {
     bool answered = false;
     for (const int port : search.Ports) {
-        answered = Kennung_Fragen(search, port) || answered;
+        const bool known = Kennung_Fragen(search, port);
         if (search.Ueberholt()) {
             return false;
+        }
+        if (known) {
+            answered = true;
+            search.Versions[port] = search.link.ReplyByte(RpAdapterKennung::Version.Offset);
         }
     }
     return answered;
@@ -172,7 +182,7 @@ void Saetze_Sammeln(const Suche& search) {
             return;
         }
         if (answered) {
-            Satz_Ablegen(search.list, Satz_Lesen(search.link, port, search.ProbeSent), port, enrolmentKnown);
+            Satz_Ablegen(search.list, Satz_Lesen(search, port), port, enrolmentKnown);
         }
     }
 }
