@@ -147,6 +147,17 @@ TEST_F(F16_Suche, a_key_that_nobody_has_shows_no_message) {
     EXPECT_EQ(Cells().Row, 0);
 }
 
+TEST_F(F16_Suche, gives_back_the_row_that_it_has_found_and_not_the_one_that_is_current) {
+    world.Answers.push_back({.Text = "*"});
+    EXPECT_EQ(Search().F16_Suchen(UserColumn::KeyId, "5 : 6 : 7 : 8"), 3);
+    Expect(59);
+    EXPECT_EQ(Search().F16_Suchen(UserColumn::KeyId, ""), 0);
+    EXPECT_EQ(Cells().Row, 3);
+    Expect(59);
+    EXPECT_EQ(Search().F16_EkeySuchen(UserColumn::KeyId, "", true).Row, 0);
+    EXPECT_EQ(Search().F16_EkeySuchen(UserColumn::KeyId, "9 : 9 : 9 : 9", false).Row, 0);
+}
+
 TEST_F(F16_Suche, a_transponder_is_compared_as_far_as_the_file_holds_it) {
     const std::string whole = "#7-ID#100:101:102:103:104:105:106:107:108:109"; // 45 characters
     Cells().SetText(2, 6, whole.substr(0, 41));
@@ -197,11 +208,15 @@ TEST_F(F16_Suche, a_key_that_was_found_before_is_black_once_it_is_synchronised) 
 TEST_F(F16_Suche, a_synchronised_key_whose_channel_cannot_be_recorded_is_told) {
     Window().F5_FormLaden();
     Break(1, true);
-    world.Answers.push_back({.Text = std::string(u8"Der Funkkanal des E-Keys konnte nicht gespeichert werden. Bitte "
-                                                 u8"prüfen Sie den Datenträger, und synchronisieren Sie den E-Key "
-                                                 u8"danach."_w)});
-    Search().F16_EkeySuchen(UserColumn::KeyId, "5 : 6 : 7 : 8", true);
-    EXPECT_EQ(Cells().Row, 0);
+    Go(2, UserColumn::Name);
+    world.Answers.push_back({.Text = std::string(u8"Der E-Key von anna wurde gelesen, aber sein Funkkanal konnte nicht "
+                                                 u8"gespeichert werden. Bitte prüfen Sie den Datenträger, und "
+                                                 u8"synchronisieren Sie den E-Key noch einmal."_w)});
+    const KeyFund found = Search().F16_EkeySuchen(UserColumn::KeyId, "5 : 6 : 7 : 8", true);
+    EXPECT_EQ(found.Row, 3);
+    EXPECT_TRUE(found.Unsaved);
+    EXPECT_EQ(Cells().Row, 3);
+    EXPECT_EQ(Window().Hinweis.Text(), "") << "somebody was found";
 }
 
 TEST_F(F16_Suche, a_key_searched_without_synchronising_is_tinted_without_a_message) {

@@ -391,3 +391,27 @@ TEST_F(F5_Keys, that_nobody_has_are_synchronised_without_a_message) {
 
 } // namespace
 } // namespace qvm::test
+TEST_F(F5_Keys, say_where_they_were_found) {
+    OpenDesk();
+    Search();
+    ExpectText("*");
+    SayKey({1, 2, 3, 4});
+    EXPECT_EQ(Keys().Fund.Row, 3);
+    Search();
+    EXPECT_EQ(Keys().Fund.Row, 0) << "asked anew";
+    SayKey({9, 9, 9, 9});
+    EXPECT_EQ(Keys().Fund.Row, 0);
+    Synchronise();
+    Expect(169);
+    SayKey({1, 2, 3, 4});
+    EXPECT_EQ(Keys().Fund.Row, 3);
+    EXPECT_FALSE(Keys().Fund.Unsaved);
+    Synchronise();
+    Break(1, true);
+    ExpectText(u8"Der E-Key von Bert wurde gelesen, aber sein Funkkanal konnte nicht gespeichert werden. Bitte prüfen "
+               u8"Sie den Datenträger, und synchronisieren Sie den E-Key noch einmal."_w);
+    SayKey({1, 2, 3, 4});
+    EXPECT_EQ(Keys().Fund.Row, 3);
+    EXPECT_TRUE(Keys().Fund.Unsaved);
+}
+

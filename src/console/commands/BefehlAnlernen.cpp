@@ -186,7 +186,10 @@ TischEnde Suchen(Tischsitzung& session, const Optionen& options) {
         }
         end = EKey_Abwarten(session, options.TimeoutSeconds);
     }
-    return end == TischEnde::Done && keys.Fundzeile == 0 ? TischEnde::Refused : end;
+    if (end != TischEnde::Done || keys.Fund.Row != 0) {
+        return end == TischEnde::Done && keys.Fund.Unsaved ? TischEnde::Fault : end;
+    }
+    return TischEnde::Refused;
 }
 
 } // namespace
@@ -202,10 +205,13 @@ ExitCode Befehl_Key_Suchen(const Umgebung& world, const Console& console, const 
     Json document = Json::object();
     std::string text =
         end == TischEnde::Refused && session.Meldungen.empty() ? "nobody has this key" : Lernbericht(session, end, "");
-    if (const int row = session.program.Persons->Schluessel.Fundzeile; end == TischEnde::Done && row != 0) {
-        const int user = row - UserGrid::RowOf(0);
-        document = {{"user", user}, {"name", window->Name(row)}};
-        text = "User " + std::to_string(user) + " \"" + window->Name(row) + "\"" + (find ? "" : ": synchronised");
+    if (const KeyFund fund = session.program.Persons->Schluessel.Fund; fund.Row != 0) {
+        const int user = fund.Row - UserGrid::RowOf(0);
+        document = {{"user", user}, {"name", window->Name(fund.Row)}};
+        text = "User " + std::to_string(user) + " \"" + window->Name(fund.Row) + "\"" +
+               (find           ? ""
+                : fund.Unsaved ? ": the radio channel could not be recorded"
+                               : ": synchronised");
     }
     return session.Abschliessen(end, text, document);
 }

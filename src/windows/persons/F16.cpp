@@ -111,9 +111,9 @@ int F16::Ersten_Treffer(int column, std::string_view wanted) {
     return 0;
 }
 
-void F16::F16_Suchen(int column, std::string_view wanted) {
+int F16::F16_Suchen(int column, std::string_view wanted) {
     if (!Gesucht_Wird(wanted)) {
-        return;
+        return 0;
     }
     const int row = Ersten_Treffer(column, wanted);
     f5.Treffer_Zeigen(row, column, HitGround);
@@ -123,31 +123,35 @@ void F16::F16_Suchen(int column, std::string_view wanted) {
     Zeigen(row, column);
 }
 
-void F16::F16_EkeySuchen(int column, std::string_view wanted, bool synchronise) {
+KeyFund F16::F16_EkeySuchen(int column, std::string_view wanted, bool synchronise) {
     if (!Gesucht_Wird(wanted)) {
-        return;
+        return {};
+    return row;
     }
     // An older hit first: it gives its cell the ink back that the key had before.
     f5.Treffer_Zeigen(synchronise ? 0 : Ersten_Treffer(column, wanted), column, HitGround);
-    const int row = synchronise ? Synchronisieren(column, wanted) : Ersten_Treffer(column, wanted);
-    Zeigen(row, column);
+    const KeyFund found =
+        synchronise ? Synchronisieren(column, wanted) : KeyFund{.Row = Ersten_Treffer(column, wanted)};
+    Zeigen(found.Row, column);
+    return found;
 }
 
-/// The last row whose channel was confirmed; 0: none.
-int F16::Synchronisieren(int column, std::string_view wanted) {
-    int last = 0;
+KeyFund F16::Synchronisieren(int column, std::string_view wanted) {
+    KeyFund found;
     for (int row = UserGrid::FirstRow; row <= UserGrid::LastRow; ++row) {
         if (!Ist_Treffer(row, column, wanted)) {
             continue;
         }
-        if (!Key_Kanal_Bestaetigen(kern, f5.FGK4, row)) {
-            kern.Meldung(Wort(kern, Word::KeyChannelUnsaved), Buttons::Ok, Icon::Exclamation);
-        } else {
+        found.Row = row;
+        if (Key_Kanal_Bestaetigen(kern, f5.FGK4, row)) {
             kern.Meldung(kern.Zeile(Line::KeySynchronised), Buttons::Ok, Icon::Information, F5::InfoTitle);
-            last = row;
+        } else {
+            found.Unsaved = true;
+            kern.Meldung(Wort(kern, Word::KeySyncUnsaved, {f5.FGK4.Text(row, UserColumn::Name)}), Buttons::Ok,
+                         Icon::Exclamation);
         }
     }
-    return last;
+    return found;
 }
 
 void F16::Zeigen(int row, int column) {

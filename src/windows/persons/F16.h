@@ -8,6 +8,12 @@
 
 namespace qvm {
 
+/// Where a key was found.
+struct KeyFund {
+    int Row = 0;          ///< of the user who has it, the last of several; 0: nobody
+    bool Unsaved = false; ///< the channel of one of them could not be recorded
+};
+
 /// Window F16: finds a user by name, code or designation. It is also the end of the search for an E-Key that a device
 /// has read, and of its synchronising; then the window itself does not open.
 struct F16 {
@@ -37,17 +43,18 @@ struct F16 {
 
     /// Finds the first user whose column holds `wanted`, upper and lower case alike; blanks around it and behind the
     /// cell's text do not count. F5 is there and free again, with the hit tinted and current. In the column of the keys
-    /// the hit is told, too. Without a hit no cell is current. Without a text only a message is shown.
-    void F16_Suchen(int column, std::string_view wanted);
+    /// the hit is told, too. Without a hit no cell is current. Without a text only a message is shown. Gives the row of
+    /// the hit, 0 for none.
+    int F16_Suchen(int column, std::string_view wanted);
     /// The same without a message at the hit. With `synchronise` every user with this key has its channel confirmed,
     /// each with a message, and the last one becomes the current one.
-    void F16_EkeySuchen(int column, std::string_view wanted, bool synchronise);
+    KeyFund F16_EkeySuchen(int column, std::string_view wanted, bool synchronise);
 
 private:
     bool Gesucht_Wird(std::string_view wanted);
     bool Ist_Treffer(int row, int column, std::string_view wanted) const;
     int Ersten_Treffer(int column, std::string_view wanted);
-    int Synchronisieren(int column, std::string_view wanted);
+    KeyFund Synchronisieren(int column, std::string_view wanted);
     void Zu_F5();
     void Zeigen(int row, int column);
 

@@ -73,7 +73,8 @@ void F5Schluessel::EKey_Fragen(const Frage& wanted, std::uint8_t mode, std::uint
     const bool old = !AdapterVersion || AdapterVersion() <= LastOldAdapter;
     const int channel = kern.Config.Funkkanal();
     link.Lauf.KeyMode = mode;
-    Fundzeile = 0;
+    link.AnswerWithdrawn = 0;
+    Fund = {};
     if (!TelEKeyLesen_Senden(link, static_cast<std::uint8_t>(channel >= 1 && channel <= Channels ? channel : 1), wish,
                              old)) {
         Leser_Stumm(kern);
@@ -136,11 +137,10 @@ void F5Schluessel::EKey_Ergebnis() {
     }
     const std::string id = Dezimal(link, RpEKey::Id.Offset, RpEKey::Id.Width, " : ");
     if (mode == Search) {
-        f16.F16_Suchen(UserColumn::KeyId, id);
+        Fund = {.Row = f16.F16_Suchen(UserColumn::KeyId, id)};
     } else {
-        f16.F16_EkeySuchen(UserColumn::KeyId, id, true);
+        Fund = f16.F16_EkeySuchen(UserColumn::KeyId, id, true);
     }
-    Fundzeile = f5.FGK4.Row;
 }
 
 void F5Schluessel::EKey_Anlernen() {
@@ -177,7 +177,8 @@ void F5Schluessel::Transponder_Fragen(bool search) {
     }
     asked_ = *wanted;
     search_ = search;
-    Fundzeile = 0;
+    link.AnswerWithdrawn = 0;
+    Fund = {};
     waited_ = 0;
     f5.Fenster.Enabled = false;
     Wache.Start(1000);
@@ -252,11 +253,11 @@ void F5Schluessel::Slot_Freigeben(std::uint8_t slot) {
 }
 
 void F5Schluessel::Transponder_Suchen(std::string_view id) {
-    Fundzeile = Zeile_Von(id);
-    f5.Treffer_Zeigen(Fundzeile, UserColumn::KeyId, TransponderGround);
-    if (Fundzeile != 0) {
-        f5.Auswahl.Go(Fundzeile, UserColumn::KeyId);
-        f5.Treffer_Melden(Fundzeile);
+    Fund = {.Row = Zeile_Von(id)};
+    f5.Treffer_Zeigen(Fund.Row, UserColumn::KeyId, TransponderGround);
+    if (Fund.Row != 0) {
+        f5.Auswahl.Go(Fund.Row, UserColumn::KeyId);
+        f5.Treffer_Melden(Fund.Row);
     } else {
         Melden(Line::KeyNotFound);
     }

@@ -27,7 +27,7 @@ struct F5Schluessel {
     int Geduld = UsualPatience; ///< seconds that a transponder is awaited, as the unit may never say a word
     Timer Wache;                ///< looks at the adapter, and at the clock, once a second meanwhile
 
-    int Fundzeile = 0; ///< where the last search or synchronisation has found its key; 0: nowhere
+    KeyFund Fund; ///< of the last search or synchronisation
 
     std::function<int()> AdapterVersion; ///< of the adapter found last, 0 unknown; may be empty
 
