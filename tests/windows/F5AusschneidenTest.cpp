@@ -1,5 +1,6 @@
 // E-Keys of the user window that are cut and pasted.
 
+#include "FreedMemory.h"
 #include "LeserFixture.h"
 
 namespace qvm::test {
@@ -129,6 +130,29 @@ TEST_F(F5_Keys, and_codes_are_overwritten_when_the_window_is_closed) {
 TEST_F(F5_Keys, that_are_cut_are_forgotten_when_the_window_is_closed_and_so_is_every_step_back) {
     OpenDesk();
     Window().MenuRow = 3;
+TEST_F(F5_Keys, that_were_learned_found_cut_and_pasted_stand_in_no_memory_that_was_given_back) {
+    for (const std::string_view secret : {"101 : 102 : 103 : 104", "1 : 2 : 3 : 4 : 5 : 6 : 7 : 8 : 9 : 10 : 11"}) {
+        OpenDesk();
+        const FreedMemory freed{std::string(secret)};
+        Learn(2);
+        SayKey({101, 102, 103, 104});
+        Search();
+        ExpectText("L37 1\r\nL38: Anna");
+        SayKey({101, 102, 103, 104});
+        ASSERT_EQ(Keys().Fund.Row, 2);
+        Window().MenuRow = 2;
+        Keys().key_ausschneiden_Click();
+        Window().MenuRow = 4;
+        Keys().key_einfuegen_Click();
+        ASSERT_EQ(Text(4, UserColumn::KeyId), "101 : 102 : 103 : 104");
+        Window().F5_Undo_Click();
+        ExpectText("*", Answer::No);
+        Back();
+        ASSERT_FALSE(Window().Fenster.Visible);
+        EXPECT_EQ(freed.Seen(), 0) << secret;
+    }
+}
+
     Keys().key_ausschneiden_Click();
     ExpectText("*", Answer::No);
     Back();

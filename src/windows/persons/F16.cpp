@@ -1,6 +1,7 @@
 #include "F16.h"
 
 #include "Kanal.h"
+#include "Secret.h"
 
 #include <algorithm>
 #include <string>
@@ -73,12 +74,12 @@ void F16::Command1_Click() {
     const auto chosen = std::find_if(Option.begin(), Option.end(), [](const CheckBox& box) { return box.Checked(); });
     const auto n = static_cast<std::size_t>(chosen - Option.begin());
     F16_Suchen(Options[n < Options.size() ? n : 0].Column, Text1.Text());
-    Text1.Text = std::string();
+    Text1.Text.Vergessen();
 }
 
 void F16::Command2_Click() {
     if (Fenster.Visible) {
-        Text1.Text = std::string();
+        Text1.Text.Vergessen();
         Zu_F5();
     }
 }
@@ -99,7 +100,11 @@ bool F16::Gesucht_Wird(std::string_view wanted) {
 }
 
 bool F16::Ist_Treffer(int row, int column, std::string_view wanted) const {
-    return Vergleichstext(RTrim(f5.FGK4.Text(row, column)), column) == Vergleichstext(Trim(wanted), column);
+    std::string held = Vergleichstext(RTrim(f5.FGK4.Text(row, column)), column);
+    std::string sought = Vergleichstext(Trim(wanted), column);
+    const Wiper wipeHeld(held);
+    const Wiper wipeSought(sought);
+    return held == sought;
 }
 
 int F16::Ersten_Treffer(int column, std::string_view wanted) {
@@ -121,12 +126,12 @@ int F16::F16_Suchen(int column, std::string_view wanted) {
         f5.Treffer_Melden(row);
     }
     Zeigen(row, column);
+    return row;
 }
 
 KeyFund F16::F16_EkeySuchen(int column, std::string_view wanted, bool synchronise) {
     if (!Gesucht_Wird(wanted)) {
         return {};
-    return row;
     }
     // An older hit first: it gives its cell the ink back that the key had before.
     f5.Treffer_Zeigen(synchronise ? 0 : Ersten_Treffer(column, wanted), column, HitGround);

@@ -5,6 +5,12 @@
 #include "F5_Marken.h"
 #include "F5_Sortieren.h"
 #include "Fragen.h"
+#include "Secret.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <vector>
 
 namespace qvm {
 namespace {
@@ -58,7 +64,9 @@ void F5::Csv_Schreiben() {
     const auto path = kern.Welt.SaveFile(
         {.Title = Label1.Text, .Filter = kern.Zeile(Line::UserManagement) + "(*.CSV)|*.CSV|", .Directory = {}});
     // Appended: a second export to one file adds to it.
-    const bool written = path && kern.Welt.Files.Append(*path, F5_CsvText(FGK4));
+    std::string text = F5_CsvText(FGK4); // with all codes
+    const Wiper wipeText(text);
+    const bool written = path && kern.Welt.Files.Append(*path, text);
     kern.Meldung(written ? "CSV Print OK!" : "CSV Print ERROR!", Buttons::Ok,
                  written ? Icon::Information : Icon::Exclamation, InfoTitle);
 }

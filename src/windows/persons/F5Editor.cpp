@@ -2,6 +2,7 @@
 
 #include "F5.h"
 #include "Filter.h"
+#include "Secret.h"
 
 #include <algorithm>
 
@@ -88,7 +89,7 @@ void F5::Editor_Oeffnen(int key) {
     if (row < UserGrid::FirstRow || column < UserColumn::Name || column > UserColumn::KeyLabel) {
         return;
     }
-    const std::string text = FGK4.Text(row, column);
+    const std::string& text = FGK4.Text(row, column);
     if (column == UserColumn::KeyLabel && text.starts_with(FingerSlot)) {
         return;
     }
@@ -147,8 +148,10 @@ void F5::Editor_Change(std::string_view text) {
     if (box == nullptr) {
         return;
     }
-    const std::string before = typed_;
-    const std::string offered(text); // which may be that of the box
+    std::string before = typed_;
+    std::string offered(text); // which may be that of the box
+    const Wiper wipeBefore(before);
+    const Wiper wipeOffered(offered);
     if (box == &Text1) {
         typed_ = Gefiltert(text, Name_Filter).substr(0, UserRecord::UserName.Width);
     } else {
@@ -169,7 +172,7 @@ void F5::Editor_Schliessen() {
     OpenColumn = 0;
     for (TextBox* box : {&Text1, &Text2, &Text7}) {
         box->Visible = false;
-        box->Text = std::string();
+        box->Text.Vergessen();
     }
     List1.Visible = false;
     List2.Visible = false;
@@ -206,7 +209,8 @@ bool F5::Vergeben(int row, int column, std::string_view text) const {
 
 bool F5::Editor_Bestaetigen() {
     const Place cell = edited_;
-    const std::string text = Editor_Text();
+    std::string text = Editor_Text();
+    const Wiper wipeText(text);
     const bool fits = text.size() >= CodeLength && text.size() <= static_cast<std::size_t>(Text2.MaxLength);
     if (cell.Column == UserColumn::Code && !text.empty() && !fits) {
         return false;
@@ -234,6 +238,7 @@ void F5::Editor_Uebernehmen() {
     }
     const Place cell = edited_;
     std::string text = Editor_Text();
+    const Wiper wipeText(text);
     if (cell.Column == UserColumn::Code && text.size() < CodeLength) {
         text.clear();
     }

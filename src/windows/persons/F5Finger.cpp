@@ -18,6 +18,7 @@ namespace {
 constexpr std::string_view PremiumMark = "PR";
 constexpr std::size_t SlotDigitsAt = 9, SlotDigits = 3; ///< characters 10 to 12
 constexpr int UsualSlots = 250;
+constexpr std::size_t LongestByte = 6; ///< "255 : "
 /// The last column of which FS_loeschen takes an "F": locks 195 to 200 keep theirs.
 constexpr int LastFingerColumn = 201;
 
@@ -45,6 +46,7 @@ void F5Finger::FS_anerlen_Click() {
         return;
     }
     template_.clear();
+    template_.reserve(TemplateRecord::Template.Width + LongestByte); // no copy is left behind as it grows
     broken_ = false;
     stand_ = Adapter.Stand;
     f5.Fenster.Enabled = false;

@@ -2,6 +2,8 @@
 
 #include "AdapterScan.h"
 
+#include <cstddef>
+
 namespace qvm {
 
 bool Leser_Bereitmachen(F5& window, Link& link, AdapterListe& adapters, LeserPort which) {
@@ -41,10 +43,14 @@ bool F5Zeile_Gilt(const F5& window, const F5Zeile& asked) {
            window.Benutzername(asked.Row) == asked.Name;
 }
 
-std::string Dezimal(const Link& link, int first, int count, std::string_view between) {
+std::string Dezimal(const Link& link, int first, int count, std::string_view between, std::string_view head) {
+    constexpr std::size_t digits = 3;
     std::string text;
     for (int n = 0; n < count; ++n) {
-        text += (n == 0 ? "" : std::string(between)) + Ziffern(link.RxByte(first + n));
+    text.reserve(head.size() + static_cast<std::size_t>(count) * (digits + between.size()));
+    text += head;
+        text += n == 0 ? std::string_view() : between;
+        text += Ziffern(link.RxByte(first + n));
     }
     return text;
 }

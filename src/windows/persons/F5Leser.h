@@ -36,7 +36,8 @@ F5Zeile F5Zeile_Merken(const F5& window, int row);
 /// True when the window is open and the same user stands in the row.
 bool F5Zeile_Gilt(const F5& window, const F5Zeile& asked);
 
-/// Bytes of the received frame as decimals, `between` them. Bytes beyond the frame are 0.
-std::string Dezimal(const Link& link, int first, int count, std::string_view between);
+/// `head`, then bytes of the received frame as decimals, `between` them. Bytes beyond the frame are 0. Nothing but the
+/// result has held them.
+std::string Dezimal(const Link& link, int first, int count, std::string_view between, std::string_view head = {});
 
 } // namespace qvm

@@ -135,7 +135,8 @@ void F5Schluessel::EKey_Ergebnis() {
         EKey_Anlernen();
         return;
     }
-    const std::string id = Dezimal(link, RpEKey::Id.Offset, RpEKey::Id.Width, " : ");
+    std::string id = Dezimal(link, RpEKey::Id.Offset, RpEKey::Id.Width, " : ");
+    const Wiper wipeId(id);
     if (mode == Search) {
         Fund = {.Row = f16.F16_Suchen(UserColumn::KeyId, id)};
     } else {
@@ -144,8 +145,11 @@ void F5Schluessel::EKey_Ergebnis() {
 }
 
 void F5Schluessel::EKey_Anlernen() {
-    Eintragen(Dezimal(link, RpEKey::Id.Offset, RpEKey::Id.Width, " : "),
-              Dezimal(link, RpEKey::IdData.Offset, RpEKey::IdData.Width, " : "), Line::KeyAssigned);
+    std::string id = Dezimal(link, RpEKey::Id.Offset, RpEKey::Id.Width, " : ");
+    std::string data = Dezimal(link, RpEKey::IdData.Offset, RpEKey::IdData.Width, " : ");
+    const Wiper wipeId(id);
+    const Wiper wipeData(data);
+    Eintragen(id, data, Line::KeyAssigned);
 }
 
 void F5Schluessel::Eintragen(const std::string& id, const std::string& data, int takenLine) {
@@ -228,15 +232,17 @@ void F5Schluessel::Finger_Kennung() {
         return;
     }
     const std::uint8_t slot = link.RxByte(RpFingerKennung::Slot.Offset);
-    const std::string id =
-        "#" + Ziffern(slot) + "-ID#" + Dezimal(link, RpFingerKennung::Id.Offset, RpFingerKennung::Id.Width, ":");
+    std::string id =
+        Dezimal(link, RpFingerKennung::Id.Offset, RpFingerKennung::Id.Width, ":", "#" + Ziffern(slot) + "-ID#");
+    std::string data = Dezimal(link, RpFingerKennung::IdData.Offset, RpFingerKennung::IdData.Width, ":");
+    const Wiper wipeId(id);
+    const Wiper wipeData(data);
     if (search_) {
         Transponder_Suchen(id);
     } else if (slot >= FirstUsedSlot) {
         Slot_Freigeben(slot);
     } else {
-        Eintragen(id, Dezimal(link, RpFingerKennung::IdData.Offset, RpFingerKennung::IdData.Width, ":"),
-                  Line::TransponderAssigned);
+        Eintragen(id, data, Line::TransponderAssigned);
     }
 }
 
@@ -267,8 +273,7 @@ void F5Schluessel::Transponder_Suchen(std::string_view id) {
 
 void F5Schluessel::key_ausschneiden_Click() {
     const int row = f5.MenuRow;
-    const std::string id = f5.FGK4.Text(row, UserColumn::KeyId);
-    if (row < UserGrid::FirstRow || Trim(id).empty()) {
+    if (row < UserGrid::FirstRow || Trim(f5.FGK4.Text(row, UserColumn::KeyId)).empty()) {
         return;
     }
     const std::optional<KeyKanal> channel = Key_Kanal_Lesen(kern, row);
@@ -280,7 +285,10 @@ void F5Schluessel::key_ausschneiden_Click() {
         return;
     }
     Ausgeschnittenes_Vergessen();
-    cut_ = Clipboard{.Id = id, .Data = f5.FGK4.Text(row, UserColumn::KeyData), .Channel = *channel};
+    cut_.emplace();
+    cut_->Id = f5.FGK4.Text(row, UserColumn::KeyId);
+    cut_->Data = f5.FGK4.Text(row, UserColumn::KeyData);
+    cut_->Channel = *channel;
     f5.Aendern(Word::StepCut, [&] {
         f5.FGK4.SetText(row, UserColumn::KeyId, "");
         f5.FGK4.SetText(row, UserColumn::KeyData, "");
@@ -305,16 +313,15 @@ void F5Schluessel::key_einfuegen_Click() {
         Melden(cut_->Id.starts_with('#') ? Line::TransponderAssigned : Line::KeyAssigned);
         return;
     }
-    const Clipboard key = *cut_;
-    Ausgeschnittenes_Vergessen();
     bool written = false;
     f5.Aendern(Word::StepPaste, [&] {
-        f5.FGK4.SetText(row, UserColumn::KeyId, key.Id);
-        f5.FGK4.SetText(row, UserColumn::KeyData, key.Data);
-        written = Key_Kanal_Einfuegen(kern, f5.FGK4, row, key.Channel);
+        f5.FGK4.SetText(row, UserColumn::KeyId, cut_->Id);
+        f5.FGK4.SetText(row, UserColumn::KeyData, cut_->Data);
+        written = Key_Kanal_Einfuegen(kern, f5.FGK4, row, cut_->Channel);
         f5.Verlauf.Keep(Word::ChannelStays);
     });
     Kanal_Melden(written);
 }
 
 } // namespace qvm
+    Ausgeschnittenes_Vergessen();
