@@ -5,6 +5,8 @@
 #include "UserTable.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <numeric>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -46,10 +48,13 @@ std::vector<Cell> Zeile(const Grid& users, int row) {
 
 } // namespace
 
-void F5_Sortieren(Grid& users) {
+std::vector<int> F5_Sortieren(Grid& users) {
+    std::vector<int> from(UserGrid::LastRow + 1);
+    std::iota(from.begin(), from.end(), 0);
     std::vector<std::pair<int, std::vector<Cell>>> moved; // to which row
     int target = UserGrid::FirstRow;
     for (const UserOrder& user : Reihenfolge(users)) {
+        from[static_cast<std::size_t>(target)] = user.Row;
         if (user.Row != target) {
             moved.emplace_back(target, Zeile(users, user.Row));
         }
@@ -69,6 +74,7 @@ void F5_Sortieren(Grid& users) {
             users.SetText(row, UserColumn::Name, "");
         }
     }
+    return from;
 }
 
 } // namespace qvm

@@ -13,6 +13,7 @@ void PersonWindows::Verbinden() {
     replies.Finger_Daten = [this] { Finger.Finger_Daten(); };
     replies.Finger_Kennung = [this] { Schluessel.Finger_Kennung(); };
     replies.Leser_Fertig = [this] { Schluessel.Leser_Fertig(); };
+    replies.Leser_Verspaetet = [this] { Schluessel.Leser_Verspaetet(); };
     replies.Leser_Abgelehnt = [this] {
         Schluessel.Leser_Abgelehnt();
         Finger.Leser_Abgelehnt();

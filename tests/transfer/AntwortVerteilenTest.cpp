@@ -693,6 +693,35 @@ TEST_F(Antwort_Verteilen_Reply, what_no_window_asked_for_or_not_any_more_calls_n
     EXPECT_EQ(calls, 1);
 }
 
+TEST_F(Antwort_Verteilen_Reply, what_a_window_has_withdrawn_is_told_to_be_late) {
+    int late = 0;
+    run.Fenster.Leser_Verspaetet = [&late] { ++late; };
+    for (const int code : {0x81, 0xA3}) {
+        Reply(static_cast<std::uint8_t>(code), std::vector<std::uint8_t>(32));
+    }
+    EXPECT_EQ(late, 0);
+    link.AnswerWithdrawn = 0x67;
+    Reply(0xA3, std::vector<std::uint8_t>(32));
+    EXPECT_EQ(late, 0);
+    Reply(0x81, std::vector<std::uint8_t>(32));
+    EXPECT_EQ(late, 1);
+    link.AnswerWithdrawn = 0xA3;
+    Reply(0xA3, std::vector<std::uint8_t>(32));
+    EXPECT_EQ(late, 2);
+}
+
+TEST_F(Antwort_Verteilen_Reply, a_refused_login_leaves_the_code_change_to_its_window) {
+    RunOutcome told = RunOutcome::Open;
+    run.Fenster.Code_Abgelehnt = [&told](RunOutcome why) { told = why; };
+    link.Lauf.Chain.CodeChangePending = 0xFF;
+    Reply(0x69, {0x65});
+    EXPECT_EQ(told, RunOutcome::Refused);
+    EXPECT_EQ(link.Lauf.Chain.CodeChangePending, 0xFF);
+    Reply(0x69, {0x64});
+    EXPECT_EQ(told, RunOutcome::NotReached);
+    EXPECT_EQ(link.Lauf.Chain.CodeChangePending, 0xFF);
+}
+
 TEST_F(Antwort_Verteilen_Reply, an_enrolment_is_answered_by_many_steps_until_it_is_done) {
     int steps = 0;
     int pieces = 0;

@@ -2,6 +2,7 @@
 
 #include "FreedMemory.h"
 #include "LeserFixture.h"
+#include "Text.h"
 
 namespace qvm::test {
 namespace {
@@ -83,7 +84,9 @@ TEST_F(F5_Keys, whose_channel_cannot_be_read_are_not_cut) {
     };
     Keys().key_ausschneiden_Click();
     ASSERT_EQ(world.Shown.size(), 1U);
-    EXPECT_TRUE(Last().Text.starts_with("Eine Datei kann nicht gelesen werden (RFCHANDIF12.RFX")) << Last().Text;
+    EXPECT_TRUE(Last().Text.starts_with("Der E-Key wurde nicht ausgeschnitten, da sein Funkkanal nicht gelesen werden "
+                                        "kann (RFCHANDIF12.RFX"))
+        << Last().Text;
     EXPECT_EQ(Last().Sign, Icon::Exclamation);
     EXPECT_EQ(KeyOf(3), "1 : 2 : 3 : 4|5 : 6");
     Window().MenuRow = 2;
@@ -127,9 +130,6 @@ TEST_F(F5_Keys, and_codes_are_overwritten_when_the_window_is_closed) {
     EXPECT_EQ(std::string(digits, 6), std::string(6, '\0'));
 }
 
-TEST_F(F5_Keys, that_are_cut_are_forgotten_when_the_window_is_closed_and_so_is_every_step_back) {
-    OpenDesk();
-    Window().MenuRow = 3;
 TEST_F(F5_Keys, that_were_learned_found_cut_and_pasted_stand_in_no_memory_that_was_given_back) {
     for (const std::string_view secret : {"101 : 102 : 103 : 104", "1 : 2 : 3 : 4 : 5 : 6 : 7 : 8 : 9 : 10 : 11"}) {
         OpenDesk();
@@ -153,6 +153,9 @@ TEST_F(F5_Keys, that_were_learned_found_cut_and_pasted_stand_in_no_memory_that_w
     }
 }
 
+TEST_F(F5_Keys, that_are_cut_are_forgotten_when_the_window_is_closed_and_so_is_every_step_back) {
+    OpenDesk();
+    Window().MenuRow = 3;
     Keys().key_ausschneiden_Click();
     ExpectText("*", Answer::No);
     Back();

@@ -9,6 +9,8 @@ namespace {
 constexpr std::string_view RowChanged =
     u8"In der Zeile steht jetzt ein anderer Benutzer. Es wurde nichts eingetragen. Bitte "
     u8"wiederholen Sie den Vorgang."_w;
+constexpr std::string_view TooLate =
+    u8"Es wurde ein Schlüssel gelesen, auf den nicht mehr gewartet wird. Er wurde nicht eingetragen."_w;
 /// The telegram to the E-Key reader up to its parameters, which begin at index 14.
 LineBytes KeyTelegram(std::uint8_t length, const LineBytes& rest) {
     LineBytes bytes{0x02, length, 0x67, 0x00, 0x00, 0x00, 0x00, 0x11, 0x00, 0x33, 0x88, 0x01, 0x00, 0x00};
@@ -160,6 +162,77 @@ TEST_F(F5_Keys, go_to_nobody_once_another_request_was_begun) {
     SayKey({10, 20, 30, 40});
     EXPECT_EQ(KeyOf(2), "|");
     EXPECT_EQ(KeyOf(3), "1 : 2 : 3 : 4|5 : 6");
+}
+
+TEST_F(F5_Keys, that_come_behind_a_withdrawn_request_are_told_once_in_the_status_line) {
+    OpenDesk();
+    Learn(2);
+    Expect(154, Answer::Cancel);
+    Keys().Save_Ekey_Click();
+    SayKey({10, 20, 30, 40});
+    EXPECT_EQ(Window().Hinweis.Text(), TooLate);
+    EXPECT_EQ(KeyOf(2), "|");
+    Window().Hinweis.Text = std::string();
+    SayKey({10, 20, 30, 40});
+    EXPECT_EQ(Window().Hinweis.Text(), "") << "nobody has asked a second time";
+}
+
+TEST_F(F5_Keys, follow_their_user_through_a_sort) {
+    files.User(1, {.Name = "Zoe"});
+    OpenDesk();
+    Learn(2);
+    Window().F5_Sort_Click();
+    ASSERT_EQ(Text(3, UserColumn::Name), "Zoe");
+    SayKey({10, 20, 30, 40});
+    EXPECT_EQ(KeyOf(3).substr(0, 18), "10 : 20 : 30 : 40|");
+    EXPECT_EQ(KeyOf(2), "1 : 2 : 3 : 4|5 : 6");
+    EXPECT_EQ(Channel(2).substr(12, 1), "0") << "the channel is that of the row";
+}
+
+TEST_F(F5_Keys, follow_their_user_when_others_are_deleted_also_beside_one_of_the_same_name) {
+    files.User(2, {.Name = "Bert"});
+    files.User(3, {.Name = "Bert"});
+    OpenDesk();
+    Learn(4);
+    Go(2, UserColumn::Name);
+    Key(qvm::Key::Delete);
+    SayKey({10, 20, 30, 40});
+    EXPECT_EQ(KeyOf(2), "|");
+    EXPECT_EQ(KeyOf(3).substr(0, 18), "10 : 20 : 30 : 40|");
+}
+
+TEST_F(F5_Keys, go_nowhere_once_an_undo_may_have_moved_their_user) {
+    files.User(1, {.Name = "Zoe"});
+    OpenDesk();
+    Learn(2);
+    Window().F5_Sort_Click();
+    Window().F5_Undo_Click();
+    ASSERT_EQ(Text(2, UserColumn::Name), "Zoe");
+    ExpectText(RowChanged);
+    SayKey({10, 20, 30, 40});
+    EXPECT_EQ(KeyOf(2), "|");
+}
+
+TEST_F(F5_Keys, follow_no_row_without_a_name) {
+    files.User(1, {});
+    OpenDesk();
+    Learn(2);
+    Window().F5_Sort_Click();
+    ASSERT_EQ(Text(2, UserColumn::Name), "Bert");
+    ExpectText(RowChanged);
+    SayKey({10, 20, 30, 40});
+    EXPECT_EQ(KeyOf(3), "|");
+}
+
+TEST_F(F5_Keys, are_asked_for_by_the_version_of_the_adapter_that_reads_them) {
+    OpenDesk(3); // of the one that identified itself last
+    programm->Adapter.ProgVersion = 12;
+    Learn(2);
+    EXPECT_EQ(world.Written, KeyTelegram(0x0F, {0x03, 0x00, 0xB6}));
+    OpenDesk(12);
+    programm->Adapter.ProgVersion = 3;
+    Search();
+    EXPECT_EQ(world.Written, KeyTelegram(0x0E, {0x03, 0x3B}));
 }
 
 TEST_F(F5_Keys, go_to_nobody_while_the_question_of_another_request_stands) {
@@ -381,16 +454,6 @@ TEST_F(F5_Keys, are_synchronised_in_every_row_that_has_them) {
     EXPECT_FALSE(Window().Tabelle.UserDirty);
 }
 
-TEST_F(F5_Keys, that_nobody_has_are_synchronised_without_a_message) {
-    files.Channel(2, "1", "7", "1");
-    OpenDesk();
-    Synchronise();
-    SayKey({9, 9, 9, 9});
-    EXPECT_EQ(Channel(2), "1     7  1     ");
-}
-
-} // namespace
-} // namespace qvm::test
 TEST_F(F5_Keys, say_where_they_were_found) {
     OpenDesk();
     Search();
@@ -415,3 +478,13 @@ TEST_F(F5_Keys, say_where_they_were_found) {
     EXPECT_TRUE(Keys().Fund.Unsaved);
 }
 
+TEST_F(F5_Keys, that_nobody_has_are_synchronised_without_a_message) {
+    files.Channel(2, "1", "7", "1");
+    OpenDesk();
+    Synchronise();
+    SayKey({9, 9, 9, 9});
+    EXPECT_EQ(Channel(2), "1     7  1     ");
+}
+
+} // namespace
+} // namespace qvm::test

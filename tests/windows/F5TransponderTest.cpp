@@ -39,6 +39,17 @@ TEST_F(F5_Transponders, that_are_learned_go_to_the_row_with_their_data) {
     EXPECT_TRUE(Window().Fenster.Enabled);
 }
 
+TEST_F(F5_Transponders, that_come_when_nobody_waits_any_more_are_told_in_the_status_line) {
+    OpenDesk();
+    Learn(2);
+    ExpectText(Silent);
+    world.RunFor(60000);
+    SayTransponder(3);
+    EXPECT_EQ(KeyOf(2), "|");
+    EXPECT_EQ(Window().Hinweis.Text(),
+              u8"Es wurde ein Schlüssel gelesen, auf den nicht mehr gewartet wird. Er wurde nicht eingetragen."_w);
+}
+
 TEST_F(F5_Transponders, with_slot_128_ask_to_free_the_slot_and_store_nothing) {
     OpenDesk();
     Learn(2);

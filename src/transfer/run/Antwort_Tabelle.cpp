@@ -68,6 +68,11 @@ bool Gefragt(const Programmierlauf& r) {
     return r.link.AnswerDue == Code;
 }
 constexpr auto Code_Beantwortet = Gefragt<TelCodeAendern::Telegram.Code>;
+/// And is not wanted any more.
+template <std::uint8_t Code>
+bool Zurueckgezogen(const Programmierlauf& r) {
+    return r.link.AnswerWithdrawn == Code;
+}
 /// The enrolment unit is done with a transponder, whether or not it has told of one.
 bool Transponder_Vorbei(const Programmierlauf& r) {
     return Gefragt<TelFingerAbfrage::Telegram.Code>(r) && Leser_Fertig(r.link);
@@ -173,9 +178,11 @@ constexpr ReplyRow Replies[] = {
     {0x72, "asked for", Gefragt<0x72>, Zum_Fenster<&WindowHooks::Karte_Start>},
     {0x73, "asked for", Gefragt<0x73>, Zum_Fenster<&WindowHooks::Karte_Block>},
     {0x81, "asked for", Gefragt<0x67>, Zum_Fenster<&WindowHooks::EKey_Ergebnis>},
+    {0x81, "withdrawn", Zurueckgezogen<0x67>, Zum_Fenster<&WindowHooks::Leser_Verspaetet>},
     {0xA1, "a finger is being enrolled", Gefragt<0xA1>, Zum_Fenster<&WindowHooks::Finger_Schritt>},
     {0xA2, "a finger is being enrolled", Gefragt<0xA1>, Zum_Fenster<&WindowHooks::Finger_Daten>},
     {0xA3, "asked for", Gefragt<0xA3>, Zum_Fenster<&WindowHooks::Finger_Kennung>},
+    {0xA3, "withdrawn", Zurueckgezogen<0xA3>, Zum_Fenster<&WindowHooks::Leser_Verspaetet>},
 };
 
 } // namespace

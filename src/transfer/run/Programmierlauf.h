@@ -96,6 +96,7 @@ struct WindowHooks {
     Hook<void()> Finger_Kennung;   ///< 0xA3
     Hook<void()> Leser_Fertig;     ///< 0x6F with 0xDC: the enrolment unit is done with a transponder
     Hook<void()> Leser_Abgelehnt;  ///< a reader of the desk refused; the operator is told behind it
+    Hook<void()> Leser_Verspaetet; ///< 0x81 or 0xA3 behind a request that was withdrawn: nobody's
     Hook<void()> Code_Angemeldet;  ///< 0x04 while a code change waits for its login
     /// There will be no such reply, as the lock has refused or was not reached; no telegram may go out.
     Hook<void(RunOutcome why)> Code_Abgelehnt;

@@ -10,6 +10,7 @@
 #include "UserRecords.h"
 #include "Zeitgruppen.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace qvm {
@@ -56,7 +57,7 @@ void F5::F5_FormLaden() {
     // Without the groups a save would write "-" for every user's.
     Tabelle.LoadFailed = Tabelle.LoadFailed || !groups;
     Verlauf.Forget();
-    ++Umzug;
+    Alle_Neu_Besetzen();
     Texte_Setzen();
     Hinweis.Text = std::string();
     Auswahl.Go(UserGrid::FirstRow, UserColumn::Name);
@@ -150,7 +151,6 @@ bool F5::Aendern(Word what, const std::function<void()>& change) {
     if (!Verlauf.End()) {
         return false;
     }
-    Umzug_Merken(what);
     Tabelle.UserDirty = true;
     Hinweis.Text = std::string();
     Stand_Zeigen();
@@ -158,10 +158,25 @@ bool F5::Aendern(Word what, const std::function<void()>& change) {
     return true;
 }
 
-/// A step that sorts moves users, one that deletes them sorts as well.
-void F5::Umzug_Merken(Word step) {
-    if (step == Word::StepSort || step == Word::StepDeleteUser || step == Word::StepClear) {
-        ++Umzug;
+int F5::Wer(int row) const {
+    return row >= UserGrid::FirstRow && row <= UserGrid::LastRow ? who_[static_cast<std::size_t>(row)] : 0;
+}
+
+int F5::Zeile_Von(int who) const {
+    const auto found = std::find(who_.begin() + UserGrid::FirstRow, who_.end(), who);
+    return who == 0 || found == who_.end() ? 0 : static_cast<int>(found - who_.begin());
+}
+
+/// Whoever stood in the row is gone.
+void F5::Neu_Besetzen(int row) {
+    if (row >= UserGrid::FirstRow && row <= UserGrid::LastRow) {
+        who_[static_cast<std::size_t>(row)] = ++lastWho_;
+    }
+}
+
+void F5::Alle_Neu_Besetzen() {
+    for (int row = UserGrid::FirstRow; row <= UserGrid::LastRow; ++row) {
+        Neu_Besetzen(row);
     }
 }
 
@@ -187,7 +202,9 @@ void F5::Schritt_Gehen(std::optional<UndoStep> (GridUndo::*way)(), Word told) {
     if (!step) {
         return;
     }
-    Umzug_Merken(step->What);
+    if (step->What == Word::StepSort || step->What == Word::StepDeleteUser || step->What == Word::StepClear) {
+        Alle_Neu_Besetzen();
+    }
     Tabelle.UserDirty = true;
     // The channels stand on the disk and are not taken back.
     Farben_Erneuern();

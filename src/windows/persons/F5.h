@@ -54,7 +54,6 @@ struct F5 {
 
     int MenuRow = 0;   ///< row of the last context menu: the user that a learned E-Key or transponder goes to
     int FsRow = NoRow; ///< row of the action with a finger
-    int Umzug = 0;     ///< raised whenever users may stand in other rows than before
 
     // Editors, one of which lies over the grid's current cell while it is visible.
     TextBox Text1;      ///< of a name
@@ -136,6 +135,12 @@ struct F5 {
     /// Does what changes cells, as one step of undo that is named so, and notes that there is something to save. Every
     /// change of a saved cell by the operator or a device goes this way. False when no cell became another one.
     bool Aendern(Word what, const std::function<void()>& change);
+    /// Who stands in the row: a number of its own for each user, which goes along when rows are sorted or others are
+    /// deleted. Users that are loaded, and all of them once an undo or redo may have moved some, get new ones. 0 for
+    /// other rows.
+    int Wer(int row) const;
+    /// The row of the user with that number; 0: there is none any more.
+    int Zeile_Von(int who) const;
     /// The user in the row; while the editor has taken the name out of its cell, what stood there.
     const std::string& Benutzername(int row) const;
 
@@ -159,7 +164,9 @@ private:
     void Ueberschriften_Setzen();
     void Stand_Zeigen();
     void Verlauf_Zeigen();
-    void Umzug_Merken(Word step);
+    void Neu_Besetzen(int row);
+    void Alle_Neu_Besetzen();
+    void Sortieren();
     void Schritt_Gehen(std::optional<UndoStep> (GridUndo::*way)(), Word told);
     void Geheimnisse_Vergessen();
     bool Speichern();
@@ -202,6 +209,8 @@ private:
     Place mouse_{}, cross_{}; ///< where the mouse was seen last, whose heads are tinted; row 0: nowhere
     Place hit_{};             ///< what a search has found; row 0: nothing
     Colour hitInk_ = Black;   ///< the text colour that it had
+    std::array<int, UserGrid::LastRow + 1> who_{}; ///< by row
+    int lastWho_ = 0;
     Listener words_ = Worte_Folgen(*this);
 };
 

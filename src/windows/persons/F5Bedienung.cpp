@@ -177,6 +177,7 @@ void F5::Benutzer_Loeschen() {
     Aendern(Word::StepDeleteUser, [&] {
         Finger_Leeren(MenuRow);
         for (const int row : Auswahl.Rows()) {
+            Neu_Besetzen(row);
             Finger_Leeren(row);
             for (int column = UserColumn::Name; column <= LastClearedColumn; ++column) {
                 if (UserGrid::IsLock(column)) {
@@ -186,8 +187,7 @@ void F5::Benutzer_Loeschen() {
                 }
             }
         }
-        F5_Sortieren(FGK4);
-        Farben_Erneuern();
+        Sortieren();
     });
 }
 

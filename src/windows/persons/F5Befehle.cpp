@@ -26,10 +26,16 @@ void F5::F5_Sort_Click() {
         return;
     }
     Editor_Uebernehmen();
-    Aendern(Word::StepSort, [this] {
-        F5_Sortieren(FGK4);
-        Farben_Erneuern();
-    });
+    Aendern(Word::StepSort, [this] { Sortieren(); });
+}
+
+/// Who stands in a row goes along with it; the channel of a key does not.
+void F5::Sortieren() {
+    const std::array before = who_;
+    const std::vector<int> from = F5_Sortieren(FGK4);
+    std::transform(from.begin(), from.end(), who_.begin(),
+                   [&before](int row) { return before[static_cast<std::size_t>(row)]; });
+    Farben_Erneuern();
 }
 
 void F5::F5_Search_Click() {
@@ -54,6 +60,7 @@ void F5::Neu() {
             }
             FGK4.SetPicture(row, UserColumn::Finger, FingerPicture::None);
         }
+        Alle_Neu_Besetzen();
         Farben_Erneuern();
     });
     Tabelle.UserDirty = true;

@@ -146,7 +146,8 @@ bool F5Finger::Finger_Speichern() {
         Fehler_Melden(kern, Word::FingerWrongRow);
         return false;
     }
-    if (!F5Zeile_Gilt(f5, asked_)) {
+    const int row = F5Zeile_Finden(f5, asked_);
+    if (row == 0) {
         kern.Meldung(Wort(kern, Word::KeyRowChanged), Buttons::Ok, Icon::Exclamation);
         return false;
     }
@@ -156,14 +157,14 @@ bool F5Finger::Finger_Speichern() {
     }
     const std::string identifier = Ziffern(Sekunden_Seit_2000(kern.Welt.Now()));
     const std::optional<int> slot = Slot_Zum_Schreiben();
-    if (!slot || !Template_Schreiben(kern, *slot, asked_.Row, identifier, template_)) {
+    if (!slot || !Template_Schreiben(kern, *slot, row, identifier, template_)) {
         kern.Meldung(Wort(kern, Word::FingerUnsaved), Buttons::Ok, Icon::Exclamation);
         return false;
     }
     f5.Aendern(Word::StepFinger, [&] {
-        f5.FGK4.SetText(asked_.Row, UserColumn::FingerId, identifier);
-        f5.FGK4.SetPicture(asked_.Row, UserColumn::Finger, FingerPicture::Standard);
-        f5.FGK4.SetText(asked_.Row, UserColumn::KeyLabel, Slottext(*slot));
+        f5.FGK4.SetText(row, UserColumn::FingerId, identifier);
+        f5.FGK4.SetPicture(row, UserColumn::Finger, FingerPicture::Standard);
+        f5.FGK4.SetText(row, UserColumn::KeyLabel, Slottext(*slot));
         f5.Verlauf.Keep(Word::TemplateStays);
     });
     return true;

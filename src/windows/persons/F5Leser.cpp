@@ -34,21 +34,22 @@ void Leser_Getrennt(const Kern& kern) {
 }
 
 F5Zeile F5Zeile_Merken(const F5& window, int row) {
-    return {.Row = row, .Name = window.Benutzername(row), .Umzug = window.Umzug};
+    return {.Row = row, .Name = window.Benutzername(row), .Who = window.Wer(row)};
 }
 
-bool F5Zeile_Gilt(const F5& window, const F5Zeile& asked) {
-    const bool user = asked.Row >= UserGrid::FirstRow && asked.Row <= UserGrid::LastRow;
-    return window.Fenster.Visible && user && window.Umzug == asked.Umzug &&
-           window.Benutzername(asked.Row) == asked.Name;
+int F5Zeile_Finden(const F5& window, const F5Zeile& asked) {
+    const int row = window.Zeile_Von(asked.Who);
+    // Of the rows without a name none is like another.
+    const bool same = row == asked.Row || !Trim(asked.Name).empty();
+    return window.Fenster.Visible && same && window.Benutzername(row) == asked.Name ? row : 0;
 }
 
 std::string Dezimal(const Link& link, int first, int count, std::string_view between, std::string_view head) {
     constexpr std::size_t digits = 3;
     std::string text;
-    for (int n = 0; n < count; ++n) {
     text.reserve(head.size() + static_cast<std::size_t>(count) * (digits + between.size()));
     text += head;
+    for (int n = 0; n < count; ++n) {
         text += n == 0 ? std::string_view() : between;
         text += Ziffern(link.RxByte(first + n));
     }

@@ -30,11 +30,11 @@ void Leser_Getrennt(const Kern& kern);
 struct F5Zeile {
     int Row = 0;
     std::string Name;
-    int Umzug = 0; ///< F5::Umzug then
+    int Who = 0; ///< F5::Wer then
 };
 F5Zeile F5Zeile_Merken(const F5& window, int row);
-/// True when the window is open and the same user stands in the row.
-bool F5Zeile_Gilt(const F5& window, const F5Zeile& asked);
+/// The row where the same user stands by now; 0 when that is not certain, or the window is closed.
+int F5Zeile_Finden(const F5& window, const F5Zeile& asked);
 
 /// `head`, then bytes of the received frame as decimals, `between` them. Bytes beyond the frame are 0. Nothing but the
 /// result has held them.

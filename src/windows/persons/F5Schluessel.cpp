@@ -53,14 +53,29 @@ void F5Schluessel::Kanal_Melden(bool written) {
 std::optional<F5Schluessel::Frage> F5Schluessel::Bereitmachen(LeserPort which) {
     // Whoever was asked for before gets nothing any more, and nobody else gets it in that one's place.
     Warten_Beenden();
-    if (link.AnswerDue == TelEKeyLesen::Telegram.Code) {
-        link.AnswerDue = 0;
-    }
+    Zurueckziehen(TelEKeyLesen::Telegram.Code);
     const F5Zeile row = F5Zeile_Merken(f5, f5.MenuRow);
     if (!Leser_Bereitmachen(f5, link, Adapter, which)) {
         return {};
     }
     return Frage{.Zeile = row, .Stand = Adapter.Stand};
+}
+
+void F5Schluessel::Zurueckziehen(std::uint8_t telegram) {
+    if (link.AnswerDue == telegram) {
+        link.AnswerDue = 0;
+        link.AnswerWithdrawn = telegram;
+    }
+}
+
+void F5Schluessel::Leser_Verspaetet() {
+    link.AnswerWithdrawn = 0;
+    f5.Hinweis.Text = Wort(kern, Word::KeyTooLate);
+}
+
+int F5Schluessel::Version() const {
+    const int searched = Adapter.ProgVersion;
+    return searched != 0 || !AdapterVersion ? searched : AdapterVersion();
 }
 
 void F5Schluessel::EKey_Fragen(const Frage& wanted, std::uint8_t mode, std::uint8_t wish) {
@@ -70,7 +85,7 @@ void F5Schluessel::EKey_Fragen(const Frage& wanted, std::uint8_t mode, std::uint
         return;
     }
     asked_ = wanted;
-    const bool old = !AdapterVersion || AdapterVersion() <= LastOldAdapter;
+    const bool old = Version() <= LastOldAdapter;
     const int channel = kern.Config.Funkkanal();
     link.Lauf.KeyMode = mode;
     link.AnswerWithdrawn = 0;
@@ -87,7 +102,7 @@ void F5Schluessel::Save_Ekey_Click() {
         return;
     }
     std::uint8_t wish = NewKey;
-    if (AdapterVersion && AdapterVersion() > LastOldAdapter) {
+    if (Version() > LastOldAdapter) {
         const Answer answer =
             kern.Meldung(kern.Zeile(Line::LearnAsNewKey), Buttons::YesNoCancel, Icon::Question, Title, 2);
         if (answer == Answer::Cancel) {
@@ -157,11 +172,11 @@ void F5Schluessel::Eintragen(const std::string& id, const std::string& data, int
         Melden(takenLine);
         return;
     }
-    if (!F5Zeile_Gilt(f5, asked_.Zeile)) {
+    const int row = F5Zeile_Finden(f5, asked_.Zeile);
+    if (row == 0) {
         kern.Meldung(Wort(kern, Word::KeyRowChanged), Buttons::Ok, Icon::Exclamation);
         return;
     }
-    const int row = asked_.Zeile.Row;
     bool written = false;
     f5.Aendern(Word::StepLearn, [&] {
         f5.FGK4.SetText(row, UserColumn::KeyId, id);
@@ -197,9 +212,7 @@ void F5Schluessel::Warten_Beenden() {
         return;
     }
     Wache.Stop();
-    if (link.AnswerDue == TelFingerAbfrage::Telegram.Code) {
-        link.AnswerDue = 0;
-    }
+    Zurueckziehen(TelFingerAbfrage::Telegram.Code);
     f5.Fenster.Enabled = true;
 }
 
@@ -280,7 +293,7 @@ void F5Schluessel::key_ausschneiden_Click() {
     if (!channel) {
         const FileTrouble trouble{.File = std::string(ChannelRecord::Record.File),
                                   .Fault = Lesefehler(kern.Welt.Files)};
-        kern.Meldung(Wort(kern, Word::FileNotRead, {Dateimaengel_Text(kern, {&trouble, 1})}), Buttons::Ok,
+        kern.Meldung(Wort(kern, Word::KeyNotCut, {Dateimaengel_Text(kern, {&trouble, 1})}), Buttons::Ok,
                      Icon::Exclamation);
         return;
     }
@@ -320,8 +333,8 @@ void F5Schluessel::key_einfuegen_Click() {
         written = Key_Kanal_Einfuegen(kern, f5.FGK4, row, cut_->Channel);
         f5.Verlauf.Keep(Word::ChannelStays);
     });
+    Ausgeschnittenes_Vergessen();
     Kanal_Melden(written);
 }
 
 } // namespace qvm
-    Ausgeschnittenes_Vergessen();

@@ -29,7 +29,9 @@ struct F5Schluessel {
 
     KeyFund Fund; ///< of the last search or synchronisation
 
-    std::function<int()> AdapterVersion; ///< of the adapter found last, 0 unknown; may be empty
+    /// Of the adapter that identified itself last, 0 unknown; may be empty. Asked where the search has not told the
+    /// version of the adapter in question.
+    std::function<int()> AdapterVersion;
 
     // The menu of column 6. Each acts on the row, MenuRow, for which the menu was opened.
     void Save_Ekey_Click();
@@ -50,6 +52,8 @@ struct F5Schluessel {
     void Leser_Fertig();
     /// The reader refused. The operator is told elsewhere.
     void Leser_Abgelehnt() { Warten_Beenden(); }
+    /// A key or transponder came that is nobody's any more: the status line says so.
+    void Leser_Verspaetet();
 
     /// A transponder is awaited, and the window disabled.
     bool Wartet() const { return Wache.Running(); }
@@ -69,6 +73,10 @@ private:
     /// Makes the reader ready for the row of the menu; what was asked before is owed to nobody any more. Nothing,
     /// behind a message, when there is no reader.
     std::optional<Frage> Bereitmachen(LeserPort which);
+    /// What the reader owes to this telegram is not waited for any more.
+    void Zurueckziehen(std::uint8_t telegram);
+    /// Of the adapter that reads E-Keys; 0: unknown.
+    int Version() const;
     void EKey_Fragen(const Frage& wanted, std::uint8_t mode, std::uint8_t wish);
     void EKey_Finden(std::uint8_t mode, std::uint8_t wish);
     void EKey_Anlernen();
