@@ -1,0 +1,73 @@
+#pragma once
+
+#include "GridView.h"
+
+#include <QAccessible>
+#include <QPointer>
+
+namespace qvm::ui {
+
+/// The columns in sight, as the model counts them.
+QList<int> columnsOf(const GridView& grid);
+
+/// The heading of a column when `row` is -1, else a cell; row and column as the model counts them.
+class CellAccess final : public QAccessibleInterface, public QAccessibleTableCellInterface {
+public:
+    CellAccess(GridView& grid, int row, int column) : grid_(&grid), row_(row), column_(column), told_(check()) {}
+
+    bool isHeading() const { return row_ < 0; }
+    /// Checked or not is another than when this was asked last; not for a cell without a check box.
+    bool checkChanged();
+    int row() const { return row_; }
+    int column() const { return column_; }
+
+    bool isValid() const override {
+        return grid_ != nullptr && row_ < grid_->gridModel().rowCount() && column_ < grid_->gridModel().columnCount();
+    }
+    QObject* object() const override { return nullptr; }
+    QWindow* window() const override { return isValid() ? grid_->window()->windowHandle() : nullptr; }
+    QAccessibleInterface* parent() const override { return QAccessible::queryAccessibleInterface(grid_); }
+    QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
+    QAccessibleInterface* childAt(int /*x*/, int /*y*/) const override { return nullptr; }
+    int childCount() const override { return 0; }
+    int indexOfChild(const QAccessibleInterface* /*child*/) const override { return -1; }
+    QAccessible::Role role() const override { return isHeading() ? QAccessible::ColumnHeader : QAccessible::Cell; }
+    void setText(QAccessible::Text /*kind*/, const QString& /*text*/) override {}
+    QString text(QAccessible::Text kind) const override;
+    QRect rect() const override;
+    QAccessible::State state() const override;
+    void* interface_cast(QAccessible::InterfaceType type) override {
+        return type == QAccessible::TableCellInterface && !isHeading()
+                   ? static_cast<QAccessibleTableCellInterface*>(this)
+                   : nullptr;
+    }
+
+    int columnExtent() const override { return 1; }
+    int rowExtent() const override { return 1; }
+    int columnIndex() const override {
+        return grid_ == nullptr ? -1 : static_cast<int>(columnsOf(*grid_).indexOf(column_));
+    }
+    int rowIndex() const override { return row_; }
+    bool isSelected() const override {
+        return isValid() && grid_->selectionModel()->isSelected(grid_->gridModel().index(row_, column_));
+    }
+    QList<QAccessibleInterface*> rowHeaderCells() const override { return {}; }
+    QList<QAccessibleInterface*> columnHeaderCells() const override {
+        const QAccessibleInterface* table = parent();
+        return table == nullptr ? QList<QAccessibleInterface*>() : QList{table->child(columnIndex())};
+    }
+    QAccessibleInterface* table() const override { return parent(); }
+
+private:
+    QVariant check() const {
+        return isHeading() || !isValid() ? QVariant()
+                                         : grid_->gridModel().index(row_, column_).data(Qt::CheckStateRole);
+    }
+
+    QPointer<GridView> grid_;
+    int row_;
+    int column_;
+    QVariant told_; ///< its check box, as it was when this was asked last
+};
+
+} // namespace qvm::ui
