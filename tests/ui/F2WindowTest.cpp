@@ -215,6 +215,7 @@ TEST_F(F2_Window, pops_up_the_calendar_menu_under_its_key) {
         menu->close();
     });
     Key("636I259")->click();
+    Settle();
     EXPECT_EQ(opened, std::vector<std::string>{"F10"});
     EXPECT_EQ(corner, Key("636I259")->mapToGlobal(Key("636I259")->rect().bottomLeft()));
     EXPECT_FALSE(windows->Main.f2.isVisible());
@@ -232,6 +233,7 @@ TEST_F(F2_Window, has_three_entries_in_the_clock_menu) {
             menu->close();
         });
         Key("Schaltuhr")->click();
+        Settle();
     }
     EXPECT_EQ(opened, (std::vector<std::string>{"F4", "F41", "F42"}));
     programm->Main->F2.Timer2.Stop();

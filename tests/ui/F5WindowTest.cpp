@@ -328,8 +328,8 @@ TEST_F(F5_Window, opens_each_menu_by_its_button_and_by_the_key_for_menus) {
 TEST_F(F5_Window, deletes_by_its_menu) {
     Open();
     Click(2, Code, Qt::RightButton);
-    Named<QAction>("F5.F5_Loeschen")->trigger();
     EXPECT_EQ(OpenMenu(), "F5.M_FGK4");
+    Named<QAction>("F5.F5_Loeschen")->trigger();
     EXPECT_EQ(Text(2, Code), "");
     EXPECT_EQ(Text(3, Code), "222222");
 }

@@ -4,6 +4,7 @@
 #include "WindowBase.h"
 
 #include <QAccessibleWidget>
+#include <QMenu>
 
 namespace qvm::ui {
 namespace {
@@ -21,6 +22,7 @@ public:
     }
 };
 
+/// What is open over a window belongs to it, as the toolkit tells of no popup by itself.
 class WindowAccess : public QAccessibleWidget {
 public:
     explicit WindowAccess(QWidget* window)
@@ -29,22 +31,23 @@ public:
     int childCount() const override { return QAccessibleWidget::childCount() + static_cast<int>(popups().size()); }
     QAccessibleInterface* child(int index) const override {
         const int own = QAccessibleWidget::childCount();
-        const QList<MonthView*> open = popups();
+        const QList<QWidget*> open = popups();
         return index < own || index >= own + open.size() ? QAccessibleWidget::child(index)
                                                          : QAccessible::queryAccessibleInterface(open[index - own]);
     }
     int indexOfChild(const QAccessibleInterface* child) const override {
         const int own = QAccessibleWidget::childCount();
-        const auto at = popups().indexOf(qobject_cast<MonthView*>(child == nullptr ? nullptr : child->object()));
+        const auto at = popups().indexOf(qobject_cast<QWidget*>(child == nullptr ? nullptr : child->object()));
         return at < 0 ? QAccessibleWidget::indexOfChild(child) : own + static_cast<int>(at);
     }
 
 private:
-    QList<MonthView*> popups() const {
-        QList<MonthView*> open;
-        for (MonthView* month : widget()->findChildren<MonthView*>(QString(), Qt::FindDirectChildrenOnly)) {
-            if (month->isWindow() && month->isVisible()) {
-                open += month;
+    QList<QWidget*> popups() const {
+        QList<QWidget*> open;
+        for (QWidget* child : widget()->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+            const bool popup = qobject_cast<MonthView*>(child) != nullptr || qobject_cast<QMenu*>(child) != nullptr;
+            if (popup && child->isWindow() && child->isVisible()) {
+                open += child;
             }
         }
         return open;

@@ -7,6 +7,7 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
@@ -246,6 +247,20 @@ void bind(Picture& model, QLabel* widget, const QString& name, PictureSet set, i
     watch(model.Visible, widget, [&model, widget] { widget->setVisible(model.Visible); });
 }
 
+namespace {
+
+/// False when none was open.
+bool closePopups() {
+    QWidget* popup = QApplication::activePopupWidget();
+    const bool any = popup != nullptr;
+    while (popup != nullptr && popup->close()) {
+        popup = QApplication::activePopupWidget();
+    }
+    return any;
+}
+
+} // namespace
+
 void bind(MenuEntry& model, QAction* action, const QString& name, std::function<void()> onClick) {
     action->setObjectName(name);
     watch(model.Text, action, [&model, action] {
@@ -253,8 +268,15 @@ void bind(MenuEntry& model, QAction* action, const QString& name, std::function<
         action->setVisible(!model.Text().empty());
     });
     watch(model.Enabled, action, [&model, action] { action->setEnabled(model.Enabled); });
-    QObject::connect(action, &QAction::triggered, action, [click = std::move(onClick)] {
-        if (click) {
+    if (!onClick) {
+        return;
+    }
+    // Mouse and keys have closed the menu before. A screen reader chooses from it while it is open, and waits for the
+    // end of its call, which must not be that of a box.
+    QObject::connect(action, &QAction::triggered, action, [action, click = std::move(onClick)] {
+        if (closePopups()) {
+            QMetaObject::invokeMethod(action, click, Qt::QueuedConnection);
+        } else {
             click();
         }
     });
