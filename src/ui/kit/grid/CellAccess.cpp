@@ -1,10 +1,21 @@
 #include "CellAccess.h"
 
+#include "TextEdge.h"
+
 #include <QHeaderView>
 
+#include <algorithm>
 #include <utility>
 
 namespace qvm::ui {
+namespace {
+
+/// Calls `act` when the call that is being answered is over.
+void afterwards(GridView* grid, const std::function<void()>& act) {
+    QMetaObject::invokeMethod(grid, act, Qt::QueuedConnection);
+}
+
+} // namespace
 
 QList<int> columnsOf(const GridView& grid) {
     QList<int> shown;
@@ -24,6 +35,24 @@ QString CellAccess::text(QAccessible::Text kind) const {
     const GridModel& model = grid_->gridModel();
     return isHeading() ? model.headerData(column_, Qt::Horizontal, role).toString()
                        : model.index(row_, column_).data(role).toString();
+}
+
+void* CellAccess::interface_cast(QAccessible::InterfaceType type) {
+    if (isHeading()) {
+        return nullptr;
+    }
+    switch (type) {
+    case QAccessible::TableCellInterface:
+        return static_cast<QAccessibleTableCellInterface*>(this);
+    case QAccessible::ActionInterface:
+        return static_cast<QAccessibleActionInterface*>(this);
+    case QAccessible::TextInterface:
+        return mayBeWritten() ? static_cast<QAccessibleTextInterface*>(this) : nullptr;
+    case QAccessible::EditableTextInterface:
+        return mayBeWritten() ? static_cast<QAccessibleEditableTextInterface*>(this) : nullptr;
+    default:
+        return nullptr;
+    }
 }
 
 QRect CellAccess::rect() const {
@@ -65,7 +94,72 @@ QAccessible::State CellAccess::state() const {
     const QVariant mark = check();
     state.checkable = mark.isValid();
     state.checked = mark.isValid() && mark.toInt() == Qt::Checked;
+    state.editable = mayBeWritten();
     return state;
+}
+
+QStringList CellAccess::actionNames() const {
+    QStringList names;
+    if (!isValid() || isHeading()) {
+        return names;
+    }
+    if (grid_->onClick || grid_->onMouseUp) {
+        names += pressAction();
+    }
+    if (grid_->onMenuKey) {
+        names += showMenuAction();
+    }
+    return names += setFocusAction();
+}
+
+void CellAccess::doAction(const QString& name) {
+    if (!actionNames().contains(name)) {
+        return;
+    }
+    GridView* grid = grid_;
+    const int row = grid->gridModel().gridRow(row_);
+    if (name == setFocusAction()) {
+        grid->goTo(row, column_);
+    } else if (name == pressAction()) {
+        afterwards(grid, [grid, row, column = column_] { grid->press(row, column); });
+    } else {
+        afterwards(grid, [grid, row, column = column_] { grid->showMenu(row, column); });
+    }
+}
+
+bool CellAccess::mayBeWritten() const {
+    return isValid() && !isHeading() && grid_->onWrite && grid_->mayWrite &&
+           grid_->mayWrite(grid_->gridModel().gridRow(row_), column_);
+}
+
+QString CellAccess::content() const {
+    return isValid() ? toQt(grid_->grid().Text(grid_->gridModel().gridRow(row_), column_)) : QString();
+}
+
+QString CellAccess::text(int start, int end) const {
+    const QString whole = content();
+    return whole.mid(start, (end < 0 ? static_cast<int>(whole.size()) : end) - start);
+}
+
+QString CellAccess::attributes(int /*offset*/, int* start, int* end) const {
+    *start = 0;
+    *end = characterCount();
+    return {};
+}
+
+void CellAccess::replaceText(int start, int end, const QString& text) {
+    if (!mayBeWritten()) {
+        return;
+    }
+    QString whole = content();
+    const int size = static_cast<int>(whole.size());
+    const int from = std::clamp(start, 0, size);
+    const int to = end < 0 ? size : std::clamp(end, from, size);
+    whole.replace(from, to - from, text);
+    GridView* grid = grid_;
+    afterwards(grid, [grid, row = grid->gridModel().gridRow(row_), column = column_, whole] {
+        grid->write(row, column, fromQt(whole));
+    });
 }
 
 } // namespace qvm::ui

@@ -10,8 +10,14 @@ namespace qvm::ui {
 /// The columns in sight, as the model counts them.
 QList<int> columnsOf(const GridView& grid);
 
-/// The heading of a column when `row` is -1, else a cell; row and column as the model counts them.
-class CellAccess final : public QAccessibleInterface, public QAccessibleTableCellInterface {
+/// The heading of a column when `row` is -1, else a cell; row and column as the model counts them. A cell can be given
+/// the keyboard, clicked and asked for its menu as far as the grid has handlers for that, and one that may be written
+/// takes a text. What comes of it waits until the call is over, as it may open a box.
+class CellAccess final : public QAccessibleInterface,
+                         public QAccessibleTableCellInterface,
+                         public QAccessibleActionInterface,
+                         public QAccessibleTextInterface,
+                         public QAccessibleEditableTextInterface {
 public:
     CellAccess(GridView& grid, int row, int column) : grid_(&grid), row_(row), column_(column), told_(check()) {}
 
@@ -36,11 +42,7 @@ public:
     QString text(QAccessible::Text kind) const override;
     QRect rect() const override;
     QAccessible::State state() const override;
-    void* interface_cast(QAccessible::InterfaceType type) override {
-        return type == QAccessible::TableCellInterface && !isHeading()
-                   ? static_cast<QAccessibleTableCellInterface*>(this)
-                   : nullptr;
-    }
+    void* interface_cast(QAccessible::InterfaceType type) override;
 
     int columnExtent() const override { return 1; }
     int rowExtent() const override { return 1; }
@@ -58,7 +60,32 @@ public:
     }
     QAccessibleInterface* table() const override { return parent(); }
 
+    QStringList actionNames() const override;
+    void doAction(const QString& name) override;
+    QStringList keyBindingsForAction(const QString& /*name*/) const override { return {}; }
+
+    // The text of a cell that may be written. It has no caret and no selection while no editor is open.
+    void selection(int /*index*/, int* start, int* end) const override { *start = *end = 0; }
+    int selectionCount() const override { return 0; }
+    void addSelection(int /*start*/, int /*end*/) override {}
+    void removeSelection(int /*index*/) override {}
+    void setSelection(int /*index*/, int /*start*/, int /*end*/) override {}
+    int cursorPosition() const override { return 0; }
+    void setCursorPosition(int /*position*/) override {}
+    using QAccessibleInterface::text;
+    QString text(int start, int end) const override;
+    int characterCount() const override { return static_cast<int>(content().size()); }
+    QRect characterRect(int /*offset*/) const override { return rect(); }
+    int offsetAtPoint(const QPoint& /*point*/) const override { return 0; }
+    void scrollToSubstring(int /*start*/, int /*end*/) override {}
+    QString attributes(int /*offset*/, int* start, int* end) const override;
+    void deleteText(int start, int end) override { replaceText(start, end, {}); }
+    void insertText(int offset, const QString& text) override { replaceText(offset, offset, text); }
+    void replaceText(int start, int end, const QString& text) override;
+
 private:
+    bool mayBeWritten() const;
+    QString content() const;
     QVariant check() const {
         return isHeading() || !isValid() ? QVariant()
                                          : grid_->gridModel().index(row_, column_).data(Qt::CheckStateRole);

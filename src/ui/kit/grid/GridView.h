@@ -45,6 +45,14 @@ public:
     void setFilter(GridFilter& filter);
     /// Makes the cell the current one and scrolls to it.
     void setCurrentCell(int row, int column);
+    /// The same, with the keyboard; a larger block falls together. False, and nothing, on a cell that is not shown and
+    /// in a grid that is disabled.
+    bool goTo(int row, int column);
+    /// What a click with the left button does on the cell, and the key for context menus; without mouse and keyboard.
+    void press(int row, int column);
+    void showMenu(int row, int column);
+    /// The cell gets the text as if it had been typed and confirmed, where `mayWrite` says so.
+    void write(int row, int column, const std::string& text);
     /// Scrolls to the row, unless the filter hides it; the current cell and the block stay where they are.
     void scrollToRow(int row);
     /// The first row in sight.
@@ -77,7 +85,10 @@ public:
     std::function<void(Qt::MouseButton button, int row, int column)> onMouseUp;
     std::function<void(int row, int column)> onDoubleClick; ///< behind its second onMouseUp
     std::function<void()> onMenuKey;                        ///< the key for context menus, or Shift+F10
-    bool takesTab = false;                                  ///< Tab goes to onKey; Shift+Tab leaves the grid
+    /// A text that an operator gives a cell without an editor, as by a screen reader; only where it may be written.
+    std::function<void(int row, int column, const std::string& text)> onWrite;
+    std::function<bool(int row, int column)> mayWrite;
+    bool takesTab = false; ///< Tab goes to onKey; Shift+Tab leaves the grid
 
 signals:
     /// Cells have moved on the screen: scrolled, resized.

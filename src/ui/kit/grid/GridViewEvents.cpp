@@ -26,6 +26,38 @@ void GridView::click(const QModelIndex& index) {
     }
 }
 
+bool GridView::goTo(int row, int column) {
+    const QModelIndex index = model_->cellIndex(row, column);
+    if (!isEnabled() || !index.isValid() || isRowHidden(index.row()) || isColumnHidden(column)) {
+        return false;
+    }
+    setFocus(Qt::OtherFocusReason); // whatever editor is open loses it
+    moving(false, [&] { setCurrentIndex(index); });
+    return true;
+}
+
+void GridView::press(int row, int column) {
+    if (!goTo(row, column)) {
+        return;
+    }
+    if (onMouseUp) {
+        onMouseUp(Qt::LeftButton, row, column);
+    }
+    click(model_->cellIndex(row, column));
+}
+
+void GridView::showMenu(int row, int column) {
+    if (onMenuKey && goTo(row, column)) {
+        onMenuKey();
+    }
+}
+
+void GridView::write(int row, int column, const std::string& text) {
+    if (onWrite && mayWrite && mayWrite(row, column) && goTo(row, column)) {
+        onWrite(row, column, text);
+    }
+}
+
 void GridView::keyPressEvent(QKeyEvent* event) {
     if (editKey(event)) {
         return;
