@@ -5,6 +5,7 @@
 #include "TextEdge.h"
 #include "UiFixture.h"
 
+#include <QAccessible>
 #include <QClipboard>
 #include <QScrollBar>
 #include <QTest>
@@ -78,6 +79,42 @@ TEST_F(KeyEdit_Test, edits_itself_when_the_handler_wants_whole_texts) {
     EXPECT_EQ(Texts, (std::vector<std::string>{"a", "ab", "acb"}));
     EXPECT_EQ(box.Text(), "acb");
     EXPECT_EQ(Keys, (std::vector<int>{Key::Enter}));
+}
+
+/// The line as the accessible tree has it.
+QAccessibleEditableTextInterface& Heard(KeyEdit& edit) {
+    return *QAccessible::queryAccessibleInterface(&edit)->editableTextInterface();
+}
+
+TEST_F(KeyEdit_Test, gives_a_text_that_came_without_a_key_to_the_handler_key_by_key) {
+    edit.onKey = [this](int key) {
+        Keys.push_back(key);
+        const std::string before = box.Text();
+        box.Text = key == Key::Backspace ? before.substr(1) : before + "*";
+    };
+    Heard(edit).replaceText(0, 0, QString::fromUtf8("1ä\r\t\x7F"));
+    EXPECT_EQ(Keys, (std::vector<int>{'1', 0xE4})) << "a line end would confirm what it is part of";
+    EXPECT_EQ(edit.text(), QStringLiteral("**"));
+    Heard(edit).insertText(2, QStringLiteral("3"));
+    EXPECT_EQ(Keys, (std::vector<int>{'1', 0xE4, '3'}));
+    Heard(edit).replaceText(0, 3, QStringLiteral("7"));
+    EXPECT_EQ(Keys, (std::vector<int>{'1', 0xE4, '3', Key::Backspace, Key::Backspace, Key::Backspace, '7'}));
+    EXPECT_EQ(edit.text(), QStringLiteral("*"));
+}
+
+TEST_F(KeyEdit_Test, tells_a_text_that_came_without_a_key_where_whole_texts_are_wanted) {
+    edit.onText = [this](const std::string& text) {
+        Texts.push_back(text);
+        box.Text = text.substr(0, 2);
+    };
+    Heard(edit).replaceText(0, 0, QStringLiteral("abc"));
+    EXPECT_EQ(Texts, std::vector<std::string>{"abc"});
+    EXPECT_EQ(edit.text(), QStringLiteral("ab"));
+    edit.setEnabled(false);
+    edit.onText = {};
+    Heard(edit).replaceText(0, 2, QStringLiteral("x"));
+    EXPECT_TRUE(Keys.empty());
+    EXPECT_EQ(edit.text(), QStringLiteral("ab"));
 }
 
 TEST_F(KeyEdit_Test, shows_what_the_handler_makes_of_a_text) {

@@ -2,6 +2,7 @@
 
 #include "Bind.h"
 #include "Keys.h"
+#include "Secret.h"
 #include "TextEdge.h"
 
 #include <QContextMenuEvent>
@@ -9,6 +10,8 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QSignalBlocker>
+
+#include <algorithm>
 
 namespace qvm::ui {
 
@@ -23,6 +26,7 @@ KeyEdit::KeyEdit(TextBox& model, const QString& name, QWidget* parent) : QLineEd
     model.SelectAll = [this] { selectAll(); };
     connect(this, &QObject::destroyed, [&model] { model.SetFocus = model.SelectAll = {}; });
     connect(this, &QLineEdit::textEdited, this, &KeyEdit::edited);
+    connect(this, &QLineEdit::textChanged, this, &KeyEdit::replaced);
 }
 
 KeyEdit::~KeyEdit() = default;
@@ -53,6 +57,40 @@ void KeyEdit::edited(const QString& text) {
     showText();
     if (this->text() != text) {
         setCursorPosition(model_.Caret); // another text has put it at its end
+    }
+}
+
+// A screen reader gives the line a text without a key.
+void KeyEdit::replaced() {
+    const QString wanted = text();
+    if (wanted == toQt(model_.Text())) {
+        return;
+    }
+    if (onText) {
+        edited(wanted);
+        return;
+    }
+    std::string characters = fromQt(wanted);
+    showText();
+    if (isEnabled()) {
+        typeOver(characters);
+    }
+    Vergessen(characters);
+}
+
+/// What both begin with stays.
+void KeyEdit::typeOver(std::string_view characters) {
+    const std::string before = model_.Text();
+    const auto same = std::mismatch(before.begin(), before.end(), characters.begin(), characters.end());
+    for (auto left = before.end() - same.first; onKey && left > 0; --left) {
+        onKey(Key::Backspace);
+    }
+    characters.remove_prefix(static_cast<std::size_t>(same.second - characters.begin()));
+    for (const char character : characters) {
+        const int code = static_cast<unsigned char>(character);
+        if (onKey && code >= ' ' && code != Key::Delete) {
+            onKey(code);
+        }
     }
 }
 

@@ -6,11 +6,13 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 
 namespace qvm::ui {
 
-/// A line of text whose keys go to the model's handler, which decides what the text becomes. Bound to the model's
-/// Text, Caret, MaxLength, Visible, Enabled, SetFocus and SelectAll. The model must outlive the widget.
+/// A line of text whose keys go to the model's handler, which decides what the text becomes. A text that comes as a
+/// whole, from a screen reader, goes there character by character, in the old one's place. Bound to the model's Text,
+/// Caret, MaxLength, Visible, Enabled, SetFocus and SelectAll. The model must outlive the widget.
 class KeyEdit : public QLineEdit {
     Q_OBJECT
 
@@ -40,6 +42,8 @@ private:
     bool forward(const QKeyEvent& event);
     void showText();
     void edited(const QString& text);
+    void replaced();
+    void typeOver(std::string_view characters);
 };
 
 } // namespace qvm::ui
