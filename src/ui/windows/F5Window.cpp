@@ -111,6 +111,8 @@ void F5Window::makeGrid() {
     grid_->takesTab = true;
     grid_->onKey = [this](int key) { f5_.FGK4_KeyPress(key); };
     grid_->onMenuKey = [this] { f5_.FGK4_Kontext(); };
+    grid_->mayWrite = [this](int row, int column) { return f5_.Beschreibbar(row, column); };
+    grid_->onWrite = [this](int row, int column, const std::string& text) { f5_.FGK4_Eintragen(row, column, text); };
     grid_->onDoubleClick = [this](int row, int column) { f5_.FGK4_DblClick(row, column); };
     grid_->onMouseUp = [this](Qt::MouseButton button, int row, int column) {
         if (button == Qt::LeftButton || button == Qt::RightButton) {

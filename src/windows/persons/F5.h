@@ -101,6 +101,12 @@ struct F5 {
     void FGK4_MouseUp(MouseButton button, int row, int column);
     /// Opens the editor of the cell with its text.
     void FGK4_DblClick(int row, int column);
+    /// The cell has an editor.
+    bool Beschreibbar(int row, int column) const;
+    /// A text for the cell at once, as if it had been typed over the old one and confirmed with Return; in a column
+    /// with a list one of its entries, of which another text changes nothing. What cannot be confirmed stays in the
+    /// open editor.
+    void FGK4_Eintragen(int row, int column, std::string_view text);
     /// One key on the current cell, Tab and Delete too: see the table in docs/decisions/user-window.md.
     void FGK4_KeyPress(int key);
     /// The key for a context menu: the menu of the current cell, whichever button opens it with the mouse.

@@ -83,16 +83,45 @@ ListBox* F5::Offene_Liste() {
     return OpenColumn == UserColumn::Group ? &List1 : OpenColumn == UserColumn::Right ? &List2 : nullptr;
 }
 
+bool F5::Beschreibbar(int row, int column) const {
+    return FGK4.Holds(row, column) && row >= UserGrid::FirstRow && column >= UserColumn::Name &&
+           column <= UserColumn::KeyLabel &&
+           (column != UserColumn::KeyLabel || !FGK4.Text(row, column).starts_with(FingerSlot));
+}
+
+void F5::FGK4_Eintragen(int row, int column, std::string_view text) {
+    if (!Fenster.Enabled) {
+        return;
+    }
+    Editor_Uebernehmen();
+    if (!Beschreibbar(row, column)) {
+        return;
+    }
+    Auswahl.Go(row, column);
+    Editor_Oeffnen(Key::Enter);
+    if (ListBox* list = Offene_Liste()) {
+        const auto& entries = list->Entries();
+        const auto found = std::find_if(entries.begin(), entries.end(),
+                                        [text](const std::string& entry) { return Trim(entry) == Trim(text); });
+        if (found == entries.end()) {
+            Editor_KeyPress(Key::Escape);
+            return;
+        }
+        list->Selected = static_cast<int>(found - entries.begin());
+    } else {
+        typed_.clear();
+        Editor_Change(text);
+    }
+    Editor_KeyPress(Key::Enter);
+}
+
 void F5::Editor_Oeffnen(int key) {
     const int row = FGK4.Row;
     const int column = FGK4.Column;
-    if (row < UserGrid::FirstRow || column < UserColumn::Name || column > UserColumn::KeyLabel) {
+    if (!Beschreibbar(row, column)) {
         return;
     }
     const std::string& text = FGK4.Text(row, column);
-    if (column == UserColumn::KeyLabel && text.starts_with(FingerSlot)) {
-        return;
-    }
     edited_ = {row, column};
     oldText_ = text;
     OpenColumn = column;
