@@ -29,6 +29,14 @@ def timers_by_user(serial):
     return 0x1000001 <= serial <= 0x1600000 or 0x1C00001 <= serial <= 0x2000000
 
 
+def takes_long_ids(serial):
+    return 0x1500C06 <= serial <= 0x1600000 or 0x1C000AE <= serial <= 0x1D00000
+
+
+def leading_digits(words):
+    return words[:len(words) - len(words.lstrip("0123456789"))]
+
+
 class DataFiles:
     """`folder`: the directory DAT."""
 
@@ -102,17 +110,40 @@ class DataFiles:
     def users(self, number, serial, timers):
         users = []
         for record in self.records("BX10X52WUJ9.UBW", 419):
-            if record[218 + number - 1:218 + number] != b"X":
+            mark = record[218 + number - 1:218 + number]
+            if mark not in (b"X", b"F"):
                 continue
             group = text(record, 16, 15)
-            user = {"kind": "code", "name": text(record, 0, 16), "code": text(record, 35, 10).ljust(10, "-"),
-                    "weighting": WEIGHTS.get(text(record, 31, 4), OTHER_WEIGHT)}
+            user = {"weighting": WEIGHTS.get(text(record, 31, 4), OTHER_WEIGHT)}
             if timers:
                 user["groups"] = self.group(group).ljust(24, "-")
-                user["timer_selector"] = sum(0x80 >> n for n in range(8) if user["groups"][n] == "X")
+            if mark == b"F":
+                user.update(self.finger(record))
             else:
-                user["timer_selector"] = SELECTORS.get(group, 0)
-            if text(record, 61, 41):
-                user["id"] = {"bytes": numbers(text(record, 61, 41)), "data": numbers(text(record, 102, 93))}
+                user.update(kind="code", name=text(record, 0, 16), code=text(record, 35, 10).ljust(10, "-"),
+                            timer_selector=SELECTORS.get(group, 0))
+                user.update(self.identification(record, serial))
+                if timers:
+                    user["timer_selector"] = sum(0x80 >> n for n in range(8) if user["groups"][n] == "X")
             users.append(user)
         return users
+
+    def identification(self, record, serial):
+        """An E-Key has four bytes. Those of a transponder stand behind "#n-ID#"; locks that know them take eleven."""
+        words, data = text(record, 61, 41), numbers(text(record, 102, 93).rstrip(" :"))
+        if not words.startswith("#"):
+            return {"id": {"bytes": numbers(words), "data": data}} if words else {}
+        assert takes_long_ids(serial), "other locks take the beginning of it"
+        return {"long_id": {"group": int(words[1]), "bytes": numbers(words.partition("-ID#")[2]).ljust(22, "0"),
+                            "data": data}}
+
+    def finger(self, record):
+        """Users by fingerprint have the number of their finger in their name, and 28 bytes of its template."""
+        number = text(record, 45, 16)[9:12].strip()
+        finger = leading_digits(text(record, 197, 21).removeprefix("PR"))
+        assert text(record, 195, 2) == "FS" and finger
+        template = next(text(stored, 26, 3000) for stored in self.records("TEmpTCD0UPK.FSD", 3028)
+                        if leading_digits(text(stored, 5, 21)) == finger)
+        values = [int(word) for word in template.split(":") if word.strip()]
+        return {"kind": "finger", "name": f"{text(record, 0, 16)[:9]}_{number}_FP".ljust(16),
+                "finger_number": int(number), "slice": bytes(values[70:98]).hex().upper()}

@@ -85,34 +85,58 @@ class Installation:
         self.build = build
         self.place = tempfile.mkdtemp(prefix="qvm-desktop-") + "/"
         self.simulator = None
+        self.readers = None
         self.programs = []
         for file in glob.glob(build + "/lang/QVM_*.DAT"):
             shutil.copy(file, self.place)
         shutil.copy(build + "/src/qvm7702", self.place)
         document = {"format": "qvm7702-export", "version": 1, "tables": tables(), "lines": configuration(language)}
         self.import_document(document).check_returncode()
-        with open(self.place + "world.json", "w", encoding="utf-8") as file:
-            json.dump(WORLD, file)
+        self.write_world(WORLD)
 
     def import_document(self, document):
         """Gives the finished import."""
         return subprocess.run([self.build + "/src/console/qvmctl", "--dir", self.place, "import", "-"], check=False,
                               input=json.dumps(document), text=True, capture_output=True)
 
+    def write_world(self, world, name="world.json"):
+        with open(self.place + name, "w", encoding="utf-8") as file:
+            json.dump(world, file)
+
     def start_simulator(self, *options):
         """`options`: as --pace or --fault."""
-        arguments = ["--world", self.place + "world.json", "--state", self.place + "state.json",
-                     "--link", self.place + "com1", *options]
-        self.simulator = subprocess.Popen([self.build + "/src/simulator/program/qvm-simulator", *arguments],
-                                          stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, text=True)
-        wait_for("the virtual adapter", lambda: os.path.islink(self.place + "com1"))
+        self.simulator = self.virtual_system("com1", "--world", self.place + "world.json",
+                                             "--state", self.place + "state.json", *options)
+
+    def start_readers(self, desk):
+        """The adapter for enrolment, behind com2, and what is presented to it."""
+        self.write_world({"adapter": {"name": "ENROLLMENT1", "address": "04.03.02.01"}, "desk": desk}, "readers.json")
+        self.readers = self.virtual_system("com2", "--world", self.place + "readers.json")
+
+    def virtual_system(self, link, *options):
+        system = subprocess.Popen(
+            [self.build + "/src/simulator/program/qvm-simulator", "--link", self.place + link, *options],
+            stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, text=True)
+        wait_for("the virtual adapter", lambda: os.path.islink(self.place + link))
+        return system
 
     def stop_simulator(self):
         """Ends the virtual system. Gives its exit code, 0 when all telegrams were good, and what it found."""
-        self.simulator.terminate()
-        _, found = self.simulator.communicate(timeout=PATIENCE)
-        code, self.simulator = self.simulator.returncode, None
-        return code, found
+        ended = self.stop(self.simulator)
+        self.simulator = None
+        return ended
+
+    def stop_readers(self):
+        """The same of the adapter for enrolment."""
+        ended = self.stop(self.readers)
+        self.readers = None
+        return ended
+
+    @staticmethod
+    def stop(system):
+        system.terminate()
+        _, found = system.communicate(timeout=PATIENCE)
+        return system.returncode, found
 
     def forget_simulator(self):
         """Of a virtual system that has ended by itself."""
@@ -128,12 +152,13 @@ class Installation:
     def silent_port(self):
         return FarEnd(self.place + "com1")
 
-    def start_program(self, scale="1", **streams):
+    def start_program(self, scale="1", before=(), **streams):
+        """`before`: a program that runs this one in its own place."""
         environment = dict(os.environ, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_QPA_PLATFORM="xcb",
                            XDG_CONFIG_HOME=self.place + "config", QT_SCALE_FACTOR=scale)
         # What is never given back at the end is the business of other tests.
         environment.setdefault("ASAN_OPTIONS", "detect_leaks=0")
-        program = subprocess.Popen([self.place + "qvm7702"], env=environment, **streams)
+        program = subprocess.Popen([*before, self.place + "qvm7702"], env=environment, **streams)
         self.programs.append(program)
         return program
 
@@ -146,10 +171,11 @@ class Installation:
         return DataFiles(self.place + "DAT")
 
     def close(self):
-        for process in self.programs + [self.simulator]:
+        for process in self.programs + [self.simulator, self.readers]:
             if process is not None and process.poll() is None:
                 process.send_signal(signal.SIGKILL)
                 process.wait()
-        if self.simulator is not None:
-            self.simulator.stderr.close()
+        for system in (self.simulator, self.readers):
+            if system is not None:
+                system.stderr.close()
         shutil.rmtree(self.place, ignore_errors=True)
