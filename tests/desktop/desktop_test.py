@@ -18,6 +18,7 @@ from installation import CODE, Installation
 from screen import (PATIENCE, Atspi, Display, Heard, Program, click_at, drag, has_state, key, middle, name_of, tell,
                     typed, wait_for)
 from users import UserTests
+from way import WayTests
 
 BUTTON, LABEL, MENU_ENTRY = Atspi.Role.PUSH_BUTTON, Atspi.Role.LABEL, Atspi.Role.MENU_ITEM
 DIALOG, TABLE, PASSWORD = Atspi.Role.DIALOG, Atspi.Role.TABLE, Atspi.Role.PASSWORD_TEXT
@@ -27,7 +28,7 @@ CLOCK = ("month", "day", "hour", "minute", "second")
 BUILD = ""
 
 
-class Desktop(UserTests, unittest.TestCase):
+class Desktop(UserTests, WayTests, unittest.TestCase):
     maxDiff = None
 
     def setUp(self):
@@ -37,8 +38,8 @@ class Desktop(UserTests, unittest.TestCase):
         self.house = Installation(BUILD)
         self.addCleanup(self.house.close)
 
-    def start(self):
-        self.process = self.house.start_program()
+    def start(self, before=()):
+        self.process = self.house.start_program(before=before)
         self.program = Program(self.process.pid)
 
     def light(self, words):

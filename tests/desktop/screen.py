@@ -67,6 +67,10 @@ def click_at(x, y):
     xdotool("mousemove", str(x), str(y), "click", "1")
 
 
+def double_click_at(x, y):
+    xdotool("mousemove", str(x), str(y), "click", "--repeat", "2", "--delay", "60", "1")
+
+
 def drag(start, end):
     """With the left button from one place to another, with a stop between as a hand makes it."""
     between = [(a + b) // 2 for a, b in zip(start, end)]
@@ -172,9 +176,15 @@ class Program:
     def find(self, role, name):
         """A visible control by its accessible name, of whichever window, rather one that can be used; None when there
         is none. `name`: a regular expression for the whole of it."""
-        found = [node for window in self.windows() for node in walk(window, role)
-                 if re.fullmatch(name, name_of(node)) and showing(node)]
-        return next((node for node in found if enabled(node)), found[0] if found else None)
+        found = None
+        # The one in front is asked first: each question goes over the bus.
+        for window in sorted(self.windows(), key=lambda w: not has_state(w, Atspi.StateType.ACTIVE)):
+            for node in walk(window, role):
+                if re.fullmatch(name, name_of(node)) and showing(node):
+                    if enabled(node):
+                        return node
+                    found = found or node
+        return found
 
     def wait(self, role, name, usable=True):
         """The same, once it is there and, if asked for, can be used."""
@@ -185,6 +195,23 @@ class Program:
             return wait_for(f"{role.value_nick} {name}", probe)
         except AssertionError as fault:
             raise AssertionError(f"{fault}\n{self.describe()}") from None
+
+    def cell(self, table, row, column):
+        """A cell of the table of this name, rows counted from 1, columns from 0 of those in sight."""
+        grid = self.wait(Atspi.Role.TABLE, table)
+        return tell(grid, lambda node: Atspi.Table.get_accessible_at(node, row - 1, column))
+
+    def cell_name(self, table, row, column):
+        """What a cell shows; empty when it is not there."""
+        grid = self.find(Atspi.Role.TABLE, table)
+        cell = grid and tell(grid, lambda node: Atspi.Table.get_accessible_at(node, row - 1, column))
+        return name_of(cell) if cell else ""
+
+    def editor_is_open(self, table):
+        """An editor lies over one of the table's cells; it is behind them in the tree."""
+        grid = self.wait(Atspi.Role.TABLE, table)
+        last = tell(grid, lambda node: node.get_child_at_index(node.get_child_count() - 1))
+        return last is not None and tell(last, lambda node: node.get_role()) == Atspi.Role.TEXT
 
     def describe(self):
         """What is on the screen, for whoever looks into a failure."""

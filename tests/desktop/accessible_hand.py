@@ -1,0 +1,58 @@
+"""An operator who is reached by the accessible tree alone: its actions and texts, no key and no pointer."""
+from screen import Atspi, tell, wait_for
+
+BUTTON, MENU_ENTRY, PASSWORD = Atspi.Role.PUSH_BUTTON, Atspi.Role.MENU_ITEM, Atspi.Role.PASSWORD_TEXT
+
+
+def action(node, *names):
+    """The number of the first of the node's actions that has one of these names, once it has one."""
+    def seek(of):
+        return [number for number in range(Atspi.Action.get_n_actions(of))
+                if Atspi.Action.get_action_name(of, number) in names]
+    return wait_for(f"one of {names}", lambda: tell(node, seek, []))[0]
+
+
+def do(node, number):
+    tell(node, lambda of: Atspi.Action.do_action(of, number))
+
+
+def act(node, *names):
+    do(node, action(node, *names))
+
+
+def put(node, words):
+    """Gives an editable text other contents."""
+    if not tell(node, lambda of: Atspi.EditableText.set_text_contents(of, words), False):
+        raise AssertionError(f"takes no text: {tell(node, lambda of: of.get_name())}")
+
+
+class AccessibleHand:
+    def __init__(self, program):
+        self.program = program
+
+    def press(self, name):
+        act(self.program.wait(BUTTON, name), "Press")
+
+    def write(self, table, row, column, words):
+        put(self.program.cell(table, row, column), words)
+        wait_for("the text is taken over", lambda: self.program.cell_name(table, row, column) == words)
+
+    def step(self, table, row, column):
+        """A cell that acts when it is pressed."""
+        act(self.program.cell(table, row, column), "Press")
+
+    def choose(self, table, row, column, *entries):
+        """From the menu of the cell, whose first entry may show its own menu already."""
+        self.open_menu(table, row, column)
+        for entry, next_one in zip(entries, entries[1:] + (None,)):
+            node = self.program.wait(MENU_ENTRY, entry)
+            if next_one is None:
+                act(node, "Press")
+            elif self.program.find(MENU_ENTRY, next_one) is None:
+                act(node, "ShowMenu")
+
+    def open_menu(self, table, row, column):
+        act(self.program.cell(table, row, column), "ShowMenu")
+
+    def fill(self, name, words):
+        put(self.program.wait(PASSWORD, name), words)

@@ -1,0 +1,68 @@
+"""An operator without a mouse."""
+from screen import Atspi, has_state, key, typed, wait_for
+
+BUTTON, MENU_ENTRY, PASSWORD = Atspi.Role.PUSH_BUTTON, Atspi.Role.MENU_ITEM, Atspi.Role.PASSWORD_TEXT
+FOCUSED, TABLE = Atspi.StateType.FOCUSED, Atspi.Role.TABLE
+
+
+class KeyboardHand:
+    def __init__(self, program):
+        self.program = program
+
+    def press(self, name):
+        self.program.wait(BUTTON, name)
+        self.reach(name)
+        key("Return")
+
+    def reach(self, name):
+        """Goes from control to control until the one of this name has the keyboard, backwards where there is a table,
+        whose own key Tab is."""
+        step = "Tab" if self.program.find(TABLE, ".+") is None else "shift+Tab"
+        for _ in range(30):
+            before = wait_for("a control with the keyboard", self.program.focused_name)
+            if before == name:
+                return
+            key(step)
+            wait_for("the keyboard moves on", lambda: self.program.focused_name() not in ("", before))
+        raise AssertionError(f"{step} never comes to {name}\n{self.program.describe()}")
+
+    def go_to(self, table, row, column):
+        self.reach(table)
+        if self.is_current(table, row, column):
+            return  # what was confirmed before has led here
+        key("ctrl+Home")
+        first = wait_for("the first row", lambda: [n for n in (0, 1) if self.is_current(table, 1, n)])[0]
+        moves = ["Down"] * (row - 1) + ["Right"] * (column - first)
+        if moves:
+            key(*moves)
+        wait_for("the cell is the current one", lambda: self.is_current(table, row, column))
+
+    def is_current(self, table, row, column):
+        return has_state(self.program.cell(table, row, column), FOCUSED)
+
+    def write(self, table, row, column, words):
+        """Into a cell; the first character opens its editor."""
+        self.go_to(table, row, column)
+        typed(words)
+        key("Return")
+        wait_for("the text is taken over", lambda: self.program.cell_name(table, row, column) == words)
+
+    def step(self, table, row, column):
+        """A cell that acts at a key."""
+        self.go_to(table, row, column)
+        key("Return")
+
+    def choose(self, table, row, column, *entries):
+        """From the menu of the cell."""
+        self.go_to(table, row, column)
+        key("shift+F10")
+        for entry in entries:
+            self.program.wait(MENU_ENTRY, entry)
+            while not has_state(self.program.find(MENU_ENTRY, entry), FOCUSED):
+                key("Down")
+            key("Return")
+
+    def fill(self, name, words):
+        self.program.wait(PASSWORD, name)
+        self.reach(name)
+        typed(words)

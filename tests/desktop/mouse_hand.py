@@ -1,0 +1,35 @@
+"""An operator with the mouse. Only the texts of editors are typed, once a click has opened them."""
+from screen import Atspi, click_at, double_click_at, middle, typed, wait_for
+
+NUMBER = 0  # column
+MENU_ENTRY, PASSWORD = Atspi.Role.MENU_ITEM, Atspi.Role.PASSWORD_TEXT
+
+
+class MouseHand:
+    def __init__(self, program):
+        self.program = program
+
+    def press(self, name):
+        self.program.press(name)
+
+    def write(self, table, row, column, words):
+        """Into a cell. A click elsewhere takes over what was typed."""
+        double_click_at(*middle(self.program.cell(table, row, column)))
+        wait_for("an editor", lambda: self.program.editor_is_open(table))
+        typed(words)
+        click_at(*middle(self.program.cell(table, row, NUMBER)))
+        wait_for("the editor goes", lambda: not self.program.editor_is_open(table))
+
+    def step(self, table, row, column):
+        """A cell that acts when it is clicked."""
+        click_at(*middle(self.program.cell(table, row, column)))
+
+    def choose(self, table, row, column, *entries):
+        """From the menu of the cell."""
+        click_at(*middle(self.program.cell(table, row, column)))
+        for entry in entries:
+            self.program.press(entry, MENU_ENTRY)
+
+    def fill(self, name, words):
+        click_at(*middle(self.program.wait(PASSWORD, name)))
+        typed(words)
