@@ -1,5 +1,6 @@
 #include "CellAccess.h"
 
+#include "Secret.h"
 #include "TextEdge.h"
 
 #include <QHeaderView>
@@ -158,7 +159,9 @@ void CellAccess::replaceText(int start, int end, const QString& text) {
     whole.replace(from, to - from, text);
     GridView* grid = grid_;
     afterwards(grid, [grid, row = grid->gridModel().gridRow(row_), column = column_, whole] {
-        grid->write(row, column, fromQt(whole));
+        std::string written = fromQt(whole);
+        grid->write(row, column, written);
+        Vergessen(written); // it may be a code
     });
 }
 
