@@ -2,6 +2,7 @@
 
 #include "VirtualLocks.h"
 
+#include <algorithm>
 #include <csignal>
 #include <filesystem>
 #include <gmock/gmock.h>
@@ -160,6 +161,26 @@ TEST_F(Binary_Readers, send_nothing_for_a_user_without_a_name_or_without_the_rig
     EXPECT_EQ(Run({"learn", "finger", "2"}).Code, 2) << "a programming adapter has no such reader";
 }
 
+TEST_F(Binary_Readers, are_left_at_ctrl_c_while_a_key_is_awaited) {
+    nlohmann::json world = VirtualLocks::World();
+    world["desk"] = {{"patience_ms", 0}};
+    Locks.StartWorld(world);
+    const std::string before = User(2).dump();
+    for (const auto& [command, said] :
+         {std::pair<std::vector<std::string>, std::string>{{"learn", "ekey", "2"}, "User 2 \"Bert\": cancelled\n"},
+          {{"find-key"}, "cancelled\n"},
+          {{"sync-key"}, "cancelled\n"}}) {
+        Process waiting(QvmctlPath(), Here(command));
+        ASSERT_TRUE(waiting.WaitFor("Please have the E-Key ready"));
+        waiting.Signal(SIGINT);
+        const RunResult result = waiting.Wait();
+        EXPECT_EQ(result.Code, 3) << result.Err;
+        EXPECT_EQ(result.Out, said);
+    }
+    EXPECT_EQ(User(2).dump(), before);
+    EXPECT_EQ(Locks.Stop(), "");
+}
+
 TEST_F(Binary_Readers, are_left_at_ctrl_c) {
     Start({}, true);
     Process learning(QvmctlPath(), Here({"learn", "finger", "2", "--timeout", "0"}));
@@ -168,6 +189,31 @@ TEST_F(Binary_Readers, are_left_at_ctrl_c) {
     const RunResult result = learning.Wait();
     EXPECT_EQ(result.Code, 3) << result.Err;
     EXPECT_EQ(result.Out, "User 2 \"Bert\": cancelled\n");
+}
+
+TEST_F(Binary_Readers, say_that_the_adapter_was_pulled_out_while_they_waited) {
+    const std::string pulled =
+        "The wireless adapter was disconnected. Please plug it in again and repeat the operation.";
+    const std::vector<std::pair<bool, std::vector<std::string>>> commands{{false, {"learn", "ekey", "2"}},
+                                                                          {false, {"find-key"}},
+                                                                          {false, {"sync-key"}},
+                                                                          {true, {"learn", "transponder", "2"}},
+                                                                          {true, {"learn", "finger", "2"}}};
+    const std::string before = User(2).dump();
+    for (const auto& [enrolment, command] : commands) {
+        SCOPED_TRACE(command.back() + " " + command.front());
+        Start({}, enrolment, {"--fault", "unplug@0"});
+        std::vector<std::string> arguments{"--json"};
+        arguments.insert(arguments.end(), command.begin(), command.end());
+        const RunResult result = Run(arguments);
+        EXPECT_EQ(result.Code, 3) << result.Err;
+        const auto document = nlohmann::json::parse(result.Out);
+        EXPECT_EQ(document["result"], "silent");
+        EXPECT_THAT(document["text"].get<std::string>(), testing::EndsWith("the adapter was disconnected"));
+        const auto messages = document["messages"].get<std::vector<std::string>>();
+        EXPECT_EQ(std::count(messages.begin(), messages.end(), pulled), 1);
+    }
+    EXPECT_EQ(User(2).dump(), before);
 }
 
 TEST_F(Binary_Readers, hear_of_a_key_that_is_presented_by_a_line_while_they_wait) {

@@ -79,7 +79,7 @@ TischEnde Transponder_Abwarten(Tischsitzung& session, int timeout) {
     const TischEnde end = session.Warten([&] { return !keys.Wartet(); }, timeout);
     keys.Leser_Fertig();
     // The window looks at its adapter as well.
-    return session.program.kern.Welt.Port.IsOpen() ? end : TischEnde::Silent;
+    return session.Getrennt() ? TischEnde::Silent : end;
 }
 
 TischEnde Finger_Abwarten(Tischsitzung& session, int timeout) {
@@ -141,7 +141,7 @@ std::string Lernbericht(const Tischsitzung& session, TischEnde end, const std::s
     case TischEnde::Done:
         return kind + " learned";
     case TischEnde::Silent:
-        return "the reader said nothing";
+        return session.Getrennt() ? "the adapter was disconnected" : "the reader said nothing";
     case TischEnde::Cancelled:
         return "cancelled";
     case TischEnde::Refused:

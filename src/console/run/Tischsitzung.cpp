@@ -4,7 +4,9 @@
 #include "Programmstart.h"
 #include "Takt.h"
 #include "Timer.h"
+#include "Words.h"
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 #include <ostream>
 #include <utility>
@@ -129,7 +131,19 @@ TischEnde Tischsitzung::Warten(const std::function<bool()>& done, int seconds) {
         world.ProcessEvents();
     }
     watch.Stop();
+    if (end == TischEnde::Silent && Getrennt()) {
+        Trennung_Melden();
+    }
     return done() ? TischEnde::Done : *end;
+}
+
+/// A window that has noticed it by itself has said so already.
+void Tischsitzung::Trennung_Melden() {
+    const std::string text = Anzeige_Aus_1252(Wort(program.kern, Word::AdapterPulled));
+    if (std::find(Meldungen.begin(), Meldungen.end(), text) == Meldungen.end()) {
+        Sagen(text);
+        Meldungen.push_back(text);
+    }
 }
 
 ExitCode Tischsitzung::Abschliessen(TischEnde end, const std::string& text, const nlohmann::ordered_json& document) {

@@ -49,8 +49,10 @@ public:
     void Meldungen_Uebernehmen(bool yesOfThree);
 
     /// Lets events go on until `done` is true: Done. Silent when nothing came over the line for `seconds` (0: for ever)
-    /// or the port is closed, Cancelled at Ctrl-C.
+    /// or the adapter was pulled out, which is told; Cancelled at Ctrl-C.
     TischEnde Warten(const std::function<bool()>& done, int seconds);
+    /// The adapter's port is closed.
+    bool Getrennt() const { return !program.kern.Welt.Port.IsOpen(); }
     bool Unterbrochen() { return signal_.Anzahl() > 0; }
     int Unterbrechungen() { return signal_.Anzahl(); }
 
@@ -65,6 +67,7 @@ public:
 
 private:
     Answer Antworten(const Message& message);
+    void Trennung_Melden();
 
     const Umgebung& world_;
     const Console& console_;
