@@ -15,6 +15,7 @@ import unittest
 
 from datafiles import without_zeros
 from installation import CODE, Installation
+from kills import KillTests
 from screen import (PATIENCE, Atspi, Display, Heard, Program, click_at, drag, has_state, key, middle, name_of, tell,
                     typed, wait_for)
 from users import UserTests
@@ -28,7 +29,7 @@ CLOCK = ("month", "day", "hour", "minute", "second")
 BUILD = ""
 
 
-class Desktop(UserTests, WayTests, unittest.TestCase):
+class Desktop(UserTests, WayTests, KillTests, unittest.TestCase):
     maxDiff = None
 
     def setUp(self):
@@ -48,8 +49,7 @@ class Desktop(UserTests, WayTests, unittest.TestCase):
 
     def cell(self, row, column):
         """A cell of the lock window's grid, rows counted from 1, columns from 0."""
-        grid = self.program.wait(TABLE, "Locks")
-        return tell(grid, lambda table: Atspi.Table.get_accessible_at(table, row - 1, column))
+        return self.program.cell("Locks", row, column)
 
     def start_run(self):
         """From the main window to the first telegram of lock 1, by mouse."""
@@ -433,7 +433,6 @@ class Desktop(UserTests, WayTests, unittest.TestCase):
         self.program.wait(BUTTON, "Exit program")
         self.program.press("Exit program")
         self.expect_ended()
-
 
     def note(self, title):
         """Waits for the window of this title and keeps its role."""

@@ -3,15 +3,14 @@ from datafiles import text
 from screen import Atspi, click_at, key, middle, tell, typed, wait_for
 
 NAME_COLUMN, FIRST_LOCK = 1, 8
-BUTTON, TABLE = Atspi.Role.PUSH_BUTTON, Atspi.Role.TABLE
+BUTTON = Atspi.Role.PUSH_BUTTON
 TYPED = [("Cleo", "314159"), ("Dirk", "271828"), ("Eva", "161803")]
 
 
 class UserTests:
     def user_cell(self, user, column):
         """A cell of the user window's grid, users counted from 1, columns from 0."""
-        grid = self.program.wait(TABLE, "User management")
-        return tell(grid, lambda table: Atspi.Table.get_accessible_at(table, user - 1, column))
+        return self.program.cell("User management", user, column)
 
     def stored_users(self):
         """Name, code and marks of the first two locks of each user in the file."""
