@@ -67,7 +67,8 @@ TischEnde EKey_Abwarten(Tischsitzung& session, int timeout) {
     if (end != TischEnde::Done) {
         program.link.AnswerDue = 0; // what still comes is nobody's
     }
-    return end;
+    // The window looks at its adapter as well, and gives the answer up with it.
+    return program.link.AnswerWithdrawn == TelEKeyLesen::Telegram.Code ? TischEnde::Silent : end;
 }
 
 TischEnde Transponder_Abwarten(Tischsitzung& session, int timeout) {

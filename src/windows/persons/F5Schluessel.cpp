@@ -21,8 +21,10 @@ constexpr Colour TransponderGround = 0x80FFFF;
 } // namespace
 
 F5Schluessel::F5Schluessel(F5& window, F16& search, Link& serialLink, AdapterListe& list)
-    : f5(window), f16(search), kern(window.kern), link(serialLink), Adapter(list), Wache(window.kern.Welt, 1000) {
+    : f5(window), f16(search), kern(window.kern), link(serialLink), Adapter(list), Wache(window.kern.Welt, 1000),
+      EKeyWache(window.kern.Welt, 1000) {
     Wache.Ticked = [this] { Nachsehen(); };
+    EKeyWache.Ticked = [this] { EKey_Nachsehen(); };
     f5.Geschlossen = [this] { Ausgeschnittenes_Vergessen(); };
 }
 
@@ -90,9 +92,22 @@ void F5Schluessel::EKey_Fragen(const Frage& wanted, std::uint8_t mode, std::uint
     link.Lauf.KeyMode = mode;
     link.AnswerWithdrawn = 0;
     Fund = {};
-    if (!TelEKeyLesen_Senden(link, static_cast<std::uint8_t>(channel >= 1 && channel <= Channels ? channel : 1), wish,
-                             old)) {
+    if (TelEKeyLesen_Senden(link, static_cast<std::uint8_t>(channel >= 1 && channel <= Channels ? channel : 1), wish,
+                            old)) {
+        EKeyWache.Start();
+    } else {
         Leser_Stumm(kern);
+    }
+}
+
+/// The window is not locked meanwhile, so nothing else would say that no key will come.
+void F5Schluessel::EKey_Nachsehen() {
+    if (!f5.Fenster.Visible || link.AnswerDue != TelEKeyLesen::Telegram.Code) {
+        EKeyWache.Stop();
+    } else if (Leser_Weg(kern, Adapter, asked_.Stand)) {
+        EKeyWache.Stop();
+        Zurueckziehen(TelEKeyLesen::Telegram.Code);
+        Leser_Getrennt(kern);
     }
 }
 

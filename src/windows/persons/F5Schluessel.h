@@ -27,6 +27,8 @@ struct F5Schluessel {
     int Geduld = UsualPatience; ///< seconds that a transponder is awaited, as the unit may never say a word
     Timer Wache;                ///< looks at the adapter, and at the clock, once a second meanwhile
 
+    Timer EKeyWache; ///< looks at the adapter while an E-Key is awaited
+
     KeyFund Fund; ///< of the last search or synchronisation
 
     /// Of the adapter that identified itself last, 0 unknown; may be empty. Asked where the search has not told the
@@ -80,6 +82,7 @@ private:
     void EKey_Fragen(const Frage& wanted, std::uint8_t mode, std::uint8_t wish);
     void EKey_Finden(std::uint8_t mode, std::uint8_t wish);
     void EKey_Anlernen();
+    void EKey_Nachsehen();
     void Transponder_Fragen(bool search);
     void Transponder_Suchen(std::string_view id);
     void Slot_Freigeben(std::uint8_t slot);
