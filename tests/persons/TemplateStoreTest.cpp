@@ -162,5 +162,23 @@ TEST_F(Template_Schreiben, a_write_that_fails_leaves_the_old_file) {
     EXPECT_EQ(Find("2"), "2 :");
 }
 
+// A kill can end a write between two pages of memory; no user has the finger whose template was being written.
+TEST_F(Template_Schreiben, the_part_of_a_record_that_a_kill_left_is_not_in_the_way) {
+    Put(250, "1", "1 : ");
+    Put(251, "2", "2 : ");
+    Put(252, "3", "3 : ");
+    const std::string before = File(TemplateFile);
+    ASSERT_TRUE(qvm::Template_Schreiben(kern, 2, 2, "22", std::string(3000, '7')));
+    const std::string after = File(TemplateFile);
+    constexpr std::size_t record = 250 * 3028, page = (record / 4096 + 1) * 4096; // within the record
+    File(TemplateFile) = after.substr(0, page) + before.substr(page);
+    EXPECT_EQ(Find("1"), "1 :");
+    EXPECT_EQ(Find("3"), "3 :");
+    ASSERT_TRUE(qvm::Template_Schreiben(kern, 2, 2, "23", std::string(3000, '7')));
+    EXPECT_EQ(Find("23"), std::string(3000, '7'));
+    EXPECT_EQ(Find("22"), std::nullopt);
+    EXPECT_EQ(File(TemplateFile).size(), before.size());
+}
+
 } // namespace
 } // namespace qvm
