@@ -18,14 +18,28 @@ void afterwards(GridView* grid, const std::function<void()>& act) {
 
 } // namespace
 
-QList<int> columnsOf(const GridView& grid) {
-    QList<int> shown;
-    for (int column = 0; column < grid.gridModel().columnCount(); ++column) {
-        if (!grid.isColumnHidden(column)) {
-            shown += column;
+int columnsInSight(const GridView& grid) {
+    return grid.gridModel().columnCount() - grid.horizontalHeader()->hiddenSectionCount();
+}
+
+int placeOf(const GridView& grid, int column) {
+    if (column < 0 || column >= grid.gridModel().columnCount() || grid.isColumnHidden(column)) {
+        return -1;
+    }
+    int place = 0;
+    for (int before = 0; before < column; ++before) {
+        place += grid.isColumnHidden(before) ? 0 : 1;
+    }
+    return place;
+}
+
+int columnAt(const GridView& grid, int place) {
+    for (int column = 0; place >= 0 && column < grid.gridModel().columnCount(); ++column) {
+        if (!grid.isColumnHidden(column) && place-- == 0) {
+            return column;
         }
     }
-    return shown;
+    return -1;
 }
 
 QString CellAccess::text(QAccessible::Text kind) const {

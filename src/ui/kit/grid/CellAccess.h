@@ -7,8 +7,12 @@
 
 namespace qvm::ui {
 
-/// The columns in sight, as the model counts them.
-QList<int> columnsOf(const GridView& grid);
+/// The number of columns in sight. A screen reader asks these for every cell, so that none of them makes a list.
+int columnsInSight(const GridView& grid);
+/// The place of the model's `column` among the columns in sight, -1 when it is not.
+int placeOf(const GridView& grid, int column);
+/// The model's column at that place among the columns in sight, -1 when there is none.
+int columnAt(const GridView& grid, int place);
 
 /// The heading of a column when `row` is -1, else a cell; row and column as the model counts them. A cell can be given
 /// the keyboard, clicked and asked for its menu as far as the grid has handlers for that, and one that may be written
@@ -46,9 +50,7 @@ public:
 
     int columnExtent() const override { return 1; }
     int rowExtent() const override { return 1; }
-    int columnIndex() const override {
-        return grid_ == nullptr ? -1 : static_cast<int>(columnsOf(*grid_).indexOf(column_));
-    }
+    int columnIndex() const override { return grid_ == nullptr ? -1 : placeOf(*grid_, column_); }
     int rowIndex() const override { return row_; }
     bool isSelected() const override {
         return isValid() && grid_->selectionModel()->isSelected(grid_->gridModel().index(row_, column_));

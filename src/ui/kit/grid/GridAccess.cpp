@@ -31,7 +31,7 @@ public:
     QAccessibleInterface* caption() const override { return nullptr; }
     QAccessibleInterface* summary() const override { return nullptr; }
     QAccessibleInterface* cellAt(int row, int column) const override;
-    int columnCount() const override { return static_cast<int>(columnsOf(grid_).size()); }
+    int columnCount() const override { return columnsInSight(grid_); }
     int rowCount() const override { return grid_.gridModel().rowCount(); }
     QString columnDescription(int column) const override;
     QString rowDescription(int /*row*/) const override { return {}; }
@@ -113,13 +113,12 @@ QList<QWidget*> GridAccess::editors() const {
 }
 
 QAccessibleInterface* GridAccess::child(int index) const {
-    const QList<int> columns = columnsOf(grid_);
-    if (index < 0 || columns.isEmpty()) {
+    const int width = columnCount();
+    if (index < 0 || width == 0) {
         return nullptr;
     }
     if (index < cellCount()) {
-        const auto width = static_cast<int>(columns.size());
-        return cell(index / width - 1, columns[index % width]);
+        return cell(index / width - 1, columnAt(grid_, index % width));
     }
     const QList<QWidget*> open = editors();
     const int editor = index - cellCount();
@@ -159,16 +158,14 @@ int GridAccess::indexOfChild(const QAccessibleInterface* child) const {
 }
 
 QAccessibleInterface* GridAccess::cellAt(int row, int column) const {
-    const QList<int> columns = columnsOf(grid_);
-    return row < 0 || row >= rowCount() || column < 0 || column >= columns.size() ? nullptr
-                                                                                  : cell(row, columns[column]);
+    const int shown = columnAt(grid_, column);
+    return row < 0 || row >= rowCount() || shown < 0 ? nullptr : cell(row, shown);
 }
 
 QString GridAccess::columnDescription(int column) const {
-    const QList<int> columns = columnsOf(grid_);
-    return column < 0 || column >= columns.size()
-               ? QString()
-               : grid_.gridModel().headerData(columns[column], Qt::Horizontal, Qt::AccessibleTextRole).toString();
+    const int shown = columnAt(grid_, column);
+    return shown < 0 ? QString()
+                     : grid_.gridModel().headerData(shown, Qt::Horizontal, Qt::AccessibleTextRole).toString();
 }
 
 QList<QAccessibleInterface*> GridAccess::selectedCells() const {
@@ -203,12 +200,12 @@ void describeGrids() {
 
 void tellCurrentCell(GridView* grid, bool chosen) {
     const QModelIndex current = grid->currentIndex();
-    const auto column = columnsOf(*grid).indexOf(current.column());
+    const int column = placeOf(*grid, current.column());
     if (!QAccessible::isActive() || !grid->hasFocus() || column < 0) {
         return;
     }
     QAccessibleEvent event(grid, chosen ? QAccessible::Selection : QAccessible::Focus);
-    event.setChild((current.row() + 1) * static_cast<int>(columnsOf(*grid).size()) + static_cast<int>(column));
+    event.setChild((current.row() + 1) * columnsInSight(*grid) + column);
     QAccessible::updateAccessibility(&event);
 }
 
