@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <spawn.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -16,6 +17,33 @@
 namespace qvm::test {
 
 namespace fs = std::filesystem;
+
+namespace {
+
+/// Starts a program with these files as input, output and errors, without a terminal. Returns its number, or -1.
+///
+/// Not by a fork: that copies the tables of the sanitizers' memory for each program that is started.
+pid_t Start(std::vector<char*>& argv, const std::string& in, const std::string& out, const std::string& err) {
+    posix_spawn_file_actions_t files;
+    posix_spawn_file_actions_init(&files);
+    posix_spawn_file_actions_addopen(&files, STDIN_FILENO, in.c_str(), O_RDONLY, 0);
+    posix_spawn_file_actions_addopen(&files, STDOUT_FILENO, out.c_str(), O_WRONLY, 0);
+    posix_spawn_file_actions_addopen(&files, STDERR_FILENO, err.c_str(), O_WRONLY, 0);
+    sigset_t pipe;
+    sigemptyset(&pipe);
+    sigaddset(&pipe, SIGPIPE);
+    posix_spawnattr_t how;
+    posix_spawnattr_init(&how);
+    posix_spawnattr_setsigdefault(&how, &pipe);
+    posix_spawnattr_setflags(&how, POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGDEF);
+    pid_t id = -1;
+    const int error = posix_spawn(&id, argv.front(), &files, &how, argv.data(), environ);
+    posix_spawnattr_destroy(&how);
+    posix_spawn_file_actions_destroy(&files);
+    return error == 0 ? id : -1;
+}
+
+} // namespace
 
 TempDirectory::TempDirectory() {
     std::string name = (fs::temp_directory_path() / "qvm-console-XXXXXX").string();
@@ -61,16 +89,7 @@ Process::Process(const std::string& program, const std::vector<std::string>& arg
         argv.push_back(const_cast<char*>(argument.c_str()));
     }
     argv.push_back(nullptr);
-    id_ = fork();
-    if (id_ == 0) {
-        setsid(); // no terminal of its own
-        signal(SIGPIPE, SIG_DFL);
-        dup2(open(in.c_str(), O_RDONLY), STDIN_FILENO);
-        dup2(open(out.c_str(), O_WRONLY), STDOUT_FILENO);
-        dup2(open(err.c_str(), O_WRONLY), STDERR_FILENO);
-        execv(program.c_str(), argv.data());
-        _exit(127);
-    }
+    id_ = Start(argv, in, out, err);
 }
 
 Process::~Process() {
@@ -88,6 +107,10 @@ void Process::Signal(int number) const {
 }
 
 RunResult Process::Wait(int seconds) {
+    if (id_ < 0) {
+        ADD_FAILURE() << "the program was not started";
+        return {.Code = -1, .Out = {}, .Err = {}};
+    }
     int status = 0;
     const auto limit = std::chrono::steady_clock::now() + std::chrono::seconds(seconds);
     while (waitpid(id_, &status, WNOHANG) == 0) {
