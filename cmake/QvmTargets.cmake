@@ -34,13 +34,13 @@ if(QVM_FUZZ)
 endif()
 
 # qvm_unoptimised(<target> [DEBUG])
-# For what takes longer to optimise than to run: it is left as it is, in a release build too, unless DEBUG says that it is
-# handed out.
+# For what takes longer to optimise than to run: it is left as it is, in the build of what is handed out with its tests
+# too, unless DEBUG says that it is handed out itself. A release build has what benchmarks measure: it optimises all.
 function(qvm_unoptimised target)
   if(CMAKE_BUILD_TYPE STREQUAL "Debug")
     target_compile_options(${target} PRIVATE -O0 $<$<BOOL:${QVM_FUZZ}>:-g0>)
     set_target_properties(${target} PROPERTIES QVM_UNOPTIMISED ON)
-  elseif(NOT "DEBUG" IN_LIST ARGN)
+  elseif(QVM_TESTS STREQUAL "PROGRAM" AND NOT "DEBUG" IN_LIST ARGN)
     target_compile_options(${target} PRIVATE -O0)
   endif()
 endfunction()
