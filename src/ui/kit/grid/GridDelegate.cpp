@@ -1,6 +1,7 @@
 #include "GridDelegate.h"
 
 #include "GridView.h"
+#include "TextEdge.h"
 
 #include <QHelpEvent>
 #include <QIcon>
@@ -22,33 +23,47 @@ const GridModel& modelOf(const QModelIndex& index) {
     return static_cast<const GridModel&>(*index.model());
 }
 
-bool isButton(const QModelIndex& index) {
-    const GridModel& model = modelOf(index);
-    return model.isAction(model.gridRow(index.row()), index.column());
+void paintFrame(QPainter* painter, const QStyleOptionViewItem& option) {
+    painter->save();
+    painter->setClipRect(option.rect);
+    painter->setRenderHint(QPainter::Antialiasing, false);
+    painter->setBrush(Qt::NoBrush);
+    QPen pen(option.palette.color(QPalette::Highlight), 2);
+    pen.setJoinStyle(Qt::MiterJoin);
+    painter->setPen(pen);
+    painter->drawRect(option.rect.adjusted(1, 1, -1, -1));
+    painter->restore();
 }
 
 } // namespace
 
 GridDelegate::GridDelegate(const GridView& view, QObject* parent) : QStyledItemDelegate(parent), view_(view) {}
 
+// A screen shows thousands of cells: what a cell is, is asked of the grid once and not by roles.
 void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
-    painter->save();
-    painter->setClipRect(option.rect);
-    paintGround(painter, option, index);
-    if (index.data(Qt::CheckStateRole).isValid()) {
-        paintCheck(painter, option, index);
+    const GridModel& model = modelOf(index);
+    const int row = model.gridRow(index.row());
+    const Cell& content = model.grid().At(row, index.column());
+    Painted cell{.Option = option,
+                 .Index = index,
+                 .Content = content,
+                 .Tone = cellTone(content.BackColor),
+                 .Button = model.isAction(row, index.column()),
+                 .Check = model.isCheck(row, index.column()),
+                 .Ground = {}};
+    cell.Ground = groundOf(cell);
+    painter->fillRect(option.rect, cell.Ground);
+    if (cell.Button) {
+        paintButton(painter, cell);
+    }
+    if (cell.Check) {
+        paintCheck(painter, cell);
     } else {
-        paintContent(painter, option, index);
+        paintContent(painter, cell);
     }
     if (index == view_.currentIndex() && view_.hasFocus()) {
-        painter->setRenderHint(QPainter::Antialiasing, false);
-        painter->setBrush(Qt::NoBrush);
-        QPen pen(option.palette.color(QPalette::Highlight), 2);
-        pen.setJoinStyle(Qt::MiterJoin);
-        painter->setPen(pen);
-        painter->drawRect(option.rect.adjusted(1, 1, -1, -1));
+        paintFrame(painter, option);
     }
-    painter->restore();
 }
 
 bool GridDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
@@ -64,80 +79,105 @@ bool GridDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const Q
     return QStyledItemDelegate::helpEvent(event, view, option, index);
 }
 
-/// Of the cell itself: a button stands on it.
-QColor GridDelegate::groundOf(const QStyleOptionViewItem& option, const QModelIndex& index) const {
-    const auto back = index.data(GridModel::BackColourRole).value<Colour>();
-    const CellTone tone = cellTone(back);
-    const bool neutral = tone != CellTone::Exact;
+QColor GridDelegate::groundOf(const Painted& cell) const {
+    const QPalette& palette = cell.Option.palette;
     // What can be clicked shows it by itself; other cells only tell where the mouse is.
-    const bool clickable = tone == CellTone::Action || isButton(index) || index.data(Qt::CheckStateRole).isValid();
-    const QColor ground = cellBackground(clickable ? White : back, view_.isStripe(index.row()), option.palette);
-    const RowTint tint = neutral ? view_.tintOf(index.row(), index.column()) : RowTint::None;
-    return tinted(ground, tint, option.palette);
+    const bool clickable = cell.Tone == CellTone::Action || cell.Button || cell.Check;
+    const QColor ground =
+        cellBackground(clickable ? White : cell.Content.BackColor, view_.isStripe(cell.Index.row()), palette);
+    const RowTint tint =
+        cell.Tone == CellTone::Exact ? RowTint::None : view_.tintOf(cell.Index.row(), cell.Index.column());
+    return tinted(ground, tint, palette);
 }
 
-void GridDelegate::paintGround(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
-    const auto back = index.data(GridModel::BackColourRole).value<Colour>();
-    const bool alternate = view_.isStripe(index.row());
-    const bool button = isButton(index);
-    painter->fillRect(option.rect, groundOf(option, index));
-    if (!button) {
-        return;
-    }
-    const QColor face = cellBackground(back, alternate, option.palette);
-    QColor rim = option.palette.color(QPalette::Text);
+void GridDelegate::paintButton(QPainter* painter, const Painted& cell) const {
+    const QPalette& palette = cell.Option.palette;
+    QColor rim = palette.color(QPalette::Text);
     rim.setAlphaF(0.25F);
+    painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(QPen(rim, 1));
-    painter->setBrush(face);
+    painter->setBrush(cellBackground(cell.Content.BackColor, view_.isStripe(cell.Index.row()), palette));
     const QRectF shape =
-        QRectF(option.rect).adjusted(ButtonInset + 1.5, ButtonInset + 0.5, -ButtonInset - 1.5, -ButtonInset - 0.5);
+        QRectF(cell.Option.rect).adjusted(ButtonInset + 1.5, ButtonInset + 0.5, -ButtonInset - 1.5, -ButtonInset - 0.5);
     painter->drawRoundedRect(shape, ButtonRound, ButtonRound);
+    painter->restore();
 }
 
-void GridDelegate::paintCheck(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) {
+void GridDelegate::paintCheck(QPainter* painter, const Painted& cell) {
+    const QStyleOptionViewItem& option = cell.Option;
     const QStyle& style = *option.widget->style();
     const int side = std::min(LargestCheck, option.rect.height() - 2 * CheckInset);
     QStyleOptionButton box;
     box.palette = option.palette;
     box.rect = QStyle::alignedRect(option.direction, Qt::AlignCenter, QSize(side, side), option.rect);
     box.state = option.state & QStyle::State_Enabled;
-    box.state |= index.data(Qt::CheckStateRole) == Qt::Checked ? QStyle::State_On : QStyle::State_Off;
-    if (cellTone(index.data(GridModel::BackColourRole).value<Colour>()) == CellTone::Hover) {
+    box.state |= cell.Content.Text == "X" ? QStyle::State_On : QStyle::State_Off;
+    if (cell.Tone == CellTone::Hover) {
         box.state |= QStyle::State_MouseOver;
     }
+    painter->save();
     style.drawPrimitive(QStyle::PE_IndicatorCheckBox, &box, painter, option.widget);
+    painter->restore();
 }
 
-void GridDelegate::paintContent(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+void GridDelegate::paintContent(QPainter* painter, const Painted& cell) const {
+    const QStyleOptionViewItem& option = cell.Option;
     QRect room = option.rect.adjusted(CellMargin, 1, -CellMargin, -1);
-    const QString text = index.data(Qt::DisplayRole).toString();
-    const auto icon = index.data(Qt::DecorationRole).value<QIcon>();
-    const bool enabled = (option.state & QStyle::State_Enabled) != 0;
-    if (!icon.isNull()) {
+    const bool picture = cell.Content.Picture != 0 || cell.Button;
+    if (const auto icon = picture ? cell.Index.data(Qt::DecorationRole).value<QIcon>() : QIcon(); !icon.isNull()) {
+        const bool enabled = (option.state & QStyle::State_Enabled) != 0;
+        const bool alone = cell.Content.Text.empty();
         const int side = std::min(room.height() - 2, option.decorationSize.height());
-        const Qt::Alignment place = text.isEmpty() ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter;
-        icon.paint(painter, room.left(), room.top() + (room.height() - side) / 2, text.isEmpty() ? room.width() : side,
-                   side, place, enabled ? QIcon::Normal : QIcon::Disabled);
+        const Qt::Alignment place = alone ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter;
+        icon.paint(painter, room.left(), room.top() + (room.height() - side) / 2, alone ? room.width() : side, side,
+                   place, enabled ? QIcon::Normal : QIcon::Disabled);
         room.setLeft(room.left() + side + CellMargin);
     }
-    if (text.isEmpty()) {
-        return;
+    if (!cell.Content.Text.empty()) {
+        paintText(painter, cell, room);
     }
-    const QVariant font = index.data(Qt::FontRole);
-    painter->setFont(font.isValid() ? font.value<QFont>() : option.font);
-    const auto fore = index.data(GridModel::ForeColourRole).value<Colour>();
-    const auto back = index.data(GridModel::BackColourRole).value<Colour>();
-    QPalette palette = option.palette;
-    palette.setCurrentColorGroup(enabled ? QPalette::Active : QPalette::Disabled);
-    const bool inked = fore != Black && enabled && !isButton(index) && cellTone(back) != CellTone::Exact;
-    painter->setPen(inked ? cellInk(fore, groundOf(option, index), palette, text.size() == 1)
-                          : cellForeground(fore, back, palette));
-    const auto alignment = index.data(Qt::TextAlignmentRole).value<Qt::Alignment>();
+}
+
+void GridDelegate::paintText(QPainter* painter, const Painted& cell, const QRect& room) const {
+    const GridModel& model = modelOf(cell.Index);
+    const QString text = toQt(cell.Content.Text);
+    const QVariant font = model.font(cell.Content);
+    const Qt::Alignment alignment = model.alignment(cell.Index.column(), cell.Button);
+    painter->setPen(inkOf(cell, text.size() == 1));
     // A sign may be larger than its cell has room beside it.
     const bool sign = text.size() == 1 && alignment.testFlag(Qt::AlignHCenter);
-    painter->drawText(sign ? option.rect : room, static_cast<int>(alignment) | Qt::TextSingleLine,
+    if (!font.isValid()) {
+        painter->setFont(cell.Option.font);
+        sign ? texts_.paintWhole(painter, cell.Option.rect, alignment, text)
+             : texts_.paint(painter, room, alignment, text);
+        return;
+    }
+    painter->setFont(font.value<QFont>());
+    painter->drawText(sign ? cell.Option.rect : room, static_cast<int>(alignment) | Qt::TextSingleLine,
                       sign ? text : painter->fontMetrics().elidedText(text, Qt::ElideRight, room.width()));
+}
+
+QColor GridDelegate::inkOf(const Painted& cell, bool sign) const {
+    const bool enabled = (cell.Option.state & QStyle::State_Enabled) != 0;
+    QPalette palette = cell.Option.palette;
+    palette.setCurrentColorGroup(enabled ? QPalette::Active : QPalette::Disabled);
+    const bool inked = cell.Content.ForeColor != Black && enabled && !cell.Button && cell.Tone != CellTone::Exact;
+    if (!inked) {
+        return cellForeground(cell.Content.ForeColor, cell.Content.BackColor, palette);
+    }
+    constexpr int MostInks = 200;
+    constexpr unsigned High = 32;
+    const std::pair key{quint64{cell.Content.ForeColor} << High | cell.Ground.rgb(),
+                        quint64{palette.color(QPalette::Text).rgba()} << 1U | (sign ? 1U : 0U)};
+    if (inks_.size() > MostInks) {
+        inks_.clear();
+    }
+    auto known = inks_.find(key);
+    if (known == inks_.end()) {
+        known = inks_.insert(key, cellInk(cell.Content.ForeColor, cell.Ground, palette, sign));
+    }
+    return *known;
 }
 
 } // namespace qvm::ui

@@ -1,6 +1,13 @@
 #pragma once
 
+#include "Grid.h"
+#include "LineCache.h"
+#include "Theme.h"
+
+#include <QHash>
 #include <QStyledItemDelegate>
+
+#include <utility>
 
 namespace qvm::ui {
 
@@ -21,12 +28,26 @@ public:
                    const QModelIndex& index) override;
 
 private:
-    QColor groundOf(const QStyleOptionViewItem& option, const QModelIndex& index) const;
-    void paintGround(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
-    static void paintCheck(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index);
-    void paintContent(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
+    /// A cell that is being painted.
+    struct Painted {
+        const QStyleOptionViewItem& Option;
+        const QModelIndex& Index;
+        const Cell& Content;
+        CellTone Tone;
+        bool Button, Check;
+        QColor Ground; ///< of the cell itself: a button stands on it
+    };
+    QColor groundOf(const Painted& cell) const;
+    void paintButton(QPainter* painter, const Painted& cell) const;
+    static void paintCheck(QPainter* painter, const Painted& cell);
+    void paintContent(QPainter* painter, const Painted& cell) const;
+    void paintText(QPainter* painter, const Painted& cell, const QRect& room) const;
+    QColor inkOf(const Painted& cell, bool sign) const;
 
     const GridView& view_;
+    mutable LineCache texts_;
+    /// Inks that were worked out, by what decides on them: text colour and ground, palette text and kind of text.
+    mutable QHash<std::pair<quint64, quint64>, QColor> inks_;
 };
 
 } // namespace qvm::ui

@@ -49,8 +49,7 @@ void GridHeader::paintText(QPainter* painter, const QRect& line, int section) co
     const QRect room = line.adjusted(CellMargin, 0, -CellMargin, 0);
     const QString text = model()->headerData(section, Qt::Horizontal, Qt::DisplayRole).toString();
     painter->setPen(palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText));
-    painter->drawText(room, static_cast<int>(alignment) | Qt::TextSingleLine,
-                      painter->fontMetrics().elidedText(text, Qt::ElideRight, room.width()));
+    texts_.paint(painter, room, alignment, text);
 }
 
 /// At the bottom, the letters as close as can be read.
@@ -69,7 +68,7 @@ void GridHeader::paintUpright(QPainter* painter, const QRect& room, int section)
     qreal top = room.bottom() + 1 - static_cast<int>(text.size()) * step;
     for (const QChar letter : text) {
         const QRectF line(room.left(), top, room.width(), step);
-        painter->drawText(line, static_cast<int>(Qt::AlignCenter) | Qt::TextDontClip, letter);
+        texts_.paintWhole(painter, line, Qt::AlignCenter, letter);
         top += step;
     }
 }

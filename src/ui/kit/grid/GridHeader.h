@@ -1,5 +1,7 @@
 #pragma once
 
+#include "LineCache.h"
+
 #include <QHeaderView>
 
 namespace qvm::ui {
@@ -12,6 +14,8 @@ public:
 
     /// Of the upright texts, which may be 0, and of the row of texts.
     void setHeights(int upright, int row);
+    /// The height that was set: no text is measured for it, as a view asks for it at every change of a column.
+    QSize sizeHint() const override { return {length(), height()}; }
 
 protected:
     void initStyleOptionForIndex(QStyleOptionHeader* option, int section) const override;
@@ -22,6 +26,7 @@ private:
     void paintUpright(QPainter* painter, const QRect& room, int section) const;
 
     int rowHeight_ = 0;
+    mutable LineCache texts_;
 };
 
 } // namespace qvm::ui

@@ -100,9 +100,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     case Qt::FontRole:
         return font(cell);
     case Qt::TextAlignmentRole:
-        return QVariant::fromValue(alignments_.value(index.column(), isAction(row, index.column())
-                                                                         ? Qt::Alignment(Qt::AlignCenter)
-                                                                         : Qt::AlignLeft | Qt::AlignVCenter));
+        return QVariant::fromValue(alignment(index.column(), isAction(row, index.column())));
     case Qt::AccessibleTextRole:
         return accessibleText(index);
     case Qt::AccessibleDescriptionRole:
@@ -136,6 +134,10 @@ QVariant GridModel::font(const Cell& cell) const {
     font.setBold(cell.Bold);
     font.setPointSizeF(font.pointSizeF() * std::max(cell.FontSize, 1) / baseFontSize_);
     return font;
+}
+
+Qt::Alignment GridModel::alignment(int column, bool action) const {
+    return alignments_.value(column, action ? Qt::Alignment(Qt::AlignCenter) : Qt::AlignLeft | Qt::AlignVCenter);
 }
 
 QVariant GridModel::accessibleText(const QModelIndex& index) const {
@@ -192,9 +194,7 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
     case Qt::AccessibleDescriptionRole:
         return tip(0, section);
     case Qt::TextAlignmentRole:
-        return QVariant::fromValue(alignments_.value(section, actionIcons_.contains(section) || section == checkColumn_
-                                                                  ? Qt::Alignment(Qt::AlignCenter)
-                                                                  : Qt::AlignLeft | Qt::AlignVCenter));
+        return QVariant::fromValue(alignment(section, actionIcons_.contains(section) || section == checkColumn_));
     default:
         return {};
     }

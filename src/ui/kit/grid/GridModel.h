@@ -54,6 +54,12 @@ public:
 
     /// True for a cell that looks like a button; `row` as in the grid.
     bool isAction(int row, int column) const;
+    /// True for a cell that is a check box; `row` as in the grid.
+    bool isCheck(int row, int column) const;
+    /// The font of a cell where it is not the view's own.
+    QVariant font(const Cell& cell) const;
+    /// Of a column's cells; `action`: of one that looks like a button.
+    Qt::Alignment alignment(int column, bool action) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -69,14 +75,12 @@ private:
     void cellChanged(int row, int column);
     void tellViews();
     void tellHeadings(int firstColumn, int lastColumn);
-    bool isCheck(int row, int column) const;
     QVariant accessibleText(const QModelIndex& index) const;
     QVariant tip(int row, int column) const;
     QString headingText(int column) const;
     QString uprightText(int column) const;
     std::vector<std::string> headings() const;
     QVariant decoration(const Cell& cell, int row, int column) const;
-    QVariant font(const Cell& cell) const;
 
     Grid& grid_;
     PictureSet pictures_ = PictureSet::None;

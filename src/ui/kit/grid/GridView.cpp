@@ -123,10 +123,14 @@ int GridView::givenWidth(int column) const {
 int GridView::textWidth(int column, int first, int last) const {
     const QFontMetrics plain(font());
     int texts = 0;
+    const Cell* before = nullptr;
     const int step = std::max(1, (last - first + 1) / SampleRows);
     for (int row = first; row <= last; row += step) {
         const Cell& cell = grid().At(model_->gridRow(row), column);
-        if (cell.Text.empty()) {
+        // A column of marks has the same text in every row.
+        const bool same = before != nullptr && before->Text == cell.Text && before->Picture == cell.Picture;
+        before = &cell;
+        if (cell.Text.empty() || same) {
             continue;
         }
         const int picture = cell.Picture != 0 ? iconSize().width() + CellMargin : 0;

@@ -154,6 +154,7 @@ private:
     int frozenColumns_ = 0;
     GridSelection* selection_ = nullptr;
     GridFilter* filter_ = nullptr;
+    bool blockShown_ = false;       ///< the block was larger than a cell when it was shown last
     bool extending_ = false;        ///< what moves the current cell now takes the block along
     bool twice_ = false;            ///< the mouse button went down for the second time of a double click
     bool following_ = false;        ///< the current cell is moved because the selection has moved

@@ -11,6 +11,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <utility>
 
 namespace qvm::ui {
 
@@ -39,8 +40,11 @@ void GridView::showSelection() {
     const GridBlock block = selection_->Block();
     const QItemSelection cells(model_->cellIndex(block.Top, block.Left), model_->cellIndex(block.Bottom, block.Right));
     selectionModel()->select(cells, QItemSelectionModel::ClearAndSelect);
-    viewport()->update();
-    frozen_->viewport()->update();
+    // Cells that come or go are painted by the selection itself; those of a single cell look otherwise in a block.
+    if (selection_->Larger() != std::exchange(blockShown_, selection_->Larger())) {
+        viewport()->update(visualRegionForSelection(cells));
+        frozen_->viewport()->update();
+    }
 }
 
 void GridView::showRows() {

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstddef>
 #include <initializer_list>
 
 // The drawings lie in a static library, from which the linker would drop them unasked.
@@ -85,12 +86,21 @@ QColor mixed(const QColor& a, const QColor& b, qreal share) {
                             static_cast<float>(a.blueF() + (b.blueF() - a.blueF()) * share));
 }
 
-/// Relative luminance, 0 to 1. Source: Web Content Accessibility Guidelines 2.1.
+/// What each value of a colour's part, 0 to 255, gives of light, 0 to 1.
+std::array<qreal, 256> linearParts() {
+    std::array<qreal, 256> parts{};
+    for (std::size_t n = 0; n < parts.size(); ++n) {
+        const qreal part = static_cast<qreal>(n) / 255;
+        parts[n] = part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    }
+    return parts;
+}
+
+/// Relative luminance, 0 to 1. Source: Web Content Accessibility Guidelines 2.1. Asked for every cell of a grid.
 qreal luminance(const QColor& colour) {
-    const auto linear = [](qreal part) {
-        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
+    static const std::array<qreal, 256> linear = linearParts();
+    const auto part = [](int value) { return linear[static_cast<std::size_t>(value)]; };
+    return 0.2126 * part(colour.red()) + 0.7152 * part(colour.green()) + 0.0722 * part(colour.blue());
 }
 
 /// A sign of some size, as a cross, needs less contrast than a text.
