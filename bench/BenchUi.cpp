@@ -2,10 +2,12 @@
 //
 //   bench_ui FOLDER [SECONDS]    a program folder with data and language files; how long to idle (default 10; 0: only
 //   the start)
+//   bench_ui FOLDER users        the user window alone
 //
 // The first line is the time of the first painting on the system's monotonic clock in nanoseconds, so that whoever
-// starts this program can tell how long the start took; the second one is where the key of the lock window is, for a
-// mouse. bench/measure_ui.py uses them.
+// starts this program can tell how long the start took; the next two are where the keys of the lock window and of the
+// user window are, for a mouse. bench/measure_ui.py uses them.
+#include "BenchUiUsers.h"
 #include "ClearStyle.h"
 #include "Oberflaeche.h"
 #include "QtPlatform.h"
@@ -44,14 +46,6 @@ private:
     std::function<void()> done_;
 };
 
-std::string residentMemory() {
-    std::ifstream status("/proc/self/status");
-    std::string line;
-    while (std::getline(status, line) && line.rfind("VmRSS:", 0) != 0) {
-    }
-    return line;
-}
-
 double processorSeconds() {
     rusage usage{};
     getrusage(RUSAGE_SELF, &usage);
@@ -66,6 +60,7 @@ struct Bench {
     qvm::ui::Oberflaeche& windows;
     static constexpr int HistoryLines = 2024;
     int IdleSeconds = 10;
+    bool Users = false; ///< only their window
     QElapsedTimer clock;
 
     void Begin() {
@@ -76,13 +71,19 @@ struct Bench {
         const auto now = std::chrono::steady_clock::now().time_since_epoch();
         std::printf("%lld\n",
                     static_cast<long long>(std::chrono::duration_cast<std::chrono::nanoseconds>(now).count()));
-        PrintKey();
+        PrintKey("F2.Toolbar1.PROG");
+        PrintKey("F2.Toolbar1.x1504");
+        if (Users) {
+            measureUsers(programm, windows);
+            QApplication::exit(0);
+            return;
+        }
         QTimer::singleShot(IdleSeconds == 0 ? 0 : 3000, qApp,
                            [this] { Idle("the main window", [this] { OpenLocks(); }); });
     }
-    /// Where the key of the lock window is on the screen.
-    void PrintKey() const {
-        const auto* key = windows.Main.f2.findChild<QToolButton*>(QStringLiteral("F2.Toolbar1.PROG"));
+    /// Where the key is on the screen.
+    void PrintKey(const char* name) const {
+        const auto* key = windows.Main.f2.findChild<QToolButton*>(QLatin1String(name));
         const QPoint middle = key == nullptr ? QPoint() : key->mapToGlobal(key->rect().center());
         std::printf("%d %d\n", middle.x(), middle.y());
     }
@@ -170,8 +171,12 @@ int main(int argc, char** argv) {
         return 1;
     }
     qvm::ui::Oberflaeche windows(programm);
-    Bench bench{
-        .programm = programm, .windows = windows, .IdleSeconds = argc > 2 ? std::atoi(argv[2]) : 10, .clock = {}};
+    const std::string how = argc > 2 ? argv[2] : "10";
+    Bench bench{.programm = programm,
+                .windows = windows,
+                .IdleSeconds = std::atoi(how.c_str()),
+                .Users = how == "users",
+                .clock = {}};
     QTimer::singleShot(0, &application, [&bench] { bench.Begin(); });
     return QApplication::exec();
 }

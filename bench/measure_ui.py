@@ -1,13 +1,14 @@
 #!/usr/bin/env python3
 """Measures the desktop program under a virtual display, with a virtual adapter behind com1 and 200 locks.
 
-    bench/measure_ui.py BUILD
+    bench/measure_ui.py BUILD [users]
 
 BUILD is the folder of a release build (bench_ui, qvm7702, qvmctl, qvm-simulator, language files). Prints the time from
 process start to the painted main window (of bench_ui exactly; of qvm7702 as seen from outside, with the delay of looking),
 the time that the lock window takes (of bench_ui from the call to its first painting; of qvm7702 from the key to the last
 change on the screen), the memory held, the processor time of the idle program (with the adapter, and pulled), and how
-long qvm7702 takes from a key to a changed screen while its line misbehaves.
+long qvm7702 takes from a key to a changed screen while its line misbehaves; before that what the user window at its
+largest takes, with "users" nothing else.
 """
 import glob
 import json
@@ -19,6 +20,7 @@ import sys
 import tempfile
 import time
 
+import user_window
 from picture import Screen
 
 HERE = os.path.dirname(os.path.abspath(__file__))
@@ -31,6 +33,7 @@ LOCKS = 200
 INPUTS = 60
 TAB = 0xFF09
 SIZE = 1600, 1200
+USER_REGION = 1000, 500  # where the user window has marks
 KEYS = 1000, 262  # where the main window, at the corner of the display, has all that takes the focus
 TITLE = "^QVM 7702 SOFTWARE SYSTEM$"
 
@@ -46,7 +49,7 @@ def open_display():
 
 
 def full_house(source):
-    """The demonstration installation, its locks made up to 200."""
+    """The demonstration installation, its locks made up to 200 and its users to 250."""
     with open(os.path.join(source, "installation.json"), encoding="utf-8") as file:
         document = json.load(file)
     tables = document["tables"]
@@ -58,6 +61,7 @@ def full_house(source):
         tables["LockGroupRecord"].append({"record": n, "GroupId": "PB_815000001", "GroupName": "Schalterhalle"})
         tables["LockAdapterRecord"].append({"record": n, "AdapterId": "/46/108/1/2", "AdapterName": "PROGSTATION-1",
                                             **serial})
+    user_window.fill(document)
     return document
 
 
@@ -84,8 +88,8 @@ def bench(build, place, env, seconds):
     begin = time.monotonic_ns()
     run = subprocess.run([os.path.join(build, "bench/bench_ui"), place + "/", str(seconds)], env=env,
                          stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True, check=True)
-    first, key, *rest = run.stdout.splitlines()
-    return (int(first) - begin) / 1e6, key.split(), rest
+    first, locks, users, *rest = run.stdout.splitlines()
+    return (int(first) - begin) / 1e6, {"locks": locks.split(), "users": users.split()}, rest
 
 
 def start_program(place, env):
@@ -136,6 +140,36 @@ def lock_window(place, env, key):
         screen.close()
 
 
+def measure_users(build, place, env):
+    """The user window, in bench_ui without the delay of the display, and in qvm7702 as seen on the screen."""
+    _, keys, (*lines, sort, save) = bench(build, place, env, "users")
+    print("\n".join("  " + line for line in lines))
+    opened, sorts, saves, more = [], [], [], []
+    with open(os.path.join(place, user_window.FILE), "rb") as file:
+        unsorted = file.read()
+    for n in range(STARTS):
+        user_window.put_back(place, unsorted)
+        program, _ = start_program(place, env)
+        try:
+            before = resident(program)
+            window = user_window.UserWindow(env, USER_REGION, place, {"sort": sort.split(), "save": save.split()})
+            opened.append(window.open(keys["users"], user_window.windows(env)))
+            more.append(resident(program) - before)
+            if n == 0:
+                report(window.key(user_window.DOWN, user_window.UP), "an arrow key")
+                report(window.key(user_window.PAGE_DOWN, user_window.PAGE_UP), "a page")
+                report(window.toggle(), "a mark of 250 x 200 cells")
+            sorts.append(window.sort())
+            saves.append(window.save())
+            window.screen.close()
+        finally:
+            end(program)
+    report(opened, "from the click to the last change of the user window with 250 users and 200 locks")
+    report(sorts, "sorted")
+    report(saves, "saved, with the flush")
+    print(f"  memory more than without the window: {max(more):.0f} MB")
+
+
 def served(place, env, line, closed=False):
     """Milliseconds from a key to the changed screen, one for each of many keys. `line` leads to the far end."""
     screen = Screen(env["DISPLAY"], *KEYS)
@@ -168,16 +202,20 @@ def report(values, what):
 
 def main():
     build = os.path.abspath(sys.argv[1])
+    only_users = sys.argv[2:] == ["users"]
     source = os.path.join(os.path.dirname(HERE), "demonstration")
     place = make_installation(build, source)
     server, env = open_display()
     env["XDG_CONFIG_HOME"] = os.path.join(place, "config")
     simulator = start_simulator(build, source, place)
     try:
+        measure_users(build, place, env)
+        if only_users:
+            return
         runs = [bench(build, place, env, 0) for _ in range(STARTS)]
         report([run[0] for run in runs], "start to painted main window")
         report([seen_from_outside(place, env) for _ in range(STARTS)], "the same of qvm7702 seen from outside")
-        opened = [lock_window(place, env, runs[0][1]) for _ in range(STARTS)]
+        opened = [lock_window(place, env, runs[0][1]["locks"]) for _ in range(STARTS)]
         report([elapsed for elapsed, _ in opened],
                f"qvm7702, from the click to the last change of its lock window with {LOCKS} locks")
         print(f"  its memory then: {max(memory for _, memory in opened):.0f} MB")
@@ -194,6 +232,7 @@ def main():
             report(served(place, env, line, closed), f"a key of qvm7702 shows on the screen, line {what}")
     finally:
         simulator.terminate()
+        simulator.wait()
         server.terminate()
         shutil.rmtree(place)
 

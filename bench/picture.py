@@ -47,13 +47,15 @@ class Screen:
                 return changed - begin
         return None
 
-    def answer(self, keysym, longest=2):
-        """Presses a key. Seconds until the picture changes, `longest` when it does not."""
-        code = self.library.XKeysymToKeycode(self.display, ctypes.c_ulong(keysym))
+    def answer(self, keysym, longest=2, held=None):
+        """Presses a key, with another one held down meanwhile where it is given. Seconds until the picture changes,
+        `longest` when it does not."""
+        keys = [self.library.XKeysymToKeycode(self.display, ctypes.c_ulong(key)) for key in (held, keysym) if key]
         before = self.picture()
         begin = time.monotonic()
-        for down in (1, 0):
-            self.keys.XTestFakeKeyEvent(self.display, code, down, ctypes.c_ulong(0))
+        for down, pressed in ((1, keys), (0, reversed(keys))):
+            for code in pressed:
+                self.keys.XTestFakeKeyEvent(self.display, code, down, ctypes.c_ulong(0))
         self.library.XFlush(self.display)
         while time.monotonic() - begin < longest:
             if self.picture() != before:
