@@ -1,9 +1,12 @@
 // What of a grid is painted, and where its texts stand.
 
+#include "GridHeader.h"
 #include "GridView.h"
 #include "LineCache.h"
+#include "Theme.h"
 #include "UiFixture.h"
 
+#include <QHeaderView>
 #include <QImage>
 #include <QPaintEvent>
 #include <QPainter>
@@ -68,6 +71,46 @@ TEST_F(Grid_Painting, takes_in_a_block_that_begins_and_one_that_falls_together) 
     EXPECT_THAT(PaintedBy(Qt::Key_Down, Qt::ShiftModifier), ::testing::ElementsAre(3, 4));
     EXPECT_THAT(PaintedBy(Qt::Key_Down, Qt::ShiftModifier), ::testing::ElementsAre(4, 5));
     EXPECT_THAT(PaintedBy(Qt::Key_Up), ::testing::ElementsAre(3, 4, 5));
+}
+
+TEST(Grid_Header_Painting, keeps_the_letters_of_an_upright_text_apart) {
+    Grid grid(5, 3);
+    grid.SetText(0, 1, "g\ng\ng\ng");
+    QWidget window;
+    ui::GridView view(grid, &window, 2);
+    view.setUprightHeight(1000);
+    view.setGeometry(0, 0, 400, 300);
+    window.resize(400, 300);
+    Present(window);
+    QHeaderView& header = *view.horizontalHeader();
+    const int upright = ui::GridHeader::uprightHeight(1000, header.fontMetrics());
+    const QRect room(header.sectionViewportPosition(1) + 2, 0, header.sectionSize(1) - 4, upright);
+    const QImage image = header.viewport()->grab(room).toImage();
+    const QRgb ground = image.pixel(0, 0);
+    int letters = 0;
+    bool inside = false;
+    for (int y = 0; y < image.height(); ++y) {
+        bool ink = false;
+        for (int x = 0; x < image.width(); ++x) {
+            ink = ink || image.pixel(x, y) != ground;
+        }
+        letters += ink && !inside ? 1 : 0;
+        inside = ink;
+    }
+    EXPECT_EQ(letters, 4);
+    EXPECT_FALSE(inside) << "nor does the last one touch the row of texts";
+}
+
+TEST_F(Grid_Painting, frames_the_current_cell_so_that_it_is_seen_on_any_palette) {
+    QPalette palette = view.palette();
+    palette.setColor(QPalette::Base, Qt::black);
+    palette.setColor(QPalette::Text, Qt::white);
+    palette.setColor(QPalette::Highlight, QColor(0, 0, 60));
+    view.setPalette(palette);
+    QApplication::processEvents();
+    const QImage image = view.viewport()->grab().toImage();
+    const QRect cell = view.visualRect(view.gridModel().cellIndex(3, 2));
+    EXPECT_GE(ui::contrast(image.pixelColor(cell.left(), cell.center().y()), image.pixelColor(cell.center())), 2.9);
 }
 
 /// The box of what is not white.

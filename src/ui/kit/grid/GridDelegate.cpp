@@ -23,12 +23,15 @@ const GridModel& modelOf(const QModelIndex& index) {
     return static_cast<const GridModel&>(*index.model());
 }
 
-void paintFrame(QPainter* painter, const QStyleOptionViewItem& option) {
+/// Round the current cell: the highlight's colour, as far towards the text's as it needs to be seen on the cell.
+void paintFrame(QPainter* painter, const QStyleOptionViewItem& option, const QColor& ground) {
+    constexpr qreal Seen = 3;
+    const QPalette& palette = option.palette;
     painter->save();
     painter->setClipRect(option.rect);
     painter->setRenderHint(QPainter::Antialiasing, false);
     painter->setBrush(Qt::NoBrush);
-    QPen pen(option.palette.color(QPalette::Highlight), 2);
+    QPen pen(legible(palette.color(QPalette::Highlight), ground, palette.color(QPalette::Text), Seen), 2);
     pen.setJoinStyle(Qt::MiterJoin);
     painter->setPen(pen);
     painter->drawRect(option.rect.adjusted(1, 1, -1, -1));
@@ -62,7 +65,7 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
         paintContent(painter, cell);
     }
     if (index == view_.currentIndex() && view_.hasFocus()) {
-        paintFrame(painter, option);
+        paintFrame(painter, option, cell.Ground);
     }
 }
 

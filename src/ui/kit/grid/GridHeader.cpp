@@ -11,9 +11,19 @@
 namespace qvm::ui {
 namespace {
 
-constexpr qreal LetterStep = 200.0 / 240; ///< from letter to letter of an upright text, in heights of a line
+constexpr int TwipsPerLetter = 200, LineTwips = 240; ///< of an upright text
+constexpr int UprightMargin = 2;                     ///< above and below it
+
+/// From letter to letter.
+int letterStep(const QFontMetrics& metrics) {
+    return (metrics.lineSpacing() * TwipsPerLetter + LineTwips - 1) / LineTwips;
+}
 
 } // namespace
+
+int GridHeader::uprightHeight(int twips, const QFontMetrics& metrics) {
+    return twips <= 0 ? 0 : twips * letterStep(metrics) / TwipsPerLetter + 2 * UprightMargin;
+}
 
 GridHeader::GridHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
     setSectionsClickable(false);
@@ -64,10 +74,10 @@ void GridHeader::paintUpright(QPainter* painter, const QRect& room, int section)
     const QPalette::ColorGroup group = isEnabled() ? QPalette::Active : QPalette::Disabled;
     const QColor plain = palette().color(group, QPalette::ButtonText);
     painter->setPen(isEnabled() ? labelForeground(colour, plain, palette().color(group, QPalette::Button)) : plain);
-    const qreal step = painter->fontMetrics().lineSpacing() * LetterStep;
-    qreal top = room.bottom() + 1 - static_cast<int>(text.size()) * step;
+    const int step = letterStep(painter->fontMetrics());
+    int top = room.bottom() + 1 - UprightMargin - static_cast<int>(text.size()) * step;
     for (const QChar letter : text) {
-        const QRectF line(room.left(), top, room.width(), step);
+        const QRect line(room.left(), top, room.width(), step);
         texts_.paintWhole(painter, line, Qt::AlignCenter, letter);
         top += step;
     }

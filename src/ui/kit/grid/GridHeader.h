@@ -12,6 +12,9 @@ class GridHeader : public QHeaderView {
 public:
     explicit GridHeader(QWidget* parent);
 
+    /// The height of upright texts that take so many twips, in pixels; 0 for 0. Letters are whole pixels apart, and
+    /// those that go below the line touch neither the next one nor the row of texts.
+    static int uprightHeight(int twips, const QFontMetrics& metrics);
     /// Of the upright texts, which may be 0, and of the row of texts.
     void setHeights(int upright, int row);
     /// The height that was set: no text is measured for it, as a view asks for it at every change of a column.

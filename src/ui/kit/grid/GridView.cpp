@@ -113,7 +113,7 @@ void GridView::setUprightHeight(int twips) {
 }
 
 int GridView::uprightPixels() const {
-    return qRound(uprightTwips_ / TwipsPerLine * QFontMetrics(font()).lineSpacing());
+    return GridHeader::uprightHeight(uprightTwips_, horizontalHeader()->fontMetrics());
 }
 
 int GridView::givenWidth(int column) const {
