@@ -33,8 +33,6 @@ class KillTests:
     def test_a_kill_while_the_users_are_saved_leaves_each_file_old_or_new(self):
         seed = random.randrange(1 << 30)
         chance = random.Random(seed)
-        with open(self.house.place + "DAT/" + CHANNEL_FILE, "wb") as file:
-            file.write(CHANNELS + b" " * (201 * CHANNEL - len(CHANNELS)))
         self.house.start_simulator()
         self.save_with_the_key_moved(1, 2)
         wait_for("the users as the program writes them", lambda: self.owner() == 2 and not self.left_behind())
@@ -76,7 +74,10 @@ class KillTests:
         return next(n for n in (1, 2) if text(users[(n - 1) * USER:], 61, 41))
 
     def kill_while_saving(self, chance):
-        """Starts with what the kill before has left. Gives which of the files are new, and how many lie about."""
+        """Starts with what the kill before has left, but for the channels, which another move would leave as they are.
+        Gives which of the files are new, and how many lie about."""
+        with open(self.house.place + "DAT/" + CHANNEL_FILE, "wb") as file:
+            file.write(CHANNELS + b" " * (201 * CHANNEL - len(CHANNELS)))
         users, channels, owner = self.contents(USER_FILE), self.contents(CHANNEL_FILE), self.owner()
         taker = 3 - owner
         killer = threading.Timer(chance.uniform(0, LONGEST), self.kill)
