@@ -7,6 +7,7 @@
 #include "LockRecords.h"
 #include "Secret.h"
 #include "TimeRecords.h"
+#include "UndoMenu.h"
 #include "UserRecords.h"
 #include "Zeitgruppen.h"
 
@@ -211,8 +212,7 @@ void F5::Schritt_Gehen(std::optional<UndoStep> (GridUndo::*way)(), Word told) {
     Auswahl.Go(step->Row, step->Column > UserGrid::ColumnOf(UserGrid::Locks) ? UserColumn::KeyId : step->Column);
     Stand_Zeigen();
     Verlauf_Zeigen();
-    Hinweis.Text =
-        Wort(kern, told, {Wort(kern, step->What)}) + (step->Stays ? " " + Wort(kern, *step->Stays) : std::string());
+    Hinweis.Text = Schritt_Meldung(kern, told, *step);
 }
 
 } // namespace qvm

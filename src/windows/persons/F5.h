@@ -5,6 +5,7 @@
 #include "GridSelection.h"
 #include "GridUndo.h"
 #include "Kern.h"
+#include "MouseButton.h"
 #include "Text.h"
 #include "Timer.h"
 #include "UserTable.h"
@@ -25,8 +26,6 @@ enum class F5Menu : std::uint8_t {
     F5_E_Key,     ///< key_anlernen with Save_Ekey and Save_RFID, Key_loeschen, key_ausschneiden ... key_synchron
     F5_Fingerscan ///< FS_anerlen, FS_loeschen, F5_FSpremium, F5_FSstandard
 };
-
-enum class MouseButton : std::uint8_t { Left, Right };
 
 /// Window F5, the users: FGK4 is the working copy of the whole table. Load fills every cell, save rewrites every
 /// record.

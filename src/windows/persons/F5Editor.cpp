@@ -1,5 +1,6 @@
 // The editors over the cells: open, type, take over, leave.
 
+#include "Eingabe.h"
 #include "F5.h"
 #include "Filter.h"
 #include "Secret.h"
@@ -15,26 +16,6 @@ constexpr std::size_t CodeLength = 6; ///< typed; a longer one comes from the fi
 constexpr std::array<std::string_view, 6> Rights{"1", "0", "1/2", "1/3", "ADMI", "FS+"};
 constexpr int Groups = 7;
 
-bool Zeichen(int key) {
-    return key >= ' ' && key <= 0xFF && key != Key::Delete;
-}
-
-int Jedes_Zeichen(int key) {
-    return key;
-}
-
-/// The characters of the text that the filter lets through.
-std::string Gefiltert(std::string_view text, int (*filter)(int key)) {
-    std::string kept;
-    for (const char character : text) {
-        const int key = filter(static_cast<unsigned char>(character));
-        if (Zeichen(key)) {
-            kept += static_cast<char>(static_cast<unsigned char>(key));
-        }
-    }
-    return kept;
-}
-
 /// Six characters at most; a longer one can only be made shorter.
 std::string Code_Getippt(const std::string& before, std::string_view text) {
     const std::string code = Gefiltert(text, F5_ASCII_FILTER);
@@ -48,20 +29,6 @@ std::string Code_Getippt(const std::string& before, std::string_view text) {
 std::string Bezeichnung_Getippt(const std::string& before, std::string_view text) {
     constexpr std::size_t full = UserRecord::KeyLabel.Width;
     return before.size() >= full ? before : Gefiltert(text, Jedes_Zeichen).substr(0, full);
-}
-
-/// Where the caret stands when `kept` became of `text`, to which the operator has changed `before`. What is behind the
-/// change is behind the caret still.
-int Einfuegestelle(std::string_view before, std::string_view text, std::string_view kept) {
-    const auto same = std::mismatch(before.begin(), before.end(), text.begin(), text.end()).first - before.begin();
-    before.remove_prefix(static_cast<std::size_t>(same));
-    text.remove_prefix(static_cast<std::size_t>(same));
-    const auto differ = std::mismatch(before.rbegin(), before.rend(), text.rbegin(), text.rend());
-    std::string_view behind(differ.first.base(), before.end());
-    while (!kept.ends_with(behind)) {
-        behind.remove_suffix(1); // the end of it did not fit any more
-    }
-    return static_cast<int>(kept.size() - behind.size());
 }
 
 } // namespace

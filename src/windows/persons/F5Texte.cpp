@@ -3,6 +3,7 @@
 #include "F5.h"
 #include "F5_Laden.h"
 #include "TextSlots.h"
+#include "UndoMenu.h"
 #include "Worte.h"
 
 namespace qvm {
@@ -78,10 +79,6 @@ int Benutzer_Zaehlen(const Grid& grid) {
     return users;
 }
 
-std::string Schritt_Text(const Kern& kern, const UndoStep* step, Word withStep, Word without) {
-    return step == nullptr ? Wort(kern, without) : Wort(kern, withStep, {Wort(kern, step->What)});
-}
-
 } // namespace
 
 void F5::Texte_Setzen() {
@@ -142,10 +139,7 @@ void F5::Stand_Zeigen() {
 }
 
 void F5::Verlauf_Zeigen() {
-    F5_Undo.Text = Schritt_Text(kern, Verlauf.NextUndo(), Word::Undo, Word::UndoNothing);
-    F5_Undo.Enabled = Verlauf.NextUndo() != nullptr;
-    F5_Redo.Text = Schritt_Text(kern, Verlauf.NextRedo(), Word::Redo, Word::RedoNothing);
-    F5_Redo.Enabled = Verlauf.NextRedo() != nullptr;
+    Schritte_Zeigen(kern, Verlauf, F5_Undo, F5_Redo);
 }
 
 std::string F5::Markentip(int row, int column) const {
