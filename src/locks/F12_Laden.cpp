@@ -1,11 +1,14 @@
 #include "F12_Laden.h"
 
+#include "AdapterRecord.h"
 #include "Kern.h"
 #include "LockRecords.h"
 #include "Schlossregeln.h"
 #include "Schlossserie.h"
 #include "Stelle.h"
 #include "Text.h"
+#include "TimeRecords.h"
+#include "UnitRecords.h"
 
 #include <algorithm>
 
@@ -83,20 +86,27 @@ std::string Gruppenname(const GroupTable& groups, std::string_view id) {
 
 } // namespace
 
-void F12_SpaltenLeeren(const Kern& kern, LockTable& table) {
+void F12_Ueberschriften(const Kern& kern, LockTable& table) {
     struct Kopf {
         int Column, Line;
     };
-    constexpr Kopf Heads[] = {{LockColumn::Number, 37},   {LockColumn::Name, 50},       {LockColumn::Serial, 51},
-                              {LockColumn::Group, 176},   {LockColumn::AdapterId, 199}, {LockColumn::Offset, 212},
-                              {LockColumn::DoorMode, 217}};
-    Grid& grid = table.FGK12;
-    grid.ClearRows();
+    constexpr Kopf Heads[] = {{LockColumn::Number, Line::Number},       {LockColumn::Name, Line::LockName},
+                              {LockColumn::Serial, Line::SerialNumber}, {LockColumn::Group, Line::LockTimerGroup},
+                              {LockColumn::AdapterId, Line::Adapter},   {LockColumn::Offset, Line::TimeOffset},
+                              {LockColumn::DoorMode, Line::DoorMode}};
     for (const Kopf& head : Heads) {
-        grid.SetText(0, head.Column, kern.Zeile(head.Line));
+        table.FGK12.SetText(0, head.Column, kern.Zeile(head.Line));
     }
+    for (int column = LockColumn::FirstSwitch; column <= LockColumn::UnitType; ++column) {
+        table.FGK12.SetPicture(0, column, LockPicture::FirstHeading + column - LockColumn::FirstSwitch);
+    }
+}
+
+void F12_SpaltenLeeren(const Kern& kern, LockTable& table) {
+    table.FGK12.ClearRows();
+    F12_Ueberschriften(kern, table);
     for (int row = LockGrid::FirstRow; row <= LockGrid::LastRow; ++row) {
-        grid.SetText(row, LockColumn::Number, Ziffern(row));
+        table.FGK12.SetText(row, LockColumn::Number, Ziffern(row));
     }
 }
 
@@ -194,20 +204,28 @@ bool Tuermodus_Laden(Kern& kern, LockTable& table) {
     return true;
 }
 
-bool F12_Laden(Kern& kern, LockTable& table, std::span<const std::string> found) {
+bool F12_Laden(Kern& kern, LockTable& table, std::span<const std::string> found, std::vector<FileTrouble>* unread) {
+    bool good = true;
+    const auto note = [&](bool read, const RecordLayout& layout) {
+        good = good && read;
+        if (!read && unread != nullptr) {
+            unread->push_back({.File = std::string(layout.File), .Fault = Lesefehler(kern.Welt.Files)});
+        }
+    };
     table.LoadFailed = false;
     table.LockDirty = false;
     F12_SpaltenLeeren(kern, table);
-    bool good = Offsetnamen_Laden(kern, table);
-    good = Schlossgruppen_Laden(kern, table) && good;
-    good = SchlossZeitGruppe_Laden(kern, table) && good;
-    good = Prioritaet_Laden(kern, table) && good;
-    good = Emi_Laden(kern, table) && good;
-    good = Tuereinstellung_laden(kern, table) && good;
-    good = UnitTypen_Laden(kern, table) && good;
-    good = AdapterAuswahl_Laden(kern, table) && good;
-    good = SchlossAdapter_Laden(kern, table, found) && good;
-    return Tuermodus_Laden(kern, table) && good;
+    note(Offsetnamen_Laden(kern, table), GuestOffset::Record);
+    note(Schlossgruppen_Laden(kern, table), LockTimeGroup::Record);
+    note(SchlossZeitGruppe_Laden(kern, table), LockGroupRecord::Record);
+    note(Prioritaet_Laden(kern, table), LockPrioRecord::Record);
+    note(Emi_Laden(kern, table), LockEmiRecord::Record);
+    note(Tuereinstellung_laden(kern, table), LockRecord::Record);
+    note(UnitTypen_Laden(kern, table), WirelessUnitRecord::Record);
+    note(AdapterAuswahl_Laden(kern, table), AdapterRecord::Record);
+    note(SchlossAdapter_Laden(kern, table, found), LockAdapterRecord::Record);
+    note(Tuermodus_Laden(kern, table), DoorModeRecord::Record);
+    return good;
 }
 
 } // namespace qvm

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "FileTrouble.h"
 #include "LockTable.h"
 
 #include <span>
 #include <string>
+#include <vector>
 
 /// Loading the lock table. Each routine reads one file. It gives false on a file error and leaves its columns as they
 /// were; where a save would then lose what the file may hold, the table is marked as failed.
@@ -15,9 +17,13 @@ struct Kern;
 /// EMI, names and serials, unit types, adapter list, the lock's adapter, door mode. Clears LockDirty. A file error ends
 /// only the routine of that file.
 /// @param found names of the adapters that the port search found
-bool F12_Laden(Kern& kern, LockTable& table, std::span<const std::string> found);
+/// @param unread gets the files that could not be read; nullptr: nobody asks
+bool F12_Laden(Kern& kern, LockTable& table, std::span<const std::string> found,
+               std::vector<FileTrouble>* unread = nullptr);
 
-/// Empties all cells and writes the header texts and the lock numbers.
+/// Writes the heading, texts and pictures.
+void F12_Ueberschriften(const Kern& kern, LockTable& table);
+/// Empties all cells and writes the heading and the lock numbers.
 void F12_SpaltenLeeren(const Kern& kern, LockTable& table);
 
 /// C64UX12H3D.EBW: name, serial, switches and offset group. An offset identifier that no entry of the offset table has,

@@ -10,6 +10,9 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <span>
+#include <string>
+#include <utility>
 #include <vector>
 
 namespace qvm {
@@ -99,21 +102,40 @@ constexpr Ziel Einstellung{LockRecord::Record, Schloss_Satz}, Prioritaet{LockPri
     Emi{LockEmiRecord::Record, Emi_Satz}, ZeitGruppe{LockGroupRecord::Record, Gruppe_Satz},
     Adapter{LockAdapterRecord::Record, Adapter_Satz}, Tuermodus{DoorModeRecord::Record, Tuermodus_Satz};
 
-/// The file as it is to be written. Nothing when it cannot be read.
-std::optional<RecordFile> Vorbereiten(Kern& kern, const LockTable& table, const Ziel& target) {
-    RecordFile file(target.Layout);
-    if (table.LoadFailed || file.Laden(kern.Welt.Files, kern.DatPfad()) == ReadStatus::Error) {
+/// A file as it stands, and as it is to be written.
+struct Datei {
+    RecordFile Before, After;
+    bool Missing; ///< there is none yet
+};
+
+/// Nothing when the file cannot be read.
+std::optional<Datei> Vorbereiten(Kern& kern, const LockTable& table, const Ziel& target) {
+    RecordFile before(target.Layout);
+    const ReadStatus read = before.Laden(kern.Welt.Files, kern.DatPfad());
+    if (table.LoadFailed || read == ReadStatus::Error) {
         return std::nullopt;
     }
+    RecordFile after = before;
     for (int row = LockGrid::FirstRow; row <= LockGrid::LastRow; ++row) {
-        file.SetRecord(row, target.Satz(kern, table, row));
+        after.SetRecord(row, target.Satz(kern, table, row));
     }
-    return file;
+    return Datei{std::move(before), std::move(after), read == ReadStatus::Missing};
 }
 
 bool Datei_Speichern(Kern& kern, const LockTable& table, const Ziel& target) {
     const auto file = Vorbereiten(kern, table, target);
-    return file && file->Speichern(kern.Welt.Files, kern.DatPfad());
+    return file && file->After.Speichern(kern.Welt.Files, kern.DatPfad());
+}
+
+/// The files are written as they stood, as far as the disk takes it.
+void Zuruecknehmen(Kern& kern, std::span<const Datei> files) {
+    for (const Datei& file : files) {
+        if (file.Missing) {
+            kern.Welt.Files.Remove(kern.DatPfad() + std::string(file.Before.Layout().File));
+        } else {
+            file.Before.Speichern(kern.Welt.Files, kern.DatPfad());
+        }
+    }
 }
 
 } // namespace
@@ -144,7 +166,7 @@ bool Tuermodus_Speichern(Kern& kern, const LockTable& table) {
 
 bool F12_Speichern(Kern& kern, LockTable& table) {
     constexpr const Ziel* Order[] = {&Einstellung, &Prioritaet, &Emi, &ZeitGruppe, &Adapter, &Tuermodus};
-    std::vector<RecordFile> files;
+    std::vector<Datei> files;
     for (const Ziel* target : Order) {
         auto file = Vorbereiten(kern, table, *target);
         if (!file) {
@@ -152,8 +174,9 @@ bool F12_Speichern(Kern& kern, LockTable& table) {
         }
         files.push_back(std::move(*file));
     }
-    for (const RecordFile& file : files) {
-        if (!file.Speichern(kern.Welt.Files, kern.DatPfad())) {
+    for (std::size_t n = 0; n < files.size(); ++n) {
+        if (!files[n].After.Speichern(kern.Welt.Files, kern.DatPfad())) {
+            Zuruecknehmen(kern, std::span(files).first(n));
             return false;
         }
     }

@@ -9,8 +9,8 @@ namespace qvm {
 struct Kern;
 
 /// All six files, in the order of the routines below, and clears LockDirty. All are read before the first is written.
-/// The first file that cannot be written ends the save: those before it are new, it and those behind it are old, and
-/// LockDirty stays.
+/// The first file that cannot be written ends the save, and those before it are written back as they were; where the
+/// disk refuses that, too, they are new. LockDirty stays then.
 bool F12_Speichern(Kern& kern, LockTable& table);
 
 /// C64UX12H3D.EBW from columns 1, 2, 4 to 8 and 16.

@@ -12,15 +12,13 @@ namespace qvm {
 
 namespace {
 
-constexpr std::string_view NoUnit = " - ";
-constexpr std::string_view NoAdapter = " - ";
 /// The list of adapters has a record more than a lock is offered.
 constexpr int LastOffered = 19;
 
 std::string Unit_Kuerzel(const Kern& kern, std::string_view mode) {
     static_assert(Line::UnitAE == Line::UnitTA + 1 && Line::UnitSTE == Line::UnitTA + 2);
     if (mode.size() != 1 || mode[0] < '1' || mode[0] > '3') {
-        return std::string(NoUnit);
+        return std::string(LockText::NoUnit);
     }
     return std::string(Mid(kern.Zeile(Line::UnitTA + mode[0] - '1'), 1, 3));
 }
@@ -30,7 +28,7 @@ LockAdapter Adapter_Eintrag(const RecordFile& adapters, int record) {
     entry.Record = record;
     entry.Adresse = adapters.Text(record, AdapterRecord::Adresse);
     entry.Name = adapters.Text(record, AdapterRecord::Name);
-    entry.Text = entry.Name.starts_with(EnrolmentClass) ? std::string(NoAdapter)
+    entry.Text = entry.Name.starts_with(EnrolmentClass) ? std::string(LockText::NoAdapter)
                                                         : std::string(Trim(entry.Name + " [" + entry.Adresse + "]"));
     return entry;
 }
@@ -77,7 +75,8 @@ bool UnitTypen_Laden(Kern& kern, LockTable& table) {
     for (int row = LockGrid::FirstRow; row <= LockGrid::LastRow; ++row) {
         const bool serial = !Trim(table.FGK12.Text(row, LockColumn::Serial)).empty();
         Cell cell = table.FGK12.At(row, LockColumn::UnitType);
-        cell.Text = serial ? Unit_Kuerzel(kern, units.Text(row, WirelessUnitRecord::UnitMode)) : std::string(NoUnit);
+        cell.Text =
+            serial ? Unit_Kuerzel(kern, units.Text(row, WirelessUnitRecord::UnitMode)) : std::string(LockText::NoUnit);
         cell.ForeColor = LockLook::Set;
         cell.FontSize = LockLook::UnitTypeSize;
         cell.Bold = true;
@@ -96,11 +95,11 @@ bool AdapterAuswahl_Laden(Kern& kern, LockTable& table) {
         if (entry.Name.empty() && entry.Adresse.empty()) {
             continue;
         }
-        offersNone = offersNone || entry.Text == NoAdapter;
+        offersNone = offersNone || entry.Text == LockText::NoAdapter;
         table.Adapters.push_back(std::move(entry));
     }
     if (!offersNone) {
-        table.Adapters.insert(table.Adapters.begin(), LockAdapter{std::string(NoAdapter), 0, {}, {}});
+        table.Adapters.insert(table.Adapters.begin(), LockAdapter{std::string(LockText::NoAdapter), 0, {}, {}});
     }
     return good;
 }

@@ -3,9 +3,11 @@
 #include "Grid.h"
 #include "GroupTable.h"
 #include "LockRecords.h"
+#include "Pictures.h"
 
 #include <array>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace qvm {
@@ -21,21 +23,25 @@ namespace LockColumn {
 inline constexpr int Number = 0, Name = 1, Serial = 2, FirstSwitch = 4, LastSwitch = 8, Priority = 9, Emi = 10,
                      UnitType = 11, Group = 12, AdapterId = 13, AdapterName = 14, Offset = 15, OffsetId = 16,
                      DoorMode = 17, DoorDays = 18;
+constexpr bool IstSchalter(int column) {
+    return column >= FirstSwitch && column <= LastSwitch;
 }
+} // namespace LockColumn
 
-/// Pictures of the switches and of the EMI state.
-namespace LockPicture {
-inline constexpr int None = 0, ///< a lock with a name but without a serial has no switches
-    On = 9,                    ///< Image9
-    Off = 10,                  ///< Image10
-    NotApplicable = 11;        ///< Image11
-}
+/// Texts that cells hold.
+namespace LockText {
+inline constexpr std::string_view DefaultPriority = "3", NoUnit = " - ",
+                                  NoAdapter = " - ", ///< of a list; column 13 is empty then
+    None = "-";                                      ///< no timer group; in lists also no offset, no door mode
+} // namespace LockText
 
 /// Looks of the cells.
 namespace LockLook {
 inline constexpr Colour Set = 0xFF0000;                    ///< priority and unit type: blue
 inline constexpr Colour AdapterUnknown = 0x0000FF;         ///< red: the port search did not find the adapter
 inline constexpr Colour AdapterFound = 0x800000;           ///< dark blue
+inline constexpr Colour ListOpen = 0xC0FFFF;               ///< ground of a cell whose list is open
+inline constexpr Colour SerialTwice = 0x80D0FF;            ///< ground of a serial number that another lock has, too
 inline constexpr int PrioritySize = 16, UnitTypeSize = 12; ///< points
 } // namespace LockLook
 

@@ -42,15 +42,29 @@ TEST_F(Bruchstelle, a_failure_while_reading_leaves_all_six_files_as_they_were) {
     }
 }
 
-TEST_F(Bruchstelle, a_failure_while_writing_leaves_the_files_before_it_new_and_the_others_old) {
-    for (const bool fromThere : {false, true}) {
-        for (std::size_t written = 0; written < 6; ++written) {
-            EXPECT_FALSE(Bricht_Bei(static_cast<int>(written) + 7, fromThere)) << written;
-            for (std::size_t file = 0; file < order.size(); ++file) {
-                EXPECT_EQ(files[order[file]], (file < written ? after : before)[order[file]]) << written << file;
-            }
-            EXPECT_TRUE(table.LockDirty) << written;
+TEST_F(Bruchstelle, a_failure_while_writing_leaves_all_six_files_as_they_were) {
+    for (int n = 7; n <= 12; ++n) {
+        EXPECT_FALSE(Bricht_Bei(n, false)) << n;
+        EXPECT_EQ(files, before) << n;
+        EXPECT_TRUE(table.LockDirty) << n;
+    }
+}
+
+TEST_F(Bruchstelle, a_failure_while_writing_the_first_files_there_have_been_leaves_none) {
+    before.clear();
+    for (int n = 7; n <= 12; ++n) {
+        EXPECT_FALSE(Bricht_Bei(n, false)) << n;
+        EXPECT_EQ(files, before) << n;
+    }
+}
+
+TEST_F(Bruchstelle, a_disk_that_is_gone_while_writing_leaves_the_files_before_it_new_and_the_others_old) {
+    for (std::size_t written = 0; written < 6; ++written) {
+        EXPECT_FALSE(Bricht_Bei(static_cast<int>(written) + 7, true)) << written;
+        for (std::size_t file = 0; file < order.size(); ++file) {
+            EXPECT_EQ(files[order[file]], (file < written ? after : before)[order[file]]) << written << file;
         }
+        EXPECT_TRUE(table.LockDirty) << written;
     }
 }
 
