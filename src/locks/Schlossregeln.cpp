@@ -19,6 +19,15 @@ constexpr int Zeilennummer(std::string_view mode) {
 
 } // namespace
 
+bool Schlossname_Frei(const Grid& locks, int row, std::string_view name) {
+    for (int other = LockGrid::FirstRow; other <= LockGrid::LastRow; ++other) {
+        if (!Trim(name).empty() && other != row && RTrim(locks.Text(other, LockColumn::Name)) == RTrim(name)) {
+            return false;
+        }
+    }
+    return true;
+}
+
 int Emi_Bild(std::string_view serial) {
     if (Trim(serial).empty()) {
         return LockPicture::NotApplicable;

@@ -7,7 +7,11 @@
 /// Rules of single settings of a lock.
 namespace qvm {
 
+class Grid;
 struct Kern;
+
+/// False when another row of the lock table has that name already. An empty name is always free.
+bool Schlossname_Frei(const Grid& locks, int row, std::string_view name);
 
 /// Picture of column 10 for a serial that has just been entered: not applicable for a lock without an EMI setting and
 /// for an empty text; off for any other.
