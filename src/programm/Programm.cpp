@@ -2,6 +2,7 @@
 
 #include "Dateinamen.h"
 #include "HistoryWindows.h"
+#include "LockWindows.h"
 #include "MainWindows.h"
 #include "Migration.h"
 #include "PersonWindows.h"
@@ -13,7 +14,7 @@ namespace qvm {
 Programm::Programm(Platform& world, const std::string& directory)
     : kern(world), link(kern), Run(link), Netz(link, Run.Daten), Main(std::make_unique<MainWindows>(*this)),
       Transfer(std::make_unique<TransferWindows>(*this)), History(std::make_unique<HistoryWindows>(*this)),
-      Persons(std::make_unique<PersonWindows>(*this)) {
+      Persons(std::make_unique<PersonWindows>(*this)), Locks(std::make_unique<LockWindows>(*this)) {
     kern.AppPath = directory;
     if (kern.AppPath.empty() || kern.AppPath.back() != '/') {
         kern.AppPath += '/';
@@ -22,6 +23,7 @@ Programm::Programm(Platform& world, const std::string& directory)
     Transfer->Verbinden();
     History->Verbinden();
     Persons->Verbinden();
+    Locks->Verbinden();
 }
 
 Programm::~Programm() = default;

@@ -16,6 +16,7 @@ struct MainWindows;
 struct TransferWindows;
 struct HistoryWindows;
 struct PersonWindows;
+struct LockWindows;
 
 /// One of everything, with all hooks filled; still no widget. A front end (or a test) makes one over its Platform.
 struct Programm {
@@ -35,6 +36,7 @@ struct Programm {
     std::unique_ptr<TransferWindows> Transfer;
     std::unique_ptr<HistoryWindows> History;
     std::unique_ptr<PersonWindows> Persons;
+    std::unique_ptr<LockWindows> Locks;
 
     DataHolder Datenbesitzer;                                ///< who has the data files, when Programm_Start says so
     std::function<void(const std::string& path)> F7_Oeffnen; ///< shows the history file of a run, by F7 or otherwise

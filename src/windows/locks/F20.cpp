@@ -1,0 +1,249 @@
+#include "F20.h"
+
+#include "FileTrouble.h"
+#include "LinkHooks.h"
+#include "UndoMenu.h"
+#include "UnitRecords.h"
+#include "Units.h"
+#include "Words.h"
+#include "Worte.h"
+
+#include <array>
+#include <utility>
+#include <vector>
+
+namespace qvm {
+namespace {
+
+constexpr int SecondsWithoutCheck = 2; ///< entry of Combo4 when Check1 is cleared
+
+/// Entries 0 to `last`, each number with the unit behind it.
+std::vector<std::string> Zahlen(int last, std::string_view unit) {
+    std::vector<std::string> entries;
+    for (int n = 0; n <= last; ++n) {
+        entries.push_back(Ziffern(n) + std::string(unit));
+    }
+    return entries;
+}
+
+} // namespace
+
+F20::F20(Kern& kernel) : kern(kernel), Timer1(kernel.Welt, AskDelay) {
+    Text1.MaxLength = LongestName;
+    Combo2.Entries = Zahlen(LastListenHour, " Std.");
+    Combo3.Entries = Zahlen(LastListenMinute, " min.");
+    Combo4.Entries = Zahlen(LastListenMinute, " sec.");
+    Combo5.Entries = std::vector<std::string>{"1", "2", "3", "4", "5"};
+    F20Prg01.Visible = false;
+    F20Prg01.Maximum = 12;
+    Editor_Schliessen();
+    Timer1.Ticked = [this] { Code_Fragen(); };
+}
+
+bool F20::F20_FormLaden(int lock, std::string_view name) {
+    Editor_Schliessen();
+    FGK20.ClearRows();
+    Einstellung = {};
+    if (!Units_Laden(kern, lock, Einstellung, FGK20)) {
+        const FileTrouble trouble{.File = std::string(WirelessUnitRecord::Record.File),
+                                  .Fault = Lesefehler(kern.Welt.Files)};
+        kern.Meldung(Wort(kern, Word::FileNotRead, {FileTrouble_Text(kern, trouble)}), Buttons::Ok, Icon::Exclamation);
+        return false;
+    }
+    Lock = lock;
+    name_ = name;
+    for (int row = FirstRow; row <= LastRow; ++row) {
+        FGK20.SetText(row, UnitColumn::Number, Ziffern(row));
+    }
+    Verlauf.Forget();
+    Hinweis.Text = std::string();
+    Texte_Setzen();
+    Regler_Zeigen();
+    Auswahl.Go(FirstRow, UnitColumn::Name);
+    Fenster.Enabled = true;
+    Fenster.Visible = true; // last, as the window's first size goes by its contents
+    return true;
+}
+
+void F20::Texte_Setzen() {
+    Fenster.Title = kern.Zeile(Line::ManualConfiguration) + " - " + std::string(SystemTitle);
+    Schloss.Text = Wort(kern, Word::LockLine, {Ziffern(Lock), name_});
+    FGK20.SetText(0, UnitColumn::Number, "Nr");
+    FGK20.SetText(0, UnitColumn::Name, kern.Zeile(Line::LockName));
+    FGK20.SetText(0, UnitColumn::Serial, kern.Zeile(Line::SerialNumber));
+    const int mode = Einstellung.Mode;
+    Combo1.Entries = std::vector<std::string>{std::string(Trim(kern.Zeile(Line::UnitAE))),
+                                              std::string(Trim(kern.Zeile(Line::UnitSTE)))};
+    Combo1.Selected = mode;
+    Check1.Text = kern.Zeile(Line::AlwaysReceiving);
+    Check2.Text = kern.Zeile(Line::Priority);
+    Frame1.Text = kern.Zeile(Line::ClockSetting);
+    Frame2.Text = kern.Zeile(Line::TimeControl);
+    Label1.Text = kern.Zeile(Line::WirelessUnit);
+    Label2.Text = kern.Zeile(Line::ListenTime);
+    Label3.Text = kern.Zeile(Line::SignalThreshold);
+    Command1.Text = kern.Zeile(Line::Cancel);
+    Command2.Text = kern.Zeile(Line::Apply);
+    F20_deleate.Text = Wort(kern, Word::UnitDelete);
+    SN_Asave.Text = Wort(kern, Word::UnitAutoSave);
+    F20_Keypad.Text = Wort(kern, Word::UnitKeypad);
+    F20_Readunit.Text = Wort(kern, Word::UnitRead);
+    SN_Msave.Text = Wort(kern, Word::UnitManual);
+    SN_Codechange.Text = Wort(kern, Word::UnitCode);
+    F20_Keypad.Enabled = static_cast<bool>(Keypad_Suchen);
+    F20_Readunit.Enabled = static_cast<bool>(Readunit_Suchen);
+    SN_Asave.Enabled = Keypad_Suchen || Readunit_Suchen;
+    SN_Codechange.Enabled = static_cast<bool>(Code_Aendern);
+    Schritte_Zeigen(kern, Verlauf, F20_Undo, F20_Redo);
+}
+
+// ---- how the units listen
+
+void F20::Regler_Zeigen() {
+    Combo1.Selected = Einstellung.Mode;
+    Combo2.Selected = Einstellung.HourEntry;
+    Combo3.Selected = Einstellung.MinuteEntry;
+    Combo4.Selected = Einstellung.SecondEntry;
+    Combo5.Selected = Einstellung.LevelEntry;
+    Check1.Checked = Einstellung.AlwaysOnChecked;
+    Check2.Checked = Einstellung.SignalChecked;
+    Regler_Freigeben();
+}
+
+void F20::Regler_Freigeben() {
+    for (ListBox* list : {&Combo2, &Combo3, &Combo4}) {
+        list->Enabled = Einstellung.TimeControls && !Einstellung.AlwaysOnChecked;
+    }
+    Check1.Enabled = Einstellung.TimeControls;
+    Combo5.Enabled = Einstellung.SignalControls;
+    Check2.Enabled = Einstellung.SignalControls;
+    for (Label* label : {&Label2, &Frame2}) {
+        label->Enabled = Einstellung.TimeControls;
+    }
+    for (Label* label : {&Label3, &Frame1}) {
+        label->Enabled = Einstellung.SignalControls;
+    }
+}
+
+void F20::Combo1_Click(int entry) {
+    Einstellung.Mode = entry == 1 ? 1 : 0;
+    Einstellung.TimeControls = Einstellung.Mode == 1;
+    Einstellung.SignalControls = !Einstellung.TimeControls;
+    Regler_Zeigen();
+}
+
+void F20::Combo2_Click(int entry) {
+    Einstellung.HourEntry = entry;
+    Einstellung.Hours = Ziffern(entry);
+    Regler_Zeigen();
+}
+
+void F20::Combo3_Click(int entry) {
+    Einstellung.MinuteEntry = entry;
+    Einstellung.Minutes = Ziffern(entry);
+    Regler_Zeigen();
+}
+
+void F20::Combo4_Click(int entry) {
+    Einstellung.SecondEntry = entry;
+    Einstellung.Seconds = Ziffern(entry);
+    Regler_Zeigen();
+}
+
+void F20::Combo5_Click(int entry) {
+    Einstellung.LevelEntry = entry;
+    Einstellung.RssiLevel = Pegel_Text(entry);
+    Regler_Zeigen();
+}
+
+void F20::Check1_Click(bool on) {
+    Einstellung.AlwaysOnChecked = on;
+    Einstellung.AlwaysOn = on ? "1" : "0";
+    if (!on) {
+        Einstellung.SecondEntry = SecondsWithoutCheck;
+        Einstellung.Seconds = Ziffern(SecondsWithoutCheck);
+    }
+    Regler_Zeigen();
+}
+
+void F20::Check2_Click(bool on) {
+    Einstellung.SignalChecked = on;
+    Einstellung.SignalFlag = on ? "1" : "0";
+    Regler_Zeigen();
+}
+
+// ---- accept and cancel
+
+void F20::Command2_Click() {
+    if (!Fenster.Enabled || !Editor_Uebernehmen()) {
+        return;
+    }
+    UnitSettings accepted = Einstellung;
+    if (!Units_Uebernehmen(accepted)) {
+        kern.Meldung(kern.Zeile(Line::CannotSave) + "\n\r" + kern.Zeile(Line::SetListenTime), Buttons::Ok,
+                     Icon::Exclamation);
+        return;
+    }
+    if (!Units_Speichern(kern, Lock, accepted, FGK20)) {
+        kern.Meldung(Wort(kern, Word::UnitsNotSaved), Buttons::Ok, Icon::Exclamation);
+        return;
+    }
+    Einstellung = accepted;
+    const std::string type(Mid(Combo1.Entries()[static_cast<std::size_t>(Einstellung.Mode)], 1, 3));
+    if (Uebernommen) {
+        Uebernommen(Lock, type);
+    }
+    Schliessen();
+}
+
+void F20::Command1_Click() {
+    if (!Fenster.Enabled) {
+        return; // another window stands over this one
+    }
+    Editor_Schliessen();
+    Schliessen();
+}
+
+void F20::Schliessen() {
+    Timer1.Stop();
+    Fenster.Visible = false;
+    Verlauf.Forget();
+    Rufen(Zurueck);
+}
+
+bool F20::Aendern(Word what, const std::function<void()>& change) {
+    Verlauf.Begin(what);
+    change();
+    const bool changed = Verlauf.End();
+    if (changed) {
+        Hinweis.Text = std::string();
+        Schritte_Zeigen(kern, Verlauf, F20_Undo, F20_Redo);
+    }
+    return changed;
+}
+
+void F20::F20_Undo_Click() {
+    Schritt_Gehen(&GridUndo::Undo, Word::UndoDone);
+}
+
+void F20::F20_Redo_Click() {
+    Schritt_Gehen(&GridUndo::Redo, Word::RedoDone);
+}
+
+void F20::Schritt_Gehen(std::optional<UndoStep> (GridUndo::*way)(), Word told) {
+    if (!Fenster.Enabled || !Editor_Uebernehmen()) {
+        return;
+    }
+    if (const auto step = (Verlauf.*way)()) {
+        Auswahl.Go(step->Row, Breite(step->Column) > 0 ? step->Column : UnitColumn::Serial);
+        Schritte_Zeigen(kern, Verlauf, F20_Undo, F20_Redo);
+        Hinweis.Text = Schritt_Meldung(kern, told, *step);
+    }
+}
+
+int F20::Breite(int column) {
+    constexpr std::array<int, 5> widths{500, 3400, 2400, 0, 0};
+    return column >= 0 && column < static_cast<int>(widths.size()) ? widths[static_cast<std::size_t>(column)] : 0;
+}
+
+} // namespace qvm

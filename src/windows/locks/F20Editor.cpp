@@ -1,0 +1,280 @@
+// Mouse and keyboard on the grid of the units, its editors and its menus.
+
+#include "Eingabe.h"
+#include "F20.h"
+#include "Filter.h"
+#include "LinkHooks.h"
+#include "Modelle.h"
+#include "Seriennummer.h"
+#include "Text.h"
+#include "Words.h"
+
+namespace qvm {
+namespace {
+
+constexpr std::string_view Class1 = "1", Class2 = "2", Refused = "0";
+
+/// Class of the unit with this number; Refused where there is none.
+std::string_view Modulklasse(std::int64_t number) {
+    if (Unit_Klasse_1(number)) {
+        return Class1;
+    }
+    return Unit_Klasse_2(number) ? Class2 : Refused;
+}
+
+/// The digits of a serial as one number; 0 without any.
+std::int64_t Zahl_Der_Ziffern(std::string_view serial) {
+    std::string digits;
+    for (const char character : serial) {
+        if (character != '.') {
+            digits += character;
+        }
+    }
+    const std::int64_t value = HexWert(digits);
+    return value < 0 ? 0 : value;
+}
+
+Address Bytes(std::int64_t number) {
+    Address bytes{};
+    for (std::size_t n = 0; n < bytes.size(); ++n) {
+        bytes[bytes.size() - 1 - n] = static_cast<std::uint8_t>(number >> (8 * n) & 0xFF);
+    }
+    return bytes;
+}
+
+} // namespace
+
+void F20::FGK20_MouseUp(MouseButton button, int row, int column) {
+    if (!Fenster.Enabled || !Editor_Uebernehmen() || row < FirstRow || !FGK20.Holds(row, column)) {
+        return;
+    }
+    if (Auswahl.Larger() && Auswahl.Holds(row, column)) {
+        Auswahl.Within(row, column);
+    } else {
+        Auswahl.Go(row, column);
+    }
+    Menue_Oeffnen(column, button);
+}
+
+bool F20::Menue_Oeffnen(int column, MouseButton button) {
+    const bool serial = button == MouseButton::Left && column == UnitColumn::Serial;
+    const bool name = button == MouseButton::Right && column == UnitColumn::Name;
+    if ((serial || name) && Menue_Zeigen) {
+        Menue_Zeigen(serial ? F20Menu::FGK20PopUP : F20Menu::F20_Loe);
+    }
+    return serial || name;
+}
+
+void F20::FGK20_Kontext() {
+    if (Fenster.Enabled && FGK20.Row >= FirstRow && Editor_Uebernehmen()) {
+        Menue_Oeffnen(FGK20.Column, FGK20.Column == UnitColumn::Serial ? MouseButton::Left : MouseButton::Right);
+    }
+}
+
+void F20::FGK20_DblClick(int row, int column) {
+    if (Fenster.Enabled && Editor_Uebernehmen() && row >= FirstRow && FGK20.Holds(row, column)) {
+        Auswahl.Go(row, column);
+        Editor_Oeffnen(Key::Enter);
+    }
+}
+
+void F20::FGK20_KeyPress(int key) {
+    if (!Fenster.Enabled || key == Key::Escape || key == Key::Tab || FGK20.Row < FirstRow || !Editor_Uebernehmen()) {
+        return;
+    }
+    if (FGK20.Column == UnitColumn::Name || key == Key::Enter || ASCII_FILTER_F20(key) != 0) {
+        Editor_Oeffnen(key);
+    }
+}
+
+void F20::Editor_Oeffnen(int key) {
+    if (FGK20.Row < FirstRow) {
+        return;
+    }
+    if (FGK20.Column == UnitColumn::Name) {
+        Text1_Oeffnen(key);
+    } else if (FGK20.Column == UnitColumn::Serial) {
+        row_ = FGK20.Row;
+        OpenColumn = UnitColumn::Serial;
+        Serie.Oeffnen(key);
+    }
+}
+
+void F20::Text1_Oeffnen(int key) {
+    row_ = FGK20.Row;
+    OpenColumn = UnitColumn::Name;
+    oldText_ = FGK20.Text(row_, UnitColumn::Name);
+    FGK20.SetText(row_, UnitColumn::Name, "");
+    typed_ = Zeichen(key) ? std::string(1, static_cast<char>(static_cast<unsigned char>(key))) : oldText_;
+    Text1.Text = typed_;
+    Text1.Caret = static_cast<int>(typed_.size());
+    Text1.Visible = true;
+    if (!Zeichen(key)) {
+        Rufen(Text1.SelectAll);
+    }
+}
+
+void F20::Text1_Change(std::string_view text) {
+    if (OpenColumn == UnitColumn::Name) {
+        typed_ = Gefiltert(text, Jedes_Zeichen).substr(0, LongestName);
+        Text1.Text = typed_;
+    }
+}
+
+/// The name's cell was emptied for the time; it gets its old text back.
+void F20::Editor_Schliessen() {
+    if (OpenColumn == UnitColumn::Name) {
+        FGK20.SetText(row_, UnitColumn::Name, oldText_);
+    }
+    OpenColumn = 0;
+    Text1.Visible = false;
+    Text1.Text = std::string();
+    Serie.Schliessen();
+}
+
+bool F20::Editor_Uebernehmen() {
+    if (OpenColumn == UnitColumn::Serial) {
+        Serie_LostFocus();
+    } else if (OpenColumn == UnitColumn::Name) {
+        if (!Unit_Name_Frei(FGK20, row_, typed_)) {
+            kern.Meldung(kern.Zeile(Line::NameExists), Buttons::Ok, Icon::Exclamation, InfoTitle);
+            Rufen(Text1.SetFocus);
+            return false;
+        }
+        const std::string name = typed_;
+        Editor_Schliessen();
+        Aendern(Word::StepEdit, [&] { FGK20.SetText(row_, UnitColumn::Name, name); });
+    }
+    return true;
+}
+
+void F20::Text1_KeyPress(int key) {
+    if (OpenColumn != UnitColumn::Name) {
+        return;
+    }
+    if (key == Key::Escape) {
+        Editor_Schliessen();
+        Auswahl.Go(row_, UnitColumn::Serial);
+    } else if ((key == Key::Tab || key == Key::Enter) && Editor_Uebernehmen()) {
+        Auswahl.Go(row_, UnitColumn::Serial);
+    }
+}
+
+void F20::Text1_LostFocus() {
+    if (OpenColumn == UnitColumn::Name) {
+        Editor_Uebernehmen();
+    }
+}
+
+void F20::Serie_KeyPress(std::size_t box, int key) {
+    if (OpenColumn != UnitColumn::Serial) {
+        return;
+    }
+    switch (Serie.Taste(box, key)) {
+    case SerialEntry::Ergebnis::Weiter:
+        break;
+    case SerialEntry::Ergebnis::Abgebrochen:
+        Editor_Schliessen();
+        break;
+    case SerialEntry::Ergebnis::Bestaetigt:
+        Serie_Schreiben(row_, Serie.Serie());
+        break;
+    }
+}
+
+void F20::Serie_LostFocus() {
+    if (OpenColumn != UnitColumn::Serial) {
+        return;
+    }
+    if (Serie.Leer()) {
+        Editor_Schliessen();
+    } else {
+        Serie_Schreiben(row_, Serie.Serie());
+    }
+}
+
+void F20::Serie_Schreiben(int row, const std::string& serial) {
+    Editor_Schliessen();
+    Unit_Uebernehmen(row, serial, FGK20.Text(row, UnitColumn::UnitNo));
+}
+
+bool F20::Unit_Uebernehmen(int row, std::string_view serial, std::string_view unitNo) {
+    const std::int64_t number = Zahl_Der_Ziffern(serial);
+    const std::string_view module = Modulklasse(number);
+    const bool refused = module == Refused;
+    Aendern(Word::StepEdit, [&] {
+        FGK20.SetText(row, UnitColumn::Serial, refused ? std::string() : Serie_Text(Bytes(number)));
+        FGK20.SetText(row, UnitColumn::Module, module);
+        FGK20.SetText(row, UnitColumn::UnitNo, unitNo);
+    });
+    if (refused) {
+        kern.Meldung(Fester_Text(kern, Word::WrongModule), Buttons::Ok, Icon::Exclamation, InfoTitle);
+    } else if (module == Class1 && Code_Aendern) {
+        askedRow_ = row;
+        Timer1.Start(AskDelay);
+    }
+    return !refused;
+}
+
+void F20::Code_Fragen() {
+    Timer1.Stop();
+    if (Fenster.Visible && Fenster.Enabled &&
+        kern.Meldung(kern.Zeile(Line::SetUnitNow), Buttons::YesNo, Icon::Question, kern.Zeile(Line::RadioChannel)) ==
+            Answer::Yes) {
+        Code_Oeffnen(askedRow_);
+    }
+}
+
+void F20::Code_Oeffnen(int row) {
+    constexpr int channels = 12;
+    const std::string& serial = FGK20.Text(row, UnitColumn::Serial);
+    if (!Code_Aendern || serial.empty() || serial.front() == ' ' || serial.front() == '.') {
+        return;
+    }
+    const int channel = Zahlwert(FGK20.Text(row, UnitColumn::UnitNo));
+    Fenster.Enabled = false;
+    Code_Aendern(serial, channel >= 1 && channel <= channels ? channel : 1);
+}
+
+// ---- menus
+
+void F20::F20_deleate_Click() {
+    if (!Fenster.Enabled || !Editor_Uebernehmen()) {
+        return;
+    }
+    const std::vector<int> rows = Auswahl.Rows();
+    Aendern(Word::StepDelete, [&] {
+        for (const int row : rows) {
+            for (int column = UnitColumn::Name; column <= UnitColumn::UnitNo; ++column) {
+                FGK20.SetText(row, column, "");
+            }
+        }
+    });
+}
+
+void F20::SN_Msave_Click() {
+    if (Fenster.Enabled && Editor_Uebernehmen()) {
+        Auswahl.Go(FGK20.Row, UnitColumn::Serial);
+        Editor_Oeffnen(Key::Enter);
+    }
+}
+
+void F20::SN_Codechange_Click() {
+    if (Fenster.Enabled && Editor_Uebernehmen() && FGK20.Row >= FirstRow) {
+        Code_Oeffnen(FGK20.Row);
+    }
+}
+
+void F20::F20_Keypad_Click() {
+    if (Fenster.Enabled && Editor_Uebernehmen() && FGK20.Row >= FirstRow && Keypad_Suchen) {
+        Keypad_Suchen(FGK20.Row);
+    }
+}
+
+void F20::F20_Readunit_Click() {
+    if (Fenster.Enabled && Editor_Uebernehmen() && FGK20.Row >= FirstRow && Readunit_Suchen) {
+        Readunit_Suchen(FGK20.Row);
+    }
+}
+
+} // namespace qvm

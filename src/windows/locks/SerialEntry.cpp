@@ -1,0 +1,90 @@
+#include "SerialEntry.h"
+
+#include "Eingabe.h"
+#include "Filter.h"
+#include "LinkHooks.h"
+
+#include <algorithm>
+
+namespace qvm {
+
+SerialEntry::SerialEntry() {
+    for (TextBox& box : Boxes) {
+        box.MaxLength = static_cast<int>(Digits);
+    }
+}
+
+void SerialEntry::Oeffnen(int key) {
+    Schliessen();
+    entered_ = 0;
+    Visible = true;
+    Rufen(Boxes.front().SetFocus);
+    const int digit = SN_ASCII_FILTER(key);
+    if (Zeichen(digit)) {
+        typed_.front() = static_cast<char>(digit);
+        Boxes.front().Text = typed_.front();
+        Boxes.front().Caret = 1;
+    }
+}
+
+void SerialEntry::Schliessen() {
+    Visible = false;
+    for (std::size_t box = 0; box < Count; ++box) {
+        typed_[box].clear();
+        Boxes[box].Text = std::string();
+    }
+}
+
+void SerialEntry::Betreten(std::size_t box) {
+    if (!Visible || box >= Count || box == entered_) {
+        return;
+    }
+    entered_ = box;
+    typed_[box].clear();
+    Boxes[box].Text = std::string();
+    Rufen(Boxes[box].SetFocus);
+}
+
+void SerialEntry::Getippt(std::size_t box, std::string_view text) {
+    if (!Visible || box >= Count) {
+        return;
+    }
+    const std::string before = typed_[box];
+    const std::string offered(text); // which may be that of the box
+    typed_[box] = Gefiltert(offered, SN_ASCII_FILTER).substr(0, Digits);
+    Boxes[box].Text = typed_[box];
+    if (typed_[box] != offered) {
+        Boxes[box].Caret = Einfuegestelle(before, offered, typed_[box]);
+    }
+    if (before.size() < Digits && typed_[box].size() == Digits && box + 1 < Count) {
+        Betreten(box + 1);
+    }
+}
+
+SerialEntry::Ergebnis SerialEntry::Taste(std::size_t box, int key) {
+    if (key == Key::Escape) {
+        return Ergebnis::Abgebrochen;
+    }
+    if (key != Key::Tab && key != Key::Enter) {
+        return Ergebnis::Weiter;
+    }
+    if (box + 1 >= Count) {
+        return Ergebnis::Bestaetigt;
+    }
+    Betreten(box + 1);
+    return Ergebnis::Weiter;
+}
+
+bool SerialEntry::Leer() const {
+    return std::all_of(typed_.begin(), typed_.end(), [](const std::string& part) { return part.empty(); });
+}
+
+bool SerialEntry::Vollstaendig() const {
+    return std::all_of(typed_.begin(), typed_.end(), [](const std::string& part) { return part.size() == Digits; });
+}
+
+std::string SerialEntry::Serie() const {
+    return Leer() ? std::string() : typed_[0] + "." + typed_[1] + "." + typed_[2] + "." + typed_[3];
+}
+
+} // namespace qvm
