@@ -142,6 +142,14 @@ void KeyEdit::inputMethodEvent(QInputMethodEvent* event) {
     }
 }
 
+void KeyEdit::focusInEvent(QFocusEvent* event) {
+    QLineEdit::focusInEvent(event);
+    // Another program or a menu that was in front is no new beginning.
+    if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason && onEntered) {
+        onEntered();
+    }
+}
+
 void KeyEdit::focusOutEvent(QFocusEvent* event) {
     QLineEdit::focusOutEvent(event);
     // Another program or a menu in front is no end of the editing.

@@ -26,12 +26,14 @@ public:
     /// only.
     std::function<void(const std::string& text)> onText;
     std::function<void()> onLostFocus;
+    std::function<void()> onEntered; ///< it got the keyboard by a click, a key or the model
     bool takesTab = false;
     bool takesEscape = false;
 
 protected:
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;

@@ -4,6 +4,7 @@
 #include "GridModel.h"
 #include "Pictures.h"
 
+#include <QIcon>
 #include <QPainter>
 
 #include <algorithm>
@@ -39,6 +40,7 @@ void GridHeader::setHeights(int upright, int row) {
 void GridHeader::initStyleOptionForIndex(QStyleOptionHeader* option, int section) const {
     QHeaderView::initStyleOptionForIndex(option, section);
     option->text.clear();
+    option->icon = QIcon();
 }
 
 void GridHeader::paintSection(QPainter* painter, const QRect& rect, int section) const {
@@ -57,6 +59,13 @@ void GridHeader::paintSection(QPainter* painter, const QRect& rect, int section)
 void GridHeader::paintText(QPainter* painter, const QRect& line, int section) const {
     const auto alignment = model()->headerData(section, Qt::Horizontal, Qt::TextAlignmentRole).value<Qt::Alignment>();
     const QRect room = line.adjusted(CellMargin, 0, -CellMargin, 0);
+    const auto picture = model()->headerData(section, Qt::Horizontal, Qt::DecorationRole).value<QIcon>();
+    if (!picture.isNull()) {
+        constexpr int inset = 4;
+        picture.paint(painter, line.adjusted(0, inset, 0, -inset), Qt::AlignCenter,
+                      isEnabled() ? QIcon::Normal : QIcon::Disabled);
+        return;
+    }
     const QString text = model()->headerData(section, Qt::Horizontal, Qt::DisplayRole).toString();
     painter->setPen(palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText));
     texts_.paint(painter, room, alignment, text);

@@ -152,13 +152,18 @@ QVariant GridModel::accessibleText(const QModelIndex& index) const {
     }
     const QString picture = pictureTexts_.value(column).value(cell.Picture);
     if (!picture.isEmpty()) {
-        return headingText(column) + QLatin1Char(' ') + picture;
+        return headingName(column) + QLatin1Char(' ') + picture;
     }
     return isAction(row, column) ? QVariant(headingText(column)) : QVariant();
 }
 
 QString GridModel::headingText(int column) const {
     return toQt(grid_.Text(headingRows_ - 1, column));
+}
+
+QString GridModel::headingName(int column) const {
+    const QString text = headingText(column);
+    return text.isEmpty() ? tip(0, column).toString() : text;
 }
 
 QString GridModel::uprightText(int column) const {
@@ -183,7 +188,9 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
     case Qt::DisplayRole:
         return headingText(section);
     case Qt::AccessibleTextRole:
-        return (uprightText(section) + QLatin1Char(' ') + headingText(section)).trimmed();
+        return (uprightText(section) + QLatin1Char(' ') + headingName(section)).trimmed();
+    case Qt::DecorationRole:
+        return QVariant::fromValue(pictureIcon(pictures_, grid_.At(headingRows_ - 1, section).Picture));
     case UprightRole:
         return uprightText(section);
     case BackColourRole:

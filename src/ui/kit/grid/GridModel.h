@@ -32,7 +32,7 @@ public:
     int gridRow(int row) const { return row + headingRows_; }
     /// A cell of the grid in this model; of a heading, and outside the grid, an invalid index.
     QModelIndex cellIndex(int row, int column) const { return index(row - headingRows_, column); }
-    /// The picture ids of this grid's cells.
+    /// The picture ids of this grid's cells. A heading with one shows the picture; its tip is its name then.
     void setPictures(PictureSet set);
     /// Cells of the column look like buttons while their background says that they can be clicked, and those without
     /// text bear this icon of ownIcon; an empty name: no icon.
@@ -78,6 +78,8 @@ private:
     QVariant accessibleText(const QModelIndex& index) const;
     QVariant tip(int row, int column) const;
     QString headingText(int column) const;
+    /// What a heading is called: its text, or the tip of one that shows a picture alone.
+    QString headingName(int column) const;
     QString uprightText(int column) const;
     std::vector<std::string> headings() const;
     QVariant decoration(const Cell& cell, int row, int column) const;

@@ -234,7 +234,7 @@ void GridView::showOver(QWidget* overlay, bool visible, const std::function<void
         return;
     }
     setCurrentCell(grid().Row, grid().Column);
-    overlay->setAccessibleName(model_->headerData(grid().Column, Qt::Horizontal, Qt::DisplayRole).toString());
+    overlay->setAccessibleName(model_->headerData(grid().Column, Qt::Horizontal, Qt::AccessibleTextRole).toString());
     place();
     overlay->show();
     overlay->raise();

@@ -31,7 +31,7 @@ struct ToolRow {
     const char* Theme; ///< name in an installed icon theme, or null where only the drawing fits
 };
 
-constexpr std::array<ToolRow, 19> ToolRows{{{"Ende", "exit", "application-exit"},
+constexpr std::array<ToolRow, 20> ToolRows{{{"Ende", "exit", "application-exit"},
                                             {"EYE", "eye", nullptr},
                                             {"636I259", "calendar", nullptr},
                                             {"Schaltuhr", "clock", nullptr},
@@ -49,7 +49,8 @@ constexpr std::array<ToolRow, 19> ToolRows{{{"Ende", "exit", "application-exit"}
                                             {"CSV-Print", "export", nullptr},
                                             {u8"Öffnen"_w, "open", "document-open"},
                                             {"W95MBX01", "back", "go-previous"},
-                                            {"INFO", "info", nullptr}}};
+                                            {"INFO", "info", nullptr},
+                                            {"Initial", "calendar", nullptr}}};
 
 struct PictureRow {
     PictureSet Set;
@@ -58,7 +59,7 @@ struct PictureRow {
 };
 
 // The five state pictures count downwards: the first report level, 0x10, shows the fifth.
-constexpr std::array<PictureRow, 21> PictureRows{{{PictureSet::Adapter, AdapterPicture::Present, "adapter"},
+constexpr std::array<PictureRow, 33> PictureRows{{{PictureSet::Adapter, AdapterPicture::Present, "adapter"},
                                                   {PictureSet::Adapter, AdapterPicture::Absent, "adapter-absent"},
                                                   {PictureSet::Adapter, AdapterPicture::Unusable, "warning"},
                                                   {PictureSet::List, ListPicture::Failed, "failed"},
@@ -74,6 +75,18 @@ constexpr std::array<PictureRow, 21> PictureRows{{{PictureSet::Adapter, AdapterP
                                                   {PictureSet::Finger, FingerPicture::Standard, "finger"},
                                                   {PictureSet::Finger, FingerPicture::Premium, "finger-premium"},
                                                   {PictureSet::Finger, FingerPicture::Off, "finger-off"},
+                                                  {PictureSet::Lock, LockPicture::On, "switch-on"},
+                                                  {PictureSet::Lock, LockPicture::Off, "switch-off"},
+                                                  {PictureSet::Lock, LockPicture::NotApplicable, "switch-none"},
+                                                  {PictureSet::Lock, LockPicture::Twice, "warning"},
+                                                  {PictureSet::Lock, LockPicture::FirstHeading, "users"},
+                                                  {PictureSet::Lock, LockPicture::FirstHeading + 1, "calendar"},
+                                                  {PictureSet::Lock, LockPicture::FirstHeading + 2, "lock-clock"},
+                                                  {PictureSet::Lock, LockPicture::FirstHeading + 3, "calendar-clock"},
+                                                  {PictureSet::Lock, LockPicture::FirstHeading + 4, "clock"},
+                                                  {PictureSet::Lock, LockPicture::FirstHeading + 5, "priority"},
+                                                  {PictureSet::Lock, LockPicture::FirstHeading + 6, "emi"},
+                                                  {PictureSet::Lock, LockPicture::FirstHeading + 7, "channel"},
                                                   {PictureSet::State, StatePicture::Image1, "state-5"},
                                                   {PictureSet::State, StatePicture::Image2, "state-4"},
                                                   {PictureSet::State, StatePicture::Image3, "state-3"},

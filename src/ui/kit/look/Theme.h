@@ -23,6 +23,7 @@ enum class PictureSet {
     RunEnd,    ///< RunSign of F9
     Finger,    ///< FingerPicture of F5
     Enrolment, ///< EnrolmentPicture of F51
+    Lock,      ///< LockPicture of F12
 };
 
 /// The icon of a tool bar key, "PROG" for one; of an unknown key an empty icon.
