@@ -31,7 +31,7 @@ Oberflaeche::Oberflaeche(Programm& programm)
     : words_(
           programm.kern.Windows.WordsChanged.Listen([this, &programm] { qtWords_.use(programm.kern.Config.Sprache); })),
       Main(*programm.Main), Transfer(*programm.Transfer, &Main.f2), History(*programm.History, &Main.f2),
-      Persons(*programm.Persons, &Main.f2) {
+      Persons(*programm.Persons, &Main.f2), Locks(*programm.Locks, &Main.f2) {
     qtWords_.use(programm.kern.Config.Sprache);
     QCoreApplication::instance()->installEventFilter(new NoRepeat(&Main.f2));
 }

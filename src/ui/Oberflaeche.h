@@ -1,6 +1,7 @@
 #pragma once
 
 #include "HistoryViews.h"
+#include "LockViews.h"
 #include "MainViews.h"
 #include "PersonViews.h"
 #include "QtWords.h"
@@ -23,6 +24,7 @@ public:
     TransferViews Transfer;
     HistoryViews History;
     PersonViews Persons;
+    LockViews Locks;
 };
 
 } // namespace qvm::ui

@@ -70,6 +70,7 @@ void Fensterschau::run(Look look) {
     list();
     history();
     users();
+    lockSettings();
     codeChange();
     others();
     messageBoxes();

@@ -40,6 +40,10 @@ private:
     void userTable();
     void userMenus();
     void enrolment();
+    void lockSettings();
+    void lockTable();
+    void lockMenus();
+    void unitSettings();
     void codeChange();
     /// Windows that nothing above shows, as the main window opens them.
     void others();

@@ -1,6 +1,7 @@
 #include "F5Window.h"
 
 #include "ElidedLabel.h"
+#include "GridMenu.h"
 #include "GridView.h"
 #include "Mnemonics.h"
 #include "OverlayEditor.h"
@@ -243,18 +244,9 @@ QLayout* F5Window::makeStatusLine() {
     return line;
 }
 
-/// At the cell that was clicked, or at the current one; there the keyboard goes on.
 void F5Window::popUp(F5Menu which) {
     QMenu* menu = which == F5Menu::M_FGK4 ? rowMenu_ : which == F5Menu::F5_E_Key ? keyMenu_ : fingerMenu_;
-    const bool byKey = !clicked_;
-    const auto [row, column] = clicked_.value_or(std::pair{f5_.FGK4.Row, f5_.FGK4.Column});
-    if (byKey) {
-        grid_->scrollTo(grid_->currentIndex());
-    }
-    menu->popup(grid_->mapToGlobal(grid_->cellRect(row, column).bottomLeft()));
-    if (byKey) {
-        menu->setActiveAction(menu->actions().constFirst());
-    }
+    popUpAtCell(*menu, *grid_, clicked_);
 }
 
 } // namespace qvm::ui

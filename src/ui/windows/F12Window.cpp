@@ -1,0 +1,193 @@
+#include "F12Window.h"
+
+#include "ElidedLabel.h"
+#include "GridMenu.h"
+#include "GridView.h"
+#include "Mnemonics.h"
+#include "OverlayBoxes.h"
+#include "OverlayEditor.h"
+#include "OverlayList.h"
+#include "Pictures.h"
+#include "TextEdge.h"
+#include "Theme.h"
+
+#include <QAction>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QToolBar>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include <vector>
+
+namespace qvm::ui {
+
+F12Window::F12Window(F12& f12, QWidget* main)
+    : WindowBase(f12, QStringLiteral("F12"), Stand::InPlaceOfMain, main), f12_(f12) {
+    makeMenuBar();
+    makeToolBar();
+    auto* heading = new QLabel(this);
+    bindHeading(f12.Label1, heading, QStringLiteral("F12.Label1"));
+    content()->addWidget(heading);
+    makeGrid();
+    makeEditors();
+    makeMenus();
+    content()->addWidget(grid_, 1);
+    content()->addLayout(makeStatusLine());
+    setLeastSize(560, 380);
+    const auto back = [this] { f12_.F12_Schliessen(); };
+    finish({.onClose = back, .onEscape = back});
+}
+
+F12Window::~F12Window() {
+    f12_.Menue_Zeigen = {};
+    f12_.Maus_Zelle = {};
+}
+
+void F12Window::setWords() {
+    grid_->setAccessibleName(toQt(f12_.Label1.Text()));
+    GridModel& model = grid_->gridModel();
+    for (int column = LockColumn::FirstSwitch; column <= LockColumn::Emi; ++column) {
+        for (const int picture : {LockPicture::On, LockPicture::Off, LockPicture::NotApplicable}) {
+            model.setPictureText(column, picture, toQt(f12_.Bildtext(picture)));
+        }
+    }
+    std::vector<int> widths;
+    for (int column = 0; column < f12_.FGK12.Columns(); ++column) {
+        widths.push_back(f12_.Breite(column));
+    }
+    grid_->setColumns(std::move(widths));
+}
+
+void F12Window::showEvent(QShowEvent* event) {
+    if (!event->spontaneous()) {
+        grid_->setFocus();
+    }
+    WindowBase::showEvent(event);
+}
+
+void F12Window::makeMenuBar() {
+    QMenuBar* bar = addMenuBar();
+    QMenu* extras = addMenu(bar, f12_.F12_Extras, QStringLiteral("F12.F12_Extras"));
+    addMenuEntry(extras, f12_.F12_COURon, QStringLiteral("F12.F12_COURon"), [this] { f12_.F12_COURon_Click(); });
+    addMenuEntry(extras, f12_.F12_COURoff, QStringLiteral("F12.F12_COURoff"), [this] { f12_.F12_COURoff_Click(); });
+    extras->addSeparator();
+    addMenuEntry(extras, f12_.F12_Undo, QStringLiteral("F12.F12_Undo"), [this] {
+        f12_.F12_Undo_Click();
+    })->setShortcut(Qt::CTRL | Qt::Key_Z);
+    addMenuEntry(extras, f12_.F12_Redo, QStringLiteral("F12.F12_Redo"), [this] {
+        f12_.F12_Redo_Click();
+    })->setShortcut(Qt::CTRL | Qt::Key_Y);
+    uniqueMnemonics(bar);
+    uniqueMnemonics(extras);
+}
+
+void F12Window::makeToolBar() {
+    QToolBar* bar = addToolBar();
+    for (ToolButton& model : f12_.Toolbar1) {
+        QToolButton* button =
+            addToolButton(model, bar, [this](std::string_view key) { f12_.Toolbar1_ButtonClick(key); });
+        // This key means another thing in the main window.
+        if (model.Key == "Neu") {
+            button->defaultAction()->setIcon(ownIcon(QStringLiteral("clear")));
+        }
+    }
+}
+
+void F12Window::makeGrid() {
+    grid_ = new GridView(f12_.FGK12, this);
+    nameWidget(grid_, QStringLiteral("F12.FGK12"));
+    makeColumns();
+    grid_->setFrozenColumns(1);
+    grid_->setBlocks(f12_.Auswahl);
+    grid_->takesTab = true;
+    grid_->onKey = [this](int key) { f12_.FGK12_KeyPress(key); };
+    grid_->onMenuKey = [this] { f12_.FGK12_Kontext(); };
+    grid_->onDoubleClick = [this](int row, int column) { f12_.FGK12_DblClick(row, column); };
+    grid_->onMouseUp = [this](Qt::MouseButton button, int row, int column) {
+        if (button == Qt::LeftButton || button == Qt::RightButton) {
+            clicked_ = {row, column};
+            f12_.FGK12_MouseUp(button == Qt::LeftButton ? MouseButton::Left : MouseButton::Right, row, column);
+            clicked_.reset();
+        }
+    };
+    f12_.Maus_Zelle = [this](int& row, int& column) { return grid_->cellUnderMouse(row, column); };
+}
+
+void F12Window::makeColumns() {
+    GridModel& model = grid_->gridModel();
+    model.setPictures(PictureSet::Lock);
+    for (int column = 0; column <= LockColumn::UnitType; ++column) {
+        model.setTip(column, [this, column](int row) { return toQt(f12_.Tip(row, column)); });
+        if (column >= LockColumn::FirstSwitch) {
+            model.setAlignment(column, Qt::AlignCenter);
+        }
+    }
+    model.setAlignment(LockColumn::Number, Qt::AlignRight | Qt::AlignVCenter);
+}
+
+void F12Window::makeEditors() {
+    auto* name = new OverlayEditor(f12_.Text1, *grid_, QStringLiteral("F12.Text1"));
+    name->onText = [this](const std::string& text) { f12_.Text1_Change(text); };
+    name->onKey = [this](int key) { f12_.Editor_KeyPress(key); };
+    name->onLostFocus = [this] { f12_.Editor_LostFocus(); };
+    auto* serial = new OverlayBoxes(f12_.Serie.Boxes, f12_.Serie.Visible, *grid_,
+                                    {QStringLiteral("F12.Text3"), QStringLiteral("F12.Text4"),
+                                     QStringLiteral("F12.Text5"), QStringLiteral("F12.Text6")});
+    serial->onText = [this](std::size_t box, const std::string& text) { f12_.Serie_Change(box, text); };
+    serial->onKey = [this](std::size_t box, int key) { f12_.Serie_KeyPress(box, key); };
+    serial->onEntered = [this](std::size_t box) { f12_.Serie.Betreten(box); };
+    serial->onLostFocus = [this] { f12_.Serie_LostFocus(); };
+    addList(f12_.List1, "F12.List1");
+    addList(f12_.List2, "F12.List2");
+    addList(f12_.List3, "F12.List3");
+    addList(f12_.List4, "F12.List4");
+    addList(f12_.List5, "F12.List5");
+}
+
+void F12Window::addList(ListBox& model, const char* name) {
+    auto* list = new OverlayList(model, *grid_, QLatin1String(name));
+    list->onChoose = [this](int) { f12_.Editor_KeyPress(Key::Enter); };
+    list->onCancel = [this] { f12_.Editor_KeyPress(Key::Escape); };
+    list->onLostFocus = [this] { f12_.Editor_LostFocus(); };
+}
+
+void F12Window::makeMenus() {
+    const auto add = [](QMenu* menu, MenuEntry& entry, const char* name, std::function<void()> onClick) {
+        addMenuEntry(menu, entry, QLatin1String(name), std::move(onClick));
+    };
+    rowMenu_ = new QMenu(this);
+    rowMenu_->setObjectName(QStringLiteral("F12.F12_del"));
+    add(rowMenu_, f12_.F12_delete, "F12.F12_delete", [this] { f12_.F12_delete_Click(); });
+    serialMenu_ = new QMenu(this);
+    serialMenu_->setObjectName(QStringLiteral("F12.FGK12_AN"));
+    add(serialMenu_, f12_.SNA_save, "F12.SNA_save", [this] { f12_.SNA_save_Click(); });
+    add(serialMenu_, f12_.SNA_Input, "F12.SNA_Input", [this] { f12_.SNA_Input_Click(); });
+    add(serialMenu_, f12_.SNA_Function, "F12.SNA_Function", [this] { f12_.SNA_Function_Click(); });
+    uniqueMnemonics(rowMenu_);
+    uniqueMnemonics(serialMenu_);
+    f12_.Menue_Zeigen = [this](F12Menu which) { popUp(which); };
+}
+
+void F12Window::popUp(F12Menu which) {
+    popUpAtCell(*(which == F12Menu::F12_del ? rowMenu_ : serialMenu_), *grid_, clicked_);
+}
+
+QLayout* F12Window::makeStatusLine() {
+    auto* line = new QHBoxLayout;
+    line->setSpacing(18);
+    const auto add = [this, line](Label& model, const char* name, int stretch) {
+        auto* label = new ElidedLabel(this);
+        bind(model, label, QLatin1String(name));
+        line->addWidget(label, stretch);
+        return label;
+    };
+    add(f12_.Schlosszahl, "F12.Schlosszahl", 0)->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
+    add(f12_.Doppelt, "F12.Doppelt", 1);
+    add(f12_.Hinweis, "F12.Hinweis", 1)->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    return line;
+}
+
+} // namespace qvm::ui

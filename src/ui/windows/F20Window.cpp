@@ -1,0 +1,224 @@
+#include "F20Window.h"
+
+#include "ElidedLabel.h"
+#include "GridMenu.h"
+#include "GridView.h"
+#include "Mnemonics.h"
+#include "OverlayBoxes.h"
+#include "OverlayEditor.h"
+#include "TextEdge.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMenu>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <string>
+#include <vector>
+
+namespace qvm::ui {
+
+F20Window::F20Window(F20& f20, QWidget* locks)
+    : WindowBase(f20, QStringLiteral("F20"), Stand::Centred, locks), f20_(f20) {
+    content()->setContentsMargins(20, 18, 20, 16);
+    content()->setSpacing(12);
+    auto* lock = new QLabel(this);
+    bindHeading(f20.Schloss, lock, QStringLiteral("F20.Schloss"));
+    content()->addWidget(lock);
+    content()->addLayout(makeMode());
+    auto* settings = new QHBoxLayout;
+    settings->addWidget(makeTimes());
+    settings->addWidget(makeSignal());
+    content()->addLayout(settings);
+    makeGrid();
+    makeEditors();
+    makeMenus();
+    content()->addWidget(grid_, 1);
+    content()->addLayout(makeBottom());
+    setLeastSize(560, 420);
+    const auto cancel = [this] { f20_.Command1_Click(); };
+    finish({.onClose = cancel, .onEscape = cancel});
+}
+
+F20Window::~F20Window() {
+    f20_.Menue_Zeigen = {};
+}
+
+void F20Window::setWords() {
+    grid_->setAccessibleName(toQt(f20_.Schloss.Text()));
+    grid_->fitColumns();
+    const auto call = [this](const char* list, const std::string& name) {
+        findChild<QComboBox*>(QLatin1String(list))->setAccessibleName(toQt(name));
+    };
+    call("F20.Combo1", f20_.Label1.Text());
+    call("F20.Combo5", f20_.Label3.Text());
+    // "0 Std." and the like: what is behind the number tells one list from the other.
+    for (const auto& [list, model] : {std::pair{"F20.Combo2", &f20_.Combo2}, std::pair{"F20.Combo3", &f20_.Combo3},
+                                      std::pair{"F20.Combo4", &f20_.Combo4}}) {
+        call(list, f20_.Label2.Text() + model->Entries().front().substr(1));
+    }
+}
+
+void F20Window::showEvent(QShowEvent* event) {
+    if (!event->spontaneous()) {
+        grid_->setFocus();
+    }
+    WindowBase::showEvent(event);
+}
+
+QLayout* F20Window::makeMode() {
+    auto* caption = new QLabel(this);
+    bind(f20_.Label1, caption, QStringLiteral("F20.Label1"));
+    auto* mode = new QComboBox(this);
+    bind(f20_.Combo1, mode, QStringLiteral("F20.Combo1"), [this](int entry) { f20_.Combo1_Click(entry); });
+    caption->setBuddy(mode);
+    auto* row = new QHBoxLayout;
+    row->addWidget(caption);
+    row->addWidget(mode, 1);
+    return row;
+}
+
+/// A frame whose caption says what it is for; it is grey while nothing in it has an effect.
+QGroupBox* F20Window::newGroup(Label& model, const char* name) {
+    auto* group = new QGroupBox(this);
+    nameWidget(group, QLatin1String(name));
+    watch(model.Text, group, [&model, group] {
+        group->setTitle(toQt(model.Text()));
+        group->setAccessibleName(group->title());
+    });
+    return group;
+}
+
+QGroupBox* F20Window::makeTimes() {
+    QGroupBox* group = newGroup(f20_.Frame2, "F20.Frame2");
+    auto* caption = new QLabel(group);
+    bind(f20_.Label2, caption, QStringLiteral("F20.Label2"));
+    auto* row = new QHBoxLayout;
+    row->addWidget(caption);
+    const auto add = [&](ListBox& model, const char* name, void (F20::*chosen)(int)) {
+        auto* list = new QComboBox(group);
+        bind(model, list, QLatin1String(name), [this, chosen](int entry) { (f20_.*chosen)(entry); });
+        list->setMaxVisibleItems(20);
+        row->addWidget(list);
+    };
+    add(f20_.Combo2, "F20.Combo2", &F20::Combo2_Click);
+    add(f20_.Combo3, "F20.Combo3", &F20::Combo3_Click);
+    add(f20_.Combo4, "F20.Combo4", &F20::Combo4_Click);
+    row->addStretch();
+    auto* always = new QCheckBox(group);
+    bind(f20_.Check1, always, QStringLiteral("F20.Check1"), [this](bool on) { f20_.Check1_Click(on); });
+    auto* lines = new QVBoxLayout(group);
+    lines->addLayout(row);
+    lines->addWidget(always);
+    return group;
+}
+
+QGroupBox* F20Window::makeSignal() {
+    QGroupBox* group = newGroup(f20_.Frame1, "F20.Frame1");
+    auto* caption = new QLabel(group);
+    bind(f20_.Label3, caption, QStringLiteral("F20.Label3"));
+    auto* level = new QComboBox(group);
+    bind(f20_.Combo5, level, QStringLiteral("F20.Combo5"), [this](int entry) { f20_.Combo5_Click(entry); });
+    auto* row = new QHBoxLayout;
+    row->addWidget(caption);
+    row->addWidget(level);
+    row->addStretch();
+    auto* flag = new QCheckBox(group);
+    bind(f20_.Check2, flag, QStringLiteral("F20.Check2"), [this](bool on) { f20_.Check2_Click(on); });
+    auto* lines = new QVBoxLayout(group);
+    lines->addLayout(row);
+    lines->addWidget(flag);
+    return group;
+}
+
+void F20Window::makeGrid() {
+    grid_ = new GridView(f20_.FGK20, this);
+    nameWidget(grid_, QStringLiteral("F20.FGK20"));
+    grid_->gridModel().setAlignment(UnitColumn::Number, Qt::AlignRight | Qt::AlignVCenter);
+    std::vector<int> widths;
+    for (int column = 0; column < f20_.FGK20.Columns(); ++column) {
+        widths.push_back(F20::Breite(column));
+    }
+    grid_->setColumns(std::move(widths), UnitColumn::Name);
+    grid_->setBlocks(f20_.Auswahl);
+    grid_->onKey = [this](int key) { f20_.FGK20_KeyPress(key); };
+    grid_->onMenuKey = [this] { f20_.FGK20_Kontext(); };
+    grid_->onDoubleClick = [this](int row, int column) { f20_.FGK20_DblClick(row, column); };
+    grid_->onMouseUp = [this](Qt::MouseButton button, int row, int column) {
+        if (button == Qt::LeftButton || button == Qt::RightButton) {
+            clicked_ = {row, column};
+            f20_.FGK20_MouseUp(button == Qt::LeftButton ? MouseButton::Left : MouseButton::Right, row, column);
+            clicked_.reset();
+        }
+    };
+}
+
+void F20Window::makeEditors() {
+    auto* name = new OverlayEditor(f20_.Text1, *grid_, QStringLiteral("F20.Text1"));
+    name->onText = [this](const std::string& text) { f20_.Text1_Change(text); };
+    name->onKey = [this](int key) { f20_.Text1_KeyPress(key); };
+    name->onLostFocus = [this] { f20_.Text1_LostFocus(); };
+    auto* serial = new OverlayBoxes(f20_.Serie.Boxes, f20_.Serie.Visible, *grid_,
+                                    {QStringLiteral("F20.Text3"), QStringLiteral("F20.Text4"),
+                                     QStringLiteral("F20.Text5"), QStringLiteral("F20.Text6")});
+    serial->onText = [this](std::size_t box, const std::string& text) { f20_.Serie_Change(box, text); };
+    serial->onKey = [this](std::size_t box, int key) { f20_.Serie_KeyPress(box, key); };
+    serial->onEntered = [this](std::size_t box) { f20_.Serie.Betreten(box); };
+    serial->onLostFocus = [this] { f20_.Serie_LostFocus(); };
+}
+
+void F20Window::makeMenus() {
+    const auto add = [](QMenu* menu, MenuEntry& entry, const char* name, std::function<void()> onClick) {
+        return addMenuEntry(menu, entry, QLatin1String(name), std::move(onClick));
+    };
+    rowMenu_ = new QMenu(this);
+    rowMenu_->setObjectName(QStringLiteral("F20.F20_Loe"));
+    add(rowMenu_, f20_.F20_deleate, "F20.F20_deleate", [this] { f20_.F20_deleate_Click(); });
+    rowMenu_->addSeparator();
+    QAction* undo = add(rowMenu_, f20_.F20_Undo, "F20.F20_Undo", [this] { f20_.F20_Undo_Click(); });
+    QAction* redo = add(rowMenu_, f20_.F20_Redo, "F20.F20_Redo", [this] { f20_.F20_Redo_Click(); });
+    undo->setShortcut(Qt::CTRL | Qt::Key_Z);
+    redo->setShortcut(Qt::CTRL | Qt::Key_Y);
+    addActions({undo, redo}); // the menu is not part of a bar, which would tell the window of their keys
+    serialMenu_ = new QMenu(this);
+    serialMenu_->setObjectName(QStringLiteral("F20.FGK20PopUP"));
+    QMenu* scan = addMenu(serialMenu_, f20_.SN_Asave, QStringLiteral("F20.SN_Asave"));
+    add(scan, f20_.F20_Keypad, "F20.F20_Keypad", [this] { f20_.F20_Keypad_Click(); });
+    add(scan, f20_.F20_Readunit, "F20.F20_Readunit", [this] { f20_.F20_Readunit_Click(); });
+    add(serialMenu_, f20_.SN_Msave, "F20.SN_Msave", [this] { f20_.SN_Msave_Click(); });
+    add(serialMenu_, f20_.SN_Codechange, "F20.SN_Codechange", [this] { f20_.SN_Codechange_Click(); });
+    for (QMenu* menu : {rowMenu_, serialMenu_, scan}) {
+        uniqueMnemonics(menu);
+    }
+    f20_.Menue_Zeigen = [this](F20Menu which) { popUp(which); };
+}
+
+void F20Window::popUp(F20Menu which) {
+    popUpAtCell(*(which == F20Menu::F20_Loe ? rowMenu_ : serialMenu_), *grid_, clicked_);
+}
+
+QLayout* F20Window::makeBottom() {
+    auto* scan = new QProgressBar(this);
+    bind(f20_.F20Prg01, scan, QStringLiteral("F20.F20Prg01"));
+    keepRoom(scan);
+    auto* note = new ElidedLabel(this);
+    bind(f20_.Hinweis, note, QStringLiteral("F20.Hinweis"));
+    auto* accept = new QPushButton(this);
+    bind(f20_.Command2, accept, QStringLiteral("F20.Command2"), [this] { f20_.Command2_Click(); });
+    auto* cancel = new QPushButton(this);
+    bind(f20_.Command1, cancel, QStringLiteral("F20.Command1"), [this] { f20_.Command1_Click(); });
+    setDefaultButton(accept);
+    auto* lines = new QVBoxLayout;
+    lines->addWidget(scan);
+    lines->addWidget(note);
+    lines->addLayout(buttonRow({accept, cancel}));
+    return lines;
+}
+
+} // namespace qvm::ui
