@@ -16,6 +16,7 @@ import unittest
 from datafiles import without_zeros
 from installation import CODE, Installation
 from kills import KillTests
+from locks import LockTests
 from screen import (PATIENCE, Atspi, Display, Heard, Program, click_at, drag, has_state, key, middle, name_of, tell,
                     typed, wait_for)
 from users import UserTests
@@ -29,7 +30,7 @@ CLOCK = ("month", "day", "hour", "minute", "second")
 BUILD = ""
 
 
-class Desktop(UserTests, WayTests, KillTests, unittest.TestCase):
+class Desktop(LockTests, UserTests, WayTests, KillTests, unittest.TestCase):
     maxDiff = None
 
     def setUp(self):
