@@ -7,7 +7,7 @@
 
 namespace qvm {
 
-bool Zeichen(int key) {
+bool Ist_Zeichen(int key) {
     return key >= ' ' && key <= 0xFF && key != Key::Delete;
 }
 
@@ -19,7 +19,7 @@ std::string Gefiltert(std::string_view text, int (*filter)(int key)) {
     std::string kept;
     for (const char character : text) {
         const int key = filter(static_cast<unsigned char>(character));
-        if (Zeichen(key)) {
+        if (Ist_Zeichen(key)) {
             kept += static_cast<char>(static_cast<unsigned char>(key));
         }
     }

@@ -7,7 +7,7 @@
 namespace qvm {
 
 /// The key is a character that a text can hold.
-bool Zeichen(int key);
+bool Ist_Zeichen(int key);
 
 /// A filter that lets every character through.
 int Jedes_Zeichen(int key);

@@ -26,11 +26,11 @@ void F12::Name_Oeffnen(int key) {
     edited_ = {FGK12.Row, LockColumn::Name};
     OpenColumn = LockColumn::Name;
     const int typed = Name_Filter(key);
-    typed_ = Zeichen(typed) ? std::string(1, static_cast<char>(typed)) : FGK12.Text(edited_.Row, LockColumn::Name);
+    typed_ = Ist_Zeichen(typed) ? std::string(1, static_cast<char>(typed)) : FGK12.Text(edited_.Row, LockColumn::Name);
     Text1.Text = typed_;
     Text1.Caret = static_cast<int>(typed_.size());
     Text1.Visible = true;
-    if (!Zeichen(typed)) {
+    if (!Ist_Zeichen(typed)) {
         Rufen(Text1.SelectAll);
     }
 }

@@ -2,6 +2,7 @@
 
 #include "FileTrouble.h"
 #include "LinkHooks.h"
+#include "Text.h"
 #include "UndoMenu.h"
 #include "UnitRecords.h"
 #include "Units.h"

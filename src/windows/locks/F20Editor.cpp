@@ -105,11 +105,11 @@ void F20::Text1_Oeffnen(int key) {
     OpenColumn = UnitColumn::Name;
     oldText_ = FGK20.Text(row_, UnitColumn::Name);
     FGK20.SetText(row_, UnitColumn::Name, "");
-    typed_ = Zeichen(key) ? std::string(1, static_cast<char>(static_cast<unsigned char>(key))) : oldText_;
+    typed_ = Ist_Zeichen(key) ? std::string(1, static_cast<char>(static_cast<unsigned char>(key))) : oldText_;
     Text1.Text = typed_;
     Text1.Caret = static_cast<int>(typed_.size());
     Text1.Visible = true;
-    if (!Zeichen(key)) {
+    if (!Ist_Zeichen(key)) {
         Rufen(Text1.SelectAll);
     }
 }

@@ -20,7 +20,7 @@ void SerialEntry::Oeffnen(int key) {
     Visible = true;
     Rufen(Boxes.front().SetFocus);
     const int digit = SN_ASCII_FILTER(key);
-    if (Zeichen(digit)) {
+    if (Ist_Zeichen(digit)) {
         typed_.front() = static_cast<char>(digit);
         Boxes.front().Text = typed_.front();
         Boxes.front().Caret = 1;

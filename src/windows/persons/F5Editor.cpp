@@ -105,7 +105,7 @@ void F5::Editor_Oeffnen(int key) {
 }
 
 void F5::Text_Oeffnen(TextBox& box, int typed) {
-    const bool begins = Zeichen(typed);
+    const bool begins = Ist_Zeichen(typed);
     typed_ = begins ? std::string(1, static_cast<char>(static_cast<unsigned char>(typed))) : oldText_;
     box.Text = typed_;
     box.Caret = static_cast<int>(typed_.size());
