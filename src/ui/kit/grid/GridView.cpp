@@ -121,7 +121,6 @@ int GridView::givenWidth(int column) const {
 }
 
 int GridView::textWidth(int column, int first, int last) const {
-    const QFontMetrics plain(font());
     int texts = 0;
     const Cell* before = nullptr;
     const int step = std::max(1, (last - first + 1) / SampleRows);
@@ -134,8 +133,10 @@ int GridView::textWidth(int column, int first, int last) const {
             continue;
         }
         const int picture = cell.Picture != 0 ? iconSize().width() + CellMargin : 0;
-        const QString text = model_->index(row, column).data(Qt::DisplayRole).toString();
-        texts = std::max(texts, plain.horizontalAdvance(text) + picture);
+        const QModelIndex index = model_->index(row, column);
+        const QVariant own = index.data(Qt::FontRole); // a larger or bolder one
+        const QFontMetrics metrics(own.isValid() ? own.value<QFont>() : font());
+        texts = std::max(texts, metrics.horizontalAdvance(index.data(Qt::DisplayRole).toString()) + picture);
     }
     return std::min(texts, givenWidth(column) * WidestFactor) + CellPadding;
 }
