@@ -10,10 +10,13 @@ namespace qvm::ui {
 
 OverlayBoxes::OverlayBoxes(std::span<TextBox> boxes, Observed<bool>& visible, GridView& view, const QStringList& names)
     : QFrame(&view), visible_(visible), view_(view) {
+    // A line around each box: the frames of a style can hardly be seen on some grounds.
+    constexpr int line = 1;
     setAutoFillBackground(true);
+    setBackgroundRole(QPalette::Highlight);
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(0);
+    row->setContentsMargins(line, line, line, line);
+    row->setSpacing(line);
     for (std::size_t n = 0; n < boxes.size(); ++n) {
         addBox(boxes[n], n, names[static_cast<int>(n)]);
         row->addWidget(boxes_.back());
