@@ -58,7 +58,8 @@ void F20Window::setWords() {
     };
     call("F20.Combo1", f20_.Label1.Text());
     call("F20.Combo5", f20_.Label3.Text());
-    findChild<QProgressBar*>(QStringLiteral("F20.F20Prg01"))->setAccessibleName(toQt(f20_.SN_Asave.Text()));
+    findChild<QProgressBar*>(QStringLiteral("F20.F20Prg01"))
+        ->setAccessibleName(toQt(f20_.kern.Zeile(Line::WirelessUnit)));
     // "0 Std." and the like: what is behind the number tells one list from the other.
     for (const auto& [list, model] : {std::pair{"F20.Combo2", &f20_.Combo2}, std::pair{"F20.Combo3", &f20_.Combo3},
                                       std::pair{"F20.Combo4", &f20_.Combo4}}) {

@@ -134,9 +134,10 @@ int GridView::textWidth(int column, int first, int last) const {
         }
         const int picture = cell.Picture != 0 ? iconSize().width() + CellMargin : 0;
         const QModelIndex index = model_->index(row, column);
-        const QVariant own = index.data(Qt::FontRole); // a larger or bolder one
-        const QFontMetrics metrics(own.isValid() ? own.value<QFont>() : font());
-        texts = std::max(texts, metrics.horizontalAdvance(index.data(Qt::DisplayRole).toString()) + picture);
+        const QString text = index.data(Qt::DisplayRole).toString();
+        const QVariant own = index.data(Qt::FontRole); // a larger or bolder one; a sign may be larger than its cell
+        const QFontMetrics metrics(own.isValid() && text.size() > 1 ? own.value<QFont>() : font());
+        texts = std::max(texts, metrics.horizontalAdvance(text) + picture);
     }
     return std::min(texts, givenWidth(column) * WidestFactor) + CellPadding;
 }
