@@ -45,11 +45,11 @@ inline constexpr int None = 501, ///< no template, or the row has just been fill
 
 /// F12: switches, EMI state and headings of a lock, and a serial number that two locks have.
 namespace LockPicture {
-inline constexpr int None = 0, ///< a lock with a name but without a serial has no switches
-    On = 9,                    ///< Image9
-    Off = 10,                  ///< Image10
-    NotApplicable = 11,        ///< Image11
-    Twice = 12;                ///< column 0
+inline constexpr int None = 0,          ///< a lock with a name but without a serial has no switches
+    On = 9,                             ///< Image9
+    Off = 10,                           ///< Image10
+    NotApplicable = 11,                 ///< Image11
+    Twice = 12;                         ///< column 0
 inline constexpr int FirstHeading = 20; ///< of column 4; those of the columns up to 11 follow
 } // namespace LockPicture
 

@@ -278,7 +278,8 @@ TEST_P(Accessible_Tree, holds_of_a_grid_only_the_columns_that_have_a_heading) {
             EXPECT_EQ(node->child(columns + 1)->tableCellInterface()->columnHeaderCells().value(0), node->child(1));
         }
     });
-    // F5 and F12 six times, F20 three times, F6 with and without its editor, F7, F13 and F91 twice; none where F6 shows its ports alone
+    // F5 and F12 six times, F20 three times, F6 with and without its editor, F7, F13 and F91 twice; none where F6 shows
+    // its ports alone
     EXPECT_EQ(grids, 23);
 }
 
