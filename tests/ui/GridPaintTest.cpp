@@ -3,6 +3,7 @@
 #include "GridHeader.h"
 #include "GridView.h"
 #include "LineCache.h"
+#include "OverlayList.h"
 #include "Theme.h"
 #include "UiFixture.h"
 
@@ -99,6 +100,25 @@ TEST(Grid_Header_Painting, keeps_the_letters_of_an_upright_text_apart) {
     }
     EXPECT_EQ(letters, 4);
     EXPECT_FALSE(inside) << "nor does the last one touch the row of texts";
+}
+
+TEST_F(Grid_Painting, sets_a_list_off_from_the_cells_that_it_lies_over_on_any_palette) {
+    QPalette palette = view.palette();
+    palette.setColor(QPalette::Base, Qt::black);
+    palette.setColor(QPalette::Window, QColor(0x10, 0x10, 0x10));
+    for (const QPalette::ColorRole role : {QPalette::Text, QPalette::WindowText}) {
+        palette.setColor(role, Qt::white);
+    }
+    view.setPalette(palette);
+    ListBox model;
+    model.Visible = false;
+    model.Entries = std::vector<std::string>{"one", "two"};
+    ui::OverlayList list(model, view, QStringLiteral("T.List"));
+    model.Visible = true;
+    QApplication::processEvents();
+    const QImage image = list.grab().toImage();
+    EXPECT_GE(ui::contrast(image.pixelColor(0, image.height() / 2), Qt::black), 3);
+    EXPECT_GE(ui::contrast(image.pixelColor(image.width() / 2, image.height() - 1), Qt::black), 3);
 }
 
 TEST_F(Grid_Painting, frames_the_current_cell_so_that_it_is_seen_on_any_palette) {

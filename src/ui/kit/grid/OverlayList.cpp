@@ -18,6 +18,8 @@ OverlayList::OverlayList(ListBox& model, GridView& view, const QString& name)
     : QListWidget(&view), model_(model), view_(view) {
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setUniformItemSizes(true);
+    // In the colour of texts: the cells around have the same ground.
+    setFrameStyle(static_cast<int>(QFrame::Box) | static_cast<int>(QFrame::Plain));
     bind(model, this, name);
     watch(model.Visible, this, [this] { view_.showOver(this, model_.Visible, [this] { place(); }); });
     connect(&view, &GridView::cellsMoved, this, &OverlayList::place);
