@@ -125,6 +125,10 @@ std::string_view LTrim(std::string_view text) {
 }
 
 std::string_view RTrim(std::string_view text) {
+    constexpr std::string_view Blanks = "        "; // a field has mostly these, and one comparison takes eight
+    while (text.ends_with(Blanks)) {
+        text.remove_suffix(Blanks.size());
+    }
     return text.substr(0, text.find_last_not_of(' ') + 1);
 }
 
