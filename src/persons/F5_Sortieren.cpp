@@ -1,5 +1,6 @@
 #include "F5_Sortieren.h"
 
+#include "Secret.h"
 #include "Suchtext.h"
 #include "Text.h"
 #include "UserTable.h"
@@ -40,6 +41,7 @@ std::vector<UserOrder> Reihenfolge(const Grid& users) {
 
 std::vector<Cell> Zeile(const Grid& users, int row) {
     std::vector<Cell> cells;
+    cells.reserve(static_cast<std::size_t>(users.Columns())); // no growth, which would leave codes behind
     for (int column = UserColumn::Name; column < users.Columns(); ++column) {
         cells.push_back(users.At(row, column));
     }
@@ -60,10 +62,11 @@ std::vector<int> F5_Sortieren(Grid& users) {
         }
         ++target;
     }
-    for (const auto& [row, cells] : moved) {
+    for (auto& [row, cells] : moved) {
         int column = UserColumn::Name;
-        for (const Cell& cell : cells) {
+        for (Cell& cell : cells) {
             users.Set(row, column++, cell);
+            Vergessen(cell.Text);
         }
     }
     for (int row = UserGrid::FirstRow; row <= UserGrid::LastRow; ++row) {

@@ -153,6 +153,21 @@ TEST_F(F5_Keys, that_were_learned_found_cut_and_pasted_stand_in_no_memory_that_w
     }
 }
 
+TEST_F(F5_Keys, that_are_sorted_stand_in_no_memory_that_was_given_back) {
+    OpenDesk();
+    Cells().SetText(2, UserColumn::Name, "Zacharias");
+    Cells().SetText(2, UserColumn::KeyData, "71 : 72 : 73 : 74 : 75 : 76 : 77 : 78");
+    Cells().SetText(2, UserColumn::Code, "7186934");
+    for (const std::string_view secret : {"71 : 72 : 73 : 74 : 75 : 76 : 77 : 78", "7186934"}) {
+        const FreedMemory freed{std::string(secret)};
+        Window().F5_Sort_Click();
+        ASSERT_NE(Text(2, UserColumn::Name), "Zacharias");
+        Window().F5_Undo_Click();
+        ASSERT_EQ(Text(2, UserColumn::Name), "Zacharias");
+        EXPECT_EQ(freed.Seen(), 0) << secret;
+    }
+}
+
 TEST_F(F5_Keys, that_are_cut_are_forgotten_when_the_window_is_closed_and_so_is_every_step_back) {
     OpenDesk();
     Window().MenuRow = 3;
