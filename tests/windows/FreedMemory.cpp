@@ -40,6 +40,11 @@ void* operator new(std::size_t size) {
     throw std::bad_alloc();
 }
 
+// The sanitizers' own would not go with the others.
+void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
+    return std::malloc(size == 0 ? 1 : size);
+}
+
 void operator delete(void* memory) noexcept {
     if (qvm::test::FreedMemory* looking = qvm::test::Looking(); looking != nullptr && memory != nullptr) {
         looking->Look(memory);
@@ -48,5 +53,9 @@ void operator delete(void* memory) noexcept {
 }
 
 void operator delete(void* memory, std::size_t /*size*/) noexcept {
+    operator delete(memory);
+}
+
+void operator delete(void* memory, const std::nothrow_t& /*tag*/) noexcept {
     operator delete(memory);
 }
