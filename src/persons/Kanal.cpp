@@ -93,6 +93,15 @@ bool Kanal_Offen(const Kern& kern, int lock) {
            });
 }
 
+bool Kanal_Gefunden(const Kern& kern, int lock, int channel) {
+    return Ist_Schloss(lock) && channel >= 1 && channel <= Channels &&
+           Satz_Aendern(kern, lock, [&](std::string& record) {
+               const int target = Zahlwert(Feld_Lesen(record, ChannelRecord::TargetChannel));
+               Feld_Schreiben(record, ChannelRecord::LockChannel, Ziffern(channel));
+               Feld_Schreiben(record, ChannelRecord::LockChange, channel == target ? "0" : "1");
+           });
+}
+
 bool Key_Kanal_Bestaetigen(const Kern& kern, Grid& users, int row) {
     const bool written =
         Ist_Benutzerzeile(row) && Satz_Aendern(kern, row - 1, [](std::string& record) {

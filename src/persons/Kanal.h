@@ -31,6 +31,10 @@ bool Kanal_Ausgefuehrt(const Kern& kern, int lock);
 /// The lock must still change channel. Touches nothing but the flag.
 bool Kanal_Offen(const Kern& kern, int lock);
 
+/// A search has found the lock on this channel, 1 to 12: it becomes the lock channel, and a change is pending where the
+/// target is another one, or blank. Touches nothing else.
+bool Kanal_Gefunden(const Kern& kern, int lock, int channel);
+
 /// The E-Key of the user in this row (2 to 251) of the user table now has the target channel: EKold takes it, no change
 /// pending, the key's cell becomes black. A blank target goes over as it is.
 bool Key_Kanal_Bestaetigen(const Kern& kern, Grid& users, int row);

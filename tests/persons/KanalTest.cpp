@@ -123,6 +123,31 @@ TEST_F(Kanal_Offen, refuses_a_lock_that_does_not_exist) {
     EXPECT_FALSE(Has(ChannelFile));
 }
 
+// ---- after a search found the lock
+
+struct Kanal_Gefunden : Kanal {};
+
+TEST_F(Kanal_Gefunden, sets_the_channel_of_the_lock_and_whether_it_must_change) {
+    File(ChannelFile) = "5  7  9  0  1  ";
+    EXPECT_TRUE(qvm::Kanal_Gefunden(kern, 1, 12));
+    EXPECT_EQ(File(ChannelFile), "12 7  9  1  1  ");
+    EXPECT_TRUE(qvm::Kanal_Gefunden(kern, 1, 9));
+    EXPECT_EQ(File(ChannelFile), "9  7  9  0  1  ");
+}
+
+TEST_F(Kanal_Gefunden, without_a_file_the_target_is_blank_and_a_change_pending) {
+    EXPECT_TRUE(qvm::Kanal_Gefunden(kern, 1, 4));
+    EXPECT_EQ(File(ChannelFile), "4        1     ");
+}
+
+TEST_F(Kanal_Gefunden, refuses_a_lock_or_channel_that_does_not_exist) {
+    EXPECT_FALSE(qvm::Kanal_Gefunden(kern, 0, 4));
+    EXPECT_FALSE(qvm::Kanal_Gefunden(kern, 201, 4));
+    EXPECT_FALSE(qvm::Kanal_Gefunden(kern, 1, 0));
+    EXPECT_FALSE(qvm::Kanal_Gefunden(kern, 1, 13));
+    EXPECT_FALSE(Has(ChannelFile));
+}
+
 // ---- after an E-Key was learned
 
 struct Key_Kanal_Bestaetigen : Kanal {};
