@@ -1,6 +1,7 @@
 #pragma once
 
 #include "F12.h"
+#include "F19.h"
 #include "F20.h"
 #include "Programm.h"
 
@@ -12,6 +13,7 @@ struct LockWindows {
 
     Programm& programm;
     qvm::F12 F12{programm.kern, programm.Adapter};
+    qvm::F19 F19{programm.kern};
     qvm::F20 F20{programm.kern};
 
     /// Fills the hooks of these windows.
