@@ -26,32 +26,6 @@ constexpr std::array SwipeErrors{SwipeError{0x1C, "Zu Schnell! Bitte vorgang wie
                                  SwipeError{0x1E, "Zu Kurz! Bitte vorgang wiederholen."},
                                  SwipeError{0x24, "Bitte Finger mittig Positionieren! Bitte vorgang wiederholen."}};
 
-struct F5_Fingers : LeserFixture {
-    static constexpr const char* Templates = "/q/DAT/TEmpTCD0UPK.FSD";
-    static constexpr std::size_t RecordSize = 3028;
-
-    F5_Fingers() { Users(); }
-    void Enrol(int row) {
-        Window().FsRow = row;
-        Fingers().FS_anerlen_Click();
-    }
-    /// From the swipe to the end of F51.
-    void Learn(int row, std::uint8_t byte) {
-        Enrol(row);
-        SayPiece(1, {byte});
-        SayStep(0x0A);
-        world.RunFor(3000);
-    }
-    /// Record slot + 249 of the templates.
-    std::string Template(int slot) {
-        return world.Disk.Files[Templates].substr(RecordSize * static_cast<std::size_t>(slot + 248), RecordSize);
-    }
-    std::string FingerOf(int row) {
-        return Text(row, UserColumn::KeyLabel) + "|" + Text(row, UserColumn::FingerId) + "|" +
-               std::to_string(Cells().At(row, UserColumn::Finger).Picture);
-    }
-};
-
 // ---- enrolment
 
 TEST_F(F5_Fingers, are_asked_of_the_enrolment_unit_with_the_window_disabled_and_F51_shown) {

@@ -104,4 +104,31 @@ struct F5_Keys : LeserFixture {
     std::string KeyOf(int row) { return Text(row, UserColumn::KeyId) + "|" + Text(row, UserColumn::KeyData); }
 };
 
+/// Fingers of Anna and Bert, unless the test has put users there before.
+struct F5_Fingers : LeserFixture {
+    static constexpr const char* Templates = "/q/DAT/TEmpTCD0UPK.FSD";
+    static constexpr std::size_t RecordSize = 3028;
+
+    F5_Fingers() { Users(); }
+    void Enrol(int row) {
+        Window().FsRow = row;
+        Fingers().FS_anerlen_Click();
+    }
+    /// From the swipe to the end of F51.
+    void Learn(int row, std::uint8_t byte) {
+        Enrol(row);
+        SayPiece(1, {byte});
+        SayStep(0x0A);
+        world.RunFor(3000);
+    }
+    /// Record slot + 249 of the templates.
+    std::string Template(int slot) {
+        return world.Disk.Files[Templates].substr(RecordSize * static_cast<std::size_t>(slot + 248), RecordSize);
+    }
+    std::string FingerOf(int row) {
+        return Text(row, UserColumn::KeyLabel) + "|" + Text(row, UserColumn::FingerId) + "|" +
+               std::to_string(Cells().At(row, UserColumn::Finger).Picture);
+    }
+};
+
 } // namespace qvm::test
