@@ -1,12 +1,14 @@
 #include "F5Leser.h"
 
 #include "AdapterScan.h"
+#include "TelegrammeUnit.h"
 
 #include <cstddef>
 
 namespace qvm {
 
 bool Leser_Bereitmachen(F5& window, Link& link, AdapterListe& adapters, LeserPort which) {
+    Leser_Zurueckziehen(link, TelEKeyLesen::Telegram.Code);
     if (adapters.*which == 0) {
         window.Fenster.Enabled = false;
         Adapter_Suchen(link, adapters);
@@ -19,6 +21,13 @@ bool Leser_Bereitmachen(F5& window, Link& link, AdapterListe& adapters, LeserPor
     }
     Port_Oeffnen(link, port);
     return true;
+}
+
+void Leser_Zurueckziehen(Link& link, std::uint8_t telegram) {
+    if (link.AnswerDue == telegram) {
+        link.AnswerDue = 0;
+        link.AnswerWithdrawn = telegram;
+    }
 }
 
 bool Leser_Weg(const Kern& kern, const AdapterListe& adapters, int stand) {

@@ -4,6 +4,7 @@
 #include "F5.h"
 #include "Link.h"
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -15,8 +16,10 @@ using LeserPort = int AdapterListe::*;
 
 /// Makes the reader's port ready: adapters are searched first when none is known, and events go on meanwhile, with the
 /// window disabled. False, behind a message, when there is no such adapter. A port that cannot be opened shows at the
-/// first telegram.
+/// first telegram. An E-Key that was asked for before is owed to nobody any more, in any case.
 bool Leser_Bereitmachen(F5& window, Link& link, AdapterListe& adapters, LeserPort which);
+/// What a reader owes to this telegram is not waited for any more; should it come all the same, it is told as late.
+void Leser_Zurueckziehen(Link& link, std::uint8_t telegram);
 /// True when the reader that was made ready is gone: its port is closed, or the ports were determined anew since, as
 /// behind every removal and arrival. `stand`: of the list (AdapterListe::Stand) when it was asked.
 bool Leser_Weg(const Kern& kern, const AdapterListe& adapters, int stand);

@@ -25,7 +25,10 @@ F5Schluessel::F5Schluessel(F5& window, F16& search, Link& serialLink, AdapterLis
       EKeyWache(window.kern.Welt, 1000) {
     Wache.Ticked = [this] { Nachsehen(); };
     EKeyWache.Ticked = [this] { EKey_Nachsehen(); };
-    f5.Geschlossen = [this] { Ausgeschnittenes_Vergessen(); };
+    f5.Geschlossen = [this] {
+        Ausgeschnittenes_Vergessen();
+        Empfang_Vergessen(link);
+    };
 }
 
 void F5Schluessel::Melden(int line, Icon sign) const {
@@ -44,6 +47,12 @@ int F5Schluessel::Zeile_Von(std::string_view id) const {
     return 0;
 }
 
+void F5Schluessel::Kanal_Bleibt(bool written) {
+    if (written) {
+        f5.Verlauf.Keep(Word::ChannelStays);
+    }
+}
+
 void F5Schluessel::Kanal_Melden(bool written) {
     if (!written) {
         kern.Meldung(Wort(kern, Word::KeyChannelUnsaved), Buttons::Ok, Icon::Exclamation);
@@ -55,7 +64,6 @@ void F5Schluessel::Kanal_Melden(bool written) {
 std::optional<F5Schluessel::Frage> F5Schluessel::Bereitmachen(LeserPort which) {
     // Whoever was asked for before gets nothing any more, and nobody else gets it in that one's place.
     Warten_Beenden();
-    Zurueckziehen(TelEKeyLesen::Telegram.Code);
     const F5Zeile row = F5Zeile_Merken(f5, f5.MenuRow);
     if (!Leser_Bereitmachen(f5, link, Adapter, which)) {
         return {};
@@ -63,14 +71,8 @@ std::optional<F5Schluessel::Frage> F5Schluessel::Bereitmachen(LeserPort which) {
     return Frage{.Zeile = row, .Stand = Adapter.Stand};
 }
 
-void F5Schluessel::Zurueckziehen(std::uint8_t telegram) {
-    if (link.AnswerDue == telegram) {
-        link.AnswerDue = 0;
-        link.AnswerWithdrawn = telegram;
-    }
-}
-
 void F5Schluessel::Leser_Verspaetet() {
+    Empfang_Vergessen(link);
     link.AnswerWithdrawn = 0;
     f5.Hinweis.Text = Wort(kern, Word::KeyTooLate);
 }
@@ -106,7 +108,7 @@ void F5Schluessel::EKey_Nachsehen() {
         EKeyWache.Stop();
     } else if (Leser_Weg(kern, Adapter, asked_.Stand)) {
         EKeyWache.Stop();
-        Zurueckziehen(TelEKeyLesen::Telegram.Code);
+        Leser_Zurueckziehen(link, TelEKeyLesen::Telegram.Code);
         Leser_Getrennt(kern);
     }
 }
@@ -148,6 +150,7 @@ void F5Schluessel::key_synchron_Click() {
 }
 
 void F5Schluessel::EKey_Ergebnis() {
+    Empfang_Vergessen(link);
     if (!f5.Fenster.Visible) {
         return;
     }
@@ -197,7 +200,7 @@ void F5Schluessel::Eintragen(const std::string& id, const std::string& data, int
         f5.FGK4.SetText(row, UserColumn::KeyId, id);
         f5.FGK4.SetText(row, UserColumn::KeyData, data);
         written = Key_Kanal_Bestaetigen(kern, f5.FGK4, row);
-        f5.Verlauf.Keep(Word::ChannelStays);
+        Kanal_Bleibt(written);
     });
     Kanal_Melden(written);
 }
@@ -211,6 +214,7 @@ void F5Schluessel::Transponder_Fragen(bool search) {
     }
     asked_ = *wanted;
     search_ = search;
+    link.Lauf.KeyMode = search ? Search : Learn; // by which a refusal is told
     link.AnswerWithdrawn = 0;
     Fund = {};
     waited_ = 0;
@@ -227,7 +231,7 @@ void F5Schluessel::Warten_Beenden() {
         return;
     }
     Wache.Stop();
-    Zurueckziehen(TelFingerAbfrage::Telegram.Code);
+    Leser_Zurueckziehen(link, TelFingerAbfrage::Telegram.Code);
     f5.Fenster.Enabled = true;
 }
 
@@ -249,6 +253,7 @@ void F5Schluessel::Leser_Fertig() {
 }
 
 void F5Schluessel::Finger_Kennung() {
+    Empfang_Vergessen(link);
     const bool wanted = Wartet() && f5.Fenster.Visible;
     Warten_Beenden();
     constexpr std::size_t whole = RpFingerKennung::IdData.Offset + RpFingerKennung::IdData.Width;
@@ -346,7 +351,7 @@ void F5Schluessel::key_einfuegen_Click() {
         f5.FGK4.SetText(row, UserColumn::KeyId, cut_->Id);
         f5.FGK4.SetText(row, UserColumn::KeyData, cut_->Data);
         written = Key_Kanal_Einfuegen(kern, f5.FGK4, row, cut_->Channel);
-        f5.Verlauf.Keep(Word::ChannelStays);
+        Kanal_Bleibt(written);
     });
     Ausgeschnittenes_Vergessen();
     Kanal_Melden(written);

@@ -75,8 +75,6 @@ private:
     /// Makes the reader ready for the row of the menu; what was asked before is owed to nobody any more. Nothing,
     /// behind a message, when there is no reader.
     std::optional<Frage> Bereitmachen(LeserPort which);
-    /// What the reader owes to this telegram is not waited for any more.
-    void Zurueckziehen(std::uint8_t telegram);
     /// Of the adapter that reads E-Keys; 0: unknown.
     int Version() const;
     void EKey_Fragen(const Frage& wanted, std::uint8_t mode, std::uint8_t wish);
@@ -93,6 +91,8 @@ private:
     /// The key goes to the row that was asked for, unless it is taken or somebody else stands there now.
     void Eintragen(const std::string& id, const std::string& data, int takenLine);
     void Ausgeschnittenes_Vergessen();
+    /// An undo of the step under way says that the channel record, if it was written, stays.
+    void Kanal_Bleibt(bool written);
     void Kanal_Melden(bool written);
     void Melden(int line, Icon sign = Icon::Information) const;
 
