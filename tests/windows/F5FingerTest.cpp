@@ -252,6 +252,11 @@ TEST_F(F5_Fingers, whose_unit_gives_way_to_another_port_are_told_of_it) {
     ++programm->Adapter.Stand; // as when the ports are determined anew
     world.RunFor(1000);
     EXPECT_TRUE(Enrolment().Fehler.Visible);
+    EXPECT_EQ(programm->link.AnswerDue, 0);
+    SayPiece(1, {1});
+    SayStep(0x0A);
+    EXPECT_EQ(FingerOf(2), "||501") << "another unit may say this";
+    EXPECT_FALSE(Enrolment().Fertig.Visible);
 }
 
 TEST_F(F5_Fingers, of_a_silent_unit_can_be_left) {

@@ -133,6 +133,9 @@ void F51::Gescheitert(const std::string& text) {
     swipe_ = 0;
     Anleitung_Setzen();
     Fehler_Zeigen(text);
+    if (Aufgegeben) {
+        Aufgegeben();
+    }
 }
 
 void F51::Schliessen() {

@@ -33,15 +33,17 @@ struct F51 {
     Timer Wache;                      ///< looks at the adapter once a second
     Button Command1, Command2;        ///< both leave the enrolment
 
-    std::function<bool()> Leser_Weg; ///< the enrolment unit is gone
-    std::function<void()> Verlassen; ///< the window was closed, by a button or by itself
+    std::function<bool()> Leser_Weg;  ///< the enrolment unit is gone
+    std::function<void()> Aufgegeben; ///< nothing is to come of the enrolment any more; the window stays
+    std::function<void()> Verlassen;  ///< the window was closed, by a button or by itself
 
     void F51_FormLaden();
     /// Words from the catalogue anew.
     void Texte_Setzen();
     /// A step that the unit has told of. Codes that mean nothing change nothing.
     void Schritt_Zeigen(std::uint8_t code);
-    /// The finger is not stored, and the unit says no more: the operator leaves by a button.
+    /// The finger is not stored, and what the unit still says is nobody's: calls Aufgegeben. The operator leaves by a
+    /// button.
     void Gescheitert(const std::string& text);
     void Command1_Click() { Schliessen(); }
     void Command2_Click() { Schliessen(); }

@@ -37,6 +37,7 @@ void Fehler_Melden(const Kern& kern, Word which) {
 F5Finger::F5Finger(F5& window, F51& enrolment, Link& serialLink, AdapterListe& list)
     : f5(window), f51(enrolment), kern(window.kern), link(serialLink), Adapter(list) {
     f51.Verlassen = [this] { Verlassen(); };
+    f51.Aufgegeben = [this] { Nichts_Erwarten(); };
     f51.Leser_Weg = [this] { return Leser_Weg(kern, Adapter, stand_); };
 }
 
@@ -47,8 +48,10 @@ void F5Finger::FS_anerlen_Click() {
     }
     template_.clear();
     template_.reserve(TemplateRecord::Template.Width + LongestByte); // no copy is left behind as it grows
-    broken_ = false;
+    broken_ = true;                                                  // until its first piece is there
     stand_ = Adapter.Stand;
+    link.Lauf.KeyMode = 0; // a refusal is that of a learn
+    link.AnswerWithdrawn = 0;
     f5.Fenster.Enabled = false;
     f51.F51_FormLaden();
     if (!TelFingerAnlernen_Senden(link, link.TelegrammParam1, link.TelegrammParam2)) {
@@ -57,13 +60,26 @@ void F5Finger::FS_anerlen_Click() {
     }
 }
 
-void F5Finger::Verlassen() {
-    // Nothing more is sent; what the unit still says nobody is owed any more.
+/// Nothing more is sent; what the unit still says nobody is owed any more.
+void F5Finger::Nichts_Erwarten() {
     if (link.AnswerDue == TelFingerAnlernen::Telegram.Code) {
         link.AnswerDue = 0;
     }
     Vergessen(template_);
+    Empfang_Vergessen(link);
+}
+
+void F5Finger::Verlassen() {
+    Nichts_Erwarten();
     f5.Fenster.Enabled = true;
+}
+
+bool F5Finger::Aufgegeben() {
+    const bool gone = Leser_Weg(kern, Adapter, stand_);
+    if (gone) {
+        f51.Gescheitert(Wort(kern, Word::AdapterPulled));
+    }
+    return gone;
 }
 
 void F5Finger::Leser_Abgelehnt() {
@@ -71,6 +87,10 @@ void F5Finger::Leser_Abgelehnt() {
 }
 
 void F5Finger::Finger_Daten() {
+    Empfang_Vergessen(link);
+    if (Aufgegeben()) {
+        return;
+    }
     const std::size_t count = link.RxByte(RpFingerDaten::Count.Offset);
     if (link.RxByte(RpFingerDaten::Piece.Offset) == 1) {
         template_.clear();
@@ -87,6 +107,9 @@ void F5Finger::Finger_Daten() {
 }
 
 void F5Finger::Finger_Schritt() {
+    if (Aufgegeben()) {
+        return;
+    }
     const std::uint8_t code = link.RxByte(RpFingerStatus::Step.Offset);
     if (code == FingerStep::Done && !Finger_Speichern()) {
         f51.Schliessen();
@@ -122,6 +145,11 @@ int F5Finger::Freier(const Slots& used) {
     return slot;
 }
 
+int F5Finger::Unbelegter(const Slots& used) {
+    const int slot = Freier(used);
+    return used[static_cast<std::size_t>(slot)] ? 0 : slot;
+}
+
 std::optional<int> F5Finger::Slot_Zum_Schreiben() const {
     TemplateStore templates;
     RecordFile saved(UserRecord::Record);
@@ -129,16 +157,36 @@ std::optional<int> F5Finger::Slot_Zum_Schreiben() const {
         saved.Laden(kern.Welt.Files, kern.DatPfad()) == ReadStatus::Error) {
         return std::nullopt;
     }
-    std::vector<std::string> fingers = f5.Verlauf.Texts(UserColumn::FingerId);
+    std::vector<std::string> shown;
+    std::vector<std::string> others = f5.Verlauf.Texts(UserColumn::FingerId);
     for (int user = 1; user <= UserGrid::Users; ++user) {
-        fingers.push_back(saved.Text(user, UserRecord::FingerId));
-        fingers.push_back(f5.FGK4.Text(UserGrid::RowOf(user), UserColumn::FingerId));
+        shown.push_back(f5.FGK4.Text(UserGrid::RowOf(user), UserColumn::FingerId));
+        others.push_back(saved.Text(user, UserRecord::FingerId));
     }
     Slots used = Bezeichnete();
-    for (const std::string& finger : fingers) {
-        used[static_cast<std::size_t>(templates.Slot(finger))] = true; // of 0 nobody asks
+    const auto add = [&](const std::vector<std::string>& fingers) {
+        for (const std::string& finger : fingers) {
+            used[static_cast<std::size_t>(templates.Slot(finger))] = true; // of 0 nobody asks
+        }
+    };
+    add(shown);
+    const int besideTheTable = Unbelegter(used);
+    add(others);
+    const int untouched = Unbelegter(used);
+    return untouched != 0 ? untouched : besideTheTable;
+}
+
+std::optional<int> F5Finger::Template_Ablegen(int row, const std::string& identifier) const {
+    const std::optional<int> slot = Slot_Zum_Schreiben();
+    if (slot == 0) {
+        kern.Meldung(Wort(kern, Word::FingerNoSlot), Buttons::Ok, Icon::Exclamation);
+        return std::nullopt;
     }
-    return Freier(used);
+    if (!slot || !Template_Schreiben(kern, *slot, row, identifier, template_)) {
+        kern.Meldung(Wort(kern, Word::FingerUnsaved), Buttons::Ok, Icon::Exclamation);
+        return std::nullopt;
+    }
+    return slot;
 }
 
 bool F5Finger::Finger_Speichern() {
@@ -156,9 +204,8 @@ bool F5Finger::Finger_Speichern() {
         return false;
     }
     const std::string identifier = Ziffern(Sekunden_Seit_2000(kern.Welt.Now()));
-    const std::optional<int> slot = Slot_Zum_Schreiben();
-    if (!slot || !Template_Schreiben(kern, *slot, row, identifier, template_)) {
-        kern.Meldung(Wort(kern, Word::FingerUnsaved), Buttons::Ok, Icon::Exclamation);
+    const std::optional<int> slot = Template_Ablegen(row, identifier);
+    if (!slot) {
         return false;
     }
     f5.Aendern(Word::StepFinger, [&] {

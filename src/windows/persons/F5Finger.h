@@ -47,15 +47,23 @@ private:
 
     Slots Bezeichnete() const;
     static int Freier(const Slots& used);
+    /// Freier, but 0 when that one is used as well.
+    static int Unbelegter(const Slots& used);
     /// As NextSlot, but that no slot is taken whose template somebody may still ask for: a user of the file, one of the
-    /// table, or one that an undo or redo brings back. Nothing when the files cannot be read.
+    /// table, or one that an undo or redo brings back. When that leaves none only those of the table count. 0 when they
+    /// have all, nothing when the files cannot be read.
     std::optional<int> Slot_Zum_Schreiben() const;
+    /// The slot as above, with the template in it; nothing, behind a message, when it was not written.
+    std::optional<int> Template_Ablegen(int row, const std::string& identifier) const;
+    /// True, behind a message, when the unit that was asked is gone: another may be speaking.
+    bool Aufgegeben();
+    void Nichts_Erwarten();
     void Verlassen();
 
     F5Zeile asked_;
     std::string template_; ///< decimals, each followed by " : "
     int stand_ = 0;        ///< of the adapters, when the enrolment was asked for
-    bool broken_ = false;  ///< a piece of it lied about its length
+    bool broken_ = false;  ///< a piece of it lied about its length, or its first one did not come
 };
 
 } // namespace qvm
