@@ -20,8 +20,6 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
-#include <vector>
-
 namespace qvm::ui {
 
 F12Window::F12Window(F12& f12, QWidget* main)
@@ -54,11 +52,7 @@ void F12Window::setWords() {
             model.setPictureText(column, picture, toQt(f12_.Bildtext(picture)));
         }
     }
-    std::vector<int> widths;
-    for (int column = 0; column < f12_.FGK12.Columns(); ++column) {
-        widths.push_back(f12_.Breite(column));
-    }
-    grid_->setColumns(std::move(widths));
+    grid_->setColumns(columnWidths(f12_.FGK12, [this](int column) { return f12_.Breite(column); }));
 }
 
 void F12Window::showEvent(QShowEvent* event) {

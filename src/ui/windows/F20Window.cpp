@@ -20,7 +20,6 @@
 #include <QVBoxLayout>
 
 #include <string>
-#include <vector>
 
 namespace qvm::ui {
 
@@ -143,11 +142,7 @@ void F20Window::makeGrid() {
     grid_ = new GridView(f20_.FGK20, this);
     nameWidget(grid_, QStringLiteral("F20.FGK20"));
     grid_->gridModel().setAlignment(UnitColumn::Number, Qt::AlignRight | Qt::AlignVCenter);
-    std::vector<int> widths;
-    for (int column = 0; column < f20_.FGK20.Columns(); ++column) {
-        widths.push_back(F20::Breite(column));
-    }
-    grid_->setColumns(std::move(widths), UnitColumn::Name);
+    grid_->setColumns(columnWidths(f20_.FGK20, F20::Breite), UnitColumn::Name);
     grid_->setBlocks(f20_.Auswahl);
     grid_->onKey = [this](int key) { f20_.FGK20_KeyPress(key); };
     grid_->onMenuKey = [this] { f20_.FGK20_Kontext(); };

@@ -21,7 +21,6 @@
 #include <QVBoxLayout>
 
 #include <functional>
-#include <vector>
 
 namespace qvm::ui {
 namespace {
@@ -140,9 +139,7 @@ void F5Window::makeGrid() {
 
 void F5Window::makeColumns() {
     GridModel& model = grid_->gridModel();
-    std::vector<int> widths;
     for (int column = 0; column < f5_.FGK4.Columns(); ++column) {
-        widths.push_back(F5::Breite(column));
         if (UserGrid::IsLock(column)) {
             model.setAlignment(column, Qt::AlignCenter);
             model.setTip(column, [this, column](int row) { return toQt(f5_.Tip(row, column)); });
@@ -153,7 +150,7 @@ void F5Window::makeColumns() {
     model.setAlignment(UserColumn::Right, Qt::AlignCenter);
     model.setAlignment(UserColumn::Finger, Qt::AlignCenter);
     model.setTip(UserColumn::KeyId, [this](int row) { return toQt(f5_.Tip(row, UserColumn::KeyId)); });
-    grid_->setColumns(std::move(widths));
+    grid_->setColumns(columnWidths(f5_.FGK4, F5::Breite));
 }
 
 void F5Window::makeEditors() {

@@ -7,6 +7,7 @@
 #include <QPersistentModelIndex>
 #include <QTableView>
 
+#include <cstddef>
 #include <functional>
 #include <optional>
 #include <vector>
@@ -164,5 +165,15 @@ private:
     std::optional<QPoint> mouse_;   ///< in the viewport; none outside
     QPersistentModelIndex pressed_; ///< where the mouse button went down
 };
+
+/// What setColumns takes: for each column of the grid what `width` says of it, in twips.
+template <class Width>
+std::vector<int> columnWidths(const Grid& grid, const Width& width) {
+    std::vector<int> twips(static_cast<std::size_t>(grid.Columns()));
+    for (int column = 0; column < grid.Columns(); ++column) {
+        twips[static_cast<std::size_t>(column)] = width(column);
+    }
+    return twips;
+}
 
 } // namespace qvm::ui
