@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <csignal>
 #include <filesystem>
+#include <fstream>
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
 
@@ -159,6 +160,22 @@ TEST_F(Binary_Readers, send_nothing_for_a_user_without_a_name_or_without_the_rig
     EXPECT_EQ(Run({"learn", "ekey", "251"}).Code, 1);
     EXPECT_EQ(Run({"learn", "coin", "2"}).Code, 1);
     EXPECT_EQ(Run({"learn", "finger", "2"}).Code, 2) << "a programming adapter has no such reader";
+}
+
+TEST_F(Binary_Readers, are_not_asked_when_the_table_could_not_be_saved_behind_the_answer) {
+    Start({PresentedKey}, false);
+    const std::string channels = "DAT/RFCHANDIF12.RFX";
+    const std::string before = Locks.Directory.Read(channels);
+    std::fstream users(Locks.Directory.Path() + "DAT/BX10X52WUJ9.UBW", std::ios::in | std::ios::out | std::ios::binary);
+    users << std::string(16, ' '); // the name of the first user: a gap above the second
+    users.close();
+    ASSERT_TRUE(users.good());
+    const RunResult result = Run({"learn", "ekey", "2"});
+    EXPECT_EQ(result.Code, 1);
+    EXPECT_THAT(result.Err, HasSubstr("The user table cannot be saved as it stands; no reader was asked.\n"));
+    EXPECT_EQ(Locks.Directory.Read(channels), before);
+    EXPECT_EQ(Locks.Stop(), "");
+    EXPECT_EQ(Locks.State()["desk"]["presented"].size(), 1U) << "the key still lies there";
 }
 
 TEST_F(Binary_Readers, are_left_at_ctrl_c_while_a_key_is_awaited) {

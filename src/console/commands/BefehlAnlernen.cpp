@@ -1,6 +1,7 @@
 // What the readers of the desk are asked from the command line, through the handlers of the user window.
 
 #include "Befehle.h"
+#include "F5_Speichern.h"
 #include "PersonWindows.h"
 #include "TelegrammeUnit.h"
 #include "Text.h"
@@ -163,6 +164,10 @@ ExitCode Befehl_Anlernen(const Umgebung& world, const Console& console, const Op
     const std::string name = window->Name(UserGrid::RowOf(options.User));
     if (name.empty()) {
         return session.Fehlschlag("User " + std::to_string(options.User) + " has no name in the user table.");
+    }
+    // The reader's answer changes files before the table is saved, so what refuses the save is to be found first.
+    if (!F5_Pruefen(session.program.kern, session.program.Persons->F5.Tabelle)) {
+        return session.Fehlschlag("The user table cannot be saved as it stands; no reader was asked.");
     }
     const TischEnde end = session.Adapter_Suchen() ? Anlernen(session, options) : TischEnde::Cancelled;
     return session.Abschliessen(
