@@ -6,7 +6,7 @@
 namespace qvm::test {
 namespace {
 
-constexpr int NoFinger = 501, StandardFinger = 502;
+constexpr int NoFinger = 501, StandardFinger = 502, PremiumFinger = 503;
 
 /// For sorting: small letters, umlauts without their dots.
 std::string Folded(const std::string& name) {
@@ -129,6 +129,17 @@ void PlainTable::SetFinger(int row, const std::string& finger) {
     });
 }
 
+void PlainTable::ClassFinger(int row, bool premium) {
+    Replace(row, [&](PlainUser& user) {
+        if (user.Finger.empty()) {
+            return;
+        }
+        const std::string digits = user.Finger.starts_with("PR") ? user.Finger.substr(2) : user.Finger;
+        user.Finger = premium ? "PR" + digits : digits;
+        user.Picture = premium ? PremiumFinger : StandardFinger;
+    });
+}
+
 void PlainTable::RemoveFinger(int row) {
     Replace(row, [](PlainUser& user) {
         user.Label.clear();
@@ -171,6 +182,12 @@ void PlainTable::StepMarks(int top, int firstLock, int bottom, int lastLock) {
 void PlainTable::ClearCodes(int top, int bottom) {
     for (int row = top; row <= bottom; ++row) {
         Replace(row, [](PlainUser& user) { user.Code.clear(); });
+    }
+}
+
+void PlainTable::ClearLabels(int top, int bottom) {
+    for (int row = top; row <= bottom; ++row) {
+        Replace(row, [](PlainUser& user) { user.Label.clear(); });
     }
 }
 

@@ -37,6 +37,8 @@ public:
     void SetRight(int row, const std::string& right);
     void SetKey(int row, const std::string& key, const std::string& data);
     void SetFinger(int row, const std::string& finger);
+    /// The class is a prefix of the finger's name; of nobody's finger it is none.
+    void ClassFinger(int row, bool premium);
     /// With its slot and its marks, of which a blank stays, up to lock 194.
     void RemoveFinger(int row);
     /// The first row with this key; 0: none.
@@ -47,6 +49,7 @@ public:
     static bool Named(int lock) { return (lock <= 12 || lock >= 199) && lock % 3 != 0; }
     void StepMarks(int top, int firstLock, int bottom, int lastLock);
     void ClearCodes(int top, int bottom);
+    void ClearLabels(int top, int bottom);
     void ClearKeys(int top, int bottom);
     void ClearMarks(int top, int bottom, int lock);
     /// The users of the rows, and the finger of `menuRow`; then sorts.

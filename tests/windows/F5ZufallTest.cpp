@@ -131,8 +131,31 @@ struct F5_Zufall : LeserFixture {
             return;
         }
         const std::string label = "K" + std::to_string(Below(50));
-        Refused(plain.ConfirmLabel(row, label));
-        Write(row, 5, label, false);
+        const bool away = Below(3) == 0;
+        if (away) {
+            plain.SetLabel(row, label);
+        } else {
+            Refused(plain.ConfirmLabel(row, label));
+        }
+        Write(row, 5, label, away);
+    }
+    /// Escape leaves everything as it was.
+    void TypeInVain() {
+        const int row = Row();
+        const int column = std::array{1, 4}[static_cast<std::size_t>(Below(2))];
+        Go(row, column);
+        Key(qvm::Key::Enter);
+        Window().Editor_Change(column == 1 ? Name() : Code());
+        Window().Editor_KeyPress(qvm::Key::Escape);
+        ASSERT_EQ(Window().OpenColumn, 0);
+        ExpectRow(row);
+    }
+    /// A whole text, as an assistive program brings it, is confirmed like a typed one.
+    void Bring() {
+        const int row = Row();
+        const std::string name = Name();
+        Refused(plain.ConfirmName(row, name));
+        Window().FGK4_Eintragen(row, 1, name);
     }
     void ChooseRight() {
         const int row = Row();
@@ -159,11 +182,35 @@ struct F5_Zufall : LeserFixture {
         Select(row, lock + 7, bottom, last + 7);
         Key(Below(2) == 0 ? qvm::Key::Enter : ' ');
     }
+    void DeleteByMenu(int row, int bottom) {
+        const int column = std::array{1, 4, 5, 7, 8, 9, 11, 206, 207}[static_cast<std::size_t>(Below(9))];
+        Select(row, column, bottom, column);
+        if (column == 1) {
+            Window().MenuRow = bottom;
+            plain.DeleteUsers(row, bottom, bottom);
+        } else if (column == 4) {
+            plain.ClearCodes(row, bottom);
+        } else if (column == 5) {
+            plain.ClearLabels(row, bottom);
+        } else if (column >= 9 && column <= 206) { // two short of the first lock, one of the last
+            plain.ClearMarks(row, bottom, column - 7);
+        }
+        Window().F5_Loeschen_Click();
+    }
     void Delete() {
         const int row = Row();
         const int bottom = std::min(row + Below(3), 251);
-        const int what = Below(4);
-        if (what == 0) {
+        const int what = Below(7);
+        if (what > 4) {
+            DeleteByMenu(row, bottom);
+        } else if (what == 4) {
+            const int column = Below(2) == 0 ? 5 : 7; // of 7 the picture stays
+            if (column == 5) {
+                plain.ClearLabels(row, bottom);
+            }
+            Select(row, column, bottom, column);
+            Key(qvm::Key::Delete);
+        } else if (what == 0) {
             plain.DeleteUsers(row, bottom, bottom);
             Select(row, 1, bottom, 1);
             Key(qvm::Key::Delete);
@@ -201,9 +248,25 @@ struct F5_Zufall : LeserFixture {
         }
         SayKey({9, 8, static_cast<std::uint8_t>(number / 256), static_cast<std::uint8_t>(number % 256)});
     }
+    /// So does a transponder; its ten bytes are 21 to 30.
+    void LearnTransponder() {
+        const int row = Row();
+        const int slot = Below(60);
+        const std::string id = "#" + std::to_string(slot) + "-ID#21:22:23:24:25:26:27:28:29:30";
+        Window().MenuRow = row;
+        Keys().Save_RFID_Click();
+        if (plain.KeyRow(id) != 0) {
+            Expect(200);
+        } else {
+            plain.SetKey(row, id, "7:7:7:7:7:7:7:7:7:7:7:7:7:7:7:7");
+        }
+        SayTransponder(static_cast<std::uint8_t>(slot));
+    }
     /// Somebody in the table, or in one that an undo or redo brings back, has the finger.
     bool Known(const std::string& finger) const {
-        const auto has = [&](const PlainTable& table) { return table.HasFinger(finger); };
+        const auto has = [&](const PlainTable& table) {
+            return table.HasFinger(finger) || table.HasFinger("PR" + finger);
+        };
         return has(plain) || std::any_of(undo.begin(), undo.end(), has) || std::any_of(redo.begin(), redo.end(), has);
     }
     static std::string SlotLabel(int slot) {
@@ -238,14 +301,29 @@ struct F5_Zufall : LeserFixture {
         ExpectText("L46 Fingerscan  ?\r\n\r\nL281\r\n\r\nL282", Answer::Yes);
         Fingers().FS_loeschen_Click();
     }
+    void ClassFinger() {
+        const int row = Row();
+        const bool premium = Below(2) == 0;
+        plain.ClassFinger(row, premium);
+        Go(row, 7);
+        if (premium) {
+            Fingers().F5_FSpremium_Click();
+        } else {
+            Fingers().F5_FSstandard_Click();
+        }
+    }
     void Learn() {
-        const int what = Below(6);
+        const int what = Below(10);
         if (what < 3) {
             LearnKey();
         } else if (what < 5) {
             LearnFinger();
-        } else {
+        } else if (what < 6) {
             RemoveFinger();
+        } else if (what < 8) {
+            ClassFinger();
+        } else {
+            LearnTransponder();
         }
         world.Written.clear();
     }
@@ -267,7 +345,7 @@ struct F5_Zufall : LeserFixture {
             return;
         }
         if (holder != 0) {
-            Expect(73);
+            Expect(cut->Key.starts_with('#') ? 200 : 73);
         }
         Keys().key_einfuegen_Click();
         if (holder == 0) {
@@ -302,17 +380,21 @@ struct F5_Zufall : LeserFixture {
             Window().F5_Redo_Click();
             return false;
         }
-        if (what < 300) {
+        if (what < 260) {
             TypeName();
-        } else if (what < 420) {
+        } else if (what < 300) {
+            Bring();
+        } else if (what < 400) {
             TypeCode();
+        } else if (what < 420) {
+            TypeInVain();
         } else if (what < 500) {
             TypeLabel();
         } else if (what < 560) {
             ChooseRight();
-        } else if (what < 820) {
+        } else if (what < 790) {
             Mark();
-        } else if (what < 900) {
+        } else if (what < 880) {
             Delete();
         } else if (what < 950) {
             Learn();
@@ -362,8 +444,8 @@ struct F5_Zufall : LeserFixture {
     }
 };
 
-TEST_F(F5_Zufall, six_thousand_actions_do_what_the_plain_rules_say) {
-    for (int n = 0; n < 6000 && !HasFatalFailure(); ++n) {
+TEST_F(F5_Zufall, ten_thousand_actions_do_what_the_plain_rules_say) {
+    for (int n = 0; n < 10000 && !HasFatalFailure(); ++n) {
         Step();
         world.Shown.clear();
     }
