@@ -9,15 +9,24 @@
 
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QScreen>
 #include <QTextCharFormat>
 #include <QToolButton>
 
+#include <algorithm>
+
 namespace qvm::ui {
 namespace {
 
+constexpr int BarHeight = 2, BarGap = 1, MostBars = 2;
+
 QDate toDate(const Datum& day) {
     return {day.Year, day.Month, day.Day};
+}
+
+Datum toDay(QDate date) {
+    return {.Year = date.year(), .Month = date.month(), .Day = date.day()};
 }
 
 } // namespace
@@ -37,7 +46,7 @@ MonthView::MonthView(const QString& name, QWidget* parent) : QCalendarWidget(par
     dress();
     const auto pick = [this](const QDate& date) {
         if (onPick) {
-            onPick({.Year = date.year(), .Month = date.month(), .Day = date.day()});
+            onPick(toDay(date));
         }
     };
     connect(this, &QCalendarWidget::clicked, this, pick);
@@ -105,8 +114,7 @@ void MonthView::setDay(const Datum& day) {
 }
 
 Datum MonthView::day() const {
-    const QDate date = selectedDate();
-    return {.Year = date.year(), .Month = date.month(), .Day = date.day()};
+    return toDay(selectedDate());
 }
 
 void MonthView::setFirstDay(const Datum& day) {
@@ -149,6 +157,18 @@ void MonthView::hideEvent(QHideEvent* event) {
         tellPopup(this, false);
     }
     QCalendarWidget::hideEvent(event);
+}
+
+void MonthView::paintCell(QPainter* painter, const QRect& rect, QDate date) const {
+    QCalendarWidget::paintCell(painter, rect, date);
+    const int entries = entriesOf ? entriesOf(toDay(date)) : 0;
+    const bool chosen = date == selectedDate();
+    const QColor ink = palette().color(chosen ? QPalette::HighlightedText : QPalette::Text);
+    for (int bar = 0; bar < std::min(entries, MostBars); ++bar) {
+        const int bottom = rect.bottom() - BarGap - bar * (BarHeight + BarGap);
+        painter->fillRect(QRect(rect.left() + rect.width() / 4, bottom - BarHeight + 1, rect.width() / 2, BarHeight),
+                          ink);
+    }
 }
 
 void MonthView::keyPressEvent(QKeyEvent* event) {

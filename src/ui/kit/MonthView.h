@@ -29,12 +29,15 @@ public:
     void popUpUnder(QWidget* widget);
 
     std::function<void(const Datum& day)> onPick; ///< a click on a day, or Return
+    /// How many entries a day has: a bar below its number for one, two bars for more.
+    std::function<int(const Datum& day)> entriesOf;
 
 protected:
     void changeEvent(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void paintCell(QPainter* painter, const QRect& rect, QDate date) const override;
 
 private:
     void dress();

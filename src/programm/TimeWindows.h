@@ -1,0 +1,17 @@
+#pragma once
+
+#include "HolidayCalendar.h"
+#include "Programm.h"
+
+namespace qvm {
+
+/// The windows where times are set.
+struct TimeWindows {
+    explicit TimeWindows(Programm& whole) : programm(whole) {}
+
+    Programm& programm;
+    HolidayCalendar F3{programm.kern, SingleCalendarTraits};
+    HolidayCalendar F10{programm.kern, PermanentCalendarTraits};
+};
+
+} // namespace qvm

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "HolidayWindow.h"
+#include "TimeWindows.h"
+
+namespace qvm::ui {
+
+struct TimeViews {
+    TimeViews(TimeWindows& models, QWidget* mainWindow) : windows(models), main(mainWindow) {}
+
+    TimeWindows& windows;
+    QWidget* main;
+    HolidayWindow f3{windows.F3, main};
+    HolidayWindow f10{windows.F10, main};
+};
+
+} // namespace qvm::ui
