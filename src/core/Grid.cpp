@@ -20,6 +20,10 @@ void Ersetzen(Part& part, const Part& value) {
 
 /// The new text may be a piece of the old one, which is not to be left in memory.
 void Ersetzen(std::string& part, std::string_view value) {
+    if (part.empty()) {
+        part = value;
+        return;
+    }
     std::string old(value);
     part.swap(old);
     Vergessen(old);
@@ -60,7 +64,9 @@ void Grid::Set(int row, int column, const Cell& cell) {
     if (Changing) {
         Changing(row, column, own);
     }
-    Ersetzen(own.Text, cell.Text);
+    if (!own.Text.empty()) {
+        Vergessen(own.Text);
+    }
     own = cell;
     if (CellChanged) {
         CellChanged(row, column);

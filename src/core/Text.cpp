@@ -133,6 +133,9 @@ std::string_view RTrim(std::string_view text) {
 }
 
 std::string_view Trim(std::string_view text) {
+    if (!text.empty() && text.front() != ' ' && text.back() != ' ') {
+        return text; // as most are
+    }
     return LTrim(RTrim(text));
 }
 

@@ -60,8 +60,8 @@ struct Link {
     /// Code of the last addressed telegram, until its reply, a refusal, a telegram to the adapter itself or the end of
     /// a run; 0: no device owes an answer.
     std::uint8_t AnswerDue = 0;
-    /// Code of a telegram to a reader of the desk whose answer nobody waits for any more, though it may still come; 0:
-    /// none.
+    /// Code of a telegram to a reader of the desk, or of a login, whose answer nobody waits for any more, though it may
+    /// still come; 0: none.
     std::uint8_t AnswerWithdrawn = 0;
     /// The frame that set ReplySeen, as RxFrame gave it then. Bytes behind it in the same event do not touch it.
     std::vector<std::uint8_t> Reply;

@@ -121,6 +121,25 @@ bool Units_Speichern(const Kern& kern, int lock, const UnitSettings& settings, c
     return Satz_Schreiben(kern.Welt.Files, kern.DatPfad(), WirelessUnitRecord::Record, lock, Unit_Satz(record));
 }
 
+bool Unit_Kanal_Merken(const Kern& kern, int lock, std::string_view serial, int channel) {
+    constexpr std::array unitNo{WirelessUnitRecord::UnitNo1, WirelessUnitRecord::UnitNo2, WirelessUnitRecord::UnitNo3,
+                                WirelessUnitRecord::UnitNo4, WirelessUnitRecord::UnitNo5};
+    RecordFile file(WirelessUnitRecord::Record);
+    if (!Ist_Schloss(lock) || file.Laden(kern.Welt.Files, kern.DatPfad()) == ReadStatus::Error) {
+        return false;
+    }
+    const std::string before = file.Record(lock);
+    const UnitRecord units = Unit_Lesen(before);
+    std::string record = before;
+    for (std::size_t n = 0; n < unitNo.size(); ++n) {
+        if (Sn_Verbinden(units.Units[n].Sn) == serial) {
+            Feld_Schreiben(record, unitNo[n], Ziffern(channel));
+        }
+    }
+    return record == before ||
+           Satz_Schreiben(kern.Welt.Files, kern.DatPfad(), WirelessUnitRecord::Record, lock, record);
+}
+
 bool Unit_Name_Frei(const Grid& FGK20, int row, std::string_view name) {
     for (int other = FirstRow; other <= LastRow; ++other) {
         if (!name.empty() && other != row && FGK20.Text(other, UnitColumn::Name) == name) {

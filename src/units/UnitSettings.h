@@ -33,6 +33,8 @@ struct UnitSettings {
     bool SignalChecked = false;   ///< Check2
     bool TimeControls = false;    ///< Combo2, Combo3, Combo4, Check1 and Label2 are on
     bool SignalControls = true;   ///< Frame1, Check2, Combo5 and Label3 are on
+
+    bool operator==(const UnitSettings&) const = default;
 };
 
 /// Loads the record of a lock (1 to 200) into the settings and rows 1 to 5 of the grid. A missing file is a blank
@@ -49,6 +51,10 @@ bool Units_Zeit_Gueltig(const UnitSettings& settings);
 /// Writes the record of the lock (1 to 200) in place, units from the grid's rows as they stand. False, with nothing
 /// written, when the time is not valid, the lock does not exist, or on a file error.
 bool Units_Speichern(const Kern& kern, int lock, const UnitSettings& settings, const Grid& FGK20);
+
+/// Where the record of the lock (1 to 200) has a unit with this serial number, as shown, its channel becomes `channel`.
+/// Touches nothing else. False on a file error; true also where there is no such unit.
+bool Unit_Kanal_Merken(const Kern& kern, int lock, std::string_view serial, int channel);
 
 /// False when another row has that name already. An empty name is always free; serials may be equal.
 bool Unit_Name_Frei(const Grid& FGK20, int row, std::string_view name);

@@ -76,6 +76,37 @@ TEST_F(Antwort_Verteilen_Refusal, no_contact_goes_to_the_search_the_unit_or_the_
     EXPECT_EQ(link.TargetChannel, 2);
 }
 
+TEST_F(Antwort_Verteilen_Refusal, of_a_units_login_ends_it_but_for_no_contact_with_channels_left) {
+    link.Lauf.Chain.LaufZiel = "F20";
+    for (const int reason : {0x65, 0x66, 0x67, 0x6A}) {
+        Refuse(static_cast<std::uint8_t>(reason));
+        EXPECT_EQ(Step, Schritt_Unit_Login_Abgelehnt) << reason;
+    }
+    for (const int reason : {0x68, 0x69, 0x00, 0x6B}) {
+        Refuse(static_cast<std::uint8_t>(reason));
+        EXPECT_EQ(Step, Ohne_Wirkung) << reason;
+    }
+    link.Lauf.Chain.KanalIndex = 11;
+    Refuse(0x64);
+    EXPECT_EQ(Step, Schritt_Kanal_Weiter);
+    Refuse(0x64);
+    EXPECT_EQ(Step, Schritt_Unit_Login_Abgelehnt);
+}
+
+TEST_F(Antwort_Verteilen_Refusal, of_a_units_session_ends_it_for_any_reason_that_means_something) {
+    link.Lauf.Chain.LaufZiel = "F22";
+    for (const int reason : {0x64, 0x65, 0x66, 0x67, 0x6A}) {
+        Refuse(static_cast<std::uint8_t>(reason));
+        EXPECT_EQ(Step, Schritt_Unit_Code_Abgelehnt) << reason;
+    }
+    for (const int reason : {0x00, 0x63, 0x68, 0x69, 0x6B, 0xFF}) {
+        link.AnswerDue = 0x28;
+        Refuse(static_cast<std::uint8_t>(reason));
+        EXPECT_EQ(Step, Ohne_Wirkung) << reason;
+        EXPECT_EQ(link.AnswerDue, 0x28) << reason;
+    }
+}
+
 TEST_F(Antwort_Verteilen_Refusal, reasons_65_66_and_6a_have_their_own_ends) {
     Refuse(0x65);
     EXPECT_EQ(Step, Schritt_Abgelehnt);

@@ -790,13 +790,31 @@ TEST_F(Antwort_Verteilen_Reply, without_a_run_a_late_reply_of_the_chain_does_not
     }
     Reply(0x4B);
     EXPECT_EQ(Step, nullptr);
-    link.Lauf.Chain.SuchMarke = 0xAD;
-    Reply(0x4B);
-    EXPECT_EQ(Step, Zum_Fenster<&WindowHooks::Unit_Gefunden>);
-    link.Lauf.Chain.SuchMarke = 0;
     link.Lauf.Chain.CodeChangePending = 0xFF;
     ReplyStatus(0x04, 4);
     EXPECT_EQ(link.Lauf.Chain.CodeChangePending, 0);
+}
+
+TEST_F(Antwort_Verteilen_Reply, in_a_scan_only_what_was_asked_for_counts_and_only_once) {
+    link.Lauf.Chain.Phase = RunPhase::None;
+    link.Lauf.Chain.LaufZiel = "F20";
+    for (const int asked : {0x4B, 0x04}) {
+        link.Lauf.Chain.SuchMarke = asked == 0x4B ? 0xAD : 0;
+        link.Lauf.Chain.SuchLauf = asked == 0x04 ? 1 : 0;
+        for (const int code : {0x03, 0x04, 0x05, 0x07, 0x12, 0x17, 0x27, 0x28, 0x29, 0x48, 0x4B}) {
+            link.AnswerDue = static_cast<std::uint8_t>(asked);
+            ReplyStatus(static_cast<std::uint8_t>(code), 4);
+            EXPECT_EQ(Step != nullptr, code == asked) << asked << " " << code;
+            EXPECT_THAT(Sent(), IsEmpty()) << code;
+        }
+        link.AnswerDue = static_cast<std::uint8_t>(asked);
+        Reply(0x69, {0x64});
+        EXPECT_NE(Step, nullptr);
+        Reply(0x69, {0x64});
+        EXPECT_EQ(Step, nullptr);
+        ReplyStatus(static_cast<std::uint8_t>(asked), 4);
+        EXPECT_EQ(Step, nullptr);
+    }
 }
 
 TEST_F(Antwort_Verteilen_Reply, a_lock_whose_events_could_not_be_kept_is_not_erased) {

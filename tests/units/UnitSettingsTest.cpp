@@ -253,6 +253,44 @@ TEST_F(Units_Speichern, what_was_saved_loads_again) {
     EXPECT_EQ(grid.Text(1, 4), "7");
 }
 
+struct Unit_Kanal_Merken : test::UnitWorld {
+    /// Lock 2: units 1 and 5 with the same serial number, unit 2 with another; around it other locks.
+    std::string Table(const std::string& first, const std::string& fifth) {
+        const std::string serial = "01 60 00 05 ";
+        return std::string(241, 'a') + "1x9AAABBCCDD1130" + ("Tor" + Blanks(27) + serial + "1" + first) +
+               ("Hof" + Blanks(27) + "00 00 20 01 " + "2" + "9 ") + Blanks(90) + (Blanks(30) + serial + "1" + fifth) +
+               std::string(241, 'c') + "behind";
+    }
+};
+
+TEST_F(Unit_Kanal_Merken, changes_the_channel_of_that_serial_number_and_no_other_byte) {
+    File(UnitFile) = Table("  ", "12");
+    EXPECT_TRUE(qvm::Unit_Kanal_Merken(kern, 2, "01.60.00.05", 7));
+    EXPECT_EQ(File(UnitFile), Table("7 ", "7 "));
+    EXPECT_TRUE(qvm::Unit_Kanal_Merken(kern, 2, "01.60.00.05", 12));
+    EXPECT_EQ(File(UnitFile), Table("12", "12"));
+}
+
+TEST_F(Unit_Kanal_Merken, writes_nothing_where_there_is_no_such_unit) {
+    EXPECT_TRUE(qvm::Unit_Kanal_Merken(kern, 2, "01.60.00.05", 7));
+    EXPECT_FALSE(Has(UnitFile));
+    File(UnitFile) = Table("1 ", "1 ").substr(0, 300);
+    EXPECT_TRUE(qvm::Unit_Kanal_Merken(kern, 2, "00.00.20.01", 7)) << "cut off before it";
+    EXPECT_EQ(File(UnitFile), Table("1 ", "1 ").substr(0, 300));
+    EXPECT_FALSE(qvm::Unit_Kanal_Merken(kern, 0, "01.60.00.05", 7));
+    EXPECT_FALSE(qvm::Unit_Kanal_Merken(kern, 201, "01.60.00.05", 7));
+}
+
+TEST_F(Unit_Kanal_Merken, leaves_the_file_where_the_disk_refuses) {
+    File(UnitFile) = Table("1 ", "1 ");
+    for (int operation = 1; operation <= 2; ++operation) {
+        Welt.Disk.FailAt = Welt.Disk.Operations + operation;
+        Welt.Disk.FailFromThere = true;
+        EXPECT_FALSE(qvm::Unit_Kanal_Merken(kern, 2, "01.60.00.05", 7)) << operation;
+        EXPECT_EQ(File(UnitFile), Table("1 ", "1 ")) << operation;
+    }
+}
+
 TEST_F(Units_Speichern, refuses_a_time_window_of_no_length) {
     settings.UnitMode = "3";
     settings.AlwaysOn = "0";

@@ -332,6 +332,27 @@ TEST_F(F11_Adapter, of_the_network_needs_six_characters_too) {
     EXPECT_EQ(Dialog().Stellen(), 0);
 }
 
+TEST_F(F11_Adapter, hands_a_scan_its_port_and_code_and_one_of_the_network_is_refused) {
+    OpenAdapters();
+    Network = true;
+    std::vector<RunOrder> scans;
+    Dialog().Suche_Beauftragt = [&scans](const RunOrder& order) { scans.push_back(order); };
+    Dialog().F11_Laden(F11Opener::F20, "/1/2/3/4");
+    Expect(195);
+    Ok();
+    EXPECT_THAT(scans, IsEmpty());
+    EXPECT_TRUE(Dialog().Fenster.Visible);
+    Network = false;
+    Dialog().OK_Click();
+    ASSERT_EQ(scans.size(), 1U);
+    EXPECT_EQ(scans[0].AdminCode, (AdminCodeBytes{0x12, 0x34, 0x56}));
+    EXPECT_EQ(world.PortNumber, 7);
+    EXPECT_FALSE(Dialog().Fenster.Visible);
+    EXPECT_EQ(Dialog().Stellen(), 0);
+    EXPECT_THAT(Calls, IsEmpty()) << "no run begins";
+    EXPECT_THAT(world.Written, IsEmpty());
+}
+
 // ---- list route
 
 struct F11_Liste : F11_OK {
@@ -401,11 +422,17 @@ TEST_F(F11_OK, cancel_clears_the_entry_and_gives_the_grid_back) {
 
 TEST_F(F11_OK, cancel_returns_to_whichever_window_opened_it) {
     Open();
-    int returned = 0;
-    Dialog().Zurueck = [&returned] { ++returned; };
-    Dialog().F11_Laden(F11Opener::F20, "");
+    int grid = 0, others = 0;
+    Dialog().Zurueck = [&grid] { ++grid; };
+    Dialog().Suche_Verworfen = [&others] { ++others; };
     Dialog().Cancel_Click();
-    EXPECT_EQ(returned, 1);
+    EXPECT_EQ(grid * 10 + others, 10);
+    for (const F11Opener opener : {F11Opener::F12, F11Opener::F20}) {
+        others = 0;
+        Dialog().F11_Laden(opener, "");
+        Dialog().Cancel_Click();
+        EXPECT_EQ(grid * 10 + others, 11);
+    }
 }
 
 } // namespace

@@ -17,6 +17,8 @@ std::string Filled(std::string text, std::size_t width, char pad = ' ') {
 }
 
 struct F12_Zufall : F12Fixture {
+    static constexpr std::size_t UnitBytes = 241, ChannelBytes = 15;
+    std::string channels, units; ///< the two files that are written at once, as they must be
     std::mt19937 dice{20261122};
     const std::array<std::string, 2> groupNames{"Nachts", "Sonntags zu"};
     const std::array<std::string, 2> offsetNames{"Abends", "Morgens"};
@@ -27,8 +29,16 @@ struct F12_Zufall : F12Fixture {
         AddOffset(1, offsetNames[0]);
         AddOffset(4, offsetNames[1]);
         files.Put("COMSETUPADAPTER.ADP", 65, 1, 0, 36, "/1/2/3/4        PROGSTATION-1       ");
+        for (int n = 0; n < 250; ++n) {
+            channels += Of({"1  ", "7  ", "12 ", "   "}) + Of({"1  ", "5  "}) + Of({"1  ", "9  "}) +
+                        Of({"0  ", "1  "}) + Of({"0  ", "1  ", "   "});
+        }
+        File(Channels) = channels;
+        units = std::string(std::size_t{200} * UnitBytes, ' ');
+        File(Units) = units;
         Open();
     }
+    std::string Of(const std::vector<std::string>& texts) { return texts[Below(texts.size())]; }
     std::size_t Below(std::size_t n) { return dice() % n; }
     std::string Digits(std::size_t count) {
         std::string text;
@@ -94,18 +104,93 @@ struct F12_Zufall : F12Fixture {
         ASSERT_EQ(File(Bindings), groups);
         ASSERT_EQ(File(LockAdapters), adapters);
         ASSERT_EQ(File(Doors), doors);
+        ASSERT_EQ(File(Channels), channels);
+        ASSERT_EQ(File(Units), units);
     }
     using Look = std::vector<std::pair<std::string, int>>;
-    /// Texts and pictures.
+    /// Texts and pictures; without column 11, which shows what stands on the disk.
     Look Whole() {
         Look all;
-        all.reserve(200 * 18);
+        all.reserve(200 * 17);
         for (int row = 1; row <= 200; ++row) {
-            for (int column = 1; column <= 18; ++column) {
-                all.emplace_back(Text(row, column), Picture(row, column));
+            for (int column = 1; column <= 18; column += column == 10 ? 2 : 1) {
+                // Behind a deletion no group is empty until it is loaded.
+                const bool noGroup = column == 12 && Text(row, column).empty();
+                all.emplace_back(noGroup ? "-" : Text(row, column), Picture(row, column));
             }
         }
         return all;
+    }
+    /// Types a serial number, behind which the lock's channel is open.
+    void NumberAnew(int lock) {
+        EnterSerial(lock, Digits(8));
+        channels.replace(static_cast<std::size_t>(lock - 1) * ChannelBytes + 9, 3, "1  ");
+    }
+    void Clear(int lock) {
+        Go(lock, 1);
+        Window().F12_delete_Click();
+        units.replace(static_cast<std::size_t>(lock - 1) * UnitBytes, UnitBytes, Filled(" 99", UnitBytes));
+    }
+    /// One unit in a row of the open unit window: what its place in the record becomes.
+    std::string FillUnit(int row) {
+        struct F20& window = programm->Locks->F20;
+        const bool module1 = Below(2) == 0;
+        const std::string name = Below(4) == 0 ? "" : "U" + std::to_string(row) + std::string(Below(28), 'n');
+        const std::string tail = "0" + Digits(1) + Digits(1) + "1";
+        window.FGK20_Eintragen(row, 1, name);
+        window.FGK20_Eintragen(row, 2, (module1 ? "0160" : "0010") + tail);
+        const std::string number = std::to_string(1 + Below(12));
+        window.FGK20.SetText(row, 4, number);
+        return Filled(name, 30) + (module1 ? "01 60 " : "00 10 ") + tail.substr(0, 2) + " " + tail.substr(2) + " " +
+               (module1 ? "1" : "2") + Filled(number, 2);
+    }
+    std::string UnitTexts() {
+        std::string texts;
+        for (int row = 1; row <= 5; ++row) {
+            for (int column = 1; column <= 4; ++column) {
+                texts += programm->Locks->F20.FGK20.Text(row, column) + "|";
+            }
+        }
+        return texts;
+    }
+    /// Sets the units of a lock in their window and accepts.
+    void SetUnits(int lock) {
+        struct F20& window = programm->Locks->F20;
+        const bool time = Below(2) == 0, always = Below(2) == 0, flag = Below(2) == 0;
+        const int hours = static_cast<int>(Below(18)), minutes = static_cast<int>(Below(60));
+        const int seconds = 1 + static_cast<int>(Below(59));
+        const std::size_t level = Below(5);
+        Go(lock, 2);
+        Window().SNA_Function_Click();
+        window.Combo1_Click(1);
+        window.Check1_Click(false);
+        window.Combo2_Click(hours);
+        window.Combo3_Click(minutes);
+        window.Combo4_Click(seconds);
+        if (always) {
+            window.Check1_Click(true);
+        }
+        window.Combo1_Click(0);
+        window.Combo5_Click(static_cast<int>(level));
+        window.Check2_Click(flag);
+        window.Combo1_Click(time ? 1 : 0);
+        constexpr std::array<const char*, 5> levels{"090", "130", "170", "210", "255"};
+        std::string record = std::string(time ? "3" : "2") + (always ? "1" : "0") + "000 ";
+        for (const int part : {hours, minutes, seconds}) {
+            record += Filled(std::to_string(part), 2);
+        }
+        record += std::string(flag ? "1" : "0") + levels[level];
+        for (int row = 1; row <= 5; ++row) {
+            record += FillUnit(row);
+        }
+        units.replace(static_cast<std::size_t>(lock - 1) * UnitBytes, UnitBytes, record);
+        const std::string typed = UnitTexts();
+        window.Command2_Click();
+        Go(lock, 2);
+        Window().SNA_Function_Click();
+        ASSERT_EQ(UnitTexts(), typed);
+        ASSERT_EQ(window.Combo1.Selected(), time ? 1 : 0);
+        window.Command1_Click();
     }
     void SaveAndLoad(int tables) {
         for (int row = 1; row <= 200; ++row) {
@@ -115,12 +200,23 @@ struct F12_Zufall : F12Fixture {
             for (std::size_t n = 1 + Below(12); n > 0; --n) {
                 FillRow(1 + static_cast<int>(Below(200)));
             }
+            NumberAnew(1 + static_cast<int>(Below(200)));
+            if (Below(4) == 0) {
+                ASSERT_NO_FATAL_FAILURE(SetUnits(1 + static_cast<int>(Below(200)))) << table;
+            }
+            if (Below(8) == 0) {
+                Clear(1 + static_cast<int>(Below(200)));
+            }
             Window().Tabelle.LockDirty = true;
             Press("Speichern");
             ASSERT_NO_FATAL_FAILURE(ExpectFiles()) << table;
             const Look grid = Whole();
             Window().F12_FormLaden();
             ASSERT_TRUE(Whole() == grid) << table;
+            for (int row = 1; row <= 200; ++row) {
+                const char mode = units[static_cast<std::size_t>(row - 1) * UnitBytes];
+                ASSERT_EQ(Text(row, 11), mode == ' ' || Text(row, 2).empty() ? " - " : "L15") << table << "/" << row;
+            }
         }
     }
 };

@@ -2,7 +2,7 @@
 
 #include "F17.h"
 
-#include "AntwortRahmen.h"
+#include "F17Hand.h"
 #include "FensterFixture.h"
 #include "SeriellesProtokoll.h"
 #include "Text.h"
@@ -18,7 +18,7 @@ constexpr std::string_view Unconfirmed =
     u8"Die Änderung des Codes wurde nicht bestätigt. Bitte prüfen Sie, ob der alte oder der neue "
     u8"Code gilt, bevor Sie ihn noch einmal ändern."_w;
 
-struct F17_Code : FensterFixture {
+struct F17_Code : F17Hand<FensterFixture> {
     std::size_t Before = 0;
 
     F17_Code() {
@@ -29,31 +29,14 @@ struct F17_Code : FensterFixture {
         Click(1, F13Column::Code);
         Before = world.Written.size();
     }
-    F17& Dialog() { return programm->Transfer->F17; }
-    F18& Box() { return programm->Transfer->F18; }
     void Old(std::string_view keys) { Keys(&F17::Text1_KeyPress, keys); }
     void New(std::string_view keys) { Keys(&F17::Text2_KeyPress, keys); }
     void Again(std::string_view keys) { Keys(&F17::Text3_KeyPress, keys); }
-    void Keys(void (F17::*box)(int), std::string_view keys) {
-        for (const char key : keys) {
-            (Dialog().*box)(static_cast<unsigned char>(key));
-        }
-    }
     void Change(std::string_view oldCode, std::string_view newCode, std::string_view again) {
         Old(oldCode);
         New(newCode);
         Again(again);
         Dialog().Command1_Click();
-    }
-    void Say(std::uint8_t code, std::uint8_t status) {
-        std::vector<std::uint8_t> payload(12);
-        payload[11] = status;
-        world.Deliver(ReplyWire(code, 0x0D, payload));
-        world.RunFor(1);
-    }
-    void Refuse(std::uint8_t reason) {
-        world.Deliver(ReplyWire(0x69, 0x0D, {reason}));
-        world.RunFor(1);
     }
     SentBytes Sent() const {
         return {world.Written.begin() + static_cast<std::ptrdiff_t>(Before), world.Written.end()};
@@ -198,6 +181,16 @@ TEST_F(F17_Code, OK_and_keys_do_nothing_while_the_login_is_awaited) {
     EXPECT_EQ(Sent(), Login);
     EXPECT_EQ(Dialog().Text1.Text(), "******");
     EXPECT_FALSE(Dialog().Command1.Enabled);
+}
+
+TEST_F(F17_Code, no_reply_but_that_of_the_login_leads_on_while_it_is_awaited) {
+    Change("104212", "100000", "100000");
+    for (const int code : {0x03, 0x05, 0x07, 0x09, 0x12, 0x15, 0x27, 0x28, 0x29, 0x3D, 0x49}) {
+        Say(static_cast<std::uint8_t>(code), 4);
+        EXPECT_EQ(Sent(), Login) << code;
+    }
+    Say(0x04, 4);
+    EXPECT_NE(LastChange(), SentBytes{});
 }
 
 TEST_F(F17_Code, a_device_that_does_not_answer_is_given_up_after_36_seconds_and_nothing_is_sent) {
@@ -433,37 +426,29 @@ TEST_F(F17_Code, of_a_change_no_secret_is_left_once_it_was_answered) {
     EXPECT_TRUE(programm->link.TxWire.empty());
 }
 
+TEST_F(F17_Code, of_a_change_that_nobody_answered_leaves_a_scan_its_code) {
+    Change("104212", "100000", "100000");
+    Say(0x04, 4);
+    world.RunFor(30000);
+    ChannelScan& scan = programm->Locks->Scan;
+    RunOrder order;
+    order.AdminCode = AdminCodeBytes{0x12, 0x34, 0x56};
+    ASSERT_TRUE(Kanaele_Absuchen(scan, ScanWay::Logins, order, ""));
+    world.Answers.push_back({.Text = std::string(Unconfirmed)});
+    world.RunFor(10000);
+    EXPECT_EQ(world.Shown.size(), 1U);
+    EXPECT_TRUE(scan.Laeuft);
+    EXPECT_EQ(Lauf().Order.AdminCode, order.AdminCode);
+    Absuchen_Abbrechen(scan);
+    EXPECT_EQ(Lauf().Order.AdminCode, Secret<3>{});
+}
+
 TEST_F(F17_Code, of_a_check_that_failed_no_secret_is_left) {
     Change("104212", "10000", "10000");
     Expect(141);
     Say(0x04, 4);
     EXPECT_EQ(Lauf().Order.AdminCode, Secret<3>{});
     EXPECT_TRUE(programm->link.TxWire.empty());
-}
-
-TEST_F(F17_Code, opened_from_the_units_goes_back_to_them_and_leaves_the_session_to_go_on) {
-    int units = 0;
-    Dialog().Zu_F20 = [&units] { ++units; };
-    Lauf().Chain.LaufZiel = "F20";
-    Change("104212", "100000", "100000");
-    Say(0x04, 4);
-    EXPECT_EQ(units, 1);
-    EXPECT_EQ(Lauf().Chain.LaufZiel, "F22");
-    EXPECT_FALSE(programm->Transfer->F13.Fenster.Enabled);
-    Say(0x12, 4);
-    EXPECT_EQ(SentCodes().back(), 0x28) << "the channel change follows";
-    world.RunFor(60000);
-    EXPECT_TRUE(world.Shown.empty()) << "and the change is no open one";
-}
-
-TEST_F(F17_Code, cancelled_from_the_units_forgets_them_and_goes_back) {
-    int units = 0;
-    Dialog().Zu_F20 = [&units] { ++units; };
-    Lauf().Chain.LaufZiel = "F20";
-    Dialog().Command2_Click();
-    EXPECT_EQ(units, 1);
-    EXPECT_EQ(Lauf().Chain.LaufZiel, "");
-    EXPECT_FALSE(programm->Transfer->F13.Fenster.Enabled);
 }
 
 TEST_F(F17_Code, another_language_reaches_the_open_window) {

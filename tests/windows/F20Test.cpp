@@ -255,6 +255,18 @@ TEST_F(F20_Fenster, the_class_of_a_unit_goes_by_its_serial_and_others_are_refuse
     }
 }
 
+TEST_F(F20_Fenster, a_serial_has_no_more_than_eight_digits) {
+    ASSERT_TRUE(Opened());
+    Place(4, 2);
+    Units20().FGK20_KeyPress(qvm::Key::Enter);
+    for (std::size_t box = 0; box < 4; ++box) {
+        Units20().Serie_Change(box, box == 3 ? "019" : "00");
+    }
+    EXPECT_EQ(Units20().Serie.Boxes[3].Text(), "01");
+    Units20().Serie_KeyPress(3, qvm::Key::Enter);
+    EXPECT_EQ(UnitRow(4), "|00.00.00.01|2|");
+}
+
 TEST_F(F20_Fenster, a_serial_left_with_nothing_typed_or_cancelled_stays) {
     ASSERT_TRUE(Opened());
     Place(1, 2);
@@ -290,6 +302,27 @@ TEST_F(F20_Fenster, asks_once_whether_the_code_of_a_new_unit_is_to_be_set) {
     EXPECT_EQ(opened.size(), 1U);
     UnitSerial(2, "00002001"); // of class 2: nothing is asked
     world.RunFor(2000);
+}
+
+TEST_F(F20_Fenster, the_question_for_the_code_waits_for_a_window_in_front_and_is_for_that_unit_only) {
+    std::vector<std::string> opened;
+    Units20().Code_Aendern = [&](std::string_view serial, int) { opened.emplace_back(serial); };
+    ASSERT_TRUE(Opened());
+    UnitSerial(2, "01600009");
+    Units20().Fenster.Enabled = false;
+    world.RunFor(5000);
+    EXPECT_TRUE(world.Shown.empty());
+    Units20().F20_Freigeben();
+    Expect(202, Answer::Yes);
+    world.RunFor(500);
+    EXPECT_THAT(opened, ElementsAre("01.60.00.09"));
+    Units20().F20_Freigeben();
+    UnitSerial(4, "0160000A");
+    Units20().F20_Undo_Click();
+    ASSERT_EQ(UnitRow(4), "|||");
+    Units20().FGK20.SetText(4, UnitColumn::Serial, "01.60.00.0B");
+    world.RunFor(5000);
+    EXPECT_EQ(world.Shown.size(), 1U) << "another one stands there now";
 }
 
 TEST_F(F20_Fenster, the_code_of_a_unit_goes_to_the_channel_on_which_it_listens) {
@@ -350,7 +383,63 @@ TEST_F(F20_Fenster, hands_a_row_to_the_scan_and_takes_what_it_found) {
     EXPECT_TRUE(Units20().Unit_Uebernehmen(2, "00.00.30.01", "5"));
     EXPECT_EQ(UnitRow(2), "|00.00.30.01|2|5");
     ExpectWrong();
-    EXPECT_FALSE(Units20().Unit_Uebernehmen(2, "0C.00.00.01", "5"));
+    EXPECT_FALSE(Units20().Unit_Uebernehmen(2, "0C.00.00.01", "6"));
+    EXPECT_EQ(UnitRow(2), "|00.00.30.01|0|5") << "only its class says that it was refused";
+}
+
+TEST_F(F20_Fenster, does_nothing_during_a_scan_but_end_it) {
+    int ended = 0, scans = 0;
+    Units20().Suche_Abbrechen = [&] { ++ended; };
+    Units20().Keypad_Suchen = Units20().Readunit_Suchen = [&](int) { ++scans; };
+    ASSERT_TRUE(Opened());
+    Place(1, 2);
+    Units20().Hinweis.Text = std::string("old");
+    Units20().Suche_Zeigen(5, "so far");
+    EXPECT_TRUE(Units20().F20Prg01.Visible());
+    EXPECT_EQ(Units20().F20Prg01.Value(), 5);
+    EXPECT_EQ(Units20().F20Prg01.Maximum(), 12);
+    EXPECT_EQ(Units20().Suchstand.Text() + Units20().Hinweis.Text(), "so far");
+    const auto before = world.Disk.Files;
+    const UnitSettings settings = Units20().Einstellung;
+    Units20().Command2_Click();
+    Units20().F20_Keypad_Click();
+    Units20().F20_Readunit_Click();
+    Units20().SN_Codechange_Click();
+    Units20().F20_deleate_Click();
+    Units20().SN_Msave_Click();
+    Units20().FGK20_DblClick(1, 1);
+    Units20().FGK20_KeyPress('A');
+    Units20().FGK20_MouseUp(MouseButton::Left, 1, 2);
+    Units20().FGK20_Kontext();
+    Units20().F20_Undo_Click();
+    Units20().Combo1_Click(1 - Units20().Combo1.Selected());
+    Units20().Combo2_Click(7);
+    Units20().Combo3_Click(8);
+    Units20().Combo4_Click(9);
+    Units20().Combo5_Click(4);
+    Units20().Check1_Click(true);
+    Units20().Check2_Click(true);
+    EXPECT_EQ(Units20().Einstellung, settings);
+    EXPECT_EQ(scans, 0);
+    Units20().F20_Undo_Click();
+    EXPECT_EQ(scans, 0);
+    EXPECT_EQ(world.Disk.Files, before);
+    EXPECT_EQ(Units20().OpenColumn, 0);
+    EXPECT_THAT(menus, IsEmpty());
+    EXPECT_EQ(UnitRow(1), "Tastatur|01.60.00.05|1|7");
+    EXPECT_FALSE(Units20().Command2.Enabled());
+    EXPECT_EQ(ended, 0);
+    Units20().Command1_Click();
+    EXPECT_EQ(ended, 1);
+    EXPECT_TRUE(Units20().Fenster.Visible());
+    Units20().Suche_Endet("over");
+    EXPECT_FALSE(Units20().F20Prg01.Visible());
+    EXPECT_EQ(Units20().F20Prg01.Value(), 0);
+    EXPECT_EQ(Units20().Suchstand.Text() + Units20().Hinweis.Text(), "over");
+    Units20().F20_Keypad_Click();
+    EXPECT_EQ(scans, 1);
+    Units20().Command1_Click();
+    EXPECT_FALSE(Units20().Fenster.Visible());
 }
 
 } // namespace

@@ -222,6 +222,30 @@ TEST_F(F2_Port_Geaendert, in_a_run_the_removal_of_another_port_is_ignored) {
     EXPECT_EQ(Lauf().Chain.Phase, RunPhase::Open);
 }
 
+TEST_F(F2_Port_Geaendert, in_a_scan_of_the_channels_and_in_a_units_session_another_port_is_left_alone) {
+    Connect();
+    ChainState& chain = Lauf().Chain;
+    const auto arrives = [this] {
+        const int opens = world.Opens;
+        const int closes = world.Closes;
+        const int stand = programm->Adapter.Stand;
+        world.AdapterPortNumbers = {5, 6};
+        world.PortChanged(PortChange::Arrived);
+        world.RunFor(5000);
+        return world.Opens != opens || world.Closes != closes || programm->Adapter.Stand != stand;
+    };
+    chain.SuchMarke = 0xAD;
+    EXPECT_FALSE(arrives());
+    chain.SuchMarke = 0;
+    chain.SuchLauf = 1;
+    EXPECT_FALSE(arrives());
+    chain.SuchLauf = 0;
+    chain.LaufZiel = "F22";
+    EXPECT_FALSE(arrives());
+    chain.LaufZiel.clear();
+    EXPECT_TRUE(arrives());
+}
+
 TEST_F(F2_Port_Geaendert, in_a_run_a_pulled_adapter_stops_it_until_the_operator_cancels) {
     RunStarted();
     const int opens = world.Opens;

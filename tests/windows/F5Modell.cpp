@@ -252,4 +252,33 @@ void PlainTable::Clear() {
     }
 }
 
+std::string PlainChannel::Record() const {
+    const std::string lock = Target.empty() ? "" : "1";
+    std::string record;
+    for (const std::string& field : {lock, Old, Target, lock, Change}) {
+        record += field + std::string(3 - field.size(), ' ');
+    }
+    return record;
+}
+
+void PlainChannels::Confirm(int row) {
+    Of(row).Old = Of(row).Target;
+    Of(row).Change = "0";
+    Red[static_cast<std::size_t>(row)] = false;
+}
+
+void PlainChannels::Paste(int row, const PlainChannel& cut, bool transponder) {
+    Of(row).Old = cut.Target;
+    Of(row).Change = cut.Change;
+    Red[static_cast<std::size_t>(row)] = cut.Change != "0" && !transponder;
+}
+
+void PlainChannels::Recolour(const PlainTable& table) {
+    for (int row = 2; row <= 251; ++row) {
+        const PlainChannel& channel = Of(row);
+        const bool late = !channel.Target.empty() && (channel.Old.empty() ? "1" : channel.Old) != channel.Target;
+        Red[static_cast<std::size_t>(row)] = late && !table.At(row).Key.starts_with('#');
+    }
+}
+
 } // namespace qvm::test

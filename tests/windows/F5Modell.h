@@ -65,4 +65,29 @@ private:
     std::array<std::shared_ptr<const PlainUser>, 252> rows_;
 };
 
+/// A user's record of the radio channels, as far as the window goes.
+struct PlainChannel {
+    std::string Old{}, Target{}, Change{};
+
+    /// Of a lock on channel 1 that is to be told; without a target an empty record, but for what is new in it.
+    std::string Record() const;
+};
+
+/// The channels of all users, which an undo leaves as they are, and the colours that tell of them. Rows 2 to 251; the
+/// channel of a row is that of its number.
+class PlainChannels {
+public:
+    std::array<bool, 252> Red{}; ///< by row: the key is still to be told its channel
+
+    PlainChannel& Of(int row) { return records_[static_cast<std::size_t>(row) - 1]; }
+    /// The key of the row has been told its channel.
+    void Confirm(int row);
+    /// The row has the key of a user who had this channel. A transponder has none that it could be told.
+    void Paste(int row, const PlainChannel& cut, bool transponder);
+    void Recolour(const PlainTable& table);
+
+private:
+    std::array<PlainChannel, 251> records_;
+};
+
 } // namespace qvm::test

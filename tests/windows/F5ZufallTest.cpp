@@ -1,7 +1,6 @@
 // What an operator may do in the user window, in any order, held against the plain rules.
 
-#include "F5Modell.h"
-#include "LeserFixture.h"
+#include "F5ZufallFixture.h"
 #include "Zeit.h"
 
 #include <algorithm>
@@ -13,230 +12,27 @@
 namespace qvm::test {
 namespace {
 
-struct F5_Zufall : LeserFixture {
+struct F5_Zufall : ZufallFixture {
     static constexpr std::size_t Kept = 100; ///< steps that an undo remembers
 
-    std::mt19937 dice{20260305};
-    PlainTable plain;
     std::deque<PlainTable> undo, redo;
     PlainTable stepFrom;                    ///< before the step that is being made
     std::array<std::string, 252> templates; ///< by slot: whose is on the disk
     std::optional<PlainUser> cut;           ///< whose key was cut and not pasted yet
+    PlainChannel cutChannel;                ///< and that user's channels
     int pasted = 0;
 
-    void SetUp() override {
-        for (int lock = 1; lock <= 200; ++lock) {
-            if (PlainTable::Named(lock)) {
-                files.Lock(lock, "L" + std::to_string(lock), SerialS);
-            }
-        }
-        files.User(250, {.Name = {}, .Code = {}, .Right = {}}); // a file of empty rows
-        for (int user = 1; user <= 250; ++user) {
-            files.Put("RFCHANDIF12.RFX", 15, user, 0, 15, "1  7  7  1  0  "); // every key is in step
-        }
-        OpenDesk();
-        Window().Timer1.Stop();
-        Window().Timer2.Stop();
-        ExpectRows(2, 251);
+    static std::string KeyText(int number) {
+        return "9 : 8 : " + std::to_string(number / 256) + " : " + std::to_string(number % 256);
     }
-
-    int Below(int n) { return static_cast<int>(dice() % static_cast<unsigned>(n)); }
-    /// Most work is done at the top of the table.
-    int Row() { return 2 + (Below(50) == 0 ? Below(250) : Below(30)); }
-    int Lock() { return Below(8) == 0 ? 199 + Below(2) : 1 + Below(14); }
-    std::string Name() {
-        switch (Below(30)) {
-        case 0:
-            return "";
-        case 1:
-            return "ZZZZZZZZZZ";
-        case 2:
-            return "\xC4" + std::to_string(Below(40));
-        default:
-            return (Below(2) == 0 ? "B" : "b") + std::to_string(Below(40));
-        }
-    }
-    std::string Code() { return Below(9) == 0 ? "" : std::to_string(100000 + Below(60)); }
-
-    /// The row of the grid, as far as it can be told apart, is that of the model.
-    void ExpectRow(int row) {
-        const PlainUser& user = plain.At(row);
-        const std::array<std::string, 6> texts{user.Name, user.Group, user.Right, user.Code, user.Label, user.Key};
-        for (int column = 1; column <= 6; ++column) {
-            ASSERT_EQ(Text(row, column), texts[static_cast<std::size_t>(column) - 1]) << row << "/" << column;
-        }
-        ASSERT_EQ(Cells().At(row, 7).Picture, user.Picture) << row;
-        ASSERT_EQ(Text(row, 208) + "," + Text(row, 209), user.KeyData + "," + user.Finger) << row;
-        for (std::size_t lock = 1; lock <= 200; ++lock) {
-            const char mark = user.Marks[lock];
-            const Cell& cell = Cells().At(row, static_cast<int>(lock) + 7);
-            const bool finger = mark == 'F' || mark == ' '; // what a removed finger leaves
-            const Colour colour = mark == 'X' ? 0x00C000U : finger ? 0x808080U : 0xFFFFFFU;
-            if (cell.Text != std::string(mark == 0 ? 0 : 1, mark) || cell.ForeColor != colour ||
-                cell.FontSize != (mark == 0 ? 8 : 16)) {
-                FAIL() << row << ", lock " << lock << ": " << cell.Text;
-            }
-        }
-    }
-    void ExpectRows(int first, int last) {
-        for (int row = first; row <= last; ++row) {
-            ExpectRow(row);
-        }
-    }
-
-    void Write(int row, int column, const std::string& text, bool away) {
-        Go(row, column);
-        Key(qvm::Key::Enter);
-        Window().Editor_Change("");
-        Window().Editor_Change(text);
-        if (away) {
-            Window().Editor_LostFocus();
-        } else {
-            Window().Editor_KeyPress(Below(2) == 0 ? qvm::Key::Enter : qvm::Key::Tab);
-        }
-    }
-    void Refused(bool refused) {
-        if (refused) {
-            ExpectTwice();
-        }
-    }
-    void TypeName() {
-        const int row = Row();
-        const std::string name = Name();
-        const bool away = Below(3) == 0;
-        if (away) {
-            plain.LeaveName(row, name);
-        } else {
-            Refused(plain.ConfirmName(row, name));
-        }
-        Write(row, 1, name, away);
-    }
-    void TypeCode() {
-        const int row = Row();
-        const std::string code = Code();
-        const bool away = Below(3) == 0;
-        if (away) {
-            plain.LeaveCode(row, code);
-        } else {
-            Refused(plain.ConfirmCode(row, code));
-        }
-        Write(row, 4, code, away);
-    }
-    void TypeLabel() {
-        const int row = Row();
-        if (plain.At(row).Label.starts_with("Slot_Nr:")) {
-            Go(row, 5);
-            Key('x');
-            ASSERT_EQ(Window().OpenColumn, 0);
-            return;
-        }
-        const std::string label = "K" + std::to_string(Below(50));
-        const bool away = Below(3) == 0;
-        if (away) {
-            plain.SetLabel(row, label);
-        } else {
-            Refused(plain.ConfirmLabel(row, label));
-        }
-        Write(row, 5, label, away);
-    }
-    /// Escape leaves everything as it was.
-    void TypeInVain() {
-        const int row = Row();
-        const int column = std::array{1, 4}[static_cast<std::size_t>(Below(2))];
-        Go(row, column);
-        Key(qvm::Key::Enter);
-        Window().Editor_Change(column == 1 ? Name() : Code());
-        Window().Editor_KeyPress(qvm::Key::Escape);
-        ASSERT_EQ(Window().OpenColumn, 0);
-        ExpectRow(row);
-    }
-    /// A whole text, as an assistive program brings it, is confirmed like a typed one.
-    void Bring() {
-        const int row = Row();
-        const std::string name = Name();
-        Refused(plain.ConfirmName(row, name));
-        Window().FGK4_Eintragen(row, 1, name);
-    }
-    void ChooseRight() {
-        const int row = Row();
-        const int entry = Below(6);
-        plain.SetRight(
-            row, std::array<const char*, 6>{"1", "0", "1/2", "1/3", "ADMI", "FS+"}[static_cast<std::size_t>(entry)]);
-        Go(row, 3);
-        Key('r');
-        Window().List2.Selected = entry;
-        Window().Editor_KeyPress(qvm::Key::Enter);
-    }
-    void Mark() {
-        const int row = Row();
-        const int lock = Lock();
-        if (Below(2) == 0) {
-            plain.StepMarks(row, lock, row, lock);
-            Go(row, lock + 7);
-            Window().FGK4_MouseUp(MouseButton::Left, row, lock + 7);
-            return;
-        }
-        const int bottom = std::min(row + Below(20), 251);
-        const int last = std::min(lock + Below(10), 200);
-        plain.StepMarks(row, lock, bottom, last);
-        Select(row, lock + 7, bottom, last + 7);
-        Key(Below(2) == 0 ? qvm::Key::Enter : ' ');
-    }
-    void DeleteByMenu(int row, int bottom) {
-        const int column = std::array{1, 4, 5, 7, 8, 9, 11, 206, 207}[static_cast<std::size_t>(Below(9))];
-        Select(row, column, bottom, column);
-        if (column == 1) {
-            Window().MenuRow = bottom;
-            plain.DeleteUsers(row, bottom, bottom);
-        } else if (column == 4) {
-            plain.ClearCodes(row, bottom);
-        } else if (column == 5) {
-            plain.ClearLabels(row, bottom);
-        } else if (column >= 9 && column <= 206) { // two short of the first lock, one of the last
-            plain.ClearMarks(row, bottom, column - 7);
-        }
-        Window().F5_Loeschen_Click();
-    }
-    void Delete() {
-        const int row = Row();
-        const int bottom = std::min(row + Below(3), 251);
-        const int what = Below(7);
-        if (what > 4) {
-            DeleteByMenu(row, bottom);
-        } else if (what == 4) {
-            const int column = Below(2) == 0 ? 5 : 7; // of 7 the picture stays
-            if (column == 5) {
-                plain.ClearLabels(row, bottom);
-            }
-            Select(row, column, bottom, column);
-            Key(qvm::Key::Delete);
-        } else if (what == 0) {
-            plain.DeleteUsers(row, bottom, bottom);
-            Select(row, 1, bottom, 1);
-            Key(qvm::Key::Delete);
-        } else if (what == 1) {
-            plain.ClearCodes(row, bottom);
-            Select(row, 4, bottom, 4);
-            Key(qvm::Key::Delete);
-        } else if (what == 2) {
-            plain.ClearKeys(row, bottom);
-            Select(row, 6, bottom, 6);
-            Expect(77, Answer::Ok);
-            Window().Key_loeschen_Click();
-        } else {
-            const int lock = Lock();
-            if (lock != 200) { // one short of the last lock
-                plain.ClearMarks(row, bottom, lock);
-            }
-            Select(row, lock + 7, bottom, lock + 7);
-            Key(qvm::Key::Delete);
-        }
+    void SayKeyOf(int number) {
+        SayKey({9, 8, static_cast<std::uint8_t>(number / 256), static_cast<std::uint8_t>(number % 256)});
     }
     /// A key comes from its reader; one that somebody has already is refused.
     void LearnKey() {
         const int row = Row();
         const int number = Below(400);
-        const std::string id = "9 : 8 : " + std::to_string(number / 256) + " : " + std::to_string(number % 256);
+        const std::string id = KeyText(number);
         Window().MenuRow = row;
         Expect(154, Answer::Yes);
         ExpectText("L76\r\nL44");
@@ -245,8 +41,20 @@ struct F5_Zufall : LeserFixture {
             Expect(73);
         } else {
             plain.SetKey(row, id, "1 : 2 : 3 : 4 : 5 : 6 : 7 : 8 : 9 : 10 : 11 : 12 : 13 : 14 : 15 : 16");
+            channels.Confirm(row);
         }
-        SayKey({9, 8, static_cast<std::uint8_t>(number / 256), static_cast<std::uint8_t>(number % 256)});
+        SayKeyOf(number);
+    }
+    /// A key that its user holds in front of the reader has its channel from there.
+    void Synchronise() {
+        const int number = Below(400);
+        Expect(76);
+        Keys().key_synchron_Click();
+        if (const int row = plain.KeyRow(KeyText(number)); row != 0) {
+            channels.Confirm(row);
+            Expect(169);
+        }
+        SayKeyOf(number);
     }
     /// So does a transponder; its ten bytes are 21 to 30.
     void LearnTransponder() {
@@ -259,6 +67,7 @@ struct F5_Zufall : LeserFixture {
             Expect(200);
         } else {
             plain.SetKey(row, id, "7:7:7:7:7:7:7:7:7:7:7:7:7:7:7:7");
+            channels.Confirm(row);
         }
         SayTransponder(static_cast<std::uint8_t>(slot));
     }
@@ -313,8 +122,10 @@ struct F5_Zufall : LeserFixture {
         }
     }
     void Learn() {
-        const int what = Below(10);
-        if (what < 3) {
+        const int what = Below(12);
+        if (what > 9) {
+            Synchronise();
+        } else if (what < 3) {
             LearnKey();
         } else if (what < 5) {
             LearnFinger();
@@ -336,6 +147,7 @@ struct F5_Zufall : LeserFixture {
             Keys().key_ausschneiden_Click();
             if (!user.Key.empty()) {
                 cut = user;
+                cutChannel = channels.Of(row);
                 plain.SetKey(row, "", "");
             }
             return;
@@ -350,12 +162,14 @@ struct F5_Zufall : LeserFixture {
         Keys().key_einfuegen_Click();
         if (holder == 0) {
             plain.SetKey(row, cut->Key, cut->KeyData);
+            channels.Paste(row, cutChannel, cut->Key.starts_with('#'));
             cut.reset();
             ++pasted;
         }
     }
     void Clear() {
         plain.Clear();
+        channels.Recolour(plain);
         Expect(232, Answer::Yes);
         Press("Neu");
     }
@@ -364,6 +178,7 @@ struct F5_Zufall : LeserFixture {
             to.push_back(plain);
             plain = from.back();
             from.pop_back();
+            channels.Recolour(plain);
         }
     }
 
@@ -402,6 +217,7 @@ struct F5_Zufall : LeserFixture {
             Move();
         } else if (what < 999) {
             plain.Sort();
+            channels.Recolour(plain);
             Window().F5_Sort_Click();
         } else {
             Clear();
@@ -426,6 +242,7 @@ struct F5_Zufall : LeserFixture {
             Keep();
         }
         ASSERT_EQ(Window().Verlauf.Steps(), undo.size());
+        ExpectColours();
         for (int row = 2; row <= 251; ++row) {
             if (!plain.Same(before, row)) {
                 ExpectRow(row);
@@ -433,11 +250,15 @@ struct F5_Zufall : LeserFixture {
         }
     }
 
+    /// But for the colours of column 6, which go by what is on the disk.
     std::vector<Cell> Whole() {
         std::vector<Cell> cells;
         for (int row = 0; row < 252; ++row) {
             for (int column = 0; column < 210; ++column) {
                 cells.push_back(Cells().At(row, column));
+                if (row > 1 && column == 6) {
+                    cells.back().ForeColor = 0;
+                }
             }
         }
         return cells;
@@ -450,6 +271,7 @@ TEST_F(F5_Zufall, ten_thousand_actions_do_what_the_plain_rules_say) {
         world.Shown.clear();
     }
     ExpectRows(2, 251);
+    ExpectChannels();
     EXPECT_GT(pasted, 10);
 }
 

@@ -276,6 +276,18 @@ void Adapter_Umbenennen(AdapterListe& list, std::string_view address, std::strin
     }
 }
 
+bool Adapter_Port_Oeffnen(Link& link, AdapterListe& list, int AdapterListe::*which) {
+    if (list.*which == 0) {
+        Adapter_Suchen(link, list);
+    }
+    const int port = list.*which;
+    if (port == 0 || port == KeinPort) {
+        return false;
+    }
+    Port_Oeffnen(link, port);
+    return true;
+}
+
 void Adapter_Bereithalten(Link& link, AdapterListe& list) {
     if (list.ProgStationPort == 0 && list.AdapterAnzahl() == 0 && link.kern.Config.AdapterModus()) {
         Adapter_Suchen(link, list);

@@ -25,6 +25,11 @@ void Adapter_Umbenennen(AdapterListe& list, std::string_view address, std::strin
 /// behind every change of the ports. Lets events go on meanwhile.
 void Adapter_Bereithalten(Link& link, AdapterListe& list);
 
+/// Opens the port of the adapter for this purpose; adapters are searched first when none is known, and events go on
+/// meanwhile. False when there is no such adapter. A port that cannot be opened shows at the first telegram.
+/// @param which AdapterListe::ProgStationPort or EnrollmentPort
+bool Adapter_Port_Oeffnen(Link& link, AdapterListe& list, int AdapterListe::*which);
+
 /// Lets events go on for `seconds`, or until the reply has come; it stands in Link::Reply then, whatever came behind
 /// it. Other replies are passed over. ReplySeen says the same as the result.
 bool Adapter_Antwort_Abwarten(Link& link, double seconds, const AdapterAntwort& reply);

@@ -32,9 +32,22 @@ bool Unit_Typ2(const Programmierlauf& r) {
 bool Unitliste_Gesucht(const Programmierlauf& r) {
     return Kette(r).SuchMarke == 0xAD;
 }
-/// A lock is searched, or the unit that a window asked for.
 bool Stumm_In_Suche(const Programmierlauf& r) {
-    return Grund<0x64>(r) && (Kette(r).KanalSuche != 0 || Kette(r).LaufZiel == "F20");
+    return Grund<0x64>(r) && Kette(r).KanalSuche != 0;
+}
+bool Unit_Nicht_Hier(const Programmierlauf& r) {
+    return Grund<0x64>(r) && Unit_Code_Geprueft(r) && Kette(r).KanalIndex < UnitChannels;
+}
+/// The reason is one that ends something.
+bool Grund_Endet(const Programmierlauf& r) {
+    const std::uint8_t reason = r.link.RxByte(RpAblehnung::Reason.Offset);
+    return reason >= 0x64 && reason <= 0x6A && reason != 0x68 && reason != 0x69;
+}
+bool Unit_Login_Abgelehnt(const Programmierlauf& r) {
+    return Unit_Code_Geprueft(r) && Grund_Endet(r);
+}
+bool Unit_Code_Abgelehnt(const Programmierlauf& r) {
+    return Kanalwechsel(r) && Grund_Endet(r);
 }
 bool Leser_Gefragt(const Programmierlauf& r) {
     const std::uint8_t due = r.link.AnswerDue;
@@ -53,6 +66,9 @@ constexpr ReplyRow Refusals[] = {
     {0x69, "unit-list scan", Unitliste_Gesucht, Zum_Fenster<&WindowHooks::Unit_Kanal_Leer>},
     {0x69, "units are searched by logins", Units_Gesucht, Zum_Fenster<&WindowHooks::Suchlauf_Schritt>},
     {0x69, "a reader of the desk", Leser_Gefragt, Schritt_Leser_Abgelehnt},
+    {0x69, "a unit whose code is checked, channels left", Unit_Nicht_Hier, Schritt_Kanal_Weiter},
+    {0x69, "a unit whose code is checked", Unit_Login_Abgelehnt, Schritt_Unit_Login_Abgelehnt},
+    {0x69, "a unit whose code was changed", Unit_Code_Abgelehnt, Schritt_Unit_Code_Abgelehnt},
     {0x69, "no contact, channel search", Stumm_In_Suche, Schritt_Kanal_Weiter},
     {0x69, "no contact, unit session", Stumm_In_Unit, Schritt_Unit_Kein_Kontakt},
     {0x69, "no contact", Grund<0x64>, Schritt_Kein_Kontakt},

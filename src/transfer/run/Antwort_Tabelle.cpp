@@ -162,7 +162,7 @@ constexpr ReplyRow Replies[] = {
     {0x29, "unit opening", Unit_Oeffnung, Schritt_Unit_Offen},
     {0x29, "channel change", Kanalwechsel, Senden<TelTrennen_Senden>},
     {0x29, "otherwise", Immer, Schritt_Kanal_Gesetzt},
-    {0x12, "done, channel change", Code_Fertig_Kanalwechsel, Schritt_Kanal_Lesen},
+    {0x12, "done, channel change", Code_Fertig_Kanalwechsel, Schritt_Unit_Code_Genommen},
     {0x12, "a code change was sent", Code_Beantwortet, Schritt_Code_Ergebnis},
 
     // Units.

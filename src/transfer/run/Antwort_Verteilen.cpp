@@ -12,6 +12,7 @@ namespace qvm {
 namespace {
 
 constexpr std::uint8_t CodeChange = TelCodeAendern::Telegram.Code, Refusal = RpAblehnung::Reply.Code;
+constexpr std::uint8_t Login = TelVerbinden::Telegram.Code;
 constexpr std::uint8_t UnitFound = 0x4B, EraseStart = TelDatenStart::Telegram.Code;
 constexpr std::uint8_t LoginAccepted = 4;
 constexpr std::uint8_t FingerEnrolled = 0x0A, UserWindowMayGoOn = 0xDC;
@@ -22,11 +23,15 @@ constexpr std::uint8_t FirstOfWindows = 0x60;
 constexpr ReplyRow CancelWished{0, "a cancel was wished", Immer, Abbruch_Ausfuehren};
 constexpr ReplyRow EventsInDanger{0, "events are wanted and not all there", Immer, Historie_Gebrochen};
 
-/// A window without a run waits for replies of the chain.
-bool Fenster_Wartet(const Programmierlauf& run) {
+/// A window without a run waits for this reply of the chain.
+bool Fenster_Wartet(const Programmierlauf& run, std::uint8_t code) {
     const ChainState& chain = Kette(run);
-    return chain.CodeChangePending != 0 || chain.SuchLauf != 0 || chain.SuchMarke != 0 || chain.LaufZiel == "F20" ||
-           chain.LaufZiel == "F22";
+    const std::uint8_t owed = run.link.AnswerDue;
+    // A scan of the channels, too, must be led nowhere by what it has not asked for.
+    if (Kanalwechsel(run) || chain.SuchLauf != 0 || chain.SuchMarke != 0) {
+        return owed != 0 && (code == owed || code == Refusal);
+    }
+    return chain.CodeChangePending != 0 && (code == Login || code == Refusal);
 }
 
 /// A lock that has just acknowledged its erasing hears nothing: a cancel waits until it answers the polling.
@@ -44,15 +49,17 @@ bool Bricht_Stille(const Programmierlauf& run, std::uint8_t code) {
     return polled || (link.AnswerDue != 0 && code == link.AnswerDue) || Antwort_Fuehrt_Weiter(run);
 }
 
-/// The reply, or refusal, that came answers the last telegram: nothing is due any more.
-void Antwort_Abhaken(Link& link, std::uint8_t code) {
+/// The reply, or refusal, that came answers the last telegram: nothing is due any more. A refusal without a meaning
+/// answers nothing.
+void Antwort_Abhaken(Link& link, std::uint8_t code, const ReplyRow& row) {
     const std::uint8_t due = link.AnswerDue;
     const bool key = due == TelEKeyLesen::Telegram.Code && code == RpEKey::Reply.Code;
     const bool transponder =
         due == TelFingerAbfrage::Telegram.Code && code == RpKarte::Reply.Code && Leser_Fertig(link);
     // An enrolment has many answers.
     const bool swipe = code == RpFingerStatus::Reply.Code && link.RxByte(RpFingerStatus::Step.Offset) != FingerEnrolled;
-    if ((code == due && !swipe) || code == Refusal || key || transponder) {
+    const bool refused = code == Refusal && row.Step != Ohne_Wirkung;
+    if ((code == due && !swipe) || refused || key || transponder) {
         link.AnswerDue = 0;
     }
 }
@@ -100,7 +107,7 @@ bool Antwort_Zulaessig(const Programmierlauf& run, std::uint8_t code) {
     }
     const std::uint8_t owed = run.link.AnswerDue;
     const bool due = code == Refusal ? owed != 0 : code == CodeChange && owed == CodeChange;
-    return due || Fenster_Wartet(run);
+    return due || Fenster_Wartet(run, code);
 }
 
 bool Antwort_Fuehrt_Weiter(const Programmierlauf& run) {
@@ -141,7 +148,7 @@ const ReplyRow* Antwort_Annehmen(Programmierlauf& run) {
     }
     const ReplyRow* row = Antwort_Zeile(run);
     if (row != nullptr) {
-        Antwort_Abhaken(run.link, code);
+        Antwort_Abhaken(run.link, code, *row);
     }
     return row;
 }

@@ -184,9 +184,4 @@ void Codeaenderung_Gescheitert(Programmierlauf& run, RunOutcome why) {
     }
 }
 
-void Schritt_Kanalwechsel_Ende(Programmierlauf& run) {
-    Kette(run).LaufZiel.clear();
-    run.kern.Meldung(run.kern.Zeile(Line::NewCodeAccepted), Buttons::Ok, Icon::Information);
-}
-
 } // namespace qvm

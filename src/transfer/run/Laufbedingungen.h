@@ -33,9 +33,13 @@ inline bool Unit_Oeffnung(const Programmierlauf& run) {
 inline bool Unit_Sitzung(const Programmierlauf& run) {
     return Kette(run).LaufZiel == "UNIT";
 }
-/// A window changes the lock's code and channel.
+/// A unit's code is being changed, and its channel behind it.
 inline bool Kanalwechsel(const Programmierlauf& run) {
     return Kette(run).LaufZiel == "F22";
+}
+/// The login that checks a unit's code is out, or its window stands open.
+inline bool Unit_Code_Geprueft(const Programmierlauf& run) {
+    return Kette(run).LaufZiel == "F20";
 }
 /// A window searches units by logging into them.
 inline bool Units_Gesucht(const Programmierlauf& run) {

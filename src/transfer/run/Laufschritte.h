@@ -29,12 +29,26 @@ void Schritt_Kanal_Gelesen(Programmierlauf& run);
 void Schritt_Kanal_Gesetzt(Programmierlauf& run);
 void Schritt_Code_Verbunden(Programmierlauf& run);
 void Schritt_Code_Ergebnis(Programmierlauf& run);
-void Schritt_Kanalwechsel_Ende(Programmierlauf& run);
 /// A code change that waits for its login is told why there will be none, and ends the wait itself; one that has gone
 /// out is told that it was refused.
 void Codeaenderung_Gescheitert(Programmierlauf& run, RunOutcome why);
 /// Catalogue line of a refused login's status: `Line::CheckCode`, `CodeNotAccepted`, `AccessDenied`, or 0 for none.
 int Anmeldung_Zeile(std::uint8_t status);
+
+// The code of a wireless unit (LaufUnitCode.cpp)
+/// Turns the link to the unit, 1 to 12 being the channel on which it is to listen, for the login that checks its code.
+/// One that nobody answers then walks all channels. No telegram.
+void Unit_Code_Beginnen(Programmierlauf& run, const Address& unit, int channel);
+/// Nothing of that is left behind, a telegram that is planned included.
+void Unit_Code_Beenden(Programmierlauf& run);
+/// The unit has the new code: its session goes on, and moves it to the system's channel.
+void Schritt_Unit_Code_Genommen(Programmierlauf& run);
+/// The login was refused, or nobody was found on any channel; the operator is told. No telegram.
+void Schritt_Unit_Login_Abgelehnt(Programmierlauf& run);
+/// The session behind the login was refused: its window is told how far it came, or the farewell is repeated.
+void Schritt_Unit_Code_Abgelehnt(Programmierlauf& run);
+/// The unit has moved, and the operator is told; no telegram.
+void Schritt_Kanalwechsel_Ende(Programmierlauf& run);
 
 // Tables and settings (LaufTabellen.cpp). TimerPart and HolidayPart name the part to send and are stepped, to StepDone
 // behind the last.

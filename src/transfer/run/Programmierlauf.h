@@ -100,7 +100,9 @@ struct WindowHooks {
     Hook<void()> Code_Angemeldet;  ///< 0x04 while a code change waits for its login
     /// There will be no such reply, as the lock has refused or was not reached; no telegram may go out.
     Hook<void(RunOutcome why)> Code_Abgelehnt;
-    Hook<void()> Code_Beantwortet; ///< 0x12, or a refusal of the code change; the reply is still there to be read
+    Hook<void()> Code_Beantwortet;       ///< 0x12, or a refusal of the code change; the reply is still there to be read
+    Hook<void()> Unit_Umgezogen;         ///< a unit has its new code, and listens on the system's channel
+    Hook<void()> Unit_Umzug_Gescheitert; ///< its session was refused behind the login; TxBuffer says at what
 };
 
 /// A direct run of one lock: the reply chain, its timers, and what became of it. The link's frames drive it; nothing in

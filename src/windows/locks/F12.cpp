@@ -19,6 +19,8 @@ F12::F12(Kern& kernel, const AdapterListe& adapters)
     Editor_Schliessen();
     Timer1.Ticked = [this] { Zeile_Toenen(); };
     Timer2.Ticked = [this] { Maus_Verfolgen(); };
+    Serie.Abgebrochen = [this] { Editor_Schliessen(); };
+    Serie.Fertig = [this](bool confirmed) { Serie_Schreiben(edited_.Row, Serie.Serie(), confirmed); };
     Auswahl.Moved = [this] { Stand_Zeigen(); };
     kern.Windows.Open["F12"] = [this] { F12_FormLaden(); };
 }

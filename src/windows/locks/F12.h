@@ -90,6 +90,12 @@ struct F12 {
     void FGK12_MouseUp(MouseButton button, int row, int column);
     /// Opens the editor of the cell with its text.
     void FGK12_DblClick(int row, int column);
+    /// The cell has an editor.
+    bool Beschreibbar(int row, int column);
+    /// A text for the cell at once, as if it had been typed over the old one and confirmed with Return; in a column
+    /// with a list one of its entries, of which another text changes nothing. A name that another lock has stays in the
+    /// open editor.
+    void FGK12_Eintragen(int row, int column, std::string_view text);
     /// One key on the current cell, Tab too: see the table in docs/decisions/lock-window.md.
     void FGK12_KeyPress(int key);
     /// The key for a context menu: the menu of the current cell, whichever button opens it with the mouse.
@@ -102,9 +108,9 @@ struct F12 {
     /// Text1 was left by a click elsewhere: it is taken over without a comparison. A list is closed.
     void Editor_LostFocus();
     void Serie_Change(std::size_t box, std::string_view text) { Serie.Getippt(box, text); }
-    void Serie_KeyPress(std::size_t box, int key);
+    void Serie_KeyPress(std::size_t box, int key) { Serie.Taste(box, key); }
     /// The boxes were left by a click elsewhere: what was typed is taken over, but the EMI state stays.
-    void Serie_LostFocus();
+    void Serie_LostFocus() { Serie.Verlassen(); }
 
     void F12_COURon_Click();
     void F12_COURoff_Click();
@@ -172,6 +178,7 @@ private:
     /// The same as a click elsewhere does it.
     void Editor_Uebernehmen();
     void Serie_Schreiben(int row, const std::string& serial, bool emi);
+    void Schalter_Geben(int row);
     void Eintrag_Waehlen(Place cell, int entry);
     void Prioritaet_Waehlen(int row, int entry);
     void Adapter_Waehlen(int row, int entry);

@@ -1,5 +1,6 @@
 // Commands of tool bar and menus.
 
+#include "CsvAusgabe.h"
 #include "F12.h"
 #include "F12_Csv.h"
 #include "Fragen.h"
@@ -94,12 +95,7 @@ void F12::Initial() {
 }
 
 void F12::Csv_Schreiben() {
-    const auto path = kern.Welt.SaveFile(
-        {.Title = Label1.Text, .Filter = kern.Zeile(Line::Settings) + "(*.CSV)|*.CSV|", .Directory = {}});
-    // Appended: a second export to one file adds to it.
-    const bool written = path && kern.Welt.Files.Append(*path, F12_CsvText(kern, FGK12));
-    kern.Meldung(written ? "CSV Print OK!" : "CSV Print ERROR!", Buttons::Ok,
-                 written ? Icon::Information : Icon::Exclamation, InfoTitle);
+    Csv_Ausgeben(kern, Label1.Text(), kern.Zeile(Line::Settings), F12_CsvText(kern, FGK12));
 }
 
 void F12::SNA_save_Click() {

@@ -7,17 +7,51 @@
 #include "LinkHooks.h"
 #include "Schlossregeln.h"
 
+#include <algorithm>
+
 namespace qvm {
 
+bool F12::Beschreibbar(int row, int column) {
+    return FGK12.Holds(row, column) && row >= LockGrid::FirstRow && Breite(column) > 0 &&
+           (column == LockColumn::Name || column == LockColumn::Serial || Liste_Von(column) != nullptr);
+}
+
+void F12::FGK12_Eintragen(int row, int column, std::string_view text) {
+    if (!Fenster.Enabled || !Beschreibbar(row, column)) {
+        return;
+    }
+    Editor_Uebernehmen();
+    Auswahl.Go(row, column);
+    Editor_Oeffnen(Key::Enter);
+    if (OpenColumn == LockColumn::Serial) {
+        Serie.Eintippen(text);
+        Serie.Taste(SerialEntry::Count - 1, Key::Enter);
+    } else if (OpenColumn == LockColumn::Name) {
+        typed_.clear();
+        Text1_Change(text);
+        Editor_Bestaetigen();
+    } else if (ListBox* list = Liste_Von(OpenColumn)) {
+        const auto& entries = list->Entries();
+        const auto found = std::find_if(entries.begin(), entries.end(),
+                                        [text](const std::string& entry) { return Trim(entry) == Trim(text); });
+        if (found == entries.end()) {
+            Editor_Schliessen();
+            return;
+        }
+        list->Selected = static_cast<int>(found - entries.begin());
+        Editor_Bestaetigen();
+    }
+}
+
 void F12::Editor_Oeffnen(int key) {
-    if (FGK12.Row < LockGrid::FirstRow) {
+    if (!Beschreibbar(FGK12.Row, FGK12.Column)) {
         return;
     }
     if (FGK12.Column == LockColumn::Name) {
         Name_Oeffnen(key);
     } else if (FGK12.Column == LockColumn::Serial) {
         Serie_Oeffnen(key);
-    } else if (Liste_Von(FGK12.Column) != nullptr && Breite(FGK12.Column) > 0) {
+    } else {
         Liste_Oeffnen();
     }
 }
@@ -117,33 +151,6 @@ void F12::Editor_LostFocus() {
     Editor_Uebernehmen();
 }
 
-void F12::Serie_KeyPress(std::size_t box, int key) {
-    if (OpenColumn != LockColumn::Serial) {
-        return;
-    }
-    switch (Serie.Taste(box, key)) {
-    case SerialEntry::Ergebnis::Weiter:
-        break;
-    case SerialEntry::Ergebnis::Abgebrochen:
-        Editor_Schliessen();
-        break;
-    case SerialEntry::Ergebnis::Bestaetigt:
-        Serie_Schreiben(edited_.Row, Serie.Serie(), true);
-        break;
-    }
-}
-
-void F12::Serie_LostFocus() {
-    if (OpenColumn != LockColumn::Serial) {
-        return;
-    }
-    if (Serie.Leer()) {
-        Editor_Schliessen(); // the boxes were opened and nothing was typed: the number stays
-    } else {
-        Serie_Schreiben(edited_.Row, Serie.Serie(), false);
-    }
-}
-
 void F12::Serie_Schreiben(int row, const std::string& serial, bool emi) {
     const bool whole = serial.empty() || Serie.Vollstaendig();
     Editor_Schliessen();
@@ -152,16 +159,22 @@ void F12::Serie_Schreiben(int row, const std::string& serial, bool emi) {
         if (emi) {
             FGK12.SetPicture(row, LockColumn::Emi, Emi_Bild(serial));
         }
-        // A lock that has only had a name has no switches yet.
-        for (int column = LockColumn::FirstSwitch; column <= LockColumn::LastSwitch && !serial.empty(); ++column) {
-            if (FGK12.At(row, column).Picture == LockPicture::None) {
-                FGK12.SetPicture(row, column, LockPicture::On);
-            }
+        if (!serial.empty()) {
+            Schalter_Geben(row);
         }
         Verlauf.Keep(Word::LockChannelStays);
     });
     if (!whole) {
         Hinweis.Text = Wort(kern, Word::SerialPartial);
+    }
+}
+
+/// A lock that has only had a name has no switches yet.
+void F12::Schalter_Geben(int row) {
+    for (int column = LockColumn::FirstSwitch; column <= LockColumn::LastSwitch; ++column) {
+        if (FGK12.At(row, column).Picture == LockPicture::None) {
+            FGK12.SetPicture(row, column, LockPicture::On);
+        }
     }
 }
 
@@ -173,7 +186,8 @@ void F12::Serie_Uebernehmen(int row, std::string_view serial, std::string_view u
         FGK12.SetText(row, LockColumn::Serial, serial);
         FGK12.SetPicture(row, LockColumn::Emi, Emi_Bild(serial));
         FGK12.SetText(row, LockColumn::UnitType, unitType);
-        Verlauf.Keep(Word::LockChannelStays);
+        Schalter_Geben(row);
+        Verlauf.Keep(Word::LockFoundStays);
     });
     Auswahl.Go(row, LockColumn::Serial);
 }

@@ -1,34 +1,43 @@
 #include "F19.h"
 
 #include "Kanal.h"
+#include "Pictures.h"
+#include "Record.h"
 #include "Text.h"
+#include "UnitRecords.h"
 #include "Units.h"
 #include "Words.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
-#include <vector>
 
 namespace qvm {
 namespace {
 
-constexpr int SecondsAtFirst = 2; ///< entry of Combo4 for a unit with a listen time, and when Check1 is cleared
+constexpr int LargestSignal = 128;
 
-/// Entries 0 to `last`, each number with the unit of time behind it.
-std::vector<std::string> Zeit_Eintraege(int last, std::string_view unit) {
-    std::vector<std::string> entries;
-    for (int n = 0; n <= last; ++n) {
-        entries.push_back(Ziffern(n) + std::string(unit));
+/// Unit record and channel record of a lock that was found, both or neither. The lock has no units then.
+bool Fund_Speichern(const Kern& kern, int lock, const UnitSettings& settings, int channel) {
+    RecordFile units(WirelessUnitRecord::Record);
+    if (units.Laden(kern.Welt.Files, kern.DatPfad()) == ReadStatus::Error) {
+        return false;
     }
-    return entries;
+    const std::string before = units.Record(lock);
+    if (!Units_Speichern(kern, lock, settings, Grid(6, 5))) {
+        return false;
+    }
+    if (Kanal_Gefunden(kern, lock, channel)) {
+        return true;
+    }
+    Satz_Schreiben(kern.Welt.Files, kern.DatPfad(), WirelessUnitRecord::Record, lock, before);
+    return false;
 }
 
 } // namespace
 
 F19::F19(Kern& kernel) : kern(kernel) {
-    Combo2.Entries = Zeit_Eintraege(LastListenHour, " Std.");
-    Combo3.Entries = Zeit_Eintraege(LastListenMinute, " min.");
-    Combo4.Entries = Zeit_Eintraege(LastListenMinute, " sec.");
+    Lauschzeit_Fuellen(listen_);
 }
 
 void F19::F19_FormLaden(const UnitScan& scan, F19Opener opener, int target) {
@@ -46,8 +55,7 @@ void F19::F19_FormLaden(const UnitScan& scan, F19Opener opener, int target) {
     }
     Texte_Setzen();
     Regler_Zeigen();
-    FGK19.Row = std::max(GewaehlteZeile, 1);
-    FGK19.Column = ScanColumn::Serial;
+    Auswahl.Go(std::max(GewaehlteZeile, 1), ScanColumn::Serial);
     Fenster.Enabled = true;
     Fenster.Visible = true; // last, as the window's first size goes by its contents
 }
@@ -83,6 +91,7 @@ void F19::Zeile_Fuellen(int row) {
         FGK19.SetText(row, ScanColumn::Serial, "-");
         FGK19.SetText(row, ScanColumn::Type, "");
         FGK19.SetText(row, ScanColumn::Signal, "");
+        FGK19.SetPicture(row, ScanColumn::Spare, RunSign::None);
         Balken_Zeichnen(row, 0);
         return;
     }
@@ -92,6 +101,7 @@ void F19::Zeile_Fuellen(int row) {
     FGK19.SetText(row, ScanColumn::Type, Trim(kern.Zeile(Unit_Textzeile(entry.Type))));
     FGK19.SetText(row, ScanColumn::Signal, Ziffern(signal));
     FGK19.SetForeColor(row, ScanColumn::Spare, colour);
+    FGK19.SetPicture(row, ScanColumn::Spare, entry.Status == ScanEntry::Well ? RunSign::Done : RunSign::Attention);
     FGK19.SetForeColor(row, ScanColumn::Signal, colour);
     Balken_Zeichnen(row, signal);
 }
@@ -112,6 +122,19 @@ void F19::FGK19_DblClick(int row) {
     Regler_Zeigen();
 }
 
+void F19::FGK19_KeyPress(int key) {
+    const int row = FGK19.Row;
+    if (!Fenster.Enabled || row < 1 || row > UnitScan::Channels) {
+        return;
+    }
+    const bool other = Fund(row).Status != ScanEntry::Nothing && row != GewaehlteZeile;
+    if (key == ' ' || (key == Key::Enter && other)) {
+        FGK19_DblClick(row);
+    } else if (key == Key::Enter && (row == GewaehlteZeile || GewaehlteZeile == 0)) {
+        Command2_Click();
+    }
+}
+
 void F19::Waehlen(int row) {
     const ScanEntry& entry = Fund(row);
     GewaehlteZeile = row;
@@ -122,30 +145,52 @@ void F19::Waehlen(int row) {
     }
 }
 
-/// The chosen unit in the words of the present language.
+/// The chosen unit in the words of the present language. Its number is bold.
 void F19::Gewaehlte_Zeigen() {
+    for (int row = 1; row <= UnitScan::Channels; ++row) {
+        FGK19.SetBold(row, ScanColumn::Serial, row == GewaehlteZeile);
+    }
     if (GewaehlteZeile == 0) {
         Label1.Text = std::string();
         return;
     }
     const std::string type(Trim(kern.Zeile(Unit_Textzeile(Fund(GewaehlteZeile).Type))));
     Label1.Text = UnitSn + " - " + type;
-    UnitTyp = Mid(type, 1, 3);
+    UnitTyp = Mid(type + "   ", 1, 3);
     Einstellung.UnitMode = Unit_Typmarke(UnitTyp);
     Hinweis.Text = std::string();
+}
+
+std::string F19::Tip(int row, int column) const {
+    const bool bar = column == ScanColumn::Bar;
+    if (!bar && column != ScanColumn::Spare) {
+        return {};
+    }
+    if (row == 0) {
+        return kern.Zeile(Line::Signal);
+    }
+    if (!bar || row < 0 || row > UnitScan::Channels || Fund(row).Status == ScanEntry::Nothing) {
+        return {};
+    }
+    return Wort(kern, Word::UnitSignal, {Ziffern(Signalwert(Fund(row).Signal)), Ziffern(LargestSignal)});
+}
+
+std::string F19::Bildtext(int picture) const {
+    if (picture == RunSign::None) {
+        return {};
+    }
+    return Wort(kern, picture == RunSign::Done ? Word::UnitWell : Word::UnitPoor);
+}
+
+int F19::Breite(int column) {
+    constexpr std::array<int, ScanColumn::Bar + 1> widths{1300, 1700, 2300, 400, 800, 1500};
+    return column >= 0 && column <= ScanColumn::Bar ? widths[static_cast<std::size_t>(column)] : 0;
 }
 
 // ---- how it listens
 
 void F19::Regler_Zeigen() {
-    Combo2.Selected = Einstellung.HourEntry;
-    Combo3.Selected = Einstellung.MinuteEntry;
-    Combo4.Selected = Einstellung.SecondEntry;
-    Check1.Checked = Einstellung.AlwaysOnChecked;
-    for (ListBox* list : {&Combo2, &Combo3, &Combo4}) {
-        list->Enabled = Einstellung.TimeControls && !Einstellung.AlwaysOnChecked;
-    }
-    Check1.Enabled = Einstellung.TimeControls;
+    Lauschzeit_Zeigen(listen_, Einstellung);
     Label2.Enabled = Einstellung.TimeControls;
     Frame1.Enabled = Einstellung.TimeControls;
 }
@@ -166,11 +211,7 @@ void F19::Combo4_Click(int entry) {
 }
 
 void F19::Check1_Click(bool on) {
-    Einstellung.AlwaysOnChecked = on;
-    Einstellung.AlwaysOn = on ? "1" : "0";
-    if (!on) {
-        Einstellung.SecondEntry = SecondsAtFirst;
-    }
+    Lauschzeit_Immer(Einstellung, on);
     Regler_Zeigen();
 }
 
@@ -206,9 +247,8 @@ bool F19::Beim_Schloss_Speichern() {
                      Icon::Exclamation);
         return false;
     }
-    const Grid none(6, 5);
-    if (!Units_Speichern(kern, target_, Einstellung, none) || !Kanal_Gefunden(kern, target_, GewaehlteZeile)) {
-        kern.Meldung(Wort(kern, Word::UnitsNotSaved), Buttons::Ok, Icon::Exclamation);
+    if (!Fund_Speichern(kern, target_, Einstellung, GewaehlteZeile)) {
+        kern.Meldung(Wort(kern, Word::FoundNotSaved), Buttons::Ok, Icon::Exclamation);
         return false;
     }
     return true;

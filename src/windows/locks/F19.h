@@ -2,7 +2,9 @@
 
 #include "Controls.h"
 #include "Grid.h"
+#include "GridSelection.h"
 #include "Kern.h"
+#include "ListenTime.h"
 #include "UnitScan.h"
 #include "UnitSettings.h"
 
@@ -34,10 +36,11 @@ struct F19 {
 
     Window Fenster;
     Grid FGK19{UnitScan::Channels + 1, ScanColumn::Bar + BarCells}; ///< row n: channel n; row 0 the headers
-    UnitSettings Einstellung;                                       ///< how the chosen unit is to listen
-    int GewaehlteZeile = 0;                                         ///< the chosen row, 1 to 12; 0: none
-    std::string UnitSn;                                             ///< its serial, as shown
-    std::string UnitTyp;                                            ///< its short label, three letters
+    GridSelection Auswahl{FGK19, GridSelection::Unit::Rows};
+    UnitSettings Einstellung; ///< how the chosen unit is to listen
+    int GewaehlteZeile = 0;   ///< the chosen row, 1 to 12; 0: none
+    std::string UnitSn;       ///< its serial, as shown
+    std::string UnitTyp;      ///< its short label, three letters
 
     ListBox Combo2, Combo3, Combo4; ///< listen time: hours, minutes, seconds
     CheckBox Check1;                ///< always on
@@ -61,6 +64,8 @@ struct F19 {
     void Texte_Setzen();
     /// Chooses the row in place of the best one. A row without a unit changes nothing.
     void FGK19_DblClick(int row);
+    /// One key on the current row: space chooses it, and so does Return, which accepts where it has nothing to choose.
+    void FGK19_KeyPress(int key);
     void Combo2_Click(int entry);
     void Combo3_Click(int entry);
     void Combo4_Click(int entry);
@@ -70,6 +75,13 @@ struct F19 {
     void Command2_Click();
     /// Cancels: nothing is taken.
     void Command1_Click();
+
+    /// What the columns without a text say: their headings (row 0), and the bar in words. Empty elsewhere.
+    std::string Tip(int row, int column) const;
+    /// What a picture of column Spare says: how a unit answered; empty for none of them.
+    std::string Bildtext(int picture) const;
+    /// Width of a column in twips, of which the proportions count; 0: hidden. The bar stands in its first column.
+    static int Breite(int column);
 
 private:
     const ScanEntry& Fund(int row) const;
@@ -85,6 +97,7 @@ private:
     UnitScan scan_;
     F19Opener opener_ = F19Opener::Units;
     int target_ = 0;
+    ListenControls listen_{Combo2, Combo3, Combo4, Check1};
     Listener words_ = Worte_Folgen(*this);
 };
 

@@ -14,29 +14,15 @@
 #include <vector>
 
 namespace qvm {
-namespace {
-
-constexpr int SecondsWithoutCheck = 2; ///< entry of Combo4 when Check1 is cleared
-
-/// Entries 0 to `last`, each number with the unit behind it.
-std::vector<std::string> Zahlen(int last, std::string_view unit) {
-    std::vector<std::string> entries;
-    for (int n = 0; n <= last; ++n) {
-        entries.push_back(Ziffern(n) + std::string(unit));
-    }
-    return entries;
-}
-
-} // namespace
 
 F20::F20(Kern& kernel) : kern(kernel), Timer1(kernel.Welt, AskDelay) {
     Text1.MaxLength = LongestName;
-    Combo2.Entries = Zahlen(LastListenHour, " Std.");
-    Combo3.Entries = Zahlen(LastListenMinute, " min.");
-    Combo4.Entries = Zahlen(LastListenMinute, " sec.");
+    Lauschzeit_Fuellen(listen_);
     Combo5.Entries = std::vector<std::string>{"1", "2", "3", "4", "5"};
     F20Prg01.Visible = false;
     F20Prg01.Maximum = 12;
+    Serie.Abgebrochen = [this] { Editor_Schliessen(); };
+    Serie.Fertig = [this](bool /*confirmed*/) { Serie_Schreiben(row_, Serie.Serie()); };
     Editor_Schliessen();
     Timer1.Ticked = [this] { Code_Fragen(); };
 }
@@ -53,6 +39,7 @@ bool F20::F20_FormLaden(int lock, std::string_view name) {
     }
     Lock = lock;
     name_ = name;
+    moving_ = false;
     for (int row = FirstRow; row <= LastRow; ++row) {
         FGK20.SetText(row, UnitColumn::Number, Ziffern(row));
     }
@@ -102,81 +89,84 @@ void F20::Texte_Setzen() {
 
 void F20::Regler_Zeigen() {
     Combo1.Selected = Einstellung.Mode;
-    Combo2.Selected = Einstellung.HourEntry;
-    Combo3.Selected = Einstellung.MinuteEntry;
-    Combo4.Selected = Einstellung.SecondEntry;
+    Lauschzeit_Zeigen(listen_, Einstellung);
     Combo5.Selected = Einstellung.LevelEntry;
-    Check1.Checked = Einstellung.AlwaysOnChecked;
     Check2.Checked = Einstellung.SignalChecked;
     Regler_Freigeben();
 }
 
 void F20::Regler_Freigeben() {
-    for (ListBox* list : {&Combo2, &Combo3, &Combo4}) {
-        list->Enabled = Einstellung.TimeControls && !Einstellung.AlwaysOnChecked;
-    }
-    Check1.Enabled = Einstellung.TimeControls;
-    Combo5.Enabled = Einstellung.SignalControls;
-    Check2.Enabled = Einstellung.SignalControls;
+    const bool signal = Einstellung.SignalControls && !scanning_;
+    const bool time = Einstellung.TimeControls && !scanning_;
+    Combo1.Enabled = !scanning_;
+    Combo5.Enabled = signal;
+    Check2.Enabled = signal;
     for (Label* label : {&Label2, &Frame2}) {
-        label->Enabled = Einstellung.TimeControls;
+        label->Enabled = time;
     }
     for (Label* label : {&Label3, &Frame1}) {
-        label->Enabled = Einstellung.SignalControls;
+        label->Enabled = signal;
     }
+}
+
+void F20::Einstellen(const std::function<void()>& change) {
+    if (Bedienbar()) {
+        change();
+    }
+    Regler_Zeigen();
 }
 
 void F20::Combo1_Click(int entry) {
-    Einstellung.Mode = entry == 1 ? 1 : 0;
-    Einstellung.TimeControls = Einstellung.Mode == 1;
-    Einstellung.SignalControls = !Einstellung.TimeControls;
-    Regler_Zeigen();
+    Einstellen([&] {
+        Einstellung.Mode = entry == 1 ? 1 : 0;
+        Einstellung.TimeControls = Einstellung.Mode == 1;
+        Einstellung.SignalControls = !Einstellung.TimeControls;
+    });
 }
 
 void F20::Combo2_Click(int entry) {
-    Einstellung.HourEntry = entry;
-    Einstellung.Hours = Ziffern(entry);
-    Regler_Zeigen();
+    Einstellen([&] {
+        Einstellung.HourEntry = entry;
+        Einstellung.Hours = Ziffern(entry);
+    });
 }
 
 void F20::Combo3_Click(int entry) {
-    Einstellung.MinuteEntry = entry;
-    Einstellung.Minutes = Ziffern(entry);
-    Regler_Zeigen();
+    Einstellen([&] {
+        Einstellung.MinuteEntry = entry;
+        Einstellung.Minutes = Ziffern(entry);
+    });
 }
 
 void F20::Combo4_Click(int entry) {
-    Einstellung.SecondEntry = entry;
-    Einstellung.Seconds = Ziffern(entry);
-    Regler_Zeigen();
+    Einstellen([&] {
+        Einstellung.SecondEntry = entry;
+        Einstellung.Seconds = Ziffern(entry);
+    });
 }
 
 void F20::Combo5_Click(int entry) {
-    Einstellung.LevelEntry = entry;
-    Einstellung.RssiLevel = Pegel_Text(entry);
-    Regler_Zeigen();
+    Einstellen([&] {
+        Einstellung.LevelEntry = entry;
+        Einstellung.RssiLevel = Pegel_Text(entry);
+    });
 }
 
 void F20::Check1_Click(bool on) {
-    Einstellung.AlwaysOnChecked = on;
-    Einstellung.AlwaysOn = on ? "1" : "0";
-    if (!on) {
-        Einstellung.SecondEntry = SecondsWithoutCheck;
-        Einstellung.Seconds = Ziffern(SecondsWithoutCheck);
-    }
-    Regler_Zeigen();
+    Einstellen([&] { Lauschzeit_Immer(Einstellung, on); });
 }
 
 void F20::Check2_Click(bool on) {
-    Einstellung.SignalChecked = on;
-    Einstellung.SignalFlag = on ? "1" : "0";
-    Regler_Zeigen();
+    Einstellen([&] {
+        Einstellung.SignalChecked = on;
+        Einstellung.SignalFlag = on ? "1" : "0";
+    });
 }
 
 // ---- accept and cancel
 
 void F20::Command2_Click() {
-    if (!Fenster.Enabled || !Editor_Uebernehmen()) {
+    if (!Bedienbar() || Funk_Belegt() || !Editor_Uebernehmen()) {
         return;
     }
     UnitSettings accepted = Einstellung;
@@ -201,7 +191,14 @@ void F20::Command1_Click() {
     if (!Fenster.Enabled) {
         return; // another window stands over this one
     }
+    if (scanning_) {
+        Rufen(Suche_Abbrechen);
+        return;
+    }
     Editor_Schliessen();
+    if (moving_) {
+        Rufen(Umzug_Abbrechen);
+    }
     Schliessen();
 }
 
@@ -232,7 +229,7 @@ void F20::F20_Redo_Click() {
 }
 
 void F20::Schritt_Gehen(std::optional<UndoStep> (GridUndo::*way)(), Word told) {
-    if (!Fenster.Enabled || !Editor_Uebernehmen()) {
+    if (!Bedienbar() || !Editor_Uebernehmen()) {
         return;
     }
     if (const auto step = (Verlauf.*way)()) {

@@ -45,7 +45,7 @@ Address Bytes(std::int64_t number) {
 } // namespace
 
 void F20::FGK20_MouseUp(MouseButton button, int row, int column) {
-    if (!Fenster.Enabled || !Editor_Uebernehmen() || row < FirstRow || !FGK20.Holds(row, column)) {
+    if (!Bedienbar() || !Editor_Uebernehmen() || row < FirstRow || !FGK20.Holds(row, column)) {
         return;
     }
     if (Auswahl.Larger() && Auswahl.Holds(row, column)) {
@@ -66,20 +66,20 @@ bool F20::Menue_Oeffnen(int column, MouseButton button) {
 }
 
 void F20::FGK20_Kontext() {
-    if (Fenster.Enabled && FGK20.Row >= FirstRow && Editor_Uebernehmen()) {
+    if (Bedienbar() && FGK20.Row >= FirstRow && Editor_Uebernehmen()) {
         Menue_Oeffnen(FGK20.Column, FGK20.Column == UnitColumn::Serial ? MouseButton::Left : MouseButton::Right);
     }
 }
 
 void F20::FGK20_DblClick(int row, int column) {
-    if (Fenster.Enabled && Editor_Uebernehmen() && row >= FirstRow && FGK20.Holds(row, column)) {
+    if (Bedienbar() && Editor_Uebernehmen() && row >= FirstRow && FGK20.Holds(row, column)) {
         Auswahl.Go(row, column);
         Editor_Oeffnen(Key::Enter);
     }
 }
 
 void F20::FGK20_KeyPress(int key) {
-    if (!Fenster.Enabled || key == Key::Escape || key == Key::Tab || FGK20.Row < FirstRow || !Editor_Uebernehmen()) {
+    if (!Bedienbar() || key == Key::Escape || key == Key::Tab || FGK20.Row < FirstRow || !Editor_Uebernehmen()) {
         return;
     }
     if (FGK20.Column == UnitColumn::Name || key == Key::Enter || ASCII_FILTER_F20(key) != 0) {
@@ -87,13 +87,32 @@ void F20::FGK20_KeyPress(int key) {
     }
 }
 
+bool F20::Beschreibbar(int row, int column) const {
+    return row >= FirstRow && row <= LastRow && (column == UnitColumn::Name || column == UnitColumn::Serial);
+}
+
+void F20::FGK20_Eintragen(int row, int column, std::string_view text) {
+    if (!Bedienbar() || !Beschreibbar(row, column) || !Editor_Uebernehmen()) {
+        return;
+    }
+    Auswahl.Go(row, column);
+    Editor_Oeffnen(Key::Enter);
+    if (column == UnitColumn::Serial) {
+        Serie.Eintippen(text);
+        Serie.Taste(SerialEntry::Count - 1, Key::Enter);
+    } else {
+        Text1_Change(text);
+        Text1_KeyPress(Key::Enter);
+    }
+}
+
 void F20::Editor_Oeffnen(int key) {
-    if (FGK20.Row < FirstRow) {
+    if (!Beschreibbar(FGK20.Row, FGK20.Column)) {
         return;
     }
     if (FGK20.Column == UnitColumn::Name) {
         Text1_Oeffnen(key);
-    } else if (FGK20.Column == UnitColumn::Serial) {
+    } else {
         row_ = FGK20.Row;
         OpenColumn = UnitColumn::Serial;
         Serie.Oeffnen(key);
@@ -166,59 +185,99 @@ void F20::Text1_LostFocus() {
     }
 }
 
-void F20::Serie_KeyPress(std::size_t box, int key) {
-    if (OpenColumn != UnitColumn::Serial) {
-        return;
-    }
-    switch (Serie.Taste(box, key)) {
-    case SerialEntry::Ergebnis::Weiter:
-        break;
-    case SerialEntry::Ergebnis::Abgebrochen:
-        Editor_Schliessen();
-        break;
-    case SerialEntry::Ergebnis::Bestaetigt:
-        Serie_Schreiben(row_, Serie.Serie());
-        break;
-    }
-}
-
-void F20::Serie_LostFocus() {
-    if (OpenColumn != UnitColumn::Serial) {
-        return;
-    }
-    if (Serie.Leer()) {
-        Editor_Schliessen();
-    } else {
-        Serie_Schreiben(row_, Serie.Serie());
-    }
-}
-
 void F20::Serie_Schreiben(int row, const std::string& serial) {
     Editor_Schliessen();
-    Unit_Uebernehmen(row, serial, FGK20.Text(row, UnitColumn::UnitNo));
+    const std::int64_t number = Zahl_Der_Ziffern(serial);
+    const std::string_view module = Modulklasse(number);
+    Aendern(Word::StepEdit, [&] {
+        FGK20.SetText(row, UnitColumn::Serial, module == Refused ? std::string() : Serie_Text(Bytes(number)));
+        FGK20.SetText(row, UnitColumn::Module, module);
+    });
+    Klasse_Pruefen(row, module);
 }
 
 bool F20::Unit_Uebernehmen(int row, std::string_view serial, std::string_view unitNo) {
     const std::int64_t number = Zahl_Der_Ziffern(serial);
     const std::string_view module = Modulklasse(number);
     const bool refused = module == Refused;
-    Aendern(Word::StepEdit, [&] {
-        FGK20.SetText(row, UnitColumn::Serial, refused ? std::string() : Serie_Text(Bytes(number)));
+    Aendern(Word::StepScan, [&] {
         FGK20.SetText(row, UnitColumn::Module, module);
-        FGK20.SetText(row, UnitColumn::UnitNo, unitNo);
+        if (!refused) {
+            FGK20.SetText(row, UnitColumn::Serial, Serie_Text(Bytes(number)));
+            FGK20.SetText(row, UnitColumn::UnitNo, unitNo);
+        }
     });
-    if (refused) {
-        kern.Meldung(Fester_Text(kern, Word::WrongModule), Buttons::Ok, Icon::Exclamation, InfoTitle);
-    } else if (module == Class1 && Code_Aendern) {
-        askedRow_ = row;
-        Timer1.Start(AskDelay);
-    }
+    Klasse_Pruefen(row, module);
     return !refused;
 }
 
+/// What follows a new serial number: the question for the code, or that it is none of a unit.
+void F20::Klasse_Pruefen(int row, std::string_view module) {
+    if (module == Refused) {
+        kern.Meldung(Fester_Text(kern, Word::WrongModule), Buttons::Ok, Icon::Exclamation, InfoTitle);
+    } else if (module == Class1 && Code_Aendern) {
+        askedRow_ = row;
+        askedSerial_ = FGK20.Text(row, UnitColumn::Serial);
+        Timer1.Start(AskDelay);
+    }
+}
+
+bool F20::Funk_Belegt() {
+    if (moving_) {
+        Hinweis.Text = Wort(kern, Word::UnitMoving);
+    }
+    return moving_;
+}
+
+void F20::Suche_Zeigen(int channel, const std::string& state) {
+    scanning_ = true;
+    Regler_Freigeben();
+    Command2.Enabled = false;
+    Hinweis.Text = std::string();
+    F20Prg01.Value = channel;
+    F20Prg01.Visible = true;
+    Suchstand.Text = state;
+}
+
+void F20::Suche_Endet(const std::string& hint) {
+    scanning_ = false;
+    Regler_Freigeben();
+    Command2.Enabled = true;
+    F20Prg01.Visible = false;
+    F20Prg01.Value = 0;
+    Suchstand.Text = std::string();
+    Hinweis.Text = hint;
+}
+
+void F20::Unit_Unterwegs() {
+    moving_ = true;
+    Hinweis.Text = Wort(kern, Word::UnitMoving);
+}
+
+void F20::Unit_Angekommen(std::string_view serial, int channel) {
+    moving_ = false;
+    Hinweis.Text = std::string();
+    if (channel == 0) {
+        return;
+    }
+    // Neither a step of undo nor a change to be accepted: the unit does not go back with it. Where the disk refuses,
+    // the unit is looked for on its old channel first.
+    Unit_Kanal_Merken(kern, Lock, serial, channel);
+    for (int row = FirstRow; row <= LastRow; ++row) {
+        if (FGK20.Text(row, UnitColumn::Serial) == serial) {
+            FGK20.SetText(row, UnitColumn::UnitNo, Ziffern(channel));
+        }
+    }
+    Hinweis.Text = Wort(kern, Word::UnitMoved, {serial, Ziffern(channel)});
+}
+
 void F20::Code_Fragen() {
+    if (moving_ || !Bedienbar()) {
+        return; // the timer comes again
+    }
     Timer1.Stop();
-    if (Fenster.Visible && Fenster.Enabled &&
+    const bool there = FGK20.Text(askedRow_, UnitColumn::Serial) == askedSerial_;
+    if (Fenster.Visible && there &&
         kern.Meldung(kern.Zeile(Line::SetUnitNow), Buttons::YesNo, Icon::Question, kern.Zeile(Line::RadioChannel)) ==
             Answer::Yes) {
         Code_Oeffnen(askedRow_);
@@ -228,7 +287,7 @@ void F20::Code_Fragen() {
 void F20::Code_Oeffnen(int row) {
     constexpr int channels = 12;
     const std::string& serial = FGK20.Text(row, UnitColumn::Serial);
-    if (!Code_Aendern || serial.empty() || serial.front() == ' ' || serial.front() == '.') {
+    if (!Code_Aendern || serial.empty() || serial.front() == ' ' || serial.front() == '.' || Funk_Belegt()) {
         return;
     }
     const int channel = Zahlwert(FGK20.Text(row, UnitColumn::UnitNo));
@@ -239,7 +298,7 @@ void F20::Code_Oeffnen(int row) {
 // ---- menus
 
 void F20::F20_deleate_Click() {
-    if (!Fenster.Enabled || !Editor_Uebernehmen()) {
+    if (!Bedienbar() || !Editor_Uebernehmen()) {
         return;
     }
     const std::vector<int> rows = Auswahl.Rows();
@@ -253,26 +312,26 @@ void F20::F20_deleate_Click() {
 }
 
 void F20::SN_Msave_Click() {
-    if (Fenster.Enabled && Editor_Uebernehmen()) {
+    if (Bedienbar() && Editor_Uebernehmen()) {
         Auswahl.Go(FGK20.Row, UnitColumn::Serial);
         Editor_Oeffnen(Key::Enter);
     }
 }
 
 void F20::SN_Codechange_Click() {
-    if (Fenster.Enabled && Editor_Uebernehmen() && FGK20.Row >= FirstRow) {
+    if (Bedienbar() && Editor_Uebernehmen() && FGK20.Row >= FirstRow) {
         Code_Oeffnen(FGK20.Row);
     }
 }
 
 void F20::F20_Keypad_Click() {
-    if (Fenster.Enabled && Editor_Uebernehmen() && FGK20.Row >= FirstRow && Keypad_Suchen) {
+    if (Bedienbar() && !Funk_Belegt() && Editor_Uebernehmen() && FGK20.Row >= FirstRow && Keypad_Suchen) {
         Keypad_Suchen(FGK20.Row);
     }
 }
 
 void F20::F20_Readunit_Click() {
-    if (Fenster.Enabled && Editor_Uebernehmen() && FGK20.Row >= FirstRow && Readunit_Suchen) {
+    if (Bedienbar() && !Funk_Belegt() && Editor_Uebernehmen() && FGK20.Row >= FirstRow && Readunit_Suchen) {
         Readunit_Suchen(FGK20.Row);
     }
 }

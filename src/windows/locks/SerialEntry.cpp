@@ -5,6 +5,7 @@
 #include "LinkHooks.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace qvm {
 
@@ -61,18 +62,42 @@ void SerialEntry::Getippt(std::size_t box, std::string_view text) {
     }
 }
 
-SerialEntry::Ergebnis SerialEntry::Taste(std::size_t box, int key) {
+void SerialEntry::Eintippen(std::string_view text) {
+    bool advanced = false; // behind the second digit, by itself
+    for (const char character : text) {
+        const std::size_t box = entered_;
+        if (character != '.') {
+            Getippt(box, typed_[box] + character);
+            advanced = entered_ != box;
+        } else if (!std::exchange(advanced, false)) {
+            Betreten(box + 1);
+        }
+    }
+}
+
+void SerialEntry::Taste(std::size_t box, int key) {
+    if (!Visible) {
+        return;
+    }
+    const bool confirms = key == Key::Tab || key == Key::Enter;
     if (key == Key::Escape) {
-        return Ergebnis::Abgebrochen;
+        Abgebrochen();
+    } else if (confirms && box + 1 < Count) {
+        Betreten(box + 1);
+    } else if (confirms) {
+        Fertig(true);
     }
-    if (key != Key::Tab && key != Key::Enter) {
-        return Ergebnis::Weiter;
+}
+
+void SerialEntry::Verlassen() {
+    if (!Visible) {
+        return;
     }
-    if (box + 1 >= Count) {
-        return Ergebnis::Bestaetigt;
+    if (Leer()) {
+        Abgebrochen();
+    } else {
+        Fertig(false);
     }
-    Betreten(box + 1);
-    return Ergebnis::Weiter;
 }
 
 bool SerialEntry::Leer() const {

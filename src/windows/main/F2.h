@@ -169,8 +169,12 @@ private:
     void Anschluss_Zeigen();
     void Wiederholung_Starten();
     bool Da() const { return Fenster.Visible && Fenster.Enabled; }
+    /// A run, a scan of the channels or the session of a unit behind its code: the port belongs to it.
     bool Lauf_Aktiv() const {
-        return link.Lauf.Chain.Phase != RunPhase::None || (Hooks.Listenzeile_Laeuft && Hooks.Listenzeile_Laeuft());
+        const ChainState& chain = link.Lauf.Chain;
+        const bool scan = chain.SuchMarke != 0 || chain.SuchLauf != 0;
+        return chain.Phase != RunPhase::None || scan || chain.LaufZiel == "F22" ||
+               (Hooks.Listenzeile_Laeuft && Hooks.Listenzeile_Laeuft());
     }
     /// Why there is no adapter.
     enum class Grund { Keiner, Stumm, KeinAdapter, Anschluss };

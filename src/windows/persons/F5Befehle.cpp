@@ -1,5 +1,6 @@
 // Commands on the whole table, and what is tinted in it.
 
+#include "CsvAusgabe.h"
 #include "F5.h"
 #include "F5_Csv.h"
 #include "F5_Marken.h"
@@ -68,14 +69,9 @@ void F5::Neu() {
 }
 
 void F5::Csv_Schreiben() {
-    const auto path = kern.Welt.SaveFile(
-        {.Title = Label1.Text, .Filter = kern.Zeile(Line::UserManagement) + "(*.CSV)|*.CSV|", .Directory = {}});
-    // Appended: a second export to one file adds to it.
     std::string text = F5_CsvText(FGK4); // with all codes
     const Wiper wipeText(text);
-    const bool written = path && kern.Welt.Files.Append(*path, text);
-    kern.Meldung(written ? "CSV Print OK!" : "CSV Print ERROR!", Buttons::Ok,
-                 written ? Icon::Information : Icon::Exclamation, InfoTitle);
+    Csv_Ausgeben(kern, Label1.Text(), kern.Zeile(Line::UserManagement), text);
 }
 
 void F5::F5_M5ON_Click() {

@@ -9,18 +9,13 @@ namespace qvm {
 
 bool Leser_Bereitmachen(F5& window, Link& link, AdapterListe& adapters, LeserPort which) {
     Leser_Zurueckziehen(link, TelEKeyLesen::Telegram.Code);
-    if (adapters.*which == 0) {
-        window.Fenster.Enabled = false;
-        Adapter_Suchen(link, adapters);
-        window.Fenster.Enabled = true;
-    }
-    const int port = adapters.*which;
-    if (port == 0 || port == KeinPort) {
+    window.Fenster.Enabled = adapters.*which != 0; // a search lets events go on
+    const bool ready = Adapter_Port_Oeffnen(link, adapters, which);
+    window.Fenster.Enabled = true;
+    if (!ready) {
         window.kern.Meldung(window.kern.Zeile(Line::NoSuitableAdapter), Buttons::Ok, Icon::Exclamation);
-        return false;
     }
-    Port_Oeffnen(link, port);
-    return true;
+    return ready;
 }
 
 void Leser_Zurueckziehen(Link& link, std::uint8_t telegram) {

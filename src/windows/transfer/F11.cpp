@@ -29,6 +29,7 @@ F11::F11(Programmierlauf& programmierlauf, F9& progress, F18& wait, AdapterListe
 }
 
 void F11::F11_Laden(F11Opener opener, const std::string& adapterName) {
+    opener_ = opener;
     Eingabe_Leeren();
     Texte_Setzen();
     Check1.Checked = true;
@@ -178,6 +179,10 @@ void F11::OK_Click() {
         }
         return;
     }
+    if (opener_ != F11Opener::F13) {
+        Suche_Beauftragen();
+        return;
+    }
     bool network = false;
     if (!Port_Bereitmachen(network)) {
         return;
@@ -236,6 +241,24 @@ void F11::Direkt_Starten() {
     Lauf_Beginnen(run, *order);
 }
 
+void F11::Suche_Beauftragen() {
+    bool network = false;
+    if (!Port_Bereitmachen(network)) {
+        return;
+    }
+    if (network) { // it knows no scan
+        kern.Meldung(kern.Zeile(Line::NoSuitableAdapter), Buttons::Ok, Icon::Exclamation);
+        return;
+    }
+    const auto order = Auftrag_Vollenden();
+    if (order) {
+        Schliessen();
+        if (Suche_Beauftragt) {
+            Suche_Beauftragt(*order);
+        }
+    }
+}
+
 void F11::Schliessen() {
     Fokus.Stop();
     Fenster.Visible = false;
@@ -246,7 +269,7 @@ void F11::Cancel_Click() {
     // A list that was not begun must not go with whatever opens the dialog next.
     run.link.Lauf.List = {};
     Schliessen();
-    Rufen(Zurueck);
+    Rufen(opener_ == F11Opener::F13 ? Zurueck : Suche_Verworfen);
 }
 
 } // namespace qvm

@@ -48,13 +48,16 @@ struct F11 {
     Timer Fokus; ///< gives the code box the focus, 500 ms after opening
 
     int LockRowOfGrid = 0;         ///< row of F13 that the run belongs to
-    std::function<void()> Zurueck; ///< cancel: back to the window that opened the dialog
+    std::function<void()> Zurueck; ///< cancel: back to F13
     std::function<void()> F13_Verbergen;
     std::function<void(int row)> Marke_Loeschen;          ///< clears the "X" of the lock's row
     std::function<void()> Antworttabelle_Leeren;          ///< the unit answer table
     std::function<void()> Liste_Starten;                  ///< the list run takes over
     std::function<bool(const AdapterSatz&)> Adapter_Test; ///< true: a network adapter
     std::function<void()> Netzlauf_Starten;               ///< the network route for one lock
+    std::function<void(const RunOrder& order)>
+        Suche_Beauftragt;                  ///< OK for F12 or F20: a scan, with the code in `order`
+    std::function<void()> Suche_Verworfen; ///< cancel for them
 
     /// `adapterName`: the adapter remembered for the lock, to be preselected.
     void F11_Laden(F11Opener opener, const std::string& adapterName);
@@ -90,8 +93,10 @@ private:
     /// The same as the wish of a list, or of a lock that a network adapter has; closes the dialog.
     bool Liste_Beauftragen();
     void Direkt_Starten();
+    void Suche_Beauftragen();
     void Schliessen();
 
+    F11Opener opener_ = F11Opener::F13;
     CodeEntry code_{Text1};
     std::optional<Datum> stichtag_;
     std::vector<std::string> offered_; ///< address of the adapter of each entry

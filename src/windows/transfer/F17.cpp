@@ -18,23 +18,28 @@ constexpr std::uint8_t Pending = 0xFF, CodeTaken = 4, NoContact = 0x64;
 
 } // namespace
 
-F17::F17(Programmierlauf& programmierlauf, F18& wait)
-    : run(programmierlauf), kern(programmierlauf.kern), f18(wait), Frist(programmierlauf.kern.Welt, PatienceMs),
-      Bestaetigung(programmierlauf.kern.Welt, PatienceMs) {
+F17::F17(Programmierlauf& programmierlauf, F18& wait, AdapterListe& adapters)
+    : run(programmierlauf), kern(programmierlauf.kern), f18(wait), Adapter(adapters),
+      Frist(programmierlauf.kern.Welt, PatienceMs), Bestaetigung(programmierlauf.kern.Welt, PatienceMs) {
     Text1.MaxLength = Text2.MaxLength = Text3.MaxLength = CodeEntry::Length;
     Frist.Ticked = [this] { Frist_Abgelaufen(); };
     Bestaetigung.Ticked = [this] { Nicht_Bestaetigt(); };
-}
-
-bool F17::Einheit() const {
-    return run.link.Lauf.Chain.LaufZiel == "F20";
 }
 
 bool F17::Wartet() const {
     return run.link.Lauf.Chain.CodeChangePending != 0;
 }
 
+bool F17::Unterwegs() const {
+    return run.link.Lauf.Chain.LaufZiel == "F22";
+}
+
 void F17::F17_FormLoad() {
+    unit_.reset();
+    Oeffnen();
+}
+
+void F17::Oeffnen() {
     old_.Leeren();
     new_.Leeren();
     repeat_.Leeren();
@@ -46,7 +51,7 @@ void F17::F17_FormLoad() {
 
 void F17::Texte_Setzen() {
     Fenster.Title = kern.Zeile(Line::AdminCode);
-    Schloss.Text = Einheit() ? std::string() : Lauf_Schloss(run);
+    Schloss.Text = unit_ ? Wort(kern, Word::UnitLine, {unit_->Serial}) : Lauf_Schloss(run);
     Label1.Text = kern.Zeile(Line::OldCode);
     Label2.Text = kern.Zeile(Line::NewCode);
     Label3.Text = kern.Zeile(Line::RepeatCode);
@@ -78,8 +83,10 @@ void F17::Command1_Click() {
     }
     RunState& lauf = run.link.Lauf;
     lauf.Order.AdminCode = old_.Gepackt();
-    if (!Einheit()) {
-        // A search before this one may have ended anywhere.
+    // A search before this one may have ended anywhere.
+    if (unit_) {
+        Unit_Code_Beginnen(run, unit_->Device, unit_->Channel);
+    } else {
         lauf.Chain.KanalSuche = lauf.Order.Search ? 1 : 0;
         lauf.Chain.KanalIndex = 0;
         run.link.TargetChannel = lauf.Order.TargetChannel;
@@ -88,6 +95,7 @@ void F17::Command1_Click() {
     lauf.Chain.CodeChangePending = Pending;
     Command1.Enabled = false;
     f18.F18_Zeigen();
+    f18.Schloss.Text = Schloss.Text();
     Frist.Start(PatienceMs);
     if (!TelVerbinden_Senden(run.link)) {
         Warten_Beenden(CodeOutcome::Unsent);
@@ -100,6 +108,9 @@ void F17::Warten_Beenden(CodeOutcome outcome) {
     Frist.Stop();
     run.link.Lauf.Chain.CodeChangePending = 0;
     run.link.Lauf.Chain.KanalSuche = 0;
+    if (run.link.AnswerDue == TelVerbinden::Telegram.Code) {
+        run.link.AnswerWithdrawn = TelVerbinden::Telegram.Code; // it may still come
+    }
     run.link.AnswerDue = 0;
     Geheimnisse_Vergessen(run.link);
     f18.F18_Schliessen();
@@ -125,11 +136,11 @@ void F17::Abbrechen() {
 
 void F17::Nicht_Bestaetigt() {
     Bestaetigung.Stop();
-    const std::uint8_t due = run.link.AnswerDue;
-    // The session of a unit goes on by itself behind the answer, of which this window hears nothing then.
-    if (unit_ && due != TelCodeAendern::Telegram.Code) {
+    if (Unterwegs()) {
+        Unit_Aufgeben(Unit_Stand());
         return;
     }
+    const std::uint8_t due = run.link.AnswerDue;
     // Another try may be under way, or over, by now.
     if (Ergebnis == CodeOutcome::Open && !Wartet()) {
         Ergebnis = CodeOutcome::Unconfirmed;
@@ -163,9 +174,10 @@ void F17::Angemeldet() {
     }
     AdminCodeBytes from = old_.Gepackt();
     AdminCodeBytes to = new_.Gepackt();
-    unit_ = Einheit();
+    taken_ = false;
     if (unit_) {
         run.link.Lauf.Chain.LaufZiel = "F22";
+        Rufen(Unit_Beginnt);
     }
     Schliessen();
     Rufen(unit_ ? Zu_F20 : Zu_F13);
@@ -173,6 +185,9 @@ void F17::Angemeldet() {
         Bestaetigung.Start(PatienceMs);
     } else {
         Ergebnis = CodeOutcome::Unsent;
+        if (unit_) {
+            Unit_Abschliessen(CodeOutcome::Unsent);
+        }
         Melden(Line::PortNotOpened);
     }
     Ueberschreiben(from);
@@ -190,7 +205,17 @@ CodeOutcome F17::Antwort() const {
 
 void F17::Beantwortet() {
     Bestaetigung.Stop();
-    Ergebnis = Antwort();
+    const CodeOutcome outcome = Antwort();
+    if (Unterwegs() && outcome == CodeOutcome::Changed) {
+        taken_ = true;
+        Geheimnisse_Loslassen();
+        Bestaetigung.Start(PatienceMs); // for its move
+        return;
+    }
+    if (Unterwegs()) {
+        Unit_Abschliessen(outcome);
+    }
+    Ergebnis = outcome;
     Geheimnisse_Loslassen();
     if (Ergebnis == CodeOutcome::Unconfirmed) {
         Unbestaetigt_Melden();
@@ -199,7 +224,8 @@ void F17::Beantwortet() {
 
 void F17::Geheimnisse_Loslassen() {
     // What has begun meanwhile needs its own, and forgets them at its end.
-    if (run.Gesamtende && run.link.Lauf.List.RunRows == 0) {
+    const bool scanning = run.link.Lauf.Chain.SuchLauf != 0;
+    if (run.Gesamtende && run.link.Lauf.List.RunRows == 0 && !scanning) {
         Geheimnisse_Vergessen(run.link);
     }
 }
@@ -215,10 +241,11 @@ void F17::Command2_Click() {
     if (Wartet()) {
         Abbrechen();
     }
-    const bool unit = Einheit();
-    run.link.Lauf.Chain.LaufZiel.clear();
+    if (unit_) {
+        Unit_Code_Beenden(run);
+    }
     Schliessen();
-    Rufen(unit ? Zu_F20 : Zu_F13);
+    Rufen(unit_ ? Zu_F20 : Zu_F13);
 }
 
 } // namespace qvm

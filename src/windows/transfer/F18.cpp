@@ -10,7 +10,8 @@ F18::F18(Programmierlauf& programmierlauf)
     Balken.Maximum = 200;
     Balken.Value = 100;
     Wache.Ticked = [this] {
-        pulled_ = Lauf_Ohne_Adapter(run) || (Code_Wird_Geprueft() && !kern.Welt.Port.IsOpen());
+        const bool waits = Code_Wird_Geprueft() || Wird_Abgesucht();
+        pulled_ = Lauf_Ohne_Adapter(run) || (waits && !kern.Welt.Port.IsOpen());
         Text_Setzen();
     };
 }
@@ -18,6 +19,7 @@ F18::F18(Programmierlauf& programmierlauf)
 void F18::F18_Zeigen() {
     Balken.Value = 100;
     textLine_ = 81;
+    state_.clear();
     pulled_ = false;
     Texte_Setzen();
     Command1.Enabled = true;
@@ -36,8 +38,15 @@ void F18::Text_Zeigen(int line) {
     Text_Setzen();
 }
 
+void F18::Suchstand_Zeigen(int channel, const std::string& state) {
+    constexpr int first = 100, step = 6;
+    Balken.Value = first + step * channel;
+    state_ = state;
+    Text_Setzen();
+}
+
 void F18::Text_Setzen() {
-    Text.Text = pulled_ ? Wort(kern, Word::AdapterPulled) : kern.Zeile(textLine_);
+    Text.Text = pulled_ ? Wort(kern, Word::AdapterPulled) : !state_.empty() ? state_ : kern.Zeile(textLine_);
 }
 
 void F18::Texte_Setzen() {
@@ -50,6 +59,10 @@ void F18::Texte_Setzen() {
 void F18::Command1_Click() {
     if (Code_Wird_Geprueft()) {
         Rufen(Anmeldung_Abbrechen); // closes the box
+        return;
+    }
+    if (Wird_Abgesucht()) {
+        Rufen(Suche_Abbrechen); // and so does this
         return;
     }
     if (Lauf_Ohne_Adapter(run)) {

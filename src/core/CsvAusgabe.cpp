@@ -1,0 +1,15 @@
+#include "CsvAusgabe.h"
+
+#include <string>
+
+namespace qvm {
+
+void Csv_Ausgeben(const Kern& kern, std::string_view title, std::string_view kind, std::string_view text) {
+    const auto path = kern.Welt.SaveFile(
+        {.Title = std::string(title), .Filter = std::string(kind) + "(*.CSV)|*.CSV|", .Directory = {}});
+    const bool written = path && kern.Welt.Files.Append(*path, text);
+    kern.Meldung(written ? "CSV Print OK!" : "CSV Print ERROR!", Buttons::Ok,
+                 written ? Icon::Information : Icon::Exclamation, "INFO");
+}
+
+} // namespace qvm
