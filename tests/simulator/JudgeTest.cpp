@@ -286,7 +286,9 @@ TEST(Judge, wild_telegrams_with_good_checksums_never_harm) {
             if (form.Raw) {
                 bench.SayRaw(form.Code, body);
             } else {
-                bench.To = *rc::gen::element(AddressOf(0x00003D20), bench.System.World().Locks[0].Serial);
+                bench.To =
+                    *rc::gen::element(AddressOf(0x00003D20), bench.System.World().Locks[0].Serial, DeviceAddress{});
+                bench.Mode = *rc::gen::element<std::uint8_t>(0, 1);
                 bench.Say(form.Code, body);
             }
         }

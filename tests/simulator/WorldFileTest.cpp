@@ -33,7 +33,8 @@ TEST(World_FromJson, reads_adapter_locks_units_and_faults) {
                    "users": [{"slot": 3, "name": "Jürgen", "code": "1234------", "weighting": 12,
                               "groups": "XX-----------------X----"}],
                    "history": [{"day": 5, "month": 3, "year": 26, "hour": 10, "minute": 30, "name": "ÄNNE", "event": 18}]}],
-        "units": [{"serial": "00.00.3D.20", "type": 2}]})",
+        "units": [{"serial": "00.00.3D.20", "type": 2},
+                  {"serial": "01.60.00.03", "signal": 168, "scan_type": 41, "answers": "poorly", "code_status": 2}]})",
                                world, fault))
         << fault;
     EXPECT_EQ(world.Adapter.Name, "PROGSTATION S\xFC"
@@ -52,6 +53,14 @@ TEST(World_FromJson, reads_adapter_locks_units_and_faults) {
     EXPECT_EQ(lock.History.at(0)[5], 0x8E) << "A umlaut of code page 850";
     EXPECT_EQ(lock.History[0][21], 18);
     EXPECT_EQ(world.Units.at(0).Type, 2);
+    EXPECT_EQ(world.Units[0].Channel, 1) << "where a new one listens";
+    EXPECT_EQ(world.Units[0].Air.ScanType, 6);
+    EXPECT_EQ(world.Units[0].Air.Signal, 100);
+    const VirtualUnit& unit = world.Units.at(1);
+    EXPECT_EQ(unit.Air.Signal, 168);
+    EXPECT_EQ(unit.Air.ScanType, 41);
+    EXPECT_EQ(unit.Air.Answers, Answering::Poorly);
+    EXPECT_EQ(unit.CodeStatus, 2);
 }
 
 TEST(World_FromJson, an_empty_object_is_an_adapter_alone) {
@@ -83,6 +92,10 @@ TEST(World_FromJson, names_the_place_of_a_fault) {
               "locks[0].table_a_form: must be one of none, short, parts, block");
     EXPECT_EQ(FaultOf(R"({"locks": [{"serial": "00.00.2C.10"}], "units": [{"serial": "00.00.2C.10"}]})"),
               "units[0].serial: another device has it");
+    EXPECT_EQ(FaultOf(R"({"units": [{"serial": "00.00.3D.20", "answers": "loudly"}]})"),
+              "units[0].answers: must be one of well, poorly, refusing, never");
+    EXPECT_EQ(FaultOf(R"({"units": [{"serial": "00.00.3D.20", "signal": 256}]})"),
+              "units[0].signal: must be a whole number from 0 to 255");
     EXPECT_EQ(FaultOf(R"({"faults": ["loud@1"]})"),
               "faults[0]: must be a fault, as \"silent@5+\" or \"refuse@3=0x64\"");
 }
@@ -128,6 +141,8 @@ VirtualWorld FullWorld() {
     lock.Users.push_back(finger);
     VirtualUnit unit;
     unit.Type = 2;
+    unit.CodeStatus = 3;
+    unit.Air = {.Signal = 200, .ScanType = 51, .Answers = Answering::Never};
     unit.Serial = {0, 0, 0x3D, 0x20};
     unit.Lock = lock.Serial;
     unit.Key = {5};
@@ -160,6 +175,10 @@ TEST(World_ToJson, a_full_world_survives_the_way_there_and_back) {
     EXPECT_FALSE(b.LockTimerFlag.has_value());
     EXPECT_EQ(after.Units.at(0).Rows, before.Units[0].Rows);
     EXPECT_EQ(after.Units[0].Lock, before.Units[0].Lock);
+    EXPECT_EQ(after.Units[0].CodeStatus, 3);
+    EXPECT_EQ(after.Units[0].Air.Signal, 200);
+    EXPECT_EQ(after.Units[0].Air.ScanType, 51);
+    EXPECT_EQ(after.Units[0].Air.Answers, Answering::Never);
     EXPECT_EQ(after.Faults, before.Faults);
     EXPECT_EQ(after.Adapter.Key, before.Adapter.Key);
 }

@@ -3,7 +3,6 @@
 #include "SimAnswers.h"
 #include "SimFrame.h"
 #include "SimLockData.h"
-#include "SimRanges.h"
 
 #include <algorithm>
 
@@ -94,22 +93,10 @@ DeviceReply TakeHistory(Turn& turn, bool first) {
 }
 
 DeviceReply TakeCodeChange(Turn& turn) {
+    const LockSession& session = turn.Session;
     VirtualLock& lock = turn.Lock;
-    const auto bytes = turn.Frame.subspan(14, 12);
-    std::uint8_t status = StatusAccepted;
-    if (turn.Session.RefusedLogin != 0) {
-        status = turn.Session.RefusedLogin;
-    } else if (lock.CodeStatus != 0) {
-        status = lock.CodeStatus;
-    } else if (!std::equal(lock.AdminCode.begin(), lock.AdminCode.end(), bytes.begin() + 2)) {
-        status = StatusWrongCode;
-    } else if (!RangeFault({.Name = "", .First = 0, .Last = 2, .How = Check::AdminCode}, bytes.subspan(7, 3)).empty()) {
-        status = StatusBadNewCode;
-    }
-    if (status == StatusAccepted) {
-        std::copy_n(bytes.begin() + 7, 3, lock.AdminCode.begin());
-    }
-    return turn.WithStatus(status);
+    return turn.WithStatus(
+        ChangeCode(session.RefusedLogin != 0 ? session.RefusedLogin : lock.CodeStatus, lock.AdminCode, turn.Frame));
 }
 
 DeviceReply TakeChannel(Turn& turn, Step step) {

@@ -15,6 +15,7 @@ struct DeviceReply {
     std::vector<std::uint8_t> Bytes; ///< bytes 0 to L + 1; empty: no reply
     int NewChannel = 0;              ///< the device moved to this radio channel; 0: it did not
     bool Closed = false;             ///< its session is over
+    bool Garbled = false;            ///< its checksum is broken on the way
 };
 
 /// Reasons of a refusal, reply 0x69.

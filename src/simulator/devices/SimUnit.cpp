@@ -12,6 +12,7 @@ namespace {
 /// Reason of a refused data start: the unit is not ready yet.
 constexpr std::uint8_t Busy = 0x67;
 constexpr std::size_t PieceSize = 32;
+constexpr std::uint8_t LoginCode = 0x04, ShortLogin = 0x12, LongLogin = 0x14, ServiceMode = 1;
 
 struct Turn {
     VirtualUnit& Unit;
@@ -33,21 +34,35 @@ struct Turn {
 /// Login, and the connect telegram of type 2: both are answered by 0x04.
 DeviceReply TakeLogin(Turn& turn) {
     VirtualUnit& unit = turn.Unit;
-    if (turn.Code() == 0x04 && turn.Frame[1] != 0x12) {
-        turn.Findings.Note(Wrong::Length, turn.Code(), "a unit is logged into with the short telegram");
-    }
+    UnitSession& session = turn.Session;
     const std::uint8_t status = LoginStatus(unit.LoginStatus, unit.AdminCode, turn.Frame);
-    turn.Session.Open = status == StatusAccepted;
-    return turn.WithStatus(0x04, status);
+    if (turn.Code() == LoginCode) {
+        session = UnitSession{};
+        session.Service = ServiceLogin(turn.Frame);
+        session.RefusedLogin = status == StatusAccepted ? std::uint8_t{0} : status;
+        if (!session.Service && turn.Frame[1] != ShortLogin) {
+            turn.Findings.Note(Wrong::Length, turn.Code(), "a unit is logged into with the short telegram");
+        }
+    }
+    session.Open = status == StatusAccepted;
+    return turn.WithStatus(LoginCode, status);
+}
+
+DeviceReply TakeCodeChange(Turn& turn) {
+    const std::uint8_t refused = turn.Session.RefusedLogin;
+    VirtualUnit& unit = turn.Unit;
+    return turn.WithStatus(turn.Code(),
+                           ChangeCode(refused != 0 ? refused : unit.CodeStatus, unit.AdminCode, turn.Frame));
 }
 
 DeviceReply TakeChannel(Turn& turn, Step step) {
     UnitSession& session = turn.Session;
     if (step == Step::ChannelRead) {
-        const bool wasOpen = session.Open;
-        session = UnitSession{};
-        session.Open = wasOpen;
-        session.ChannelAsked = turn.Frame[14];
+        UnitSession fresh;
+        fresh.Open = session.Open;
+        fresh.Service = session.Service;
+        fresh.ChannelAsked = turn.Frame[14];
+        session = fresh;
         return turn.Plain();
     }
     return ChannelReply(step, turn.Frame, turn.Unit.Serial, session.ChannelAsked, turn.Unit.Channel, turn.Findings);
@@ -139,7 +154,7 @@ DeviceReply TakeBlock(Turn& turn) {
 DeviceReply TakeClose(Turn& turn) {
     UnitSession& session = turn.Session;
     DeviceReply reply = turn.Plain();
-    if (turn.Unit.Type == 1) {
+    if (turn.Unit.Type == 1 || session.Service) {
         reply.Closed = session.Open;
         turn.Unit.Sessions += session.Open ? 1 : 0;
         session.Open = false;
@@ -179,6 +194,8 @@ DeviceReply Act(Turn& turn, Step step) {
     case Step::Login:
     case Step::UnitConnect:
         return TakeLogin(turn);
+    case Step::CodeChange:
+        return TakeCodeChange(turn);
     case Step::ChannelRead:
     case Step::ChannelAct:
     case Step::ChannelSet:
@@ -203,24 +220,32 @@ DeviceReply Act(Turn& turn, Step step) {
 }
 
 /// Steps that need an accepted login or connect.
-bool NeedsSession(Step step, int type) {
-    if (type == 1) {
+bool NeedsSession(const UnitSession& session, Step step, int type) {
+    if (step == Step::CodeChange && session.RefusedLogin != 0 && session.Last == Step::Login) {
+        return false; // it gets the status of that login
+    }
+    if (type == 1 || session.Service) {
         return step != Step::Login && step != Step::Close;
     }
-    return step == Step::Erase || step == Step::UnitBlock;
+    return step == Step::Erase || step == Step::UnitBlock || step == Step::CodeChange;
 }
 
 } // namespace
+
+bool ServiceLogin(std::span<const std::uint8_t> frame) {
+    return frame[2] == LoginCode && frame[1] == LongLogin && frame[8] == ServiceMode;
+}
 
 DeviceReply UnitAnswers(VirtualUnit& unit, UnitSession& session, std::span<const std::uint8_t> frame,
                         const DecipherFunction& decipher, Judge& judge) {
     Turn turn{.Unit = unit, .Session = session, .Frame = frame, .Decipher = decipher, .Findings = judge};
     const Step step = StepOf(frame);
-    if (!session.Open && NeedsSession(step, unit.Type)) {
+    const bool service = step == Step::Login ? ServiceLogin(frame) : session.Service;
+    if (!session.Open && NeedsSession(session, step, unit.Type)) {
         judge.Note(Wrong::Order, frame[2], std::string{StepName(step)} + " without a session");
         return {.Bytes = RefusalReply(Refusal::NotAccepted)};
     }
-    if (const std::string fault = UnitOrderFault(session, step, unit.Type); !fault.empty()) {
+    if (const std::string fault = UnitOrderFault(session, step, unit.Type, service); !fault.empty()) {
         judge.Note(Wrong::Order, frame[2], fault);
     }
     DeviceReply reply = Act(turn, step);

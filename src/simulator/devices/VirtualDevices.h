@@ -93,6 +93,21 @@ struct ReaderSetting {
     bool operator==(const ReaderSetting&) const = default;
 };
 
+/// How a device answers a search, and a login.
+enum class Answering : std::uint8_t {
+    Well,
+    Poorly,   ///< the answer arrives with a broken checksum
+    Refusing, ///< it does not want to: a refusal comes
+    Never,    ///< nothing comes, not even that nobody is there
+};
+
+/// What a search of the radio channels hears of a device.
+struct OnAir {
+    std::uint8_t Signal = 100; ///< as the line carries it: up to 127 as it stands, above counting downwards
+    std::uint8_t ScanType = 1; ///< what kind of device it says it is
+    Answering Answers = Answering::Well;
+};
+
 struct VirtualLock {
     std::string Label; ///< for people only, UTF-8
     DeviceAddress Serial{};
@@ -106,6 +121,7 @@ struct VirtualLock {
     bool EchoErase = true;                   ///< whether such a lock acknowledges the erase before it goes deaf
     std::uint8_t AliveReply = 0x08;          ///< reply code to a sign of life: 0x06 or 0x08
     std::optional<std::uint16_t> ForcedSlot; ///< the slot number given out instead of a free one
+    OnAir Air;
 
     // Memory.
     std::vector<LockUser> Users;                                   ///< erased by every data start
@@ -139,10 +155,12 @@ struct VirtualUnit {
     int Type = 1; ///< 1 or 2
     DeviceAddress Serial{};
     std::array<std::uint8_t, 3> AdminCode{0x12, 0x34, 0x56};
-    int Channel = 1;
+    int Channel = 1; ///< where a new one listens
 
     // Behaviour.
     std::uint8_t LoginStatus = 0;
+    std::uint8_t CodeStatus = 0;
+    OnAir Air{.ScanType = 6};
     int RefusedErases = 0;        ///< so many data starts are refused before one is taken
     std::uint8_t BlockStatus = 0; ///< status byte of every block's acknowledge
 

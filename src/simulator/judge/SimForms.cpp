@@ -152,6 +152,7 @@ constexpr std::array All{
     Form{"unit key", 0x48, 0x1D, false, UnitKey},
     Form{"unit open", 0x49, 0x11, false, LockSerial},
     Form{"unit block", 0x4A, 0x37, false, UnitBlock},
+    Form{"unit search", SearchCode, 0x0D, false, NoPart},
     Form{"channel action", 0x66, 0x0E, false, Channel},
     Form{"unit connect", 0xFE, 0x14, false, UnitConnect},
     Form{"key reading", 0x67, 0x0F, false, KeyRead},

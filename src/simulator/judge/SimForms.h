@@ -49,6 +49,9 @@ struct Form {
 /// All forms. A code can have several; those with a part number have one a part.
 std::span<const Form> Forms();
 
+/// Code of the telegram that searches the units of a channel.
+inline constexpr std::uint8_t SearchCode = 0x4B;
+
 /// First index behind what every telegram of this kind begins with: 3 (raw) or 14.
 constexpr int FirstPayload(const Form& form) {
     return form.Raw ? 3 : 14;

@@ -58,8 +58,14 @@ constexpr std::array LockSteps{
 };
 
 constexpr std::array Unit1Steps{
-    Due{UnitSetting, {Login}},      Due{CodeChange, {Login}},      Due{ChannelRead, {Login, CodeChange}},
-    Due{ChannelAct, {ChannelRead}}, Due{ChannelSet, {ChannelAct}},
+    Due{UnitSetting, {Login}},
+};
+
+constexpr std::array ServiceSteps{
+    Due{CodeChange, {Login}},
+    Due{ChannelRead, {CodeChange}},
+    Due{ChannelAct, {ChannelRead}},
+    Due{ChannelSet, {ChannelAct}},
 };
 
 constexpr std::array Unit2Steps{
@@ -135,12 +141,18 @@ std::string LockOrderFault(const Session& session, Step next, std::uint32_t seri
     return fault.empty() ? GroupsFault(session, next) : fault;
 }
 
-std::string UnitOrderFault(const Session& session, Step next, int type) {
+std::string UnitOrderFault(const Session& session, Step next, int type, bool service) {
+    if (next == Close || (next == Login && (type == 1 || service))) {
+        return {};
+    }
+    if (service) {
+        return TableFault(ServiceSteps, next, session.Last);
+    }
     if (type == 1) {
-        return next == Login || next == Close ? std::string{} : TableFault(Unit1Steps, next, session.Last);
+        return TableFault(Unit1Steps, next, session.Last);
     }
     // A unit of type 2 is opened by its channel, on which it is looked for.
-    return next == ChannelRead || next == Close ? std::string{} : TableFault(Unit2Steps, next, session.Last);
+    return next == ChannelRead ? std::string{} : TableFault(Unit2Steps, next, session.Last);
 }
 
 bool MayCloseBehind(Step last) {

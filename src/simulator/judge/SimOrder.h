@@ -20,8 +20,8 @@ struct Session {
 
 /// Why this step is not due in a lock's session; empty when it is. `serial`: the lock's serial as a number.
 std::string LockOrderFault(const Session& session, Step next, std::uint32_t serial);
-/// The same for units of type 1 and 2.
-std::string UnitOrderFault(const Session& session, Step next, int type);
+/// The same for units of type 1 and 2. `service`: the session is one for a code change, which is alike for both.
+std::string UnitOrderFault(const Session& session, Step next, int type, bool service);
 /// True when a lock's session may be closed behind this step without leaving data half sent.
 bool MayCloseBehind(Step last);
 

@@ -1,6 +1,7 @@
 #include "VirtualSystem.h"
 
 #include "SimAdapter.h"
+#include "SimAnswers.h"
 
 #include <algorithm>
 
@@ -8,7 +9,7 @@ namespace qvm {
 
 namespace {
 
-constexpr std::uint8_t LoginCode = 0x04;
+constexpr std::uint8_t LoginCode = 0x04, TuneCode = 0x6B;
 
 template <typename Devices>
 auto Find(Devices& devices, const DeviceAddress& serial) {
@@ -160,7 +161,7 @@ void VirtualSystem::TakeFrame(std::vector<std::uint8_t> frame) {
     if (fault != nullptr && fault->WrongReply()) {
         reply.Bytes = WrongReply(static_cast<std::uint8_t>(fault->Value), AddressAt(frame, 3));
     }
-    Reply(reply.Bytes, fault);
+    Reply(reply.Bytes, fault, reply.Garbled);
     if (reply.Closed && surroundings_.SessionClosed) {
         surroundings_.SessionClosed();
     }
@@ -195,6 +196,7 @@ std::vector<std::uint8_t> VirtualSystem::AdapterAnswers(std::span<const std::uin
     AdapterReply answer = TakeAdapterTelegram(world_.Adapter, frame);
     if (answer.Channel != 0) {
         tunedChannel_ = answer.Channel;
+        searchTuned_ = frame[2] == TuneCode && AddressAt(frame, 4) == DeviceAddress{};
     }
     return std::move(answer.Bytes);
 }
@@ -204,13 +206,20 @@ DeviceReply VirtualSystem::DeviceAnswers(std::span<const std::uint8_t> frame) {
         tunedChannel_ = frame[18];
     }
     const DeviceAddress address = AddressAt(frame, 3);
+    const bool login = frame[2] == LoginCode;
+    if (frame[2] == SearchCode || (login && address == DeviceAddress{})) {
+        return SearchTurn(frame);
+    }
+    searchTuned_ = false;
     DeviceReply reply{.Bytes = RefusalReply(Refusal::NoContact)};
     const auto lock = Find(world_.Locks, address);
     const auto unit = Find(world_.Units, address);
     if (lock != world_.Locks.end() && lock->Channel == tunedChannel_) {
-        reply = LockTurn(static_cast<std::size_t>(lock - world_.Locks.begin()), frame);
+        const auto index = static_cast<std::size_t>(lock - world_.Locks.begin());
+        reply = InManner(login ? lock->Air.Answers : Answering::Well, [&] { return LockTurn(index, frame); });
     } else if (unit != world_.Units.end() && unit->Channel == tunedChannel_) {
-        reply = UnitTurn(static_cast<std::size_t>(unit - world_.Units.begin()), frame);
+        const auto index = static_cast<std::size_t>(unit - world_.Units.begin());
+        reply = InManner(login ? unit->Air.Answers : Answering::Well, [&] { return UnitTurn(index, frame); });
     }
     if (reply.NewChannel != 0) {
         tunedChannel_ = reply.NewChannel; // the adapter follows its session
@@ -239,7 +248,8 @@ DeviceReply VirtualSystem::LockTurn(std::size_t index, std::span<const std::uint
 
 DeviceReply VirtualSystem::UnitTurn(std::size_t index, std::span<const std::uint8_t> frame) {
     VirtualUnit& unit = world_.Units[index];
-    JudgeMode(frame, unit.Type == 2 ? 1 : 0);
+    const bool service = frame[2] == LoginCode ? ServiceLogin(frame) : unitSessions_[index].Service;
+    JudgeMode(frame, unit.Type == 2 || service ? 1 : 0);
     const Step step = StepOf(frame);
     if ((step == Step::UnitSetting || step == Step::UnitOpen) && AddressAt(frame, 14) != lastLock_) {
         judge_.Note(Wrong::Range, frame[2],
@@ -248,9 +258,9 @@ DeviceReply VirtualSystem::UnitTurn(std::size_t index, std::span<const std::uint
     return UnitAnswers(unit, unitSessions_[index], frame, surroundings_.Decipher, judge_);
 }
 
-void VirtualSystem::Reply(const std::vector<std::uint8_t>& reply, const SimFault* fault) {
+void VirtualSystem::Reply(const std::vector<std::uint8_t>& reply, const SimFault* fault, bool garbled) {
     if (!reply.empty()) {
-        SendFaulty(ReplyOnWire(reply), BrokenReply(reply), world_.ReplyMs, fault);
+        SendFaulty(garbled ? BrokenReply(reply) : ReplyOnWire(reply), BrokenReply(reply), world_.ReplyMs, fault);
     }
 }
 

@@ -103,11 +103,13 @@ private:
     bool PulledOut(const SimFault* fault);
     std::vector<std::uint8_t> AdapterAnswers(std::span<const std::uint8_t> frame);
     DeviceReply DeviceAnswers(std::span<const std::uint8_t> frame);
+    void JudgeSearch(std::span<const std::uint8_t> frame);
+    DeviceReply SearchTurn(std::span<const std::uint8_t> frame);
     DeviceReply LockTurn(std::size_t index, std::span<const std::uint8_t> frame);
     DeviceReply UnitTurn(std::size_t index, std::span<const std::uint8_t> frame);
     void JudgeMode(std::span<const std::uint8_t> frame, std::uint8_t want);
     void Disturb();
-    void Reply(const std::vector<std::uint8_t>& reply, const SimFault* fault);
+    void Reply(const std::vector<std::uint8_t>& reply, const SimFault* fault, bool garbled = false);
     void DeskTurn(std::span<const std::uint8_t> frame, const SimFault* fault);
     void FreeSlot(std::uint8_t slot);
     bool ServeDesk();
@@ -135,7 +137,8 @@ private:
     std::uint8_t usedSlot_ = 0; ///< that a reader reported last; 0: none
     std::vector<std::vector<std::uint8_t>> telegrams_;
     bool keepTelegrams_ = true;
-    int tunedChannel_ = 0; ///< radio channel of the adapter, 0 before the first login
+    int tunedChannel_ = 0;     ///< radio channel of the adapter, 0 before the first login
+    bool searchTuned_ = false; ///< it was sent there for a search, and nothing went to a device since
     DeviceAddress lastLock_{};
     int faultBaseAll_ = 0;
     int faultBaseDevice_ = 0;

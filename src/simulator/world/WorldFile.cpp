@@ -1,5 +1,6 @@
 #include "WorldFile.h"
 
+#include "WorldAir.h"
 #include "WorldCodecs.h"
 #include "WorldDesk.h"
 
@@ -184,6 +185,7 @@ void LockBehaviour(Archive& archive, VirtualLock& lock) {
     archive("echo_erase", Flag{lock.EchoErase});
     archive("alive_reply", Number<std::uint8_t>{lock.AliveReply, 0, 255});
     archive("forced_slot", MaybeNumber<std::uint16_t>{lock.ForcedSlot, 0, 65535});
+    AirFields(archive, lock.Air);
 }
 
 template <typename Archive>
@@ -229,6 +231,8 @@ void Fields(Archive& archive, VirtualUnit& unit) {
     archive("admin_code", Code<3>{unit.AdminCode, true});
     archive("channel", Number<int>{unit.Channel, 1, 12});
     archive("login_status", Number<std::uint8_t>{unit.LoginStatus, 0, 255});
+    archive("code_status", Number<std::uint8_t>{unit.CodeStatus, 0, 255});
+    AirFields(archive, unit.Air);
     archive("refused_erases", Number<int>{unit.RefusedErases, 0, INT32_MAX});
     archive("block_status", Number<std::uint8_t>{unit.BlockStatus, 0, 255});
     archive("lock", MaybeSerial{unit.Lock});
