@@ -41,13 +41,8 @@ struct Binary_Readers : testing::Test {
         world["desk"] = {{"patience_ms", 1500}, {"presented", presented}};
         Locks.StartWorld(world, options);
     }
-    std::vector<std::string> Here(const std::vector<std::string>& arguments) const {
-        std::vector<std::string> all{"--dir", Locks.Directory.Path()};
-        all.insert(all.end(), arguments.begin(), arguments.end());
-        return all;
-    }
     RunResult Run(const std::vector<std::string>& arguments, const std::string& input = {}) const {
-        return Qvmctl(Here(arguments), input);
+        return Locks.RunHere(arguments, input);
     }
     /// The record of a user as an export shows it.
     nlohmann::json User(int number) {
@@ -187,7 +182,7 @@ TEST_F(Binary_Readers, are_left_at_ctrl_c_while_a_key_is_awaited) {
          {std::pair<std::vector<std::string>, std::string>{{"learn", "ekey", "2"}, "User 2 \"Bert\": cancelled\n"},
           {{"find-key"}, "cancelled\n"},
           {{"sync-key"}, "cancelled\n"}}) {
-        Process waiting(QvmctlPath(), Here(command));
+        Process waiting(QvmctlPath(), Locks.Here(command));
         ASSERT_TRUE(waiting.WaitFor("Please have the E-Key ready"));
         waiting.Signal(SIGINT);
         const RunResult result = waiting.Wait();
@@ -200,7 +195,7 @@ TEST_F(Binary_Readers, are_left_at_ctrl_c_while_a_key_is_awaited) {
 
 TEST_F(Binary_Readers, are_left_at_ctrl_c) {
     Start({}, true);
-    Process learning(QvmctlPath(), Here({"learn", "finger", "2", "--timeout", "0"}));
+    Process learning(QvmctlPath(), Locks.Here({"learn", "finger", "2", "--timeout", "0"}));
     ASSERT_TRUE(learning.WaitFor("1 of 5"));
     learning.Signal(SIGINT);
     const RunResult result = learning.Wait();
@@ -241,7 +236,7 @@ TEST_F(Binary_Readers, hear_of_a_key_that_is_presented_by_a_line_while_they_wait
         {"-c", "cd '" + Locks.Directory.Path() + "'; mkfifo hands; exec \"$0\" --world world.json --link com1 <>hands",
          SimulatorPath});
     ASSERT_TRUE(WaitUntil([this] { return Locks.Directory.Has("com1"); }));
-    Process learning(QvmctlPath(), Here({"--trace", Locks.Directory.Path() + "trace", "learn", "ekey", "2"}));
+    Process learning(QvmctlPath(), Locks.Here({"--trace", Locks.Directory.Path() + "trace", "learn", "ekey", "2"}));
     ASSERT_TRUE(learning.WaitFor("E-Key"));
     Process hand("/bin/sh", {"-c", "echo '{\"kind\": \"key\", \"id\": \"01020304\"}' >'" + pipe + "'"});
     EXPECT_EQ(hand.Wait().Code, 0);

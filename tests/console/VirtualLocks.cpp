@@ -105,10 +105,19 @@ nlohmann::json VirtualLocks::Lock(const std::string& serial) const {
 }
 
 std::vector<std::string> VirtualLocks::Arguments(const std::vector<std::string>& arguments) const {
-    std::vector<std::string> all{"--dir", Directory.Path()};
-    all.insert(all.end(), arguments.begin(), arguments.end());
+    std::vector<std::string> all = Here(arguments);
     all.insert(all.end(), {"--code-from", "-"});
     return all;
+}
+
+std::vector<std::string> VirtualLocks::Here(const std::vector<std::string>& arguments) const {
+    std::vector<std::string> all{"--dir", Directory.Path()};
+    all.insert(all.end(), arguments.begin(), arguments.end());
+    return all;
+}
+
+RunResult VirtualLocks::RunHere(const std::vector<std::string>& arguments, const std::string& input) const {
+    return Qvmctl(Here(arguments), input);
 }
 
 RunResult VirtualLocks::Run(const std::vector<std::string>& arguments) {

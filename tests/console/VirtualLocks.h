@@ -47,6 +47,10 @@ public:
     RunResult Run(const std::vector<std::string>& arguments);
     std::unique_ptr<Process> Begin(const std::vector<std::string>& arguments);
     std::vector<std::string> Arguments(const std::vector<std::string>& arguments) const;
+    /// The arguments on the directory, without a code.
+    std::vector<std::string> Here(const std::vector<std::string>& arguments) const;
+    /// The same, with this on standard input.
+    RunResult RunHere(const std::vector<std::string>& arguments, const std::string& input = {}) const;
 
     TempDirectory Directory;
 

@@ -1,17 +1,15 @@
 #include "Befehle.h"
-#include "DataLock.h"
 #include "F5_Laden.h"
 #include "Kern.h"
-#include "Konfiguration.h"
+#include "Liste.h"
 #include "Suchtext.h"
 #include "Text.h"
 #include "Zeitgruppen.h"
 
 #include <algorithm>
-#include <array>
-#include <cstddef>
 #include <nlohmann/json.hpp>
-#include <ostream>
+#include <string>
+#include <vector>
 
 namespace qvm {
 
@@ -84,65 +82,35 @@ Json Benutzer_Json(const Benutzer& user) {
             {"finger", user.Finger}, {"locks", user.Access}, {"fingerLocks", user.Fingers}};
 }
 
-/// How many characters a UTF-8 text has.
-std::size_t Zeichen(const std::string& text) {
-    return static_cast<std::size_t>(
-        std::count_if(text.begin(), text.end(), [](char byte) { return (byte & 0xC0) != 0x80; }));
-}
-
-void Tabelle_Schreiben(std::ostream& out, const std::vector<Benutzer>& users) {
-    std::vector<std::array<std::string, 8>> rows{{"User", "Name", "Group", "Right", "Label", "Key", "Finger", "Locks"}};
-    for (const Benutzer& user : users) {
-        rows.push_back({std::to_string(user.Number), user.Name, user.Group, user.Right, user.Label, user.Key,
-                        user.Finger, std::to_string(user.Access.size() + user.Fingers.size())});
-    }
-    std::array<std::size_t, 8> widths{};
-    for (const auto& row : rows) {
-        for (std::size_t n = 0; n < row.size(); ++n) {
-            widths[n] = std::max(widths[n], Zeichen(row[n]));
-        }
-    }
-    for (const auto& row : rows) {
-        for (std::size_t n = 0; n + 1 < row.size(); ++n) {
-            out << row[n] << std::string(widths[n] - Zeichen(row[n]) + 2, ' ');
-        }
-        out << row.back() << "\n";
-    }
+std::vector<std::string> Zeile(const Benutzer& user) {
+    return {std::to_string(user.Number),
+            user.Name,
+            user.Group,
+            user.Right,
+            user.Label,
+            user.Key,
+            user.Finger,
+            std::to_string(user.Access.size() + user.Fingers.size())};
 }
 
 } // namespace
 
 ExitCode Befehl_Benutzer(const Umgebung& world, const Console& console, const Optionen& options) {
-    if (const std::string why = world.Datenverzeichnis_Fehler(); !why.empty()) {
-        return console.Fehlschlag("users", {why});
-    }
-    const DataLock lock(world.DatPfad(), DataLock::Use::Read);
-    Sperre_Holen(lock, console);
-    Kern kern(world.Welt);
-    kern.AppPath = world.AppPath;
-    UserTable table;
-    table.GroupTablePerson = PersonGruppen_Vorgabe();
-    if (!PersonGruppen_Laden(kern, table.GroupTablePerson) || !F5_TabelleLaden(kern, table)) {
-        return console.Fehlschlag("users", {"The files of the users cannot be read; check names them."});
-    }
-    std::vector<Benutzer> users;
-    for (int user = 1; user <= UserGrid::Users; ++user) {
-        if (Benutzer found = Benutzer_Von(table, user); Gewollt(found, options)) {
-            users.push_back(std::move(found));
+    return Liste_Ausgeben(world, console, "users", "the users", [&](Kern& kern, Liste& list) {
+        UserTable table;
+        table.GroupTablePerson = PersonGruppen_Vorgabe();
+        if (!PersonGruppen_Laden(kern, table.GroupTablePerson) || !F5_TabelleLaden(kern, table)) {
+            return false;
         }
-    }
-    if (console.Json) {
-        Json list = Json::array();
-        for (const Benutzer& user : users) {
-            list.push_back(Benutzer_Json(user));
+        list.Rows = {{"User", "Name", "Group", "Right", "Label", "Key", "Finger", "Locks"}};
+        for (int number = 1; number <= UserGrid::Users; ++number) {
+            if (const Benutzer user = Benutzer_Von(table, number); Gewollt(user, options)) {
+                list.Rows.push_back(Zeile(user));
+                list.Records.push_back(Benutzer_Json(user));
+            }
         }
-        console.Ergebnis({{"command", "users"}, {"ok", true}, {"exit", 0}, {"users", list}});
-    } else if (users.empty()) {
-        console.Out << "No users.\n";
-    } else {
-        Tabelle_Schreiben(console.Out, users);
-    }
-    return ExitCode::Good;
+        return true;
+    });
 }
 
 } // namespace qvm

@@ -23,8 +23,15 @@ ExitCode Befehl_Lauf(const Umgebung& world, const Console& console, const Option
 /// A table of the users, without codes and identifications.
 ExitCode Befehl_Benutzer(const Umgebung& world, const Console& console, const Optionen& options);
 
-/// change-code: the administrator code of one lock.
+/// A table of the locks, and one of their wireless units.
+ExitCode Befehl_Schloesser(const Umgebung& world, const Console& console, const Optionen& options);
+ExitCode Befehl_Units(const Umgebung& world, const Console& console, const Optionen& options);
+
+/// change-code: the administrator code of one lock; unit-code: that of one of its units.
 ExitCode Befehl_Code(const Umgebung& world, const Console& console, const Optionen& options);
+
+/// scan: who listens on the radio channels; one of them is taken as a lock, or as a unit of one.
+ExitCode Befehl_Suche(const Umgebung& world, const Console& console, const Optionen& options);
 
 /// learn, find-key and sync-key, with the readers of the desk.
 ExitCode Befehl_Anlernen(const Umgebung& world, const Console& console, const Optionen& options);

@@ -22,8 +22,15 @@ ExitCode Befehl_Ausfuehren(const Umgebung& world, const Console& console, const 
         return Befehl_Decode(world, console, options.File);
     case Command::Users:
         return Befehl_Benutzer(world, console, options);
+    case Command::Locks:
+        return Befehl_Schloesser(world, console, options);
+    case Command::Units:
+        return Befehl_Units(world, console, options);
     case Command::ChangeCode:
+    case Command::UnitCode:
         return Befehl_Code(world, console, options);
+    case Command::Scan:
+        return Befehl_Suche(world, console, options);
     case Command::Learn:
         return Befehl_Anlernen(world, console, options);
     case Command::FindKey:

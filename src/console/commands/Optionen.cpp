@@ -1,6 +1,7 @@
 #include "Optionen.h"
 
 #include "Console.h"
+#include "Seriennummer.h"
 
 #include <CLI/CLI.hpp>
 #include <functional>
@@ -70,19 +71,64 @@ void Timeout_Option(CLI::App& command, Optionen& options) {
 
 using CommandMaker = std::function<CLI::App*(const char* name, const char* text, Command which)>;
 
-/// What is about persons and codes.
+void Ein_Schloss(CLI::App& command, Optionen& options) {
+    command.add_option("LOCK", options.Locks, "lock number, 1 to 200")
+        ->required()
+        ->expected(1)
+        ->check(CLI::Range(1, 200));
+}
+
+void Codes_Option(CLI::App& command, Optionen& options) {
+    command.add_option("--codes-from", options.CodeFrom,
+                       "read old code, new code and new code again, a line each, from FILE, or from standard input "
+                       "with -");
+}
+
+void Scan_Optionen(CLI::App& command, Optionen& options) {
+    CLI::Option* lock = command.add_option("--lock", options.Lock, "for this lock, by logins; needs its code");
+    lock->check(CLI::Range(1, 200));
+    CLI::Option* units = command.add_option_function<int>(
+        "--units",
+        [&options](int number) {
+            options.Lock = number;
+            options.ForUnits = true;
+        },
+        "for the units of this lock");
+    units->check(CLI::Range(1, 200))->excludes(lock);
+    CLI::Option* take = command.add_option("--take", options.Take, "take the device with this serial number");
+    command.add_option("--row", options.Unit, "which unit it becomes, 1 to 5 (default: the first free one)")
+        ->check(CLI::Range(1, 5))
+        ->needs(units)
+        ->needs(take);
+    command
+        .add_option("--code-from", options.CodeFrom,
+                    "read the administrator code as one line from FILE, or from standard input with -")
+        ->needs(lock);
+}
+
+/// What is about locks, units and their codes.
+void Schlossbefehle_Anlegen(const CommandMaker& add, Optionen& options) {
+    add("locks", "list the locks", Command::Locks)
+        ->add_option("--find", options.Find, "only locks with this text in their name");
+    add("units", "list the wireless units of the locks", Command::Units)
+        ->add_option("LOCK", options.Lock, "only those of this lock")
+        ->check(CLI::Range(1, 200));
+    CLI::App* change = add("change-code", "change the administrator code of a lock", Command::ChangeCode);
+    Ein_Schloss(*change, options);
+    Codes_Option(*change, options);
+    CLI::App* unit = add("unit-code", "change the code of a lock's unit, and move it to the system's radio channel",
+                         Command::UnitCode);
+    unit->add_option("LOCK", options.Lock, "lock number, 1 to 200")->required()->check(CLI::Range(1, 200));
+    unit->add_option("UNIT", options.Unit, "unit number, 1 to 5")->required()->check(CLI::Range(1, 5));
+    Codes_Option(*unit, options);
+    Scan_Optionen(*add("scan", "list who listens on the radio channels, and take one of them", Command::Scan), options);
+}
+
+/// What is about persons.
 void Personenbefehle_Anlegen(const CommandMaker& add, Optionen& options) {
     CLI::App* users = add("users", "list the users, without their codes", Command::Users);
     users->add_option("--find", options.Find, "only users with this text in their name");
     users->add_option("--lock", options.Lock, "only users with a mark for this lock")->check(CLI::Range(1, 200));
-    CLI::App* change = add("change-code", "change the administrator code of a lock", Command::ChangeCode);
-    change->add_option("LOCK", options.Locks, "lock number, 1 to 200")
-        ->required()
-        ->expected(1)
-        ->check(CLI::Range(1, 200));
-    change->add_option("--codes-from", options.CodeFrom,
-                       "read old code, new code and new code again, a line each, from FILE, or from standard input "
-                       "with -");
     CLI::App* learn = add("learn", "give a user what a reader of the desk reads", Command::Learn);
     learn->add_option("KIND", options.Kind, "ekey, transponder or finger")
         ->required()
@@ -118,10 +164,7 @@ void Befehle_Anlegen(CLI::App& app, Optionen& options, Texte& texts) {
     Ereignis_Optionen(*add("events", "print the events of history files", Command::Events), options, texts);
     CLI::App* dataset = add("dataset", "show what a lock would get; sends nothing", Command::Dataset);
     Force_Option(*dataset, options);
-    dataset->add_option("LOCK", options.Locks, "lock number, 1 to 200")
-        ->required()
-        ->expected(1)
-        ->check(CLI::Range(1, 200));
+    Ein_Schloss(*dataset, options);
     add("export", "write all data files as one JSON document", Command::Export)
         ->add_option("FILE", options.File, "file to write (default: standard output)");
     add("import", "read such a document into the data files", Command::Import)
@@ -130,7 +173,18 @@ void Befehle_Anlegen(CLI::App& app, Optionen& options, Texte& texts) {
     add("check", "look for faults in the data files", Command::Check);
     add("decode", "bytes as hexadecimal text, or a trace, to readable telegrams", Command::Decode)
         ->add_option("FILE", options.File, "file to read (default: standard input)");
+    Schlossbefehle_Anlegen(add, options);
     Personenbefehle_Anlegen(add, options);
+}
+
+std::string Scan_Nachpruefen(const Optionen& options) {
+    if (options.Take.empty()) {
+        return {};
+    }
+    if (options.Lock == 0) {
+        return "--take needs --lock or --units";
+    }
+    return Serie_Zerlegen(options.Take) ? std::string() : "--take: " + options.Take + " is no serial number";
 }
 
 /// What CLI11 cannot check. Empty when all is well.
@@ -140,6 +194,9 @@ std::string Nachpruefen(Optionen& options, const Texte& texts, const Datum& toda
         if (!seen.insert(lock).second) {
             return "lock " + std::to_string(lock) + " is named twice";
         }
+    }
+    if (std::string fault = Scan_Nachpruefen(options); !fault.empty()) {
+        return fault;
     }
     options.Keep = texts.Erase == "keep";
     if (!texts.Date.empty()) {

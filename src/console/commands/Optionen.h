@@ -20,7 +20,11 @@ enum class Command {
     Check,
     Decode,
     Users,
+    Locks,
+    Units,
     ChangeCode,
+    UnitCode,
+    Scan,
     Learn,
     FindKey,
     SyncKey
@@ -34,7 +38,7 @@ struct Optionen {
     bool Json = false;
     std::string Trace; ///< --trace; empty: none
 
-    std::vector<int> Locks;     ///< program, history, run, dataset
+    std::vector<int> Locks;     ///< program, history, run, dataset, change-code
     bool HistoryFirst = false;  ///< program --history, run --history
     bool HistoryOnly = false;   ///< run --history-only
     std::optional<DateTime> At; ///< run
@@ -47,8 +51,11 @@ struct Optionen {
     int User = 0;               ///< learn
     bool NewKey = false;        ///< learn ekey: Yes at the question of a newer adapter
     bool Transponder = false;   ///< find-key
-    std::string Find;           ///< users: only with this text in the name
-    int Lock = 0;               ///< users: only with a mark for this lock; 0: all
+    std::string Find;           ///< users, locks: only with this text in the name
+    int Lock = 0;               ///< users: only with a mark for this lock; units: only of it; 0: all. unit-code, scan
+    int Unit = 0;               ///< unit-code: 1 to 5; scan --row, 0: the first free one
+    bool ForUnits = false;      ///< scan --units
+    std::string Take;           ///< scan: this serial number; empty: none
     std::string File;           ///< export, import, decode
 
     std::vector<std::string> Files; ///< events; "-": standard input; none: all of HIST

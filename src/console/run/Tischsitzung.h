@@ -26,8 +26,8 @@ enum class TischEnde {
 std::string_view TischEnde_Wort(TischEnde end);
 ExitCode TischEnde_Code(TischEnde end);
 
-/// What the commands that work at a window with one device have in common (change-code, learn, find-key, sync-key): the
-/// program, its message boxes, the wait for the answer, Ctrl-C, the trace and the report.
+/// What the commands that work at a window with one device have in common (change-code, unit-code, scan, learn,
+/// find-key, sync-key): the program, its message boxes, the wait for the answer, Ctrl-C, the trace and the report.
 class Tischsitzung {
     AbbruchSignal signal_; // first, so that the whole program lives under it
 
