@@ -6,6 +6,7 @@
 #include "MainWindows.h"
 #include "Migration.h"
 #include "PersonWindows.h"
+#include "TimeWindows.h"
 #include "TransferWindows.h"
 #include "Words.h"
 
@@ -14,7 +15,8 @@ namespace qvm {
 Programm::Programm(Platform& world, const std::string& directory)
     : kern(world), link(kern), Run(link), Netz(link, Run.Daten), Main(std::make_unique<MainWindows>(*this)),
       Transfer(std::make_unique<TransferWindows>(*this)), History(std::make_unique<HistoryWindows>(*this)),
-      Persons(std::make_unique<PersonWindows>(*this)), Locks(std::make_unique<LockWindows>(*this)) {
+      Persons(std::make_unique<PersonWindows>(*this)), Locks(std::make_unique<LockWindows>(*this)),
+      Times(std::make_unique<TimeWindows>(*this)) {
     kern.AppPath = directory;
     if (kern.AppPath.empty() || kern.AppPath.back() != '/') {
         kern.AppPath += '/';

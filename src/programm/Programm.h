@@ -17,6 +17,7 @@ struct TransferWindows;
 struct HistoryWindows;
 struct PersonWindows;
 struct LockWindows;
+struct TimeWindows;
 
 /// One of everything, with all hooks filled; still no widget. A front end (or a test) makes one over its Platform.
 struct Programm {
@@ -37,6 +38,7 @@ struct Programm {
     std::unique_ptr<HistoryWindows> History;
     std::unique_ptr<PersonWindows> Persons;
     std::unique_ptr<LockWindows> Locks;
+    std::unique_ptr<TimeWindows> Times;
 
     DataHolder Datenbesitzer;                                ///< who has the data files, when Programm_Start says so
     std::function<void(const std::string& path)> F7_Oeffnen; ///< shows the history file of a run, by F7 or otherwise

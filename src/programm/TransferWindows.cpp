@@ -1,5 +1,6 @@
 #include "TransferWindows.h"
 
+#include "LockWindows.h"
 #include "MainWindows.h"
 
 namespace qvm {
@@ -71,6 +72,9 @@ void TransferWindows::Schlossgitter_Freigeben(bool moved) {
 
 void TransferWindows::F17_Anbieten() {
     F13.F17_Oeffnen = [this] { F17.F17_FormLoad(); };
+    programm.Locks->F20.Code_Aendern = [this](std::string_view serial, int channel) {
+        F17.F17_Unit_Laden(serial, channel);
+    };
 }
 
 void TransferWindows::Codeaenderung_Verbinden() {
@@ -80,6 +84,8 @@ void TransferWindows::Codeaenderung_Verbinden() {
     replies.Code_Angemeldet = [this] { F17.Angemeldet(); };
     replies.Code_Abgelehnt = [this](RunOutcome why) { F17.Abgelehnt(why); };
     replies.Code_Beantwortet = [this] { F17.Beantwortet(); };
+    replies.Unit_Umgezogen = [this] { F17.Umgezogen(); };
+    replies.Unit_Umzug_Gescheitert = [this] { F17.Umzug_Gescheitert(); };
 }
 
 void TransferWindows::Liste_Verbinden() {

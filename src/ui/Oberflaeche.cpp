@@ -4,6 +4,8 @@
 #include <QEvent>
 #include <QKeyEvent>
 
+#include <initializer_list>
+
 namespace qvm::ui {
 namespace {
 
@@ -31,8 +33,12 @@ Oberflaeche::Oberflaeche(Programm& programm)
     : words_(
           programm.kern.Windows.WordsChanged.Listen([this, &programm] { qtWords_.use(programm.kern.Config.Sprache); })),
       Main(*programm.Main), Transfer(*programm.Transfer, &Main.f2), History(*programm.History, &Main.f2),
-      Persons(*programm.Persons, &Main.f2), Locks(*programm.Locks, &Main.f2) {
+      Persons(*programm.Persons, &Main.f2), Locks(*programm.Locks, &Main.f2), Times(*programm.Times, &Main.f2) {
     qtWords_.use(programm.kern.Config.Sprache);
+    for (WindowBase* dialog : std::initializer_list<WindowBase*>{&Transfer.f11, &Transfer.f17, &Transfer.f18}) {
+        dialog->alsoOf(&Locks.f20);
+        dialog->alsoOf(&Locks.f12);
+    }
     QCoreApplication::instance()->installEventFilter(new NoRepeat(&Main.f2));
 }
 

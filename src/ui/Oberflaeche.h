@@ -5,6 +5,7 @@
 #include "MainViews.h"
 #include "PersonViews.h"
 #include "QtWords.h"
+#include "TimeViews.h"
 #include "TransferViews.h"
 
 namespace qvm::ui {
@@ -25,6 +26,7 @@ public:
     HistoryViews History;
     PersonViews Persons;
     LockViews Locks;
+    TimeViews Times;
 };
 
 } // namespace qvm::ui

@@ -63,6 +63,9 @@ TEST_F(Programm_Haken, a_code_and_channel_change_ends_with_a_report) {
     programm.kern.Sprache.LanguageText[204] = "L204";
     programm.link.Lauf.Chain.LaufZiel = "F22";
     Reply(0x05, {});
+    EXPECT_TRUE(world.Shown.empty()) << "nobody has asked for it";
+    TelTrennen_Senden(programm.link);
+    Reply(0x05, {});
     ASSERT_EQ(world.Shown.size(), 1U);
     EXPECT_EQ(world.Shown[0].Text, "L204");
     EXPECT_EQ(world.Shown[0].Sign, Icon::Information);

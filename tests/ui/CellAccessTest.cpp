@@ -29,8 +29,8 @@ struct Cell_Access : ::testing::Test {
         view.setColumns({800, 800, 800, 0, 800, 800});
         view.setBlocks(cells);
         view.setFilter(filter);
-        view.onMouseUp = [this](Qt::MouseButton button, int row, int column) {
-            Told.push_back((button == Qt::LeftButton ? "left " : "other ") + grid.Text(row, column));
+        view.onMouseUp = [this](MouseButton button, int row, int column) {
+            Told.push_back((button == MouseButton::Left ? "left " : "other ") + grid.Text(row, column));
         };
         view.onMenuKey = [this] { Told.push_back("menu " + grid.Text(grid.Row, grid.Column)); };
         view.mayWrite = [](int, int column) { return column == 4; };

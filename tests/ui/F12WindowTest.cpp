@@ -14,6 +14,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QTest>
 #include <QToolButton>
@@ -42,11 +43,7 @@ struct F12_Window : UiFixture {
     F12& Model() { return programm->Locks->F12; }
     const std::string& Text(int row, int column) { return Model().FGK12.Text(row, column); }
     int Picture(int row, int column) { return Model().FGK12.At(row, column).Picture; }
-    QPoint Middle(int row, int column) { return grid->viewport()->mapFrom(grid, grid->cellRect(row, column).center()); }
-    void Click(int row, int column, Qt::MouseButton button = Qt::LeftButton) {
-        QTest::mouseClick(grid->viewport(), button, Qt::NoModifier, Middle(row, column));
-        Settle();
-    }
+    void Click(int row, int column, Qt::MouseButton button = Qt::LeftButton) { ClickCell(*grid, row, column, button); }
     static QWidget* Keyboard() { return QApplication::focusWidget(); }
     /// Each key to whatever has the keyboard then.
     static void TypeKeys(std::string_view keys) {
@@ -243,6 +240,30 @@ TEST_F(F12_Window, a_name_that_another_lock_has_stays_in_its_box_which_keeps_the
     EXPECT_TRUE(Named<QLineEdit>("F12.Text1")->isVisible());
     EXPECT_EQ(Keyboard()->objectName(), QStringLiteral("F12.Text1"));
     EXPECT_EQ(Text(1, 1), "Tor");
+}
+
+TEST_F(F12_Window, a_scan_for_a_unit_is_seen_channel_by_channel_and_ended_by_escape) {
+    Open();
+    int ended = 0;
+    Model().SNA_Function_Click();
+    F20& model = programm->Locks->F20;
+    model.Suche_Abbrechen = [&ended] { ++ended; };
+    model.Suche_Zeigen(3, "Channel 3");
+    Present(*units);
+    Settle();
+    auto* bar = units->findChild<QProgressBar*>(QStringLiteral("F20.F20Prg01"));
+    auto* state = units->findChild<QLabel*>(QStringLiteral("F20.Suchstand"));
+    EXPECT_TRUE(bar->isVisible());
+    EXPECT_EQ(bar->value() * 100 + bar->maximum(), 312);
+    EXPECT_EQ(state->accessibleName(), QStringLiteral("Channel 3"));
+    EXPECT_FALSE(units->findChild<QPushButton*>(QStringLiteral("F20.Command2"))->isEnabled());
+    QTest::keyClick(units.get(), Qt::Key_Escape);
+    EXPECT_EQ(ended, 1);
+    EXPECT_TRUE(units->isVisible());
+    model.Suche_Endet("Ended");
+    Settle();
+    EXPECT_FALSE(bar->isVisible());
+    EXPECT_EQ(state->accessibleName(), QString());
 }
 
 TEST_F(F12_Window, the_units_of_a_lock_stand_over_it_and_are_set_by_keyboard) {

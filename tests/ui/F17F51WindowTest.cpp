@@ -2,6 +2,7 @@
 
 #include "F17Window.h"
 #include "F51Window.h"
+#include "LockWindows.h"
 #include "Oberflaeche.h"
 #include "UiFixture.h"
 #include "WidgetChecks.h"
@@ -12,6 +13,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTest>
+#include <QWindow>
 
 namespace qvm::test {
 namespace {
@@ -93,6 +95,33 @@ TEST_F(F17_Window, is_what_the_code_cells_of_the_lock_window_lead_to) {
     ASSERT_TRUE(programm->Transfer->F13.F17_Oeffnen);
     programm->Transfer->F13.F17_Oeffnen();
     EXPECT_TRUE(windows.Transfer.f17.isVisible());
+}
+
+TEST_F(F17_Window, and_its_wait_box_stand_over_the_units_when_they_have_asked) {
+    SettledLock(1, "Haupteingang");
+    files.Unit(1, 1, "Tastatur", "01600005", '1', "7");
+    Start();
+    ui::Oberflaeche windows(*programm);
+    programm->Locks->F12.F12_FormLaden();
+    programm->Locks->F12.Auswahl.Go(1, 2);
+    programm->Locks->F12.SNA_Function_Click();
+    struct F20& units = programm->Locks->F20;
+    units.Auswahl.Go(1, 2);
+    units.SN_Codechange_Click();
+    const ui::F17Window& code = windows.Transfer.f17;
+    ASSERT_TRUE(code.isVisible() && code.isEnabled());
+    EXPECT_EQ(code.windowHandle()->transientParent(), windows.Locks.f20.windowHandle());
+    EXPECT_FALSE(windows.Transfer.f13.isVisible());
+    Model().Command1_Click();
+    ASSERT_TRUE(windows.Transfer.f18.isVisible());
+    EXPECT_EQ(windows.Transfer.f18.windowHandle()->transientParent(), windows.Locks.f20.windowHandle());
+    Model().Command2_Click();
+    EXPECT_FALSE(code.isVisible());
+    EXPECT_TRUE(windows.Locks.f20.isEnabled());
+    units.Command1_Click();
+    programm->Transfer->F13.F13_FormLaden();
+    programm->Transfer->F13.F17_Oeffnen();
+    EXPECT_EQ(code.windowHandle()->transientParent(), windows.Transfer.f13.windowHandle()) << "a lock's again";
 }
 
 struct F51_Window : UiFixture {

@@ -49,18 +49,8 @@ struct F5_Window : UiFixture {
     }
     F5& Model() { return programm->Persons->F5; }
     const std::string& Text(int row, int column) { return Model().FGK4.Text(row, column); }
-    QPoint Middle(int row, int column) { return grid->viewport()->mapFrom(grid, grid->cellRect(row, column).center()); }
-    void Click(int row, int column, Qt::MouseButton button = Qt::LeftButton) {
-        QTest::mouseClick(grid->viewport(), button, Qt::NoModifier, Middle(row, column));
-        Settle();
-    }
-    void DoubleClick(int row, int column) {
-        const QPoint place = Middle(row, column);
-        QTest::mouseClick(grid->viewport(), Qt::LeftButton, Qt::NoModifier, place);
-        QTest::mouseDClick(grid->viewport(), Qt::LeftButton, Qt::NoModifier, place);
-        QTest::mouseRelease(grid->viewport(), Qt::LeftButton, Qt::NoModifier, place);
-        Settle();
-    }
+    void Click(int row, int column, Qt::MouseButton button = Qt::LeftButton) { ClickCell(*grid, row, column, button); }
+    void DoubleClick(int row, int column) { DoubleClickCell(*grid, row, column); }
     /// Each key to whatever has the keyboard then.
     void Type(std::string_view keys) {
         for (const char key : keys) {
@@ -239,11 +229,11 @@ TEST_F(F5_Window, steps_a_mark_with_every_click_of_a_double_click) {
 
 TEST_F(F5_Window, marks_a_block_that_was_dragged_or_selected_with_shift) {
     Open();
-    QTest::mousePress(grid->viewport(), Qt::LeftButton, Qt::NoModifier, Middle(2, FirstLock + 1));
-    QMouseEvent move(QEvent::MouseMove, Middle(3, FirstLock + 1), grid->viewport()->mapToGlobal(Middle(3, 9)),
-                     Qt::NoButton, Qt::LeftButton, {});
+    QTest::mousePress(grid->viewport(), Qt::LeftButton, Qt::NoModifier, CellPlace(*grid, 2, FirstLock + 1));
+    QMouseEvent move(QEvent::MouseMove, CellPlace(*grid, 3, FirstLock + 1),
+                     grid->viewport()->mapToGlobal(CellPlace(*grid, 3, 9)), Qt::NoButton, Qt::LeftButton, {});
     QApplication::sendEvent(grid->viewport(), &move);
-    QTest::mouseRelease(grid->viewport(), Qt::LeftButton, Qt::NoModifier, Middle(3, FirstLock + 1));
+    QTest::mouseRelease(grid->viewport(), Qt::LeftButton, Qt::NoModifier, CellPlace(*grid, 3, FirstLock + 1));
     EXPECT_EQ(Text(3, FirstLock + 1), "");
     Press(Qt::Key_Space);
     EXPECT_EQ(Text(2, FirstLock + 1) + Text(3, FirstLock + 1), "XX");
@@ -376,7 +366,7 @@ TEST_F(F5_Window, has_a_picture_of_its_own_for_each_state_of_a_finger) {
 
 TEST_F(F5_Window, tints_the_heads_of_the_cell_under_the_mouse) {
     Open();
-    QTest::mouseMove(grid->viewport(), Middle(3, FirstLock));
+    QTest::mouseMove(grid->viewport(), CellPlace(*grid, 3, FirstLock));
     Settle();
     world.RunFor(40);
     EXPECT_EQ(Model().FGK4.At(3, 0).BackColor, 0xE0E0E0U);

@@ -71,6 +71,7 @@ void Fensterschau::run(Look look) {
     history();
     users();
     lockSettings();
+    calendars();
     codeChange();
     others();
     messageBoxes();

@@ -44,6 +44,8 @@ private:
     void lockTable();
     void lockMenus();
     void unitSettings();
+    void scanned();
+    void calendars();
     void codeChange();
     /// Windows that nothing above shows, as the main window opens them.
     void others();

@@ -100,7 +100,33 @@ void Fensterschau::unitSettings() {
         take(*popup, name);
         popup->close();
     }
+    f20.Unit_Angekommen(f20.FGK20.Text(1, UnitColumn::Serial), 7);
+    take(window, "F20-moved");
+    f20.Suche_Zeigen(7, Wort(programm_->kern, Word::ScanFound, {"7", "2", "00.00.30.01", "5"}));
+    take(window, "F20-searching");
+    f20.Suche_Endet(std::string());
+    scanned();
     f20.Command1_Click();
+}
+
+/// Five units of all kinds and signals, one of which answered poorly; then none.
+void Fensterschau::scanned() {
+    F19& f19 = programm_->Locks->F19;
+    ui::F19Window& window = windows_->Locks.f19;
+    UnitScan scan;
+    scan.Entries[1] = {.Status = 1, .Serial = {0x00, 0x00, 0x30, 0x07}, .Signal = 18, .Type = 1};
+    scan.Entries[2] = {.Status = ScanEntry::Well, .Serial = {0x00, 0x00, 0x30, 0x01}, .Signal = 40, .Type = 2};
+    scan.Entries[5] = {.Status = ScanEntry::Well, .Serial = {0x01, 0x60, 0x00, 0x05}, .Signal = 128, .Type = 6};
+    scan.Entries[7] = {.Status = ScanEntry::Well, .Serial = {0x01, 0x60, 0x00, 0x0A}, .Signal = 92, .Type = 7};
+    scan.Entries[11] = {.Status = ScanEntry::Well, .Serial = {0x00, 0x00, 0x31, 0x44}, .Signal = 70, .Type = 41};
+    programm_->Locks->F20.Fenster.Enabled = false;
+    f19.F19_FormLaden(scan, F19Opener::Units, 1);
+    f19.FGK19_DblClick(11);
+    take(window, "F19");
+    f19.F19_FormLaden({}, F19Opener::Units, 1);
+    f19.Command2_Click();
+    take(window, "F19-none");
+    f19.Command1_Click();
 }
 
 } // namespace qvm::test

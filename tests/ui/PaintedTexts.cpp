@@ -2,6 +2,7 @@
 
 #include "GridView.h"
 
+#include <QCalendarWidget>
 #include <QHash>
 #include <QImage>
 #include <QLineEdit>
@@ -129,14 +130,15 @@ QColor groundOf(const QImage& image, const QRect& place, QRgb ink) {
     return QColor::fromRgb(hidden ? ink : best.One);
 }
 
-/// Under an editor or a list that lies over its grid, which does not know what they hide.
+/// Under an editor, a list or a month that lies over its grid, which does not know what they hide.
 bool isCovered(const QWidget& window, const PaintedText& text, const QImage& image) {
     const QWidget* over = window.childAt(text.Where.center());
     while (over != nullptr && qobject_cast<const ui::GridView*>(over->parentWidget()) == nullptr) {
         over = over->parentWidget();
     }
-    const bool editor =
-        qobject_cast<const QLineEdit*>(over) != nullptr || qobject_cast<const QListWidget*>(over) != nullptr;
+    const bool editor = qobject_cast<const QLineEdit*>(over) != nullptr ||
+                        qobject_cast<const QListWidget*>(over) != nullptr ||
+                        qobject_cast<const QCalendarWidget*>(over) != nullptr;
     const QRect middle = text.Where.adjusted(0, text.Where.height() / 3, 0, -text.Where.height() / 3);
     for (int y = middle.top(); editor && y <= middle.bottom(); ++y) {
         for (int x = middle.left(); x <= middle.right(); ++x) {

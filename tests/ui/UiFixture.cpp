@@ -1,5 +1,6 @@
 #include "UiFixture.h"
 
+#include "GridView.h"
 #include "Inhalt.h"
 
 #include <QTest>
@@ -50,6 +51,23 @@ void UiFixture::Settle() {
     for (int n = 0; n < 3; ++n) {
         QApplication::processEvents();
     }
+}
+
+QPoint UiFixture::CellPlace(const ui::GridView& grid, int row, int column) {
+    return grid.viewport()->mapFrom(&grid, grid.cellRect(row, column).center());
+}
+
+void UiFixture::ClickCell(ui::GridView& grid, int row, int column, Qt::MouseButton button) {
+    QTest::mouseClick(grid.viewport(), button, Qt::NoModifier, CellPlace(grid, row, column));
+    Settle();
+}
+
+void UiFixture::DoubleClickCell(ui::GridView& grid, int row, int column) {
+    const QPoint place = CellPlace(grid, row, column);
+    QTest::mouseClick(grid.viewport(), Qt::LeftButton, Qt::NoModifier, place);
+    QTest::mouseDClick(grid.viewport(), Qt::LeftButton, Qt::NoModifier, place);
+    QTest::mouseRelease(grid.viewport(), Qt::LeftButton, Qt::NoModifier, place);
+    Settle();
 }
 
 void Present(QWidget& window) {

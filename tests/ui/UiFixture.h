@@ -8,6 +8,7 @@
 #include "VirtualPlatform.h"
 
 #include <QApplication>
+#include <QPoint>
 #include <QString>
 
 #include <gtest/gtest.h>
@@ -15,6 +16,10 @@
 #include <string>
 #include <string_view>
 #include <vector>
+
+namespace qvm::ui {
+class GridView;
+}
 
 namespace qvm::test {
 
@@ -37,6 +42,10 @@ struct UiFixture : ::testing::Test {
     void Expect(int line, Answer answer);
     /// What Qt has queued: repaints, changes told late, windows shown.
     static void Settle();
+    /// The middle of a cell, in the grid's viewport.
+    static QPoint CellPlace(const ui::GridView& grid, int row, int column);
+    static void ClickCell(ui::GridView& grid, int row, int column, Qt::MouseButton button = Qt::LeftButton);
+    static void DoubleClickCell(ui::GridView& grid, int row, int column);
 };
 
 /// Name, visible and with its focus, as a user has it before him.

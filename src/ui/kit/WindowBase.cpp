@@ -15,6 +15,8 @@
 #include <QVBoxLayout>
 #include <QWindow>
 
+#include <algorithm>
+
 namespace qvm::ui {
 namespace {
 
@@ -121,12 +123,25 @@ void WindowBase::placeBy(const QWidget& owner) {
     }
 }
 
+QWidget* WindowBase::presentOwner() const {
+    if (beside_ != nullptr && beside_->isVisible()) {
+        return beside_;
+    }
+    if (owner_ == nullptr || !owner_->isVisible()) {
+        const auto open = std::find_if(others_.begin(), others_.end(), [](const QWidget* w) { return w->isVisible(); });
+        if (open != others_.end()) {
+            return *open;
+        }
+    }
+    return owner_;
+}
+
 void WindowBase::place() {
-    const QWidget* owner = beside_ != nullptr && beside_->isVisible() ? beside_ : owner_;
+    const QWidget* owner = presentOwner();
     if (owner != nullptr) {
         placeBy(*owner);
     }
-    if (beside_ != nullptr && windowHandle() != nullptr) {
+    if ((beside_ != nullptr || !others_.empty()) && windowHandle() != nullptr) {
         windowHandle()->setTransientParent(owner != nullptr ? owner->windowHandle() : nullptr);
     }
 }
@@ -151,6 +166,9 @@ void WindowBase::showEvent(QShowEvent* event) {
     setWords();
     keepLeastSize();
     QWidget::showEvent(event);
+    if (first_ != nullptr && !event->spontaneous()) {
+        first_->setFocus(Qt::OtherFocusReason);
+    }
 }
 
 void WindowBase::keyPressEvent(QKeyEvent* event) {

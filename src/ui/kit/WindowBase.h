@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <initializer_list>
+#include <vector>
 
 class QLabel;
 class QLayout;
@@ -47,6 +48,8 @@ public:
     /// Words of the front end's own in the language in use. Happens when another one is chosen, and whenever the window
     /// appears.
     virtual void setWords() {}
+    /// While that window is open, and the owner is not, this one belongs to it. Of several the first counts.
+    void alsoOf(QWidget* other) { others_.push_back(other); }
 
 protected:
     /// A tool bar with big icons and text at the top; named "<name>.Toolbar1".
@@ -60,6 +63,9 @@ protected:
     /// Return presses this button wherever the focus stands, unless the control there wants the key itself. Once it is
     /// enabled it takes a focus that nothing else has.
     void setDefaultButton(QPushButton* button);
+    /// This control has the keyboard whenever the window appears: one that is disabled along with its owner, as at the
+    /// key that opens it, would lose it.
+    void setFirst(QWidget* control) { first_ = control; }
     /// In device independent pixels: the window never gets smaller than this, nor than its content needs.
     void setLeastSize(int width, int height = 0);
     /// While that window is open this one belongs to it instead, and stands beside it.
@@ -75,15 +81,18 @@ private:
     WindowBase(Kern& kern, Window& model, const QString& name, Stand stand, QWidget* owner);
     void keepLeastSize();
     void place();
+    QWidget* presentOwner() const;
     void placeBy(const QWidget& owner);
 
     Window& model_;
     Stand stand_;
     QWidget* owner_;
     QWidget* beside_ = nullptr;
+    std::vector<QWidget*> others_;
     QVBoxLayout* outer_;
     QVBoxLayout* content_;
     QPushButton* default_ = nullptr;
+    QWidget* first_ = nullptr;
     QSize least_; ///< as set
     Listener words_;
 };

@@ -11,13 +11,10 @@
 #include "TextEdge.h"
 #include "Theme.h"
 
-#include <QAction>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
-#include <QToolBar>
-#include <QToolButton>
 #include <QVBoxLayout>
 
 namespace qvm::ui {
@@ -36,6 +33,7 @@ F12Window::F12Window(F12& f12, QWidget* main)
     content()->addLayout(makeStatusLine());
     setLeastSize(560, 380);
     const auto back = [this] { f12_.F12_Schliessen(); };
+    setFirst(grid_);
     finish({.onClose = back, .onEscape = back});
 }
 
@@ -55,39 +53,20 @@ void F12Window::setWords() {
     grid_->setColumns(columnWidths(f12_.FGK12, [this](int column) { return f12_.Breite(column); }));
 }
 
-void F12Window::showEvent(QShowEvent* event) {
-    if (!event->spontaneous()) {
-        grid_->setFocus();
-    }
-    WindowBase::showEvent(event);
-}
-
 void F12Window::makeMenuBar() {
     QMenuBar* bar = addMenuBar();
     QMenu* extras = addMenu(bar, f12_.F12_Extras, QStringLiteral("F12.F12_Extras"));
     addMenuEntry(extras, f12_.F12_COURon, QStringLiteral("F12.F12_COURon"), [this] { f12_.F12_COURon_Click(); });
     addMenuEntry(extras, f12_.F12_COURoff, QStringLiteral("F12.F12_COURoff"), [this] { f12_.F12_COURoff_Click(); });
-    extras->addSeparator();
-    addMenuEntry(extras, f12_.F12_Undo, QStringLiteral("F12.F12_Undo"), [this] {
-        f12_.F12_Undo_Click();
-    })->setShortcut(Qt::CTRL | Qt::Key_Z);
-    addMenuEntry(extras, f12_.F12_Redo, QStringLiteral("F12.F12_Redo"), [this] {
-        f12_.F12_Redo_Click();
-    })->setShortcut(Qt::CTRL | Qt::Key_Y);
+    addUndoEntries(
+        extras, this, QStringLiteral("F12.F12"), f12_.F12_Undo, f12_.F12_Redo, [this] { f12_.F12_Undo_Click(); },
+        [this] { f12_.F12_Redo_Click(); });
     uniqueMnemonics(bar);
     uniqueMnemonics(extras);
 }
 
 void F12Window::makeToolBar() {
-    QToolBar* bar = addToolBar();
-    for (ToolButton& model : f12_.Toolbar1) {
-        QToolButton* button =
-            addToolButton(model, bar, [this](std::string_view key) { f12_.Toolbar1_ButtonClick(key); });
-        // This key means another thing in the main window.
-        if (model.Key == "Neu") {
-            button->defaultAction()->setIcon(ownIcon(QStringLiteral("clear")));
-        }
-    }
+    addTableButtons(addToolBar(), f12_.Toolbar1, [this](std::string_view key) { f12_.Toolbar1_ButtonClick(key); });
 }
 
 void F12Window::makeGrid() {
@@ -100,13 +79,9 @@ void F12Window::makeGrid() {
     grid_->onKey = [this](int key) { f12_.FGK12_KeyPress(key); };
     grid_->onMenuKey = [this] { f12_.FGK12_Kontext(); };
     grid_->onDoubleClick = [this](int row, int column) { f12_.FGK12_DblClick(row, column); };
-    grid_->onMouseUp = [this](Qt::MouseButton button, int row, int column) {
-        if (button == Qt::LeftButton || button == Qt::RightButton) {
-            clicked_ = {row, column};
-            f12_.FGK12_MouseUp(button == Qt::LeftButton ? MouseButton::Left : MouseButton::Right, row, column);
-            clicked_.reset();
-        }
-    };
+    grid_->onMouseUp = [this](MouseButton button, int row, int column) { f12_.FGK12_MouseUp(button, row, column); };
+    grid_->mayWrite = [this](int row, int column) { return f12_.Beschreibbar(row, column); };
+    grid_->onWrite = [this](int row, int column, const std::string& text) { f12_.FGK12_Eintragen(row, column, text); };
     f12_.Maus_Zelle = [this](int& row, int& column) { return grid_->cellUnderMouse(row, column); };
 }
 
@@ -166,7 +141,7 @@ void F12Window::makeMenus() {
 }
 
 void F12Window::popUp(F12Menu which) {
-    popUpAtCell(*(which == F12Menu::F12_del ? rowMenu_ : serialMenu_), *grid_, clicked_);
+    popUpAtCell(*(which == F12Menu::F12_del ? rowMenu_ : serialMenu_), *grid_);
 }
 
 QLayout* F12Window::makeStatusLine() {

@@ -3,9 +3,6 @@
 #include "F12.h"
 #include "WindowBase.h"
 
-#include <optional>
-#include <utility>
-
 class QMenu;
 
 namespace qvm::ui {
@@ -22,9 +19,6 @@ public:
 
     void setWords() override;
 
-protected:
-    void showEvent(QShowEvent* event) override;
-
 private:
     void makeMenuBar();
     void makeToolBar();
@@ -40,7 +34,6 @@ private:
     GridView* grid_ = nullptr;
     QMenu* rowMenu_ = nullptr;
     QMenu* serialMenu_ = nullptr;
-    std::optional<std::pair<int, int>> clicked_; ///< the cell whose click is being handled
 };
 
 } // namespace qvm::ui

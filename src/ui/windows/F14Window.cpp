@@ -36,6 +36,7 @@ F14Window::F14Window(F14& model, QWidget* main)
     content()->addStretch();
     setLeastSize(NarrowestWidth);
     const auto back = [this] { f14_.Toolbar1_ButtonClick(f14_.Toolbar1[0].Key); };
+    setFirst(channels_);
     finish({.onClose = back, .onEscape = back}, false);
 }
 
@@ -43,11 +44,6 @@ void F14Window::setWords() {
     const QString channel = toQt(f14_.kern.Zeile(Line::RadioChannel));
     caption_->setText(channel);
     channels_->setAccessibleName(channel);
-}
-
-void F14Window::showEvent(QShowEvent* event) {
-    WindowBase::showEvent(event);
-    channels_->setFocus(Qt::OtherFocusReason);
 }
 
 } // namespace qvm::ui

@@ -17,9 +17,6 @@ public:
 
     void setWords() override;
 
-protected:
-    void showEvent(QShowEvent* event) override;
-
 private:
     F14& f14_;
     QLabel* caption_;

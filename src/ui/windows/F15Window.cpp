@@ -33,16 +33,12 @@ F15Window::F15Window(F15& model, QWidget* owner)
     content()->addLayout(buttonRow({ok, cancel}));
     layout()->setSizeConstraint(QLayout::SetFixedSize);
     const auto close = [this] { f15_.Cancel_Click(); };
+    setFirst(list_);
     finish({.onClose = close, .onEscape = close}, false);
 }
 
 void F15Window::setWords() {
     list_->setAccessibleName(toQt(f15_.kern.Zeile(Line::Language)));
-}
-
-void F15Window::showEvent(QShowEvent* event) {
-    WindowBase::showEvent(event);
-    list_->setFocus(Qt::OtherFocusReason);
 }
 
 } // namespace qvm::ui

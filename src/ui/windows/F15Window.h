@@ -16,9 +16,6 @@ public:
 
     void setWords() override;
 
-protected:
-    void showEvent(QShowEvent* event) override;
-
 private:
     F15& f15_;
     QListWidget* list_;

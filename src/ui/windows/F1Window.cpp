@@ -29,6 +29,7 @@ F1Window::F1Window(F1& model, QWidget* owner)
     content()->setSizeConstraint(QLayout::SetMinimumSize);
     layout()->setSizeConstraint(QLayout::SetFixedSize);
     const auto close = [this] { f1_.OK_Click(); };
+    setFirst(ok_);
     finish({.onClose = close, .onEscape = close}, false);
 }
 
@@ -99,11 +100,6 @@ void F1Window::setWords() {
     directoryCaption_->setText(word(Word::DataDirectory, language));
     licenceCaption_->setText(word(Word::Libraries, language));
     licenceTexts_->setText(word(Word::LicenceTexts, language));
-}
-
-void F1Window::showEvent(QShowEvent* event) {
-    WindowBase::showEvent(event);
-    ok_->setFocus(Qt::OtherFocusReason);
 }
 
 } // namespace qvm::ui

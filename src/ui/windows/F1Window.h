@@ -17,9 +17,6 @@ public:
 
     void setWords() override;
 
-protected:
-    void showEvent(QShowEvent* event) override;
-
 private:
     QLayout* makeHead();
     QLayout* makeFacts();

@@ -7,6 +7,7 @@
 #include "OverlayBoxes.h"
 #include "OverlayEditor.h"
 #include "TextEdge.h"
+#include "WrappingLabel.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -32,7 +33,8 @@ F20Window::F20Window(F20& f20, QWidget* locks)
     content()->addWidget(lock);
     content()->addLayout(makeMode());
     auto* settings = new QHBoxLayout;
-    settings->addWidget(makeTimes());
+    times_.emplace(f20, f20.Frame2, QStringLiteral("F20"), QStringLiteral(".Frame2"), this);
+    settings->addWidget(times_->group());
     settings->addWidget(makeSignal());
     content()->addLayout(settings);
     makeGrid();
@@ -42,6 +44,7 @@ F20Window::F20Window(F20& f20, QWidget* locks)
     content()->addLayout(makeBottom());
     setLeastSize(560, 420);
     const auto cancel = [this] { f20_.Command1_Click(); };
+    setFirst(grid_);
     finish({.onClose = cancel, .onEscape = cancel});
 }
 
@@ -59,18 +62,7 @@ void F20Window::setWords() {
     call("F20.Combo5", f20_.Label3.Text());
     findChild<QProgressBar*>(QStringLiteral("F20.F20Prg01"))
         ->setAccessibleName(toQt(f20_.kern.Zeile(Line::WirelessUnit)));
-    // "0 Std." and the like: what is behind the number tells one list from the other.
-    for (const auto& [list, model] : {std::pair{"F20.Combo2", &f20_.Combo2}, std::pair{"F20.Combo3", &f20_.Combo3},
-                                      std::pair{"F20.Combo4", &f20_.Combo4}}) {
-        call(list, f20_.Label2.Text() + model->Entries().front().substr(1));
-    }
-}
-
-void F20Window::showEvent(QShowEvent* event) {
-    if (!event->spontaneous()) {
-        grid_->setFocus();
-    }
-    WindowBase::showEvent(event);
+    times_->setWords();
 }
 
 QLayout* F20Window::makeMode() {
@@ -85,43 +77,8 @@ QLayout* F20Window::makeMode() {
     return row;
 }
 
-/// A frame whose caption says what it is for; it is grey while nothing in it has an effect.
-QGroupBox* F20Window::newGroup(Label& model, const char* name) {
-    auto* group = new QGroupBox(this);
-    nameWidget(group, QLatin1String(name));
-    watch(model.Text, group, [&model, group] {
-        group->setTitle(toQt(model.Text()));
-        group->setAccessibleName(group->title());
-    });
-    return group;
-}
-
-QGroupBox* F20Window::makeTimes() {
-    QGroupBox* group = newGroup(f20_.Frame2, "F20.Frame2");
-    auto* caption = new QLabel(group);
-    bind(f20_.Label2, caption, QStringLiteral("F20.Label2"));
-    auto* row = new QHBoxLayout;
-    row->addWidget(caption);
-    const auto add = [&](ListBox& model, const char* name, void (F20::*chosen)(int)) {
-        auto* list = new QComboBox(group);
-        bind(model, list, QLatin1String(name), [this, chosen](int entry) { (f20_.*chosen)(entry); });
-        list->setMaxVisibleItems(20);
-        row->addWidget(list);
-    };
-    add(f20_.Combo2, "F20.Combo2", &F20::Combo2_Click);
-    add(f20_.Combo3, "F20.Combo3", &F20::Combo3_Click);
-    add(f20_.Combo4, "F20.Combo4", &F20::Combo4_Click);
-    row->addStretch();
-    auto* always = new QCheckBox(group);
-    bind(f20_.Check1, always, QStringLiteral("F20.Check1"), [this](bool on) { f20_.Check1_Click(on); });
-    auto* lines = new QVBoxLayout(group);
-    lines->addLayout(row);
-    lines->addWidget(always);
-    return group;
-}
-
 QGroupBox* F20Window::makeSignal() {
-    QGroupBox* group = newGroup(f20_.Frame1, "F20.Frame1");
+    QGroupBox* group = captionedFrame(f20_.Frame1, QStringLiteral("F20.Frame1"), this);
     auto* caption = new QLabel(group);
     bind(f20_.Label3, caption, QStringLiteral("F20.Label3"));
     auto* level = new QComboBox(group);
@@ -147,13 +104,9 @@ void F20Window::makeGrid() {
     grid_->onKey = [this](int key) { f20_.FGK20_KeyPress(key); };
     grid_->onMenuKey = [this] { f20_.FGK20_Kontext(); };
     grid_->onDoubleClick = [this](int row, int column) { f20_.FGK20_DblClick(row, column); };
-    grid_->onMouseUp = [this](Qt::MouseButton button, int row, int column) {
-        if (button == Qt::LeftButton || button == Qt::RightButton) {
-            clicked_ = {row, column};
-            f20_.FGK20_MouseUp(button == Qt::LeftButton ? MouseButton::Left : MouseButton::Right, row, column);
-            clicked_.reset();
-        }
-    };
+    grid_->onMouseUp = [this](MouseButton button, int row, int column) { f20_.FGK20_MouseUp(button, row, column); };
+    grid_->mayWrite = [this](int row, int column) { return f20_.Beschreibbar(row, column); };
+    grid_->onWrite = [this](int row, int column, const std::string& text) { f20_.FGK20_Eintragen(row, column, text); };
 }
 
 void F20Window::makeEditors() {
@@ -172,17 +125,14 @@ void F20Window::makeEditors() {
 
 void F20Window::makeMenus() {
     const auto add = [](QMenu* menu, MenuEntry& entry, const char* name, std::function<void()> onClick) {
-        return addMenuEntry(menu, entry, QLatin1String(name), std::move(onClick));
+        addMenuEntry(menu, entry, QLatin1String(name), std::move(onClick));
     };
     rowMenu_ = new QMenu(this);
     rowMenu_->setObjectName(QStringLiteral("F20.F20_Loe"));
     add(rowMenu_, f20_.F20_deleate, "F20.F20_deleate", [this] { f20_.F20_deleate_Click(); });
-    rowMenu_->addSeparator();
-    QAction* undo = add(rowMenu_, f20_.F20_Undo, "F20.F20_Undo", [this] { f20_.F20_Undo_Click(); });
-    QAction* redo = add(rowMenu_, f20_.F20_Redo, "F20.F20_Redo", [this] { f20_.F20_Redo_Click(); });
-    undo->setShortcut(Qt::CTRL | Qt::Key_Z);
-    redo->setShortcut(Qt::CTRL | Qt::Key_Y);
-    addActions({undo, redo}); // the menu is not part of a bar, which would tell the window of their keys
+    addUndoEntries(
+        rowMenu_, this, QStringLiteral("F20.F20"), f20_.F20_Undo, f20_.F20_Redo, [this] { f20_.F20_Undo_Click(); },
+        [this] { f20_.F20_Redo_Click(); });
     serialMenu_ = new QMenu(this);
     serialMenu_->setObjectName(QStringLiteral("F20.FGK20PopUP"));
     QMenu* scan = addMenu(serialMenu_, f20_.SN_Asave, QStringLiteral("F20.SN_Asave"));
@@ -197,13 +147,16 @@ void F20Window::makeMenus() {
 }
 
 void F20Window::popUp(F20Menu which) {
-    popUpAtCell(*(which == F20Menu::F20_Loe ? rowMenu_ : serialMenu_), *grid_, clicked_);
+    popUpAtCell(*(which == F20Menu::F20_Loe ? rowMenu_ : serialMenu_), *grid_);
 }
 
 QLayout* F20Window::makeBottom() {
     auto* scan = new QProgressBar(this);
     bind(f20_.F20Prg01, scan, QStringLiteral("F20.F20Prg01"));
     keepRoom(scan);
+    scan->setTextVisible(false); // the line below says more
+    auto* state = new WrappingLabel(1, this);
+    bind(f20_.Suchstand, state, QStringLiteral("F20.Suchstand"));
     auto* note = new ElidedLabel(this);
     bind(f20_.Hinweis, note, QStringLiteral("F20.Hinweis"));
     auto* accept = new QPushButton(this);
@@ -213,6 +166,7 @@ QLayout* F20Window::makeBottom() {
     setDefaultButton(accept);
     auto* lines = new QVBoxLayout;
     lines->addWidget(scan);
+    lines->addWidget(state);
     lines->addWidget(note);
     lines->addLayout(buttonRow({accept, cancel}));
     return lines;

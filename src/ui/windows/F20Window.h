@@ -1,10 +1,10 @@
 #pragma once
 
 #include "F20.h"
+#include "ListenTimeBox.h"
 #include "WindowBase.h"
 
 #include <optional>
-#include <utility>
 
 class QGroupBox;
 class QMenu;
@@ -23,14 +23,9 @@ public:
 
     void setWords() override;
 
-protected:
-    void showEvent(QShowEvent* event) override;
-
 private:
     QLayout* makeMode();
-    QGroupBox* makeTimes();
     QGroupBox* makeSignal();
-    QGroupBox* newGroup(Label& model, const char* name);
     void makeGrid();
     void makeEditors();
     void makeMenus();
@@ -38,10 +33,10 @@ private:
     void popUp(F20Menu which);
 
     F20& f20_;
+    std::optional<ListenTimeBox<F20>> times_; ///< from the constructor on, which makes it in its turn
     GridView* grid_ = nullptr;
     QMenu* rowMenu_ = nullptr;
     QMenu* serialMenu_ = nullptr;
-    std::optional<std::pair<int, int>> clicked_; ///< the cell whose click is being handled
 };
 
 } // namespace qvm::ui

@@ -16,8 +16,6 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QScrollBar>
-#include <QToolBar>
-#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <functional>
@@ -44,6 +42,7 @@ F5Window::F5Window(F5& f5, F5Schluessel& keys, F5Finger& fingers, QWidget* main)
     content()->addLayout(makeStatusLine());
     setLeastSize(560, 380);
     const auto back = [this] { f5_.F5_Schliessen(); };
+    setFirst(grid_);
     finish({.onClose = back, .onEscape = back});
 }
 
@@ -61,14 +60,6 @@ void F5Window::setWords() {
     }
 }
 
-// A window that is disabled along with its owner, as at the key that opens it, loses its focus.
-void F5Window::showEvent(QShowEvent* event) {
-    if (!event->spontaneous()) {
-        grid_->setFocus();
-    }
-    WindowBase::showEvent(event);
-}
-
 void F5Window::makeMenuBar() {
     QMenuBar* bar = addMenuBar();
     QMenu* extras = addMenu(bar, f5_.F5_Extras, QStringLiteral("F5.F5_Extras"));
@@ -79,28 +70,16 @@ void F5Window::makeMenuBar() {
     addMenuEntry(extras, f5_.F5_Search, QStringLiteral("F5.F5_Search"), [this] {
         f5_.F5_Search_Click();
     })->setShortcut(Qt::CTRL | Qt::Key_F);
-    extras->addSeparator();
-    addMenuEntry(extras, f5_.F5_Undo, QStringLiteral("F5.F5_Undo"), [this] {
-        f5_.F5_Undo_Click();
-    })->setShortcut(Qt::CTRL | Qt::Key_Z);
-    addMenuEntry(extras, f5_.F5_Redo, QStringLiteral("F5.F5_Redo"), [this] {
-        f5_.F5_Redo_Click();
-    })->setShortcut(Qt::CTRL | Qt::Key_Y);
+    addUndoEntries(
+        extras, this, QStringLiteral("F5.F5"), f5_.F5_Undo, f5_.F5_Redo, [this] { f5_.F5_Undo_Click(); },
+        [this] { f5_.F5_Redo_Click(); });
     uniqueMnemonics(bar);
     uniqueMnemonics(extras);
     uniqueMnemonics(marking);
 }
 
 void F5Window::makeToolBar() {
-    QToolBar* bar = addToolBar();
-    for (ToolButton& model : f5_.Toolbar1) {
-        QToolButton* button =
-            addToolButton(model, bar, [this](std::string_view key) { f5_.Toolbar1_ButtonClick(key); });
-        // This key means another thing in the main window.
-        if (model.Key == "Neu") {
-            button->defaultAction()->setIcon(ownIcon(QStringLiteral("clear")));
-        }
-    }
+    addTableButtons(addToolBar(), f5_.Toolbar1, [this](std::string_view key) { f5_.Toolbar1_ButtonClick(key); });
 }
 
 void F5Window::makeGrid() {
@@ -114,13 +93,7 @@ void F5Window::makeGrid() {
     grid_->mayWrite = [this](int row, int column) { return f5_.Beschreibbar(row, column); };
     grid_->onWrite = [this](int row, int column, const std::string& text) { f5_.FGK4_Eintragen(row, column, text); };
     grid_->onDoubleClick = [this](int row, int column) { f5_.FGK4_DblClick(row, column); };
-    grid_->onMouseUp = [this](Qt::MouseButton button, int row, int column) {
-        if (button == Qt::LeftButton || button == Qt::RightButton) {
-            clicked_ = {row, column};
-            f5_.FGK4_MouseUp(button == Qt::LeftButton ? MouseButton::Left : MouseButton::Right, row, column);
-            clicked_.reset();
-        }
-    };
+    grid_->onMouseUp = [this](MouseButton button, int row, int column) { f5_.FGK4_MouseUp(button, row, column); };
     QScrollBar* across = grid_->horizontalScrollBar();
     connect(across, &QScrollBar::valueChanged, this, [this](int value) {
         if (value > 0) {
@@ -243,7 +216,7 @@ QLayout* F5Window::makeStatusLine() {
 
 void F5Window::popUp(F5Menu which) {
     QMenu* menu = which == F5Menu::M_FGK4 ? rowMenu_ : which == F5Menu::F5_E_Key ? keyMenu_ : fingerMenu_;
-    popUpAtCell(*menu, *grid_, clicked_);
+    popUpAtCell(*menu, *grid_);
 }
 
 } // namespace qvm::ui

@@ -5,9 +5,6 @@
 #include "F5Schluessel.h"
 #include "WindowBase.h"
 
-#include <optional>
-#include <utility>
-
 class QMenu;
 
 namespace qvm::ui {
@@ -23,9 +20,6 @@ public:
     ~F5Window() override;
 
     void setWords() override;
-
-protected:
-    void showEvent(QShowEvent* event) override;
 
 private:
     void makeMenuBar();
@@ -49,7 +43,6 @@ private:
     QMenu* rowMenu_ = nullptr;
     QMenu* keyMenu_ = nullptr;
     QMenu* fingerMenu_ = nullptr;
-    std::optional<std::pair<int, int>> clicked_; ///< the cell whose click is being handled
 };
 
 } // namespace qvm::ui

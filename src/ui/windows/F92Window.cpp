@@ -27,6 +27,7 @@ F92Window::F92Window(F92& f92, QWidget* owner)
     makeButtons();
     layout()->setSizeConstraint(QLayout::SetFixedSize);
     const auto close = [this] { f92_.Schliessen_Click(); };
+    setFirst(month_);
     finish({.onClose = close, .onEscape = close}, false);
 }
 
@@ -99,11 +100,6 @@ void F92Window::makeButtons() {
     auto* cancel = new QPushButton(this);
     bind(f92_.Abbrechen, cancel, QStringLiteral("F92.Abbrechen"), [this] { f92_.Schliessen_Click(); });
     content()->addLayout(buttonRow({ok, cancel}));
-}
-
-void F92Window::showEvent(QShowEvent* event) {
-    WindowBase::showEvent(event);
-    month_->setFocus(Qt::OtherFocusReason);
 }
 
 } // namespace qvm::ui

@@ -22,9 +22,6 @@ public:
 
     void setWords() override;
 
-protected:
-    void showEvent(QShowEvent* event) override;
-
 private:
     void makeHead();
     void makeChoice();

@@ -118,7 +118,7 @@ QStringList CellAccess::actionNames() const {
     if (!isValid() || isHeading()) {
         return names;
     }
-    if (grid_->onClick || grid_->onMouseUp) {
+    if (grid_->onClick || grid_->onMouseUp || grid_->onChoose) {
         names += pressAction();
     }
     if (grid_->onMenuKey) {

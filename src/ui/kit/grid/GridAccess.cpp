@@ -5,6 +5,7 @@
 #include "OverlayBoxes.h"
 
 #include <QAccessibleWidget>
+#include <QCalendarWidget>
 #include <QHash>
 #include <QHeaderView>
 #include <QLineEdit>
@@ -105,9 +106,9 @@ void GridAccess::tellChecks(const QModelIndex& first, const QModelIndex& last) c
 QList<QWidget*> GridAccess::editors() const {
     QList<QWidget*> open;
     for (QWidget* child : grid_.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
-        const bool editor = qobject_cast<QLineEdit*>(child) != nullptr ||
-                            qobject_cast<QListWidget*>(child) != nullptr ||
-                            qobject_cast<OverlayBoxes*>(child) != nullptr;
+        const bool editor =
+            qobject_cast<QLineEdit*>(child) != nullptr || qobject_cast<QListWidget*>(child) != nullptr ||
+            qobject_cast<QCalendarWidget*>(child) != nullptr || qobject_cast<OverlayBoxes*>(child) != nullptr;
         if (editor && child->isVisibleTo(&grid_)) {
             open += child;
         }

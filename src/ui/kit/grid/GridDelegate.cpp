@@ -17,6 +17,7 @@ namespace {
 
 constexpr int ButtonInset = 2; ///< between a cell's edge and the button drawn in it
 constexpr qreal ButtonRound = 4;
+constexpr int BarInset = 6;                      ///< of a bar to the cell's edge above and below
 constexpr int LargestCheck = 22, CheckInset = 5; ///< of a check box: its side, and to the cell's edge above and below
 
 const GridModel& modelOf(const QModelIndex& index) {
@@ -50,7 +51,7 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
     Painted cell{.Option = option,
                  .Index = index,
                  .Content = content,
-                 .Tone = cellTone(content.BackColor),
+                 .Tone = model.isBar(index.column()) ? CellTone::Plain : cellTone(content.BackColor),
                  .Button = model.isAction(row, index.column()),
                  .Check = model.isCheck(row, index.column()),
                  .Ground = {}};
@@ -61,6 +62,8 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
     }
     if (cell.Check) {
         paintCheck(painter, cell);
+    } else if (model.isBar(index.column())) {
+        paintBar(painter, cell);
     } else {
         paintContent(painter, cell);
     }
@@ -86,8 +89,9 @@ QColor GridDelegate::groundOf(const Painted& cell) const {
     const QPalette& palette = cell.Option.palette;
     // What can be clicked shows it by itself; other cells only tell where the mouse is.
     const bool clickable = cell.Tone == CellTone::Action || cell.Button || cell.Check;
+    const bool plain = clickable || modelOf(cell.Index).isBar(cell.Index.column());
     const QColor ground =
-        cellBackground(clickable ? White : cell.Content.BackColor, view_.isStripe(cell.Index.row()), palette);
+        cellBackground(plain ? White : cell.Content.BackColor, view_.isStripe(cell.Index.row()), palette);
     const RowTint tint =
         cell.Tone == CellTone::Exact ? RowTint::None : view_.tintOf(cell.Index.row(), cell.Index.column());
     return tinted(ground, tint, palette);
@@ -121,6 +125,30 @@ void GridDelegate::paintCheck(QPainter* painter, const Painted& cell) {
     }
     painter->save();
     style.drawPrimitive(QStyle::PE_IndicatorCheckBox, &box, painter, option.widget);
+    painter->restore();
+}
+
+/// How long it is says as much as its colours: lit cells and the whole bar have a rim that reads on every palette.
+void GridDelegate::paintBar(QPainter* painter, const Painted& cell) const {
+    const Grid& grid = modelOf(cell.Index).grid();
+    const int row = modelOf(cell.Index).gridRow(cell.Index.row());
+    const int first = cell.Index.column();
+    const int cells = grid.Columns() - first;
+    const QRect room = cell.Option.rect.adjusted(CellMargin, BarInset, -CellMargin, -BarInset);
+    const auto edge = [&room, cells](int n) { return room.left() + room.width() * n / cells; };
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing, false);
+    int lit = 0;
+    for (; lit < cells && grid.At(row, first + lit).BackColor != White; ++lit) {
+        painter->fillRect(QRect(edge(lit), room.top(), edge(lit + 1) - edge(lit), room.height()),
+                          exactColour(grid.At(row, first + lit).BackColor));
+    }
+    painter->setBrush(Qt::NoBrush);
+    painter->setPen(weakText(cell.Option.palette.color(QPalette::Text), cell.Ground));
+    if (lit > 0) {
+        painter->drawRect(room.adjusted(0, 0, -1, -1));
+        painter->drawLine(edge(lit) - 1, room.top(), edge(lit) - 1, room.bottom());
+    }
     painter->restore();
 }
 

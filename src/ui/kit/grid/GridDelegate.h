@@ -40,6 +40,7 @@ private:
     QColor groundOf(const Painted& cell) const;
     void paintButton(QPainter* painter, const Painted& cell) const;
     static void paintCheck(QPainter* painter, const Painted& cell);
+    void paintBar(QPainter* painter, const Painted& cell) const;
     void paintContent(QPainter* painter, const Painted& cell) const;
     void paintText(QPainter* painter, const Painted& cell, const QRect& room) const;
     QColor inkOf(const Painted& cell, bool sign) const;

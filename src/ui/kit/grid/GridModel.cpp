@@ -104,7 +104,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     case Qt::AccessibleTextRole:
         return accessibleText(index);
     case Qt::AccessibleDescriptionRole:
-        return tip(row, index.column());
+        return isBar(index.column()) ? QVariant() : tip(row, index.column());
     case Qt::ToolTipRole:
         // What shows only a picture says in words what it is.
         return cell.Text.empty() && !tip(row, index.column()).isValid() ? accessibleText(index)
@@ -146,6 +146,9 @@ QVariant GridModel::accessibleText(const QModelIndex& index) const {
     const Cell& cell = grid_.At(row, column);
     if (isCheck(row, column)) {
         return headingText(column);
+    }
+    if (isBar(column)) {
+        return tip(row, column);
     }
     if (!cell.Text.empty()) {
         return toQt(cell.Text);

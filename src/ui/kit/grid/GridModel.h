@@ -40,6 +40,10 @@ public:
     /// Cells of the column that can be clicked, or hold an "X", are check boxes: an "X" checks them. A screen reader
     /// hears the heading and the state.
     void setCheckColumn(int column) { checkColumn_ = column; }
+    /// The cells from this column on are one bar, drawn in its first column: those are lit whose background is not
+    /// white. The others have no place of their own. Its tip is all that a screen reader says of it.
+    void setBar(int firstColumn) { barColumn_ = firstColumn; }
+    bool isBar(int column) const { return column == barColumn_; }
     /// The font size, in points, of cells that show in the view's own font; others are larger or smaller in
     /// proportion.
     void setBaseFontSize(int points);
@@ -91,6 +95,7 @@ private:
     QHash<int, Qt::Alignment> alignments_;
     QHash<int, std::function<QString(int row)>> tips_;
     int checkColumn_ = -1;
+    int barColumn_ = -1;
     int baseFontSize_ = 8;
     int headingRows_;
     std::vector<std::string> headings_; ///< as the views know them

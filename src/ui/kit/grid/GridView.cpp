@@ -11,6 +11,7 @@
 #include <QScrollBar>
 
 #include <algorithm>
+#include <utility>
 
 namespace qvm::ui {
 namespace {
@@ -56,7 +57,15 @@ GridView::GridView(Grid& grid, QWidget* parent, int headingRows)
     connect(model_, &QAbstractItemModel::dataChanged, this,
             [this](const QModelIndex& first, const QModelIndex& last) { tellChecks(this, first, last); });
     watch(grid.Enabled, this, [this] { setEnabled(this->grid().Enabled); });
-    watch(grid.Visible, this, [this] { setVisible(this->grid().Visible); });
+    // A grid that its window hides for a moment, as for a sort, comes back with the keyboard.
+    watch(grid.Visible, this, [this, hadKeyboard = false]() mutable {
+        const bool visible = this->grid().Visible;
+        const bool back = std::exchange(hadKeyboard, !visible && hasFocus()) && visible;
+        setVisible(visible);
+        if (back) {
+            setFocus(Qt::OtherFocusReason);
+        }
+    });
     setCurrentIndex(model_->index(0, 0));
 }
 

@@ -3,6 +3,7 @@
 #include "GridFilter.h"
 #include "GridModel.h"
 #include "GridSelection.h"
+#include "MouseButton.h"
 
 #include <QPersistentModelIndex>
 #include <QTableView>
@@ -10,6 +11,7 @@
 #include <cstddef>
 #include <functional>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace qvm::ui {
@@ -67,6 +69,8 @@ public:
     /// A widget over the grid, an editor or a list, comes with the keyboard to the grid's current cell (Grid.Row,
     /// Grid.Column), where `place` puts it, or goes and gives the keyboard back.
     void showOver(QWidget* overlay, bool visible, const std::function<void()>& place);
+    /// The cell whose onMouseUp is being handled, row and column.
+    const std::optional<std::pair<int, int>>& clickedCell() const { return clicked_; }
     /// The cell under the mouse pointer, as the last mouse event told. False when it is over none.
     bool cellUnderMouse(int& row, int& column) const;
     /// How a cell of the model stands out.
@@ -82,10 +86,14 @@ public:
     std::function<void(int row, int column)> onClick; ///< mouse, Return or space on a cell
     std::function<void(int key)> onKey;               ///< a key typed on the current cell, as Keys.h codes it
     std::function<void()> onSpace;                    ///< the space bar, instead of a click
-    /// A mouse button went down and up on a cell, without a drag or Shift. Return and space then go to onKey.
-    std::function<void(Qt::MouseButton button, int row, int column)> onMouseUp;
+    /// The left or the right mouse button went down and up on a cell, without a drag or Shift. Return and space then go
+    /// to onKey.
+    std::function<void(MouseButton button, int row, int column)> onMouseUp;
     std::function<void(int row, int column)> onDoubleClick; ///< behind its second onMouseUp
-    std::function<void()> onMenuKey;                        ///< the key for context menus, or Shift+F10
+    /// Rows of which one is chosen: a double click, where nothing listens to single ones, and what a screen reader
+    /// presses.
+    std::function<void(int row, int column)> onChoose;
+    std::function<void()> onMenuKey; ///< the key for context menus, or Shift+F10
     /// A text that an operator gives a cell without an editor, as by a screen reader; only where it may be written.
     std::function<void(int row, int column, const std::string& text)> onWrite;
     std::function<bool(int row, int column)> mayWrite;
@@ -123,6 +131,7 @@ private:
     void click(const QModelIndex& index);
     /// A click is a press and a release on the same cell, without a drag or Shift.
     void released(const QMouseEvent& event, const QModelIndex& index);
+    void mouseUp(Qt::MouseButton button, int row, int column);
     /// The mouse on the frozen columns; true when nothing is left for their own view.
     bool frozenMouse(const QMouseEvent& event);
     bool editKey(QKeyEvent* event);
@@ -155,8 +164,9 @@ private:
     int frozenColumns_ = 0;
     GridSelection* selection_ = nullptr;
     GridFilter* filter_ = nullptr;
-    bool blockShown_ = false;       ///< the block was larger than a cell when it was shown last
-    bool extending_ = false;        ///< what moves the current cell now takes the block along
+    bool blockShown_ = false; ///< the block was larger than a cell when it was shown last
+    bool extending_ = false;  ///< what moves the current cell now takes the block along
+    std::optional<std::pair<int, int>> clicked_;
     bool twice_ = false;            ///< the mouse button went down for the second time of a double click
     bool following_ = false;        ///< the current cell is moved because the selection has moved
     bool dragged_ = false;          ///< over other cells, since the mouse button went down

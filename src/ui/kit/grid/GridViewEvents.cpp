@@ -40,10 +40,19 @@ void GridView::press(int row, int column) {
     if (!goTo(row, column)) {
         return;
     }
-    if (onMouseUp) {
-        onMouseUp(Qt::LeftButton, row, column);
-    }
+    mouseUp(Qt::LeftButton, row, column);
     click(model_->cellIndex(row, column));
+    if (onChoose) {
+        onChoose(row, column);
+    }
+}
+
+void GridView::mouseUp(Qt::MouseButton button, int row, int column) {
+    if (onMouseUp && (button == Qt::LeftButton || button == Qt::RightButton)) {
+        clicked_ = {row, column};
+        onMouseUp(button == Qt::LeftButton ? MouseButton::Left : MouseButton::Right, row, column);
+        clicked_.reset();
+    }
 }
 
 void GridView::showMenu(int row, int column) {
@@ -117,20 +126,21 @@ void GridView::released(const QMouseEvent& event, const QModelIndex& index) {
     }
     const int row = model_->gridRow(index.row());
     const int column = index.column();
-    if (onMouseUp) {
-        onMouseUp(event.button(), row, column);
-    }
+    mouseUp(event.button(), row, column);
     if (event.button() == Qt::LeftButton) {
         click(index);
         if (twice && onDoubleClick) {
             onDoubleClick(row, column);
+        }
+        if (twice && onChoose) {
+            onChoose(row, column);
         }
     }
 }
 
 // The second press of a double click is a press as the first one; what a double click does waits for its release.
 void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
-    if (!onMouseUp) {
+    if (!onMouseUp && !onChoose) {
         QTableView::mouseDoubleClickEvent(event);
         return;
     }
