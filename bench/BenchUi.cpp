@@ -2,11 +2,11 @@
 //
 //   bench_ui FOLDER [SECONDS]    a program folder with data and language files; how long to idle (default 10; 0: only
 //   the start)
-//   bench_ui FOLDER users        the user window alone
+//   bench_ui FOLDER users        the user window and the lock window alone
 //
 // The first line is the time of the first painting on the system's monotonic clock in nanoseconds, so that whoever
-// starts this program can tell how long the start took; the next two are where the keys of the lock window and of the
-// user window are, for a mouse. bench/measure_ui.py uses them.
+// starts this program can tell how long the start took; the next three are where the keys of the programming window, of
+// the user window and of the lock window are, for a mouse. bench/measure_ui.py uses them.
 #include "BenchUiUsers.h"
 #include "ClearStyle.h"
 #include "Oberflaeche.h"
@@ -60,7 +60,7 @@ struct Bench {
     qvm::ui::Oberflaeche& windows;
     static constexpr int HistoryLines = 2024;
     int IdleSeconds = 10;
-    bool Users = false; ///< only their window
+    bool Users = false; ///< only their window, and that of the locks
     QElapsedTimer clock;
 
     void Begin() {
@@ -73,8 +73,10 @@ struct Bench {
                     static_cast<long long>(std::chrono::duration_cast<std::chrono::nanoseconds>(now).count()));
         PrintKey("F2.Toolbar1.PROG");
         PrintKey("F2.Toolbar1.x1504");
+        PrintKey("F2.Toolbar1.lock4");
         if (Users) {
             measureUsers(programm, windows);
+            measureLocks(programm, windows);
             QApplication::exit(0);
             return;
         }

@@ -92,3 +92,10 @@ void measureUsers(qvm::Programm& programm, qvm::ui::Oberflaeche& windows) {
     printKey(windows.Persons.f5, "F5.Toolbar1.Aufsteigend sortieren");
     printKey(windows.Persons.f5, "F5.Toolbar1.Speichern");
 }
+
+void measureLocks(qvm::Programm& programm, qvm::ui::Oberflaeche& windows) {
+    programm.Persons->F5.F5_Schliessen();
+    paint();
+    std::printf("F12 painted after %.1f ms\n", milliseconds([&] { programm.Locks->F12.F12_FormLaden(); }));
+    printKey(windows.Locks.f12, "F12.Toolbar1.Speichern");
+}

@@ -21,6 +21,7 @@ import tempfile
 import time
 
 import user_window
+from grid_window import DOWN, PAGE_DOWN, PAGE_UP, UP, GridWindow, windows
 from picture import Screen
 
 HERE = os.path.dirname(os.path.abspath(__file__))
@@ -34,7 +35,9 @@ INPUTS = 60
 TAB = 0xFF09
 SIZE = 1600, 1200
 USER_REGION = 1000, 500  # where the user window has marks
-KEYS = 1000, 262  # where the main window, at the corner of the display, has all that takes the focus
+LOCK_FILES = ("C64UX12H3D.EBW", "CPRT88X3FDA.PRT", "LSOEMIPART.LMT", "SBSCLKZU.SB1", "LOCKCLASSCOMX.CMB",
+              "DOOR1MODEDT.DTA")
+KEYS = 1000, 600  # where the main window, at the corner of the display, has all that takes the focus
 TITLE = "^QVM 7702 SOFTWARE SYSTEM$"
 
 
@@ -88,8 +91,9 @@ def bench(build, place, env, seconds):
     begin = time.monotonic_ns()
     run = subprocess.run([os.path.join(build, "bench/bench_ui"), place + "/", str(seconds)], env=env,
                          stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True, check=True)
-    first, locks, users, *rest = run.stdout.splitlines()
-    return (int(first) - begin) / 1e6, {"locks": locks.split(), "users": users.split()}, rest
+    first, *keys = run.stdout.splitlines()
+    places = dict(zip(("locks", "users", "setup"), (key.split() for key in keys)))
+    return (int(first) - begin) / 1e6, places, keys[len(places):]
 
 
 def start_program(place, env):
@@ -128,11 +132,8 @@ def lock_window(place, env, key):
         subprocess.run(["xdotool", "mousemove", *key], env=env, check=True)
         time.sleep(3)  # the adapter is found
         before = screen.picture()
-        click = subprocess.Popen(["xdotool", "click", "1"], env=env)
-        begin = time.monotonic()
-        elapsed = screen.settle(begin)
-        click.wait()
-        if elapsed is None or sum(a != b for a, b in zip(before[::400], screen.picture()[::400])) < 500:
+        elapsed = screen.settle()
+        if sum(a != b for a, b in zip(before[::400], screen.picture()[::400])) < 500:
             sys.exit("the lock window did not open")
         return elapsed * 1000, resident(program)
     finally:
@@ -142,8 +143,8 @@ def lock_window(place, env, key):
 
 def measure_users(build, place, env):
     """The user window, in bench_ui without the delay of the display, and in qvm7702 as seen on the screen."""
-    _, keys, (*lines, sort, save) = bench(build, place, env, "users")
-    print("\n".join("  " + line for line in lines))
+    _, keys, (*lines, sort, save, opened_locks, save_locks) = bench(build, place, env, "users")
+    print("\n".join("  " + line for line in [*lines, opened_locks]))
     opened, sorts, saves, more = [], [], [], []
     with open(os.path.join(place, user_window.FILE), "rb") as file:
         unsorted = file.read()
@@ -153,11 +154,11 @@ def measure_users(build, place, env):
         try:
             before = resident(program)
             window = user_window.UserWindow(env, USER_REGION, place, {"sort": sort.split(), "save": save.split()})
-            opened.append(window.open(keys["users"], user_window.windows(env)))
+            opened.append(window.open(keys["users"], windows(env)))
             more.append(resident(program) - before)
             if n == 0:
-                report(window.key(user_window.DOWN, user_window.UP), "an arrow key")
-                report(window.key(user_window.PAGE_DOWN, user_window.PAGE_UP), "a page")
+                report(window.key(DOWN, UP), "an arrow key")
+                report(window.key(PAGE_DOWN, PAGE_UP), "a page")
                 report(window.toggle(), "a mark of 250 x 200 cells")
             sorts.append(window.sort())
             saves.append(window.save())
@@ -168,6 +169,26 @@ def measure_users(build, place, env):
     report(sorts, "sorted")
     report(saves, "saved, with the flush")
     print(f"  memory more than without the window: {max(more):.0f} MB")
+    measure_setup(place, env, keys["setup"], save_locks.split())
+
+
+def measure_setup(place, env, key, save):
+    """The lock window of qvm7702, as seen on the screen. `key`, `save`: where to click to open it, and in it."""
+    opened, saves = [], []
+    for n in range(STARTS):
+        program, _ = start_program(place, env)
+        try:
+            window = GridWindow(env, USER_REGION, place, {"save": save}, LOCK_FILES)
+            opened.append(window.open(key, windows(env)))
+            if n == 0:
+                report(window.key(DOWN, UP), "an arrow key in the lock window")
+                report(window.key(PAGE_DOWN, PAGE_UP), "a page in the lock window")
+            saves.append(window.save())
+            window.screen.close()
+        finally:
+            end(program)
+    report(opened, f"from the click to the last change of the lock window with {LOCKS} locks")
+    report(saves, "its six files saved, with the flush of each")
 
 
 def served(place, env, line, closed=False):
@@ -185,7 +206,6 @@ def served(place, env, line, closed=False):
             waits = []
             for _ in range(INPUTS):
                 waits.append(screen.answer(TAB) * 1000)
-                time.sleep(0.1)
             return waits
         finally:
             end(program)
