@@ -1,25 +1,29 @@
-"""The program is killed while it saves the users: each file is the old one or the new one, and the next start has it."""
+"""The program is killed at each step of a save of the users: each file is the old one or the new one, and the next start
+has it."""
 import os
-import random
-import threading
+import signal
 
-from accessible_hand import AccessibleHand, action, do
+from accessible_hand import AccessibleHand
 from datafiles import text
-from screen import PATIENCE, Atspi, wait_for
+from screen import PATIENCE, wait_for
 
-BUTTON, MENU_ENTRY = Atspi.Role.PUSH_BUTTON, Atspi.Role.MENU_ITEM
 USERS, KEY = "User management", 6
 USER_FILE, CHANNEL_FILE = "BX10X52WUJ9.UBW", "RFCHANDIF12.RFX"
 USER, CHANNEL = 419, 15  # bytes of a record
 KEY_FIELDS = slice(61, 195)  # identification and data
-KILLS = int(os.environ.get("QVM_KILLS", "5"))
-# Each step of a save takes 30 ms, so that a kill finds each of them.
-STEPS = "fsync,fdatasync,rename,pwrite64"
-SLOWLY = ["strace", "-D", "-f", "--seccomp-bpf", "-qq", "-o", "/dev/null", "-e", "trace=" + STEPS,
-          "-e", f"inject={STEPS}:delay_enter=30000"]
-LONGEST = 0.2  # seconds from the first step to the last kill
 # Lock channel, the key's old one, the wanted one, and whether the lock and the key are still to be told: of users 1 and 2.
 CHANNELS = b"5  3  5  0  1  " b"5  7  5  0  0  "
+SIBLING = "." + USER_FILE
+# The channel of a pasted key goes to the disk at once, the users behind it. Of each step: whether channels and users are
+# new, and whether a sibling lies about, for a program that is killed there. What was written and not flushed is there all
+# the same: the system goes on.
+STEPS = [("pwrite " + CHANNEL_FILE, False, False, False),
+         ("fdatasync " + CHANNEL_FILE, True, False, False),
+         ("write " + SIBLING, True, False, True),
+         ("fsync " + SIBLING, True, False, True),
+         ("rename " + USER_FILE, True, False, True),
+         ("fsync .", True, True, False)]
+STEPS_OF_THE_PASTE = 2
 
 
 class KillTests:
@@ -28,69 +32,60 @@ class KillTests:
             return file.read()
 
     def left_behind(self):
-        return [name for name in os.listdir(self.house.place + "DAT") if name.startswith("." + USER_FILE)]
+        return [name for name in os.listdir(self.house.place + "DAT") if name.startswith(SIBLING)]
 
-    def test_a_kill_while_the_users_are_saved_leaves_each_file_old_or_new(self):
-        seed = random.randrange(1 << 30)
-        chance = random.Random(seed)
+    def test_a_kill_at_each_step_of_a_save_of_the_users_leaves_each_file_old_or_new(self):
         self.house.start_simulator()
         self.save_with_the_key_moved(1, 2)
         wait_for("the users as the program writes them", lambda: self.owner() == 2 and not self.left_behind())
-        self.kill()
-        ends = {}
-        for number in range(KILLS):
-            with self.subTest(seed=seed, kill=number):
-                end = self.kill_while_saving(chance)
-                ends[end] = ends.get(end, 0) + 1
-        if "QVM_KILLS" in os.environ:
-            print(ends)
+        self.process.kill()
+        self.process.wait(PATIENCE)
+        self.assertEqual(self.steps(), [step for step, *_ in STEPS])
+        for number, (step, *left) in enumerate(STEPS, 1):
+            with self.subTest(killed_at=step):
+                self.assertEqual(self.killed_at(number), left)
 
-    def save_with_the_key_moved(self, giver, taker, begins=lambda: None):
-        """From one user to the other, whose channel is written at once; then all is saved. Nothing waits any more from
-        `begins` on."""
-        self.start(SLOWLY)
+    def save_with_the_key_moved(self, giver, taker, kill_at=0):
+        """From one user to the other, whose channel is written at once; then all is saved."""
+        self.start(["env", f"LD_PRELOAD={self.house.build}/tests/desktop/StepKill.so", f"QVM_KILL_AT={kill_at}",
+                    f"QVM_STEPS_BELOW={self.house.place}DAT/", f"QVM_STEPS={self.house.place}steps"])
         self.light("Ready")
         hand = AccessibleHand(self.program)
         hand.press("Manage users")
         wait_for("the file is shown", lambda: self.program.cell_name(USERS, giver, KEY) == "12 : 200 : 33 : 7")
         self.assertEqual(self.left_behind(), [])
-        save = self.program.wait(BUTTON, "Save")
         hand.choose(USERS, giver, KEY, "Cut")
         wait_for("the key is cut", lambda: self.program.cell_name(USERS, giver, KEY) == "")
-        hand.open_menu(USERS, taker, KEY)
-        paste = self.program.wait(MENU_ENTRY, "Paste")
-        steps = [(paste, action(paste, "Press")), (save, action(save, "Press"))]
-        begins()
-        for step in steps:
-            do(*step)
+        hand.choose(USERS, taker, KEY, "Paste")
+        if not 0 < kill_at <= STEPS_OF_THE_PASTE:
+            hand.press("Save")
 
-    def kill(self):
-        self.process.kill()
-        self.process.wait(PATIENCE)
+    def steps(self):
+        """Those of the last start, siblings without the end of their names, which is a random one."""
+        with open(self.house.place + "steps", encoding="ascii") as file:
+            steps = [line.split() for line in file]
+        os.remove(self.house.place + "steps")
+        return [f"{call} {SIBLING if name.startswith(SIBLING) else name}" for call, name in steps]
 
     def owner(self):
         """Which of the first two users has the key in the file."""
         users = self.contents(USER_FILE)
         return next(n for n in (1, 2) if text(users[(n - 1) * USER:], 61, 41))
 
-    def kill_while_saving(self, chance):
+    def killed_at(self, number):
         """Starts with what the kill before has left, but for the channels, which another move would leave as they are.
-        Gives which of the files are new, and how many lie about."""
+        Gives whether channels and users are new, and whether a sibling lies about."""
         with open(self.house.place + "DAT/" + CHANNEL_FILE, "wb") as file:
             file.write(CHANNELS + b" " * (201 * CHANNEL - len(CHANNELS)))
         users, channels, owner = self.contents(USER_FILE), self.contents(CHANNEL_FILE), self.owner()
-        taker = 3 - owner
-        killer = threading.Timer(chance.uniform(0, LONGEST), self.kill)
-        try:
-            self.save_with_the_key_moved(owner, taker, killer.start)
-            killer.join()
-        finally:
-            self.kill()
-        new_users = self.contents(USER_FILE) == self.with_the_key_moved(users, owner, taker)
-        new_channels = self.contents(CHANNEL_FILE) == self.with_the_channel_of(channels, owner, taker)
+        self.save_with_the_key_moved(owner, 3 - owner, number)
+        self.assertEqual(self.process.wait(PATIENCE), -signal.SIGKILL)
+        self.assertEqual(self.steps(), [step for step, *_ in STEPS[:number]])
+        new_users = self.contents(USER_FILE) == self.with_the_key_moved(users, owner, 3 - owner)
+        new_channels = self.contents(CHANNEL_FILE) == self.with_the_channel_of(channels, owner, 3 - owner)
         self.assertTrue(new_users or self.contents(USER_FILE) == users, "the users are between old and new")
         self.assertTrue(new_channels or self.contents(CHANNEL_FILE) == channels, "the channels are between old and new")
-        return new_users, new_channels, len(self.left_behind())
+        return [new_channels, new_users, bool(self.left_behind())]
 
     @staticmethod
     def with_the_key_moved(users, giver, taker):
