@@ -127,7 +127,7 @@ QColor painted(const QColor& colour, const QColor& ground) {
 
 /// Disabled texts stand on the grounds of enabled controls, too, and on buttons that a style shades from their colour.
 void liftDisabled(QPalette& palette, QPalette::ColorRole text, std::initializer_list<QPalette::ColorRole> grounds) {
-    constexpr int Plain = 100, Shaded = 135; // percent
+    constexpr int Plain = 100, Shaded = 145; // percent; a combo box is the lightest
     const auto lift = [&](const QColor& ground) {
         palette.setColor(QPalette::Disabled, text,
                          legible(palette.color(QPalette::Disabled, text), ground, palette.color(QPalette::Active, text),
