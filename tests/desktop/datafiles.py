@@ -6,10 +6,15 @@ SELECTORS = {"PB_2008TimA": 1, "PB_2008TimB": 2}
 WEIGHTS = {"0": 0, "1/2": 6, "1/3": 4, "ADMI": 0x0D, "FS+": 0x0A}
 OTHER_WEIGHT = 0x0C
 MODES = {"X": 10, "Y": 20}
+UNITS = 241  # bytes of the record of a lock's units
 
 
 def text(record, offset, width):
     return record[offset:offset + width].split(b"\0")[0].decode("cp1252").strip(" ")
+
+
+def serial_text(record, offset):
+    return ".".join(text(record, offset + 3 * part, 3) for part in range(4))
 
 
 def numbers(words):
@@ -64,6 +69,9 @@ class DataFiles:
         table_a, table_b = self.tables(number, serial) if timers else ([], [])
         single, permanent = self.holidays() if calendars else ([], [])
         return {
+            "serial": serial_text(lock, 28),
+            "channel": int(text(self.record("RFCHANDIF12.RFX", 15, number), 0, 3) or 1),
+            "listen_time": self.listen_time(number),
             "users": self.users(number, serial, timers),
             "table_a": without_zeros(table_a), "table_b": without_zeros(table_b),
             "single_days": single, "permanent_days": permanent,
@@ -71,6 +79,23 @@ class DataFiles:
             "priority": int(priority) - 1 if priority in ("1", "2", "3", "4", "5") else 2,
             "lock_mode": MODES.get(text(self.record("LSOEMIPART.LMT", 1, number), 0, 1)),
         }
+
+    def listen_time(self, number):
+        """How a lock is told to listen for units that have a time window: seconds in two bytes, and two marks. Behind
+        mode, mark for always and a spare one stand the signal, hours, minutes and seconds."""
+        unit = self.record("T6WRSSISN.TSD", UNITS, number)
+        if unit[:1] != b"3":
+            return None
+        hours, minutes, seconds = (int(text(unit, at, 2) or 0) for at in (6, 8, 10))
+        high, low = divmod(3600 * hours + 60 * minutes + seconds, 256)
+        return {"first": int(unit[2:3] == b"1"), "second": int(unit[1:2] == b"1"), "high": high, "low": low}
+
+    def units(self, number):
+        """The units of a lock that have a serial number: their names, numbers and channels."""
+        record = self.record("T6WRSSISN.TSD", UNITS, number)
+        return [{"name": text(record, at, 30), "serial": serial_text(record, at + 30),
+                 "channel": int(text(record, at + 43, 2) or 1)}
+                for at in range(16, UNITS, 45) if text(record, at + 30, 3)]
 
     def slot(self, number):
         record = self.record("TX33Y98BSG9.TBW", 11, number)

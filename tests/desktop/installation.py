@@ -164,8 +164,15 @@ class Installation:
 
     def lock(self, name):
         """What the lock holds, after stop_simulator."""
+        return self.device("locks", "label", name)
+
+    def unit(self, serial):
+        """The same of a wireless unit."""
+        return self.device("units", "serial", serial)
+
+    def device(self, kind, field, value):
         with open(self.place + "state.json", encoding="utf-8") as file:
-            return next(lock for lock in json.load(file)["locks"] if lock["label"] == name)
+            return next(device for device in json.load(file)[kind] if device[field] == value)
 
     def data_files(self):
         return DataFiles(self.place + "DAT")

@@ -2,7 +2,7 @@
 from screen import Atspi, has_state, key, typed, wait_for
 
 BUTTON, MENU_ENTRY, PASSWORD = Atspi.Role.PUSH_BUTTON, Atspi.Role.MENU_ITEM, Atspi.Role.PASSWORD_TEXT
-FOCUSED, TABLE = Atspi.StateType.FOCUSED, Atspi.Role.TABLE
+FOCUSED, TABLE, COMBO = Atspi.StateType.FOCUSED, Atspi.Role.TABLE, Atspi.Role.COMBO_BOX
 
 
 class KeyboardHand:
@@ -51,6 +51,18 @@ class KeyboardHand:
         """A cell that acts at a key."""
         self.go_to(table, row, column)
         key("Return")
+
+    def pick(self, table, row, column):
+        """A row of a list that is chosen from."""
+        self.go_to(table, row, column)
+        key("space")
+
+    def select(self, shown, number, words):
+        """An entry of the box that shows these words, by its number, counted from 0, and its own words."""
+        self.program.wait(COMBO, shown)
+        self.reach(shown)
+        key("Home", *["Down"] * number)
+        self.program.wait(COMBO, words)
 
     def choose(self, table, row, column, *entries):
         """From the menu of the cell."""

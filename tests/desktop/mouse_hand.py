@@ -2,7 +2,7 @@
 from screen import Atspi, click_at, double_click_at, middle, typed, wait_for
 
 NUMBER = 0  # column
-MENU_ENTRY, PASSWORD = Atspi.Role.MENU_ITEM, Atspi.Role.PASSWORD_TEXT
+MENU_ENTRY, PASSWORD, COMBO = Atspi.Role.MENU_ITEM, Atspi.Role.PASSWORD_TEXT, Atspi.Role.COMBO_BOX
 
 
 class MouseHand:
@@ -23,6 +23,18 @@ class MouseHand:
     def step(self, table, row, column):
         """A cell that acts when it is clicked."""
         click_at(*middle(self.program.cell(table, row, column)))
+
+    def pick(self, table, row, column):
+        """A row of a list that is chosen from."""
+        double_click_at(*middle(self.program.cell(table, row, column)))
+
+    def select(self, shown, number, words):
+        """An entry of the box that shows these words, by its number, counted from 0, and its own words. It is in sight
+        when the box is open."""
+        box = self.program.wait(COMBO, shown)
+        click_at(*middle(box))
+        click_at(*middle(wait_for("the list of the box", lambda: self.program.entry_of(box, number))))
+        self.program.wait(COMBO, words)
 
     def choose(self, table, row, column, *entries):
         """From the menu of the cell."""

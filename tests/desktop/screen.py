@@ -213,6 +213,13 @@ class Program:
         last = tell(grid, lambda node: node.get_child_at_index(node.get_child_count() - 1))
         return last is not None and tell(last, lambda node: node.get_role()) == Atspi.Role.TEXT
 
+    def entry_of(self, box, number):
+        """An entry of the list that a combo box has opened; None while it is shut."""
+        lists = [child for child in children(box) if tell(child, lambda node: node.get_role()) == Atspi.Role.LIST]
+        entry = next((tell(opened, lambda node: node.get_child_at_index(number)) for opened in lists
+                      if showing(opened)), None)
+        return entry if entry is not None and showing(entry) else None
+
     def describe(self):
         """What is on the screen, for whoever looks into a failure."""
         lines = []
