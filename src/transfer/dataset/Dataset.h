@@ -18,6 +18,7 @@ inline constexpr std::uint8_t Code = 0, Finger = 0xB4;
 
 /// One user slot of a lock's dataset.
 struct ProgSlot {
+    int User = 0;                                  ///< number in the user table
     std::string Name;                              ///< OEM code page
     std::string TimerName;                         ///< the timer group's PbId, "-" for none
     std::string Funktion;                          ///< the user's right

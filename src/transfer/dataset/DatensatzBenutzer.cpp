@@ -106,6 +106,7 @@ std::string Fingername(std::string_view oem, std::string_view number, bool netwo
 // ---- one user
 
 void Gemeinsames_Lesen(const UserLoop& loop, int record, ProgSlot& slot) {
+    slot.User = record;
     slot.TimerName = loop.users.Text(record, UserRecord::UserGroupId);
     slot.Funktion = loop.users.Text(record, UserRecord::UserRight);
     slot.TimerBits = Zeitgruppe(loop, slot.TimerName);
