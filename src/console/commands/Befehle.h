@@ -33,6 +33,12 @@ ExitCode Befehl_Code(const Umgebung& world, const Console& console, const Option
 /// scan: who listens on the radio channels; one of them is taken as a lock, or as a unit of one.
 ExitCode Befehl_Suche(const Umgebung& world, const Console& console, const Optionen& options);
 
+/// Switch clocks, groups, calendars and offsets as tables.
+ExitCode Befehl_Zeiten(const Umgebung& world, const Console& console);
+
+/// when: whether the times of a lock let its users in at a moment, and why; or the week as a picture. Nothing is sent.
+ExitCode Befehl_Zutritt(const Umgebung& world, const Console& console, const Optionen& options);
+
 /// learn, find-key and sync-key, with the readers of the desk.
 ExitCode Befehl_Anlernen(const Umgebung& world, const Console& console, const Optionen& options);
 ExitCode Befehl_Key_Suchen(const Umgebung& world, const Console& console, const Optionen& options);

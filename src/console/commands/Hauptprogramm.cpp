@@ -31,6 +31,10 @@ ExitCode Befehl_Ausfuehren(const Umgebung& world, const Console& console, const 
         return Befehl_Code(world, console, options);
     case Command::Scan:
         return Befehl_Suche(world, console, options);
+    case Command::Times:
+        return Befehl_Zeiten(world, console);
+    case Command::When:
+        return Befehl_Zutritt(world, console, options);
     case Command::Learn:
         return Befehl_Anlernen(world, console, options);
     case Command::FindKey:

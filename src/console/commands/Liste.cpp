@@ -14,6 +14,8 @@ std::size_t Zeichen(const std::string& text) {
         std::count_if(text.begin(), text.end(), [](char byte) { return (byte & 0xC0) != 0x80; }));
 }
 
+} // namespace
+
 void Tabelle_Schreiben(std::ostream& out, const std::vector<std::vector<std::string>>& rows) {
     std::vector<std::size_t> widths(rows.front().size());
     for (const auto& row : rows) {
@@ -28,8 +30,6 @@ void Tabelle_Schreiben(std::ostream& out, const std::vector<std::vector<std::str
         out << row.back() << "\n";
     }
 }
-
-} // namespace
 
 ExitCode Liste_Ausgeben(const Umgebung& world, const Console& console, std::string_view word, std::string_view of,
                         const std::function<bool(Kern& kern, Liste& list)>& read) {

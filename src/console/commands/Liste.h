@@ -4,6 +4,7 @@
 #include "Kern.h"
 
 #include <functional>
+#include <iosfwd>
 #include <nlohmann/json.hpp>
 #include <string>
 #include <string_view>
@@ -16,6 +17,10 @@ struct Liste {
     std::vector<std::vector<std::string>> Rows; ///< the headings first; each row has as many texts as they, UTF-8
     nlohmann::ordered_json Records = nlohmann::ordered_json::array();
 };
+
+/// Columns as wide as their widest text, two blanks between them.
+/// @param rows at least the headings; each has as many texts as they, UTF-8
+void Tabelle_Schreiben(std::ostream& out, const std::vector<std::vector<std::string>>& rows);
 
 /// The commands that list records of the data files (users, locks, units): the files are read by `read` while nobody
 /// replaces them, and nothing is written.

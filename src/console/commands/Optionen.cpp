@@ -142,6 +142,20 @@ void Personenbefehle_Anlegen(const CommandMaker& add, Optionen& options) {
     Timeout_Option(*add("sync-key", "note that an E-Key is on the system's radio channel", Command::SyncKey), options);
 }
 
+/// What is about times.
+void Zeitbefehle_Anlegen(const CommandMaker& add, Optionen& options, Texte& texts) {
+    add("times", "list the switch clocks, their groups, the calendars and the offsets", Command::Times);
+    CLI::App* when = add("when",
+                         "tell whether the times of a lock let its users in, by what the lock would be sent: at every "
+                         "minute that one of a user's slots holds. How a lock's own firmware takes several slots, lock "
+                         "timers and holidays, it decides itself; they are told beside",
+                         Command::When);
+    when->add_option("LOCK", options.Lock, "lock number, 1 to 200")->required()->check(CLI::Range(1, 200));
+    when->add_option("USER", options.User, "only this user, 1 to 250")->check(CLI::Range(1, 250));
+    when->add_option("--at", texts.At, "at this time, \"DD.MM.YYYY hh:mm\" (default: now)");
+    when->add_flag("--week", options.Week, "the whole week, Monday to Sunday, as a picture");
+}
+
 void Befehle_Anlegen(CLI::App& app, Optionen& options, Texte& texts) {
     const CommandMaker add = [&](const char* name, const char* text, Command which) {
         CLI::App* command = app.add_subcommand(name, text);
@@ -175,6 +189,7 @@ void Befehle_Anlegen(CLI::App& app, Optionen& options, Texte& texts) {
         ->add_option("FILE", options.File, "file to read (default: standard input)");
     Schlossbefehle_Anlegen(add, options);
     Personenbefehle_Anlegen(add, options);
+    Zeitbefehle_Anlegen(add, options, texts);
 }
 
 std::string Scan_Nachpruefen(const Optionen& options) {
@@ -212,6 +227,10 @@ std::string Nachpruefen(Optionen& options, const Texte& texts, const Datum& toda
         options.At = Zeitpunkt_Lesen(texts.At);
         if (!options.At) {
             return "--at: " + texts.At + " is not a time DD.MM.YYYY hh:mm";
+        }
+        // A lock knows two digits of the year.
+        if (options.Wanted == Command::When && (options.At->Year < 2000 || options.At->Year > 2099)) {
+            return "--at: the year must be 2000 to 2099";
         }
     }
     if (!texts.Since.empty()) {
