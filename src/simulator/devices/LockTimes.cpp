@@ -36,10 +36,8 @@ bool TakesMasks(const VirtualLock& lock) {
     return lock.FormA == TableForm::Parts || (lock.FormA == TableForm::Block && (full || serial > 0xB49FFFF));
 }
 
-using Rows = std::vector<OpenRow>;
-
-Rows RowsOf(const VirtualLock& lock, const LockUser& user) {
-    Rows rows;
+std::vector<OpenRow> RowsOf(const VirtualLock& lock, const LockUser& user) {
+    std::vector<OpenRow> rows;
     if (TakesMasks(lock)) {
         // The first slot is the highest bit of the first byte.
         for (std::size_t row = 0; user.HasGroups && row < lock.TableA.size(); ++row) {
@@ -78,7 +76,7 @@ bool PermanentHolds(const DateLine& line, const LockClock& now) {
 
 LockVerdict JudgeTimes(const VirtualLock& lock, const LockUser& user, const LockClock& now) {
     LockVerdict verdict;
-    const Rows rows = RowsOf(lock, user);
+    const std::vector<OpenRow> rows = RowsOf(lock, user);
     std::copy_if(rows.begin(), rows.end(), std::back_inserter(verdict.Open),
                  [&](const OpenRow& row) { return Holds(LineOf(lock, row), now); });
     verdict.Admits = rows.empty() || !verdict.Open.empty();
