@@ -18,7 +18,7 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-constexpr int Days = 7, DayMinutes = 24 * 60, HourMinutes = 60;
+constexpr int Days = 7;
 
 /// What is told of the lock beside its users.
 struct LockAnswer {

@@ -14,13 +14,11 @@ std::string Tag_Wort(int selector) {
 }
 
 std::string Uhrzeit_Text(int minutes) {
-    constexpr int HourMinutes = 60;
     const auto two = [](int value) { return (value < 10 ? "0" : "") + std::to_string(value); };
     return two(minutes / HourMinutes) + ":" + two(minutes % HourMinutes);
 }
 
 std::string Slot_Text(const TimerRow& row) {
-    constexpr int HourMinutes = 60;
     if (row[0] == 0) {
         return Tag_Wort(0);
     }

@@ -13,8 +13,6 @@ namespace qvm {
 
 namespace {
 
-constexpr int DayMinutes = 24 * 60;
-
 const ProgSlot* Slot_Von(const Dataset& dataset, int user) {
     const auto found = std::find_if(dataset.Slots.begin(), dataset.Slots.end(),
                                     [user](const ProgSlot& slot) { return slot.User == user; });
@@ -77,7 +75,6 @@ UserAnswer AccessFacts::Answer(int user, const DateTime& at) const {
         answer.Why = Grund_Ohne_Grenze(*this, *slot);
         return answer;
     }
-    constexpr int HourMinutes = 60;
     std::copy_if(answer.Times.Slots.begin(), answer.Times.Slots.end(), std::back_inserter(answer.Open),
                  [&](const UserTimes::Slot& one) {
                      return Zeit_Haelt(one.Row, Wochentag(Heute(at)), at.Hour * HourMinutes + at.Minute);

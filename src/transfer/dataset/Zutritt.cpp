@@ -82,7 +82,6 @@ UserTimes Benutzer_Zeiten(const Dataset& dataset, const ProgSlot& user) {
 }
 
 bool Zeit_Haelt(const TimerRow& row, int weekday, int minute) {
-    constexpr int HourMinutes = 60;
     return Tag_Haelt(row[0], weekday) && row[1] * HourMinutes + row[2] <= minute &&
            minute <= row[3] * HourMinutes + row[4];
 }

@@ -10,6 +10,8 @@
 /// own firmware takes them is not known; here a user is let in at every minute that one of his slots holds.
 namespace qvm {
 
+inline constexpr int HourMinutes = 60, DayMinutes = 24 * HourMinutes;
+
 /// The weekly slots that a user of a lock is held to.
 struct UserTimes {
     struct Slot {
