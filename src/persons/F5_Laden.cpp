@@ -9,6 +9,7 @@
 #include "UserRecords.h"
 
 #include <algorithm>
+#include <array>
 #include <string>
 
 namespace qvm {
@@ -56,15 +57,24 @@ int Fingerbild(std::string_view flag, std::string_view fingerId) {
     return flag == "NO" ? FingerPicture::Off : FingerPicture::None;
 }
 
-void Marken_Laden(Grid& grid, int row, const std::string& mask) {
-    for (int lock = 1; lock <= UserGrid::Locks; ++lock) {
-        const int column = UserGrid::ColumnOf(lock);
-        const bool named = !grid.Text(0, column).empty();
-        Marke_Setzen(grid, row, column, named ? mask[static_cast<std::size_t>(lock) - 1] : '-');
+/// Which locks have a name, from the first on.
+using NamedLocks = std::array<bool, UserGrid::Locks>;
+
+NamedLocks Benannte_Schloesser(const Grid& grid) {
+    NamedLocks named{};
+    for (std::size_t n = 0; n < named.size(); ++n) {
+        named[n] = !grid.Text(0, UserGrid::ColumnOf(static_cast<int>(n) + 1)).empty();
+    }
+    return named;
+}
+
+void Marken_Laden(Grid& grid, const NamedLocks& named, int row, const std::string& mask) {
+    for (std::size_t n = 0; n < named.size(); ++n) {
+        Marke_Setzen(grid, row, UserGrid::ColumnOf(static_cast<int>(n) + 1), named[n] ? mask[n] : '-');
     }
 }
 
-void Benutzer_Laden(Grid& grid, const GroupTable& groups, int row, const std::string& record) {
+void Benutzer_Laden(Grid& grid, const GroupTable& groups, const NamedLocks& named, int row, const std::string& record) {
     const std::string name = Feld_Lesen(record, UserRecord::UserName);
     const std::string fingerId = Feld_Lesen(record, UserRecord::FingerId);
     grid.SetText(row, UserColumn::Name, name);
@@ -79,7 +89,7 @@ void Benutzer_Laden(Grid& grid, const GroupTable& groups, int row, const std::st
         grid.SetPicture(row, UserColumn::Finger, Fingerbild(Feld_Lesen(record, UserRecord::FingerFlag), fingerId));
     }
     // The mask is taken raw: a blank in front is a lock's place.
-    Marken_Laden(grid, row, Feld_Roh(record, UserRecord::LockMask));
+    Marken_Laden(grid, named, row, Feld_Roh(record, UserRecord::LockMask));
 }
 
 /// A blank EKold means channel 1; a blank target means that no change is pending.
@@ -132,8 +142,9 @@ bool F5_Laden(Kern& kern, UserTable& table) {
     if (status == ReadStatus::Missing) {
         return true;
     }
+    const NamedLocks named = Benannte_Schloesser(table.FGK4);
     for (int user = 1; user <= UserGrid::Users; ++user) {
-        Benutzer_Laden(table.FGK4, table.GroupTablePerson, UserGrid::RowOf(user), users.Record(user));
+        Benutzer_Laden(table.FGK4, table.GroupTablePerson, named, UserGrid::RowOf(user), users.Record(user));
     }
     return true;
 }

@@ -9,11 +9,19 @@ namespace qvm {
 
 void Marke_Setzen(Grid& users, int row, int column, char mark) {
     const bool set = mark == 'X' || mark == 'F';
-    const Colour colour = mark == 'X' ? UserLook::MarkAccess : mark == 'F' ? UserLook::MarkFinger : UserLook::MarkNone;
-    Cell cell = users.At(row, column);
-    cell.Text.assign(set ? 1 : 0, mark);
-    cell.ForeColor = colour;
-    cell.FontSize = set ? UserLook::MarkSize : UserLook::PlainSize;
+    // Made anew rather than copied: fifty thousand are set when the table is loaded.
+    const Cell& before = users.At(row, column);
+    Cell cell{.Text = {},
+              .ForeColor = mark == 'X'   ? UserLook::MarkAccess
+                           : mark == 'F' ? UserLook::MarkFinger
+                                         : UserLook::MarkNone,
+              .BackColor = before.BackColor,
+              .FontSize = set ? UserLook::MarkSize : UserLook::PlainSize,
+              .Picture = before.Picture,
+              .Bold = before.Bold};
+    if (set) {
+        cell.Text.push_back(mark);
+    }
     users.Set(row, column, cell);
 }
 
