@@ -387,6 +387,42 @@ TEST_F(F20_Fenster, hands_a_row_to_the_scan_and_takes_what_it_found) {
     EXPECT_EQ(UnitRow(2), "|00.00.30.01|0|5") << "only its class says that it was refused";
 }
 
+TEST_F(F20_Fenster, a_step_that_is_taken_back_or_done_again_leaves_a_unit_on_the_channel_that_it_has_moved_to) {
+    ASSERT_TRUE(Opened());
+    Units20().Unit_Uebernehmen(1, "01.60.00.05", "1"); // it was on channel 7
+    Units20().Unit_Uebernehmen(2, "01.60.00.06", "3");
+    Units20().Unit_Unterwegs();
+    Units20().Unit_Angekommen("01.60.00.05", 9);
+    ASSERT_EQ(UnitRow(1), "Tastatur|01.60.00.05|1|9");
+    Units20().F20_Undo_Click();
+    Units20().F20_Undo_Click();
+    EXPECT_EQ(UnitRow(1), "Tastatur|01.60.00.05|1|9");
+    EXPECT_EQ(UnitRow(2), "|||") << "what stood there was no unit";
+    Units20().F20_Redo_Click();
+    Units20().F20_Redo_Click();
+    EXPECT_EQ(UnitRow(1), "Tastatur|01.60.00.05|1|9");
+    EXPECT_EQ(UnitRow(2), "|01.60.00.06|1|3");
+    Place(1, 1);
+    Units20().F20_deleate_Click();
+    Units20().F20_Undo_Click();
+    Units20().F20_Undo_Click();
+    Units20().F20_Undo_Click();
+    EXPECT_EQ(UnitRow(1), "Tastatur|01.60.00.05|1|9");
+    Units20().Command1_Click();
+    ASSERT_TRUE(Opened());
+    EXPECT_EQ(UnitRow(1), "Tastatur|01.60.00.05|1|9") << "its record, as the unit has moved";
+}
+
+TEST_F(F20_Fenster, a_step_that_is_taken_back_leaves_a_unit_on_the_channel_on_which_a_scan_has_heard_it_last) {
+    ASSERT_TRUE(Opened());
+    Units20().Unit_Uebernehmen(2, "01.60.00.06", "3");
+    Units20().Unit_Uebernehmen(2, "01.60.00.06", "4");
+    Units20().F20_Undo_Click();
+    EXPECT_EQ(UnitRow(2), "|01.60.00.06|1|4");
+    Units20().F20_Undo_Click();
+    EXPECT_EQ(UnitRow(2), "|||");
+}
+
 TEST_F(F20_Fenster, does_nothing_during_a_scan_but_end_it) {
     int ended = 0, scans = 0;
     Units20().Suche_Abbrechen = [&] { ++ended; };

@@ -40,6 +40,7 @@ bool F20::F20_FormLaden(int lock, std::string_view name) {
     Lock = lock;
     name_ = name;
     moving_ = false;
+    heardOn_.clear();
     for (int row = FirstRow; row <= LastRow; ++row) {
         FGK20.SetText(row, UnitColumn::Number, Ziffern(row));
     }
@@ -233,6 +234,7 @@ void F20::Schritt_Gehen(std::optional<UndoStep> (GridUndo::*way)(), Word told) {
         return;
     }
     if (const auto step = (Verlauf.*way)()) {
+        Kanaele_Eintragen(); // where a unit listens does not go back with a step
         Auswahl.Go(step->Row, Breite(step->Column) > 0 ? step->Column : UnitColumn::Serial);
         Schritte_Zeigen(kern, Verlauf, F20_Undo, F20_Redo);
         Hinweis.Text = Schritt_Meldung(kern, told, *step);

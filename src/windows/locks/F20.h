@@ -14,6 +14,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -162,6 +163,8 @@ private:
     /// Neither does another window stand over this one nor is a scan on.
     bool Bedienbar() const { return Fenster.Enabled && !scanning_; }
     void Klasse_Pruefen(int row, std::string_view module);
+    /// Column 4 of each unit that was heard while the window is open.
+    void Kanaele_Eintragen();
     /// True, and the status line says why, while a unit moves.
     bool Funk_Belegt();
     void Code_Fragen();
@@ -171,6 +174,7 @@ private:
     int row_ = 0;      ///< of the open editor
     int askedRow_ = 0; ///< of the unit that Timer1 asks for
     std::string askedSerial_;
+    std::map<std::string, std::string, std::less<>> heardOn_; ///< by serial number: the channel, as column 4 has it
     bool scanning_ = false;
     bool moving_ = false; ///< a unit is between its new code and its new channel
     std::string typed_;   ///< text of Text1, as it was allowed last

@@ -205,6 +205,7 @@ bool F20::Unit_Uebernehmen(int row, std::string_view serial, std::string_view un
         if (!refused) {
             FGK20.SetText(row, UnitColumn::Serial, Serie_Text(Bytes(number)));
             FGK20.SetText(row, UnitColumn::UnitNo, unitNo);
+            heardOn_[FGK20.Text(row, UnitColumn::Serial)] = unitNo;
         }
     });
     Klasse_Pruefen(row, module);
@@ -263,12 +264,18 @@ void F20::Unit_Angekommen(std::string_view serial, int channel) {
     // Neither a step of undo nor a change to be accepted: the unit does not go back with it. Where the disk refuses,
     // the unit is looked for on its old channel first.
     Unit_Kanal_Merken(kern, Lock, serial, channel);
+    heardOn_[std::string(serial)] = Ziffern(channel);
+    Kanaele_Eintragen();
+    Hinweis.Text = Wort(kern, Word::UnitMoved, {serial, Ziffern(channel)});
+}
+
+void F20::Kanaele_Eintragen() {
     for (int row = FirstRow; row <= LastRow; ++row) {
-        if (FGK20.Text(row, UnitColumn::Serial) == serial) {
-            FGK20.SetText(row, UnitColumn::UnitNo, Ziffern(channel));
+        const auto heard = heardOn_.find(FGK20.Text(row, UnitColumn::Serial));
+        if (heard != heardOn_.end()) {
+            FGK20.SetText(row, UnitColumn::UnitNo, heard->second);
         }
     }
-    Hinweis.Text = Wort(kern, Word::UnitMoved, {serial, Ziffern(channel)});
 }
 
 void F20::Code_Fragen() {
