@@ -82,6 +82,7 @@ void TransferWindows::Codeaenderung_Verbinden() {
     F18.Anmeldung_Abbrechen = [this] { F17.Abbrechen(); };
     WindowHooks& replies = programm.Run.Fenster;
     replies.Code_Angemeldet = [this] { F17.Angemeldet(); };
+    replies.Code_Gesucht = [this] { F17.Gesucht(); };
     replies.Code_Abgelehnt = [this](RunOutcome why) { F17.Abgelehnt(why); };
     replies.Code_Beantwortet = [this] { F17.Beantwortet(); };
     replies.Unit_Umgezogen = [this] { F17.Umgezogen(); };

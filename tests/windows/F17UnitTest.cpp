@@ -165,6 +165,33 @@ TEST_F(F17_Unit, on_another_channel_is_looked_for_on_all_twelve_and_each_try_beg
     ExpectClean();
 }
 
+TEST_F(F17_Unit, on_the_last_channel_is_found_though_each_of_the_others_takes_three_seconds) {
+    Change();
+    for (int channel = 1; channel <= 12; ++channel) {
+        world.RunFor(2998);
+        Refuse(0x64);
+        ASSERT_EQ(programm->link.TargetChannel, channel);
+    }
+    world.RunFor(2998); // nearly 39 s behind the login on its own channel
+    Sent();
+    Say(0x04, 4);
+    EXPECT_EQ(Sent(), UnitChange);
+}
+
+TEST_F(F17_Unit, that_is_looked_for_on_a_silent_channel_is_given_up_when_the_time_of_all_twelve_is_over) {
+    Change();
+    world.RunFor(9999);
+    Refuse(0x64);
+    world.RunFor(4999);
+    Refuse(0x64);
+    world.RunFor(30998); // 10 s of the first login, and 36 s for the walk
+    EXPECT_TRUE(Box().Fenster.Visible);
+    Expect(70);
+    world.RunFor(1);
+    EXPECT_FALSE(Box().Fenster.Visible);
+    EXPECT_EQ(Dialog().Ergebnis, CodeOutcome::Silent);
+}
+
 TEST_F(F17_Unit, whose_login_is_refused_is_told_so_once_and_the_window_stays) {
     for (const std::uint8_t reason : {std::uint8_t{0x65}, std::uint8_t{0x67}, std::uint8_t{0x66}, std::uint8_t{0x6A}}) {
         Change();

@@ -125,6 +125,9 @@ void Schritt_Kanal_Weiter(Programmierlauf& run) {
     run.link.TargetChannel = static_cast<std::uint8_t>(chain.KanalIndex + 1);
     ++chain.KanalIndex;
     run.Ansicht.Wartebox_Balken(100 + 6 * chain.KanalIndex);
+    if (chain.CodeChangePending != 0 && chain.KanalIndex == 1) {
+        run.Fenster.Code_Gesucht();
+    }
     TelVerbinden_Senden(run.link);
 }
 

@@ -98,6 +98,7 @@ struct WindowHooks {
     Hook<void()> Leser_Abgelehnt;  ///< a reader of the desk refused; the operator is told behind it
     Hook<void()> Leser_Verspaetet; ///< 0x81 or 0xA3 behind a request that was withdrawn: nobody's
     Hook<void()> Code_Angemeldet;  ///< 0x04 while a code change waits for its login
+    Hook<void()> Code_Gesucht;     ///< nobody answered that login, and its walk over the twelve channels begins
     /// There will be no such reply, as the lock has refused or was not reached; no telegram may go out.
     Hook<void(RunOutcome why)> Code_Abgelehnt;
     Hook<void()> Code_Beantwortet;       ///< 0x12, or a refusal of the code change; the reply is still there to be read

@@ -1,6 +1,7 @@
 #include "F17.h"
 
 #include "AntwortLayouts.h"
+#include "ChannelScan.h"
 #include "Laufschritte.h"
 #include "Modelle.h"
 #include "PortFault.h"
@@ -13,7 +14,9 @@
 namespace qvm {
 namespace {
 
+/// For the login, and for the twelve channels behind it together.
 constexpr int PatienceMs = 36000;
+static_assert(PatienceMs == UnitScan::Channels * ChannelScan::AnswerMs);
 constexpr std::uint8_t Pending = 0xFF, CodeTaken = 4, NoContact = 0x64;
 
 } // namespace
@@ -124,6 +127,10 @@ void F17::Frist_Abgelaufen() {
     }
     Warten_Beenden(CodeOutcome::Silent);
     Melden(Line::CheckCode);
+}
+
+void F17::Gesucht() {
+    Frist.Start(PatienceMs);
 }
 
 void F17::Abgelehnt(RunOutcome why) {

@@ -81,6 +81,8 @@ struct F17 {
 
     /// The login was answered, with whatever status: the change is checked, and goes out.
     void Angemeldet();
+    /// Nobody answered the login, and the twelve channels are walked: they get their own time.
+    void Gesucht();
     /// The login was refused, or nobody was reached; the operator has been, or will be, told.
     void Abgelehnt(RunOutcome why);
     /// The operator waits no longer; the window stays.
