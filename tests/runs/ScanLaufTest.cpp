@@ -1,111 +1,12 @@
 // The scans of the radio channels from their windows, with the virtual system at the other end.
 
-#include "LockWindows.h"
-#include "RunFixture.h"
-#include "Text.h"
-#include "Words.h"
-
-#include <cstddef>
+#include "MainWindows.h"
+#include "ScanFixture.h"
 
 namespace qvm::test {
 namespace {
 
-/// Lock 1 with its units window; units that no lock knows are in the air.
-struct Run_Scan : RunFixture {
-    Run_Scan() {
-        AddLock(1, "Tresor", Serial::S, " XXX ").Channel = 7;
-        world.Disk.Files["/q/DAT/EST7CSB29A.I_1"] = "Deutsch\r\n1\r\nUSB-Port1\r\n7\r\n";
-        files.Channel(1, "7", "7", "0");
-        files.Emi(1, 'Y');
-        files.User(1, {.Name = "Anna", .Marks = {{1, 'X'}}});
-        devices.ReplyMs = 20;
-    }
-    LockWindows& Windows() { return *programm->Locks; }
-    struct F12& Locks12() {
-        return Windows().F12;
-    }
-    struct F19& Found19() {
-        return Windows().F19;
-    }
-    struct F20& Units20() {
-        return Windows().F20;
-    }
-    F11& Dialog() { return programm->Transfer->F11; }
-    F18& Box() { return programm->Transfer->F18; }
-
-    VirtualUnit& InTheAir(std::string_view serialHex, int channel, std::uint8_t signal) {
-        VirtualUnit& unit = AddUnit(serialHex, 1);
-        unit.Channel = channel;
-        unit.Air.Signal = signal;
-        return unit;
-    }
-    void Open() {
-        Begin();
-        programm->Transfer->F13.F13_Schliessen();
-        Windows().Suche_Anbieten();
-        Locks12().F12_FormLaden();
-        Locks12().Auswahl.Go(1, 2);
-    }
-    void OpenUnits(int row = 2) {
-        Open();
-        Locks12().SNA_Function_Click();
-        Units20().Auswahl.Go(row, 2);
-    }
-    void Keypad() { Units20().F20_Keypad_Click(); }
-    void ReadUnit() {
-        Units20().F20_Readunit_Click();
-        TypeCode("123456");
-    }
-    void ReadLock() {
-        Locks12().SNA_save_Click();
-        TypeCode("123456");
-    }
-    bool Over(std::int64_t limitMs = 200000) {
-        return world.RunUntil([this] { return !Windows().Scan.Laeuft; }, limitMs);
-    }
-    std::string Serials() {
-        std::string text;
-        for (int row = 1; row <= 12; ++row) {
-            text += (row == 1 ? "" : " ") + Found19().FGK19.Text(row, 1);
-        }
-        return text;
-    }
-    std::string UnitRow(int row) {
-        std::string text;
-        for (int column = 1; column <= 4; ++column) {
-            text += (column == 1 ? "" : "|") + Units20().FGK20.Text(row, column);
-        }
-        return text;
-    }
-    void NoMarks() {
-        const ChainState& chain = programm->link.Lauf.Chain;
-        EXPECT_EQ(chain.SuchMarke + chain.SuchLauf + chain.KanalIndex, 0);
-        EXPECT_EQ(chain.LaufZiel, "");
-        EXPECT_EQ(programm->link.AddressMode + programm->link.AnswerDue, 0);
-        EXPECT_EQ(programm->link.Lauf.Order.AdminCode, Secret<3>());
-        EXPECT_FALSE(Windows().Scan.Uhr.Running());
-    }
-    /// The code stands nowhere any more: neither in the dialog nor in a telegram.
-    void NoSecret() {
-        const Link& link = programm->link;
-        EXPECT_EQ(Dialog().Stellen(), 0);
-        EXPECT_EQ(Dialog().Text1.Text(), "");
-        EXPECT_EQ(link.Lauf.Order.AdminCode, Secret<3>());
-        EXPECT_EQ(link.TxBuffer, decltype(link.TxBuffer){});
-        EXPECT_THAT(link.TxWire, IsEmpty());
-    }
-    void ExpectText(std::string_view text) { world.Answers.push_back({.Text = std::string(text)}); }
-    void ExpectWord(Word word) { ExpectText(Wort(programm->kern, word)); }
-    /// Both windows away, and the lock programmed as if nothing had been.
-    void ExpectAGoodRun() {
-        Units20().Command1_Click();
-        Locks12().Fenster.Visible = false;
-        programm->Transfer->F13.F13_FormLaden();
-        Program(1);
-        ASSERT_TRUE(Finish());
-        EXPECT_EQ(Outcome(), RunOutcome::Done);
-    }
-};
+struct Run_Scan : ScanFixture {};
 
 TEST_F(Run_Scan, of_nobody_ends_with_a_row_of_dashes_and_nothing_to_take) {
     OpenUnits();
@@ -244,6 +145,29 @@ TEST_F(Run_Scan, ended_by_the_operator_leaves_no_mark_and_the_next_run_goes_well
         EXPECT_FALSE(Found19().Fenster.Visible());
         ExpectAGoodRun();
     }
+}
+
+TEST_F(Run_Scan, of_either_kind_works_with_an_adapter_of_the_network) {
+    InTheAir("01600003", 3, 60);
+    devices.Adapter.Name = "PROGSTATION N";
+    devices.Adapter.Address = {3, 224, 0, 1};
+    world.Disk.Files["/q/DAT/CHEUSB25C.I_2"] = "SET       \r\n";
+    world.AdapterPortNumbers = {1};
+    OpenUnits();
+    F2& main = programm->Main->F2;
+    main.F2_Laden();
+    ASSERT_TRUE(world.RunUntil([&main] { return main.Verbunden != 0 && main.ScanLaeuft == 0; }, 60000));
+    main.Fenster.Visible = false;
+    Keypad();
+    ASSERT_TRUE(Over());
+    EXPECT_EQ(Serials(), "- - 01.60.00.03 - - - - - - - - -");
+    Found19().Command1_Click();
+    ReadUnit();
+    EXPECT_THAT(Dialog().Combo1.Entries(), ::testing::ElementsAre("PROGSTATION N [/3/224/0/1]"));
+    ASSERT_TRUE(Over());
+    EXPECT_EQ(Serials(), "- - 01.60.00.03 - - - 00.0A.10.01 - - - - -");
+    NoMarks();
+    EXPECT_EQ(system->JudgementLines(), "");
 }
 
 TEST_F(Run_Scan, for_units_wants_an_adapter_that_knows_it) {
@@ -425,20 +349,6 @@ TEST_F(Run_Scan, with_an_incomplete_code_sends_nothing) {
     EXPECT_TRUE(Dialog().Fenster.Visible());
     EXPECT_FALSE(Windows().Scan.Laeuft);
     EXPECT_THAT(Sent(), IsEmpty());
-}
-
-TEST_F(Run_Scan, a_stray_reply_in_it_leads_to_no_telegram_of_a_run) {
-    for (const int code : {0x04, 0x05, 0x07, 0x09, 0x12, 0x17, 0x27, 0x28, 0x29, 0x2F, 0x48, 0x4A}) {
-        devices.Faults = {{.What = SimFault::Kind::Instead, .Telegram = 4, .Value = code}};
-        OpenUnits();
-        Keypad();
-        ASSERT_TRUE(Over()) << code;
-        for (const int sent : Sent()) {
-            EXPECT_TRUE(sent == 0x68 || sent == 0x6C || sent == 0x6B || sent == 0x4B) << code << " led to " << sent;
-        }
-        Found19().Command1_Click();
-        Units20().Command1_Click();
-    }
 }
 
 } // namespace

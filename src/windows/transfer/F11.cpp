@@ -242,12 +242,8 @@ void F11::Direkt_Starten() {
 }
 
 void F11::Suche_Beauftragen() {
-    bool network = false;
+    bool network = false; // it has another route for the data of a lock alone
     if (!Port_Bereitmachen(network)) {
-        return;
-    }
-    if (network) { // it knows no scan
-        kern.Meldung(kern.Zeile(Line::NoSuitableAdapter), Buttons::Ok, Icon::Exclamation);
         return;
     }
     const auto order = Auftrag_Vollenden();
