@@ -140,18 +140,18 @@ TEST_F(Binary_Units, that_are_silent_behind_the_change_are_left_at_the_second_ct
 }
 
 TEST_F(Binary_Units, and_locks_are_listed) {
-    Locks.Import(
-        {{"ChannelRecord",
-          Document::array({{{"record", 1}, {"LockChannel", "5"}, {"TargetChannel", "5"}, {"LockChange", "0"}},
-                           {{"record", 2}, {"LockChannel", "4"}, {"TargetChannel", "5"}, {"LockChange", "1"}}})}},
-        Document::object());
+    Locks.Import({{"ChannelRecord",
+                   Document::array({{{"record", 1}, {"LockChannel", "5"}, {"TargetChannel", "5"}, {"LockChange", "0"}},
+                                    {{"record", 2}, {"LockChannel", "4"}, {"TargetChannel", "5"}, {"LockChange", "0"}},
+                                    {{"record", 4}, {"LockChannel", "13"}, {"LockChange", "1"}}})}},
+                 Document::object());
     const RunResult locks = Run({"locks"});
     EXPECT_EQ(locks.Code, 0) << locks.Err;
     EXPECT_EQ(locks.Out,
               "Lock  Name        Serial       Switches  Priority  EMI  Group  Adapter  Offset  Units  Channel\n"
               "1     Tor         00.0A.10.01  ----X     5         on   -                       2      5\n"
               "2     Leer        00.0A.10.02  ----X     3         off  -                       0      4 moves\n"
-              "3     Fern        00.0A.10.03  ----X     3         -    -                       0      -\n"
+              "3     Fern        00.0A.10.03  ----X     3         -    -                       0      - moves\n"
               "4     Ohne Serie               -----     3         -    -                       0      -\n");
     const RunResult units = Run({"units"});
     EXPECT_EQ(units.Out, "Lock  Name  Unit  Unit name     Serial       Class  Channel\n"

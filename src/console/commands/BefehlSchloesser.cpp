@@ -1,5 +1,6 @@
 #include "Befehle.h"
 #include "F12_Laden.h"
+#include "Kanal.h"
 #include "Liste.h"
 #include "LockRecords.h"
 #include "Pictures.h"
@@ -49,13 +50,20 @@ struct Quellen {
     std::string Lockname(int lock) const { return Anzeige(Locks.Text(lock, LockRecord::Name)); }
 };
 
+/// 1 to 12; 0 for what is blank or no channel.
+int Kanalzahl(std::string_view text) {
+    constexpr int channels = 12;
+    const auto channel = static_cast<int>(Zahlwert(text));
+    return channel >= 1 && channel <= channels ? channel : 0;
+}
+
 /// What of a lock is told.
 struct Schloss {
     int Number = 0;
     std::string Name, Serial, Switches, Priority, Emi, Group, Adapter, Offset, Reception; ///< UTF-8
     int Units = 0;
-    int Channel = 0; ///< on which it was programmed last; 0: never
-    bool Moves = false;
+    int Channel = 0;    ///< on which it listens; 0: nobody knows, it was neither programmed nor found
+    bool Moves = false; ///< the next run takes it to the channel of the system
 };
 
 std::string Schalter(const Grid& grid, int row) {
@@ -70,7 +78,13 @@ std::string Emi_Wort(int picture) {
     return picture == LockPicture::On ? "on" : picture == LockPicture::Off ? "off" : "-";
 }
 
-Schloss Schloss_Von(const LockTable& table, const Quellen& files, int lock) {
+/// As a run decides it, which looks for a lock that has no channel yet, too.
+bool Wird_Umgestellt(const Kern& kern, int lock) {
+    const KanalStand state = Kanal_Stand(kern, lock);
+    return state.ChangePending || state.Channel != state.Target;
+}
+
+Schloss Schloss_Von(const Kern& kern, const LockTable& table, const Quellen& files, int lock) {
     const Grid& grid = table.FGK12;
     const auto text = [&](int column) { return Anzeige(grid.Text(lock, column)); };
     const UnitRecord units = Unit_Lesen(files.Units.Record(lock));
@@ -85,8 +99,8 @@ Schloss Schloss_Von(const LockTable& table, const Quellen& files, int lock) {
             .Offset = text(LockColumn::Offset),
             .Reception = Empfang(units),
             .Units = static_cast<int>(std::count_if(units.Units.begin(), units.Units.end(), Vorhanden)),
-            .Channel = static_cast<int>(Zahlwert(files.Channels.Text(lock, ChannelRecord::LockChannel))),
-            .Moves = files.Channels.Text(lock, ChannelRecord::LockChange) == "1"};
+            .Channel = Kanalzahl(files.Channels.Text(lock, ChannelRecord::LockChannel)),
+            .Moves = !grid.Text(lock, LockColumn::Serial).empty() && Wird_Umgestellt(kern, lock)};
 }
 
 bool Gewollt(const Schloss& lock, const Optionen& options) {
@@ -127,7 +141,7 @@ void Units_Eintragen(const Quellen& files, int lock, Liste& list) {
             continue;
         }
         const std::string name = Anzeige(unit.Name), serial = Anzeige(Sn_Verbinden(unit.Sn));
-        const int channel = Zahlwert(unit.UnitNo);
+        const int channel = Kanalzahl(unit.UnitNo);
         const std::string module = Anzeige(unit.Module);
         list.Rows.push_back({std::to_string(lock), files.Lockname(lock), std::to_string(n + 1), name, serial, module,
                              Kanaltext(channel)});
@@ -153,7 +167,7 @@ ExitCode Befehl_Schloesser(const Umgebung& world, const Console& console, const 
         list.Rows = {{"Lock", "Name", "Serial", "Switches", "Priority", "EMI", "Group", "Adapter", "Offset", "Units",
                       "Channel"}};
         for (int number = LockGrid::FirstRow; number <= LockGrid::LastRow; ++number) {
-            if (const Schloss lock = Schloss_Von(table, files, number); Gewollt(lock, options)) {
+            if (const Schloss lock = Schloss_Von(kern, table, files, number); Gewollt(lock, options)) {
                 list.Rows.push_back(Zeile(lock));
                 list.Records.push_back(Schloss_Json(lock));
             }
