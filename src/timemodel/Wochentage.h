@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Zeit.h"
+
 #include <string>
 #include <string_view>
 
@@ -16,5 +18,11 @@ const std::string& Wochentag_Text(const Kern& kern, int index);
 
 /// Index, 0 to 10, of the first selector with exactly this text; -1 when there is none.
 int Wochentag_Index(const Kern& kern, std::string_view text);
+
+/// Whether the selector holds the weekday, 1, Monday, to 7. A selector that means no day holds none.
+bool Wochentag_Haelt(int index, int weekday);
+
+/// Weekday of a date: 1, Monday, to 7.
+int Wochentag(const Datum& day);
 
 } // namespace qvm

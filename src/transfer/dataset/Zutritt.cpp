@@ -1,31 +1,17 @@
 #include "Zutritt.h"
 
+#include "Wochenbild.h"
+
 #include <array>
 
 namespace qvm {
 namespace {
 
-constexpr int Monday = 1, Friday = 5, Saturday = 6, Sunday = 7;
-/// Selectors of the day table behind the seven days.
-constexpr int WorkingDays = 8, Weekend = 9, WholeWeek = 10;
 constexpr int MaskBits = 8;
 constexpr int SlotsAB = 5;
 /// Table B of a lock that knows two timers begins with the fifth person slot.
 constexpr int FirstSlotA = 1, FirstSlotB = 5;
 constexpr int Century = 100;
-
-bool Tag_Haelt(int selector, int weekday) {
-    switch (selector) {
-    case WorkingDays:
-        return weekday >= Monday && weekday <= Friday;
-    case Weekend:
-        return weekday == Saturday || weekday == Sunday;
-    case WholeWeek:
-        return true;
-    default:
-        return selector == weekday;
-    }
-}
 
 bool Markiert(const std::array<std::uint8_t, 3>& masks, std::size_t slot) {
     const std::uint8_t highest = 0x80;
@@ -82,8 +68,8 @@ UserTimes Benutzer_Zeiten(const Dataset& dataset, const ProgSlot& user) {
 }
 
 bool Zeit_Haelt(const TimerRow& row, int weekday, int minute) {
-    return Tag_Haelt(row[0], weekday) && row[1] * HourMinutes + row[2] <= minute &&
-           minute <= row[3] * HourMinutes + row[4];
+    const WeekSlot slot{.DayIndex = row[0], .From = row[1] * HourMinutes + row[2], .To = row[3] * HourMinutes + row[4]};
+    return Wochenzeit_Haelt(slot, weekday, minute);
 }
 
 std::vector<UserTimes::Slot> Schloss_Zeiten(const Dataset& dataset) {
@@ -111,12 +97,6 @@ std::optional<HolidayHit> Feiertag_Am(const Dataset& dataset, const Datum& day) 
         }
     }
     return std::nullopt;
-}
-
-int Wochentag(const Datum& day) {
-    constexpr std::int64_t Week = 7, Saturday2000 = Saturday - 1; // 01.01.2000
-    const std::int64_t days = Tage_Seit_2000({.Year = day.Year, .Month = day.Month, .Day = day.Day});
-    return static_cast<int>(((days + Saturday2000) % Week + Week) % Week) + 1;
 }
 
 } // namespace qvm

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Dataset.h"
+#include "Wochentage.h"
 #include "Zeit.h"
 
 #include <optional>
@@ -42,8 +43,5 @@ struct HolidayHit {
 /// The first entry that holds the day: a single holiday up to the day before its end, a permanent one every year, up to
 /// its end, also over the turn of the year. Whether FlagCalendar lets the lock look at them is not asked here.
 std::optional<HolidayHit> Feiertag_Am(const Dataset& dataset, const Datum& day);
-
-/// 1, Monday, to 7.
-int Wochentag(const Datum& day);
 
 } // namespace qvm
