@@ -80,7 +80,7 @@ void Fensterschau::run(Look look) {
 
 void Fensterschau::take(QWidget& window, const char* name) {
     QApplication::setActiveWindow(&window);
-    QTest::qWait(30);
+    QTest::qWait(50); // a combo box has its width 20 ms behind its entries
     look_(window, name);
     const std::string_view state = name;
     taken_.emplace(state.substr(0, state.find('-')));
@@ -197,6 +197,9 @@ void Fensterschau::locks() {
     programm_->Transfer->F18.F18_Zeigen();
     programm_->Transfer->F18.Balken.Value = 136;
     take(windows_->Transfer.f18, "F18");
+    programm_->Transfer->F18.Suchstand_Zeigen(
+        10, Wort(programm_->kern, Word::ScanFound, {"10", "12", "00.00.30.01", "10"}));
+    take(windows_->Transfer.f18, "F18-searching");
     programm_->Transfer->F18.F18_Schliessen();
 }
 

@@ -58,5 +58,30 @@ TEST_F(F17_Scan, that_waits_for_its_answer_lets_no_scan_begin_and_the_lock_windo
     EXPECT_EQ(Dialog().Ergebnis, CodeOutcome::Changed);
 }
 
+TEST_F(F17_Scan, that_waits_for_its_answer_lets_no_scan_begin_and_the_unit_window_says_why) {
+    Change();
+    Say(0x04, 4);
+    programm->Locks->Suche_Anbieten();
+    programm->Locks->F12.F12_FormLaden();
+    programm->Locks->F12.Auswahl.Go(1, 2);
+    programm->Locks->F12.SNA_Function_Click();
+    struct F20& units = programm->Locks->F20;
+    units.Auswahl.Go(2, 2);
+    const auto sent = world.Written.size();
+    for (const auto scan : {&F20::F20_Keypad_Click, &F20::F20_Readunit_Click}) {
+        units.Hinweis.Text = std::string();
+        (units.*scan)();
+        EXPECT_EQ(units.Hinweis.Text(), Wort(programm->kern, Word::ScanBusy));
+        EXPECT_TRUE(units.Fenster.Enabled());
+        EXPECT_FALSE(programm->Transfer->F11.Fenster.Visible());
+        EXPECT_FALSE(programm->Locks->Scan.Laeuft);
+        EXPECT_TRUE(units.Combo1.Enabled() && units.Command2.Enabled());
+    }
+    EXPECT_EQ(world.Written.size(), sent);
+    Expect(204);
+    Say(0x12, 4);
+    EXPECT_EQ(Dialog().Ergebnis, CodeOutcome::Changed);
+}
+
 } // namespace
 } // namespace qvm::test

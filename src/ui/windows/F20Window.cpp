@@ -154,8 +154,8 @@ QLayout* F20Window::makeBottom() {
     auto* scan = new QProgressBar(this);
     bind(f20_.F20Prg01, scan, QStringLiteral("F20.F20Prg01"));
     keepRoom(scan);
-    scan->setTextVisible(false); // the line below says more
-    auto* state = new WrappingLabel(1, this);
+    scan->setTextVisible(false);              // the line below says more
+    auto* state = new WrappingLabel(2, this); // so long is what it says when something was found
     bind(f20_.Suchstand, state, QStringLiteral("F20.Suchstand"));
     auto* note = new ElidedLabel(this);
     bind(f20_.Hinweis, note, QStringLiteral("F20.Hinweis"));

@@ -18,9 +18,12 @@ WrappingLabel::WrappingLabel(int lines, QWidget* parent) : QLabel(parent), lines
 }
 
 QSize WrappingLabel::minimumSizeHint() const {
-    const int room = isVisible() ? width() : WidthBefore;
+    return {1, heightForWidth(isVisible() ? width() : WidthBefore)};
+}
+
+int WrappingLabel::heightForWidth(int width) const {
     const int kept = lines_ * fontMetrics().lineSpacing() + 2;
-    return {1, std::max(kept, text().isEmpty() ? 0 : heightForWidth(room))};
+    return std::max(kept, text().isEmpty() ? 0 : QLabel::heightForWidth(width));
 }
 
 void WrappingLabel::resizeEvent(QResizeEvent* event) {

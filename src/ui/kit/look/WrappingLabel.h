@@ -12,6 +12,7 @@ public:
 
     QSize sizeHint() const override { return minimumSizeHint(); }
     QSize minimumSizeHint() const override;
+    int heightForWidth(int width) const override;
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
