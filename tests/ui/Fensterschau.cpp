@@ -198,7 +198,7 @@ void Fensterschau::locks() {
     programm_->Transfer->F18.Balken.Value = 136;
     take(windows_->Transfer.f18, "F18");
     programm_->Transfer->F18.Suchstand_Zeigen(
-        10, Wort(programm_->kern, Word::ScanFound, {"10", "12", "00.00.30.01", "10"}));
+        12, Wort(programm_->kern, Word::ScanFound, {"12", "11", "00.00.30.01", "11"}));
     take(windows_->Transfer.f18, "F18-searching");
     programm_->Transfer->F18.F18_Schliessen();
 }

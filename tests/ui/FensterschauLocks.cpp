@@ -102,7 +102,7 @@ void Fensterschau::unitSettings() {
     }
     f20.Unit_Angekommen(f20.FGK20.Text(1, UnitColumn::Serial), 7);
     take(window, "F20-moved");
-    f20.Suche_Zeigen(10, Wort(programm_->kern, Word::ScanFound, {"10", "12", "00.00.30.01", "10"}));
+    f20.Suche_Zeigen(12, Wort(programm_->kern, Word::ScanFound, {"12", "11", "00.00.30.01", "11"}));
     take(window, "F20-searching");
     f20.Suche_Endet(std::string());
     scanned();
