@@ -199,6 +199,21 @@ TEST_F(Run_UnitCode, finds_a_unit_that_listens_elsewhere) {
     EXPECT_EQ(system->JudgementLines(), "");
 }
 
+TEST_F(Run_UnitCode, finds_a_unit_on_the_last_channel_with_an_adapter_that_takes_three_seconds_to_refuse) {
+    devices.Units[0].Channel = 12;
+    devices.ReplyMs = 2950; // 13 logins: 38 s
+    Open();
+    Ask();
+    Expect(204);
+    world.RunFor(80000);
+    EXPECT_EQ(Dialog().Ergebnis, CodeOutcome::Changed);
+    EXPECT_EQ(Unit().AdminCode, SiteCode);
+    EXPECT_EQ(Unit().Channel, 7);
+    EXPECT_EQ(system->Counters().DeviceTelegrams, 13 + 5) << "channel 1, then all twelve";
+    ExpectClean();
+    EXPECT_EQ(system->JudgementLines(), "");
+}
+
 TEST_F(Run_UnitCode, of_a_unit_that_is_not_there_ends_with_a_message_and_marks_no_lock) {
     devices.Units.clear();
     Open();
