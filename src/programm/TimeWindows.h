@@ -1,5 +1,6 @@
 #pragma once
 
+#include "F42.h"
 #include "HolidayCalendar.h"
 #include "Programm.h"
 
@@ -12,6 +13,7 @@ struct TimeWindows {
     Programm& programm;
     HolidayCalendar F3{programm.kern, SingleCalendarTraits};
     HolidayCalendar F10{programm.kern, PermanentCalendarTraits};
+    qvm::F42 F42{programm.kern};
 };
 
 } // namespace qvm

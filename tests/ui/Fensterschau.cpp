@@ -72,6 +72,7 @@ void Fensterschau::run(Look look) {
     users();
     lockSettings();
     calendars();
+    guestTimes();
     codeChange();
     others();
     messageBoxes();

@@ -46,6 +46,7 @@ private:
     void unitSettings();
     void scanned();
     void calendars();
+    void guestTimes();
     void codeChange();
     /// Windows that nothing above shows, as the main window opens them.
     void others();

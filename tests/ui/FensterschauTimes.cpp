@@ -4,6 +4,7 @@
 
 #include <QMenu>
 
+#include <tuple>
 #include <utility>
 
 namespace qvm::test {
@@ -45,6 +46,36 @@ void Fensterschau::calendars() {
         calendar.Schliessen();
         programm_->Main->F2.Timer2.Stop();
     }
+}
+
+/// Two offsets, of which one has lost its base, and slots that guests are offered.
+void Fensterschau::guestTimes() {
+    F42& f42 = programm_->Times->F42;
+    ui::F42Window& window = windows_->Times.f42;
+    f42.F42_FormLaden();
+    for (const auto& [row, name, time] : {std::tuple{1, "Brunch", "01:30"}, std::tuple{2, "Late", "03:00"}}) {
+        f42.FGK42.SetText(row, OffsetColumn::Name, name);
+        f42.FGK42.SetText(row, OffsetColumn::Time, time);
+        f42.FGK42.SetText(row, OffsetColumn::Base, row == 1 ? "09:30" : "14:00");
+    }
+    f42.FGK42B_Click(2, GuestSlotColumn::Selection);
+    f42.FGK42B_Click(5, GuestSlotColumn::Selection);
+    f42.Auswahl.Go(2, OffsetColumn::Name);
+    take(window, "F42");
+    f42.FGK42_DblClick(1, OffsetColumn::Name);
+    take(window, "F42-name");
+    f42.FGK42_DblClick(1, OffsetColumn::Time);
+    take(window, "F42-time");
+    f42.FGK42_DblClick(1, OffsetColumn::Base);
+    take(window, "F42-list");
+    f42.List1_Abbrechen();
+    auto* menu = window.findChild<QMenu*>(QStringLiteral("F42.M_FGK42"));
+    menu->popup(window.mapToGlobal(QPoint(20, 20)));
+    take(*menu, "F42-delete");
+    menu->close();
+    f42.Geaendert = false;
+    f42.F42_Schliessen();
+    programm_->Main->F2.Timer2.Stop();
 }
 
 } // namespace qvm::test

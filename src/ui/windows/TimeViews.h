@@ -1,5 +1,6 @@
 #pragma once
 
+#include "F42Window.h"
 #include "HolidayWindow.h"
 #include "TimeWindows.h"
 
@@ -12,6 +13,7 @@ struct TimeViews {
     QWidget* main;
     HolidayWindow f3{windows.F3, main};
     HolidayWindow f10{windows.F10, main};
+    F42Window f42{windows.F42, main};
 };
 
 } // namespace qvm::ui

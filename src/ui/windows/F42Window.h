@@ -1,0 +1,40 @@
+#pragma once
+
+#include "F42.h"
+#include "WindowBase.h"
+
+class QHBoxLayout;
+class QMenu;
+
+namespace qvm::ui {
+
+class GridView;
+
+/// Default times, offsets, mode and guest slots.
+class F42Window : public WindowBase {
+    Q_OBJECT
+
+public:
+    F42Window(F42& f42, QWidget* main);
+    ~F42Window() override;
+
+    void setWords() override;
+
+private:
+    void makeToolBar();
+    QWidget* makeTimes();
+    /// A default time with its caption and its form, "hh:mm".
+    void addTime(QHBoxLayout& row, TextBox& box, std::function<void(int key)> onKey);
+    void makeOffsets();
+    void makeEditors();
+    void makeMenu();
+    QWidget* makeSlots();
+    QLayout* makeStatusLine();
+
+    F42& f42_;
+    GridView* offsets_ = nullptr;
+    GridView* slots_ = nullptr;
+    QMenu* menu_ = nullptr;
+};
+
+} // namespace qvm::ui
