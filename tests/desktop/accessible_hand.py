@@ -41,6 +41,10 @@ class AccessibleHand:
         """A cell that acts when it is pressed."""
         act(self.program.cell(table, row, column), "Press")
 
+    def pick(self, table, row, column):
+        """A row of a list that is chosen from."""
+        self.step(table, row, column)
+
     def choose(self, table, row, column, *entries):
         """From the menu of the cell, whose first entry may show its own menu already."""
         self.open_menu(table, row, column)
