@@ -1,6 +1,7 @@
 #include "WidgetChecks.h"
 
 #include "GridDelegate.h"
+#include "WeekPicture.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -61,7 +62,9 @@ bool isControl(const QWidget* widget) {
     return qobject_cast<const QAbstractButton*>(widget) != nullptr ||
            qobject_cast<const QComboBox*>(widget) != nullptr || qobject_cast<const QLineEdit*>(widget) != nullptr ||
            qobject_cast<const QPlainTextEdit*>(widget) != nullptr || qobject_cast<const QSpinBox*>(widget) != nullptr ||
-           qobject_cast<const QLabel*>(widget) != nullptr || qobject_cast<const QAbstractItemView*>(widget) != nullptr;
+           qobject_cast<const QLabel*>(widget) != nullptr ||
+           qobject_cast<const QAbstractItemView*>(widget) != nullptr ||
+           qobject_cast<const ui::WeekPicture*>(widget) != nullptr;
 }
 
 /// Tab goes to the chosen one of a group, the arrow keys to the others.

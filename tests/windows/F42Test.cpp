@@ -237,6 +237,20 @@ TEST_F(F42_Fenster, selects_a_slot_in_its_last_column_only_and_no_more_at_the_se
     EXPECT_EQ(Window().FGK42B.At(3, 4).FontSize, 16);
 }
 
+TEST_F(F42_Fenster, draws_the_week_of_the_slots_that_are_selected) {
+    Open();
+    const WeekChart& chart = Window().Woche.Chart();
+    EXPECT_THAT(chart.Days[0].Bars, IsEmpty());
+    ASSERT_EQ(chart.Days[6].Bars.size(), 1U); // slot 2, on Sundays; slot 8 is off
+    EXPECT_EQ(chart.Days[6].Bars[0].From, 10 * 60);
+    EXPECT_EQ(chart.Days[6].Bars[0].To, 12 * 60 + 30);
+    EXPECT_EQ(chart.Today, 3); // 05.03.2026 is a Thursday
+    Window().FGK42B_Click(1, 4);
+    EXPECT_EQ(Window().Woche.Chart().Days[4].Bars.size(), 1U);
+    Window().FGK42B_Click(2, 4);
+    EXPECT_THAT(Window().Woche.Chart().Days[6].Bars, IsEmpty());
+}
+
 TEST_F(F42_Fenster, goes_from_the_first_default_time_to_the_second_and_never_leaves_a_time_half) {
     Open();
     bool second = false;

@@ -148,7 +148,15 @@ void WeekPicture::focusOutEvent(QFocusEvent* event) {
     update();
 }
 
+void WeekPicture::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    setFocusPolicy(hasRoom() ? Qt::StrongFocus : Qt::NoFocus);
+}
+
 void WeekPicture::paintEvent(QPaintEvent* /*event*/) {
+    if (!hasRoom()) {
+        return;
+    }
     QPainter painter(this);
     painter.fillRect(rect(), palette().color(QPalette::Base));
     for (std::size_t day = 0; day < WeekChart::DayCount; ++day) {

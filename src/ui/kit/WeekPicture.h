@@ -11,7 +11,8 @@ namespace qvm::ui {
 
 /// Seven days, one below the other, from 0 to 24 o'clock, with a bar for each time that something holds; today stands
 /// out, and a line is drawn at now. A tip names the time under the mouse. The arrow keys go from day to day; a screen
-/// reader is told the whole week, and the day that was gone to. The model must outlive the widget.
+/// reader is told the whole week, and the day that was gone to. A window may leave it too little room for its rows: it
+/// stays empty then, and no key leads to it. The model must outlive the widget.
 class WeekPicture : public QWidget {
     Q_OBJECT
 
@@ -35,11 +36,13 @@ public:
 protected:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
+    bool hasRoom() const { return height() >= minimumSizeHint().height(); }
     void showChart();
     void goTo(std::size_t day);
     int headHeight() const;

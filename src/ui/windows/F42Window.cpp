@@ -8,6 +8,7 @@
 #include "OverlayEditor.h"
 #include "OverlayList.h"
 #include "TextEdge.h"
+#include "WeekPicture.h"
 
 #include <QComboBox>
 #include <QGroupBox>
@@ -45,10 +46,13 @@ F42Window::F42Window(F42& f42, QWidget* main)
     // Side by side, as a small screen is wide rather than high.
     auto* left = new QVBoxLayout;
     left->addWidget(offsets_);
-    left->addStretch();
+
     auto* both = new QHBoxLayout;
     both->addLayout(left, 3);
     both->addWidget(makeSlots(), 4);
+    week_ = new WeekPicture(f42_.Woche, QStringLiteral("F42.Woche"), this);
+    week_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored); // on a small screen it gives way
+    left->addWidget(week_, 1);
     content()->addLayout(both, 1);
     content()->addLayout(makeStatusLine());
     setLeastSize(820, 380);
@@ -67,6 +71,7 @@ void F42Window::setWords() {
     findChild<QComboBox*>(QStringLiteral("F42.Combo1"))->setAccessibleName(toQt(f42_.Label6.Text()));
     findChild<KeyEdit*>(QStringLiteral("F42.Text1"))->setAccessibleName(toQt(f42_.Label2.Text()));
     findChild<KeyEdit*>(QStringLiteral("F42.Text2"))->setAccessibleName(toQt(f42_.Label3.Text()));
+    week_->setAccessibleName(toQt(Wort(f42_.kern, Word::WeekPicture)));
     offsets_->fitColumns();
     slots_->fitColumns();
 }

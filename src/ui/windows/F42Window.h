@@ -9,6 +9,7 @@ class QMenu;
 namespace qvm::ui {
 
 class GridView;
+class WeekPicture;
 
 /// Default times, offsets, mode and guest slots.
 class F42Window : public WindowBase {
@@ -34,6 +35,7 @@ private:
     F42& f42_;
     GridView* offsets_ = nullptr;
     GridView* slots_ = nullptr;
+    WeekPicture* week_ = nullptr;
     QMenu* menu_ = nullptr;
 };
 

@@ -289,6 +289,7 @@ void F42::FGK42B_Click(int row, int column) {
     cell.BackColor = selected ? White : GuestSlotLook::Selected;
     cell.FontSize = GuestSlotLook::MarkSize;
     FGK42B.Set(row, column, cell);
+    Woche_Zeigen();
 }
 
 // ---- steps

@@ -9,6 +9,7 @@
 #include "Kern.h"
 #include "MouseButton.h"
 #include "Text.h"
+#include "WeekChart.h"
 #include "Words.h"
 
 #include <array>
@@ -49,6 +50,7 @@ struct F42 {
     GridUndo Verlauf{FGK42}; ///< of the offsets
     ListBox List1;           ///< base times, over the current cell of FGK42
     TextBox Text3, Text4;    ///< time and name of an offset, likewise
+    WeekPictureBox Woche;    ///< the slots that are selected
     Label Mangel;            ///< status line: what is odd about the current offset; empty: nothing
     Label Hinweis;           ///< status line: what became of the last action; empty: nothing to say
     bool Geaendert = false;  ///< there is something to save
@@ -116,6 +118,7 @@ private:
     bool Aendern(Word what, const std::function<void()>& change);
     void Schritt_Gehen(std::optional<UndoStep> (GridUndo::*way)(), Word told);
     void Stand_Zeigen();
+    void Woche_Zeigen();
 
     bool unread_ = false;      ///< what is shown is not what stands on the disk
     int row_ = 0, column_ = 0; ///< the cell under an editor or the list

@@ -2,10 +2,12 @@
 
 #include "F42.h"
 #include "UndoMenu.h"
+#include "Wochenbild.h"
 #include "Wochentage.h"
 #include "Worte.h"
 
 #include <array>
+#include <vector>
 
 namespace qvm {
 
@@ -45,6 +47,17 @@ void F42::Slots_Zeigen() {
         FGK42B.SetText(row, GuestSlotColumn::From, slot.From);
         FGK42B.SetText(row, GuestSlotColumn::To, slot.To);
     }
+    Woche_Zeigen();
+}
+
+void F42::Woche_Zeigen() {
+    std::vector<WeekSlot> slots;
+    for (int row = 1; row <= GuestSlotRows; ++row) {
+        if (FGK42B.Text(row, GuestSlotColumn::Selection) == "X") {
+            slots.push_back(Wochenzeit(kern, FGK42B, row));
+        }
+    }
+    Woche.Chart = Wochenbild(kern, slots);
 }
 
 /// An offset whose base is none of the default times has no effect on a guest card.
