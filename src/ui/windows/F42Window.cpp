@@ -53,6 +53,8 @@ F42Window::F42Window(F42& f42, QWidget* main)
     week_ = new WeekPicture(f42_.Woche, QStringLiteral("F42.Woche"), this);
     week_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored); // on a small screen it gives way
     left->addWidget(week_, 1);
+    setTabOrder(findChild<QComboBox*>(QStringLiteral("F42.Combo1")), week_);
+    setTabOrder(week_, slots_);
     content()->addLayout(both, 1);
     content()->addLayout(makeStatusLine());
     setLeastSize(820, 380);
