@@ -73,6 +73,7 @@ void Fensterschau::run(Look look) {
     lockSettings();
     calendars();
     guestTimes();
+    clocks();
     codeChange();
     others();
     messageBoxes();

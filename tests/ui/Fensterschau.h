@@ -47,6 +47,7 @@ private:
     void scanned();
     void calendars();
     void guestTimes();
+    void clocks();
     void codeChange();
     /// Windows that nothing above shows, as the main window opens them.
     void others();

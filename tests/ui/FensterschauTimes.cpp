@@ -4,6 +4,7 @@
 
 #include <QMenu>
 
+#include <string_view>
 #include <tuple>
 #include <utility>
 
@@ -15,6 +16,29 @@ void enterHoliday(HolidayCalendar& calendar, int row, const Datum& from, const D
         calendar.FGK_DblClick(row, column);
         calendar.MV_Waehlen(day);
     }
+}
+
+void enterSlot(WeekTimer& clock, int row, int day, std::string_view from, std::string_view to) {
+    clock.FGK1_DblClick(row, SlotColumn::Day);
+    clock.List1_Waehlen(day);
+    for (const auto& [column, digits] : {std::pair{SlotColumn::From, from}, std::pair{SlotColumn::To, to}}) {
+        clock.FGK1_DblClick(row, column);
+        for (const char digit : digits) {
+            clock.Text1_KeyPress(digit);
+        }
+        clock.Text1_KeyPress(Key::Enter);
+    }
+}
+
+void enterGroup(WeekTimer& clock, int row, std::string_view name, int count) {
+    clock.FGK3_DblClick(row, GroupColumn::Name);
+    clock.Text2_Change(name);
+    clock.Text2_KeyPress(Key::Enter);
+    clock.FGK3_DblClick(row, GroupColumn::SlotCount);
+    for (int slot = 0; slot < count; ++slot) {
+        clock.List2_Schalten(slot, true);
+    }
+    clock.List2_Uebernehmen();
 }
 
 } // namespace
@@ -76,6 +100,47 @@ void Fensterschau::guestTimes() {
     f42.Geaendert = false;
     f42.F42_Schliessen();
     programm_->Main->F2.Timer2.Stop();
+}
+
+/// Three slots, and a group of them under the pointer.
+void Fensterschau::clocks() {
+    for (const bool persons : {true, false}) {
+        WeekTimer& clock = persons ? programm_->Times->F4 : programm_->Times->F41;
+        ui::WeekTimerWindow& window = persons ? windows_->Times.f4 : windows_->Times.f41;
+        clock.FormLaden();
+        enterSlot(clock, 1, 8, "0730", "1745");
+        enterSlot(clock, 2, 6, "0900", "1300");
+        enterSlot(clock, 3, 4, "1900", "2159");
+        enterGroup(clock, 3, "Reinigung", 3);
+        take(window, persons ? "F4" : "F41");
+        clock.Maus_Zelle = [](int& row, int& column) {
+            row = 3;
+            column = 1;
+            return true;
+        };
+        world_.RunFor(3000);
+        take(window, persons ? "F4-info" : "F41-info");
+        clock.FGK3_MouseUp(MouseButton::Left, 3, 1);
+        clock.FGK3_DblClick(3, GroupColumn::SlotCount);
+        take(window, persons ? "F4-slots" : "F41-slots");
+        clock.Listen_Schliessen();
+        if (persons) {
+            clock.FGK1_DblClick(2, SlotColumn::Day);
+            take(window, "F4-days");
+            clock.Listen_Schliessen();
+            clock.FGK1_DblClick(2, SlotColumn::To);
+            take(window, "F4-time");
+            clock.Text1_KeyPress(Key::Escape);
+            auto* menu = window.findChild<QMenu*>(QStringLiteral("F4.F4_FGK3"));
+            menu->popup(window.mapToGlobal(QPoint(20, 20)));
+            take(*menu, "F4-delete");
+            menu->close();
+        }
+        clock.Geaendert = false;
+        clock.Schliessen();
+        clock.Timer2.Stop();
+        programm_->Main->F2.Timer2.Stop();
+    }
 }
 
 } // namespace qvm::test

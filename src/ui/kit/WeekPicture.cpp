@@ -56,7 +56,9 @@ QSize WeekPicture::sizeHint() const {
 }
 
 QSize WeekPicture::minimumSizeHint() const {
-    return {nameWidth() + Hours * fontMetrics().averageCharWidth(), sizeHint().height()};
+    const int row = std::max(LeastRow, fontMetrics().ascent() + 1);
+    return {nameWidth() + Hours * fontMetrics().averageCharWidth(),
+            headHeight() + row * static_cast<int>(WeekChart::DayCount) + Gap};
 }
 
 QRectF WeekPicture::dayRoom(std::size_t day) const {
@@ -214,7 +216,10 @@ void WeekPicture::paintNow(QPainter& painter) const {
     }
     const QRectF room = dayRoom(static_cast<std::size_t>(model_.Chart().Today));
     const qreal x = edgeOf(model_.Chart().Minute);
-    painter.setPen(QPen(isDark(palette()) ? NowOnDark : NowOnLight, 2));
+    // With the ground on both sides, so that it stands out from a bar.
+    painter.setPen(QPen(palette().color(QPalette::Base), 6, Qt::SolidLine, Qt::FlatCap));
+    painter.drawLine(QPointF(x, room.top()), QPointF(x, room.bottom()));
+    painter.setPen(QPen(isDark(palette()) ? NowOnDark : NowOnLight, 2, Qt::SolidLine, Qt::FlatCap));
     painter.drawLine(QPointF(x, room.top()), QPointF(x, room.bottom()));
 }
 

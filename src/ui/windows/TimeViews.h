@@ -3,6 +3,7 @@
 #include "F42Window.h"
 #include "HolidayWindow.h"
 #include "TimeWindows.h"
+#include "WeekTimerWindow.h"
 
 namespace qvm::ui {
 
@@ -14,6 +15,8 @@ struct TimeViews {
     HolidayWindow f3{windows.F3, main};
     HolidayWindow f10{windows.F10, main};
     F42Window f42{windows.F42, main};
+    WeekTimerWindow f4{windows.F4, main};
+    WeekTimerWindow f41{windows.F41, main};
 };
 
 } // namespace qvm::ui

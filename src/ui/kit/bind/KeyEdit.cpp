@@ -80,12 +80,24 @@ void KeyEdit::replaced() {
 
 /// What both begin with stays.
 void KeyEdit::typeOver(std::string_view characters) {
+    if (holdsTime) {
+        // An hour that was left half written would be corrected in between, so all goes by way of 00:00.
+        moveCaret(0);
+        typeAll("0000");
+        moveCaret(0);
+        typeAll(characters);
+        return;
+    }
     const std::string before = model_.Text();
     const auto same = std::mismatch(before.begin(), before.end(), characters.begin(), characters.end());
     for (auto left = before.end() - same.first; onKey && left > 0; --left) {
         onKey(Key::Backspace);
     }
     characters.remove_prefix(static_cast<std::size_t>(same.second - characters.begin()));
+    typeAll(characters);
+}
+
+void KeyEdit::typeAll(std::string_view characters) {
     for (const char character : characters) {
         const int code = static_cast<unsigned char>(character);
         if (onKey && code >= ' ' && code != Key::Delete) {
@@ -128,11 +140,50 @@ bool KeyEdit::event(QEvent* event) {
 void KeyEdit::keyPressEvent(QKeyEvent* event) {
     if (forward(*event)) {
         event->accept();
+    } else if (holdsTime) {
+        moveCaret(*event);
+        event->accept();
     } else if (onText && event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter &&
                event->key() != Qt::Key_Escape) {
         QLineEdit::keyPressEvent(event);
     } else {
         event->ignore();
+    }
+}
+
+void KeyEdit::moveCaret(int to) {
+    constexpr int colon = 2;
+    const int end = static_cast<int>(model_.Text().size());
+    const bool left = to < model_.Caret;
+    const int place = std::clamp(to, 0, end);
+    model_.Caret = place != colon ? place : left ? colon - 1 : colon + 1;
+}
+
+void KeyEdit::moveCaret(const QKeyEvent& event) {
+    switch (event.key()) {
+    case Qt::Key_Left:
+        moveCaret(model_.Caret - 1);
+        break;
+    case Qt::Key_Right:
+        moveCaret(model_.Caret + 1);
+        break;
+    case Qt::Key_Home:
+        moveCaret(0);
+        break;
+    case Qt::Key_End:
+        moveCaret(static_cast<int>(model_.Text().size()));
+        break;
+    default:
+        break;
+    }
+}
+
+void KeyEdit::mouseReleaseEvent(QMouseEvent* event) {
+    QLineEdit::mouseReleaseEvent(event);
+    if (holdsTime) {
+        moveCaret(cursorPosition());
+        deselect();
+        setCursorPosition(model_.Caret);
     }
 }
 

@@ -29,10 +29,14 @@ public:
     std::function<void()> onEntered; ///< it got the keyboard by a click, a key or the model
     bool takesTab = false;
     bool takesEscape = false;
+    /// The text is a time, "hh:mm": arrow keys, Home, End and a click move the caret, which never stops at the colon,
+    /// and no key goes past the box.
+    bool holdsTime = false;
 
 protected:
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
@@ -46,6 +50,9 @@ private:
     void edited(const QString& text);
     void replaced();
     void typeOver(std::string_view characters);
+    void typeAll(std::string_view characters);
+    void moveCaret(int to);
+    void moveCaret(const QKeyEvent& event);
 };
 
 } // namespace qvm::ui

@@ -10,9 +10,31 @@
 namespace qvm::ui {
 namespace {
 
-constexpr int MostRows = 10; ///< shown without scrolling
+constexpr int MostRows = 12; ///< shown without scrolling
+constexpr int LeastRows = 3;
 
 } // namespace
+
+bool layUnderCell(QListWidget& list, const GridView& view, bool above) {
+    const QRect cell = view.cellRect(view.grid().Row, view.grid().Column);
+    if (cell.isEmpty()) {
+        return false;
+    }
+    const int frame = 2 * list.frameWidth();
+    const int rows = std::clamp(list.count(), 1, MostRows);
+    const int row = std::max(list.sizeHintForRow(0), list.fontMetrics().height());
+    const int height = rows * row + frame;
+    const int width = std::max(cell.width(), list.sizeHintForColumn(0) + frame + 24);
+    const QRect room = view.rect();
+    const int roomAbove = cell.top() - room.top(), roomBelow = room.bottom() - cell.bottom();
+    const bool fitsAbove = height <= roomAbove, fitsBelow = height <= roomBelow;
+    const bool below = fitsAbove == fitsBelow ? (fitsBelow ? !above : roomBelow >= roomAbove) : fitsBelow;
+    // Where there is no room for all of it, it scrolls.
+    const int high = std::max(std::min(height, below ? roomBelow : roomAbove), LeastRows * row + frame);
+    const int left = std::clamp(cell.left(), room.left(), std::max(room.left(), room.right() - width));
+    list.setGeometry(left, below ? cell.bottom() + 1 : cell.top() - high, width, high);
+    return true;
+}
 
 OverlayList::OverlayList(ListBox& model, GridView& view, const QString& name)
     : QListWidget(&view), model_(model), view_(view) {
@@ -27,19 +49,9 @@ OverlayList::OverlayList(ListBox& model, GridView& view, const QString& name)
 }
 
 void OverlayList::place() {
-    const QRect cell = view_.cellRect(view_.grid().Row, view_.grid().Column);
-    if (!model_.Visible || cell.isEmpty()) {
-        return;
+    if (model_.Visible) {
+        layUnderCell(*this, view_, above && above());
     }
-    const int rows = std::clamp(count(), 1, MostRows);
-    const int height = rows * std::max(sizeHintForRow(0), fontMetrics().height()) + 2 * frameWidth();
-    const int width = std::max(cell.width(), sizeHintForColumn(0) + 2 * frameWidth() + 24);
-    const QRect room = view_.rect();
-    const bool fitsAbove = cell.top() - height >= room.top();
-    const bool fitsBelow = cell.bottom() + height <= room.bottom();
-    const bool below = !fitsAbove || (fitsBelow && !(above && above()));
-    const int left = std::clamp(cell.left(), room.left(), std::max(room.left(), room.right() - width));
-    setGeometry(left, below ? cell.bottom() + 1 : cell.top() - height, width, height);
 }
 
 void OverlayList::choose(int index) {

@@ -9,6 +9,10 @@
 
 namespace qvm::ui {
 
+/// Lays a list of some rows under the grid's current cell, above it where there is no room below or where it would
+/// rather lie there. False while the cell is out of sight: the list stays where it is.
+bool layUnderCell(QListWidget& list, const GridView& view, bool above);
+
 /// A list laid under the grid's current cell (Grid.Row, Grid.Column), above it where there is no room below, while its
 /// model is visible. The model must outlive the widget.
 class OverlayList : public QListWidget {
