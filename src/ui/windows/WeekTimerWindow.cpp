@@ -44,11 +44,11 @@ WeekTimerWindow::WeekTimerWindow(WeekTimer& timer, QWidget* main)
     grids->setSpacing(18);
     grids->addLayout(makeSlots(), 1);
     grids->addLayout(makeGroups(), 1);
-    content()->addLayout(grids, 1);
+    content()->addLayout(grids); // both parts begin with the room that they ask for, and share what is left
     makeSlotEditors();
     makeGroupEditors();
     makeMenus();
-    content()->addLayout(makeInfo(), 1);
+    content()->addLayout(makeInfo());
     content()->addLayout(makeStatusLine());
     timer_.Maus_Zelle = [this](int& row, int& column) { return isVisible() && groups_->cellUnderMouse(row, column); };
     timer_.Tastatur_Da = [this] { return groups_->hasFocus() || info_->hasFocus() || week_->hasFocus(); };
