@@ -1,5 +1,7 @@
 #pragma once
 
+#include "VirtualCard.h"
+
 #include <array>
 #include <cstdint>
 #include <vector>
@@ -31,6 +33,7 @@ struct VirtualDesk {
     std::vector<Credential> Presented; ///< the first that fits a request is taken out
     int PatienceMs = 10000;            ///< a request that nothing is presented to is given up then; 0: never
     std::vector<std::uint8_t> Freed;   ///< slots that the program had the unit free
+    VirtualCardWriter Writer;
 };
 
 } // namespace qvm

@@ -1,7 +1,9 @@
 #include "SimForms.h"
 
+#include <algorithm>
 #include <array>
 #include <string_view>
+#include <utility>
 
 namespace qvm {
 
@@ -96,6 +98,26 @@ constexpr std::array KeyRead{FormPart{"channel", 14, 14, Between, 1, 12}, FormPa
 constexpr std::array KeyReadOld{FormPart{"channel", 14, 14, Between, 1, 12}};
 constexpr std::array FreeSlot{FormPart{"slot", 14, 14, Between, 128, 255}};
 
+// Guest cards. The first telegram is always as long; a following one has rows of four bytes and one byte more.
+constexpr std::array CardHead{FormPart{"telegrams", 14, 14, Between, 1, 3}, FormPart{"part", 15, 15, Exactly, 0},
+                              FormPart{"entries", 16, 16, Between, 4, 27},  FormPart{"slots", 17, 18},
+                              FormPart{"mark", 19, 19, Exactly, 1},         FormPart{"check-in date", 20, 22, Date},
+                              FormPart{"check-in time", 23, 24, Time},      FormPart{"check-out date", 25, 27, Date},
+                              FormPart{"check-out time", 28, 29, Time},     FormPart{"rows", 30, 59},
+                              FormPart{"mode", 60, 60, Between, 128, 129}};
+template <int Rows>
+constexpr std::array CardSecond{FormPart{"telegrams", 14, 14, Between, 2, 3}, FormPart{"part", 15, 15, Exactly, 1},
+                                FormPart{"rows", 16, 16 + 4 * Rows}};
+template <int Rows>
+constexpr std::array CardThird{FormPart{"telegrams", 14, 14, Exactly, 0}, FormPart{"part", 15, 15, Exactly, 3},
+                               FormPart{"rows", 16, 16 + 4 * Rows}};
+constexpr std::array CardBattery{FormPart{"mark", 14, 14, Exactly, 1}, FormPart{"mark", 15, 15, Exactly, 0xAA},
+                                 FormPart{"mark", 16, 16, Exactly, 0x55}, FormPart{"mark", 17, 17, Exactly, 0xAA},
+                                 FormPart{"mark", 18, 18, Exactly, 0x55}};
+constexpr std::array CardRead{FormPart{"block", 14, 14, Between, 0, 2}, FormPart{"mark", 15, 15, Exactly, 0xAA},
+                              FormPart{"mark", 16, 16, Exactly, 0x55}, FormPart{"mark", 17, 17, Exactly, 0xAA},
+                              FormPart{"mark", 18, 18, Exactly, 0x55}};
+
 // The adapter itself.
 constexpr std::array Identify{FormPart{"probe", 3, 7}, FormPart{"filler", 8, 14, Exactly, 0}};
 constexpr std::array Tune{FormPart{"channel", 3, 3, Between, 1, 12}, FormPart{"address", 4, 7},
@@ -105,7 +127,7 @@ constexpr std::array NewName{FormPart{"name", 3, 22, Text}, FormPart{"filler", 2
 constexpr std::array Target{FormPart{"channel", 3, 3, Between, 1, 12}, FormPart{"address mode", 4, 4, Between, 0, 2},
                             FormPart{"address", 5, 8}, FormPart{"filler", 9, 14, Exactly, 0}};
 
-constexpr std::array All{
+constexpr std::array Fixed{
     Form{"unit disconnect", 0x03, 0x0D, false, NoPart},
     Form{"login", 0x04, 0x14, false, Login},
     Form{"unit login", 0x04, 0x12, false, UnitLogin},
@@ -165,7 +187,23 @@ constexpr std::array All{
     Form{"adapter data", 0x6C, 0x0E, true, Data},
     Form{"adapter name", 0x6D, 0x18, true, NewName},
     Form{"adapter target", 0x6F, 0x0E, true, Target},
+    Form{"card", 0x6F, 0x3C, false, CardHead},
+    Form{"card battery", 0x72, 0x12, false, CardBattery},
+    Form{"card reading", 0x73, 0x12, false, CardRead},
 };
+
+/// The following telegrams of a card come with one to eleven rows.
+template <int... Less1>
+constexpr auto With_Card_Rows(std::integer_sequence<int, Less1...> /*rows*/) {
+    constexpr std::array cards{
+        Form{"card, second part", 0x6F, 0x14 + 4 * Less1, false, CardSecond<Less1 + 1>}...,
+        Form{"card, third part", 0x6F, 0x14 + 4 * Less1, false, CardThird<Less1 + 1>}...,
+    };
+    std::array<Form, Fixed.size() + cards.size()> all{};
+    std::copy(cards.begin(), cards.end(), std::copy(Fixed.begin(), Fixed.end(), all.begin()));
+    return all;
+}
+constexpr std::array All = With_Card_Rows(std::make_integer_sequence<int, 11>{});
 
 /// Forms of one code and length differ in a byte that holds one value in each of them; this finds the right one.
 bool PartNumberFits(const Form& form, std::span<const std::uint8_t> frame) {

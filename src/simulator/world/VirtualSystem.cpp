@@ -77,6 +77,7 @@ void VirtualSystem::Plug() {
     network_.Forget();
     deskWait_.reset();
     ++deskRequest_;
+    cards_.Forget();
     world_.Adapter.Probe = {};
 }
 
@@ -144,6 +145,18 @@ void VirtualSystem::TakeFrame(std::vector<std::uint8_t> frame) {
     if (fault != nullptr && fault->What == SimFault::Kind::Silent) {
         return;
     }
+    DeviceReply reply = Answers(frame, raw, fault);
+    if (fault != nullptr && fault->WrongReply()) {
+        reply.Bytes = WrongReply(static_cast<std::uint8_t>(fault->Value), AddressAt(frame, 3));
+    }
+    Reply(reply.Bytes, fault, reply.Garbled);
+    if (reply.Closed && surroundings_.SessionClosed) {
+        surroundings_.SessionClosed();
+    }
+}
+
+/// What the adapter, its desk or the devices behind it have to say.
+DeviceReply VirtualSystem::Answers(std::span<const std::uint8_t> frame, bool raw, const SimFault* fault) {
     DeviceReply reply;
     if (fault != nullptr && fault->What == SimFault::Kind::Refuse) {
         reply.Bytes = RefusalReply(static_cast<std::uint8_t>(fault->Value));
@@ -155,16 +168,14 @@ void VirtualSystem::TakeFrame(std::vector<std::uint8_t> frame) {
         if (fault == nullptr || !fault->WrongReply()) {
             DeskTurn(frame, fault);
         }
+    } else if (IsCard(frame[2])) {
+        if (fault == nullptr || !fault->WrongReply()) {
+            reply.Bytes = CardTurn(frame);
+        }
     } else if (!world_.Adapter.Enrolment()) {
         reply = DeviceAnswers(frame);
     }
-    if (fault != nullptr && fault->WrongReply()) {
-        reply.Bytes = WrongReply(static_cast<std::uint8_t>(fault->Value), AddressAt(frame, 3));
-    }
-    Reply(reply.Bytes, fault, reply.Garbled);
-    if (reply.Closed && surroundings_.SessionClosed) {
-        surroundings_.SessionClosed();
-    }
+    return reply;
 }
 
 bool VirtualSystem::PulledOut(const SimFault* fault) {

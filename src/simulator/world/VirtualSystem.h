@@ -1,5 +1,6 @@
 #pragma once
 
+#include "SimCard.h"
 #include "SimDesk.h"
 #include "SimFault.h"
 #include "SimFrame.h"
@@ -96,6 +97,7 @@ public:
 
 private:
     void TakeFrame(std::vector<std::uint8_t> frame);
+    DeviceReply Answers(std::span<const std::uint8_t> frame, bool raw, const SimFault* fault);
     void TakeNetwork(std::span<const std::uint8_t> frame);
     void PlanWork(int ms);
     void SayNetwork(const NetworkTurn& turn, const SimFault* fault);
@@ -111,6 +113,7 @@ private:
     void Disturb();
     void Reply(const std::vector<std::uint8_t>& reply, const SimFault* fault, bool garbled = false);
     void DeskTurn(std::span<const std::uint8_t> frame, const SimFault* fault);
+    std::vector<std::uint8_t> CardTurn(std::span<const std::uint8_t> frame);
     void FreeSlot(std::uint8_t slot);
     bool ServeDesk();
     void SayDesk(std::vector<DeskFrame> frames, std::optional<SimFault> fault);
@@ -135,6 +138,7 @@ private:
     std::optional<DeskWait> deskWait_;
     int deskRequest_ = 0;       ///< how many there were: a new one ends what the one before still has to say
     std::uint8_t usedSlot_ = 0; ///< that a reader reported last; 0: none
+    CardWriter cards_;
     std::vector<std::vector<std::uint8_t>> telegrams_;
     bool keepTelegrams_ = true;
     int tunedChannel_ = 0;     ///< radio channel of the adapter, 0 before the first login

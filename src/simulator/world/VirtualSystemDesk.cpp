@@ -39,6 +39,15 @@ void VirtualSystem::FreeSlot(std::uint8_t slot) {
     world_.Desk.Freed.push_back(slot);
 }
 
+/// Adapters of either kind write cards.
+std::vector<std::uint8_t> VirtualSystem::CardTurn(std::span<const std::uint8_t> frame) {
+    std::vector<std::uint8_t> reply = cards_.Take(world_.Desk.Writer, frame, judge_);
+    if (surroundings_.SessionClosed) {
+        surroundings_.SessionClosed(); // the state shows the card
+    }
+    return reply;
+}
+
 void VirtualSystem::Present(Credential credential) {
     world_.Desk.Presented.push_back(std::move(credential));
     ServeDesk();

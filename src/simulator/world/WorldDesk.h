@@ -1,6 +1,7 @@
 #pragma once
 
 #include "VirtualCredentials.h"
+#include "WorldCard.h"
 #include "WorldCodecs.h"
 
 #include <string>
@@ -51,6 +52,9 @@ void DeskFields(Archive& archive, VirtualDesk& desk) {
     archive("patience_ms", Number<int>{desk.PatienceMs, 0, LongestDeskWait});
     archive("presented", List<Credential>{desk.Presented});
     archive("freed", HexText{desk.Freed});
+    archive("card", MaybeCard{desk.Writer.Card});
+    archive("card_results", ShortHex{desk.Writer.Results, 64});
+    archive("card_taken_after", Number<int>{desk.Writer.TakenAfter, 0, 64, false, true});
 }
 
 } // namespace qvm::world
