@@ -26,6 +26,7 @@ Programm::Programm(Platform& world, const std::string& directory)
     History->Verbinden();
     Persons->Verbinden();
     Locks->Verbinden();
+    Times->Verbinden();
 }
 
 Programm::~Programm() = default;

@@ -2,6 +2,7 @@
 
 #include "LockWindows.h"
 #include "MainWindows.h"
+#include "TimeWindows.h"
 
 namespace qvm {
 
@@ -20,7 +21,7 @@ void TransferWindows::Verbinden() {
 void TransferWindows::Hauptfenster_Verbinden() {
     F2Hooks& main = programm.Main->F2.Hooks;
     main.F9_Schliessen = [this] { F9.F9_Schliessen(); };
-    main.Davor_Offen = [this] { return Offen(); };
+    main.Davor_Offen = [this] { return Offen() || programm.Times->F60.Fenster.Visible; };
     main.Listenzeile_Laeuft = [this] { return F91.Arbeit() != F91::Work::None; };
     main.Anschluss_Geaendert = [this] { F91.Anschluss_Geaendert(); };
 }

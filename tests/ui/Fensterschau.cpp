@@ -74,6 +74,7 @@ void Fensterschau::run(Look look) {
     calendars();
     guestTimes();
     clocks();
+    guestCards();
     codeChange();
     others();
     messageBoxes();

@@ -48,6 +48,7 @@ private:
     void calendars();
     void guestTimes();
     void clocks();
+    void guestCards();
     void codeChange();
     /// Windows that nothing above shows, as the main window opens them.
     void others();

@@ -102,6 +102,26 @@ void Fensterschau::guestTimes() {
     programm_->Main->F2.Timer2.Stop();
 }
 
+/// A hotel with two doors, and an object whose guest leaves before coming.
+void Fensterschau::guestCards() {
+    F60& model = programm_->Times->F60;
+    for (const bool object : {false, true}) {
+        world_.Disk.Files["/q/DAT/ASWTIMQVMLCK.FSN"] = object ? "05.03.2026\r\nOBJEKT\r\n" : "05.03.2026\r\nHOTEL\r\n";
+        world_.Disk.Files["/q/DAT/OFSTSETUPDT.FST"] = "05.03.2026\r\n15:00\r\n10:30\r\n00\r\n01\r\n";
+        model.F60_FormLaden();
+        model.FGK60_Click(1, CardColumn::Mark);
+        model.FGK60_Click(2, CardColumn::Mark);
+        model.FGK60_Click(2, CardColumn::Mark);
+        model.MV1_Waehlen({2026, 12, 24});
+        model.MV2_Waehlen(object ? Datum{2026, 12, 22} : Datum{2027, 1, 2});
+        model.Label12.Visible = true;
+        take(windows_->Times.f60, object ? "F60-object" : "F60");
+        model.Geaendert = false;
+        model.Schliessen();
+        programm_->Main->F2.Timer2.Stop();
+    }
+}
+
 /// Three slots, and a group of them under the pointer.
 void Fensterschau::clocks() {
     for (const bool persons : {true, false}) {

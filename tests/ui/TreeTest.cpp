@@ -55,6 +55,8 @@ constexpr std::pair<std::string_view, QAccessible::Role> TopLevels[] = {
     {"F41", QAccessible::Window},
     {"F41-info", QAccessible::Window},
     {"F41-slots", QAccessible::Window},
+    {"F60", QAccessible::Window},
+    {"F60-object", QAccessible::Window},
     {"F5", QAccessible::Dialog},
     {"F5-block", QAccessible::Dialog},
     {"F5-editor", QAccessible::Dialog},
@@ -257,6 +259,7 @@ int ColumnsOf(std::string_view window, const ui::GridView& grid) {
            : window.starts_with("F19") ? 6
            : window.starts_with("F20") ? 3
            : window.starts_with("F3")  ? 4
+           : window.starts_with("F60") ? 4
            : window.starts_with("F10") ? 4
            : window.starts_with("F42") ? 5
            : window.starts_with("F4")  ? (groups ? 3 : 4)
@@ -314,8 +317,9 @@ TEST_P(Accessible_Tree, holds_of_a_grid_only_the_columns_that_have_a_heading) {
         }
     });
     // F4 five and F41 three times two grids, once each a third one; F5 and F12 six times, F20 five times, F3 three
-    // times, F10, F19, F6 with and without its editor, F7, F13 and F91 twice; none where F6 shows its ports alone
-    EXPECT_EQ(grids, 50);
+    // times, F10, F19, F6 with and without its editor, F7, F13, F60 and F91 twice; none where F6 shows its ports
+    // alone
+    EXPECT_EQ(grids, 52);
 }
 
 TEST_P(Accessible_Tree, finds_the_month_of_the_start_dialog_below_the_dialog) {

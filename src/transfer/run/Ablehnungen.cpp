@@ -54,6 +54,12 @@ bool Leser_Gefragt(const Programmierlauf& r) {
     return due == TelEKeyLesen::Telegram.Code || due == TelFingerAbfrage::Telegram.Code ||
            due == TelFingerAnlernen::Telegram.Code;
 }
+bool Karte_Gefragt(const Programmierlauf& r) {
+    const std::uint8_t due = r.link.AnswerDue;
+    const bool card = due == TelKarteSchreiben::Telegram.Code || due == TelKarteStart::Telegram.Code ||
+                      due == TelKarteLesen::Telegram.Code;
+    return card && Grund_Endet(r) && !Grund<0x6A>(r);
+}
 bool Stumm_In_Unit(const Programmierlauf& r) {
     return Grund<0x64>(r) && Unit_Sitzung(r);
 }
@@ -66,6 +72,7 @@ constexpr ReplyRow Refusals[] = {
     {0x69, "unit-list scan", Unitliste_Gesucht, Zum_Fenster<&WindowHooks::Unit_Kanal_Leer>},
     {0x69, "units are searched by logins", Units_Gesucht, Zum_Fenster<&WindowHooks::Suchlauf_Schritt>},
     {0x69, "a reader of the desk", Leser_Gefragt, Schritt_Leser_Abgelehnt},
+    {0x69, "a card writer", Karte_Gefragt, Zum_Fenster<&WindowHooks::Karte_Abgelehnt>},
     {0x69, "a unit whose code is checked, channels left", Unit_Nicht_Hier, Schritt_Kanal_Weiter},
     {0x69, "a unit whose code is checked", Unit_Login_Abgelehnt, Schritt_Unit_Login_Abgelehnt},
     {0x69, "a unit whose code was changed", Unit_Code_Abgelehnt, Schritt_Unit_Code_Abgelehnt},
@@ -162,6 +169,7 @@ void Schritt_Belegt(Programmierlauf& run) {
 }
 
 void Schritt_Karte_Abgelehnt(Programmierlauf& run) {
+    run.Fenster.Karte_Abgelehnt();
     if (Zeile_Fehlgeschlagen(run, RunOutcome::Refused, Fester_Text(run.kern, Word::CardNotRecognised, " "))) {
         return;
     }

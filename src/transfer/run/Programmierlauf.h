@@ -90,6 +90,7 @@ struct WindowHooks {
     Hook<void()> Karte_Quittung;   ///< 0x6F
     Hook<void()> Karte_Start;      ///< 0x72
     Hook<void()> Karte_Block;      ///< 0x73
+    Hook<void()> Karte_Abgelehnt;  ///< 0x69 for one of them; that there is no card the operator is told behind it
     Hook<void()> EKey_Ergebnis;    ///< 0x81
     Hook<void()> Finger_Schritt;   ///< 0xA1
     Hook<void()> Finger_Daten;     ///< 0xA2

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "F42Window.h"
+#include "F60Window.h"
 #include "HolidayWindow.h"
 #include "TimeWindows.h"
 #include "WeekTimerWindow.h"
@@ -17,6 +18,7 @@ struct TimeViews {
     F42Window f42{windows.F42, main};
     WeekTimerWindow f4{windows.F4, main};
     WeekTimerWindow f41{windows.F41, main};
+    F60Window f60{windows.F60, main};
 };
 
 } // namespace qvm::ui

@@ -32,7 +32,7 @@ struct F2Hooks {
     std::function<void()> F9_Schliessen;       ///< the progress window, for the reply guard
     std::function<void()> Lauf_Timer_Anhalten; ///< the timers of a run, when F2 opens
     std::function<bool()> Listenzeile_Laeuft;  ///< a row of a list run holds the port
-    std::function<bool()> Davor_Offen;         ///< the lock grid or the run list stands in F2's place
+    std::function<bool()> Davor_Offen;         ///< the lock grid, the run list or F60 stands in F2's place
     std::function<void()> Anschluss_Geaendert; ///< ports came or went: for an open list of locks
     std::function<Bestand()> Bestand_Lesen;    ///< what the data files hold, read anew
     std::function<std::vector<Historiendatei>()> Historien_Lesen;  ///< the latest histories, the newest first

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "F60.h"
+#include "WindowBase.h"
+
+#include <functional>
+
+class QGridLayout;
+class QHBoxLayout;
+
+namespace qvm::ui {
+
+class GridView;
+class MonthView;
+
+/// F60 on the screen: doors with the search over them, beside them times, stay and object group, keys, status line.
+class F60Window : public WindowBase {
+    Q_OBJECT
+
+public:
+    F60Window(F60& model, QWidget* main);
+
+    void setWords() override;
+
+private:
+    void makeToolBar();
+    QLayout* makeDoors();
+    QLayout* makeSide();
+    QWidget* makeTimes();
+    QWidget* makeStay();
+    QLayout* makeGroup();
+    QLayout* makeKeys();
+    QLayout* makeStatusLine();
+    void addTime(QHBoxLayout* row, QWidget* parent, int number, std::function<void(int key)> onKey);
+    MonthView* addMonth(QGridLayout* grid, QWidget* parent, int column);
+
+    F60& f60_;
+    GridView* doors_ = nullptr;
+    MonthView* months_[2] = {};
+};
+
+} // namespace qvm::ui

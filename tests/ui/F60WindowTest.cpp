@@ -1,0 +1,97 @@
+// The window of the guest cards on the screen.
+
+#include "F60Window.h"
+
+#include "GridView.h"
+#include "KeyEdit.h"
+#include "MonthView.h"
+#include "TimeWindows.h"
+#include "UiFixture.h"
+
+#include <QComboBox>
+#include <QPushButton>
+#include <QTest>
+
+namespace qvm::test {
+namespace {
+
+struct F60_Window : UiFixture {
+    std::unique_ptr<ui::F60Window> window;
+    ui::GridView* grid = nullptr;
+
+    void Open(std::string_view mode = "HOTEL") {
+        world.Disk.Files["/q/DAT/ASWTIMQVMLCK.FSN"] = "05.03.2026\r\n" + std::string(mode) + "\r\n";
+        world.Disk.Files["/q/DAT/OFSTSETUPDT.FST"] = "05.03.2026\r\n15:00\r\n10:30\r\n00\r\n01\r\n";
+        Start("Deutsch");
+        window = std::make_unique<ui::F60Window>(Model(), nullptr);
+        Model().F60_FormLaden();
+        Present(*window);
+        Settle();
+        grid = window->findChild<ui::GridView*>();
+    }
+    F60& Model() { return programm->Times->F60; }
+    template <class Widget>
+    Widget* Part(const char* name) {
+        return window->findChild<Widget*>(QStringLiteral("F60.") + QLatin1String(name));
+    }
+    static void Press(int key) {
+        QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key));
+        Settle();
+    }
+};
+
+TEST_F(F60_Window, shows_the_doors_without_their_hidden_columns_and_has_the_keyboard_there) {
+    Open();
+    EXPECT_EQ(window->focusWidget(), grid);
+    EXPECT_EQ(grid->gridModel().rowCount(), 200);
+    for (int column = CardColumn::OffsetName; column < CardColumn::Count; ++column) {
+        EXPECT_TRUE(grid->isColumnHidden(column)) << column;
+    }
+}
+
+TEST_F(F60_Window, marks_a_door_by_the_mouse_and_by_the_keyboard) {
+    Open();
+    ClickCell(*grid, 3, CardColumn::Mark, Qt::LeftButton);
+    EXPECT_EQ(Model().FGK60.Text(3, CardColumn::Mark), "X");
+    grid->setFocus();
+    Press(Qt::Key_Space);
+    EXPECT_EQ(Model().FGK60.Text(3, CardColumn::Mark), "P");
+    Press(Qt::Key_Return);
+    EXPECT_EQ(Model().FGK60.Text(3, CardColumn::Mark), "");
+}
+
+TEST_F(F60_Window, a_day_that_is_picked_leads_to_the_key_that_writes) {
+    Open();
+    auto* month = Part<ui::MonthView>("MV2");
+    month->onPick({2026, 3, 9});
+    EXPECT_EQ(Model().CheckOut(), (Datum{2026, 3, 9}));
+    EXPECT_EQ(month->day(), (Datum{2026, 3, 9}));
+    EXPECT_EQ(QApplication::focusWidget(), Part<QPushButton>("Command2"));
+}
+
+TEST_F(F60_Window, times_are_typed_digit_by_digit_and_return_leads_on) {
+    Open();
+    auto* first = Part<ui::KeyEdit>("Text1");
+    first->setFocus();
+    Settle();
+    Model().Text1.Caret = 0;
+    QTest::keyClicks(first, QStringLiteral("245")); // 15:00 would become 25:00 first, which is 23:00
+    EXPECT_EQ(first->text(), QStringLiteral("23:45"));
+    Press(Qt::Key_Return);
+    EXPECT_EQ(QApplication::focusWidget(), Part<ui::KeyEdit>("Text2"));
+}
+
+TEST_F(F60_Window, groups_are_there_for_an_object_only) {
+    Open("OBJEKT");
+    EXPECT_TRUE(Part<QComboBox>("List1")->isVisible());
+    EXPECT_TRUE(Part<QPushButton>("Command3")->isVisible());
+    EXPECT_EQ(Part<QComboBox>("List1")->count(), 255);
+    Model().Schliessen();
+    world.Disk.Files["/q/DAT/ASWTIMQVMLCK.FSN"] = "05.03.2026\r\nHOTEL\r\n";
+    Model().F60_FormLaden();
+    Settle();
+    EXPECT_FALSE(Part<QComboBox>("List1")->isVisible());
+}
+
+} // namespace
+} // namespace qvm::test
