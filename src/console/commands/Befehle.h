@@ -43,6 +43,9 @@ ExitCode Befehl_Zutritt(const Umgebung& world, const Console& console, const Opt
 ExitCode Befehl_Anlernen(const Umgebung& world, const Console& console, const Optionen& options);
 ExitCode Befehl_Key_Suchen(const Umgebung& world, const Console& console, const Optionen& options);
 
+/// card write and card read, through the handlers of the window of the guest cards.
+ExitCode Befehl_Karte(const Umgebung& world, const Console& console, const Optionen& options);
+
 /// Prints the events of .HST files; without a file those of all in HIST.
 ExitCode Befehl_Ereignisse(const Umgebung& world, const Console& console, const Optionen& options);
 

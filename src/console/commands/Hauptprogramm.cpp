@@ -40,6 +40,8 @@ ExitCode Befehl_Ausfuehren(const Umgebung& world, const Console& console, const 
     case Command::FindKey:
     case Command::SyncKey:
         return Befehl_Key_Suchen(world, console, options);
+    case Command::Card:
+        return Befehl_Karte(world, console, options);
     }
     return ExitCode::Fault;
 }

@@ -16,6 +16,7 @@ struct Texte {
     std::string Since;
     std::string Date;
     std::string At;
+    std::string CheckIn, CheckOut;
     std::string Erase = "keep";
 };
 
@@ -142,6 +143,20 @@ void Personenbefehle_Anlegen(const CommandMaker& add, Optionen& options) {
     Timeout_Option(*add("sync-key", "note that an E-Key is on the system's radio channel", Command::SyncKey), options);
 }
 
+/// Guest cards.
+void Kartenbefehl_Anlegen(const CommandMaker& add, Optionen& options, Texte& texts) {
+    CLI::App* card = add("card", "write a guest card, or read one", Command::Card);
+    card->add_option("KIND", options.Kind, "write or read")->required()->check(CLI::IsMember({"write", "read"}));
+    card->add_option("--in", texts.CheckIn, "write: check-in, \"DD.MM.YYYY hh:mm\"");
+    card->add_option("--out", texts.CheckOut, "write: check-out, \"DD.MM.YYYY hh:mm\"");
+    card->add_option("--door", options.Locks, "write: locks that it opens beside the permanent doors, 1 to 200")
+        ->expected(1, 200)
+        ->check(CLI::Range(1, 200));
+    card->add_option("--group", options.Group, "write: object group (default: the current one)")
+        ->check(CLI::Range(0, 254));
+    Timeout_Option(*card, options);
+}
+
 /// What is about times.
 void Zeitbefehle_Anlegen(const CommandMaker& add, Optionen& options, Texte& texts) {
     add("times", "list the switch clocks, their groups, the calendars and the offsets", Command::Times);
@@ -190,6 +205,35 @@ void Befehle_Anlegen(CLI::App& app, Optionen& options, Texte& texts) {
     Schlossbefehle_Anlegen(add, options);
     Personenbefehle_Anlegen(add, options);
     Zeitbefehle_Anlegen(add, options, texts);
+    Kartenbefehl_Anlegen(add, options, texts);
+}
+
+/// A moment that a card can hold. Gives what is wrong with it; empty when all is well.
+std::string Kartenmoment_Lesen(const char* option, const std::string& text, std::optional<DateTime>& moment) {
+    moment = text.empty() ? std::nullopt : Zeitpunkt_Lesen(text);
+    if (!text.empty() && !moment) {
+        return std::string(option) + ": " + text + " is not a time DD.MM.YYYY hh:mm";
+    }
+    const bool beyond = moment && (moment->Year < 2000 || moment->Year > 2099);
+    return beyond ? std::string(option) + ": the year must be 2000 to 2099" : std::string();
+}
+
+std::string Karte_Nachpruefen(Optionen& options, const Texte& texts) {
+    for (std::string fault : {Kartenmoment_Lesen("--in", texts.CheckIn, options.CheckIn),
+                              Kartenmoment_Lesen("--out", texts.CheckOut, options.CheckOut)}) {
+        if (!fault.empty()) {
+            return fault;
+        }
+    }
+    if (options.Wanted != Command::Card) {
+        return {};
+    }
+    const bool any = options.CheckIn || options.CheckOut || options.Group || !options.Locks.empty();
+    if (options.Kind == "read") {
+        return any ? "card read takes none of --in, --out, --door and --group" : "";
+    }
+    return options.CheckIn && options.CheckOut && !options.Locks.empty() ? ""
+                                                                         : "card write needs --in, --out and --door";
 }
 
 std::string Scan_Nachpruefen(const Optionen& options) {
@@ -211,6 +255,9 @@ std::string Nachpruefen(Optionen& options, const Texte& texts, const Datum& toda
         }
     }
     if (std::string fault = Scan_Nachpruefen(options); !fault.empty()) {
+        return fault;
+    }
+    if (std::string fault = Karte_Nachpruefen(options, texts); !fault.empty()) {
         return fault;
     }
     options.Keep = texts.Erase == "keep";
