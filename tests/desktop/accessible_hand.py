@@ -2,6 +2,7 @@
 from screen import Atspi, tell, wait_for
 
 BUTTON, MENU_ENTRY, PASSWORD = Atspi.Role.PUSH_BUTTON, Atspi.Role.MENU_ITEM, Atspi.Role.PASSWORD_TEXT
+COMBO = Atspi.Role.COMBO_BOX
 
 
 def action(node, *names):
@@ -44,6 +45,13 @@ class AccessibleHand:
     def pick(self, table, row, column):
         """A row of a list that is chosen from."""
         self.step(table, row, column)
+
+    def select(self, shown, number, words):
+        """An entry of the box that shows these words, by its number, counted from 0, and its own words."""
+        box = self.program.wait(COMBO, shown)
+        act(box, "ShowMenu", "Press")
+        act(wait_for("the list of the box", lambda: self.program.entry_of(box, number)), "Toggle")
+        self.program.wait(COMBO, words)
 
     def choose(self, table, row, column, *entries):
         """From the menu of the cell, whose first entry may show its own menu already."""

@@ -8,8 +8,11 @@
 #include "UiFixture.h"
 #include "Words.h"
 
+#include <QAbstractItemView>
 #include <QAccessible>
+#include <QComboBox>
 #include <QLineEdit>
+#include <QTest>
 
 namespace qvm::test {
 namespace {
@@ -80,6 +83,41 @@ TEST_F(F12_Access, a_unit_gets_its_name_and_serial_number_by_the_rules_of_typing
     Write(Unit(2, 1), "Leser");
     EXPECT_EQ(UnitText(2, 1), "");
     EXPECT_EQ(Unit(1, 0)->editableTextInterface(), nullptr);
+}
+
+TEST_F(F12_Access, an_entry_of_a_combo_box_is_chosen_in_its_open_list) {
+    programm->Locks->F12.Auswahl.Go(2, 2);
+    programm->Locks->F12.SNA_Function_Click();
+    programm->Locks->F20.Combo1_Click(1);
+    Present(*units);
+    Settle();
+    auto* box = units->findChild<QComboBox*>(QStringLiteral("F20.Combo3"));
+    const auto toggle = [box](int entry) {
+        QAccessible::queryAccessibleInterface(box->view())
+            ->child(entry)
+            ->actionInterface()
+            ->doAction(QAccessibleActionInterface::toggleAction());
+        Settle();
+    };
+    toggle(12); // the list is shut
+    EXPECT_EQ(programm->Locks->F20.Einstellung.MinuteEntry, 0);
+    for (const int entry : {12, 5, 59, 0}) {
+        box->showPopup();
+        Settle();
+        toggle(entry);
+        EXPECT_FALSE(box->view()->isVisible()) << entry;
+        EXPECT_EQ(programm->Locks->F20.Einstellung.MinuteEntry, entry);
+        EXPECT_EQ(box->currentIndex(), entry);
+    }
+    box->showPopup();
+    Settle();
+    QTest::keyClick(box->view(), Qt::Key_Down);
+    QTest::keyClick(box->view(), Qt::Key_Down);
+    Settle();
+    EXPECT_TRUE(box->view()->isVisible()) << "keys go from entry to entry as ever";
+    EXPECT_EQ(programm->Locks->F20.Einstellung.MinuteEntry, 0);
+    QTest::keyClick(box->view(), Qt::Key_Return);
+    EXPECT_EQ(programm->Locks->F20.Einstellung.MinuteEntry, 2);
 }
 
 } // namespace

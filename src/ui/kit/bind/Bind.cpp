@@ -1,5 +1,6 @@
 #include "Bind.h"
 
+#include "ComboChoice.h"
 #include "ElidedLabel.h"
 #include "LabelDrawing.h"
 #include "LabelInk.h"
@@ -180,6 +181,7 @@ void bind(ProgressBar& model, QProgressBar* widget, const QString& name) {
 void bind(ListBox& model, QComboBox* widget, const QString& name, std::function<void(int)> onSelect) {
     nameWidget(widget, name);
     widget->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    chooseThroughTree(widget);
     watch(model.Entries, widget, [&model, widget] {
         const QSignalBlocker quiet(widget);
         widget->clear();
