@@ -22,6 +22,8 @@
 namespace qvm::ui {
 namespace {
 
+constexpr int LeastGridWidth = 430; // else the marks are out of sight
+
 QString ofF60(const char* control) {
     return QStringLiteral("F60.") + QLatin1String(control);
 }
@@ -40,7 +42,7 @@ F60Window::F60Window(F60& model, QWidget* main)
     body->addLayout(makeSide());
     content()->addLayout(body, 1);
     content()->addLayout(makeStatusLine());
-    setLeastSize(900, 520);
+    setLeastSize(1100, 560);
     const auto back = [this] { f60_.Schliessen(); };
     setFirst(doors_);
     finish({.onClose = back, .onEscape = back});
@@ -82,6 +84,7 @@ QLayout* F60Window::makeDoors() {
     doors_->gridModel().setAlignment(CardColumn::Mark, Qt::AlignCenter);
     doors_->gridModel().setTip(CardColumn::Mark, [this](int row) { return toQt(f60_.Tip(row, CardColumn::Mark)); });
     doors_->setColumns(columnWidths(f60_.FGK60, F60::Breite), CardColumn::Name);
+    doors_->setMinimumWidth(LeastGridWidth);
     doors_->setBlocks(f60_.Auswahl);
     doors_->onClick = [this](int row, int column) { f60_.FGK60_Click(row, column); };
     doors_->onKey = [this](int key) { f60_.FGK60_KeyPress(key); };
