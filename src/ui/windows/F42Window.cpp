@@ -102,6 +102,7 @@ void F42Window::addTime(QHBoxLayout& row, TextBox& box, std::function<void(int k
          first ? QStringLiteral("F42.Label2") : QStringLiteral("F42.Label3"));
     auto* edit = new KeyEdit(box, first ? QStringLiteral("F42.Text1") : QStringLiteral("F42.Text2"), this);
     edit->onKey = std::move(onKey);
+    edit->holdsTime = true;
     edit->setFixedWidth(edit->fontMetrics().horizontalAdvance(QStringLiteral("00:00")) + 24);
     caption->setBuddy(edit);
     auto* form = new QLabel(this);
@@ -131,6 +132,7 @@ void F42Window::makeEditors() {
     name->onLostFocus = [this] { f42_.Editor_LostFocus(); };
     auto* time = new OverlayEditor(f42_.Text3, *offsets_, QStringLiteral("F42.Text3"));
     time->onKey = [this](int key) { f42_.Text3_KeyPress(key); };
+    time->holdsTime = true;
     time->onLostFocus = [this] { f42_.Editor_LostFocus(); };
     auto* bases = new OverlayList(f42_.List1, *offsets_, QStringLiteral("F42.List1"));
     bases->onChoose = [this](int entry) { f42_.List1_Waehlen(entry); };

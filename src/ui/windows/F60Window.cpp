@@ -111,6 +111,7 @@ void F60Window::addTime(QHBoxLayout* row, QWidget* parent, int number, std::func
     bind(first ? f60_.Label2 : f60_.Label3, caption, ofF60(first ? "Label2" : "Label3"));
     auto* edit = new KeyEdit(first ? f60_.Text1 : f60_.Text2, ofF60(first ? "Text1" : "Text2"), parent);
     edit->onKey = std::move(onKey);
+    edit->holdsTime = true;
     edit->setFixedWidth(edit->fontMetrics().horizontalAdvance(QStringLiteral("00:00")) + 24);
     caption->setBuddy(edit);
     auto* form = new QLabel(parent);
