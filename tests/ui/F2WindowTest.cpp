@@ -4,6 +4,7 @@
 #include "UiFixture.h"
 #include "WidgetChecks.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QLabel>
 #include <QMenu>
@@ -106,6 +107,28 @@ TEST_F(F2_Window, has_its_keys_in_order_with_words_and_tips) {
                                   QStringLiteral("GastCard"), QStringLiteral("PROG"), QStringLiteral("lock4")}));
     EXPECT_EQ(Key("PROG")->toolTip(), QString::fromUtf8("Schlösser programmieren"));
     EXPECT_EQ(Key("PROG")->accessibleName(), QString::fromUtf8("Schlösser programmieren"));
+}
+
+TEST_F(F2_Window, has_the_menu_of_a_key_in_the_accessible_tree_while_it_is_open) {
+    Open();
+    QAccessibleInterface* top = QAccessible::queryAccessibleInterface(&windows->Main.f2);
+    const auto menus = [top] {
+        QList<QAccessibleInterface*> found;
+        for (int n = 0; n < top->childCount(); ++n) {
+            if (top->child(n)->role() == QAccessible::PopupMenu) {
+                found += top->child(n);
+            }
+        }
+        return found;
+    };
+    EXPECT_EQ(top->role(), QAccessible::Window);
+    EXPECT_TRUE(menus().isEmpty());
+    auto* menu = Find<QMenu>("F2.F2_Kalend");
+    menu->popup(windows->Main.f2.mapToGlobal(QPoint(10, 10)));
+    ASSERT_EQ(menus().size(), 1);
+    EXPECT_EQ(menus().front()->child(0)->text(QAccessible::Name), QStringLiteral("Einzelfeiertage"));
+    menu->close();
+    EXPECT_TRUE(menus().isEmpty());
 }
 
 TEST_F(F2_Window, shows_keys_of_windows_that_do_not_exist_as_disabled) {

@@ -4,6 +4,7 @@
 #include "WindowBase.h"
 
 #include <QAccessibleWidget>
+#include <QMainWindow>
 #include <QMenu>
 
 namespace qvm::ui {
@@ -55,7 +56,8 @@ private:
 };
 
 QAccessibleInterface* windowInterface(const QString& className, QObject* object) {
-    if (className == QLatin1String(WindowBase::staticMetaObject.className())) {
+    if (className == QLatin1String(WindowBase::staticMetaObject.className()) ||
+        className == QLatin1String(QMainWindow::staticMetaObject.className())) {
         return new WindowAccess(static_cast<QWidget*>(object));
     }
     if (className == QLatin1String(MonthView::staticMetaObject.className())) {

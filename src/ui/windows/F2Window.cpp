@@ -10,6 +10,7 @@
 #include "OverviewCard.h"
 #include "TextEdge.h"
 #include "Theme.h"
+#include "WindowAccess.h"
 #include "Worte.h"
 #include "Worttafel.h"
 
@@ -45,6 +46,7 @@ void enlarge(QLabel* label, qreal factor, bool bold) {
 } // namespace
 
 F2Window::F2Window(F2& model) : f2_(model) {
+    describeWindows();
     setWindowIcon(programIcon());
     setContextMenuPolicy(Qt::PreventContextMenu);
     makeMenus();
