@@ -13,6 +13,7 @@ import sys
 import time
 import unittest
 
+from calendars import CalendarTests
 from datafiles import without_zeros
 from installation import CODE, Installation
 from kills import KillTests
@@ -30,7 +31,7 @@ CLOCK = ("month", "day", "hour", "minute", "second")
 BUILD = ""
 
 
-class Desktop(LockTests, UserTests, WayTests, KillTests, unittest.TestCase):
+class Desktop(CalendarTests, LockTests, UserTests, WayTests, KillTests, unittest.TestCase):
     maxDiff = None
 
     def setUp(self):

@@ -1,4 +1,6 @@
 """An operator without a mouse."""
+from datetime import date
+
 from screen import Atspi, has_state, key, typed, wait_for
 
 BUTTON, MENU_ENTRY, PASSWORD = Atspi.Role.PUSH_BUTTON, Atspi.Role.MENU_ITEM, Atspi.Role.PASSWORD_TEXT
@@ -68,11 +70,26 @@ class KeyboardHand:
         """From the menu of the cell."""
         self.go_to(table, row, column)
         key("shift+F10")
+        self.take(*entries)
+
+    def take(self, *entries):
+        """From the menu that opens, and from those that its entries open."""
         for entry in entries:
             self.program.wait(MENU_ENTRY, entry)
             while not has_state(self.program.find(MENU_ENTRY, entry), FOCUSED):
                 key("Down")
             key("Return")
+
+    def activate(self, table, row, column):
+        """A cell that opens something over the table."""
+        self.step(table, row, column)
+
+    def pick_day(self, table, day):
+        """Of the month that is open over the table, which stands at today: a day that follows."""
+        wait_for("the month", lambda: self.program.over(table))
+        weeks, days = divmod((day - date.today()).days, 7)
+        key(*["Down"] * weeks, *["Right"] * days)
+        key("Return")
 
     def fill(self, name, words):
         self.program.wait(PASSWORD, name)

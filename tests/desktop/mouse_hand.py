@@ -1,8 +1,9 @@
 """An operator with the mouse. Only the texts of editors are typed, once a click has opened them."""
-from screen import Atspi, click_at, double_click_at, middle, typed, wait_for
+from screen import Atspi, children, click_at, double_click_at, middle, name_of, typed, wait_for, walk
 
 NUMBER = 0  # column
-MENU_ENTRY, PASSWORD, COMBO = Atspi.Role.MENU_ITEM, Atspi.Role.PASSWORD_TEXT, Atspi.Role.COMBO_BOX
+BUTTON, TABLE, COMBO = Atspi.Role.PUSH_BUTTON, Atspi.Role.TABLE, Atspi.Role.COMBO_BOX
+MENU_ENTRY, PASSWORD = Atspi.Role.MENU_ITEM, Atspi.Role.PASSWORD_TEXT
 
 
 class MouseHand:
@@ -39,8 +40,27 @@ class MouseHand:
     def choose(self, table, row, column, *entries):
         """From the menu of the cell."""
         click_at(*middle(self.program.cell(table, row, column)))
+        self.take(*entries)
+
+    def take(self, *entries):
+        """From the menu that opens, and from those that its entries open."""
         for entry in entries:
             self.program.press(entry, MENU_ENTRY)
+
+    def activate(self, table, row, column):
+        """A cell that opens something over the table."""
+        double_click_at(*middle(self.program.cell(table, row, column)))
+
+    def pick_day(self, table, day):
+        """Of the month that is open over the table, which stands at today: a day of the month after it. Its number must
+        not be in sight a second time, as those of the first and the last days are."""
+        month = wait_for("the month", lambda: self.program.over(table))
+        click_at(*middle(next(button for button in walk(month, BUTTON) if name_of(button) == "Next month")))
+        click_at(*middle(wait_for("the day", lambda: self.day_of(month, str(day.day)))))
+
+    @staticmethod
+    def day_of(month, number):
+        return next((cell for days in walk(month, TABLE) for cell in children(days) if name_of(cell) == number), None)
 
     def fill(self, name, words):
         click_at(*middle(self.program.wait(PASSWORD, name)))

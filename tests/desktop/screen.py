@@ -207,6 +207,13 @@ class Program:
         cell = grid and tell(grid, lambda node: Atspi.Table.get_accessible_at(node, row - 1, column))
         return name_of(cell) if cell else ""
 
+    def over(self, table):
+        """What is open over the table's cells, as an editor or a month; it is behind them in the tree."""
+        grid = self.find(Atspi.Role.TABLE, table)
+        last = grid and tell(grid, lambda node: node.get_child_at_index(node.get_child_count() - 1))
+        cell = last and tell(last, lambda node: node.get_role()) == Atspi.Role.TABLE_CELL
+        return last if last and not cell else None
+
     def editor_is_open(self, table):
         """An editor lies over one of the table's cells; it is behind them in the tree."""
         grid = self.wait(Atspi.Role.TABLE, table)
