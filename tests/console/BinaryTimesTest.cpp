@@ -3,12 +3,14 @@
 #include "VirtualLocks.h"
 
 #include <filesystem>
+#include <fstream>
 #include <gmock/gmock.h>
 
 namespace qvm::test {
 namespace {
 
 using ::testing::HasSubstr;
+using ::testing::Not;
 using Document = nlohmann::json;
 
 // The 23.11.2026 is a Monday, the 25.12.2026 a Friday.
@@ -163,6 +165,20 @@ TEST_F(Binary_Times, refuse_what_they_cannot_answer) {
         EXPECT_NE(result.Err, "") << ::testing::PrintToString(arguments);
         EXPECT_EQ(result.Out, "") << ::testing::PrintToString(arguments);
     }
+}
+
+TEST_F(Binary_Times, know_no_permanent_holiday_behind_the_twentieth) {
+    const std::string unused(21, ' ');
+    std::ofstream file(Locks.Directory.Path() + "DAT/KL10X49WTTI.CBW", std::ios::binary | std::ios::trunc);
+    for (int record = 1; record <= 40; ++record) {
+        file << unused;
+    }
+    file << "24.12. - -26.12. - - "
+         << "01.05. - -02.05. - - ";
+    file.close();
+    const std::string told = Run({"times"}).Out;
+    EXPECT_THAT(told, HasSubstr("permanent  20   24.12. - -  26.12. - -\n"));
+    EXPECT_THAT(told, Not(HasSubstr("01.05.")));
 }
 
 TEST_F(Binary_Times, cannot_be_told_from_files_that_cannot_be_read) {

@@ -85,7 +85,7 @@ Abschnitt Gruppen(const Zeitdateien& files) {
 Abschnitt Feiertage(const Zeitdateien& files) {
     Abschnitt part{.Title = "Holidays", .Headings = {"Calendar", "Row", "From", "To"}};
     constexpr int Permanent = 22;
-    for (int record = 1; record <= files.Days.Count(); ++record) {
+    for (int record = 1; record <= std::min<int>(files.Days.Count(), CalendarEntry::Record.Last); ++record) {
         const std::string from = Feldtext(files.Days, record, CalendarEntry::DateFrom);
         const bool single = record <= Permanent - 2;
         if (!from.empty() && (single || record >= Permanent)) {
