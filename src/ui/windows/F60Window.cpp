@@ -13,6 +13,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QToolBar>
 #include <QVBoxLayout>
 
@@ -23,6 +24,24 @@ namespace qvm::ui {
 namespace {
 
 constexpr int LeastGridWidth = 430; // else the marks are out of sight
+constexpr int LeastSideWidth = 300, LeastSideHeight = 150;
+
+/// What stands beside the doors: on a small screen it scrolls.
+class SideRoom : public QScrollArea {
+public:
+    explicit SideRoom(QLayout* contents) {
+        auto* side = new QWidget;
+        side->setLayout(contents);
+        contents->setContentsMargins(0, 0, 0, 0);
+        setWidget(side);
+        setWidgetResizable(true);
+        setFrameShape(NoFrame);
+        setFocusPolicy(Qt::NoFocus);
+    }
+
+    QSize sizeHint() const override { return widget()->sizeHint(); }
+    QSize minimumSizeHint() const override { return {LeastSideWidth, LeastSideHeight}; }
+};
 
 QString ofF60(const char* control) {
     return QStringLiteral("F60.") + QLatin1String(control);
@@ -39,10 +58,10 @@ F60Window::F60Window(F60& model, QWidget* main)
     auto* body = new QHBoxLayout;
     body->setSpacing(16);
     body->addLayout(makeDoors(), 1);
-    body->addLayout(makeSide());
+    body->addWidget(new SideRoom(makeSide()));
     content()->addLayout(body, 1);
     content()->addLayout(makeStatusLine());
-    setLeastSize(1100, 560);
+    setLeastSize(LeastGridWidth + LeastSideWidth, 400);
     const auto back = [this] { f60_.Schliessen(); };
     setFirst(doors_);
     finish({.onClose = back, .onEscape = back});

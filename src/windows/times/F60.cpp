@@ -16,6 +16,7 @@ constexpr int FirstCardYear = 2000, LastCardYear = 2099;
 F60::F60(Kern& kernel, Link& serialLink, AdapterListe& adapters)
     : kern(kernel), link(serialLink), Adapter(adapters), Wache(kernel.Welt, LookMs) {
     std::vector<std::string> groups;
+    groups.reserve(Groups);
     for (int n = 0; n < Groups; ++n) {
         groups.push_back("Grp - " + Ziffern(n));
     }
