@@ -26,10 +26,10 @@ namespace {
 constexpr int LeastGridWidth = 430; // else the marks are out of sight
 constexpr int LeastSideWidth = 300, LeastSideHeight = 150;
 
-/// What stands beside the doors: on a small screen it scrolls.
+/// What stands beside the doors and above the keys: on a small screen it scrolls.
 class SideRoom : public QScrollArea {
 public:
-    explicit SideRoom(QLayout* contents) {
+    SideRoom(QLayout* contents, QWidget* parent) : QScrollArea(parent) {
         auto* side = new QWidget;
         side->setLayout(contents);
         contents->setContentsMargins(0, 0, 0, 0);
@@ -58,7 +58,10 @@ F60Window::F60Window(F60& model, QWidget* main)
     auto* body = new QHBoxLayout;
     body->setSpacing(16);
     body->addLayout(makeDoors(), 1);
-    body->addWidget(new SideRoom(makeSide()));
+    auto* side = new QVBoxLayout;
+    side->addWidget(new SideRoom(makeSide(), this), 1);
+    side->addLayout(makeKeys());
+    body->addLayout(side);
     content()->addLayout(body, 1);
     content()->addLayout(makeStatusLine());
     setLeastSize(LeastGridWidth + LeastSideWidth, 400);
@@ -120,7 +123,6 @@ QLayout* F60Window::makeSide() {
     side->addWidget(makeStay());
     side->addLayout(makeGroup());
     side->addStretch();
-    side->addLayout(makeKeys());
     return side;
 }
 
