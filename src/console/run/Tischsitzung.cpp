@@ -117,10 +117,9 @@ TischEnde Tischsitzung::Warten(const std::function<bool()>& done, int seconds) {
     lastFrame_ = world.Milliseconds();
     std::optional<TischEnde> end;
     Timer watch(program.kern.Welt, WatchMs);
-    const int before = signal_.Anzahl();
     watch.Ticked = [&] {
         const bool silent = seconds > 0 && world.Milliseconds() - lastFrame_ >= std::int64_t{1000} * seconds;
-        if (signal_.Anzahl() > before) {
+        if (signal_.Anzahl() > heard_) {
             end = TischEnde::Cancelled;
         } else if (silent || !world.Port.IsOpen()) {
             end = TischEnde::Silent;
@@ -131,6 +130,9 @@ TischEnde Tischsitzung::Warten(const std::function<bool()>& done, int seconds) {
         world.ProcessEvents();
     }
     watch.Stop();
+    if (end == TischEnde::Cancelled) {
+        heard_ = signal_.Anzahl();
+    }
     if (end == TischEnde::Silent && Getrennt()) {
         Trennung_Melden();
     }

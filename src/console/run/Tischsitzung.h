@@ -30,6 +30,7 @@ ExitCode TischEnde_Code(TischEnde end);
 /// find-key, sync-key): the program, its message boxes, the wait for the answer, Ctrl-C, the trace and the report.
 class Tischsitzung {
     AbbruchSignal signal_; // first, so that the whole program lives under it
+    int heard_ = 0;        ///< interrupts that have ended a wait; one that comes before a wait ends it, too
 
 public:
     Tischsitzung(const Umgebung& world, const Console& console, const Optionen& options, std::string_view word);
