@@ -2,6 +2,7 @@
 
 #include "Kern.h"
 
+#include <functional>
 #include <string_view>
 
 /// Questions that several windows ask in the same way.
@@ -15,6 +16,10 @@ enum class Verlassen {
 
 /// What becomes of the changes of a window that is being left.
 Verlassen Verlassen_Fragen(const Kern& kern, std::string_view title);
+
+/// Whether a window may be left: it asks while `dirty`. False when it is to stay, also when the changes were to be
+/// saved and `save`, which tells whether it did, could not: they are not to be lost.
+bool Verlassen_Erlaubt(const Kern& kern, bool dirty, std::string_view title, const std::function<bool()>& save);
 
 /// A question whose Yes loses something: Return alone says No, as closing the question does. True for Yes.
 bool Verlust_Hinnehmen(const Kern& kern, std::string_view question, std::string_view title = SystemTitle);

@@ -84,12 +84,8 @@ void F12::F12_Schliessen() {
         return; // another window stands over this one
     }
     Editor_Uebernehmen();
-    if (Tabelle.LockDirty) {
-        const Verlassen choice = Verlassen_Fragen(kern, kern.Zeile(Line::LockSettings));
-        // What could not be saved is not to be lost.
-        if (choice == Verlassen::Bleiben || (choice == Verlassen::Speichern && !Speichern())) {
-            return;
-        }
+    if (!Verlassen_Erlaubt(kern, Tabelle.LockDirty, kern.Zeile(Line::LockSettings), [this] { return Speichern(); })) {
+        return;
     }
     Tabelle.LockDirty = false;
     F12_COURoff_Click();

@@ -114,12 +114,8 @@ void F5::F5_Schliessen() {
         return; // a device is waited for
     }
     Editor_Uebernehmen();
-    if (Tabelle.UserDirty) {
-        const Verlassen choice = Verlassen_Fragen(kern, kern.Zeile(Line::UserManagement));
-        // What could not be saved is not to be lost.
-        if (choice == Verlassen::Bleiben || (choice == Verlassen::Speichern && !Speichern())) {
-            return;
-        }
+    if (!Verlassen_Erlaubt(kern, Tabelle.UserDirty, kern.Zeile(Line::UserManagement), [this] { return Speichern(); })) {
+        return;
     }
     Tabelle.UserDirty = false;
     Timer1.Stop();

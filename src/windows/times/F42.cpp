@@ -103,12 +103,8 @@ bool F42::Speichern() {
 
 void F42::F42_Schliessen() {
     Editor_Uebernehmen();
-    if (Geaendert) {
-        const Verlassen choice = Verlassen_Fragen(kern, kern.Zeile(Line::TimerGroup));
-        // What could not be saved is not to be lost.
-        if (choice == Verlassen::Bleiben || (choice == Verlassen::Speichern && !Speichern())) {
-            return;
-        }
+    if (!Verlassen_Erlaubt(kern, Geaendert, kern.Zeile(Line::TimerGroup), [this] { return Speichern(); })) {
+        return;
     }
     Geaendert = false;
     Fenster.Visible = false;

@@ -54,12 +54,8 @@ void F60::Toolbar1_ButtonClick(std::string_view key) {
 }
 
 void F60::Schliessen() {
-    if (Geaendert) {
-        const Verlassen choice = Verlassen_Fragen(kern, kern.Zeile(Line::TimerGroup));
-        // What could not be saved is not to be lost.
-        if (choice == Verlassen::Bleiben || (choice == Verlassen::Speichern && !PermSelect_Speichern())) {
-            return;
-        }
+    if (!Verlassen_Erlaubt(kern, Geaendert, kern.Zeile(Line::TimerGroup), [this] { return PermSelect_Speichern(); })) {
+        return;
     }
     Geaendert = false;
     Enden(KartenErgebnis::Offen);

@@ -93,12 +93,8 @@ void HolidayCalendar::Csv_Schreiben() {
 
 void HolidayCalendar::Schliessen() {
     Editor_Schliessen();
-    if (Geaendert) {
-        const Verlassen choice = Verlassen_Fragen(kern, kern.Zeile(Traits.Purpose));
-        // What could not be saved is not to be lost.
-        if (choice == Verlassen::Bleiben || (choice == Verlassen::Speichern && !Speichern())) {
-            return;
-        }
+    if (!Verlassen_Erlaubt(kern, Geaendert, kern.Zeile(Traits.Purpose), [this] { return Speichern(); })) {
+        return;
     }
     Geaendert = false;
     Fenster.Visible = false;

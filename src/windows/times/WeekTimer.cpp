@@ -152,12 +152,8 @@ bool WeekTimer::Speichern() {
 
 void WeekTimer::Schliessen() {
     Editor_Verlassen();
-    if (Geaendert) {
-        const Verlassen choice = Verlassen_Fragen(kern, kern.Zeile(Line::TimerGroup));
-        // What could not be saved is not to be lost.
-        if (choice == Verlassen::Bleiben || (choice == Verlassen::Speichern && !Speichern())) {
-            return;
-        }
+    if (!Verlassen_Erlaubt(kern, Geaendert, kern.Zeile(Line::TimerGroup), [this] { return Speichern(); })) {
+        return;
     }
     if (Traits.StopsTimers) {
         Timer1.Stop();
