@@ -1,32 +1,31 @@
 #include "Dateisatz.h"
 
 #include <cstddef>
+#include <utility>
 #include <vector>
 
 namespace qvm {
-namespace {
 
-struct Stand {
-    ReadStatus Status;
-    std::string Bytes;
-};
+Dateistand Datei_Merken(const FileStore& store, std::string path) {
+    Dateistand stand{.Path = std::move(path), .Bytes = {}};
+    stand.Status = store.ReadAll(stand.Path, stand.Bytes);
+    return stand;
+}
 
-void Zuruecknehmen(const FileStore& store, const NeueDatei& file, const Stand& before) {
+void Datei_Zuruecknehmen(const FileStore& store, const Dateistand& before) {
     if (before.Status == ReadStatus::Missing) {
-        store.Remove(file.Path);
-    } else {
-        store.Replace(file.Path, before.Bytes);
+        store.Remove(before.Path);
+    } else if (before.Status == ReadStatus::Ok) {
+        store.Replace(before.Path, before.Bytes);
     }
 }
 
-} // namespace
-
 bool Dateien_Ersetzen(const FileStore& store, std::span<const NeueDatei> files) {
-    std::vector<Stand> before;
+    std::vector<Dateistand> before;
+    before.reserve(files.size());
     for (const NeueDatei& file : files) {
-        Stand& stand = before.emplace_back();
-        stand.Status = store.ReadAll(file.Path, stand.Bytes);
-        if (stand.Status == ReadStatus::Error) {
+        before.push_back(Datei_Merken(store, file.Path));
+        if (before.back().Status == ReadStatus::Error) {
             return false;
         }
     }
@@ -35,8 +34,7 @@ bool Dateien_Ersetzen(const FileStore& store, std::span<const NeueDatei> files) 
             continue;
         }
         while (n > 0) {
-            --n;
-            Zuruecknehmen(store, files[n], before[n]);
+            Datei_Zuruecknehmen(store, before[--n]);
         }
         return false;
     }

@@ -7,6 +7,16 @@
 
 namespace qvm {
 
+/// What a file held, to put it back.
+struct Dateistand {
+    std::string Path;
+    ReadStatus Status = ReadStatus::Missing; ///< Error: it could not be read, and nothing can be put back
+    std::string Bytes;
+};
+Dateistand Datei_Merken(const FileStore& store, std::string path);
+/// The file as it was; one that was not there is removed. As far as the disk takes it.
+void Datei_Zuruecknehmen(const FileStore& store, const Dateistand& before);
+
 /// What a file is to hold.
 struct NeueDatei {
     std::string Path, Bytes;

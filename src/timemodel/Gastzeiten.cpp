@@ -33,12 +33,12 @@ std::string Offsetsatz(std::string_view name, std::string_view time, std::string
     return record;
 }
 
-/// The lines of a text file; none when it is missing. False on a file error.
-bool Zeilen_Laden(const Kern& kern, std::string_view file, std::vector<std::string>& lines) {
+/// The lines of a text file; none when it is missing or cannot be read.
+ReadStatus Zeilen_Laden(const Kern& kern, std::string_view file, std::vector<std::string>& lines) {
     std::string bytes;
     const ReadStatus status = kern.Welt.Files.ReadAll(kern.DatPfad() + std::string(file), bytes);
     lines = Zeilen_Lesen(bytes);
-    return status != ReadStatus::Error;
+    return status;
 }
 
 std::string_view Gekuerzte_Zeile(const std::vector<std::string>& lines, std::size_t index) {
@@ -115,7 +115,7 @@ bool Offsets_Laden(Kern& kern, Grid& grid) {
 bool OffsetSetup_Laden(const Kern& kern, DefaultTimes& times) {
     times = {};
     std::vector<std::string> lines;
-    if (!Zeilen_Laden(kern, SetupFile, lines)) {
+    if (Zeilen_Laden(kern, SetupFile, lines) == ReadStatus::Error) {
         return false;
     }
     Zeit_Uebernehmen(Gekuerzte_Zeile(lines, FirstValue), times.CheckIn);
@@ -125,13 +125,10 @@ bool OffsetSetup_Laden(const Kern& kern, DefaultTimes& times) {
 
 bool Auswahl_Laden(const Kern& kern, GuestSelection& selection) {
     selection = {};
-    const std::string path = kern.DatPfad() + std::string(SelectionFile);
-    std::string bytes;
-    const ReadStatus status = kern.Welt.Files.ReadAll(path, bytes);
-    if (status != ReadStatus::Ok) {
+    std::vector<std::string> lines;
+    if (const ReadStatus status = Zeilen_Laden(kern, SelectionFile, lines); status != ReadStatus::Ok) {
         return status == ReadStatus::Missing;
     }
-    const std::vector<std::string> lines = Zeilen_Lesen(bytes);
     selection.Hotel = Gekuerzte_Zeile(lines, FirstValue) == HotelWord;
     for (std::size_t n = 0; n < selection.Slots.size(); ++n) {
         selection.Slots[n] = Gekuerzte_Zeile(lines, FirstValue + 1 + n) == Selected;

@@ -115,25 +115,23 @@ void F42::F42_Schliessen() {
 // ---- default times and mode
 
 void F42::Text1_KeyPress(int key) {
-    bool done = false;
-    Standardzeit_Taste(Text1, key, done);
-    if (done && Text2.SetFocus) {
+    if (Standardzeit_Taste(Text1, key) && Text2.SetFocus) {
         Text2.SetFocus();
     }
 }
 
 void F42::Text2_KeyPress(int key) {
-    bool done = false;
-    Standardzeit_Taste(Text2, key, done);
+    Standardzeit_Taste(Text2, key);
 }
 
-void F42::Standardzeit_Taste(TextBox& box, int key, bool& done) {
+bool F42::Standardzeit_Taste(TextBox& box, int key) {
     const std::string before = box.Text();
-    done = Zeit_Taste(box, key) == ZeitTaste::Bestaetigt;
+    const ZeitTaste did = Zeit_Taste(box, key);
     if (box.Text() != before) {
         Geaendert = true;
         Stand_Zeigen();
     }
+    return did == ZeitTaste::Bestaetigt;
 }
 
 void F42::Combo1_Click(int entry) {

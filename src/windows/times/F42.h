@@ -114,7 +114,8 @@ private:
     void Aktivieren(int row, int column, int key);
     void Zelle_Schreiben(const std::string& text);
     void Editor_Uebernehmen();
-    void Standardzeit_Taste(TextBox& box, int key, bool& done);
+    /// True when the key ends the entry.
+    bool Standardzeit_Taste(TextBox& box, int key);
     bool Aendern(Word what, const std::function<void()>& change);
     void Schritt_Gehen(std::optional<UndoStep> (GridUndo::*way)(), Word told);
     void Stand_Zeigen();

@@ -4,6 +4,7 @@
 
 #include "Csv.h"
 #include "CsvAusgabe.h"
+#include "Dateisatz.h"
 #include "FileTrouble.h"
 #include "Fragen.h"
 #include "TimeRecords.h"
@@ -133,13 +134,11 @@ bool WeekTimer::Speichern() {
         return false;
     }
     const FileStore& files = kern.Welt.Files;
-    const std::string path = kern.DatPfad() + std::string(TimeSlot::Record.File);
-    std::string before;
-    const ReadStatus status = files.ReadAll(path, before);
-    bool saved = status != ReadStatus::Error && Zeitfenster_Speichern(kern, FGK1, Traits.Slots);
+    const Dateistand before = Datei_Merken(files, kern.DatPfad() + std::string(TimeSlot::Record.File));
+    bool saved = before.Status != ReadStatus::Error && Zeitfenster_Speichern(kern, FGK1, Traits.Slots);
     if (saved && !Traits.Speichern(kern, Gruppen)) {
         saved = false;
-        status == ReadStatus::Ok ? files.Replace(path, before) : files.Remove(path);
+        Datei_Zuruecknehmen(files, before);
     }
     if (!saved) {
         kern.Meldung(Wort(kern, Word::TimersNotSaved), Buttons::Ok, Icon::Exclamation);
