@@ -97,16 +97,13 @@ void F12::F12_Schliessen() {
 bool F12::Aendern(Word what, const std::function<void()>& change) {
     // What is tinted is no part of a step.
     Toenung_Loeschen();
-    Verlauf.Begin(what);
-    change();
-    if (!Verlauf.End()) {
+    if (!Schritt_Tun(kern, Verlauf, what, change, F12_Undo, F12_Redo)) {
         return false;
     }
     Tabelle.LockDirty = true;
     Hinweis.Text = std::string();
     Doppelte_Suchen();
     Stand_Zeigen();
-    Schritte_Zeigen(kern, Verlauf, F12_Undo, F12_Redo);
     return true;
 }
 

@@ -211,14 +211,11 @@ void F20::Schliessen() {
 }
 
 bool F20::Aendern(Word what, const std::function<void()>& change) {
-    Verlauf.Begin(what);
-    change();
-    const bool changed = Verlauf.End();
-    if (changed) {
-        Hinweis.Text = std::string();
-        Schritte_Zeigen(kern, Verlauf, F20_Undo, F20_Redo);
+    if (!Schritt_Tun(kern, Verlauf, what, change, F20_Undo, F20_Redo)) {
+        return false;
     }
-    return changed;
+    Hinweis.Text = std::string();
+    return true;
 }
 
 void F20::F20_Undo_Click() {

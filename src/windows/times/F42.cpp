@@ -289,15 +289,12 @@ void F42::FGK42B_Click(int row, int column) {
 // ---- steps
 
 bool F42::Aendern(Word what, const std::function<void()>& change) {
-    Verlauf.Begin(what);
-    change();
-    if (!Verlauf.End()) {
+    if (!Schritt_Tun(kern, Verlauf, what, change, Rueckgaengig, Wiederholen)) {
         return false;
     }
     Geaendert = true;
     Hinweis.Text = std::string();
     Stand_Zeigen();
-    Schritte_Zeigen(kern, Verlauf, Rueckgaengig, Wiederholen);
     return true;
 }
 

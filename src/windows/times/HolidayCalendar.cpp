@@ -216,15 +216,12 @@ void HolidayCalendar::Loeschen_Click() {
 // ---- steps
 
 bool HolidayCalendar::Aendern(Word what, const std::function<void()>& change) {
-    Verlauf.Begin(what);
-    change();
-    if (!Verlauf.End()) {
+    if (!Schritt_Tun(kern, Verlauf, what, change, Rueckgaengig, Wiederholen)) {
         return false;
     }
     Geaendert = true;
     Hinweis.Text = std::string();
     Tage_Suchen();
-    Schritte_Zeigen(kern, Verlauf, Rueckgaengig, Wiederholen);
     return true;
 }
 
