@@ -95,6 +95,10 @@ std::optional<int> Uhrzeit_Lesen(std::string_view text) {
     return Zahlwert(hours) * 60 + Zahlwert(minutes);
 }
 
+std::string Uhrzeit_Text(int minutes) {
+    return Ziffern(minutes / 60, 2) + ":" + Ziffern(minutes % 60, 2);
+}
+
 Datum Datum_Plus(const Datum& datum, int days) {
     if (!Datum_Gueltig(datum)) {
         return datum;

@@ -25,6 +25,8 @@ std::string Datum_Text(const Datum& datum);
 std::optional<Datum> Datum_Lesen(std::string_view text);
 /// Minutes since midnight of a time of day "hh:mm", one or two digits each; nothing when the text is none.
 std::optional<int> Uhrzeit_Lesen(std::string_view text);
+/// "hh:mm" of the minutes since midnight, 0 to 1439.
+std::string Uhrzeit_Text(int minutes);
 /// The date `days` later (earlier when negative).
 Datum Datum_Plus(const Datum& datum, int days);
 Datum Heute(const DateTime& now);

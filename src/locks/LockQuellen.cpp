@@ -47,7 +47,7 @@ bool Offsetnamen_Laden(Kern& kern, LockTable& table) {
         entry.Name = offsets.Text(n, GuestOffset::Name);
         entry.Id = offsets.Text(n, GuestOffset::OffsetId);
         if (entry.Id.empty()) { // the identifiers never change, but a first save of the offsets has left them blank
-            entry.Id = "OFST0x0" + Ziffern(n);
+            entry.Id = std::string(GuestOffset::IdPrefix) + Ziffern(n);
         }
     }
     return true;

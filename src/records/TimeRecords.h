@@ -46,6 +46,8 @@ static_assert(sizeof(GapAtField<RecordError(Fields, 21)>) == 1);
 
 /// A named time offset. The identifier is fixed for the life of the file.
 namespace GuestOffset {
+/// With the number of its record behind it, what an offset is called for ever.
+inline constexpr std::string_view IdPrefix = "OFST0x0";
 inline constexpr RecordField Name{"Name", 0, 20}, Time{"Time", 20, 5}, Base{"Base", 25, 5}, OffsetId{"OffsetId", 30, 8};
 inline constexpr std::array Fields{Name, Time, Base, OffsetId};
 inline constexpr RecordLayout Record{"GuestOffset", "T4OFFSETGST.FST", 38, 1, 4, Fields, 4};

@@ -87,7 +87,7 @@ bool Offsetdatei(const Kern& kern, const Grid& grid, NeueDatei& file) {
 } // namespace
 
 std::string OffsetId_Von(int record) {
-    return "OFST0x0" + Ziffern(record);
+    return std::string(GuestOffset::IdPrefix) + Ziffern(record);
 }
 
 bool Offsets_Laden(Kern& kern, Grid& grid) {

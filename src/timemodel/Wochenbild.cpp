@@ -16,11 +16,6 @@ namespace {
 constexpr int MinutesOfHour = 60;
 constexpr std::string_view Between = " - ";
 
-std::string Uhrzeit_Text(int minute) {
-    const auto two = [](int number) { return (number < 10 ? "0" : "") + Ziffern(number); };
-    return two(minute / MinutesOfHour) + ":" + two(minute % MinutesOfHour);
-}
-
 std::string Spanne_Text(const WeekSlot& slot) {
     return Uhrzeit_Text(slot.From) + std::string(Between) + Uhrzeit_Text(slot.To);
 }

@@ -13,11 +13,6 @@ std::string Tag_Wort(int selector) {
                : "?";
 }
 
-std::string Uhrzeit_Text(int minutes) {
-    const auto two = [](int value) { return (value < 10 ? "0" : "") + std::to_string(value); };
-    return two(minutes / HourMinutes) + ":" + two(minutes % HourMinutes);
-}
-
 std::string Slot_Text(const TimerRow& row) {
     if (row[0] == 0) {
         return Tag_Wort(0);

@@ -10,8 +10,6 @@ namespace qvm {
 
 /// "off", "Mon" to "Sun", "Mon-Fri", "Sat-Sun", "Mon-Sun" for a selector 0 to 10; "?" outside.
 std::string Tag_Wort(int selector);
-/// "hh:mm" of the minutes since midnight.
-std::string Uhrzeit_Text(int minutes);
 /// "Mon-Fri 08:00-17:00", or "off".
 std::string Slot_Text(const TimerRow& row);
 /// "Mon 23.11.2026".

@@ -148,7 +148,7 @@ void Offsets_Pruefen(CheckStand& stand) {
         Zeit_Pruefen(stand, offsets, record, GuestOffset::Time);
         Zeit_Pruefen(stand, offsets, record, GuestOffset::Base);
         const std::string id = stand.Text(offsets, record, GuestOffset::OffsetId);
-        if (!id.empty() && id != "OFST0x0" + std::to_string(record)) {
+        if (!id.empty() && id != std::string(GuestOffset::IdPrefix) + std::to_string(record)) {
             stand.Melden(FindingKind::Range, offsets, record, GuestOffset::OffsetId.Name,
                          Zitat(id) + " is not the identifier of offset " + std::to_string(record));
         }

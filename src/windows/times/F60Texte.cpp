@@ -6,16 +6,12 @@
 namespace qvm {
 namespace {
 
-constexpr int DaysOfWeek = 7;
-
 std::int64_t Tageszahl(const Datum& day) {
     return Tage_Seit_2000({.Year = day.Year, .Month = day.Month, .Day = day.Day});
 }
 
 std::string Tag_Mit_Wochentag(const Kern& kern, const Datum& day) {
-    constexpr int firstDay = 5; // 01.01.2000 was a Saturday
-    const auto index = static_cast<int>(((Tageszahl(day) + firstDay) % DaysOfWeek + DaysOfWeek) % DaysOfWeek);
-    return Wochentag_Text(kern, index + 1) + ", " + Datum_Text(day);
+    return Wochentag_Text(kern, Wochentag(day)) + ", " + Datum_Text(day);
 }
 
 /// A day and a time as a card has them; empty when they are none.
@@ -28,7 +24,7 @@ std::string Kartenmoment(const std::vector<std::uint8_t>& bytes, std::size_t at)
     const Datum day{.Year = century + bytes[at + 2], .Month = bytes[at + 1], .Day = bytes[at]};
     const int hour = bytes[at + 3], minute = bytes[at + 4];
     return Datum_Gueltig(day) && hour < hours && minute < minutes
-               ? Datum_Text(day) + " " + Ziffern(hour, 2) + ":" + Ziffern(minute, 2)
+               ? Datum_Text(day) + " " + Uhrzeit_Text(hour * minutes + minute)
                : std::string();
 }
 
