@@ -8,6 +8,7 @@
 #include "OverlayEditor.h"
 #include "OverlayList.h"
 #include "Pictures.h"
+#include "StatusLine.h"
 #include "TextEdge.h"
 #include "Theme.h"
 
@@ -145,17 +146,10 @@ void F12Window::popUp(F12Menu which) {
 }
 
 QLayout* F12Window::makeStatusLine() {
-    auto* line = new QHBoxLayout;
-    line->setSpacing(18);
-    const auto add = [this, line](Label& model, const char* name, int stretch) {
-        auto* label = new ElidedLabel(this);
-        bind(model, label, QLatin1String(name));
-        line->addWidget(label, stretch);
-        return label;
-    };
-    add(f12_.Schlosszahl, "F12.Schlosszahl", 0)->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
-    add(f12_.Doppelt, "F12.Doppelt", 1);
-    add(f12_.Hinweis, "F12.Hinweis", 1)->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    auto* line = new StatusLine(this);
+    line->addShort(f12_.Schlosszahl, QStringLiteral("F12.Schlosszahl"));
+    line->addLong(f12_.Doppelt, QStringLiteral("F12.Doppelt"));
+    line->addLong(f12_.Hinweis, QStringLiteral("F12.Hinweis"))->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     return line;
 }
 

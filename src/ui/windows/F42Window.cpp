@@ -1,13 +1,14 @@
 #include "F42Window.h"
 
-#include "ElidedLabel.h"
 #include "GridMenu.h"
 #include "GridView.h"
 #include "KeyEdit.h"
 #include "Mnemonics.h"
 #include "OverlayEditor.h"
 #include "OverlayList.h"
+#include "StatusLine.h"
 #include "TextEdge.h"
+#include "TimeBox.h"
 #include "WeekPicture.h"
 
 #include <QComboBox>
@@ -19,9 +20,7 @@
 #include <QToolBar>
 #include <QVBoxLayout>
 
-#include <functional>
 #include <string>
-#include <utility>
 
 namespace qvm::ui {
 namespace {
@@ -88,28 +87,14 @@ void F42Window::makeToolBar() {
 QWidget* F42Window::makeTimes() {
     QGroupBox* group = captionedFrame(f42_.Frame1, QStringLiteral("F42.Frame1"), this);
     auto* row = new QHBoxLayout(group);
-    addTime(*row, f42_.Text1, [this](int key) { f42_.Text1_KeyPress(key); });
+    const auto name = [](const char* control) { return QStringLiteral("F42.") + QLatin1String(control); };
+    addTimeBox(*row, group, {f42_.Label2, f42_.Text1, f42_.Label4}, {name("Label2"), name("Text1"), name("Label4")},
+               [this](int key) { f42_.Text1_KeyPress(key); });
     row->addSpacing(24);
-    addTime(*row, f42_.Text2, [this](int key) { f42_.Text2_KeyPress(key); });
+    addTimeBox(*row, group, {f42_.Label3, f42_.Text2, f42_.Label5}, {name("Label3"), name("Text2"), name("Label5")},
+               [this](int key) { f42_.Text2_KeyPress(key); });
     row->addStretch();
     return group;
-}
-
-void F42Window::addTime(QHBoxLayout& row, TextBox& box, std::function<void(int key)> onKey) {
-    const bool first = &box == &f42_.Text1;
-    auto* caption = new QLabel(this);
-    bind(first ? f42_.Label2 : f42_.Label3, caption,
-         first ? QStringLiteral("F42.Label2") : QStringLiteral("F42.Label3"));
-    auto* edit = new KeyEdit(box, first ? QStringLiteral("F42.Text1") : QStringLiteral("F42.Text2"), this);
-    edit->onKey = std::move(onKey);
-    edit->holdsTime = true;
-    edit->setFixedWidth(edit->fontMetrics().horizontalAdvance(QStringLiteral("00:00")) + 24);
-    caption->setBuddy(edit);
-    auto* form = new QLabel(this);
-    bind(first ? f42_.Label4 : f42_.Label5, form, first ? QStringLiteral("F42.Label4") : QStringLiteral("F42.Label5"));
-    row.addWidget(caption);
-    row.addWidget(edit);
-    row.addWidget(form);
 }
 
 void F42Window::makeOffsets() {
@@ -177,15 +162,9 @@ QWidget* F42Window::makeSlots() {
 }
 
 QLayout* F42Window::makeStatusLine() {
-    auto* line = new QHBoxLayout;
-    line->setSpacing(18);
-    auto* lost = new ElidedLabel(this);
-    bind(f42_.Mangel, lost, QStringLiteral("F42.Mangel"));
-    line->addWidget(lost, 1);
-    auto* told = new ElidedLabel(this);
-    bind(f42_.Hinweis, told, QStringLiteral("F42.Hinweis"));
-    told->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
-    line->addWidget(told);
+    auto* line = new StatusLine(this);
+    line->addLong(f42_.Mangel, QStringLiteral("F42.Mangel"));
+    line->addShort(f42_.Hinweis, QStringLiteral("F42.Hinweis"));
     return line;
 }
 

@@ -3,7 +3,6 @@
 #include "F42.h"
 #include "WindowBase.h"
 
-class QHBoxLayout;
 class QMenu;
 
 namespace qvm::ui {
@@ -24,8 +23,6 @@ public:
 private:
     void makeToolBar();
     QWidget* makeTimes();
-    /// A default time with its caption and its form, "hh:mm".
-    void addTime(QHBoxLayout& row, TextBox& box, std::function<void(int key)> onKey);
     void makeOffsets();
     void makeEditors();
     void makeMenu();

@@ -7,6 +7,7 @@
 #include "OverlayEditor.h"
 #include "OverlayList.h"
 #include "Pictures.h"
+#include "StatusLine.h"
 #include "TextEdge.h"
 #include "Theme.h"
 
@@ -197,20 +198,11 @@ void F5Window::makeFingerMenu() {
 }
 
 QLayout* F5Window::makeStatusLine() {
-    auto* line = new QHBoxLayout;
-    line->setSpacing(18);
-    const auto add = [this, line](Label& model, const char* name, int stretch) {
-        auto* label = new ElidedLabel(this);
-        bind(model, label, QLatin1String(name));
-        line->addWidget(label, stretch);
-        return label;
-    };
-    for (const auto& [model, name] :
-         {std::pair{&f5_.Benutzerzahl, "F5.Benutzerzahl"}, std::pair{&f5_.Benutzermarken, "F5.Benutzermarken"},
-          std::pair{&f5_.Schlossmarken, "F5.Schlossmarken"}}) {
-        add(*model, name, 0)->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
-    }
-    add(f5_.Hinweis, "F5.Hinweis", 1)->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    auto* line = new StatusLine(this);
+    line->addShort(f5_.Benutzerzahl, QStringLiteral("F5.Benutzerzahl"));
+    line->addShort(f5_.Benutzermarken, QStringLiteral("F5.Benutzermarken"));
+    line->addShort(f5_.Schlossmarken, QStringLiteral("F5.Schlossmarken"));
+    line->addLong(f5_.Hinweis, QStringLiteral("F5.Hinweis"))->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     return line;
 }
 

@@ -5,7 +5,9 @@
 #include "KeyEdit.h"
 #include "ListenTimeBox.h"
 #include "MonthView.h"
+#include "StatusLine.h"
 #include "TextEdge.h"
+#include "TimeBox.h"
 
 #include <QComboBox>
 #include <QGridLayout>
@@ -18,7 +20,6 @@
 #include <QVBoxLayout>
 
 #include <string>
-#include <utility>
 
 namespace qvm::ui {
 namespace {
@@ -126,28 +127,14 @@ QLayout* F60Window::makeSide() {
     return side;
 }
 
-void F60Window::addTime(QHBoxLayout* row, QWidget* parent, int number, std::function<void(int key)> onKey) {
-    const bool first = number == 1;
-    auto* caption = new QLabel(parent);
-    bind(first ? f60_.Label2 : f60_.Label3, caption, ofF60(first ? "Label2" : "Label3"));
-    auto* edit = new KeyEdit(first ? f60_.Text1 : f60_.Text2, ofF60(first ? "Text1" : "Text2"), parent);
-    edit->onKey = std::move(onKey);
-    edit->holdsTime = true;
-    edit->setFixedWidth(edit->fontMetrics().horizontalAdvance(QStringLiteral("00:00")) + 24);
-    caption->setBuddy(edit);
-    auto* form = new QLabel(parent);
-    bind(first ? f60_.Label4 : f60_.Label5, form, ofF60(first ? "Label4" : "Label5"));
-    row->addWidget(caption);
-    row->addWidget(edit);
-    row->addWidget(form);
-}
-
 QWidget* F60Window::makeTimes() {
     QGroupBox* group = captionedFrame(f60_.Frame1, ofF60("Frame1"), this);
     auto* row = new QHBoxLayout(group);
-    addTime(row, group, 1, [this](int key) { f60_.Text1_KeyPress(key); });
+    addTimeBox(*row, group, {f60_.Label2, f60_.Text1, f60_.Label4}, {ofF60("Label2"), ofF60("Text1"), ofF60("Label4")},
+               [this](int key) { f60_.Text1_KeyPress(key); });
     row->addSpacing(16);
-    addTime(row, group, 2, [this](int key) { f60_.Text2_KeyPress(key); });
+    addTimeBox(*row, group, {f60_.Label3, f60_.Text2, f60_.Label5}, {ofF60("Label3"), ofF60("Text2"), ofF60("Label5")},
+               [this](int key) { f60_.Text2_KeyPress(key); });
     row->addStretch();
     return group;
 }
@@ -228,17 +215,10 @@ QLayout* F60Window::makeKeys() {
 }
 
 QLayout* F60Window::makeStatusLine() {
-    auto* line = new QHBoxLayout;
-    line->setSpacing(18);
-    const auto add = [this, line](Label& model, const char* name, int stretch) {
-        auto* label = new ElidedLabel(this);
-        bind(model, label, ofF60(name));
-        line->addWidget(label, stretch);
-        return label;
-    };
-    add(f60_.Markiert, "Markiert", 0)->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
-    add(f60_.Mangel, "Mangel", 1);
-    add(f60_.Hinweis, "Hinweis", 0)->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
+    auto* line = new StatusLine(this);
+    line->addShort(f60_.Markiert, ofF60("Markiert"));
+    line->addLong(f60_.Mangel, ofF60("Mangel"));
+    line->addShort(f60_.Hinweis, ofF60("Hinweis"));
     return line;
 }
 

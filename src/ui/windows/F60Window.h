@@ -3,10 +3,7 @@
 #include "F60.h"
 #include "WindowBase.h"
 
-#include <functional>
-
 class QGridLayout;
-class QHBoxLayout;
 
 namespace qvm::ui {
 
@@ -31,7 +28,6 @@ private:
     QLayout* makeGroup();
     QLayout* makeKeys();
     QLayout* makeStatusLine();
-    void addTime(QHBoxLayout* row, QWidget* parent, int number, std::function<void(int key)> onKey);
     MonthView* addMonth(QGridLayout* grid, QWidget* parent, int column);
 
     F60& f60_;

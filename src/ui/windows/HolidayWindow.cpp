@@ -6,6 +6,7 @@
 #include "Mnemonics.h"
 #include "OverlayList.h"
 #include "OverlayMonth.h"
+#include "StatusLine.h"
 #include "TextEdge.h"
 #include "Theme.h"
 #include "YearStrip.h"
@@ -155,17 +156,10 @@ QLayout* HolidayWindow::makeYear() {
 }
 
 QLayout* HolidayWindow::makeStatusLine() {
-    auto* line = new QHBoxLayout;
-    line->setSpacing(18);
-    const auto add = [this, line](Label& model, const char* name, int stretch) {
-        auto* label = new ElidedLabel(this);
-        bind(model, label, named(name));
-        line->addWidget(label, stretch);
-        return label;
-    };
-    add(calendar_.Belegung, "Belegung", 0)->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
-    add(calendar_.Mangel, "Mangel", 1);
-    add(calendar_.Hinweis, "Hinweis", 0)->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
+    auto* line = new StatusLine(this);
+    line->addShort(calendar_.Belegung, named("Belegung"));
+    line->addLong(calendar_.Mangel, named("Mangel"));
+    line->addShort(calendar_.Hinweis, named("Hinweis"));
     return line;
 }
 

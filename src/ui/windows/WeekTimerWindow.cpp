@@ -1,12 +1,12 @@
 #include "WeekTimerWindow.h"
 
-#include "ElidedLabel.h"
 #include "GridMenu.h"
 #include "GridView.h"
 #include "Mnemonics.h"
 #include "OverlayChecks.h"
 #include "OverlayEditor.h"
 #include "OverlayList.h"
+#include "StatusLine.h"
 #include "TextEdge.h"
 #include "WeekPicture.h"
 
@@ -197,17 +197,10 @@ void WeekTimerWindow::makeMenus() {
 }
 
 QLayout* WeekTimerWindow::makeStatusLine() {
-    auto* line = new QHBoxLayout;
-    line->setSpacing(18);
-    const auto add = [this, line](Label& model, std::string_view name, int stretch) {
-        auto* label = new ElidedLabel(this);
-        bind(model, label, named(name));
-        line->addWidget(label, stretch);
-        return label;
-    };
-    add(timer_.Belegung, "Belegung", 0)->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
-    add(timer_.Verwendung, "Verwendung", 1);
-    add(timer_.Hinweis, "Hinweis", 0)->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
+    auto* line = new StatusLine(this);
+    line->addShort(timer_.Belegung, named("Belegung"));
+    line->addLong(timer_.Verwendung, named("Verwendung"));
+    line->addShort(timer_.Hinweis, named("Hinweis"));
     return line;
 }
 
