@@ -25,16 +25,17 @@ class FarEnd:
         """Runs beside the test until `over`. This far end is silent."""
 
     def hang_up(self):
-        """The far end is closed, as of an adapter that was switched off. Its link stays and leads nowhere."""
+        """The far end is closed, as of an adapter that was switched off. Its link stays and leads nowhere: while the near
+        end is open here, nobody else is given the terminal's number, as another test's virtual adapter might be."""
         self.over.set()
         self.sender.join()
-        for end in (self.far, self.near):
-            os.close(end)
-        self.far = self.near = None
+        os.close(self.far)
+        self.far = None
 
     def __exit__(self, *_):
         if self.far is not None:
             self.hang_up()
+        os.close(self.near)
         os.unlink(self.link)
 
 
