@@ -14,7 +14,13 @@ constexpr std::size_t PlainValues = 4;
 
 /// A decimal byte with blanks around it; 0 when it is none.
 std::uint8_t Dezimalbyte(std::string_view piece) {
-    piece = Trim(piece);
+    // A template has five hundred of these, with one blank each: taken here they cost half of a general trim.
+    while (piece.ends_with(' ')) {
+        piece.remove_suffix(1);
+    }
+    while (piece.starts_with(' ')) {
+        piece.remove_prefix(1);
+    }
     unsigned value = 0;
     for (const char c : piece) {
         if (c < '0' || c > '9') {
