@@ -9,8 +9,12 @@
 #include "UiFixture.h"
 
 #include <QComboBox>
+#include <QLabel>
 #include <QPushButton>
+#include <QTableView>
 #include <QTest>
+
+#include <utility>
 
 namespace qvm::test {
 namespace {
@@ -58,6 +62,24 @@ TEST_F(F60_Window, marks_a_door_by_the_mouse_and_by_the_keyboard) {
     EXPECT_EQ(Model().FGK60.Text(3, CardColumn::Mark), "P");
     Press(Qt::Key_Return);
     EXPECT_EQ(Model().FGK60.Text(3, CardColumn::Mark), "");
+}
+
+TEST_F(F60_Window, tells_the_two_months_apart) {
+    Open();
+    for (const auto& [month, caption] : {std::pair{"MV1", "Label6"}, {"MV2", "Label7"}}) {
+        EXPECT_EQ(Part<ui::MonthView>(month)->accessibleName(), Part<QLabel>(caption)->text());
+        EXPECT_EQ(Part<ui::MonthView>(month)->findChild<QTableView*>()->accessibleName(),
+                  Part<QLabel>(caption)->text());
+    }
+    EXPECT_NE(Part<QLabel>("Label6")->text(), Part<QLabel>("Label7")->text());
+}
+
+TEST_F(F60_Window, two_clicks_make_a_door_permanent_however_soon_they_follow) {
+    Open();
+    DoubleClickCell(*grid, 3, CardColumn::Mark);
+    EXPECT_EQ(Model().FGK60.Text(3, CardColumn::Mark), "P");
+    ClickCell(*grid, 3, CardColumn::Mark, Qt::RightButton);
+    EXPECT_EQ(Model().FGK60.Text(3, CardColumn::Mark), "P");
 }
 
 TEST_F(F60_Window, a_day_that_is_picked_leads_to_the_key_that_writes) {

@@ -104,9 +104,20 @@ void MonthView::setLanguage(std::string_view sprache) {
     namePart("qt_calendar_monthbutton", word(Word::Month, sprache));
     namePart("qt_calendar_yearbutton", word(Word::Year, sprache));
     namePart("qt_calendar_yearedit", word(Word::Year, sprache));
-    if (auto* days = findChild<QWidget*>(QStringLiteral("qt_calendar_calendarview"))) {
+    if (QWidget* days = daysPart()) {
         days->setAccessibleName(word(Word::Days, sprache));
     }
+}
+
+void MonthView::setCaption(const QString& caption) {
+    setAccessibleName(caption);
+    if (QWidget* days = daysPart()) {
+        days->setAccessibleName(caption);
+    }
+}
+
+QWidget* MonthView::daysPart() const {
+    return findChild<QWidget*>(QStringLiteral("qt_calendar_calendarview"));
 }
 
 void MonthView::setDay(const Datum& day) {

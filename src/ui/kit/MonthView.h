@@ -18,6 +18,9 @@ public:
 
     /// One of the four names that the configuration knows; any other counts as German.
     void setLanguage(std::string_view sprache);
+    /// What its day is for, where several stand in a window. Said at the days too, which have the keyboard. To be set
+    /// behind the language.
+    void setCaption(const QString& caption);
     void setDay(const Datum& day);
     Datum day() const;
     /// The first and the last day that can be picked.
@@ -43,6 +46,7 @@ private:
     void dress();
     void dressArrow(const char* part, const char* drawing);
     void namePart(const char* part, const QString& name);
+    QWidget* daysPart() const;
 };
 
 } // namespace qvm::ui

@@ -73,11 +73,11 @@ F60Window::F60Window(F60& model, QWidget* main)
 
 void F60Window::setWords() {
     doors_->setAccessibleName(toQt(f60_.Label1.Text()));
-    months_[0]->setAccessibleName(toQt(f60_.Label6.Text()));
-    months_[1]->setAccessibleName(toQt(f60_.Label7.Text()));
     for (MonthView* month : months_) {
         month->setLanguage(f60_.kern.Config.Sprache);
     }
+    months_[0]->setCaption(toQt(f60_.Label6.Text()));
+    months_[1]->setCaption(toQt(f60_.Label7.Text()));
     findChild<KeyEdit*>(ofF60("Text1"))->setAccessibleName(toQt(f60_.Label2.Text()));
     findChild<KeyEdit*>(ofF60("Text2"))->setAccessibleName(toQt(f60_.Label3.Text()));
     findChild<KeyEdit*>(ofF60("Text3"))->setAccessibleName(toQt(f60_.Command1.Text()));
@@ -109,7 +109,12 @@ QLayout* F60Window::makeDoors() {
     doors_->setColumns(columnWidths(f60_.FGK60, F60::Breite), CardColumn::Name);
     doors_->setMinimumWidth(LeastGridWidth);
     doors_->setBlocks(f60_.Auswahl);
-    doors_->onClick = [this](int row, int column) { f60_.FGK60_Click(row, column); };
+    // A click on a mark goes on by one however soon it follows another: no double click takes it away.
+    doors_->onMouseUp = [this](MouseButton button, int row, int column) {
+        if (button == MouseButton::Left) {
+            f60_.FGK60_Click(row, column);
+        }
+    };
     doors_->onKey = [this](int key) { f60_.FGK60_KeyPress(key); };
     doors_->onSpace = [this] { f60_.FGK60_KeyPress(' '); };
     auto* lines = new QVBoxLayout;
