@@ -14,7 +14,9 @@ import time
 import unittest
 
 from calendars import CalendarTests
+from clocks import ClockTests
 from datafiles import without_zeros
+from guests import GuestTests
 from installation import CODE, Installation
 from kills import KillTests
 from lines import LineTests
@@ -32,7 +34,8 @@ CLOCK = ("month", "day", "hour", "minute", "second")
 BUILD = ""
 
 
-class Desktop(CalendarTests, LineTests, LockTests, UserTests, WayTests, KillTests, unittest.TestCase):
+class Desktop(CalendarTests, ClockTests, GuestTests, LineTests, LockTests, UserTests, WayTests, KillTests,
+              unittest.TestCase):
     maxDiff = None
 
     def setUp(self):
@@ -47,8 +50,10 @@ class Desktop(CalendarTests, LineTests, LockTests, UserTests, WayTests, KillTest
         self.program = Program(self.process.pid)
 
     def light(self, words):
-        """Waits until the link light has this state."""
+        """Waits until the link light has this state. It is green before the search is over, during which nothing opens."""
         self.program.wait(LABEL, words)
+        if words == "Ready":
+            self.program.wait(BUTTON, r"Adapter: .+ \(.+\).*")
 
     def cell(self, row, column):
         """A cell of the lock window's grid, rows counted from 1, columns from 0."""

@@ -1,10 +1,13 @@
 """An operator without a mouse."""
+import time
 from datetime import date
 
-from screen import Atspi, has_state, key, typed, wait_for
+from screen import Atspi, has_state, key, tell, typed, wait_for
 
 BUTTON, MENU_ENTRY, PASSWORD = Atspi.Role.PUSH_BUTTON, Atspi.Role.MENU_ITEM, Atspi.Role.PASSWORD_TEXT
 FOCUSED, TABLE, COMBO = Atspi.StateType.FOCUSED, Atspi.Role.TABLE, Atspi.Role.COMBO_BOX
+TEXT, PANEL, CHECKED = Atspi.Role.TEXT, Atspi.Role.PANEL, Atspi.StateType.CHECKED
+MOVE = 5  # seconds that the keyboard may take from one control to another
 
 
 class KeyboardHand:
@@ -20,13 +23,24 @@ class KeyboardHand:
         """Goes from control to control until the one of this name has the keyboard, backwards where there is a table,
         whose own key Tab is."""
         step = "Tab" if self.program.find(TABLE, ".+") is None else "shift+Tab"
+        here = wait_for("a control with the keyboard", self.program.focused)
         for _ in range(30):
-            before = wait_for("a control with the keyboard", self.program.focused_name)
-            if before == name:
+            if here[1] == name:
                 return
             key(step)
-            wait_for("the keyboard moves on", lambda: self.program.focused_name() not in ("", before))
+            here = self.behind(here)
         raise AssertionError(f"{step} never comes to {name}\n{self.program.describe()}")
+
+    def behind(self, before):
+        """The control that has the keyboard after a key that moves it on. That is the one before when a window has moved
+        it, too, just then."""
+        limit = time.monotonic() + MOVE
+        while time.monotonic() < limit:
+            now = self.program.focused()
+            if now not in (None, before):
+                return now
+            time.sleep(0.03)
+        return wait_for("a control with the keyboard", self.program.focused)
 
     def go_to(self, table, row, column):
         self.reach(table)
@@ -84,14 +98,49 @@ class KeyboardHand:
         """A cell that opens something over the table."""
         self.step(table, row, column)
 
+    def take_row(self, table, number):
+        """An entry of the list that is open over the table, counted from 0."""
+        wait_for("the list", lambda: self.program.over(table))
+        key(*["Down"] * number, "Return")
+
+    def check_rows(self, table, numbers):
+        """Entries of the list of boxes that is open over the table, counted from 1, in their order."""
+        entries = wait_for("the list", lambda: self.program.over(table))
+        at = 1
+        for number in numbers:
+            key(*["Down"] * (number - at), "space")
+            at = number
+            entry = tell(entries, lambda node, n=number: node.get_child_at_index(n - 1))
+            wait_for("the box is checked", lambda of=entry: has_state(of, CHECKED))
+        key("Return")
+
     def pick_day(self, table, day):
         """Of the month that is open over the table, which stands at today: a day that follows."""
         wait_for("the month", lambda: self.program.over(table))
+        self.pick_in_month(day)
+
+    def pick_date(self, name, day):
+        """The same of a month that stands in the window."""
+        self.program.wait(PANEL, name)
+        self.reach(name)
+        self.pick_in_month(day)
+
+    @staticmethod
+    def pick_in_month(day):
         weeks, days = divmod((day - date.today()).days, 7)
         key(*["Down"] * weeks, *["Right"] * days)
         key("Return")
 
+    def set_time(self, name, words):
+        """Into a box that shows a time."""
+        self.program.wait(TEXT, name)
+        self.reach(name)
+        key("Home")
+        typed(words)
+
     def fill(self, name, words):
-        self.program.wait(PASSWORD, name)
+        box = self.program.wait(PASSWORD, name)
         self.reach(name)
         typed(words)
+        # The last digit may lead on by itself.
+        wait_for("all is typed", lambda: tell(box, Atspi.Text.get_character_count) == len(words))

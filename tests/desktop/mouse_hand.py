@@ -1,9 +1,11 @@
 """An operator with the mouse. Only the texts of editors are typed, once a click has opened them."""
-from screen import Atspi, children, click_at, double_click_at, middle, name_of, typed, wait_for, walk
+from screen import (Atspi, box_of, children, click_at, double_click_at, has_state, middle, name_of, start_of, tell, typed,
+                    wait_for, walk, wheel_down_at)
 
 NUMBER = 0  # column
 BUTTON, TABLE, COMBO = Atspi.Role.PUSH_BUTTON, Atspi.Role.TABLE, Atspi.Role.COMBO_BOX
 MENU_ENTRY, PASSWORD = Atspi.Role.MENU_ITEM, Atspi.Role.PASSWORD_TEXT
+TEXT, PANEL, CHECKED = Atspi.Role.TEXT, Atspi.Role.PANEL, Atspi.StateType.CHECKED
 
 
 class MouseHand:
@@ -51,16 +53,47 @@ class MouseHand:
         """A cell that opens something over the table."""
         double_click_at(*middle(self.program.cell(table, row, column)))
 
+    def take_row(self, table, number):
+        """An entry of the list that is open over the table, counted from 0. The wheel brings it into sight."""
+        entries = wait_for("the list", lambda: self.program.over(table))
+        entry = tell(entries, lambda node: node.get_child_at_index(number))
+        end = box_of(entries).y + box_of(entries).height
+        for _ in range(number):
+            if box_of(entry).y + box_of(entry).height < end:
+                break
+            wheel_down_at(*middle(entries))
+        click_at(*middle(entry))
+
+    def check_rows(self, table, numbers):
+        """Entries of the list of boxes that is open over the table, counted from 1. A click beside a box confirms."""
+        entries = wait_for("the list", lambda: self.program.over(table))
+        for number in numbers:
+            entry = tell(entries, lambda node, n=number: node.get_child_at_index(n - 1))
+            click_at(*start_of(entry))
+            wait_for("the box is checked", lambda of=entry: has_state(of, CHECKED))
+        click_at(*middle(entry))
+
     def pick_day(self, table, day):
         """Of the month that is open over the table, which stands at today: a day of the month after it. Its number must
         not be in sight a second time, as those of the first and the last days are."""
-        month = wait_for("the month", lambda: self.program.over(table))
+        self.pick_in(wait_for("the month", lambda: self.program.over(table)), day)
+
+    def pick_date(self, name, day):
+        """The same of a month that stands in the window."""
+        self.pick_in(self.program.wait(PANEL, name), day)
+
+    def pick_in(self, month, day):
         click_at(*middle(next(button for button in walk(month, BUTTON) if name_of(button) == "Next month")))
         click_at(*middle(wait_for("the day", lambda: self.day_of(month, str(day.day)))))
 
     @staticmethod
     def day_of(month, number):
         return next((cell for days in walk(month, TABLE) for cell in children(days) if name_of(cell) == number), None)
+
+    def set_time(self, name, words):
+        """Into a box that shows a time."""
+        click_at(*start_of(self.program.wait(TEXT, name)))
+        typed(words)
 
     def fill(self, name, words):
         click_at(*middle(self.program.wait(PASSWORD, name)))

@@ -15,6 +15,9 @@ from gi.repository import Atspi, GLib  # noqa: E402
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 PATIENCE = 60  # seconds that anything may take on a loaded machine
+# Nothing to be looked for is below these: cells are asked for by their place, and the others have nothing below them.
+NOT_ENTERED = (Atspi.Role.TABLE, Atspi.Role.LIST, Atspi.Role.LABEL, Atspi.Role.PUSH_BUTTON, Atspi.Role.TEXT,
+               Atspi.Role.PASSWORD_TEXT)
 
 
 def wait_for(what, probe, seconds=PATIENCE):
@@ -71,6 +74,10 @@ def double_click_at(x, y):
     xdotool("mousemove", str(x), str(y), "click", "--repeat", "2", "--delay", "60", "1")
 
 
+def wheel_down_at(x, y):
+    xdotool("mousemove", str(x), str(y), "click", "5")
+
+
 def drag(start, end):
     """With the left button from one place to another, with a stop between as a hand makes it."""
     between = [(a + b) // 2 for a, b in zip(start, end)]
@@ -121,16 +128,27 @@ def walk(node, role):
         kind = tell(child, lambda n: n.get_role())
         if kind == role:
             found.append(child)
-        if kind not in (Atspi.Role.TABLE, Atspi.Role.LIST):
+        if kind not in NOT_ENTERED:
             found += walk(child, role)
     return found
 
 
-def middle(node):
+def box_of(node):
     box = tell(node, lambda n: n.get_extents(Atspi.CoordType.SCREEN))
     if box is None or box.width <= 0:
         raise AssertionError(f"has no place on the screen: {name_of(node)}")
+    return box
+
+
+def middle(node):
+    box = box_of(node)
     return box.x + box.width // 2, box.y + box.height // 2
+
+
+def start_of(node):
+    """Where its first letter or its check box is."""
+    box = box_of(node)
+    return box.x + min(5, box.width // 2), box.y + box.height // 2
 
 
 class Heard:
@@ -253,17 +271,22 @@ class Program:
         """Clicks the button with the mouse."""
         click_at(*middle(self.wait(role, name)))
 
-    def focused_name(self):
-        """Name of the control that has the keyboard; empty when none of this program has it."""
+    def focused(self):
+        """Role and name of the control that has the keyboard; None when none of this program has it."""
         def seek(node):
             for child in children(node):
+                kind = tell(child, lambda n: n.get_role())
                 if has_state(child, Atspi.StateType.FOCUSED) and name_of(child):
-                    return name_of(child)
-                found = "" if tell(child, lambda n: n.get_role()) == Atspi.Role.TABLE else seek(child)
+                    return kind, name_of(child)
+                found = None if kind in NOT_ENTERED else seek(child)
                 if found:
                     return found
-            return ""
-        return next((seek(window) for window in self.windows() if has_state(window, Atspi.StateType.ACTIVE)), "")
+            return None
+        return next((seek(window) for window in self.windows() if has_state(window, Atspi.StateType.ACTIVE)), None)
+
+    def focused_name(self):
+        """The name alone; empty when there is none."""
+        return (self.focused() or (None, ""))[1]
 
     def has_keyboard(self):
         return any(has_state(window, Atspi.StateType.ACTIVE) for window in self.windows())
