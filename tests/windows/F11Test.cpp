@@ -58,6 +58,16 @@ TEST_F(F11_Laden, gives_the_code_box_the_focus_once_after_500_ms) {
     EXPECT_EQ(focus, 1);
 }
 
+TEST_F(F11_Laden, fetches_nobody_back_who_has_typed_the_code_and_gone_on) {
+    int focus = 0;
+    Dialog().Text1.SetFocus = [&focus] { ++focus; };
+    Open();
+    world.RunFor(300);
+    Type("123456");
+    world.RunFor(2000);
+    EXPECT_EQ(focus, 0);
+}
+
 TEST_F(F11_Laden, gives_no_focus_once_it_is_closed) {
     int focus = 0;
     Dialog().Text1.SetFocus = [&focus] { ++focus; };

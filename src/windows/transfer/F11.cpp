@@ -116,6 +116,7 @@ const AdapterSatz* F11::Gewaehlter_Adapter() const {
 }
 
 void F11::Text1_KeyPress(int key) {
+    Fokus.Stop(); // it has the keyboard, and whoever goes on from it is not to be fetched back
     if (key == Key::Enter) {
         if (code_.Vollstaendig()) {
             OK_Click();
