@@ -30,7 +30,8 @@ void keepRoom(QWidget* widget) {
     widget->setSizePolicy(policy);
 }
 
-void bindHeading(Label& model, QLabel* widget, const QString& name) {
+QLabel* newHeading(Label& model, const QString& name, QWidget* parent) {
+    auto* widget = new QLabel(parent);
     bind(model, widget, name);
     QFont bold = widget->font();
     bold.setBold(true);
@@ -40,6 +41,7 @@ void bindHeading(Label& model, QLabel* widget, const QString& name) {
         widget->setAccessibleName(widget->text());
         widget->setVisible(!model.Text().empty());
     });
+    return widget;
 }
 
 WindowBase::WindowBase(Kern& kern, Window& model, const QString& name, Stand stand, QWidget* owner)
@@ -160,6 +162,16 @@ bool WindowBase::event(QEvent* event) {
 void WindowBase::finish(WindowHandlers handlers, bool remember) {
     setWords();
     bind(model_, this, objectName(), std::move(handlers), remember);
+}
+
+void WindowBase::finish(const std::function<void()>& leave, bool remember) {
+    finish({.onClose = leave, .onEscape = leave}, remember);
+}
+
+void WindowBase::addGrid(QWidget* grid, QLayout* foot) {
+    content_->addWidget(grid, 1);
+    content_->addLayout(foot);
+    setFirst(grid);
 }
 
 void WindowBase::showEvent(QShowEvent* event) {

@@ -21,8 +21,8 @@ namespace qvm::ui {
 /// Lets a widget keep its room while it is hidden, so that nothing jumps when it comes and goes.
 void keepRoom(QWidget* widget);
 
-/// The line that says what a window is about, which stands out; without a text it takes no room.
-void bindHeading(Label& model, QLabel* widget, const QString& name);
+/// The line that says what a window is about, which stands out; without a text it takes no room. The parent's.
+QLabel* newHeading(Label& model, const QString& name, QWidget* parent);
 
 /// What kind of window it is, and where it appears.
 enum class Stand {
@@ -58,6 +58,8 @@ protected:
     QMenuBar* addMenuBar();
     /// Where the window's content goes.
     QVBoxLayout* content() const { return content_; }
+    /// The grid that takes the room and has the keyboard whenever the window appears, and the line below it.
+    void addGrid(QWidget* grid, QLayout* foot);
     /// Buttons side by side at the end of a line.
     static QLayout* buttonRow(std::initializer_list<QWidget*> buttons);
     /// Return presses this button wherever the focus stands, unless the control there wants the key itself. Once it is
@@ -72,6 +74,8 @@ protected:
     void setBeside(QWidget* other) { beside_ = other; }
     /// To be called at the end of the constructor: title, visibility, place. `remember`: place and size.
     void finish(WindowHandlers handlers, bool remember = true);
+    /// The frame's close button and Escape do the same, as in most windows.
+    void finish(const std::function<void()>& leave, bool remember = true);
     bool event(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;

@@ -28,8 +28,7 @@ F11Window::F11Window(F11& f11, QWidget* owner)
     content()->addStretch();
     makeButtons();
     setLeastSize(420);
-    const auto cancel = [this] { f11_.Cancel_Click(); };
-    finish({.onClose = cancel, .onEscape = cancel});
+    finish([this] { f11_.Cancel_Click(); });
 }
 
 void F11Window::setWords() {
@@ -41,9 +40,7 @@ void F11Window::setWords() {
 }
 
 void F11Window::makeCode() {
-    auto* lock = new QLabel(this);
-    bindHeading(f11_.Schloss, lock, QStringLiteral("F11.Schloss"));
-    content()->addWidget(lock);
+    content()->addWidget(newHeading(f11_.Schloss, QStringLiteral("F11.Schloss"), this));
     auto* prompt = new QLabel(this);
     bind(f11_.Prompt, prompt, QStringLiteral("F11.Prompt"));
     auto* code = code_ = new KeyEdit(f11_.Text1, QStringLiteral("F11.Text1"), this);

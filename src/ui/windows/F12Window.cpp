@@ -13,7 +13,6 @@
 #include "Theme.h"
 
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QVBoxLayout>
@@ -24,18 +23,13 @@ F12Window::F12Window(F12& f12, QWidget* main)
     : WindowBase(f12, QStringLiteral("F12"), Stand::InPlaceOfMain, main), f12_(f12) {
     makeMenuBar();
     makeToolBar();
-    auto* heading = new QLabel(this);
-    bindHeading(f12.Label1, heading, QStringLiteral("F12.Label1"));
-    content()->addWidget(heading);
+    content()->addWidget(newHeading(f12.Label1, QStringLiteral("F12.Label1"), this));
     makeGrid();
     makeEditors();
     makeMenus();
-    content()->addWidget(grid_, 1);
-    content()->addLayout(makeStatusLine());
+    addGrid(grid_, makeStatusLine());
     setLeastSize(560, 380);
-    const auto back = [this] { f12_.F12_Schliessen(); };
-    setFirst(grid_);
-    finish({.onClose = back, .onEscape = back});
+    finish([this] { f12_.F12_Schliessen(); });
 }
 
 F12Window::~F12Window() {

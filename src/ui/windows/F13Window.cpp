@@ -33,10 +33,9 @@ F13Window::F13Window(F13& f13, QWidget* main)
     }
     makeFilterBar();
     makeGrid();
-    const auto back = [this] { f13_.Toolbar1_ButtonClick(u8"Zurück"_w); };
     setLeastSize(480, 320);
     grid_->setFocus();
-    finish({.onClose = back, .onEscape = back});
+    finish([this] { f13_.Toolbar1_ButtonClick(u8"Zurück"_w); });
 }
 
 F13Window::~F13Window() {

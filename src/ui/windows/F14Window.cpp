@@ -35,9 +35,8 @@ F14Window::F14Window(F14& model, QWidget* main)
     content()->addLayout(row);
     content()->addStretch();
     setLeastSize(NarrowestWidth);
-    const auto back = [this] { f14_.Toolbar1_ButtonClick(f14_.Toolbar1[0].Key); };
     setFirst(channels_);
-    finish({.onClose = back, .onEscape = back}, false);
+    finish([this] { f14_.Toolbar1_ButtonClick(f14_.Toolbar1[0].Key); }, false);
 }
 
 void F14Window::setWords() {

@@ -32,9 +32,8 @@ F15Window::F15Window(F15& model, QWidget* owner)
     setDefaultButton(ok);
     content()->addLayout(buttonRow({ok, cancel}));
     layout()->setSizeConstraint(QLayout::SetFixedSize);
-    const auto close = [this] { f15_.Cancel_Click(); };
     setFirst(list_);
-    finish({.onClose = close, .onEscape = close}, false);
+    finish([this] { f15_.Cancel_Click(); }, false);
 }
 
 void F15Window::setWords() {

@@ -22,8 +22,7 @@ F16Window::F16Window(F16& f16, QWidget* users)
     makeOptions();
     makeSearch();
     content()->addStretch();
-    const auto back = [this] { f16_.Command2_Click(); };
-    finish({.onClose = back, .onEscape = back});
+    finish([this] { f16_.Command2_Click(); });
 }
 
 void F16Window::makeOptions() {

@@ -14,9 +14,7 @@ F17Window::F17Window(F17& f17, QWidget* owner)
     : WindowBase(f17, QStringLiteral("F17"), Stand::Centred, owner), f17_(f17) {
     content()->setContentsMargins(20, 18, 20, 16);
     content()->setSpacing(12);
-    auto* lock = new QLabel(this);
-    bindHeading(f17.Schloss, lock, QStringLiteral("F17.Schloss"));
-    content()->addWidget(lock);
+    content()->addWidget(newHeading(f17.Schloss, QStringLiteral("F17.Schloss"), this));
     auto* lines = new QGridLayout;
     lines->setColumnStretch(1, 1);
     addCode(lines, f17.Label1, f17.Text1, QStringLiteral("1"), [this](int key) { f17_.Text1_KeyPress(key); });
@@ -26,8 +24,7 @@ F17Window::F17Window(F17& f17, QWidget* owner)
     content()->addStretch();
     makeButtons();
     setLeastSize(380);
-    const auto cancel = [this] { f17_.Command2_Click(); };
-    finish({.onClose = cancel, .onEscape = cancel});
+    finish([this] { f17_.Command2_Click(); });
 }
 
 void F17Window::addCode(QGridLayout* lines, Label& caption, TextBox& code, const QString& number,

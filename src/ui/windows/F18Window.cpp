@@ -5,7 +5,6 @@
 #include "WrappingLabel.h"
 
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
 
@@ -15,8 +14,6 @@ F18Window::F18Window(F18& f18, QWidget* owner, QWidget* list)
     : WindowBase(f18, QStringLiteral("F18"), Stand::Centred, owner), f18_(f18), bar_(new QProgressBar(this)) {
     setBeside(list);
     content()->setContentsMargins(20, 18, 20, 16);
-    auto* lock = new QLabel(this);
-    bindHeading(f18.Schloss, lock, QStringLiteral("F18.Schloss"));
     auto* text = new WrappingLabel(2, this); // so long is what it says of an adapter that is gone
     bind(f18.Text, text, QStringLiteral("F18.Text"));
     bind(f18.Balken, bar_, QStringLiteral("F18.Balken"));
@@ -30,13 +27,13 @@ F18Window::F18Window(F18& f18, QWidget* owner, QWidget* list)
     auto* row = new QHBoxLayout;
     row->addStretch();
     row->addWidget(cancel);
-    content()->addWidget(lock);
+    content()->addWidget(newHeading(f18.Schloss, QStringLiteral("F18.Schloss"), this));
     content()->addWidget(text);
     content()->addWidget(bar_);
     content()->addSpacing(6);
     content()->addLayout(row);
     setLeastSize(380);
-    finish({.onClose = end, .onEscape = end});
+    finish(end);
 }
 
 void F18Window::setWords() {

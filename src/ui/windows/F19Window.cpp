@@ -24,9 +24,8 @@ F19Window::F19Window(F19& f19, QWidget* owner)
     content()->addWidget(times_->group());
     makeBottom();
     setLeastSize(700, 400);
-    const auto cancel = [this] { f19_.Command1_Click(); };
     setFirst(grid_);
-    finish({.onClose = cancel, .onEscape = cancel});
+    finish([this] { f19_.Command1_Click(); });
 }
 
 void F19Window::makeGrid() {

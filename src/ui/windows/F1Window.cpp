@@ -28,9 +28,8 @@ F1Window::F1Window(F1& model, QWidget* owner)
     content()->addLayout(makeButtons());
     content()->setSizeConstraint(QLayout::SetMinimumSize);
     layout()->setSizeConstraint(QLayout::SetFixedSize);
-    const auto close = [this] { f1_.OK_Click(); };
     setFirst(ok_);
-    finish({.onClose = close, .onEscape = close}, false);
+    finish([this] { f1_.OK_Click(); }, false);
 }
 
 QLayout* F1Window::makeHead() {

@@ -28,9 +28,7 @@ F20Window::F20Window(F20& f20, QWidget* locks)
     : WindowBase(f20, QStringLiteral("F20"), Stand::Centred, locks), f20_(f20) {
     content()->setContentsMargins(20, 18, 20, 16);
     content()->setSpacing(12);
-    auto* lock = new QLabel(this);
-    bindHeading(f20.Schloss, lock, QStringLiteral("F20.Schloss"));
-    content()->addWidget(lock);
+    content()->addWidget(newHeading(f20.Schloss, QStringLiteral("F20.Schloss"), this));
     content()->addLayout(makeMode());
     auto* settings = new QHBoxLayout;
     times_.emplace(f20, f20.Frame2, QStringLiteral("F20"), QStringLiteral(".Frame2"), this);
@@ -40,12 +38,9 @@ F20Window::F20Window(F20& f20, QWidget* locks)
     makeGrid();
     makeEditors();
     makeMenus();
-    content()->addWidget(grid_, 1);
-    content()->addLayout(makeBottom());
+    addGrid(grid_, makeBottom());
     setLeastSize(560, 420);
-    const auto cancel = [this] { f20_.Command1_Click(); };
-    setFirst(grid_);
-    finish({.onClose = cancel, .onEscape = cancel});
+    finish([this] { f20_.Command1_Click(); });
 }
 
 F20Window::~F20Window() {

@@ -35,9 +35,7 @@ int wholeHeight(const GridView& grid) {
 F42Window::F42Window(F42& f42, QWidget* main)
     : WindowBase(f42, QStringLiteral("F42"), Stand::InPlaceOfMain, main), f42_(f42) {
     makeToolBar();
-    auto* heading = new QLabel(this);
-    bindHeading(f42_.Label1, heading, QStringLiteral("F42.Label1"));
-    content()->addWidget(heading);
+    content()->addWidget(newHeading(f42_.Label1, QStringLiteral("F42.Label1"), this));
     content()->addWidget(makeTimes());
     makeOffsets();
     makeEditors();
@@ -57,9 +55,8 @@ F42Window::F42Window(F42& f42, QWidget* main)
     content()->addLayout(both, 1);
     content()->addLayout(makeStatusLine());
     setLeastSize(820, 380);
-    const auto back = [this] { f42_.F42_Schliessen(); };
     setFirst(offsets_);
-    finish({.onClose = back, .onEscape = back});
+    finish([this] { f42_.F42_Schliessen(); });
 }
 
 F42Window::~F42Window() {

@@ -31,8 +31,7 @@ F51Window::F51Window(F51& f51, QWidget* users)
     content()->addStretch();
     content()->addLayout(makeButtons());
     setLeastSize(500);
-    const auto leave = [this] { f51_.Command1_Click(); };
-    finish({.onClose = leave, .onEscape = leave});
+    finish([this] { f51_.Command1_Click(); });
 }
 
 void F51Window::setWords() {

@@ -13,7 +13,6 @@
 
 #include <QAction>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QScrollBar>
@@ -33,18 +32,13 @@ F5Window::F5Window(F5& f5, F5Schluessel& keys, F5Finger& fingers, QWidget* main)
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     makeMenuBar();
     makeToolBar();
-    auto* heading = new QLabel(this);
-    bindHeading(f5.Label1, heading, QStringLiteral("F5.Label1"));
-    content()->addWidget(heading);
+    content()->addWidget(newHeading(f5.Label1, QStringLiteral("F5.Label1"), this));
     makeGrid();
     makeEditors();
     makeMenus();
-    content()->addWidget(grid_, 1);
-    content()->addLayout(makeStatusLine());
+    addGrid(grid_, makeStatusLine());
     setLeastSize(560, 380);
-    const auto back = [this] { f5_.F5_Schliessen(); };
-    setFirst(grid_);
-    finish({.onClose = back, .onEscape = back});
+    finish([this] { f5_.F5_Schliessen(); });
 }
 
 F5Window::~F5Window() {

@@ -53,9 +53,7 @@ QString ofF60(const char* control) {
 F60Window::F60Window(F60& model, QWidget* main)
     : WindowBase(model, QStringLiteral("F60"), Stand::InPlaceOfMain, main), f60_(model) {
     makeToolBar();
-    auto* heading = new QLabel(this);
-    bindHeading(f60_.Label1, heading, ofF60("Label1"));
-    content()->addWidget(heading);
+    content()->addWidget(newHeading(f60_.Label1, ofF60("Label1"), this));
     auto* body = new QHBoxLayout;
     body->setSpacing(16);
     body->addLayout(makeDoors(), 1);
@@ -66,9 +64,8 @@ F60Window::F60Window(F60& model, QWidget* main)
     content()->addLayout(body, 1);
     content()->addLayout(makeStatusLine());
     setLeastSize(LeastGridWidth + LeastSideWidth, 400);
-    const auto back = [this] { f60_.Schliessen(); };
     setFirst(doors_);
-    finish({.onClose = back, .onEscape = back});
+    finish([this] { f60_.Schliessen(); });
 }
 
 void F60Window::setWords() {

@@ -40,8 +40,7 @@ F6Window::F6Window(F6& model, QWidget* main)
     content()->addLayout(makeBottomRow());
     setLeastSize(MinimumWidth, MinimumHeight);
     resize(FirstWidth, FirstHeight);
-    const auto back = [this] { pressKey(f6_.Toolbar1[0].Key); };
-    finish({.onClose = back, .onEscape = back});
+    finish([this] { pressKey(f6_.Toolbar1[0].Key); });
 }
 
 void F6Window::makeToolBar() {

@@ -56,10 +56,9 @@ F7Window::F7Window(F7& f7, QWidget* main) : WindowBase(f7, QStringLiteral("F7"),
     makeHits();
     makeStatus();
     makeShortcuts();
-    const auto back = [this] { f7_.Toolbar1_ButtonClick("W95MBX01"); };
     setLeastSize(480, 360);
     grid_->setFocus();
-    finish({.onClose = back, .onEscape = back});
+    finish([this] { f7_.Toolbar1_ButtonClick("W95MBX01"); });
 }
 
 F7Window::~F7Window() {

@@ -25,8 +25,7 @@ F8Window::F8Window(F8& f8, QWidget* owner) : WindowBase(f8, QStringLiteral("F8")
     content()->addWidget(contains);
     makeSearch();
     content()->addStretch();
-    const auto close = [this] { f8_.F8_Schliessen(); };
-    finish({.onClose = close, .onEscape = close});
+    finish([this] { f8_.F8_Schliessen(); });
 }
 
 void F8Window::makeOptions() {

@@ -26,9 +26,8 @@ F92Window::F92Window(F92& f92, QWidget* owner)
     makeChoice();
     makeButtons();
     layout()->setSizeConstraint(QLayout::SetFixedSize);
-    const auto close = [this] { f92_.Schliessen_Click(); };
     setFirst(month_);
-    finish({.onClose = close, .onEscape = close}, false);
+    finish([this] { f92_.Schliessen_Click(); }, false);
 }
 
 F92Window::~F92Window() {

@@ -41,8 +41,7 @@ F9Window::F9Window(F9& f9, QWidget* owner, QWidget* list)
         }
     });
     // A run under way is cancelled first; the window stays until the run has ended.
-    const auto leave = [this] { f9_.Command2.Enabled ? f9_.Command2_Click() : f9_.Command1_Click(); };
-    finish({.onClose = leave, .onEscape = leave});
+    finish([this] { f9_.Command2.Enabled ? f9_.Command2_Click() : f9_.Command1_Click(); });
 }
 
 void F9Window::setWords() {

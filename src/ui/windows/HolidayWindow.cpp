@@ -36,9 +36,7 @@ HolidayWindow::HolidayWindow(HolidayCalendar& calendar, QWidget* main)
     : WindowBase(calendar, calendarWindowName(calendar), Stand::InPlaceOfMain, main), calendar_(calendar),
       name_(calendarWindowName(calendar)) {
     makeToolBar();
-    auto* heading = new QLabel(this);
-    bindHeading(calendar_.Label1, heading, named("Label1"));
-    content()->addWidget(heading);
+    content()->addWidget(newHeading(calendar_.Label1, named("Label1"), this));
     makeGrid();
     makeEditors();
     makeMenu();
@@ -46,9 +44,8 @@ HolidayWindow::HolidayWindow(HolidayCalendar& calendar, QWidget* main)
     content()->addLayout(makeYear());
     content()->addLayout(makeStatusLine());
     setLeastSize(560, 430);
-    const auto back = [this] { calendar_.Schliessen(); };
     setFirst(grid_);
-    finish({.onClose = back, .onEscape = back});
+    finish([this] { calendar_.Schliessen(); });
 }
 
 HolidayWindow::~HolidayWindow() {

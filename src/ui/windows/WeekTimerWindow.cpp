@@ -87,9 +87,7 @@ void WeekTimerWindow::makeToolBar() {
 
 QLayout* WeekTimerWindow::makeSlots() {
     auto* column = new QVBoxLayout;
-    auto* heading = new QLabel(this);
-    bindHeading(timer_.Label1, heading, named("Label1"));
-    column->addWidget(heading);
+    column->addWidget(newHeading(timer_.Label1, named("Label1"), this));
     slots_ = new GridView(timer_.FGK1, this);
     nameWidget(slots_, named("FGK1"));
     slots_->gridModel().setAlignment(SlotColumn::Number, Qt::AlignRight | Qt::AlignVCenter);
@@ -107,9 +105,7 @@ QLayout* WeekTimerWindow::makeSlots() {
 
 QLayout* WeekTimerWindow::makeGroups() {
     auto* column = new QVBoxLayout;
-    auto* heading = new QLabel(this);
-    bindHeading(timer_.Label3, heading, named("Label3"));
-    column->addWidget(heading);
+    column->addWidget(newHeading(timer_.Label3, named("Label3"), this));
     groups_ = new GridView(timer_.FGK3, this);
     nameWidget(groups_, named("FGK3"));
     groups_->gridModel().setAlignment(GroupColumn::Number, Qt::AlignRight | Qt::AlignVCenter);
