@@ -3,10 +3,13 @@
 //   bench_ui FOLDER [SECONDS]    a program folder with data and language files; how long to idle (default 10; 0: only
 //   the start)
 //   bench_ui FOLDER users        the user window and the lock window alone
+//   bench_ui FOLDER times        the windows of holidays, clocks and guests alone
 //
 // The first line is the time of the first painting on the system's monotonic clock in nanoseconds, so that whoever
-// starts this program can tell how long the start took; the next three are where the keys of the programming window, of
-// the user window and of the lock window are, for a mouse. bench/measure_ui.py uses them.
+// starts this program can tell how long the start took; the next six are where the keys of the programming window, of
+// the user window, of the lock window, of holidays, clocks and guest cards are, for a mouse. bench/measure_ui.py uses
+// them.
+#include "BenchUiTimes.h"
 #include "BenchUiUsers.h"
 #include "ClearStyle.h"
 #include "Oberflaeche.h"
@@ -60,7 +63,7 @@ struct Bench {
     qvm::ui::Oberflaeche& windows;
     static constexpr int HistoryLines = 2024;
     int IdleSeconds = 10;
-    bool Users = false; ///< only their window, and that of the locks
+    std::string Only; ///< "users": their window, and that of the locks; "times": those of times
     QElapsedTimer clock;
 
     void Begin() {
@@ -71,21 +74,25 @@ struct Bench {
         const auto now = std::chrono::steady_clock::now().time_since_epoch();
         std::printf("%lld\n",
                     static_cast<long long>(std::chrono::duration_cast<std::chrono::nanoseconds>(now).count()));
-        PrintKey("F2.Toolbar1.PROG");
-        PrintKey("F2.Toolbar1.x1504");
-        PrintKey("F2.Toolbar1.lock4");
-        if (Users) {
+        for (const char* key : {"PROG", "x1504", "lock4", "636I259", "Schaltuhr", "GastCard"}) {
+            PrintKey(key);
+        }
+        if (Only == "users") {
             measureUsers(programm, windows);
             measureLocks(programm, windows);
+        } else if (Only == "times") {
+            measureTimes(programm, windows);
+        }
+        if (!Only.empty()) {
             QApplication::exit(0);
             return;
         }
         QTimer::singleShot(IdleSeconds == 0 ? 0 : 3000, qApp,
                            [this] { Idle("the main window", [this] { OpenLocks(); }); });
     }
-    /// Where the key is on the screen.
+    /// Where the key of the tool bar is on the screen.
     void PrintKey(const char* name) const {
-        const auto* key = windows.Main.f2.findChild<QToolButton*>(QLatin1String(name));
+        const auto* key = windows.Main.f2.findChild<QToolButton*>(QStringLiteral("F2.Toolbar1.") + QLatin1String(name));
         const QPoint middle = key == nullptr ? QPoint() : key->mapToGlobal(key->rect().center());
         std::printf("%d %d\n", middle.x(), middle.y());
     }
@@ -177,7 +184,7 @@ int main(int argc, char** argv) {
     Bench bench{.programm = programm,
                 .windows = windows,
                 .IdleSeconds = std::atoi(how.c_str()),
-                .Users = how == "users",
+                .Only = how == "users" || how == "times" ? how : std::string(),
                 .clock = {}};
     QTimer::singleShot(0, &application, [&bench] { bench.Begin(); });
     return QApplication::exec();

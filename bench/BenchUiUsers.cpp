@@ -1,55 +1,14 @@
 #include "BenchUiUsers.h"
 
+#include "BenchUiSteps.h"
 #include "GridView.h"
 
-#include <QApplication>
-#include <QElapsedTimer>
-#include <QKeyEvent>
 #include <QToolButton>
 
-#include <algorithm>
 #include <cstdio>
 #include <fstream>
-#include <functional>
-#include <utility>
-#include <vector>
 
 namespace {
-
-constexpr int Rounds = 60;
-
-/// Lets what was done be told to the views, and painted.
-void paint() {
-    for (int n = 0; n < 3; ++n) {
-        QApplication::processEvents();
-    }
-}
-
-double milliseconds(const std::function<void()>& act) {
-    QElapsedTimer clock;
-    clock.start();
-    act();
-    paint();
-    return static_cast<double>(clock.nsecsElapsed()) / 1e6;
-}
-
-/// Median and longest of many rounds; `back` brings what was done back and is not measured.
-void measure(
-    const char* what, const std::function<void(int round)>& act, const std::function<void()>& back = [] {}) {
-    std::vector<double> times;
-    for (int round = 0; round < Rounds; ++round) {
-        times.push_back(milliseconds([&] { act(round); }));
-        back();
-        paint();
-    }
-    std::sort(times.begin(), times.end());
-    std::printf("F5, %s: median %.1f ms, longest %.1f ms\n", what, times[times.size() / 2], times.back());
-}
-
-void press(QWidget& on, int key) {
-    QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, key == Qt::Key_Space ? QStringLiteral(" ") : QString());
-    QApplication::sendEvent(&on, &event);
-}
 
 void printKey(const QWidget& window, const char* name) {
     const auto* key = window.findChild<QToolButton*>(QLatin1String(name));
@@ -77,17 +36,18 @@ void measureUsers(qvm::Programm& programm, qvm::ui::Oberflaeche& windows) {
     constexpr int column = 20;
     f5.Auswahl.Go(row, column);
     paint();
-    measure("an arrow key", [&](int round) { press(grid, round % 2 == 0 ? Qt::Key_Down : Qt::Key_Up); });
-    measure("an arrow key across", [&](int round) { press(grid, round % 2 == 0 ? Qt::Key_Right : Qt::Key_Left); });
-    measure("a page", [&](int round) { press(grid, round % 2 == 0 ? Qt::Key_PageDown : Qt::Key_PageUp); });
+    measure("F5", "an arrow key", [&](int round) { press(grid, round % 2 == 0 ? Qt::Key_Down : Qt::Key_Up); });
+    measure("F5", "an arrow key across",
+            [&](int round) { press(grid, round % 2 == 0 ? Qt::Key_Right : Qt::Key_Left); });
+    measure("F5", "a page", [&](int round) { press(grid, round % 2 == 0 ? Qt::Key_PageDown : Qt::Key_PageUp); });
     f5.Auswahl.Go(qvm::UserGrid::FirstRow, qvm::UserGrid::ColumnOf(1));
     f5.Auswahl.Extend(qvm::UserGrid::LastRow, qvm::UserGrid::ColumnOf(qvm::UserGrid::Locks));
     paint();
-    measure("a mark of 250 x 200 cells", [&](int) { press(grid, Qt::Key_Space); });
+    measure("F5", "a mark of 250 x 200 cells", [&](int) { press(grid, Qt::Key_Space); });
     f5.Auswahl.Go(qvm::UserGrid::FirstRow, column);
     measure(
-        "sorted", [&](int) { f5.F5_Sort_Click(); }, [&] { f5.F5_Undo_Click(); });
-    measure("saved and flushed", [&](int) { f5.Toolbar1_ButtonClick("Speichern"); });
+        "F5", "sorted", [&](int) { f5.F5_Sort_Click(); }, [&] { f5.F5_Undo_Click(); });
+    measure("F5", "saved and flushed", [&](int) { f5.Toolbar1_ButtonClick("Speichern"); });
     std::printf("with F5: %s\n", residentMemory().c_str());
     printKey(windows.Persons.f5, "F5.Toolbar1.Aufsteigend sortieren");
     printKey(windows.Persons.f5, "F5.Toolbar1.Speichern");

@@ -7,6 +7,7 @@ from picture import Screen
 
 KEYS = 30  # presses of each key
 DOWN, UP, RIGHT, PAGE_DOWN, PAGE_UP, SPACE, A, CONTROL = (0xFF54, 0xFF52, 0xFF53, 0xFF56, 0xFF55, 0x20, 0x61, 0xFFE3)
+RETURN, ESCAPE = 0xFF0D, 0xFF1B
 
 
 class GridWindow:
@@ -22,13 +23,17 @@ class GridWindow:
         subprocess.run(["xdotool", "mousemove", *key], env=self.env, check=True)
         time.sleep(3)  # the adapter is found
         elapsed = self.screen.settle()
-        opened = [window for window in windows(self.env) if window not in before]
-        subprocess.run(["xdotool", "windowfocus", "--sync", *opened], env=self.env, check=True)
+        self.take_keyboard(before)
         return elapsed * 1000
 
-    def key(self, *keysyms):
+    def take_keyboard(self, before):
+        """No window manager gives it to the window that was not there before."""
+        opened = [window for window in windows(self.env) if window not in before]
+        subprocess.run(["xdotool", "windowfocus", "--sync", *opened], env=self.env, check=True)
+
+    def key(self, *keysyms, presses=KEYS):
         """Milliseconds from a key to the changed screen, for many presses of the keys in turn."""
-        return [self.screen.answer(keysyms[n % len(keysyms)]) * 1000 for n in range(KEYS)]
+        return [self.screen.answer(keysyms[n % len(keysyms)]) * 1000 for n in range(presses)]
 
     def go_to(self, what):
         subprocess.run(["xdotool", "mousemove", *self.keys[what]], env=self.env, check=True)

@@ -1,14 +1,14 @@
 #!/usr/bin/env python3
 """Measures the desktop program under a virtual display, with a virtual adapter behind com1 and 200 locks.
 
-    bench/measure_ui.py BUILD [users]
+    bench/measure_ui.py BUILD [users | times]
 
 BUILD is the folder of a release build (bench_ui, qvm7702, qvmctl, qvm-simulator, language files). Prints the time from
 process start to the painted main window (of bench_ui exactly; of qvm7702 as seen from outside, with the delay of looking),
 the time that the lock window takes (of bench_ui from the call to its first painting; of qvm7702 from the key to the last
 change on the screen), the memory held, the processor time of the idle program (with the adapter, and pulled), and how
 long qvm7702 takes from a key to a changed screen while its line misbehaves; before that what the user window at its
-largest takes, with "users" nothing else.
+largest takes and what the windows of holidays, clocks and guests do, with "users" or "times" nothing else.
 """
 import glob
 import json
@@ -20,9 +20,11 @@ import sys
 import tempfile
 import time
 
+import time_windows
 import user_window
 from grid_window import DOWN, PAGE_DOWN, PAGE_UP, UP, GridWindow, windows
 from picture import Screen
+from time_windows import WINDOWS, TimeWindow
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 sys.path.append(os.path.join(os.path.dirname(HERE), "tests/desktop"))
@@ -92,7 +94,8 @@ def bench(build, place, env, seconds):
     run = subprocess.run([os.path.join(build, "bench/bench_ui"), place + "/", str(seconds)], env=env,
                          stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True, check=True)
     first, *keys = run.stdout.splitlines()
-    places = dict(zip(("locks", "users", "setup"), (key.split() for key in keys)))
+    names = ("locks", "users", "setup", "calendars", "clocks", "cards")
+    places = dict(zip(names, (key.split() for key in keys)))
     return (int(first) - begin) / 1e6, places, keys[len(places):]
 
 
@@ -191,6 +194,40 @@ def measure_setup(place, env, key, save):
     report(saves, "its six files saved, with the flush of each")
 
 
+def measure_times(build, place, env):
+    """The windows of times, in bench_ui without the delay of the display, and in qvm7702 as seen on the screen."""
+    _, keys, lines = bench(build, place, env, "times")
+    print("\n".join("  " + line for line in lines))
+    opened = {name: [] for name, *_ in WINDOWS}
+    for n in range(time_windows.STARTS):
+        program, _ = start_program(place, env)
+        try:
+            time.sleep(3)  # the adapter is found
+            window = TimeWindow(env, USER_REGION, place)
+            for name, key, entry, *_ in WINDOWS:
+                opened[name].append(window.open_by(keys[key], entry, windows(env)))
+                if n == 0:
+                    report(window.key(DOWN, UP, presses=time_windows.PRESSES), f"an arrow key in {name}")
+                window.leave()
+            window.screen.close()
+        finally:
+            end(program)
+    for name, *_ in WINDOWS:
+        report(opened[name], f"from the click to the last change of {name}")
+    for name, key, entry, way, changes in WINDOWS:
+        program, _ = start_program(place, env)  # it is not left, as that would ask
+        try:
+            time.sleep(3)
+            window = TimeWindow(env, USER_REGION, place)
+            window.open_by(keys[key], entry, windows(env))
+            for step in way:
+                window.screen.answer(step)
+            report(window.key(*changes, presses=time_windows.PRESSES), f"a list that comes or goes, or a mark, in {name}")
+            window.screen.close()
+        finally:
+            end(program)
+
+
 def served(place, env, line, closed=False):
     """Milliseconds from a key to the changed screen, one for each of many keys. `line` leads to the far end."""
     screen = Screen(env["DISPLAY"], *KEYS)
@@ -222,15 +259,18 @@ def report(values, what):
 
 def main():
     build = os.path.abspath(sys.argv[1])
-    only_users = sys.argv[2:] == ["users"]
+    only = sys.argv[2] if len(sys.argv) > 2 else ""
     source = os.path.join(os.path.dirname(HERE), "demonstration")
     place = make_installation(build, source)
     server, env = open_display()
     env["XDG_CONFIG_HOME"] = os.path.join(place, "config")
     simulator = start_simulator(build, source, place)
     try:
-        measure_users(build, place, env)
-        if only_users:
+        if only != "times":
+            measure_users(build, place, env)
+        if only != "users":
+            measure_times(build, place, env)
+        if only:
             return
         runs = [bench(build, place, env, 0) for _ in range(STARTS)]
         report([run[0] for run in runs], "start to painted main window")

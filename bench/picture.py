@@ -101,12 +101,16 @@ class Screen:
             self.test.XTestFakeButtonEvent(self.display, 1, down, NOW)
         self.x11.XFlush(self.display)
 
-    def settle(self):
-        """Clicks where the pointer is. Seconds to the last painting; the picture has to be another one then."""
+    def settle(self, *keysyms):
+        """Clicks where the pointer is, or presses the keys at once. Seconds to the last painting; the picture has to be
+        another one then."""
         self.rest()
         before = self.picture()
         begin = time.monotonic()
-        self.click()
+        if keysyms:
+            self.press(*keysyms)
+        else:
+            self.click()
         last = self.rest()
         if last is None or self.picture() == before:
             raise TimeoutError("nothing came of the click")
