@@ -38,6 +38,10 @@ class AccessibleHand:
         put(self.program.cell(table, row, column), words)
         wait_for("the text is taken over", lambda: self.program.cell_name(table, row, column) == words)
 
+    def enter_day(self, table, row, column, day):
+        """Into a cell that shows a day."""
+        put(self.program.cell(table, row, column), f"{day:%d.%m.%Y}")
+
     def step(self, table, row, column):
         """A cell that acts when it is pressed."""
         act(self.program.cell(table, row, column), "Press")
@@ -62,6 +66,11 @@ class AccessibleHand:
                 act(node, "Press")
             elif self.program.find(MENU_ENTRY, next_one) is None:
                 act(node, "ShowMenu")
+
+    def take(self, *entries):
+        """From the menu that opens."""
+        for entry in entries:
+            act(self.program.wait(MENU_ENTRY, entry), "Press")
 
     def open_menu(self, table, row, column):
         act(self.program.cell(table, row, column), "ShowMenu")

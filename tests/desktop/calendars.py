@@ -1,6 +1,7 @@
 """The windows of the holidays, for the tests of the built program: once with each hand."""
 from datetime import date, timedelta
 
+from accessible_hand import AccessibleHand
 from installation import HOLIDAYS
 from keyboard_hand import KeyboardHand
 from mouse_hand import MouseHand
@@ -39,8 +40,7 @@ class CalendarTests:
         hand.take(entry)
         self.program.wait(TABLE, calendar)
         for column, day in ((FROM, self.first), (TO, self.last)):
-            hand.activate(calendar, row, column)
-            hand.pick_day(calendar, day)
+            hand.enter_day(calendar, row, column, day)
             wait_for("the day is taken over", lambda at=column: self.program.cell_name(calendar, row, at) == texts[at])
         self.assertEqual([self.program.cell_name(calendar, row, at) for at in texts], list(texts.values()))
         hand.press("Save")
@@ -74,3 +74,7 @@ class CalendarTests:
     def test_enters_holidays_by_keyboard_alone(self):
         self.first, self.last = date.today() + timedelta(days=9), date.today() + timedelta(days=15)
         self.enter_both(KeyboardHand)
+
+    def test_enters_holidays_through_the_accessible_tree_alone(self):
+        self.first, self.last = date.today() + timedelta(days=30), date.today() + timedelta(days=30)
+        self.enter_both(AccessibleHand)

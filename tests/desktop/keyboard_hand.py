@@ -114,8 +114,9 @@ class KeyboardHand:
             wait_for("the box is checked", lambda of=entry: has_state(of, CHECKED))
         key("Return")
 
-    def pick_day(self, table, day):
-        """Of the month that is open over the table, which stands at today: a day that follows."""
+    def enter_day(self, table, row, column, day):
+        """In the month that opens over the cell, which stands at today: a day that follows."""
+        self.activate(table, row, column)
         wait_for("the month", lambda: self.program.over(table))
         self.pick_in_month(day)
 

@@ -73,9 +73,10 @@ class MouseHand:
             wait_for("the box is checked", lambda of=entry: has_state(of, CHECKED))
         click_at(*middle(entry))
 
-    def pick_day(self, table, day):
-        """Of the month that is open over the table, which stands at today: a day of the month after it. Its number must
-        not be in sight a second time, as those of the first and the last days are."""
+    def enter_day(self, table, row, column, day):
+        """In the month that opens over the cell, which stands at today: a day of the month after it. Its number must not
+        be in sight a second time, as those of the first and the last days are."""
+        self.activate(table, row, column)
         self.pick_in(wait_for("the month", lambda: self.program.over(table)), day)
 
     def pick_date(self, name, day):

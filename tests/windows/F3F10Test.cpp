@@ -362,5 +362,52 @@ TEST_F(Calendar_Window, says_that_an_export_was_not_done_when_its_dialog_was_clo
     EXPECT_THAT(world.Answers, IsEmpty());
 }
 
+TEST_F(Calendar_Window, takes_a_date_that_a_cell_is_given_as_if_it_had_been_picked) {
+    F3().FormLaden();
+    F3().FGK_Eintragen(2, 1, "24.12.2026");
+    F3().FGK_Eintragen(2, 2, "26.12.2026");
+    EXPECT_EQ(Row(F3(), 2), "24.12.2026|26.12.2026|L3");
+    EXPECT_FALSE(F3().MV.Visible());
+    EXPECT_TRUE(F3().Geaendert);
+    F3().Undo_Click();
+    EXPECT_EQ(Row(F3(), 2), "24.12.2026||L3");
+    F10().FormLaden();
+    F10().FGK_Eintragen(1, 1, "24.12.2026");
+    F10().FGK_Eintragen(1, 2, "26.12. - -");
+    EXPECT_EQ(Row(F10(), 1), "24.12. - -|26.12. - -|L4");
+    F10().FGK_Eintragen(2, 1, "29.02. - -");
+    EXPECT_EQ(Row(F10(), 2), "29.02. - -||L4") << "2026 has no such day";
+}
+
+TEST_F(Calendar_Window, takes_no_text_for_a_date_that_is_none_and_none_for_other_cells) {
+    F3().FormLaden();
+    for (const char* text : {"", "24.12.", "24.12.26", "24.12. - -", "31.02.2026", "24.12.2026 ", "x"}) {
+        F3().FGK_Eintragen(2, 1, text);
+        EXPECT_EQ(Row(F3(), 2), "||") << text;
+    }
+    F10().FormLaden();
+    for (const char* text : {" - -", "31.02. - -", "24.12 - -", "x - -"}) {
+        F10().FGK_Eintragen(2, 1, text);
+        EXPECT_EQ(Row(F10(), 2), "||") << text;
+    }
+    for (const auto& [row, column] : {std::pair{0, 1}, {21, 1}, {2, 0}, {2, 3}, {2, 4}, {-1, 1}}) {
+        F3().FGK_Eintragen(row, column, "24.12.2026");
+        EXPECT_FALSE(F3().FGK_Beschreibbar(row, column));
+    }
+    EXPECT_EQ(F3().FGK.Text(0, 1), "L6");
+    EXPECT_EQ(Row(F3(), 2), "||");
+    EXPECT_FALSE(F3().Geaendert);
+}
+
+TEST_F(Calendar_Window, tells_of_an_end_before_the_beginning_that_a_cell_is_given_and_stays_as_it_was) {
+    F3().FormLaden();
+    F3().FGK_Eintragen(2, 1, "24.12.2026");
+    world.Answers.push_back({.Text = "L141"});
+    F3().FGK_Eintragen(2, 2, "23.12.2026");
+    EXPECT_THAT(world.Answers, IsEmpty());
+    EXPECT_EQ(Row(F3(), 2), "24.12.2026||L3");
+    EXPECT_FALSE(F3().MV.Visible());
+}
+
 } // namespace
 } // namespace qvm::test

@@ -87,6 +87,10 @@ void HolidayWindow::makeGrid() {
     grid_->onMenuKey = [this] { calendar_.FGK_Kontext(); };
     grid_->onDoubleClick = [this](int row, int column) { calendar_.FGK_DblClick(row, column); };
     grid_->onMouseUp = [this](MouseButton button, int row, int column) { calendar_.FGK_MouseUp(button, row, column); };
+    grid_->mayWrite = [this](int row, int column) { return calendar_.FGK_Beschreibbar(row, column); };
+    grid_->onWrite = [this](int row, int column, const std::string& text) {
+        calendar_.FGK_Eintragen(row, column, text);
+    };
 }
 
 void HolidayWindow::makeEditors() {

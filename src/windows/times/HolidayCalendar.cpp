@@ -15,6 +15,8 @@ namespace qvm {
 namespace {
 
 constexpr std::size_t DayAndMonth = 6; // "dd.mm."
+constexpr std::string_view NoYear = " - -";
+constexpr int LongestLeapGap = 9; // years: 2096 to 2104
 
 } // namespace
 
@@ -174,7 +176,7 @@ void HolidayCalendar::List_Waehlen(int entry) {
 
 std::string HolidayCalendar::Zelltext(const Datum& day) const {
     const std::string whole = Datum_Text(day);
-    return Traits.Block == KalenderBlock::Einzel ? whole : whole.substr(0, DayAndMonth) + " - -";
+    return Traits.Block == KalenderBlock::Einzel ? whole : whole.substr(0, DayAndMonth) + std::string(NoYear);
 }
 
 void HolidayCalendar::MV_Waehlen(const Datum& day) {
@@ -195,6 +197,36 @@ void HolidayCalendar::MV_Waehlen(const Datum& day) {
             FGK.SetText(row_, CalendarColumn::Kind, Art(0));
         }
     });
+}
+
+bool HolidayCalendar::FGK_Beschreibbar(int row, int column) const {
+    return FGK.Holds(row, column) && row >= FirstRow &&
+           (column == CalendarColumn::From || column == CalendarColumn::To);
+}
+
+/// Without a year it is that of the next year that has it, which a leap day needs.
+std::optional<Datum> HolidayCalendar::Tag_Lesen(std::string_view text) const {
+    if (Traits.Block == KalenderBlock::Einzel || !text.ends_with(NoYear)) {
+        return Datum_Lesen(text);
+    }
+    const std::string start(text.substr(0, text.size() - NoYear.size()));
+    const int now = Heute(kern.Welt.Now()).Year;
+    for (int year = now; year < now + LongestLeapGap; ++year) {
+        if (const auto day = Datum_Lesen(start + Ziffern(year))) {
+            return day;
+        }
+    }
+    return {};
+}
+
+void HolidayCalendar::FGK_Eintragen(int row, int column, std::string_view text) {
+    const auto day = Tag_Lesen(text);
+    if (!Fenster.Enabled || !FGK_Beschreibbar(row, column) || !day) {
+        return;
+    }
+    FGK_DblClick(row, column);
+    MV_Waehlen(*day);
+    Editor_Schliessen(); // which a refused day leaves open
 }
 
 void HolidayCalendar::Editor_Schliessen() {

@@ -100,6 +100,11 @@ struct HolidayCalendar {
     void FGK_KeyPress(int key);
     /// The key for a context menu.
     void FGK_Kontext();
+    /// A date can be given a text.
+    bool FGK_Beschreibbar(int row, int column) const;
+    /// A date for the cell at once, as if it had been picked: "dd.mm.yyyy", of a permanent holiday also "dd.mm. - -".
+    /// Any other text, and one for another cell, changes nothing.
+    void FGK_Eintragen(int row, int column, std::string_view text);
     /// A day of the month was picked. At an end before the day that was picked last, whatever its row, the month stays.
     void MV_Waehlen(const Datum& day);
     /// An entry of the list was picked: 0 the second kind, 1 the first.
@@ -125,6 +130,7 @@ struct HolidayCalendar {
 private:
     const std::string& Art(std::size_t index) const { return kern.Sprache.FeiertagsTexte[index]; }
     std::string Zelltext(const Datum& day) const;
+    std::optional<Datum> Tag_Lesen(std::string_view text) const;
     void Laden();
     bool Speichern();
     void Csv_Schreiben();
