@@ -2,7 +2,8 @@
 from screen import Atspi, tell, wait_for
 
 BUTTON, MENU_ENTRY, PASSWORD = Atspi.Role.PUSH_BUTTON, Atspi.Role.MENU_ITEM, Atspi.Role.PASSWORD_TEXT
-COMBO = Atspi.Role.COMBO_BOX
+COMBO, PANEL, TEXT = Atspi.Role.COMBO_BOX, Atspi.Role.PANEL, Atspi.Role.TEXT
+ANSWER, USUAL = 400, (800, 15000)  # ms; the latter are the library's own
 
 
 def action(node, *names):
@@ -14,7 +15,13 @@ def action(node, *names):
 
 
 def do(node, number):
-    tell(node, lambda of: Atspi.Action.do_action(of, number))
+    """The program answers when what it does is over, and that of a menu or a question it is not before they are left:
+    nobody waits for the answer."""
+    Atspi.set_timeout(ANSWER, 0)
+    try:
+        tell(node, lambda of: Atspi.Action.do_action(of, number))
+    finally:
+        Atspi.set_timeout(*USUAL)
 
 
 def act(node, *names):
@@ -28,6 +35,8 @@ def put(node, words):
 
 
 class AccessibleHand:
+    can_check = False  # the toolkit's entries of a list can be selected, but not checked
+
     def __init__(self, program):
         self.program = program
 
@@ -37,6 +46,19 @@ class AccessibleHand:
     def write(self, table, row, column, words):
         put(self.program.cell(table, row, column), words)
         wait_for("the text is taken over", lambda: self.program.cell_name(table, row, column) == words)
+
+    def choose_row(self, table, row, column, _number, words):
+        """Of the list that another hand would see over the cell: an entry by its number, counted from 0, and its own
+        words."""
+        put(self.program.cell(table, row, column), words)
+
+    def pick_date(self, name, day):
+        """In a month that stands in the window."""
+        put(self.program.wait(PANEL, name), f"{day:%d.%m.%Y}")
+
+    def set_time(self, name, words):
+        """Into a box that shows a time."""
+        put(self.program.wait(TEXT, name), words)
 
     def enter_day(self, table, row, column, day):
         """Into a cell that shows a day."""

@@ -2,6 +2,7 @@
 import json
 from datetime import date, timedelta
 
+from accessible_hand import AccessibleHand
 from installation import LOCKS, WORLD, numbered, serial_of
 from keyboard_hand import KeyboardHand
 from mouse_hand import MouseHand
@@ -49,8 +50,7 @@ class GuestTests:
         hand.set_time("Check-in time :", "14:15")
         hand.write(OFFSET_GRID, 2, NAME, "Spa")
         hand.write(OFFSET_GRID, 2, TIME, "12:45")
-        hand.activate(OFFSET_GRID, 2, BASE)
-        hand.take_row(OFFSET_GRID, 1)
+        hand.choose_row(OFFSET_GRID, 2, BASE, 1, "10:30")
         wait_for("the base is taken over", lambda: self.program.cell_name(OFFSET_GRID, 2, BASE) == "10:30")
         for slot, mark in ((2, "X"), (4, ""), (7, "X")):
             hand.step(GUEST_GRID, slot, SELECTED)
@@ -124,3 +124,7 @@ class GuestTests:
     def test_serves_a_guest_of_an_object_by_keyboard_alone(self):
         self.first, self.last = date.today() + timedelta(days=9), date.today() + timedelta(days=15)
         self.serve_a_guest(KeyboardHand, OBJECT)
+
+    def test_serves_a_guest_of_an_object_through_the_accessible_tree_alone(self):
+        self.first, self.last = date.today() + timedelta(days=31), date.today() + timedelta(days=40)
+        self.serve_a_guest(AccessibleHand, OBJECT)

@@ -11,6 +11,8 @@ MOVE = 5  # seconds that the keyboard may take from one control to another
 
 
 class KeyboardHand:
+    can_check = True  # boxes of a list
+
     def __init__(self, program):
         self.program = program
 
@@ -97,6 +99,11 @@ class KeyboardHand:
     def activate(self, table, row, column):
         """A cell that opens something over the table."""
         self.step(table, row, column)
+
+    def choose_row(self, table, row, column, number, _words):
+        """From the list that opens over the cell: an entry by its number, counted from 0, and its own words."""
+        self.activate(table, row, column)
+        self.take_row(table, number)
 
     def take_row(self, table, number):
         """An entry of the list that is open over the table, counted from 0."""

@@ -9,6 +9,8 @@ TEXT, PANEL, CHECKED = Atspi.Role.TEXT, Atspi.Role.PANEL, Atspi.StateType.CHECKE
 
 
 class MouseHand:
+    can_check = True  # boxes of a list
+
     def __init__(self, program):
         self.program = program
 
@@ -52,6 +54,11 @@ class MouseHand:
     def activate(self, table, row, column):
         """A cell that opens something over the table."""
         double_click_at(*middle(self.program.cell(table, row, column)))
+
+    def choose_row(self, table, row, column, number, _words):
+        """From the list that opens over the cell: an entry by its number, counted from 0, and its own words."""
+        self.activate(table, row, column)
+        self.take_row(table, number)
 
     def take_row(self, table, number):
         """An entry of the list that is open over the table, counted from 0. The wheel brings it into sight."""

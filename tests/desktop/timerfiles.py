@@ -21,9 +21,11 @@ def slot_file(slots):
 
 
 def group_file(groups, slots):
-    """Eight records. `groups` by their row: number, name, which of the slots, identifier."""
+    """Eight records. `groups` by their row: number, name, which of the slots, identifier. One whose slots
+    were never chosen has a name and an identifier alone."""
     def record(number, name, days, identifier):
-        return fields((number, 3), (name, NAME_WIDTH), (days, slots), (str(days.count("X")), 3), (identifier, ID_WIDTH))
+        return fields((number, 3), (name, NAME_WIDTH), (days, slots),
+                      (str(days.count("X")) if days else "", 3), (identifier, ID_WIDTH))
     unused = fields(("", 3 + NAME_WIDTH + slots + 3 + ID_WIDTH))
     return b"".join(record(*groups[row]) if row in groups else unused for row in range(1, GROUP_ROWS + 1))
 

@@ -8,6 +8,7 @@
 #include "TimeWindows.h"
 #include "UiFixture.h"
 
+#include <QAccessible>
 #include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
@@ -113,6 +114,30 @@ TEST_F(F60_Window, groups_are_there_for_an_object_only) {
     Model().F60_FormLaden();
     Settle();
     EXPECT_FALSE(Part<QComboBox>("List1")->isVisible());
+}
+
+TEST_F(F60_Window, takes_a_day_that_a_screen_reader_writes_into_a_month) {
+    Open();
+    auto* month = Part<ui::MonthView>("MV1");
+    const auto write = [&](const char* day) {
+        QAccessible::queryAccessibleInterface(month)->editableTextInterface()->replaceText(0, -1, QLatin1String(day));
+        Settle();
+    };
+    const QAccessibleTextInterface& text = *QAccessible::queryAccessibleInterface(month)->textInterface();
+    write("24.12.2026");
+    EXPECT_EQ(Model().CheckIn(), (Datum{2026, 12, 24}));
+    EXPECT_EQ(text.text(0, -1), QStringLiteral("24.12.2026"));
+    for (const char* none : {"", "31.02.2026", "24.12.", "24.12.1999", "01.01.2100", "x"}) {
+        write(none);
+        EXPECT_EQ(text.text(0, text.characterCount()), QStringLiteral("24.12.2026")) << none;
+        EXPECT_EQ(Model().CheckIn(), (Datum{2026, 12, 24})) << none;
+    }
+    QAccessible::queryAccessibleInterface(month)->editableTextInterface()->replaceText(0, 2, QStringLiteral("25"));
+    Settle();
+    EXPECT_EQ(Model().CheckIn(), (Datum{2026, 12, 25}));
+    month->setEnabled(false);
+    write("26.12.2026");
+    EXPECT_EQ(Model().CheckIn(), (Datum{2026, 12, 25}));
 }
 
 } // namespace

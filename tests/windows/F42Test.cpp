@@ -340,5 +340,36 @@ TEST_F(F42_Fenster, shows_its_slots_in_the_language_that_was_chosen) {
     EXPECT_EQ(Window().FGK42B.Text(1, 2), "07:00");
 }
 
+TEST_F(F42_Fenster, takes_a_text_that_a_cell_of_the_offsets_is_given) {
+    Open();
+    Window().FGK42_Eintragen(3, 1, "Spa");
+    Window().FGK42_Eintragen(3, 2, "12:45");
+    Window().FGK42_Eintragen(3, 3, "16:00");
+    EXPECT_EQ(Row(3), "Spa|12:45|16:00|OFST0x03");
+    EXPECT_FALSE(Window().Text3.Visible() || Window().Text4.Visible() || Window().List1.Visible());
+    EXPECT_TRUE(Window().Geaendert);
+    Window().Undo_Click();
+    EXPECT_EQ(Row(3), "Spa|12:45|00:00|OFST0x03");
+}
+
+TEST_F(F42_Fenster, takes_no_text_that_a_cell_of_the_offsets_cannot_hold) {
+    Open();
+    for (const char* time : {"", "1:30", "24:00", "12:60", "12:450", "12.45", "x"}) {
+        Window().FGK42_Eintragen(1, 2, time);
+        Window().FGK42_Eintragen(1, 3, time);
+        EXPECT_EQ(Row(1), "Brunch|01:30|10:00|OFST0x01") << time;
+    }
+    Window().FGK42_Eintragen(1, 3, "12:45"); // neither of the default times
+    Window().FGK42_Eintragen(1, 1, std::string(21, 'x'));
+    Window().FGK42_Eintragen(1, 1, "a\nb");
+    for (const auto& [row, column] : {std::pair{0, 1}, {5, 1}, {-1, 1}, {1, 0}, {1, 4}, {1, 5}}) {
+        EXPECT_FALSE(Window().FGK42_Beschreibbar(row, column));
+        Window().FGK42_Eintragen(row, column, "Spa");
+    }
+    EXPECT_EQ(Row(1), "Brunch|01:30|10:00|OFST0x01");
+    EXPECT_EQ(Window().FGK42.Text(0, 1), "L42");
+    EXPECT_FALSE(Window().Geaendert);
+}
+
 } // namespace
 } // namespace qvm::test

@@ -128,6 +128,17 @@ Datum MonthView::day() const {
     return toDay(selectedDate());
 }
 
+void MonthView::pickText(std::string_view text) {
+    const auto day = Datum_Lesen(text);
+    if (!day || !isEnabled() || toDate(*day) < minimumDate() || toDate(*day) > maximumDate()) {
+        return;
+    }
+    setDay(*day);
+    if (onPick) {
+        onPick(*day);
+    }
+}
+
 void MonthView::setFirstDay(const Datum& day) {
     setMinimumDate(toDate(day));
 }

@@ -23,6 +23,9 @@ public:
     void setCaption(const QString& caption);
     void setDay(const Datum& day);
     Datum day() const;
+    /// Picks the day of a text "dd.mm.yyyy", as a screen reader brings it. Any other text, and a day that cannot be
+    /// picked, changes nothing.
+    void pickText(std::string_view text);
     /// The first and the last day that can be picked.
     void setFirstDay(const Datum& day);
     void setLastDay(const Datum& day);

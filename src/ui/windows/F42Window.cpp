@@ -105,6 +105,10 @@ void F42Window::makeOffsets() {
     offsets_->onMenuKey = [this] { f42_.FGK42_Kontext(); };
     offsets_->onDoubleClick = [this](int row, int column) { f42_.FGK42_DblClick(row, column); };
     offsets_->onMouseUp = [this](MouseButton button, int row, int column) { f42_.FGK42_MouseUp(button, row, column); };
+    offsets_->mayWrite = [this](int row, int column) { return f42_.FGK42_Beschreibbar(row, column); };
+    offsets_->onWrite = [this](int row, int column, const std::string& text) {
+        f42_.FGK42_Eintragen(row, column, text);
+    };
 }
 
 void F42Window::makeEditors() {

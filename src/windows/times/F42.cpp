@@ -1,5 +1,6 @@
 #include "F42.h"
 
+#include "Eingabe.h"
 #include "FileTrouble.h"
 #include "Fragen.h"
 #include "UndoMenu.h"
@@ -15,6 +16,10 @@ constexpr int LowestPrintable = ' ';
 
 bool Druckbar(int key) {
     return key >= LowestPrintable && key != Key::Delete;
+}
+
+bool Tageszeit(std::string_view text) {
+    return text.size() == MidnightText.size() && Uhrzeit_Lesen(text).has_value();
 }
 
 } // namespace
@@ -182,9 +187,8 @@ void F42::Aktivieren(int row, int column, int key) {
             Zeit_Oeffnen(Text3, key);
         } else {
             // The box holds a whole time of day, whatever stands in the cell.
-            const bool time = text.size() == MidnightText.size() && Uhrzeit_Lesen(text).has_value();
             Text3.MaxLength = static_cast<int>(MidnightText.size());
-            Text3.Text = time ? text : std::string(MidnightText);
+            Text3.Text = Tageszeit(text) ? text : std::string(MidnightText);
             Text3.Caret = 0;
         }
         Text3.Visible = true;
@@ -237,6 +241,28 @@ void F42::List1_Waehlen(int entry) {
 
 void F42::Zelle_Schreiben(const std::string& text) {
     Aendern(Word::StepEdit, [&] { FGK42.SetText(row_, column_, text); });
+}
+
+bool F42::FGK42_Beschreibbar(int row, int column) const {
+    return FGK42.Holds(row, column) && row >= 1 && column >= OffsetColumn::Name && column <= OffsetColumn::Base;
+}
+
+void F42::FGK42_Eintragen(int row, int column, const std::string& text) {
+    const bool base = column == OffsetColumn::Base;
+    const bool good = base                           ? text == Text1.Text() || text == Text2.Text()
+                      : column == OffsetColumn::Time ? Tageszeit(text)
+                                                     : text.size() <= static_cast<std::size_t>(OffsetNameLength) &&
+                                                           Gefiltert(text, Jedes_Zeichen) == text;
+    if (!Fenster.Enabled || !FGK42_Beschreibbar(row, column) || !good) {
+        return;
+    }
+    FGK42_DblClick(row, column);
+    if (base) {
+        List1_Waehlen(text == Text1.Text() ? 0 : 1);
+        return;
+    }
+    (column == OffsetColumn::Time ? Text3 : Text4).Text = text;
+    Editor_Uebernehmen();
 }
 
 void F42::FGK42_MouseUp(MouseButton button, int row, int column) {

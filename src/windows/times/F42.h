@@ -102,6 +102,11 @@ struct F42 {
 
     /// A click on a cell of the guest slots, or Return or the space bar: in the last column it selects, or no more.
     void FGK42B_Click(int row, int column);
+    /// A cell of the offsets can be given a text.
+    bool FGK42_Beschreibbar(int row, int column) const;
+    /// A text for the cell at once, as if it had been typed and confirmed, or chosen: a name, a time, one of the
+    /// default times. What can be none of these changes nothing.
+    void FGK42_Eintragen(int row, int column, const std::string& text);
 
     /// Widths of the columns in twips, of which the proportions count; 0: hidden.
     static int Breite(int column);
