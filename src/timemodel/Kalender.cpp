@@ -85,9 +85,9 @@ bool Kalender_Laden(Kern& kern, Grid& grid, KalenderBlock block) {
     if (status == ReadStatus::Error) {
         return false;
     }
-    if (status == ReadStatus::Missing && block == KalenderBlock::Einzel &&
-        !calendar.Speichern(kern.Welt.Files, kern.DatPfad())) {
-        return false;
+    if (status == ReadStatus::Missing && block == KalenderBlock::Einzel) {
+        // Where it cannot be made the calendar is empty all the same; the save tells why it stays so.
+        calendar.Speichern(kern.Welt.Files, kern.DatPfad());
     }
     for (int row = 1; row <= CalendarRows; ++row) {
         const int record = Satznummer(block, row);

@@ -19,8 +19,8 @@ enum class KalenderBlock {
 };
 
 /// Fills columns 1 to 3 of rows 1 to 20; rows of unused records are emptied. The kind of a permanent date is always the
-/// second. A missing file is no error; for the single calendar it is created, empty. False on a file error: the grid is
-/// as it was and must not be saved.
+/// second. A missing file is no error; for the single calendar it is created, empty, if the disk lets it. False when
+/// the file cannot be read: the grid is as it was and must not be saved.
 bool Kalender_Laden(Kern& kern, Grid& grid, KalenderBlock block);
 
 /// Sorts the grid's rows by the text of column 1, empty ones last, numbers them from 1, and writes them as the block's

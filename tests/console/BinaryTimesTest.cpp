@@ -65,9 +65,9 @@ TEST_F(Binary_Times, are_listed) {
                                      "lock    1      Nacht       XX---       PB_700000001\n"
                                      "\n"
                                      "Holidays\n"
-                                     "Calendar   Row  From        To\n"
-                                     "single     1    24.12.2026  26.12.2026\n"
-                                     "permanent  1    31.12. - -  02.01. - -\n"
+                                     "Calendar   Row  From        To          Kind\n"
+                                     "single     1    24.12.2026  26.12.2026  single\n"
+                                     "permanent  1    31.12. - -  02.01. - -  permanent\n"
                                      "\n"
                                      "Offsets\n"
                                      "Offset  Name    Time   Base   Id\n"
@@ -76,6 +76,7 @@ TEST_F(Binary_Times, are_listed) {
     EXPECT_EQ(found["slots"][1],
               (Document{{"clock", "person"}, {"slot", "2"}, {"day", "Mon-Fri"}, {"from", "07:00"}, {"to", "18:00"}}));
     EXPECT_EQ(found["holidays"].size(), 2U);
+    EXPECT_EQ(found["holidays"][0]["kind"], "single");
     EXPECT_EQ(found["offsets"][0]["name"], "Brunch");
 }
 
@@ -139,6 +140,7 @@ TEST_F(Binary_Times, are_told_as_a_document) {
     const RunResult result = Run({"--json", "when", "1", "6", "--at", "23.11.2026 08:00", "--week"});
     const Document found = Document::parse(result.Out);
     EXPECT_EQ(found["ok"], true);
+    EXPECT_EQ(found["at"], "23.11.2026 08:00");
     EXPECT_EQ(found["holiday"], nullptr);
     EXPECT_EQ(found["calendar"], true);
     EXPECT_EQ(found["lockTimers"]["slots"].size(), 2U);
@@ -177,7 +179,7 @@ TEST_F(Binary_Times, know_no_permanent_holiday_behind_the_twentieth) {
          << "01.05. - -02.05. - - ";
     file.close();
     const std::string told = Run({"times"}).Out;
-    EXPECT_THAT(told, HasSubstr("permanent  20   24.12. - -  26.12. - -\n"));
+    EXPECT_THAT(told, HasSubstr("permanent  20   24.12. - -  26.12. - -  permanent\n"));
     EXPECT_THAT(told, Not(HasSubstr("01.05.")));
 }
 

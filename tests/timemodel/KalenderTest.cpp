@@ -104,9 +104,14 @@ TEST_F(Kalender_Laden_Aus, a_file_error_leaves_the_grid) {
     Brechen(1);
     EXPECT_FALSE(Kalender_Laden(kern, single, Einzel));
     EXPECT_EQ(single.Text(1, 1), "alt");
-    files.clear();
+}
+
+TEST_F(Kalender_Laden_Aus, a_file_that_is_missing_and_cannot_be_made_is_an_empty_calendar) {
+    Setzen(single, 1, "alt", "alt", "alt");
     Brechen(2);
-    EXPECT_FALSE(Kalender_Laden(kern, single, Einzel));
+    EXPECT_TRUE(Kalender_Laden(kern, single, Einzel));
+    EXPECT_EQ(Zeile(single, 1), "||||");
+    EXPECT_FALSE(files.contains(Calendar));
 }
 
 struct Kalender_Speichern_Nach : Kalender {};

@@ -64,6 +64,23 @@ TEST_F(Calendar_Window, makes_the_missing_file_as_the_single_calendar_alone) {
     EXPECT_EQ(File(), "");
 }
 
+TEST_F(Calendar_Window, is_empty_where_the_missing_file_cannot_be_made_and_its_save_tells) {
+    world.Disk.FailAt = world.Disk.Operations + 2; // the read finds no file, and the disk refuses a new one
+    F3().FormLaden();
+    EXPECT_THAT(world.Shown, IsEmpty());
+    EXPECT_FALSE(world.Disk.Files.contains(Calendar));
+    EXPECT_EQ(Row(F3(), 1), "||");
+    F3().FGK_Eintragen(1, 1, "24.12.2026");
+    F3().FGK_Eintragen(1, 2, "26.12.2026");
+    world.Disk.FailAt = world.Disk.Operations + 2;
+    world.Answers.push_back({.Text = Wort(programm->kern, Word::HolidaysNotSaved)});
+    F3().Toolbar1_ButtonClick("Speichern");
+    EXPECT_THAT(world.Answers, IsEmpty());
+    EXPECT_FALSE(world.Disk.Files.contains(Calendar));
+    F3().Toolbar1_ButtonClick("Speichern");
+    EXPECT_TRUE(File().starts_with("24.12.202626.12.20260"));
+}
+
 TEST_F(Calendar_Window, opens_the_month_at_today_over_a_date) {
     F3().FormLaden();
     for (const int column : {1, 2}) {

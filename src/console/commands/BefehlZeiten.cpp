@@ -82,8 +82,13 @@ Abschnitt Gruppen(const Zeitdateien& files) {
     return part;
 }
 
+/// What the third column of the window shows, empty when it shows nothing. The permanent calendar stores none.
+std::string Tagesart(bool single, std::string_view stored) {
+    return !single || stored == "1" ? "permanent" : stored == "0" ? "single" : "";
+}
+
 Abschnitt Feiertage(const Zeitdateien& files) {
-    Abschnitt part{.Title = "Holidays", .Headings = {"Calendar", "Row", "From", "To"}};
+    Abschnitt part{.Title = "Holidays", .Headings = {"Calendar", "Row", "From", "To", "Kind"}};
     constexpr int Permanent = 22;
     for (int record = 1; record <= std::min<int>(files.Days.Count(), CalendarEntry::Record.Last); ++record) {
         const std::string from = Feldtext(files.Days, record, CalendarEntry::DateFrom);
@@ -91,7 +96,8 @@ Abschnitt Feiertage(const Zeitdateien& files) {
         if (!from.empty() && (single || record >= Permanent)) {
             part.Rows.push_back({single ? "single" : "permanent",
                                  std::to_string(single ? record : record - Permanent + 1), from,
-                                 Feldtext(files.Days, record, CalendarEntry::DateTo)});
+                                 Feldtext(files.Days, record, CalendarEntry::DateTo),
+                                 Tagesart(single, Feldtext(files.Days, record, CalendarEntry::Kind))});
         }
     }
     return part;

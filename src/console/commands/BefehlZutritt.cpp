@@ -216,7 +216,7 @@ Json Feiertag_Json(const AccessFacts& facts, const Datum& day) {
 void Ausgeben(const Console& console, const AccessFacts& facts, const std::vector<int>& users, const Optionen& options,
               const DateTime& at) {
     const LockAnswer lock = Schloss_Auskunft(facts, at);
-    const std::string moment = Tag_Text(Heute(at)) + " " + Uhrzeit_Text(at.Hour * HourMinutes + at.Minute);
+    const std::string time = Uhrzeit_Text(at.Hour * HourMinutes + at.Minute);
     if (console.Json) {
         Json list = Json::array();
         for (const int user : users) {
@@ -229,7 +229,7 @@ void Ausgeben(const Console& console, const AccessFacts& facts, const std::vecto
              {"lock", options.Lock},
              {"name", lock.Name},
              {"serial", lock.Serial},
-             {"at", moment},
+             {"at", Datum_Text(Heute(at)) + " " + time},
              {"lockTimers",
               {{"on", lock.TimerFlag}, {"slots", Slots_Json(lock.Timers)}, {"holding", Slots_Json(lock.Open)}}},
              {"calendar", lock.CalendarFlag},
@@ -237,7 +237,8 @@ void Ausgeben(const Console& console, const AccessFacts& facts, const std::vecto
              {"users", list}});
         return;
     }
-    console.Out << "Lock " << options.Lock << " \"" << lock.Name << "\" " << lock.Serial << ", " << moment << "\n";
+    console.Out << "Lock " << options.Lock << " \"" << lock.Name << "\" " << lock.Serial << ", " << Tag_Text(Heute(at))
+                << " " << time << "\n";
     if (options.Week) {
         Woche_Schreiben(console.Out, facts, users, at);
     } else {
