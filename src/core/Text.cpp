@@ -119,6 +119,17 @@ bool PasstInCp1252(std::string_view utf8) {
     return true;
 }
 
+bool Ist_Utf8(std::string_view text) {
+    for (std::size_t at = 0; at < text.size();) {
+        const Utf8Schritt step = Utf8_Lesen(text, at);
+        if (step.CodePoint < 0) {
+            return false;
+        }
+        at += step.Taken;
+    }
+    return true;
+}
+
 std::string_view LTrim(std::string_view text) {
     const std::size_t first = text.find_first_not_of(' ');
     return first == std::string_view::npos ? std::string_view{} : text.substr(first);

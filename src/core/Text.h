@@ -39,6 +39,8 @@ std::string AusUtf8(std::string_view utf8);
 
 /// True when every character of the text exists in code page 1252 and the UTF-8 is well formed.
 bool PasstInCp1252(std::string_view utf8);
+/// True when the text is well formed UTF-8, whatever its characters.
+bool Ist_Utf8(std::string_view text);
 
 /// The text without blanks (0x20) on both sides, on the left, on the right.
 std::string_view Trim(std::string_view text);
