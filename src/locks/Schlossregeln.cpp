@@ -36,6 +36,14 @@ int Emi_Bild(std::string_view serial) {
     return Ohne_Emi(value) ? LockPicture::NotApplicable : LockPicture::Off;
 }
 
+void Schalter_Geben(Grid& locks, int row) {
+    for (int column = LockColumn::FirstSwitch; column <= LockColumn::LastSwitch; ++column) {
+        if (locks.At(row, column).Picture == LockPicture::None) {
+            locks.SetPicture(row, column, LockPicture::On);
+        }
+    }
+}
+
 std::uint8_t Prioritaet_Code(std::string_view text) {
     const std::string_view digit = Trim(text);
     return digit.size() == 1 && digit[0] >= '1' && digit[0] <= '5' ? static_cast<std::uint8_t>(digit[0] - '1')

@@ -17,6 +17,9 @@ bool Schlossname_Frei(const Grid& locks, int row, std::string_view name);
 /// for an empty text; off for any other.
 int Emi_Bild(std::string_view serial);
 
+/// Switches that are neither on nor off, as those of a lock without a serial number are, become on.
+void Schalter_Geben(Grid& locks, int row);
+
 /// The priority as a lock takes it: "1" to "5" give 0 to 4, any other text the middle, 2.
 std::uint8_t Prioritaet_Code(std::string_view text);
 
