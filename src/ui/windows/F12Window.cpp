@@ -53,6 +53,7 @@ void F12Window::makeMenuBar() {
     QMenu* extras = addMenu(bar, f12_.F12_Extras, QStringLiteral("F12.F12_Extras"));
     addMenuEntry(extras, f12_.F12_COURon, QStringLiteral("F12.F12_COURon"), [this] { f12_.F12_COURon_Click(); });
     addMenuEntry(extras, f12_.F12_COURoff, QStringLiteral("F12.F12_COURoff"), [this] { f12_.F12_COURoff_Click(); });
+    addMenuEntry(extras, f12_.F12_Import, QStringLiteral("F12.F12_Import"), [this] { f12_.F12_Import_Click(); });
     addUndoEntries(
         extras, this, QStringLiteral("F12.F12"), f12_.F12_Undo, f12_.F12_Redo, [this] { f12_.F12_Undo_Click(); },
         [this] { f12_.F12_Redo_Click(); });

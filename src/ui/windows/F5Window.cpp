@@ -65,6 +65,7 @@ void F5Window::makeMenuBar() {
     addMenuEntry(extras, f5_.F5_Search, QStringLiteral("F5.F5_Search"), [this] {
         f5_.F5_Search_Click();
     })->setShortcut(Qt::CTRL | Qt::Key_F);
+    addMenuEntry(extras, f5_.F5_Import, QStringLiteral("F5.F5_Import"), [this] { f5_.F5_Import_Click(); });
     addUndoEntries(
         extras, this, QStringLiteral("F5.F5"), f5_.F5_Undo, f5_.F5_Redo, [this] { f5_.F5_Undo_Click(); },
         [this] { f5_.F5_Redo_Click(); });

@@ -63,7 +63,7 @@ struct F12 {
 
     std::array<ToolButton, 5> Toolbar1{
         {{.Key = u8"Zurück"_w}, {.Key = "CSV-Print"}, {.Key = "Speichern"}, {.Key = "Neu"}, {.Key = "Initial"}}};
-    MenuEntry F12_Extras, F12_COURon, F12_COURoff, F12_Undo, F12_Redo; ///< menu bar
+    MenuEntry F12_Extras, F12_COURon, F12_COURoff, F12_Import, F12_Undo, F12_Redo; ///< menu bar
     MenuEntry F12_delete;
     MenuEntry SNA_save, SNA_Input, SNA_Function;
 
@@ -112,6 +112,9 @@ struct F12 {
     /// The boxes were left by a click elsewhere: what was typed is taken over, but the EMI state stays.
     void Serie_LostFocus() { Serie.Verlassen(); }
 
+    /// Takes a spreadsheet into the table as one step, behind a question that shows what it changes. That locks are to
+    /// change their channel, as they get another serial number, is on the disk at once.
+    void F12_Import_Click();
     void F12_COURon_Click();
     void F12_COURoff_Click();
     /// Clears the selected rows. Their units and EMI states are gone from the disk at once.
@@ -178,7 +181,6 @@ private:
     /// The same as a click elsewhere does it.
     void Editor_Uebernehmen();
     void Serie_Schreiben(int row, const std::string& serial, bool emi);
-    void Schalter_Geben(int row);
     void Eintrag_Waehlen(Place cell, int entry);
     void Prioritaet_Waehlen(int row, int entry);
     void Adapter_Waehlen(int row, int entry);

@@ -160,21 +160,12 @@ void F12::Serie_Schreiben(int row, const std::string& serial, bool emi) {
             FGK12.SetPicture(row, LockColumn::Emi, Emi_Bild(serial));
         }
         if (!serial.empty()) {
-            Schalter_Geben(row);
+            Schalter_Geben(FGK12, row);
         }
         Verlauf.Keep(Word::LockChannelStays);
     });
     if (!whole) {
         Hinweis.Text = Wort(kern, Word::SerialPartial);
-    }
-}
-
-/// A lock that has only had a name has no switches yet.
-void F12::Schalter_Geben(int row) {
-    for (int column = LockColumn::FirstSwitch; column <= LockColumn::LastSwitch; ++column) {
-        if (FGK12.At(row, column).Picture == LockPicture::None) {
-            FGK12.SetPicture(row, column, LockPicture::On);
-        }
     }
 }
 
@@ -186,7 +177,7 @@ void F12::Serie_Uebernehmen(int row, std::string_view serial, std::string_view u
         FGK12.SetText(row, LockColumn::Serial, serial);
         FGK12.SetPicture(row, LockColumn::Emi, Emi_Bild(serial));
         FGK12.SetText(row, LockColumn::UnitType, unitType);
-        Schalter_Geben(row);
+        Schalter_Geben(FGK12, row);
         Verlauf.Keep(Word::LockFoundStays);
     });
     Auswahl.Go(row, LockColumn::Serial);

@@ -45,6 +45,7 @@ void F12::Texte_Setzen() {
     F12_Extras.Text = Wort(kern, Line::Extras, "Extras");
     F12_COURon.Text = Wort(kern, Word::CursorOn);
     F12_COURoff.Text = Wort(kern, Word::CursorOff);
+    F12_Import.Text = Wort(kern, Word::SheetImport);
     F12_delete.Text = Wort(kern, Line::Delete, u8"Löschen"_w);
     SNA_save.Text = Wort(kern, Line::ReadSerial, "SNA autosave");
     SNA_Input.Text = Wort(kern, Line::EnterSerial, "SNA_manual_config");

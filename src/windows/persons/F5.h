@@ -68,8 +68,8 @@ struct F5 {
                                         {.Key = "Neu"},
                                         {.Key = "CSV-Print"},
                                         {.Key = "Speichern"}}};
-    /// Menu bar: F5_Extras with F5_Markierung (F5_M5ON, F5_M5_OFF), F5_Sort, F5_Search, and undo and redo.
-    MenuEntry F5_Extras, F5_Markierung, F5_M5ON, F5_M5_OFF, F5_Sort, F5_Search, F5_Undo, F5_Redo;
+    /// Menu bar: F5_Extras with F5_Markierung (F5_M5ON, F5_M5_OFF), F5_Sort, F5_Search, F5_Import, and undo and redo.
+    MenuEntry F5_Extras, F5_Markierung, F5_M5ON, F5_M5_OFF, F5_Sort, F5_Search, F5_Import, F5_Undo, F5_Redo;
     MenuEntry F5_Loeschen;
     MenuEntry key_anlernen, Save_Ekey, Save_RFID, Key_loeschen, key_ausschneiden, key_einfuegen, key_suchen,
         Search_Ekey, Search_RFID, key_synchron;
@@ -126,6 +126,8 @@ struct F5 {
 
     void F5_Sort_Click();
     void F5_Search_Click();
+    /// Takes a spreadsheet into the table as one step, behind a question that shows what it changes.
+    void F5_Import_Click();
     void F5_M5ON_Click();
     void F5_M5_OFF_Click();
     /// By the current column: deletes the selected users, or clears the selected cells of the column.
@@ -186,7 +188,6 @@ private:
     /// Takes the open editor over with the comparisons of its column. False when it stays open.
     bool Editor_Bestaetigen();
     void Editor_Uebernehmen();
-    void Zelle_Schreiben(int row, int column, const std::string& text);
     bool Vergeben(int row, int column, std::string_view text) const;
     TextBox* Offene_Box();
     ListBox* Offene_Liste();

@@ -1,5 +1,6 @@
 // The editors over the cells: open, type, take over, leave.
 
+#include "Benutzerzelle.h"
 #include "Eingabe.h"
 #include "F5.h"
 #include "Filter.h"
@@ -12,8 +13,6 @@ namespace {
 
 constexpr std::size_t CodeLength = 6; ///< typed; a longer one comes from the file
 
-/// The rights, the default first.
-constexpr std::array<std::string_view, 6> Rights{"1", "0", "1/2", "1/3", "ADMI", "FS+"};
 constexpr int Groups = 7;
 
 /// Six characters at most; a longer one can only be made shorter.
@@ -128,7 +127,7 @@ void F5::Liste_Oeffnen(ListBox& list) {
             }
         }
     } else {
-        entries.assign(Rights.begin(), Rights.end());
+        entries.assign(Benutzerrechte.begin(), Benutzerrechte.end());
     }
     // What stands in the cell, so that leaving the list changes nothing; the default of an empty one.
     const auto found = std::find_if(entries.begin(), entries.end(),
@@ -219,7 +218,7 @@ bool F5::Editor_Bestaetigen() {
         kern.Meldung(kern.Zeile(Line::EntryExists), Buttons::Ok, Icon::Exclamation, InfoTitle);
         return true;
     }
-    Aendern(Word::StepEdit, [&] { Zelle_Schreiben(cell.Row, cell.Column, text); });
+    Aendern(Word::StepEdit, [&] { Benutzerzelle_Schreiben(FGK4, cell.Row, cell.Column, text); });
     if (cell.Column == UserColumn::Name && !text.empty()) {
         Auswahl.Go(cell.Row, UserColumn::Code);
     } else if (!list && cell.Column < LastTabColumn) {
@@ -239,30 +238,11 @@ void F5::Editor_Uebernehmen() {
         text.clear();
     }
     Editor_Schliessen();
-    Aendern(Word::StepEdit, [&] { Zelle_Schreiben(cell.Row, cell.Column, text); });
+    Aendern(Word::StepEdit, [&] { Benutzerzelle_Schreiben(FGK4, cell.Row, cell.Column, text); });
 }
 
 void F5::Editor_LostFocus() {
     Editor_Uebernehmen();
-}
-
-void F5::Zelle_Schreiben(int row, int column, const std::string& text) {
-    const bool same = FGK4.Text(row, column) == text;
-    FGK4.SetText(row, column, text);
-    if (column != UserColumn::Name || text.empty()) {
-        return;
-    }
-    if (FGK4.Text(row, UserColumn::Group).empty()) {
-        FGK4.SetText(row, UserColumn::Group, "-");
-    }
-    if (FGK4.Text(row, UserColumn::Right).empty()) {
-        FGK4.SetText(row, UserColumn::Right, Rights.front());
-    }
-    if (same) {
-        return; // a finger that is out of use is not to be in use because its user was looked at
-    }
-    const bool finger = !FGK4.Text(row, UserColumn::FingerId).empty();
-    FGK4.SetPicture(row, UserColumn::Finger, finger ? FingerPicture::Standard : FingerPicture::None);
 }
 
 int F5::Listenhub(int column, int topRow) {

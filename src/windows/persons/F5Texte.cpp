@@ -100,6 +100,7 @@ void F5::Menues_Beschriften() {
     for (const Menuetext& text : Entries) {
         (this->*text.Entry).Text = Wort(kern, Zeile_Fuer(text.Where), text.Design);
     }
+    F5_Import.Text = Wort(kern, Word::SheetImport);
     Save_Ekey.Text = Wort(kern, Word::LearnEKey);
     Save_RFID.Text = Wort(kern, Word::LearnTransponder);
     Search_Ekey.Text = Wort(kern, Word::SearchEKey);
