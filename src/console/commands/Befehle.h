@@ -15,6 +15,11 @@ ExitCode Befehl_Export(const Umgebung& world, const Console& console, const std:
 /// `file`: a path, or "-" for standard input.
 ExitCode Befehl_Import(const Umgebung& world, const Console& console, const std::string& file);
 
+/// import --csv: a spreadsheet of the users or of the locks, told apart by its headings. With something refused, and
+/// with
+/// --dry-run, nothing is written.
+ExitCode Befehl_Tabelle(const Umgebung& world, const Console& console, const Optionen& options);
+
 ExitCode Befehl_Check(const Umgebung& world, const Console& console);
 
 /// program and history, lock by lock; run: a list of locks, as the run list does it.

@@ -15,7 +15,7 @@ ExitCode Befehl_Ausfuehren(const Umgebung& world, const Console& console, const 
     case Command::Export:
         return Befehl_Export(world, console, options.File);
     case Command::Import:
-        return Befehl_Import(world, console, options.File);
+        return options.Csv ? Befehl_Tabelle(world, console, options) : Befehl_Import(world, console, options.File);
     case Command::Check:
         return Befehl_Check(world, console);
     case Command::Decode:

@@ -70,6 +70,13 @@ void Timeout_Option(CLI::App& command, Optionen& options) {
         ->check(CLI::Range(0, 86400));
 }
 
+void Import_Optionen(CLI::App& command, Optionen& options) {
+    command.add_option("FILE", options.File, "document or table to read, - for standard input")->required();
+    CLI::Option* csv =
+        command.add_flag("--csv", options.Csv, "FILE is a table of users or locks, as the windows export them");
+    command.add_flag("--dry-run", options.DryRun, "only show what the table would change")->needs(csv);
+}
+
 using CommandMaker = std::function<CLI::App*(const char* name, const char* text, Command which)>;
 
 void Ein_Schloss(CLI::App& command, Optionen& options) {
@@ -196,9 +203,9 @@ void Befehle_Anlegen(CLI::App& app, Optionen& options, Texte& texts) {
     Ein_Schloss(*dataset, options);
     add("export", "write all data files as one JSON document", Command::Export)
         ->add_option("FILE", options.File, "file to write (default: standard output)");
-    add("import", "read such a document into the data files", Command::Import)
-        ->add_option("FILE", options.File, "document to read, - for standard input")
-        ->required();
+    Import_Optionen(
+        *add("import", "read such a document into the data files, or a table of a spreadsheet", Command::Import),
+        options);
     add("check", "look for faults in the data files", Command::Check);
     add("decode", "bytes as hexadecimal text, or a trace, to readable telegrams", Command::Decode)
         ->add_option("FILE", options.File, "file to read (default: standard input)");
@@ -267,7 +274,7 @@ std::string Nachpruefen(Optionen& options, const Texte& texts, const Datum& toda
             return "--date: " + texts.Date + " is not a date DD.MM.YYYY";
         }
     }
-    if (options.Csv && options.Json) {
+    if (options.Csv && options.Json && options.Wanted == Command::Events) {
         return "--csv and --json exclude each other";
     }
     if (!texts.At.empty()) {

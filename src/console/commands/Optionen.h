@@ -67,7 +67,8 @@ struct Optionen {
     std::vector<std::string> Files; ///< events; "-": standard input; none: all of HIST
     std::string Name, Event;        ///< events: only these; empty: all
     std::optional<Datum> Date;      ///< events: only of this day
-    bool Csv = false;               ///< events
+    bool Csv = false;               ///< events, import
+    bool DryRun = false;            ///< import --csv
 };
 
 /// Nothing when the program is to end at once, with `exitCode`: after a help text on `out`, or a fault on `err`.
