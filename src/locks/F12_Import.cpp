@@ -193,28 +193,40 @@ private:
                                                        Serienschluessel(locks_.Text(wish.Row, LockColumn::Serial));
     }
 
+    std::optional<Word> Namensgrund(const Blattwunsch& wish, bool taken) const {
+        if (Anders(wish, LockColumn::Name)) {
+            if (const auto why = Namensmangel(wish)) {
+                return why;
+            }
+        }
+        return taken ? std::optional(Word::SheetTaken) : std::nullopt;
+    }
+
+    /// The new text, or why it is refused.
+    void Eintragen(const Blattwunsch& wish, int column, const std::optional<Word>& why, std::string text) {
+        if (why) {
+            writer_.Ablehnen(wish, column, *why);
+        } else {
+            writer_.Aendern(wish, column, locks_.Text(wish.Row, column), std::move(text));
+        }
+    }
+
     void Zeile(const Blattwunsch& wish, bool nameTaken) {
         const std::string& before = locks_.Text(wish.Row, LockColumn::Name);
         const std::string name = wish.Added ? Schlossschluessel(Blattfeld(*wish.Line, LockColumn::Name)) : before;
         const std::string serial = Blattfeld(*wish.Line, LockColumn::Serial);
         writer_.Wer(name.empty() ? serial : name);
-        std::optional<Word> noName = Anders(wish, LockColumn::Name) ? Namensmangel(wish) : std::nullopt;
-        if (!noName && nameTaken) {
-            noName = Word::SheetTaken;
-        }
+        const std::optional<Word> noName = Namensgrund(wish, nameTaken);
         const std::optional<Word> noSerial = Serie_Anders(wish) ? Serienmangel(wish) : std::nullopt;
         const bool refused = wish.Added && (noName || noSerial);
         if (wish.Added && !refused) {
             writer_.Neu(wish);
         }
         if (Anders(wish, LockColumn::Name) && (!refused || noName)) {
-            noName ? writer_.Ablehnen(wish, LockColumn::Name, *noName)
-                   : writer_.Aendern(wish, LockColumn::Name, before, Blattwert(*wish.Feld(LockColumn::Name)));
+            Eintragen(wish, LockColumn::Name, noName, Blattwert(*wish.Feld(LockColumn::Name)));
         }
         if (Serie_Anders(wish) && (!refused || noSerial)) {
-            noSerial ? writer_.Ablehnen(wish, LockColumn::Serial, *noSerial)
-                     : writer_.Aendern(wish, LockColumn::Serial, locks_.Text(wish.Row, LockColumn::Serial),
-                                       Serienschluessel(*wish.Feld(LockColumn::Serial)));
+            Eintragen(wish, LockColumn::Serial, noSerial, Serienschluessel(*wish.Feld(LockColumn::Serial)));
         }
         if (!refused) {
             Einstellungen(wish, Serie_Anders(wish) && !noSerial);
