@@ -9,8 +9,10 @@
 #include "UiFixture.h"
 
 #include <QAccessible>
+#include <QAction>
 #include <QComboBox>
 #include <QLabel>
+#include <QMenu>
 #include <QPushButton>
 #include <QTableView>
 #include <QTest>
@@ -81,6 +83,26 @@ TEST_F(F60_Window, two_clicks_make_a_door_permanent_however_soon_they_follow) {
     EXPECT_EQ(Model().FGK60.Text(3, CardColumn::Mark), "P");
     ClickCell(*grid, 3, CardColumn::Mark, Qt::RightButton);
     EXPECT_EQ(Model().FGK60.Text(3, CardColumn::Mark), "P");
+}
+
+TEST_F(F60_Window, takes_a_mark_back_by_key_and_from_its_menu) {
+    Open();
+    ClickCell(*grid, 2, CardColumn::Mark, Qt::LeftButton);
+    ClickCell(*grid, 3, CardColumn::Mark, Qt::LeftButton);
+    QTest::keyClick(grid, Qt::Key_Z, Qt::ControlModifier);
+    Settle();
+    EXPECT_EQ(Model().FGK60.Text(3, CardColumn::Mark), "");
+    EXPECT_EQ(Model().FGK60.Text(2, CardColumn::Mark), "X");
+    ClickCell(*grid, 2, CardColumn::Mark, Qt::RightButton);
+    auto* menu = Part<QMenu>("M_FGK60");
+    ASSERT_TRUE(menu->isVisible());
+    EXPECT_EQ(Model().FGK60.Text(2, CardColumn::Mark), "X") << "the right button marks nothing";
+    auto* undo = Part<QAction>("F60_Undo");
+    ASSERT_TRUE(menu->actions().contains(undo));
+    menu->close();
+    EXPECT_TRUE(undo->isEnabled());
+    undo->trigger();
+    EXPECT_EQ(Model().FGK60.Text(2, CardColumn::Mark), "");
 }
 
 TEST_F(F60_Window, a_day_that_is_picked_leads_to_the_key_that_writes) {

@@ -221,6 +221,39 @@ TEST_F(F42_Fenster, keeps_the_identifier_of_an_offset_that_is_deleted) {
     EXPECT_EQ(menus, 2);
 }
 
+TEST_F(F42_Fenster, takes_marks_of_slots_and_changes_of_offsets_back_in_their_order) {
+    Open();
+    Window().FGK42_Eintragen(2, OffsetColumn::Name, "Night");
+    const std::string before = Row(2);
+    Window().FGK42B_Click(5, 4);
+    Window().FGK42B_Click(5, 4);
+    Window().FGK42_Eintragen(2, OffsetColumn::Name, "Noon");
+    Window().Undo_Click();
+    EXPECT_EQ(Row(2), before);
+    EXPECT_EQ(Window().FGK42B.Text(5, 4), "");
+    Window().Undo_Click();
+    EXPECT_EQ(Window().FGK42B.Text(5, 4), "X");
+    EXPECT_EQ(Window().FGK42B.At(5, 4).BackColor, 0x808080U);
+    Window().Undo_Click();
+    EXPECT_EQ(Window().FGK42B.Text(5, 4), "");
+    EXPECT_EQ(Window().FGK42B.At(5, 4).BackColor, White);
+    EXPECT_EQ(Row(2), before);
+    Window().Redo_Click();
+    EXPECT_EQ(Window().FGK42B.Text(5, 4), "X");
+    EXPECT_TRUE(Window().Wiederholen.Enabled());
+}
+
+TEST_F(F42_Fenster, knows_no_step_of_before_it_was_opened_anew) {
+    Open();
+    Window().FGK42B_Click(5, 4);
+    EXPECT_TRUE(Window().Rueckgaengig.Enabled());
+    Window().F42_FormLaden();
+    EXPECT_FALSE(Window().Rueckgaengig.Enabled());
+    Window().Undo_Click();
+    EXPECT_EQ(Window().FGK42B.Text(5, 4), "");
+    EXPECT_FALSE(Window().Geaendert);
+}
+
 TEST_F(F42_Fenster, selects_a_slot_in_its_last_column_only_and_no_more_at_the_second_click) {
     Open();
     Window().FGK42B_Click(3, 3);

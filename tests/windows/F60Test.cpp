@@ -78,6 +78,32 @@ TEST_F(F60_Karten, a_click_on_the_mark_goes_round) {
     EXPECT_EQ(Cell(1, CardColumn::Mark), "X");
 }
 
+TEST_F(F60_Karten, takes_marks_back_one_at_a_time_and_asks_for_what_that_changes) {
+    Open();
+    for (int n = 0; n < 3; ++n) {
+        Window().FGK60_Click(1, CardColumn::Mark); // "X", "P", none
+    }
+    Window().FGK60_Click(2, CardColumn::Mark);
+    Window().Undo_Click();
+    EXPECT_EQ(Cell(2, CardColumn::Mark), "");
+    Window().Undo_Click();
+    EXPECT_EQ(Cell(1, CardColumn::Mark), "P");
+    Window().Toolbar1_ButtonClick("Speichern");
+    EXPECT_FALSE(Window().Geaendert);
+    Window().Undo_Click();
+    EXPECT_EQ(Cell(1, CardColumn::Mark), "X");
+    EXPECT_TRUE(Window().Geaendert) << "the file holds the door";
+    Window().Redo_Click();
+    EXPECT_EQ(Cell(1, CardColumn::Mark), "P");
+    Window().Undo_Click();
+    Window().Undo_Click();
+    EXPECT_EQ(Cell(1, CardColumn::Mark), "");
+    EXPECT_EQ(Window().FGK60.At(1, CardColumn::Mark).BackColor, White);
+    EXPECT_FALSE(Window().Rueckgaengig.Enabled());
+    Window().Undo_Click();
+    EXPECT_EQ(Cell(1, CardColumn::Mark), "");
+}
+
 TEST_F(F60_Karten, permanent_doors_are_kept_byte_by_byte_and_come_back) {
     Open();
     Mark(2, "P");

@@ -1,9 +1,11 @@
 #include "F60Window.h"
 
 #include "ElidedLabel.h"
+#include "GridMenu.h"
 #include "GridView.h"
 #include "KeyEdit.h"
 #include "ListenTimeBox.h"
+#include "Mnemonics.h"
 #include "MonthView.h"
 #include "StatusLine.h"
 #include "TextEdge.h"
@@ -14,6 +16,7 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QMenu>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QToolBar>
@@ -57,6 +60,7 @@ F60Window::F60Window(F60& model, QWidget* main)
     auto* body = new QHBoxLayout;
     body->setSpacing(16);
     body->addLayout(makeDoors(), 1);
+    makeMenu();
     auto* side = new QVBoxLayout;
     side->addWidget(new SideRoom(makeSide(), this), 1);
     side->addLayout(makeKeys());
@@ -66,6 +70,10 @@ F60Window::F60Window(F60& model, QWidget* main)
     setLeastSize(LeastGridWidth + LeastSideWidth, 400);
     setFirst(doors_);
     finish([this] { f60_.Schliessen(); });
+}
+
+F60Window::~F60Window() {
+    f60_.Menue_Zeigen = {};
 }
 
 void F60Window::setWords() {
@@ -110,14 +118,27 @@ QLayout* F60Window::makeDoors() {
     doors_->onMouseUp = [this](MouseButton button, int row, int column) {
         if (button == MouseButton::Left) {
             f60_.FGK60_Click(row, column);
+        } else if (button == MouseButton::Right) {
+            f60_.FGK60_Kontext(row, column);
         }
     };
+    doors_->onMenuKey = [this] { f60_.FGK60_Kontext(f60_.FGK60.Row, f60_.FGK60.Column); };
     doors_->onKey = [this](int key) { f60_.FGK60_KeyPress(key); };
     doors_->onSpace = [this] { f60_.FGK60_KeyPress(' '); };
     auto* lines = new QVBoxLayout;
     lines->addLayout(line);
     lines->addWidget(doors_, 1);
     return lines;
+}
+
+void F60Window::makeMenu() {
+    menu_ = new QMenu(this);
+    menu_->setObjectName(ofF60("M_FGK60"));
+    addUndoEntries(
+        menu_, this, QStringLiteral("F60.F60"), f60_.Rueckgaengig, f60_.Wiederholen, [this] { f60_.Undo_Click(); },
+        [this] { f60_.Redo_Click(); });
+    uniqueMnemonics(menu_);
+    f60_.Menue_Zeigen = [this] { popUpAtCell(*menu_, *doors_); };
 }
 
 QLayout* F60Window::makeSide() {

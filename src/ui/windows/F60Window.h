@@ -4,6 +4,7 @@
 #include "WindowBase.h"
 
 class QGridLayout;
+class QMenu;
 
 namespace qvm::ui {
 
@@ -16,6 +17,7 @@ class F60Window : public WindowBase {
 
 public:
     F60Window(F60& model, QWidget* main);
+    ~F60Window() override;
 
     void setWords() override;
 
@@ -28,10 +30,12 @@ private:
     QLayout* makeGroup();
     QLayout* makeKeys();
     QLayout* makeStatusLine();
+    void makeMenu();
     MonthView* addMonth(QGridLayout* grid, QWidget* parent, int column);
 
     F60& f60_;
     GridView* doors_ = nullptr;
+    QMenu* menu_ = nullptr;
     MonthView* months_[2] = {};
 };
 

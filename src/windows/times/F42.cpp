@@ -73,10 +73,10 @@ void F42::Laden() {
     for (int row = 1; row <= GuestSlotRows; ++row) {
         FGK42B.SetText(row, GuestSlotColumn::Number, Ziffern(row));
         if (selection.Slots[static_cast<std::size_t>(row) - 1]) {
-            FGK42B_Click(row, GuestSlotColumn::Selection);
+            Slot_Markieren(row, true);
         }
     }
-    Verlauf.Forget();
+    steps_.Forget();
 }
 
 void F42::Toolbar1_ButtonClick(std::string_view key) {
@@ -113,7 +113,7 @@ void F42::F42_Schliessen() {
     }
     Geaendert = false;
     Fenster.Visible = false;
-    Verlauf.Forget();
+    steps_.Forget();
     kern.Windows.BackToMain();
 }
 
@@ -302,26 +302,55 @@ void F42::FGK42B_Click(int row, int column) {
     if (row < 1 || column != GuestSlotColumn::Selection || !FGK42B.Holds(row, column)) {
         return;
     }
-    Geaendert = true;
-    Cell cell = FGK42B.At(row, column);
-    const bool selected = cell.Text == "X";
-    cell.Text = selected ? "" : "X";
-    cell.BackColor = selected ? White : GuestSlotLook::Selected;
-    cell.FontSize = GuestSlotLook::MarkSize;
-    FGK42B.Set(row, column, cell);
+    Aendern(Word::StepMark, [&] { Slot_Markieren(row, FGK42B.Text(row, column) != "X"); });
     Woche_Zeigen();
+}
+
+void F42::Slot_Markieren(int row, bool selected) {
+    Cell cell = FGK42B.At(row, GuestSlotColumn::Selection);
+    cell.Text = selected ? "X" : "";
+    cell.BackColor = selected ? GuestSlotLook::Selected : White;
+    cell.FontSize = GuestSlotLook::MarkSize;
+    FGK42B.Set(row, GuestSlotColumn::Selection, cell);
 }
 
 // ---- steps
 
 bool F42::Aendern(Word what, const std::function<void()>& change) {
-    if (!Schritt_Tun(kern, Verlauf, what, change, Rueckgaengig, Wiederholen)) {
+    Stand_Merken();
+    change();
+    steps_.Begin(what);
+    Stand_Merken();
+    if (!steps_.End()) {
         return false;
     }
+    Schritte_Zeigen(kern, steps_, Rueckgaengig, Wiederholen);
     Geaendert = true;
     Hinweis.Text = std::string();
     Stand_Zeigen();
     return true;
+}
+
+void F42::Stand_Merken() {
+    for (int row = 0; row < OffsetRows; ++row) {
+        for (int n = 0; n < OffsetFields; ++n) {
+            kept_.SetText(row, n, FGK42.Text(row + 1, OffsetColumn::Name + n));
+        }
+    }
+    for (int row = 0; row < GuestSlotRows; ++row) {
+        kept_.SetText(OffsetRows + row, 0, FGK42B.Text(row + 1, GuestSlotColumn::Selection));
+    }
+}
+
+void F42::Stand_Herstellen() {
+    for (int row = 0; row < OffsetRows; ++row) {
+        for (int n = 0; n < OffsetFields; ++n) {
+            FGK42.SetText(row + 1, OffsetColumn::Name + n, kept_.Text(row, n));
+        }
+    }
+    for (int row = 0; row < GuestSlotRows; ++row) {
+        Slot_Markieren(row + 1, kept_.Text(OffsetRows + row, 0) == "X");
+    }
 }
 
 void F42::Undo_Click() {
@@ -334,14 +363,18 @@ void F42::Redo_Click() {
 
 void F42::Schritt_Gehen(std::optional<UndoStep> (GridUndo::*way)(), Word told) {
     Editor_Uebernehmen();
-    const auto step = (Verlauf.*way)();
+    const auto step = (steps_.*way)();
     if (!step) {
         return;
     }
+    Stand_Herstellen();
     Geaendert = true;
-    Auswahl.Go(step->Row, std::clamp(step->Column, OffsetColumn::Name, OffsetColumn::Base));
+    if (step->Row < OffsetRows) {
+        Auswahl.Go(step->Row + 1, step->Column + OffsetColumn::Name);
+    }
     Stand_Zeigen();
-    Schritte_Zeigen(kern, Verlauf, Rueckgaengig, Wiederholen);
+    Woche_Zeigen();
+    Schritte_Zeigen(kern, steps_, Rueckgaengig, Wiederholen);
     Hinweis.Text = Schritt_Meldung(kern, told, *step);
 }
 

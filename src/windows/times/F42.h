@@ -25,6 +25,8 @@ namespace GuestSlotColumn {
 inline constexpr int Number = 0, Day = 1, From = 2, To = 3, Selection = 4, Count = 5;
 }
 
+inline constexpr int OffsetFields = 3; ///< of an offset that can be changed: name, time, base time
+
 namespace GuestSlotLook {
 inline constexpr Colour Selected = 0x808080;
 inline constexpr int MarkSize = 16; ///< points
@@ -47,13 +49,12 @@ struct F42 {
     Grid FGK42{OffsetRows + 1, OffsetColumn::Count};
     Grid FGK42B{GuestSlotRows + 1, GuestSlotColumn::Count};
     GridSelection Auswahl{FGK42, GridSelection::Unit::Cells, nullptr, 1, OffsetColumn::Name};
-    GridUndo Verlauf{FGK42}; ///< of the offsets
-    ListBox List1;           ///< base times, over the current cell of FGK42
-    TextBox Text3, Text4;    ///< time and name of an offset, likewise
-    WeekPictureBox Woche;    ///< the slots that are selected
-    Label Mangel;            ///< status line: what is odd about the current offset; empty: nothing
-    Label Hinweis;           ///< status line: what became of the last action; empty: nothing to say
-    bool Geaendert = false;  ///< there is something to save
+    ListBox List1;          ///< base times, over the current cell of FGK42
+    TextBox Text3, Text4;   ///< time and name of an offset, likewise
+    WeekPictureBox Woche;   ///< the slots that are selected
+    Label Mangel;           ///< status line: what is odd about the current offset; empty: nothing
+    Label Hinweis;          ///< status line: what became of the last action; empty: nothing to say
+    bool Geaendert = false; ///< there is something to save
 
     std::array<ToolButton, 2> Toolbar1{{{.Key = u8"Zurück"_w}, {.Key = "Speichern"}}};
     MenuEntry F42Loeschen; ///< of the menu M_FGK42
@@ -100,7 +101,8 @@ struct F42 {
     void List1_Waehlen(int entry);
     void List1_Abbrechen() { List1.Visible = false; }
 
-    /// A click on a cell of the guest slots, or Return or the space bar: in the last column it selects, or no more.
+    /// A click on a cell of the guest slots, or Return or the space bar: in the last column it selects, or no more, as
+    /// one step.
     void FGK42B_Click(int row, int column);
     /// A cell of the offsets can be given a text.
     bool FGK42_Beschreibbar(int row, int column) const;
@@ -126,6 +128,12 @@ private:
     void Stand_Zeigen();
     void Woche_Zeigen();
 
+    void Stand_Merken();
+    void Stand_Herstellen();
+    void Slot_Markieren(int row, bool selected);
+
+    Grid kept_{OffsetRows + GuestSlotRows, OffsetFields}; ///< offsets and marks, one below the other
+    GridUndo steps_{kept_};
     bool unread_ = false;      ///< what is shown is not what stands on the disk
     int row_ = 0, column_ = 0; ///< the cell under an editor or the list
     GuestSlots slots_;

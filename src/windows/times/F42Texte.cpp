@@ -35,7 +35,7 @@ void F42::Texte_Setzen() {
     Toolbar1[0].Tip = kern.Zeile(Line::Back);
     Toolbar1[1].Tip = kern.Zeile(Line::Save);
     F42Loeschen.Text = Wort(kern, Line::Delete, u8"Löschen"_w);
-    Schritte_Zeigen(kern, Verlauf, Rueckgaengig, Wiederholen);
+    Schritte_Zeigen(kern, steps_, Rueckgaengig, Wiederholen);
     Slots_Zeigen();
     Stand_Zeigen();
 }

@@ -3,6 +3,7 @@
 #include "Filter.h"
 #include "Fragen.h"
 #include "Kartendateien.h"
+#include "UndoMenu.h"
 
 #include <algorithm>
 
@@ -39,6 +40,7 @@ void F60::F60_FormLaden() {
     Text1.Caret = 0;
     Text2.Caret = 0;
     Geaendert = false;
+    Schritte_Vergessen();
     Auswahl.Go(FirstRow, CardColumn::Mark);
     Texte_Setzen();
     Fenster.Enabled = true;
@@ -80,17 +82,61 @@ void F60::FGK60_Click(int row, int column) {
         return;
     }
     const std::string mark = FGK60.Text(row, column);
-    if (mark.empty()) {
-        Markieren(row, DoorMark::Single);
-    } else if (mark == DoorMark::Single) {
-        Markieren(row, DoorMark::Permanent);
-        Geaendert = true;
-    } else {
-        Markieren(row, "");
-        Geaendert = true;
-    }
+    const std::string_view next = mark.empty()               ? DoorMark::Single
+                                  : mark == DoorMark::Single ? DoorMark::Permanent
+                                                             : std::string_view();
+    Schritt_Tun(
+        kern, steps_, Word::StepMark, [&] { Markieren(row, next); }, Rueckgaengig, Wiederholen);
+    Geaendert = Geaendert || next != DoorMark::Single;
     Hinweis.Text = std::string();
     Stand_Zeigen();
+}
+
+void F60::FGK60_Kontext(int row, int column) {
+    if (row < FirstRow || !FGK60.Holds(row, column)) {
+        return;
+    }
+    Auswahl.Go(row, column);
+    if (Menue_Zeigen) {
+        Menue_Zeigen();
+    }
+}
+
+void F60::Undo_Click() {
+    Schritt_Gehen(&GridUndo::Undo, Word::UndoDone);
+}
+
+void F60::Redo_Click() {
+    Schritt_Gehen(&GridUndo::Redo, Word::RedoDone);
+}
+
+void F60::Schritt_Gehen(std::optional<UndoStep> (GridUndo::*way)(), Word told) {
+    if (!Fenster.Enabled) {
+        return;
+    }
+    const int before = Dauertueren();
+    const auto step = (steps_.*way)();
+    if (!step) {
+        return;
+    }
+    Geaendert = Geaendert || Dauertueren() != before; // a step is of one door, and single doors are not kept
+    Auswahl.Go(step->Row, CardColumn::Mark);
+    Stand_Zeigen();
+    Schritte_Zeigen(kern, steps_, Rueckgaengig, Wiederholen);
+    Hinweis.Text = Schritt_Meldung(kern, told, *step);
+}
+
+int F60::Dauertueren() const {
+    int count = 0;
+    for (int row = FirstRow; row <= LastRow; ++row) {
+        count += FGK60.Text(row, CardColumn::Mark) == DoorMark::Permanent ? 1 : 0;
+    }
+    return count;
+}
+
+void F60::Schritte_Vergessen() {
+    steps_.Forget();
+    Schritte_Zeigen(kern, steps_, Rueckgaengig, Wiederholen);
 }
 
 void F60::FGK60_KeyPress(int key) {

@@ -5,6 +5,7 @@
 #include "Gastkarte.h"
 #include "Grid.h"
 #include "GridSelection.h"
+#include "GridUndo.h"
 #include "Kern.h"
 #include "Link.h"
 #include "MouseButton.h"
@@ -91,6 +92,8 @@ struct F60 {
     Label Markiert;                    ///< status line: how many doors
     Label Hinweis;                     ///< status line: what became of the last action; empty: nothing to say
 
+    MenuEntry Rueckgaengig, Wiederholen; ///< of the menu M_FGK60
+
     std::array<ToolButton, 2> Toolbar1{{{.Key = u8"Zurück"_w}, {.Key = "Speichern"}}};
 
     int GruppenNr = 0; ///< the current object group
@@ -100,7 +103,8 @@ struct F60 {
     KartenErgebnis Ergebnis = KartenErgebnis::Offen;
     KartenLesung Lesung;
 
-    std::function<void()> Zu_F5; ///< the user window is told that it may go on
+    std::function<void()> Zu_F5;        ///< the user window is told that it may go on
+    std::function<void()> Menue_Zeigen; ///< opens M_FGK60 over the current cell
 
     /// Loads everything and shows the window.
     void F60_FormLaden();
@@ -114,6 +118,11 @@ struct F60 {
     void FGK60_Click(int row, int column);
     /// Return or the space bar does the same for the current row.
     void FGK60_KeyPress(int key);
+    /// The right button on a cell, which becomes the current one, or the key for a context menu.
+    void FGK60_Kontext(int row, int column);
+    /// Marks of doors, a step each. What a card took away when it was written does not come back.
+    void Undo_Click();
+    void Redo_Click();
     /// Dates that a card cannot hold, before 2000 and behind 2099, are refused with a message.
     void MV1_Waehlen(const Datum& day);
     void MV2_Waehlen(const Datum& day);
@@ -172,11 +181,15 @@ private:
     void Lesung_Zeigen();
 
     void Markieren(int row, std::string_view mark);
+    void Schritt_Gehen(std::optional<UndoStep> (GridUndo::*way)(), Word told);
+    void Schritte_Vergessen();
+    int Dauertueren() const; ///< how many permanent doors are marked
     void Tag_Waehlen(Observed<Datum>& which, const Datum& day);
     void Zeit_Tippen(TextBox& box, int key, bool goesOn);
     void Stand_Zeigen();
     void Aufenthalt_Zeigen();
 
+    GridUndo steps_{FGK60};
     std::array<KartenOffset, KartenOffsets> offsets_;
     std::array<std::string, KartenOffsets> offsetNames_;
     std::array<std::string, 2> standard_; ///< DefaultZeit1, DefaultZeit2

@@ -193,6 +193,7 @@ void F60::Geschrieben() {
             Markieren(row, "");
         }
     }
+    Schritte_Vergessen();
     Stand_Zeigen();
     kern.Meldung(kern.Zeile(Line::CardWritten), Buttons::Ok, Icon::Information);
 }

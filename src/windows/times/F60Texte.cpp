@@ -1,6 +1,7 @@
 // Words, the stay, status line.
 
 #include "F60.h"
+#include "UndoMenu.h"
 #include "Wochentage.h"
 
 namespace qvm {
@@ -31,6 +32,7 @@ std::string Kartenmoment(const std::vector<std::uint8_t>& bytes, std::size_t at)
 } // namespace
 
 void F60::Texte_Setzen() {
+    Schritte_Zeigen(kern, steps_, Rueckgaengig, Wiederholen);
     const auto named = [this](int line) { return kern.Zeile(line) + " :"; };
     Fenster.Title = Fenstertitel(kern.Zeile(Line::GuestCard));
     Label1.Text = kern.Zeile(Line::GuestCard);

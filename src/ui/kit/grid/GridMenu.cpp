@@ -28,7 +28,9 @@ void popUpAtCell(QMenu& menu, GridView& grid) {
 
 void addUndoEntries(QMenu* menu, QWidget* window, const QString& name, MenuEntry& undo, MenuEntry& redo,
                     std::function<void()> onUndo, std::function<void()> onRedo) {
-    menu->addSeparator();
+    if (!menu->isEmpty()) {
+        menu->addSeparator();
+    }
     QAction* back = addMenuEntry(menu, undo, name + QStringLiteral("_Undo"), std::move(onUndo));
     QAction* again = addMenuEntry(menu, redo, name + QStringLiteral("_Redo"), std::move(onRedo));
     back->setShortcut(Qt::CTRL | Qt::Key_Z);
