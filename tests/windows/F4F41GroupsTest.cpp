@@ -73,6 +73,17 @@ TEST_F(Clock_Groups, that_are_named_within_one_second_are_two) {
     EXPECT_EQ(F41().Gruppen[4].PbId, "PB_826021802");
 }
 
+TEST_F(Clock_Groups, keep_an_identifier_that_a_file_has_twice) {
+    F41().FormLaden();
+    for (const char* id : {"PB_700000001", "PB_2147483648"}) {
+        F41().Gruppen[1].PbId = F41().Gruppen[2].PbId = id;
+        Name(F41(), 1, "a");
+        Name(F41(), 1, "b");
+        EXPECT_EQ(F41().Gruppen[1].PbId, id);
+        EXPECT_EQ(F41().Gruppen[2].PbId, id);
+    }
+}
+
 TEST_F(Clock_Groups, cannot_share_a_name) {
     F4().FormLaden();
     F41().FormLaden();

@@ -157,14 +157,17 @@ void WeekTimer::Name_Zuruecklegen() {
     FGK3.SetText(AktZeile, GroupColumn::Name, AlterName);
 }
 
-/// Two groups that are named within one second do not become one.
+/// Two groups that are named within one second do not become one. An identifier that is there stays, whoever has it,
+/// too: users and locks go by it.
 void WeekTimer::Kennung_Geben(int row) {
     GroupEntry& group = Gruppe(row);
+    const std::string before = group.PbId;
     PbId_Sichern(kern, group);
     const auto taken = [&](const GroupEntry& other) { return &other != &group && other.PbId == group.PbId; };
-    while (std::any_of(Gruppen.begin(), Gruppen.end(), taken)) {
-        const auto seconds = static_cast<std::int64_t>(Zahlwert(std::string_view(group.PbId).substr(PbIdHead)));
-        group.PbId = group.PbId.substr(0, PbIdHead) + Ziffern(seconds + 1);
+    const std::string head = group.PbId.substr(0, PbIdHead);
+    auto seconds = static_cast<std::int64_t>(Zahlwert(std::string_view(group.PbId).substr(PbIdHead)));
+    while (group.PbId != before && std::any_of(Gruppen.begin(), Gruppen.end(), taken)) {
+        group.PbId = head + Ziffern(++seconds);
     }
     FGK3.SetText(row, GroupColumn::PbId, group.PbId);
 }
