@@ -29,27 +29,30 @@ void Abschalten(const Kern& kern, Grid& grid, int row) {
 
 } // namespace
 
-bool Zeitfenster_Laden(Kern& kern, Grid& grid, const SlotRange& range) {
+SlotLoad Zeitfenster_Laden(Kern& kern, Grid& grid, const SlotRange& range) {
     RecordFile slots(TimeSlot::Record);
     const ReadStatus status = slots.Laden(kern.Welt.Files, kern.DatPfad());
     if (status == ReadStatus::Error) {
-        return false;
+        return {};
     }
     if (status == ReadStatus::Missing) {
         Satzluecken_Fuellen(slots, SlotRecords, Satz(0, Midnight, Midnight));
-        return slots.Speichern(kern.Welt.Files, kern.DatPfad());
+        return {.Read = slots.Speichern(kern.Welt.Files, kern.DatPfad())};
     }
     for (int slot = 1; slot <= range.Count; ++slot) {
         const int record = range.First + slot - 1;
         const int day = Feld_Byte(slots.Record(record), TimeSlot::DayIndex);
-        if (record > slots.Count() || day > WochentageEnde) {
+        if (record > slots.Count()) {
             break;
+        }
+        if (day > WochentageEnde) {
+            return {.Read = true, .Damaged = record};
         }
         grid.SetText(slot, SlotColumn::Day, Wochentag_Text(kern, day));
         grid.SetText(slot, SlotColumn::From, slots.Text(record, TimeSlot::From));
         grid.SetText(slot, SlotColumn::To, slots.Text(record, TimeSlot::To));
     }
-    return true;
+    return {.Read = true};
 }
 
 bool Zeitfenster_Speichern(Kern& kern, const Grid& grid, const SlotRange& range) {

@@ -22,10 +22,18 @@ struct SlotRange {
 inline constexpr SlotRange PersonSlots{1, 10}, LockSlots{11, 5};
 inline constexpr int SlotRecords = 15;
 
+/// What became of a load.
+struct SlotLoad {
+    bool Read = false; ///< false: a file error; the grid is as it was and must not be saved
+    int Damaged = 0;   ///< record that ended the load, from 1, 0: none; a save would overwrite it and those behind it
+
+    explicit operator bool() const { return Read; }
+};
+
 /// Reads the clock's records into rows 1 on. A missing file is created with all 15 records, switched off, and the grid
 /// stays as it is. A day index above 11 ends the load at its record; index 11 gives an empty day. Rows of records that
-/// the file does not hold stay as they are. False on a file error: the grid is as it was and must not be saved.
-bool Zeitfenster_Laden(Kern& kern, Grid& grid, const SlotRange& range);
+/// the file does not hold stay as they are.
+SlotLoad Zeitfenster_Laden(Kern& kern, Grid& grid, const SlotRange& range);
 
 /// Writes the rows as the clock's records, all or nothing. A day text that the day table does not hold keeps the index
 /// of the row before it, 0 in the first row. All other records stay; those that the file lacks up to number 15 are

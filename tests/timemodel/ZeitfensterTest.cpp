@@ -96,7 +96,9 @@ TEST_F(Zeitfenster, selector_11_is_empty_and_the_load_goes_on) {
 
 TEST_F(Zeitfenster, a_selector_above_11_ends_the_load_at_its_record) {
     files[Slots] = Slot(1, "01:0002:00") + Slot(12, "03:0004:00") + Slot(1, "05:0006:00");
-    EXPECT_TRUE(Zeitfenster_Laden(kern, persons, PersonSlots));
+    const SlotLoad load = Zeitfenster_Laden(kern, persons, PersonSlots);
+    EXPECT_TRUE(load.Read);
+    EXPECT_EQ(load.Damaged, 2);
     EXPECT_EQ(Zeile(persons, 1), "Montag|01:00|02:00");
     EXPECT_EQ(Zeile(persons, 2), "OFF|00:00|00:00");
     EXPECT_EQ(Zeile(persons, 3), "OFF|00:00|00:00");

@@ -159,14 +159,35 @@ TEST_F(Clock_Tables, that_cannot_be_read_are_told_and_never_saved) {
     EXPECT_THAT(world.Answers, IsEmpty());
 }
 
+TEST_F(Clock_Tables, that_could_not_be_read_are_read_when_the_window_is_opened_again) {
+    SlotFile() = SlotRecord(1, "01:00", "02:00") + OffRecords(14);
+    world.Disk.FailAt = world.Disk.Operations + 2;
+    world.Answers.push_back({.Text = "*"});
+    F4().FormLaden();
+    world.Disk.FailAt = 0;
+    F4().Verbergen();
+    F4().FormLaden();
+    EXPECT_EQ(F4().FGK1.Text(1, 2), "01:00");
+    WeekTimerFixture::Fill(F4(), 2, 8, "0800", "1700");
+    Save(F4());
+    EXPECT_TRUE(SlotFile().starts_with(SlotRecord(1, "01:00", "02:00") + SlotRecord(8, "08:00", "17:00")));
+}
+
 TEST_F(Clock_Tables, with_wild_bytes_are_shown_as_far_as_they_go) {
     SlotFile() =
         SlotRecord(3, "99:99", "\xFF\x01;:!") + SlotRecord(200, "01:00", "02:00") + SlotRecord(1, "03:00", "04");
     GroupFile(F4()) = Filled("", 142) + "9999" + std::string(200, '\xFE');
+    const std::string before = SlotFile();
+    world.Answers.push_back({.Text = "*"});
     F4().FormLaden();
+    EXPECT_NE(world.Shown.back().Text.find("TX33Y98BSG9.TBW: "), std::string::npos);
+    EXPECT_NE(world.Shown.back().Text.find(" 2"), std::string::npos) << "the record that no window wrote";
     EXPECT_EQ(F4().FGK1.Text(1, 1), "L97");
     EXPECT_EQ(Slot(F4(), 2), "OFF|00:00|00:00") << "a day that the table cannot hold ends the load";
     EXPECT_EQ(Slot(F4(), 3), "OFF|00:00|00:00");
+    ExpectWord(Word::TimersUnread);
+    Save(F4());
+    EXPECT_EQ(SlotFile(), before) << "what stands behind that record is not lost";
     F4().FGK3_DblClick(3, 2);
     EXPECT_EQ(F4().List2.Entries().size(), 10U);
     F4().Listen_Schliessen();

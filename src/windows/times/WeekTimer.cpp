@@ -5,7 +5,6 @@
 #include "Csv.h"
 #include "CsvAusgabe.h"
 #include "Dateisatz.h"
-#include "FileTrouble.h"
 #include "Fragen.h"
 #include "TimeRecords.h"
 
@@ -75,7 +74,10 @@ WeekTimer::WeekTimer(Kern& kernel, const WeekTimerTraits& traits)
 void WeekTimer::FormLaden() {
     TasteZeit = TasteName = 0;
     Info_Verbergen();
-    const bool good = loaded_ || Laden();
+    std::optional<FileTrouble> trouble;
+    if (!loaded_) {
+        trouble = Laden();
+    }
     Hinweis.Text = Geaendert ? Wort(kern, Word::TimerKept) : std::string();
     Texte_Setzen();
     Timer1.Stop();
@@ -87,33 +89,39 @@ void WeekTimer::FormLaden() {
     Timer2.Start(HoverFirst);
     Fenster.Enabled = true;
     Fenster.Visible = true; // last, as the window's first size goes by its contents
-    if (!good) {
-        const FileTrouble trouble{.File = std::string(TimeSlot::Record.File) + ", " + std::string(Traits.GroupFile),
-                                  .Fault = Lesefehler(kern.Welt.Files)};
-        kern.Meldung(Wort(kern, Word::FileNotRead, {FileTrouble_Text(kern, trouble)}), Buttons::Ok, Icon::Exclamation);
+    if (trouble) {
+        kern.Meldung(Wort(kern, Word::FileNotRead, {FileTrouble_Text(kern, *trouble)}), Buttons::Ok, Icon::Exclamation);
     }
 }
 
 /// Groups, then the slots over a grid in which all are off.
-bool WeekTimer::Laden() {
+std::optional<FileTrouble> WeekTimer::Laden() {
     FGK1.ClearRows(FirstRow);
     FGK3.ClearRows(FirstRow);
     Gruppen = Traits.Vorgabe();
     const bool groups = Traits.Laden(kern, Gruppen, FGK3);
     Zeitfenster_Normalisieren(kern, FGK1);
-    const bool slots = Zeitfenster_Laden(kern, FGK1, Traits.Slots);
+    const SlotLoad slots = Zeitfenster_Laden(kern, FGK1, Traits.Slots);
+    std::optional<FileTrouble> trouble;
+    if (!groups || !slots) {
+        trouble = {.File = std::string(TimeSlot::Record.File) + ", " + std::string(Traits.GroupFile),
+                   .Fault = Lesefehler(kern.Welt.Files)};
+    } else if (slots.Damaged > 0) {
+        trouble = {
+            .File = std::string(TimeSlot::Record.File), .Damage = FileDamage::BadRecord, .Number = slots.Damaged};
+    }
     for (int row = FirstRow; row <= Traits.Groups; ++row) {
         FGK3.SetText(row, GroupColumn::Number, Ziffern(row));
     }
-    unread_ = !groups || !slots;
-    loaded_ = true;
+    unread_ = trouble.has_value();
+    loaded_ = !unread_; // else the next opening tries again
     Geaendert = false;
     cellDays_.assign(kern.Sprache.TagTexte.begin(), kern.Sprache.TagTexte.end());
     SlotAuswahl.Go(FirstRow, SlotColumn::Day);
     GruppenAuswahl.Go(Traits.FirstFree, GroupColumn::Name);
     Stand_Merken();
     steps_.Forget();
-    return !unread_;
+    return trouble;
 }
 
 void WeekTimer::Toolbar1_ButtonClick(std::string_view key) {

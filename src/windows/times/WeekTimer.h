@@ -2,6 +2,7 @@
 
 #include "CheckList.h"
 #include "Controls.h"
+#include "FileTrouble.h"
 #include "Grid.h"
 #include "GridSelection.h"
 #include "GridUndo.h"
@@ -164,7 +165,8 @@ struct WeekTimer {
     static int GruppenBreite(int column);
 
 private:
-    bool Laden();
+    /// What is wrong with the files, if anything is.
+    std::optional<FileTrouble> Laden();
     bool Speichern();
     void Csv_Schreiben();
     std::string CsvText() const;
@@ -201,7 +203,7 @@ private:
     void Titel_Blinken();
 
     bool loaded_ = false;  ///< the grids hold what was loaded or edited, also while the window is hidden
-    bool unread_ = false;  ///< they are not what stands on the disk
+    bool unread_ = false;  ///< they are not all that stands on the disk
     bool escaped_ = false; ///< the last key in Text2 was Escape
     std::string refused_;  ///< name that was told to be taken; empty: none since Text2 was opened
     Grid kept_;            ///< both grids and the table one below the other, as the last step left them
