@@ -1,5 +1,6 @@
 #include "WindowAccess.h"
 
+#include "CaretlessText.h"
 #include "MonthView.h"
 #include "TextEdge.h"
 #include "WindowBase.h"
@@ -8,14 +9,12 @@
 #include <QMainWindow>
 #include <QMenu>
 
-#include <algorithm>
-
 namespace qvm::ui {
 namespace {
 
 /// A month on a page is a group of controls, one that pops up a dialog of its own. Its day is a text, which may be
 /// given another one: the toolkit's cells of days can be selected, but not picked.
-class MonthAccess : public QAccessibleWidget, public QAccessibleTextInterface, public QAccessibleEditableTextInterface {
+class MonthAccess : public QAccessibleWidget, public CaretlessText {
 public:
     explicit MonthAccess(QWidget* month) : QAccessibleWidget(month) {}
 
@@ -36,41 +35,17 @@ public:
         }
     }
 
-    void selection(int /*index*/, int* start, int* end) const override { *start = *end = 0; }
-    int selectionCount() const override { return 0; }
-    void addSelection(int /*start*/, int /*end*/) override {}
-    void removeSelection(int /*index*/) override {}
-    void setSelection(int /*index*/, int /*start*/, int /*end*/) override {}
-    int cursorPosition() const override { return 0; }
-    void setCursorPosition(int /*position*/) override {}
+    using CaretlessText::text;
     using QAccessibleWidget::text;
-    QString text(int start, int end) const override {
-        return content().mid(start, (end < 0 ? characterCount() : end) - start);
-    }
-    int characterCount() const override { return static_cast<int>(content().size()); }
-    QRect characterRect(int /*offset*/) const override { return rect(); }
-    int offsetAtPoint(const QPoint& /*point*/) const override { return 0; }
-    void scrollToSubstring(int /*start*/, int /*end*/) override {}
-    QString attributes(int /*offset*/, int* start, int* end) const override {
-        *start = 0;
-        *end = characterCount();
-        return {};
-    }
-    void deleteText(int start, int end) override { replaceText(start, end, {}); }
-    void insertText(int offset, const QString& text) override { replaceText(offset, offset, text); }
-    void replaceText(int start, int end, const QString& text) override {
-        QString whole = content();
-        const int from = std::clamp(start, 0, characterCount());
-        const int to = end < 0 ? characterCount() : std::clamp(end, from, characterCount());
-        whole.replace(from, to - from, text);
-        // Once the call is over: a day that is picked may ask something.
-        QMetaObject::invokeMethod(
-            &month(), [month = &month(), whole] { month->pickText(fromQt(whole)); }, Qt::QueuedConnection);
-    }
 
 private:
     MonthView& month() const { return *static_cast<MonthView*>(widget()); }
-    QString content() const { return toQt(Datum_Text(month().day())); }
+    QString content() const override { return toQt(Datum_Text(month().day())); }
+    QRect textRect() const override { return rect(); }
+    void takeText(const QString& whole) override {
+        QMetaObject::invokeMethod(
+            &month(), [month = &month(), whole] { month->pickText(fromQt(whole)); }, Qt::QueuedConnection);
+    }
 };
 
 /// What is open over a window belongs to it, as the toolkit tells of no popup by itself.

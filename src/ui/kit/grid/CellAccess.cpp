@@ -5,7 +5,6 @@
 
 #include <QHeaderView>
 
-#include <algorithm>
 #include <utility>
 
 namespace qvm::ui {
@@ -151,26 +150,10 @@ QString CellAccess::content() const {
     return isValid() ? toQt(grid_->grid().Text(grid_->gridModel().gridRow(row_), column_)) : QString();
 }
 
-QString CellAccess::text(int start, int end) const {
-    const QString whole = content();
-    return whole.mid(start, (end < 0 ? static_cast<int>(whole.size()) : end) - start);
-}
-
-QString CellAccess::attributes(int /*offset*/, int* start, int* end) const {
-    *start = 0;
-    *end = characterCount();
-    return {};
-}
-
-void CellAccess::replaceText(int start, int end, const QString& text) {
+void CellAccess::takeText(const QString& whole) {
     if (!mayBeWritten()) {
         return;
     }
-    QString whole = content();
-    const int size = static_cast<int>(whole.size());
-    const int from = std::clamp(start, 0, size);
-    const int to = end < 0 ? size : std::clamp(end, from, size);
-    whole.replace(from, to - from, text);
     GridView* grid = grid_;
     afterwards(grid, [grid, row = grid->gridModel().gridRow(row_), column = column_, whole] {
         std::string written = fromQt(whole);

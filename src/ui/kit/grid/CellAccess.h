@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CaretlessText.h"
 #include "GridView.h"
 
 #include <QAccessible>
@@ -20,8 +21,7 @@ int columnAt(const GridView& grid, int place);
 class CellAccess final : public QAccessibleInterface,
                          public QAccessibleTableCellInterface,
                          public QAccessibleActionInterface,
-                         public QAccessibleTextInterface,
-                         public QAccessibleEditableTextInterface {
+                         public CaretlessText {
 public:
     CellAccess(GridView& grid, int row, int column) : grid_(&grid), row_(row), column_(column), told_(check()) {}
 
@@ -66,28 +66,14 @@ public:
     void doAction(const QString& name) override;
     QStringList keyBindingsForAction(const QString& /*name*/) const override { return {}; }
 
-    // The text of a cell that may be written. It has no caret and no selection while no editor is open.
-    void selection(int /*index*/, int* start, int* end) const override { *start = *end = 0; }
-    int selectionCount() const override { return 0; }
-    void addSelection(int /*start*/, int /*end*/) override {}
-    void removeSelection(int /*index*/) override {}
-    void setSelection(int /*index*/, int /*start*/, int /*end*/) override {}
-    int cursorPosition() const override { return 0; }
-    void setCursorPosition(int /*position*/) override {}
-    using QAccessibleInterface::text;
-    QString text(int start, int end) const override;
-    int characterCount() const override { return static_cast<int>(content().size()); }
-    QRect characterRect(int /*offset*/) const override { return rect(); }
-    int offsetAtPoint(const QPoint& /*point*/) const override { return 0; }
-    void scrollToSubstring(int /*start*/, int /*end*/) override {}
-    QString attributes(int /*offset*/, int* start, int* end) const override;
-    void deleteText(int start, int end) override { replaceText(start, end, {}); }
-    void insertText(int offset, const QString& text) override { replaceText(offset, offset, text); }
-    void replaceText(int start, int end, const QString& text) override;
+    using CaretlessText::text;
 
 private:
+    // The text of a cell that may be written, while no editor is open over it.
     bool mayBeWritten() const;
-    QString content() const;
+    QString content() const override;
+    QRect textRect() const override { return rect(); }
+    void takeText(const QString& whole) override;
     QVariant check() const {
         return isHeading() || !isValid() ? QVariant()
                                          : grid_->gridModel().index(row_, column_).data(Qt::CheckStateRole);
