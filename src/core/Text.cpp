@@ -143,6 +143,12 @@ std::string_view RTrim(std::string_view text) {
     return text.substr(0, text.find_last_not_of(' ') + 1);
 }
 
+std::string Ohne_Zeilenenden(std::string_view text) {
+    std::string line(text);
+    std::erase_if(line, [](char c) { return c == '\r' || c == '\n'; });
+    return line;
+}
+
 std::string_view Trim(std::string_view text) {
     if (!text.empty() && text.front() != ' ' && text.back() != ' ') {
         return text; // as most are

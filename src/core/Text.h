@@ -42,6 +42,9 @@ bool PasstInCp1252(std::string_view utf8);
 /// True when the text is well formed UTF-8, whatever its characters.
 bool Ist_Utf8(std::string_view text);
 
+/// The text without carriage returns and line feeds.
+std::string Ohne_Zeilenenden(std::string_view text);
+
 /// The text without blanks (0x20) on both sides, on the left, on the right.
 std::string_view Trim(std::string_view text);
 std::string_view LTrim(std::string_view text);

@@ -21,24 +21,11 @@ namespace {
 constexpr std::size_t LongestLockName = 19;
 constexpr std::array LockKeys{LockColumn::Number, LockColumn::Name, LockColumn::Serial};
 
-std::string Blattfeld(const Blattzeile& line, int column) {
-    const auto found = line.Fields.find(column);
-    return found == line.Fields.end() ? std::string() : found->second;
-}
-
-std::string Blattwert(std::string_view field) {
-    return std::string(Trim(Csv_Inhalt(field)));
-}
-
 /// By which serial numbers are the same: written out, whatever letters and blanks they were typed with.
 std::string Serienschluessel(std::string_view text) {
-    const std::string plain = Blattwert(text);
+    const std::string plain = Csv_Wert(text);
     const auto serial = Serie_Zerlegen(plain);
     return serial ? Serie_Text(*serial) : GrossText(plain);
-}
-
-std::string Schlossschluessel(std::string_view name) {
-    return Blattwert(name);
 }
 
 /// Finds for each row of the sheet the lock whose row it is.
@@ -48,7 +35,7 @@ public:
         : locks_(locks), sheet_(sheet), writer_(writer) {
         for (int row = LockGrid::FirstRow; row <= LockGrid::LastRow; ++row) {
             bySerial_[Serienschluessel(locks.Text(row, LockColumn::Serial))].push_back(row);
-            byName_[Schlossschluessel(locks.Text(row, LockColumn::Name))].push_back(row);
+            byName_[Csv_Wert(locks.Text(row, LockColumn::Name))].push_back(row);
         }
     }
 
@@ -68,8 +55,8 @@ public:
     }
 
 private:
-    static std::string Serie(const Blattzeile& line) { return Serienschluessel(Blattfeld(line, LockColumn::Serial)); }
-    static std::string Name(const Blattzeile& line) { return Schlossschluessel(Blattfeld(line, LockColumn::Name)); }
+    static std::string Serie(const Blattzeile& line) { return Serienschluessel(line.Feldtext(LockColumn::Serial)); }
+    static std::string Name(const Blattzeile& line) { return Csv_Wert(line.Feldtext(LockColumn::Name)); }
 
     bool Frei(int row) const {
         return Trim(locks_.Text(row, LockColumn::Name)).empty() && Trim(locks_.Text(row, LockColumn::Serial)).empty();
@@ -79,7 +66,7 @@ private:
 
     /// True when the row of the sheet is settled.
     bool Nach_Nummer(const Blattzeile& line) {
-        const std::string number = Blattfeld(line, LockColumn::Number);
+        const std::string number = line.Feldtext(LockColumn::Number);
         if (Trim(number).empty()) {
             return Name(line).empty() && Serie(line).empty(); // a free row of the export
         }
@@ -108,9 +95,8 @@ private:
             return false;
         }
         std::vector<int> rows = bySerial_[Serie(line)];
-        std::stable_partition(rows.begin(), rows.end(), [&](int row) {
-            return Schlossschluessel(locks_.Text(row, LockColumn::Name)) == Name(line);
-        });
+        std::stable_partition(rows.begin(), rows.end(),
+                              [&](int row) { return Csv_Wert(locks_.Text(row, LockColumn::Name)) == Name(line); });
         return Unter(line, rows);
     }
 
@@ -164,7 +150,7 @@ private:
             const std::string* field = wish.Feld(LockColumn::Name);
             if (field != nullptr && !Blattfeld_Gleich(*field, locks_.Text(wish.Row, LockColumn::Name)) &&
                 !Namensmangel(wish)) {
-                texts.push_back({.Wish = n, .Text = Blattwert(*field)});
+                texts.push_back({.Wish = n, .Text = Csv_Wert(*field)});
             }
         }
         return Blatt_Doppelte(locks_, LockGrid::FirstRow, LockColumn::Name, wishes_, texts);
@@ -174,11 +160,11 @@ private:
         if (writer_.Unpassend(wish, LockColumn::Name)) {
             return Word::SheetNotInCodePage;
         }
-        return Eingabe_Mangel(Blattwert(*wish.Feld(LockColumn::Name)), Name_Filter, LongestLockName);
+        return Eingabe_Mangel(Csv_Wert(*wish.Feld(LockColumn::Name)), Name_Filter, LongestLockName);
     }
 
     std::optional<Word> Serienmangel(const Blattwunsch& wish) const {
-        const std::string text = Blattwert(*wish.Feld(LockColumn::Serial));
+        const std::string text = Csv_Wert(*wish.Feld(LockColumn::Serial));
         return text.empty() || Serie_Zerlegen(text) ? std::nullopt : std::optional(Word::SheetNoSerial);
     }
 
@@ -213,8 +199,8 @@ private:
 
     void Zeile(const Blattwunsch& wish, bool nameTaken) {
         const std::string& before = locks_.Text(wish.Row, LockColumn::Name);
-        const std::string name = wish.Added ? Schlossschluessel(Blattfeld(*wish.Line, LockColumn::Name)) : before;
-        const std::string serial = Blattfeld(*wish.Line, LockColumn::Serial);
+        const std::string name = wish.Added ? Csv_Wert(wish.Line->Feldtext(LockColumn::Name)) : before;
+        const std::string serial = wish.Line->Feldtext(LockColumn::Serial);
         writer_.Wer(name.empty() ? serial : name);
         const std::optional<Word> noName = Namensgrund(wish, nameTaken);
         const std::optional<Word> noSerial = Serie_Anders(wish) ? Serienmangel(wish) : std::nullopt;
@@ -223,7 +209,7 @@ private:
             writer_.Neu(wish);
         }
         if (Anders(wish, LockColumn::Name) && (!refused || noName)) {
-            Eintragen(wish, LockColumn::Name, noName, Blattwert(*wish.Feld(LockColumn::Name)));
+            Eintragen(wish, LockColumn::Name, noName, Csv_Wert(*wish.Feld(LockColumn::Name)));
         }
         if (Serie_Anders(wish) && (!refused || noSerial)) {
             Eintragen(wish, LockColumn::Serial, noSerial, Serienschluessel(*wish.Feld(LockColumn::Serial)));
@@ -252,7 +238,7 @@ private:
             return;
         }
         const bool on = picture == LockPicture::On;
-        const std::string typed = GrossText(Blattwert(*field));
+        const std::string typed = GrossText(Csv_Wert(*field));
         const bool wanted = typed == "X";
         if (!wanted && !typed.empty() && typed != "-") {
             writer_.Ablehnen(wish, column, Word::SheetNoChoice);
@@ -269,7 +255,7 @@ private:
         if (field == nullptr || Blattfeld_Gleich(*field, old) || Trim(*field).empty()) {
             return; // a lock always has one
         }
-        const std::string wanted = Blattwert(*field);
+        const std::string wanted = Csv_Wert(*field);
         Blattnummer(wanted, 5) == 0 || wanted.size() != 1
             ? writer_.Ablehnen(wish, LockColumn::Priority, Word::SheetNoChoice)
             : writer_.Aendern(wish, LockColumn::Priority, old, wanted);
@@ -329,16 +315,8 @@ std::vector<Blattspalte> F12_Blattspalten(const Kern& kern) {
 }
 
 Blattplan F12_Blatt_Planen(const Kern& kern, const LockTable& table, std::string_view bytes) {
-    const std::vector<Blattspalte> columns = F12_Blattspalten(kern);
-    return Blattplan_Waehlen(bytes, [&](Zeichensatz set) {
-        const Blatt sheet = Blatt_Lesen(bytes, set, columns, LockKeys);
-        Blattplan plan{
-            .Fault = sheet.Fault, .FaultText = sheet.FaultText, .Steps = {}, .Left = sheet.Left, .Missing = {}};
-        if (!sheet.Fault) {
-            Schlossplaner(table, sheet, plan).Planen();
-        }
-        return plan;
-    });
+    return Blatt_Planen(bytes, F12_Blattspalten(kern), LockKeys,
+                        [&table](const Blatt& sheet, Blattplan& plan) { Schlossplaner(table, sheet, plan).Planen(); });
 }
 
 void F12_Blatt_Anwenden(LockTable& table, const Blattplan& plan) {

@@ -1,9 +1,9 @@
 #include "F5_Csv.h"
 
 #include "Csv.h"
+#include "Text.h"
 #include "UserTable.h"
 
-#include <algorithm>
 #include <string_view>
 
 namespace qvm {
@@ -15,10 +15,7 @@ constexpr std::string_view LineEnd = "\r\n";
 std::string Felder(const Grid& users, int row, int firstColumn) {
     std::string line;
     for (int column = firstColumn; column <= LastColumn; ++column) {
-        std::string text = users.Text(row, column);
-        // The names of the locks stand upright.
-        text.erase(std::remove_if(text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n'; }), text.end());
-        line += Csv_Feld(text) + ";";
+        line += Csv_Feld(Ohne_Zeilenenden(users.Text(row, column))) + ";"; // the names of the locks stand upright
     }
     return line;
 }

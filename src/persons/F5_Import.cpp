@@ -22,20 +22,9 @@ namespace {
 constexpr std::string_view FingerSlot = "Slot_Nr:"; ///< so begins the designation of a fingerprint, which nobody types
 constexpr std::array KeyColumns{UserColumn::Number, UserColumn::Name};
 
-std::string Ohne_Umbruch(std::string_view text) {
-    std::string line(text);
-    std::erase_if(line, [](char c) { return c == '\r' || c == '\n'; });
-    return line;
-}
-
 /// Name by which a row of a sheet and one of the table are the same.
 std::string Namensschluessel(std::string_view name) {
-    return std::string(Trim(Csv_Inhalt(Ohne_Umbruch(name))));
-}
-
-std::string Feldtext(const Blattzeile& line, int column) {
-    const auto found = line.Fields.find(column);
-    return found == line.Fields.end() ? std::string() : found->second;
+    return Csv_Wert(Ohne_Zeilenenden(name));
 }
 
 bool Frei(const Grid& users, int row) {
@@ -73,7 +62,7 @@ public:
     std::vector<Blattwunsch> Alle() {
         // Those with a number first: a new user gets no row that another line asks for.
         for (const Blattzeile& line : sheet_.Rows) {
-            if (const int number = Blattnummer(Feldtext(line, UserColumn::Number), UserGrid::Users); number > 0) {
+            if (const int number = Blattnummer(line.Feldtext(UserColumn::Number), UserGrid::Users); number > 0) {
                 numbered_.insert(UserGrid::RowOf(number));
             }
         }
@@ -88,8 +77,8 @@ public:
 
 private:
     void Zeile(const Blattzeile& line) {
-        const std::string name = Namensschluessel(Feldtext(line, UserColumn::Name));
-        const std::string number = Feldtext(line, UserColumn::Number);
+        const std::string name = Namensschluessel(line.Feldtext(UserColumn::Name));
+        const std::string number = line.Feldtext(UserColumn::Number);
         if (!Trim(number).empty()) {
             Nach_Nummer(line, name, Blattnummer(number, UserGrid::Users));
         } else if (!name.empty()) {
@@ -172,7 +161,7 @@ private:
                 continue;
             }
             // What is refused anyhow leaves the cell its old text.
-            std::string text = Wert(*field);
+            std::string text = Csv_Wert(*field);
             if (!(column == UserColumn::Name ? Namensmangel(*wish.Line, text) : Bezeichnungsmangel(wish, text))) {
                 texts.push_back({.Wish = n, .Text = std::move(text)});
             }
@@ -180,11 +169,9 @@ private:
         return Blatt_Doppelte(users_, UserGrid::FirstRow, column, wishes_, texts);
     }
 
-    static std::string Wert(std::string_view field) { return std::string(Trim(Csv_Inhalt(field))); }
-
     void Zeile(const Blattwunsch& wish, bool nameTaken, bool labelTaken) {
         const std::string& before = users_.Text(wish.Row, UserColumn::Name);
-        writer_.Wer(wish.Added ? Namensschluessel(Feldtext(*wish.Line, UserColumn::Name)) : before);
+        writer_.Wer(wish.Added ? Namensschluessel(wish.Line->Feldtext(UserColumn::Name)) : before);
         if (wish.Added && !Aufnehmen(wish, nameTaken)) {
             return;
         }
@@ -201,7 +188,7 @@ private:
 
     /// A new user stands or falls with the name. Above a user no row is free.
     bool Aufnehmen(const Blattwunsch& wish, bool taken) {
-        const std::string name = Wert(Feldtext(*wish.Line, UserColumn::Name));
+        const std::string name = Csv_Wert(wish.Line->Feldtext(UserColumn::Name));
         std::optional<Word> why = Textmangel(wish, UserColumn::Name, name, taken);
         const int above = wish.Row - 1;
         const bool gap = above >= UserGrid::FirstRow && Trim(users_.Text(above, UserColumn::Name)).empty() &&
@@ -240,7 +227,7 @@ private:
         if (field == nullptr || (Blattfeld_Gleich(*field, old) && !writer_.Unpassend(wish, column))) {
             return;
         }
-        const std::string text = Wert(*field);
+        const std::string text = Csv_Wert(*field);
         if (const auto why = Textmangel(wish, column, text, taken)) {
             writer_.Ablehnen(wish, column, *why);
         } else {
@@ -255,7 +242,7 @@ private:
         if (field == nullptr || Blattfeld_Gleich(*field, old) || (none(*field) && none(old))) {
             return;
         }
-        const std::string wanted = none(*field) ? "-" : Wert(*field);
+        const std::string wanted = none(*field) ? "-" : Csv_Wert(*field);
         const GroupTable& groups = table_.GroupTablePerson;
         const bool known = wanted == "-" || std::any_of(groups.begin() + 1, groups.end() - 1, [&](const auto& group) {
                                return !group.Name.empty() && Trim(group.Name) == wanted;
@@ -271,7 +258,7 @@ private:
         if (field == nullptr || Blattfeld_Gleich(*field, old) || Trim(*field).empty()) {
             return; // a user always has one
         }
-        const std::string wanted = Wert(*field);
+        const std::string wanted = Csv_Wert(*field);
         const bool known = std::find(Benutzerrechte.begin(), Benutzerrechte.end(), wanted) != Benutzerrechte.end();
         known ? writer_.Aendern(wish, UserColumn::Right, old, wanted)
               : writer_.Ablehnen(wish, UserColumn::Right, Word::SheetNoChoice);
@@ -283,7 +270,7 @@ private:
             return;
         }
         const std::string old(Trim(users_.Text(wish.Row, column)));
-        const std::string typed = GrossText(Wert(*field));
+        const std::string typed = GrossText(Csv_Wert(*field));
         const std::string wanted = typed == "-" ? std::string() : typed;
         if (wanted == old) {
             return;
@@ -296,7 +283,7 @@ private:
     }
 
     std::optional<Word> Markenmangel(const Blattwunsch& wish, int column, const std::string& wanted) const {
-        const std::string lock = Ohne_Umbruch(users_.Text(0, column));
+        const std::string lock = Ohne_Zeilenenden(users_.Text(0, column));
         if (!wanted.empty() && wanted != "X" && wanted != "F") {
             return Word::SheetNoChoice;
         }
@@ -305,7 +292,7 @@ private:
         }
         // The lock had another name when the sheet was made: the mark may be meant for another door.
         if (named_ && sheet_.Above.Fields.contains(column) &&
-            Csv_Inhalt(Ohne_Umbruch(sheet_.Above.Fields.at(column))) != lock) {
+            Csv_Inhalt(Ohne_Zeilenenden(sheet_.Above.Fields.at(column))) != lock) {
             return Word::SheetLockMoved;
         }
         const bool finger = !users_.Text(wish.Row, UserColumn::FingerId).empty();
@@ -361,16 +348,8 @@ std::vector<Blattspalte> F5_Blattspalten(const Kern& kern) {
 }
 
 Blattplan F5_Blatt_Planen(const Kern& kern, const UserTable& table, std::string_view bytes) {
-    const std::vector<Blattspalte> columns = F5_Blattspalten(kern);
-    return Blattplan_Waehlen(bytes, [&](Zeichensatz set) {
-        const Blatt sheet = Blatt_Lesen(bytes, set, columns, KeyColumns);
-        Blattplan plan{
-            .Fault = sheet.Fault, .FaultText = sheet.FaultText, .Steps = {}, .Left = sheet.Left, .Missing = {}};
-        if (!sheet.Fault) {
-            Benutzerplaner(table, sheet, plan).Planen();
-        }
-        return plan;
-    });
+    return Blatt_Planen(bytes, F5_Blattspalten(kern), KeyColumns,
+                        [&table](const Blatt& sheet, Blattplan& plan) { Benutzerplaner(table, sheet, plan).Planen(); });
 }
 
 void F5_Blatt_Anwenden(UserTable& table, const Blattplan& plan) {

@@ -3,7 +3,6 @@
 #include "Blattfrage.h"
 #include "F5.h"
 #include "F5_Import.h"
-#include "Secret.h"
 
 namespace qvm {
 
@@ -16,14 +15,10 @@ void F5::F5_Import_Click() {
         kern.Meldung(Wort(kern, Word::UsersIncomplete), Buttons::Ok, Icon::Exclamation);
         return;
     }
-    auto bytes = Blatt_Oeffnen(kern, kern.Zeile(Line::UserManagement));
-    if (!bytes) {
-        return;
-    }
-    const Wiper wipeBytes(*bytes); // an export holds all codes
-    const Blattplan plan = F5_Blatt_Planen(kern, Tabelle, *bytes);
-    if (Blattplan_Fragen(kern, plan)) {
-        Aendern(Word::StepImport, [&] { F5_Blatt_Anwenden(Tabelle, plan); });
+    const auto plan = Blattplan_Holen(kern, kern.Zeile(Line::UserManagement),
+                                      [this](std::string_view bytes) { return F5_Blatt_Planen(kern, Tabelle, bytes); });
+    if (plan) {
+        Aendern(Word::StepImport, [&] { F5_Blatt_Anwenden(Tabelle, *plan); });
     }
 }
 

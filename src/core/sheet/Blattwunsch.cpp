@@ -5,13 +5,9 @@
 
 #include <algorithm>
 #include <map>
+#include <utility>
 
 namespace qvm {
-
-const std::string* Blattwunsch::Feld(int column) const {
-    const auto found = Line->Fields.find(column);
-    return found == Line->Fields.end() ? nullptr : &found->second;
-}
 
 std::set<std::size_t> Blatt_Doppelte(const Grid& grid, int firstRow, int column, const std::vector<Blattwunsch>& wishes,
                                      const std::vector<Blatttext>& texts) {
@@ -46,58 +42,38 @@ std::set<std::size_t> Blatt_Doppelte(const Grid& grid, int firstRow, int column,
     return refused;
 }
 
-std::string Blattschreiber::Ueberschrift(int column) const {
-    const auto found = sheet_.Headings.find(column);
-    return found == sheet_.Headings.end() ? std::string() : found->second;
+Blattschritt& Blattschreiber::Schritt(Blattart kind, const Blattwunsch& wish, int column) {
+    Blattschritt step;
+    step.Kind = kind;
+    step.Line = wish.Line->Line;
+    step.Row = wish.Row;
+    step.Column = column;
+    step.Who = who_;
+    if (const auto found = sheet_.Headings.find(column); found != sheet_.Headings.end()) {
+        step.Heading = found->second;
+    }
+    return plan_.Steps.emplace_back(std::move(step));
 }
 
 void Blattschreiber::Neu(const Blattwunsch& wish) {
-    plan_.Steps.push_back({.Kind = Blattart::Added,
-                           .Line = wish.Line->Line,
-                           .Row = wish.Row,
-                           .Column = 0,
-                           .Who = who_,
-                           .Heading = {},
-                           .Old = {},
-                           .New = {},
-                           .Why = {}});
+    Schritt(Blattart::Added, wish, 0);
 }
 
 void Blattschreiber::Aendern(const Blattwunsch& wish, int column, std::string old, std::string text) {
-    plan_.Steps.push_back({.Kind = Blattart::Changed,
-                           .Line = wish.Line->Line,
-                           .Row = wish.Row,
-                           .Column = column,
-                           .Who = who_,
-                           .Heading = Ueberschrift(column),
-                           .Old = std::move(old),
-                           .New = std::move(text),
-                           .Why = {}});
+    Blattschritt& step = Schritt(Blattart::Changed, wish, column);
+    step.Old = std::move(old);
+    step.New = std::move(text);
 }
 
 void Blattschreiber::Ablehnen(const Blattwunsch& wish, int column, Word why) {
-    const std::string* field = wish.Feld(column);
-    plan_.Steps.push_back({.Kind = Blattart::Refused,
-                           .Line = wish.Line->Line,
-                           .Row = wish.Row,
-                           .Column = column,
-                           .Who = who_,
-                           .Heading = Ueberschrift(column),
-                           .Old = {},
-                           .New = field == nullptr ? std::string() : *field,
-                           .Why = why});
+    Blattschritt& step = Schritt(Blattart::Refused, wish, column);
+    step.New = wish.Line->Feldtext(column);
+    step.Why = why;
 }
 
 void Blattschreiber::Zeile_Ablehnen(const Blattzeile& line, std::string name, Word why) {
-    plan_.Steps.push_back({.Kind = Blattart::Refused,
-                           .Line = line.Line,
-                           .Row = 0,
-                           .Column = 0,
-                           .Who = std::move(name),
-                           .Heading = {},
-                           .Old = {},
-                           .New = {},
-                           .Why = why});
+    Wer(std::move(name));
+    Schritt(Blattart::Refused, {.Line = &line, .Row = 0, .Added = false}, 0).Why = why;
 }
 
 std::optional<Word> Eingabe_Mangel(std::string_view text, int (*filter)(int key), std::size_t longest) {

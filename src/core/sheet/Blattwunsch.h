@@ -19,7 +19,7 @@ struct Blattwunsch {
     bool Added = false; ///< the row was free
 
     /// The field of a column, nullptr when the sheet has none for it.
-    const std::string* Feld(int column) const;
+    const std::string* Feld(int column) const { return Line->Feld(column); }
 };
 
 /// A text that a row is to get in a column where no two may have the same.
@@ -49,7 +49,8 @@ public:
     bool Unpassend(const Blattwunsch& wish, int column) const { return wish.Line->Unfit.contains(column); }
 
 private:
-    std::string Ueberschrift(int column) const;
+    /// A step of the row; column 0: of the row as a whole.
+    Blattschritt& Schritt(Blattart kind, const Blattwunsch& wish, int column);
 
     Blattplan& plan_;
     const Blatt& sheet_;

@@ -42,5 +42,7 @@ CsvTabelle Csv_Lesen(std::string_view text, char separator, std::size_t most = M
 
 /// The text of a field without the apostrophe that Csv_Feld puts in front of what would be a formula.
 std::string_view Csv_Inhalt(std::string_view field);
+/// The same without blanks on both sides.
+std::string Csv_Wert(std::string_view field);
 
 } // namespace qvm

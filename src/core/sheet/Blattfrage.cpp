@@ -1,6 +1,9 @@
 #include "Blattfrage.h"
 
+#include "Secret.h"
 #include "Words.h"
+
+#include <utility>
 
 namespace qvm {
 namespace {
@@ -16,8 +19,6 @@ std::string Untereinander(const std::vector<std::string>& lines) {
     return text + "\r\n";
 }
 
-} // namespace
-
 std::optional<std::string> Blatt_Oeffnen(const Kern& kern, std::string_view kind) {
     const auto path = kern.Welt.OpenFile(
         {.Title = Wort(kern, Word::SheetImport), .Filter = std::string(kind) + "(*.CSV)|*.CSV|", .Directory = {}});
@@ -32,7 +33,7 @@ std::optional<std::string> Blatt_Oeffnen(const Kern& kern, std::string_view kind
     return bytes;
 }
 
-bool Blattplan_Fragen(const Kern& kern, const Blattplan& plan) {
+bool Wird_Gewollt(const Kern& kern, const Blattplan& plan) {
     const std::string& language = kern.Config.Sprache;
     if (plan.Fault) {
         kern.Meldung(Blattmangel_Text(plan, language), Buttons::Ok, Icon::Exclamation, BlattTitle);
@@ -46,6 +47,19 @@ bool Blattplan_Fragen(const Kern& kern, const Blattplan& plan) {
     constexpr int no = 2;
     return kern.Meldung(told + Wort(kern, Word::SheetTake), Buttons::YesNo, Icon::Question, BlattTitle, no) ==
            Answer::Yes;
+}
+
+} // namespace
+
+std::optional<Blattplan> Blattplan_Holen(const Kern& kern, std::string_view kind,
+                                         const std::function<Blattplan(std::string_view)>& make) {
+    auto bytes = Blatt_Oeffnen(kern, kind);
+    if (!bytes) {
+        return std::nullopt;
+    }
+    const Wiper wipeBytes(*bytes);
+    Blattplan plan = make(*bytes);
+    return Wird_Gewollt(kern, plan) ? std::optional(std::move(plan)) : std::nullopt;
 }
 
 } // namespace qvm

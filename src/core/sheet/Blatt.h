@@ -30,6 +30,11 @@ struct Blattzeile {
     int Line = 0;                      ///< of the file, from 1
     std::map<int, std::string> Fields; ///< by column of the grid, those that are taken; code page 1252
     std::set<int> Unfit;               ///< columns whose field has a character that code page 1252 lacks
+
+    /// The field of a column, nullptr when the sheet has none for it.
+    const std::string* Feld(int column) const;
+    /// The same as a text, empty for none.
+    std::string Feldtext(int column) const;
 };
 
 struct Blatt {

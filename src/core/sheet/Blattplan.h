@@ -4,7 +4,9 @@
 #include "Words.h"
 
 #include <cstddef>
+#include <functional>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -52,22 +54,15 @@ std::string Blattschritt_Text(const Blattschritt& step, std::string_view languag
 /// at most `most` of these two together; how many more there are is said.
 std::vector<std::string> Blattplan_Texte(const Blattplan& plan, std::string_view language, std::size_t most);
 
+/// Makes the steps of a plan from the rows of a sheet.
+using Blattplaner = std::function<void(const Blatt& sheet, Blattplan& plan)>;
+
 /// The plan of a sheet by the character set that changes nothing, where there is one, else by the first of
-/// Zeichensaetze. `make` plans by one of them.
-template <class Make>
-Blattplan Blattplan_Waehlen(std::string_view text, const Make& make) {
-    std::optional<Blattplan> first;
-    for (const Zeichensatz set : Zeichensaetze(text)) {
-        Blattplan plan = make(set);
-        if (!plan.Fault && plan.Steps.empty()) {
-            return plan;
-        }
-        if (!first) {
-            first = std::move(plan);
-        }
-    }
-    return *first;
-}
+/// Zeichensaetze.
+/// @param key columns of the grid of which at least one must be there
+/// @param make is called for a sheet without a fault
+Blattplan Blatt_Planen(std::string_view text, std::span<const Blattspalte> columns, std::span<const int> key,
+                       const Blattplaner& make);
 
 /// How a field compares to the text of a cell: the same when it holds what an export of the cell holds, or the text
 /// itself; blanks at the end do not count.

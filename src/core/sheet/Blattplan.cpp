@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <set>
+#include <utility>
 
 namespace qvm {
 namespace {
@@ -16,12 +17,6 @@ std::string Text(Word which, std::string_view language, std::initializer_list<st
 /// An empty text is not seen in a sentence.
 std::string Sichtbar(const std::string& text, std::string_view language) {
     return Trim(text).empty() ? std::string(Wort(Word::SheetNothing, language)) : text;
-}
-
-std::string Ohne_Zeilenenden(std::string_view text) {
-    std::string line(text);
-    std::erase_if(line, [](char c) { return c == '\r' || c == '\n'; });
-    return line;
 }
 
 std::string Aufgezaehlt(const std::vector<std::string>& texts, std::size_t most) {
@@ -98,6 +93,26 @@ std::vector<std::string> Blattplan_Texte(const Blattplan& plan, std::string_view
             Text(Word::SheetMore, language, {Ziffern(static_cast<std::int64_t>(plan.Steps.size() - told))}));
     }
     return lines;
+}
+
+Blattplan Blatt_Planen(std::string_view text, std::span<const Blattspalte> columns, std::span<const int> key,
+                       const Blattplaner& make) {
+    std::optional<Blattplan> first;
+    for (const Zeichensatz set : Zeichensaetze(text)) {
+        const Blatt sheet = Blatt_Lesen(text, set, columns, key);
+        Blattplan plan{
+            .Fault = sheet.Fault, .FaultText = sheet.FaultText, .Steps = {}, .Left = sheet.Left, .Missing = {}};
+        if (!sheet.Fault) {
+            make(sheet, plan);
+            if (plan.Steps.empty()) {
+                return plan;
+            }
+        }
+        if (!first) {
+            first = std::move(plan);
+        }
+    }
+    return *first;
 }
 
 bool Blattfeld_Gleich(std::string_view field, std::string_view cell) {

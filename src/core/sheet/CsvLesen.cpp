@@ -1,5 +1,7 @@
 #include "CsvLesen.h"
 
+#include "Text.h"
+
 #include <utility>
 
 namespace qvm {
@@ -123,6 +125,10 @@ std::string_view Csv_Inhalt(std::string_view field) {
     const bool guarded =
         field.size() > 1 && field[0] == '\'' && std::string_view("=+-@\t\r").find(field[1]) != std::string_view::npos;
     return guarded ? field.substr(1) : field;
+}
+
+std::string Csv_Wert(std::string_view field) {
+    return std::string(Trim(Csv_Inhalt(field)));
 }
 
 } // namespace qvm

@@ -237,4 +237,14 @@ int Blatt_Treffer(std::string_view text, std::span<const Blattspalte> columns) {
     return most;
 }
 
+const std::string* Blattzeile::Feld(int column) const {
+    const auto found = Fields.find(column);
+    return found == Fields.end() ? nullptr : &found->second;
+}
+
+std::string Blattzeile::Feldtext(int column) const {
+    const std::string* field = Feld(column);
+    return field == nullptr ? std::string() : *field;
+}
+
 } // namespace qvm
