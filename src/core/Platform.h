@@ -47,6 +47,7 @@ struct FileDialog {
     std::string Title;
     std::string Filter; ///< "text|*.EXT|", as the system's own dialogs take it
     std::string Directory;
+    bool Appends = false;     ///< what is saved is added to a file that is there: nobody is asked to replace it
     bool NewestFirst = false; ///< the files with their dates, the latest first
 };
 

@@ -6,6 +6,9 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QHeaderView>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -76,6 +79,35 @@ TEST(Open_File, lists_the_newest_first_with_whole_names) {
         EXPECT_GT(list.columnWidth(0), widest);
         EXPECT_LE(list.columnWidth(0), list.viewport()->width());
     });
+}
+
+/// Saves over a file that is there; gives whether the dialog asked back.
+bool asksBack(const QTemporaryDir& folder, bool appends) {
+    bool asked = false;
+    QTimer poll;
+    QObject::connect(&poll, &QTimer::timeout, [&] {
+        QWidget* front = QApplication::activeModalWidget();
+        if (auto* dialog = qobject_cast<QFileDialog*>(front)) {
+            dialog->findChild<QLineEdit*>()->setText(QStringLiteral("there.CSV"));
+            QMetaObject::invokeMethod(dialog, "accept", Qt::QueuedConnection);
+        } else if (auto* question = qobject_cast<QMessageBox*>(front)) {
+            asked = true;
+            question->button(QMessageBox::Yes)->click();
+        }
+    });
+    poll.start(20);
+    EXPECT_EQ(
+        ui::saveFile(
+            {.Title = "T", .Filter = "x (*.CSV)|*.CSV|", .Directory = folder.path().toStdString(), .Appends = appends}),
+        folder.filePath(QStringLiteral("there.CSV")).toStdString());
+    return asked;
+}
+
+TEST(Save_File, asks_back_for_a_file_that_is_there_unless_it_is_added_to) {
+    const QTemporaryDir folder;
+    makeFile(folder, QStringLiteral("there.CSV"), 1);
+    EXPECT_TRUE(asksBack(folder, false));
+    EXPECT_FALSE(asksBack(folder, true));
 }
 
 } // namespace

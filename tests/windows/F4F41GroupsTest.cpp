@@ -442,6 +442,8 @@ TEST_F(Clock_Groups, are_exported_behind_the_slots_and_once_more_with_theirs) {
     world.Answers.push_back({.Text = "CSV Print OK!"});
     F41().Toolbar1_ButtonClick("CSV-Print");
     EXPECT_EQ(world.Disk.Files["/q/out.CSV"], once + once) << "an existing file grows";
+    EXPECT_EQ(world.Dialogs.back().Directory, "/q/DAT/");
+    EXPECT_TRUE(world.Dialogs.back().Appends);
     world.DialogAnswers.emplace_back(std::nullopt);
     world.Answers.push_back({.Text = "CSV Print ERROR!"});
     F41().Toolbar1_ButtonClick("CSV-Print");

@@ -10,6 +10,8 @@ namespace qvm {
 /// whether that was done. A dialog that was cancelled counts as not done.
 /// @param title of the dialog
 /// @param kind name of the file type
-void Csv_Ausgeben(const Kern& kern, std::string_view title, std::string_view kind, std::string_view text);
+/// @param directory in which the dialog starts; empty: the one that it would take by itself
+void Csv_Ausgeben(const Kern& kern, std::string_view title, std::string_view kind, std::string_view text,
+                  std::string directory = {});
 
 } // namespace qvm

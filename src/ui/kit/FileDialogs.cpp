@@ -74,6 +74,7 @@ std::optional<std::string> saveFile(const FileDialog& wanted) {
     fill(dialog, wanted);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite, wanted.Appends);
     const QString patterns = toQt(wanted.Filter).section(QLatin1Char('|'), 1, 1);
     const QString first = patterns.section(QLatin1Char(';'), 0, 0).trimmed();
     if (first.startsWith(QStringLiteral("*.")) && first != QStringLiteral("*.*")) {

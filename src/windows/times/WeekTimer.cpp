@@ -180,7 +180,7 @@ void WeekTimer::Verbergen() {
 }
 
 void WeekTimer::Csv_Schreiben() {
-    Csv_Ausgeben(kern, Label1.Text(), kern.Zeile(Line::Settings), CsvText());
+    Csv_Ausgeben(kern, Label1.Text(), kern.Zeile(Line::Settings), CsvText(), kern.DatPfad());
 }
 
 std::string WeekTimer::CsvText() const {
