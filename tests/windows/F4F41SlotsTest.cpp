@@ -303,6 +303,51 @@ TEST_F(Clock_Window, is_closed_by_its_own_control_without_a_question_and_comes_b
     EXPECT_EQ(SlotFile().substr(110, 11), SlotRecord(1, "01:00", "02:00"));
 }
 
+TEST_F(Clock_Window, that_was_closed_with_changes_is_asked_for_at_the_end_of_the_program) {
+    F2& main = programm->Main->F2;
+    int ends = 0;
+    main.Hooks.Ende = [&ends] { ++ends; };
+    main.F2_Laden();
+    for (WeekTimer* window : {&F4(), &F41()}) {
+        window->FormLaden();
+        Fill(*window, 1, 1, "0100", "0200");
+        window->Verbergen();
+    }
+    Expect(60, Answer::Cancel);
+    main.Beenden();
+    EXPECT_EQ(world.Shown.back().Title, "L177");
+    EXPECT_EQ(ends, 0);
+    EXPECT_TRUE(main.Fenster.Visible());
+    EXPECT_TRUE(F4().Geaendert);
+    Expect(60, Answer::Yes);
+    Expect(60, Answer::No);
+    main.Beenden();
+    EXPECT_EQ(world.Shown.back().Title, "L178");
+    EXPECT_EQ(ends, 1);
+    EXPECT_EQ(SlotFile(), SlotRecord(1, "01:00", "02:00") + OffRecords(14));
+}
+
+TEST_F(Clock_Window, that_cannot_be_saved_at_the_end_of_the_program_keeps_it_from_ending) {
+    F2& main = programm->Main->F2;
+    int ends = 0;
+    main.Hooks.Ende = [&ends] { ++ends; };
+    main.F2_Laden();
+    F41().FormLaden();
+    Fill(F41(), 1, 1, "0100", "0200");
+    F41().Verbergen();
+    world.Disk.Operations = 0;
+    world.Disk.FailAt = 1;
+    Expect(60, Answer::Yes);
+    world.Answers.push_back({.Text = Wort(programm->kern, Word::TimersNotSaved)});
+    main.Beenden();
+    EXPECT_EQ(ends, 0);
+    EXPECT_TRUE(F41().Geaendert);
+    Expect(60, Answer::Yes);
+    main.Beenden();
+    EXPECT_EQ(ends, 1);
+    EXPECT_EQ(SlotFile().substr(110, 11), SlotRecord(1, "01:00", "02:00"));
+}
+
 TEST_F(Clock_Window, takes_a_text_for_a_cell_at_once_where_it_is_a_day_or_a_time) {
     F4().FormLaden();
     F4().FGK1_Eintragen(2, 1, "L98");

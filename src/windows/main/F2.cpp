@@ -314,7 +314,7 @@ void F2::Wiederholung_Timer() {
 }
 
 void F2::Beenden() {
-    if (beendet_) {
+    if (beendet_ || (Hooks.Ende_Erlaubt && !Hooks.Ende_Erlaubt())) {
         return;
     }
     beendet_ = true;

@@ -29,6 +29,7 @@ inline constexpr Colour Gruen = 0x00FF00; ///< adapter found
 /// What F2 needs of the rest of the program, beside the windows that it opens by WindowBoard.
 struct F2Hooks {
     std::function<void()> Ende;                ///< the program ends, after the shut-down
+    std::function<bool()> Ende_Erlaubt;        ///< what closed windows still hold is saved or dropped; false: no end
     std::function<void()> F9_Schliessen;       ///< the progress window, for the reply guard
     std::function<void()> Lauf_Timer_Anhalten; ///< the timers of a run, when F2 opens
     std::function<bool()> Listenzeile_Laeuft;  ///< a row of a list run holds the port

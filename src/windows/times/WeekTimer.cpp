@@ -159,18 +159,30 @@ bool WeekTimer::Speichern() {
 
 void WeekTimer::Schliessen() {
     Editor_Verlassen();
-    if (!Verlassen_Erlaubt(kern, Geaendert, kern.Zeile(Line::TimerGroup), [this] { return Speichern(); })) {
+    if (!Abgeschlossen(kern.Zeile(Line::TimerGroup))) {
         return;
     }
     if (Traits.StopsTimers) {
         Timer1.Stop();
         Timer2.Stop();
     }
+    Fenster.Visible = false;
+    kern.Windows.BackToMain();
+}
+
+bool WeekTimer::Abgeschlossen(std::string_view title) {
+    if (!Verlassen_Erlaubt(kern, Geaendert, title, [this] { return Speichern(); })) {
+        return false;
+    }
     Geaendert = false;
     loaded_ = false;
     steps_.Forget();
-    Fenster.Visible = false;
-    kern.Windows.BackToMain();
+    return true;
+}
+
+bool WeekTimer::Ende_Erlaubt() {
+    // The question names the clock, as its window is not there to be seen.
+    return !Geaendert || Abgeschlossen(kern.Zeile(Traits.Purpose));
 }
 
 void WeekTimer::Verbergen() {

@@ -111,6 +111,9 @@ struct WeekTimer {
     void Schliessen();
     /// The window's own close control: hidden without a question, and nothing is lost.
     void Verbergen();
+    /// The end of the program, which would lose changes of a window that was closed by its own close control: asks as
+    /// "Zurück" does. False: the end is not wanted, or the save failed.
+    bool Ende_Erlaubt();
 
     /// A mouse button was released on a slot's cell, which becomes the current one. The right one opens the menu; a
     /// larger block that holds the cell stays then.
@@ -168,6 +171,8 @@ private:
     /// What is wrong with the files, if anything is.
     std::optional<FileTrouble> Laden();
     bool Speichern();
+    /// Asks while there is something to save. True when nothing is left of it, the next opening reads the files.
+    bool Abgeschlossen(std::string_view title);
     void Csv_Schreiben();
     std::string CsvText() const;
     bool Aendern(Word what, const std::function<void()>& change);
