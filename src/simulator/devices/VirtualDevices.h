@@ -106,6 +106,7 @@ struct OnAir {
     std::uint8_t Signal = 100; ///< as the line carries it: up to 127 as it stands, above counting downwards
     std::uint8_t ScanType = 1; ///< what kind of device it says it is
     Answering Answers = Answering::Well;
+    bool Away = false; ///< it was taken away: out of the reach of every adapter
 };
 
 struct VirtualLock {

@@ -40,7 +40,7 @@ VirtualLock* NetworkAdapter::Reached(const NetworkPlace& place, const DeviceAddr
                                      std::span<const std::uint8_t> adminCode) const {
     const auto lock = std::find_if(place.Locks.begin(), place.Locks.end(),
                                    [&serial](const VirtualLock& l) { return l.Serial == serial; });
-    const bool reached = !lost_ && lock != place.Locks.end() && NetworkReaches(*lock, adminCode);
+    const bool reached = !lost_ && lock != place.Locks.end() && !lock->Air.Away && NetworkReaches(*lock, adminCode);
     return reached ? &*lock : nullptr;
 }
 

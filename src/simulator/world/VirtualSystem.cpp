@@ -182,11 +182,15 @@ bool VirtualSystem::PulledOut(const SimFault* fault) {
     if (fault == nullptr || fault->What != SimFault::Kind::Unplug) {
         return false;
     }
+    Unplug();
+    return true;
+}
+
+void VirtualSystem::Unplug() {
     unplugged_ = true;
     if (surroundings_.Unplug) {
         surroundings_.Unplug();
     }
-    return true;
 }
 
 /// Tests and world files add devices at any time.
@@ -225,10 +229,10 @@ DeviceReply VirtualSystem::DeviceAnswers(std::span<const std::uint8_t> frame) {
     DeviceReply reply{.Bytes = RefusalReply(Refusal::NoContact)};
     const auto lock = Find(world_.Locks, address);
     const auto unit = Find(world_.Units, address);
-    if (lock != world_.Locks.end() && lock->Channel == tunedChannel_) {
+    if (lock != world_.Locks.end() && lock->Channel == tunedChannel_ && !lock->Air.Away) {
         const auto index = static_cast<std::size_t>(lock - world_.Locks.begin());
         reply = InManner(login ? lock->Air.Answers : Answering::Well, [&] { return LockTurn(index, frame); });
-    } else if (unit != world_.Units.end() && unit->Channel == tunedChannel_) {
+    } else if (unit != world_.Units.end() && unit->Channel == tunedChannel_ && !unit->Air.Away) {
         const auto index = static_cast<std::size_t>(unit - world_.Units.begin());
         reply = InManner(login ? unit->Air.Answers : Answering::Well, [&] { return UnitTurn(index, frame); });
     }

@@ -90,6 +90,8 @@ public:
     /// Lays something on the desk: a reader that waits for the like tells of it, else it is there for the next request.
     void Present(Credential credential);
 
+    /// The adapter is pulled out: from here on nothing is heard, and nothing more is said.
+    void Unplug();
     bool Unplugged() const { return unplugged_; }
     /// The adapter is put back after Unplug: a half frame, the radio channel, the probe and a network run are
     /// forgotten, the devices are not.

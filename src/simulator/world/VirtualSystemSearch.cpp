@@ -25,7 +25,7 @@ struct Voice {
 template <typename Devices>
 void Hear(const Devices& devices, int channel, std::vector<Voice>& heard) {
     for (const auto& device : devices) {
-        if (device.Channel == channel) {
+        if (device.Channel == channel && !device.Air.Away) {
             heard.push_back({.Air = device.Air,
                              .Serial = device.Serial,
                              .ForcedStatus = device.LoginStatus,
