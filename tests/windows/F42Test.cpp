@@ -201,6 +201,29 @@ TEST_F(F42_Fenster, copies_a_default_time_as_base_and_tells_when_it_is_none_any_
     EXPECT_EQ(Row(3), "OFF|00:00|00:00|OFST0x03");
 }
 
+TEST_F(F42_Fenster, tells_of_an_offset_whose_time_is_none) {
+    for (const char* time : {"     ", "24:00", "xx:yy"}) {
+        world.Disk.Files[OffsetFile].replace(20, 5, time);
+        Open();
+        EXPECT_EQ(Window().Mangel.Text(), Wort(programm->kern, Word::OffsetTimeLost)) << time;
+        Window().Auswahl.Go(2, 1);
+        EXPECT_EQ(Window().Mangel.Text(), "");
+        Window().F42_FormLaden();
+        Window().FGK42_Eintragen(1, 2, "12:00");
+        EXPECT_EQ(Window().Mangel.Text(), "");
+    }
+}
+
+TEST_F(F42_Fenster, asks_nothing_for_a_mode_that_stood_already) {
+    Open();
+    Window().Combo1_Click(1);
+    EXPECT_FALSE(Window().Geaendert);
+    Window().Combo1_Click(2);
+    EXPECT_FALSE(Window().Geaendert);
+    Window().Combo1_Click(0);
+    EXPECT_TRUE(Window().Geaendert);
+}
+
 TEST_F(F42_Fenster, keeps_the_identifier_of_an_offset_that_is_deleted) {
     Open();
     int menus = 0;

@@ -140,7 +140,7 @@ bool F42::Standardzeit_Taste(TextBox& box, int key) {
 }
 
 void F42::Combo1_Click(int entry) {
-    if (entry == 0 || entry == 1) {
+    if ((entry == 0 || entry == 1) && entry != Combo1.Selected()) {
         Combo1.Selected = entry;
         Geaendert = true;
     }

@@ -5,6 +5,7 @@
 #include "Wochenbild.h"
 #include "Wochentage.h"
 #include "Worte.h"
+#include "Zeit.h"
 
 #include <array>
 #include <vector>
@@ -60,13 +61,17 @@ void F42::Woche_Zeigen() {
     Woche.Chart = Wochenbild(kern, slots);
 }
 
-/// An offset whose base is none of the default times has no effect on a guest card.
+/// An offset without a time of day, or whose base is none of the default times, has no effect on a guest card.
 void F42::Stand_Zeigen() {
     const std::string& name = FGK42.Text(FGK42.Row, OffsetColumn::Name);
     const std::string& base = FGK42.Text(FGK42.Row, OffsetColumn::Base);
     const bool used = FGK42.Row >= 1 && !Trim(name).empty() && name != "OFF";
-    const bool lost = used && base != Text1.Text() && base != Text2.Text();
-    Mangel.Text = lost ? Wort(kern, Word::OffsetBaseLost) : std::string();
+    const bool lost = base != Text1.Text() && base != Text2.Text();
+    const bool none = !Uhrzeit_Lesen(Trim(FGK42.Text(FGK42.Row, OffsetColumn::Time)));
+    Mangel.Text = !used  ? std::string()
+                  : none ? Wort(kern, Word::OffsetTimeLost)
+                  : lost ? Wort(kern, Word::OffsetBaseLost)
+                         : std::string();
 }
 
 int F42::Breite(int column) {
