@@ -82,14 +82,14 @@ void Einzeltueren(GastKarte& card, const KartenAuftrag& auftrag, int& counter) {
         if (door.Mark != DoorMark::Single) {
             continue;
         }
+        if (counter >= GastKarte::MostEntries) {
+            ++card.Uebergangen;
+            continue;
+        }
         const std::optional<int> room = first && !auftrag.Objekt ? Raum_Lesen(door.Room) : std::optional<int>(0);
         if (!room) {
             card.OhneRaum = n;
             return;
-        }
-        if (counter >= GastKarte::MostEntries) {
-            ++card.Uebergangen;
-            continue;
         }
         ++counter;
         if (first) {

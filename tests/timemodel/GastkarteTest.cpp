@@ -166,6 +166,14 @@ TEST(Gastkarte, only_the_first_single_door_of_a_hotel_needs_a_room) {
     EXPECT_FALSE(Karte_Bauen(order).OhneRaum);
 }
 
+TEST(Gastkarte, a_door_that_does_not_fit_any_more_needs_no_room) {
+    KartenAuftrag order = Order(26, 2, false);
+    order.Tueren[2 * 26].Room = "";
+    const GastKarte card = Karte_Bauen(order);
+    EXPECT_FALSE(card.OhneRaum);
+    EXPECT_EQ(card.Uebergangen, 2);
+}
+
 TEST(Gastkarte, a_damaged_serial_gives_zeros_and_no_more_than_four_bytes) {
     KartenAuftrag order = Order(0, 1, false);
     const std::array<std::pair<const char*, std::array<std::uint8_t, 4>>, 4> texts{{

@@ -62,6 +62,27 @@ TEST_F(F60_Karten, success_clears_the_single_doors_only) {
     EXPECT_EQ(Window().Ergebnis, KartenErgebnis::Geschrieben);
 }
 
+TEST_F(F60_Karten, no_door_is_marked_while_a_card_is_being_written_that_does_not_hold_it) {
+    Open();
+    Mark(4, "X");
+    Window().Undo_Click();
+    BeginWriting();
+    Window().FGK60_Click(2, CardColumn::Mark);
+    Window().FGK60_KeyPress(' ');
+    EXPECT_EQ(Window().FGK60.Row, 2);
+    EXPECT_EQ(Cell(2, CardColumn::Mark), "");
+    Window().Undo_Click();
+    EXPECT_EQ(Cell(1, CardColumn::Mark), "X");
+    Window().Redo_Click();
+    ExpectText("L222");
+    Say(0x6F, {0xD3});
+    Window().FGK60_Click(2, CardColumn::Mark);
+    EXPECT_EQ(Cell(2, CardColumn::Mark), "X");
+    Window().Command4_Click();
+    Window().FGK60_Click(4, CardColumn::Mark);
+    EXPECT_EQ(Cell(4, CardColumn::Mark), "X") << "a reading takes no marks away";
+}
+
 TEST_F(F60_Karten, every_refusal_keeps_the_doors_and_has_its_message) {
     Open();
     for (const auto& [code, text] :
@@ -174,6 +195,27 @@ TEST_F(F60_Karten, a_card_whose_validity_makes_no_sense_shows_its_battery_only) 
     Say(0x73, {2});
     Say(0x72, {0, 1, 2, 3, 4});
     EXPECT_EQ(Window().Hinweis.Text(), Wort(programm->kern, Word::CardReadShort, {"01 02 03 04"}));
+}
+
+TEST_F(F60_Karten, an_answer_that_lacks_bytes_ends_the_reading) {
+    Open();
+    Window().Command4_Click();
+    ExpectWord(Word::CardReadBroken);
+    world.Deliver(ReplyWire(0x73, 1, {})); // no number of a block
+    world.RunFor(5);
+    EXPECT_FALSE(Window().Wartet());
+    Window().Command4_Click();
+    for (std::uint8_t block = 0; block < 3; ++block) {
+        Say(0x73, {block});
+    }
+    ExpectWord(Word::CardReadBroken);
+    world.Deliver(ReplyWire(0x72, 5, {0, 1, 2, 3})); // three bytes of four
+    world.RunFor(5);
+    EXPECT_FALSE(Window().Wartet());
+    EXPECT_FALSE(Window().Lesung.Fertig);
+    EXPECT_EQ(Window().Ergebnis, KartenErgebnis::Abgelehnt);
+    EXPECT_EQ(Window().Hinweis.Text(), "");
+    EXPECT_THAT(world.Answers, IsEmpty());
 }
 
 TEST_F(F60_Karten, a_block_that_was_not_asked_for_ends_the_reading) {

@@ -144,29 +144,42 @@ TEST_F(F60_Karten, a_save_that_fails_keeps_file_marks_and_window) {
     EXPECT_EQ(world.Disk.Files[Perm], "05.03.2026\r\n00.0A.10.04\r\nENDE\r\n");
 }
 
-TEST_F(F60_Karten, permanent_doors_that_could_not_be_read_are_not_overwritten) {
-    Start();
-    const std::string kept = "05.03.2026\r\n00.0A.10.04\r\nENDE\r\n";
-    world.Disk.Files[Perm] = kept;
-    programm->Main->F2.F2_Laden();
-    programm->Main->F2.Timer2.Stop();
-    bool tried = false;
-    for (int operation = 1; operation <= 8 && !tried; ++operation) {
+TEST_F(F60_Karten, while_a_file_could_not_be_read_nothing_is_saved_and_no_card_is_written) {
+    const std::array<const char*, 7> all{"T4OFFSETGST.FST", "OFSTSETUPDT.FST",  "C64UX12H3D.EBW", "PERMSELECT.RFS",
+                                         "DOOR1MODEDT.DTA", "ASWTIMQVMLCK.FSN", "ObJNR09DAT.OBN"};
+    Selection("OBJEKT", "00000000");
+    world.Disk.Files[Perm] = "05.03.2026\r\n00.0A.10.04\r\nENDE\r\n";
+    world.Disk.Files[Group] = "05.03.2026\r\n57\r\n58\r\n";
+    Open();
+    const auto kept = world.Disk.Files;
+    std::set<std::string> unread;
+    for (int operation = 1; operation <= static_cast<int>(all.size()); ++operation) {
         world.Answers.clear();
         world.Disk.Operations = 0;
         world.Disk.FailAt = operation;
         ExpectText("*");
         Window().F60_FormLaden();
         world.Disk.FailAt = 0;
-        if (world.Shown.back().Text.find("PERMSELECT.RFS") != std::string::npos) {
-            tried = true;
-            Mark(2, "P");
-            ExpectWord(Word::PermUnread);
-            Window().Toolbar1_ButtonClick("Speichern");
-            EXPECT_EQ(world.Disk.Files[Perm], kept);
+        for (const char* file : all) {
+            if (world.Shown.back().Text.find(file) != std::string::npos) {
+                unread.insert(file);
+            }
         }
+        Mark(1, "X");
+        for (const auto act :
+             {+[](F60& window) { window.Toolbar1_ButtonClick("Speichern"); },
+              +[](F60& window) { window.Command2_Click(); },
+              +[](F60& window) { window.Objekt ? window.Command3_Click() : window.Command2_Click(); }}) {
+            ExpectWord(Word::CardDataUnread);
+            act(Window());
+            EXPECT_THAT(world.Answers, IsEmpty()) << operation;
+        }
+        EXPECT_EQ(Window().Ergebnis, KartenErgebnis::Ungelesen);
+        EXPECT_FALSE(Window().Label12.Visible);
+        EXPECT_THAT(world.Written, IsEmpty());
+        EXPECT_EQ(world.Disk.Files, kept) << operation;
     }
-    EXPECT_TRUE(tried);
+    EXPECT_EQ(unread.size(), all.size());
 }
 
 TEST_F(F60_Karten, the_search_ends_at_the_last_door_that_holds_the_text) {
@@ -211,6 +224,34 @@ TEST_F(F60_Karten, a_check_out_before_the_check_in_is_coloured_and_told_but_not_
     Window().Text2_KeyPress('0'); // 05:00
     EXPECT_EQ(Window().Mangel.Text(), Wort(programm->kern, Word::StayReversed));
     BeginWriting();
+}
+
+TEST_F(F60_Karten, a_time_that_is_none_is_told_as_the_card_will_have_midnight) {
+    world.Disk.Files[Times] = "05.03.2026\r\n09:30\r\n";
+    Open();
+    EXPECT_EQ(Window().Mangel.Text(), Wort(programm->kern, Word::CardTimeMissing));
+    EXPECT_EQ(Window().Label11.ForeColor(), CardLook::Reversed) << "00:00 is before 09:30";
+    Mark(1, "X");
+    EXPECT_THAT(Window().Karte().Minuten, ElementsAre(9 * 60 + 30, 0));
+    Window().Text2_KeyPress('1');
+    EXPECT_EQ(Window().Mangel.Text(), "");
+    EXPECT_EQ(Window().Label11.ForeColor(), Black);
+    for (const char* wild : {"x", "24:00", " ", "hh:mm and more"}) {
+        world.Disk.Files[Times] = "05.03.2026\r\n" + std::string(wild) + "\r\n15:00\r\n";
+        Window().F60_FormLaden();
+        EXPECT_EQ(Window().Mangel.Text(), Wort(programm->kern, Word::CardTimeMissing)) << wild;
+        EXPECT_EQ(Window().Karte().Minuten[0], 0);
+    }
+}
+
+TEST_F(F60_Karten, a_mark_beside_which_no_lock_stands_is_told) {
+    Open();
+    Mark(1, "X");
+    EXPECT_EQ(Window().Markiert.Text(), Wort(programm->kern, Word::GuestDoors, {"1", "0"}));
+    Mark(3, "P");
+    Mark(200, "X");
+    EXPECT_EQ(Window().Markiert.Text(), Wort(programm->kern, Word::GuestDoors, {"2", "1"}) + " " +
+                                            Wort(programm->kern, Word::GuestDoorsNoLock, {"2"}));
 }
 
 TEST_F(F60_Karten, a_year_that_no_card_can_hold_is_refused) {

@@ -78,7 +78,7 @@ void F60::FGK60_Click(int row, int column) {
         return;
     }
     Auswahl.Go(row, column);
-    if (column != CardColumn::Mark) {
+    if (column != CardColumn::Mark || Schreibt()) {
         return;
     }
     const std::string mark = FGK60.Text(row, column);
@@ -111,7 +111,7 @@ void F60::Redo_Click() {
 }
 
 void F60::Schritt_Gehen(std::optional<UndoStep> (GridUndo::*way)(), Word told) {
-    if (!Fenster.Enabled) {
+    if (!Fenster.Enabled || Schreibt()) {
         return;
     }
     const int before = Dauertueren();
@@ -227,8 +227,9 @@ void F60::List1_Waehlen(int index) {
 }
 
 void F60::Command3_Click() {
-    if (!Objekt || kern.Meldung(kern.Zeile(Line::PersonGroups), Buttons::YesNo, Icon::Question,
-                                kern.Zeile(Line::TimerGroup)) != Answer::Yes) {
+    if (!Objekt || !Gelesen() ||
+        kern.Meldung(kern.Zeile(Line::PersonGroups), Buttons::YesNo, Icon::Question, kern.Zeile(Line::TimerGroup)) !=
+            Answer::Yes) {
         return;
     }
     const int next = GruppenNr >= Groups - 1 ? 1 : GruppenNr + 1;

@@ -49,6 +49,7 @@ enum class KartenErgebnis : std::uint8_t {
     Gelesen,
     Ohne_Tuer,    ///< no door is marked for this card
     Ohne_Raum,    ///< the first such door has no room number
+    Ungelesen,    ///< a file that tells what is on a card could not be read
     Ohne_Adapter, ///< there is none, or its port cannot be opened
     Abgelehnt,    ///< another sub-code, or a refusal
     Getrennt,     ///< the adapter was pulled out
@@ -106,7 +107,7 @@ struct F60 {
     std::function<void()> Zu_F5;        ///< the user window is told that it may go on
     std::function<void()> Menue_Zeigen; ///< opens M_FGK60 over the current cell
 
-    /// Loads everything and shows the window.
+    /// Loads everything and shows the window. What cannot be read is told; then nothing is saved and no card written.
     void F60_FormLaden();
     /// Words from the catalogue anew.
     void Texte_Setzen();
@@ -114,7 +115,8 @@ struct F60 {
     /// "Zurück", and the window's own close button: asks while there is something to save.
     void Schliessen();
 
-    /// A click on a cell, which becomes the current one. One on the mark goes on: none, "X", "P", none.
+    /// A click on a cell, which becomes the current one. One on the mark goes on: none, "X", "P", none. While a card is
+    /// being written the marks stay as they are: its end takes away those of the doors that it holds.
     void FGK60_Click(int row, int column);
     /// Return or the space bar does the same for the current row.
     void FGK60_KeyPress(int key);
@@ -151,6 +153,8 @@ struct F60 {
     void Karte_Abgelehnt();
     /// An answer is awaited.
     bool Wartet() const { return Wache.Running(); }
+    /// It is one to a card that is being written.
+    bool Schreibt() const { return Wartet() && part_ != 0; }
 
     /// The card as it would be written now.
     GastKarte Karte() const;
@@ -166,9 +170,11 @@ private:
     bool Schloesser_Lesen();
     bool Tuermodus_Lesen();
     bool Auswahl_Lesen();
-    void Dauertueren_Zeigen();
+    bool Dauertueren_Zeigen();
     void Betriebsart_Zeigen();
     bool PermSelect_Speichern();
+    /// Everything was read. If not, the operator is told that nothing is saved and written.
+    bool Gelesen() const;
 
     // The exchange.
     bool Port_Bereit();
@@ -178,6 +184,7 @@ private:
     void Folge_Senden(const GastKarte::Folge& part);
     void Block_Anfordern(int block);
     void Geschrieben();
+    void Lesung_Abbrechen();
     void Lesung_Zeigen();
 
     void Markieren(int row, std::string_view mark);
@@ -194,12 +201,12 @@ private:
     std::array<std::string, KartenOffsets> offsetNames_;
     std::array<std::string, 2> standard_; ///< DefaultZeit1, DefaultZeit2
     std::uint8_t slotMask_ = 0;
-    bool permUnread_ = false;
-    GastKarte card_; ///< being written
-    int part_ = 0;   ///< of it that went out last, from 1
-    int block_ = 0;  ///< of the reading that is due; 3: the battery
-    int stand_ = 0;  ///< of the adapters when the exchange began
-    int waited_ = 0; ///< ms
+    bool unread_ = false; ///< what is shown is not what stands on the disk
+    GastKarte card_;      ///< being written
+    int part_ = 0;        ///< of it that went out last, from 1; 0: a card is being read
+    int block_ = 0;       ///< of the reading that is due; 3: the battery
+    int stand_ = 0;       ///< of the adapters when the exchange began
+    int waited_ = 0;      ///< ms
     Timer Wache;
     Listener words_ = Worte_Folgen(*this);
 };

@@ -19,6 +19,7 @@ constexpr std::uint8_t Second = 1, Third = 2, Written = 0xD1, NotWritten = 0xD2,
 }
 constexpr std::uint8_t NoCard = 0x6A;
 constexpr int BatteryDue = 3;
+constexpr int LengthIndex = 1;
 constexpr std::string_view BeforeFault = "      ";
 
 bool Karte_Faellig(const Link& link) {
@@ -60,6 +61,10 @@ void F60::Command2_Click() {
         kern.Meldung(kern.Zeile(Line::MarkOneDoor), Buttons::Ok, Icon::Exclamation);
         return;
     }
+    if (!Gelesen()) {
+        Ergebnis = KartenErgebnis::Ungelesen;
+        return;
+    }
     Hinweis.Text = std::string();
     Label12.Visible = true;
     card_ = Karte();
@@ -84,6 +89,7 @@ void F60::Command4_Click() {
     Hinweis.Text = std::string();
     Label12.Visible = true;
     Lesung = {};
+    part_ = 0;
     if (Port_Bereit()) {
         Block_Anfordern(0);
     }
@@ -208,6 +214,10 @@ void F60::Karte_Block() {
     if (!Wartet()) {
         return;
     }
+    if (link.RxByte(LengthIndex) < RpKarteBlock::Reply.L) {
+        Lesung_Abbrechen();
+        return;
+    }
     const int block = link.RxByte(RpKarteBlock::Block.Offset);
     if (block < block_) {
         link.AnswerDue = block_ == BatteryDue
@@ -216,8 +226,7 @@ void F60::Karte_Block() {
         return;
     }
     if (block != block_ || block_ >= BatteryDue) {
-        Enden(KartenErgebnis::Abgelehnt);
-        kern.Meldung(Wort(kern, Word::CardReadBroken), Buttons::Ok, Icon::Exclamation);
+        Lesung_Abbrechen();
         return;
     }
     const auto frame = link.RxFrame();
@@ -228,8 +237,17 @@ void F60::Karte_Block() {
     Block_Anfordern(block_ + 1);
 }
 
+void F60::Lesung_Abbrechen() {
+    Enden(KartenErgebnis::Abgelehnt);
+    kern.Meldung(Wort(kern, Word::CardReadBroken), Buttons::Ok, Icon::Exclamation);
+}
+
 void F60::Karte_Start() {
     if (!Wartet()) {
+        return;
+    }
+    if (link.RxByte(LengthIndex) < RpKarteStart::Reply.L) { // bytes that did not come would read as 0
+        Lesung_Abbrechen();
         return;
     }
     for (std::size_t n = 0; n < Lesung.Batterie.size(); ++n) {

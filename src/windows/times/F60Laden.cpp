@@ -42,13 +42,14 @@ void F60::Laden() {
     note(Offsets_Lesen(), GuestOffset::Record.File);
     note(Kartenzeiten_Laden(kern, standard_) != ReadStatus::Error, TimesName);
     note(Schloesser_Lesen(), LockRecord::Record.File);
-    Dauertueren_Zeigen();
-    note(!permUnread_, PermName);
+    const bool permRead = Dauertueren_Zeigen();
+    note(permRead, PermName);
     note(Tuermodus_Lesen(), DoorModeRecord::Record.File);
     note(Auswahl_Lesen(), SelectionName);
     note(GruppenNr_Laden(kern, GruppenNr) != ReadStatus::Error, GroupName);
     List1.Selected = GruppenNr;
-    if (!unread.empty()) {
+    unread_ = !unread.empty();
+    if (unread_) {
         kern.Meldung(Wort(kern, Word::FileNotRead, {Dateimaengel_Text(kern, unread)}), Buttons::Ok, Icon::Exclamation);
     }
 }
@@ -118,19 +119,27 @@ bool F60::Auswahl_Lesen() {
     return read;
 }
 
-void F60::Dauertueren_Zeigen() {
+bool F60::Dauertueren_Zeigen() {
     std::set<std::string> serials;
-    permUnread_ = PermSelect_Laden(kern, serials) == ReadStatus::Error;
+    const ReadStatus status = PermSelect_Laden(kern, serials);
     for (int row = FirstRow; row <= LastRow; ++row) {
         if (serials.contains(std::string(Trim(FGK60.Text(row, CardColumn::Serial))))) {
             Markieren(row, DoorMark::Permanent);
         }
     }
+    return status != ReadStatus::Error;
+}
+
+/// What could not be read looks like what is not there: neither a file nor a card is to say so.
+bool F60::Gelesen() const {
+    if (unread_) {
+        kern.Meldung(Wort(kern, Word::CardDataUnread), Buttons::Ok, Icon::Exclamation);
+    }
+    return !unread_;
 }
 
 bool F60::PermSelect_Speichern() {
-    if (permUnread_) {
-        kern.Meldung(Wort(kern, Word::PermUnread), Buttons::Ok, Icon::Exclamation);
+    if (!Gelesen()) {
         return false;
     }
     std::vector<std::string> serials;

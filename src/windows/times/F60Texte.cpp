@@ -79,9 +79,11 @@ void F60::Aufenthalt_Zeigen() {
     Label11.Text = Datum_Text(CheckOut);
     const std::int64_t nights = Tageszahl(CheckOut) - Tageszahl(CheckIn);
     const auto in = Uhrzeit_Lesen(Trim(Text1.Text())), out = Uhrzeit_Lesen(Trim(Text2.Text()));
-    const bool reversed = nights < 0 || (nights == 0 && in && out && *out < *in);
+    const bool reversed = nights < 0 || (nights == 0 && out.value_or(0) < in.value_or(0)); // as the card has them
     Label11.ForeColor = reversed ? CardLook::Reversed : Black;
-    Mangel.Text = reversed ? Wort(kern, Word::StayReversed) : std::string();
+    Mangel.Text = !in || !out ? Wort(kern, Word::CardTimeMissing)
+                  : reversed  ? Wort(kern, Word::StayReversed)
+                              : std::string();
     const std::string from = Tag_Mit_Wochentag(kern, CheckIn), to = Tag_Mit_Wochentag(kern, CheckOut);
     Aufenthalt.Text = Wort(kern, Word::StayNights, {from, to, nights < 0 ? "-" : Ziffern(nights)});
 }
@@ -89,14 +91,19 @@ void F60::Aufenthalt_Zeigen() {
 void F60::Stand_Zeigen() {
     int single = 0;
     int permanent = 0;
+    int noLock = 0;
     for (int row = FirstRow; row <= LastRow; ++row) {
         const std::string& mark = FGK60.Text(row, CardColumn::Mark);
         single += mark == DoorMark::Single ? 1 : 0;
         permanent += mark == DoorMark::Permanent ? 1 : 0;
+        noLock += !mark.empty() && FGK60.Text(row, CardColumn::Serial).empty() ? 1 : 0;
     }
     const int beyond = single == 0 ? 0 : Karte().Uebergangen;
+    const auto also = [this](Word word, int count) {
+        return count == 0 ? std::string() : " " + Wort(kern, word, {Ziffern(count)});
+    };
     Markiert.Text = Wort(kern, Word::GuestDoors, {Ziffern(single), Ziffern(permanent)}) +
-                    (beyond == 0 ? std::string() : " " + Wort(kern, Word::GuestDoorsBeyond, {Ziffern(beyond)}));
+                    also(Word::GuestDoorsBeyond, beyond) + also(Word::GuestDoorsNoLock, noLock);
 }
 
 /// In which order a card's answers hold its data is not known for certain: they are shown where they make sense.
