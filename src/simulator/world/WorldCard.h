@@ -108,7 +108,7 @@ struct CardDoors {
 
 template <typename Archive>
 void CardFields(Archive& archive, VirtualCard& card) {
-    archive("mode", Word<VirtualCard::Mode, 2>{card.Use, {"hotel", "object"}});
+    archive("mode", Keyword<VirtualCard::Mode, 2>{card.Use, {"hotel", "object"}});
     archive("check_in", CardMomentText{card.CheckIn});
     archive("check_out", CardMomentText{card.CheckOut});
     archive("room", Number<std::uint16_t>{card.Room, 0, 65535});

@@ -80,7 +80,7 @@ struct Flag {
 
 /// One of a few words, in the order of the values.
 template <typename Enum, std::size_t N>
-struct Word {
+struct Keyword {
     Enum& Value;
     std::array<const char*, N> Words;
     static constexpr bool Required = false;

@@ -36,7 +36,7 @@ inline constexpr int LongestDeskWait = 3600000;
 
 template <typename Archive>
 void CredentialFields(Archive& archive, Credential& credential) {
-    archive("kind", Word<Credential::Kind, 3>{credential.What, {"key", "transponder", "finger"}});
+    archive("kind", Keyword<Credential::Kind, 3>{credential.What, {"key", "transponder", "finger"}});
     archive("delay_ms", Number<int>{credential.DelayMs, 0, LongestDeskWait});
     archive("id", ShortHex{credential.Id, 10});
     archive("data", HexBytesField<16>{credential.Data});

@@ -131,7 +131,7 @@ template <typename Archive>
 void Fields(Archive& archive, LockUser& user) {
     UserParts parts = PartsOf(user);
     archive("slot", Number<std::uint16_t>{user.Slot, 0, 65535, true});
-    archive("kind", Word<bool, 2>{user.Finger, {"code", "finger"}});
+    archive("kind", Keyword<bool, 2>{user.Finger, {"code", "finger"}});
     archive("name", Name<16>{user.Name});
     archive("weighting", Number<std::uint8_t>{user.Weighting, 0, 255});
     archive("code", Code<5>{user.Code, false});
@@ -194,9 +194,9 @@ void Fields(Archive& archive, VirtualLock& lock) {
     LockBehaviour(archive, lock);
     archive("users", List<LockUser>{lock.Users});
     archive("fingers", List<FingerEntry>{lists.Fingers});
-    archive("table_a_form", Word<TableForm, 4>{lock.FormA, {"none", "short", "parts", "block"}});
+    archive("table_a_form", Keyword<TableForm, 4>{lock.FormA, {"none", "short", "parts", "block"}});
     archive("table_a", Rows<5, 24>{lock.TableA});
-    archive("table_b_form", Word<TableForm, 4>{lock.FormB, {"none", "short", "parts", "block"}});
+    archive("table_b_form", Keyword<TableForm, 4>{lock.FormB, {"none", "short", "parts", "block"}});
     archive("table_b", Rows<5, 16>{lock.TableB});
     archive("single_days", Rows<6, 21>{lock.SingleDays});
     archive("permanent_days", Rows<6, 21>{lock.PermanentDays});
