@@ -13,7 +13,6 @@ trap 'exit 130' INT TERM
 
 say "The demonstration installation, with a virtual adapter and virtual locks behind a serial device"
 make_installation >/dev/null
-cp "$bin/src/qvm7702" "$place/"
 
 say "The program is open. What to try:"
 cat <<'TEXT'
@@ -23,8 +22,7 @@ cat <<'TEXT'
    3. Answer the questions, type the administrator code 123456, press OK, and watch the progress.
    4. File > Language changes all words at once. File > Exit ends the program.
 TEXT
-# The program looks for its files beside itself.
-"$place/qvm7702" &
+QVM_DIR=$place "$bin/src/qvm7702" &
 program=$!
 sleep 3
 start_simulator

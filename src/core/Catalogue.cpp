@@ -49,7 +49,7 @@ std::optional<std::vector<std::string>> Sprachdatei_Lesen(const Kern& kern, std:
     const std::string name(Trim(language));
     std::string bytes;
     if (!Sprachname_Gueltig(name) ||
-        kern.Welt.Files.ReadAll(kern.AppPath + "QVM_" + name + ".DAT", bytes) != ReadStatus::Ok) {
+        kern.Welt.Files.ReadAll(kern.Beigabe("QVM_" + name + ".DAT"), bytes) != ReadStatus::Ok) {
         return std::nullopt;
     }
     return Zeilen_Lesen(bytes);

@@ -29,13 +29,13 @@ struct Sprachkatalog {
 /// The German labels that stand before the language file is read.
 void Sprache_Defaults(Sprachkatalog& katalog);
 
-/// The lines of AppPath/QVM_<language>.DAT, line n of the catalogue at index n - 1; there may be fewer of them, or
-/// more. Nothing when the file is missing or cannot be read, or when the name would lead to another directory.
+/// The lines of QVM_<language>.DAT (Kern::Beigabe), line n of the catalogue at index n - 1; there may be fewer of them,
+/// or more. Nothing when the file is missing or cannot be read, or when the name would lead to another directory.
 std::optional<std::vector<std::string>> Sprachdatei_Lesen(const Kern& kern, std::string_view language);
 
 enum class SprachdateiStatus { Geladen, Fehlt, ZuLang };
 
-/// Reads AppPath/QVM_<Sprache>.DAT when it exists and fills all lines and the labels from it. Lines end in LF or CR LF;
+/// Reads QVM_<Sprache>.DAT when it exists and fills all lines and the labels from it. Lines end in LF or CR LF;
 /// those that the file lacks become empty. A label whose line is empty takes its default. Lines beyond number 300 are
 /// dropped and reported as ZuLang. A file that is missing or cannot be read, or a language name that would lead to
 /// another directory, changes nothing: at the start all lines are empty and the labels stand at their defaults.

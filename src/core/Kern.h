@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Beigaben.h"
 #include "Catalogue.h"
 #include "GlobaleVariablen.h"
 #include "Konfiguration.h"
@@ -30,6 +31,10 @@ struct Kern {
 
     std::string DatPfad() const { return AppPath + "DAT/"; }
     std::string HistPfad() const { return AppPath + "HIST/"; }
+    /// Where a file lies that comes with the program, by Beigabe_Pfad.
+    std::string Beigabe(const std::string& name) const {
+        return Beigabe_Pfad(Welt.Files, AppPath, Welt.ProgramFiles, name);
+    }
 
     /// Catalogue line n (0 to 300); empty outside and for line 0.
     const std::string& Zeile(int n) const { return Sprache.Zeile(n); }

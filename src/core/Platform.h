@@ -118,6 +118,9 @@ struct Platform {
     std::function<void()> DeviceManager;
 
     FileStore Files;
+    /// Where the files lie that come with an installed program and are only read, with a trailing separator. UTF-8.
+    /// Empty: in the program's directory.
+    std::string ProgramFiles{};
 
     /// Enciphers one 16-byte block in place with a 16-byte key.
     std::function<void(std::span<std::uint8_t, 16> block, std::span<const std::uint8_t, 16> key)> encryptData;

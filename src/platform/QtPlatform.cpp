@@ -45,6 +45,7 @@ struct QtPlatform::Services {
         FillPort();
         FillDialogs(options);
         World.Files = PosixFiles();
+        World.ProgramFiles = options.ProgramFiles;
         World.encryptData = [this](std::span<std::uint8_t, 16> block, std::span<const std::uint8_t, 16> key) {
             Cipher.Encrypt(block, key);
         };

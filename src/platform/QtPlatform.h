@@ -13,6 +13,7 @@ namespace qvm {
 /// answered with the last of their buttons, dialogs count as cancelled, nothing is opened.
 struct PlatformOptions {
     std::string Directory;                 ///< the program's: links `com<n>`, the cipher's library. UTF-8
+    std::string ProgramFiles{};            ///< what comes with the program; Platform::ProgramFiles
     std::optional<std::string> PortDevice; ///< stands for port 1 and replaces all port numbers
 
     std::function<Answer(const Message&)> ShowMessage;

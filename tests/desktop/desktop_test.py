@@ -16,6 +16,7 @@ import unittest
 from calendars import CalendarTests
 from clocks import ClockTests
 from datafiles import without_zeros
+from firststart import FirstStartTests
 from guests import GuestTests
 from installation import CODE, Installation
 from kills import KillTests
@@ -34,8 +35,8 @@ CLOCK = ("month", "day", "hour", "minute", "second")
 BUILD = ""
 
 
-class Desktop(CalendarTests, ClockTests, GuestTests, LineTests, LockTests, UserTests, WayTests, KillTests,
-              unittest.TestCase):
+class Desktop(CalendarTests, ClockTests, FirstStartTests, GuestTests, LineTests, LockTests, UserTests, WayTests,
+              KillTests, unittest.TestCase):
     maxDiff = None
 
     def setUp(self):

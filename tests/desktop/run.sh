@@ -6,6 +6,7 @@ here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 HOME=$(mktemp -d)
 XDG_RUNTIME_DIR=$HOME
 export HOME XDG_RUNTIME_DIR
+unset QVM_DIR XDG_DATA_HOME
 trap 'rm -rf "$HOME"' EXIT
 # Debian's own Python, as its packages bring the accessibility interface.
 dbus-run-session -- /usr/bin/python3 -B "$here/desktop_test.py" "$@"

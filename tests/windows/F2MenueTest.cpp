@@ -126,6 +126,14 @@ TEST_F(F2_Menues, hilfe_opens_the_manual_of_the_language_and_of_any_other_the_ge
     EXPECT_EQ(directory, "/q/");
 }
 
+TEST_F(F2_Menues, hilfe_opens_the_manual_that_came_with_an_installed_program) {
+    Open();
+    world.World.ProgramFiles = "/usr/share/qvm7702/";
+    world.Disk.Files["/usr/share/qvm7702/QVM_System_de.pdf"] = "%PDF";
+    Main().F2_Help_Click();
+    EXPECT_THAT(world.OpenedInLinkedApp, ElementsAre("/usr/share/qvm7702/QVM_System_de.pdf"));
+}
+
 TEST_F(F2_Menues, hilfe_names_a_manual_that_is_missing) {
     Open();
     world.Answers.push_back({.Text = "L288 QVM_System_de.pdf"});

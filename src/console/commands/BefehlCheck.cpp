@@ -12,7 +12,7 @@ std::vector<Finding> Pruefen(const Umgebung& world, const Console& console) {
     const DataLock lock(world.DatPfad(), DataLock::Use::Read);
     Sperre_Holen(lock, console);
     std::vector<Finding> findings = Daten_Pruefen(world.Welt.Files, world.DatPfad());
-    const std::vector<Finding> language = Sprachdatei_Pruefen(world.Welt.Files, world.AppPath);
+    const std::vector<Finding> language = Sprachdatei_Pruefen(world.Welt.Files, world.AppPath, world.Welt.ProgramFiles);
     findings.insert(findings.end(), language.begin(), language.end());
     return findings;
 }

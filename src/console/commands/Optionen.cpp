@@ -314,8 +314,10 @@ std::optional<Optionen> Befehlszeile_Lesen(int argc, const char* const* argv, co
                  "qvmctl");
     app.require_subcommand(1);
     app.fallthrough();
-    app.add_option("--dir", options.Directory,
-                   "program directory with DAT, HIST and the language files (default: that of qvmctl)");
+    app.add_option(
+        "--dir", options.Directory,
+        "program directory with DAT and HIST (default: QVM_DIR, else the folder of qvmctl when DAT lies there, else "
+        "the user's own)");
     app.add_option("--port", options.Port, "device path of the adapter; replaces configuration and search");
     app.add_flag("--json", options.Json, "every result as one JSON document on standard output");
     app.add_option("--trace", options.Trace, "append a trace of all telegrams to FILE, codes masked");

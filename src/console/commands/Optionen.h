@@ -36,7 +36,7 @@ enum class Command {
 /// The command line, taken apart.
 struct Optionen {
     Command Wanted = Command::Check;
-    std::string Directory; ///< --dir; empty: the directory of the executable
+    std::string Directory; ///< --dir; empty: by ProgramDirectory_Choose
     std::string Port;      ///< --port; empty: configuration
     bool Json = false;
     std::string Trace; ///< --trace; empty: none

@@ -2,6 +2,7 @@
 #include "PcClock.h"
 #include "ProcessGuard.h"
 #include "ProcessStart.h"
+#include "ProgramDirectory.h"
 #include "QtPlatform.h"
 #include "Zeit.h"
 
@@ -9,18 +10,6 @@
 
 #include <iostream>
 #include <unistd.h>
-
-namespace {
-
-std::string ProgramDirectory(const std::string& wanted) {
-    std::string directory = wanted.empty() ? QCoreApplication::applicationDirPath().toStdString() : wanted;
-    if (directory.back() != '/') {
-        directory += '/';
-    }
-    return directory;
-}
-
-} // namespace
 
 int main(int argc, char** argv) {
     qvm::Memory_Protect();
@@ -33,16 +22,22 @@ int main(int argc, char** argv) {
     if (!options) {
         return qvm::Ausgabe_Abschliessen(std::cout, std::cerr, exitCode);
     }
-    const std::string directory = ProgramDirectory(options->Directory);
+    const qvm::ProgramPlaces places = qvm::ProgramPlaces_Here(options->Directory);
+    const qvm::ProgramDirectory directory = qvm::ProgramDirectory_Choose(places);
     qvm::PlatformOptions world;
-    world.Directory = directory;
+    world.Directory = directory.Path;
+    world.ProgramFiles = qvm::ProgramFiles_Of(places.Executable);
     if (!options->Port.empty()) {
         world.PortDevice = options->Port;
     }
     qvm::QtPlatform platform(std::move(world));
     const qvm::Console console{
         .Out = std::cout, .Err = std::cerr, .Json = options->Json, .Terminal = ::isatty(STDERR_FILENO) == 1};
-    const qvm::Umgebung surroundings{.Welt = platform.World(), .AppPath = directory};
+    if (const std::string why = qvm::ProgramDirectory_Make(directory); !why.empty()) {
+        // Not the end: there are commands that do without.
+        console.Meldung("The folder " + directory.Path + " cannot be made: " + why + ".");
+    }
+    const qvm::Umgebung surroundings{.Welt = platform.World(), .AppPath = directory.Path};
     const auto done = static_cast<int>(qvm::Befehl_Ausfuehren(surroundings, console, *options));
     return qvm::Ausgabe_Abschliessen(std::cout, std::cerr, done);
 }

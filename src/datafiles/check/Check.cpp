@@ -1,5 +1,6 @@
 #include "Check.h"
 
+#include "Beigaben.h"
 #include "Catalogue.h"
 #include "CheckStand.h"
 #include "FileLook.h"
@@ -132,7 +133,8 @@ std::vector<Finding> Daten_Pruefen(const FileStore& files, const std::string& di
     return std::move(stand.Findings);
 }
 
-std::vector<Finding> Sprachdatei_Pruefen(const FileStore& files, const std::string& appPath) {
+std::vector<Finding> Sprachdatei_Pruefen(const FileStore& files, const std::string& appPath,
+                                         const std::string& programFiles) {
     std::string settings;
     std::string language;
     if (files.ReadAll(appPath + "DAT/EST7CSB29A.I_1", settings) == ReadStatus::Ok) {
@@ -146,7 +148,7 @@ std::vector<Finding> Sprachdatei_Pruefen(const FileStore& files, const std::stri
     }
     Finding finding{.Table = "QVM_" + language + ".DAT", .Kind = FindingKind::Damaged};
     std::string bytes;
-    switch (files.ReadAll(appPath + finding.Table, bytes)) {
+    switch (files.ReadAll(Beigabe_Pfad(files, appPath, programFiles, finding.Table), bytes)) {
     case ReadStatus::Missing:
         finding.Text = "the language file is missing";
         finding.Kind = FindingKind::Dangling;

@@ -6,6 +6,7 @@
 #include "Oberflaeche.h"
 #include "ProcessGuard.h"
 #include "ProcessStart.h"
+#include "ProgramDirectory.h"
 #include "Programm.h"
 #include "QtPlatform.h"
 #include "Text.h"
@@ -34,9 +35,11 @@ void Hourglass(bool on) {
     }
 }
 
-qvm::PlatformOptions Options(const std::string& directory, qvm::ui::MessageBoxes& boxes) {
+qvm::PlatformOptions Options(const std::string& directory, const std::string& programFiles,
+                             qvm::ui::MessageBoxes& boxes) {
     qvm::PlatformOptions options;
     options.Directory = directory;
+    options.ProgramFiles = programFiles;
     options.ShowMessage = [&boxes](const qvm::Message& message) { return boxes.show(message); };
     options.OpenFile = qvm::ui::openFile;
     options.SaveFile = qvm::ui::saveFile;
@@ -46,11 +49,11 @@ qvm::PlatformOptions Options(const std::string& directory, qvm::ui::MessageBoxes
     return options;
 }
 
-/// The configured language is not known yet when this happens.
-void TellNoDirectory(qvm::ui::MessageBoxes& boxes, const std::string& directory) {
+/// The configured language is not known yet when this happens. `why`: in the system's words, or empty.
+void TellNoDirectory(qvm::ui::MessageBoxes& boxes, const std::string& directory, const std::string& why) {
     boxes.show({.Text = qvm::AusUtf8("Die Verzeichnisse DAT und HIST können nicht angelegt werden.\n"
                                      "The folders DAT and HIST cannot be made.\n\n" +
-                                     directory),
+                                     directory + (why.empty() ? "" : "\n" + why)),
                 .Title = std::string(qvm::SystemTitle),
                 .Sign = qvm::Icon::Exclamation});
 }
@@ -86,17 +89,19 @@ int main(int argc, char** argv) {
     // The main window hides while an editor is open.
     QApplication::setQuitOnLastWindowClosed(false);
 
-    const std::string directory = QApplication::applicationDirPath().toStdString() + '/';
+    const qvm::ProgramPlaces places = qvm::ProgramPlaces_Here({});
+    const qvm::ProgramDirectory directory = qvm::ProgramDirectory_Choose(places);
+    const std::string noDirectory = qvm::ProgramDirectory_Make(directory);
     qvm::ui::MessageBoxes boxes;
-    qvm::QtPlatform platform(Options(directory, boxes));
-    qvm::Programm programm(platform.World(), directory);
+    qvm::QtPlatform platform(Options(directory.Path, qvm::ProgramFiles_Of(places.Executable), boxes));
+    qvm::Programm programm(platform.World(), directory.Path);
     boxes.setWords(programm.kern);
     const qvm::StartResult start = qvm::Programm_Start(programm, true);
     if (start == qvm::StartResult::AlreadyRunning) {
         return 0;
     }
     if (start == qvm::StartResult::NoDirectory) {
-        TellNoDirectory(boxes, directory);
+        TellNoDirectory(boxes, directory.Path, noDirectory);
         return 1;
     }
     if (start == qvm::StartResult::DataHeld) {

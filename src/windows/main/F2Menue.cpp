@@ -172,7 +172,7 @@ void F2::F2_Version_Click() {
 
 void F2::F2_Help_Click() {
     const std::string file(Handbuch_Datei(Trim(kern.Config.Sprache)));
-    const std::string path = kern.AppPath + file;
+    const std::string path = kern.Beigabe(file);
     if (!kern.Welt.Files.Datei_Vorhanden(path)) {
         kern.Meldung(Wort(kern, Line::FileNotFound, "Datei nicht gefunden:") + " " + file, Buttons::Ok,
                      Icon::Exclamation);
