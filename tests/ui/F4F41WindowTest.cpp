@@ -11,6 +11,7 @@
 #include "Words.h"
 
 #include <QAction>
+#include <QHeaderView>
 #include <QLabel>
 #include <QMenu>
 #include <QTest>
@@ -272,6 +273,24 @@ TEST_F(Clock_View, shows_the_group_under_the_keyboard_as_grid_and_picture_and_sa
     world.RunFor(2500);
     EXPECT_FALSE(week->isVisible());
     EXPECT_FALSE(Find<ui::GridView>("FGK3i")->isVisible());
+}
+
+TEST_F(Clock_View, keeps_the_group_in_sight_while_the_mouse_rests_on_the_heading) {
+    Open();
+    const auto rest = [this](QWidget* on, QPoint at) {
+        QTest::mouseMove(on, at);
+        Settle();
+        world.RunFor(2500);
+        Settle();
+    };
+    auto* info = Find<ui::GridView>("FGK3i");
+    QHeaderView* heading = groupGrid->horizontalHeader();
+    rest(groupGrid->viewport(), CellPlace(*groupGrid, 2, 1));
+    ASSERT_TRUE(info->isVisible());
+    rest(heading->viewport(), QPoint(heading->sectionViewportPosition(1) + 5, heading->height() / 2));
+    EXPECT_TRUE(info->isVisible());
+    rest(slotGrid->viewport(), CellPlace(*slotGrid, 2, 1));
+    EXPECT_FALSE(info->isVisible());
 }
 
 TEST_F(Clock_View, hides_without_a_question_by_its_frame_and_asks_at_escape) {

@@ -133,11 +133,7 @@ void Fensterschau::clocks() {
         enterSlot(clock, 3, 4, "1900", "2159");
         enterGroup(clock, 3, "Reinigung", 3);
         take(window, persons ? "F4" : "F41");
-        clock.Maus_Zelle = [](int& row, int& column) {
-            row = 3;
-            column = 1;
-            return true;
-        };
+        clock.Maus = [] { return GridPointer{.Row = 3, .Column = 1}; };
         world_.RunFor(3000);
         take(window, persons ? "F4-info" : "F41-info");
         clock.FGK3_MouseUp(MouseButton::Left, 3, 1);

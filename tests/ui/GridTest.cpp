@@ -282,6 +282,26 @@ TEST_F(GridView_Test, says_which_cell_the_mouse_is_over) {
     EXPECT_FALSE(view.cellUnderMouse(row, column));
 }
 
+TEST_F(GridView_Test, says_where_on_the_heading_or_on_a_cell_the_mouse_is) {
+    const QPoint cell = view.viewport()->mapFrom(&view, view.cellRect(4, 3).center());
+    QTest::mouseMove(view.viewport(), cell);
+    UiFixture::Settle();
+    EXPECT_EQ(view.pointer(), (GridPointer{4, 3, cell.x(), cell.y()}));
+    QTest::mouseMove(view.viewport(), cell + QPoint(1, 0));
+    UiFixture::Settle();
+    EXPECT_EQ(view.pointer(), (GridPointer{4, 3, cell.x() + 1, cell.y()}));
+    auto* heading = view.horizontalHeader();
+    const QPoint title(heading->sectionViewportPosition(4) + 2, 3);
+    QTest::mouseMove(heading->viewport(), title);
+    UiFixture::Settle();
+    EXPECT_EQ(view.pointer(), (GridPointer{0, 4, title.x(), title.y()}));
+    QEvent leave(QEvent::Leave);
+    for (QWidget* part : {heading->viewport(), view.viewport()}) {
+        QApplication::sendEvent(part, &leave);
+    }
+    EXPECT_EQ(view.pointer(), GridPointer());
+}
+
 TEST_F(GridView_Test, hides_columns_of_width_0_and_stretches_one) {
     std::vector<int> twips(16, 0);
     twips[0] = 650;

@@ -318,15 +318,11 @@ TEST_F(Clock_Groups, of_a_larger_block_are_deleted_together_without_the_fixed_on
 
 /// The group under the pointer.
 struct Clock_Info : WeekTimerFixture {
-    int row = -1, column = -1;
+    int row = -1, column = -1, x = 0;
     bool keys = false;
 
     void Watch(WeekTimer& window) {
-        window.Maus_Zelle = [this](int& atRow, int& atColumn) {
-            atRow = row;
-            atColumn = column;
-            return column >= 0;
-        };
+        window.Maus = [this] { return GridPointer{.Row = row, .Column = column, .X = x}; };
         window.Tastatur_Da = [this] { return keys; };
         window.FormLaden();
     }
@@ -378,6 +374,37 @@ TEST_F(Clock_Info, stays_away_over_the_heading_and_while_an_editor_is_open) {
     EXPECT_TRUE(F41().Info.FGK3i.Visible());
     EXPECT_EQ(F41().Info.Name.Text(), "Gate");
     EXPECT_EQ(F41().Info.FGK3i.Rows(), 1);
+}
+
+TEST_F(Clock_Info, stays_while_the_mouse_rests_on_the_heading) {
+    Watch(F4());
+    Fill(F4(), 6, 1, "0800", "1700"); // a slot of Timer-B
+    row = 2;
+    column = 1;
+    world.RunFor(1200);
+    ASSERT_TRUE(F4().Info.FGK3i.Visible());
+    row = 0;
+    world.RunFor(3000);
+    EXPECT_TRUE(F4().Info.FGK3i.Visible());
+    EXPECT_TRUE(F4().Woche.Visible());
+    EXPECT_EQ(F4().Info.Name.Text(), "Timer-B");
+    F4().FGK1_Eintragen(1, 1, "L96"); // now what is shown would be made anew, if the mouse were on a group
+    world.RunFor(3000);
+    EXPECT_EQ(F4().Info.Name.Text(), "Timer-B");
+    EXPECT_EQ(F4().Woche.Chart().Days[0].Bars.size(), 1U);
+}
+
+TEST_F(Clock_Info, does_not_come_while_the_mouse_moves_within_a_cell) {
+    Watch(F4());
+    row = 1;
+    column = 1;
+    for (int beat = 0; beat < 8; ++beat) {
+        ++x;
+        world.RunFor(400);
+        EXPECT_FALSE(F4().Info.FGK3i.Visible()) << beat;
+    }
+    world.RunFor(800);
+    EXPECT_TRUE(F4().Info.FGK3i.Visible());
 }
 
 TEST_F(Clock_Info, goes_by_a_click_on_the_groups) {

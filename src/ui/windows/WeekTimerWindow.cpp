@@ -50,7 +50,7 @@ WeekTimerWindow::WeekTimerWindow(WeekTimer& timer, QWidget* main)
     makeMenus();
     content()->addLayout(makeInfo());
     content()->addLayout(makeStatusLine());
-    timer_.Maus_Zelle = [this](int& row, int& column) { return isVisible() && groups_->cellUnderMouse(row, column); };
+    timer_.Maus = [this] { return groups_->pointer(); };
     timer_.Tastatur_Da = [this] { return groups_->hasFocus() || info_->hasFocus() || week_->hasFocus(); };
     setLeastSize(860, 430);
     setFirst(slots_);
@@ -59,7 +59,7 @@ WeekTimerWindow::WeekTimerWindow(WeekTimer& timer, QWidget* main)
 
 WeekTimerWindow::~WeekTimerWindow() {
     timer_.Menue_Zeigen = {};
-    timer_.Maus_Zelle = {};
+    timer_.Maus = {};
     timer_.Tastatur_Da = {};
 }
 

@@ -4,6 +4,7 @@
 #include "Controls.h"
 #include "FileTrouble.h"
 #include "Grid.h"
+#include "GridPointer.h"
 #include "GridSelection.h"
 #include "GridUndo.h"
 #include "GroupTable.h"
@@ -96,9 +97,9 @@ struct WeekTimer {
     Timer Timer1; ///< flashes the title; nothing starts it
     Timer Timer2; ///< watches where the pointer rests
 
-    std::function<void(Menu which)> Menue_Zeigen;          ///< opens a menu over the current cell
-    std::function<bool(int& row, int& column)> Maus_Zelle; ///< the cell of the group grid under the mouse
-    std::function<bool()> Tastatur_Da;                     ///< the keyboard is on the groups or on their picture
+    std::function<void(Menu which)> Menue_Zeigen; ///< opens a menu over the current cell
+    std::function<GridPointer()> Maus;            ///< over the group grid
+    std::function<bool()> Tastatur_Da;            ///< the keyboard is on the groups or on their picture
 
     /// F4_FormLaden, F41_FormLaden: loads the files and shows the window. One that was closed by its own close control
     /// comes back as it was. A file that cannot be read is told; nothing is saved then.
@@ -196,12 +197,7 @@ private:
     void Gruppen_Ordnen();
     GroupEntry& Gruppe(int row) { return Gruppen[static_cast<std::size_t>(row)]; }
 
-    /// A cell of the group grid; outside of it Column is -1.
-    struct Place {
-        int Row = -1, Column = -1;
-        bool operator==(const Place&) const = default;
-    };
-    Place Zeiger();
+    GridPointer Zeiger();
     void Ruhe_Pruefen();
     void Info_Zeigen(int row);
     void Info_Verbergen();
@@ -213,7 +209,7 @@ private:
     std::string refused_;  ///< name that was told to be taken; empty: none since Text2 was opened
     Grid kept_;            ///< both grids and the table one below the other, as the last step left them
     GridUndo steps_{kept_};
-    Place mouse_, pointer_;             ///< where the mouse was, and what counts as pointed at
+    GridPointer mouse_, pointer_;       ///< where the mouse was, and what counts as pointed at
     int keyRow_ = 0;                    ///< current group row at the last tick
     bool byKeys_ = false;               ///< the keyboard moved last, not the mouse
     int idle_ = 0;                      ///< ticks without a move

@@ -125,11 +125,8 @@ void WeekTimer::Schritt_Finden(const UndoStep& step) {
 
 // ---- the group under the pointer
 
-WeekTimer::Place WeekTimer::Zeiger() {
-    Place mouse;
-    if (!Maus_Zelle || !Maus_Zelle(mouse.Row, mouse.Column)) {
-        mouse = {};
-    }
+GridPointer WeekTimer::Zeiger() {
+    const GridPointer mouse = Maus ? Maus() : GridPointer{};
     if (mouse != mouse_) {
         mouse_ = mouse;
         byKeys_ = false;
@@ -137,12 +134,12 @@ WeekTimer::Place WeekTimer::Zeiger() {
         byKeys_ = true;
     }
     keyRow_ = FGK3.Row;
-    return byKeys_ && Tastatur_Da && Tastatur_Da() ? Place{FGK3.Row, GroupColumn::Name} : mouse;
+    return byKeys_ && Tastatur_Da && Tastatur_Da() ? GridPointer{.Row = FGK3.Row, .Column = GroupColumn::Name} : mouse;
 }
 
 void WeekTimer::Ruhe_Pruefen() {
     constexpr int rest = 2;
-    const Place here = Zeiger();
+    const GridPointer here = Zeiger();
     if (here != pointer_) {
         pointer_ = here;
         idle_ = 0;
@@ -163,7 +160,7 @@ void WeekTimer::Ruhe_Pruefen() {
 
 void WeekTimer::Info_Zeigen(int row) {
     const bool editor = Text2.Visible() || List2.Visible();
-    const bool same = row == infoRow_ && Info.FGK3i.Visible();
+    const bool same = row >= FirstRow && row == infoRow_ && Info.FGK3i.Visible();
     if (!same && InfoPbS_Anzeigen(kern, FGK1, Gruppen, editor, row, Info) < 0) {
         return;
     }

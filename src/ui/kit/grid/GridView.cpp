@@ -38,6 +38,7 @@ GridView::GridView(Grid& grid, QWidget* parent, int headingRows)
     frozen_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     frozen_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     frozen_->viewport()->installEventFilter(this);
+    horizontalHeader()->viewport()->installEventFilter(this);
     frozen_->hide();
     edge_->setAutoFillBackground(true);
     edge_->setBackgroundRole(QPalette::Mid);

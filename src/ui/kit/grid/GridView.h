@@ -2,6 +2,7 @@
 
 #include "GridFilter.h"
 #include "GridModel.h"
+#include "GridPointer.h"
 #include "GridSelection.h"
 #include "MouseButton.h"
 
@@ -73,6 +74,8 @@ public:
     const std::optional<std::pair<int, int>>& clickedCell() const { return clicked_; }
     /// The cell under the mouse pointer, as the last mouse event told. False when it is over none.
     bool cellUnderMouse(int& row, int& column) const;
+    /// The same with the heading, and with the place in coordinates of the heading's or the cells' room.
+    GridPointer pointer() const;
     /// How a cell of the model stands out.
     RowTint tintOf(int row, int column) const;
     /// The row of the model is one of the darker ones; of the rows that are shown every second one is.
@@ -167,13 +170,14 @@ private:
     bool blockShown_ = false; ///< the block was larger than a cell when it was shown last
     bool extending_ = false;  ///< what moves the current cell now takes the block along
     std::optional<std::pair<int, int>> clicked_;
-    bool twice_ = false;            ///< the mouse button went down for the second time of a double click
-    bool following_ = false;        ///< the current cell is moved because the selection has moved
-    bool dragged_ = false;          ///< over other cells, since the mouse button went down
-    int hoverRow_ = -1;             ///< of the model, under the mouse
-    std::vector<bool> stripes_;     ///< by row of the model, while a filter decides on them
-    std::optional<QPoint> mouse_;   ///< in the viewport; none outside
-    QPersistentModelIndex pressed_; ///< where the mouse button went down
+    bool twice_ = false;              ///< the mouse button went down for the second time of a double click
+    bool following_ = false;          ///< the current cell is moved because the selection has moved
+    bool dragged_ = false;            ///< over other cells, since the mouse button went down
+    int hoverRow_ = -1;               ///< of the model, under the mouse
+    std::vector<bool> stripes_;       ///< by row of the model, while a filter decides on them
+    std::optional<QPoint> mouse_;     ///< in the viewport; none outside
+    std::optional<QPoint> onHeading_; ///< the mouse on the heading, likewise
+    QPersistentModelIndex pressed_;   ///< where the mouse button went down
 };
 
 /// What setColumns takes: for each column of the grid what `width` says of it, in twips.

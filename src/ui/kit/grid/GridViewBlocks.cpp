@@ -139,6 +139,23 @@ bool GridView::cellUnderMouse(int& row, int& column) const {
     return index.isValid();
 }
 
+GridPointer GridView::pointer() const {
+    GridPointer at;
+    if (!isVisible() || !isEnabled()) {
+        return at;
+    }
+    if (onHeading_) {
+        at = {.Row = 0,
+              .Column = horizontalHeader()->logicalIndexAt(*onHeading_),
+              .X = onHeading_->x(),
+              .Y = onHeading_->y()};
+    } else if (cellUnderMouse(at.Row, at.Column)) {
+        at.X = mouse_->x();
+        at.Y = mouse_->y();
+    }
+    return at;
+}
+
 void GridView::findHoverRow() {
     const int row = mouse_ ? rowAt(mouse_->y()) : -1;
     if (row != hoverRow_) {

@@ -5,6 +5,7 @@
 #include "Keys.h"
 
 #include <QContextMenuEvent>
+#include <QHeaderView>
 #include <QKeyEvent>
 
 #include <utility>
@@ -172,6 +173,13 @@ QModelIndex GridView::moveCursor(CursorAction action, Qt::KeyboardModifiers modi
 }
 
 bool GridView::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == horizontalHeader()->viewport()) {
+        if (event->type() == QEvent::MouseMove) {
+            onHeading_ = static_cast<QMouseEvent*>(event)->position().toPoint();
+        } else if (event->type() == QEvent::Leave) {
+            onHeading_.reset();
+        }
+    }
     if (watched == frozen_->viewport() && isEnabled()) {
         trackMouse(frozen_->viewport(), event);
         const bool mouse = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseMove ||
