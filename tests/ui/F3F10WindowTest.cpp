@@ -8,9 +8,11 @@
 #include "Words.h"
 #include "YearStrip.h"
 
+#include <QAccessible>
 #include <QCalendarWidget>
 #include <QListWidget>
 #include <QMenu>
+#include <QTableView>
 #include <QTest>
 #include <QToolButton>
 
@@ -219,6 +221,35 @@ TEST_F(Holiday_Window, shows_and_tells_the_days_of_the_year) {
     Press(Qt::Key_Return);
     EXPECT_EQ(strip->accessibleDescription(), QStringLiteral("2027: Eingetragene Tage: 0"));
     EXPECT_EQ(strip->grab().toImage(), empty);
+}
+
+TEST_F(Holiday_Window, says_of_a_day_in_the_month_which_rows_hold_it) {
+    Open();
+    for (const int row : {1, 3}) {
+        F3().FGK_DblClick(row, 1);
+        F3().MV_Waehlen({2026, 3, 6});
+        F3().FGK_DblClick(row, 2);
+        F3().MV_Waehlen({2026, 3, 6});
+    }
+    F3().Auswahl.Go(5, 1);
+    Press(Qt::Key_Return);
+    const auto said = [this] {
+        QWidget* days = month->findChild<QTableView*>(QStringLiteral("qt_calendar_calendarview"));
+        return QAccessible::queryAccessibleInterface(days)->text(QAccessible::Description);
+    };
+    EXPECT_EQ(month->day(), (Datum{2026, 3, 5}));
+    EXPECT_EQ(said(), QString());
+    Press(Qt::Key_Right);
+    EXPECT_EQ(said(), QStringLiteral("06.03.2026: Zeile 1, 3"));
+    Press(Qt::Key_Right);
+    EXPECT_EQ(said(), QString());
+    month->setDay({2026, 3, 6});
+    Press(Qt::Key_Escape);
+    F3().FGK_Eintragen(3, 1, "05.03.2026");
+    F3().FGK_DblClick(5, 1);
+    Settle();
+    EXPECT_EQ(month->day(), (Datum{2026, 3, 5}));
+    EXPECT_EQ(said(), QStringLiteral("05.03.2026: Zeile 3"));
 }
 
 TEST_F(Holiday_Window, marks_the_days_that_are_entered_in_the_month) {

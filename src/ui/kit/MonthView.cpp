@@ -3,10 +3,12 @@
 #include "Bind.h"
 #include "Geometry.h"
 #include "QtWords.h"
+#include "TextEdge.h"
 #include "Theme.h"
 #include "WindowAccess.h"
 #include "Worttafel.h"
 
+#include <QAccessible>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPainter>
@@ -49,6 +51,7 @@ MonthView::MonthView(const QString& name, QWidget* parent) : QCalendarWidget(par
             onPick(toDay(date));
         }
     };
+    connect(this, &QCalendarWidget::selectionChanged, this, &MonthView::sayDay);
     connect(this, &QCalendarWidget::clicked, this, pick);
     // Return; a click has been told already and closed the popup.
     connect(this, &QCalendarWidget::activated, this, [this, pick](const QDate& date) {
@@ -120,6 +123,18 @@ QWidget* MonthView::daysPart() const {
     return findChild<QWidget*>(QStringLiteral("qt_calendar_calendarview"));
 }
 
+/// At the days, which have the keyboard: their cells know their numbers only.
+void MonthView::sayDay() {
+    QWidget* days = daysPart();
+    const QString note = noteOf ? toQt(noteOf(day())) : QString();
+    if (days == nullptr || days->accessibleDescription() == note) {
+        return;
+    }
+    days->setAccessibleDescription(note);
+    QAccessibleEvent told(days, QAccessible::DescriptionChanged);
+    QAccessible::updateAccessibility(&told);
+}
+
 void MonthView::setDay(const Datum& day) {
     setSelectedDate(toDate(day));
 }
@@ -172,6 +187,7 @@ void MonthView::showEvent(QShowEvent* event) {
     if (isWindow()) {
         tellPopup(this, true);
     }
+    sayDay(); // what is entered may be other than when it was open last
 }
 
 void MonthView::hideEvent(QHideEvent* event) {

@@ -5,6 +5,7 @@
 #include <QCalendarWidget>
 
 #include <functional>
+#include <string>
 #include <string_view>
 
 namespace qvm::ui {
@@ -37,6 +38,8 @@ public:
     std::function<void(const Datum& day)> onPick; ///< a click on a day, or Return
     /// How many entries a day has: a bar below its number for one, two bars for more.
     std::function<int(const Datum& day)> entriesOf;
+    /// What a screen reader is told of the day that the keyboard is on, beside its date; empty: nothing.
+    std::function<std::string(const Datum& day)> noteOf;
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -50,6 +53,7 @@ private:
     void dressArrow(const char* part, const char* drawing);
     void namePart(const char* part, const QString& name);
     QWidget* daysPart() const;
+    void sayDay();
 };
 
 } // namespace qvm::ui

@@ -97,6 +97,7 @@ void HolidayWindow::makeEditors() {
     month_ = new OverlayMonth(calendar_.MV.Visible, *grid_, numbered("MV"));
     month_->dayOf = [this] { return calendar_.MV.Day; };
     month_->entriesOf = [this](const Datum& day) { return calendar_.Eintraege(day); };
+    month_->noteOf = [this](const Datum& day) { return calendar_.Tagestext(day); };
     month_->onPick = [this](const Datum& day) { calendar_.MV_Waehlen(day); };
     month_->onCancel = [this] { calendar_.Editor_Schliessen(); };
     // List1 and List10.
