@@ -114,6 +114,18 @@ TEST_F(Guest_Times_Window, selects_a_slot_by_mouse_and_by_the_space_bar) {
     guestSlots->setCurrentCell(5, 4);
     Press(Qt::Key_Space);
     EXPECT_EQ(F42().FGK42B.Text(5, 4), "X");
+    Press(Qt::Key_Return);
+    EXPECT_EQ(F42().FGK42B.Text(5, 4), "");
+}
+
+TEST_F(Guest_Times_Window, counts_both_of_two_clicks_on_a_slot_however_soon_they_follow) {
+    Open();
+    DoubleClickCell(*guestSlots, 3, 4);
+    EXPECT_EQ(F42().FGK42B.Text(3, 4), "");
+    F42().Undo_Click();
+    EXPECT_EQ(F42().FGK42B.Text(3, 4), "X");
+    DoubleClickCell(*guestSlots, 3, 1);
+    EXPECT_EQ(F42().FGK42B.Text(3, 4), "X");
 }
 
 TEST_F(Guest_Times_Window, deletes_an_offset_from_its_menu_and_takes_that_back_by_key) {

@@ -154,7 +154,18 @@ QWidget* F42Window::makeSlots() {
     slots_->gridModel().setAlignment(GuestSlotColumn::Number, Qt::AlignRight | Qt::AlignVCenter);
     slots_->gridModel().setAlignment(GuestSlotColumn::Selection, Qt::AlignCenter);
     slots_->setColumns(columnWidths(f42_.FGK42B, F42::BreiteB), GuestSlotColumn::Day);
-    slots_->onClick = [this](int row, int column) { f42_.FGK42B_Click(row, column); };
+    // A click counts however soon it follows another: no double click takes it away.
+    slots_->onMouseUp = [this](MouseButton button, int row, int column) {
+        if (button == MouseButton::Left) {
+            f42_.FGK42B_Click(row, column);
+        }
+    };
+    slots_->onSpace = [this] { f42_.FGK42B_Click(f42_.FGK42B.Row, f42_.FGK42B.Column); };
+    slots_->onKey = [this](int key) {
+        if (key == Key::Enter) {
+            f42_.FGK42B_Click(f42_.FGK42B.Row, f42_.FGK42B.Column);
+        }
+    };
     auto* lines = new QVBoxLayout(group);
     lines->addLayout(head);
     lines->addWidget(title);
