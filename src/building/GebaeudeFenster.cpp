@@ -40,6 +40,7 @@ void GebaeudeFenster::FormLaden() {
     Auswahl.Go(FirstRow, BuildingColumn::Device);
     Auswahl_Zeigen();
     clock_.Start();
+    Fenster.Visible = false; // one that is open comes to the front
     Fenster.Visible = true;
 }
 

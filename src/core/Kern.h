@@ -23,6 +23,7 @@ struct Kern {
     Kern& operator=(const Kern&) = delete;
 
     Platform& Welt;
+    bool ImGebaeude = false; ///< the world is a virtual building, in which nothing is real
     std::string AppPath; ///< the program's directory with a trailing separator
     GlobaleVariablen Globals;
     Konfiguration Config;

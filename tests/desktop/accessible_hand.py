@@ -90,9 +90,9 @@ class AccessibleHand:
                 act(node, "ShowMenu")
 
     def take(self, *entries):
-        """From the menu that opens."""
+        """From the menu that opens, and from those that its entries open."""
         for entry in entries:
-            act(self.program.wait(MENU_ENTRY, entry), "Press")
+            act(self.program.wait(MENU_ENTRY, entry), "Press", "ShowMenu")
 
     def open_menu(self, table, row, column):
         act(self.program.cell(table, row, column), "ShowMenu")

@@ -13,6 +13,7 @@ import sys
 import time
 import unittest
 
+from building import BuildingTests
 from calendars import CalendarTests
 from clocks import ClockTests
 from datafiles import without_zeros
@@ -35,8 +36,8 @@ CLOCK = ("month", "day", "hour", "minute", "second")
 BUILD = ""
 
 
-class Desktop(CalendarTests, ClockTests, FirstStartTests, GuestTests, LineTests, LockTests, UserTests, WayTests,
-              KillTests, unittest.TestCase):
+class Desktop(BuildingTests, CalendarTests, ClockTests, FirstStartTests, GuestTests, LineTests, LockTests, UserTests,
+              WayTests, KillTests, unittest.TestCase):
     maxDiff = None
 
     def setUp(self):

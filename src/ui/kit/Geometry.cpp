@@ -13,7 +13,8 @@
 namespace qvm::ui {
 namespace {
 
-constexpr const char* HiddenAt = "hiddenAt"; ///< property of a window
+constexpr const char* HiddenAt = "hiddenAt";       ///< property of a window
+constexpr const char* NotKept = "geometryNotKept"; ///< property of the application
 
 } // namespace
 
@@ -67,7 +68,14 @@ bool restoreGeometry(QWidget* window, const QString& key) {
     return true;
 }
 
+void keepGeometry(bool on) {
+    QCoreApplication::instance()->setProperty(NotKept, !on);
+}
+
 void saveGeometry(const QWidget* window, const QString& key) {
+    if (QCoreApplication::instance()->property(NotKept).toBool()) {
+        return;
+    }
     QSettings settings(geometryFile(), QSettings::IniFormat);
     settings.setValue(key, window->saveGeometry());
 }

@@ -10,6 +10,9 @@ class QWidget;
 /// Places and sizes of the windows, in a file of their own among the user's settings.
 namespace qvm::ui {
 
+/// Whether they are kept from now on. Those that were kept are used in any case.
+void keepGeometry(bool on);
+
 /// Path of the file.
 QString geometryFile();
 

@@ -1,23 +1,19 @@
 #include "ClearStyle.h"
 #include "FileDialogs.h"
 #include "FrontWindow.h"
-#include "MainWindows.h"
 #include "Messages.h"
-#include "Oberflaeche.h"
 #include "ProcessGuard.h"
 #include "ProcessStart.h"
 #include "ProgramDirectory.h"
 #include "Programm.h"
 #include "QtPlatform.h"
+#include "Sitzung.h"
 #include "Text.h"
 #include "Theme.h"
 
 #include <QApplication>
 #include <QDesktopServices>
-#include <QTimer>
 #include <QUrl>
-
-#include <cstdlib>
 
 namespace {
 
@@ -64,16 +60,6 @@ void TellDataHeld(qvm::ui::MessageBoxes& boxes, const qvm::Programm& programm) {
                 .Sign = qvm::Icon::Exclamation});
 }
 
-/// The end of the program, also out of a wait for an adapter: it would hold the process for seconds, and with it the
-/// claim to be the only instance. By then all is saved and the port is closed.
-void EndSoon() {
-    constexpr int Milliseconds = 200;
-    QCoreApplication::exit(0);
-    auto* timer = new QTimer(qApp);
-    QObject::connect(timer, &QTimer::timeout, timer, [] { std::_Exit(0); });
-    timer->start(Milliseconds);
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
@@ -94,28 +80,22 @@ int main(int argc, char** argv) {
     const std::string noDirectory = qvm::ProgramDirectory_Make(directory);
     qvm::ui::MessageBoxes boxes;
     qvm::QtPlatform platform(Options(directory.Path, qvm::ProgramFiles_Of(places.Executable), boxes));
-    qvm::Programm programm(platform.World(), directory.Path);
-    boxes.setWords(programm.kern);
-    const qvm::StartResult start = qvm::Programm_Start(programm, true);
-    if (start == qvm::StartResult::AlreadyRunning) {
-        return 0;
+    qvm::ui::Danach next = qvm::ui::Danach::Wirklich;
+    for (bool first = true; next != qvm::ui::Danach::Ende; first = false) {
+        qvm::ui::Sitzung session(platform, boxes, directory.Path, next);
+        const qvm::StartResult start = session.Starten(first);
+        if (start == qvm::StartResult::AlreadyRunning) {
+            return 0;
+        }
+        if (start == qvm::StartResult::NoDirectory) {
+            TellNoDirectory(boxes, directory.Path, noDirectory);
+            return 1;
+        }
+        if (start == qvm::StartResult::DataHeld) {
+            TellDataHeld(boxes, session.Das_Programm());
+            return 1;
+        }
+        next = session.Laufen();
     }
-    if (start == qvm::StartResult::NoDirectory) {
-        TellNoDirectory(boxes, directory.Path, noDirectory);
-        return 1;
-    }
-    if (start == qvm::StartResult::DataHeld) {
-        TellDataHeld(boxes, programm);
-        return 1;
-    }
-    programm.Main->F1.CipherText = qvm::AusUtf8(platform.CipherText());
-    programm.Main->F1.SupportPage = QVM_SUPPORT_PAGE;
-    qvm::ui::Oberflaeche windows(programm);
-    programm.Main->F2.Hooks.Ende = EndSoon;
-    // From inside the event loop, so that it can be left again whatever the operator does first.
-    QTimer opening;
-    opening.setSingleShot(true);
-    QObject::connect(&opening, &QTimer::timeout, &application, [&programm] { programm.Main->F2.F2_Laden(); });
-    opening.start(0);
-    return QApplication::exec();
+    return 0;
 }

@@ -29,8 +29,10 @@ namespace {
 
 constexpr int BrandSize = 60, MainIconSize = 32, PageMargin = 18, StatusMargin = 8;
 constexpr const char *CalendarMenu = "F2_Kalend", *ClockMenu = "F2_Schaltuhr";
-constexpr int WidestBar = 50;        ///< in heights of a line: 800 points with letters of usual size
-constexpr qreal SmallCaption = 0.85; ///< of the font
+constexpr int StripMargin = 6;
+constexpr QRgb StripGround = 0xFFFFB000; ///< amber, under black letters in all palettes
+constexpr int WidestBar = 50;            ///< in heights of a line: 800 points with letters of usual size
+constexpr qreal SmallCaption = 0.85;     ///< of the font
 
 QAction* addEntry(QMenu* menu, MenuEntry& entry, const char* name, std::function<void()> onClick) {
     return addMenuEntry(menu, entry, QStringLiteral("F2.") + QLatin1String(name), std::move(onClick));
@@ -94,7 +96,12 @@ void F2Window::makeMenus() {
     help->setObjectName(QStringLiteral("F2.Hilfe"));
     QAction* manual = addEntry(help, f2_.F2_Help, "F2_Help", [this] { f2_.F2_Help_Click(); });
     manual->setShortcut(Qt::Key_F1);
+    addEntry(help, f2_.F2_Gebaeude, "F2_Gebaeude", [this] { f2_.F2_Gebaeude_Click(); });
+    QAction* leave = addEntry(help, f2_.F2_Gebaeude_Ende, "F2_Gebaeude_Ende", [this] { f2_.F2_Gebaeude_Ende_Click(); });
+    help->addSeparator();
     addEntry(help, f2_.F2_Version, "F2_Version", [this] { f2_.F2_Version_Click(); });
+    connect(help, &QMenu::aboutToShow, leave,
+            [this, leave] { leave->setVisible(!f2_.F2_Gebaeude_Ende.Text().empty()); });
     uniqueMnemonics(menuBar());
     uniqueMnemonics(file);
     uniqueMnemonics(help);
@@ -165,10 +172,31 @@ QWidget* F2Window::makePage() {
     brand->setSpacing(PageMargin * 2 / 3);
     brand->addWidget(picture);
     brand->addLayout(texts, 1);
+    rows->addWidget(makeStrip());
     rows->addLayout(brand);
     rows->addWidget(new OverviewCard(f2_, page));
     rows->addLayout(makeLinkRow());
     return page;
+}
+
+/// Seen at once, and by shape as well as by colour: whoever works in the virtual building must not take it for real.
+QWidget* F2Window::makeStrip() {
+    auto* strip = new QLabel(this);
+    nameWidget(strip, QStringLiteral("F2.Gebaeudezeile"));
+    watch(f2_.Gebaeudezeile.Text, strip, [this, strip] {
+        strip->setText(toQt(f2_.Gebaeudezeile.Text()));
+        strip->setAccessibleName(strip->text());
+        strip->setVisible(!strip->text().isEmpty());
+    });
+    strip->setAlignment(Qt::AlignCenter);
+    strip->setAutoFillBackground(true);
+    strip->setMargin(StripMargin);
+    QPalette colours = strip->palette();
+    colours.setColor(QPalette::Window, QColor(StripGround));
+    colours.setColor(QPalette::WindowText, Qt::black);
+    strip->setPalette(colours);
+    enlarge(strip, 1.1, true);
+    return strip;
 }
 
 QLayout* F2Window::makeLinkRow() {

@@ -36,6 +36,7 @@ private:
     void makePopups();
     void makeToolBar();
     QWidget* makePage();
+    QWidget* makeStrip();
     QLayout* makeLinkRow();
     void makeStatusBar();
     void fitCaptions();

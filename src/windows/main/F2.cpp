@@ -62,7 +62,6 @@ F2::~F2() {
 }
 
 void F2::F2_Laden() {
-    Fenster.Title = std::string(SystemTitle);
     for (Label* label : {&Label3, &Label6}) {
         label->Text = std::string("0");
         label->Visible = false;

@@ -28,8 +28,12 @@ inline constexpr Colour Gruen = 0x00FF00; ///< adapter found
 
 /// What F2 needs of the rest of the program, beside the windows that it opens by WindowBoard.
 struct F2Hooks {
-    std::function<void()> Ende;                ///< the program ends, after the shut-down
-    std::function<bool()> Ende_Erlaubt;        ///< what closed windows still hold is saved or dropped; false: no end
+    std::function<void()> Ende;         ///< the program ends, after the shut-down
+    std::function<bool()> Ende_Erlaubt; ///< what closed windows still hold is saved or dropped; false: no end
+    /// Leads into the virtual building, as the demonstration or as a copy of the data files, and out of it. The program
+    /// ends for it. Empty: there is none.
+    std::function<void(bool demonstration)> Gebaeude;
+    std::function<void()> Gebaeude_Zeigen;     ///< its window, when the program is in it
     std::function<void()> F9_Schliessen;       ///< the progress window, for the reply guard
     std::function<void()> Lauf_Timer_Anhalten; ///< the timers of a run, when F2 opens
     std::function<bool()> Listenzeile_Laeuft;  ///< a row of a list run holds the port
@@ -60,12 +64,15 @@ struct F2 {
     Label Label3, Label6; ///< successful connections and scans, hidden
     Label Label7;         ///< the adapter's name beside Picture1, shown while an adapter is known
     Picture Picture1;
+    Label Gebaeudezeile; ///< strip below the menus: that nothing is real; empty outside of the virtual building
     /// Status bar: why the keys do nothing while a search takes its time; empty when they act. It stands before
     /// Meldezeile.
     Label Suchzeile;
     Label Meldezeile; ///< status bar: why the port is not open, empty when it is; also the light's tool tip
     MenuEntry F2_Datei, F2_Schnittstelle, F2_Sprache, F2_Ende, F2_Einzel, F2_Perm, F2_PersonB, F2_SchlossB,
         F2_Gasttimer, F2_Help, F2_Version;
+    MenuEntry F2_Gebaeude;                            ///< opens the virtual building; in it, shows its window
+    MenuEntry F2_Gebaeude_Ende;                       ///< without text outside of it
     std::array<MenuEntry, LetzteHistorien> Historien; ///< the latest histories; those without text are none
 
     /// The facts that the window tells.
@@ -123,6 +130,10 @@ struct F2 {
     /// The manual in the language in use, by the program that the system has for it.
     void F2_Help_Click();
     void F2_Version_Click();
+    /// Asks, then leads into the virtual building; inside it, shows its window.
+    void F2_Gebaeude_Click();
+    /// Asks, then leads out of it.
+    void F2_Gebaeude_Ende_Click();
     /// The entries of the latest histories anew: before their menu opens.
     void Historien_Lesen();
     /// Opens history `number` from 0 on, with an adapter or without.
@@ -159,6 +170,7 @@ private:
     void Oeffnen(std::string_view window, bool stopTimer, Weiter then);
     void Oeffnen(const std::function<void()>& way, bool stopTimer, Weiter then);
     void Uebersicht_Setzen();
+    void Gebaeude_Texte();
     void Anschluss_Setzen();
     void Anzahl_Setzen(Angabe which, const Anzahl& number);
     void Angaben_Freigeben();

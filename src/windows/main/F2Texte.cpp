@@ -70,6 +70,7 @@ void F2::Texte_Setzen() {
     }
     Meldezeile_Setzen();
     Uebersicht_Setzen();
+    Gebaeude_Texte();
     Warten_Zeigen(!Suchzeile.Text().empty());
 }
 
