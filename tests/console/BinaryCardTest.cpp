@@ -62,8 +62,19 @@ TEST_F(Binary_Cards, are_read_with_the_battery) {
     EXPECT_EQ(result.Code, 0) << result.Err;
     const auto document = nlohmann::json::parse(result.Out);
     EXPECT_EQ(document["battery"], "01 02 2A 04");
+    EXPECT_EQ(document["check_in"], "24.12.2026 15:00");
+    EXPECT_EQ(document["check_out"], "02.01.2027 10:30");
     EXPECT_THAT(document["text"].get<std::string>(), HasSubstr("24.12.2026 15:00"));
     EXPECT_EQ(Locks.Stop(), "");
+}
+
+TEST_F(Binary_Cards, that_are_blank_have_a_battery_but_no_validity) {
+    Start({{"card", {{"check_in", "00.00.2000 00:00"}, {"check_out", "02.01.2027 10:30"}, {"battery", "01022A04"}}}});
+    const RunResult result = Locks.RunHere({"--json", "card", "read"});
+    EXPECT_EQ(result.Code, 0) << result.Err;
+    const auto document = nlohmann::json::parse(result.Out);
+    EXPECT_EQ(document["battery"], "01 02 2A 04");
+    EXPECT_FALSE(document.contains("check_in") || document.contains("check_out"));
 }
 
 TEST_F(Binary_Cards, that_are_not_there_or_refused_end_with_2) {

@@ -145,6 +145,9 @@ ExitCode Befehl_Karte(const Umgebung& world, const Console& console, const Optio
         end = Karte_Abwarten(session, window, options.TimeoutSeconds);
     }
     if (end == TischEnde::Done && !write) {
+        if (const std::string from = window.Lesung.Gueltig_Ab(); !from.empty()) {
+            document.update({{"check_in", from}, {"check_out", window.Lesung.Gueltig_Bis()}});
+        }
         document["battery"] = Batterie(window);
     }
     return session.Abschliessen(end, Kartenbericht(session, window, end), document);

@@ -40,6 +40,14 @@ struct KartenLesung {
     std::array<std::vector<std::uint8_t>, 3> Teile; ///< of the answers, from index 4 on
     std::array<std::uint8_t, 4> Batterie{};
     bool Fertig = false;
+
+    /// The validity, "dd.mm.yyyy hh:mm"; empty unless both ends are moments. In which order a card's answers hold its
+    /// data is not known for certain: it is looked for where the telegram that writes it has it.
+    std::string Gueltig_Ab() const { return Moment(0); }
+    std::string Gueltig_Bis() const { return Moment(1); }
+
+private:
+    std::string Moment(std::size_t which) const;
 };
 
 /// What became of the last writing or reading.

@@ -106,16 +106,19 @@ void F60::Stand_Zeigen() {
                     also(Word::GuestDoorsBeyond, beyond) + also(Word::GuestDoorsNoLock, noLock);
 }
 
-/// In which order a card's answers hold its data is not known for certain: they are shown where they make sense.
+std::string KartenLesung::Moment(std::size_t which) const {
+    const std::array<std::string, 2> ends{Kartenmoment(Teile[0], 4), Kartenmoment(Teile[0], 9)};
+    return ends[0].empty() || ends[1].empty() ? std::string() : ends[which];
+}
+
 void F60::Lesung_Zeigen() {
-    constexpr std::size_t in = 4, out = 9; // as in the telegram that writes it
     std::string battery;
     for (const std::uint8_t byte : Lesung.Batterie) {
         battery += (battery.empty() ? "" : " ") + HexText(byte, 2);
     }
-    const std::string from = Kartenmoment(Lesung.Teile[0], in), to = Kartenmoment(Lesung.Teile[0], out);
-    Hinweis.Text = from.empty() || to.empty() ? Wort(kern, Word::CardReadShort, {battery})
-                                              : Wort(kern, Word::CardRead, {from, to, battery});
+    const std::string from = Lesung.Gueltig_Ab(), to = Lesung.Gueltig_Bis();
+    Hinweis.Text =
+        from.empty() ? Wort(kern, Word::CardReadShort, {battery}) : Wort(kern, Word::CardRead, {from, to, battery});
 }
 
 } // namespace qvm
