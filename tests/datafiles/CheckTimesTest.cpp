@@ -60,6 +60,14 @@ TEST_F(Daten_Pruefen_, a_single_holiday_with_days_that_are_not_there) {
                           "range CalendarEntry, record 1, DateTo: \"01.01.2100\" is not a date from 2000 to 2099\n");
 }
 
+TEST_F(Daten_Pruefen_, the_last_day_of_2099_is_no_end_that_a_lock_can_be_sent) {
+    Write(Calendar, 10, "30.12.2099");
+    EXPECT_EQ(Findings(), "");
+    Write(Calendar, 10, "31.12.2099");
+    EXPECT_EQ(Findings(), "range CalendarEntry, record 1, DateTo: is too late: locks get the day behind it, and take "
+                          "its year 2100 for 2000\n");
+}
+
 TEST_F(Daten_Pruefen_, a_single_holiday_that_ends_before_it_begins_and_has_no_kind) {
     Write(Calendar, 10, "23.12.2026 ");
     EXPECT_EQ(Findings(), "range CalendarEntry, record 1, DateTo: lies before the first day\n"

@@ -47,6 +47,12 @@ TEST_F(Datensatz_Kalender, the_later_day_crosses_months_years_and_centuries) {
     EXPECT_EQ(dataset.HolidayTableA[5], (HolidayRow{29, 2, 28, 1, 3, 28}));
 }
 
+TEST_F(Datensatz_Kalender, the_day_behind_the_last_one_that_two_digits_can_name_has_the_year_0) {
+    files.Holiday(1, "24.12.2099", "31.12.2099", '0');
+    ASSERT_EQ(Load(), 0);
+    EXPECT_EQ(dataset.HolidayTableA[0], (HolidayRow{24, 12, 99, 1, 1, 0}));
+}
+
 TEST_F(Datensatz_Kalender, a_record_without_a_kind_leaves_no_gap) {
     files.Holiday(1, "01.05.2026", "01.05.2026", ' ');
     files.Holiday(2, "02.05.2026", "02.05.2026", '1');

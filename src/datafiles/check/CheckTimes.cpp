@@ -83,6 +83,10 @@ void Einzeltag_Pruefen(CheckStand& stand, int record) {
     };
     bad(CalendarEntry::DateFrom, fromText, from);
     bad(CalendarEntry::DateTo, toText, to);
+    if (to == Datum{.Year = 2099, .Month = 12, .Day = 31}) {
+        stand.Melden(FindingKind::Range, calendar, record, CalendarEntry::DateTo.Name,
+                     "is too late: locks get the day behind it, and take its year 2100 for 2000");
+    }
     if (from && to && *to < *from) {
         stand.Melden(FindingKind::Range, calendar, record, CalendarEntry::DateTo.Name, "lies before the first day");
     }

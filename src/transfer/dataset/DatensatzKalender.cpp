@@ -20,7 +20,7 @@ std::uint8_t Byte(int value) {
 }
 
 /// A single holiday as the lock takes it, with the end made exclusive; nothing for an unused record, and for one whose
-/// dates do not exist.
+/// dates do not exist. A lock has two digits of a year: an end on 31.12.2099 goes out as 01.01.00.
 std::optional<HolidayRow> Einzeltag(const RecordFile& calendar, int record) {
     const std::string kind = calendar.Text(record, CalendarEntry::Kind);
     const auto from = Datum_Lesen(calendar.Text(record, CalendarEntry::DateFrom));
