@@ -76,6 +76,7 @@ void Fensterschau::run(Look look) {
     clocks();
     guestCards();
     codeChange();
+    virtualBuilding();
     others();
     messageBoxes();
     programm_->Main->F2.Beenden();

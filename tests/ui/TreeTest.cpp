@@ -35,6 +35,8 @@ constexpr std::pair<std::string_view, QAccessible::Role> TopLevels[] = {
     {"F1", QAccessible::Dialog},
     {"F2", QAccessible::Window},
     {"F2-red", QAccessible::Window},
+    {"F2-building", QAccessible::Window},
+    {"Gebaeude", QAccessible::Dialog},
     {"F2-yellow", QAccessible::Window},
     {"F2-file", QAccessible::PopupMenu},
     {"F2-calendars", QAccessible::PopupMenu},

@@ -1,5 +1,6 @@
 // The menus of the main window, the manual, and the words.
 
+#include "Datendateien.h"
 #include "F2Fixture.h"
 #include "Inhalt.h"
 #include "Text.h"
@@ -101,6 +102,71 @@ TEST_F(F2_Menues, schnittstelle_opens_behind_a_scan_as_both_need_the_port) {
     Main().F2_Zeigen();
     ASSERT_TRUE(ScanEnds());
     EXPECT_EQ(Opened.size(), 1U);
+}
+
+// ---- virtual building
+
+struct F2_Gebaeude : F2Fixture {
+    std::vector<bool> Ways; ///< whether the demonstration was asked for, each time
+
+    int Shown = 0; ///< how often its window was asked for
+
+    void In(bool building) {
+        Open();
+        Main().Hooks.Gebaeude_Zeigen = [this] { ++Shown; };
+        Main().Hooks.Gebaeude = [this](bool demonstration) { Ways.push_back(demonstration); };
+        programm->kern.ImGebaeude = building;
+        Main().Texte_Setzen();
+    }
+    std::string Question(Word what) const {
+        return Wort(programm->kern, what) + "\r\n\r\n" + Wort(programm->kern, Word::BuildingQuestion);
+    }
+};
+
+TEST_F(F2_Gebaeude, is_entered_behind_a_question_alone) {
+    world.Disk.Files["/q/DAT/C64UX12H3D.EBW"] = "";
+    Datendateien(world.Disk).Lock(1, "Tor", "00.0A.10.01");
+    In(false);
+    EXPECT_TRUE(Main().F2_Gebaeude.Enabled());
+    EXPECT_EQ(Main().F2_Gebaeude_Ende.Text(), "");
+    EXPECT_EQ(Main().Gebaeudezeile.Text(), "");
+    EXPECT_EQ(Main().Fenster.Title(), "QVM 7702 SOFTWARE SYSTEM");
+    for (const Answer answer : {Answer::No, Answer::Cancel, Answer::Yes}) {
+        world.Answers.push_back({.Text = Question(Word::BuildingAskStart), .Reply = answer});
+        Main().F2_Gebaeude_Click();
+    }
+    EXPECT_THAT(Ways, ElementsAre(false));
+    Main().F2_Gebaeude_Ende_Click();
+    EXPECT_EQ(Ways.size(), 1U);
+}
+
+TEST_F(F2_Gebaeude, of_an_installation_without_people_and_locks_is_the_demonstration) {
+    In(false);
+    world.Answers.push_back({.Text = Question(Word::BuildingAskEmpty), .Reply = Answer::Yes});
+    Main().F2_Gebaeude_Click();
+    EXPECT_THAT(Ways, ElementsAre(true));
+}
+
+TEST_F(F2_Gebaeude, is_told_all_the_while_and_left_behind_a_question) {
+    In(true);
+    EXPECT_EQ(Main().Gebaeudezeile.Text(), Wort(programm->kern, Word::BuildingStrip));
+    EXPECT_EQ(Main().Fenster.Title(), "QVM 7702 SOFTWARE SYSTEM - " + Wort(programm->kern, Word::BuildingEntry));
+    EXPECT_TRUE(Main().F2_Gebaeude_Ende.Enabled());
+    Main().F2_Gebaeude_Click();
+    EXPECT_EQ(Shown, 1);
+    EXPECT_THAT(Ways, IsEmpty());
+    for (const Answer answer : {Answer::No, Answer::Cancel, Answer::Yes}) {
+        world.Answers.push_back({.Text = Wort(programm->kern, Word::BuildingAskLeave), .Reply = answer});
+        Main().F2_Gebaeude_Ende_Click();
+    }
+    EXPECT_THAT(Ways, ElementsAre(false));
+}
+
+TEST_F(F2_Gebaeude, is_not_there_where_nobody_provides_it) {
+    Open();
+    EXPECT_FALSE(Main().F2_Gebaeude.Enabled());
+    Main().F2_Gebaeude_Click();
+    EXPECT_THAT(world.Shown, IsEmpty());
 }
 
 // ---- manual

@@ -189,6 +189,7 @@ QWidget* F2Window::makeStrip() {
         strip->setVisible(!strip->text().isEmpty());
     });
     strip->setAlignment(Qt::AlignCenter);
+    strip->setBackgroundRole(QPalette::Window); // that of the page would stay its own
     strip->setAutoFillBackground(true);
     strip->setMargin(StripMargin);
     QPalette colours = strip->palette();
