@@ -1,0 +1,62 @@
+#pragma once
+
+#include "FileStore.h"
+#include "PcFacts.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace qvm {
+
+/// From the best to the worst, but for Untold, which is never good: what could not be looked at.
+enum class Verdict { Good, Note, Fault, Untold };
+
+/// "good", "note", "fault", "untold".
+std::string_view Verdict_Name(Verdict verdict);
+
+/// What may be done without a judgement. Nothing of it touches what a file holds.
+struct DoctorFix {
+    enum class Kind {
+        None,
+        Permissions,   ///< gives the owner Path's permission bits More, takes Less away from others
+        MakeDirectory, ///< makes the directory Path
+        ShortLatency,  ///< sets the latency timer at Path to 1 ms
+    };
+
+    Kind What = Kind::None;
+    std::string Path{}; ///< behind the program's directory; of ShortLatency the whole path
+    unsigned More = 0, Less = 0;
+
+    bool operator==(const DoctorFix&) const = default;
+};
+
+/// One check. Texts are English, UTF-8, without full stop, and hold no code of a user or lock.
+struct DoctorLine {
+    std::string_view Check; ///< "adapter", "right", "holder", ... see docs/console.md
+    std::string About{};    ///< what of several is meant: a port, a file; may be empty
+    Verdict Result = Verdict::Good;
+    std::string Proof{}; ///< what was found
+    std::string ToDo{};  ///< the one thing to do; empty when there is none
+    DoctorFix Fix{};
+};
+
+/// What a look at the data files needs.
+struct DoctorFiles {
+    const FileStore& Files;
+    std::string AppPath;      ///< with a trailing separator
+    std::string ProgramFiles; ///< as Platform has it
+};
+
+/// All checks of the PC, in the order in which they are shown. Reads files, writes and opens nothing else.
+std::vector<DoctorLine> Doctor_Pruefen(const PcFacts& facts, const DoctorFiles& files);
+
+/// The worst of them: Fault, else Note for what is worth knowing or could not be told, else Good.
+Verdict Doctor_Urteil(const std::vector<DoctorLine>& lines);
+
+// The groups of checks, each in a file of its own.
+void Port_Befragen(const PcFacts& facts, std::vector<DoctorLine>& lines);
+void Pc_Befragen(const PcFacts& facts, std::vector<DoctorLine>& lines);
+void Dateien_Befragen(const PcFacts& facts, const DoctorFiles& files, std::vector<DoctorLine>& lines);
+
+} // namespace qvm
