@@ -39,13 +39,16 @@ bool IsNumber(std::string_view name) {
            std::all_of(name.begin(), name.end(), [](unsigned char digit) { return std::isdigit(digit) != 0; });
 }
 
+bool PseudoTerminal(const struct stat& device) {
+    constexpr unsigned first = 136, last = 143;
+    const unsigned kind = major(device.st_rdev);
+    return kind >= first && kind <= last;
+}
+
 /// True when both are the same device. A number of its own has a device whatever node leads to it, but for the
 /// terminals of /dev/pts: each mount of that directory counts its own from 0.
 bool SameDevice(const struct stat& a, const struct stat& b) {
-    constexpr unsigned firstTerminal = 136, lastTerminal = 143;
-    const unsigned kind = major(a.st_rdev);
-    const bool counted = kind >= firstTerminal && kind <= lastTerminal;
-    return S_ISCHR(b.st_mode) && a.st_rdev == b.st_rdev && (!counted || a.st_dev == b.st_dev);
+    return S_ISCHR(b.st_mode) && a.st_rdev == b.st_rdev && (!PseudoTerminal(a) || a.st_dev == b.st_dev);
 }
 
 bool Holds(const std::string& process, const struct stat& device, const std::string& except) {
@@ -111,6 +114,15 @@ std::string PortHolder_Name(const std::string& device, int ownHandle) {
     }
     const std::string holder = LockHolder(info);
     return holder.empty() || holder == self ? std::string() : Named(Process_Name(holder), holder);
+}
+
+std::string PortHolder_Blocking(const std::string& device) {
+    struct stat info {};
+    if (::stat(device.c_str(), &info) != 0 || !PseudoTerminal(info)) {
+        return PortHolder_Name(device);
+    }
+    const std::string holder = LockHolder(info);
+    return holder.empty() || holder == std::to_string(::getpid()) ? std::string() : Named(Process_Name(holder), holder);
 }
 
 bool PortHolder_IsService(std::string_view holder) {

@@ -11,6 +11,10 @@ namespace qvm {
 /// hold the advisory lock of the device, as this program does. UTF-8.
 std::string PortHolder_Name(const std::string& device, int ownHandle = -1);
 
+/// The same of one that keeps others from using the device. A pseudo-terminal is open at its far end, too, so that only
+/// the advisory lock tells there; any other device serves one program at a time.
+std::string PortHolder_Blocking(const std::string& device);
+
 /// True when a name that PortHolder_Name gave is one of the system's services that open every new serial port for some
 /// seconds to see what is behind it: ModemManager or brltty.
 bool PortHolder_IsService(std::string_view holder);
