@@ -18,6 +18,7 @@ enum class ExitCode : int {
     Refused = 2,    ///< the lock refused
     NotReached = 3, ///< the lock was not reached, or the run was given up
     SomeFailed = 4, ///< of several locks some failed
+    Noted = 5,      ///< no fault, but something that is worth knowing, or that could not be told
 };
 
 /// Where results, messages and progress go. Results go to `Out`, everything else to `Err`.

@@ -22,6 +22,9 @@ ExitCode Befehl_Tabelle(const Umgebung& world, const Console& console, const Opt
 
 ExitCode Befehl_Check(const Umgebung& world, const Console& console);
 
+/// doctor: whether the PC is fit for the program; with --fix it mends what needs no judgement, and asks before.
+ExitCode Befehl_Doktor(const Umgebung& world, const Console& console, const Optionen& options);
+
 /// program and history, lock by lock; run: a list of locks, as the run list does it.
 ExitCode Befehl_Lauf(const Umgebung& world, const Console& console, const Optionen& options);
 

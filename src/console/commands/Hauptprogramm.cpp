@@ -42,6 +42,8 @@ ExitCode Befehl_Ausfuehren(const Umgebung& world, const Console& console, const 
         return Befehl_Key_Suchen(world, console, options);
     case Command::Card:
         return Befehl_Karte(world, console, options);
+    case Command::Doctor:
+        return Befehl_Doktor(world, console, options);
     }
     return ExitCode::Fault;
 }

@@ -178,6 +178,14 @@ void Zeitbefehle_Anlegen(const CommandMaker& add, Optionen& options, Texte& text
     when->add_flag("--week", options.Week, "the whole week, Monday to Sunday, as a picture");
 }
 
+/// The state of the PC.
+void Doktorbefehl_Anlegen(const CommandMaker& add, Optionen& options) {
+    CLI::App* doctor =
+        add("doctor", "look whether the PC is fit for the program; locks are sent nothing", Command::Doctor);
+    CLI::Option* fix = doctor->add_flag("--fix", options.Fix, "mend what needs no judgement; asks before each");
+    doctor->add_flag("--yes", options.Yes, "mend without asking")->needs(fix);
+}
+
 void Befehle_Anlegen(CLI::App& app, Optionen& options, Texte& texts) {
     const CommandMaker add = [&](const char* name, const char* text, Command which) {
         CLI::App* command = app.add_subcommand(name, text);
@@ -213,6 +221,7 @@ void Befehle_Anlegen(CLI::App& app, Optionen& options, Texte& texts) {
     Personenbefehle_Anlegen(add, options);
     Zeitbefehle_Anlegen(add, options, texts);
     Kartenbefehl_Anlegen(add, options, texts);
+    Doktorbefehl_Anlegen(add, options);
 }
 
 /// A moment that a card can hold. Gives what is wrong with it; empty when all is well.
@@ -321,8 +330,9 @@ std::optional<Optionen> Befehlszeile_Lesen(int argc, const char* const* argv, co
     app.add_option("--port", options.Port, "device path of the adapter; replaces configuration and search");
     app.add_flag("--json", options.Json, "every result as one JSON document on standard output");
     app.add_option("--trace", options.Trace, "append a trace of all telegrams to FILE, codes masked");
-    app.footer("Exit codes: 0 all done; 1 wrong use or local fault, nothing was sent; 2 refused by the lock;\n"
-               "3 not reached or given up; 4 some of several locks failed.");
+    app.footer(
+        "Exit codes: 0 all done; 1 wrong use or local fault, nothing was sent; 2 refused by the lock;\n"
+        "3 not reached or given up; 4 some of several locks failed; 5 doctor: no fault, something worth knowing.");
     Befehle_Anlegen(app, options, texts);
     try {
         app.parse(argc, argv);

@@ -30,7 +30,8 @@ enum class Command {
     Learn,
     FindKey,
     SyncKey,
-    Card
+    Card,
+    Doctor
 };
 
 /// The command line, taken apart.
@@ -69,6 +70,9 @@ struct Optionen {
     std::optional<Datum> Date;      ///< events: only of this day
     bool Csv = false;               ///< events, import
     bool DryRun = false;            ///< import --csv
+
+    bool Fix = false; ///< doctor
+    bool Yes = false; ///< doctor --fix: nobody is asked
 };
 
 /// Nothing when the program is to end at once, with `exitCode`: after a help text on `out`, or a fault on `err`.
