@@ -5,6 +5,7 @@
 #include "GridView.h"
 #include "KeyEdit.h"
 #include "OverlayEditor.h"
+#include "TextEdge.h"
 #include "TimeWindows.h"
 #include "UiFixture.h"
 
@@ -126,6 +127,19 @@ TEST_F(Guest_Times_Window, counts_both_of_two_clicks_on_a_slot_however_soon_they
     EXPECT_EQ(F42().FGK42B.Text(3, 4), "X");
     DoubleClickCell(*guestSlots, 3, 1);
     EXPECT_EQ(F42().FGK42B.Text(3, 4), "X");
+}
+
+TEST_F(Guest_Times_Window, speaks_on_of_the_day_that_the_keyboard_is_on_when_a_minute_has_passed) {
+    Open();
+    auto* week = window->findChild<QWidget*>(QStringLiteral("F42.Woche"));
+    week->setFocus();
+    Press(Qt::Key_Home);
+    EXPECT_EQ(week->accessibleDescription(), QStringLiteral("Montag"));
+    world.RunFor(61000);
+    Settle();
+    EXPECT_EQ(week->accessibleDescription(), QStringLiteral("Montag"));
+    offsets->setFocus();
+    EXPECT_EQ(week->accessibleDescription(), ui::toQt(F42().Woche.Chart().Summary));
 }
 
 TEST_F(Guest_Times_Window, deletes_an_offset_from_its_menu_and_takes_that_back_by_key) {

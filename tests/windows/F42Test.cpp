@@ -307,6 +307,15 @@ TEST_F(F42_Fenster, draws_the_week_of_the_slots_that_are_selected) {
     EXPECT_THAT(Window().Woche.Chart().Days[6].Bars, IsEmpty());
 }
 
+TEST_F(F42_Fenster, moves_the_present_moment_of_its_week_on_while_it_is_open) {
+    Open();
+    const int minute = Window().Woche.Chart().Minute;
+    world.RunFor(2 * 60 * 1000 + 500);
+    EXPECT_EQ(Window().Woche.Chart().Minute, minute + 2);
+    Back();
+    EXPECT_FALSE(Window().Uhr.Running());
+}
+
 TEST_F(F42_Fenster, goes_from_the_first_default_time_to_the_second_and_never_leaves_a_time_half) {
     Open();
     bool second = false;

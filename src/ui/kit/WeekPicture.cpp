@@ -30,7 +30,12 @@ WeekPicture::WeekPicture(WeekPictureBox& model, const QString& name, QWidget* pa
 }
 
 void WeekPicture::showChart() {
-    setAccessibleDescription(toQt(model_.Chart().Summary));
+    // While it has the keyboard it speaks of the day that this is on; and nothing twice, as the chart comes each
+    // minute.
+    const QString said = hasFocus() ? dayText(day_) : toQt(model_.Chart().Summary);
+    if (said != accessibleDescription()) {
+        setAccessibleDescription(said);
+    }
     updateGeometry(); // the names of the days may be wider
     update();
 }

@@ -13,6 +13,7 @@ namespace {
 
 constexpr std::string_view MidnightText = "00:00";
 constexpr int LowestPrintable = ' ';
+constexpr int Minute = 60000; // ms
 
 bool Druckbar(int key) {
     return key >= LowestPrintable && key != Key::Delete;
@@ -24,7 +25,8 @@ bool Tageszeit(std::string_view text) {
 
 } // namespace
 
-F42::F42(Kern& kernel) : kern(kernel) {
+F42::F42(Kern& kernel) : kern(kernel), Uhr(kernel.Welt, Minute) {
+    Uhr.Ticked = [this] { Woche_Zeigen(); };
     for (TextBox* box : {&Text3, &Text4}) {
         box->Visible = false;
     }
@@ -44,6 +46,7 @@ void F42::F42_FormLaden() {
     Auswahl.Go(1, OffsetColumn::Name);
     Texte_Setzen();
     Fenster.Enabled = true;
+    Uhr.Start();
     Fenster.Visible = true; // last, as the window's first size goes by its contents
     if (unread_) {
         kern.Meldung(Wort(kern, Word::GuestTimesUnread), Buttons::Ok, Icon::Exclamation);
@@ -112,6 +115,7 @@ void F42::F42_Schliessen() {
         return;
     }
     Geaendert = false;
+    Uhr.Stop();
     Fenster.Visible = false;
     steps_.Forget();
     kern.Windows.BackToMain();

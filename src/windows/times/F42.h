@@ -9,6 +9,7 @@
 #include "Kern.h"
 #include "MouseButton.h"
 #include "Text.h"
+#include "Timer.h"
 #include "WeekChart.h"
 #include "Words.h"
 
@@ -57,6 +58,7 @@ struct F42 {
     bool Geaendert = false; ///< there is something to save
 
     std::array<ToolButton, 2> Toolbar1{{{.Key = u8"Zurück"_w}, {.Key = "Speichern"}}};
+    Timer Uhr;             ///< moves the present moment of Woche on
     MenuEntry F42Loeschen; ///< of the menu M_FGK42
     MenuEntry Rueckgaengig, Wiederholen;
 
