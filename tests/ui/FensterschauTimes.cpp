@@ -116,6 +116,12 @@ void Fensterschau::guestCards() {
         model.MV2_Waehlen(object ? Datum{2026, 12, 22} : Datum{2027, 1, 2});
         model.Label12.Visible = true;
         take(windows_->Times.f60, object ? "F60-object" : "F60");
+        if (object) {
+            model.FGK60_Click(F60::LastRow, CardColumn::Mark); // no lock stands there
+            model.Text2.Text = std::string();
+            model.Texte_Setzen();
+            take(windows_->Times.f60, "F60-told");
+        }
         model.Geaendert = false;
         model.Schliessen();
         programm_->Main->F2.Timer2.Stop();

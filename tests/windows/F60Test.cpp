@@ -250,8 +250,22 @@ TEST_F(F60_Karten, a_mark_beside_which_no_lock_stands_is_told) {
     EXPECT_EQ(Window().Markiert.Text(), Wort(programm->kern, Word::GuestDoors, {"1", "0"}));
     Mark(3, "P");
     Mark(200, "X");
-    EXPECT_EQ(Window().Markiert.Text(), Wort(programm->kern, Word::GuestDoors, {"2", "1"}) + " " +
+    EXPECT_EQ(Window().Markiert.Text(), Wort(programm->kern, Word::GuestDoors, {"2", "1"}) + ", " +
                                             Wort(programm->kern, Word::GuestDoorsNoLock, {"2"}));
+}
+
+TEST_F(F60_Karten, doors_that_do_not_fit_on_the_card_are_told) {
+    for (int row = 1; row <= 28; ++row) {
+        files.Lock(row, "Door " + std::to_string(row), "00.0A.11." + std::to_string(10 + row));
+    }
+    Door(1, "AA00 0A 11 11 ", "5");
+    Open();
+    for (int row = 1; row <= 28; ++row) {
+        Mark(row, "X");
+    }
+    // One at place 0, the others behind the four places of permanent doors: 22 fit.
+    EXPECT_EQ(Window().Markiert.Text(), Wort(programm->kern, Word::GuestDoors, {"28", "0"}) + ", " +
+                                            Wort(programm->kern, Word::GuestDoorsBeyond, {"6"}));
 }
 
 TEST_F(F60_Karten, a_year_that_no_card_can_hold_is_refused) {

@@ -100,7 +100,7 @@ void F60::Stand_Zeigen() {
     }
     const int beyond = single == 0 ? 0 : Karte().Uebergangen;
     const auto also = [this](Word word, int count) {
-        return count == 0 ? std::string() : " " + Wort(kern, word, {Ziffern(count)});
+        return count == 0 ? std::string() : ", " + Wort(kern, word, {Ziffern(count)});
     };
     Markiert.Text = Wort(kern, Word::GuestDoors, {Ziffern(single), Ziffern(permanent)}) +
                     also(Word::GuestDoorsBeyond, beyond) + also(Word::GuestDoorsNoLock, noLock);
