@@ -3,6 +3,7 @@
 #include "VirtualLocks.h"
 
 #include <chrono>
+#include <filesystem>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <poll.h>
@@ -169,6 +170,23 @@ TEST_F(BinaryTerminal, a_list_is_a_table_that_changes_in_place) {
                                          "Lock 1: "));
     EXPECT_THAT(session.Shown, HasSubstr("1   Tor                  00.0A.10.01  >> Programmed\r\n"
                                          "2   Leer                 00.0A.10.02  >> Programmed\r\n"));
+}
+
+TEST_F(BinaryTerminal, the_doctor_asks_before_it_mends) {
+    const std::vector<std::string> arguments = Locks.Here({"doctor", "--fix"});
+    TerminalSession refused(arguments);
+    ASSERT_TRUE(refused.WaitFor("folder HIST: is not in " + Locks.Directory.Path() + ". Mend it? [y/N] "));
+    refused.Type("\n");
+    EXPECT_EQ(refused.End(), 1);
+    EXPECT_THAT(refused.Shown, HasSubstr("--fix, folder HIST: declined"));
+    EXPECT_FALSE(Locks.Directory.Has("HIST"));
+    TerminalSession taken(arguments);
+    ASSERT_TRUE(taken.WaitFor("Mend it? [y/N] "));
+    taken.Type("y\n");
+    taken.End();
+    EXPECT_THAT(taken.Shown, HasSubstr("--fix, folder HIST: mended"));
+    EXPECT_THAT(taken.Shown, HasSubstr("good           folder HIST: in "));
+    EXPECT_TRUE(std::filesystem::is_directory(Locks.Directory.Path() + "HIST"));
 }
 
 } // namespace

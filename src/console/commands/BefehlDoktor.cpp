@@ -1,7 +1,6 @@
 // Whether the PC is fit for the program: what was found of it, and what may be mended without a judgement.
 
 #include "AdapterKunde.h"
-#include "AdapterScan.h"
 #include "Befehle.h"
 #include "Doctor.h"
 #include "Konfiguration.h"
@@ -23,27 +22,6 @@ namespace qvm {
 namespace {
 
 using DoctorJson = nlohmann::ordered_json;
-
-/// Asks the adapter behind one port who it is, if the port can be had: what another program holds is not opened.
-void Adapter_Fragen(Programm& program, const Console& console, PortFacts& port) {
-    if (!port.Serial || !port.Right || !port.Holder.empty()) {
-        return;
-    }
-    AdapterListe& list = program.Adapter;
-    list.PortListe = {port.Number};
-    list.Ports_Vergessen();
-    list.Suche_Zeigen = [&](const SuchSchritt& step) { console.Meldung(Suchzeile(step, port.Device)); };
-    const bool answered = Adapter_Suchen(program.link, list);
-    list.Suche_Zeigen = {};
-    port.Asked = answered || program.kern.Welt.Port.IsOpen();
-    if (answered) {
-        const std::vector<AdapterSatz>& found = list.Saetze.empty() ? list.Fremde : list.Saetze;
-        port.Version = found.empty() ? 0 : found.front().Version;
-        port.AdapterName = found.empty() ? std::string() : found.front().Name;
-    }
-    list.Ports_Vergessen();
-    program.kern.Welt.Port.Close();
-}
 
 /// What the command looks at, and how often it wants.
 class Doktor {

@@ -75,6 +75,28 @@ void Port_Festlegen(Programm& program) {
     program.kern.Config.PortNummer = program.link.PortNummer = 1;
 }
 
+void Adapter_Fragen(Programm& program, const Console& console, PortFacts& port) {
+    if (!port.Serial || !port.Right || !port.Holder.empty()) {
+        return;
+    }
+    AdapterListe& list = program.Adapter;
+    list.PortListe = {port.Number};
+    list.Ports_Vergessen();
+    // A question is shown only once the port is open.
+    list.Suche_Zeigen = [&](const SuchSchritt& step) {
+        port.Asked = true;
+        console.Meldung(Suchzeile(step, port.Device));
+    };
+    if (Adapter_Suchen(program.link, list)) {
+        const std::vector<AdapterSatz>& found = list.Saetze.empty() ? list.Fremde : list.Saetze;
+        port.Version = found.empty() ? 0 : found.front().Version;
+        port.AdapterName = found.empty() ? std::string() : found.front().Name;
+    }
+    list.Suche_Zeigen = {};
+    list.Ports_Vergessen();
+    program.kern.Welt.Port.Close();
+}
+
 bool Adapter_Kennenlernen(Programm& program, const Console& console, const AdapterFrage& question) {
     Konfiguration& config = program.kern.Config;
     AdapterListe& list = program.Adapter;

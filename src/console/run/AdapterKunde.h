@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Console.h"
+#include "PcFacts.h"
 #include "Programm.h"
 
 #include <functional>
@@ -18,6 +19,10 @@ struct AdapterFrage {
 /// Chooses the port and, where adapters are to be found by themselves, searches them as the desktop program does. The
 /// search shows each of its steps, and ends at once at Ctrl-C; false then. Nothing of it is saved.
 bool Adapter_Kennenlernen(Programm& program, const Console& console, const AdapterFrage& question);
+
+/// Asks the adapter behind one port who it is, if the port can be had: one without right, and one that another program
+/// holds, is not opened. Sets Asked, Version and AdapterName. Each step is shown. The port is closed behind it.
+void Adapter_Fragen(Programm& program, const Console& console, PortFacts& port);
 
 /// All goes through port 1, whatever configuration and lock table name. In memory only.
 void Port_Festlegen(Programm& program);
