@@ -23,6 +23,8 @@ struct PortFacts {
     bool GroupMay = false;          ///< its group may read and write it
     bool GroupListed = false;       ///< the PC lists the user in that group, whether this session knows it or not
     std::string Holder{};           ///< "name (process number)" of another program that has it open
+    bool Held = false;              ///< it could not be opened, as another program, maybe unseen, has it
+    std::string Refusal{};          ///< why it could not be opened, a sentence
     bool LeftAlone = false;         ///< the system tells its modem service to leave it alone
     bool TimerTold = false;         ///< LatencyMs can be relied on
     std::optional<int> LatencyMs{}; ///< how long its converter holds bytes back; nothing: it has no such timer

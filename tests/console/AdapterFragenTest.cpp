@@ -45,6 +45,12 @@ TEST_F(Adapter_Fragen_, tells_silence_from_a_port_that_could_not_be_had) {
     world.PortCanOpen = false;
     Ask();
     EXPECT_FALSE(Port.Asked);
+    EXPECT_FALSE(Port.Held);
+    world.PortFaultNow = {.What = PortFault::Kind::Held, .Device = "com3"};
+    Ask();
+    EXPECT_FALSE(Port.Asked);
+    EXPECT_TRUE(Port.Held);
+    EXPECT_EQ(Port.Refusal, "com3 is in use by another program. Close that program and try again.");
 }
 
 TEST_F(Adapter_Fragen_, opens_no_port_that_another_program_has_or_that_it_may_not_use) {

@@ -150,6 +150,16 @@ TEST_F(Doctor, names_who_has_the_port) {
     EXPECT_EQ(Doctor_Urteil(Look()), Verdict::Note) << "the program itself is no fault";
 }
 
+TEST_F(Doctor, does_not_call_a_port_free_that_an_unseen_program_has) {
+    Port().Asked = false;
+    Port().Refusal = "com1 is in use by another program.";
+    EXPECT_EQ(Bad(), "untold answer /dev/ttyUSB0: the adapter could not be asked: com1 is in use by another program. "
+                     "> \n");
+    Port().Held = true;
+    EXPECT_THAT(Bad(), HasSubstr("fault holder /dev/ttyUSB0: com1 is in use by another program. > Close the program"));
+    EXPECT_THAT(Bad(), HasSubstr("untold answer /dev/ttyUSB0: not asked, as the port is in use > \n"));
+}
+
 TEST_F(Doctor, names_services_that_take_new_ports) {
     Facts.Services = {"ModemManager (812)"};
     EXPECT_EQ(Bad(), "note services : ModemManager (812) runs and tries out each new serial port > If no modem is "

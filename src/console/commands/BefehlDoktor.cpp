@@ -48,6 +48,8 @@ public:
                 Adapter_Fragen(program_, console_, port);
             } else {
                 port.Asked = before_.at(n).Asked;
+                port.Held = before_.at(n).Held;
+                port.Refusal = before_.at(n).Refusal;
                 port.Version = before_.at(n).Version;
                 port.AdapterName = before_.at(n).AdapterName;
             }

@@ -2,7 +2,9 @@
 
 #include "AdapterScan.h"
 #include "AutoRegister.h"
+#include "PortFault.h"
 #include "Takt.h"
+#include "Text.h"
 
 #include <ostream>
 
@@ -87,6 +89,7 @@ void Adapter_Fragen(Programm& program, const Console& console, PortFacts& port) 
         port.Asked = true;
         console.Meldung(Suchzeile(step, port.Device));
     };
+    program.link.PortNummer = port.Number; // the search leaves this one open, and its fault is that of this one
     if (Adapter_Suchen(program.link, list)) {
         const std::vector<AdapterSatz>& found = list.Saetze.empty() ? list.Fremde : list.Saetze;
         port.Version = found.empty() ? 0 : found.front().Version;
@@ -94,7 +97,13 @@ void Adapter_Fragen(Programm& program, const Console& console, PortFacts& port) 
     }
     list.Suche_Zeigen = {};
     list.Ports_Vergessen();
-    program.kern.Welt.Port.Close();
+    const SerialPort& line = program.kern.Welt.Port;
+    if (!port.Asked && line.LastFault) {
+        const PortFault fault = line.LastFault();
+        port.Held = fault.What == PortFault::Kind::Held || fault.What == PortFault::Kind::HeldByService;
+        port.Refusal = NachUtf8(PortFault_English(fault));
+    }
+    line.Close();
 }
 
 bool Adapter_Kennenlernen(Programm& program, const Console& console, const AdapterFrage& question) {

@@ -66,6 +66,12 @@ bool Ist_Dienst(const std::string& holder) {
 
 DoctorLine Inhaber(const PortFacts& port) {
     DoctorLine line{.Check = "holder", .About = port.Device, .Proof = "no other program is seen to have it open"};
+    if (port.Holder.empty() && port.Held) { // the system hides what other users' programs have open
+        line.Result = Verdict::Fault;
+        line.Proof = port.Refusal;
+        line.ToDo = "Close the program, of another user maybe, that has it: sudo fuser -v names it";
+        return line;
+    }
     if (port.Holder.empty()) {
         return line;
     }
@@ -104,7 +110,9 @@ DoctorLine Antwort(const PcFacts& facts, const PortFacts& port) {
     DoctorLine line{.Check = "answer", .About = port.Device};
     if (!port.Asked) {
         line.Result = Verdict::Untold;
-        line.Proof = port.Holder.empty() ? "the adapter could not be asked" : "not asked, as the port is in use";
+        const bool used = !port.Holder.empty() || port.Held;
+        line.Proof = used ? "not asked, as the port is in use" : "the adapter could not be asked";
+        line.Proof += used || port.Refusal.empty() ? "" : ": " + port.Refusal;
         return line;
     }
     if (!port.Version) {
