@@ -101,6 +101,9 @@ struct Platform {
     std::function<std::optional<std::string>(const FileDialog& dialog)> SaveFile;
     /// Opens a file or a web page with the program that the system has for it.
     std::function<bool(const std::string& target, const std::string& directory)> OpenWithLinkedApp;
+    /// Opens a PDF at a named destination with the program that the system has for it. False, and nothing is opened,
+    /// when that cannot be told of destinations. Empty where nobody can.
+    std::function<bool(const std::string& path, const std::string& destination)> OpenDocumentAt = {};
 
     SerialPort Port;
     /// Numbers of the ports that can hold an adapter, in the system's order.

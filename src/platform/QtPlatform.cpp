@@ -4,6 +4,7 @@
 #include "CodePage850.h"
 #include "DataLock.h"
 #include "PcClock.h"
+#include "PdfViewer.h"
 #include "PortChanges.h"
 #include "PortNumbers.h"
 #include "PosixFiles.h"
@@ -130,6 +131,7 @@ void QtPlatform::Services::FillDialogs(PlatformOptions& options) {
     World.SaveFile = options.SaveFile ? std::move(options.SaveFile) : cancelled;
     const auto nothing = [](const std::string&, const std::string&) { return false; };
     World.OpenWithLinkedApp = options.OpenWithLinkedApp ? std::move(options.OpenWithLinkedApp) : nothing;
+    World.OpenDocumentAt = Pdf_Zeigen;
     World.Hourglass = options.Hourglass ? std::move(options.Hourglass) : [](bool) {};
 }
 

@@ -1,5 +1,6 @@
 // The sources of the manuals, without making them: what they name is there.
 #include "Captions.h"
+#include "Handbuch.h"
 #include "Source.h"
 
 #include <QDir>
@@ -92,6 +93,16 @@ TEST(ManualSource, shows_pictures_that_are_taken_and_the_same_in_every_language)
         for (const QString& picture : pictures) {
             EXPECT_TRUE(show.contains('"' + picture.toUtf8() + '"')) << picture.toStdString();
         }
+    }
+}
+
+TEST(ManualSource, has_a_chapter_for_every_window) {
+    QStringList destinations;
+    for (const Heading& heading : readSource(textOf(languages().front())).Headings) {
+        destinations += heading.Destination;
+    }
+    for (const HandbuchKapitel& row : HandbuchKapitelListe) {
+        EXPECT_TRUE(destinations.contains(QString::fromStdString(std::string(row.Destination)))) << row.Window;
     }
 }
 

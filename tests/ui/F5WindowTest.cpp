@@ -315,6 +315,22 @@ TEST_F(F5_Window, opens_each_menu_by_its_button_and_by_the_key_for_menus) {
     EXPECT_EQ(OpenMenu(), "F5.F5_Fingerscan");
 }
 
+TEST_F(F5_Window, opens_the_manual_at_its_chapter_also_from_an_entry) {
+    Open();
+    std::vector<std::string> told;
+    world.World.OpenDocumentAt = [&](const std::string& path, const std::string& destination) {
+        told.push_back(path + "#" + destination);
+        return true;
+    };
+    world.Disk.Files["/q/QVM_System_de.pdf"] = "%PDF";
+    grid->setCurrentCell(2, 1);
+    Press(Qt::Key_F1);
+    EXPECT_THAT(told, testing::ElementsAre("/q/QVM_System_de.pdf#people"));
+    Press(Qt::Key_A); // an entry has begun
+    Press(Qt::Key_F1);
+    EXPECT_EQ(told.size(), 2U);
+}
+
 TEST_F(F5_Window, deletes_by_its_menu) {
     Open();
     Click(2, Code, Qt::RightButton);

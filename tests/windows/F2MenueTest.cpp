@@ -2,6 +2,7 @@
 
 #include "Datendateien.h"
 #include "F2Fixture.h"
+#include "Handbuch.h"
 #include "Inhalt.h"
 #include "Text.h"
 #include "TextSlots.h"
@@ -202,11 +203,34 @@ TEST_F(F2_Menues, hilfe_opens_the_manual_that_came_with_an_installed_program) {
 
 TEST_F(F2_Menues, hilfe_names_a_manual_that_is_missing) {
     Open();
-    world.Answers.push_back({.Text = "L288 QVM_System_de.pdf"});
+    world.World.ProgramFiles = "/usr/share/qvm7702/";
+    world.Answers.push_back({.Text = "L288 QVM_System_de.pdf\r\n\r\nGesucht in:\r\n/q/\r\n/usr/share/qvm7702/"});
     Main().F2_Help_Click();
     EXPECT_THAT(world.OpenedInLinkedApp, IsEmpty());
     EXPECT_EQ(world.Shown[0].Sign, Icon::Exclamation);
     EXPECT_EQ(world.Shown[0].Title, "QVM 7702 SOFTWARE SYSTEM");
+}
+
+TEST_F(F2_Menues, hilfe_opens_the_first_page_and_f1_of_a_window_its_chapter) {
+    Open();
+    world.Disk.Files["/q/QVM_System_de.pdf"] = "%PDF";
+    std::vector<std::string> told;
+    bool able = true;
+    world.World.OpenDocumentAt = [&](const std::string& path, const std::string& destination) {
+        told.push_back(path + "#" + destination);
+        return able;
+    };
+    Main().F2_Help_Click();
+    EXPECT_THAT(told, IsEmpty());
+    EXPECT_THAT(world.OpenedInLinkedApp, ElementsAre("/q/QVM_System_de.pdf"));
+    Handbuch_Oeffnen(programm->kern, Handbuch_Kapitel("F5"));
+    EXPECT_THAT(told, ElementsAre("/q/QVM_System_de.pdf#people"));
+    EXPECT_EQ(world.OpenedInLinkedApp.size(), 1U);
+    able = false; // a viewer that cannot be told: the first page is better than none
+    Handbuch_Oeffnen(programm->kern, Handbuch_Kapitel("F12"));
+    EXPECT_EQ(told.back(), "/q/QVM_System_de.pdf#locks");
+    EXPECT_EQ(world.OpenedInLinkedApp.size(), 2U);
+    EXPECT_EQ(Handbuch_Kapitel("F99"), "");
 }
 
 TEST_F(F2_Menues, hilfe_names_a_manual_that_the_system_does_not_open) {

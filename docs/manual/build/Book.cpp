@@ -138,6 +138,12 @@ double topOf(const QTextDocument& text, const QTextBlock& block) {
     return text.documentLayout()->blockBoundingRect(block).top() + Touching;
 }
 
+/// A change leaves what stands behind it without lines until it is asked for all anew.
+void layOutAnew(QTextDocument& text) {
+    text.markContentsDirty(0, text.characterCount());
+    text.pageCount();
+}
+
 /// A heading is not parted from what it stands over.
 void keepHeadings(QTextDocument& text) {
     for (const QTextBlock& block : headingsOf(text)) {
@@ -145,6 +151,7 @@ void keepHeadings(QTextDocument& text) {
             QTextBlockFormat format = block.blockFormat();
             format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
             QTextCursor(block).setBlockFormat(format);
+            layOutAnew(text);
         }
     }
 }
@@ -160,6 +167,7 @@ void layOut(QTextDocument& text, const QString& markdown) {
     styleTables(text);
     fitPictures(text);
     text.setPageSize(QSizeF(TextWidth, TextHeight));
+    layOutAnew(text);
     keepHeadings(text);
 }
 

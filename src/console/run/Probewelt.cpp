@@ -42,6 +42,7 @@ Probewelt::Probewelt(const Platform& real) : Welt(real), disk_(real.Files) {
     };
     Welt.OpenFile = Welt.SaveFile = [](const FileDialog&) { return std::nullopt; };
     Welt.OpenWithLinkedApp = [](const std::string&, const std::string&) { return false; };
+    Welt.OpenDocumentAt = {};
     Welt.ClaimInstance = [] { return true; };
     Welt.ClaimData = {};
 }

@@ -1,6 +1,7 @@
 #include "WindowBase.h"
 
 #include "Geometry.h"
+#include "Handbuch.h"
 #include "TextEdge.h"
 #include "Theme.h"
 #include "WindowAccess.h"
@@ -11,6 +12,7 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QScreen>
+#include <QShortcut>
 #include <QToolBar>
 #include <QVBoxLayout>
 #include <QWindow>
@@ -51,6 +53,10 @@ WindowBase::WindowBase(Kern& kern, Window& model, const QString& name, Stand sta
     describeWindows();
     setObjectName(name);
     setWindowIcon(programIcon());
+    // A shortcut goes before the grids, in which any key may begin an entry.
+    auto* help = new QShortcut(Qt::Key_F1, this);
+    connect(help, &QShortcut::activated, this,
+            [&kern, name] { Handbuch_Oeffnen(kern, Handbuch_Kapitel(name.toStdString())); });
     outer_->setContentsMargins(0, 0, 0, 0);
     outer_->setSpacing(0);
     outer_->addLayout(content_);

@@ -32,8 +32,8 @@ enum class Stand {
     Dialog,        ///< a dialog where it was last, or where the window manager puts it
 };
 
-/// What every window but the main window starts from: icon, binding, an optional tool bar over a content area, and a
-/// button that Return presses. Windows are never deleted while the program runs, only hidden: their handlers may be on
+/// What every window but the main window starts from: icon, binding, an optional tool bar over a content area, a button
+/// that Return presses, and F1, which opens the manual at the window's chapter. Windows are never deleted while the program runs, only hidden: their handlers may be on
 /// the stack when they close.
 class WindowBase : public QWidget {
     Q_OBJECT

@@ -1,29 +1,10 @@
 #include "F2.h"
-#include "TextSlots.h"
+#include "Handbuch.h"
 #include "Worte.h"
 
 #include <algorithm>
 
 namespace qvm {
-namespace {
-
-struct Handbuch {
-    std::string_view Language, File;
-};
-
-/// The first stands for any other language, too.
-constexpr std::array<Handbuch, 4> Manuals{{{"Deutsch", "QVM_System_de.pdf"},
-                                           {"English", "QVM_System_en.pdf"},
-                                           {"Francais", "QVM_System_fr.pdf"},
-                                           {"Nederlands", "QVM_System_nl.pdf"}}};
-
-std::string_view Handbuch_Datei(std::string_view language) {
-    const auto* const found = std::find_if(Manuals.begin(), Manuals.end(),
-                                           [language](const Handbuch& manual) { return manual.Language == language; });
-    return found == Manuals.end() ? Manuals.front().File : found->File;
-}
-
-} // namespace
 
 /// What a key opens. "Ende" and the keys without a task have no row.
 struct F2::Taste {
@@ -171,15 +152,7 @@ void F2::F2_Version_Click() {
 }
 
 void F2::F2_Help_Click() {
-    const std::string file(Handbuch_Datei(Trim(kern.Config.Sprache)));
-    const std::string path = kern.Beigabe(file);
-    if (!kern.Welt.Files.Datei_Vorhanden(path)) {
-        kern.Meldung(Wort(kern, Line::FileNotFound, "Datei nicht gefunden:") + " " + file, Buttons::Ok,
-                     Icon::Exclamation);
-    } else if (!kern.Welt.OpenWithLinkedApp(path, kern.AppPath)) {
-        kern.Meldung(Wort(kern, Line::CannotOpen, u8"Kann nicht geöffnet werden:"_w) + " " + file, Buttons::Ok,
-                     Icon::Exclamation);
-    }
+    Handbuch_Oeffnen(kern, {});
 }
 
 } // namespace qvm
