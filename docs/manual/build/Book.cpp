@@ -12,6 +12,7 @@
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
+#include <QTextList>
 #include <QTextTable>
 
 #include <algorithm>
@@ -107,6 +108,19 @@ void styleHeading(QTextBlock& block) {
     cursor.setCharFormat(letter);
 }
 
+/// Paragraphs of the running text stand apart. One before a chapter would take its distance along to the next page.
+void styleParagraphs(QTextDocument& text) {
+    for (QTextBlock block = text.begin(); block.isValid(); block = block.next()) {
+        QTextCursor cursor(block);
+        if (block.blockFormat().headingLevel() == 0 && block.next().blockFormat().headingLevel() != 1 &&
+            cursor.currentTable() == nullptr) {
+            QTextBlockFormat format;
+            format.setBottomMargin(block.textList() == nullptr ? 7 : 3);
+            cursor.mergeBlockFormat(format);
+        }
+    }
+}
+
 void styleTables(QTextDocument& text) {
     for (QTextFrame* frame : text.rootFrame()->childFrames()) {
         if (auto* table = qobject_cast<QTextTable*>(frame)) {
@@ -164,6 +178,7 @@ void layOut(QTextDocument& text, const QString& markdown) {
     for (QTextBlock& block : headingsOf(text)) {
         styleHeading(block);
     }
+    styleParagraphs(text);
     styleTables(text);
     fitPictures(text);
     text.setPageSize(QSizeF(TextWidth, TextHeight));

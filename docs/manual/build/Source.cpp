@@ -10,6 +10,7 @@ namespace qvm::manual {
 const std::vector<Language>& languages() {
     static const std::vector<Language> all{
         {"en", "English", "Manual", "Contents"},
+        {"de", "Deutsch", "Handbuch", "Inhalt"},
     };
     return all;
 }
