@@ -43,7 +43,6 @@ Gebaeude::Gebaeude(Platform& outside, const std::string& directory, std::optiona
         return std::optional<std::string>();
     };
     inside_.DeviceManager = {};
-    inside_.ClaimData = {};
     line_.Einsetzen(inside_);
     line_.Gesendet = [this](std::span<const std::uint8_t> bytes) {
         if (system_) {
@@ -63,8 +62,10 @@ void Gebaeude::Vorlage_Einspielen(const std::string& directory) {
     mine.AppPath = operators.AppPath = directory;
     Konfiguration_Laden(mine);
     Konfiguration_Laden(operators);
-    mine.Config.Sprache = operators.Config.Sprache;
-    mine.Config.Sprachnummer = operators.Config.Sprachnummer;
+    if (outside_.Files.Datei_Vorhanden(operators.DatPfad() + std::string(SettingsFile))) {
+        mine.Config.Sprache = operators.Config.Sprache;
+        mine.Config.Sprachnummer = operators.Config.Sprachnummer;
+    }
     mine.Config.PortAutomatik = Konfiguration{}.PortAutomatik;
     Konfiguration_Speichern(mine, ConfigChoice::Port);
 }

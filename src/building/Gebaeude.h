@@ -78,7 +78,7 @@ private:
     };
 
     SimSurroundings Umgebung();
-    /// Its tables, in the operator's language and with the adapter searched for.
+    /// Its tables, in the operator's language where he has chosen one, and with the adapter searched for.
     void Vorlage_Einspielen(const std::string& directory);
     void Sitzung_Zu();
     void Melden() const;

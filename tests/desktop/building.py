@@ -3,10 +3,11 @@ import os
 
 from accessible_hand import AccessibleHand
 from mouse_hand import MouseHand
-from screen import Atspi, wait_for
+from screen import Atspi, Program, wait_for
 
 BUTTON, LABEL = Atspi.Role.PUSH_BUTTON, Atspi.Role.LABEL
-STRIP, DEVICES, STATE = "Virtual building: nothing real is touched", "Device", 6
+STRIP, DEVICES = "Virtual building: nothing real is touched", "Device"
+EVENTS, STATE = 4, 6  # columns
 VIRTUAL_CODE = "123456"
 TOR, PROGRAM_COLUMN = 1, 3
 BERT = "405060"  # he has no time slots
@@ -85,3 +86,16 @@ class BuildingTests:
         self.process.kill()
         self.process.wait()
         self.assertEqual(self.real_files(), inside)
+
+    def test_begins_in_the_virtual_building_with_the_demonstration_where_there_are_no_data(self):
+        empty = self.house.place + "empty/"
+        os.mkdir(empty)
+        self.process = self.house.start_program(options=["--building"], directory=empty)
+        self.program = Program(self.process.pid)
+        self.program.wait(LABEL, STRIP)
+        self.light("Ready")
+        self.program.wait(BUTTON, "People: 25")
+        wait_for("the events of the first lock", lambda: self.program.cell_name(DEVICES, 1, EVENTS) == "6")
+        self.program.press("Exit program")
+        self.expect_ended()
+        self.assertEqual(os.listdir(empty), [])

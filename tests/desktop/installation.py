@@ -152,13 +152,15 @@ class Installation:
     def silent_port(self):
         return FarEnd(self.place + "com1")
 
-    def start_program(self, scale="1", before=(), **streams):
-        """`before`: a program that runs this one in its own place."""
+    def start_program(self, scale="1", before=(), options=(), directory=None, **streams):
+        """`before`: a program that runs this one in its own place. `directory`: of the data, if another one."""
         environment = dict(os.environ, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_QPA_PLATFORM="xcb",
                            XDG_CONFIG_HOME=self.place + "config", QT_SCALE_FACTOR=scale)
         # What is never given back at the end is the business of other tests.
         environment.setdefault("ASAN_OPTIONS", "detect_leaks=0")
-        program = subprocess.Popen([*before, self.place + "qvm7702"], env=environment, **streams)
+        if directory is not None:
+            environment["QVM_DIR"] = directory
+        program = subprocess.Popen([*before, self.place + "qvm7702", *options], env=environment, **streams)
         self.programs.append(program)
         return program
 

@@ -20,7 +20,7 @@ enum class DoorAnswer : std::uint8_t {
 struct DoorTry {
     DoorAnswer Answer = DoorAnswer::Unknown;
     std::array<std::uint8_t, 16> Name{}; ///< of who was told by it, in the OEM code page; 0 for nobody
-    LockVerdict Times;                   ///< of that user
+    LockVerdict Times{};                 ///< of that user
 };
 
 /// Somebody types a code of up to ten digits. Of several users with one code one who may come in counts, else the

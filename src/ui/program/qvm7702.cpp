@@ -1,5 +1,7 @@
+#include "Bestandslese.h"
 #include "ClearStyle.h"
 #include "FileDialogs.h"
+#include "F1.h"
 #include "FrontWindow.h"
 #include "Messages.h"
 #include "ProcessGuard.h"
@@ -12,6 +14,7 @@
 #include "Theme.h"
 
 #include <QApplication>
+#include <QCommandLineParser>
 #include <QDesktopServices>
 #include <QUrl>
 
@@ -60,6 +63,13 @@ void TellDataHeld(qvm::ui::MessageBoxes& boxes, const qvm::Programm& programm) {
                 .Sign = qvm::Icon::Exclamation});
 }
 
+/// The virtual building of an installation without people and locks is the demonstration.
+qvm::ui::Danach TheBuilding(qvm::Platform& world, const std::string& directory) {
+    qvm::Kern kern(world);
+    kern.AppPath = directory;
+    return qvm::Bestand_Lesen(kern).Leer() ? qvm::ui::Danach::Vorfuehrung : qvm::ui::Danach::Gebaeude;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -75,12 +85,23 @@ int main(int argc, char** argv) {
     // The main window hides while an editor is open.
     QApplication::setQuitOnLastWindowClosed(false);
 
+    QApplication::setApplicationVersion(QString::fromStdString(std::string(qvm::ProgrammVersion)));
+    QCommandLineParser line;
+    const QCommandLineOption building(QStringLiteral("building"),
+                                      QStringLiteral("Begins in the virtual building, where nothing real is touched."));
+    line.setApplicationDescription(QStringLiteral("Administration of electronic locks."));
+    line.addOption(building);
+    line.addHelpOption();
+    line.addVersionOption();
+    line.process(application);
+
     const qvm::ProgramPlaces places = qvm::ProgramPlaces_Here({});
     const qvm::ProgramDirectory directory = qvm::ProgramDirectory_Choose(places);
     const std::string noDirectory = qvm::ProgramDirectory_Make(directory);
     qvm::ui::MessageBoxes boxes;
     qvm::QtPlatform platform(Options(directory.Path, qvm::ProgramFiles_Of(places.Executable), boxes));
-    qvm::ui::Danach next = qvm::ui::Danach::Wirklich;
+    qvm::ui::Danach next =
+        line.isSet(building) ? TheBuilding(platform.World(), directory.Path) : qvm::ui::Danach::Wirklich;
     for (bool first = true; next != qvm::ui::Danach::Ende; first = false) {
         qvm::ui::Sitzung session(platform, boxes, directory.Path, next);
         const qvm::StartResult start = session.Starten(first);

@@ -30,7 +30,7 @@ namespace {
 constexpr int BrandSize = 60, MainIconSize = 32, PageMargin = 18, StatusMargin = 8;
 constexpr const char *CalendarMenu = "F2_Kalend", *ClockMenu = "F2_Schaltuhr";
 constexpr int StripMargin = 6;
-constexpr QRgb StripGround = 0xFFFFB000; ///< amber, under black letters in all palettes
+constexpr QRgb StripGround = qRgb(255, 176, 0); ///< amber, under black letters in all palettes
 constexpr int WidestBar = 50;            ///< in heights of a line: 800 points with letters of usual size
 constexpr qreal SmallCaption = 0.85;     ///< of the font
 
@@ -193,7 +193,7 @@ QWidget* F2Window::makeStrip() {
     strip->setAutoFillBackground(true);
     strip->setMargin(StripMargin);
     QPalette colours = strip->palette();
-    colours.setColor(QPalette::Window, QColor(StripGround));
+    colours.setColor(QPalette::Window, QColor::fromRgb(StripGround));
     colours.setColor(QPalette::WindowText, Qt::black);
     strip->setPalette(colours);
     enlarge(strip, 1.1, true);

@@ -18,6 +18,9 @@ struct Bestand {
     Anzahl Personen;
     Anzahl Schloesser;
     Anzahl Kanalwechsel; ///< locks that must still change their radio channel
+
+    /// There are neither people nor locks.
+    bool Leer() const { return Personen.Wert == 0 && Schloesser.Wert == 0; }
 };
 
 /// A history file, as a menu offers it.

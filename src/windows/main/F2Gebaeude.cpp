@@ -26,7 +26,7 @@ void F2::F2_Gebaeude_Click() {
         return;
     }
     Uebersicht_Lesen();
-    const bool empty = bestand_.Personen.Wert == 0 && bestand_.Schloesser.Wert == 0;
+    const bool empty = bestand_.Leer();
     const std::string what = Wort(kern, empty ? Word::BuildingAskEmpty : Word::BuildingAskStart);
     if (kern.Meldung(what + "\r\n\r\n" + Wort(kern, Word::BuildingQuestion), Buttons::YesNo, Icon::Question,
                      Wort(kern, Word::BuildingEntry)) == Answer::Yes) {
