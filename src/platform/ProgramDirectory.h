@@ -6,10 +6,10 @@ namespace qvm {
 
 /// Where the program's directory may be. UTF-8; empty: there is none.
 struct ProgramPlaces {
-    std::string Named;       ///< on the command line
-    std::string Environment; ///< QVM_DIR
-    std::string Executable;  ///< the folder of the executable
-    std::string UserData;    ///< the user's folder for the data of programs
+    std::string Named{};       ///< on the command line
+    std::string Environment{}; ///< QVM_DIR
+    std::string Executable{};  ///< the folder of the executable
+    std::string UserData{};    ///< the user's folder for the data of programs
 };
 
 /// Those of this process, whose QCoreApplication exists.

@@ -62,7 +62,7 @@ TEST_P(Window_Size, the_main_window_takes_no_more_than_800_points_of_width) {
             EXPECT_LE(window.width(), MainWidth * Percent() / 100);
         }
     });
-    EXPECT_EQ(seen, 3);
+    EXPECT_EQ(seen, 4);
 }
 
 INSTANTIATE_TEST_SUITE_P(LanguagesAndLetters, Window_Size,

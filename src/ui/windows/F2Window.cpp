@@ -29,10 +29,10 @@ namespace {
 
 constexpr int BrandSize = 60, MainIconSize = 32, PageMargin = 18, StatusMargin = 8;
 constexpr const char *CalendarMenu = "F2_Kalend", *ClockMenu = "F2_Schaltuhr";
-constexpr int StripMargin = 6;
+constexpr int StripMargin = 2;
 constexpr QRgb StripGround = qRgb(255, 176, 0); ///< amber, under black letters in all palettes
-constexpr int WidestBar = 50;            ///< in heights of a line: 800 points with letters of usual size
-constexpr qreal SmallCaption = 0.85;     ///< of the font
+constexpr int WidestBar = 50;                   ///< in heights of a line: 800 points with letters of usual size
+constexpr qreal SmallCaption = 0.85;            ///< of the font
 
 QAction* addEntry(QMenu* menu, MenuEntry& entry, const char* name, std::function<void()> onClick) {
     return addMenuEntry(menu, entry, QStringLiteral("F2.") + QLatin1String(name), std::move(onClick));
@@ -167,12 +167,12 @@ QWidget* F2Window::makePage() {
     texts->addStretch();
     texts->addWidget(name);
     texts->addWidget(version_);
+    texts->addWidget(makeStrip()); // in its place: a small screen has no room for both
     texts->addStretch();
     auto* brand = new QHBoxLayout;
     brand->setSpacing(PageMargin * 2 / 3);
     brand->addWidget(picture);
     brand->addLayout(texts, 1);
-    rows->addWidget(makeStrip());
     rows->addLayout(brand);
     rows->addWidget(new OverviewCard(f2_, page));
     rows->addLayout(makeLinkRow());
@@ -187,6 +187,7 @@ QWidget* F2Window::makeStrip() {
         strip->setText(toQt(f2_.Gebaeudezeile.Text()));
         strip->setAccessibleName(strip->text());
         strip->setVisible(!strip->text().isEmpty());
+        version_->setVisible(strip->text().isEmpty());
     });
     strip->setAlignment(Qt::AlignCenter);
     strip->setBackgroundRole(QPalette::Window); // that of the page would stay its own
@@ -196,7 +197,7 @@ QWidget* F2Window::makeStrip() {
     colours.setColor(QPalette::Window, QColor::fromRgb(StripGround));
     colours.setColor(QPalette::WindowText, Qt::black);
     strip->setPalette(colours);
-    enlarge(strip, 1.1, true);
+    enlarge(strip, 1, true);
     return strip;
 }
 

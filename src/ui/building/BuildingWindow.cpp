@@ -101,11 +101,12 @@ QGroupBox* BuildingWindow::makeDesk() {
     bind(model_.Sachen, things, controlName("Sachen"));
     things->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     things_ = things;
+    QPushButton* hold = button(model_.Auflegen, "Auflegen", [this] { model_.Auflegen_Click(); });
     auto* card = new QCheckBox(group);
     bind(model_.Karte, card, controlName("Karte"), [this](bool on) { model_.Karte_Click(on); });
     auto* row = new QHBoxLayout(group);
     row->addWidget(things);
-    row->addWidget(button(model_.Auflegen, "Auflegen", [this] { model_.Auflegen_Click(); }));
+    row->addWidget(hold);
     row->addStretch();
     row->addWidget(card);
     return group;
