@@ -21,7 +21,7 @@
 namespace qvm::ui {
 namespace {
 
-constexpr int LeastWidth = 720, LeastHeight = 400, FirstWidth = 860, FirstHeight = 470, CodeWidth = 120;
+constexpr int LeastWidth = 720, LeastHeight = 400, FirstWidth = 860, FirstHeight = 470, CodeWidth = 100;
 
 QString controlName(const char* name) {
     return QStringLiteral("Gebaeude.") + QLatin1String(name);
