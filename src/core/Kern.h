@@ -24,7 +24,7 @@ struct Kern {
 
     Platform& Welt;
     bool ImGebaeude = false; ///< the world is a virtual building, in which nothing is real
-    std::string AppPath; ///< the program's directory with a trailing separator
+    std::string AppPath;     ///< the program's directory with a trailing separator
     GlobaleVariablen Globals;
     Konfiguration Config;
     Sprachkatalog Sprache;

@@ -14,7 +14,8 @@ namespace {
 using namespace test;
 using testing::HasSubstr;
 
-constexpr const char* Groups = R"({"format":"qvm7702-export","version":1,"tables":{"LockEmiRecord":[{"record":1,"Emi":"X"}]}})";
+constexpr const char* Groups =
+    R"({"format":"qvm7702-export","version":1,"tables":{"LockEmiRecord":[{"record":1,"Emi":"X"}]}})";
 constexpr const char* EmiFile = "DAT/LSOEMIPART.LMT";
 
 /// A home and an environment of its own.

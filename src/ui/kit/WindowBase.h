@@ -33,8 +33,8 @@ enum class Stand {
 };
 
 /// What every window but the main window starts from: icon, binding, an optional tool bar over a content area, a button
-/// that Return presses, and F1, which opens the manual at the window's chapter. Windows are never deleted while the program runs, only hidden: their handlers may be on
-/// the stack when they close.
+/// that Return presses, and F1, which opens the manual at the window's chapter. Windows are never deleted while the
+/// program runs, only hidden: their handlers may be on the stack when they close.
 class WindowBase : public QWidget {
     Q_OBJECT
 

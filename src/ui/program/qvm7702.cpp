@@ -1,7 +1,7 @@
 #include "Bestandslese.h"
 #include "ClearStyle.h"
-#include "FileDialogs.h"
 #include "F1.h"
+#include "FileDialogs.h"
 #include "FrontWindow.h"
 #include "Messages.h"
 #include "ProcessGuard.h"
