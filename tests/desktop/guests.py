@@ -1,5 +1,6 @@
 """From the times of the guests to a guest's card, for the tests of the built program: once with each hand."""
 import json
+import os
 from datetime import date, timedelta
 
 from accessible_hand import AccessibleHand
@@ -77,8 +78,10 @@ class GuestTests:
         hand.pick_date("Valid from :", self.first)
         hand.pick_date("Valid until :", self.last)
         hand.press("Save")
-        wait_for("the permanent doors are saved",
-                 lambda: self.contents(PERMANENT_FILE) == permanent_file([serial_of(DOORS[0]), serial_of(DOORS[1])]))
+        wanted = permanent_file([serial_of(DOORS[0]), serial_of(DOORS[1])])
+        wait_for("the permanent doors are saved",  # into a file that there may not be before
+                 lambda: os.path.exists(self.house.place + "DAT/" + PERMANENT_FILE)
+                 and self.contents(PERMANENT_FILE) == wanted)
         hand.press("Write card")
         self.program.wait(LABEL, r"The guest card has been written\.")
         hand.press("OK")
