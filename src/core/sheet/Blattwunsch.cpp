@@ -49,7 +49,8 @@ Blattschritt& Blattschreiber::Schritt(Blattart kind, const Blattwunsch& wish, in
     step.Row = wish.Row;
     step.Column = column;
     step.Who = who_;
-    if (const auto found = sheet_.Headings.find(column); found != sheet_.Headings.end()) {
+    // Column 0 would be that of the numbers.
+    if (const auto found = sheet_.Headings.find(column); column != 0 && found != sheet_.Headings.end()) {
         step.Heading = found->second;
     }
     return plan_.Steps.emplace_back(std::move(step));
