@@ -127,13 +127,13 @@ void Gebaeude::Uhr_Stellen(std::size_t lock, int minutes) {
 }
 
 DoorTry Gebaeude::Code_Eingeben(std::size_t lock, std::string_view digits) {
-    const DoorTry result = Door_Code(system_->World().Locks.at(lock), digits, Uhr(lock));
+    DoorTry result = Door_Code(system_->World().Locks.at(lock), digits, Uhr(lock));
     Melden();
     return result;
 }
 
 DoorTry Gebaeude::Key_Vorhalten(std::size_t lock, std::span<const std::uint8_t> id) {
-    const DoorTry result = Door_Key(system_->World().Locks.at(lock), id, Uhr(lock));
+    DoorTry result = Door_Key(system_->World().Locks.at(lock), id, Uhr(lock));
     Melden();
     return result;
 }

@@ -81,6 +81,7 @@ void GebaeudeFenster::Listen_Fuellen() {
     }
     Uhr.Entries = clocks;
     std::vector<std::string> things;
+    things.reserve(NewWords.size() + keys_.size());
     for (const auto word : NewWords) {
         things.push_back(Wort(kern, word));
     }

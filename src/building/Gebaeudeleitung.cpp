@@ -75,10 +75,10 @@ void Gebaeudeleitung::Nach(int ms, std::function<void()> action) {
     auto timer = std::make_shared<TimerId>();
     waiting_.push_back(timer);
     *timer = world_.StartTimer(std::max(ms, 1), [this, timer, action = std::move(action)] {
-        const auto keep = timer; // what stops the timer may take this function with it
-        const auto act = action;
-        world_.StopTimer(*keep);
-        std::erase(waiting_, keep);
+        const TimerId id = *timer;
+        const auto act = action; // what stops the timer may take this function with it
+        std::erase(waiting_, timer);
+        world_.StopTimer(id);
         act();
     });
 }

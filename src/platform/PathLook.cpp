@@ -61,9 +61,11 @@ void LookInside(PcFacts& facts, const std::string& directory, const std::string&
          entry.increment(none)) {
         const std::string name = entry->path().filename().string();
         if (!name.starts_with('.')) {
-            const PathFacts found = LookAtPath(facts, directory + folder + "/" + name);
+            std::string path = folder;
+            path.append("/").append(name);
+            const PathFacts found = LookAtPath(facts, directory + path);
             if (folder == "DAT") {
-                facts.Paths[folder + "/" + name] = found;
+                facts.Paths[path] = found;
             }
         }
     }

@@ -117,7 +117,8 @@ void LookAtServices(PcFacts& facts) {
         const bool process = number.find_first_not_of("0123456789") == std::string::npos;
         const std::string name = process ? Process_Name(number) : std::string();
         if (PortHolder_IsService(name)) {
-            facts.Services.push_back(name + " (" + number + ")");
+            facts.Services.push_back(name);
+            facts.Services.back().append(" (").append(number).append(")");
         }
     }
     std::sort(facts.Services.begin(), facts.Services.end());

@@ -31,7 +31,7 @@ void Uhren(Kern& kern) {
     for (const SlotRange& range : {PersonSlots, LockSlots}) {
         Grid slots(range.Count + 1, SlotColumn::Count);
         Zeitfenster_Normalisieren(kern, slots);
-        Verlangen(Zeitfenster_Laden(kern, slots, range));
+        Verlangen(Zeitfenster_Laden(kern, slots, range).Read);
         Zeitfenster_EndePruefen(slots.Text(1, SlotColumn::From), slots.Text(1, SlotColumn::To));
         Verlangen(Zeitfenster_Speichern(kern, slots, range));
         PersonGruppen_Laden(kern, table);

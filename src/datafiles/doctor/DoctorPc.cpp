@@ -10,7 +10,7 @@ constexpr int EarliestYear = 2024;
 /// A lock knows two digits of the year.
 constexpr int LatestYear = 2099;
 
-constexpr std::uint64_t MegaByte = 1024U * 1024U;
+constexpr std::uint64_t MegaByte = 1048576;
 /// Below it a save may fail; below the other one it may do so soon.
 constexpr std::uint64_t LeastFree = 10 * MegaByte, LittleFree = 200 * MegaByte;
 
@@ -20,7 +20,7 @@ std::string Moment_Text(const DateTime& moment) {
 
 DoctorLine Uhr(const PcFacts& facts) {
     DoctorLine line{.Check = "clock", .Proof = Moment_Text(facts.Now)};
-    constexpr std::int64_t day = 24 * 60 * 60;
+    constexpr std::int64_t day = 86400; // seconds
     const bool outside = facts.Now.Year < EarliestYear || facts.Now.Year > LatestYear;
     // A day is left for a zone that was changed.
     const bool back = facts.Newest && Sekunden_Seit_2000(*facts.Newest) > Sekunden_Seit_2000(facts.Now) + day;
