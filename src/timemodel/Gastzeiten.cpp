@@ -136,21 +136,21 @@ bool Auswahl_Laden(const Kern& kern, GuestSelection& selection) {
     return true;
 }
 
-bool Gastslots_Laden(const Kern& kern, GuestSlots& slots) {
+SlotLoad Gastslots_Laden(const Kern& kern, GuestSlots& slots) {
     RecordFile file(TimeSlot::Record);
     if (file.Laden(kern.Welt.Files, kern.DatPfad()) == ReadStatus::Error) {
-        return false;
+        return {};
     }
     slots = {};
     for (int n = 0; n < GuestSlotRows && PersonSlots.First + n <= file.Count(); ++n) {
         const int record = PersonSlots.First + n;
         const int day = Feld_Byte(file.Record(record), TimeSlot::DayIndex);
         if (day > LetzterWochentag) {
-            break;
+            return {.Read = true, .Damaged = record};
         }
         slots[static_cast<std::size_t>(n)] = {day, file.Text(record, TimeSlot::From), file.Text(record, TimeSlot::To)};
     }
-    return true;
+    return {.Read = true};
 }
 
 bool Gastzeiten_Speichern(Kern& kern, const DefaultTimes& times, const Grid& offsets, const GuestSelection& selection) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Grid.h"
+#include "Zeitfenster.h"
 
 #include <array>
 #include <cstdint>
@@ -63,9 +64,9 @@ bool OffsetSetup_Laden(const Kern& kern, DefaultTimes& times);
 /// the file lacks select nothing. False on a file error.
 bool Auswahl_Laden(const Kern& kern, GuestSelection& selection);
 
-/// The first eight person slots of TX33Y98BSG9.TBW; switched off where the file holds none, or a day that does not
-/// exist. The file is not created. False on a file error: they stay as they are.
-bool Gastslots_Laden(const Kern& kern, GuestSlots& slots);
+/// The first eight person slots of TX33Y98BSG9.TBW; switched off where the file holds none, and from a record on whose
+/// day does not exist. The file is not created. On a file error they stay as they are.
+SlotLoad Gastslots_Laden(const Kern& kern, GuestSlots& slots);
 
 /// Writes default times, offsets and selection, in this order, all or nothing. Line 1 of both text files is today's
 /// date, which nobody reads. Names are cut to 20 characters. False on a file error: the files are as they were.

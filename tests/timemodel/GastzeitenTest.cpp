@@ -140,7 +140,9 @@ TEST_F(Gastzeiten, are_switched_off_from_a_day_on_that_does_not_exist) {
                   "\x02"
                   "08:0009:00";
     GuestSlots slots;
-    ASSERT_TRUE(Gastslots_Laden(kern, slots));
+    const SlotLoad load = Gastslots_Laden(kern, slots);
+    EXPECT_TRUE(load.Read);
+    EXPECT_EQ(load.Damaged, 2);
     EXPECT_EQ(slots[0].Day, 1);
     EXPECT_EQ(slots[1].Day, 0);
     EXPECT_EQ(slots[2].Day, 0);

@@ -397,6 +397,33 @@ TEST_F(F42_Fenster, saves_nothing_over_a_file_that_it_could_not_read) {
     }
 }
 
+TEST_F(F42_Fenster, tells_of_slots_that_cannot_be_believed_and_shows_none_for_off) {
+    world.Disk.Files[SlotFile] = "\x01"
+                                 "08:0009:00"
+                                 "\x7F"
+                                 "10:0011:00"
+                                 "\x02"
+                                 "12:0013:00";
+    const std::string before = world.Disk.Files[SlotFile];
+    world.Answers.push_back({.Text = "*"});
+    Open();
+    EXPECT_THAT(world.Answers, IsEmpty());
+    EXPECT_THAT(world.Shown.back().Text, ::testing::HasSubstr("TX33Y98BSG9.TBW"));
+    const auto row = [&](int n) {
+        return Window().FGK42B.Text(n, 1) + "|" + Window().FGK42B.Text(n, 2) + "|" + Window().FGK42B.Text(n, 3);
+    };
+    EXPECT_NE(row(1).find("|08:00|09:00"), std::string::npos);
+    EXPECT_EQ(row(2), "?||");
+    EXPECT_EQ(row(3), "?||");
+    EXPECT_EQ(row(8), "?||");
+    Save();
+    EXPECT_EQ(world.Disk.Files[SlotFile], before);
+    world.Disk.Files[SlotFile][11] = '\x02';
+    Back();
+    Open();
+    EXPECT_NE(row(3).find("|12:00|13:00"), std::string::npos);
+}
+
 TEST_F(F42_Fenster, shows_its_slots_in_the_language_that_was_chosen) {
     Open();
     programm->kern.Sprache.TagTexte[8] = "Lundi - Vendredi";

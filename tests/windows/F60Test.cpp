@@ -104,6 +104,25 @@ TEST_F(F60_Karten, takes_marks_back_one_at_a_time_and_asks_for_what_that_changes
     EXPECT_EQ(Cell(1, CardColumn::Mark), "");
 }
 
+TEST_F(F60_Karten, leaving_asks_nothing_when_undo_has_led_back_to_what_the_file_holds) {
+    world.Disk.Files[Perm] = "05.03.2026\r\n00.0A.10.04\r\nENDE\r\n";
+    Open();
+    Window().FGK60_Click(2, CardColumn::Mark);
+    Window().FGK60_Click(2, CardColumn::Mark); // "P"
+    Window().FGK60_Click(4, CardColumn::Mark); // none
+    EXPECT_TRUE(Window().Geaendert);
+    Window().Undo_Click();
+    EXPECT_TRUE(Window().Geaendert) << "door 2";
+    Window().Undo_Click();
+    EXPECT_FALSE(Window().Geaendert);
+    Window().Redo_Click();
+    EXPECT_TRUE(Window().Geaendert);
+    Window().Undo_Click();
+    Window().Schliessen();
+    EXPECT_FALSE(Window().Fenster.Visible);
+    EXPECT_TRUE(world.Shown.empty());
+}
+
 TEST_F(F60_Karten, permanent_doors_are_kept_byte_by_byte_and_come_back) {
     Open();
     Mark(2, "P");

@@ -3,6 +3,7 @@
 #include "Eingabe.h"
 #include "FileTrouble.h"
 #include "Fragen.h"
+#include "TimeRecords.h"
 #include "UndoMenu.h"
 #include "Zeit.h"
 
@@ -50,6 +51,11 @@ void F42::F42_FormLaden() {
     Fenster.Visible = true; // last, as the window's first size goes by its contents
     if (unread_) {
         kern.Meldung(Wort(kern, Word::GuestTimesUnread), Buttons::Ok, Icon::Exclamation);
+    } else if (firstUnknown_ > 0) {
+        const FileTrouble trouble{.File = std::string(TimeSlot::Record.File),
+                                  .Damage = FileDamage::BadRecord,
+                                  .Number = PersonSlots.First + firstUnknown_ - 1};
+        kern.Meldung(Wort(kern, Word::FileNotRead, {FileTrouble_Text(kern, trouble)}), Buttons::Ok, Icon::Exclamation);
     }
 }
 
@@ -61,9 +67,10 @@ void F42::Laden() {
     slots_ = {};
     const bool offsets = Offsets_Laden(kern, FGK42);
     const bool setup = OffsetSetup_Laden(kern, times);
-    const bool slots = Gastslots_Laden(kern, slots_);
+    const SlotLoad slots = Gastslots_Laden(kern, slots_);
     const bool selected = Auswahl_Laden(kern, selection);
     unread_ = !offsets || !setup || !slots || !selected;
+    firstUnknown_ = slots.Damaged == 0 ? 0 : slots.Damaged - PersonSlots.First + 1;
     for (TextBox* box : {&Text1, &Text2}) {
         box->MaxLength = static_cast<int>(MidnightText.size());
         box->Text = box == &Text1 ? times.CheckIn : times.CheckOut;

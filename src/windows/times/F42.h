@@ -64,7 +64,8 @@ struct F42 {
 
     std::function<void()> Menue_Zeigen; ///< opens M_FGK42 over the current cell
 
-    /// Loads everything and shows the window. What cannot be read is told, and nothing is saved then.
+    /// Loads everything and shows the window. What cannot be read is told, and nothing is saved then; a damaged record
+    /// of the slots is told, and those from it on are shown as "?".
     void F42_FormLaden();
     /// Words from the catalogue anew.
     void Texte_Setzen();
@@ -137,6 +138,7 @@ private:
     Grid kept_{OffsetRows + GuestSlotRows, OffsetFields}; ///< offsets and marks, one below the other
     GridUndo steps_{kept_};
     bool unread_ = false;      ///< what is shown is not what stands on the disk
+    int firstUnknown_ = 0;     ///< slot from which on the file cannot be believed, from 1; 0: none
     int row_ = 0, column_ = 0; ///< the cell under an editor or the list
     GuestSlots slots_;
     Listener words_ = Worte_Folgen(*this);

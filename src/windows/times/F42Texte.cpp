@@ -44,9 +44,10 @@ void F42::Texte_Setzen() {
 void F42::Slots_Zeigen() {
     for (int row = 1; row <= GuestSlotRows; ++row) {
         const GuestSlot& slot = slots_[static_cast<std::size_t>(row) - 1];
-        FGK42B.SetText(row, GuestSlotColumn::Day, Wochentag_Text(kern, slot.Day));
-        FGK42B.SetText(row, GuestSlotColumn::From, slot.From);
-        FGK42B.SetText(row, GuestSlotColumn::To, slot.To);
+        const bool known = firstUnknown_ == 0 || row < firstUnknown_;
+        FGK42B.SetText(row, GuestSlotColumn::Day, known ? Wochentag_Text(kern, slot.Day) : "?");
+        FGK42B.SetText(row, GuestSlotColumn::From, known ? slot.From : "");
+        FGK42B.SetText(row, GuestSlotColumn::To, known ? slot.To : "");
     }
     Woche_Zeigen();
 }

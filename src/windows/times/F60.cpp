@@ -39,7 +39,7 @@ void F60::F60_FormLaden() {
     Text2.Text = standard_[1];
     Text1.Caret = 0;
     Text2.Caret = 0;
-    Geaendert = false;
+    Gespeichert();
     Schritte_Vergessen();
     Auswahl.Go(FirstRow, CardColumn::Mark);
     Texte_Setzen();
@@ -114,24 +114,30 @@ void F60::Schritt_Gehen(std::optional<UndoStep> (GridUndo::*way)(), Word told) {
     if (!Fenster.Enabled || Schreibt()) {
         return;
     }
-    const int before = Dauertueren();
     const auto step = (steps_.*way)();
     if (!step) {
         return;
     }
-    Geaendert = Geaendert || Dauertueren() != before; // a step is of one door, and single doors are not kept
+    Geaendert = Dauertueren() != saved_;
     Auswahl.Go(step->Row, CardColumn::Mark);
     Stand_Zeigen();
     Schritte_Zeigen(kern, steps_, Rueckgaengig, Wiederholen);
     Hinweis.Text = Schritt_Meldung(kern, told, *step);
 }
 
-int F60::Dauertueren() const {
-    int count = 0;
+std::vector<int> F60::Dauertueren() const {
+    std::vector<int> rows;
     for (int row = FirstRow; row <= LastRow; ++row) {
-        count += FGK60.Text(row, CardColumn::Mark) == DoorMark::Permanent ? 1 : 0;
+        if (FGK60.Text(row, CardColumn::Mark) == DoorMark::Permanent) {
+            rows.push_back(row);
+        }
     }
-    return count;
+    return rows;
+}
+
+void F60::Gespeichert() {
+    saved_ = Dauertueren();
+    Geaendert = false;
 }
 
 void F60::Schritte_Vergessen() {

@@ -198,7 +198,8 @@ private:
     void Markieren(int row, std::string_view mark);
     void Schritt_Gehen(std::optional<UndoStep> (GridUndo::*way)(), Word told);
     void Schritte_Vergessen();
-    int Dauertueren() const; ///< how many permanent doors are marked
+    std::vector<int> Dauertueren() const; ///< rows of the doors that are marked as permanent
+    void Gespeichert();
     void Tag_Waehlen(Observed<Datum>& which, const Datum& day);
     void Zeit_Tippen(TextBox& box, int key, bool goesOn);
     void Stand_Zeigen();
@@ -208,6 +209,7 @@ private:
     std::array<KartenOffset, KartenOffsets> offsets_;
     std::array<std::string, KartenOffsets> offsetNames_;
     std::array<std::string, 2> standard_; ///< DefaultZeit1, DefaultZeit2
+    std::vector<int> saved_;              ///< permanent doors as the file has them
     std::uint8_t slotMask_ = 0;
     bool unread_ = false; ///< what is shown is not what stands on the disk
     GastKarte card_;      ///< being written

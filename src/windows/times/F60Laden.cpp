@@ -143,16 +143,14 @@ bool F60::PermSelect_Speichern() {
         return false;
     }
     std::vector<std::string> serials;
-    for (int row = FirstRow; row <= LastRow; ++row) {
-        if (FGK60.Text(row, CardColumn::Mark) == DoorMark::Permanent) {
-            serials.emplace_back(Trim(FGK60.Text(row, CardColumn::Serial)));
-        }
+    for (const int row : Dauertueren()) {
+        serials.emplace_back(Trim(FGK60.Text(row, CardColumn::Serial)));
     }
     if (!qvm::PermSelect_Speichern(kern, serials)) {
         kern.Meldung(Wort(kern, Word::PermNotSaved), Buttons::Ok, Icon::Exclamation);
         return false;
     }
-    Geaendert = false;
+    Gespeichert();
     return true;
 }
 
