@@ -28,10 +28,11 @@ struct PortFacts {
     bool LeftAlone = false;         ///< the system tells its modem service to leave it alone
     bool TimerTold = false;         ///< LatencyMs can be relied on
     std::optional<int> LatencyMs{}; ///< how long its converter holds bytes back; nothing: it has no such timer
-    std::string LatencyFile{};      ///< where that is set
-    bool Asked = false;             ///< it was asked who it is
-    std::optional<int> Version{};   ///< of the adapter that answered; 0: it does not tell
-    std::string AdapterName{};      ///< code page 1252
+    bool Opened = false;          ///< the program has opened it, and asked for a short timer, before LatencyMs was read
+    std::string LatencyFile{};    ///< where that is set
+    bool Asked = false;           ///< it was asked who it is
+    std::optional<int> Version{}; ///< of the adapter that answered; 0: it does not tell
+    std::string AdapterName{};    ///< code page 1252
 };
 
 /// A file or directory.
@@ -55,6 +56,7 @@ struct PcFacts {
     std::vector<std::string> Services{}; ///< "ModemManager (812)", services that open new serial ports
     DateTime Now{};
     std::optional<DateTime> Newest{};         ///< when a file of the data or history directory was changed last
+    std::string NewestFile{};                 ///< which one that is, "DAT/NAME"
     std::string Zone{};                       ///< "Europe/Berlin"
     bool ZoneThere = false;                   ///< the PC has the rules of that zone
     std::optional<std::uint64_t> FreeBytes{}; ///< for the user, where the data files lie

@@ -3,7 +3,6 @@
 #include "FileHandle.h"
 #include "PcLook.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <cstdint>
 #include <cstdlib>
@@ -35,14 +34,18 @@ DateTime LocalTime(std::time_t moment) {
             .Second = local.tm_sec};
 }
 
-PathFacts LookAtPath(PcFacts& facts, const std::string& path) {
+/// `name`: the path behind the program's directory.
+PathFacts LookAtPath(PcFacts& facts, const std::string& path, const std::string& name) {
     struct stat info {};
     if (::stat(path.c_str(), &info) != 0) {
         return {.Told = errno == ENOENT || errno == ENOTDIR};
     }
     if (S_ISREG(info.st_mode)) {
         const DateTime changed = LocalTime(info.st_mtim.tv_sec);
-        facts.Newest = facts.Newest ? std::max(*facts.Newest, changed) : changed;
+        if (!facts.Newest || *facts.Newest < changed) {
+            facts.Newest = changed;
+            facts.NewestFile = name;
+        }
     }
     const bool directory = S_ISDIR(info.st_mode);
     return {.There = true,
@@ -55,7 +58,7 @@ PathFacts LookAtPath(PcFacts& facts, const std::string& path) {
 }
 
 void LookInside(PcFacts& facts, const std::string& directory, const std::string& folder) {
-    facts.Paths[folder] = LookAtPath(facts, directory + folder);
+    facts.Paths[folder] = LookAtPath(facts, directory + folder, folder);
     std::error_code none;
     for (std::filesystem::directory_iterator entry(directory + folder, none), end; !none && entry != end;
          entry.increment(none)) {
@@ -63,7 +66,7 @@ void LookInside(PcFacts& facts, const std::string& directory, const std::string&
         if (!name.starts_with('.')) {
             std::string path = folder;
             path.append("/").append(name);
-            const PathFacts found = LookAtPath(facts, directory + path);
+            const PathFacts found = LookAtPath(facts, directory + path, path);
             if (folder == "DAT") {
                 facts.Paths[path] = found;
             }

@@ -60,11 +60,10 @@ bool ToldToLeave(const struct stat& device) {
            known.find("E:ID_MM_PORT_IGNORE=1") != std::string::npos;
 }
 
-void LookAtTimer(PortFacts& port, const std::string& target) {
+void ReadTimer(PortFacts& port) {
     struct stat info {};
-    const std::string name = target.substr(target.rfind('/') + 1);
     port.TimerTold = ::stat("/sys/class/tty", &info) == 0;
-    port.LatencyFile = "/sys/class/tty/" + name + "/device/latency_timer";
+    port.LatencyMs.reset();
     if (::stat(port.LatencyFile.c_str(), &info) != 0) {
         return;
     }
@@ -75,6 +74,11 @@ void LookAtTimer(PortFacts& port, const std::string& target) {
     if (number) {
         port.LatencyMs = value;
     }
+}
+
+void LookAtTimer(PortFacts& port, const std::string& target) {
+    port.LatencyFile = "/sys/class/tty/" + target.substr(target.rfind('/') + 1) + "/device/latency_timer";
+    ReadTimer(port);
 }
 
 PortFacts LookAtPort(const PortNumbers& numbers, int number, const std::string& user) {
@@ -156,6 +160,11 @@ PcFacts PcFacts_Look(const std::string& directory, const std::optional<std::stri
     facts.Now = Clock_Now();
     PathFacts_Look(facts, directory);
     return facts;
+}
+
+void Latency_LookAgain(PortFacts& port) {
+    port.Opened = true;
+    ReadTimer(port);
 }
 
 std::string Latency_Shorten(const std::string& file) {

@@ -18,6 +18,9 @@ PcFacts PcFacts_Look(const std::string& directory, const std::optional<std::stri
 /// alone what belongs to another user. Empty when done, else why not, in the system's words.
 std::string Path_Permit(const std::string& path, unsigned more, unsigned less);
 
+/// Takes down the latency timer of a port that the program has opened meanwhile, which asks for a short one.
+void Latency_LookAgain(PortFacts& port);
+
 /// Sets the latency timer at `file` to 1 ms. Empty when done, else why not, in the system's words.
 std::string Latency_Shorten(const std::string& file);
 

@@ -18,8 +18,9 @@ struct Adapter_Fragen_ : testing::Test {
 
     void Ask() {
         Programm program(world.World, "app/");
-        Adapter_Fragen(program, Shown, Port);
+        Adapter_Fragen(program, Shown, Port, [this] { return Interrupts; });
     }
+    int Interrupts = 0;
 };
 
 TEST_F(Adapter_Fragen_, tells_the_adapter_that_answers_and_closes_the_port) {
@@ -51,6 +52,16 @@ TEST_F(Adapter_Fragen_, tells_silence_from_a_port_that_could_not_be_had) {
     EXPECT_FALSE(Port.Asked);
     EXPECT_TRUE(Port.Held);
     EXPECT_EQ(Port.Refusal, "com3 is in use by another program. Close that program and try again.");
+}
+
+TEST_F(Adapter_Fragen_, ends_at_once_when_it_is_interrupted_with_the_line_off) {
+    Interrupts = 1;
+    const std::int64_t before = world.World.Milliseconds();
+    Ask();
+    EXPECT_LE(world.World.Milliseconds() - before, 200) << "not after the four seconds of the first try";
+    EXPECT_FALSE(Port.Version.has_value());
+    EXPECT_FALSE(world.PortOpen);
+    EXPECT_FALSE(world.Rts);
 }
 
 TEST_F(Adapter_Fragen_, opens_no_port_that_another_program_has_or_that_it_may_not_use) {

@@ -2,6 +2,7 @@
 
 #include "VirtualLocks.h"
 
+#include <csignal>
 #include <fcntl.h>
 #include <filesystem>
 #include <gmock/gmock.h>
@@ -108,6 +109,20 @@ TEST_F(Binary_Doctor, does_not_open_a_port_that_another_one_has) {
     ::close(port);
     EXPECT_EQ(Line(Document(), "holder")["verdict"], "good");
     Locks.Stop();
+}
+
+TEST_F(Binary_Doctor, ends_cleanly_at_ctrl_c_while_a_silent_adapter_is_asked) {
+    Locks.Start({"--fault", "silent@#0+"});
+    std::filesystem::remove(At("HIST"));
+    const auto run = std::make_unique<Process>(QvmctlPath(), Locks.Here({"--json", "doctor", "--fix", "--yes"}));
+    ASSERT_TRUE(run->WaitFor("try 1 of 4"));
+    run->Signal(SIGINT);
+    const RunResult result = run->Wait(10);
+    EXPECT_EQ(result.Code, 3) << result.Err;
+    EXPECT_THAT(result.Err, HasSubstr("Cancelled while the adapter was asked"));
+    EXPECT_EQ(result.Err.find("try 2"), std::string::npos);
+    EXPECT_EQ(DoctorDocument::parse(result.Out)["exit"], 3);
+    EXPECT_FALSE(Locks.Directory.Has("HIST")) << "nothing was mended";
 }
 
 TEST_F(Binary_Doctor, tells_a_port_that_is_none) {

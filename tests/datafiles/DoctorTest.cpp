@@ -176,6 +176,11 @@ TEST_F(Doctor, names_services_that_take_new_ports) {
 
 TEST_F(Doctor, names_a_long_latency_timer_and_can_shorten_it) {
     Port().LatencyMs = 16;
+    EXPECT_EQ(Bad(), "") << "each converter has that before the program opens the port and shortens it";
+    Port().Opened = true;
+    Port().LatencyMs = 4;
+    EXPECT_EQ(Bad(), "");
+    Port().LatencyMs = 16;
     EXPECT_EQ(Bad(), "note latency /dev/ttyUSB0: 16 ms: each reply can come so much later > Run: echo 1 | sudo tee "
                      "/sys/t\n");
     EXPECT_EQ(FixOf("/dev/ttyUSB0"), (DoctorFix{.What = DoctorFix::Kind::ShortLatency, .Path = "/sys/t"}));
@@ -208,7 +213,8 @@ TEST_F(Doctor, names_a_clock_that_cannot_be_right) {
     EXPECT_THAT(Bad(), HasSubstr("fault clock : 05.03.2100 10:30: the year cannot be right > "));
     Facts.Now.Year = 2026;
     Facts.Newest = {.Year = 2026, .Month = 3, .Day = 6, .Hour = 10, .Minute = 31};
-    EXPECT_THAT(Bad(), HasSubstr("a data file was changed later than that, 06.03.2026 10:31 > "));
+    Facts.NewestFile = "HIST/Tor.HST";
+    EXPECT_THAT(Bad(), HasSubstr("HIST/Tor.HST was changed later than that, 06.03.2026 10:31 > "));
     Facts.Newest->Minute = 30;
     EXPECT_EQ(Bad(), "") << "a day may be another zone";
 }
@@ -257,6 +263,15 @@ TEST_F(Doctor, mends_the_rights_of_the_owner_only) {
     folder.Owner = "root";
     EXPECT_THAT(Bad(), HasSubstr("cannot be written: mode 0500, owner root > Run: sudo chown anna DAT\n"));
     EXPECT_EQ(FixOf("DAT"), DoctorFix{});
+}
+
+TEST_F(Doctor, takes_a_right_through_the_group_for_a_right) {
+    for (auto& [path, facts] : Facts.Paths) {
+        facts.Own = false;
+        facts.Owner = "berta";
+        facts.Mode = facts.Directory ? 0770 : 0660;
+    }
+    EXPECT_EQ(Bad(), "");
 }
 
 TEST_F(Doctor, names_data_files_without_right_and_those_that_all_may_read) {

@@ -6,6 +6,7 @@
 #include "TempDirectory.h"
 
 #include <algorithm>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -43,6 +44,7 @@ TEST_F(PcLook, takes_files_and_folders_down_with_their_rights) {
     EXPECT_TRUE(facts.FreeBytes.has_value());
     ASSERT_TRUE(facts.Newest.has_value());
     EXPECT_LE(*facts.Newest, facts.Now) << "it was just made";
+    EXPECT_EQ(facts.NewestFile, "DAT/A.B");
 }
 
 TEST_F(PcLook, tells_a_port_that_is_not_there_from_one_that_is_none) {
@@ -70,6 +72,30 @@ TEST_F(PcLook, gives_the_owner_his_rights_and_takes_those_of_others) {
     EXPECT_EQ(Path_Permit(file, 0066, 0), "");
     EXPECT_EQ(ModeOf(file), 0640U) << "nobody else gets a right";
     EXPECT_NE(Path_Permit(Path + "none", 0600, 0), "");
+}
+
+TEST_F(PcLook, names_the_file_that_was_changed_last) {
+    std::filesystem::create_directory(Path + "HIST");
+    std::ofstream(Path + "HIST/Tor.HST") << "bytes";
+    const auto later = std::filesystem::last_write_time(Path + "DAT/A.B") + std::chrono::hours(48);
+    std::filesystem::last_write_time(Path + "HIST/Tor.HST", later);
+    PcFacts facts = PcFacts_Look(Path, std::nullopt, {});
+    EXPECT_EQ(facts.NewestFile, "HIST/Tor.HST");
+    EXPECT_GT(*facts.Newest, facts.Now);
+    std::filesystem::last_write_time(Path + "DAT/A.B", later + std::chrono::hours(1));
+    facts = PcFacts_Look(Path, std::nullopt, {});
+    EXPECT_EQ(facts.NewestFile, "DAT/A.B");
+}
+
+TEST_F(PcLook, takes_the_latency_timer_as_it_is_behind_the_opening) {
+    PortFacts port{.LatencyMs = 16, .LatencyFile = Path + "timer"};
+    std::ofstream(Path + "timer") << "1\n";
+    Latency_LookAgain(port);
+    EXPECT_TRUE(port.Opened && port.TimerTold);
+    EXPECT_EQ(port.LatencyMs, 1);
+    std::filesystem::remove(Path + "timer");
+    Latency_LookAgain(port);
+    EXPECT_FALSE(port.LatencyMs.has_value());
 }
 
 TEST_F(PcLook, changes_no_rights_through_a_link) {

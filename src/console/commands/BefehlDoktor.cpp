@@ -1,5 +1,6 @@
 // Whether the PC is fit for the program: what was found of it, and what may be mended without a judgement.
 
+#include "AbbruchSignal.h"
 #include "AdapterKunde.h"
 #include "Befehle.h"
 #include "Doctor.h"
@@ -39,27 +40,26 @@ public:
         }
     }
 
-    /// `ask`: the adapters, too; otherwise what they answered before stays.
+    /// `ask`: the adapters, too; otherwise what they answered before stays. Nothing when that was cancelled.
     std::vector<DoctorLine> Sehen(bool ask) {
         PcFacts facts = PcFacts_Look(world_.AppPath, device_, ports_);
-        for (std::size_t n = 0; n < facts.Ports.size(); ++n) {
-            PortFacts& port = facts.Ports[n];
-            if (ask) {
-                Adapter_Fragen(program_, console_, port);
-            } else {
-                port.Asked = before_.at(n).Asked;
-                port.Held = before_.at(n).Held;
-                port.Refusal = before_.at(n).Refusal;
-                port.Version = before_.at(n).Version;
-                port.AdapterName = before_.at(n).AdapterName;
-            }
+        if (ask) {
+            Alle_Fragen(facts.Ports);
+        } else {
+            Antworten_Behalten(facts.Ports);
         }
         before_ = facts.Ports;
+        if (cancelled_) {
+            return {};
+        }
         const DataLock lock(world_.DatPfad(), DataLock::Use::Read);
         Sperre_Holen(lock, console_);
         return Doctor_Pruefen(
             facts, {.Files = world_.Welt.Files, .AppPath = world_.AppPath, .ProgramFiles = world_.Welt.ProgramFiles});
     }
+
+    /// The operator pressed Ctrl-C while the adapters were asked.
+    bool Abgebrochen() const { return cancelled_; }
 
     /// Why it could not be done, empty when it is.
     std::string Beheben(const DoctorFix& fix) const {
@@ -77,9 +77,34 @@ public:
     }
 
 private:
+    void Alle_Fragen(std::vector<PortFacts>& ports) {
+        AbbruchSignal signal; // not for longer: at the questions of --fix Ctrl-C ends the command, as usual
+        for (PortFacts& port : ports) {
+            if (!cancelled_) {
+                Adapter_Fragen(program_, console_, port, [&signal] { return signal.Anzahl(); });
+                cancelled_ = signal.Anzahl() > 0;
+            }
+            if (port.Asked) {
+                Latency_LookAgain(port);
+            }
+        }
+    }
+    void Antworten_Behalten(std::vector<PortFacts>& ports) const {
+        for (std::size_t n = 0; n < ports.size(); ++n) {
+            const PortFacts& before = before_.at(n);
+            ports[n].Asked = before.Asked;
+            ports[n].Opened = before.Opened;
+            ports[n].Held = before.Held;
+            ports[n].Refusal = before.Refusal;
+            ports[n].Version = before.Version;
+            ports[n].AdapterName = before.AdapterName;
+        }
+    }
+
     const Umgebung& world_;
     const Console& console_;
     Programm program_;
+    bool cancelled_ = false;
     std::optional<std::string> device_;
     std::vector<int> ports_;
     std::vector<PortFacts> before_;
@@ -190,6 +215,13 @@ ExitCode Urteil_Code(Verdict verdict) {
 ExitCode Befehl_Doktor(const Umgebung& world, const Console& console, const Optionen& options) {
     Doktor doctor(world, console, options.Port);
     std::vector<DoctorLine> lines = doctor.Sehen(true);
+    if (doctor.Abgebrochen()) {
+        console.Meldung("Cancelled while the adapter was asked; nothing was looked at further, and nothing mended.");
+        if (console.Json) {
+            console.Ergebnis(Befund_Dokument({}, {}, ExitCode::NotReached));
+        }
+        return ExitCode::NotReached;
+    }
     std::vector<Behebung> mended;
     if (options.Fix) {
         mended = Alles_Beheben(doctor, console, options, lines);

@@ -77,7 +77,8 @@ void Port_Festlegen(Programm& program) {
     program.kern.Config.PortNummer = program.link.PortNummer = 1;
 }
 
-void Adapter_Fragen(Programm& program, const Console& console, PortFacts& port) {
+void Adapter_Fragen(Programm& program, const Console& console, PortFacts& port,
+                    const std::function<int()>& interrupts) {
     if (!port.Serial || !port.Right || !port.Holder.empty()) {
         return;
     }
@@ -90,7 +91,7 @@ void Adapter_Fragen(Programm& program, const Console& console, PortFacts& port) 
         console.Meldung(Suchzeile(step, port.Device));
     };
     program.link.PortNummer = port.Number; // the search leaves this one open, and its fault is that of this one
-    if (Adapter_Suchen(program.link, list)) {
+    if (Suchen(program, {.Device = {}, .Interrupts = interrupts})) {
         const std::vector<AdapterSatz>& found = list.Saetze.empty() ? list.Fremde : list.Saetze;
         port.Version = found.empty() ? 0 : found.front().Version;
         port.AdapterName = found.empty() ? std::string() : found.front().Name;
@@ -102,6 +103,9 @@ void Adapter_Fragen(Programm& program, const Console& console, PortFacts& port) 
         const PortFault fault = line.LastFault();
         port.Held = fault.What == PortFault::Kind::Held || fault.What == PortFault::Kind::HeldByService;
         port.Refusal = NachUtf8(PortFault_English(fault));
+    }
+    if (line.IsOpen()) {
+        line.SetRts(false);
     }
     line.Close();
 }

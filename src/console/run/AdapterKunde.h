@@ -21,9 +21,9 @@ struct AdapterFrage {
 bool Adapter_Kennenlernen(Programm& program, const Console& console, const AdapterFrage& question);
 
 /// Asks the adapter behind one port who it is, if the port can be had: one without right, and one that another program
-/// holds, is not opened. Sets Asked, Version and AdapterName, or
-/// Held and Refusal. Each step is shown. The port is closed behind it.
-void Adapter_Fragen(Programm& program, const Console& console, PortFacts& port);
+/// holds, is not opened. Sets Asked, Version and AdapterName, or Held and Refusal. Each step is shown. Ends at once at
+/// Ctrl-C, of which `interrupts` tells. Behind it request-to-send is off and the port closed.
+void Adapter_Fragen(Programm& program, const Console& console, PortFacts& port, const std::function<int()>& interrupts);
 
 /// All goes through port 1, whatever configuration and lock table name. In memory only.
 void Port_Festlegen(Programm& program);

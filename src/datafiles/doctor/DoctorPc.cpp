@@ -27,7 +27,7 @@ DoctorLine Uhr(const PcFacts& facts) {
     if (outside) {
         line.Proof += ": the year cannot be right";
     } else if (back) {
-        line.Proof += ": a data file was changed later than that, " + Moment_Text(*facts.Newest);
+        line.Proof += ": " + facts.NewestFile + " was changed later than that, " + Moment_Text(*facts.Newest);
     }
     if (outside || back) {
         line.Result = Verdict::Fault;

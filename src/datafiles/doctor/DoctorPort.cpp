@@ -95,8 +95,11 @@ DoctorLine Wartezeit(const PortFacts& port) {
     } else if (!port.LatencyMs) {
         line.Proof = "the port has no latency timer";
     } else {
+        const bool isLong = *port.LatencyMs > ShortLatencyMs;
         line.Proof = std::to_string(*port.LatencyMs) + " ms";
-        if (*port.LatencyMs > ShortLatencyMs) {
+        if (isLong && !port.Opened) {
+            line.Proof += "; the program shortens it when it opens the port";
+        } else if (isLong) { // that was in vain
             line.Result = Verdict::Note;
             line.Proof += ": each reply can come so much later";
             line.ToDo = "Run: echo 1 | sudo tee " + port.LatencyFile;
