@@ -22,6 +22,9 @@ struct PortFacts {
     std::string Owner{}, Group{};
     bool GroupMay = false;          ///< its group may read and write it
     bool GroupListed = false;       ///< the PC lists the user in that group, whether this session knows it or not
+    bool Own = false;               ///< this program itself has it open
+    bool Busy = false;              ///< and works with it, so that it cannot be asked
+    bool Asking = false;            ///< it is being asked
     std::string Holder{};           ///< "name (process number)" of another program that has it open
     bool Held = false;              ///< it could not be opened, as another program, maybe unseen, has it
     std::string Refusal{};          ///< why it could not be opened, a sentence

@@ -63,7 +63,7 @@ protected:
 
     std::vector<DoctorLine> Look() {
         const FileStore store = Disk.Store();
-        return Doctor_Pruefen(Facts, {.Files = store, .AppPath = "app/", .ProgramFiles = {}});
+        return Doctor_Pruefen(Facts, {.Files = store, .AppPath = "app/", .ProgramFiles = {}}, DoctorWords(Language));
     }
     /// All that is not good: "verdict check about: proof > what to do", one a line.
     std::string Bad() {
@@ -89,6 +89,7 @@ protected:
     PortFacts& Port() { return Facts.Ports.front(); }
 
     PcFacts Facts;
+    std::string Language = "English";
 };
 
 TEST_F(Doctor, finds_nothing_on_a_healthy_pc) {
@@ -124,6 +125,43 @@ TEST_F(Doctor, names_an_adapter_that_is_not_there_and_says_that_the_rest_cannot_
 TEST_F(Doctor, names_what_is_no_serial_port) {
     Port().Serial = false;
     EXPECT_THAT(Bad(), HasSubstr("fault adapter /dev/ttyUSB0: what is there is no serial port > "));
+}
+
+TEST_F(Doctor, tells_of_its_own_port_and_of_one_that_is_being_asked) {
+    Port().Own = true;
+    EXPECT_EQ(Bad(), "") << "in use by this program is as it should be";
+    Port().Asked = false;
+    Port().Asking = true;
+    EXPECT_EQ(Bad(), "untold answer /dev/ttyUSB0: the adapter is being asked > \n");
+    Port().Asking = false;
+    Port().Busy = true;
+    EXPECT_EQ(Bad(), "untold answer /dev/ttyUSB0: not asked, as a run or a search is working with it > \n");
+}
+
+TEST_F(Doctor, speaks_the_four_languages_whole) {
+    Port().Right = Port().Asked = false;
+    Facts.Groups = {"anna"};
+    Language = "Deutsch";
+    EXPECT_THAT(Bad(), HasSubstr("fault right /dev/ttyUSB0: Eigent\u00FCmer root, Gruppe dialout; anna ist in anna; "
+                                 "diese Sitzung begann, bevor der Benutzer in dialout kam > Abmelden und wieder "));
+    Language = "Francais";
+    EXPECT_THAT(Bad(), HasSubstr("fault right /dev/ttyUSB0: propri\u00E9taire root, groupe dialout ; anna est dans"));
+    Language = "Nederlands";
+    EXPECT_THAT(Bad(), HasSubstr("> Afmelden en opnieuw aanmelden\n"));
+    for (const std::string language : {"Deutsch", "English", "Francais", "Nederlands"}) {
+        Language = language;
+        const std::vector<DoctorLine> lines = Look();
+        for (const DoctorLine& line : lines) {
+            EXPECT_NE(Pruefung_Text(DoctorWords(language), line.Check), "") << line.Check;
+            EXPECT_EQ((line.Proof + line.ToDo).find('%'), std::string::npos) << line.Proof;
+        }
+    }
+    const DoctorWords german("Deutsch");
+    EXPECT_EQ(Urteil_Text(german, Verdict::Good), "gut");
+    EXPECT_EQ(Urteil_Text(german, Verdict::Note), "beachtenswert");
+    EXPECT_EQ(Urteil_Text(german, Verdict::Fault), "Fehler");
+    EXPECT_EQ(Urteil_Text(german, Verdict::Untold), "nicht feststellbar");
+    EXPECT_EQ(Pruefung_Text(german, "none"), "");
 }
 
 TEST_F(Doctor, names_a_missing_right_with_the_groups_and_the_command) {
@@ -292,14 +330,15 @@ TEST_F(Doctor, names_data_files_without_right_and_those_that_all_may_read) {
 
 TEST_F(Doctor, says_of_a_damaged_file_what_check_says_in_one_line) {
     Disk.Files[Dat + "C64UX12H3D.EBW"].pop_back();
-    EXPECT_EQ(Bad(), "fault file DAT/C64UX12H3D.EBW: LockRecord: the length of 8999 bytes is not a multiple of 45 > "
-                     "Put the file of the last backup back; qvmctl check names every finding\n");
+    EXPECT_EQ(Bad(),
+              "fault file DAT/C64UX12H3D.EBW: damaged: LockRecord: the length of 8999 bytes is not a multiple of 45 > "
+              "Put the file of the last backup back; qvmctl check names every finding\n");
     EXPECT_EQ(FixOf("DAT/C64UX12H3D.EBW"), DoctorFix{}) << "what a file holds is never changed";
 }
 
 TEST_F(Doctor, quotes_no_code) {
     Write("BX10X52WUJ9.UBW", 35, "12x4565   ");
-    EXPECT_THAT(Bad(), HasSubstr("note file DAT/BX10X52WUJ9.UBW: UserRecord, record 1, UserCode: "));
+    EXPECT_THAT(Bad(), HasSubstr("note file DAT/BX10X52WUJ9.UBW: to be looked at: UserRecord, record 1, UserCode: "));
     EXPECT_EQ(Bad().find("12x4"), std::string::npos);
     EXPECT_EQ(Doctor_Urteil(Look()), Verdict::Note);
     Write("BX10X52WUJ9.UBW", 419 + 35, "12y4565   ");
@@ -308,7 +347,7 @@ TEST_F(Doctor, quotes_no_code) {
 
 TEST_F(Doctor, names_a_configuration_that_is_cut) {
     Lines("EST7CSB29A.I_1", "Deutsch\r\n1\r\n");
-    EXPECT_THAT(Bad(), HasSubstr("fault configuration DAT/EST7CSB29A.I_1: EST7CSB29A.I_1: is cut off"));
+    EXPECT_THAT(Bad(), HasSubstr("fault configuration DAT/EST7CSB29A.I_1: damaged: EST7CSB29A.I_1: is cut off"));
 }
 
 TEST_F(Doctor, names_language_files_that_are_missing_or_not_whole) {

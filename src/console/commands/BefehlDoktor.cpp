@@ -22,6 +22,9 @@ namespace qvm {
 
 namespace {
 
+/// That of all messages and documents of the commands.
+constexpr std::string_view ReportLanguage = "English";
+
 using DoctorJson = nlohmann::ordered_json;
 
 /// What the command looks at, and how often it wants.
@@ -55,7 +58,8 @@ public:
         const DataLock lock(world_.DatPfad(), DataLock::Use::Read);
         Sperre_Holen(lock, console_);
         return Doctor_Pruefen(
-            facts, {.Files = world_.Welt.Files, .AppPath = world_.AppPath, .ProgramFiles = world_.Welt.ProgramFiles});
+            facts, {.Files = world_.Welt.Files, .AppPath = world_.AppPath, .ProgramFiles = world_.Welt.ProgramFiles},
+            DoctorWords(ReportLanguage));
     }
 
     /// The operator pressed Ctrl-C while the adapters were asked.

@@ -2,7 +2,9 @@
 
 #include "FileStore.h"
 #include "PcFacts.h"
+#include "Words.h"
 
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,7 +33,7 @@ struct DoctorFix {
     bool operator==(const DoctorFix&) const = default;
 };
 
-/// One check. Texts are English, UTF-8, without full stop, and hold no code of a user or lock.
+/// One check. Texts are in the language of the report, UTF-8, without full stop, and hold no code of a user or lock.
 struct DoctorLine {
     std::string_view Check; ///< "adapter", "right", "holder", ... see docs/console.md
     std::string About{};    ///< what of several is meant: a port, a file; may be empty
@@ -41,6 +43,22 @@ struct DoctorLine {
     DoctorFix Fix{};
 };
 
+/// The program's words as they stand in a report: UTF-8, in one language.
+class DoctorWords {
+public:
+    /// `language`: as the configuration names it; German for any other.
+    explicit DoctorWords(std::string_view language) : language_(language) {}
+    /// `places` are UTF-8, too, and fill the word as Ausfuellen says.
+    std::string operator()(Word which, std::initializer_list<std::string_view> places = {}) const;
+
+private:
+    std::string language_;
+};
+
+/// What the verdict and the check of a line are called; a check that is none: an empty text.
+std::string Urteil_Text(const DoctorWords& say, Verdict verdict);
+std::string Pruefung_Text(const DoctorWords& say, std::string_view check);
+
 /// What a look at the data files needs.
 struct DoctorFiles {
     const FileStore& Files;
@@ -49,14 +67,15 @@ struct DoctorFiles {
 };
 
 /// All checks of the PC, in the order in which they are shown. Reads files, writes and opens nothing else.
-std::vector<DoctorLine> Doctor_Pruefen(const PcFacts& facts, const DoctorFiles& files);
+std::vector<DoctorLine> Doctor_Pruefen(const PcFacts& facts, const DoctorFiles& files, const DoctorWords& say);
 
 /// The worst of them: Fault, else Note for what is worth knowing or could not be told, else Good.
 Verdict Doctor_Urteil(const std::vector<DoctorLine>& lines);
 
 // The groups of checks, each in a file of its own.
-void Port_Befragen(const PcFacts& facts, std::vector<DoctorLine>& lines);
-void Pc_Befragen(const PcFacts& facts, std::vector<DoctorLine>& lines);
-void Dateien_Befragen(const PcFacts& facts, const DoctorFiles& files, std::vector<DoctorLine>& lines);
+void Port_Befragen(const PcFacts& facts, const DoctorWords& say, std::vector<DoctorLine>& lines);
+void Pc_Befragen(const PcFacts& facts, const DoctorWords& say, std::vector<DoctorLine>& lines);
+void Dateien_Befragen(const PcFacts& facts, const DoctorFiles& files, const DoctorWords& say,
+                      std::vector<DoctorLine>& lines);
 
 } // namespace qvm

@@ -16,23 +16,24 @@ namespace {
 constexpr unsigned OwnerFolder = 0700, OwnerFile = 0600, OthersFile = 0007, OthersRead = 0004, OthersWrite = 0002;
 constexpr std::size_t LinesOfLanguage = 300;
 
-std::string Modus_Text(const PathFacts& path) {
-    std::string mode = "mode 0";
+std::string Modus_Text(const DoctorWords& say, const PathFacts& path) {
+    std::string mode = "0";
     for (const unsigned shift : {6U, 3U, 0U}) {
         mode += std::to_string((path.Mode >> shift) & 7U);
     }
-    return mode + ", owner " + path.Owner;
+    return say(Word::PcMode, {mode, path.Owner});
 }
 
 /// The owner's right back: a fix when the user of the program is the owner.
-void Recht_Zurueck(DoctorLine& line, const PcFacts& facts, const PathFacts& path, unsigned wanted) {
+void Recht_Zurueck(DoctorLine& line, const PcFacts& facts, const DoctorWords& say, const PathFacts& path,
+                   unsigned wanted) {
     line.Result = Verdict::Fault;
-    line.Proof = "cannot be " + std::string(path.Readable ? "written" : "read") + ": " + Modus_Text(path);
+    line.Proof = say(path.Readable ? Word::PcCannotWrite : Word::PcCannotRead, {Modus_Text(say, path)});
     if (path.Own && (path.Mode & wanted) != wanted) {
         line.Fix = {.What = DoctorFix::Kind::Permissions, .Path = line.About, .More = wanted};
-        line.ToDo = "Run: chmod u+rw" + std::string(path.Directory ? "x " : " ") + line.About;
+        line.ToDo = say(Word::PcRun, {std::string(path.Directory ? "chmod u+rwx " : "chmod u+rw ") + line.About});
     } else {
-        line.ToDo = "Run: sudo chown " + facts.User + " " + line.About;
+        line.ToDo = say(Word::PcRun, {"sudo chown " + facts.User + " " + line.About});
     }
 }
 
@@ -41,33 +42,33 @@ const PathFacts* Pfad(const PcFacts& facts, const std::string& name) {
     return found == facts.Paths.end() ? nullptr : &found->second;
 }
 
-DoctorLine Ordner(const PcFacts& facts, const DoctorFiles& files, const std::string& name) {
+DoctorLine Ordner(const PcFacts& facts, const DoctorFiles& files, const DoctorWords& say, const std::string& name) {
     DoctorLine line{.Check = "folder", .About = name};
     const PathFacts* const path = Pfad(facts, name);
     if (path == nullptr || !path->Told) {
         line.Result = Verdict::Untold;
-        line.Proof = "the system does not tell what is there";
+        line.Proof = say(Word::PcPathUntold);
     } else if (!path->There) {
         line.Result = Verdict::Fault;
-        line.Proof = "is not in " + files.AppPath;
-        line.ToDo = "Start the program once, or name its directory by --dir";
+        line.Proof = say(Word::PcNotIn, {files.AppPath});
+        line.ToDo = say(Word::PcStartOnce);
         const PathFacts* const data = Pfad(facts, "DAT");
         if (name != "DAT" && data != nullptr && data->There) { // a mistyped directory has neither
-            line.ToDo = "Make it: mkdir " + name;
+            line.ToDo = say(Word::PcMakeIt, {name});
             line.Fix = {.What = DoctorFix::Kind::MakeDirectory, .Path = name};
         }
     } else if (!path->Directory) {
         line.Result = Verdict::Fault;
-        line.Proof = "is no directory";
-        line.ToDo = "Move it away and start the program once";
+        line.Proof = say(Word::PcNoDirectory);
+        line.ToDo = say(Word::PcMoveAway);
     } else if (!path->Readable || !path->Writable) {
-        Recht_Zurueck(line, facts, *path, OwnerFolder);
+        Recht_Zurueck(line, facts, say, *path, OwnerFolder);
     } else {
-        line.Proof = "in " + files.AppPath + ", can be read and written";
+        line.Proof = say(Word::PcFolderGood, {files.AppPath});
         if ((path->Mode & OthersWrite) != 0) {
             line.Result = Verdict::Note;
-            line.Proof = "every user of the PC may write it: " + Modus_Text(*path);
-            line.ToDo = "Run: chmod o-w " + name;
+            line.Proof = say(Word::PcAllMayWrite, {Modus_Text(say, *path)});
+            line.ToDo = say(Word::PcRun, {"chmod o-w " + name});
             line.Fix = {.What = DoctorFix::Kind::Permissions, .Path = name, .Less = OthersWrite};
         }
     }
@@ -75,34 +76,34 @@ DoctorLine Ordner(const PcFacts& facts, const DoctorFiles& files, const std::str
 }
 
 /// What check says of the file in one line.
-void Befunde_Eintragen(DoctorLine& line, const std::vector<const Finding*>& found) {
+void Befunde_Eintragen(DoctorLine& line, const DoctorWords& say, const std::vector<const Finding*>& found) {
     const auto damaged = std::find_if(found.begin(), found.end(),
                                       [](const Finding* finding) { return finding->Kind == FindingKind::Damaged; });
-    line.Result = damaged != found.end() ? Verdict::Fault : Verdict::Note;
-    line.Proof = Befund_Text(damaged != found.end() ? **damaged : *found.front());
+    const bool broken = damaged != found.end();
+    line.Result = broken ? Verdict::Fault : Verdict::Note;
+    line.Proof = say(broken ? Word::PcDamaged : Word::PcDoubtful, {Befund_Text(broken ? **damaged : *found.front())});
     if (found.size() > 1) {
-        line.Proof += " (and " + std::to_string(found.size() - 1) + " more)";
+        line.Proof = say(Word::PcAndMore, {line.Proof, std::to_string(found.size() - 1)});
     }
-    line.ToDo = damaged != found.end() ? "Put the file of the last backup back; qvmctl check names every finding"
-                                       : "Mend it in its window; qvmctl check names every finding";
+    line.ToDo = say(broken ? Word::PcBackup : Word::PcMendInWindow);
 }
 
-DoctorLine Datei(const PcFacts& facts, std::string_view check, std::string_view file,
+DoctorLine Datei(const PcFacts& facts, const DoctorWords& say, std::string_view check, std::string_view file,
                  const std::vector<const Finding*>& found) {
     DoctorLine line{.Check = check, .About = "DAT/" + std::string(file)};
     const PathFacts* const path = Pfad(facts, line.About);
     if (path != nullptr && path->There && !path->Directory && (!path->Readable || !path->Writable)) {
-        Recht_Zurueck(line, facts, *path, OwnerFile);
+        Recht_Zurueck(line, facts, say, *path, OwnerFile);
     } else if (!found.empty()) {
-        Befunde_Eintragen(line, found);
+        Befunde_Eintragen(line, say, found);
     } else if (path == nullptr || !path->There) {
-        line.Proof = "is not there yet; the program makes it when it has something to keep";
+        line.Proof = say(Word::PcNotYet);
     } else {
-        line.Proof = "in order";
+        line.Proof = say(Word::PcInOrder);
         if ((path->Mode & OthersRead) != 0) {
             line.Result = Verdict::Note;
-            line.Proof = "in order, but every user of the PC may read it: " + Modus_Text(*path);
-            line.ToDo = "Run: chmod o-rwx " + line.About;
+            line.Proof = say(Word::PcAllMayRead, {Modus_Text(say, *path)});
+            line.ToDo = say(Word::PcRun, {"chmod o-rwx " + line.About});
             line.Fix = {.What = DoctorFix::Kind::Permissions, .Path = line.About, .Less = OthersFile};
         }
     }
@@ -119,8 +120,8 @@ std::vector<const Finding*> Zur_Tabelle(const std::vector<Finding>& findings, st
     return found;
 }
 
-DoctorLine Sprachdatei(const DoctorFiles& files, std::string_view language, bool inUse) {
-    DoctorLine line{.Check = "language", .About = "QVM_" + std::string(language) + ".DAT", .Proof = "whole"};
+DoctorLine Sprachdatei(const DoctorFiles& files, const DoctorWords& say, std::string_view language, bool inUse) {
+    DoctorLine line{.Check = "language", .About = "QVM_" + std::string(language) + ".DAT", .Proof = say(Word::PcWhole)};
     std::string bytes;
     const ReadStatus status =
         files.Files.ReadAll(Beigabe_Pfad(files.Files, files.AppPath, files.ProgramFiles, line.About), bytes);
@@ -129,16 +130,16 @@ DoctorLine Sprachdatei(const DoctorFiles& files, std::string_view language, bool
         return line;
     }
     line.Result = inUse ? Verdict::Fault : Verdict::Note;
-    line.ToDo = "Copy the language file of the program's package anew";
+    line.ToDo = say(Word::PcCopyAnew);
     if (status == ReadStatus::Missing) {
-        line.Proof = "is missing";
+        line.Proof = say(Word::PcMissing);
     } else if (status == ReadStatus::Error) {
-        line.Proof = "cannot be read: " + FileFault_English(Lesefehler(files.Files));
+        line.Proof = say(Word::PcCannotRead, {FileFault_English(Lesefehler(files.Files))});
     } else {
-        line.Proof = "has " + std::to_string(count) + " lines instead of " + std::to_string(LinesOfLanguage);
+        line.Proof = say(Word::PcLines, {std::to_string(count), std::to_string(LinesOfLanguage)});
     }
     if (inUse) {
-        line.Proof += "; it is the language in use";
+        line.Proof = say(Word::PcLanguageUsed, {line.Proof});
     }
     return line;
 }
@@ -154,33 +155,34 @@ std::string Gewaehlte_Sprache(const DoctorFiles& files) {
 
 } // namespace
 
-void Dateien_Befragen(const PcFacts& facts, const DoctorFiles& files, std::vector<DoctorLine>& lines) {
-    lines.push_back(Ordner(facts, files, "DAT"));
+void Dateien_Befragen(const PcFacts& facts, const DoctorFiles& files, const DoctorWords& say,
+                      std::vector<DoctorLine>& lines) {
+    lines.push_back(Ordner(facts, files, say, "DAT"));
     const bool unseen = lines.back().Result == Verdict::Fault && lines.back().Fix.What != DoctorFix::Kind::None;
-    lines.push_back(Ordner(facts, files, "HIST"));
+    lines.push_back(Ordner(facts, files, say, "HIST"));
     const PathFacts* const data = Pfad(facts, "DAT");
     if (data == nullptr || !data->There || !data->Readable || unseen) {
         // Not "is not there yet": nobody has looked.
         for (const std::string_view check : {"configuration", "file"}) {
-            lines.push_back({.Check = check, .Result = Verdict::Untold, .Proof = "there is no directory to look into"});
+            lines.push_back({.Check = check, .Result = Verdict::Untold, .Proof = say(Word::PcNoFolder)});
         }
     } else {
         const std::vector<Finding> findings = Daten_Pruefen(files.Files, files.AppPath + "DAT/");
         for (const std::string_view file : {SettingsFile, AdapterSettingsFile}) {
-            lines.push_back(Datei(facts, "configuration", file, Zur_Tabelle(findings, file)));
+            lines.push_back(Datei(facts, say, "configuration", file, Zur_Tabelle(findings, file)));
         }
         for (const RecordLayout* layout : Satztabellen()) {
-            lines.push_back(Datei(facts, "file", layout->File, Zur_Tabelle(findings, layout->Name)));
+            lines.push_back(Datei(facts, say, "file", layout->File, Zur_Tabelle(findings, layout->Name)));
         }
         for (const LineFile& entry : Zeilendateien()) {
             if (entry.File != SettingsFile && entry.File != AdapterSettingsFile) {
-                lines.push_back(Datei(facts, "file", entry.File, Zur_Tabelle(findings, entry.File)));
+                lines.push_back(Datei(facts, say, "file", entry.File, Zur_Tabelle(findings, entry.File)));
             }
         }
     }
     const std::string chosen = Gewaehlte_Sprache(files);
     for (const std::string_view language : {"Deutsch", "English", "Francais", "Nederlands"}) {
-        lines.push_back(Sprachdatei(files, language, language == chosen));
+        lines.push_back(Sprachdatei(files, say, language, language == chosen));
     }
 }
 

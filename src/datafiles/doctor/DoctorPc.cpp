@@ -18,69 +18,67 @@ std::string Moment_Text(const DateTime& moment) {
     return Datum_Text(Heute(moment)) + " " + Uhrzeit_Text(moment.Hour * 60 + moment.Minute);
 }
 
-DoctorLine Uhr(const PcFacts& facts) {
+DoctorLine Uhr(const PcFacts& facts, const DoctorWords& say) {
     DoctorLine line{.Check = "clock", .Proof = Moment_Text(facts.Now)};
     constexpr std::int64_t day = 86400; // seconds
     const bool outside = facts.Now.Year < EarliestYear || facts.Now.Year > LatestYear;
     // A day is left for a zone that was changed.
     const bool back = facts.Newest && Sekunden_Seit_2000(*facts.Newest) > Sekunden_Seit_2000(facts.Now) + day;
     if (outside) {
-        line.Proof += ": the year cannot be right";
+        line.Proof = say(Word::PcYearWrong, {line.Proof});
     } else if (back) {
-        line.Proof += ": " + facts.NewestFile + " was changed later than that, " + Moment_Text(*facts.Newest);
+        line.Proof = say(Word::PcChangedLater, {line.Proof, facts.NewestFile, Moment_Text(*facts.Newest)});
     }
     if (outside || back) {
         line.Result = Verdict::Fault;
-        line.ToDo = "Set the date and time of the PC; each lock takes them over";
+        line.ToDo = say(Word::PcSetClock);
     }
     return line;
 }
 
-DoctorLine Zeitzone(const PcFacts& facts) {
+DoctorLine Zeitzone(const PcFacts& facts, const DoctorWords& say) {
     DoctorLine line{.Check = "zone", .Proof = facts.Zone};
-    const std::string_view choose = "Choose the time zone of the building: timedatectl set-timezone Europe/Berlin, "
-                                    "or as it is called there";
+    const std::string choose = say(Word::PcChooseZone);
     if (facts.Zone.empty()) {
         line.Result = Verdict::Untold;
-        line.Proof = "the system names no time zone";
+        line.Proof = say(Word::PcNoZone);
         line.ToDo = choose;
     } else if (!facts.ZoneThere) {
         line.Result = Verdict::Fault;
-        line.Proof += ": the PC does not know this zone";
+        line.Proof = say(Word::PcZoneUnknown, {facts.Zone});
         line.ToDo = choose;
     } else if (facts.Zone == "UTC" || facts.Zone.starts_with("Etc/")) {
         line.Result = Verdict::Note;
-        line.Proof += ": a zone of no place, without summer time";
+        line.Proof = say(Word::PcZoneNoPlace, {facts.Zone});
         line.ToDo = choose;
     }
     return line;
 }
 
-DoctorLine Speicherplatz(const PcFacts& facts) {
+DoctorLine Speicherplatz(const PcFacts& facts, const DoctorWords& say) {
     DoctorLine line{.Check = "disk"};
     if (!facts.FreeBytes) {
         line.Result = Verdict::Untold;
-        line.Proof = "the system does not tell what is free";
+        line.Proof = say(Word::PcFreeUntold);
         return line;
     }
-    line.Proof = std::to_string(*facts.FreeBytes / MegaByte) + " MB free";
+    line.Proof = say(facts.ReadOnly ? Word::PcReadOnly : Word::PcFree, {std::to_string(*facts.FreeBytes / MegaByte)});
     if (facts.ReadOnly) {
         line.Result = Verdict::Fault;
-        line.Proof += ", but the file system takes no change";
-        line.ToDo = "Make the file system writable, or move the program's directory";
+        line.ToDo = say(Word::PcMakeWritable);
     } else if (*facts.FreeBytes < LittleFree) {
         line.Result = *facts.FreeBytes < LeastFree ? Verdict::Fault : Verdict::Note;
-        line.ToDo = "Remove what is not needed from the disk of the program's directory";
+        line.ToDo = say(Word::PcMakeRoom);
     }
     return line;
 }
 
 } // namespace
 
-void Pc_Befragen(const PcFacts& facts, std::vector<DoctorLine>& lines) {
-    lines.push_back(Uhr(facts));
-    lines.push_back(Zeitzone(facts));
-    lines.push_back(Speicherplatz(facts));
+void Pc_Befragen(const PcFacts& facts, const DoctorWords& say, std::vector<DoctorLine>& lines) {
+    lines.push_back(Uhr(facts, say));
+    lines.push_back(Zeitzone(facts, say));
+    lines.push_back(Speicherplatz(facts, say));
 }
 
 } // namespace qvm
