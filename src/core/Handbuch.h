@@ -14,7 +14,7 @@ struct HandbuchKapitel {
 };
 
 /// Where the manual opens for each window.
-inline constexpr std::array<HandbuchKapitel, 26> HandbuchKapitelListe{{
+inline constexpr std::array<HandbuchKapitel, 27> HandbuchKapitelListe{{
     {"F1", "files"},         {"F3", "holidays"},
     {"F4", "switch-clocks"}, {"F41", "switch-clocks"},
     {"F42", "guest-times"},  {"F5", "people"},
@@ -28,6 +28,7 @@ inline constexpr std::array<HandbuchKapitel, 26> HandbuchKapitelListe{{
     {"F16", "people"},       {"F17", "change-code"},
     {"F18", "channels"},     {"F19", "serial-numbers"},
     {"F20", "units"},        {"Gebaeude", "virtual-building"},
+    {"Pc", "trouble"},
 }};
 
 /// The destination for a window, "F5" for one; empty, which is the first page, for one that has none.

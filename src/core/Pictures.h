@@ -30,6 +30,11 @@ namespace RunSign {
 inline constexpr int None = 0, Done = 1, Attention = 2, Failed = 3;
 }
 
+/// The verdicts of the check of the PC. Each has a shape of its own.
+namespace VerdictPicture {
+inline constexpr int Good = 1, Note = 2, Fault = 3, Untold = 4;
+}
+
 /// Column StateText of F91.
 namespace ListPicture {
 inline constexpr int None = 0, Failed = 1;

@@ -10,6 +10,7 @@ void MainWindows::Verbinden() {
     F2.Hooks.Historien_Lesen = [this] { return Historien_Liste(programm.kern); };
     F2.Hooks.Lauf_Timer_Anhalten = [this] { Lauf_Timer_Ruecksetzen(programm.Run); };
     programm.link.Hooks.Adapter_Erkannt = [this] { F2.Adapter_Erkannt(); };
+    Pc.Haken.Belegt = [this] { return F2.Leitung_Belegt(); };
     F6.Port_Eingerichtet = [this] { F2.Port_Einrichten_Anzeigen(); };
 }
 

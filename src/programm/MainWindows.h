@@ -5,6 +5,7 @@
 #include "F15.h"
 #include "F2.h"
 #include "F6.h"
+#include "PcFenster.h"
 #include "Programm.h"
 
 namespace qvm {
@@ -19,6 +20,7 @@ struct MainWindows {
     qvm::F15 F15{programm.kern};
     qvm::F6 F6{programm.link, programm.Adapter};
     qvm::F14 F14{programm.kern};
+    PcFenster Pc{programm.link, programm.Adapter};
 
     /// Fills the hooks of these windows, and those that lead to them.
     void Verbinden();

@@ -76,6 +76,7 @@ void Fensterschau::run(Look look) {
     clocks();
     guestCards();
     codeChange();
+    pcCheck();
     virtualBuilding();
     others();
     messageBoxes();

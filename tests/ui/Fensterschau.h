@@ -50,6 +50,7 @@ private:
     void clocks();
     void guestCards();
     void codeChange();
+    void pcCheck();
     void virtualBuilding();
     /// Windows that nothing above shows, as the main window opens them.
     void others();

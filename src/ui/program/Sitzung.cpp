@@ -4,6 +4,7 @@
 #include "Geometry.h"
 #include "MainWindows.h"
 #include "Oberflaeche.h"
+#include "PcLook.h"
 #include "SimCipher.h"
 #include "Text.h"
 #include "Words.h"
@@ -13,6 +14,7 @@
 #include <QTimer>
 
 #include <cstdlib>
+#include <vector>
 
 namespace qvm::ui {
 namespace {
@@ -30,6 +32,21 @@ void EndSoon() {
 std::string Beigabe(const QString& name) {
     QFile file(QStringLiteral(":/demonstration/") + name);
     return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : std::string();
+}
+
+/// Why it could not be mended, empty when it is.
+std::string PcBeheben(const Kern& kern, const DoctorFix& fix) {
+    switch (fix.What) {
+    case DoctorFix::Kind::Permissions:
+        return Path_Permit(kern.AppPath + fix.Path, fix.More, fix.Less);
+    case DoctorFix::Kind::MakeDirectory:
+        return kern.Welt.Files.MakeDirectory(kern.AppPath + fix.Path) ? std::string() : fix.Path;
+    case DoctorFix::Kind::ShortLatency:
+        return Latency_Shorten(fix.Path);
+    case DoctorFix::Kind::None:
+        break;
+    }
+    return {};
 }
 
 } // namespace
@@ -69,6 +86,11 @@ void Sitzung::Haken_Setzen() {
     if (building_) {
         hooks.Ende_Erlaubt = {}; // nothing of it is kept in any case
         hooks.Gebaeude_Zeigen = [this] { buildingModel_->FormLaden(); };
+    } else {
+        const Kern& kern = programm_->kern;
+        PcHaken& pc = programm_->Main->Pc.Haken;
+        pc.Ansehen = [&kern](const std::vector<int>& ports) { return PcFacts_Look(kern.AppPath, std::nullopt, ports); };
+        pc.Beheben = [&kern](const DoctorFix& fix) { return PcBeheben(kern, fix); };
     }
 }
 

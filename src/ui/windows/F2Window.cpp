@@ -98,6 +98,7 @@ void F2Window::makeMenus() {
     manual->setShortcut(Qt::Key_F1);
     addEntry(help, f2_.F2_Gebaeude, "F2_Gebaeude", [this] { f2_.F2_Gebaeude_Click(); });
     QAction* leave = addEntry(help, f2_.F2_Gebaeude_Ende, "F2_Gebaeude_Ende", [this] { f2_.F2_Gebaeude_Ende_Click(); });
+    addEntry(help, f2_.F2_Pc, "F2_Pc", [this] { f2_.F2_Pc_Click(); });
     help->addSeparator();
     addEntry(help, f2_.F2_Version, "F2_Version", [this] { f2_.F2_Version_Click(); });
     connect(help, &QMenu::aboutToShow, leave,

@@ -6,6 +6,7 @@
 #include "F2Window.h"
 #include "F6Window.h"
 #include "MainWindows.h"
+#include "PcWindow.h"
 
 namespace qvm::ui {
 
@@ -18,6 +19,7 @@ struct MainViews {
     F15Window f15{windows.F15, &f2};
     F6Window f6{windows.F6, &f2};
     F14Window f14{windows.F14, &f2};
+    PcWindow pc{windows.Pc, &f2};
 };
 
 } // namespace qvm::ui

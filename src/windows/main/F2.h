@@ -70,7 +70,7 @@ struct F2 {
     Label Suchzeile;
     Label Meldezeile; ///< status bar: why the port is not open, empty when it is; also the light's tool tip
     MenuEntry F2_Datei, F2_Schnittstelle, F2_Sprache, F2_Ende, F2_Einzel, F2_Perm, F2_PersonB, F2_SchlossB,
-        F2_Gasttimer, F2_Help, F2_Version;
+        F2_Gasttimer, F2_Help, F2_Version, F2_Pc;
     MenuEntry F2_Gebaeude;                            ///< opens the virtual building; in it, shows its window
     MenuEntry F2_Gebaeude_Ende;                       ///< without text outside of it
     std::array<MenuEntry, LetzteHistorien> Historien; ///< the latest histories; those without text are none
@@ -130,6 +130,10 @@ struct F2 {
     /// The manual in the language in use, by the program that the system has for it.
     void F2_Help_Click();
     void F2_Version_Click();
+    /// The check of the PC; not in the virtual building, which has no PC.
+    void F2_Pc_Click();
+    /// A run, a scan of the channels or the session of a unit has the port.
+    bool Leitung_Belegt() const { return Lauf_Aktiv(); }
     /// Asks, then leads into the virtual building; inside it, shows its window.
     void F2_Gebaeude_Click();
     /// Asks, then leads out of it.

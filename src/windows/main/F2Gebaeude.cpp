@@ -9,6 +9,7 @@ namespace qvm {
 void F2::Gebaeude_Texte() {
     const std::string name = Wort(kern, Word::BuildingEntry);
     F2_Gebaeude.Text = name;
+    F2_Pc.Text = Wort(kern, Word::PcCheck);
     F2_Gebaeude.Enabled =
         kern.ImGebaeude ? static_cast<bool>(Hooks.Gebaeude_Zeigen) : static_cast<bool>(Hooks.Gebaeude);
     F2_Gebaeude_Ende.Text = kern.ImGebaeude ? Wort(kern, Word::BuildingLeave) : std::string();

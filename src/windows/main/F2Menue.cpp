@@ -54,6 +54,7 @@ void F2::Tasten_Freigeben() {
     F2_Schnittstelle.Enabled = Weg_Da("F6");
     F2_Sprache.Enabled = Weg_Da("F15");
     F2_Version.Enabled = Weg_Da("F1");
+    F2_Pc.Enabled = Weg_Da("Pc") && !kern.ImGebaeude;
     F2_Einzel.Enabled = Weg_Da("F3");
     F2_Perm.Enabled = Weg_Da("F10");
     F2_PersonB.Enabled = Weg_Da("F4");
@@ -149,6 +150,12 @@ void F2::F2_Gasttimer_Click() {
 
 void F2::F2_Version_Click() {
     Oeffnen("F1", false, Weiter::Offen);
+}
+
+void F2::F2_Pc_Click() {
+    if (!kern.ImGebaeude) {
+        Oeffnen("Pc", true, Weiter::Gesperrt);
+    }
 }
 
 void F2::F2_Help_Click() {

@@ -59,7 +59,7 @@ struct PictureRow {
 };
 
 // The five state pictures count downwards: the first report level, 0x10, shows the fifth.
-constexpr std::array<PictureRow, 33> PictureRows{{{PictureSet::Adapter, AdapterPicture::Present, "adapter"},
+constexpr std::array<PictureRow, 37> PictureRows{{{PictureSet::Adapter, AdapterPicture::Present, "adapter"},
                                                   {PictureSet::Adapter, AdapterPicture::Absent, "adapter-absent"},
                                                   {PictureSet::Adapter, AdapterPicture::Unusable, "warning"},
                                                   {PictureSet::List, ListPicture::Failed, "failed"},
@@ -91,7 +91,11 @@ constexpr std::array<PictureRow, 33> PictureRows{{{PictureSet::Adapter, AdapterP
                                                   {PictureSet::State, StatePicture::Image2, "state-4"},
                                                   {PictureSet::State, StatePicture::Image3, "state-3"},
                                                   {PictureSet::State, StatePicture::Image4, "state-2"},
-                                                  {PictureSet::State, StatePicture::Image5, "state-1"}}};
+                                                  {PictureSet::State, StatePicture::Image5, "state-1"},
+                                                  {PictureSet::Verdict, VerdictPicture::Good, "run-done"},
+                                                  {PictureSet::Verdict, VerdictPicture::Note, "run-attention"},
+                                                  {PictureSet::Verdict, VerdictPicture::Fault, "failed"},
+                                                  {PictureSet::Verdict, VerdictPicture::Untold, "message-question"}}};
 
 QColor mixed(const QColor& a, const QColor& b, qreal share) {
     return QColor::fromRgbF(static_cast<float>(a.redF() + (b.redF() - a.redF()) * share),

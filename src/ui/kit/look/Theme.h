@@ -21,6 +21,7 @@ enum class PictureSet {
     State,     ///< StatePicture of F9
     List,      ///< ListPicture of F91
     RunEnd,    ///< RunSign of F9
+    Verdict,   ///< VerdictPicture of the check of the PC
     Finger,    ///< FingerPicture of F5
     Enrolment, ///< EnrolmentPicture of F51
     Lock,      ///< LockPicture of F12
