@@ -23,6 +23,7 @@ from installation import CODE, Installation
 from kills import KillTests
 from lines import LineTests
 from locks import LockTests
+from pccheck import PcCheckTests
 from screen import (PATIENCE, Atspi, Display, Heard, Program, click_at, drag, has_state, key, middle, name_of, tell,
                     typed, wait_for)
 from users import UserTests
@@ -36,8 +37,8 @@ CLOCK = ("month", "day", "hour", "minute", "second")
 BUILD = ""
 
 
-class Desktop(BuildingTests, CalendarTests, ClockTests, FirstStartTests, GuestTests, LineTests, LockTests, UserTests,
-              WayTests, KillTests, unittest.TestCase):
+class Desktop(BuildingTests, CalendarTests, ClockTests, FirstStartTests, GuestTests, LineTests, LockTests, PcCheckTests,
+              UserTests, WayTests, KillTests, unittest.TestCase):
     maxDiff = None
 
     def setUp(self):
