@@ -76,6 +76,22 @@ TEST_F(F13_Window, asks_and_opens_the_start_dialog_at_a_click_on_a_program_cell)
     EXPECT_EQ(programm->Transfer->F13.FGK13.Text(1, F13Column::Mark), "X");
 }
 
+TEST_F(F13_Window, counts_each_of_two_quick_clicks_on_a_mark_and_starts_once) {
+    Open();
+    const auto twice = [&](int column) { DoubleClickCell(*grid, 1, column); };
+    window->resize(1200, 500);
+    Settle();
+    const auto mark = [this] { return programm->Transfer->F13.FGK13.Text(1, F13Column::Mark); };
+    const std::string before = mark();
+    twice(F13Column::Mark);
+    EXPECT_EQ(mark(), before);
+    ClickCell(1, F13Column::Mark);
+    EXPECT_NE(mark(), before);
+    Expect(63, Answer::No);
+    twice(F13Column::Program);
+    EXPECT_TRUE(programm->Transfer->F11.Fenster.Visible);
+}
+
 TEST_F(F13_Window, acts_on_a_cell_by_keyboard_alone) {
     Open();
     grid->setFocus();

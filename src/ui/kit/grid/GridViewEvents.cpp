@@ -139,9 +139,12 @@ void GridView::released(const QMouseEvent& event, const QModelIndex& index) {
     }
 }
 
-// The second press of a double click is a press as the first one; what a double click does waits for its release.
+// The second press of a double click is a press as the first one; what a double click does waits for its release. Where
+// a click starts something, two quick ones start it once, but a check box is clicked twice.
 void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
-    if (!onMouseUp && !onChoose) {
+    const QModelIndex index = indexAt(event->position().toPoint());
+    const bool check = index.isValid() && model_->isCheck(model_->gridRow(index.row()), index.column());
+    if (!onMouseUp && !onChoose && !check) {
         QTableView::mouseDoubleClickEvent(event);
         return;
     }
