@@ -12,12 +12,10 @@ Dateistand Datei_Merken(const FileStore& store, std::string path) {
     return stand;
 }
 
-void Datei_Zuruecknehmen(const FileStore& store, const Dateistand& before) {
-    if (before.Status == ReadStatus::Missing) {
-        store.Remove(before.Path);
-    } else if (before.Status == ReadStatus::Ok) {
-        store.Replace(before.Path, before.Bytes);
-    }
+bool Datei_Zuruecknehmen(const FileStore& store, const Dateistand& before) {
+    return before.Status == ReadStatus::Missing
+               ? store.Remove(before.Path)
+               : before.Status == ReadStatus::Ok && store.Replace(before.Path, before.Bytes);
 }
 
 bool Dateien_Ersetzen(const FileStore& store, std::span<const NeueDatei> files) {

@@ -14,8 +14,9 @@ struct Dateistand {
     std::string Bytes;
 };
 Dateistand Datei_Merken(const FileStore& store, std::string path);
-/// The file as it was; one that was not there is removed. As far as the disk takes it.
-void Datei_Zuruecknehmen(const FileStore& store, const Dateistand& before);
+/// The file as it was; one that was not there is removed. False when the disk does not take it, or when it is not known
+/// what the file held.
+bool Datei_Zuruecknehmen(const FileStore& store, const Dateistand& before);
 
 /// What a file is to hold.
 struct NeueDatei {

@@ -118,6 +118,27 @@ TEST_F(Clock_Tables, stay_on_the_disk_as_they_were_when_any_operation_of_a_save_
     }
 }
 
+TEST_F(Clock_Tables, say_so_when_the_disk_takes_the_slots_and_then_nothing_more) {
+    F41().FormLaden();
+    WeekTimerFixture::Fill(F41(), 1, 8, "0800", "1700");
+    const std::string slots = SlotFile(), groups = GroupFile(F41());
+    world.Disk.FailFromThere = true;
+    bool half = false;
+    for (int operation = 1; !half; ++operation) {
+        ASSERT_LT(operation, 20);
+        world.Disk.FailAt = world.Disk.Operations + operation;
+        world.Answers.push_back({.Text = "*"});
+        Save(F41());
+        half = SlotFile() != slots;
+        EXPECT_EQ(world.Shown.back().Text, Wort(programm->kern, half ? Word::TimersHalfSaved : Word::TimersNotSaved));
+        EXPECT_EQ(GroupFile(F41()), groups);
+        EXPECT_TRUE(F41().Geaendert);
+        world.Disk.FailAt = 0;
+    }
+    Save(F41());
+    EXPECT_FALSE(F41().Geaendert);
+}
+
 TEST_F(Clock_Tables, keep_the_window_open_when_they_cannot_be_saved_on_leaving) {
     F41().FormLaden();
     WeekTimerFixture::Fill(F41(), 1, 8, "0800", "1700");

@@ -143,13 +143,11 @@ bool WeekTimer::Speichern() {
     }
     const FileStore& files = kern.Welt.Files;
     const Dateistand before = Datei_Merken(files, kern.DatPfad() + std::string(TimeSlot::Record.File));
-    bool saved = before.Status != ReadStatus::Error && Zeitfenster_Speichern(kern, FGK1, Traits.Slots);
-    if (saved && !Traits.Speichern(kern, Gruppen)) {
-        saved = false;
-        Datei_Zuruecknehmen(files, before);
-    }
-    if (!saved) {
-        kern.Meldung(Wort(kern, Word::TimersNotSaved), Buttons::Ok, Icon::Exclamation);
+    const bool slots = before.Status != ReadStatus::Error && Zeitfenster_Speichern(kern, FGK1, Traits.Slots);
+    if (!slots || !Traits.Speichern(kern, Gruppen)) {
+        const bool unchanged = !slots || Datei_Zuruecknehmen(files, before);
+        kern.Meldung(Wort(kern, unchanged ? Word::TimersNotSaved : Word::TimersHalfSaved), Buttons::Ok,
+                     Icon::Exclamation);
         return false;
     }
     Geaendert = false;
