@@ -1,5 +1,6 @@
 #include "Optionen.h"
 
+#include "Befehlszeile.h"
 #include "Console.h"
 #include "Seriennummer.h"
 
@@ -38,8 +39,10 @@ std::optional<DateTime> Zeitpunkt_Lesen(const std::string& text) {
 void Lauf_Optionen(CLI::App& command, Optionen& options, Texte& texts) {
     command.add_option("LOCK", options.Locks, "lock numbers, 1 to 200")->required()->check(CLI::Range(1, 200));
     command.add_option("--since", texts.Since, "oldest event wanted, DD.MM.YYYY (default: 20 days before today)");
-    command.add_option("--code-from", options.CodeFrom,
-                       "read the administrator code as one line from FILE, or from standard input with -");
+    command
+        .add_option("--code-from", options.CodeFrom,
+                    "read the administrator code as one line from FILE, or from standard input with -")
+        ->type_name("FILE");
     command
         .add_option("--timeout", options.TimeoutSeconds,
                     "seconds of silence before the run is given up; 0 waits for ever (default: 30)")
@@ -87,9 +90,11 @@ void Ein_Schloss(CLI::App& command, Optionen& options) {
 }
 
 void Codes_Option(CLI::App& command, Optionen& options) {
-    command.add_option("--codes-from", options.CodeFrom,
-                       "read old code, new code and new code again, a line each, from FILE, or from standard input "
-                       "with -");
+    command
+        .add_option("--codes-from", options.CodeFrom,
+                    "read old code, new code and new code again, a line each, from FILE, or from standard input "
+                    "with -")
+        ->type_name("FILE");
 }
 
 void Scan_Optionen(CLI::App& command, Optionen& options) {
@@ -111,6 +116,7 @@ void Scan_Optionen(CLI::App& command, Optionen& options) {
     command
         .add_option("--code-from", options.CodeFrom,
                     "read the administrator code as one line from FILE, or from standard input with -")
+        ->type_name("FILE")
         ->needs(lock);
 }
 
@@ -312,41 +318,56 @@ std::string Nachpruefen(Optionen& options, const Texte& texts, const Datum& toda
     return {};
 }
 
+/// The command line with the places that it fills.
+struct Befehlszeile {
+    Optionen Options;
+    Texte Texts;
+    CLI::App App{"Console companion of QVM 7702: programs locks from the data files, reads their history, and looks "
+                 "after the data files.",
+                 "qvmctl"};
+
+    Befehlszeile() {
+        App.require_subcommand(1);
+        App.fallthrough();
+        App.add_option("--dir", Options.Directory,
+                       "program directory with DAT and HIST (default: QVM_DIR, else the folder of qvmctl when DAT lies "
+                       "there, else the user's own)")
+            ->type_name("DIR");
+        App.add_option("--port", Options.Port, "device path of the adapter; replaces configuration and search")
+            ->type_name("DEVICE");
+        App.add_flag("--json", Options.Json, "every result as one JSON document on standard output");
+        App.add_option("--trace", Options.Trace, "append a trace of all telegrams to FILE, codes masked")
+            ->type_name("FILE");
+        App.footer("Exit codes: 0 all done; 1 wrong use or local fault, nothing was sent; 2 refused by the lock;\n"
+                   "3 not reached or given up; 4 some of several locks failed; 5 doctor: no fault, something worth "
+                   "knowing.");
+        Befehle_Anlegen(App, Options, Texts);
+    }
+};
+
 } // namespace
+
+void Befehlszeile_Zeigen(const std::function<void(const CLI::App& app)>& visitor) {
+    const Befehlszeile line;
+    visitor(line.App);
+}
 
 std::optional<Optionen> Befehlszeile_Lesen(int argc, const char* const* argv, const Datum& today, std::ostream& out,
                                            std::ostream& err, int& exitCode) {
-    Optionen options;
-    Texte texts;
-    CLI::App app("Console companion of QVM 7702: programs locks from the data files, reads their history, and looks "
-                 "after the data files.",
-                 "qvmctl");
-    app.require_subcommand(1);
-    app.fallthrough();
-    app.add_option(
-        "--dir", options.Directory,
-        "program directory with DAT and HIST (default: QVM_DIR, else the folder of qvmctl when DAT lies there, else "
-        "the user's own)");
-    app.add_option("--port", options.Port, "device path of the adapter; replaces configuration and search");
-    app.add_flag("--json", options.Json, "every result as one JSON document on standard output");
-    app.add_option("--trace", options.Trace, "append a trace of all telegrams to FILE, codes masked");
-    app.footer(
-        "Exit codes: 0 all done; 1 wrong use or local fault, nothing was sent; 2 refused by the lock;\n"
-        "3 not reached or given up; 4 some of several locks failed; 5 doctor: no fault, something worth knowing.");
-    Befehle_Anlegen(app, options, texts);
+    Befehlszeile line;
     try {
-        app.parse(argc, argv);
+        line.App.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
-        const bool good = app.exit(error, out, err) == 0;
+        const bool good = line.App.exit(error, out, err) == 0;
         exitCode = static_cast<int>(good ? ExitCode::Good : ExitCode::Fault);
         return std::nullopt;
     }
-    if (const std::string fault = Nachpruefen(options, texts, today); !fault.empty()) {
+    if (const std::string fault = Nachpruefen(line.Options, line.Texts, today); !fault.empty()) {
         err << fault << "\n";
         exitCode = static_cast<int>(ExitCode::Fault);
         return std::nullopt;
     }
-    return options;
+    return line.Options;
 }
 
 } // namespace qvm

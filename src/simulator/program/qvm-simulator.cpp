@@ -1,5 +1,5 @@
 #include "FileText.h"
-#include "SimulatorLoop.h"
+#include "SimulatorLine.h"
 #include "Text.h"
 #include "WorldFile.h"
 
@@ -91,27 +91,10 @@ int main(int argc, char** argv) {
     std::signal(SIGPIPE, SIG_IGN);
     // What is typed at the shell that this was started from, in the background, is not for this program.
     std::signal(SIGTTIN, SIG_IGN);
-    CLI::App app{"A virtual lock system behind a pseudo-terminal: an adapter, locks and wireless units.\n"
-                 "Prints the terminal's name, then serves clients until it is ended by a signal.\n"
-                 "Each line of standard input is laid on the desk, as JSON: "
-                 "{\"kind\": \"key\", \"id\": \"0A141E28\"}\n"
-                 "Exit code: 0 all telegrams were good, 1 wrong use or local fault, 2 faulty telegrams came."};
+    CLI::App app;
     qvm::SimulatorOptions options;
     std::vector<std::string> faults;
-    app.add_option("--world", options.World, "JSON file with the adapter, the locks and the units");
-    app.add_option("--state", options.State, "JSON file for what they hold, written after each session and at the end");
-    app.add_option("--adapter", options.Adapter,
-                   "the adapter's name instead of the world's; one that begins ENROLLMENT1 reaches no lock");
-    app.add_option("--link", options.Link, "symbolic link to the terminal, as DIR/com1; removed at the end");
-    app.add_flag("--pace", options.Pace, "bytes take the time that they take at 19200 baud, each way");
-    app.add_option("--fault", faults,
-                   "KIND@[#]N[+][=VALUE], more than once if wanted. KIND: silent, badsum, half, garbage, "
-                   "refuse, late, doubled, unplug, wrong, instead; for a network adapter block, notreached, drop. N: "
-                   "telegram from 0; "
-                   "#: the adapter's own count "
-                   "as well; +: and all behind. VALUE: reason, milliseconds, garbage in hexadecimal");
-    app.add_flag("--trace", options.Trace, "every frame on standard error");
-    app.add_flag("--once", options.Once, "end when the line stays closed for two seconds after a session");
+    qvm::SimulatorLine_Declare(app, options, faults);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

@@ -7,6 +7,7 @@
 #include "ProcessGuard.h"
 #include "ProcessStart.h"
 #include "ProgramDirectory.h"
+#include "ProgramLine.h"
 #include "Programm.h"
 #include "QtPlatform.h"
 #include "Sitzung.h"
@@ -87,12 +88,7 @@ int main(int argc, char** argv) {
 
     QApplication::setApplicationVersion(QString::fromStdString(std::string(qvm::ProgrammVersion)));
     QCommandLineParser line;
-    const QCommandLineOption building(QStringLiteral("building"),
-                                      QStringLiteral("Begins in the virtual building, where nothing real is touched."));
-    line.setApplicationDescription(QStringLiteral("Administration of electronic locks."));
-    line.addOption(building);
-    line.addHelpOption();
-    line.addVersionOption();
+    qvm::ui::declareProgramLine(line);
     line.process(application);
 
     const qvm::ProgramPlaces places = qvm::ProgramPlaces_Here({});
@@ -101,7 +97,7 @@ int main(int argc, char** argv) {
     qvm::ui::MessageBoxes boxes;
     qvm::QtPlatform platform(Options(directory.Path, qvm::ProgramFiles_Of(places.Executable), boxes));
     qvm::ui::Danach next =
-        line.isSet(building) ? TheBuilding(platform.World(), directory.Path) : qvm::ui::Danach::Wirklich;
+        qvm::ui::beginsInTheBuilding(line) ? TheBuilding(platform.World(), directory.Path) : qvm::ui::Danach::Wirklich;
     for (bool first = true; next != qvm::ui::Danach::Ende; first = false) {
         qvm::ui::Sitzung session(platform, boxes, directory.Path, next);
         const qvm::StartResult start = session.Starten(first);
