@@ -40,7 +40,7 @@ std::string PcBeheben(const Kern& kern, const DoctorFix& fix) {
     case DoctorFix::Kind::Permissions:
         return Path_Permit(kern.AppPath + fix.Path, fix.More, fix.Less);
     case DoctorFix::Kind::MakeDirectory:
-        return kern.Welt.Files.MakeDirectory(kern.AppPath + fix.Path) ? std::string() : fix.Path;
+        return kern.Welt.Files.MakeDirectory(kern.AppPath + fix.Path) ? std::string() : kern.AppPath + fix.Path;
     case DoctorFix::Kind::ShortLatency:
         return Latency_Shorten(fix.Path);
     case DoctorFix::Kind::None:
