@@ -1,5 +1,8 @@
 #!/usr/bin/env bash
-# Installs the Debian packages of packages.txt that are missing. Does nothing when all are there.
+# Installs the Debian packages of a list, packages.txt when none is named, that are missing. Does nothing when all are
+# there.
+#
+#   setup.sh [LIST]
 set -euo pipefail
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 
@@ -9,7 +12,7 @@ while read -r package; do
     if ! dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'install ok installed'; then
         missing+=("$package")
     fi
-done <"$here/packages.txt"
+done <"${1:-$here/packages.txt}"
 
 if [ ${#missing[@]} -eq 0 ]; then
     exit 0
