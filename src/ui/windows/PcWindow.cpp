@@ -13,7 +13,7 @@
 namespace qvm::ui {
 namespace {
 
-constexpr int LeastWidth = 720, LeastHeight = 380, FirstWidth = 880, FirstHeight = 430;
+constexpr int LeastWidth = 720, LeastHeight = 380, ChecksWidth = 880, ChecksHeight = 430;
 constexpr int DetailLines = 4;
 
 QString controlName(const char* name) {
@@ -46,7 +46,7 @@ PcWindow::PcWindow(PcFenster& model, QWidget* main)
     QPushButton* back = button(model_.Zurueck, "Zurueck", [this] { model_.Schliessen(); });
     content()->addLayout(buttonRow({again, copy, mend, back}));
     setLeastSize(LeastWidth, LeastHeight);
-    resize(FirstWidth, FirstHeight);
+    resize(ChecksWidth, ChecksHeight);
     setFirst(grid_);
     finish([this] { model_.Schliessen(); });
 }
