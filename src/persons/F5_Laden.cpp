@@ -113,6 +113,16 @@ void Grup_Name(UserTable& table, int lock, std::string_view name) {
     table.FGK4.Set(0, column, cell);
 }
 
+std::string Schlossname(const Grid& users, int column) {
+    // One character a line, a blank as an empty one.
+    const std::string& upright = users.Text(0, column);
+    std::string name;
+    for (std::size_t n = 0; n < upright.size(); n += 2) {
+        name += upright[n] == '\n' ? ' ' : upright[n];
+    }
+    return name;
+}
+
 int F5_KopfHoehe(const UserTable& table) {
     return std::max(HeadHeight, table.LongestLockName * HeightPerCharacter);
 }

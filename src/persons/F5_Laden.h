@@ -2,6 +2,7 @@
 
 #include "UserTable.h"
 
+#include <string>
 #include <string_view>
 
 namespace qvm {
@@ -27,6 +28,9 @@ bool F5_KanalFarben(Kern& kern, UserTable& table);
 
 /// Writes a lock's name (1 to 200) upright into row 0. An empty name empties the cell.
 void Grup_Name(UserTable& table, int lock, std::string_view name);
+
+/// The name of the lock of the column, level again; empty when the lock has none.
+std::string Schlossname(const Grid& users, int column);
 
 /// Height of row 0 in twips: 200 a character of the longest lock name, at least 2000.
 int F5_KopfHoehe(const UserTable& table);

@@ -37,7 +37,7 @@ pid_t Start(std::vector<char*>& argv, const std::string& in, const std::string& 
     posix_spawnattr_setsigdefault(&how, &pipe);
     posix_spawnattr_setflags(&how, POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGDEF);
     pid_t id = -1;
-    const int error = posix_spawn(&id, argv.front(), &files, &how, argv.data(), environ);
+    const int error = posix_spawnp(&id, argv.front(), &files, &how, argv.data(), environ);
     posix_spawnattr_destroy(&how);
     posix_spawn_file_actions_destroy(&files);
     return error == 0 ? id : -1;

@@ -37,6 +37,7 @@ private:
 /// A program that runs beside the test, without a terminal. Ended with SIGKILL when the object goes away before it.
 class Process {
 public:
+    /// `program`: a path, or a name that is looked up as a shell does.
     Process(const std::string& program, const std::vector<std::string>& arguments, const std::string& input = {});
     ~Process();
     Process(const Process&) = delete;

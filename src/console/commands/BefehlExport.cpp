@@ -19,8 +19,9 @@ nlohmann::ordered_json Lesen(const Umgebung& world, const Console& console, std:
     return Export_Erstellen(world.Welt.Files, world.DatPfad(), faults);
 }
 
-/// Into what is no file, as a device or a pipe, rather than in its place.
-bool Schreiben(const Umgebung& world, const std::string& file, const std::string& text) {
+} // namespace
+
+bool Ausgabedatei_Schreiben(const Umgebung& world, const std::string& file, const std::string& text) {
     struct stat info {};
     const auto name = FilePath_Nativ(file);
     if (!name || ::stat(name->c_str(), &info) != 0 || S_ISREG(info.st_mode)) {
@@ -32,8 +33,6 @@ bool Schreiben(const Umgebung& world, const std::string& file, const std::string
     FileHandle handle(*name, O_WRONLY);
     return handle.Good() && handle.Write(text) && handle.Close();
 }
-
-} // namespace
 
 ExitCode Befehl_Export(const Umgebung& world, const Console& console, const std::string& file) {
     if (const std::string why = world.Datenverzeichnis_Fehler(); !why.empty()) {
@@ -54,7 +53,7 @@ ExitCode Befehl_Export(const Umgebung& world, const Console& console, const std:
         console.Ergebnis(document);
         return console.Out.good() ? ExitCode::Good : ExitCode::Fault;
     }
-    if (!Schreiben(world, file, Json_Text(document, 2) + "\n")) {
+    if (!Ausgabedatei_Schreiben(world, file, Json_Text(document, 2) + "\n")) {
         return console.Fehlschlag("export", {"The file " + file + " cannot be written."});
     }
     const std::size_t tables = document["tables"].size() + document["lines"].size();

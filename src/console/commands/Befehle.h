@@ -20,6 +20,9 @@ ExitCode Befehl_Import(const Umgebung& world, const Console& console, const std:
 /// --dry-run, nothing is written.
 ExitCode Befehl_Tabelle(const Umgebung& world, const Console& console, const Optionen& options);
 
+/// report: one of the reports as PDF.
+ExitCode Befehl_Bericht(const Umgebung& world, const Console& console, const Optionen& options);
+
 ExitCode Befehl_Check(const Umgebung& world, const Console& console);
 
 /// doctor: whether the PC is fit for the program; with --fix it mends what needs no judgement, and asks before.
@@ -67,7 +70,10 @@ ExitCode Befehl_Decode(const Umgebung& world, const Console& console, const std:
 /// The whole of what the command line names: a file, a pipe or a device up to its end, standard input for "-". Gives
 /// why it cannot be read, a sentence; empty when all is well.
 std::string Eingabe_Lesen(const Umgebung& world, const std::string& file, std::string& bytes);
-/// The same of a file that nobody named. A pipe or a device in its place is refused.
+/// Replaces the file that the command line names, all or nothing, mode 0600. What is no file, as a device or a pipe, is
+/// written into. False when it could not be written.
+bool Ausgabedatei_Schreiben(const Umgebung& world, const std::string& file, const std::string& text);
+/// As Eingabe_Lesen, of a file that nobody named. A pipe or a device in its place is refused.
 std::string Datei_Lesen(const Umgebung& world, const std::string& file, std::string& bytes);
 
 } // namespace qvm

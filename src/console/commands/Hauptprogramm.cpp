@@ -16,6 +16,8 @@ ExitCode Befehl_Ausfuehren(const Umgebung& world, const Console& console, const 
         return Befehl_Export(world, console, options.File);
     case Command::Import:
         return options.Csv ? Befehl_Tabelle(world, console, options) : Befehl_Import(world, console, options.File);
+    case Command::Report:
+        return Befehl_Bericht(world, console, options);
     case Command::Check:
         return Befehl_Check(world, console);
     case Command::Decode:

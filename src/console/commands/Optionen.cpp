@@ -5,6 +5,7 @@
 #include "Seriennummer.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <functional>
 #include <set>
 
@@ -78,6 +79,19 @@ void Import_Optionen(CLI::App& command, Optionen& options) {
     CLI::Option* csv =
         command.add_flag("--csv", options.Csv, "FILE is a table of users or locks, as the windows export them");
     command.add_flag("--dry-run", options.DryRun, "only show what the table would change")->needs(csv);
+}
+
+void Bericht_Optionen(CLI::App& command, Optionen& options) {
+    command
+        .add_option("KIND", options.Kind,
+                    "people, doors (of a user), persons (of a lock), receipt (for a user) or events (of a history)")
+        ->required()
+        ->check(CLI::IsMember({"people", "doors", "persons", "receipt", "events"}));
+    command.add_option("OF", options.Subject,
+                       "user number, lock number, or history file (- for standard input); none for people");
+    command.add_option("--out", options.File, "the PDF to write, - for standard output")->required();
+    command.add_option("--lang", options.Language, "de, en, fr or nl (default: the configured language)")
+        ->check(CLI::IsMember({"de", "en", "fr", "nl"}));
 }
 
 using CommandMaker = std::function<CLI::App*(const char* name, const char* text, Command which)>;
@@ -220,6 +234,7 @@ void Befehle_Anlegen(CLI::App& app, Optionen& options, Texte& texts) {
     Import_Optionen(
         *add("import", "read such a document into the data files, or a table of a spreadsheet", Command::Import),
         options);
+    Bericht_Optionen(*add("report", "write a report as PDF, without codes", Command::Report), options);
     add("check", "look for faults in the data files", Command::Check);
     add("decode", "bytes as hexadecimal text, or a trace, to readable telegrams", Command::Decode)
         ->add_option("FILE", options.File, "file to read (default: standard input)");
@@ -258,6 +273,33 @@ std::string Karte_Nachpruefen(Optionen& options, const Texte& texts) {
                                                                          : "card write needs --in, --out and --door";
 }
 
+/// A whole number from 1 to `last`; 0 when the text is none.
+int Nummer_Lesen(const std::string& text, int last) {
+    constexpr std::size_t digits = 3;
+    const bool number = !text.empty() && text.size() <= digits &&
+                        std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+    const int value = number ? std::stoi(text) : 0;
+    return value <= last ? value : 0;
+}
+
+std::string Bericht_Nachpruefen(Optionen& options) {
+    if (options.Wanted != Command::Report) {
+        return {};
+    }
+    if (options.Kind == "people") {
+        return options.Subject.empty() ? "" : "report people takes neither a number nor a file";
+    }
+    if (options.Kind == "events") {
+        return options.Subject.empty() ? "report events needs a history file" : "";
+    }
+    const bool lock = options.Kind == "persons";
+    int& number = lock ? options.Lock : options.User;
+    number = Nummer_Lesen(options.Subject, lock ? 200 : 250);
+    return number > 0
+               ? ""
+               : "report " + options.Kind + " needs the number of a " + (lock ? "lock, 1 to 200" : "user, 1 to 250");
+}
+
 std::string Scan_Nachpruefen(const Optionen& options) {
     if (options.Take.empty()) {
         return {};
@@ -276,11 +318,11 @@ std::string Nachpruefen(Optionen& options, const Texte& texts, const Datum& toda
             return "lock " + std::to_string(lock) + " is named twice";
         }
     }
-    if (std::string fault = Scan_Nachpruefen(options); !fault.empty()) {
-        return fault;
-    }
-    if (std::string fault = Karte_Nachpruefen(options, texts); !fault.empty()) {
-        return fault;
+    for (std::string fault :
+         {Scan_Nachpruefen(options), Karte_Nachpruefen(options, texts), Bericht_Nachpruefen(options)}) {
+        if (!fault.empty()) {
+            return fault;
+        }
     }
     options.Keep = texts.Erase == "keep";
     if (!texts.Date.empty()) {

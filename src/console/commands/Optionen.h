@@ -17,6 +17,7 @@ enum class Command {
     Dataset,
     Export,
     Import,
+    Report,
     Check,
     Decode,
     Users,
@@ -42,28 +43,32 @@ struct Optionen {
     bool Json = false;
     std::string Trace; ///< --trace; empty: none
 
-    std::vector<int> Locks;                    ///< program, history, run, dataset, change-code
-    bool HistoryFirst = false;                 ///< program --history, run --history
-    bool HistoryOnly = false;                  ///< run --history-only
-    std::optional<DateTime> At;                ///< run, when
-    std::optional<Datum> Since;                ///< program, history, run
-    bool Keep = true;                          ///< program --erase keep, run --erase keep
-    bool Force = false;                        ///< program, run, dataset: damaged data files are taken as they are
-    std::string CodeFrom;                      ///< a path, "-", or empty: ask on the terminal
-    int TimeoutSeconds = 30;                   ///< 0: wait for ever
-    std::string Kind;                          ///< learn: "ekey", "transponder" or "finger"; card: "write" or "read"
+    std::vector<int> Locks;     ///< program, history, run, dataset, change-code
+    bool HistoryFirst = false;  ///< program --history, run --history
+    bool HistoryOnly = false;   ///< run --history-only
+    std::optional<DateTime> At; ///< run, when
+    std::optional<Datum> Since; ///< program, history, run
+    bool Keep = true;           ///< program --erase keep, run --erase keep
+    bool Force = false;         ///< program, run, dataset: damaged data files are taken as they are
+    std::string CodeFrom;       ///< a path, "-", or empty: ask on the terminal
+    int TimeoutSeconds = 30;    ///< 0: wait for ever
+    std::string Kind;           ///< learn: "ekey", "transponder" or "finger"; card: "write" or "read";
+    ///< report: "people", "doors", "persons", "receipt" or "events"
     std::optional<DateTime> CheckIn, CheckOut; ///< card write
     std::optional<int> Group;                  ///< card write: of the object, 0 to 254
-    int User = 0;                              ///< learn; when, 0: all of the lock
+    int User = 0;                              ///< learn, report; when, 0: all of the lock
     bool Week = false;                         ///< when
     bool NewKey = false;                       ///< learn ekey: Yes at the question of a newer adapter
     bool Transponder = false;                  ///< find-key
     std::string Find;                          ///< users, locks: only with this text in the name
-    int Lock = 0;          ///< users: only with a mark for this lock; units: only of it; 0: all. unit-code, scan, when
+    int Lock = 0; ///< users: only with a mark for this lock; units: only of it; 0: all. unit-code, scan, when,
+    ///< report
     int Unit = 0;          ///< unit-code: 1 to 5; scan --row, 0: the first free one
     bool ForUnits = false; ///< scan --units
     std::string Take;      ///< scan: this serial number; empty: none
-    std::string File;      ///< export, import, decode
+    std::string File;      ///< export, import, decode; report --out
+    std::string Subject;   ///< report: of whom, or of which history file
+    std::string Language;  ///< report --lang: "de", "en", "fr", "nl"; empty: the configured one
 
     std::vector<std::string> Files; ///< events; "-": standard input; none: all of HIST
     std::string Name, Event;        ///< events: only these; empty: all

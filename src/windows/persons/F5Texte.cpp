@@ -40,16 +40,6 @@ int Zeile_Fuer(std::string_view where) {
     return 0;
 }
 
-/// Of the name that stands upright in the heading, one character a line.
-std::string Schlossname(const Grid& grid, int column) {
-    const std::string& upright = grid.Text(0, column);
-    std::string name;
-    for (std::size_t n = 0; n < upright.size(); n += 2) {
-        name += upright[n] == '\n' ? ' ' : upright[n];
-    }
-    return name;
-}
-
 bool Gesetzt(const Grid& grid, int row, int column) {
     const std::string& text = grid.Text(row, column);
     return text == "X" || text == "F";
