@@ -29,7 +29,7 @@ std::string Zugangsart(const Kern& kern, const ReportLock& lock) {
 } // namespace
 
 Report Bericht_Benutzer(const Kern& kern, const UserTable& table) {
-    Report report = Berichtskopf(kern, Word::ReportPeople);
+    Report report = Berichtskopf(kern, Wort(kern, Word::ReportPeople));
     ReportTable rows{.Headings = {kern.Zeile(Line::Number), kern.Zeile(Line::Name), kern.Zeile(Line::TimerGroup),
                                   kern.Zeile(Line::Right), kern.Zeile(Line::KeyColumn), Wort(kern, Word::ReportLocks),
                                   Wort(kern, Word::ReportByFinger)},
@@ -44,7 +44,7 @@ Report Bericht_Benutzer(const Kern& kern, const UserTable& table) {
 
 Report Bericht_Tueren(const Kern& kern, const UserTable& table, int user) {
     const ReportUser told = Berichtsbenutzer(table, user);
-    Report report = Berichtskopf(kern, Word::ReportDoors);
+    Report report = Berichtskopf(kern, Wort(kern, Word::ReportDoors));
     report.Subtitle = Benutzerzeile(kern, told);
     ReportTable rows{.Headings = {kern.Zeile(Line::Number), kern.Zeile(Line::DoorLock), Wort(kern, Word::ReportAccess)},
                      .Shares = {1, 5, 4}};
@@ -56,7 +56,7 @@ Report Bericht_Tueren(const Kern& kern, const UserTable& table, int user) {
 }
 
 Report Bericht_Personen(const Kern& kern, const UserTable& table, int lock, std::string_view lockName) {
-    Report report = Berichtskopf(kern, Word::ReportPersons);
+    Report report = Berichtskopf(kern, Wort(kern, Word::ReportPersons));
     report.Subtitle = Wort(kern, Word::LockLine, {std::to_string(lock), lockName});
     ReportTable rows{.Headings = {kern.Zeile(Line::Number), kern.Zeile(Line::Name), kern.Zeile(Line::TimerGroup),
                                   kern.Zeile(Line::KeyColumn), Wort(kern, Word::ReportAccess)},
@@ -73,10 +73,8 @@ Report Bericht_Personen(const Kern& kern, const UserTable& table, int lock, std:
     return report;
 }
 
-Report Bericht_Ereignisse(const Kern& kern, std::string_view about, const std::vector<ReportEvent>& events,
-                          std::size_t total) {
-    Report report = Berichtskopf(kern, Word::ReportAllLines);
-    report.Title = kern.Zeile(Line::HistoryView);
+Report Bericht_Ereignisse(const Kern& kern, std::string_view about, const std::vector<ReportEvent>& events) {
+    Report report = Berichtskopf(kern, kern.Zeile(Line::HistoryView));
     report.Subtitle = about;
     ReportTable rows{
         .Headings = {kern.Zeile(Line::Name), kern.Zeile(Line::Date), kern.Zeile(Line::Time), kern.Zeile(Line::Event)},
@@ -88,10 +86,6 @@ Report Bericht_Ereignisse(const Kern& kern, std::string_view about, const std::v
         }
     }
     report.Parts.push_back({.Table = std::move(rows)});
-    if (total > events.size()) {
-        report.Parts.push_back(
-            {.Text = Wort(kern, Word::ReportMoreLines, {std::to_string(events.size()), std::to_string(total)})});
-    }
     return report;
 }
 

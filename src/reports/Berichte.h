@@ -4,7 +4,6 @@
 #include "UserTable.h"
 
 #include <array>
-#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -25,17 +24,15 @@ Report Bericht_Tueren(const Kern& kern, const UserTable& table, int user);
 /// @param lockName as it is to be called
 Report Bericht_Personen(const Kern& kern, const UserTable& table, int lock, std::string_view lockName);
 
-/// What a user, 1 to 250, was given, where it is good for and when, with places to sign. Nothing when the files of the
-/// times cannot be read.
+/// What a user, 1 to 250, was given, where it is good for and when, with places to sign. Nothing when the file of the
+/// time slots cannot be read or is damaged.
 std::optional<Report> Bericht_Empfang(const Kern& kern, const UserTable& table, int user);
 
 /// Name, date, time, event or state.
 using ReportEvent = std::array<std::string, 4>;
 
 /// Events of a history.
-/// @param about which file and lock, and what of it is shown
-/// @param total lines of the file; where it is more than there are events, the report says so, 0: it does not
-Report Bericht_Ereignisse(const Kern& kern, std::string_view about, const std::vector<ReportEvent>& events,
-                          std::size_t total);
+/// @param about which file
+Report Bericht_Ereignisse(const Kern& kern, std::string_view about, const std::vector<ReportEvent>& events);
 
 } // namespace qvm

@@ -3,11 +3,13 @@
 #include "Words.h"
 #include "Zeit.h"
 
+#include <utility>
+
 namespace qvm {
 
-Report Berichtskopf(const Kern& kern, Word title) {
+Report Berichtskopf(const Kern& kern, std::string title) {
     const DateTime now = kern.Welt.Now();
-    return {.Title = Wort(kern, title),
+    return {.Title = std::move(title),
             .Subtitle = {},
             .System = std::string(SystemTitle),
             .Moment = Datum_Text(Heute(now)) + " " + Uhrzeit_Text(now.Hour * 60 + now.Minute),

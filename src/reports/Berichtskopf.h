@@ -4,13 +4,12 @@
 #include "Kern.h"
 #include "Report.h"
 
-#include <WordList.h>
 #include <string>
 
 namespace qvm {
 
 /// A report without parts: title, program, moment, and the words that every page needs.
-Report Berichtskopf(const Kern& kern, Word title);
+Report Berichtskopf(const Kern& kern, std::string title);
 
 /// "Benutzer 3: Anna".
 std::string Benutzerzeile(const Kern& kern, const ReportUser& user);

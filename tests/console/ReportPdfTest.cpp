@@ -261,7 +261,7 @@ TEST_F(PdfOfReports, a_thousand_events_are_all_there_in_their_order) {
             wanted += NachUtf8(field);
         }
     }
-    const auto pages = PagesOf(Bericht_Ereignisse(kern, "H_1.HST", events, events.size()));
+    const auto pages = PagesOf(Bericht_Ereignisse(kern, "H_1.HST", events));
     EXPECT_GE(pages.size(), 10U);
     EXPECT_EQ(Whole(pages, "NameDateTimeEvent"), Dense(wanted));
 }

@@ -47,8 +47,9 @@ Berichtsversuch Der_Person(Kern& kern, const UserTable& table, const Optionen& o
         return {.Made = Bericht_Tueren(kern, table, options.User)};
     }
     std::optional<Report> receipt = Bericht_Empfang(kern, table, options.User);
-    return receipt ? Berichtsversuch{.Made = std::move(receipt)}
-                   : Berichtsversuch{.Why = "The files of the times cannot be read; check names them."};
+    return receipt
+               ? Berichtsversuch{.Made = std::move(receipt)}
+               : Berichtsversuch{.Why = "The file of the time slots cannot be read, or is damaged; check names it."};
 }
 
 Berichtsversuch Aus_Tabelle(Kern& kern, const Optionen& options) {
@@ -74,7 +75,7 @@ Berichtsversuch Aus_Historie(const Kern& kern, const std::string& file, const st
         events.push_back(line.Fields);
     }
     const std::string name = file == "-" ? std::string() : AusUtf8(file.substr(file.find_last_of('/') + 1));
-    return {.Made = Bericht_Ereignisse(kern, name, events, events.size())};
+    return {.Made = Bericht_Ereignisse(kern, name, events)};
 }
 
 ExitCode Bericht_Ausgeben(const Umgebung& world, const Console& console, const Optionen& options,
