@@ -145,7 +145,7 @@ SlotLoad Gastslots_Laden(const Kern& kern, GuestSlots& slots) {
     for (int n = 0; n < GuestSlotRows && PersonSlots.First + n <= file.Count(); ++n) {
         const int record = PersonSlots.First + n;
         const int day = Feld_Byte(file.Record(record), TimeSlot::DayIndex);
-        if (day > LetzterWochentag) {
+        if (day > WochentageEnde) {
             return {.Read = true, .Damaged = record};
         }
         slots[static_cast<std::size_t>(n)] = {day, file.Text(record, TimeSlot::From), file.Text(record, TimeSlot::To)};

@@ -65,7 +65,7 @@ bool OffsetSetup_Laden(const Kern& kern, DefaultTimes& times);
 bool Auswahl_Laden(const Kern& kern, GuestSelection& selection);
 
 /// The first eight person slots of TX33Y98BSG9.TBW; switched off where the file holds none, and from a record on whose
-/// day does not exist. The file is not created. On a file error they stay as they are.
+/// day index is above 11. The file is not created. On a file error they stay as they are.
 SlotLoad Gastslots_Laden(const Kern& kern, GuestSlots& slots);
 
 /// Writes default times, offsets and selection, in this order, all or nothing. Line 1 of both text files is today's

@@ -146,6 +146,10 @@ TEST_F(Gastzeiten, are_switched_off_from_a_day_on_that_does_not_exist) {
     EXPECT_EQ(slots[0].Day, 1);
     EXPECT_EQ(slots[1].Day, 0);
     EXPECT_EQ(slots[2].Day, 0);
+    File(Slots)[11] = '\x0B'; // the last place of the day table: no day, and no end
+    EXPECT_EQ(Gastslots_Laden(kern, slots).Damaged, 0);
+    EXPECT_EQ(slots[1].Day, 11);
+    EXPECT_EQ(slots[2].Day, 2);
 }
 
 TEST_F(Gastzeiten, are_all_new_or_all_old_whichever_operation_fails) {
