@@ -172,4 +172,18 @@ std::string Latency_Shorten(const std::string& file) {
     return handle.Good() && handle.Write("1\n") ? std::string() : std::strerror(errno);
 }
 
+std::string Pc_Mend(const std::string& directory, const FileStore& files, const DoctorFix& fix) {
+    switch (fix.What) {
+    case DoctorFix::Kind::Permissions:
+        return Path_Permit(directory + fix.Path, fix.More, fix.Less);
+    case DoctorFix::Kind::MakeDirectory:
+        return files.MakeDirectory(directory + fix.Path) ? std::string() : std::strerror(errno);
+    case DoctorFix::Kind::ShortLatency:
+        return Latency_Shorten(fix.Path);
+    case DoctorFix::Kind::None:
+        break;
+    }
+    return {};
+}
+
 } // namespace qvm

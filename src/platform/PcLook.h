@@ -1,5 +1,7 @@
 #pragma once
 
+#include "DoctorFix.h"
+#include "FileStore.h"
 #include "PcFacts.h"
 
 #include <optional>
@@ -23,5 +25,9 @@ void Latency_LookAgain(PortFacts& port);
 
 /// Sets the latency timer at `file` to 1 ms. Empty when done, else why not, in the system's words.
 std::string Latency_Shorten(const std::string& file);
+
+/// Does what the doctor proposes, in the program's `directory`, which ends with a separator. Empty when done, else why
+/// not, in the system's words.
+std::string Pc_Mend(const std::string& directory, const FileStore& files, const DoctorFix& fix);
 
 } // namespace qvm

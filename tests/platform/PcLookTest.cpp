@@ -3,6 +3,7 @@
 #include "PcLook.h"
 
 #include "PathLook.h"
+#include "PosixFiles.h"
 #include "TempDirectory.h"
 
 #include <algorithm>
@@ -72,6 +73,24 @@ TEST_F(PcLook, gives_the_owner_his_rights_and_takes_those_of_others) {
     EXPECT_EQ(Path_Permit(file, 0066, 0), "");
     EXPECT_EQ(ModeOf(file), 0640U) << "nobody else gets a right";
     EXPECT_NE(Path_Permit(Path + "none", 0600, 0), "");
+}
+
+TEST_F(PcLook, mends_what_the_doctor_proposes_or_says_why_not) {
+    const FileStore files = PosixFiles();
+    const std::string file = Path + "DAT/A.B", timer = Path + "timer";
+    std::ofstream(timer) << "16\n";
+    EXPECT_EQ(Pc_Mend(Path, files, {.What = DoctorFix::Kind::Permissions, .Path = "DAT/A.B", .Less = 0040}), "");
+    EXPECT_EQ(ModeOf(file), 0600U);
+    EXPECT_EQ(Pc_Mend(Path, files, {.What = DoctorFix::Kind::MakeDirectory, .Path = "HIST"}), "");
+    EXPECT_TRUE(std::filesystem::is_directory(Path + "HIST"));
+    EXPECT_EQ(Pc_Mend(Path, files, {.What = DoctorFix::Kind::MakeDirectory, .Path = "DAT/A.B"}), "File exists");
+    EXPECT_EQ(Pc_Mend(Path, files, {.What = DoctorFix::Kind::ShortLatency, .Path = timer}), "");
+    std::ifstream read(timer);
+    std::string said;
+    std::getline(read, said);
+    EXPECT_EQ(said, "1");
+    EXPECT_EQ(Pc_Mend(Path, files, {.What = DoctorFix::Kind::ShortLatency, .Path = Path + "none/timer"}),
+              "No such file or directory");
 }
 
 TEST_F(PcLook, names_the_file_that_was_changed_last) {

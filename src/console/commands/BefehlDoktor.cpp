@@ -66,19 +66,7 @@ public:
     bool Abgebrochen() const { return cancelled_; }
 
     /// Why it could not be done, empty when it is.
-    std::string Beheben(const DoctorFix& fix) const {
-        switch (fix.What) {
-        case DoctorFix::Kind::Permissions:
-            return Path_Permit(world_.AppPath + fix.Path, fix.More, fix.Less);
-        case DoctorFix::Kind::MakeDirectory:
-            return world_.Welt.Files.MakeDirectory(world_.AppPath + fix.Path) ? "" : "it cannot be made";
-        case DoctorFix::Kind::ShortLatency:
-            return Latency_Shorten(fix.Path);
-        case DoctorFix::Kind::None:
-            break;
-        }
-        return {};
-    }
+    std::string Beheben(const DoctorFix& fix) const { return Pc_Mend(world_.AppPath, world_.Welt.Files, fix); }
 
 private:
     void Alle_Fragen(std::vector<PortFacts>& ports) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "DoctorFix.h"
 #include "FileStore.h"
 #include "PcFacts.h"
 #include "Words.h"
@@ -16,22 +17,6 @@ enum class Verdict { Good, Note, Fault, Untold };
 
 /// "good", "note", "fault", "untold".
 std::string_view Verdict_Name(Verdict verdict);
-
-/// What may be done without a judgement. Nothing of it touches what a file holds.
-struct DoctorFix {
-    enum class Kind {
-        None,
-        Permissions,   ///< gives the owner Path's permission bits More, takes Less away from others
-        MakeDirectory, ///< makes the directory Path
-        ShortLatency,  ///< sets the latency timer at Path to 1 ms
-    };
-
-    Kind What = Kind::None;
-    std::string Path{}; ///< behind the program's directory; of ShortLatency the whole path
-    unsigned More = 0, Less = 0;
-
-    bool operator==(const DoctorFix&) const = default;
-};
 
 /// One check. Texts are in the language of the report, UTF-8, without full stop, and hold no code of a user or lock.
 struct DoctorLine {

@@ -34,21 +34,6 @@ std::string Beigabe(const QString& name) {
     return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : std::string();
 }
 
-/// Why it could not be mended, empty when it is.
-std::string PcBeheben(const Kern& kern, const DoctorFix& fix) {
-    switch (fix.What) {
-    case DoctorFix::Kind::Permissions:
-        return Path_Permit(kern.AppPath + fix.Path, fix.More, fix.Less);
-    case DoctorFix::Kind::MakeDirectory:
-        return kern.Welt.Files.MakeDirectory(kern.AppPath + fix.Path) ? std::string() : kern.AppPath + fix.Path;
-    case DoctorFix::Kind::ShortLatency:
-        return Latency_Shorten(fix.Path);
-    case DoctorFix::Kind::None:
-        break;
-    }
-    return {};
-}
-
 } // namespace
 
 Sitzung::Sitzung(QtPlatform& platform, MessageBoxes& boxes, const std::string& directory, Danach which)
@@ -90,7 +75,7 @@ void Sitzung::Haken_Setzen() {
         const Kern& kern = programm_->kern;
         PcHaken& pc = programm_->Main->Pc.Haken;
         pc.Ansehen = [&kern](const std::vector<int>& ports) { return PcFacts_Look(kern.AppPath, std::nullopt, ports); };
-        pc.Beheben = [&kern](const DoctorFix& fix) { return PcBeheben(kern, fix); };
+        pc.Beheben = [&kern](const DoctorFix& fix) { return Pc_Mend(kern.AppPath, kern.Welt.Files, fix); };
     }
 }
 
