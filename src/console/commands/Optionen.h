@@ -52,8 +52,9 @@ struct Optionen {
     bool Force = false;         ///< program, run, dataset: damaged data files are taken as they are
     std::string CodeFrom;       ///< a path, "-", or empty: ask on the terminal
     int TimeoutSeconds = 30;    ///< 0: wait for ever
-    std::string Kind;           ///< learn: "ekey", "transponder" or "finger"; card: "write" or "read";
-    ///< report: "people", "doors", "persons", "receipt" or "events"
+    /// learn: "ekey", "transponder" or "finger"; card: "write" or "read"; report: "people", "doors", "persons",
+    /// "receipt" or "events".
+    std::string Kind;
     std::optional<DateTime> CheckIn, CheckOut; ///< card write
     std::optional<int> Group;                  ///< card write: of the object, 0 to 254
     int User = 0;                              ///< learn, report; when, 0: all of the lock
@@ -61,8 +62,8 @@ struct Optionen {
     bool NewKey = false;                       ///< learn ekey: Yes at the question of a newer adapter
     bool Transponder = false;                  ///< find-key
     std::string Find;                          ///< users, locks: only with this text in the name
-    int Lock = 0; ///< users: only with a mark for this lock; units: only of it; 0: all. unit-code, scan, when,
-    ///< report
+    /// users: only with a mark for this lock; units: only of it; 0: all. Which one in unit-code, scan, when, report.
+    int Lock = 0;
     int Unit = 0;          ///< unit-code: 1 to 5; scan --row, 0: the first free one
     bool ForUnits = false; ///< scan --units
     std::string Take;      ///< scan: this serial number; empty: none
