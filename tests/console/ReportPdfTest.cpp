@@ -29,9 +29,9 @@ constexpr std::string_view NameSigns =
 /// An installation as this test knows it.
 struct Model {
     struct User {
-        std::string Name, Label;
+        std::string Name{}, Label{};
         char Key = 0; ///< 0: none, '#': transponder
-        std::vector<int> Locks, Fingers;
+        std::vector<int> Locks{}, Fingers{};
     };
     std::vector<std::string> Locks; ///< lock n at n - 1, empty: none
     std::vector<User> Users;

@@ -3,6 +3,7 @@
 #include "GridMenu.h"
 #include "GridView.h"
 #include "KeyEdit.h"
+#include "ListenTimeBox.h"
 #include "Mnemonics.h"
 #include "OverlayEditor.h"
 #include "OverlayList.h"
