@@ -11,25 +11,30 @@ import time
 import gi
 
 gi.require_version("Atspi", "2.0")
-from gi.repository import Atspi, GLib  # noqa: E402
+from gi.repository import Atspi, Gio, GLib  # noqa: E402
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 PATIENCE = 60  # seconds that anything may take on a loaded machine
 # Nothing to be looked for is below these: cells are asked for by their place, and the others have nothing below them.
 NOT_ENTERED = (Atspi.Role.TABLE, Atspi.Role.LIST, Atspi.Role.LABEL, Atspi.Role.PUSH_BUTTON, Atspi.Role.TEXT,
                Atspi.Role.PASSWORD_TEXT)
+ANSWER = 2000  # ms in which the program answers a question; it tells nothing when it takes longer
+# Seconds between two looks: a tenth of the time that was waited, so that hardly any is lost, within these.
+SHORTEST, LONGEST = 0.03, 0.2
 
 
 def wait_for(what, probe, seconds=PATIENCE):
-    """Polls `probe` until it gives something true, and returns that."""
-    limit = time.monotonic() + seconds
+    """Polls `probe` until it gives something true, and returns that. A look at the tree is hundreds of questions over the
+    bus, so a long wait takes fewer of them."""
+    begin = time.monotonic()
     while True:
         result = probe()
         if result:
             return result
-        if time.monotonic() > limit:
+        waited = time.monotonic() - begin
+        if waited > seconds:
             raise AssertionError(f"not within {seconds} s: {what}")
-        time.sleep(0.03)
+        time.sleep(min(max(waited / 10, SHORTEST), LONGEST))
 
 
 class Display:
@@ -103,6 +108,60 @@ def has_state(node, state):
     return found is not None and found.contains(state)
 
 
+def name_of(node):
+    return tell(node, lambda n: n.get_name(), "") or ""
+
+
+class Tree:
+    """Roles and children, which are most of what a look asks for, with the fewest questions."""
+
+    def __init__(self):
+        self.bus = None
+        self.roles = {}  # by accessible: what a control is never changes
+        self.known = {}  # accessibles by their bus name and path, neither of which another one ever gets
+
+    def role(self, node):
+        if node not in self.roles:
+            role = tell(node, lambda n: n.get_role())
+            if role is None:
+                return None
+            self.roles[node] = role
+        return self.roles[node]
+
+    def children(self, node):
+        """The first 120. One question, where the library puts one for their number and one for each."""
+        found = []
+        for number, reference in enumerate(self.references(node)[:120]):
+            if reference not in self.known:
+                child = tell(node, lambda n, i=number: n.get_child_at_index(i))
+                if child is not None:
+                    self.known[(child.app.bus_name, child.path)] = child
+            if reference in self.known:
+                found.append(self.known[reference])
+        return found
+
+    def references(self, node):
+        if self.bus is None:
+            self.bus = self.connected()
+        try:
+            return self.bus.call_sync(node.app.bus_name, node.path, "org.a11y.atspi.Accessible", "GetChildren", None,
+                                      None, Gio.DBusCallFlags.NONE, ANSWER, None).unpack()[0]
+        except GLib.Error:
+            return []
+
+    @staticmethod
+    def connected():
+        session = Gio.bus_get_sync(Gio.BusType.SESSION)
+        address = session.call_sync("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress", None, None,
+                                    Gio.DBusCallFlags.NONE, -1, None).unpack()[0]
+        kind = Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION
+        return Gio.DBusConnection.new_for_address_sync(address, kind, None, None)
+
+
+TREE = Tree()
+role_of, children = TREE.role, TREE.children
+
+
 def showing(node):
     return has_state(node, Atspi.StateType.SHOWING)
 
@@ -111,21 +170,11 @@ def enabled(node):
     return has_state(node, Atspi.StateType.ENABLED)
 
 
-def name_of(node):
-    return tell(node, lambda n: n.get_name(), "") or ""
-
-
-def children(node):
-    count = tell(node, lambda n: n.get_child_count(), 0)
-    return [child for child in (tell(node, lambda n, i=i: n.get_child_at_index(i)) for i in range(min(count, 120)))
-            if child is not None]
-
-
 def walk(node, role):
     """All accessibles of this role below the node; grids are not entered."""
     found = []
     for child in children(node):
-        kind = tell(child, lambda n: n.get_role())
+        kind = role_of(child)
         if kind == role:
             found.append(child)
         if kind not in NOT_ENTERED:
@@ -229,18 +278,18 @@ class Program:
         """What is open over the table's cells, as an editor or a month; it is behind them in the tree."""
         grid = self.find(Atspi.Role.TABLE, table)
         last = grid and tell(grid, lambda node: node.get_child_at_index(node.get_child_count() - 1))
-        cell = last and tell(last, lambda node: node.get_role()) == Atspi.Role.TABLE_CELL
+        cell = last and role_of(last) == Atspi.Role.TABLE_CELL
         return last if last and not cell else None
 
     def editor_is_open(self, table):
         """An editor lies over one of the table's cells; it is behind them in the tree."""
         grid = self.wait(Atspi.Role.TABLE, table)
         last = tell(grid, lambda node: node.get_child_at_index(node.get_child_count() - 1))
-        return last is not None and tell(last, lambda node: node.get_role()) == Atspi.Role.TEXT
+        return last is not None and role_of(last) == Atspi.Role.TEXT
 
     def entry_of(self, box, number):
         """An entry of the list that a combo box has opened; None while it is shut."""
-        lists = [child for child in children(box) if tell(child, lambda node: node.get_role()) == Atspi.Role.LIST]
+        lists = [child for child in children(box) if role_of(child) == Atspi.Role.LIST]
         entry = next((tell(opened, lambda node: node.get_child_at_index(number)) for opened in lists
                       if showing(opened)), None)
         return entry if entry is not None and showing(entry) else None
@@ -275,7 +324,7 @@ class Program:
         """Role and name of the control that has the keyboard; None when none of this program has it."""
         def seek(node):
             for child in children(node):
-                kind = tell(child, lambda n: n.get_role())
+                kind = role_of(child)
                 if has_state(child, Atspi.StateType.FOCUSED) and name_of(child):
                     return kind, name_of(child)
                 found = None if kind in NOT_ENTERED else seek(child)
