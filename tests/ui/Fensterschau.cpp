@@ -83,6 +83,13 @@ void Fensterschau::run(Look look) {
     programm_->Main->F2.Beenden();
 }
 
+void Fensterschau::runMain(Look look) {
+    look_ = std::move(look);
+    mainWindow();
+    virtualBuilding();
+    programm_->Main->F2.Beenden();
+}
+
 void Fensterschau::take(QWidget& window, const char* name) {
     QApplication::setActiveWindow(&window);
     QTest::qWait(50); // a combo box has its width 20 ms behind its entries

@@ -24,6 +24,8 @@ public:
 
     /// Shows every window to `look`.
     void run(Look look);
+    /// Shows only the states of the main window, and the virtual building, which has one of them.
+    void runMain(Look look);
 
 private:
     void mainWindow();

@@ -29,23 +29,22 @@ struct Window_Size : UiFixture, ::testing::WithParamInterface<SizeCase> {
 
     static int Percent() { return std::get<int>(GetParam()); }
 
-    void Show(const std::function<void(QWidget& window)>& check) {
+    Fensterschau Windows() {
         SettledLock(1, "Haupteingang");
         SettledLock(2, "Keller", "00.0A.10.02");
         SettledLock(3, "Serverraum", "01.50.0C.10");
         LanguageFiles();
-        Fensterschau(world, std::get<std::string_view>(GetParam())).run([&](QWidget& window, const char* name) {
-            if (qobject_cast<QMenu*>(&window) == nullptr) {
-                SCOPED_TRACE(name);
-                check(window);
-            }
-        });
+        return {world, std::get<std::string_view>(GetParam())};
     }
 };
 
 TEST_P(Window_Size, every_window_fits_a_small_screen_with_all_its_texts) {
     const QSize room(Width * Percent() / 100, (Height - TitleBar) * Percent() / 100);
-    Show([&room](QWidget& window) {
+    Windows().run([&room](QWidget& window, const char* name) {
+        if (qobject_cast<QMenu*>(&window) != nullptr) {
+            return;
+        }
+        SCOPED_TRACE(name);
         window.resize(window.size().boundedTo(room));
         Settle();
         EXPECT_LE(window.width(), room.width());
@@ -56,8 +55,9 @@ TEST_P(Window_Size, every_window_fits_a_small_screen_with_all_its_texts) {
 
 TEST_P(Window_Size, the_main_window_takes_no_more_than_800_points_of_width) {
     int seen = 0;
-    Show([&seen](QWidget& window) {
+    Windows().runMain([&seen](QWidget& window, const char* name) {
         if (window.objectName() == QLatin1String("F2")) {
+            SCOPED_TRACE(name);
             ++seen;
             EXPECT_LE(window.width(), MainWidth * Percent() / 100);
         }

@@ -1,6 +1,6 @@
 // Every window in every language, walked with Tab.
 
-#include "Fensterschau.h"
+#include "Tour.h"
 #include "UiFixture.h"
 #include "WidgetChecks.h"
 
@@ -36,26 +36,27 @@ QStringList readingOrder(QWidget* window, const QStringList& names) {
     return order;
 }
 
-struct Tab_Walk : UiFixture, ::testing::WithParamInterface<std::string_view> {
-    QStringList seen;
+/// A look at the windows alone: a menu has no controls.
+struct WindowLook : TourLook {
+    int Seen = 0;
 
-    void Show(const std::function<void(QWidget& window)>& check) {
-        SettledLock(1, "Haupteingang");
-        SettledLock(2, "Keller", "00.0A.10.02");
-        SettledLock(3, "Serverraum", "01.50.0C.10");
-        LanguageFiles();
-        Fensterschau(world, GetParam()).run([&](QWidget& window, const char* name) {
-            if (qobject_cast<QMenu*>(&window) == nullptr) {
-                SCOPED_TRACE(name);
-                seen += QLatin1String(name);
-                check(window);
-            }
-        });
+    virtual void look(QWidget& window) = 0;
+
+    void at(QWidget& window, const char* /*name*/) override {
+        if (qobject_cast<QMenu*>(&window) == nullptr) {
+            ++Seen;
+            look(window);
+        }
     }
+    void end() override { EXPECT_GE(Seen, 22); }
 };
 
-TEST_P(Tab_Walk, reaches_every_control_in_reading_order) {
-    Show([](QWidget& window) {
+struct Tab_Walk : UiFixture, ::testing::WithParamInterface<std::string_view> {};
+
+struct WalkedInReadingOrder : WindowLook {
+    static constexpr Turn When = Turn::MovesFocus;
+
+    void look(QWidget& window) override {
         if (window.focusWidget() != nullptr) {
             window.focusWidget()->clearFocus();
         }
@@ -65,18 +66,33 @@ TEST_P(Tab_Walk, reaches_every_control_in_reading_order) {
         const auto first = std::find(walked.begin(), walked.end(), expected.value(0));
         std::rotate(walked.begin(), first, walked.end());
         EXPECT_EQ(walked.join(QLatin1Char(' ')).toStdString(), expected.join(QLatin1Char(' ')).toStdString());
-    });
-    EXPECT_GE(seen.size(), 22);
+    }
+};
+
+TEST_P(Tab_Walk, reaches_every_control_in_reading_order) {
+    take<WalkedInReadingOrder>(GetParam(), *this);
 }
+
+struct NamedControls : WindowLook {
+    static constexpr Turn When = Turn::Reads;
+
+    void look(QWidget& window) override {
+        EXPECT_EQ(unnamedControls(&window).join(QLatin1Char('\n')).toStdString(), "");
+    }
+};
 
 TEST_P(Tab_Walk, finds_a_name_on_every_control_and_a_tip_on_every_bare_icon) {
-    Show([](QWidget& window) { EXPECT_EQ(unnamedControls(&window).join(QLatin1Char('\n')).toStdString(), ""); });
-    EXPECT_GE(seen.size(), 22);
+    take<NamedControls>(GetParam(), *this);
 }
 
+struct FittingTexts : WindowLook {
+    static constexpr Turn When = Turn::Reads;
+
+    void look(QWidget& window) override { EXPECT_EQ(allTextsFit(&window).join(QLatin1Char('\n')).toStdString(), ""); }
+};
+
 TEST_P(Tab_Walk, finds_every_text_within_its_place) {
-    Show([](QWidget& window) { EXPECT_EQ(allTextsFit(&window).join(QLatin1Char('\n')).toStdString(), ""); });
-    EXPECT_GE(seen.size(), 22);
+    take<FittingTexts>(GetParam(), *this);
 }
 
 INSTANTIATE_TEST_SUITE_P(Languages, Tab_Walk, ::testing::ValuesIn(Languages));

@@ -1,9 +1,9 @@
 // What a screen reader finds: the tree of every window in every language.
 
-#include "Fensterschau.h"
 #include "FrozenView.h"
 #include "GridView.h"
 #include "MonthView.h"
+#include "Tour.h"
 #include "UiFixture.h"
 #include "WidgetChecks.h"
 
@@ -174,28 +174,25 @@ void Walk(QAccessibleInterface& node, const std::function<void(QAccessibleInterf
     }
 }
 
-struct Accessible_Tree : UiFixture, ::testing::WithParamInterface<std::string_view> {
-    int windows = 0;
+struct TreeLook : TourLook {
+    static constexpr Turn When = Turn::Reads;
+    int Windows = 0;
 
-    void Show(const std::function<void(QWidget& window, QAccessibleInterface& top, const char* name)>& check) {
-        QAccessible::setActive(true);
-        SettledLock(1, "Haupteingang");
-        SettledLock(2, "Keller", "00.0A.10.02");
-        SettledLock(3, "Serverraum", "01.50.0C.10");
-        LanguageFiles();
-        Fensterschau(world, GetParam()).run([&](QWidget& window, const char* name) {
-            SCOPED_TRACE(name);
-            windows += Listed(name) ? 1 : 0;
-            QAccessibleInterface* top = QAccessible::queryAccessibleInterface(&window);
-            ASSERT_NE(top, nullptr);
-            check(window, *top, name);
-        });
-        EXPECT_EQ(windows, static_cast<int>(std::size(TopLevels)));
+    virtual void look(QWidget& window, QAccessibleInterface& top, const char* name) = 0;
+
+    void at(QWidget& window, const char* name) override {
+        Windows += Listed(name) ? 1 : 0;
+        QAccessibleInterface* top = QAccessible::queryAccessibleInterface(&window);
+        ASSERT_NE(top, nullptr);
+        look(window, *top, name);
     }
+    void end() override { EXPECT_EQ(Windows, static_cast<int>(std::size(TopLevels))); }
 };
 
-TEST_P(Accessible_Tree, a_window_is_a_window_and_a_dialog_a_dialog_with_its_title) {
-    Show([](QWidget& window, QAccessibleInterface& top, const char* name) {
+struct Accessible_Tree : UiFixture, ::testing::WithParamInterface<std::string_view> {};
+
+struct TitledTops : TreeLook {
+    void look(QWidget& window, QAccessibleInterface& top, const char* name) override {
         EXPECT_EQ(top.role(), Listed(name)                        ? TopLevelRole(name)
                               : window.windowType() == Qt::Dialog ? QAccessible::Dialog
                                                                   : QAccessible::Window);
@@ -205,11 +202,15 @@ TEST_P(Accessible_Tree, a_window_is_a_window_and_a_dialog_a_dialog_with_its_titl
         if (!window.windowTitle().isEmpty()) {
             EXPECT_EQ(NameOf(top), window.windowTitle().toStdString());
         }
-    });
+    }
+};
+
+TEST_P(Accessible_Tree, a_window_is_a_window_and_a_dialog_a_dialog_with_its_title) {
+    take<TitledTops>(GetParam(), *this);
 }
 
-TEST_P(Accessible_Tree, holds_every_control_by_its_role_name_and_state) {
-    Show([](QWidget& window, QAccessibleInterface& top, const char* /*name*/) {
+struct SpokenControls : TreeLook {
+    void look(QWidget& window, QAccessibleInterface& top, const char* /*name*/) override {
         QStringList reached;
         Walk(top, [&](QAccessibleInterface& node) {
             auto* widget = qobject_cast<QWidget*>(node.object());
@@ -240,18 +241,26 @@ TEST_P(Accessible_Tree, holds_every_control_by_its_role_name_and_state) {
                 EXPECT_EQ(reached.count(name), 1) << name.toStdString();
             }
         }
-    });
+    }
+};
+
+TEST_P(Accessible_Tree, holds_every_control_by_its_role_name_and_state) {
+    take<SpokenControls>(GetParam(), *this);
 }
 
-TEST_P(Accessible_Tree, has_no_name_for_a_key_that_is_hidden) {
-    Show([](QWidget& /*window*/, QAccessibleInterface& top, const char* /*name*/) {
+struct HiddenKeys : TreeLook {
+    void look(QWidget& /*window*/, QAccessibleInterface& top, const char* /*name*/) override {
         Walk(top, [](QAccessibleInterface& node) {
             const auto* button = qobject_cast<QAbstractButton*>(node.object());
             if (button != nullptr && button->isHidden() && !button->objectName().startsWith(QLatin1String("qt_"))) {
                 EXPECT_EQ(NameOf(node), "") << button->objectName().toStdString();
             }
         });
-    });
+    }
+};
+
+TEST_P(Accessible_Tree, has_no_name_for_a_key_that_is_hidden) {
+    take<HiddenKeys>(GetParam(), *this);
 }
 
 int ColumnsOf(std::string_view window, const ui::GridView& grid) {
@@ -285,14 +294,15 @@ bool HasEditor(std::string_view window, const QWidget& grid) {
            (state == "month" && !window.starts_with("F11"));
 }
 
-TEST_P(Accessible_Tree, holds_of_a_grid_only_the_columns_that_have_a_heading) {
-    int grids = 0;
-    Show([&grids](QWidget& window, QAccessibleInterface& /*top*/, const char* name) {
+struct HeadedColumns : TreeLook {
+    int Grids = 0;
+
+    void look(QWidget& window, QAccessibleInterface& /*top*/, const char* name) override {
         for (ui::GridView* grid : window.findChildren<ui::GridView*>()) {
             if (!grid->isVisible()) {
                 continue;
             }
-            grids += Listed(name) ? 1 : 0;
+            Grids += Listed(name) ? 1 : 0;
             QAccessibleInterface* node = QAccessible::queryAccessibleInterface(grid);
             QAccessibleTableInterface* table = node->tableInterface();
             const int columns = table->columnCount();
@@ -320,28 +330,44 @@ TEST_P(Accessible_Tree, holds_of_a_grid_only_the_columns_that_have_a_heading) {
             EXPECT_EQ(node->child(columns + 1)->tableCellInterface()->columnIndex(), 1);
             EXPECT_EQ(node->child(columns + 1)->tableCellInterface()->columnHeaderCells().value(0), node->child(1));
         }
-    });
-    // F4 five and F41 three times two grids, once each a third one; F5 and F12 six times, F20 five times, F3 three
-    // times, F10, F19, F6 with and without its editor, F7, F13, F60 and F91 twice, the virtual
-    // building, the check of the PC; none where F6 shows its ports alone
-    EXPECT_EQ(grids, 54);
+    }
+    void end() override {
+        TreeLook::end();
+        // F4 five and F41 three times two grids, once each a third one; F5 and F12 six times, F20 five times, F3 three
+        // times, F10, F19, F6 with and without its editor, F7, F13, F60 and F91 twice, the virtual
+        // building, the check of the PC; none where F6 shows its ports alone
+        EXPECT_EQ(Grids, 54);
+    }
+};
+
+TEST_P(Accessible_Tree, holds_of_a_grid_only_the_columns_that_have_a_heading) {
+    take<HeadedColumns>(GetParam(), *this);
 }
 
-TEST_P(Accessible_Tree, finds_the_month_of_the_start_dialog_below_the_dialog) {
-    int months = 0;
-    Show([&months](QWidget& window, QAccessibleInterface& top, const char* name) {
+struct MonthBelowDialog : TreeLook {
+    static constexpr Turn When = Turn::Closes;
+    int Months = 0;
+
+    void look(QWidget& window, QAccessibleInterface& top, const char* name) override {
         if (std::string_view(name) != "F11-month") {
             return;
         }
-        ++months;
+        ++Months;
         QAccessibleInterface* dialog = QAccessible::queryAccessibleInterface(window.parentWidget());
         ASSERT_EQ(top.parent(), dialog);
         EXPECT_EQ(dialog->child(dialog->indexOfChild(&top)), &top);
         window.close();
         EXPECT_EQ(dialog->indexOfChild(&top), -1);
         EXPECT_EQ(dialog->child(dialog->childCount()), nullptr);
-    });
-    EXPECT_EQ(months, 1);
+    }
+    void end() override {
+        TreeLook::end();
+        EXPECT_EQ(Months, 1);
+    }
+};
+
+TEST_P(Accessible_Tree, finds_the_month_of_the_start_dialog_below_the_dialog) {
+    take<MonthBelowDialog>(GetParam(), *this);
 }
 
 INSTANTIATE_TEST_SUITE_P(Languages, Accessible_Tree, ::testing::ValuesIn(Languages));
@@ -355,29 +381,32 @@ void PrintTo(const SpokenNames& names, std::ostream* out) {
     *out << names.Language;
 }
 
-struct Spoken_Names : UiFixture, ::testing::WithParamInterface<SpokenNames> {};
+struct SaidNames : TourLook {
+    static constexpr Turn When = Turn::Types;
+    std::map<std::string, std::string>
+        Said; ///< by name of the control; with "?" what describes it, with "=" what it holds
 
-TEST_P(Spoken_Names, are_words_of_the_language_in_use) {
-    SettledLock(1, "Haupteingang");
-    SettledLock(2, "Keller", "00.0A.10.02");
-    SettledLock(3, "Serverraum", "01.50.0C.10");
-    LanguageFiles();
-    std::map<std::string, std::string> said;
-    Fensterschau(world, GetParam().Language).run([&said](QWidget& window, const char* name) {
+    void at(QWidget& window, const char* name) override {
         if (std::string_view(name) == "F11") {
             QTest::keyClicks(window.findChild<QLineEdit*>(QStringLiteral("F11.Text1")), QStringLiteral("123"));
         } else if (std::string_view(name) == "F11-list") {
             return; // asks for another code
         }
-        Walk(*QAccessible::queryAccessibleInterface(&window), [&said](QAccessibleInterface& node) {
+        Walk(*QAccessible::queryAccessibleInterface(&window), [this](QAccessibleInterface& node) {
             if (node.object() != nullptr) {
-                said[node.object()->objectName().toStdString()] = NameOf(node);
-                said[node.object()->objectName().toStdString() + "?"] =
-                    node.text(QAccessible::Description).toStdString();
-                said[node.object()->objectName().toStdString() + "="] = node.text(QAccessible::Value).toStdString();
+                const std::string control = node.object()->objectName().toStdString();
+                Said[control] = NameOf(node);
+                Said[control + "?"] = node.text(QAccessible::Description).toStdString();
+                Said[control + "="] = node.text(QAccessible::Value).toStdString();
             }
         });
-    });
+    }
+};
+
+struct Spoken_Names : UiFixture, ::testing::WithParamInterface<SpokenNames> {};
+
+TEST_P(Spoken_Names, are_words_of_the_language_in_use) {
+    std::map<std::string, std::string> said = take<SaidNames>(GetParam().Language, *this).Said;
     const SpokenNames& names = GetParam();
     EXPECT_EQ(said["F13.FGK13"], names.Locks);
     EXPECT_EQ(said["F91.FGK91"], names.List);
