@@ -11,6 +11,7 @@ const std::vector<Language>& languages() {
     static const std::vector<Language> all{
         {"en", "English", "Manual", "Contents"},
         {"de", "Deutsch", "Handbuch", "Inhalt"},
+        {"fr", "Francais", "Manuel", "Sommaire"},
     };
     return all;
 }
