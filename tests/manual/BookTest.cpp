@@ -47,7 +47,8 @@ protected:
         return QString::fromUtf8(process.readAllStandardOutput());
     }
     /// The text as it is read: of a page, from 1, or of all.
-    std::string wordsOf(const QByteArray& pdf, int page = 0) {
+    std::string wordsOf(const QByteArray& pdf, int page = 0) { return linesOf(pdf, page).simplified().toStdString(); }
+    QString linesOf(const QByteArray& pdf, int page) {
         QStringList options{"-q"};
         if (page > 0) {
             options << "-f" << QString::number(page) << "-l" << QString::number(page);
@@ -58,7 +59,7 @@ protected:
         QProcess process;
         process.start("pdftotext", options << file.fileName() << "-");
         EXPECT_TRUE(process.waitForFinished()) << "poppler-utils is missing";
-        return QString::fromUtf8(process.readAllStandardOutput()).simplified().toStdString();
+        return QString::fromUtf8(process.readAllStandardOutput());
     }
     static std::string withoutDots(const std::string& text) {
         return QString::fromStdString(text).remove(" .").toStdString();
@@ -84,6 +85,23 @@ TEST_F(ManualBook, is_read_in_the_order_in_which_it_was_written) {
     EXPECT_EQ(withoutDots(wordsOf(pdf, 1)), "House What is in it Doors 2 Cellar 2 Keys 3 House 1");
     EXPECT_EQ(wordsOf(pdf, 2), "Doors One two three. Cellar Four five six seven 1. eight 2. nine House 2");
     EXPECT_EQ(wordsOf(pdf, 3), "Keys Ten. House 3");
+}
+
+TEST_F(ManualBook, keeps_letters_with_marks) {
+    const std::string marks = "L’été, où ça naît : « œuf », Ë, ï, ß, „Ö“, ‘ij’";
+    EXPECT_EQ(wordsOf(make(QString::fromStdString("# Clés {#keys}\n\n" + marks + '\n')), 2),
+              "Clés " + marks + " House 2");
+}
+
+TEST_F(ManualBook, does_not_end_a_line_before_a_space_that_does_not_break) {
+    QString text = "# Doors {#doors}\n\n";
+    for (int n = 0; n < 200; ++n) { // words of many lengths, so that some line ends at each place
+        text += QString("a").repeated(1 + n % 7) + QChar(QChar::Nbsp) + "; ";
+    }
+    const QString lines = linesOf(make(text + '\n'), 2);
+    EXPECT_EQ(lines.count(';'), 200);
+    EXPECT_GT(lines.count('\n'), 10);
+    EXPECT_FALSE(lines.contains("\n;")) << lines.toStdString();
 }
 
 TEST_F(ManualBook, has_a_destination_for_each_heading) {

@@ -47,6 +47,15 @@ TEST(ManualCaptions, come_from_the_tables_without_mnemonic) {
     EXPECT_NE(captions.add("", "Line", "Deutsch"), "");
 }
 
+TEST(ManualCaptions, are_not_broken_before_a_sign_of_french) {
+    Captions captions;
+    const QByteArray table = "key\tuse\tFrancais\nGone\tx\tLa « carte » est perdue ! Continuer ?\nOne\tx\tA - b\n";
+    ASSERT_EQ(captions.add(table, "Word", "Francais"), "");
+    QStringList faults;
+    EXPECT_EQ(captions.resolve("{Word:Gone} {Word:One}", faults),
+              QString::fromUtf8("**La «\u00a0carte\u00a0» est perdue\u00a0! Continuer\u00a0?** **A - b**"));
+}
+
 TEST(ManualCaptions, that_are_unknown_or_have_places_are_faults) {
     Captions captions;
     ASSERT_EQ(captions.add("key\tuse\tDeutsch\nPort\tx\tPort %1\n", "Word", "Deutsch"), "");

@@ -22,13 +22,20 @@ QString withoutMnemonic(const QString& caption) {
     return text;
 }
 
+/// Whether a space is part of the sign before or behind it, as French has it: a line does not end there.
+bool belongsToSign(const QString& caption, qsizetype space) {
+    const QString behind = caption.mid(space + 1, 1), before = caption.mid(0, space).right(1);
+    return (!behind.isEmpty() && QStringLiteral("!?:;»").contains(behind)) || before == QStringLiteral("«");
+}
+
 QString inMarkdown(const QString& caption) {
     QString text;
-    for (const QChar character : caption) {
-        if (QStringLiteral("\\`*_{}[]<>#|~").contains(character)) {
+    for (qsizetype n = 0; n < caption.size(); ++n) {
+        if (QStringLiteral("\\`*_{}[]<>#|~").contains(caption.at(n))) {
             text += u'\\';
         }
-        text += character;
+        const bool bound = caption.at(n) == u' ' && belongsToSign(caption, n);
+        text += bound ? QChar(QChar::Nbsp) : caption.at(n);
     }
     return QStringLiteral("**") + text + QStringLiteral("**");
 }
