@@ -50,7 +50,7 @@ void GebaeudeFenster::Schliessen() {
 }
 
 void GebaeudeFenster::Texte_Setzen() {
-    Fenster.Title = Fenstertitel(Wort(kern, Word::BuildingEntry));
+    Fenster.Title = Fenstertitel(Wort(kern, Word::BuildingTitle));
     FGK.SetText(0, BuildingColumn::Device, Wort(kern, Word::BuildingDevice));
     FGK.SetText(0, BuildingColumn::Serial, kern.Zeile(Line::SerialNumber));
     FGK.SetText(0, BuildingColumn::Channel, Wort(kern, Word::BuildingChannel));

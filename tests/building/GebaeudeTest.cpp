@@ -225,5 +225,15 @@ TEST_F(Building, its_window_follows_the_language) {
     EXPECT_EQ(window->Sachen.Entries()[0], "A new E-Key");
 }
 
+TEST_F(Building, its_window_and_the_main_window_are_told_apart_where_windows_are_switched) {
+    Begin();
+    programm->kern.ImGebaeude = true;
+    Connect();
+    programm->kern.Config.Sprache = "English";
+    programm->kern.Windows.WordsChanged();
+    EXPECT_EQ(window->Fenster.Title(), "QVM 7702 SOFTWARE SYSTEM - Virtual devices");
+    EXPECT_EQ(programm->Main->F2.Fenster.Title(), "QVM 7702 SOFTWARE SYSTEM - Virtual building");
+}
+
 } // namespace
 } // namespace qvm::test

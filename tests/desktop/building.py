@@ -2,11 +2,13 @@
 import os
 
 from accessible_hand import AccessibleHand
+from keyboard_hand import KeyboardHand
 from mouse_hand import MouseHand
 from screen import Atspi, Program, wait_for
 
 BUTTON, LABEL = Atspi.Role.PUSH_BUTTON, Atspi.Role.LABEL
 STRIP, DEVICES = "Virtual building: nothing real is touched", "Device"
+SMALL = "QVM 7702 SOFTWARE SYSTEM - Virtual devices"
 EVENTS, STATE = 4, 6  # columns
 VIRTUAL_CODE = "123456"
 TOR, PROGRAM_COLUMN = 1, 3
@@ -28,7 +30,7 @@ class BuildingTests:
         self.start()
         hand = hand_of(self.program)
         self.program.wait(BUTTON, "Manage users")
-        hand.take(r"\?", "Virtual building")
+        hand.take_from_bar(r"\?", "Virtual building")
         self.program.wait(LABEL, r"(?s)In the virtual building the program works with a copy of your data.*")
         hand.press("Yes")
         self.program.wait(LABEL, STRIP)
@@ -36,6 +38,7 @@ class BuildingTests:
         return hand, self.real_files()
 
     def program_tor(self, hand):
+        hand.leave(SMALL)
         hand.press("Program locks")
         hand.step("Locks", TOR, PROGRAM_COLUMN)
         self.program.wait(LABEL, r"Read the history before programming\?\nLock 1: Tor")
@@ -58,10 +61,12 @@ class BuildingTests:
         hand, inside = self.enter_the_building(hand_of)
         self.assertEqual(self.program.cell_name(DEVICES, TOR, STATE), "not programmed")
         self.program_tor(hand)
+        hand.take_from_bar(r"\?", "Virtual building")
         wait_for("the lock holds its data", lambda: self.program.cell_name(DEVICES, TOR, STATE) == "programmed")
         self.try_the_door(hand, "999999", r"Tor stays shut: the lock knows nobody by this\.")
         self.try_the_door(hand, BERT, r"Tor opens for Bert\.")
-        hand.take(r"\?", "End the virtual building")
+        hand.leave(SMALL)
+        hand.take_from_bar(r"\?", "End the virtual building")
         self.program.wait(LABEL, "What was changed in the virtual building is lost.*")
         hand.press("Yes")
         wait_for("the strip goes", lambda: self.program.find(LABEL, STRIP) is None)
@@ -77,6 +82,9 @@ class BuildingTests:
 
     def test_lives_in_the_virtual_building_and_leaves_it_by_mouse(self):
         self.live_in_the_building(MouseHand)
+
+    def test_lives_in_the_virtual_building_and_leaves_it_by_keyboard_alone(self):
+        self.live_in_the_building(KeyboardHand)
 
     def test_lives_in_the_virtual_building_and_leaves_it_through_the_accessible_tree_alone(self):
         self.live_in_the_building(AccessibleHand)

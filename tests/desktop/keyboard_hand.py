@@ -2,7 +2,7 @@
 import time
 from datetime import date
 
-from screen import Atspi, has_state, key, tell, typed, wait_for
+from screen import Atspi, has_state, key, name_of, tell, typed, wait_for
 
 BUTTON, MENU_ENTRY, PASSWORD = Atspi.Role.PUSH_BUTTON, Atspi.Role.MENU_ITEM, Atspi.Role.PASSWORD_TEXT
 FOCUSED, TABLE, COMBO = Atspi.StateType.FOCUSED, Atspi.Role.TABLE, Atspi.Role.COMBO_BOX
@@ -87,6 +87,16 @@ class KeyboardHand:
         self.go_to(table, row, column)
         key("shift+F10")
         self.take(*entries)
+
+    def take_from_bar(self, _menu, *entries):
+        """From the last menu of the window's bar: the first one's letter opens that, and the bar is a ring."""
+        key("alt+f", "Left")
+        self.take(*entries)
+
+    def leave(self, title):
+        """The small window of this title, which may be before the main window."""
+        key("Escape")
+        wait_for(f"{title} goes", lambda: all(name_of(window) != title for window in self.program.windows()))
 
     def take(self, *entries):
         """From the menu that opens, and from those that its entries open."""

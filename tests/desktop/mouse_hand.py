@@ -46,6 +46,13 @@ class MouseHand:
         click_at(*middle(self.program.cell(table, row, column)))
         self.take(*entries)
 
+    def take_from_bar(self, menu, *entries):
+        """From a menu of the window's bar."""
+        self.take(menu, *entries)
+
+    def leave(self, _title):
+        """A small window before the main window, which is in this hand's reach without that."""
+
     def take(self, *entries):
         """From the menu that opens, and from those that its entries open."""
         for entry in entries:
