@@ -28,7 +28,7 @@ inline constexpr std::array<HandbuchKapitel, 27> HandbuchKapitelListe{{
     {"F16", "people"},       {"F17", "change-code"},
     {"F18", "channels"},     {"F19", "serial-numbers"},
     {"F20", "units"},        {"Gebaeude", "virtual-building"},
-    {"Pc", "trouble"},
+    {"Pc", "check-this-pc"},
 }};
 
 /// The destination for a window, "F5" for one; empty, which is the first page, for one that has none.
