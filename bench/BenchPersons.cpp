@@ -1,4 +1,6 @@
 #include "F5.h"
+#include "F5_Csv.h"
+#include "F5_Import.h"
 #include "F5_Laden.h"
 #include "F5_Speichern.h"
 #include "Kern.h"
@@ -99,6 +101,28 @@ void Find250Templates(benchmark::State& state) {
     }
 }
 BENCHMARK(Find250Templates)->Unit(benchmark::kMillisecond);
+
+/// The table's own export with another group in each row: 250 rows of 200 marks.
+void PlanTheImportOfTheUserTable(benchmark::State& state) {
+    Installation world;
+    for (std::size_t line = 0; line < world.kern.Sprache.LanguageText.size(); ++line) {
+        world.kern.Sprache.LanguageText[line] = "Word " + std::to_string(line);
+    }
+    for (const Blattspalte& column : F5_Blattspalten(world.kern)) {
+        world.table.FGK4.SetText(1, column.Column, column.Heading);
+    }
+    const std::string exported = F5_CsvText(world.table.FGK4);
+    for (int row = UserGrid::FirstRow; row <= UserGrid::LastRow; ++row) {
+        world.table.FGK4.SetText(row, UserColumn::Group, "-");
+    }
+    world.table.GroupTablePerson = world.groups;
+    for (auto _ : state) {
+        if (F5_Blatt_Planen(world.kern, world.table, exported).ChangedRows() != UserGrid::Users) {
+            state.SkipWithError("the sheet was not understood");
+        }
+    }
+}
+BENCHMARK(PlanTheImportOfTheUserTable)->Unit(benchmark::kMillisecond);
 
 /// The user window with that table, without its view.
 struct OpenWindow {
