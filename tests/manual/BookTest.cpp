@@ -153,6 +153,41 @@ TEST_F(ManualBook, does_not_part_a_heading_from_its_text) {
     }
 }
 
+TEST_F(ManualBook, holds_the_words_of_a_paragraph_once_where_a_page_ends_in_it) {
+    for (const char* mark : {"", "- "}) {
+        QString text = QString("# Doors {#doors}\n\n") + mark;
+        for (int n = 0; n < 900; ++n) {
+            text += QString("word%1 ").arg(n);
+        }
+        const QByteArray pdf = make(text + "\n\nBehind.\n");
+        std::string all = "Doors";
+        for (int page = 2; page <= 3; ++page) {
+            all += linesOf(pdf, page).remove("Doors").remove(QString("House\n\n%1").arg(page)).toStdString();
+        }
+        QStringList words = QString::fromStdString(all).simplified().split(' ');
+        words.removeAll(QString::fromUtf8("•"));
+        ASSERT_EQ(words.size(), 902);
+        for (int n = 0; n < 900; ++n) {
+            ASSERT_EQ(words.at(n + 1), QString("word%1").arg(n));
+        }
+    }
+}
+
+TEST_F(ManualBook, keeps_the_cells_of_a_row_apart) {
+    constexpr int Rows = 12;
+    const auto left = [](int n) { return QString("i").repeated(n) + QString(" must %1").arg(n).repeated(5); };
+    const auto right = [](int n) { return QString("o").repeated(n) + QString(" shall %1").arg(n).repeated(5); };
+    QString text = "# Doors {#doors}\n\n| Says | Do |\n|---|---|\n";
+    for (int n = 1; n <= Rows; ++n) { // lines of many lengths, some as wide as their column
+        text += "| **" + left(n) + "** | " + right(n) + "|\n";
+    }
+    const std::string all = wordsOf(make(text), 2);
+    for (int n = 1; n <= Rows; ++n) {
+        EXPECT_THAT(all, ::testing::HasSubstr(left(n).toStdString()));
+        EXPECT_THAT(all, ::testing::HasSubstr(right(n).toStdString()));
+    }
+}
+
 TEST_F(ManualBook, shows_each_line_however_many_pages_and_pictures_it_has) {
     paint("tall.png", 500, 640);
     QString text = "# Doors {#doors}\n\n";

@@ -30,7 +30,8 @@ constexpr int Resolution = 1200, LetterSize = 14;
 constexpr double PictureScale = 0.75, HighestPicture = 480;
 constexpr double LowestHeading = 0.86; ///< of a page; below it a heading goes to the next one
 constexpr double Touching = 0.5;
-constexpr int EntryHeight = 22, ContentsTop = 130;
+constexpr int CellPadding = 5, ColumnGap = 14;
+constexpr int EntrySize = 13, EntryHeight = 20, ContentsTop = 110;
 
 QFont letters(int size, bool bold = false) {
     QFont font(QStringList{QStringLiteral("Noto Sans"), QStringLiteral("DejaVu Sans")});
@@ -121,6 +122,19 @@ void styleParagraphs(QTextDocument& text) {
     }
 }
 
+/// Columns stand so far apart that a reader of the bare text does not take two cells for one line.
+void partColumns(const QTextTable& table) {
+    for (int row = 0; row < table.rows(); ++row) {
+        for (int column = 0; column < table.columns(); ++column) {
+            QTextTableCell cell = table.cellAt(row, column);
+            QTextTableCellFormat format = cell.format().toTableCellFormat();
+            format.setPadding(CellPadding);
+            format.setRightPadding(ColumnGap);
+            cell.setFormat(format);
+        }
+    }
+}
+
 void styleTables(QTextDocument& text) {
     for (QTextFrame* frame : text.rootFrame()->childFrames()) {
         if (auto* table = qobject_cast<QTextTable*>(frame)) {
@@ -129,10 +143,11 @@ void styleTables(QTextDocument& text) {
             format.setBorderCollapse(true);
             format.setBorder(0.5);
             format.setBorderBrush(QColor(0xB0B0B0));
-            format.setCellPadding(5);
+            format.setCellPadding(CellPadding);
             format.setTopMargin(6);
             format.setBottomMargin(10);
             table->setFormat(format);
+            partColumns(*table);
         }
     }
 }
@@ -170,6 +185,44 @@ void keepHeadings(QTextDocument& text) {
     }
 }
 
+/// Where in its block the line stands that begins the next page; 0 if the block ends on its page.
+int pageEndIn(const QTextDocument& text, const QTextBlock& block) {
+    const double top = topOf(text, block);
+    const QTextLayout& lines = *block.layout();
+    for (int n = 1; n < lines.lineCount(); ++n) {
+        const double before = top + lines.lineAt(n - 1).y();
+        if (std::floor((top + lines.lineAt(n).y()) / TextHeight) > std::floor(before / TextHeight)) {
+            return lines.lineAt(n).textStart();
+        }
+    }
+    return 0;
+}
+
+/// A paragraph becomes two where a page ends in it: of one the layout draws the last line before a page once more on
+/// that page, where nobody sees it and whoever copies the text finds it.
+void partParagraphs(QTextDocument& text) {
+    for (QTextBlock block = text.begin(); block.isValid(); block = block.next()) {
+        const int end = block.blockFormat().headingLevel() > 0 ? 0 : pageEndIn(text, block);
+        if (end == 0) {
+            continue;
+        }
+        QTextBlockFormat first, rest;
+        rest.setTopMargin(0);
+        rest.setPageBreakPolicy(QTextFormat::PageBreak_Auto);
+        QTextCursor cursor(&text);
+        cursor.setPosition(block.position() + end);
+        cursor.insertBlock();
+        cursor.mergeBlockFormat(rest);
+        if (cursor.currentList() != nullptr) {
+            cursor.currentList()->remove(cursor.block()); // keeps its distance from the edge, without a mark of its own
+        }
+        first.setBottomMargin(0);
+        cursor.movePosition(QTextCursor::PreviousBlock);
+        cursor.mergeBlockFormat(first);
+        layOutAnew(text);
+    }
+}
+
 void layOut(QTextDocument& text, const QString& markdown) {
     text.setDocumentMargin(0);
     text.setUseDesignMetrics(true);
@@ -184,6 +237,7 @@ void layOut(QTextDocument& text, const QString& markdown) {
     text.setPageSize(QSizeF(TextWidth, TextHeight));
     layOutAnew(text);
     keepHeadings(text);
+    partParagraphs(text);
 }
 
 /// Where each heading stands; pages of the contents are counted already.
@@ -213,7 +267,7 @@ int contentsPages(std::size_t entries) {
 
 void drawEntry(QPainter& painter, double top, const Place& place) {
     const bool chapter = place.Level == 1;
-    painter.setFont(letters(LetterSize, chapter));
+    painter.setFont(letters(EntrySize, chapter));
     const QFontMetricsF metrics(painter.font());
     const double left = Margin + (place.Level - 1) * 18;
     const QString number = QString::number(place.Page + 1);
