@@ -20,6 +20,11 @@ std::vector<std::pair<Tour::Make, Turn>>& entered() {
 
 } // namespace
 
+std::vector<std::string>& Tour::manualPlaces() {
+    static std::vector<std::string> places;
+    return places;
+}
+
 std::size_t Tour::enter(Make make, Turn turn) {
     entered().emplace_back(make, turn);
     return entered().size() - 1;
@@ -42,6 +47,18 @@ Tour::Tour(std::string_view language, UiFixture& fixture) {
     fixture.SettledLock(2, "Keller", "00.0A.10.02");
     fixture.SettledLock(3, "Serverraum", "01.50.0C.10");
     fixture.LanguageFiles();
+    for (const char* manual : {"de", "en", "fr", "nl"}) {
+        fixture.world.Disk.Files[std::string("/q/QVM_System_") + manual + ".pdf"] = "%PDF";
+    }
+    manualPlaces().clear();
+    fixture.world.World.OpenDocumentAt = [](const std::string&, const std::string& destination) {
+        manualPlaces().push_back(destination);
+        return true;
+    };
+    fixture.world.World.OpenWithLinkedApp = [](const std::string&, const std::string&) {
+        manualPlaces().emplace_back();
+        return true;
+    };
     QAccessible::setActive(true);
     Fensterschau(fixture.world, language).run([this](QWidget& window, const char* name) {
         SCOPED_TRACE(name);

@@ -6,6 +6,7 @@
 #include <functional>
 #include <gtest/gtest.h>
 #include <memory>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -36,6 +37,9 @@ public:
     /// The tour in this language. It is made when it is first asked for, in the fixture's world, which holds nothing
     /// yet.
     static const Tour& of(std::string_view language, UiFixture& fixture);
+
+    /// Where the manual was opened so far, in the tour that is under way: destinations, empty for the first page.
+    static std::vector<std::string>& manualPlaces();
 
     /// The look of this number; what failed there fails the test that asks for it.
     const TourLook& take(std::size_t number) const;

@@ -2,10 +2,12 @@
 
 #include "Geometry.h"
 #include "Handbuch.h"
+#include "QuestionKey.h"
 #include "TextEdge.h"
 #include "Theme.h"
 #include "WindowAccess.h"
 
+#include <QAction>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -55,8 +57,9 @@ WindowBase::WindowBase(Kern& kern, Window& model, const QString& name, Stand sta
     setWindowIcon(programIcon());
     // A shortcut goes before the grids, in which any key may begin an entry.
     auto* help = new QShortcut(Qt::Key_F1, this);
-    connect(help, &QShortcut::activated, this,
-            [&kern, name] { Handbuch_Oeffnen(kern, Handbuch_Kapitel(name.toStdString())); });
+    manual_ = [&kern, name] { Handbuch_Oeffnen(kern, Handbuch_Kapitel(name.toStdString())); };
+    connect(help, &QShortcut::activated, this, manual_);
+    addQuestionKey(this, manual_);
     outer_->setContentsMargins(0, 0, 0, 0);
     outer_->setSpacing(0);
     outer_->addLayout(content_);
@@ -78,6 +81,7 @@ QMenuBar* WindowBase::addMenuBar() {
     auto* bar = new QMenuBar(this);
     bar->setObjectName(objectName() + QStringLiteral(".Menu"));
     outer_->setMenuBar(bar);
+    menus_ = bar;
     return bar;
 }
 
@@ -166,6 +170,10 @@ bool WindowBase::event(QEvent* event) {
 }
 
 void WindowBase::finish(WindowHandlers handlers, bool remember) {
+    if (menus_ != nullptr) {
+        QAction* manual = menus_->addAction(QStringLiteral("?"), this, [this] { manual_(); });
+        manual->setObjectName(objectName() + QStringLiteral(".Hilfe"));
+    }
     setWords();
     bind(model_, this, objectName(), std::move(handlers), remember);
 }

@@ -33,8 +33,8 @@ enum class Stand {
 };
 
 /// What every window but the main window starts from: icon, binding, an optional tool bar over a content area, a button
-/// that Return presses, and F1, which opens the manual at the window's chapter. Windows are never deleted while the
-/// program runs, only hidden: their handlers may be on the stack when they close.
+/// that Return presses, and F1 and "?", which open the manual at the window's chapter. Windows are never deleted while
+/// the program runs, only hidden: their handlers may be on the stack when they close.
 class WindowBase : public QWidget {
     Q_OBJECT
 
@@ -54,7 +54,7 @@ public:
 protected:
     /// A tool bar with big icons and text at the top; named "<name>.Toolbar1".
     QToolBar* addToolBar();
-    /// A menu bar above everything else; named "<name>.Menu".
+    /// A menu bar above everything else; named "<name>.Menu". Its last entry, "?", opens the manual.
     QMenuBar* addMenuBar();
     /// Where the window's content goes.
     QVBoxLayout* content() const { return content_; }
@@ -93,6 +93,8 @@ private:
     QWidget* owner_;
     QWidget* beside_ = nullptr;
     std::vector<QWidget*> others_;
+    std::function<void()> manual_; ///< opens it at the window's chapter
+    QMenuBar* menus_ = nullptr;
     QVBoxLayout* outer_;
     QVBoxLayout* content_;
     QPushButton* default_ = nullptr;

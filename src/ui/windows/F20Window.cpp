@@ -97,6 +97,7 @@ void F20Window::makeGrid() {
     grid_->setColumns(columnWidths(f20_.FGK20, F20::Breite), UnitColumn::Name);
     grid_->setBlocks(f20_.Auswahl);
     grid_->onKey = [this](int key) { f20_.FGK20_KeyPress(key); };
+    grid_->takesAnyText = [](int column) { return column == UnitColumn::Name; };
     grid_->onMenuKey = [this] { f20_.FGK20_Kontext(); };
     grid_->onDoubleClick = [this](int row, int column) { f20_.FGK20_DblClick(row, column); };
     grid_->onMouseUp = [this](MouseButton button, int row, int column) { f20_.FGK20_MouseUp(button, row, column); };

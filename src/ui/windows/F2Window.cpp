@@ -8,6 +8,7 @@
 #include "LinkCard.h"
 #include "Mnemonics.h"
 #include "OverviewCard.h"
+#include "QuestionKey.h"
 #include "TextEdge.h"
 #include "Theme.h"
 #include "WindowAccess.h"
@@ -96,6 +97,7 @@ void F2Window::makeMenus() {
     help->setObjectName(QStringLiteral("F2.Hilfe"));
     QAction* manual = addEntry(help, f2_.F2_Help, "F2_Help", [this] { f2_.F2_Help_Click(); });
     manual->setShortcut(Qt::Key_F1);
+    addQuestionKey(this, [this] { f2_.F2_Help_Click(); });
     addEntry(help, f2_.F2_Gebaeude, "F2_Gebaeude", [this] { f2_.F2_Gebaeude_Click(); });
     QAction* leave = addEntry(help, f2_.F2_Gebaeude_Ende, "F2_Gebaeude_Ende", [this] { f2_.F2_Gebaeude_Ende_Click(); });
     addEntry(help, f2_.F2_Pc, "F2_Pc", [this] { f2_.F2_Pc_Click(); });

@@ -103,6 +103,7 @@ void F42Window::makeOffsets() {
     offsets_->setFixedHeight(wholeHeight(*offsets_));
     offsets_->setBlocks(f42_.Auswahl);
     offsets_->onKey = [this](int key) { f42_.FGK42_KeyPress(key); };
+    offsets_->takesAnyText = [](int column) { return column == OffsetColumn::Name; };
     offsets_->onMenuKey = [this] { f42_.FGK42_Kontext(); };
     offsets_->onDoubleClick = [this](int row, int column) { f42_.FGK42_DblClick(row, column); };
     offsets_->onMouseUp = [this](MouseButton button, int row, int column) { f42_.FGK42_MouseUp(button, row, column); };

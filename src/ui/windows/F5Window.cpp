@@ -85,6 +85,7 @@ void F5Window::makeGrid() {
     grid_->setBlocks(f5_.Auswahl);
     grid_->takesTab = true;
     grid_->onKey = [this](int key) { f5_.FGK4_KeyPress(key); };
+    grid_->takesAnyText = [](int column) { return column == UserColumn::KeyLabel; };
     grid_->onMenuKey = [this] { f5_.FGK4_Kontext(); };
     grid_->mayWrite = [this](int row, int column) { return f5_.Beschreibbar(row, column); };
     grid_->onWrite = [this](int row, int column, const std::string& text) { f5_.FGK4_Eintragen(row, column, text); };

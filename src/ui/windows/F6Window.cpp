@@ -83,6 +83,7 @@ void F6Window::makeGrid() {
     grid_->setColumns({800, 2500, 3500, 1500, 2800}, F6Column::Name);
     grid_->onClick = [this](int row, int column) { f6_.FGK6_Click(row, column); };
     grid_->onKey = [this](int key) { f6_.FGK6_KeyPress(key); };
+    grid_->takesAnyText = [](int column) { return column == F6Column::Name; };
     editor_ = new OverlayEditor(f6_.Text3, *grid_, QStringLiteral("F6.Text3"));
     editor_->onKey = [this](int key) { f6_.Text3_KeyPress(key); };
     editor_->onText = [this](const std::string& text) { f6_.Text3_Change(text); };

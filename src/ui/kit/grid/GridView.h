@@ -88,7 +88,9 @@ public:
 
     std::function<void(int row, int column)> onClick; ///< mouse, Return or space on a cell
     std::function<void(int key)> onKey;               ///< a key typed on the current cell, as Keys.h codes it
-    std::function<void()> onSpace;                    ///< the space bar, instead of a click
+    /// In these columns any character begins an entry, so that none is a shortcut.
+    std::function<bool(int column)> takesAnyText;
+    std::function<void()> onSpace; ///< the space bar, instead of a click
     /// The left or the right mouse button went down and up on a cell, without a drag or Shift. Return and space then go
     /// to onKey.
     std::function<void(MouseButton button, int row, int column)> onMouseUp;
@@ -120,6 +122,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+    bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;

@@ -95,6 +95,15 @@ void GridView::keyPressEvent(QKeyEvent* event) {
     }
 }
 
+bool GridView::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride && takesAnyText && takesAnyText(currentIndex().column()) &&
+        keyCode(static_cast<QKeyEvent&>(*event)) > ' ') {
+        event->accept();
+        return true;
+    }
+    return QTableView::event(event);
+}
+
 void GridView::mousePressEvent(QMouseEvent* event) {
     const QModelIndex index = indexAt(event->position().toPoint());
     pressed_ = index;
