@@ -188,22 +188,6 @@ TEST_F(ManualBook, keeps_the_cells_of_a_row_apart) {
     }
 }
 
-TEST_F(ManualBook, shows_each_line_however_many_pages_and_pictures_it_has) {
-    paint("tall.png", 500, 640);
-    QString text = "# Doors {#doors}\n\n";
-    for (int n = 0; n < 30; ++n) {
-        text += QString("Before%1.\n\n![tall](tall.png)\n\n- Item%1\n\nBehind%1.\n\n## Part%1 {#p%1}\n\nText%1.\n\n")
-                    .arg(n);
-    }
-    const std::string all = wordsOf(make(text));
-    for (int n = 0; n < 30; ++n) {
-        const std::string number = std::to_string(n);
-        for (const char* word : {"Before", "Item", "Behind", "Text"}) {
-            EXPECT_THAT(all, ::testing::HasSubstr(word + number)) << word;
-        }
-    }
-}
-
 TEST_F(ManualBook, refuses_headings_without_a_destination_of_their_own) {
     EXPECT_EQ(make("# Doors\n\n## Keys {#keys}\n\n## Locks {#keys}\n"), "");
     EXPECT_EQ(Faults, QStringList({"no destination: # Doors", "a second time: ## Locks {#keys}"}));
