@@ -1,8 +1,10 @@
 #include "PdfViewer.h"
 
+#include <QEventLoop>
 #include <QProcess>
 #include <QString>
 #include <QStringList>
+#include <QTimer>
 #include <QUrl>
 
 namespace qvm {
@@ -27,9 +29,19 @@ constexpr int Patience = 2000; ///< ms
 
 std::string standardViewer() {
     QProcess process;
-    process.start(QStringLiteral("xdg-mime"),
-                  {QStringLiteral("query"), QStringLiteral("default"), QStringLiteral("application/pdf")});
-    if (!process.waitForFinished(Patience)) {
+    QEventLoop loop;
+    QObject::connect(&process, &QProcess::finished, &loop, &QEventLoop::quit);
+    QObject::connect(&process, &QProcess::errorOccurred, &loop, &QEventLoop::quit);
+    QTimer::singleShot(Patience, &loop, &QEventLoop::quit);
+    // Started when the loop runs: one that cannot be started says so at once.
+    QTimer::singleShot(0, &loop, [&process] {
+        process.start(QStringLiteral("xdg-mime"),
+                      {QStringLiteral("query"), QStringLiteral("default"), QStringLiteral("application/pdf")});
+    });
+    // The windows are painted and a run goes on meanwhile; keys and clicks wait, so that nothing that is opened or
+    // closed by them comes in between.
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
+    if (process.state() != QProcess::NotRunning) {
         process.kill();
         process.waitForFinished(Patience);
         return {};
