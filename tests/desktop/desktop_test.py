@@ -24,6 +24,7 @@ from kills import KillTests
 from lines import LineTests
 from locks import LockTests
 from pccheck import PcCheckTests
+from reports import ReportTests
 from screen import (PATIENCE, Atspi, Display, Heard, Program, click_at, drag, has_state, key, middle, name_of, tell,
                     typed, wait_for)
 from users import UserTests
@@ -38,7 +39,7 @@ BUILD = ""
 
 
 class Desktop(BuildingTests, CalendarTests, ClockTests, FirstStartTests, GuestTests, LineTests, LockTests, PcCheckTests,
-              UserTests, WayTests, KillTests, unittest.TestCase):
+              ReportTests, UserTests, WayTests, KillTests, unittest.TestCase):
     maxDiff = None
 
     def setUp(self):

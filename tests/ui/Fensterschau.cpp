@@ -400,9 +400,9 @@ void Fensterschau::userMenus() {
     ui::F5Window& window = windows_->Persons.f5;
     for (const auto& [menu, name] :
          {std::pair{"F5.F5_Extras.Menu", "F5-extras"}, std::pair{"F5.F5_Markierung.Menu", "F5-marking"},
-          std::pair{"F5.M_FGK4", "F5-delete"}, std::pair{"F5.F5_E_Key", "F5-key"},
-          std::pair{"F5.key_anlernen.Menu", "F5-learn"}, std::pair{"F5.key_suchen.Menu", "F5-search"},
-          std::pair{"F5.F5_Fingerscan", "F5-finger"}}) {
+          std::pair{"F5.Sichern.Menu", "F5-reports"}, std::pair{"F5.M_FGK4", "F5-delete"},
+          std::pair{"F5.F5_E_Key", "F5-key"}, std::pair{"F5.key_anlernen.Menu", "F5-learn"},
+          std::pair{"F5.key_suchen.Menu", "F5-search"}, std::pair{"F5.F5_Fingerscan", "F5-finger"}}) {
         auto* popup = window.findChild<QMenu*>(QLatin1String(menu));
         popup->popup(window.mapToGlobal(QPoint(20, 20)));
         take(*popup, name);

@@ -68,6 +68,7 @@ constexpr std::pair<std::string_view, QAccessible::Role> TopLevels[] = {
     {"F5-scrolled", QAccessible::Dialog},
     {"F5-extras", QAccessible::PopupMenu},
     {"F5-marking", QAccessible::PopupMenu},
+    {"F5-reports", QAccessible::PopupMenu},
     {"F5-delete", QAccessible::PopupMenu},
     {"F5-key", QAccessible::PopupMenu},
     {"F5-learn", QAccessible::PopupMenu},

@@ -31,6 +31,7 @@ F5::F5(Kern& kernel) : kern(kernel), Timer1(kernel.Welt, TintInterval), Timer2(k
     Timer1.Ticked = [this] { Kreuz_Zeichnen(); };
     Timer2.Ticked = [this] { Maus_Verfolgen(); };
     Auswahl.Moved = [this] { Stand_Zeigen(); };
+    Berichte.Erstellen = [this](ReportKind kind) { return Bericht_Erstellen(kind); };
     kern.Windows.Open["F5"] = [this] { F5_FormLaden(); };
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Berichtsmenue.h"
 #include "Controls.h"
 #include "Grid.h"
 #include "GridSelection.h"
@@ -70,6 +71,8 @@ struct F5 {
                                         {.Key = "Speichern"}}};
     /// Menu bar: F5_Extras with F5_Markierung (F5_M5ON, F5_M5_OFF), F5_Sort, F5_Search, F5_Import, and undo and redo.
     MenuEntry F5_Extras, F5_Markierung, F5_M5ON, F5_M5_OFF, F5_Sort, F5_Search, F5_Import, F5_Undo, F5_Redo;
+    /// Menu bar too. The reports have the table as it is shown, saved or not.
+    Berichtsmenue Berichte{kern, {ReportKind::People, ReportKind::Doors, ReportKind::Receipt}};
     MenuEntry F5_Loeschen;
     MenuEntry key_anlernen, Save_Ekey, Save_RFID, Key_loeschen, key_ausschneiden, key_einfuegen, key_suchen,
         Search_Ekey, Search_RFID, key_synchron;
@@ -128,6 +131,8 @@ struct F5 {
     void F5_Search_Click();
     /// Takes a spreadsheet into the table as one step, behind a question that shows what it changes.
     void F5_Import_Click();
+    /// Saves a report as PDF.
+    void F5_Bericht_Click(ReportKind kind);
     void F5_M5ON_Click();
     void F5_M5_OFF_Click();
     /// By the current column: deletes the selected users, or clears the selected cells of the column.
@@ -170,6 +175,7 @@ private:
     void Menues_Beschriften();
     void Ueberschriften_Setzen();
     void Stand_Zeigen();
+    std::optional<Report> Bericht_Erstellen(ReportKind kind) const;
     void Verlauf_Zeigen();
     void Neu_Besetzen(int row);
     void Alle_Neu_Besetzen();

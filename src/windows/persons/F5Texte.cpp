@@ -91,6 +91,7 @@ void F5::Menues_Beschriften() {
         (this->*text.Entry).Text = Wort(kern, Zeile_Fuer(text.Where), text.Design);
     }
     F5_Import.Text = Wort(kern, Word::SheetImport);
+    Berichte.Texte_Setzen();
     Save_Ekey.Text = Wort(kern, Word::LearnEKey);
     Save_RFID.Text = Wort(kern, Word::LearnTransponder);
     Search_Ekey.Text = Wort(kern, Word::SearchEKey);
@@ -120,6 +121,10 @@ void F5::Stand_Zeigen() {
     const int users = Benutzer_Zaehlen(FGK4);
     Benutzerzahl.Text = Wort(kern, Word::UserCount, {Ziffern(users), Ziffern(UserGrid::Users - users)});
     const std::string& name = FGK4.Text(FGK4.Row, UserColumn::Name);
+    const bool chosen = FGK4.Row >= UserGrid::FirstRow && !Trim(name).empty();
+    Berichte.Freigeben(ReportKind::People, users > 0);
+    Berichte.Freigeben(ReportKind::Doors, chosen);
+    Berichte.Freigeben(ReportKind::Receipt, chosen);
     Benutzermarken.Text = FGK4.Row < UserGrid::FirstRow || name.empty()
                               ? std::string()
                               : Wort(kern, Word::UserMarks, {name, Ziffern(Marken_Der_Zeile(FGK4, FGK4.Row))});

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "Controls.h"
+#include "Report.h"
+
+#include <cstdint>
+#include <functional>
+#include <initializer_list>
+#include <list>
+#include <optional>
+
+namespace qvm {
+
+struct Kern;
+
+enum class ReportKind : std::uint8_t { People, Doors, Receipt, Persons, Events };
+
+/// One report in the menus of a window.
+struct ReportEntry {
+    explicit ReportEntry(ReportKind kind) : Kind(kind) {}
+
+    ReportKind Kind;
+    MenuEntry Pdf; ///< saves it as PDF
+};
+
+/// How a window hands its reports over: a menu with an entry for each of them.
+struct Berichtsmenue {
+    /// @param kinds which reports there are, in the order of the entries
+    Berichtsmenue(const Kern& kernel, std::initializer_list<ReportKind> kinds);
+
+    const Kern& kern;
+    MenuEntry Sichern; ///< "Save as PDF"
+    std::list<ReportEntry> Berichte;
+
+    /// Makes the report of what the window shows. Nothing when data of it could not be read: that is told then.
+    std::function<std::optional<Report>(ReportKind)> Erstellen;
+
+    /// Words anew.
+    void Texte_Setzen();
+    /// Whether there is anything to report.
+    void Freigeben(ReportKind kind, bool possible);
+    /// An entry was chosen. Does nothing while there is nothing to report.
+    void Pdf_Click(ReportKind kind) const;
+
+private:
+    bool Moeglich(ReportKind kind) const;
+};
+
+} // namespace qvm
