@@ -36,6 +36,7 @@ Gebaeude::Gebaeude(Platform& outside, const std::string& directory, std::optiona
       files_(outside.Files, directory, demonstration_ ? Gebaeudedateien::Beginn::Leer : Gebaeudedateien::Beginn::Kopie),
       line_(outside), inside_(outside) {
     inside_.Files = files_.Store();
+    inside_.PrintPages = {}; // a printer is real
     inside_.SaveFile = [this](const FileDialog&) {
         if (Kein_Sichern) {
             Kein_Sichern();

@@ -51,6 +51,12 @@ struct FileDialog {
     bool NewestFirst = false; ///< the files with their dates, the latest first
 };
 
+/// The pages of a report; see Seiten.h.
+struct ReportPages;
+
+/// What became of printing.
+enum class PrintResult { Printed, Cancelled, Failed };
+
 /// The one serial port, "19200,N,8,1". Ports go by number, 1 to 16.
 struct SerialPort {
     /// Opens the port for this program alone. False when it cannot be had; `LastError` then says why.
@@ -99,6 +105,8 @@ struct Platform {
     std::function<Answer(const Message& message)> ShowMessage;
     std::function<std::optional<std::string>(const FileDialog& dialog)> OpenFile;
     std::function<std::optional<std::string>(const FileDialog& dialog)> SaveFile;
+    /// Asks for a printer and prints the pages. Empty where nothing can be printed.
+    std::function<PrintResult(const ReportPages& pages)> PrintPages = {};
     /// Opens a file or a web page with the program that the system has for it.
     std::function<bool(const std::string& target, const std::string& directory)> OpenWithLinkedApp;
     /// Opens a PDF at a named destination with the program that the system has for it. False, and nothing is opened,

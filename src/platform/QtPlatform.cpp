@@ -129,6 +129,7 @@ void QtPlatform::Services::FillDialogs(PlatformOptions& options) {
     const auto cancelled = [](const FileDialog&) { return std::optional<std::string>(); };
     World.OpenFile = options.OpenFile ? std::move(options.OpenFile) : cancelled;
     World.SaveFile = options.SaveFile ? std::move(options.SaveFile) : cancelled;
+    World.PrintPages = std::move(options.PrintPages);
     const auto nothing = [](const std::string&, const std::string&) { return false; };
     World.OpenWithLinkedApp = options.OpenWithLinkedApp ? std::move(options.OpenWithLinkedApp) : nothing;
     World.OpenDocumentAt = Pdf_Zeigen;

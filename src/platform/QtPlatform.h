@@ -19,6 +19,7 @@ struct PlatformOptions {
     std::function<Answer(const Message&)> ShowMessage;
     std::function<std::optional<std::string>(const FileDialog&)> OpenFile;
     std::function<std::optional<std::string>(const FileDialog&)> SaveFile;
+    std::function<PrintResult(const ReportPages&)> PrintPages = {};
     std::function<bool(const std::string& target, const std::string& directory)> OpenWithLinkedApp;
     std::function<void()> BringToFront; ///< another instance was started while this one runs
     std::function<void(bool on)> Hourglass = {};

@@ -39,4 +39,10 @@ void Bericht_Sichern(const Kern& kern, const Report& report) {
                  written ? Icon::Information : Icon::Exclamation, AusgabeTitle);
 }
 
+void Bericht_Drucken(const Kern& kern, const Report& report) {
+    if (kern.Welt.PrintPages && kern.Welt.PrintPages(Seiten_Setzen(report)) == PrintResult::Failed) {
+        kern.Meldung(Wort(kern, Word::ReportNotPrinted), Buttons::Ok, Icon::Exclamation, AusgabeTitle);
+    }
+}
+
 } // namespace qvm

@@ -10,4 +10,7 @@ struct Kern;
 /// became of it. A dialog that was cancelled writes nothing, and nothing is said.
 void Bericht_Sichern(const Kern& kern, const Report& report);
 
+/// Prints the report, where that can be done. Says when it failed; nothing when the operator cancelled it.
+void Bericht_Drucken(const Kern& kern, const Report& report);
+
 } // namespace qvm

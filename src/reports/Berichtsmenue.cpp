@@ -35,33 +35,40 @@ Berichtsmenue::Berichtsmenue(const Kern& kernel, std::initializer_list<ReportKin
 
 void Berichtsmenue::Texte_Setzen() {
     Sichern.Text = Wort(kern, Word::ReportSave);
+    Drucken.Text = kern.Welt.PrintPages ? Wort(kern, Word::ReportPrint) : std::string();
     for (ReportEntry& entry : Berichte) {
-        entry.Pdf.Text = Berichtsname(kern, entry.Kind);
+        entry.Entry.Text = Berichtsname(kern, entry.Kind);
     }
 }
 
 void Berichtsmenue::Freigeben(ReportKind kind, bool possible) {
     for (ReportEntry& entry : Berichte) {
         if (entry.Kind == kind) {
-            entry.Pdf.Enabled = possible;
+            entry.Entry.Enabled = possible;
         }
     }
+    const bool any =
+        std::any_of(Berichte.begin(), Berichte.end(), [](const ReportEntry& entry) { return entry.Entry.Enabled(); });
+    Sichern.Enabled = any;
+    Drucken.Enabled = any;
 }
 
 bool Berichtsmenue::Moeglich(ReportKind kind) const {
     return std::any_of(Berichte.begin(), Berichte.end(),
-                       [kind](const ReportEntry& entry) { return entry.Kind == kind && entry.Pdf.Enabled(); });
+                       [kind](const ReportEntry& entry) { return entry.Kind == kind && entry.Entry.Enabled(); });
 }
 
-void Berichtsmenue::Pdf_Click(ReportKind kind) const {
+void Berichtsmenue::Ausgeben(ReportKind kind, ReportWay way) const {
     if (!Moeglich(kind)) {
         return;
     }
     const std::optional<Report> report = Erstellen ? Erstellen(kind) : std::nullopt;
-    if (report) {
+    if (!report) {
+        kern.Meldung(Wort(kern, Word::ReportNoData), Buttons::Ok, Icon::Exclamation);
+    } else if (way == ReportWay::Pdf) {
         Bericht_Sichern(kern, *report);
     } else {
-        kern.Meldung(Wort(kern, Word::ReportNoData), Buttons::Ok, Icon::Exclamation);
+        Bericht_Drucken(kern, *report);
     }
 }
 

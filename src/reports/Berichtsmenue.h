@@ -15,21 +15,25 @@ struct Kern;
 
 enum class ReportKind : std::uint8_t { People, Doors, Receipt, Persons, Events };
 
+/// How a report is handed over.
+enum class ReportWay : std::uint8_t { Pdf, Printer };
+
 /// One report in the menus of a window.
 struct ReportEntry {
     explicit ReportEntry(ReportKind kind) : Kind(kind) {}
 
     ReportKind Kind;
-    MenuEntry Pdf; ///< saves it as PDF
+    MenuEntry Entry; ///< below each way
 };
 
-/// How a window hands its reports over: a menu with an entry for each of them.
+/// How a window hands its reports over: a menu for each way, with an entry for each report.
 struct Berichtsmenue {
     /// @param kinds which reports there are, in the order of the entries
     Berichtsmenue(const Kern& kernel, std::initializer_list<ReportKind> kinds);
 
     const Kern& kern;
     MenuEntry Sichern; ///< "Save as PDF"
+    MenuEntry Drucken; ///< "Print"; without a text where nothing can be printed
     std::list<ReportEntry> Berichte;
 
     /// Makes the report of what the window shows. Nothing when data of it could not be read: that is told then.
@@ -40,7 +44,7 @@ struct Berichtsmenue {
     /// Whether there is anything to report.
     void Freigeben(ReportKind kind, bool possible);
     /// An entry was chosen. Does nothing while there is nothing to report.
-    void Pdf_Click(ReportKind kind) const;
+    void Ausgeben(ReportKind kind, ReportWay way) const;
 
 private:
     bool Moeglich(ReportKind kind) const;

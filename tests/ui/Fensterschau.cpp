@@ -53,6 +53,7 @@ Fensterschau::Fensterschau(VirtualPlatform& world, std::string_view language) : 
     world_.Disk.Files["/q/DAT/CHEUSB25C.I_2"] = "SET\r\n";
     world_.Disk.Files[History] = historyBytes();
     storeHistories(world_);
+    world_.World.PrintPages = [](const ReportPages&) { return PrintResult::Cancelled; };
     programm_ = std::make_unique<Programm>(world_.World, "/q");
     Programm_Start(*programm_, true);
     boxes_.setWords(programm_->kern);
@@ -315,6 +316,10 @@ void Fensterschau::besideList() {
 void Fensterschau::history() {
     programm_->History->F7.F7_Oeffnen(History);
     take(windows_->History.f7, "F7");
+    auto* extras = windows_->History.f7.findChild<QMenu*>(QStringLiteral("F7.F7_Extras.Menu"));
+    extras->popup(windows_->History.f7.mapToGlobal(QPoint(20, 20)));
+    take(*extras, "F7-extras");
+    extras->close();
     programm_->History->F7.Toolbar1_ButtonClick("Suchen");
     windows_->History.f8.findChild<QLineEdit*>(QStringLiteral("F8.Text1"))->setText(QStringLiteral("Conrad Lea"));
     programm_->History->F8.Text1.Text = std::string("Conrad Lea");

@@ -66,8 +66,9 @@ void Fensterschau::lockSettings() {
 
 void Fensterschau::lockMenus() {
     ui::F12Window& window = windows_->Locks.f12;
-    for (const auto& [menu, name] : {std::pair{"F12.F12_Extras.Menu", "F12-extras"},
-                                     std::pair{"F12.F12_del", "F12-delete"}, std::pair{"F12.FGK12_AN", "F12-read"}}) {
+    for (const auto& [menu, name] :
+         {std::pair{"F12.F12_Extras.Menu", "F12-extras"}, std::pair{"F12.Sichern.Menu", "F12-reports"},
+          std::pair{"F12.F12_del", "F12-delete"}, std::pair{"F12.FGK12_AN", "F12-read"}}) {
         auto* popup = window.findChild<QMenu*>(QLatin1String(menu));
         popup->popup(window.mapToGlobal(QPoint(20, 20)));
         take(*popup, name);

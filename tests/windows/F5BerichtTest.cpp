@@ -24,7 +24,7 @@ struct F5_Bericht : F5Fixture {
         const auto& entries = Window().Berichte.Berichte;
         return std::find_if(entries.begin(), entries.end(),
                             [kind](const ReportEntry& entry) { return entry.Kind == kind; })
-            ->Pdf.Enabled();
+            ->Entry.Enabled();
     }
     void ExpectSaved() {
         world.DialogAnswers.emplace_back(File);
@@ -38,7 +38,7 @@ struct F5_Bericht : F5Fixture {
     /// Saves a report, and gives its texts.
     std::vector<std::string> Saved(ReportKind kind) {
         ExpectSaved();
-        Window().F5_Bericht_Click(kind);
+        Window().F5_Bericht_Click(kind, ReportWay::Pdf);
         return PdfTexte(world.Disk.Files[File]);
     }
     static bool Has(const std::vector<std::string>& texts, std::string_view wanted) {
@@ -84,8 +84,8 @@ TEST_F(F5_Bericht, is_grey_and_does_nothing_where_no_user_stands) {
     EXPECT_TRUE(Enabled(ReportKind::People));
     EXPECT_FALSE(Enabled(ReportKind::Doors));
     EXPECT_FALSE(Enabled(ReportKind::Receipt));
-    Window().F5_Bericht_Click(ReportKind::Doors);
-    Window().F5_Bericht_Click(ReportKind::Receipt);
+    Window().F5_Bericht_Click(ReportKind::Doors, ReportWay::Pdf);
+    Window().F5_Bericht_Click(ReportKind::Receipt, ReportWay::Pdf);
     EXPECT_TRUE(world.Dialogs.empty());
     Enter(4, UserColumn::Name, "Cora");
     Go(4, UserColumn::Name);
@@ -96,7 +96,7 @@ TEST_F(F5_Bericht, of_an_empty_table_is_grey_until_somebody_stands_in_it) {
     world.Answers.push_back({.Text = "L232", .Reply = Answer::Yes});
     Press("Neu");
     EXPECT_FALSE(Enabled(ReportKind::People));
-    Window().F5_Bericht_Click(ReportKind::People);
+    Window().F5_Bericht_Click(ReportKind::People, ReportWay::Pdf);
     EXPECT_TRUE(world.Dialogs.empty());
     Window().F5_Undo_Click();
     EXPECT_TRUE(Enabled(ReportKind::People));
@@ -104,7 +104,7 @@ TEST_F(F5_Bericht, of_an_empty_table_is_grey_until_somebody_stands_in_it) {
 
 TEST_F(F5_Bericht, a_cancelled_dialog_writes_nothing_and_says_nothing) {
     world.DialogAnswers.emplace_back(std::nullopt);
-    Window().F5_Bericht_Click(ReportKind::People);
+    Window().F5_Bericht_Click(ReportKind::People, ReportWay::Pdf);
     EXPECT_TRUE(world.Shown.empty());
     EXPECT_FALSE(world.Disk.Files.contains(File));
 }
@@ -115,7 +115,7 @@ TEST_F(F5_Bericht, a_file_that_cannot_be_written_is_told_and_stays_as_it_was) {
     world.Answers.push_back(
         {.Text = std::string("Der Bericht konnte nicht gespeichert werden. Die Datei ist, wie sie war: ") + File});
     Break(1, true);
-    Window().F5_Bericht_Click(ReportKind::People);
+    Window().F5_Bericht_Click(ReportKind::People, ReportWay::Pdf);
     EXPECT_EQ(world.Disk.Files[File], "older");
     EXPECT_EQ(world.Shown.back().Sign, Icon::Exclamation);
     world.Disk.FailFromThere = false;
@@ -126,7 +126,7 @@ TEST_F(F5_Bericht, of_an_incomplete_table_is_refused) {
     Window().Tabelle.LoadFailed = true;
     for (const ReportKind kind : {ReportKind::People, ReportKind::Doors, ReportKind::Receipt}) {
         ExpectNoData();
-        Window().F5_Bericht_Click(kind);
+        Window().F5_Bericht_Click(kind, ReportWay::Pdf);
     }
     EXPECT_TRUE(world.Dialogs.empty());
 }
@@ -135,17 +135,17 @@ TEST_F(F5_Bericht, a_receipt_with_damaged_times_is_refused_and_the_others_are_no
     world.Disk.Files[Slots] = "\x7F"
                               "07:0018:00"; // no such day
     ExpectNoData();
-    Window().F5_Bericht_Click(ReportKind::Receipt);
+    Window().F5_Bericht_Click(ReportKind::Receipt, ReportWay::Pdf);
     Break(1, false); // nor can it be read
     ExpectNoData();
-    Window().F5_Bericht_Click(ReportKind::Receipt);
+    Window().F5_Bericht_Click(ReportKind::Receipt, ReportWay::Pdf);
     EXPECT_TRUE(world.Dialogs.empty());
     EXPECT_TRUE(Has(Saved(ReportKind::Doors), "Tor"));
 }
 
 TEST_F(F5_Bericht, does_nothing_while_the_window_waits_for_a_device) {
     Window().Fenster.Enabled = false;
-    Window().F5_Bericht_Click(ReportKind::People);
+    Window().F5_Bericht_Click(ReportKind::People, ReportWay::Pdf);
     EXPECT_TRUE(world.Dialogs.empty());
 }
 

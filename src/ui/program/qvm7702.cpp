@@ -4,6 +4,7 @@
 #include "FileDialogs.h"
 #include "FrontWindow.h"
 #include "Messages.h"
+#include "PagePrinter.h"
 #include "ProcessGuard.h"
 #include "ProcessStart.h"
 #include "ProgramDirectory.h"
@@ -43,6 +44,7 @@ qvm::PlatformOptions Options(const std::string& directory, const std::string& pr
     options.ShowMessage = [&boxes](const qvm::Message& message) { return boxes.show(message); };
     options.OpenFile = qvm::ui::openFile;
     options.SaveFile = qvm::ui::saveFile;
+    options.PrintPages = qvm::ui::printPages;
     options.OpenWithLinkedApp = OpenWithLinkedApp;
     options.BringToFront = qvm::ui::bringToFront;
     options.Hourglass = Hourglass;

@@ -8,6 +8,7 @@
 #include "OverlayEditor.h"
 #include "OverlayList.h"
 #include "Pictures.h"
+#include "ReportMenu.h"
 #include "StatusLine.h"
 #include "TextEdge.h"
 #include "Theme.h"
@@ -54,6 +55,8 @@ void F12Window::makeMenuBar() {
     addMenuEntry(extras, f12_.F12_COURon, QStringLiteral("F12.F12_COURon"), [this] { f12_.F12_COURon_Click(); });
     addMenuEntry(extras, f12_.F12_COURoff, QStringLiteral("F12.F12_COURoff"), [this] { f12_.F12_COURoff_Click(); });
     addMenuEntry(extras, f12_.F12_Import, QStringLiteral("F12.F12_Import"), [this] { f12_.F12_Import_Click(); });
+    addReports(extras, f12_.Berichte, QStringLiteral("F12"),
+               [this](ReportKind kind, ReportWay way) { f12_.F12_Bericht_Click(kind, way); });
     addUndoEntries(
         extras, this, QStringLiteral("F12.F12"), f12_.F12_Undo, f12_.F12_Redo, [this] { f12_.F12_Undo_Click(); },
         [this] { f12_.F12_Redo_Click(); });

@@ -67,7 +67,8 @@ void F5Window::makeMenuBar() {
         f5_.F5_Search_Click();
     })->setShortcut(Qt::CTRL | Qt::Key_F);
     addMenuEntry(extras, f5_.F5_Import, QStringLiteral("F5.F5_Import"), [this] { f5_.F5_Import_Click(); });
-    addReports(extras, f5_.Berichte, QStringLiteral("F5"), [this](ReportKind kind) { f5_.F5_Bericht_Click(kind); });
+    addReports(extras, f5_.Berichte, QStringLiteral("F5"),
+               [this](ReportKind kind, ReportWay way) { f5_.F5_Bericht_Click(kind, way); });
     addUndoEntries(
         extras, this, QStringLiteral("F5.F5"), f5_.F5_Undo, f5_.F5_Redo, [this] { f5_.F5_Undo_Click(); },
         [this] { f5_.F5_Redo_Click(); });

@@ -3,6 +3,8 @@
 #include "ElidedLabel.h"
 #include "GridDelegate.h"
 #include "GridView.h"
+#include "Mnemonics.h"
+#include "ReportMenu.h"
 #include "TextEdge.h"
 #include "Theme.h"
 #include "Worttafel.h"
@@ -10,6 +12,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QFontDatabase>
+#include <QMenuBar>
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QShortcut>
@@ -48,6 +51,10 @@ public:
 } // namespace
 
 F7Window::F7Window(F7& f7, QWidget* main) : WindowBase(f7, QStringLiteral("F7"), Stand::InPlaceOfMain, main), f7_(f7) {
+    QMenuBar* menus = addMenuBar();
+    addReports(addMenu(menus, f7.F7_Extras, QStringLiteral("F7.F7_Extras")), f7.Berichte, QStringLiteral("F7"),
+               [this](ReportKind kind, ReportWay way) { f7_.F7_Bericht_Click(kind, way); });
+    uniqueMnemonics(menus);
     QToolBar* bar = addToolBar();
     for (ToolButton& button : f7.Toolbar1) {
         addToolButton(button, bar, [this](std::string_view key) { f7_.Toolbar1_ButtonClick(key); });

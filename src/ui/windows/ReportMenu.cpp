@@ -6,16 +6,31 @@
 #include <QMenu>
 
 namespace qvm::ui {
+namespace {
 
-void addReports(QMenu* menu, Berichtsmenue& reports, const QString& name,
-                const std::function<void(ReportKind)>& onPdf) {
-    QMenu* save = addMenu(menu, reports.Sichern, name + QStringLiteral(".Sichern"));
+void addWay(QMenu* menu, Berichtsmenue& reports, MenuEntry& way, const QString& name,
+            const std::function<void(ReportKind)>& onReport) {
+    if (reports.Berichte.size() == 1) {
+        addMenuEntry(menu, way, name, [onReport, kind = reports.Berichte.front().Kind] { onReport(kind); });
+        return;
+    }
+    QMenu* below = addMenu(menu, way, name);
     int number = 0;
     for (ReportEntry& entry : reports.Berichte) {
-        addMenuEntry(save, entry.Pdf, name + QStringLiteral(".Pdf%1").arg(++number),
-                     [onPdf, kind = entry.Kind] { onPdf(kind); });
+        addMenuEntry(below, entry.Entry, name + QString::number(++number),
+                     [onReport, kind = entry.Kind] { onReport(kind); });
     }
-    uniqueMnemonics(save);
+    uniqueMnemonics(below);
+}
+
+} // namespace
+
+void addReports(QMenu* menu, Berichtsmenue& reports, const QString& name,
+                const std::function<void(ReportKind, ReportWay)>& onReport) {
+    addWay(menu, reports, reports.Sichern, name + QStringLiteral(".Sichern"),
+           [onReport](ReportKind kind) { onReport(kind, ReportWay::Pdf); });
+    addWay(menu, reports, reports.Drucken, name + QStringLiteral(".Drucken"),
+           [onReport](ReportKind kind) { onReport(kind, ReportWay::Printer); });
 }
 
 } // namespace qvm::ui

@@ -22,6 +22,7 @@ F12::F12(Kern& kernel, const AdapterListe& adapters)
     Serie.Abgebrochen = [this] { Editor_Schliessen(); };
     Serie.Fertig = [this](bool confirmed) { Serie_Schreiben(edited_.Row, Serie.Serie(), confirmed); };
     Auswahl.Moved = [this] { Stand_Zeigen(); };
+    Berichte.Erstellen = [this](ReportKind kind) { return Bericht_Erstellen(kind); };
     kern.Windows.Open["F12"] = [this] { F12_FormLaden(); };
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "AdapterListe.h"
+#include "Berichtsmenue.h"
 #include "Controls.h"
 #include "Grid.h"
 #include "GridSelection.h"
@@ -64,6 +65,8 @@ struct F12 {
     std::array<ToolButton, 5> Toolbar1{
         {{.Key = u8"Zurück"_w}, {.Key = "CSV-Print"}, {.Key = "Speichern"}, {.Key = "Neu"}, {.Key = "Initial"}}};
     MenuEntry F12_Extras, F12_COURon, F12_COURoff, F12_Import, F12_Undo, F12_Redo; ///< menu bar
+    /// Menu bar too. The reports call the locks as the table does, saved or not.
+    Berichtsmenue Berichte{kern, {ReportKind::People, ReportKind::Persons}};
     MenuEntry F12_delete;
     MenuEntry SNA_save, SNA_Input, SNA_Function;
 
@@ -115,6 +118,8 @@ struct F12 {
     /// Takes a spreadsheet into the table as one step, behind a question that shows what it changes. That locks are to
     /// change their channel, as they get another serial number, is on the disk at once.
     void F12_Import_Click();
+    /// Saves a report as PDF, or prints it.
+    void F12_Bericht_Click(ReportKind kind, ReportWay way);
     void F12_COURon_Click();
     void F12_COURoff_Click();
     /// Clears the selected rows. Their units and EMI states are gone from the disk at once.
@@ -160,6 +165,7 @@ private:
     Zellworte Worte_Der_Zellen() const;
     void Zellen_Uebersetzen();
     void Stand_Zeigen();
+    std::optional<Report> Bericht_Erstellen(ReportKind kind) const;
     void Doppelte_Suchen();
     std::string Andere(int row) const;
     void Schritt_Gehen(std::optional<UndoStep> (GridUndo::*way)(), Word told);

@@ -46,6 +46,7 @@ void F12::Texte_Setzen() {
     F12_COURon.Text = Wort(kern, Word::CursorOn);
     F12_COURoff.Text = Wort(kern, Word::CursorOff);
     F12_Import.Text = Wort(kern, Word::SheetImport);
+    Berichte.Texte_Setzen();
     F12_delete.Text = Wort(kern, Line::Delete, u8"Löschen"_w);
     SNA_save.Text = Wort(kern, Line::ReadSerial, "SNA autosave");
     SNA_Input.Text = Wort(kern, Line::EnterSerial, "SNA_manual_config");
@@ -91,11 +92,16 @@ void F12::Zellen_Uebersetzen() {
 
 void F12::Stand_Zeigen() {
     int locks = 0;
+    bool named = false;
     for (int row = LockGrid::FirstRow; row <= LockGrid::LastRow; ++row) {
+        named = named || !Trim(FGK12.Text(row, LockColumn::Name)).empty();
         const bool used = !FGK12.Text(row, LockColumn::Name).empty() || !FGK12.Text(row, LockColumn::Serial).empty();
         locks += used ? 1 : 0;
     }
     Schlosszahl.Text = Wort(kern, Word::LockCount, {Ziffern(locks), Ziffern(LockGrid::LastRow - locks)});
+    Berichte.Freigeben(ReportKind::People, named);
+    Berichte.Freigeben(ReportKind::Persons,
+                       FGK12.Row >= LockGrid::FirstRow && !Trim(FGK12.Text(FGK12.Row, LockColumn::Name)).empty());
     const std::string others = Andere(FGK12.Row);
     Doppelt.Text = others.empty() ? std::string() : Wort(kern, Word::SerialTwice, {others});
 }

@@ -131,8 +131,8 @@ struct F5 {
     void F5_Search_Click();
     /// Takes a spreadsheet into the table as one step, behind a question that shows what it changes.
     void F5_Import_Click();
-    /// Saves a report as PDF.
-    void F5_Bericht_Click(ReportKind kind);
+    /// Saves a report as PDF, or prints it.
+    void F5_Bericht_Click(ReportKind kind, ReportWay way);
     void F5_M5ON_Click();
     void F5_M5_OFF_Click();
     /// By the current column: deletes the selected users, or clears the selected cells of the column.

@@ -5,12 +5,12 @@
 
 namespace qvm {
 
-void F5::F5_Bericht_Click(ReportKind kind) {
+void F5::F5_Bericht_Click(ReportKind kind, ReportWay way) {
     if (!Fenster.Enabled) {
         return;
     }
     Editor_Uebernehmen();
-    Berichte.Pdf_Click(kind);
+    Berichte.Ausgeben(kind, way);
 }
 
 std::optional<Report> F5::Bericht_Erstellen(ReportKind kind) const {

@@ -3,6 +3,7 @@
 #include "Historienband.h"
 #include "LinkHooks.h"
 #include "Stelle.h"
+#include "Worte.h"
 
 #include <algorithm>
 #include <utility>
@@ -19,6 +20,7 @@ std::string Dateiname(const std::string& path) {
 F7::F7(Kern& kernel) : kern(kernel), bands_(RowCount, NoColour) {
     // Nothing to search in before a file is shown.
     Text1.Visible = false;
+    Berichte.Erstellen = [this](ReportKind /*kind*/) { return Bericht_Erstellen(); };
     kern.Windows.Open["F7"] = [this] { F7_Datei_Waehlen(); };
 }
 
@@ -65,6 +67,8 @@ void F7::Texte_Setzen() {
     FGV.SetText(0, F7Column::Date, kern.Zeile(Line::Date));
     FGV.SetText(0, F7Column::Time, kern.Zeile(Line::Time));
     FGV.SetText(0, F7Column::Event, kern.Zeile(Line::Event));
+    F7_Extras.Text = Wort(kern, Line::Extras, "Extras");
+    Berichte.Texte_Setzen();
     Toolbar1[0].Tip = kern.Zeile(Line::EventOpen);
     Toolbar1[1].Tip = kern.Zeile(Line::Search);
     Toolbar1[2].Tip = kern.Zeile(Line::Back);
@@ -185,6 +189,7 @@ void F7::Treffer_Zeigen(std::size_t hit) {
 }
 
 void F7::Meldezeile_Setzen() {
+    Berichte.Freigeben(ReportKind::Events, lines_ > 0);
     std::string text;
     if (!file_.empty()) {
         const auto shown = static_cast<std::size_t>(lines_);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Berichtsmenue.h"
 #include "Controls.h"
 #include "Grid.h"
 #include "Kern.h"
@@ -8,6 +9,7 @@
 #include <array>
 #include <cstddef>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -39,6 +41,10 @@ struct F7 {
     std::array<ToolButton, 3> Toolbar1{
         {{.Key = u8"Öffnen"_w, .Number = 1}, {.Key = "Suchen", .Number = 3}, {.Key = "W95MBX01", .Number = 5}}};
 
+    /// Menu bar: F7_Extras with the report of the lines that are shown.
+    MenuEntry F7_Extras;
+    Berichtsmenue Berichte{kern, {ReportKind::Events}};
+
     std::function<void()> Hauptfenster_Verbergen;
     /// Windows that F7 was opened from at the end of a run still stand open: the main window does not come back.
     std::function<bool()> Dahinter_Offen;
@@ -53,6 +59,8 @@ struct F7 {
     void Texte_Setzen();
     /// "Öffnen", "Suchen" or "W95MBX01".
     void Toolbar1_ButtonClick(std::string_view key);
+    /// Saves the lines of the file, as they are shown, as PDF, or prints them.
+    void F7_Bericht_Click(ReportKind kind, ReportWay way);
     /// Takes the colour of hits off columns 1 to 4, so that the bands show again; back to the first row.
     void Farben_Zuruecksetzen();
     /// The colour of a cell that is no hit: its band's, from the date on.
@@ -80,6 +88,7 @@ private:
     void Treffer_Vergessen();
     void Treffer_Zeigen(std::size_t hit);
     void Meldezeile_Setzen();
+    std::optional<Report> Bericht_Erstellen() const;
 
     std::string file_;          ///< name of the file shown, empty: none
     int lines_ = 0;             ///< rows filled
