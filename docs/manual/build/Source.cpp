@@ -12,6 +12,7 @@ const std::vector<Language>& languages() {
         {"en", "English", "Manual", "Contents"},
         {"de", "Deutsch", "Handbuch", "Inhalt"},
         {"fr", "Francais", "Manuel", "Sommaire"},
+        {"nl", "Nederlands", "Handleiding", "Inhoud"},
     };
     return all;
 }
