@@ -113,7 +113,7 @@ QLayout* WeekTimerWindow::makeGroups() {
     groups_->setColumns(columnWidths(timer_.FGK3, WeekTimer::GruppenBreite), GroupColumn::Name);
     groups_->setBlocks(timer_.GruppenAuswahl);
     groups_->onKey = [this](int key) { timer_.FGK3_KeyPress(key); };
-    groups_->takesAnyText = [](int column) { return column == GroupColumn::Name; };
+    groups_->takesAnyText = [](int cell) { return cell == GroupColumn::Name; };
     groups_->onMenuKey = [this] { timer_.FGK3_Kontext(); };
     groups_->onDoubleClick = [this](int row, int cell) { timer_.FGK3_DblClick(row, cell); };
     groups_->onMouseUp = [this](MouseButton button, int row, int cell) { timer_.FGK3_MouseUp(button, row, cell); };
