@@ -38,6 +38,7 @@ void Berichtsmenue::Texte_Setzen() {
     Drucken.Text = kern.Welt.PrintPages ? Wort(kern, Word::ReportPrint) : std::string();
     for (ReportEntry& entry : Berichte) {
         entry.Entry.Text = Berichtsname(kern, entry.Kind);
+        entry.Printed.Text = Berichtsname(kern, entry.Kind);
     }
 }
 
@@ -45,6 +46,7 @@ void Berichtsmenue::Freigeben(ReportKind kind, bool possible) {
     for (ReportEntry& entry : Berichte) {
         if (entry.Kind == kind) {
             entry.Entry.Enabled = possible;
+            entry.Printed.Enabled = possible;
         }
     }
     const bool any =

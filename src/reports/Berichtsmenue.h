@@ -23,7 +23,8 @@ struct ReportEntry {
     explicit ReportEntry(ReportKind kind) : Kind(kind) {}
 
     ReportKind Kind;
-    MenuEntry Entry; ///< below each way
+    MenuEntry Entry;   ///< below "Save as PDF"
+    MenuEntry Printed; ///< below "Print": a model has one view
 };
 
 /// How a window hands its reports over: a menu for each way, with an entry for each report.
