@@ -1,14 +1,16 @@
 """What is printed and handed over, for the tests of the built program."""
+import os
 import re
 import subprocess
 
 from installation import USERS
 from keyboard_hand import KeyboardHand
-from screen import Atspi, key, typed, wait_for
+from screen import Atspi, key, tell, typed, wait_for
 
 LABEL, BUTTON = Atspi.Role.LABEL, Atspi.Role.PUSH_BUTTON
 MANAGEMENT = "User management"
 BERT = 2
+LOCKS, KELLER = "Door lock settings", 2
 
 
 class ReportTests:
@@ -72,3 +74,29 @@ class ReportTests:
         key("Escape")
         wait_for("the table has the keyboard", lambda: self.program.focused_name() == MANAGEMENT)
         self.assertEqual(self.bytes_of(receipt), before)
+
+    def test_prints_the_users_of_a_lock_by_keyboard_alone(self):
+        self.house.start_simulator()
+        self.start()
+        self.light("Ready")
+        self.tab_to("Set up door locks")
+        key("Return")
+        hand = KeyboardHand(self.program)
+        wait_for("the grid has the keyboard", lambda: self.program.focused_name() == LOCKS)
+        hand.go_to(LOCKS, KELLER, 1)
+        key("alt+e")
+        hand.take("Print", "Users of the lock")
+        # Without a printer the system's dialog offers a file.
+        wait_for("the dialog has the keyboard", lambda: self.program.focused_name() == "Print to File (PDF)")
+        box = self.program.wait(Atspi.Role.TEXT, "Output file:")
+        printed = tell(box, lambda of: Atspi.Text.get_text(of, 0, -1))
+        self.assertTrue(printed.endswith(".pdf"), printed)
+        key("Return")
+        wait_for("the pages are printed", lambda: os.path.exists(printed) and self.bytes_of(printed).endswith(b"EOF\n"))
+        wait_for("the table has the keyboard", lambda: self.program.focused_name() == LOCKS)
+        found = self.texts_of(printed)
+        for wanted in ("Keller", "Zoë", "Nur Keller"):
+            self.assertIn(wanted, found)
+        self.assertNotIn("Bert", found)
+        for user in USERS:
+            self.assertNotIn(user["UserCode"], found)

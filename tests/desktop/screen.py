@@ -132,12 +132,10 @@ class Tree:
         """The first 120. One question, where the library puts one for their number and one for each."""
         found = []
         for number, reference in enumerate(self.references(node)[:120]):
-            if reference not in self.known:
-                child = tell(node, lambda n, i=number: n.get_child_at_index(i))
-                if child is not None:
-                    self.known[(child.app.bus_name, child.path)] = child
-            if reference in self.known:
-                found.append(self.known[reference])
+            child = self.known.get(reference) or tell(node, lambda n, i=number: n.get_child_at_index(i))
+            if child is not None:
+                self.known[(child.app.bus_name, child.path)] = child
+                found.append(child)
         return found
 
     def references(self, node):
