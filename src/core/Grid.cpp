@@ -34,13 +34,15 @@ void Ersetzen(std::string& part, std::string_view value) {
 void Grid::Resize(int rows, int columns) {
     rows = std::max(rows, 0);
     columns = std::max(columns, 0);
-    std::vector<Cell> cells(static_cast<std::size_t>(rows) * static_cast<std::size_t>(columns));
-    for (int row = 0; row < std::min(rows, rows_); ++row) {
-        for (int column = 0; column < std::min(columns, columns_); ++column) {
-            cells[Index(row, column, columns)] = std::move(cells_[Index(row, column, columns_)]);
+    if (!cells_.empty()) {
+        std::vector<Cell> cells(static_cast<std::size_t>(rows) * static_cast<std::size_t>(columns));
+        for (int row = 0; row < std::min(rows, rows_); ++row) {
+            for (int column = 0; column < std::min(columns, columns_); ++column) {
+                cells[Index(row, column, columns)] = std::move(cells_[Index(row, column, columns_)]);
+            }
         }
+        cells_ = std::move(cells);
     }
-    cells_ = std::move(cells);
     rows_ = rows;
     columns_ = columns;
     if (CellChanged) {
@@ -50,17 +52,21 @@ void Grid::Resize(int rows, int columns) {
 
 const Cell& Grid::At(int row, int column) const {
     static const Cell Empty;
-    return Holds(row, column) ? cells_[Index(row, column, columns_)] : Empty;
+    return Holds(row, column) && !cells_.empty() ? cells_[Index(row, column, columns_)] : Empty;
+}
+
+Cell& Grid::Eigene(int row, int column) {
+    if (cells_.empty()) {
+        cells_.resize(static_cast<std::size_t>(rows_) * static_cast<std::size_t>(columns_));
+    }
+    return cells_[Index(row, column, columns_)];
 }
 
 void Grid::Set(int row, int column, const Cell& cell) {
-    if (!Holds(row, column)) {
+    if (!Holds(row, column) || At(row, column) == cell) {
         return;
     }
-    Cell& own = cells_[Index(row, column, columns_)];
-    if (own == cell) {
-        return;
-    }
+    Cell& own = Eigene(row, column);
     if (Changing) {
         Changing(row, column, own);
     }
@@ -75,13 +81,10 @@ void Grid::Set(int row, int column, const Cell& cell) {
 
 template <class Part, class Value>
 void Grid::Teil_Setzen(int row, int column, Part Cell::*part, const Value& value) {
-    if (!Holds(row, column)) {
+    if (!Holds(row, column) || At(row, column).*part == value) {
         return;
     }
-    Cell& own = cells_[Index(row, column, columns_)];
-    if (own.*part == value) {
-        return;
-    }
+    Cell& own = Eigene(row, column);
     if (Changing) {
         Changing(row, column, own);
     }
@@ -116,7 +119,7 @@ void Grid::SetBold(int row, int column, bool bold) {
 }
 
 void Grid::Spalte_Vergessen(int column) {
-    for (int row = 0; row < rows_ && Holds(row, column); ++row) {
+    for (int row = 0; !cells_.empty() && row < rows_ && Holds(row, column); ++row) {
         Vergessen(cells_[Index(row, column, columns_)].Text);
     }
     if (CellChanged) {
@@ -125,7 +128,7 @@ void Grid::Spalte_Vergessen(int column) {
 }
 
 void Grid::ClearRows(int fromRow) {
-    for (int row = std::max(fromRow, 0); row < rows_; ++row) {
+    for (int row = std::max(fromRow, 0); !cells_.empty() && row < rows_; ++row) {
         for (int column = 0; column < columns_; ++column) {
             cells_[Index(row, column, columns_)] = Cell{};
         }

@@ -24,7 +24,8 @@ struct Cell {
 
 /// A grid control: rows x columns of cells. Every write goes through Set, which checks both coordinates and tells the
 /// view. A coordinate outside the grid reads as an empty cell and writes nothing. A text that gives way to another one
-/// is overwritten, as it may have been a code or a key.
+/// is overwritten, as it may have been a code or a key. Cells take no memory before the first of them is written: most
+/// windows are never opened.
 class Grid {
 public:
     Grid(int rows, int columns) { Resize(rows, columns); }
@@ -63,13 +64,15 @@ public:
     std::function<void(int row, int column)> CellChanged;
 
 private:
+    /// The cell, which the grid holds, to be written.
+    Cell& Eigene(int row, int column);
     /// Sets one part of a cell and leaves the others.
     template <class Part, class Value>
     void Teil_Setzen(int row, int column, Part Cell::*part, const Value& value);
 
     int rows_ = 0;
     int columns_ = 0;
-    std::vector<Cell> cells_;
+    std::vector<Cell> cells_; ///< empty until the first of them is written
 };
 
 } // namespace qvm
