@@ -29,7 +29,7 @@ struct House {
             table.FGK4.SetText(row, UserColumn::Name, "User " + std::to_string(row));
             table.FGK4.SetText(row, UserColumn::Group, "-");
             for (int lock = 1; lock <= 200; ++lock) {
-                table.FGK4.SetText(row, UserGrid::ColumnOf(lock), "X");
+                Marke_Setzen(table.FGK4, row, UserGrid::ColumnOf(lock), 'X');
             }
         }
     }
